@@ -1,0 +1,30 @@
+# How everything in the house is compiled: the warnings, the floating point rules, the sanitizers.
+set(TESSARA_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined,float-cast-overflow")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # Precompiled headers are looked up by content, not by time.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      ${CCACHE_PROGRAM})
+endif()
+
+add_library(tessara_build INTERFACE)
+target_compile_options(
+  tessara_build
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wconversion
+            -Wsign-conversion
+            -Wshadow
+            -Wnon-virtual-dtor
+            -Werror
+            # Exact comparisons decide behaviour: no fused multiply-add, no reordering.
+            -ffp-contract=off
+            -fno-fast-math)
+
+if(TESSARA_SANITIZE)
+  add_compile_options(-fsanitize=${TESSARA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${TESSARA_SANITIZE})
+endif()

@@ -1,0 +1,310 @@
+// The 64-byte coordinate record and its payloads.
+//
+// A record is little-endian with natural alignment and is copied bytewise. `datum` and `type` say what the 56
+// payload bytes mean; each type has one named struct below, read with Load<UtmPayload>(record) and written
+// with Store(record, payload). Bytes a type doesn't name are declared as `unused` members, so that reading
+// and writing a payload keeps them.
+//
+// Latitudes and longitudes are degrees, positive north and east; grid values and heights are metres.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+namespace tessara {
+
+struct alignas(8) tagKOORD {
+    std::uint32_t datum;  // row of the datum table, 0..238
+    std::uint32_t type;   // a KoordType
+    std::byte payload[56];
+};
+
+enum KoordType : std::int32_t {
+    KOORD_LONGPIXEL = 0,     // whole-number map pixel
+    KOORD_FLOATPIXEL = 1,    // fractional map pixel
+    KOORD_UTM = 2,           // Universal Transverse Mercator
+    KOORD_UTMREF = 3,        // military grid reference, structured
+    KOORD_GEODEZ = 4,        // decimal degrees
+    KOORD_GEOGRAD = 5,       // degrees, minutes, seconds
+    KOORD_GEOREF = 6,        // world geographic reference
+    KOORD_GK = 7,            // Gauss-Krueger, 3 degree strips
+    KOORD_BMN = 8,           // Austrian federal grid
+    KOORD_OEM = 9,           // Austrian federal grid with shifted origin
+    KOORD_CH = 10,           // Swiss oblique Mercator
+    KOORD_ECEF = 11,         // earth-centred Cartesian
+    KOORD_GEODEZMIN = 12,    // degrees and decimal minutes
+    KOORD_GK6 = 13,          // Gauss-Krueger, 6 degree strips
+    KOORD_GKAT = 14,         // Austrian Gauss-Krueger
+    KOORD_UPS = 15,          // Universal Polar Stereographic
+    KOORD_PO_MILITARY = 16,  // Portuguese military grid
+    KOORD_TM = 17,           // free transverse Mercator
+    KOORD_VDG = 18,          // van der Grinten
+    KOORD_BNG = 19,          // British National Grid
+    KOORD_ING = 20,          // Irish National Grid
+    KOORD_RD = 21,           // Dutch oblique stereographic
+    KOORD_LUREF = 22,        // Luxembourg grid
+    KOORD_LAMBERTCC = 23,    // freely parametrised Lambert conformal conic
+};
+
+inline constexpr std::int32_t KOORD_TYPE_COUNT = 24;
+
+struct LongPixelPayload {
+    std::int32_t x;  // column
+    std::int32_t y;  // row, growing southward
+};
+
+struct FloatPixelPayload {
+    double x;  // column
+    double y;  // row, growing southward
+};
+
+struct UtmPayload {
+    char hemisphere;  // 'N' or 'S'
+    std::byte unused1;
+    std::int16_t wantedZone;  // input: zone 1..60 to force, anything else means the natural zone
+    std::int16_t zone;        // 1..60
+    std::byte unused2[2];
+    double easting;
+    double northing;
+};
+
+struct UtmrefPayload {
+    std::int16_t wantedZone;  // as for UTM
+    std::int16_t zone;
+    char band;  // latitude band letter
+    std::byte unused1;
+    char column;            // 100 km column letter
+    char row;               // 100 km row letter
+    std::int32_t easting;   // whole metres within the square, 0..99999
+    std::int32_t northing;  // whole metres within the square, 0..99999
+};
+
+struct GeodezPayload {
+    double latitude;
+    double longitude;
+    double height;  // above the ellipsoid
+};
+
+struct GeogradPayload {
+    std::int16_t latDegrees;  // magnitude
+    std::int16_t latMinutes;
+    std::byte unused1[4];
+    double latSeconds;
+    char latHemisphere;  // 'N' or 'S'
+    std::byte unused2;
+    std::int16_t lonDegrees;  // magnitude
+    std::int16_t lonMinutes;
+    std::byte unused3[2];
+    double lonSeconds;
+    char lonHemisphere;  // 'E' or 'W'
+    std::byte unused4[7];
+};
+
+struct GeorefPayload {
+    std::int16_t precision;   // 3, 4 or 5
+    char lonZone;             // 15 degree longitude letter
+    char latZone;             // 15 degree latitude letter
+    char lonDegree;           // 1 degree longitude letter
+    char latDegree;           // 1 degree latitude letter
+    std::int16_t lonMinutes;  // minutes scaled by the precision
+    std::int16_t latMinutes;  // minutes scaled by the precision
+};
+
+struct GkPayload {  // GK and GK6
+    char letter;    // carried along by the object layer; no calculation reads it
+    std::byte unused1;
+    std::int16_t wantedMeridian;  // input: central meridian to force, degrees; only a legal value counts
+    std::byte unused2[4];
+    double easting;  // with the strip number in the millions
+    double northing;
+};
+
+struct BmnPayload {               // BMN, OEM and GK-AT
+    std::int16_t wantedMeridian;  // input: 28, 31 or 34 forces that meridian (degrees east of Ferro)
+    std::int16_t meridian;        // 28, 31 or 34
+    std::byte unused1[4];
+    double easting;
+    double northing;
+};
+
+struct GridPayload {  // CH, RD, LUREF and PO_MILITARY
+    double easting;
+    double northing;
+};
+
+struct EcefPayload {
+    double x;
+    double y;
+    double z;
+};
+
+struct GeodezMinPayload {
+    std::int16_t latDegrees;  // magnitude
+    std::byte unused1[6];
+    double latMinutes;
+    char latHemisphere;  // 'N' or 'S'
+    std::byte unused2;
+    std::int16_t lonDegrees;  // magnitude
+    std::byte unused3[4];
+    double lonMinutes;
+    char lonHemisphere;  // 'E' or 'W'
+    std::byte unused4[7];
+    double height;
+};
+
+struct UpsPayload {
+    char hemisphere;  // 'N' or 'S'
+    std::byte unused1[7];
+    double easting;
+    double northing;
+};
+
+struct TmPayload {
+    double originLongitude;
+    double originLatitude;
+    double falseEasting;
+    double falseNorthing;
+    double scale;
+    double easting;
+    double northing;
+};
+
+struct VdgPayload {
+    double originLongitude;
+    double originLatitude;
+    double x;
+    double y;
+};
+
+struct LetterGridPayload {  // BNG and ING
+    char square;            // first grid letter
+    char subSquare;         // second grid letter
+    std::byte unused1[6];
+    double easting;       // within the 100 km square
+    double northing;      // within the 100 km square
+    double fullEasting;   // whole grid value
+    double fullNorthing;  // whole grid value
+};
+
+struct LambertCCPayload {
+    float parallel1;  // first standard parallel
+    float parallel2;  // second standard parallel
+    float originLongitude;
+    float originLatitude;
+    double falseEasting;
+    double falseNorthing;
+    double easting;
+    double northing;
+};
+
+template <class Payload>
+concept KoordPayload = std::is_trivially_copyable_v<Payload> && sizeof(Payload) <= sizeof(tagKOORD::payload);
+
+template <KoordPayload Payload>
+[[nodiscard]] inline Payload Load(const tagKOORD& record) {
+    Payload payload;
+    std::memcpy(&payload, record.payload, sizeof payload);
+    return payload;
+}
+
+template <KoordPayload Payload>
+inline void Store(tagKOORD& record, const Payload& payload) {
+    std::memcpy(record.payload, &payload, sizeof payload);
+}
+
+// A record with `datum` and `type` set and every payload byte zero.
+[[nodiscard]] inline tagKOORD MakeKoord(std::int32_t datum, std::int32_t type) {
+    return tagKOORD{static_cast<std::uint32_t>(datum), static_cast<std::uint32_t>(type), {}};
+}
+
+static_assert(sizeof(tagKOORD) == 64 && alignof(tagKOORD) == 8 && offsetof(tagKOORD, type) == 4 &&
+              offsetof(tagKOORD, payload) == 8);
+static_assert(sizeof(double) == 8 && sizeof(float) == 4);
+
+#define TESSARA_AT(Struct, field, byte) static_assert(offsetof(Struct, field) == (byte))
+TESSARA_AT(LongPixelPayload, x, 0);
+TESSARA_AT(LongPixelPayload, y, 4);
+TESSARA_AT(FloatPixelPayload, x, 0);
+TESSARA_AT(FloatPixelPayload, y, 8);
+TESSARA_AT(UtmPayload, hemisphere, 0);
+TESSARA_AT(UtmPayload, wantedZone, 2);
+TESSARA_AT(UtmPayload, zone, 4);
+TESSARA_AT(UtmPayload, easting, 8);
+TESSARA_AT(UtmPayload, northing, 16);
+TESSARA_AT(UtmrefPayload, wantedZone, 0);
+TESSARA_AT(UtmrefPayload, zone, 2);
+TESSARA_AT(UtmrefPayload, band, 4);
+TESSARA_AT(UtmrefPayload, column, 6);
+TESSARA_AT(UtmrefPayload, row, 7);
+TESSARA_AT(UtmrefPayload, easting, 8);
+TESSARA_AT(UtmrefPayload, northing, 12);
+TESSARA_AT(GeodezPayload, latitude, 0);
+TESSARA_AT(GeodezPayload, longitude, 8);
+TESSARA_AT(GeodezPayload, height, 16);
+TESSARA_AT(GeogradPayload, latDegrees, 0);
+TESSARA_AT(GeogradPayload, latMinutes, 2);
+TESSARA_AT(GeogradPayload, latSeconds, 8);
+TESSARA_AT(GeogradPayload, latHemisphere, 16);
+TESSARA_AT(GeogradPayload, lonDegrees, 18);
+TESSARA_AT(GeogradPayload, lonMinutes, 20);
+TESSARA_AT(GeogradPayload, lonSeconds, 24);
+TESSARA_AT(GeogradPayload, lonHemisphere, 32);
+TESSARA_AT(GeorefPayload, precision, 0);
+TESSARA_AT(GeorefPayload, lonZone, 2);
+TESSARA_AT(GeorefPayload, latZone, 3);
+TESSARA_AT(GeorefPayload, lonDegree, 4);
+TESSARA_AT(GeorefPayload, latDegree, 5);
+TESSARA_AT(GeorefPayload, lonMinutes, 6);
+TESSARA_AT(GeorefPayload, latMinutes, 8);
+TESSARA_AT(GkPayload, wantedMeridian, 2);
+TESSARA_AT(GkPayload, easting, 8);
+TESSARA_AT(GkPayload, northing, 16);
+TESSARA_AT(BmnPayload, wantedMeridian, 0);
+TESSARA_AT(BmnPayload, meridian, 2);
+TESSARA_AT(BmnPayload, easting, 8);
+TESSARA_AT(BmnPayload, northing, 16);
+TESSARA_AT(GridPayload, easting, 0);
+TESSARA_AT(GridPayload, northing, 8);
+TESSARA_AT(EcefPayload, x, 0);
+TESSARA_AT(EcefPayload, y, 8);
+TESSARA_AT(EcefPayload, z, 16);
+TESSARA_AT(GeodezMinPayload, latDegrees, 0);
+TESSARA_AT(GeodezMinPayload, latMinutes, 8);
+TESSARA_AT(GeodezMinPayload, latHemisphere, 16);
+TESSARA_AT(GeodezMinPayload, lonDegrees, 18);
+TESSARA_AT(GeodezMinPayload, lonMinutes, 24);
+TESSARA_AT(GeodezMinPayload, lonHemisphere, 32);
+TESSARA_AT(GeodezMinPayload, height, 40);
+TESSARA_AT(UpsPayload, hemisphere, 0);
+TESSARA_AT(UpsPayload, easting, 8);
+TESSARA_AT(UpsPayload, northing, 16);
+TESSARA_AT(TmPayload, originLongitude, 0);
+TESSARA_AT(TmPayload, originLatitude, 8);
+TESSARA_AT(TmPayload, falseEasting, 16);
+TESSARA_AT(TmPayload, falseNorthing, 24);
+TESSARA_AT(TmPayload, scale, 32);
+TESSARA_AT(TmPayload, easting, 40);
+TESSARA_AT(TmPayload, northing, 48);
+TESSARA_AT(VdgPayload, originLongitude, 0);
+TESSARA_AT(VdgPayload, originLatitude, 8);
+TESSARA_AT(VdgPayload, x, 16);
+TESSARA_AT(VdgPayload, y, 24);
+TESSARA_AT(LetterGridPayload, square, 0);
+TESSARA_AT(LetterGridPayload, subSquare, 1);
+TESSARA_AT(LetterGridPayload, easting, 8);
+TESSARA_AT(LetterGridPayload, northing, 16);
+TESSARA_AT(LetterGridPayload, fullEasting, 24);
+TESSARA_AT(LetterGridPayload, fullNorthing, 32);
+TESSARA_AT(LambertCCPayload, parallel1, 0);
+TESSARA_AT(LambertCCPayload, parallel2, 4);
+TESSARA_AT(LambertCCPayload, originLongitude, 8);
+TESSARA_AT(LambertCCPayload, originLatitude, 12);
+TESSARA_AT(LambertCCPayload, falseEasting, 16);
+TESSARA_AT(LambertCCPayload, falseNorthing, 24);
+TESSARA_AT(LambertCCPayload, easting, 32);
+TESSARA_AT(LambertCCPayload, northing, 40);
+#undef TESSARA_AT
+
+}  // namespace tessara

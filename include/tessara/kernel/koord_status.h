@@ -1,0 +1,55 @@
+// The kernel's status codes. 1 is success, 0 the plain failure of Geodesic_Inverse, everything else is
+// negative. Every status that exists in the kernel stands here and nowhere else.
+#pragma once
+
+#include <cstdint>
+
+namespace tessara {
+
+using KoordStatus = std::int32_t;
+
+inline constexpr KoordStatus KOORD_OK = 1;
+
+inline constexpr KoordStatus KOORD_ERR_GENERAL = -3000;        // a reference or grid that can't be resolved
+inline constexpr KoordStatus KOORD_ERR_DATUM = -3104;          // datum id outside 0..238
+inline constexpr KoordStatus KOORD_ERR_MERIDIAN = -3204;       // illegal strip prefix or meridian field
+inline constexpr KoordStatus KOORD_ERR_UTM_ZONE = -3208;       // UTM zone outside 1..60 on input
+inline constexpr KoordStatus KOORD_ERR_ZONE_DISTANT = -3209;   // wanted zone far off; the result is complete
+inline constexpr KoordStatus KOORD_ERR_GRID_RANGE = -3210;     // outside the grid, or letters not in it
+inline constexpr KoordStatus KOORD_ERR_MAP_TYPE = -3300;       // unknown map type
+inline constexpr KoordStatus KOORD_ERR_POLYNOM_ORDER = -3304;  // polynomial order a map doesn't support
+inline constexpr KoordStatus KOORD_ERR_TYPE = -3400;           // coordinate type not convertible here
+inline constexpr KoordStatus KOORD_ERR_PIXEL_TYPE = -3404;     // a map function got a record without pixels
+inline constexpr KoordStatus KOORD_ERR_OUTSIDE = -3410;        // the position has no GEOREF letters
+
+// Never a final result: the verdict on this target type is found on the finished record.
+inline constexpr KoordStatus KOORD_CHECK_AFTER = -3705;
+
+inline constexpr KoordStatus KOORD_ERR_UTM_LON = -3706;            // UTM or UTMREF longitude
+inline constexpr KoordStatus KOORD_ERR_UTM_LAT = -3708;            // UTM or UTMREF latitude
+inline constexpr KoordStatus KOORD_ERR_GEO_LAT = -3713;            // geographic latitude or its parts
+inline constexpr KoordStatus KOORD_ERR_GEO_LON = -3714;            // geographic longitude or its parts
+inline constexpr KoordStatus KOORD_ERR_HEMISPHERE = -3721;         // letter neither of the two nor zero
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_ZONE = -3722;    // first GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_ZONE = -3723;    // second GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_DEGREE = -3724;  // third GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_DEGREE = -3725;  // fourth GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_MINUTES = -3726;
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_MINUTES = -3727;
+inline constexpr KoordStatus KOORD_ERR_CH_EAST_LOW = -3728;
+inline constexpr KoordStatus KOORD_ERR_CH_EAST_HIGH = -3729;
+inline constexpr KoordStatus KOORD_ERR_CH_NORTH_LOW = -3730;
+inline constexpr KoordStatus KOORD_ERR_CH_NORTH_HIGH = -3731;
+inline constexpr KoordStatus KOORD_ERR_GK_LAT = -3732;   // GK or GK6 latitude
+inline constexpr KoordStatus KOORD_ERR_GK_EAST = -3733;  // GK or GK6 longitude, or easting left the strip
+inline constexpr KoordStatus KOORD_ERR_GEOREF_PRECISION = -3734;  // precision not 3, 4 or 5
+inline constexpr KoordStatus KOORD_ERR_AT_LON = -3740;            // longitude outside the Austrian limits
+inline constexpr KoordStatus KOORD_ERR_AT_LAT = -3741;            // latitude outside the Austrian limits
+inline constexpr KoordStatus KOORD_ERR_UPS = -3749;               // UPS hemisphere letter or latitude
+inline constexpr KoordStatus KOORD_ERR_GRID_LETTER = -3750;       // second BNG or ING letter; reserved
+inline constexpr KoordStatus KOORD_ERR_EAST_LOW = -3760;          // longitude or easting below its limit
+inline constexpr KoordStatus KOORD_ERR_EAST_HIGH = -3761;         // longitude or easting above its limit
+inline constexpr KoordStatus KOORD_ERR_NORTH_HIGH = -3762;        // latitude or northing above its limit
+inline constexpr KoordStatus KOORD_ERR_NORTH_LOW = -3763;         // latitude or northing below its limit
+
+}  // namespace tessara

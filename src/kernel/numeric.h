@@ -1,0 +1,37 @@
+// Small numeric helpers of the kernel. Host data reaches every conversion of a double to an integer, so each
+// one goes through this header: a cast of a NaN or of a value that doesn't fit is undefined.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace tessara {
+
+// Kernel results depend on exact comparisons of doubles.
+static_assert(std::numeric_limits<double>::is_iec559);
+static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds every step to double");
+
+// Cut toward zero. A NaN or a value outside the range gives the smallest integer.
+[[nodiscard]] inline std::int32_t TruncateToInt32(double value) {
+    constexpr double below = -2147483649.0;
+    constexpr double above = 2147483648.0;
+    return value > below && value < above ? static_cast<std::int32_t>(value) : INT32_MIN;
+}
+
+// TruncateToInt32, then the low 16 bits.
+[[nodiscard]] inline std::int16_t TruncateToInt16(double value) {
+    return static_cast<std::int16_t>(static_cast<std::uint16_t>(TruncateToInt32(value) & 0xFFFF));
+}
+
+// The limit itself for a value that lies strictly closer to it than the tolerance, else the value.
+[[nodiscard]] inline double SnapTo(double limit, double value, double tolerance) {
+    return std::fabs(value - limit) < tolerance ? limit : value;
+}
+
+// False for a NaN, as both comparisons are then.
+[[nodiscard]] inline bool IsWithin(double value, double low, double high) {
+    return value >= low && value <= high;
+}
+
+}  // namespace tessara
