@@ -2,6 +2,7 @@
 // one goes through this header: a cast of a NaN or of a value that doesn't fit is undefined.
 #pragma once
 
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -22,6 +23,11 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
 // TruncateToInt32, then the low 16 bits.
 [[nodiscard]] inline std::int16_t TruncateToInt16(double value) {
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(TruncateToInt32(value) & 0xFFFF));
+}
+
+// A pixel value: half away from zero, then cut.
+[[nodiscard]] inline std::int32_t RoundPixel(double value) {
+    return TruncateToInt32(value < 0.0 ? value - 0.5 : value + 0.5);
 }
 
 // The limit itself for a value that lies strictly closer to it than the tolerance, else the value.
