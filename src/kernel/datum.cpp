@@ -1,0 +1,163 @@
+#include "tessara/kernel/datum.h"
+
+#include <cmath>
+
+#include "kernel/numeric.h"
+
+namespace tessara {
+namespace {
+
+constexpr double NEAR_POLE = 89.99999;         // degrees; no longitude tolerance beyond it
+constexpr double LONGITUDE_LIMIT = 89.999999;  // degrees; no longitude shift from there to the pole
+constexpr double WORTH_REFINING = 0.001;       // degrees; a step up to this stands unrefined
+constexpr double REFINED = 0.0001;             // degrees; an iteration up to this is the last
+constexpr int REFINEMENTS = 4;
+
+double EccentricitySquared(double f) {
+    return 2.0 * f - f * f;
+}
+
+// Degrees of longitude that 0.1 metre subtends at a latitude, taken linearly in the distance from the pole,
+// within lowerBound..360. The constant is 0.1 * (180/pi)^2.
+double LongitudeTolerance(double latitude, double a, double lowerBound) {
+    if (!(std::fabs(latitude) <= NEAR_POLE)) return 360.0;
+    const double tolerance = 328.28063500117446 / ((90.0 - std::fabs(latitude)) * a);
+    if (tolerance > 360.0) return 360.0;
+    return tolerance < lowerBound ? lowerBound : tolerance;
+}
+
+// The value with one whole turn taken off if its magnitude is above the limit.
+double TakeTurnOff(double degrees, double limit) {
+    if (degrees > limit) return degrees - 360.0;
+    if (degrees < -limit) return degrees + 360.0;
+    return degrees;
+}
+
+bool HasPassedPole(double latitude) {
+    return latitude > 90.0 || latitude < -90.0;
+}
+
+double ReflectAtPole(double latitude) {
+    return (latitude > 0.0 ? 180.0 : -180.0) - latitude;
+}
+
+}  // namespace
+
+double Datum_SemiMajorAxis(std::int32_t datum) {
+    const DatumRow* row = Datum_Row(datum);
+    return row ? row->a : -1.0;
+}
+
+double Datum_EccentricitySquared(std::int32_t datum) {
+    const DatumRow* row = Datum_Row(datum);
+    return row ? row->e2 : -1.0;
+}
+
+KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p) {
+    const DatumRow* row = Datum_Row(datum);
+    if (!row) return KOORD_ERR_DATUM;
+    p->f = row->f;
+    p->a = row->a;
+    p->e2 = EccentricitySquared(row->f);
+    p->df = WGS84_F - row->f;
+    p->da = WGS84_A - row->a;
+    p->dx = row->dx;
+    p->dy = row->dy;
+    p->dz = row->dz;
+    return KOORD_OK;
+}
+
+KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p) {
+    const DatumRow* row = Datum_Row(datum);
+    if (!row) return KOORD_ERR_DATUM;
+    p->f = WGS84_F;
+    p->a = WGS84_A;
+    p->e2 = EccentricitySquared(WGS84_F);
+    p->df = -(WGS84_F - row->f);
+    p->da = -(WGS84_A - row->a);
+    p->dx = -row->dx;
+    p->dy = -row->dy;
+    p->dz = -row->dz;
+    return KOORD_OK;
+}
+
+KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHub, const HubParams* fromHub,
+                        std::int32_t sourceDatum, std::int32_t targetDatum) {
+    if (!Datum_Row(sourceDatum) || !Datum_Row(targetDatum)) return KOORD_ERR_DATUM;
+    double position[2] = {in[0], in[1]};
+    if (sourceDatum != DATUM_WGS84) Molodensky_ToHub(position, toHub);
+    if (targetDatum != DATUM_WGS84) Molodensky_FromHub(position, fromHub, targetDatum);
+    out[0] = position[0];
+    out[1] = position[1];
+    return KOORD_OK;
+}
+
+void Molodensky_Apply(const HubParams* p, double latLon[2], std::int32_t keepOnGlobe) {
+    double latitude = latLon[0];
+    double longitude = latLon[1];
+    const double phi = latitude * RADIANS_PER_DEGREE;
+    const double lambda = longitude * RADIANS_PER_DEGREE;
+    const double s = std::sin(phi);
+    const double c = std::cos(phi);
+    const double sl = std::sin(lambda);
+    const double cl = std::cos(lambda);
+
+    // N and M are the radii of curvature in the prime vertical and in the meridian, r is a/b.
+    const double r = 1.0 / (1.0 - p->f);
+    const double w = 1.0 - s * s * p->e2;
+    const double N = p->a / std::sqrt(w);
+    const double M = (1.0 - p->e2) * p->a / std::pow(w, 1.5);
+
+    const double northward = -p->dx * s * cl - p->dy * s * sl + p->dz * c + N * p->e2 * s * c * p->da / p->a +
+                             (M * r + N / r) * p->df * s * c;
+    const double dLatitude = northward / M * DEGREES_PER_RADIAN;
+
+    const double eastward = -p->dx * sl + p->dy * cl;
+    double dLongitude = 0.0;
+    if (eastward != 0.0 && std::fabs(latitude) < LONGITUDE_LIMIT) {
+        dLongitude = WrapTurns(eastward / (N * c) * DEGREES_PER_RADIAN, 360.0);
+    }
+
+    latitude += dLatitude;
+    if (keepOnGlobe && HasPassedPole(latitude)) {
+        latitude = ReflectAtPole(latitude);
+        longitude += longitude <= 0.0 ? 180.0 : -180.0;
+    }
+    latLon[0] = latitude;
+    latLon[1] = TakeTurnOff(longitude + dLongitude, 360.0);
+}
+
+void Molodensky_ToHub(double latLon[2], const HubParams* p) {
+    Molodensky_Apply(p, latLon, 1);
+}
+
+void Molodensky_FromHub(double latLon[2], const HubParams* p, std::int32_t datum) {
+    const double start[2] = {latLon[0], latLon[1]};
+    Molodensky_Apply(p, latLon, 1);
+
+    HubParams back;
+    if (Datum_LoadToHub(datum, &back) != KOORD_OK) return;
+    if (std::fabs(latLon[0] - start[0]) <= WORTH_REFINING &&
+        std::fabs(latLon[1] - start[1]) <= LongitudeTolerance(latLon[0], back.a, WORTH_REFINING)) {
+        return;
+    }
+
+    // What the way in misses of the start is added to the result until it misses nothing to speak of.
+    const double tolerance = LongitudeTolerance(latLon[0], back.a, REFINED);
+    for (int i = 0; i < REFINEMENTS; ++i) {
+        double returned[2] = {latLon[0], latLon[1]};
+        Molodensky_Apply(&back, returned, 0);
+        const double dLatitude = start[0] - returned[0];
+        const double dLongitude = TakeTurnOff(start[1] - returned[1], 180.0);
+        latLon[0] = TakeTurnOff(latLon[0] + dLatitude, 360.0);
+        latLon[1] = TakeTurnOff(latLon[1] + dLongitude, 360.0);
+        if (std::fabs(dLatitude) <= REFINED && std::fabs(dLongitude) <= tolerance) break;
+    }
+
+    if (HasPassedPole(latLon[0])) {
+        latLon[0] = ReflectAtPole(latLon[0]);
+        latLon[1] += latLon[1] < 0.0 ? 180.0 : -180.0;
+    }
+}
+
+}  // namespace tessara
