@@ -30,7 +30,6 @@ class TESSARA_API CKoord : public tagKOORD {
     bool ECEF_CalcHeight();
     bool ECEF_RecalcHeight() const;
     bool ECEF_RecalcCoords();
-    void TakeHeightFromRecord();
 
     mutable double height;
     mutable double ecefX;  // the ECEF payload and datum for which the height was computed

@@ -13,7 +13,7 @@ CKoord::CKoord() : tagKOORD(MakeKoord(DATUM_WGS84, KOORD_GEODEZ)), height(0.0) {
 
 CKoord::CKoord(const tagKOORD& record) : tagKOORD(record), height(0.0) {
     ECEF_INIT();
-    TakeHeightFromRecord();
+    *this = record;
 }
 
 CKoord::CKoord(const CKoord& other) : tagKOORD(other), height(other.height) {
@@ -22,7 +22,13 @@ CKoord::CKoord(const CKoord& other) : tagKOORD(other), height(other.height) {
 
 CKoord& CKoord::operator=(const tagKOORD& record) {
     tagKOORD::operator=(record);
-    TakeHeightFromRecord();
+    if (type == KOORD_GEODEZ) {
+        height = Load<GeodezPayload>(*this).height;
+    } else if (type == KOORD_GEODEZMIN) {
+        height = Load<GeodezMinPayload>(*this).height;
+    } else if (type == KOORD_ECEF) {
+        ECEF_CalcHeight();
+    }
     return *this;
 }
 
@@ -53,16 +59,6 @@ double CKoord::GetHeight() const {
     const bool stale = datum != ecefDatum || fields.x != ecefX || fields.y != ecefY || fields.z != ecefZ;
     if (stale) ECEF_RecalcHeight();
     return height;
-}
-
-void CKoord::TakeHeightFromRecord() {
-    if (type == KOORD_GEODEZ) {
-        height = Load<GeodezPayload>(*this).height;
-    } else if (type == KOORD_GEODEZMIN) {
-        height = Load<GeodezMinPayload>(*this).height;
-    } else if (type == KOORD_ECEF) {
-        ECEF_CalcHeight();
-    }
 }
 
 void CKoord::ECEF_INIT() {
