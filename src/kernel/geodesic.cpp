@@ -67,9 +67,9 @@ double ArcFactor(double K) {
 // A geodesic between two points, on the auxiliary sphere where it is a great circle.
 struct SphericalArc {
     double sigma;            // its length
-    double x, y;             // half sum and half difference of the azimuths
+    double x, y;             // the azimuth is x + y at its start, y - x (the way back) at its end
     double K;                // expansion parameter
-    double m;                // twice the distance of its middle from the northernmost point, up to sign
+    double m;                // twice the arc from the great circle's northernmost point to its middle
     double longitudeExcess;  // by which the longitude on the sphere exceeds that on the ellipsoid
 };
 
