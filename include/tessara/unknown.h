@@ -38,7 +38,7 @@ class IUnknown {
 
     // Writes the face of the object that answers `iid` to *out, counts it and returns RESULT_OK. An id that
     // the object doesn't know writes null and gives RESULT_NO_INTERFACE. A null `out` gives RESULT_FAIL.
-    virtual ResultCode QueryInterface(const GUID& iid, void** out) = 0;
+    virtual ResultCode QueryInterface(const GUID* iid, void** out) = 0;
     // The new count. Counting is atomic; objects may be shared between threads of a host, but one thread at a
     // time may use one.
     virtual std::uint32_t AddRef() = 0;

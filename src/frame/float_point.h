@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/counted_object.h"
 #include "tessara/float_point.h"
+#include "tessara/object.h"
 
 namespace tessara {
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "kernel/numeric.h"
+
 namespace tessara {
 namespace {
 
@@ -113,8 +115,7 @@ void Molodensky_Apply(const HubParams* p, double latLon[2], std::int32_t keepOnG
     const double eastward = -p->dx * sl + p->dy * cl;
     double dLongitude = 0.0;
     if (eastward != 0.0 && std::fabs(latitude) < LONGITUDE_LIMIT) {
-        dLongitude = std::fmod(eastward / (N * c) * DEGREES_PER_RADIAN, 360.0);
-        dLongitude = TakeTurnOff(dLongitude, 180.0);
+        dLongitude = WrapTurns(eastward / (N * c) * DEGREES_PER_RADIAN, 360.0);
     }
 
     latitude += dLatitude;

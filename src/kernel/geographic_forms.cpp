@@ -32,7 +32,9 @@ DegreesMinutesSeconds SplitMagnitude(double magnitude) {
     return parts;
 }
 
-char LetterOf(double value, char positive, char negative) { return value >= 0.0 ? positive : negative; }
+char LetterOf(double value, char positive, char negative) {
+    return value >= 0.0 ? positive : negative;
+}
 
 double Signed(double magnitude, char letter, char negative) {
     return letter == negative ? -magnitude : magnitude;
@@ -76,10 +78,8 @@ void GEODEZMIN_FromGeodetic(const double latLonHeight[3], GeodezMinPayload* payl
 }
 
 void GEODEZMIN_ToGeodetic(const GeodezMinPayload* payload, double latLonHeight[3]) {
-    latLonHeight[0] =
-        Signed(payload->latDegrees + payload->latMinutes / 60.0, payload->latHemisphere, 'S');
-    latLonHeight[1] =
-        Signed(payload->lonDegrees + payload->lonMinutes / 60.0, payload->lonHemisphere, 'W');
+    latLonHeight[0] = Signed(payload->latDegrees + payload->latMinutes / 60.0, payload->latHemisphere, 'S');
+    latLonHeight[1] = Signed(payload->lonDegrees + payload->lonMinutes / 60.0, payload->lonHemisphere, 'W');
     latLonHeight[2] = payload->height;
 }
 

@@ -2,6 +2,7 @@
 // one goes through this header: a cast of a NaN or of a value that doesn't fit is undefined.
 #pragma once
 
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -24,9 +25,27 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(TruncateToInt32(value) & 0xFFFF));
 }
 
+// A pixel value: half away from zero, then cut.
+[[nodiscard]] inline std::int32_t RoundPixel(double value) {
+    return TruncateToInt32(value < 0.0 ? value - 0.5 : value + 0.5);
+}
+
 // The limit itself for a value that lies strictly closer to it than the tolerance, else the value.
 [[nodiscard]] inline double SnapTo(double limit, double value, double tolerance) {
     return std::fabs(value - limit) < tolerance ? limit : value;
+}
+
+// SnapTo for the two ends of a range.
+[[nodiscard]] inline double SnapToEither(double low, double high, double value, double tolerance) {
+    return SnapTo(low, SnapTo(high, value, tolerance), tolerance);
+}
+
+// The value brought into -turn/2..turn/2 by whole turns; both ends stay as they are.
+[[nodiscard]] inline double WrapTurns(double value, double turn) {
+    const double rest = std::fmod(value, turn);
+    if (rest > turn / 2.0) return rest - turn;
+    if (rest < -turn / 2.0) return rest + turn;
+    return rest;
 }
 
 // False for a NaN, as both comparisons are then.

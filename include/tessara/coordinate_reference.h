@@ -1,0 +1,32 @@
+// What a position refers to: a datum and a coordinate system.
+#pragma once
+
+#include "tessara/unknown.h"
+
+namespace tessara {
+
+class ITessaraString;
+
+inline constexpr GUID CLSID_CoordinateReference = ParseGuid("AE783125-E16F-4773-8CB7-F225A3EEDC3E");
+inline constexpr GUID IID_ICoordinateReference = ParseGuid("BA2B919A-E90A-4E1D-B032-E1B96D137DD8");
+
+class ICoordinateReference : public IUnknown {
+  public:
+    static constexpr const GUID& Iid = IID_ICoordinateReference;
+
+    // The same numbers and rules as in IGeoDate and ICoordinateSystem. A new reference is (999, -1).
+    virtual std::int32_t GetDatum() = 0;
+    virtual bool SetDatum(std::int32_t datum) = 0;
+    virtual std::int32_t GetSystem() = 0;
+    virtual bool SetSystem(std::int32_t system) = 0;
+    virtual void GetDatumName(ITessaraString* text) = 0;
+    virtual void GetSystemName(ITessaraString* text) = 0;
+
+  protected:
+    ~ICoordinateReference() = default;
+};
+
+// A new one with count 0, or null without memory.
+extern "C" TESSARA_API ICoordinateReference* CreateClassCoordinateReference();
+
+}  // namespace tessara

@@ -1,0 +1,41 @@
+// Moves positions between coordinates: whole, or one axis of them.
+#pragma once
+
+#include "tessara/unknown.h"
+
+namespace tessara {
+
+class ICoord;
+class IMapCoordOperations;
+
+inline constexpr GUID CLSID_CoordinateTransfer = ParseGuid("8523D252-81F4-4624-B1EB-DFA4626FC3E0");
+inline constexpr GUID IID_ICoordinateTransfer = ParseGuid("390FAA7E-DBE5-4734-94FA-905C72130D32");
+
+class ICoordinateTransfer : public IUnknown {
+  public:
+    static constexpr const GUID& Iid = IID_ICoordinateTransfer;
+
+    // Converts the source's position into the target's reference. False for a null or wrong object or a
+    // conversion that fails; the target then holds the source's record and reference. A pixel and a world
+    // position can't be related without a map: the target becomes an invalid coordinate of its reference, and
+    // the result is true. The source's validity isn't looked at.
+    virtual bool Transfer(ICoord* source, ICoord* target) = 0;
+    // Copies the north or the east part of a position between two coordinates of one datum and one system,
+    // with whatever belongs to that axis (zone, hemisphere, letters). False for unequal references, systems
+    // outside 0..22 and null or wrong objects; the target is then unchanged.
+    virtual bool TransferNorth(ICoord* source, ICoord* target) = 0;
+    virtual bool TransferEast(ICoord* source, ICoord* target) = 0;
+    // Brings a world position, or a pixel of the map, into the coordinate system of the map.
+    virtual bool TransferToMap(IMapCoordOperations* map, ICoord* source, ICoord* target) = 0;
+    // Carries a pixel of one map to a pixel of another.
+    virtual bool TransferBetweenMaps(IMapCoordOperations* sourceMap, ICoord* source,
+                                     IMapCoordOperations* targetMap, ICoord* target) = 0;
+
+  protected:
+    ~ICoordinateTransfer() = default;
+};
+
+// A new one with count 0, or null without memory.
+extern "C" TESSARA_API ICoordinateTransfer* CreateClassCoordinateTransfer();
+
+}  // namespace tessara

@@ -1,0 +1,69 @@
+// An object manager for hosts: keeps the registered classes and makes their objects.
+//
+//     IRef<IObjectManager> manager(NewObject<host::ObjectManager>(CreateClassArray));
+//     GetTessaraComponent(manager.Get(), &component);
+#pragma once
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "tessara/array.h"
+#include "tessara/component.h"
+#include "tessara/object.h"
+#include "tessara/ref.h"
+
+namespace tessara::host {
+
+class ObjectManager : public IObjectManager {
+  public:
+    using Faces = FaceList<IObjectManager>;
+    using CreateArray = IArray*();
+
+    // `createArray` is the library's CreateClassArray, linked or looked up; the manager resolves
+    // CLSID_HostArray by it. Without one that class stays unknown.
+    explicit ObjectManager(CreateArray* createArray = nullptr) : createArray_(createArray) {}
+
+    // A class id that is registered already is given the new factory.
+    ResultCode RegisterClass(const GUID* classId, MClassFactory* factory) override {
+        if (classId == nullptr || factory == nullptr) return RESULT_FAIL;
+        UnregisterClass(classId);
+        classes_.emplace_back(*classId, factory);
+        return RESULT_OK;
+    }
+
+    ResultCode UnregisterClass(const GUID* classId) override {
+        if (classId == nullptr) return RESULT_FAIL;
+        return std::erase_if(classes_, [classId](const Entry& entry) { return entry.first == *classId; }) > 0
+                   ? RESULT_OK
+                   : RESULT_FALSE;
+    }
+
+    ResultCode CreateInstance(const GUID* classId, const GUID* iid, void** out) override {
+        if (out == nullptr) return RESULT_FAIL;
+        *out = nullptr;
+        if (classId == nullptr) return RESULT_FAIL;
+        if (*classId == CLSID_HostArray && createArray_ != nullptr) return CreateHostArray(iid, out);
+        const auto entry = std::find_if(classes_.begin(), classes_.end(),
+                                        [classId](const Entry& e) { return e.first == *classId; });
+        return entry != classes_.end() ? entry->second->CreateInstance(nullptr, iid, out) : RESULT_FAIL;
+    }
+
+    [[nodiscard]] std::size_t ClassCount() const { return classes_.size(); }
+
+  protected:
+    ~ObjectManager() = default;
+
+  private:
+    using Entry = std::pair<GUID, MClassFactory*>;
+
+    ResultCode CreateHostArray(const GUID* iid, void** out) const {
+        const IRef<IArray> array(createArray_());
+        return array.IsValid() ? array->QueryInterface(iid, out) : RESULT_OUT_OF_MEMORY;
+    }
+
+    CreateArray* createArray_;
+    std::vector<Entry> classes_;
+};
+
+}  // namespace tessara::host

@@ -1,0 +1,71 @@
+// A text for hosts: IRef<ITessaraString> text(NewObject<host::Text>());
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "tessara/object.h"
+#include "tessara/ref.h"
+#include "tessara/tessara_string.h"
+
+namespace tessara::host {
+
+class Text : public ITessaraString {
+  public:
+    using Faces = FaceList<ITessaraString>;
+
+    bool Assign(IUnknown* text) override {
+        const IRef<ITessaraString> other(text);
+        if (!other.IsValid()) return false;
+        AssignText(other->GetText());
+        return true;
+    }
+
+    // Through a copy: the argument may be this text's own.
+    void AssignText(const char* text) override { text_ = std::string(text != nullptr ? text : ""); }
+    const char* GetText() override { return text_.c_str(); }
+    std::int32_t GetLength() override { return static_cast<std::int32_t>(text_.size()); }
+    bool IsEmpty() override { return text_.empty(); }
+
+    std::int32_t CompareText(const char* text) override {
+        return CompareBytes(text, [](unsigned char c) { return c; });
+    }
+    std::int32_t Compare(IUnknown* text) override { return CompareText(TextOf(IRef<ITessaraString>(text))); }
+    std::int32_t CompareTextNoCase(const char* text) override { return CompareBytes(text, LowerCase); }
+    std::int32_t CompareNoCase(IUnknown* text) override {
+        return CompareTextNoCase(TextOf(IRef<ITessaraString>(text)));
+    }
+
+    void Clear() override { text_.clear(); }
+
+  protected:
+    ~Text() override = default;
+
+  private:
+    static const char* TextOf(const IRef<ITessaraString>& text) {
+        return text.IsValid() ? text->GetText() : nullptr;
+    }
+
+    // The letters A to Z only, whatever the locale.
+    static unsigned char LowerCase(unsigned char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c - 'A' + 'a') : c;
+    }
+
+    template <class Fold>
+    std::int32_t CompareBytes(const char* text, Fold fold) const {
+        if (text == nullptr) return TEXT_NOT_COMPARABLE;
+        const std::string_view other(text);
+        for (std::size_t i = 0; i < text_.size() && i < other.size(); ++i) {
+            const int mine = fold(static_cast<unsigned char>(text_[i]));
+            const int theirs = fold(static_cast<unsigned char>(other[i]));
+            if (mine != theirs) return mine < theirs ? -1 : 1;
+        }
+        if (text_.size() == other.size()) return 0;
+        return text_.size() < other.size() ? -1 : 1;
+    }
+
+    std::string text_;
+};
+
+}  // namespace tessara::host

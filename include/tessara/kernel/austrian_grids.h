@@ -1,0 +1,38 @@
+// The Austrian grids BMN, OEM and GK-AT: transverse Mercator of scale 1 on three meridians, 28, 31 and 34
+// degrees east of Ferro, which lies 17.666666666666 degrees west of Greenwich, on the ellipsoid of the
+// record's datum. On MGI the federal grid BMN is EPSG 31257, 31258 and 31259. The three differ in the origin
+// of the grid values:
+//
+//            false easting on 28, 31, 34   false northing
+//   BMN      150000, 450000, 750000        -5000000
+//   OEM      450000, 750000, 1050000       0
+//   GK-AT    0, 0, 0                       0
+//
+// `latLon` is latitude and longitude (of Greenwich) in degrees, `forward` and `inverse` are the constants of
+// the datum.
+#pragma once
+
+#include <cstdint>
+
+#include "tessara/kernel/koord.h"
+#include "tessara/kernel/koord_status.h"
+#include "tessara/kernel/transverse_mercator.h"
+
+namespace tessara {
+
+// The nearest of the three meridians, degrees east of Ferro, for a longitude of Greenwich.
+[[nodiscard]] std::int32_t BMN_NaturalMeridian(double lon);
+
+// Writes meridian, easting and northing; always KOORD_OK. A `wantedMeridian` of 28, 31 or 34 is taken as it
+// is, otherwise the meridian is the natural one.
+KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
+KoordStatus OEM_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
+KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
+
+// KOORD_OK, or KOORD_ERR_MERIDIAN for a meridian that is none of the three; latLon is then 0, 0. A result
+// within 1e-7 degrees of the limits of the system (AUSTRIAN_LIMITS) is that limit.
+KoordStatus BMN_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
+KoordStatus OEM_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
+KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
+
+}  // namespace tessara

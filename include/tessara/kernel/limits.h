@@ -1,0 +1,27 @@
+// The limits of the systems: how far a position may lie in them. A value equal to a limit is inside, and the
+// conversions put a value that lands within a hair of a limit onto it.
+#pragma once
+
+namespace tessara {
+
+struct Limits {
+    double west, east;
+    double south, north;
+};
+
+// Degrees of longitude and latitude.
+inline constexpr Limits UTM_LIMITS{-180.0, 180.0, -80.0, 84.0};  // also UTMREF
+inline constexpr Limits GK_LIMITS{-181.5, 181.5, -80.0, 80.0};
+inline constexpr Limits GK6_LIMITS{-180.0, 180.0, -80.0, 80.0};
+inline constexpr Limits AUSTRIAN_LIMITS{8.833333333333332, 17.833333333333332, 45.0,
+                                        51.0};  // BMN, OEM, GK-AT
+
+// Metres of easting and northing.
+inline constexpr Limits PO_MILITARY_LIMITS{-800000.0, 1200000.0, -700000.0, 1300000.0};
+inline constexpr Limits LUREF_LIMITS{0.0, 200000.0, 0.0, 200000.0};
+
+// Strictly closer to a limit than this is the limit.
+inline constexpr double LIMIT_TOLERANCE_DEGREES = 1e-7;
+inline constexpr double LIMIT_TOLERANCE_METRES = 0.0001;
+
+}  // namespace tessara

@@ -1,0 +1,89 @@
+// What makes a class an object: the three operations of IUnknown, for this library and for hosts that
+// implement an interface of their own.
+//
+// A class derives from its interfaces, names them once in a FaceList called `Faces`, primary face first,
+// holds its data and protects its destructor. CountedObject<Class> is the object itself: it answers the
+// queries by that list and adds the count as the last member. No class writes a query of its own, and none
+// can be made without a count.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include "tessara/unknown.h"
+
+namespace tessara {
+
+template <class Primary, class... Others>
+struct FaceList {
+    using PrimaryFace = Primary;
+
+    // The face of `object` that answers `iid`, as an address of that face, or null. The primary face stands
+    // for the identity of the object: it answers IUnknown, whichever face was asked.
+    template <class Object>
+    static void* Find(Object* object, const GUID& iid) {
+        if (iid == IID_IUnknown || iid == IidOf<Primary>) return static_cast<Primary*>(object);
+        void* face = nullptr;
+        ((iid == IidOf<Others> ? void(face = static_cast<Others*>(object)) : void()), ...);
+        return face;
+    }
+};
+
+template <class Class>
+ResultCode AnswerQuery(Class* object, const GUID* iid, void** out) {
+    if (out == nullptr) return RESULT_FAIL;
+    *out = iid != nullptr ? Class::Faces::Find(object, *iid) : nullptr;
+    if (*out == nullptr) return RESULT_NO_INTERFACE;
+    object->AddRef();
+    return RESULT_OK;
+}
+
+template <class Class>
+class CountedObject final : public Class {
+  public:
+    using Class::Class;
+
+    ResultCode QueryInterface(const GUID* iid, void** out) override { return AnswerQuery(this, iid, out); }
+
+    std::uint32_t AddRef() override {
+        return static_cast<std::uint32_t>(count_.fetch_add(1, std::memory_order_relaxed) + 1);
+    }
+
+    std::uint32_t Release() override {
+        const std::int32_t count = count_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+        if (count == 0) delete this;
+        return static_cast<std::uint32_t>(count);
+    }
+
+  private:
+    // Release alone deletes; where an interface has a virtual destructor, this overrides it.
+    ~CountedObject() = default;
+
+    std::atomic<std::int32_t> count_{0};
+};
+
+// An object that lives as long as the program: it answers queries and doesn't count.
+template <class Class>
+class StaticObject final : public Class {
+  public:
+    using Class::Class;
+
+    ResultCode QueryInterface(const GUID* iid, void** out) override { return AnswerQuery(this, iid, out); }
+    std::uint32_t AddRef() override { return 2; }
+    std::uint32_t Release() override { return 1; }
+};
+
+// A new object with count 0, or null without memory. Whoever calls this wraps the pointer in a handle on the
+// same line: an operation that is given an object of count 0 counts it to 1 and back, which deletes it.
+template <class Class, class... Arguments>
+[[nodiscard]] CountedObject<Class>* NewObject(Arguments&&... arguments) {
+    try {
+        return new CountedObject<Class>(std::forward<Arguments>(arguments)...);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+}  // namespace tessara

@@ -1,0 +1,117 @@
+// The counted handle: how every piece of code holds an object.
+//
+//     IRef<ICoord> coord(CreateClassCoord());      // count 0 -> 1
+//     IRef<ICoordInternal> inner(coord);           // another face of the same object, or empty
+//     if (!inner.IsValid()) return false;
+//
+// An operation wraps each interface argument in a handle and tests it. An empty handle means null or an
+// object without the interface; both are an ordinary failure.
+//
+// An object fresh from a CreateClass function has the count 0: wrap it on the same line. Passed on bare, it
+// would be counted up and down by the first operation it meets, and be gone.
+#pragma once
+
+#include <utility>
+
+#include "tessara/unknown.h"
+
+namespace tessara {
+
+namespace ObjectManagerUtils {
+
+// Makes an object of a registered class through the host's object manager; *out is null without a manager or
+// without the class. For the library's own code: hosts ask their manager.
+void CreateByClassId(const GUID& classId, const GUID& iid, void** out);
+
+// The holder: a pointer that is null or owns one count.
+template <const GUID& UnknownId, class I>
+class COMCounterMT {
+  public:
+    constexpr COMCounterMT() = default;
+    explicit COMCounterMT(IUnknown* object) { Query(object); }
+    COMCounterMT(const COMCounterMT& other) : pointer_(other.pointer_) {
+        if (pointer_ != nullptr) pointer_->AddRef();
+    }
+    COMCounterMT(COMCounterMT&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
+    COMCounterMT& operator=(const COMCounterMT&) = delete;
+    virtual ~COMCounterMT() { ReleasePointer(); }
+
+  protected:
+    // The result code isn't looked at: a query that fails writes null, and one that writes nothing finds
+    // null.
+    void Query(IUnknown* object) {
+        if (object == nullptr) return;
+        void* face = nullptr;
+        object->QueryInterface(&IidOf<I>, &face);
+        ReleasePointer();
+        pointer_ = static_cast<I*>(face);
+    }
+
+    void ReleasePointer() {
+        // Emptied first: what the object does while it dies may come back to this handle.
+        I* const last = std::exchange(pointer_, nullptr);
+        if (last != nullptr) last->Release();
+    }
+
+    I* pointer_ = nullptr;
+};
+
+template <class I, class Holder>
+class CPPRef : public Holder {
+  public:
+    constexpr CPPRef() = default;
+    explicit CPPRef(IUnknown* object) : Holder(object) {}
+    CPPRef(const CPPRef&) = default;
+    CPPRef(CPPRef&&) noexcept = default;
+
+    // Counts the new object before it gives up the old one; equal pointers change nothing.
+    CPPRef& operator=(const CPPRef& other) {
+        if (this->pointer_ == other.pointer_) return *this;
+        if (other.pointer_ != nullptr) other.pointer_->AddRef();
+        I* const last = std::exchange(this->pointer_, other.pointer_);
+        if (last != nullptr) last->Release();
+        return *this;
+    }
+
+    CPPRef& operator=(CPPRef&& other) noexcept {
+        if (this == &other) return *this;
+        I* const last = std::exchange(this->pointer_, std::exchange(other.pointer_, nullptr));
+        if (last != nullptr) last->Release();
+        return *this;
+    }
+
+    [[nodiscard]] bool IsValid() const { return this->pointer_ != nullptr; }
+    // The raw pointer, no count taken.
+    [[nodiscard]] I* Get() const { return this->pointer_; }
+    // Without any test.
+    I* operator->() const { return this->pointer_; }
+
+    // Empties the handle and gives the address of its pointer, for a function that fills an I**.
+    [[nodiscard]] I** ReleaseAndGetAddress() {
+        this->ReleasePointer();
+        return &this->pointer_;
+    }
+};
+
+}  // namespace ObjectManagerUtils
+
+template <class I, class Unknown = IUnknown>
+class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounterMT<IID_IUnknown, I>> {
+    using Base = ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounterMT<IID_IUnknown, I>>;
+
+  public:
+    constexpr IRef() = default;
+    // Asks the object for I; empty if it is null or has none.
+    explicit IRef(Unknown* object) : Base(object) {}
+    // Asks the object behind another handle.
+    template <class Other>
+    explicit IRef(const IRef<Other, Unknown>& other) : Base(other.Get()) {}
+    // A new object of a registered class; empty without an object manager.
+    explicit IRef(const GUID& classId) {
+        void* face = nullptr;
+        ObjectManagerUtils::CreateByClassId(classId, IidOf<I>, &face);
+        this->pointer_ = static_cast<I*>(face);
+    }
+};
+
+}  // namespace tessara

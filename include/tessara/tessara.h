@@ -1,0 +1,23 @@
+// Everything a host needs.
+#pragma once
+
+#include "tessara/array.h"
+#include "tessara/ckoord.h"
+#include "tessara/class_factory.h"
+#include "tessara/component.h"
+#include "tessara/coord.h"
+#include "tessara/coord_geographic.h"
+#include "tessara/coordinate_init.h"
+#include "tessara/coordinate_reference.h"
+#include "tessara/coordinate_system.h"
+#include "tessara/coordinate_transfer.h"
+#include "tessara/float_point.h"
+#include "tessara/geo_date.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/koord.h"
+#include "tessara/kernel/koord_status.h"
+#include "tessara/rect.h"
+#include "tessara/ref.h"
+#include "tessara/tessara_string.h"
+#include "tessara/unknown.h"
+#include "tessara/zone_coord_operations.h"

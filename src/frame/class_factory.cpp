@@ -1,0 +1,20 @@
+#include "frame/class_factory.h"
+
+#include <utility>
+
+namespace tessara {
+namespace {
+
+// Set before any constructor runs, so that no factory is lost, whichever is constructed first.
+constinit MClassFactory* g_firstFactory = nullptr;
+
+}  // namespace
+
+MClassFactory::MClassFactory(const GUID* classId, const char* className)
+    : classId_(classId), className_(className), next_(std::exchange(g_firstFactory, this)) {}
+
+MClassFactory* FirstClassFactory() {
+    return g_firstFactory;
+}
+
+}  // namespace tessara

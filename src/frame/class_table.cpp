@@ -1,0 +1,35 @@
+// The class table: the one place that knows all classes. A class is added here with its id, its name and the
+// policy of its factory.
+//
+// All factories stand in this source, so that they are constructed in table order, whatever the linker does,
+// and none is dropped. The class list runs the other way: the last of the table comes first.
+
+#include "frame/class_factory.h"
+#include "objects/coord.h"
+#include "objects/coord_geographic.h"
+#include "objects/coordinate_init.h"
+#include "objects/coordinate_reference.h"
+#include "objects/coordinate_system.h"
+#include "objects/coordinate_transfer.h"
+#include "objects/geo_date.h"
+#include "objects/zone_coord_operations.h"
+
+namespace tessara {
+namespace {
+
+#define TESSARA_CLASS(Policy, Class) \
+    Policy##Factory<Class> g_factoryOf##Class(&CLSID_##Class, "CLSID_" #Class)
+
+TESSARA_CLASS(Multi, CoordGeographic);
+TESSARA_CLASS(Multi, Coord);
+TESSARA_CLASS(Multi, CoordinateInit);
+TESSARA_CLASS(Multi, CoordinateReference);
+TESSARA_CLASS(Multi, CoordinateSystem);
+TESSARA_CLASS(Multi, GeoDate);
+TESSARA_CLASS(Singleton, CoordinateTransfer);
+TESSARA_CLASS(Singleton, ZoneCoordOperations);
+
+#undef TESSARA_CLASS
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,101 @@
+#include "tessara/kernel/austrian_grids.h"
+
+#include <cmath>
+
+#include "kernel/numeric.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/limits.h"
+
+namespace tessara {
+namespace {
+
+constexpr double FERRO = 17.666666666666;  // degrees by which Ferro lies west of Greenwich
+
+// The federal grid, on which the other two are defined.
+constexpr std::int32_t MERIDIANS[3] = {28, 31, 34};
+constexpr double FALSE_EASTINGS[3] = {150000.0, 450000.0, 750000.0};
+constexpr double FALSE_NORTHING = -5.0e6;
+
+// What a grid adds to the values of the federal grid, metres.
+struct AustrianGrid {
+    double eastShifts[3];
+    double northShift;
+};
+
+constexpr AustrianGrid BMN{{0.0, 0.0, 0.0}, 0.0};
+constexpr AustrianGrid OEM{{300000.0, 300000.0, 300000.0}, 5.0e6};
+constexpr AustrianGrid GKAT{{-150000.0, -450000.0, -750000.0}, 5.0e6};
+
+// Which of the three meridians it is, or -1.
+int MeridianIndex(std::int32_t meridian) {
+    for (int i = 0; i < 3; ++i) {
+        if (MERIDIANS[i] == meridian) return i;
+    }
+    return -1;
+}
+
+KoordStatus FromGeodetic(const AustrianGrid& grid, const double latLon[2], BmnPayload* payload,
+                         const TmConstants* forward) {
+    int i = MeridianIndex(payload->wantedMeridian);
+    if (i < 0) i = MeridianIndex(BMN_NaturalMeridian(latLon[1]));
+    const double dLon = (latLon[1] + FERRO - MERIDIANS[i]) * RADIANS_PER_DEGREE;
+    double easting;
+    double northing;
+    TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, 1.0, FALSE_EASTINGS[i], FALSE_NORTHING, &easting,
+               &northing, forward);
+    payload->meridian = static_cast<std::int16_t>(MERIDIANS[i]);
+    payload->easting = easting + grid.eastShifts[i];
+    payload->northing = northing + grid.northShift;
+    return KOORD_OK;
+}
+
+KoordStatus ToGeodetic(const AustrianGrid& grid, const BmnPayload* payload, double latLon[2],
+                       const TmConstants* inverse) {
+    latLon[0] = 0.0;
+    latLon[1] = 0.0;
+    const int i = MeridianIndex(payload->meridian);
+    if (i < 0) return KOORD_ERR_MERIDIAN;
+    double lon;
+    double lat;
+    TM_Inverse(payload->easting - grid.eastShifts[i], payload->northing - grid.northShift, 1.0,
+               FALSE_EASTINGS[i], FALSE_NORTHING, MERIDIANS[i], &lon, &lat, inverse);
+    lon -= FERRO;
+    const Limits& limits = AUSTRIAN_LIMITS;
+    latLon[0] = SnapToEither(limits.south, limits.north, lat, LIMIT_TOLERANCE_DEGREES);
+    latLon[1] = SnapToEither(limits.west, limits.east, lon, LIMIT_TOLERANCE_DEGREES);
+    return KOORD_OK;
+}
+
+}  // namespace
+
+std::int32_t BMN_NaturalMeridian(double lon) {
+    const double east = lon + FERRO;
+    if (east < 29.5) return 28;
+    return east < 32.5 ? 31 : 34;
+}
+
+KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward) {
+    return FromGeodetic(BMN, latLon, payload, forward);
+}
+
+KoordStatus BMN_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse) {
+    return ToGeodetic(BMN, payload, latLon, inverse);
+}
+
+KoordStatus OEM_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward) {
+    return FromGeodetic(OEM, latLon, payload, forward);
+}
+
+KoordStatus OEM_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse) {
+    return ToGeodetic(OEM, payload, latLon, inverse);
+}
+
+KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward) {
+    return FromGeodetic(GKAT, latLon, payload, forward);
+}
+
+KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse) {
+    return ToGeodetic(GKAT, payload, latLon, inverse);
+}
+
+}  // namespace tessara

@@ -1,0 +1,285 @@
+#include "tessara/kernel/range_checks.h"
+
+#include <cmath>
+
+#include "kernel/limits.h"
+#include "tessara/kernel/convert.h"
+
+namespace tessara {
+namespace {
+
+struct AxisRange {
+    double low;
+    double high;
+};
+
+// What a test answers below and above its range.
+struct RangeStatus {
+    KoordStatus low;
+    KoordStatus high;
+};
+
+constexpr RangeStatus EAST_STATUS{KOORD_ERR_EAST_LOW, KOORD_ERR_EAST_HIGH};
+constexpr RangeStatus NORTH_STATUS{KOORD_ERR_NORTH_LOW, KOORD_ERR_NORTH_HIGH};
+
+constexpr RangeStatus Either(KoordStatus status) {
+    return {status, status};
+}
+
+KoordStatus CheckAxis(double value, AxisRange range, RangeStatus status) {
+    if (!(value >= range.low)) return status.low;
+    if (value > range.high) return status.high;
+    return KOORD_OK;
+}
+
+// Two tests in a row; the first that fails decides.
+KoordStatus First(KoordStatus first, KoordStatus second) {
+    return first != KOORD_OK ? first : second;
+}
+
+struct GeodeticLimits {
+    AxisRange longitude;
+    AxisRange latitude;
+};
+
+constexpr GeodeticLimits UTM_LIMITS{{-180.0, 180.0}, {UTM_LATITUDE_SOUTH, UTM_LATITUDE_NORTH}};
+constexpr GeodeticLimits GEOGRAPHIC_LIMITS{{-360.0, 360.0}, {-90.0, 90.0}};
+constexpr GeodeticLimits GK_LIMITS{{-GK_LONGITUDE, GK_LONGITUDE}, {-GK_LATITUDE, GK_LATITUDE}};
+constexpr GeodeticLimits GK6_LIMITS{{-180.0, 180.0}, {-GK_LATITUDE, GK_LATITUDE}};
+constexpr GeodeticLimits AUSTRIAN_LIMITS{{AUSTRIA_WEST, AUSTRIA_EAST}, {AUSTRIA_SOUTH, AUSTRIA_NORTH}};
+constexpr AxisRange UPS_LATITUDE{80.0, 90.0};
+
+KoordStatus CheckGeodetic(const double latLon[2], const GeodeticLimits& limits) {
+    return First(CheckAxis(latLon[1], limits.longitude, EAST_STATUS),
+                 CheckAxis(latLon[0], limits.latitude, NORTH_STATUS));
+}
+
+KoordStatus CheckPolar(double latitude) {
+    const KoordStatus outside = latitude >= 0.0 ? KOORD_ERR_NORTH_HIGH : KOORD_ERR_NORTH_LOW;
+    return CheckAxis(std::fabs(latitude), UPS_LATITUDE, Either(outside));
+}
+
+KoordStatus GeodeticVerdict(const double latLon[2], std::int32_t type) {
+    switch (type) {
+        case KOORD_UTM:
+        case KOORD_UTMREF:
+            return CheckGeodetic(latLon, UTM_LIMITS);
+        case KOORD_GEODEZ:
+        case KOORD_GEOGRAD:
+        case KOORD_GEODEZMIN:
+            return CheckGeodetic(latLon, GEOGRAPHIC_LIMITS);
+        case KOORD_GK:
+            return CheckGeodetic(latLon, GK_LIMITS);
+        case KOORD_GK6:
+            return CheckGeodetic(latLon, GK6_LIMITS);
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return CheckGeodetic(latLon, AUSTRIAN_LIMITS);
+        case KOORD_UPS:
+            return CheckPolar(latLon[0]);
+        case KOORD_TM:
+            return KOORD_OK;
+        case KOORD_GEOREF:
+        case KOORD_CH:
+        case KOORD_ECEF:
+        case KOORD_PO_MILITARY:
+        case KOORD_VDG:
+        case KOORD_BNG:
+        case KOORD_ING:
+        case KOORD_RD:
+        case KOORD_LUREF:
+            return KOORD_CHECK_AFTER;
+        default:
+            return KOORD_ERR_TYPE;
+    }
+}
+
+// The limits of a system found on the position its record stands for.
+KoordStatus CheckThroughGeodez(const tagKOORD& record, const GeodeticLimits& limits,
+                               KoordStatus longitudeStatus, KoordStatus latitudeStatus) {
+    tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
+    const KoordStatus status = KoordConvert(&record, &geodez);
+    if (status != KOORD_OK) return status;
+    const GeodezPayload position = Load<GeodezPayload>(geodez);
+    return First(CheckAxis(position.longitude, limits.longitude, Either(longitudeStatus)),
+                 CheckAxis(position.latitude, limits.latitude, Either(latitudeStatus)));
+}
+
+KoordStatus CheckUps(const tagKOORD& record) {
+    const char hemisphere = Load<UpsPayload>(record).hemisphere;
+    if (hemisphere != 'N' && hemisphere != 'S') return KOORD_ERR_UPS;
+    tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
+    const KoordStatus status = KoordConvert(&record, &geodez);
+    if (status != KOORD_OK) return status;
+    return CheckAxis(std::fabs(Load<GeodezPayload>(geodez).latitude), UPS_LATITUDE, Either(KOORD_ERR_UPS));
+}
+
+KoordStatus CheckLatitudeLongitude(const double latLon[2]) {
+    return First(CheckAxis(latLon[0], GEOGRAPHIC_LIMITS.latitude, Either(KOORD_ERR_GEO_LAT)),
+                 CheckAxis(latLon[1], GEOGRAPHIC_LIMITS.longitude, Either(KOORD_ERR_GEO_LON)));
+}
+
+KoordStatus CheckGeodez(const tagKOORD& record) {
+    const GeodezPayload p = Load<GeodezPayload>(record);
+    const double latLon[2] = {p.latitude, p.longitude};
+    return CheckLatitudeLongitude(latLon);
+}
+
+bool IsBelowSixty(double minutesOrSeconds) {
+    return std::fabs(minutesOrSeconds) < 60.0;
+}
+
+bool IsLetterOrZero(char letter, char one, char other) {
+    return letter == 0 || letter == one || letter == other;
+}
+
+KoordStatus CheckGeograd(const tagKOORD& record) {
+    const GeogradPayload p = Load<GeogradPayload>(record);
+    if (!IsBelowSixty(p.lonMinutes) || !IsBelowSixty(p.lonSeconds)) return KOORD_ERR_GEO_LON;
+    if (!IsBelowSixty(p.latMinutes) || !IsBelowSixty(p.latSeconds)) return KOORD_ERR_GEO_LAT;
+    if (!IsLetterOrZero(p.lonHemisphere, 'E', 'W') || !IsLetterOrZero(p.latHemisphere, 'N', 'S')) {
+        return KOORD_ERR_HEMISPHERE;
+    }
+    double latLon[2];
+    GEOGRAD_ToGeodetic(&p, latLon);
+    return CheckLatitudeLongitude(latLon);
+}
+
+KoordStatus CheckGeodezMin(const tagKOORD& record) {
+    const GeodezMinPayload p = Load<GeodezMinPayload>(record);
+    if (!IsBelowSixty(p.lonMinutes)) return KOORD_ERR_GEO_LON;
+    if (!IsBelowSixty(p.latMinutes)) return KOORD_ERR_GEO_LAT;
+    if (!IsLetterOrZero(p.lonHemisphere, 'E', 'W') || !IsLetterOrZero(p.latHemisphere, 'N', 'S')) {
+        return KOORD_ERR_HEMISPHERE;
+    }
+    double latLonHeight[3];
+    GEODEZMIN_ToGeodetic(&p, latLonHeight);
+    return CheckLatitudeLongitude(latLonHeight);
+}
+
+// An upper-case letter up to `last`, without I and O.
+bool IsGeorefLetter(char letter, char last) {
+    return letter >= 'A' && letter <= last && letter != 'I' && letter != 'O';
+}
+
+// How many values the minutes of a GEOREF precision take; 0 for a precision that doesn't exist.
+std::int32_t GeorefMinuteCount(std::int16_t precision) {
+    switch (precision) {
+        case 3:
+            return 60;
+        case 4:
+            return 600;
+        case 5:
+            return 6000;
+        default:
+            return 0;
+    }
+}
+
+KoordStatus CheckGeoref(const tagKOORD& record) {
+    const GeorefPayload p = Load<GeorefPayload>(record);
+    if (!IsGeorefLetter(p.lonZone, 'Z')) return KOORD_ERR_GEOREF_LON_ZONE;
+    if (!IsGeorefLetter(p.latZone, 'M')) return KOORD_ERR_GEOREF_LAT_ZONE;
+    if (!IsGeorefLetter(p.lonDegree, 'Q')) return KOORD_ERR_GEOREF_LON_DEGREE;
+    if (!IsGeorefLetter(p.latDegree, 'Q')) return KOORD_ERR_GEOREF_LAT_DEGREE;
+    const std::int32_t minutes = GeorefMinuteCount(p.precision);
+    if (minutes == 0) return KOORD_ERR_GEOREF_PRECISION;
+    if (p.lonMinutes < 0 || p.lonMinutes >= minutes) return KOORD_ERR_GEOREF_LON_MINUTES;
+    if (p.latMinutes < 0 || p.latMinutes >= minutes) return KOORD_ERR_GEOREF_LAT_MINUTES;
+    return KOORD_OK;
+}
+
+struct GridLimits {
+    AxisRange easting;
+    AxisRange northing;
+};
+
+constexpr GridLimits CH_LIMITS{{CH_WEST, CH_EAST}, {CH_SOUTH, CH_NORTH}};
+constexpr GridLimits PO_MILITARY_LIMITS{{PO_MILITARY_WEST, PO_MILITARY_EAST},
+                                        {PO_MILITARY_SOUTH, PO_MILITARY_NORTH}};
+constexpr GridLimits RD_LIMITS{{RD_WEST, RD_EAST}, {RD_SOUTH, RD_NORTH}};
+constexpr GridLimits LUREF_LIMITS{{LUREF_LOW, LUREF_HIGH}, {LUREF_LOW, LUREF_HIGH}};
+constexpr GridLimits BNG_LIMITS{{0.0, BNG_EAST}, {0.0, BNG_NORTH}};
+constexpr GridLimits ING_LIMITS{{0.0, ING_EAST}, {0.0, ING_NORTH}};
+constexpr GridLimits SQUARE_LIMITS{{0.0, 99999.99}, {0.0, 99999.99}};
+
+KoordStatus CheckGrid(double easting, double northing, const GridLimits& limits,
+                      RangeStatus east = EAST_STATUS, RangeStatus north = NORTH_STATUS) {
+    return First(CheckAxis(easting, limits.easting, east), CheckAxis(northing, limits.northing, north));
+}
+
+KoordStatus CheckPlainGrid(const tagKOORD& record, const GridLimits& limits, RangeStatus east = EAST_STATUS,
+                           RangeStatus north = NORTH_STATUS) {
+    const GridPayload p = Load<GridPayload>(record);
+    return CheckGrid(p.easting, p.northing, limits, east, north);
+}
+
+// No letter is rejected here: the conversion itself knows which letters exist and answers
+// KOORD_ERR_GRID_RANGE. KOORD_ERR_GRID_LETTER stays reserved.
+KoordStatus CheckLetterGrid(const tagKOORD& record, const GridLimits& limits) {
+    const LetterGridPayload p = Load<LetterGridPayload>(record);
+    if (p.square != 0 && p.subSquare != 0) return CheckGrid(p.easting, p.northing, SQUARE_LIMITS);
+    return CheckGrid(p.fullEasting, p.fullNorthing, limits);
+}
+
+KoordStatus RecordVerdict(const tagKOORD& record) {
+    switch (record.type) {
+        case KOORD_LONGPIXEL:
+        case KOORD_FLOATPIXEL:
+        case KOORD_ECEF:
+        case KOORD_TM:
+        case KOORD_VDG:
+            return KOORD_OK;
+        case KOORD_UTM:
+        case KOORD_UTMREF:
+            return CheckThroughGeodez(record, UTM_LIMITS, KOORD_ERR_UTM_LON, KOORD_ERR_UTM_LAT);
+        case KOORD_GEODEZ:
+            return CheckGeodez(record);
+        case KOORD_GEOGRAD:
+            return CheckGeograd(record);
+        case KOORD_GEODEZMIN:
+            return CheckGeodezMin(record);
+        case KOORD_GEOREF:
+            return CheckGeoref(record);
+        case KOORD_GK:
+            return CheckThroughGeodez(record, GK_LIMITS, KOORD_ERR_GK_EAST, KOORD_ERR_GK_LAT);
+        case KOORD_GK6:
+            return CheckThroughGeodez(record, GK6_LIMITS, KOORD_ERR_GK_EAST, KOORD_ERR_GK_LAT);
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return CheckThroughGeodez(record, AUSTRIAN_LIMITS, KOORD_ERR_AT_LON, KOORD_ERR_AT_LAT);
+        case KOORD_CH:
+            return CheckPlainGrid(record, CH_LIMITS, {KOORD_ERR_CH_EAST_LOW, KOORD_ERR_CH_EAST_HIGH},
+                                  {KOORD_ERR_CH_NORTH_LOW, KOORD_ERR_CH_NORTH_HIGH});
+        case KOORD_UPS:
+            return CheckUps(record);
+        case KOORD_PO_MILITARY:
+            return CheckPlainGrid(record, PO_MILITARY_LIMITS);
+        case KOORD_BNG:
+            return CheckLetterGrid(record, BNG_LIMITS);
+        case KOORD_ING:
+            return CheckLetterGrid(record, ING_LIMITS);
+        case KOORD_RD:
+            return CheckPlainGrid(record, RD_LIMITS);
+        case KOORD_LUREF:
+            return CheckPlainGrid(record, LUREF_LIMITS);
+        default:
+            return KOORD_ERR_TYPE;
+    }
+}
+
+}  // namespace
+
+KoordStatus Range_CheckGeodetic(const double latLon[2], std::int32_t type, std::int32_t* detail) {
+    *detail = GeodeticVerdict(latLon, type);
+    return *detail == KOORD_OK || *detail == KOORD_CHECK_AFTER ? KOORD_OK : KOORD_ERR_GENERAL;
+}
+
+KoordStatus Range_CheckRecord(const tagKOORD* record, std::int32_t* detail) {
+    *detail = RecordVerdict(*record);
+    return *detail == KOORD_OK ? KOORD_OK : KOORD_ERR_GENERAL;
+}
+
+}  // namespace tessara

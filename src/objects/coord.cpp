@@ -1,0 +1,186 @@
+#include "objects/coord.h"
+
+#include "kernel/numeric.h"
+#include "objects/default_koord.h"
+#include "objects/zones.h"
+#include "tessara/coord_geographic.h"
+#include "tessara/coordinate_reference.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
+#include "tessara/ref.h"
+
+namespace tessara {
+namespace {
+
+bool IsPixel(std::int32_t system) {
+    return system == KOORD_LONGPIXEL || system == KOORD_FLOATPIXEL;
+}
+
+std::int32_t DatumOf(const CKoord& koord) {
+    return static_cast<std::int32_t>(koord.datum);
+}
+std::int32_t SystemOf(const CKoord& koord) {
+    return static_cast<std::int32_t>(koord.type);
+}
+
+bool IsWgs84Geodez(const CKoord& koord) {
+    return koord.datum == DATUM_WGS84 && koord.type == KOORD_GEODEZ;
+}
+
+FloatPixelPayload PixelOf(const CKoord& koord) {
+    if (koord.type == KOORD_FLOATPIXEL) return Load<FloatPixelPayload>(koord);
+    const auto pixel = Load<LongPixelPayload>(koord);
+    return {static_cast<double>(pixel.x), static_cast<double>(pixel.y)};
+}
+
+}  // namespace
+
+bool Coord::SetPixel(double x, double y) {
+    koord_.type = KOORD_FLOATPIXEL;
+    Store(koord_, FloatPixelPayload{x, y});
+    valid_ = true;
+    return true;
+}
+
+bool Coord::GetPixel(double* x, double* y) {
+    if (!valid_ || !IsPixel(SystemOf(koord_)) || x == nullptr || y == nullptr) return false;
+    const FloatPixelPayload pixel = PixelOf(koord_);
+    *x = pixel.x;
+    *y = pixel.y;
+    return true;
+}
+
+bool Coord::SetHeight(double height) {
+    koord_.SetHeight(height);
+    return true;
+}
+
+double Coord::GetHeight() {
+    return koord_.GetHeight();
+}
+
+bool Coord::GetGeographic(ICoordGeographic* target) {
+    const IRef<ICoordGeographic> geographic(target);
+    if (!valid_ || !geographic.IsValid()) return false;
+    CKoord wgs84;
+    if (IsWgs84Geodez(koord_)) {
+        wgs84 = koord_;
+    } else if (KoordConvert(&koord_, &wgs84) != KOORD_OK) {
+        return false;
+    }
+    const auto position = Load<GeodezPayload>(wgs84);
+    return geographic->Set(position.longitude, position.latitude, koord_.GetHeight());
+}
+
+bool Coord::SetGeographic(ICoordGeographic* source) {
+    valid_ = false;
+    const IRef<ICoordGeographic> geographic(source);
+    if (!geographic.IsValid()) return false;
+
+    GeodezPayload position{};
+    geographic->Get(&position.longitude, &position.latitude, &position.height);
+    if (IsWgs84Geodez(koord_)) {
+        Store(koord_, position);
+    } else {
+        CKoord wgs84;
+        Store(wgs84, position);
+        // The default record wants no zone: the new position finds its natural one.
+        if (Zones_Exist(SystemOf(koord_))) ResetToDefault(&koord_);
+        if (KoordConvert(&wgs84, &koord_) != KOORD_OK) return false;
+    }
+    koord_.SetHeight(position.height);
+    valid_ = true;
+    return true;
+}
+
+bool Coord::GetReference(ICoordinateReference* target) {
+    const IRef<ICoordinateReference> reference(target);
+    return reference.IsValid() && reference->SetDatum(DatumOf(koord_)) &&
+           reference->SetSystem(SystemOf(koord_));
+}
+
+bool Coord::SetReference(ICoordinateReference* target) {
+    const IRef<ICoordinateReference> reference(target);
+    if (!reference.IsValid()) return false;
+    const std::int32_t datum = reference->GetDatum();
+    const std::int32_t system = reference->GetSystem();
+    if (datum == DatumOf(koord_) && system == SystemOf(koord_)) return true;
+
+    if (valid_) {
+        const bool fromPixel = IsPixel(SystemOf(koord_));
+        const bool toPixel = IsPixel(system);
+        if (fromPixel && toPixel) return SetPixelReference(datum, system);
+        // Relating a pixel and a world position takes a map.
+        if (fromPixel || toPixel) valid_ = false;
+    }
+    if (valid_) return ConvertTo(datum, system);
+    SetEmptyReference(datum, system);
+    return true;
+}
+
+// From pixel to pixel: the form changes, or the datum, or both.
+bool Coord::SetPixelReference(std::int32_t datum, std::int32_t system) {
+    CKoord pixel;
+    pixel.datum = static_cast<std::uint32_t>(datum);
+    pixel.type = static_cast<std::uint32_t>(system);
+    if (system == SystemOf(koord_)) {
+        std::memcpy(pixel.payload, koord_.payload, sizeof(FloatPixelPayload));
+    } else {
+        const FloatPixelPayload old = PixelOf(koord_);
+        if (system == KOORD_LONGPIXEL) {
+            Store(pixel, LongPixelPayload{RoundPixel(old.x), RoundPixel(old.y)});
+        } else {
+            Store(pixel, old);
+        }
+    }
+    koord_ = pixel;
+    return true;
+}
+
+// Without a position the object takes the system's default record, or just the numbers where there is none.
+void Coord::SetEmptyReference(std::int32_t datum, std::int32_t system) {
+    koord_.datum = static_cast<std::uint32_t>(datum);
+    koord_.type = static_cast<std::uint32_t>(system);
+    ResetToDefault(&koord_);
+}
+
+bool Coord::ConvertTo(std::int32_t datum, std::int32_t system) {
+    CKoord target;
+    if (!DefaultKoord(datum, system, &target)) return false;
+    if (KoordConvert(&koord_, &target) != KOORD_OK) return false;
+    target.SetHeight(koord_.GetHeight());
+    koord_ = target;
+    return true;
+}
+
+bool Coord::SetKoord(const CKoord* koord) {
+    if (koord == nullptr) return false;
+    koord_ = *koord;
+    valid_ = true;
+    return true;
+}
+
+bool Coord::GetKoord(CKoord* koord) {
+    if (koord == nullptr) return false;
+    *koord = koord_;
+    return true;
+}
+
+bool Coord::ShiftEast(double) {
+    return false;
+}
+bool Coord::ShiftNorth(double) {
+    return false;
+}
+double Coord::EastDifference(ICoord*) {
+    return UNKNOWN_DIFFERENCE;
+}
+double Coord::NorthDifference(ICoord*) {
+    return UNKNOWN_DIFFERENCE;
+}
+
+ICoord* CreateClassCoord() {
+    return NewObject<Coord>();
+}
+
+}  // namespace tessara

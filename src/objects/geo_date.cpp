@@ -1,0 +1,23 @@
+#include "objects/geo_date.h"
+
+#include "objects/name_text.h"
+#include "tessara/kernel/datum.h"
+
+namespace tessara {
+
+bool GeoDate::SetDatum(std::int32_t datum) {
+    const bool exists = datum >= 0 && datum < DATUM_COUNT;
+    if (!exists && datum != NO_DATUM) return false;
+    datum_ = datum;
+    return true;
+}
+
+void GeoDate::GetName(ITessaraString* text) {
+    FillWithName(text, Datum_Name(datum_));
+}
+
+IGeoDate* CreateClassGeoDate() {
+    return NewObject<GeoDate>();
+}
+
+}  // namespace tessara

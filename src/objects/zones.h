@@ -1,0 +1,40 @@
+// The zones of UTM, UTMREF, GK, GK6, BMN, OEM and GK-AT, on records. These are the leaves: they call nothing
+// but each other, and everything that asks about zones stands on them.
+#pragma once
+
+#include <cstdint>
+
+#include "tessara/kernel/koord.h"
+
+namespace tessara {
+
+[[nodiscard]] bool Zones_Exist(std::int32_t system);
+
+// The zone of a record: 1..60 in UTM and UTMREF, the strip in GK and GK6, the meridian in the Austrian
+// systems; UNKNOWN_ZONE without zones.
+[[nodiscard]] std::int32_t Zones_Number(const tagKOORD& record);
+
+// What a strip counts for in a GK or GK6 easting, in metres; UNKNOWN_ZONE without zones.
+[[nodiscard]] std::int32_t Zones_Factor(const tagKOORD& record);
+
+// A GK or GK6 easting apart: the strip, and the distance from its zero, which is positive in western strips,
+// too.
+struct StripEasting {
+    std::int32_t strip;
+    double offset;
+};
+
+// False for other systems and for an easting without a strip; *parts is then unchanged.
+bool Zones_SplitStrip(const tagKOORD& record, StripEasting* parts);
+// Rebuilds the easting.
+[[nodiscard]] double Zones_JoinStrip(const StripEasting& parts);
+
+// Puts the record on its zone's central line; the northing stays. False without zones or in a zone that
+// doesn't exist; the record is then unchanged.
+bool Zones_MoveToCentre(tagKOORD* record);
+
+// Relabels the record into the zone `delta` steps east and clears any wanted zone or meridian. False as the
+// interface says; the record is then unchanged.
+bool Zones_Move(std::int32_t delta, tagKOORD* record);
+
+}  // namespace tessara
