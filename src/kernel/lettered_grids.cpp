@@ -5,14 +5,14 @@
 
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
+#include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
 
 struct LetteredGrid {
     TmParams projection;
-    double eastingLimit;  // metres
-    double northingLimit;
+    Limits limits;               // the lower ones are 0
     std::string_view squares;    // letters of the 500 km squares, row by row from the south-west
     std::int32_t squareColumns;  // how many make a row
     bool roundsFullValues;       // full values without letters count as whole metres
@@ -20,8 +20,7 @@ struct LetteredGrid {
 
 constexpr LetteredGrid BRITISH = {
     .projection = {-2.0, 49.0, 400000.0, -100000.0, 0.9996012717},
-    .eastingLimit = 700000.0,
-    .northingLimit = 1300000.0,
+    .limits = BNG_LIMITS,
     .squares = "STNOHJ",
     .squareColumns = 2,
     .roundsFullValues = false,
@@ -29,8 +28,7 @@ constexpr LetteredGrid BRITISH = {
 
 constexpr LetteredGrid IRISH = {
     .projection = {-8.0, 53.5, 200000.0, 250000.0, 1.000035},
-    .eastingLimit = 500000.0,
-    .northingLimit = 500000.0,
+    .limits = ING_LIMITS,
     .squares = "I",
     .squareColumns = 1,
     .roundsFullValues = true,
@@ -43,11 +41,10 @@ constexpr std::int32_t SUB_SQUARE_COLUMNS = 5;
 constexpr double SQUARE = 500000.0;      // metres
 constexpr double SUB_SQUARE = 100000.0;  // metres
 constexpr std::int32_t SUB_SQUARE_METRES = 100000;
-constexpr double SNAP_TOLERANCE = 0.0001;  // metres
 
 // The upper limit itself is part of the grid, and its letters are those of the last square.
 double WithinLastSquare(double value, double limit) {
-    return value == limit ? limit - SNAP_TOLERANCE : value;
+    return value == limit ? limit - LIMIT_TOLERANCE_METRES : value;
 }
 
 double MetresInSubSquare(double value) {
@@ -62,14 +59,15 @@ KoordStatus FromGeodetic(const LetteredGrid& grid, const double latLon[2], Lette
                          const TmConstants* forward) {
     double easting, northing;
     TM_ForwardParam(latLon, &grid.projection, &easting, &northing, forward);
-    easting = SnapTo(grid.eastingLimit, SnapTo(0.0, easting, SNAP_TOLERANCE), SNAP_TOLERANCE);
-    northing = SnapTo(grid.northingLimit, SnapTo(0.0, northing, SNAP_TOLERANCE), SNAP_TOLERANCE);
-    if (!IsWithin(easting, 0.0, grid.eastingLimit) || !IsWithin(northing, 0.0, grid.northingLimit)) {
+    const Limits& limits = grid.limits;
+    easting = SnapToEither(limits.west, limits.east, easting, LIMIT_TOLERANCE_METRES);
+    northing = SnapToEither(limits.south, limits.north, northing, LIMIT_TOLERANCE_METRES);
+    if (!IsWithin(easting, limits.west, limits.east) || !IsWithin(northing, limits.south, limits.north)) {
         return KOORD_ERR_GRID_RANGE;
     }
 
-    const double east = WithinLastSquare(easting, grid.eastingLimit);
-    const double north = WithinLastSquare(northing, grid.northingLimit);
+    const double east = WithinLastSquare(easting, limits.east);
+    const double north = WithinLastSquare(northing, limits.north);
     const std::int32_t square =
         grid.squareColumns * TruncateToInt32(north / SQUARE) + TruncateToInt32(east / SQUARE);
     const std::int32_t column = TruncateToInt32(east / SUB_SQUARE) % SUB_SQUARE_COLUMNS;

@@ -4,6 +4,7 @@
 
 #include "kernel/numeric.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
@@ -17,11 +18,6 @@ constexpr double ONE_MINUS_E2 = 0.9933256277681979;
 
 constexpr double FALSE_EASTING = 600000.0;
 constexpr double FALSE_NORTHING = 200000.0;
-constexpr double WESTERN_LIMIT = -200000.0;
-constexpr double EASTERN_LIMIT = 1500000.0;
-constexpr double SOUTHERN_LIMIT = -300000.0;
-constexpr double NORTHERN_LIMIT = 600000.0;
-constexpr double SNAP_TOLERANCE = 0.0001;     // metres
 constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
 
 double LogTan(double lat) {
@@ -84,10 +80,9 @@ KoordStatus CH_FromGeodetic(const double latLon[2], GridPayload* payload) {
     payload->easting = c.radius * lBar + FALSE_EASTING;
     payload->northing = (c.radius / 2.0) * std::log((1.0 + sinBBar) / (1.0 - sinBBar)) + FALSE_NORTHING;
 
-    payload->easting = SnapTo(WESTERN_LIMIT, payload->easting, SNAP_TOLERANCE);
-    payload->easting = SnapTo(EASTERN_LIMIT, payload->easting, SNAP_TOLERANCE);
-    payload->northing = SnapTo(SOUTHERN_LIMIT, payload->northing, SNAP_TOLERANCE);
-    payload->northing = SnapTo(NORTHERN_LIMIT, payload->northing, SNAP_TOLERANCE);
+    payload->easting = SnapToEither(CH_LIMITS.west, CH_LIMITS.east, payload->easting, LIMIT_TOLERANCE_METRES);
+    payload->northing =
+        SnapToEither(CH_LIMITS.south, CH_LIMITS.north, payload->northing, LIMIT_TOLERANCE_METRES);
     return KOORD_OK;
 }
 

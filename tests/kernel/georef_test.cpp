@@ -106,7 +106,7 @@ TEST(Georef, LettersEveryDegreeOfAZone) {
 }
 
 TEST(GeorefFromGeodetic, WritesTheMinutesInTheUnitOfThePrecision) {
-    // 12.345 and 54.321 minutes; hundredths round half up, so 12.35 and 54.32.
+    // 12.3451 and 54.321 minutes, which round to 12.35 and 54.32.
     const double lat = 10.0 + 54.321 / 60.0;
     const double lon = 20.0 + 12.3451 / 60.0;
     ExpectReference(Forward(lat, lon, 5), "PGFL", 1235, 5432);

@@ -1,6 +1,6 @@
 // World Geographic Reference System (GEOREF): two letters for a cell of 15 degrees, two for the degree
-// within it, then the minutes of longitude and latitude (NGA.STND.0037, "Universal Grids and Grid Reference
-// Systems", section 5).
+// within it, then the minutes of longitude and latitude (DMA TM 8358.1, "Datums, Ellipsoids, Grids, and Grid
+// Reference Systems").
 #pragma once
 
 #include "tessara/kernel/koord.h"
@@ -25,8 +25,8 @@ namespace tessara {
 // south of -90.0 gets the letters of the grid's edge and negative minutes.
 KoordStatus GEOREF_FromGeodetic(const double latLon[2], GeorefPayload* payload);
 
-// The position of a reference: the south-western corner of the cell that its minutes stand for. Minutes count
-// only at the precisions 3, 4 and 5. KOORD_ERR_OUTSIDE for a letter that isn't in its alphabet (lower case
+// The position in degrees that letters and minutes give. Minutes count only at the precisions 3, 4 and 5, and
+// aren't limited to the degree. KOORD_ERR_OUTSIDE for a letter that isn't in its alphabet (lower case
 // included), with `latLon` unchanged, else KOORD_OK.
 KoordStatus GEOREF_ToGeodetic(const GeorefPayload* payload, double latLon[2]);
 
