@@ -10,6 +10,7 @@
 #include "objects/coordinate_init.h"
 #include "objects/coordinate_reference.h"
 #include "objects/coordinate_system.h"
+#include "objects/coordinate_transfer.h"
 #include "objects/geo_date.h"
 #include "objects/zone_coord_operations.h"
 
@@ -25,6 +26,7 @@ TESSARA_CLASS(Multi, CoordinateInit);
 TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);
+TESSARA_CLASS(Singleton, CoordinateTransfer);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS

@@ -7,7 +7,9 @@
 //
 // Accuracy of the method: within 85 degrees of latitude a position shifted out and back returns with a median
 // error below 1e-10 degrees, 99 % of all pairs below 2e-7 degrees, and at worst 4e-6 degrees: the refinement
-// runs only for shifts above a thousandth of a degree.
+// runs only for shifts above a thousandth of a degree. For the same reason the sphere (datum 0), whose step
+// out of the hub differs from the step into it by more than 1 %, misses by up to 1.2e-5 degrees within 0.2
+// degrees of the equator.
 #pragma once
 
 #include <cstdint>

@@ -1,0 +1,31 @@
+// RD, the Dutch national grid (Rijksdriehoeksstelsel): ellipsoid to the Gaussian sphere at Amersfoort, sphere
+// to the plane by an oblique stereographic projection (IOGP Publication 373-7-2, "Coordinate Conversions and
+// Transformations including Formulas", Oblique Stereographic).
+//
+// The calculation is on the ellipsoid of `datum`; a datum id outside 0..238 gives NaN.
+#pragma once
+
+#include <cstdint>
+
+#include "tessara/kernel/koord.h"
+
+namespace tessara {
+
+// Degrees to metres, with the origin at 155000, 463000. Values within 0.0001 m of the grid's limits (easting
+// -100000 and 400000, northing 200000 and 700000) are snapped onto them; values outside aren't refused. The
+// antipode of the origin, which has no image, gives the origin.
+void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t datum);
+
+// Metres to degrees. Points within a millimetre of the origin in both axes give the origin; values far
+// outside the grid may give NaN.
+void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t datum);
+
+// Geometric mean of the radii of curvature at a latitude in radians, metres.
+[[nodiscard]] double RD_MeanRadius(double lat, double a, double e2);
+
+// Latitude on the Gaussian sphere of a latitude on an ellipsoid of eccentricity e, and back; radians. n and m
+// are the sphere's exponent and factor.
+[[nodiscard]] double RD_GaussLatitude(double lat, double e, double n, double m);
+[[nodiscard]] double RD_LatitudeFromGauss(double b, double e, double n, double m);
+
+}  // namespace tessara

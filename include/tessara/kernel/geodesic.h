@@ -1,0 +1,59 @@
+// Geodesics on an ellipsoid of revolution: the point at a distance and an azimuth, and the distance and
+// azimuths between two points. Distances are metres; angles are degrees, azimuths clockwise from north in
+// 0..360.
+//
+// The method is of the Vincenty family, in a form with the third flattening: reduced latitudes come from a
+// sine series, arcs from expansions in the parameter (u - 1)/(u + 1) of the great ellipse (T. Vincenty,
+// "Direct and Inverse Solutions of Geodesics on the Ellipsoid with Application of Nested Equations", Survey
+// Review XXIII 176, 1975, and its modification of 1976). The direct solution is closed; the inverse one
+// iterates on the longitude of the auxiliary sphere. Away from the antipode both are good to better than a
+// millimetre.
+#pragma once
+
+#include <cstdint>
+
+#include "tessara/kernel/koord.h"
+#include "tessara/kernel/koord_status.h"
+
+namespace tessara {
+
+// What both core functions return: the direct one fills the names on the left, the inverse one those on the
+// right.
+struct GeodesicResult {
+    union {
+        double latitude;
+        double distance;
+    };
+    union {
+        double longitude;
+        double azimuth12;
+    };
+    union {
+        double backAzimuth;
+        double azimuth21;
+    };
+};
+
+// The semi-axes a and b in metres of a datum's ellipsoid; both NaN for an id outside 0..238.
+void Geodesic_LoadAxes(double axes[2], std::int32_t datum);
+
+// The point at `distance` from (lat, lon) in the direction of `azimuth`, and the azimuth back from there. The
+// longitude isn't brought into -180..180. A distance may be negative.
+[[nodiscard]] GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, double azimuth,
+                                                 double a, double b);
+
+// Distance and azimuths of the shortest way from point 1 to point 2; azimuth21 is the direction back at
+// point 2. A negative distance says that there is no solution; the azimuths then mean nothing. An argument
+// that isn't finite has none. Coincident points have distance 0.0 and, as no direction is theirs, azimuths 90
+// and 270.
+//
+// Near the antipode the iteration may not converge. If the latitudes then add up to less than 5 degrees and
+// the longitude is within about 26 degrees of the antipode's, the way is put together from two geodesics that
+// meet on the meridian half-way, at the latitude which a one-dimensional search finds; otherwise there is no
+// solution. The search stops at a step that changes the length by 0.01 m or less, so the way has a slight
+// bend and is too long, commonly by less than a metre and in bad cases by several hundred; its azimuths are
+// those of the two halves and may be off by degrees.
+[[nodiscard]] GeodesicResult Geodesic_InverseCore(double lat1, double lon1, double lat2, double lon2,
+                                                  double a, double b);
+
+}  // namespace tessara

@@ -1,0 +1,36 @@
+// CH, the Swiss national grid (LV03): ellipsoid to conformal sphere, sphere to a Mercator cylinder that
+// touches it along the great circle through Bern (swisstopo, "Formulas and constants for the calculation of
+// the Swiss conformal cylindrical projection and for the transformation between coordinate systems", rigorous
+// formulas).
+//
+// The calculation is fixed to the Bessel ellipsoid of this grid, whatever the datum of the record says.
+#pragma once
+
+#include "tessara/kernel/koord.h"
+#include "tessara/kernel/koord_status.h"
+
+namespace tessara {
+
+struct CHConstants {
+    double lon0, lat0;  // origin in Bern, radians
+    double degPerRad;
+    double e;       // eccentricity of the ellipsoid
+    double radius;  // of the sphere, metres
+    double b0;      // latitude of the origin on the sphere, radians
+    double alpha;   // longitude on the sphere per longitude on the ellipsoid
+    double k;       // integration constant of the conformal sphere
+};
+
+void CH_LoadConstants(CHConstants* constants);
+
+// Degrees to metres, with the origin at 600000, 200000. Values within 0.0001 m of the grid's limits (easting
+// -200000 and 1500000, northing -300000 and 600000) are snapped onto them; values outside aren't refused.
+// Near the origin's antipode the result is that of a point near the origin. Always KOORD_OK; a latitude
+// beyond a pole gives NaN.
+KoordStatus CH_FromGeodetic(const double latLon[2], GridPayload* payload);
+
+// Metres to degrees. Always KOORD_OK; values that lie on no point of the cylinder give NaN or a point outside
+// the grid.
+KoordStatus CH_ToGeodetic(const GridPayload* payload, double latLon[2]);
+
+}  // namespace tessara

@@ -1,0 +1,169 @@
+#include "tessara/kernel/lambert.h"
+
+#include <cmath>
+
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
+#include "tessara/kernel/projection_math.h"
+
+namespace tessara {
+namespace {
+
+constexpr double LATITUDE_TOLERANCE = 1e-13;  // radians
+// The iterations gain two digits a step; the bound ends what no ellipsoid of the table gives.
+constexpr int LATITUDE_ITERATIONS = 100;
+
+constexpr double PARIS = 2.33722917;  // degrees east of Greenwich
+
+struct FrenchZone {
+    double lat0, radius0, x0, y0;
+};
+
+constexpr FrenchZone FRENCH_ZONES[] = {
+    {49.5, 5457616.68, 600000.0, 1200000.0},
+    {46.8, 5999695.77, 600000.0, 2200000.0},
+    {44.1, 6591905.08, 600000.0, 3200000.0},
+    {42.165, 7053300.18, 234.358, 4185861.369},
+};
+constexpr std::int32_t FRENCH_ZONE_COUNT = 4;
+
+// Direction of the vector in 0..2 pi, clockwise from the first axis.
+double Bearing(double u, double v) {
+    if (v == 0.0) return u >= 0.0 ? 0.0 : PI;
+    const double bearing = HALF_PI - std::atan(u / v);
+    return v < 0.0 ? bearing + PI : bearing;
+}
+
+bool HasOneParallel(const LambertCC& lcc) {
+    return lcc.parallel1 == lcc.parallel2;
+}
+
+double ParallelRadius(double lat, double e2) {
+    const double sinLat = std::sin(lat);
+    return std::cos(lat) / std::sqrt(1.0 - sinLat * sinLat * e2);
+}
+
+// The latitude whose negative isometric latitude is ln t.
+double LatitudeFromT(double t, double e) {
+    double lat = HALF_PI - 2.0 * std::atan(t);
+    double step = 0.0;
+    int count = 0;
+    do {
+        const double old = lat;
+        const double eSin = e * std::sin(old);
+        lat = HALF_PI - 2.0 * std::atan(t * std::pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
+        step = std::fabs(lat - old);
+    } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
+    return lat;
+}
+
+double LatitudeFromIsometricLatitude(double psi, double e) {
+    double lat = psi;
+    double step = 0.0;
+    int count = 0;
+    do {
+        const double old = lat;
+        lat = std::asin(std::tanh(Atanh(std::sin(old) * e) * e + psi));
+        step = std::fabs(old - lat);
+    } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
+    return lat;
+}
+
+double IsometricOrigin(const LambertFR& lambert) {
+    return IsometricLatitude(lambert.e, lambert.lat0 * RADIANS_PER_DEGREE);
+}
+
+}  // namespace
+
+KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel2, double scale,
+                           double falseEasting, double falseNorthing, double lat0, double lon0,
+                           LambertCC* lcc) {
+    *lcc = LambertCC{};
+    const DatumRow* row = Datum_Row(datum);
+    if (!row) return KOORD_ERR_DATUM;
+    lcc->datum = datum;
+    lcc->parallel1Deg = parallel1;
+    lcc->parallel2Deg = parallel2;
+    lcc->lon0Deg = lon0;
+    lcc->a = row->a;
+    lcc->e = std::sqrt(row->e2);
+    lcc->e2 = lcc->e * lcc->e;
+    lcc->parallel1 = parallel1 * RADIANS_PER_DEGREE;
+    lcc->parallel2 = parallel2 * RADIANS_PER_DEGREE;
+    lcc->falseEasting = falseEasting;
+    lcc->falseNorthing = falseNorthing;
+    lcc->scale = scale;
+    lcc->lat0 = lat0 * RADIANS_PER_DEGREE;
+    lcc->lon0 = lon0 * RADIANS_PER_DEGREE;
+    lcc->t0 = std::exp(IsometricLatitude(lcc->e, -lcc->lat0));
+    lcc->t1 = std::exp(IsometricLatitude(lcc->e, -lcc->parallel1));
+    lcc->t2 = std::exp(IsometricLatitude(lcc->e, -lcc->parallel2));
+    lcc->m1 = ParallelRadius(lcc->parallel1, lcc->e2);
+    lcc->m2 = ParallelRadius(lcc->parallel2, lcc->e2);
+    lcc->n = HasOneParallel(*lcc)
+                 ? std::sin(lcc->parallel1)
+                 : (std::log(lcc->m1) - std::log(lcc->m2)) / (std::log(lcc->t1) - std::log(lcc->t2));
+    lcc->F = lcc->m1 / (std::pow(lcc->t1, lcc->n) * lcc->n);
+    lcc->rho0 = lcc->a * lcc->F * std::pow(lcc->t0, lcc->n);
+    return KOORD_OK;
+}
+
+void LambertCC_Forward(const double latLon[2], double* easting, double* northing, const LambertCC* lcc) {
+    const double t = std::exp(IsometricLatitude(lcc->e, -(latLon[0] * RADIANS_PER_DEGREE)));
+    const double theta = (latLon[1] * RADIANS_PER_DEGREE - lcc->lon0) * lcc->n;
+    const double rho = lcc->a * lcc->F * std::pow(t, lcc->n);
+    const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
+    *easting = std::sin(theta) * rho * scale + lcc->falseEasting;
+    *northing = (lcc->rho0 - std::cos(theta) * rho) * scale + lcc->falseNorthing;
+}
+
+void LambertCC_Inverse(double easting, double northing, double latLon[2], const LambertCC* lcc) {
+    const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
+    const double E = (easting - lcc->falseEasting) / scale;
+    const double N = (northing - lcc->falseNorthing) / scale;
+    const double fromApex = lcc->rho0 - N;
+    const double rho = SignOf(lcc->n) * std::sqrt(E * E + fromApex * fromApex);
+    const double t = std::pow(rho / lcc->a / lcc->F, 1.0 / lcc->n);
+    double angle = lcc->n >= 0.0 ? Bearing(fromApex, E) : Bearing(-fromApex, -E);
+    if (angle > PI) angle -= TWO_PI;
+    latLon[0] = LatitudeFromT(t, lcc->e) * DEGREES_PER_RADIAN;
+    latLon[1] = (angle / lcc->n + lcc->lon0) * DEGREES_PER_RADIAN;
+}
+
+void LambertFR_Init(std::int32_t zone, std::int32_t datum, LambertFR* lambert) {
+    *lambert = LambertFR{};
+    lambert->zone = zone;
+    lambert->datum = datum;
+    lambert->lon0 = PARIS;
+    lambert->e = std::sqrt(Datum_EccentricitySquared(datum));
+    if (zone < 1 || zone > FRENCH_ZONE_COUNT) return;
+    const FrenchZone& row = FRENCH_ZONES[zone - 1];
+    lambert->lat0 = row.lat0;
+    lambert->radius0 = row.radius0;
+    lambert->x0 = row.x0;
+    lambert->y0 = row.y0;
+    lambert->n = std::sin(lambert->lat0 * RADIANS_PER_DEGREE);
+}
+
+void LambertFR_Forward(const double latLon[2], double* x, double* y, const LambertFR* lambert) {
+    const double n = lambert->n;
+    const double g = (latLon[1] - lambert->lon0) * RADIANS_PER_DEGREE * n;
+    const double R = std::exp(-n * IsometricLatitude(lambert->e, latLon[0] * RADIANS_PER_DEGREE)) *
+                     std::exp(n * IsometricOrigin(*lambert)) * lambert->radius0;
+    *x = std::sin(g) * R + lambert->x0;
+    *y = (lambert->y0 + lambert->radius0) - std::cos(g) * R;
+}
+
+void LambertFR_Inverse(double x, double y, double latLon[2], const LambertFR* lambert) {
+    const double n = lambert->n;
+    const double dx = x - lambert->x0;
+    const double dy = y - lambert->y0 - lambert->radius0;
+    const double R = std::sqrt(dx * dx + dy * dy);
+    const double gamma = std::atan(dx / (lambert->y0 + lambert->radius0 - y));
+    const double L =
+        std::log(std::fabs(R / (std::exp(IsometricOrigin(*lambert) * n) * lambert->radius0))) * (-1.0 / n);
+    latLon[0] = LatitudeFromIsometricLatitude(L, lambert->e) * DEGREES_PER_RADIAN;
+    latLon[1] = gamma / n * DEGREES_PER_RADIAN + lambert->lon0;
+}
+
+}  // namespace tessara

@@ -1,0 +1,137 @@
+#include "tessara/kernel/lettered_grids.h"
+
+#include <cmath>
+#include <string_view>
+
+#include "kernel/letters.h"
+#include "kernel/numeric.h"
+#include "tessara/kernel/limits.h"
+
+namespace tessara {
+namespace {
+
+struct LetteredGrid {
+    TmParams projection;
+    Limits limits;               // the lower ones are 0
+    std::string_view squares;    // letters of the 500 km squares, row by row from the south-west
+    std::int32_t squareColumns;  // how many make a row
+    bool roundsFullValues;       // full values without letters count as whole metres
+};
+
+constexpr LetteredGrid BRITISH = {
+    .projection = {-2.0, 49.0, 400000.0, -100000.0, 0.9996012717},
+    .limits = BNG_LIMITS,
+    .squares = "STNOHJ",
+    .squareColumns = 2,
+    .roundsFullValues = false,
+};
+
+constexpr LetteredGrid IRISH = {
+    .projection = {-8.0, 53.5, 200000.0, 250000.0, 1.000035},
+    .limits = ING_LIMITS,
+    .squares = "I",
+    .squareColumns = 1,
+    .roundsFullValues = true,
+};
+
+// Letters of the 100 km squares within a 500 km square, row by row from the south-west.
+constexpr std::string_view SUB_SQUARES = "VWXYZQRSTULMNOPFGHJKABCDE";
+constexpr std::int32_t SUB_SQUARE_COLUMNS = 5;
+
+constexpr double SQUARE = 500000.0;      // metres
+constexpr double SUB_SQUARE = 100000.0;  // metres
+constexpr std::int32_t SUB_SQUARE_METRES = 100000;
+
+// The upper limit itself is part of the grid, and its letters are those of the last square.
+double WithinLastSquare(double value, double limit) {
+    return value == limit ? limit - LIMIT_TOLERANCE_METRES : value;
+}
+
+double MetresInSubSquare(double value) {
+    return TruncateToInt32(value) % SUB_SQUARE_METRES;
+}
+
+double PreferFullValue(double address, double full) {
+    return std::fabs(address - full) < 1.0 ? full : address;
+}
+
+KoordStatus FromGeodetic(const LetteredGrid& grid, const double latLon[2], LetterGridPayload* payload,
+                         const TmConstants* forward) {
+    double easting, northing;
+    TM_ForwardParam(latLon, &grid.projection, &easting, &northing, forward);
+    const Limits& limits = grid.limits;
+    easting = SnapToEither(limits.west, limits.east, easting, LIMIT_TOLERANCE_METRES);
+    northing = SnapToEither(limits.south, limits.north, northing, LIMIT_TOLERANCE_METRES);
+    if (!IsWithin(easting, limits.west, limits.east) || !IsWithin(northing, limits.south, limits.north)) {
+        return KOORD_ERR_GRID_RANGE;
+    }
+
+    const double east = WithinLastSquare(easting, limits.east);
+    const double north = WithinLastSquare(northing, limits.north);
+    const std::int32_t square =
+        grid.squareColumns * TruncateToInt32(north / SQUARE) + TruncateToInt32(east / SQUARE);
+    const std::int32_t column = TruncateToInt32(east / SUB_SQUARE) % SUB_SQUARE_COLUMNS;
+    const std::int32_t row = TruncateToInt32(north / SUB_SQUARE) % SUB_SQUARE_COLUMNS;
+
+    payload->square = LetterAt(grid.squares, square);
+    payload->subSquare = LetterAt(SUB_SQUARES, SUB_SQUARE_COLUMNS * row + column);
+    payload->easting = MetresInSubSquare(east);
+    payload->northing = MetresInSubSquare(north);
+    payload->fullEasting = easting;
+    payload->fullNorthing = northing;
+    return KOORD_OK;
+}
+
+struct GridValues {
+    double easting, northing;
+};
+
+// The grid values that a payload's letters and metres stand for; false for letters that aren't the grid's.
+bool ResolveLetters(const LetteredGrid& grid, const LetterGridPayload& payload, GridValues* values) {
+    const std::int32_t square = LetterIndex(grid.squares, UpperCase(payload.square));
+    const std::int32_t subSquare = LetterIndex(SUB_SQUARES, UpperCase(payload.subSquare));
+    if (square == NO_LETTER || subSquare == NO_LETTER) return false;
+
+    const double easting =
+        square % grid.squareColumns * SQUARE + payload.easting + subSquare % SUB_SQUARE_COLUMNS * SUB_SQUARE;
+    const double northing =
+        square / grid.squareColumns * SQUARE + payload.northing + subSquare / SUB_SQUARE_COLUMNS * SUB_SQUARE;
+    values->easting = PreferFullValue(easting, payload.fullEasting);
+    values->northing = PreferFullValue(northing, payload.fullNorthing);
+    return true;
+}
+
+GridValues FullValues(const LetteredGrid& grid, const LetterGridPayload& payload) {
+    if (!grid.roundsFullValues) return {payload.fullEasting, payload.fullNorthing};
+    return {std::trunc(payload.fullEasting + 0.5), std::trunc(payload.fullNorthing + 0.5)};
+}
+
+KoordStatus ToGeodetic(const LetteredGrid& grid, const LetterGridPayload* payload, double latLon[2],
+                       const TmConstants* forward, const TmConstants* inverse) {
+    GridValues values = FullValues(grid, *payload);
+    const bool hasLetters = payload->square != '\0' && payload->subSquare != '\0';
+    if (hasLetters && !ResolveLetters(grid, *payload, &values)) return KOORD_ERR_GRID_RANGE;
+    return TM_InverseParam(values.easting, values.northing, &grid.projection, latLon, forward, inverse);
+}
+
+}  // namespace
+
+KoordStatus BNG_FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
+    return FromGeodetic(BRITISH, latLon, payload, forward);
+}
+
+KoordStatus ING_FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
+    return FromGeodetic(IRISH, latLon, payload, forward);
+}
+
+KoordStatus BNG_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants* forward,
+                           const TmConstants* inverse) {
+    return ToGeodetic(BRITISH, payload, latLon, forward, inverse);
+}
+
+KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants* forward,
+                           const TmConstants* inverse) {
+    return ToGeodetic(IRISH, payload, latLon, forward, inverse);
+}
+
+}  // namespace tessara

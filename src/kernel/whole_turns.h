@@ -1,0 +1,27 @@
+// Whole turns taken off a value of any size in a bounded number of steps.
+#pragma once
+
+#include <cmath>
+
+namespace tessara {
+
+// The value within -half..half after whole turns of twice `half`; both ends stand. An infinite value gives
+// NaN.
+[[nodiscard]] inline double TakeWholeTurnsOff(double value, double half) {
+    const double rest = std::fmod(value, 2.0 * half);
+    if (rest > half) return rest - 2.0 * half;
+    if (rest < -half) return rest + 2.0 * half;
+    return rest;
+}
+
+// The first of value, value - turn, value - 2 turn ... that is at most `limit`.
+[[nodiscard]] inline double LowerByTurns(double value, double limit, double turn) {
+    return value > limit ? value - turn * std::ceil((value - limit) / turn) : value;
+}
+
+// The first of value, value + turn, value + 2 turn ... that is at least `limit`.
+[[nodiscard]] inline double RaiseByTurns(double value, double limit, double turn) {
+    return -LowerByTurns(-value, -limit, turn);
+}
+
+}  // namespace tessara

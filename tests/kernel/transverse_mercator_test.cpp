@@ -1,0 +1,502 @@
+#include "tessara/kernel/transverse_mercator.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "support/random.h"
+#include "support/reference_file.h"
+#include "support/tm_constants.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
+
+namespace tessara {
+namespace {
+
+using ::tessara::testing::ForwardConstants;
+using ::tessara::testing::InverseConstants;
+using ::tessara::testing::Random;
+using ::tessara::testing::ReadReferenceFile;
+using ::tessara::testing::ReferenceRow;
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double DEGREE = 0.0174532925199433;
+
+constexpr std::int32_t KUGEL = 0;
+constexpr std::int32_t GER = 3;  // on the Bessel ellipsoid
+
+// Metres on the way out, and on the way back degrees that are metres at 111 km a degree.
+constexpr double REFERENCE_TOLERANCE = 5e-6;
+// The coefficient 1/61440 of the inverse series costs 1.3e-6 m.
+constexpr double ROUND_TRIP_TOLERANCE = 2e-6;
+constexpr double METRES_PER_DEGREE = 111000.0;
+
+struct Grid {
+    double easting;
+    double northing;
+};
+
+struct Geodetic {
+    double lat;
+    double lon;
+};
+
+Grid Forward(double dLonDegrees, double latDegrees, const TmConstants& c, double k = 1.0) {
+    Grid grid{};
+    TM_Forward(dLonDegrees * DEGREE, latDegrees * DEGREE, k, 0.0, 0.0, &grid.easting, &grid.northing, &c);
+    return grid;
+}
+
+Geodetic Inverse(double easting, double northing, const TmConstants& c, double k = 1.0) {
+    Geodetic position{};
+    TM_Inverse(easting, northing, k, 0.0, 0.0, 0.0, &position.lon, &position.lat, &c);
+    return position;
+}
+
+double Arc(double lat, const double arcCoef[5]) {
+    double result = 0.0;
+    TM_Arc(lat, arcCoef, &result);
+    return result;
+}
+
+double Isometric(double lat, double e) {
+    double psi = 0.0;
+    IsometricLatitude_Tm(lat, e, &psi);
+    return psi;
+}
+
+double FromIsometric(double psi, double e, double tolerance = 1e-11) {
+    double lat = 0.0;
+    LatitudeFromIsometric(psi, e, tolerance, &lat);
+    return lat;
+}
+
+TEST(TmConstants, FailOutsideTheDatumTableAndChangeNothing) {
+    for (const std::int32_t datum : {-1, 239, INT32_MIN, INT32_MAX}) {
+        TmConstants c{};
+        c.datum = 77;
+        c.arcCoef[0] = 5.0;
+        EXPECT_EQ(TM_LoadForwardConstants(datum, &c), KOORD_ERR_DATUM);
+        EXPECT_EQ(TM_LoadInverseConstants(datum, &c), KOORD_ERR_DATUM);
+        EXPECT_EQ(c.datum, 77);
+        EXPECT_EQ(c.arcCoef[0], 5.0);
+    }
+}
+
+TEST(TmConstants, AreThereForEveryDatum) {
+    for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
+        EXPECT_EQ(ForwardConstants(datum).datum, datum);
+        EXPECT_EQ(InverseConstants(datum).datum, datum);
+    }
+}
+
+TEST(TmConstants, OfTheSphereHaveNoSeries) {
+    for (const TmConstants& c : {ForwardConstants(KUGEL), InverseConstants(KUGEL)}) {
+        EXPECT_EQ(c.arcCoef[0], 1.0);
+        EXPECT_EQ(c.seriesCoef[0], 1.0);
+        for (int j = 1; j < 5; ++j) {
+            EXPECT_EQ(c.arcCoef[j], 0.0);
+            EXPECT_EQ(c.seriesCoef[j], 0.0);
+        }
+        EXPECT_EQ(c.polarRadius, 6371000.0);
+        EXPECT_EQ(c.secondEcc2, 0.0);
+    }
+}
+
+struct Fractions {
+    double numerator[5];
+    double denominator[5];
+};
+
+void ExpectPolynomials(const double coefficients[5], const Fractions (&rows)[5], double e2) {
+    for (int i = 0; i < 5; ++i) {
+        double expected = 0.0;
+        for (int j = 4; j >= 0; --j)
+            expected = expected * e2 + rows[i].numerator[j] / rows[i].denominator[j];
+        // A unit in the last place of each of the five terms.
+        EXPECT_NEAR(coefficients[i], expected, 5e-16 * std::fabs(expected)) << "row " << i;
+    }
+}
+
+constexpr Fractions RECTIFYING = {{1, -1, -3, -5, -175}, {1, 4, 64, 256, 16384}};
+
+TEST(TmConstants, ArePolynomialsOfTheEccentricity) {
+    const Fractions arc[5] = {
+        RECTIFYING,
+        {{0, -3, -3, -45, -105}, {1, 8, 32, 1024, 4096}},
+        {{0, 0, 15, 45, 525}, {1, 1, 256, 1024, 16384}},
+        {{0, 0, 0, -35, -175}, {1, 1, 1, 3072, 12288}},
+        {{0, 0, 0, 0, 315}, {1, 1, 1, 1, 131072}},
+    };
+    const Fractions forward[5] = {
+        RECTIFYING,
+        {{0, 1, -1, -9, -901}, {1, 8, 96, 1024, 184320}},
+        {{0, 0, 13, 17, -311}, {1, 1, 768, 5120, 737280}},
+        {{0, 0, 0, 61, 899}, {1, 1, 1, 15360, 430080}},
+        {{0, 0, 0, 0, 49561}, {1, 1, 1, 1, 41287680}},
+    };
+    const Fractions inverse[5] = {
+        RECTIFYING,
+        {{0, 1, 1, 7, 1}, {1, 8, 48, 2048, 61440}},
+        {{0, 0, 1, 3, 559}, {1, 1, 768, 1280, 368640}},
+        {{0, 0, 0, 17, 283}, {1, 1, 1, 30720, 430080}},
+        {{0, 0, 0, 0, 4397}, {1, 1, 1, 1, 41287680}},
+    };
+    for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
+        const double e2 = Datum_EccentricitySquared(datum);
+        ExpectPolynomials(ForwardConstants(datum).arcCoef, arc, e2);
+        ExpectPolynomials(InverseConstants(datum).arcCoef, arc, e2);
+        ExpectPolynomials(ForwardConstants(datum).seriesCoef, forward, e2);
+        ExpectPolynomials(InverseConstants(datum).seriesCoef, inverse, e2);
+    }
+}
+
+// The same series in the third flattening n, as C. F. F. Karney, "Transverse Mercator with an accuracy of a
+// few nanometers", 2011, has them in equations 35 and 36. What is left over is of the fifth power of e2,
+// 1e-11, times a coefficient of about 0.01; but the first inverse coefficient differs by (1/61440 +
+// 17/184320) e2^4 = 2.2e-13.
+TEST(TmConstants, AreTheKruegerSeries) {
+    const double f = 1.0 / 298.257223563;
+    const double n = f / (2.0 - f);
+    const double n2 = n * n, n3 = n2 * n, n4 = n2 * n2;
+    const double alpha[5] = {1.0, n / 2.0 - 2.0 / 3.0 * n2 + 5.0 / 16.0 * n3 + 41.0 / 180.0 * n4,
+                             13.0 / 48.0 * n2 - 3.0 / 5.0 * n3 + 557.0 / 1440.0 * n4,
+                             61.0 / 240.0 * n3 - 103.0 / 140.0 * n4, 49561.0 / 161280.0 * n4};
+    const double beta[5] = {1.0, n / 2.0 - 2.0 / 3.0 * n2 + 37.0 / 96.0 * n3 - 1.0 / 360.0 * n4,
+                            1.0 / 48.0 * n2 + 1.0 / 15.0 * n3 - 437.0 / 1440.0 * n4,
+                            17.0 / 480.0 * n3 - 37.0 / 840.0 * n4, 4397.0 / 161280.0 * n4};
+    const double rectifying = (1.0 + n2 / 4.0 + n4 / 64.0) / (1.0 + n);  // of the semi-major axis
+    const TmConstants forward = ForwardConstants(DATUM_WGS84);
+    const TmConstants inverse = InverseConstants(DATUM_WGS84);
+    EXPECT_NEAR(forward.seriesCoef[0], rectifying, 2e-13);
+    EXPECT_NEAR(inverse.seriesCoef[0], rectifying, 2e-13);
+    for (int j = 1; j < 5; ++j) {
+        EXPECT_NEAR(forward.seriesCoef[j], rectifying * alpha[j], 2e-13) << j;
+        EXPECT_NEAR(inverse.seriesCoef[j], beta[j], j == 1 ? 4e-13 : 2e-13) << j;
+    }
+    const double e2 = Datum_EccentricitySquared(DATUM_WGS84);
+    EXPECT_NEAR(inverse.seriesCoef[1] - beta[1], (1.0 / 61440.0 + 17.0 / 184320.0) * e2 * e2 * e2 * e2,
+                2e-14);
+}
+
+// Grossmann, "Geodaetische Rechnungen und Abbildungen in der Landesvermessung", 1976: the meridian arc of the
+// Bessel ellipsoid and its footpoint latitude, to their printed digits. The terms here end one power earlier
+// than those printed, which is 5e-5 m.
+TEST(TmConstants, HoldTheClassicalArcOfTheBesselEllipsoid) {
+    const TmConstants forward = ForwardConstants(GER);
+    EXPECT_NEAR(forward.arcPerDegree, 111120.61962, 1e-4);
+    EXPECT_NEAR(forward.arcTerm[0], -15988.63853, 1e-4);
+    EXPECT_NEAR(forward.arcTerm[1], 16.72995, 1e-4);
+    EXPECT_NEAR(forward.arcTerm[2], -0.02178, 1e-5);
+    const TmConstants inverse = InverseConstants(GER);
+    EXPECT_EQ(inverse.arcPerDegree, forward.arcPerDegree);
+    EXPECT_NEAR(inverse.arcTerm[0], 0.143885, 1e-6);
+    EXPECT_NEAR(inverse.arcTerm[1], 0.000211, 1e-6);
+    EXPECT_NEAR(inverse.arcTerm[2], 0.0000004, 1e-7);
+}
+
+TEST(TmConstants, HoldTheSecondEccentricityAndThePolarRadiusOfWgs84) {
+    // NIMA TR 8350.2, third edition, table 3.3: e'^2 6.73949674228e-3, c 6399593.6258 m.
+    const TmConstants c = ForwardConstants(DATUM_WGS84);
+    EXPECT_NEAR(c.secondEcc2, 6.73949674228e-3, 5e-15);
+    EXPECT_NEAR(c.polarRadius, 6399593.6258, 5e-5);
+}
+
+TEST(TmConstants, LeadFromALatitudeToItsArcAndBack) {
+    const TmConstants forward = ForwardConstants(GER);
+    const TmConstants inverse = InverseConstants(GER);
+    const double a = Datum_SemiMajorAxis(GER);
+    for (double lat = -90.0; lat <= 90.0; lat += 7.5) {
+        double arc = forward.arcPerDegree * lat;
+        for (int j = 0; j < 3; ++j)
+            arc += forward.arcTerm[j] * std::sin(2.0 * (j + 1) * lat * DEGREE);
+        EXPECT_NEAR(arc, a * Arc(lat * DEGREE, forward.arcCoef), 2e-4)
+            << lat;  // metres: the missing fourth term
+        const double sigma = arc / inverse.arcPerDegree;
+        double footpoint = sigma;
+        for (int j = 0; j < 3; ++j)
+            footpoint += inverse.arcTerm[j] * std::sin(2.0 * (j + 1) * sigma * DEGREE);
+        EXPECT_NEAR(footpoint, lat, 2e-8) << lat;  // degrees: 0.002 m
+    }
+}
+
+TEST(TmArc, IsTheLengthOfTheMeridian) {
+    const TmConstants c = ForwardConstants(DATUM_WGS84);
+    // The quadrant of WGS84 is 10001965.729 m.
+    EXPECT_NEAR(WGS84_A * Arc(HALF_PI, c.arcCoef), 10001965.729, 5e-4);
+    EXPECT_EQ(Arc(0.0, c.arcCoef), 0.0);
+    // Simpson's rule on the radius of curvature (1 - e2) / (1 - e2 sin^2)^1.5.
+    const double e2 = Datum_EccentricitySquared(DATUM_WGS84);
+    const auto radius = [e2](double lat) {
+        return (1.0 - e2) / std::pow(1.0 - e2 * std::sin(lat) * std::sin(lat), 1.5);
+    };
+    for (const double degrees : {1.0, 30.0, 45.0, 60.0, 89.0}) {
+        const double lat = degrees * DEGREE;
+        constexpr int steps = 200;
+        double sum = radius(0.0) + radius(lat);
+        for (int i = 1; i < steps; ++i)
+            sum += (i % 2 == 1 ? 4.0 : 2.0) * radius(lat * i / steps);
+        // A relative 1e-11: the fifth power of e2 is left over.
+        EXPECT_NEAR(Arc(lat, c.arcCoef), sum * lat / steps / 3.0, 1e-12) << degrees;
+    }
+}
+
+TEST(IsometricLatitudeTm, IsTheClosedForm) {
+    for (const double e : {0.0, 0.0818, 0.3}) {
+        for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
+            const double s = std::sin(degrees * DEGREE);
+            EXPECT_NEAR(Isometric(degrees * DEGREE, e), std::atanh(s) - e * std::atanh(e * s), 1e-13);
+        }
+    }
+}
+
+// 90 degrees times the degree factor is a little more than pi/2.
+TEST(IsometricLatitudeTm, IsNotANumberAtAndBeyondThePoles) {
+    for (const double degrees : {90.0, -90.0, 95.0, -100.0, NOT_A_NUMBER, INFINITE})
+        EXPECT_TRUE(std::isnan(Isometric(degrees * DEGREE, 0.0818))) << degrees;
+}
+
+TEST(LatitudeFromIsometric, InvertsTheIsometricLatitude) {
+    for (const double e : {0.0, 0.0818, 0.3}) {
+        for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
+            const double lat = degrees * DEGREE;
+            EXPECT_NEAR(FromIsometric(Isometric(lat, e), e), lat, 1e-11);
+        }
+    }
+    EXPECT_NEAR(FromIsometric(INFINITE, 0.0818), 1.5707963267948966, 2e-15);
+    EXPECT_NEAR(FromIsometric(-INFINITE, 0.0818), -1.5707963267948966, 2e-15);
+}
+
+TEST(LatitudeFromIsometric, EndsOnWhatIsNotANumberAndOnTolerancesOutOfReach) {
+    EXPECT_TRUE(std::isnan(FromIsometric(NOT_A_NUMBER, 0.0818)));
+    EXPECT_TRUE(std::isnan(FromIsometric(1.0, NOT_A_NUMBER)));
+    EXPECT_NEAR(FromIsometric(1.0, 0.0818, 0.0), FromIsometric(1.0, 0.0818), 1e-11);
+    EXPECT_NEAR(FromIsometric(1.0, 0.0818, -1.0), FromIsometric(1.0, 0.0818), 1e-11);
+    EXPECT_NEAR(FromIsometric(1.0, 0.0818, NOT_A_NUMBER), FromIsometric(1.0, 0.0818), 1e-2);
+}
+
+TEST(TmForward, HasNoEastingOnTheCentralMeridian) {
+    for (const std::int32_t datum : {KUGEL, DATUM_WGS84, GER}) {
+        const TmConstants c = ForwardConstants(datum);
+        for (const double lat : {-84.0, -1.0, 0.0, 45.0, 84.0}) {
+            double easting = 0.0;
+            double northing = 0.0;
+            TM_Forward(0.0, lat * DEGREE, 0.9996, 500000.0, 0.0, &easting, &northing, &c);
+            EXPECT_EQ(easting, 500000.0);
+        }
+    }
+}
+
+// tan(pi/4) in doubles is 1 - 1e-16, which is 7e-10 m.
+TEST(TmForward, HasTheFalseNorthingAtTheEquator) {
+    double easting = 0.0;
+    double northing = 0.0;
+    const TmConstants c = ForwardConstants(DATUM_WGS84);
+    TM_Forward(0.0, 0.0, 1.0, 500000.0, 300000.0, &easting, &northing, &c);
+    EXPECT_NEAR(northing, 300000.0, 1e-8);
+}
+
+// J. P. Snyder, "Map Projections - A Working Manual", 1987, equations 8-1 to 8-3, for the sphere.
+TEST(TmForward, IsTheClosedFormOnTheSphere) {
+    const TmConstants c = ForwardConstants(KUGEL);
+    for (double lat = -88.0; lat <= 88.0; lat += 8.0) {
+        for (double dLon = -80.0; dLon <= 80.0; dLon += 10.0) {
+            const double b = std::cos(lat * DEGREE) * std::sin(dLon * DEGREE);
+            const Grid grid = Forward(dLon, lat, c, 0.9996);
+            EXPECT_NEAR(grid.easting, 0.9996 * 6371000.0 * std::atanh(b), 2e-8) << lat << ' ' << dLon;
+            EXPECT_NEAR(grid.northing,
+                        0.9996 * 6371000.0 * std::atan(std::tan(lat * DEGREE) / std::cos(dLon * DEGREE)),
+                        2e-8)
+                << lat << ' ' << dLon;
+        }
+    }
+}
+
+TEST(TmForward, IsSymmetricToTheMeridianAndTheEquator) {
+    const TmConstants c = ForwardConstants(GER);
+    const Grid grid = Forward(2.5, 51.0, c);
+    EXPECT_EQ(Forward(-2.5, 51.0, c).easting, -grid.easting);
+    EXPECT_EQ(Forward(-2.5, 51.0, c).northing, grid.northing);
+    EXPECT_NEAR(Forward(2.5, -51.0, c).easting, grid.easting, 1e-8);
+    EXPECT_NEAR(Forward(2.5, -51.0, c).northing, -grid.northing, 1e-8);
+}
+
+TEST(TmForward, IsNotANumberAtThePole) {
+    const TmConstants c = ForwardConstants(GER);
+    EXPECT_TRUE(std::isnan(Forward(1.0, 90.0, c).easting));
+    EXPECT_TRUE(std::isnan(Forward(1.0, 90.0, c).northing));
+    EXPECT_TRUE(std::isnan(Forward(1.0, -90.0, c).northing));
+}
+
+// A longitude difference beyond 90 degrees is outside the method: the arctangent gives the other quadrant.
+TEST(TmForward, GivesTheWrongQuadrantBeyondNinetyDegrees) {
+    const TmConstants c = ForwardConstants(DATUM_WGS84);
+    EXPECT_LT(Forward(100.0, 50.0, c).northing, 0.0);
+    EXPECT_GT(Forward(80.0, 50.0, c).northing, 0.0);
+}
+
+TEST(TmInverse, ReturnsFromFiveDegreesOffTheMeridian) {
+    const TmConstants forward = ForwardConstants(GER);
+    const TmConstants inverse = InverseConstants(GER);
+    for (double lat = -84.0; lat <= 84.0; lat += 7.0) {
+        const Grid grid = Forward(5.0, lat, forward);
+        const Geodetic position = Inverse(grid.easting, grid.northing, inverse);
+        EXPECT_NEAR(position.lat, lat, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
+        EXPECT_NEAR(position.lon, 5.0, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE / std::cos(lat * DEGREE));
+    }
+}
+
+// (1/61440 + 17/184320) e2^4 is 2.16e-13 radians or 1.24e-11 degrees on Bessel, times the sine of twice the
+// latitude.
+TEST(TmInverse, MissesTheLatitudeSteadilyByItsCoefficient) {
+    const TmConstants forward = ForwardConstants(GER);
+    const TmConstants inverse = InverseConstants(GER);
+    const Grid north = Forward(0.0, 45.0, forward);
+    EXPECT_NEAR(Inverse(north.easting, north.northing, inverse).lat - 45.0, -1.24e-11, 2e-12);
+    const Grid south = Forward(0.0, -45.0, forward);
+    EXPECT_NEAR(Inverse(south.easting, south.northing, inverse).lat + 45.0, 1.24e-11, 2e-12);
+}
+
+TEST(TmInverse, IsTheClosedFormOnTheSphere) {
+    const TmConstants c = InverseConstants(KUGEL);
+    for (double x = -0.6; x <= 0.6; x += 0.1) {
+        for (double d = -1.5; d <= 1.5; d += 0.25) {
+            const Geodetic position = Inverse(x * 6371000.0, d * 6371000.0, c);
+            EXPECT_NEAR(position.lat / 57.29577951308232, std::asin(std::sin(d) / std::cosh(x)), 1e-14);
+            EXPECT_NEAR(position.lon / 57.29577951308232, std::atan(std::sinh(x) / std::cos(d)), 1e-14);
+        }
+    }
+}
+
+TEST(TmInverse, AddsTheCentralMeridian) {
+    const TmConstants inverse = InverseConstants(GER);
+    double lon = 0.0;
+    double lat = 0.0;
+    TM_Inverse(500000.0, 5540000.0, 1.0, 500000.0, 0.0, -69.0, &lon, &lat, &inverse);
+    EXPECT_NEAR(lon, -69.0, 1e-12);
+}
+
+TEST(TmInverse, EndsOnGridValuesThatAreNone) {
+    const TmConstants inverse = InverseConstants(DATUM_WGS84);
+    for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
+        EXPECT_TRUE(std::isnan(Inverse(bad, 5000000.0, inverse).lat));
+        EXPECT_TRUE(std::isnan(Inverse(100000.0, bad, inverse).lat));
+    }
+    for (const double absurd : {6e8, 1e12, 1e300, -1e300}) {
+        Inverse(absurd, 5000000.0, inverse);
+        Inverse(100000.0, absurd, inverse);
+    }
+    EXPECT_TRUE(std::isnan(Inverse(0.0, 0.0, inverse, 0.0).lat));
+}
+
+TEST(TmForward, IsNotANumberForConstantsOfNoDatum) {
+    for (const std::int32_t datum : {-1, 239, INT32_MIN, INT32_MAX}) {
+        TmConstants c = ForwardConstants(GER);
+        c.datum = datum;
+        EXPECT_TRUE(std::isnan(Forward(1.0, 50.0, c).easting));
+        EXPECT_TRUE(std::isnan(Inverse(1.0, 50.0, c).lat));
+    }
+}
+
+TEST(TmParam, AgreesWithProj) {
+    for (const ReferenceRow& row : ReadReferenceFile("kernel/transverse_mercator.txt")) {
+        SCOPED_TRACE(row.place);
+        const auto datum = static_cast<std::int32_t>(row.Number(0));
+        const TmParams params{row.Number(3), row.Number(4), row.Number(5), row.Number(6), row.Number(7)};
+        const double lat = row.Number(8);
+        const double lon = row.Number(9);
+        const TmConstants forward = ForwardConstants(datum);
+        const TmConstants inverse = InverseConstants(datum);
+
+        const double latLon[2] = {lat, lon};
+        double easting = 0.0;
+        double northing = 0.0;
+        EXPECT_EQ(TM_ForwardParam(latLon, &params, &easting, &northing, &forward), KOORD_OK);
+        EXPECT_NEAR(easting, row.Number(10), REFERENCE_TOLERANCE);
+        EXPECT_NEAR(northing, row.Number(11), REFERENCE_TOLERANCE);
+
+        double back[2] = {};
+        EXPECT_EQ(TM_InverseParam(row.Number(10), row.Number(11), &params, back, &forward, &inverse),
+                  KOORD_OK);
+        EXPECT_NEAR(back[0], lat, REFERENCE_TOLERANCE / METRES_PER_DEGREE);
+        EXPECT_NEAR(back[1], lon, REFERENCE_TOLERANCE / METRES_PER_DEGREE / std::cos(lat * DEGREE));
+    }
+}
+
+// Ordnance Survey, "A guide to coordinate systems in Great Britain", annexe C: 52 39' 27.2531" N, 1
+// 43' 4.5177" E is 651409.903 E, 313177.270 N.
+TEST(TmParam, AgreesWithTheWorkedExampleOfTheOrdnanceSurvey) {
+    const TmParams nationalGrid{-2.0, 49.0, 400000.0, -100000.0, 0.9996012717};
+    const double latLon[2] = {52.0 + 39.0 / 60.0 + 27.2531 / 3600.0, 1.0 + 43.0 / 60.0 + 4.5177 / 3600.0};
+    const TmConstants airy = ForwardConstants(98);
+    double easting = 0.0;
+    double northing = 0.0;
+    TM_ForwardParam(latLon, &nationalGrid, &easting, &northing, &airy);
+    // Published to a millimetre; a unit of the last digit of the seconds is 3 mm.
+    EXPECT_NEAR(easting, 651409.903, 2e-3);
+    EXPECT_NEAR(northing, 313177.270, 2e-3);
+}
+
+TEST(TmParam, HasTheFalseValuesAtTheOrigin) {
+    const TmParams params{-8.0, 53.5, 200000.0, 250000.0, 1.000035};
+    const TmConstants forward = ForwardConstants(97);
+    const TmConstants inverse = InverseConstants(97);
+    double latLon[2] = {53.5, -8.0};
+    double easting = 0.0;
+    double northing = 0.0;
+    TM_ForwardParam(latLon, &params, &easting, &northing, &forward);
+    EXPECT_EQ(easting, 200000.0);
+    EXPECT_EQ(northing, 250000.0);
+    TM_InverseParam(200000.0, 250000.0, &params, latLon, &forward, &inverse);
+    EXPECT_NEAR(latLon[0], 53.5, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
+    EXPECT_EQ(latLon[1], -8.0);
+}
+
+TEST(TmParam, ReturnsToWhereItStarted) {
+    Random random(24);
+    for (int i = 0; i < 2000; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        const TmConstants forward = ForwardConstants(datum);
+        const TmConstants inverse = InverseConstants(datum);
+        const TmParams params{random.Between(-180.0, 180.0), random.Between(-80.0, 80.0),
+                              random.Between(-1e6, 1e6), random.Between(-1e7, 1e7), random.Between(0.9, 1.1)};
+        const double lat = random.Between(-84.0, 84.0);
+        const double lon = params.originLongitude + random.Between(-6.0, 6.0);
+        const double latLon[2] = {lat, lon};
+        double easting = 0.0;
+        double northing = 0.0;
+        TM_ForwardParam(latLon, &params, &easting, &northing, &forward);
+        double back[2] = {};
+        TM_InverseParam(easting, northing, &params, back, &forward, &inverse);
+        EXPECT_NEAR(back[0], lat, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
+        EXPECT_NEAR(back[1], lon, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE / std::cos(lat * DEGREE));
+    }
+}
+
+TEST(TmParam, EndsOnParametersThatAreNone) {
+    const TmConstants forward = ForwardConstants(GER);
+    const TmConstants inverse = InverseConstants(GER);
+    double latLon[2] = {50.0, 9.0};
+    double easting = 0.0;
+    double northing = 0.0;
+    const TmParams cleared{};
+    EXPECT_EQ(TM_InverseParam(0.0, 0.0, &cleared, latLon, &forward, &inverse), KOORD_OK);
+    EXPECT_TRUE(std::isnan(latLon[0]));
+    const TmParams atThePole{9.0, 90.0, 0.0, 0.0, 1.0};
+    latLon[0] = 50.0;
+    EXPECT_EQ(TM_ForwardParam(latLon, &atThePole, &easting, &northing, &forward), KOORD_OK);
+    EXPECT_TRUE(std::isnan(northing));
+    EXPECT_EQ(TM_InverseParam(0.0, 0.0, &atThePole, latLon, &forward, &inverse), KOORD_OK);
+    EXPECT_TRUE(std::isnan(latLon[0]));
+    const TmParams garbage{NOT_A_NUMBER, INFINITE, 1e300, -1e300, -0.0};
+    latLon[0] = 50.0;
+    EXPECT_EQ(TM_ForwardParam(latLon, &garbage, &easting, &northing, &forward), KOORD_OK);
+    EXPECT_EQ(TM_InverseParam(1.0, 2.0, &garbage, latLon, &forward, &inverse), KOORD_OK);
+    EXPECT_TRUE(std::isnan(latLon[0]));
+}
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,22 @@
+// Transverse Mercator constants of a datum, ready to hand to a conversion.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "tessara/kernel/transverse_mercator.h"
+
+namespace tessara::testing {
+
+[[nodiscard]] inline TmConstants ForwardConstants(std::int32_t datum) {
+    TmConstants constants{};
+    EXPECT_EQ(TM_LoadForwardConstants(datum, &constants), KOORD_OK);
+    return constants;
+}
+
+[[nodiscard]] inline TmConstants InverseConstants(std::int32_t datum) {
+    TmConstants constants{};
+    EXPECT_EQ(TM_LoadInverseConstants(datum, &constants), KOORD_OK);
+    return constants;
+}
+
+}  // namespace tessara::testing
