@@ -32,6 +32,7 @@ const Row ROWS[] = {
     {"CoordinateReference", "AE783125-E16F-4773-8CB7-F225A3EEDC3E", MULTI, {IID_ICoordinateReference}},
     {"CoordinateSystem", "4A3A7895-F7D5-4AB2-867A-516F92020DE8", MULTI, {IID_ICoordinateSystem}},
     {"GeoDate", "6577718A-7E52-4F54-9847-6A85E7DB3145", MULTI, {IID_IGeoDate}},
+    {"CoordinateTransfer", "8523D252-81F4-4624-B1EB-DFA4626FC3E0", SINGLETON, {IID_ICoordinateTransfer}},
     {"ZoneCoordOperations", "DD284984-BB8E-4890-A5D8-748F58C16DFC", SINGLETON, {IID_IZoneCoordOperations}},
 };
 
@@ -60,6 +61,7 @@ const Creator CREATORS[] = {
     {Fresh<CreateClassCoordinateReference>, IID_ICoordinateReference},
     {Fresh<CreateClassCoordinateSystem>, IID_ICoordinateSystem},
     {Fresh<CreateClassGeoDate>, IID_IGeoDate},
+    {Fresh<CreateClassCoordinateTransfer>, IID_ICoordinateTransfer},
     {Fresh<CreateClassZoneCoordOperations>, IID_IZoneCoordOperations},
     {Fresh<CreateClassFloatPoint>, IID_IFloatPoint},
     {Fresh<CreateClassArray>, IID_IArray},
@@ -81,7 +83,7 @@ TEST_F(ClassTable, ListsTheClassesLastFirst) {
         EXPECT_EQ(testing::TextOf(*factory->ClassId()), row->classId) << row->name;
         factory = factory->Next();
     }
-    EXPECT_EQ(factory, nullptr) << "a class without a row here: " << factory->ClassName();
+    EXPECT_EQ(factory, nullptr) << "a class without a row here";
 }
 
 TEST_F(ClassTable, EachFactoryFollowsItsPolicy) {
