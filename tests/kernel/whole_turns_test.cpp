@@ -10,25 +10,25 @@ namespace {
 
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
-TEST(TakeWholeTurnsOff, LeavesWhatIsWithinBothEnds) {
+TEST(WrapTurns, LeavesWhatIsWithinBothEnds) {
     for (const double value : {-180.0, -0.5, 0.0, 179.5, 180.0})
-        EXPECT_EQ(TakeWholeTurnsOff(value, 180.0), value);
+        EXPECT_EQ(WrapTurns(value, 360.0), value);
 }
 
-TEST(TakeWholeTurnsOff, StopsAtTheFirstTurnInside) {
-    EXPECT_EQ(TakeWholeTurnsOff(180.5, 180.0), -179.5);
-    EXPECT_EQ(TakeWholeTurnsOff(-180.5, 180.0), 179.5);
-    EXPECT_EQ(TakeWholeTurnsOff(360.0, 180.0), 0.0);
-    EXPECT_EQ(TakeWholeTurnsOff(540.0, 180.0), 180.0);
-    EXPECT_EQ(TakeWholeTurnsOff(-540.0, 180.0), -180.0);
-    EXPECT_EQ(TakeWholeTurnsOff(36000012.0, 180.0), 12.0);
+TEST(WrapTurns, StopsAtTheFirstTurnInside) {
+    EXPECT_EQ(WrapTurns(180.5, 360.0), -179.5);
+    EXPECT_EQ(WrapTurns(-180.5, 360.0), 179.5);
+    EXPECT_EQ(WrapTurns(360.0, 360.0), 0.0);
+    EXPECT_EQ(WrapTurns(540.0, 360.0), 180.0);
+    EXPECT_EQ(WrapTurns(-540.0, 360.0), -180.0);
+    EXPECT_EQ(WrapTurns(36000012.0, 360.0), 12.0);
 }
 
-TEST(TakeWholeTurnsOff, EndsForAnyDouble) {
-    EXPECT_LE(std::fabs(TakeWholeTurnsOff(1.7e308, 180.0)), 180.0);
-    EXPECT_TRUE(std::isnan(TakeWholeTurnsOff(INFINITE, 180.0)));
-    EXPECT_TRUE(std::isnan(TakeWholeTurnsOff(-INFINITE, 180.0)));
-    EXPECT_TRUE(std::isnan(TakeWholeTurnsOff(std::nan(""), 180.0)));
+TEST(WrapTurns, EndsForAnyDouble) {
+    EXPECT_LE(std::fabs(WrapTurns(1.7e308, 360.0)), 360.0);
+    EXPECT_TRUE(std::isnan(WrapTurns(INFINITE, 360.0)));
+    EXPECT_TRUE(std::isnan(WrapTurns(-INFINITE, 360.0)));
+    EXPECT_TRUE(std::isnan(WrapTurns(std::nan(""), 360.0)));
 }
 
 TEST(LowerByTurns, GoesDownToTheLimitAndNoFurther) {
