@@ -25,7 +25,7 @@ TEST(WrapTurns, StopsAtTheFirstTurnInside) {
 }
 
 TEST(WrapTurns, EndsForAnyDouble) {
-    EXPECT_LE(std::fabs(WrapTurns(1.7e308, 360.0)), 360.0);
+    EXPECT_LE(std::fabs(WrapTurns(1.7e308, 360.0)), 180.0);
     EXPECT_TRUE(std::isnan(WrapTurns(INFINITE, 360.0)));
     EXPECT_TRUE(std::isnan(WrapTurns(-INFINITE, 360.0)));
     EXPECT_TRUE(std::isnan(WrapTurns(std::nan(""), 360.0)));
