@@ -121,6 +121,27 @@ TEST_F(CoordinateCheckerTest, ABorderBelongsToBothZones) {
     }
 }
 
+// Far and near, a position counts as inside its zone exactly when its longitude is at most 3 degrees from the
+// central meridian, but for the last 1e-9 degrees.
+TEST_F(CoordinateCheckerTest, TheBorderOfAZoneRunsAlongItsMeridian) {
+    for (const double latitude : {-79.0, -48.0, 0.1, 33.0, 83.0}) {
+        for (const double inside : {2.0, 1e-2, 1.1e-4, 0.9e-4, 1e-6, 1e-8}) {
+            for (const double side : {-1.0, 1.0}) {
+                UtmPayload wanted{};
+                wanted.wantedZone = 32;
+                for (const double beyond : {-inside, inside}) {
+                    tagKOORD record =
+                        Converted(latitude, 9.0 + side * (3.0 + beyond), Record(KOORD_UTM, wanted));
+                    auto payload = Load<UtmPayload>(record);
+                    payload.wantedZone = NO_WANTED_ZONE;
+                    Store(record, payload);
+                    EXPECT_EQ(InArea(record), beyond < 0.0) << latitude << ' ' << side * (3.0 + beyond);
+                }
+            }
+        }
+    }
+}
+
 // Northings of latitude 84 from cs2cs: 9328093.8 on the central meridian, 9329005.2 three degrees off.
 TEST_F(CoordinateCheckerTest, UtmEndsAtANorthing) {
     EXPECT_TRUE(Check(Utm('N', 32, 500000.0, 9328093.0)));
