@@ -8,7 +8,7 @@ using tessara::testing::Tessara;
 
 namespace {
 
-const std::vector<std::string> COMMANDS{"convert", "systems", "datums"};
+const std::vector<std::string> COMMANDS{"convert", "systems", "datums", "distance", "direct"};
 
 bool Contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
