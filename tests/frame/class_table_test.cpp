@@ -64,7 +64,11 @@ IUnknown* Fresh() {
 const Creator CREATORS[] = {
     {Fresh<CreateClassCoordGeographic>, IID_ICoordGeographic},
     {Fresh<CreateClassCoord>, IID_ICoord},
+    {Fresh<CreateClassCoordinateArea>, IID_ICoordinateArea},
+    {Fresh<CreateClassCoordinateAverage>, IID_ICoordinateAverage},
+    {Fresh<CreateClassCoordinateCompare>, IID_ICoordinateCompare},
     {Fresh<CreateClassCoordinateInit>, IID_ICoordinateInit},
+    {Fresh<CreateClassCoordinateNeighbor>, IID_ICoordinateNeighbor},
     {Fresh<CreateClassCoordinateReference>, IID_ICoordinateReference},
     {Fresh<CreateClassCoordinateSystem>, IID_ICoordinateSystem},
     {Fresh<CreateClassGeoDate>, IID_IGeoDate},
