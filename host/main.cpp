@@ -1,0 +1,68 @@
+// The program `tessara`: coordinate calculations on the command line.
+#include <algorithm>
+#include <iostream>
+
+#include "commands.h"
+#include "numbers.h"
+
+namespace tessara::program {
+namespace {
+
+constexpr const char* DESCRIPTION =
+    "Coordinate calculations: positions on any of 239 geodetic datums, in national and world systems.";
+
+constexpr const char* FOOTER =
+    "Examples:\n"
+    "  echo 48.1375 11.5755 | tessara convert --to UTM --to GK@GER\n"
+    "  tessara convert --json --to UTMREF positions.txt\n"
+    "  tessara systems\n"
+    "  tessara distance 40.64 -73.78 51.47 -0.45\n"
+    "\n"
+    "Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 "
+    "wrong\n"
+    "usage. `tessara COMMAND --help` says more about a command.";
+
+// A negative number that begins with its point is a number, and no option.
+std::vector<std::string> ReadArguments(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (std::string& argument : arguments) {
+        if (argument.starts_with("-.") && ParseNumber(argument)) argument.insert(1, "0");
+    }
+    return arguments;
+}
+
+int Main(std::vector<std::string> arguments) {
+    CLI::App program(DESCRIPTION, "tessara");
+    program.footer(FOOTER);
+    program.set_version_flag("--version", "tessara " TESSARA_VERSION);
+    program.require_subcommand(1);
+
+    Action action;
+    AddConvert(program, action);
+    AddSystems(program, action);
+    AddDatums(program, action);
+    AddDistance(program, action);
+    AddDirect(program, action);
+
+    try {
+        std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
+        program.parse(std::move(arguments));
+    } catch (const CLI::ParseError& error) {
+        return program.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;
+    }
+
+    const ExitCode code = action();
+    if (!std::cout.flush()) {
+        std::cerr << "tessara: standard output can't be written\n";
+        return EXIT_INCOMPLETE;
+    }
+    return code;
+}
+
+}  // namespace
+}  // namespace tessara::program
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    return tessara::program::Main(tessara::program::ReadArguments(argc, argv));
+}
