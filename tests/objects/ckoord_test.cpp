@@ -7,21 +7,20 @@
 #include <random>
 #include <type_traits>
 
-#include "support/coords.h"
 #include "support/reference_file.h"
+#include "support/zoned_records.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
 namespace {
 
-using testing::MakeRecord;
 using testing::ReadReferenceFile;
 using testing::SameRecord;
 
 constexpr double EQUATOR = 6378137.0;  // the semi-major axis of WGS84
 
 CKoord EcefRecord(double x, double y, double z) {
-    return MakeRecord(DATUM_WGS84, KOORD_ECEF, EcefPayload{x, y, z});
+    return Record(KOORD_ECEF, EcefPayload{x, y, z}, DATUM_WGS84);
 }
 
 // Whether the kernel of this build reads and writes ECEF.
@@ -49,13 +48,13 @@ TEST(CKoordTest, StartsAtZeroOnWgs84) {
 // From a record.
 
 TEST(CKoordTest, OfAGeodezRecordTakesItsHeight) {
-    EXPECT_EQ(MakeRecord(3, KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 12.5}).GetHeight(), 12.5);
+    EXPECT_EQ(CKoord(Record(KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 12.5}, 3)).GetHeight(), 12.5);
 }
 
 TEST(CKoordTest, OfAGeodezMinRecordTakesItsHeight) {
     GeodezMinPayload payload{};
     payload.height = -3.25;
-    EXPECT_EQ(MakeRecord(3, KOORD_GEODEZMIN, payload).GetHeight(), -3.25);
+    EXPECT_EQ(CKoord(Record(KOORD_GEODEZMIN, payload, 3)).GetHeight(), -3.25);
 }
 
 TEST(CKoordTest, OfAnyOtherRecordHasNoHeight) {
@@ -74,11 +73,11 @@ TEST(CKoordTest, OfAnyOtherRecordHasNoHeight) {
 TEST(CKoordTest, AssignedARecordWithAHeightTakesIt) {
     CKoord koord;
     koord.SetHeight(99.0);
-    koord = static_cast<const tagKOORD&>(MakeRecord(3, KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 12.5}));
+    koord = static_cast<const tagKOORD&>(Record(KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 12.5}, 3));
     EXPECT_EQ(koord.GetHeight(), 12.5);
     GeodezMinPayload payload{};
     payload.height = -3.25;
-    koord = static_cast<const tagKOORD&>(MakeRecord(3, KOORD_GEODEZMIN, payload));
+    koord = static_cast<const tagKOORD&>(Record(KOORD_GEODEZMIN, payload, 3));
     EXPECT_EQ(koord.GetHeight(), -3.25);
 }
 
@@ -110,10 +109,10 @@ TEST(CKoordTest, CopiesCarryRecordAndHeight) {
 // Heights.
 
 TEST(CKoordTest, KeepsTheHeightOfAGeodezPayloadEqual) {
-    CKoord koord = MakeRecord(3, KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 0.0});
+    CKoord koord = Record(KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 0.0}, 3);
     koord.SetHeight(12.5);
     EXPECT_EQ(koord.GetHeight(), 12.5);
-    EXPECT_TRUE(SameRecord(koord, MakeRecord(3, KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 12.5})));
+    EXPECT_TRUE(SameRecord(koord, Record(KOORD_GEODEZ, GeodezPayload{1.0, 2.0, 12.5}, 3)));
 }
 
 TEST(CKoordTest, KeepsTheHeightOfAGeodezMinPayloadEqual) {
@@ -121,11 +120,11 @@ TEST(CKoordTest, KeepsTheHeightOfAGeodezMinPayloadEqual) {
     payload.latDegrees = 48;
     payload.lonMinutes = 12.5;
     payload.lonHemisphere = 'W';
-    CKoord koord = MakeRecord(3, KOORD_GEODEZMIN, payload);
+    CKoord koord = Record(KOORD_GEODEZMIN, payload, 3);
     koord.SetHeight(12.5);
     EXPECT_EQ(koord.GetHeight(), 12.5);
     payload.height = 12.5;
-    EXPECT_TRUE(SameRecord(koord, MakeRecord(3, KOORD_GEODEZMIN, payload)));
+    EXPECT_TRUE(SameRecord(koord, Record(KOORD_GEODEZMIN, payload, 3)));
 }
 
 TEST(CKoordTest, TheHeightOfAnyOtherTypeStandsBesideTheRecord) {

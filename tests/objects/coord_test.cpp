@@ -7,9 +7,9 @@
 #include <limits>
 
 #include "objects/default_koord.h"
-#include "support/coords.h"
 #include "support/live_objects.h"
 #include "support/reference_file.h"
+#include "support/zoned_records.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/zone_coord_operations.h"
 
@@ -19,13 +19,7 @@ namespace {
 using testing::AustrianRecord;
 using testing::CountOf;
 using testing::HeldPosition;
-using testing::KoordOf;
-using testing::MakeCoord;
-using testing::MakeEmptyCoord;
 using testing::MakeHostReference;
-using testing::MakeRecord;
-using testing::MakeReference;
-using testing::PayloadOf;
 using testing::SameRecord;
 using testing::StripRecord;
 using testing::UtmRecord;
@@ -35,15 +29,15 @@ constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double UNTOUCHED = 1e99;
 
 CKoord LongPixel(std::int32_t datum, std::int32_t x, std::int32_t y) {
-    return MakeRecord(datum, KOORD_LONGPIXEL, LongPixelPayload{x, y});
+    return Record(KOORD_LONGPIXEL, LongPixelPayload{x, y}, datum);
 }
 
 CKoord FloatPixel(std::int32_t datum, double x, double y) {
-    return MakeRecord(datum, KOORD_FLOATPIXEL, FloatPixelPayload{x, y});
+    return Record(KOORD_FLOATPIXEL, FloatPixelPayload{x, y}, datum);
 }
 
 CKoord Geodez(std::int32_t datum, double latitude, double longitude, double height = 0.0) {
-    return MakeRecord(datum, KOORD_GEODEZ, GeodezPayload{latitude, longitude, height});
+    return GeodezRecord(latitude, longitude, height, datum);
 }
 
 IRef<ICoordGeographic> MakeGeographic(double latitude, double longitude, double height = 0.0) {
@@ -54,7 +48,7 @@ IRef<ICoordGeographic> MakeGeographic(double latitude, double longitude, double 
 
 class CoordTest : public testing::BalancedTest {
   protected:
-    // A position and an empty coordinate of every kind that an operation may be given in vain.
+    // Record and height, bit by bit.
     void ExpectUnchanged(const IRef<ICoord>& coord, const CKoord& before) {
         EXPECT_TRUE(SameRecord(KoordOf(coord), before));
         EXPECT_EQ(KoordOf(coord).GetHeight(), before.GetHeight());
@@ -91,7 +85,7 @@ TEST_F(CoordTest, HasOneIdentityAndTwoFaces) {
 // Pixels.
 
 TEST_F(CoordTest, SetPixelMakesAFloatPixelOnTheOldDatum) {
-    const IRef<ICoord> coord = MakeEmptyCoord(3, KOORD_UTM);
+    const IRef<ICoord> coord = EmptyCoord(3, KOORD_UTM);
     coord->SetHeight(12.5);
     EXPECT_TRUE(coord->SetPixel(1.5, -2.5));
     EXPECT_EQ(KoordOf(coord).datum, 3u);
@@ -115,7 +109,7 @@ TEST_F(CoordTest, SetPixelTakesAnything) {
 }
 
 TEST_F(CoordTest, GetPixelGivesWholePixelsAsDoubles) {
-    const IRef<ICoord> coord = MakeCoord(LongPixel(2, INT_MIN, INT_MAX));
+    const IRef<ICoord> coord = CoordOf(LongPixel(2, INT_MIN, INT_MAX));
     double x = UNTOUCHED;
     double y = UNTOUCHED;
     EXPECT_TRUE(coord->GetPixel(&x, &y));
@@ -128,14 +122,14 @@ TEST_F(CoordTest, GetPixelIsForPixelsOnly) {
         if (system == KOORD_LONGPIXEL || system == KOORD_FLOATPIXEL) continue;
         double x = UNTOUCHED;
         double y = UNTOUCHED;
-        EXPECT_FALSE(MakeCoord(CKoord(MakeKoord(2, system)))->GetPixel(&x, &y)) << system;
+        EXPECT_FALSE(CoordOf(CKoord(MakeKoord(2, system)))->GetPixel(&x, &y)) << system;
         EXPECT_EQ(x, UNTOUCHED);
         EXPECT_EQ(y, UNTOUCHED);
     }
 }
 
 TEST_F(CoordTest, GetPixelRefusesNull) {
-    const IRef<ICoord> coord = MakeCoord(FloatPixel(2, 1.0, 2.0));
+    const IRef<ICoord> coord = CoordOf(FloatPixel(2, 1.0, 2.0));
     double value = UNTOUCHED;
     EXPECT_FALSE(coord->GetPixel(nullptr, &value));
     EXPECT_FALSE(coord->GetPixel(&value, nullptr));
@@ -152,7 +146,7 @@ TEST_F(CoordTest, HasAHeightWithOrWithoutAPosition) {
     EXPECT_EQ(PayloadOf<GeodezPayload>(empty).height, 12.5);
     EXPECT_FALSE(HeldPosition(empty));
 
-    const IRef<ICoord> utm = MakeCoord(UtmRecord(2, 'N', 32, 5e5, 0.0));
+    const IRef<ICoord> utm = CoordOf(UtmRecord(2, 'N', 32, 5e5, 0.0));
     EXPECT_TRUE(utm->SetHeight(-INFINITE));
     EXPECT_EQ(utm->GetHeight(), -INFINITE);
     EXPECT_TRUE(utm->SetHeight(NOT_A_NUMBER));
@@ -165,7 +159,7 @@ TEST_F(CoordTest, GetGeographicGivesAWgs84PositionAsItStands) {
     // Nothing is tested or wrapped on this road.
     for (const auto& [latitude, longitude] : {std::pair{48.2, 16.37}, {-91.0, 361.0}, {1e300, -INFINITE}}) {
         const auto geographic = MakeGeographic(7.0, 7.0, 7.0);
-        EXPECT_TRUE(MakeCoord(Geodez(2, latitude, longitude, 171.5))->GetGeographic(geographic.Get()));
+        EXPECT_TRUE(CoordOf(Geodez(2, latitude, longitude, 171.5))->GetGeographic(geographic.Get()));
         EXPECT_EQ(geographic->GetLatitude(), latitude);
         EXPECT_EQ(geographic->GetLongitude(), longitude);
         EXPECT_EQ(geographic->GetHeight(), 171.5);
@@ -173,18 +167,18 @@ TEST_F(CoordTest, GetGeographicGivesAWgs84PositionAsItStands) {
     }
 }
 
-// A tenth of a microdegree is a centimetre, the figures are given to 1e-9 degrees and 1e-6 m; the inverse
-// series is good for 1.2e-11 degrees.
+// The figures are exact to a nanometre; the inverse series is good for 1.2e-11 degrees of latitude, which is
+// up to ten times as much in longitude where UTM ends.
 constexpr double DEGREES_TOLERANCE = 1e-10;
 
 TEST_F(CoordTest, GetGeographicConverts) {
-    for (const auto& row : testing::ReadReferenceFile("objects/coord_utm.txt")) {
+    for (const auto& row : testing::ReadReferenceFile("kernel/utm.txt")) {
         const std::string zone = row.Text(2);
         CKoord utm = UtmRecord(2, zone.back() == 'n' ? 'N' : 'S', static_cast<std::int16_t>(std::stoi(zone)),
                                row.Number(3), row.Number(4));
         utm.SetHeight(171.5);
         const auto geographic = MakeGeographic(7.0, 7.0, 7.0);
-        EXPECT_TRUE(MakeCoord(utm)->GetGeographic(geographic.Get())) << row.place;
+        EXPECT_TRUE(CoordOf(utm)->GetGeographic(geographic.Get())) << row.place;
         EXPECT_NEAR(geographic->GetLatitude(), row.Number(0), DEGREES_TOLERANCE) << row.place;
         EXPECT_NEAR(geographic->GetLongitude(), row.Number(1), DEGREES_TOLERANCE) << row.place;
         EXPECT_EQ(geographic->GetHeight(), 171.5) << "of the coordinate, not of the conversion";
@@ -193,7 +187,7 @@ TEST_F(CoordTest, GetGeographicConverts) {
 
 TEST_F(CoordTest, TheHeightCrossesADatumUnchanged) {
     const auto geographic = MakeGeographic(7.0, 7.0, 7.0);
-    EXPECT_TRUE(MakeCoord(Geodez(3, 50.0, 9.0, 171.5))->GetGeographic(geographic.Get()));
+    EXPECT_TRUE(CoordOf(Geodez(3, 50.0, 9.0, 171.5))->GetGeographic(geographic.Get()));
     EXPECT_EQ(geographic->GetHeight(), 171.5);
     EXPECT_NE(geographic->GetLatitude(), 50.0);
     EXPECT_NE(geographic->GetLongitude(), 9.0);
@@ -211,7 +205,7 @@ TEST_F(CoordTest, GetGeographicFailsAndWritesNothing) {
         CKoord(MakeKoord(2, 24)),
     };
     for (const CKoord& record : hopeless) {
-        const IRef<ICoord> coord = MakeCoord(record);
+        const IRef<ICoord> coord = CoordOf(record);
         EXPECT_FALSE(coord->GetGeographic(geographic.Get())) << record.type;
         ExpectUnchanged(coord, record);
     }
@@ -221,7 +215,7 @@ TEST_F(CoordTest, GetGeographicFailsAndWritesNothing) {
 }
 
 TEST_F(CoordTest, GetGeographicIsForGeographicObjectsOnly) {
-    const IRef<ICoord> coord = MakeCoord(Geodez(2, 1.0, 2.0));
+    const IRef<ICoord> coord = CoordOf(Geodez(2, 1.0, 2.0));
     EXPECT_FALSE(coord->GetGeographic(nullptr));
     EXPECT_FALSE(coord->GetGeographic(testing::Disguised<ICoordGeographic>(stranger)));
     EXPECT_EQ(CountOf(stranger), 1u);
@@ -231,14 +225,14 @@ TEST_F(CoordTest, GetGeographicEndsOnAnyRecord) {
     TmPayload flat{};  // scale 0
     flat.easting = 1.0;
     const CKoord records[] = {
-        MakeRecord(2, KOORD_TM, flat),
+        Record(KOORD_TM, flat, 2),
         UtmRecord(2, 'N', 32, 1e300, 0.0),
         UtmRecord(2, 'N', 32, NOT_A_NUMBER, INFINITE),
         StripRecord(3, KOORD_GK, NOT_A_NUMBER, 0.0),
         Geodez(3, NOT_A_NUMBER, INFINITE),
     };
     for (const CKoord& record : records)
-        (void)MakeCoord(record)->GetGeographic(MakeGeographic(0.0, 0.0).Get());
+        (void)CoordOf(record)->GetGeographic(MakeGeographic(0.0, 0.0).Get());
 }
 
 // In from WGS84 degrees.
@@ -252,8 +246,8 @@ TEST_F(CoordTest, SetGeographicTakesAWgs84PositionAsItStands) {
 }
 
 TEST_F(CoordTest, SetGeographicConverts) {
-    for (const auto& row : testing::ReadReferenceFile("objects/coord_utm.txt")) {
-        const IRef<ICoord> coord = MakeEmptyCoord(2, KOORD_UTM);
+    for (const auto& row : testing::ReadReferenceFile("kernel/utm.txt")) {
+        const IRef<ICoord> coord = EmptyCoord(2, KOORD_UTM);
         EXPECT_TRUE(coord->SetGeographic(MakeGeographic(row.Number(0), row.Number(1), 171.5).Get()));
         const auto utm = PayloadOf<UtmPayload>(coord);
         const std::string zone = row.Text(2);
@@ -287,7 +281,7 @@ TEST_F(CoordTest, SetGeographicFindsTheNaturalZone) {
     };
     const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
     for (const auto& row : rows) {
-        const IRef<ICoord> coord = MakeCoord(row.record);
+        const IRef<ICoord> coord = CoordOf(row.record);
         EXPECT_TRUE(coord->SetGeographic(MakeGeographic(row.latitude, row.longitude).Get()))
             << row.record.type;
         EXPECT_EQ(zones->GetZoneNumber(coord.Get()), row.zone) << row.record.type;
@@ -301,7 +295,7 @@ TEST_F(CoordTest, SetGeographicKeepsTheParametersOfAFreeProjection) {
     tm.falseEasting = 100.0;
     tm.falseNorthing = 200.0;
     tm.scale = 1.0;
-    const IRef<ICoord> coord = MakeCoord(MakeRecord(2, KOORD_TM, tm));
+    const IRef<ICoord> coord = CoordOf(Record(KOORD_TM, tm, 2));
     EXPECT_TRUE(coord->SetGeographic(MakeGeographic(0.0, 9.0).Get()));
     const auto result = PayloadOf<TmPayload>(coord);
     EXPECT_EQ(result.originLongitude, 9.0);
@@ -327,7 +321,7 @@ TEST_F(CoordTest, SetGeographicThatFailsLeavesTheCoordinateEmpty) {
         {UtmRecord(2, 'N', 32, 5e5, 0.0), 50.0, INFINITE},
     };
     for (const auto& row : rows) {
-        const IRef<ICoord> coord = MakeCoord(row.record);
+        const IRef<ICoord> coord = CoordOf(row.record);
         EXPECT_FALSE(coord->SetGeographic(MakeGeographic(row.latitude, row.longitude).Get()))
             << row.record.type;
         EXPECT_EQ(KoordOf(coord).datum, row.record.datum);
@@ -339,7 +333,7 @@ TEST_F(CoordTest, SetGeographicThatFailsLeavesTheCoordinateEmpty) {
 TEST_F(CoordTest, SetGeographicOfNothingLeavesTheRecordWithoutAPosition) {
     for (ICoordGeographic* wrong :
          {static_cast<ICoordGeographic*>(nullptr), testing::Disguised<ICoordGeographic>(stranger)}) {
-        const IRef<ICoord> coord = MakeCoord(UtmRecord(2, 'N', 32, 5e5, 1.0));
+        const IRef<ICoord> coord = CoordOf(UtmRecord(2, 'N', 32, 5e5, 1.0));
         EXPECT_FALSE(coord->SetGeographic(wrong));
         ExpectUnchanged(coord, UtmRecord(2, 'N', 32, 5e5, 1.0));
         EXPECT_FALSE(HeldPosition(coord));
@@ -350,9 +344,9 @@ TEST_F(CoordTest, SetGeographicOfNothingLeavesTheRecordWithoutAPosition) {
 // The reference.
 
 TEST_F(CoordTest, TellsItsReferenceWithOrWithoutAPosition) {
-    const IRef<ICoord> coords[] = {MakeEmptyCoord(3, KOORD_BNG), MakeCoord(CKoord(MakeKoord(3, KOORD_BNG)))};
+    const IRef<ICoord> coords[] = {EmptyCoord(3, KOORD_BNG), CoordOf(CKoord(MakeKoord(3, KOORD_BNG)))};
     for (const auto& coord : coords) {
-        const auto reference = MakeReference(5, 5);
+        const auto reference = ReferenceOf(5, 5);
         EXPECT_TRUE(coord->GetReference(reference.Get()));
         EXPECT_EQ(reference->GetDatum(), 3);
         EXPECT_EQ(reference->GetSystem(), KOORD_BNG);
@@ -361,20 +355,20 @@ TEST_F(CoordTest, TellsItsReferenceWithOrWithoutAPosition) {
 }
 
 TEST_F(CoordTest, TellsNoReferenceThatNoneTakes) {
-    const auto reference = MakeReference(5, 5);
-    EXPECT_FALSE(MakeCoord(CKoord(MakeKoord(500, KOORD_UTM)))->GetReference(reference.Get()));
+    const auto reference = ReferenceOf(5, 5);
+    EXPECT_FALSE(CoordOf(CKoord(MakeKoord(500, KOORD_UTM)))->GetReference(reference.Get()));
     EXPECT_EQ(reference->GetDatum(), 5);
     EXPECT_EQ(reference->GetSystem(), 5);
-    EXPECT_FALSE(MakeCoord(CKoord(MakeKoord(3, 24)))->GetReference(reference.Get()));
+    EXPECT_FALSE(CoordOf(CKoord(MakeKoord(3, 24)))->GetReference(reference.Get()));
     EXPECT_EQ(reference->GetDatum(), 3) << "the datum comes first";
     EXPECT_EQ(reference->GetSystem(), 5);
-    EXPECT_TRUE(MakeCoord(CKoord(MakeKoord(999, -1)))->GetReference(reference.Get()));
+    EXPECT_TRUE(CoordOf(CKoord(MakeKoord(999, -1)))->GetReference(reference.Get()));
     EXPECT_EQ(reference->GetDatum(), 999);
     EXPECT_EQ(reference->GetSystem(), -1);
 }
 
 TEST_F(CoordTest, TellsItsReferenceToReferencesOnly) {
-    const IRef<ICoord> coord = MakeEmptyCoord(3, KOORD_BNG);
+    const IRef<ICoord> coord = EmptyCoord(3, KOORD_BNG);
     EXPECT_FALSE(coord->GetReference(nullptr));
     EXPECT_FALSE(coord->GetReference(testing::Disguised<ICoordinateReference>(stranger)));
     EXPECT_FALSE(coord->GetReference(MakeHostReference(2, 4).Get())) << "one that takes no numbers";
@@ -386,19 +380,19 @@ TEST_F(CoordTest, TellsItsReferenceToReferencesOnly) {
 TEST_F(CoordTest, SetReferenceToTheSameChangesNothing) {
     CKoord utm = UtmRecord(3, 'n', 77, NOT_A_NUMBER, -1.0);
     utm.SetHeight(12.5);
-    const IRef<ICoord> coord = MakeCoord(utm);
-    EXPECT_TRUE(coord->SetReference(MakeReference(3, KOORD_UTM).Get()));
+    const IRef<ICoord> coord = CoordOf(utm);
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(3, KOORD_UTM).Get()));
     ExpectUnchanged(coord, utm);
     EXPECT_TRUE(HeldPosition(coord));
 
     const IRef<ICoord> empty(CreateClassCoord());
-    EXPECT_TRUE(empty->SetReference(MakeReference(2, KOORD_GEODEZ).Get()));
+    EXPECT_TRUE(empty->SetReference(ReferenceOf(2, KOORD_GEODEZ).Get()));
     EXPECT_FALSE(HeldPosition(empty));
 }
 
 TEST_F(CoordTest, SetReferenceToNothingFails) {
     const CKoord utm = UtmRecord(3, 'N', 32, 5e5, 1.0);
-    const IRef<ICoord> coord = MakeCoord(utm);
+    const IRef<ICoord> coord = CoordOf(utm);
     EXPECT_FALSE(coord->SetReference(nullptr));
     EXPECT_FALSE(coord->SetReference(testing::Disguised<ICoordinateReference>(stranger)));
     ExpectUnchanged(coord, utm);
@@ -409,8 +403,8 @@ TEST_F(CoordTest, SetReferenceToNothingFails) {
 // Pixels into pixels.
 
 TEST_F(CoordTest, AWholePixelBecomesAFractionalOne) {
-    const IRef<ICoord> coord = MakeCoord(LongPixel(2, 10, INT_MIN));
-    EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_FLOATPIXEL).Get()));
+    const IRef<ICoord> coord = CoordOf(LongPixel(2, 10, INT_MIN));
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_FLOATPIXEL).Get()));
     EXPECT_TRUE(SameRecord(KoordOf(coord), FloatPixel(2, 10.0, -2147483648.0)));
     EXPECT_TRUE(HeldPosition(coord));
 }
@@ -443,35 +437,34 @@ TEST_F(CoordTest, AFractionalPixelIsRoundedHalfAwayFromZero) {
         {-INFINITE, INT_MIN},
     };
     for (const auto& row : rows) {
-        const IRef<ICoord> coord = MakeCoord(FloatPixel(2, row.value, -7.25));
-        EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_LONGPIXEL).Get()));
+        const IRef<ICoord> coord = CoordOf(FloatPixel(2, row.value, -7.25));
+        EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_LONGPIXEL).Get()));
         EXPECT_TRUE(SameRecord(KoordOf(coord), LongPixel(2, row.rounded, -7))) << row.value;
-        const IRef<ICoord> turned = MakeCoord(FloatPixel(2, -7.25, row.value));
-        EXPECT_TRUE(turned->SetReference(MakeReference(3, KOORD_LONGPIXEL).Get()))
-            << "also onto another datum";
+        const IRef<ICoord> turned = CoordOf(FloatPixel(2, -7.25, row.value));
+        EXPECT_TRUE(turned->SetReference(ReferenceOf(3, KOORD_LONGPIXEL).Get())) << "also onto another datum";
         EXPECT_TRUE(SameRecord(KoordOf(turned), LongPixel(3, -7, row.rounded))) << row.value;
     }
 }
 
 TEST_F(CoordTest, APixelGoesToAnotherDatumAsItIs) {
-    const IRef<ICoord> whole = MakeCoord(LongPixel(2, 10, -7));
-    EXPECT_TRUE(whole->SetReference(MakeReference(3, KOORD_LONGPIXEL).Get()));
+    const IRef<ICoord> whole = CoordOf(LongPixel(2, 10, -7));
+    EXPECT_TRUE(whole->SetReference(ReferenceOf(3, KOORD_LONGPIXEL).Get()));
     EXPECT_TRUE(SameRecord(KoordOf(whole), LongPixel(3, 10, -7)));
-    const IRef<ICoord> extreme = MakeCoord(LongPixel(2, INT_MAX, INT_MIN));
-    EXPECT_TRUE(extreme->SetReference(MakeReference(3, KOORD_LONGPIXEL).Get()));
+    const IRef<ICoord> extreme = CoordOf(LongPixel(2, INT_MAX, INT_MIN));
+    EXPECT_TRUE(extreme->SetReference(ReferenceOf(3, KOORD_LONGPIXEL).Get()));
     EXPECT_TRUE(SameRecord(KoordOf(extreme), LongPixel(3, INT_MAX, INT_MIN)));
-    const IRef<ICoord> fractional = MakeCoord(FloatPixel(2, 2.5, -1e300));
-    EXPECT_TRUE(fractional->SetReference(MakeReference(3, KOORD_FLOATPIXEL).Get()));
+    const IRef<ICoord> fractional = CoordOf(FloatPixel(2, 2.5, -1e300));
+    EXPECT_TRUE(fractional->SetReference(ReferenceOf(3, KOORD_FLOATPIXEL).Get()));
     EXPECT_TRUE(SameRecord(KoordOf(fractional), FloatPixel(3, 2.5, -1e300)));
-    const IRef<ICoord> both = MakeCoord(LongPixel(2, 10, -7));
-    EXPECT_TRUE(both->SetReference(MakeReference(3, KOORD_FLOATPIXEL).Get()));
+    const IRef<ICoord> both = CoordOf(LongPixel(2, 10, -7));
+    EXPECT_TRUE(both->SetReference(ReferenceOf(3, KOORD_FLOATPIXEL).Get()));
     EXPECT_TRUE(SameRecord(KoordOf(both), FloatPixel(3, 10.0, -7.0)));
 }
 
 TEST_F(CoordTest, APixelThatChangesItsFormLosesItsHeight) {
-    const IRef<ICoord> coord = MakeCoord(LongPixel(2, 10, -7));
+    const IRef<ICoord> coord = CoordOf(LongPixel(2, 10, -7));
     coord->SetHeight(12.5);
-    EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_FLOATPIXEL).Get()));
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_FLOATPIXEL).Get()));
     EXPECT_EQ(coord->GetHeight(), 0.0);
 }
 
@@ -479,8 +472,8 @@ TEST_F(CoordTest, APixelThatChangesItsFormLosesItsHeight) {
 
 TEST_F(CoordTest, NoPositionCrossesFromTheWorldToPixels) {
     for (const std::int32_t pixel : {KOORD_LONGPIXEL, KOORD_FLOATPIXEL}) {
-        const IRef<ICoord> coord = MakeCoord(UtmRecord(3, 'N', 32, 5e5, 1.0));
-        EXPECT_TRUE(coord->SetReference(MakeReference(2, pixel).Get()));
+        const IRef<ICoord> coord = CoordOf(UtmRecord(3, 'N', 32, 5e5, 1.0));
+        EXPECT_TRUE(coord->SetReference(ReferenceOf(2, pixel).Get()));
         EXPECT_TRUE(SameRecord(KoordOf(coord), MakeKoord(2, pixel))) << "the default pixel";
         EXPECT_FALSE(HeldPosition(coord));
     }
@@ -488,16 +481,16 @@ TEST_F(CoordTest, NoPositionCrossesFromTheWorldToPixels) {
 
 TEST_F(CoordTest, NoPositionCrossesFromPixelsToTheWorld) {
     for (const CKoord& pixel : {LongPixel(3, 10, 20), FloatPixel(3, 10.0, 20.0)}) {
-        const IRef<ICoord> coord = MakeCoord(pixel);
-        EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_UTM).Get()));
+        const IRef<ICoord> coord = CoordOf(pixel);
+        EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_UTM).Get()));
         EXPECT_TRUE(SameRecord(KoordOf(coord), UtmRecord(2, 'N', 30, 5e5, 0.0)));
         EXPECT_FALSE(HeldPosition(coord));
     }
 }
 
 TEST_F(CoordTest, APixelIsLostToASystemWithoutADefaultToo) {
-    const IRef<ICoord> coord = MakeCoord(FloatPixel(3, 10.0, 20.0));
-    EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_LAMBERTCC).Get()));
+    const IRef<ICoord> coord = CoordOf(FloatPixel(3, 10.0, 20.0));
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_LAMBERTCC).Get()));
     EXPECT_EQ(KoordOf(coord).type, 23u);
     EXPECT_EQ(PayloadOf<FloatPixelPayload>(coord).x, 10.0) << "relabelled only";
     EXPECT_FALSE(HeldPosition(coord));
@@ -510,7 +503,7 @@ TEST_F(CoordTest, AnEmptyCoordinateTakesAnyReferenceAndItsDefaultRecord) {
         for (const std::int32_t datum : {3, 999}) {
             const IRef<ICoord> coord(CreateClassCoord());
             coord->SetHeight(12.5);
-            EXPECT_TRUE(coord->SetReference(MakeReference(datum, system).Get())) << system;
+            EXPECT_TRUE(coord->SetReference(ReferenceOf(datum, system).Get())) << system;
             CKoord expected;
             ASSERT_TRUE(DefaultKoord(datum, system, &expected));
             ExpectUnchanged(coord, expected);
@@ -524,7 +517,7 @@ TEST_F(CoordTest, AnEmptyCoordinateIsRelabelledWhereThereIsNoDefault) {
         std::int32_t datum, system;
     } rows[] = {{3, 23}, {3, -1}, {999, -1}, {500, KOORD_UTM}, {-1, KOORD_UTM}, {2, 24}, {2, INT_MAX}};
     for (const auto& row : rows) {
-        const IRef<ICoord> coord = MakeEmptyCoord(2, KOORD_CH);
+        const IRef<ICoord> coord = EmptyCoord(2, KOORD_CH);
         coord->SetHeight(12.5);
         EXPECT_TRUE(coord->SetReference(MakeHostReference(row.datum, row.system).Get()));
         EXPECT_EQ(KoordOf(coord).datum, static_cast<std::uint32_t>(row.datum));
@@ -538,9 +531,9 @@ TEST_F(CoordTest, AnEmptyCoordinateIsRelabelledWhereThereIsNoDefault) {
 // With a position.
 
 TEST_F(CoordTest, APositionIsConverted) {
-    for (const auto& row : testing::ReadReferenceFile("objects/coord_utm.txt")) {
-        const IRef<ICoord> coord = MakeCoord(Geodez(2, row.Number(0), row.Number(1), 171.5));
-        EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_UTM).Get())) << row.place;
+    for (const auto& row : testing::ReadReferenceFile("kernel/utm.txt")) {
+        const IRef<ICoord> coord = CoordOf(Geodez(2, row.Number(0), row.Number(1), 171.5));
+        EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_UTM).Get())) << row.place;
         const auto utm = PayloadOf<UtmPayload>(coord);
         EXPECT_EQ(utm.zone, std::stoi(row.Text(2))) << row.place;
         EXPECT_NEAR(utm.easting, row.Number(3), 5e-6) << row.place << " (metres, the accuracy of the series)";
@@ -548,7 +541,7 @@ TEST_F(CoordTest, APositionIsConverted) {
         EXPECT_EQ(utm.wantedZone, -1000) << "the default of the system";
         EXPECT_EQ(coord->GetHeight(), 171.5);
 
-        EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_GEODEZ).Get())) << row.place;
+        EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_GEODEZ).Get())) << row.place;
         const auto back = PayloadOf<GeodezPayload>(coord);
         EXPECT_NEAR(back.latitude, row.Number(0), DEGREES_TOLERANCE) << row.place;
         EXPECT_NEAR(back.longitude, row.Number(1), DEGREES_TOLERANCE) << row.place;
@@ -559,8 +552,8 @@ TEST_F(CoordTest, APositionIsConverted) {
 
 TEST_F(CoordTest, APositionChangesItsDatumButNotItsHeight) {
     const CKoord start = Geodez(2, 50.0, 9.0, 171.5);
-    const IRef<ICoord> coord = MakeCoord(start);
-    EXPECT_TRUE(coord->SetReference(MakeReference(3, KOORD_GEODEZ).Get()));
+    const IRef<ICoord> coord = CoordOf(start);
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(3, KOORD_GEODEZ).Get()));
     tagKOORD shifted = MakeKoord(3, KOORD_GEODEZ);
     ASSERT_EQ(KoordConvert(&start, &shifted), KOORD_OK);
     EXPECT_EQ(PayloadOf<GeodezPayload>(coord).latitude, Load<GeodezPayload>(shifted).latitude);
@@ -570,8 +563,8 @@ TEST_F(CoordTest, APositionChangesItsDatumButNotItsHeight) {
 }
 
 TEST_F(CoordTest, TheParametersOfAFreeProjectionAreItsDefaults) {
-    const IRef<ICoord> coord = MakeCoord(Geodez(2, 0.0, 0.0));
-    EXPECT_TRUE(coord->SetReference(MakeReference(2, KOORD_TM).Get()));
+    const IRef<ICoord> coord = CoordOf(Geodez(2, 0.0, 0.0));
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_TM).Get()));
     const auto tm = PayloadOf<TmPayload>(coord);
     EXPECT_EQ(tm.scale, 1.0);
     EXPECT_EQ(tm.originLongitude, 0.0);
@@ -580,9 +573,9 @@ TEST_F(CoordTest, TheParametersOfAFreeProjectionAreItsDefaults) {
 }
 
 TEST_F(CoordTest, AHeightOutlivesAFormWithoutRoomForIt) {
-    const IRef<ICoord> coord = MakeCoord(Geodez(2, 50.0, 9.0, 171.5));
+    const IRef<ICoord> coord = CoordOf(Geodez(2, 50.0, 9.0, 171.5));
     for (const std::int32_t system : {KOORD_GEOGRAD, KOORD_GK, KOORD_GEODEZMIN, KOORD_UTM, KOORD_GEODEZ}) {
-        EXPECT_TRUE(coord->SetReference(MakeReference(2, system).Get())) << system;
+        EXPECT_TRUE(coord->SetReference(ReferenceOf(2, system).Get())) << system;
         EXPECT_EQ(coord->GetHeight(), 171.5) << system;
     }
     EXPECT_EQ(PayloadOf<GeodezPayload>(coord).height, 171.5);
@@ -609,7 +602,7 @@ TEST_F(CoordTest, SetReferenceThatFailsChangesNothing) {
         {CKoord(MakeKoord(2, -1)), 2, KOORD_GEODEZ},
     };
     for (const auto& row : rows) {
-        const IRef<ICoord> coord = MakeCoord(row.record);
+        const IRef<ICoord> coord = CoordOf(row.record);
         EXPECT_FALSE(coord->SetReference(MakeHostReference(row.datum, row.system).Get()))
             << row.datum << ' ' << row.system;
         ExpectUnchanged(coord, row.record);
@@ -637,7 +630,7 @@ TEST_F(CoordTest, SetKoordOfNullFails) {
 }
 
 TEST_F(CoordTest, GetKoordGivesTheRecordOfAnEmptyCoordinateToo) {
-    const IRef<ICoordInternal> coord(MakeEmptyCoord(3, KOORD_UTM));
+    const IRef<ICoordInternal> coord(EmptyCoord(3, KOORD_UTM));
     CKoord koord;
     EXPECT_TRUE(coord->GetKoord(&koord));
     EXPECT_TRUE(SameRecord(koord, UtmRecord(3, 'N', 30, 5e5, 0.0)));
@@ -646,7 +639,7 @@ TEST_F(CoordTest, GetKoordGivesTheRecordOfAnEmptyCoordinateToo) {
 
 // Arguments that nobody holds end with the operation, and not before.
 TEST_F(CoordTest, TakesArgumentsOfCountZero) {
-    const IRef<ICoord> coord = MakeCoord(Geodez(2, 50.0, 9.0));
+    const IRef<ICoord> coord = CoordOf(Geodez(2, 50.0, 9.0));
     EXPECT_TRUE(coord->GetGeographic(CreateClassCoordGeographic()));
     EXPECT_TRUE(coord->SetGeographic(CreateClassCoordGeographic()));
     EXPECT_TRUE(coord->GetReference(CreateClassCoordinateReference()));

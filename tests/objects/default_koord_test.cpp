@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "support/coords.h"
+#include "support/zoned_records.h"
 
 namespace tessara {
 namespace {

@@ -2,15 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "support/coords.h"
 #include "support/live_objects.h"
+#include "support/zoned_records.h"
 
 namespace tessara {
 namespace {
 
 using testing::CountOf;
-using testing::KoordOf;
-using testing::MakeCoord;
 using testing::SameRecord;
 
 class KoordAccess : public testing::BalancedTest {
@@ -23,7 +21,7 @@ class KoordAccess : public testing::BalancedTest {
 };
 
 TEST_F(KoordAccess, FromACoordinateGivesRecordAndHeight) {
-    const IRef<ICoord> coord = MakeCoord(source);
+    const IRef<ICoord> coord = CoordOf(source);
     CKoord koord;
     EXPECT_TRUE(KoordFromCoord(coord.Get(), &koord));
     EXPECT_TRUE(SameRecord(koord, source));
@@ -33,7 +31,7 @@ TEST_F(KoordAccess, FromACoordinateGivesRecordAndHeight) {
 
 TEST_F(KoordAccess, FromAnEmptyCoordinateGivesItsRecordToo) {
     CKoord koord = source;
-    EXPECT_TRUE(KoordFromCoord(testing::MakeEmptyCoord(2, KOORD_GEODEZ).Get(), &koord));
+    EXPECT_TRUE(KoordFromCoord(EmptyCoord(2, KOORD_GEODEZ).Get(), &koord));
     EXPECT_TRUE(SameRecord(koord, CKoord()));
 }
 
@@ -42,7 +40,7 @@ TEST_F(KoordAccess, FromAnythingElseFailsAndWritesNothing) {
     EXPECT_FALSE(KoordFromCoord(nullptr, &koord));
     EXPECT_FALSE(KoordFromCoord(testing::Disguised<ICoord>(stranger), &koord));
     EXPECT_FALSE(KoordFromCoord(hostCoord.Get(), &koord));
-    EXPECT_FALSE(KoordFromCoord(MakeCoord(source).Get(), nullptr));
+    EXPECT_FALSE(KoordFromCoord(CoordOf(source).Get(), nullptr));
     EXPECT_TRUE(SameRecord(koord, source));
     EXPECT_EQ(CountOf(stranger), 1u);
     EXPECT_EQ(CountOf(hostCoord), 1u);
@@ -69,7 +67,7 @@ TEST_F(KoordAccess, ToAnythingElseFails) {
 }
 
 TEST_F(KoordAccess, CopyTakesTheWholeRecordAndTheHeight) {
-    const IRef<ICoord> from = MakeCoord(source);
+    const IRef<ICoord> from = CoordOf(source);
     const IRef<ICoord> to(CreateClassCoord());
     EXPECT_TRUE(CopyCoord(from.Get(), to.Get()));
     EXPECT_TRUE(SameRecord(KoordOf(to), source));
@@ -80,12 +78,12 @@ TEST_F(KoordAccess, CopyTakesTheWholeRecordAndTheHeight) {
 
 TEST_F(KoordAccess, TheCopyOfAnEmptyCoordinateIsValid) {
     const IRef<ICoord> to(CreateClassCoord());
-    EXPECT_TRUE(CopyCoord(testing::MakeEmptyCoord(2, KOORD_UTM).Get(), to.Get()));
+    EXPECT_TRUE(CopyCoord(EmptyCoord(2, KOORD_UTM).Get(), to.Get()));
     EXPECT_TRUE(testing::HeldPosition(to));
 }
 
 TEST_F(KoordAccess, CopyFailsForAnythingElse) {
-    const IRef<ICoord> coord = MakeCoord(source);
+    const IRef<ICoord> coord = CoordOf(source);
     for (ICoord* wrong :
          {static_cast<ICoord*>(nullptr), testing::Disguised<ICoord>(stranger), hostCoord.Get()}) {
         EXPECT_FALSE(CopyCoord(wrong, coord.Get()));

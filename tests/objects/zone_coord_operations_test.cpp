@@ -6,18 +6,14 @@
 #include <set>
 
 #include "objects/coord.h"
-#include "support/coords.h"
 #include "support/live_objects.h"
+#include "support/zoned_records.h"
 
 namespace tessara {
 namespace {
 
 using testing::AustrianRecord;
 using testing::CountOf;
-using testing::KoordOf;
-using testing::MakeCoord;
-using testing::MakeEmptyCoord;
-using testing::PayloadOf;
 using testing::SameRecord;
 using testing::StripRecord;
 using testing::UtmRecord;
@@ -33,15 +29,15 @@ TEST_F(ZoneCoordOperationsTest, HasZonesInSevenSystems) {
     const std::set<std::int32_t> zoned{2, 3, 7, 8, 9, 13, 14};
     for (std::int32_t system = -1; system <= 23; ++system) {
         const bool isZoned = zoned.count(system) == 1;
-        EXPECT_EQ(zones->HasZones(MakeEmptyCoord(2, system).Get()), isZoned) << system;
-        EXPECT_EQ(zones->HasZones(MakeCoord(CKoord(MakeKoord(2, system))).Get()), isZoned) << system;
+        EXPECT_EQ(zones->HasZones(EmptyCoord(2, system).Get()), isZoned) << system;
+        EXPECT_EQ(zones->HasZones(CoordOf(CKoord(MakeKoord(2, system))).Get()), isZoned) << system;
     }
 }
 
 TEST_F(ZoneCoordOperationsTest, HasZonesGoesByTheReferenceOfAnyCoordinate) {
     EXPECT_TRUE(zones->HasZones(hostCoord.Get())) << "a UTM coordinate of the host";
-    EXPECT_FALSE(zones->HasZones(MakeCoord(CKoord(MakeKoord(500, KOORD_UTM))).Get())) << "no such datum";
-    EXPECT_TRUE(zones->HasZones(MakeEmptyCoord(999, KOORD_UTM).Get()));
+    EXPECT_FALSE(zones->HasZones(CoordOf(CKoord(MakeKoord(500, KOORD_UTM))).Get())) << "no such datum";
+    EXPECT_TRUE(zones->HasZones(EmptyCoord(999, KOORD_UTM).Get()));
 }
 
 TEST_F(ZoneCoordOperationsTest, NothingHasNoZones) {
@@ -55,7 +51,7 @@ TEST_F(ZoneCoordOperationsTest, NothingHasNoZones) {
 }
 
 TEST_F(ZoneCoordOperationsTest, HasNoZonesWithoutMemory) {
-    const IRef<ICoord> coord = MakeEmptyCoord(2, KOORD_UTM);
+    const IRef<ICoord> coord = EmptyCoord(2, KOORD_UTM);
     for (int nth = 1; nth <= 3; ++nth) {
         const testing::FailAllocation failure(nth);
         EXPECT_FALSE(zones->HasZones(coord.Get()));
@@ -67,28 +63,27 @@ TEST_F(ZoneCoordOperationsTest, TheRecordOfAHostsOwnCoordinateCantBeRead) {
     EXPECT_EQ(zones->GetZoneNumber(hostCoord.Get()), INT_MIN);
     EXPECT_EQ(zones->GetZoneFactor(hostCoord.Get()), INT_MIN);
     EXPECT_FALSE(zones->MoveToZone(1, hostCoord.Get()));
-    EXPECT_FALSE(zones->GetZoneCentre(hostCoord.Get(), MakeEmptyCoord(2, 2).Get()));
+    EXPECT_FALSE(zones->GetZoneCentre(hostCoord.Get(), EmptyCoord(2, 2).Get()));
     EXPECT_EQ(CountOf(hostCoord), 1u);
 }
 
 TEST_F(ZoneCoordOperationsTest, TellsTheZoneNumber) {
-    EXPECT_EQ(zones->GetZoneNumber(MakeCoord(UtmRecord(2, 'N', 32, 5e5, 0.0)).Get()), 32);
-    EXPECT_EQ(zones->GetZoneNumber(MakeCoord(StripRecord(3, KOORD_GK, -1600000.0, 0.0)).Get()), -1);
-    EXPECT_EQ(zones->GetZoneNumber(MakeCoord(CKoord()).Get()), INT_MIN) << "GEODEZ";
-    EXPECT_EQ(zones->GetZoneNumber(MakeEmptyCoord(2, KOORD_UTM).Get()), 30)
-        << "an empty coordinate has one too";
+    EXPECT_EQ(zones->GetZoneNumber(CoordOf(UtmRecord(2, 'N', 32, 5e5, 0.0)).Get()), 32);
+    EXPECT_EQ(zones->GetZoneNumber(CoordOf(StripRecord(3, KOORD_GK, -1600000.0, 0.0)).Get()), -1);
+    EXPECT_EQ(zones->GetZoneNumber(CoordOf(CKoord()).Get()), INT_MIN) << "GEODEZ";
+    EXPECT_EQ(zones->GetZoneNumber(EmptyCoord(2, KOORD_UTM).Get()), 30) << "an empty coordinate has one too";
 }
 
 TEST_F(ZoneCoordOperationsTest, TellsTheZoneFactor) {
-    EXPECT_EQ(zones->GetZoneFactor(MakeCoord(UtmRecord(2, 'N', 32, 5e5, 0.0)).Get()), 1000000);
-    EXPECT_EQ(zones->GetZoneFactor(MakeCoord(CKoord()).Get()), INT_MIN);
+    EXPECT_EQ(zones->GetZoneFactor(CoordOf(UtmRecord(2, 'N', 32, 5e5, 0.0)).Get()), 1000000);
+    EXPECT_EQ(zones->GetZoneFactor(CoordOf(CKoord()).Get()), INT_MIN);
 }
 
 TEST_F(ZoneCoordOperationsTest, TheCentreIsWrittenToTheOtherCoordinate) {
     CKoord record = UtmRecord(3, 'S', 32, 716000.0, 9e6);
     record.SetHeight(12.5);
-    const IRef<ICoord> coord = MakeCoord(record);
-    const IRef<ICoord> centre = MakeEmptyCoord(2, KOORD_GEODEZ);
+    const IRef<ICoord> coord = CoordOf(record);
+    const IRef<ICoord> centre = EmptyCoord(2, KOORD_GEODEZ);
     EXPECT_TRUE(zones->GetZoneCentre(coord.Get(), centre.Get()));
     EXPECT_TRUE(SameRecord(KoordOf(centre), UtmRecord(3, 'S', 32, 500000.0, 9e6)));
     EXPECT_EQ(centre->GetHeight(), 12.5);
@@ -99,16 +94,16 @@ TEST_F(ZoneCoordOperationsTest, TheCentreIsWrittenToTheOtherCoordinate) {
 }
 
 TEST_F(ZoneCoordOperationsTest, TheCentreMayReplaceTheCoordinateItself) {
-    const IRef<ICoord> coord = MakeCoord(StripRecord(3, KOORD_GK, 3600000.0, 5e6));
+    const IRef<ICoord> coord = CoordOf(StripRecord(3, KOORD_GK, 3600000.0, 5e6));
     EXPECT_TRUE(zones->GetZoneCentre(coord.Get(), coord.Get()));
     EXPECT_EQ(PayloadOf<GkPayload>(coord).easting, 3500000.0);
 }
 
 TEST_F(ZoneCoordOperationsTest, WithoutACentreTheOtherCoordinateStays) {
     const CKoord kept = UtmRecord(3, 'S', 32, 716000.0, 9e6);
-    const IRef<ICoord> out = MakeCoord(kept);
-    const IRef<ICoord> zoneless = MakeCoord(CKoord());
-    const IRef<ICoord> noMeridian = MakeCoord(AustrianRecord(6, KOORD_BMN, 29, 1.0, 2.0));
+    const IRef<ICoord> out = CoordOf(kept);
+    const IRef<ICoord> zoneless = CoordOf(CKoord());
+    const IRef<ICoord> noMeridian = CoordOf(AustrianRecord(6, KOORD_BMN, 29, 1.0, 2.0));
     EXPECT_FALSE(zones->GetZoneCentre(zoneless.Get(), out.Get()));
     EXPECT_FALSE(zones->GetZoneCentre(noMeridian.Get(), out.Get()));
     EXPECT_FALSE(zones->GetZoneCentre(nullptr, out.Get()));
@@ -121,7 +116,7 @@ TEST_F(ZoneCoordOperationsTest, WithoutACentreTheOtherCoordinateStays) {
 }
 
 TEST_F(ZoneCoordOperationsTest, MovesACoordinateIntoAnotherZone) {
-    const IRef<ICoord> coord = MakeCoord(UtmRecord(2, 'N', 60, 716000.0, 5e6));
+    const IRef<ICoord> coord = CoordOf(UtmRecord(2, 'N', 60, 716000.0, 5e6));
     EXPECT_TRUE(zones->MoveToZone(1, coord.Get()));
     EXPECT_TRUE(SameRecord(KoordOf(coord), UtmRecord(2, 'N', 1, 716000.0, 5e6)));
     EXPECT_TRUE(zones->MoveToZone(-1, coord.Get()));
@@ -131,10 +126,10 @@ TEST_F(ZoneCoordOperationsTest, MovesACoordinateIntoAnotherZone) {
 
 TEST_F(ZoneCoordOperationsTest, AMoveThatFailsLeavesTheCoordinate) {
     const CKoord last = AustrianRecord(6, KOORD_BMN, 34, 860000.0, 2e5);
-    const IRef<ICoord> coord = MakeCoord(last);
+    const IRef<ICoord> coord = CoordOf(last);
     EXPECT_FALSE(zones->MoveToZone(1, coord.Get()));
     EXPECT_TRUE(SameRecord(KoordOf(coord), last));
-    const IRef<ICoord> zoneless = MakeCoord(CKoord());
+    const IRef<ICoord> zoneless = CoordOf(CKoord());
     EXPECT_FALSE(zones->MoveToZone(1, zoneless.Get()));
     EXPECT_TRUE(SameRecord(KoordOf(zoneless), CKoord()));
 }

@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "support/coords.h"
+#include "support/zoned_records.h"
 
 namespace tessara {
 namespace {

@@ -1,0 +1,36 @@
+// Records for tests, with everything a test doesn't name zero.
+#pragma once
+
+#include <cstdint>
+
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/koord.h"
+
+namespace tessara {
+
+inline tagKOORD GeodezRecord(double latitude, double longitude, double height = 0.0,
+                             std::int32_t datum = DATUM_WGS84) {
+    tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);
+    Store(record, GeodezPayload{latitude, longitude, height});
+    return record;
+}
+
+template <KoordPayload Payload>
+tagKOORD Record(std::int32_t type, const Payload& payload, std::int32_t datum = DATUM_WGS84) {
+    tagKOORD record = MakeKoord(datum, type);
+    Store(record, payload);
+    return record;
+}
+
+// A GK target that wants its natural strip: 0 would be a wanted meridian.
+inline tagKOORD NaturalTarget(std::int32_t type, std::int32_t datum = DATUM_WGS84) {
+    tagKOORD record = MakeKoord(datum, type);
+    if (type == KOORD_GK || type == KOORD_GK6) {
+        GkPayload payload{};
+        payload.wantedMeridian = NO_WANTED_ZONE;
+        Store(record, payload);
+    }
+    return record;
+}
+
+}  // namespace tessara
