@@ -11,6 +11,7 @@
 #include "tessara/coordinate_reference.h"
 #include "tessara/coordinate_system.h"
 #include "tessara/coordinate_transfer.h"
+#include "tessara/euclidean_vector.h"
 #include "tessara/float_point.h"
 #include "tessara/geo_date.h"
 #include "tessara/kernel/constants.h"
@@ -20,4 +21,5 @@
 #include "tessara/ref.h"
 #include "tessara/tessara_string.h"
 #include "tessara/unknown.h"
+#include "tessara/vector.h"
 #include "tessara/zone_coord_operations.h"

@@ -5,6 +5,7 @@
 // and none is dropped. The class list runs the other way: the last of the table comes first.
 
 #include "frame/class_factory.h"
+#include "geometry/euclidean_vector.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
 #include "objects/coordinate_init.h"
@@ -27,6 +28,7 @@ TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);
 TESSARA_CLASS(Singleton, CoordinateTransfer);
+TESSARA_CLASS(Singleton, EuclideanVector);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS
