@@ -2,9 +2,18 @@
 
 #include "tessara/kernel/austrian_grids.h"
 #include "tessara/kernel/datum.h"
+#include "tessara/kernel/dutch_grid.h"
+#include "tessara/kernel/ecef.h"
 #include "tessara/kernel/fixed_grids.h"
+#include "tessara/kernel/georef.h"
+#include "tessara/kernel/lambert.h"
+#include "tessara/kernel/lettered_grids.h"
 #include "tessara/kernel/range_checks.h"
+#include "tessara/kernel/swiss_grid.h"
 #include "tessara/kernel/transverse_mercator.h"
+#include "tessara/kernel/ups.h"
+#include "tessara/kernel/utmref.h"
+#include "tessara/kernel/van_der_grinten.h"
 #include "tessara/kernel/zone_systems.h"
 
 namespace tessara {
@@ -133,6 +142,20 @@ void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload) {
     *payload = {position[0], position[1], position[2]};
 }
 
+KoordStatus ECEF_Read(const tagKOORD& source, double* position) {
+    tagKOORD work = MakeKoord(DatumOf(source), KOORD_GEODEZ);
+    const KoordStatus status = ECEF_ToGeodetic(&source, &work);
+    const auto payload = Load<GeodezPayload>(work);
+    GEODEZ_ToGeodetic(&payload, position);
+    return status;
+}
+
+KoordStatus ECEF_Write(const double* position, tagKOORD* target) {
+    tagKOORD work = MakeKoord(DatumOf(*target), KOORD_GEODEZ);
+    Store(work, GeodezPayload{position[0], position[1], position[2]});
+    return ECEF_FromGeodetic(&work, target);
+}
+
 TmParams ParamsOf(const TmPayload& p) {
     return {p.originLongitude, p.originLatitude, p.falseEasting, p.falseNorthing, p.scale};
 }
@@ -148,33 +171,75 @@ KoordStatus TM_FromGeodetic(const double* latLon, TmPayload* payload, const TmCo
     return TM_ForwardParam(latLon, &params, &payload->easting, &payload->northing, forward);
 }
 
+KoordStatus VDG_Read(const VdgPayload* payload, double* latLon, std::int32_t datum) {
+    return VDG_ToGeodetic(payload, datum, latLon);
+}
+
+LambertCC ConeOf(const LambertCCPayload& p, std::int32_t datum) {
+    constexpr double scale = 1.0;
+    LambertCC cone{};
+    LambertCC_Init(datum, p.parallel1, p.parallel2, scale, p.falseEasting, p.falseNorthing, p.originLatitude,
+                   p.originLongitude, &cone);
+    return cone;
+}
+
+void LAMBERTCC_ToGeodetic(const LambertCCPayload* payload, double* latLon, std::int32_t datum) {
+    const LambertCC cone = ConeOf(*payload, datum);
+    LambertCC_Inverse(payload->easting, payload->northing, latLon, &cone);
+}
+
+void LAMBERTCC_FromGeodetic(const double* latLon, LambertCCPayload* payload, std::int32_t datum) {
+    const LambertCC cone = ConeOf(*payload, datum);
+    LambertCC_Forward(latLon, &payload->easting, &payload->northing, &cone);
+}
+
 // The first phase: a record to latitude, longitude and height on its own datum. `position` comes in as zeros.
 KoordStatus ReadPosition(const tagKOORD& source, double* position) {
     switch (source.type) {
         case KOORD_UTM:
             return Read(source, position, UTM_ToGeodetic);
+        case KOORD_UTMREF:
+            return Read(source, position, UTMREF_ToGeodetic);
         case KOORD_GEODEZ:
             return Read(source, position, GEODEZ_ToGeodetic);
         case KOORD_GEOGRAD:
             return Read(source, position, GEOGRAD_ToGeodetic);
+        case KOORD_GEOREF:
+            return Read(source, position, GEOREF_ToGeodetic);
         case KOORD_GK:
             return Read(source, position, GK_ToGeodetic);
         case KOORD_BMN:
             return Read(source, position, BMN_ToGeodetic);
         case KOORD_OEM:
             return Read(source, position, OEM_ToGeodetic);
+        case KOORD_CH:
+            return Read(source, position, CH_ToGeodetic);
+        case KOORD_ECEF:
+            return ECEF_Read(source, position);
         case KOORD_GEODEZMIN:
             return Read(source, position, GEODEZMIN_ToGeodetic);
         case KOORD_GK6:
             return Read(source, position, GK6_ToGeodetic);
         case KOORD_GKAT:
             return Read(source, position, GKAT_ToGeodetic);
+        case KOORD_UPS:
+            return Read(source, position, UPS_ToGeodetic);
         case KOORD_PO_MILITARY:
             return Read(source, position, POMilitary_ToGeodetic);
         case KOORD_TM:
             return Read(source, position, TM_ToGeodetic);
+        case KOORD_VDG:
+            return Read(source, position, VDG_Read);
+        case KOORD_BNG:
+            return Read(source, position, BNG_ToGeodetic);
+        case KOORD_ING:
+            return Read(source, position, ING_ToGeodetic);
+        case KOORD_RD:
+            return Read(source, position, RD_ToGeodetic);
         case KOORD_LUREF:
             return Read(source, position, LUREF_ToGeodetic);
+        case KOORD_LAMBERTCC:
+            return Read(source, position, LAMBERTCC_ToGeodetic);
         default:
             return KOORD_ERR_TYPE;
     }
@@ -185,28 +250,48 @@ KoordStatus WritePosition(const double* position, tagKOORD* target) {
     switch (target->type) {
         case KOORD_UTM:
             return Write(position, target, UTM_FromGeodetic);
+        case KOORD_UTMREF:
+            return Write(position, target, UTMREF_FromGeodetic);
         case KOORD_GEODEZ:
             return Write(position, target, GEODEZ_FromGeodetic);
         case KOORD_GEOGRAD:
             return Write(position, target, GEOGRAD_FromGeodetic);
+        case KOORD_GEOREF:
+            return Write(position, target, GEOREF_FromGeodetic);
         case KOORD_GK:
             return Write(position, target, GK_FromGeodetic);
         case KOORD_BMN:
             return Write(position, target, BMN_FromGeodetic);
         case KOORD_OEM:
             return Write(position, target, OEM_FromGeodetic);
+        case KOORD_CH:
+            return Write(position, target, CH_FromGeodetic);
+        case KOORD_ECEF:
+            return ECEF_Write(position, target);
         case KOORD_GEODEZMIN:
             return Write(position, target, GEODEZMIN_FromGeodetic);
         case KOORD_GK6:
             return Write(position, target, GK6_FromGeodetic);
         case KOORD_GKAT:
             return Write(position, target, GKAT_FromGeodetic);
+        case KOORD_UPS:
+            return Write(position, target, UPS_FromGeodetic);
         case KOORD_PO_MILITARY:
             return Write(position, target, POMilitary_FromGeodetic);
         case KOORD_TM:
             return Write(position, target, TM_FromGeodetic);
+        case KOORD_VDG:
+            return Write(position, target, VDG_FromGeodetic);
+        case KOORD_BNG:
+            return Write(position, target, BNG_FromGeodetic);
+        case KOORD_ING:
+            return Write(position, target, ING_FromGeodetic);
+        case KOORD_RD:
+            return Write(position, target, RD_FromGeodetic);
         case KOORD_LUREF:
             return Write(position, target, LUREF_FromGeodetic);
+        case KOORD_LAMBERTCC:
+            return Write(position, target, LAMBERTCC_FromGeodetic);
         default:
             return KOORD_ERR_TYPE;
     }

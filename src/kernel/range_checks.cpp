@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "kernel/limits.h"
 #include "tessara/kernel/convert.h"
+#include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
@@ -12,6 +12,13 @@ struct AxisRange {
     double low;
     double high;
 };
+
+AxisRange EastRange(const Limits& limits) {
+    return {limits.west, limits.east};
+}
+AxisRange NorthRange(const Limits& limits) {
+    return {limits.south, limits.north};
+}
 
 // What a test answers below and above its range.
 struct RangeStatus {
@@ -37,21 +44,11 @@ KoordStatus First(KoordStatus first, KoordStatus second) {
     return first != KOORD_OK ? first : second;
 }
 
-struct GeodeticLimits {
-    AxisRange longitude;
-    AxisRange latitude;
-};
-
-constexpr GeodeticLimits UTM_LIMITS{{-180.0, 180.0}, {UTM_LATITUDE_SOUTH, UTM_LATITUDE_NORTH}};
-constexpr GeodeticLimits GEOGRAPHIC_LIMITS{{-360.0, 360.0}, {-90.0, 90.0}};
-constexpr GeodeticLimits GK_LIMITS{{-GK_LONGITUDE, GK_LONGITUDE}, {-GK_LATITUDE, GK_LATITUDE}};
-constexpr GeodeticLimits GK6_LIMITS{{-180.0, 180.0}, {-GK_LATITUDE, GK_LATITUDE}};
-constexpr GeodeticLimits AUSTRIAN_LIMITS{{AUSTRIA_WEST, AUSTRIA_EAST}, {AUSTRIA_SOUTH, AUSTRIA_NORTH}};
 constexpr AxisRange UPS_LATITUDE{80.0, 90.0};
 
-KoordStatus CheckGeodetic(const double latLon[2], const GeodeticLimits& limits) {
-    return First(CheckAxis(latLon[1], limits.longitude, EAST_STATUS),
-                 CheckAxis(latLon[0], limits.latitude, NORTH_STATUS));
+KoordStatus CheckGeodetic(const double latLon[2], const Limits& limits) {
+    return First(CheckAxis(latLon[1], EastRange(limits), EAST_STATUS),
+                 CheckAxis(latLon[0], NorthRange(limits), NORTH_STATUS));
 }
 
 KoordStatus CheckPolar(double latitude) {
@@ -96,14 +93,14 @@ KoordStatus GeodeticVerdict(const double latLon[2], std::int32_t type) {
 }
 
 // The limits of a system found on the position its record stands for.
-KoordStatus CheckThroughGeodez(const tagKOORD& record, const GeodeticLimits& limits,
-                               KoordStatus longitudeStatus, KoordStatus latitudeStatus) {
+KoordStatus CheckThroughGeodez(const tagKOORD& record, const Limits& limits, KoordStatus longitudeStatus,
+                               KoordStatus latitudeStatus) {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
     const KoordStatus status = KoordConvert(&record, &geodez);
     if (status != KOORD_OK) return status;
     const GeodezPayload position = Load<GeodezPayload>(geodez);
-    return First(CheckAxis(position.longitude, limits.longitude, Either(longitudeStatus)),
-                 CheckAxis(position.latitude, limits.latitude, Either(latitudeStatus)));
+    return First(CheckAxis(position.longitude, EastRange(limits), Either(longitudeStatus)),
+                 CheckAxis(position.latitude, NorthRange(limits), Either(latitudeStatus)));
 }
 
 KoordStatus CheckUps(const tagKOORD& record) {
@@ -116,8 +113,8 @@ KoordStatus CheckUps(const tagKOORD& record) {
 }
 
 KoordStatus CheckLatitudeLongitude(const double latLon[2]) {
-    return First(CheckAxis(latLon[0], GEOGRAPHIC_LIMITS.latitude, Either(KOORD_ERR_GEO_LAT)),
-                 CheckAxis(latLon[1], GEOGRAPHIC_LIMITS.longitude, Either(KOORD_ERR_GEO_LON)));
+    return First(CheckAxis(latLon[0], NorthRange(GEOGRAPHIC_LIMITS), Either(KOORD_ERR_GEO_LAT)),
+                 CheckAxis(latLon[1], EastRange(GEOGRAPHIC_LIMITS), Either(KOORD_ERR_GEO_LON)));
 }
 
 KoordStatus CheckGeodez(const tagKOORD& record) {
@@ -190,26 +187,15 @@ KoordStatus CheckGeoref(const tagKOORD& record) {
     return KOORD_OK;
 }
 
-struct GridLimits {
-    AxisRange easting;
-    AxisRange northing;
-};
+// Within a 100 km square of the lettered grids.
+constexpr Limits SQUARE_LIMITS{0.0, 99999.99, 0.0, 99999.99};
 
-constexpr GridLimits CH_LIMITS{{CH_WEST, CH_EAST}, {CH_SOUTH, CH_NORTH}};
-constexpr GridLimits PO_MILITARY_LIMITS{{PO_MILITARY_WEST, PO_MILITARY_EAST},
-                                        {PO_MILITARY_SOUTH, PO_MILITARY_NORTH}};
-constexpr GridLimits RD_LIMITS{{RD_WEST, RD_EAST}, {RD_SOUTH, RD_NORTH}};
-constexpr GridLimits LUREF_LIMITS{{LUREF_LOW, LUREF_HIGH}, {LUREF_LOW, LUREF_HIGH}};
-constexpr GridLimits BNG_LIMITS{{0.0, BNG_EAST}, {0.0, BNG_NORTH}};
-constexpr GridLimits ING_LIMITS{{0.0, ING_EAST}, {0.0, ING_NORTH}};
-constexpr GridLimits SQUARE_LIMITS{{0.0, 99999.99}, {0.0, 99999.99}};
-
-KoordStatus CheckGrid(double easting, double northing, const GridLimits& limits,
-                      RangeStatus east = EAST_STATUS, RangeStatus north = NORTH_STATUS) {
-    return First(CheckAxis(easting, limits.easting, east), CheckAxis(northing, limits.northing, north));
+KoordStatus CheckGrid(double easting, double northing, const Limits& limits, RangeStatus east = EAST_STATUS,
+                      RangeStatus north = NORTH_STATUS) {
+    return First(CheckAxis(easting, EastRange(limits), east), CheckAxis(northing, NorthRange(limits), north));
 }
 
-KoordStatus CheckPlainGrid(const tagKOORD& record, const GridLimits& limits, RangeStatus east = EAST_STATUS,
+KoordStatus CheckPlainGrid(const tagKOORD& record, const Limits& limits, RangeStatus east = EAST_STATUS,
                            RangeStatus north = NORTH_STATUS) {
     const GridPayload p = Load<GridPayload>(record);
     return CheckGrid(p.easting, p.northing, limits, east, north);
@@ -217,7 +203,7 @@ KoordStatus CheckPlainGrid(const tagKOORD& record, const GridLimits& limits, Ran
 
 // No letter is rejected here: the conversion itself knows which letters exist and answers
 // KOORD_ERR_GRID_RANGE. KOORD_ERR_GRID_LETTER stays reserved.
-KoordStatus CheckLetterGrid(const tagKOORD& record, const GridLimits& limits) {
+KoordStatus CheckLetterGrid(const tagKOORD& record, const Limits& limits) {
     const LetterGridPayload p = Load<LetterGridPayload>(record);
     if (p.square != 0 && p.subSquare != 0) return CheckGrid(p.easting, p.northing, SQUARE_LIMITS);
     return CheckGrid(p.fullEasting, p.fullNorthing, limits);
