@@ -5,6 +5,7 @@
 
 #include "kernel/whole_turns.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
 #include "tessara/kernel/datum.h"
 
 namespace tessara {
@@ -271,6 +272,46 @@ GeodesicResult Geodesic_InverseCore(double lat1, double lon1, double lat2, doubl
     const GeodesicResult result = InverseByIteration(p1, p2, ellipsoid);
     if (result.distance < 0.0 && IsNearAntipode(p1, p2)) return InverseBySearch(p1, p2, ellipsoid);
     return result;
+}
+
+KoordStatus Geodesic_Direct(const tagKOORD* from, std::int32_t datum, double distance, double azimuth,
+                            tagKOORD* to) {
+    tagKOORD start = MakeKoord(datum, KOORD_GEODEZ);
+    const KoordStatus status = KoordConvert(from, &start);
+    if (status != KOORD_OK) return status;
+    double axes[2];
+    Geodesic_LoadAxes(axes, datum);
+    const auto position = Load<GeodezPayload>(start);
+    const GeodesicResult result =
+        Geodesic_DirectCore(position.latitude, position.longitude, distance, azimuth, axes[0], axes[1]);
+    tagKOORD end = MakeKoord(datum, KOORD_GEODEZ);
+    Store(end, GeodezPayload{result.latitude, result.longitude, 0.0});
+    return KoordConvert(&end, to);
+}
+
+KoordStatus Geodesic_Inverse(const tagKOORD* p1, const tagKOORD* p2, std::int32_t datum, double* distance,
+                             double* azimuth12, double* azimuth21) {
+    *distance = 0.0;
+    *azimuth12 = 0.0;
+    *azimuth21 = 0.0;
+    tagKOORD start = MakeKoord(datum, KOORD_GEODEZ);
+    KoordStatus status = KoordConvert(p1, &start);
+    if (status != KOORD_OK) return status;
+    tagKOORD end = MakeKoord(datum, KOORD_GEODEZ);
+    status = KoordConvert(p2, &end);
+    if (status != KOORD_OK) return status;
+
+    double axes[2];
+    Geodesic_LoadAxes(axes, datum);
+    const auto from = Load<GeodezPayload>(start);
+    const auto to = Load<GeodezPayload>(end);
+    const GeodesicResult result =
+        Geodesic_InverseCore(from.latitude, from.longitude, to.latitude, to.longitude, axes[0], axes[1]);
+    if (result.distance < 0.0) return GEODESIC_NO_SOLUTION;
+    *distance = result.distance;
+    *azimuth12 = result.azimuth12;
+    *azimuth21 = result.azimuth21;
+    return KOORD_OK;
 }
 
 }  // namespace tessara

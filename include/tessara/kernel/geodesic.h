@@ -17,8 +17,8 @@
 
 namespace tessara {
 
-// What both core functions return: the direct one fills the names on the left, the inverse one those on the
-// right.
+// What both core functions return: each value has the first name for the direct one, the second for the
+// inverse.
 struct GeodesicResult {
     union {
         double latitude;
@@ -49,11 +49,27 @@ void Geodesic_LoadAxes(double axes[2], std::int32_t datum);
 //
 // Near the antipode the iteration may not converge. If the latitudes then add up to less than 5 degrees and
 // the longitude is within about 26 degrees of the antipode's, the way is put together from two geodesics that
-// meet on the meridian half-way, at the latitude which a one-dimensional search finds; otherwise there is no
-// solution. The search stops at a step that changes the length by 0.01 m or less, so the way has a slight
-// bend and is too long, commonly by less than a metre and in bad cases by several hundred; its azimuths are
-// those of the two halves and may be off by degrees.
+// meet on the meridian half-way, at the latitude that a one-dimensional search finds; otherwise there is no
+// solution. Such a way has a bend and is too long, since the search stops at the first step that changes the
+// length by 0.01 m or less, and may do so beside the best point. Of pairs scattered within 0.7 degrees of the
+// antipode 95 % are less than 0.1 m too long and 99 % less than 90 m, the worst 900 m; the azimuths are those
+// of the two halves, up to 0.1 degrees off for 95 % and 10 degrees for the worst. The search is bounded: such
+// a pair costs two hundred times as much as another at most.
 [[nodiscard]] GeodesicResult Geodesic_InverseCore(double lat1, double lon1, double lat2, double lon2,
                                                   double a, double b);
+
+// The direct solution for a record of any type, on the ellipsoid of `datum`. The caller's `to` says with its
+// datum and type (and parameters) what is wanted. KOORD_OK, or the status of the conversion that failed: `to`
+// is unchanged if it was that of `from`, as with KOORD_ERR_DATUM for a `datum` outside 0..238, and as
+// KoordConvert leaves it otherwise. The height of the result is 0; its longitude isn't wrapped, which some
+// types don't accept beyond 180 degrees.
+KoordStatus Geodesic_Direct(const tagKOORD* from, std::int32_t datum, double distance, double azimuth,
+                            tagKOORD* to);
+
+// The inverse solution between two records of any types, on the ellipsoid of `datum`. KOORD_OK;
+// GEODESIC_NO_SOLUTION, which is 0 and no negative status; or the status of a conversion that failed. The
+// outputs are 0.0 unless KOORD_OK.
+KoordStatus Geodesic_Inverse(const tagKOORD* p1, const tagKOORD* p2, std::int32_t datum, double* distance,
+                             double* azimuth12, double* azimuth21);
 
 }  // namespace tessara

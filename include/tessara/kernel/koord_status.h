@@ -9,6 +9,7 @@ namespace tessara {
 using KoordStatus = std::int32_t;
 
 inline constexpr KoordStatus KOORD_OK = 1;
+inline constexpr KoordStatus GEODESIC_NO_SOLUTION = 0;
 
 inline constexpr KoordStatus KOORD_ERR_GENERAL = -3000;        // a reference or grid that can't be resolved
 inline constexpr KoordStatus KOORD_ERR_DATUM = -3104;          // datum id outside 0..238
