@@ -4,6 +4,10 @@
 // All factories stand in this source, so that they are constructed in table order, whatever the linker does,
 // and none is dropped. The class list runs the other way: the last of the table comes first.
 
+#include "areas/coordinate_area.h"
+#include "areas/coordinate_average.h"
+#include "areas/coordinate_compare.h"
+#include "areas/coordinate_neighbor.h"
 #include "frame/class_factory.h"
 #include "geometry/euclidean_vector.h"
 #include "objects/coord.h"
@@ -23,7 +27,11 @@ namespace {
 
 TESSARA_CLASS(Multi, CoordGeographic);
 TESSARA_CLASS(Multi, Coord);
+TESSARA_CLASS(Multi, CoordinateArea);
+TESSARA_CLASS(Multi, CoordinateAverage);
+TESSARA_CLASS(Singleton, CoordinateCompare);
 TESSARA_CLASS(Multi, CoordinateInit);
+TESSARA_CLASS(Singleton, CoordinateNeighbor);
 TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);

@@ -3,13 +3,14 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
 namespace tessara {
 
-template <class T>
+template <class T, class Allocator = std::allocator<T>>
 class Sequence {
   public:
     [[nodiscard]] std::size_t Size() const { return items_.size(); }
@@ -37,7 +38,7 @@ class Sequence {
         return index;
     }
 
-    std::vector<T> items_;
+    std::vector<T, Allocator> items_;
 };
 
 }  // namespace tessara

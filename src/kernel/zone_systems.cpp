@@ -23,7 +23,7 @@ constexpr double STRIP_SCALE = 1.0;
 // What distinguishes the strip systems.
 struct StripSystem {
     std::int32_t width;      // degrees from one meridian to the next
-    std::int32_t offset;     // strip n > 0 has the meridian n * width - offset, strip -n its negative
+    std::int32_t offset;     // strip n has the meridian n * width - offset, strip -n its negative
     std::int32_t kkjOrigin;  // degrees; on the datum KKJ strips count from here
     std::int32_t (*naturalMeridian)(double lon);
     Limits limits;

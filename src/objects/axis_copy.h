@@ -1,11 +1,10 @@
 // Copies one axis of a position between two records of one datum and one type.
 #pragma once
 
+#include "objects/axis.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
-
-enum class Axis { East, North };
 
 // Copies the fields of the axis and whatever belongs to it: zone, hemisphere, letters. False for types
 // outside 0..22; the target is then unchanged.

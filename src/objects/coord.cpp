@@ -2,6 +2,8 @@
 
 #include "kernel/numeric.h"
 #include "objects/default_koord.h"
+#include "objects/koord_access.h"
+#include "objects/koord_shift.h"
 #include "objects/zones.h"
 #include "tessara/coord_geographic.h"
 #include "tessara/coordinate_reference.h"
@@ -166,17 +168,26 @@ bool Coord::GetKoord(CKoord* koord) {
     return true;
 }
 
-bool Coord::ShiftEast(double) {
-    return false;
+bool Coord::ShiftEast(double delta) {
+    return valid_ && Koord_Shift(Axis::East, delta, &koord_);
 }
-bool Coord::ShiftNorth(double) {
-    return false;
+
+bool Coord::ShiftNorth(double delta) {
+    return valid_ && Koord_Shift(Axis::North, delta, &koord_);
 }
-double Coord::EastDifference(ICoord*) {
-    return UNKNOWN_DIFFERENCE;
+
+double Coord::EastDifference(ICoord* other) {
+    return DifferenceTo(other, Axis::East);
 }
-double Coord::NorthDifference(ICoord*) {
-    return UNKNOWN_DIFFERENCE;
+
+double Coord::NorthDifference(ICoord* other) {
+    return DifferenceTo(other, Axis::North);
+}
+
+double Coord::DifferenceTo(ICoord* other, Axis axis) {
+    CKoord to;
+    if (!valid_ || !KoordFromCoord(other, &to)) return UNKNOWN_DIFFERENCE;
+    return Koord_Difference(axis, koord_, to);
 }
 
 ICoord* CreateClassCoord() {

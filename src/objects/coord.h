@@ -1,5 +1,6 @@
 #pragma once
 
+#include "objects/axis.h"
 #include "tessara/ckoord.h"
 #include "tessara/coord.h"
 #include "tessara/object.h"
@@ -33,6 +34,7 @@ class Coord : public ICoord, public ICoordInternal {
     bool SetPixelReference(std::int32_t datum, std::int32_t system);
     void SetEmptyReference(std::int32_t datum, std::int32_t system);
     bool ConvertTo(std::int32_t datum, std::int32_t system);
+    double DifferenceTo(ICoord* other, Axis axis);
 
     CKoord koord_;
     bool valid_ = false;

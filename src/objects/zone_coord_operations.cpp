@@ -1,12 +1,36 @@
 #include "objects/zone_coord_operations.h"
 
 #include "objects/koord_access.h"
+#include "objects/zone_borders.h"
 #include "objects/zones.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/ref.h"
 
 namespace tessara {
+namespace {
+
+bool WriteBorder(Compass side, ICoord* coord, ICoord* out) {
+    CKoord koord;
+    return KoordFromCoord(coord, &koord) && Zones_MoveToBorder(side, &koord) && KoordToCoord(&koord, out);
+}
+
+bool WriteBorderAtEquator(Compass side, ICoord* coord, ICoord* out) {
+    CKoord koord;
+    return KoordFromCoord(coord, &koord) && Zones_MoveToEquator(&koord) && Zones_MoveToBorder(side, &koord) &&
+           KoordToCoord(&koord, out);
+}
+
+std::int32_t WriteLimit(Compass direction, ICoord* coord, ICoord* out) {
+    const auto failure = static_cast<std::int32_t>(ZoneLimit::Failure);
+    CKoord koord;
+    if (!KoordFromCoord(coord, &koord) || !IRef<ICoord>(out).IsValid()) return failure;
+    const ZoneLimit found = Zones_MoveToLimit(direction, &koord);
+    if (found == ZoneLimit::Border && !KoordToCoord(&koord, out)) return failure;
+    return static_cast<std::int32_t>(found);
+}
+
+}  // namespace
 
 bool ZoneCoordOperations::HasZones(ICoord* coord) {
     const IRef<ICoord> source(coord);
@@ -15,23 +39,28 @@ bool ZoneCoordOperations::HasZones(ICoord* coord) {
     return source->GetReference(reference.Get()) && Zones_Exist(reference->GetSystem());
 }
 
-std::int32_t ZoneCoordOperations::GetEastBorder(ICoord*, ICoord*) {
-    return -1;
+std::int32_t ZoneCoordOperations::GetEastBorder(ICoord* coord, ICoord* out) {
+    return WriteLimit(Compass::North, coord, out);
 }
-bool ZoneCoordOperations::GetEastNeighbour(ICoord*, ICoord*) {
-    return false;
+
+bool ZoneCoordOperations::GetEastNeighbour(ICoord* coord, ICoord* out) {
+    return WriteBorder(Compass::East, coord, out);
 }
-std::int32_t ZoneCoordOperations::GetWestBorder(ICoord*, ICoord*) {
-    return -1;
+
+std::int32_t ZoneCoordOperations::GetWestBorder(ICoord* coord, ICoord* out) {
+    return WriteLimit(Compass::South, coord, out);
 }
-bool ZoneCoordOperations::GetWestNeighbour(ICoord*, ICoord*) {
-    return false;
+
+bool ZoneCoordOperations::GetWestNeighbour(ICoord* coord, ICoord* out) {
+    return WriteBorder(Compass::West, coord, out);
 }
-bool ZoneCoordOperations::GetEastNeighbourAtEquator(ICoord*, ICoord*) {
-    return false;
+
+bool ZoneCoordOperations::GetEastNeighbourAtEquator(ICoord* coord, ICoord* out) {
+    return WriteBorderAtEquator(Compass::East, coord, out);
 }
-bool ZoneCoordOperations::GetWestNeighbourAtEquator(ICoord*, ICoord*) {
-    return false;
+
+bool ZoneCoordOperations::GetWestNeighbourAtEquator(ICoord* coord, ICoord* out) {
+    return WriteBorderAtEquator(Compass::West, coord, out);
 }
 
 bool ZoneCoordOperations::GetZoneCentre(ICoord* coord, ICoord* out) {

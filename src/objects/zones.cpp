@@ -1,6 +1,7 @@
 #include "objects/zones.h"
 
 #include <cmath>
+#include <limits>
 #include <string_view>
 
 #include "kernel/numeric.h"
@@ -23,6 +24,13 @@ constexpr std::int32_t ROWS_PER_PARITY = 5;         // even zones start five row
 constexpr char CENTRE_COLUMN[3] = {'W', 'E', 'N'};  // by the zone's remainder by 3
 
 constexpr std::int32_t NOT_FOUND = -1;
+
+template <class Payload, class Value>
+void SetField(Value Payload::*field, Value value, tagKOORD* record) {
+    auto payload = Load<Payload>(*record);
+    payload.*field = value;
+    Store(*record, payload);
+}
 
 std::int32_t IndexOf(std::string_view letters, char letter) {
     const char upper = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
@@ -167,6 +175,88 @@ bool Zones_SplitStrip(const tagKOORD& record, StripEasting* parts) {
 double Zones_JoinStrip(const StripEasting& parts) {
     const double zero = static_cast<double>(parts.strip) * STRIP_FACTOR;
     return parts.strip < 0 ? zero - parts.offset : zero + parts.offset;
+}
+
+double Zones_East(const tagKOORD& record) {
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    switch (record.type) {
+        case KOORD_UTM:
+            return Load<UtmPayload>(record).easting;
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return Load<BmnPayload>(record).easting;
+        default:
+            StripEasting parts;
+            return Zones_SplitStrip(record, &parts) ? parts.offset : none;
+    }
+}
+
+void Zones_SetEast(double east, tagKOORD* record) {
+    switch (record->type) {
+        case KOORD_UTM:
+            return SetField(&UtmPayload::easting, east, record);
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return SetField(&BmnPayload::easting, east, record);
+        default:
+            StripEasting parts;
+            if (!Zones_SplitStrip(*record, &parts)) return;
+            SetField(&GkPayload::easting, Zones_JoinStrip({parts.strip, east}), record);
+    }
+}
+
+double Zones_HalfWidth(std::int32_t system) {
+    switch (system) {
+        case KOORD_UTM:
+        case KOORD_UTMREF:
+        case KOORD_GK6:
+            return 3.0;
+        case KOORD_GK:
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return 1.5;
+        default:
+            return 0.0;
+    }
+}
+
+std::int16_t Zones_Wanted(const tagKOORD& record) {
+    switch (record.type) {
+        case KOORD_UTM:
+            return Load<UtmPayload>(record).wantedZone;
+        case KOORD_UTMREF:
+            return Load<UtmrefPayload>(record).wantedZone;
+        case KOORD_GK:
+        case KOORD_GK6:
+            return Load<GkPayload>(record).wantedMeridian;
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return Load<BmnPayload>(record).wantedMeridian;
+        default:
+            return NO_WANTED_ZONE;
+    }
+}
+
+void Zones_Want(std::int16_t wanted, tagKOORD* record) {
+    switch (record->type) {
+        case KOORD_UTM:
+            return SetField(&UtmPayload::wantedZone, wanted, record);
+        case KOORD_UTMREF:
+            return SetField(&UtmrefPayload::wantedZone, wanted, record);
+        case KOORD_GK:
+        case KOORD_GK6:
+            return SetField(&GkPayload::wantedMeridian, wanted, record);
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return SetField(&BmnPayload::wantedMeridian, wanted, record);
+        default:
+            return;
+    }
 }
 
 bool Zones_MoveToCentre(tagKOORD* record) {

@@ -29,6 +29,19 @@ bool Zones_SplitStrip(const tagKOORD& record, StripEasting* parts);
 // Rebuilds the easting.
 [[nodiscard]] double Zones_JoinStrip(const StripEasting& parts);
 
+// The east value within the zone: a strip's offset, otherwise the easting. Both grow eastward in every zone.
+// NaN without zones, in UTMREF, and for an easting without a strip.
+[[nodiscard]] double Zones_East(const tagKOORD& record);
+// Writes it; the zone stays. Does nothing where Zones_East is NaN.
+void Zones_SetEast(double east, tagKOORD* record);
+
+// From the central meridian to the border, in degrees; 0.0 without zones.
+[[nodiscard]] double Zones_HalfWidth(std::int32_t system);
+
+// The wanted zone or meridian of a record; NO_WANTED_ZONE without zones.
+[[nodiscard]] std::int16_t Zones_Wanted(const tagKOORD& record);
+void Zones_Want(std::int16_t wanted, tagKOORD* record);
+
 // Puts the record on its zone's central line; the northing stays. False without zones or in a zone that
 // doesn't exist; the record is then unchanged.
 bool Zones_MoveToCentre(tagKOORD* record);

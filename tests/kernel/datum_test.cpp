@@ -26,9 +26,11 @@ constexpr double DEGREE = 0.0174532925199433;
 constexpr std::int32_t KUGEL = 0;
 constexpr std::int32_t GER = 3;
 constexpr std::int32_t WGS72 = 5;
+constexpr std::int32_t IDN = 67;
 constexpr std::int32_t KGS = 70;
 constexpr std::int32_t TOY_M = 77;
 constexpr std::int32_t TOY_A = 78;
+constexpr std::int32_t NAR_E = 133;
 constexpr std::int32_t KUS = 205;
 
 struct Position {
@@ -195,13 +197,28 @@ TEST(MolodenskyStep, LeavesTheLongitudeOfALatitudeThatIsNone) {
     EXPECT_EQ(position.Longitude(), 11.0);
 }
 
+// Up to 0.001 degrees, and near the pole up to what 0.1 m subtends: at 89.98 degrees 0.0026 degrees of
+// longitude.
 TEST(MolodenskyFromHub, TakesASmallShiftInOneStep) {
-    HubParams p{};
-    ASSERT_EQ(Datum_LoadFromHub(WGS72, &p), KOORD_OK);
-    Position position{{48.0, 11.0}};
-    Molodensky_FromHub(position.latLon, &p, WGS72);
-    EXPECT_EQ(position.Latitude(), Step(p, 48.0, 11.0).Latitude());
-    EXPECT_EQ(position.Longitude(), Step(p, 48.0, 11.0).Longitude());
+    struct Case {
+        std::int32_t datum;
+        double latitude, longitude;
+        double largest;  // degrees of the step
+    };
+    for (const Case& c :
+         {Case{WGS72, 48.0, 11.0, 0.0001}, Case{IDN, -7.0, 107.0, 0.001}, Case{NAR_E, 89.98, 1.66, 0.0026}}) {
+        HubParams p{};
+        ASSERT_EQ(Datum_LoadFromHub(c.datum, &p), KOORD_OK);
+        const Position single = Step(p, c.latitude, c.longitude);
+        const double largest =
+            std::max(std::fabs(single.Latitude() - c.latitude), std::fabs(single.Longitude() - c.longitude));
+        EXPECT_LT(largest, c.largest);
+        EXPECT_GT(largest, c.largest / 10.0);
+        Position position{{c.latitude, c.longitude}};
+        Molodensky_FromHub(position.latLon, &p, c.datum);
+        EXPECT_EQ(position.Latitude(), single.Latitude());
+        EXPECT_EQ(position.Longitude(), single.Longitude());
+    }
 }
 
 // What the refinement is for: the way in leads back to the start, which the single step misses by
@@ -220,6 +237,21 @@ TEST(MolodenskyFromHub, RefinesALargeShift) {
     Position single = Step(out, 48.0, 11.0);
     Molodensky_ToHub(single.latLon, &in);
     EXPECT_GT(std::fabs(single.Latitude() - 48.0), 1e-8);
+}
+
+// The translation of KUS is 2.2 km: one correction at 80 degrees leaves 4e-8 degrees, the second 1e-11.
+TEST(MolodenskyFromHub, CorrectsAgainWhatWasAboveATenthOfAThousandth) {
+    HubParams out{};
+    HubParams in{};
+    ASSERT_EQ(Datum_LoadFromHub(KUS, &out), KOORD_OK);
+    ASSERT_EQ(Datum_LoadToHub(KUS, &in), KOORD_OK);
+    for (const double longitude : {-165.0, 15.0}) {
+        Position position{{80.0, longitude}};
+        Molodensky_FromHub(position.latLon, &out, KUS);
+        Molodensky_ToHub(position.latLon, &in);
+        EXPECT_NEAR(position.Latitude(), 80.0, 1e-10);
+        EXPECT_NEAR(position.Longitude(), longitude, 1e-9);
+    }
 }
 
 TEST(MolodenskyFromHub, IsTheSingleStepForAnUnknownDatum) {

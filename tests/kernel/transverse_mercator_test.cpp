@@ -315,6 +315,18 @@ TEST(TmForward, IsTheClosedFormOnTheSphere) {
     }
 }
 
+// The accuracy that transverse_mercator.h states, metres.
+TEST(TmForward, IsExactToMicrometresFarFromTheMeridian) {
+    const TmConstants c = ForwardConstants(DATUM_WGS84);
+    for (const ReferenceRow& row : ReadReferenceFile("kernel/transverse_mercator_far.txt")) {
+        SCOPED_TRACE(row.place);
+        const Grid grid = Forward(row.Number(1), row.Number(0), c);
+        const double tolerance = row.Number(1) <= 10.0 ? 1e-6 : 1e-5;
+        EXPECT_NEAR(grid.easting, row.Number(2), tolerance);
+        EXPECT_NEAR(grid.northing, row.Number(3), tolerance);
+    }
+}
+
 TEST(TmForward, IsSymmetricToTheMeridianAndTheEquator) {
     const TmConstants c = ForwardConstants(GER);
     const Grid grid = Forward(2.5, 51.0, c);

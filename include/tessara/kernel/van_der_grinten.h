@@ -15,9 +15,9 @@ namespace tessara {
 // KOORD_ERR_DATUM for an id outside 0..238 (the payload is then unchanged), else KOORD_OK.
 KoordStatus VDG_FromGeodetic(const double latLon[2], VdgPayload* payload, std::int32_t datum);
 
-// x and y to degrees. KOORD_ERR_DATUM as above; KOORD_ERR_GRID_RANGE where the cubic for the latitude has no
-// real solution in reach. `latLon` is unchanged then. A point outside the circle otherwise gives positions of
-// no meaning.
+// x and y to degrees. KOORD_ERR_DATUM as above; KOORD_ERR_GRID_RANGE if the cubic for the latitude has no
+// real solution, which no point of the plane is known to give. `latLon` is unchanged then. A point outside
+// the circle gives a position of no meaning.
 KoordStatus VDG_ToGeodetic(const VdgPayload* payload, std::int32_t datum, double latLon[2]);
 
 }  // namespace tessara

@@ -2,10 +2,10 @@
 // Mercator on the ellipsoid of the record's datum (transverse_mercator.h has the method); what distinguishes
 // them is the choice of the central meridian and how the zone is written into the result.
 //
-//            meridians    scale   false easting           false northing
-//   UTM      6 zone - 183 0.9996  500000                  0 north, 10000000 south
-//   GK       3 strip      1       strip*1000000 + 500000  0
-//   GK6      6 strip - 3  1       strip*1000000 + 500000  0
+//         central meridian            scale    false easting            false northing
+//   UTM   6 zone - 183                0.9996   500000                   0 north, 10000000 south
+//   GK    3 strip                     1        strip*1000000 + 500000   0
+//   GK6   6 strip - 3 (west: + 3)     1        strip*1000000 + 500000   0
 //
 // UTM has none of the exceptions for Norway and Svalbard: its zone is a function of the longitude alone.
 // (UTM: DMA TM 8358.2, "The Universal Grids". Gauss-Krueger strips: Grossmann, "Geodaetische Rechnungen und
@@ -15,7 +15,7 @@
 // in strip -2 is -2480000. On the datum KKJ the GK strips count from 18 degrees east.
 //
 // `latLon` is latitude and longitude in degrees, `forward` and `inverse` are the constants of the datum.
-// Longitudes that have no natural meridian are those that aren't finite or don't fit 32 bits.
+// A longitude without a natural meridian is one that isn't finite or, for UTM, doesn't fit 32 bits.
 #pragma once
 
 #include <cstdint>

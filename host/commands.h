@@ -1,0 +1,22 @@
+// The subcommands. Each has a source of its own, declares its arguments on the program, and sets `action` to
+// what is to be done when it is the one that is called.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+
+namespace tessara::program {
+
+enum ExitCode : int {
+    EXIT_DONE = 0,
+    EXIT_INCOMPLETE = 1,  // some input couldn't be used, or the output couldn't be written
+    EXIT_USAGE = 2,
+};
+
+using Action = std::function<ExitCode()>;
+
+void AddConvert(CLI::App& program, Action& action);
+void AddSystems(CLI::App& program, Action& action);
+void AddDatums(CLI::App& program, Action& action);
+
+}  // namespace tessara::program

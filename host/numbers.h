@@ -1,0 +1,23 @@
+// Numbers as text, the same under every locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessara::program {
+
+// A decimal number, with or without a sign and an exponent, and nothing else. Infinities and NaN are none.
+[[nodiscard]] std::optional<double> ParseNumber(std::string_view text);
+
+// With a fixed number of decimals; what rounds to zero has no sign.
+[[nodiscard]] std::string FormatNumber(double value, int decimals);
+
+// As short as it can be without a loss.
+[[nodiscard]] std::string FormatNumber(double value);
+
+// A whole number that isn't negative, filled up with zeros to `width` digits.
+[[nodiscard]] std::string FormatWhole(std::int64_t value, int width);
+
+}  // namespace tessara::program

@@ -1,0 +1,26 @@
+// Input: lines `latitude longitude [height]`.
+#pragma once
+
+#include <istream>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessara::program {
+
+struct Position {
+    double latitude;               // degrees, positive north
+    double longitude;              // degrees, positive east
+    std::optional<double> height;  // metres above the ellipsoid
+};
+
+// One line: nothing (blank, or a comment from '#' on), a position, or what is wrong with it.
+struct Line {
+    std::optional<Position> position;
+    std::string error;
+};
+
+// Values stand apart by blanks or tabs. A latitude is within 90 degrees, a longitude within 360.
+[[nodiscard]] Line ReadLine(std::string_view text);
+
+}  // namespace tessara::program

@@ -1,0 +1,119 @@
+// The extent of things in a coordinate system: how far north, east, south and west a system, a map rectangle,
+// a line or a polygon reaches, and what lies inside a polygon.
+//
+// A rectangle (IRect) is in whole pixels of a map. A line or a polygon is an IArray of ICoord. Extremes are
+// four coordinates of one reference in the order north, east, south, west.
+#pragma once
+
+#include "tessara/unknown.h"
+
+namespace tessara {
+
+class IArray;
+class ICoord;
+class IMapCoordOperations;
+class IRect;
+
+inline constexpr GUID CLSID_CoordinateArea = ParseGuid("A6AE8424-CF07-486B-BC7F-075F2E73122E");
+inline constexpr GUID IID_ICoordinateArea = ParseGuid("BBC9C06E-DFB8-4A8F-95C1-535BC32A43EE");
+inline constexpr GUID IID_ICoordinateAreaInternal = ParseGuid("ECED2B61-F554-4CC5-BCDE-C00D5F18C476");
+
+class ICoordinateArea : public IUnknown {
+  public:
+    static constexpr const GUID& Iid = IID_ICoordinateArea;
+
+    // Moves the point to where the system it is in ends in a direction, on its datum and at height 0.0:
+    //
+    //   - pixels: the ends of the numbers;
+    //   - UTM and UTMREF: latitudes 84 and -80 on 3 degrees east; the equator at longitude 180 in zone 60 and
+    //     at -180 in zone 1;
+    //   - GEODEZ, GEOGRAD, GEODEZMIN: latitudes +-90 and longitudes +-360; GEOREF: its outermost squares;
+    //   - GK, GK6: latitudes +-80; the equator a hair inside +-181.5 (GK6: +-180) degrees, on the datum KKJ
+    //     -162.5 in the west;
+    //   - BMN, OEM, GK-AT: latitudes 51 and 45 on the middle meridian; latitude 45 a hair inside the edges of
+    //     the outer strips;
+    //   - ECEF: the north pole, the equator at 90 and at 0 degrees; 0, 0, 0 in the south;
+    //   - UPS: latitude 80 of the north at longitudes 180, 90, 0 and -90;
+    //   - TM: a quarter meridian to the north and south, 20 degrees of the equator to the sides, each as a
+    //     record with parameters of its own;
+    //   - VDG: latitudes +-85, longitudes +-180;
+    //   - CH, PO_MILITARY, BNG, ING, RD, LUREF: the middles of the sides of the grid.
+    //
+    // False for a null or foreign object, systems outside 0..22 and datums outside 0..238; the point is then
+    // unchanged. (Systems that need no ellipsoid here take the datum 999, too.)
+    virtual bool GetSystemNorth(ICoord* point) = 0;
+    virtual bool GetSystemEast(ICoord* point) = 0;
+    virtual bool GetSystemSouth(ICoord* point) = 0;
+    virtual bool GetSystemWest(ICoord* point) = 0;
+    // All four at once. They must be of one datum and one system, otherwise false.
+    virtual bool GetSystemExtremes(ICoord* north, ICoord* east, ICoord* south, ICoord* west) = 0;
+
+    // The extremes of a rectangle of a map, in the point's reference.
+    virtual bool GetMapRectNorth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
+    virtual bool GetMapRectEast(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
+    virtual bool GetMapRectSouth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
+    virtual bool GetMapRectWest(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
+    virtual bool GetMapRectExtremes(IMapCoordOperations* map, IRect* rect, ICoord* north, ICoord* east,
+                                    ICoord* south, ICoord* west) = 0;
+
+    // The extremes of a line, on a map or without one, in the point's reference. Only the value on the axis
+    // of the direction means something.
+    virtual bool GetMapLineNorth(IMapCoordOperations* map, IArray* line, ICoord* point) = 0;
+    virtual bool GetLineNorth(IArray* line, ICoord* point) = 0;
+    virtual bool GetMapLineEast(IMapCoordOperations* map, IArray* line, ICoord* point) = 0;
+    virtual bool GetLineEast(IArray* line, ICoord* point) = 0;
+    virtual bool GetMapLineSouth(IMapCoordOperations* map, IArray* line, ICoord* point) = 0;
+    virtual bool GetLineSouth(IArray* line, ICoord* point) = 0;
+    virtual bool GetMapLineWest(IMapCoordOperations* map, IArray* line, ICoord* point) = 0;
+    virtual bool GetLineWest(IArray* line, ICoord* point) = 0;
+    virtual bool GetMapLineExtremes(IMapCoordOperations* map, IArray* line, ICoord* north, ICoord* east,
+                                    ICoord* south, ICoord* west) = 0;
+    virtual bool GetLineExtremes(IArray* line, ICoord* north, ICoord* east, ICoord* south, ICoord* west) = 0;
+
+    // Whether a point lies inside a polygon, by how the polygon's edges run.
+    virtual bool IsInsideCoordEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    virtual bool IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) = 0;
+    virtual bool IsInsideMapEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    virtual bool IsInsideTransferred(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    virtual bool IsInsideOnMap(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    virtual bool IsInsidePixels(ICoord* point, IArray* polygon) = 0;
+
+    // How close to an edge, in pixels, a point counts as on it; 2.220446049250313e-11 in a new object. False
+    // for a negative tolerance or a NaN, which change nothing.
+    virtual bool SetTolerance(double tolerance) = 0;
+    virtual double GetTolerance() = 0;
+
+    // How two polygons lie to each other, and the parts in neither, only in the second, only in the first and
+    // in both. -1 is a failure.
+    virtual std::int32_t OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
+                                      IArray* neither, IArray* onlySecond, IArray* onlyFirst,
+                                      IArray* both) = 0;
+    virtual std::int32_t Overlay(IArray* first, IArray* second, IArray* neither, IArray* onlySecond,
+                                 IArray* onlyFirst, IArray* both) = 0;
+    virtual std::int32_t OverlayPixels(IMapCoordOperations* map, IArray* first, IArray* second,
+                                       IArray* neither, IArray* onlySecond, IArray* onlyFirst,
+                                       IArray* both) = 0;
+    // Takes a self-crossing polygon apart into simple ones.
+    virtual bool SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) = 0;
+
+  protected:
+    ~ICoordinateArea() = default;
+};
+
+// For the library's own classes.
+class ICoordinateAreaInternal : public IUnknown {
+  public:
+    static constexpr const GUID& Iid = IID_ICoordinateAreaInternal;
+
+    // As GetMapRectExtremes, of a rectangle whose sides are in order.
+    virtual bool GetRectExtremes(IMapCoordOperations* map, IRect* rect, ICoord* north, ICoord* east,
+                                 ICoord* south, ICoord* west) = 0;
+
+  protected:
+    ~ICoordinateAreaInternal() = default;
+};
+
+// A new one with count 0, or null without memory.
+extern "C" TESSARA_API ICoordinateArea* CreateClassCoordinateArea();
+
+}  // namespace tessara

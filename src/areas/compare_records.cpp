@@ -1,0 +1,209 @@
+#include "areas/compare_records.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "objects/axis_values.h"
+#include "objects/convert_records.h"
+#include "objects/default_koord.h"
+#include "objects/zones.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/zone_systems.h"
+
+namespace tessara {
+namespace {
+
+std::int32_t Order(double first, double second) {
+    if (first == second) return 0;
+    return first > second ? 1 : -1;
+}
+
+// Position codes mean the same on every datum: they are read on one that always exists.
+bool ReadCode(tagKOORD* record) {
+    record->datum = DATUM_WGS84;
+    return ConvertTo(KOORD_GEODEZ, record);
+}
+
+// Only the letters of the axis count. The rest is the default's, and so is the precision, which reads no
+// minutes: GEOREF positions compare by whole degrees.
+bool ReadGeoref(Axis axis, tagKOORD* record) {
+    const auto given = Load<GeorefPayload>(*record);
+    CKoord fresh;
+    if (!DefaultKoord(DATUM_WGS84, KOORD_GEOREF, &fresh)) return false;
+    auto payload = Load<GeorefPayload>(fresh);
+    if (axis == Axis::East) {
+        payload.lonZone = given.lonZone;
+        payload.lonDegree = given.lonDegree;
+        payload.lonMinutes = given.lonMinutes;
+    } else {
+        payload.latZone = given.latZone;
+        payload.latDegree = given.latDegree;
+        payload.latMinutes = given.latMinutes;
+    }
+    Store(*record, payload);
+    return ReadCode(record);
+}
+
+// Fills the values of the whole grid from the letters.
+bool ReadLetterGrid(tagKOORD* record) {
+    record->datum = DATUM_WGS84;
+    return RenewLetters(record);
+}
+
+// The wanted zones or meridians that mean a zone of the system, and the two that end it: a point that lies
+// beyond the central line of an outermost zone stays there, since its natural zone would put it at the other
+// end of the numbering.
+struct WantedRange {
+    std::int32_t first;
+    std::int32_t last;
+    std::int32_t step;
+    std::int32_t outerWest;
+    std::int32_t outerEast;
+};
+
+constexpr WantedRange UTM_WANTED{1, 60, 1, 1, 60};
+constexpr WantedRange GK_WANTED{-180, 180, 3, -180, 180};
+// No GK6 meridian stands on the date line, and west of the first Austrian meridian the system just ends.
+constexpr WantedRange GK6_WANTED{-177, 177, 6, NO_WANTED_ZONE, NO_WANTED_ZONE};
+constexpr WantedRange AUSTRIAN_WANTED{28, 34, 1, NO_WANTED_ZONE, 34};
+
+const WantedRange& WantedRangeOf(std::int32_t system) {
+    switch (system) {
+        case KOORD_UTM:
+            return UTM_WANTED;
+        case KOORD_GK:
+            return GK_WANTED;
+        case KOORD_GK6:
+            return GK6_WANTED;
+        default:
+            return AUSTRIAN_WANTED;
+    }
+}
+
+bool IsWanted(const WantedRange& range, std::int32_t wanted) {
+    return wanted >= range.first && wanted <= range.last && (wanted - range.first) % range.step == 0;
+}
+
+// Whether a UTM record stands in the zone that it wants and lies in, where converting could only add noise.
+bool IsNaturalUtm(const tagKOORD& record, double longitude) {
+    if (record.type != KOORD_UTM) return false;
+    const auto payload = Load<UtmPayload>(record);
+    return payload.wantedZone == payload.zone && UTM_NaturalMeridian(longitude) == 6 * payload.zone - 183;
+}
+
+// A record that wants a zone is rewritten in its natural one, so that two eastings mean the same.
+bool MoveToNaturalZone(tagKOORD* record) {
+    const std::int32_t wanted = Zones_Wanted(*record);
+    const WantedRange& range = WantedRangeOf(static_cast<std::int32_t>(record->type));
+    if (!IsWanted(range, wanted)) return true;
+
+    if (wanted == range.outerWest || wanted == range.outerEast) {
+        tagKOORD centre = *record;
+        if (!Zones_MoveToCentre(&centre)) return false;
+        const std::int32_t side = Order(Zones_East(*record), Zones_East(centre));
+        if (wanted == range.outerWest && side < 0) return true;
+        if (wanted == range.outerEast && side > 0) return true;
+    }
+    GeodezPayload position;
+    if (!ToGeodez(*record, &position)) return false;
+    if (IsNaturalUtm(*record, position.longitude)) return true;
+    return ConvertTo(static_cast<std::int32_t>(record->type), record);
+}
+
+// Becomes the UTM record of its own zone, in whole metres of easting.
+bool ReadUtmref(tagKOORD* record) {
+    if (!ConvertInZone(KOORD_UTM, 0, record)) return false;
+    Zones_SetEast(std::trunc(Zones_East(*record)), record);
+    return true;
+}
+
+// Brings a record into the form whose values are compared.
+bool Prepare(Axis axis, tagKOORD* record) {
+    switch (record->type) {
+        case KOORD_UTMREF:
+            return ReadUtmref(record) && Prepare(axis, record);
+        case KOORD_UTM:
+        case KOORD_GK:
+        case KOORD_GK6:
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return axis == Axis::North || MoveToNaturalZone(record);
+        case KOORD_GEOGRAD:
+        case KOORD_GEODEZMIN:
+            return ReadCode(record);
+        case KOORD_GEOREF:
+            return ReadGeoref(axis, record);
+        case KOORD_ECEF:
+            return ConvertTo(KOORD_GEODEZ, record);
+        case KOORD_BNG:
+        case KOORD_ING:
+            return ReadLetterGrid(record);
+        default:
+            return true;
+    }
+}
+
+std::int32_t CompareZoned(const tagKOORD& first, const tagKOORD& second) {
+    const std::int32_t firstZone = Zones_Number(first);
+    const std::int32_t secondZone = Zones_Number(second);
+    if (firstZone == UNKNOWN_ZONE || secondZone == UNKNOWN_ZONE) return NOT_COMPARABLE;
+    if (firstZone != secondZone) return firstZone > secondZone ? 1 : -1;
+    return Order(Zones_East(first), Zones_East(second));
+}
+
+std::int32_t CompareUps(const tagKOORD& first, const tagKOORD& second) {
+    const char firstLetter = Load<UpsPayload>(first).hemisphere;
+    const char secondLetter = Load<UpsPayload>(second).hemisphere;
+    const auto isNorth = [](char letter) { return letter == 'N' || letter == 'n'; };
+    const auto isSouth = [](char letter) { return letter == 'S' || letter == 's'; };
+    if (isNorth(firstLetter) && isSouth(secondLetter)) return 1;
+    if (isSouth(firstLetter) && isNorth(secondLetter)) return -1;
+    return Order(Axis_Value(Axis::North, first), Axis_Value(Axis::North, second));
+}
+
+bool HaveSameParameters(const tagKOORD& first, const tagKOORD& second) {
+    if (first.type == KOORD_TM) {
+        const auto a = Load<TmPayload>(first);
+        const auto b = Load<TmPayload>(second);
+        return a.originLongitude == b.originLongitude && a.originLatitude == b.originLatitude &&
+               a.falseEasting == b.falseEasting && a.falseNorthing == b.falseNorthing && a.scale == b.scale;
+    }
+    if (first.type == KOORD_VDG) {
+        const auto a = Load<VdgPayload>(first);
+        const auto b = Load<VdgPayload>(second);
+        return a.originLongitude == b.originLongitude && a.originLatitude == b.originLatitude;
+    }
+    return true;
+}
+
+std::int32_t CompareNorthSouth(const tagKOORD& first, const tagKOORD& second) {
+    switch (first.type) {
+        case KOORD_LONGPIXEL:
+        case KOORD_FLOATPIXEL:
+            // Rows grow southward.
+            return Order(Axis_Value(Axis::North, second), Axis_Value(Axis::North, first));
+        case KOORD_UPS:
+            return CompareUps(first, second);
+        default:
+            return Order(Axis_SignedNorthing(first), Axis_SignedNorthing(second));
+    }
+}
+
+std::int32_t CompareEastWest(const tagKOORD& first, const tagKOORD& second) {
+    if (Zones_Exist(static_cast<std::int32_t>(first.type))) return CompareZoned(first, second);
+    return Order(Axis_Value(Axis::East, first), Axis_Value(Axis::East, second));
+}
+
+}  // namespace
+
+std::int32_t Compare_Records(Axis axis, const tagKOORD& first, const tagKOORD& second) {
+    if (first.datum != second.datum || first.type != second.type) return NOT_COMPARABLE;
+    tagKOORD a = first;
+    tagKOORD b = second;
+    if (!Prepare(axis, &a) || !Prepare(axis, &b)) return NOT_COMPARABLE;
+    if (!Axis_IsNumber(static_cast<std::int32_t>(a.type)) || !HaveSameParameters(a, b)) return NOT_COMPARABLE;
+    return axis == Axis::North ? CompareNorthSouth(a, b) : CompareEastWest(a, b);
+}
+
+}  // namespace tessara

@@ -1,0 +1,30 @@
+#include "areas/coordinate_compare.h"
+
+#include "areas/compare_records.h"
+#include "objects/koord_access.h"
+
+namespace tessara {
+namespace {
+
+std::int32_t Compare(Axis axis, ICoord* first, ICoord* second) {
+    CKoord a;
+    CKoord b;
+    if (!KoordFromCoord(first, &a) || !KoordFromCoord(second, &b)) return NOT_COMPARABLE;
+    return Compare_Records(axis, a, b);
+}
+
+}  // namespace
+
+std::int32_t CoordinateCompare::CompareNorthSouth(ICoord* first, ICoord* second) {
+    return Compare(Axis::North, first, second);
+}
+
+std::int32_t CoordinateCompare::CompareEastWest(ICoord* first, ICoord* second) {
+    return Compare(Axis::East, first, second);
+}
+
+ICoordinateCompare* CreateClassCoordinateCompare() {
+    return NewObject<CoordinateCompare>();
+}
+
+}  // namespace tessara

@@ -1,0 +1,27 @@
+// The plain numbers that a system keeps along its two axes: what comparisons, midpoints, differences and
+// shifts all work on.
+#pragma once
+
+#include <cstdint>
+
+#include "objects/axis.h"
+#include "tessara/kernel/koord.h"
+
+namespace tessara {
+
+// Whether the system keeps one number for each axis. UTMREF, GEOGRAD, GEOREF and GEODEZMIN spread them over
+// several fields, ECEF has no such axes, and LAMBERTCC is outside the object layer's systems.
+[[nodiscard]] bool Axis_IsNumber(std::int32_t system);
+
+// That number, in the unit of the system; 0.0 for the other systems.
+[[nodiscard]] double Axis_Value(Axis axis, const tagKOORD& record);
+// A LONGPIXEL takes the whole part. Does nothing in the other systems.
+void Axis_SetValue(Axis axis, double value, tagKOORD* record);
+
+// The northing on one scale for both hemispheres: a UTM northing with the letter 'S' or 's' counts from the
+// equator downward. Other systems have just the northing.
+[[nodiscard]] double Axis_SignedNorthing(const tagKOORD& record);
+// Writes the UTM hemisphere, too: south below 0.0.
+void Axis_SetSignedNorthing(double northing, tagKOORD* record);
+
+}  // namespace tessara

@@ -1,0 +1,260 @@
+#include "objects/koord_shift.h"
+
+#include <cmath>
+#include <string_view>
+
+#include "areas/system_extremes.h"
+#include "kernel/letters.h"
+#include "kernel/numeric.h"
+#include "objects/axis_values.h"
+#include "objects/call_depth.h"
+#include "objects/convert_records.h"
+#include "objects/zone_borders.h"
+#include "objects/zones.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::int32_t CHECKED = 1;  // conversions test the limits of the system
+
+constexpr double EQUATOR_OF_SOUTH = 1.0e7;  // the southern northing of the equator
+
+// The squares of UTMREF are lettered along both axes without I and O.
+constexpr std::string_view SQUARE_LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
+constexpr double SQUARE_SIZE = 100000.0;
+
+// Closer to a limit than this counts as on it.
+double ToleranceOf(std::uint32_t system) {
+    return system == KOORD_GEODEZ ? 1.0e-7 : 1.0e-4;
+}
+
+bool MoveToSystemLimit(Compass direction, tagKOORD* record) {
+    return System_Extreme(direction, static_cast<std::int32_t>(record->datum),
+                          static_cast<std::int32_t>(record->type), record);
+}
+
+// Moves a record as far as it may go.
+bool MoveToFurthest(Compass direction, tagKOORD* record) {
+    if (!Zones_Exist(static_cast<std::int32_t>(record->type))) return MoveToSystemLimit(direction, record);
+    if (AxisOf(direction) == Axis::East) {
+        if (Zones_MoveToBorder(direction, record)) return true;
+        const std::int32_t zone = Zones_Number(*record);
+        return MoveToSystemLimit(direction, record) && Zones_Number(*record) == zone;
+    }
+    const ZoneLimit found = Zones_MoveToLimit(direction, record);
+    if (found == ZoneLimit::SystemFirst) return MoveToSystemLimit(direction, record);
+    return found == ZoneLimit::Border;
+}
+
+// Whether a move from `value` by `delta` goes beyond `limit`. A move exactly onto it doesn't.
+bool GoesBeyond(double limit, double value, double delta) {
+    return delta >= 0.0 ? limit - delta < value : value < limit - delta;
+}
+
+// A pixel may go as far as its numbers do. Rows grow by delta like columns, although that is southward.
+bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
+    SystemExtremes extremes;
+    if (!System_Extremes(static_cast<std::int32_t>(record->datum), static_cast<std::int32_t>(record->type),
+                         &extremes)) {
+        return false;
+    }
+    const Compass low = axis == Axis::East ? Compass::West : Compass::North;
+    const Compass high = axis == Axis::East ? Compass::East : Compass::South;
+    const double step = record->type == KOORD_LONGPIXEL ? std::trunc(delta) : delta;
+    const double moved = Axis_Value(axis, *record) + step;
+    if (!IsWithin(moved, Axis_Value(axis, extremes[static_cast<std::size_t>(low)]),
+                  Axis_Value(axis, extremes[static_cast<std::size_t>(high)]))) {
+        return false;
+    }
+    Axis_SetValue(axis, moved, record);
+    return true;
+}
+
+// Moves as far as the border of the zone.
+bool ShiftEastInZone(double delta, tagKOORD* record) {
+    tagKOORD limit = *record;
+    if (!MoveToFurthest(DirectionOf(Axis::East, delta), &limit)) return false;
+    if (Zones_Number(limit) != Zones_Number(*record)) return false;
+    const double east = Zones_East(*record);
+    if (GoesBeyond(Zones_East(limit), east, delta)) return false;
+    Zones_SetEast(east + delta, record);
+    return true;
+}
+
+// A move over the equator changes the hemisphere; the equator itself belongs to both.
+void AddUtmNorthing(double delta, tagKOORD* record) {
+    auto payload = Load<UtmPayload>(*record);
+    const bool isSouth = UpperCase(payload.hemisphere) == 'S';
+    const double sum = payload.northing + delta;
+    if (isSouth && sum > EQUATOR_OF_SOUTH) {
+        payload.northing -= EQUATOR_OF_SOUTH;
+        payload.hemisphere = 'N';
+    } else if (!isSouth && sum < 0.0) {
+        payload.northing += EQUATOR_OF_SOUTH;
+        payload.hemisphere = 'S';
+    }
+    payload.northing += delta;
+    Store(*record, payload);
+}
+
+bool ShiftNorthInZone(double delta, tagKOORD* record) {
+    tagKOORD limit = *record;
+    if (!MoveToFurthest(DirectionOf(Axis::North, delta), &limit)) return false;
+    if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
+    if (record->type == KOORD_UTM) {
+        AddUtmNorthing(delta, record);
+    } else {
+        Axis_SetValue(Axis::North, Axis_Value(Axis::North, *record) + delta, record);
+    }
+    return true;
+}
+
+enum class Step { Refused, Full, OntoLimit };
+
+// A full step where there is room for it; one that would end within the tolerance of the limit ends on it.
+Step ShiftInSystem(Axis axis, double delta, tagKOORD* record) {
+    tagKOORD limit = *record;
+    if (!MoveToFurthest(DirectionOf(axis, delta), &limit)) return Step::Refused;
+    const double end = Axis_Value(axis, limit);
+    const double last = end - delta;
+    const double value = Axis_Value(axis, *record);
+    const bool hasRoom = delta >= 0.0 ? value <= last : last <= value;
+    if (!hasRoom && !(std::fabs(last - value) <= ToleranceOf(record->type))) return Step::Refused;
+    Axis_SetValue(axis, hasRoom ? value + delta : end, record);
+    return hasRoom ? Step::Full : Step::OntoLimit;
+}
+
+// The letters follow a full step; a step onto the limit keeps the old ones.
+bool ShiftLetterGrid(Axis axis, double delta, tagKOORD* record) {
+    tagKOORD moved = *record;
+    const Step step = ShiftInSystem(axis, delta, &moved);
+    if (step == Step::Refused) return false;
+    if (step == Step::Full) {
+        auto payload = Load<LetterGridPayload>(moved);
+        payload.square = 0;
+        payload.subSquare = 0;
+        Store(moved, payload);
+        if (!RenewLetters(&moved)) return false;
+    }
+    *record = moved;
+    return true;
+}
+
+// Shifts the UTM form in the same zone; the result wants that zone.
+bool ShiftUtmref(Axis axis, double delta, tagKOORD* record) {
+    tagKOORD moved = *record;
+    if (!ConvertInZone(KOORD_UTM, CHECKED, &moved)) return false;
+    if (!Koord_Shift(axis, delta, &moved)) return false;
+    if (!ConvertInZone(KOORD_UTMREF, CHECKED, &moved)) return false;
+    *record = moved;
+    return true;
+}
+
+// Shifts the GEODEZ form.
+bool ShiftDegrees(Axis axis, double delta, tagKOORD* record) {
+    tagKOORD geodez = *record;
+    if (!ConvertTo(KOORD_GEODEZ, &geodez) || !Koord_Shift(axis, delta, &geodez)) return false;
+    tagKOORD moved = *record;
+    if (KoordConvert(&geodez, &moved) != KOORD_OK) return false;
+    *record = moved;
+    return true;
+}
+
+double DegreesApart(Axis axis, tagKOORD from, tagKOORD to) {
+    if (!ConvertTo(KOORD_GEODEZ, &from) || !ConvertTo(KOORD_GEODEZ, &to)) return UNKNOWN_DIFFERENCE;
+    return Koord_Difference(axis, from, to);
+}
+
+// Walks from letter to letter in alphabetical order; the rows' ring of 2000 km isn't closed.
+double SquaresApart(char from, char to) {
+    const std::int32_t first = LetterIndex(SQUARE_LETTERS, UpperCase(from));
+    const std::int32_t last = LetterIndex(SQUARE_LETTERS, UpperCase(to));
+    if (first == NO_LETTER || last == NO_LETTER) return UNKNOWN_DIFFERENCE;
+    return (last - first) * SQUARE_SIZE;
+}
+
+double UtmrefApart(Axis axis, const UtmrefPayload& from, const UtmrefPayload& to) {
+    const bool isEast = axis == Axis::East;
+    const double squares = isEast ? SquaresApart(from.column, to.column) : SquaresApart(from.row, to.row);
+    if (squares == UNKNOWN_DIFFERENCE) return UNKNOWN_DIFFERENCE;
+    const double first = isEast ? from.easting : from.northing;
+    const double last = isEast ? to.easting : to.northing;
+    return squares + (last - first);
+}
+
+// Across the equator both northings count from it.
+double UtmNorthApart(const tagKOORD& from, const tagKOORD& to) {
+    if (Load<UtmPayload>(from).hemisphere == Load<UtmPayload>(to).hemisphere) {
+        return Axis_Value(Axis::North, to) - Axis_Value(Axis::North, from);
+    }
+    return Axis_SignedNorthing(to) - Axis_SignedNorthing(from);
+}
+
+bool AreInOneZone(const tagKOORD& first, const tagKOORD& second) {
+    const std::int32_t zone = Zones_Number(first);
+    return zone != UNKNOWN_ZONE && zone == Zones_Number(second);
+}
+
+}  // namespace
+
+bool Koord_Shift(Axis axis, double delta, tagKOORD* record) {
+    if (delta == 0.0) return true;
+    if (std::isnan(delta)) return false;
+    const CallDepth depth;
+    switch (record->type) {
+        case KOORD_LONGPIXEL:
+        case KOORD_FLOATPIXEL:
+            return ShiftPixel(axis, delta, record);
+        case KOORD_UTM:
+        case KOORD_GK:
+        case KOORD_GK6:
+        case KOORD_BMN:
+        case KOORD_OEM:
+        case KOORD_GKAT:
+            return axis == Axis::East ? ShiftEastInZone(delta, record) : ShiftNorthInZone(delta, record);
+        case KOORD_UTMREF:
+            return ShiftUtmref(axis, delta, record);
+        case KOORD_GEOGRAD:
+        case KOORD_GEOREF:
+        case KOORD_GEODEZMIN:
+            return ShiftDegrees(axis, delta, record);
+        case KOORD_BNG:
+        case KOORD_ING:
+            return ShiftLetterGrid(axis, delta, record);
+        default:
+            return Axis_IsNumber(static_cast<std::int32_t>(record->type)) &&
+                   ShiftInSystem(axis, delta, record) != Step::Refused;
+    }
+}
+
+double Koord_Difference(Axis axis, const tagKOORD& from, const tagKOORD& to) {
+    if (from.datum != to.datum || from.type != to.type) return UNKNOWN_DIFFERENCE;
+    const auto system = static_cast<std::int32_t>(from.type);
+    if (Zones_Exist(system) && !AreInOneZone(from, to)) return UNKNOWN_DIFFERENCE;
+    switch (system) {
+        case KOORD_LONGPIXEL:
+        case KOORD_FLOATPIXEL:
+            if (axis == Axis::East) return Axis_Value(axis, to) - Axis_Value(axis, from);
+            return Axis_Value(axis, from) - Axis_Value(axis, to);  // rows grow southward
+        case KOORD_UTM:
+            if (axis == Axis::North) return UtmNorthApart(from, to);
+            return Axis_Value(axis, to) - Axis_Value(axis, from);
+        case KOORD_UTMREF:
+            return UtmrefApart(axis, Load<UtmrefPayload>(from), Load<UtmrefPayload>(to));
+        case KOORD_GEOGRAD:
+        case KOORD_GEOREF:
+        case KOORD_GEODEZMIN:
+            return DegreesApart(axis, from, to);
+        case KOORD_GK:
+        case KOORD_GK6:
+            if (axis == Axis::East) return Zones_East(to) - Zones_East(from);
+            return Axis_Value(axis, to) - Axis_Value(axis, from);
+        default:
+            if (!Axis_IsNumber(system)) return UNKNOWN_DIFFERENCE;
+            return Axis_Value(axis, to) - Axis_Value(axis, from);
+    }
+}
+
+}  // namespace tessara

@@ -1,0 +1,171 @@
+// The class table from outside: what is registered, in which order, by which policy, and what the objects
+// answer. A class that joins the library gets a row in ROWS and, if it is exported, one in CREATORS.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/factories.h"
+#include "support/live_objects.h"
+#include "support/objects.h"
+#include "tessara/tessara.h"
+
+namespace tessara {
+namespace {
+
+using testing::CountOf;
+
+enum Policy { MULTI, SINGLETON };
+
+struct Row {
+    const char* name;
+    const char* classId;
+    Policy policy;
+    std::vector<GUID> interfaces;  // primary face first
+};
+
+// In the order in which the factories are constructed.
+const Row ROWS[] = {
+    {"CoordGeographic", "0FB02762-1FA9-4E01-9220-5855F61D66B6", MULTI, {IID_ICoordGeographic}},
+    {"Coord", "EFF9D47D-B44E-4C00-A982-CCB70E79686C", MULTI, {IID_ICoord, IID_ICoordInternal}},
+    {"CoordinateInit", "74DDEC17-98C8-4A0B-A403-46CD1ABEDFCA", MULTI, {IID_ICoordinateInit}},
+    {"CoordinateReference", "AE783125-E16F-4773-8CB7-F225A3EEDC3E", MULTI, {IID_ICoordinateReference}},
+    {"CoordinateSystem", "4A3A7895-F7D5-4AB2-867A-516F92020DE8", MULTI, {IID_ICoordinateSystem}},
+    {"GeoDate", "6577718A-7E52-4F54-9847-6A85E7DB3145", MULTI, {IID_IGeoDate}},
+    {"CoordinateTransfer", "8523D252-81F4-4624-B1EB-DFA4626FC3E0", SINGLETON, {IID_ICoordinateTransfer}},
+    {"ZoneCoordOperations", "DD284984-BB8E-4890-A5D8-748F58C16DFC", SINGLETON, {IID_IZoneCoordOperations}},
+};
+
+MClassFactory* FactoryOf(const Row& row) {
+    MClassFactory* factory = FirstClassFactory();
+    while (factory != nullptr && factory->ClassName() != std::string("CLSID_") + row.name)
+        factory = factory->Next();
+    return factory;
+}
+
+// The exported functions and the interface of what they make.
+struct Creator {
+    IUnknown* (*create)();
+    GUID interface;
+};
+
+template <auto Create>
+IUnknown* Fresh() {
+    return Create();
+}
+
+const Creator CREATORS[] = {
+    {Fresh<CreateClassCoordGeographic>, IID_ICoordGeographic},
+    {Fresh<CreateClassCoord>, IID_ICoord},
+    {Fresh<CreateClassCoordinateInit>, IID_ICoordinateInit},
+    {Fresh<CreateClassCoordinateReference>, IID_ICoordinateReference},
+    {Fresh<CreateClassCoordinateSystem>, IID_ICoordinateSystem},
+    {Fresh<CreateClassGeoDate>, IID_IGeoDate},
+    {Fresh<CreateClassCoordinateTransfer>, IID_ICoordinateTransfer},
+    {Fresh<CreateClassZoneCoordOperations>, IID_IZoneCoordOperations},
+    {Fresh<CreateClassFloatPoint>, IID_IFloatPoint},
+    {Fresh<CreateClassArray>, IID_IArray},
+};
+
+class ClassTable : public testing::BalancedTest {
+  protected:
+    ~ClassTable() override {
+        for (MClassFactory* factory = FirstClassFactory(); factory != nullptr; factory = factory->Next())
+            testing::TerminateFactory(factory);
+    }
+};
+
+TEST_F(ClassTable, ListsTheClassesLastFirst) {
+    const MClassFactory* factory = FirstClassFactory();
+    for (auto row = std::rbegin(ROWS); row != std::rend(ROWS); ++row) {
+        ASSERT_NE(factory, nullptr) << row->name;
+        EXPECT_EQ(factory->ClassName(), std::string("CLSID_") + row->name);
+        EXPECT_EQ(testing::TextOf(*factory->ClassId()), row->classId) << row->name;
+        factory = factory->Next();
+    }
+    EXPECT_EQ(factory, nullptr) << "a class without a row here";
+}
+
+TEST_F(ClassTable, EachFactoryFollowsItsPolicy) {
+    for (const Row& row : ROWS) {
+        MClassFactory* const factory = FactoryOf(row);
+        ASSERT_NE(factory, nullptr) << row.name;
+        void* first = nullptr;
+        void* second = nullptr;
+        ASSERT_EQ(factory->CreateInstance(nullptr, &IID_IUnknown, &first), RESULT_OK) << row.name;
+        ASSERT_EQ(factory->CreateInstance(nullptr, &IID_IUnknown, &second), RESULT_OK) << row.name;
+        EXPECT_EQ(first == second, row.policy == SINGLETON) << row.name;
+        EXPECT_EQ(CountOf(static_cast<IUnknown*>(first)), row.policy == SINGLETON ? 3u : 1u) << row.name;
+        static_cast<IUnknown*>(first)->Release();
+        static_cast<IUnknown*>(second)->Release();
+    }
+}
+
+// Every interface id that a row names.
+std::vector<GUID> AllInterfaces() {
+    std::vector<GUID> all;
+    for (const Row& row : ROWS)
+        all.insert(all.end(), row.interfaces.begin(), row.interfaces.end());
+    return all;
+}
+
+TEST_F(ClassTable, EachObjectAnswersItsInterfacesAndNoOther) {
+    const std::vector<GUID> all = AllInterfaces();
+    for (const Row& row : ROWS) {
+        void* out = nullptr;
+        ASSERT_EQ(FactoryOf(row)->CreateInstance(nullptr, &IID_IUnknown, &out), RESULT_OK);
+        auto* const object = static_cast<IUnknown*>(out);
+        for (const GUID& iid : all) {
+            const bool isItsOwn = std::count(row.interfaces.begin(), row.interfaces.end(), iid) > 0;
+            out = this;
+            EXPECT_EQ(object->QueryInterface(&iid, &out), isItsOwn ? RESULT_OK : RESULT_NO_INTERFACE)
+                << row.name;
+            EXPECT_EQ(out != nullptr, isItsOwn) << row.name;
+            if (out != nullptr) static_cast<IUnknown*>(out)->Release();
+        }
+        EXPECT_EQ(object->QueryInterface(&row.interfaces[0], &out), RESULT_OK);
+        EXPECT_EQ(out, object) << "the first face is the primary one: " << row.name;
+        object->Release();
+        EXPECT_EQ(object->QueryInterface(&row.interfaces[0], nullptr), RESULT_FAIL) << row.name;
+        object->Release();
+    }
+}
+
+TEST_F(ClassTable, ExportsMakeANewObjectOfCountZeroEachTime) {
+    for (const Creator& creator : CREATORS) {
+        IUnknown* const first = creator.create();
+        IUnknown* const second = creator.create();
+        ASSERT_TRUE(first != nullptr && second != nullptr);
+        EXPECT_NE(first, second) << "also of a singleton";
+        EXPECT_EQ(first->AddRef(), 1u);
+        void* out = nullptr;
+        EXPECT_EQ(first->QueryInterface(&creator.interface, &out), RESULT_OK);
+        EXPECT_EQ(out, first) << "the primary face";
+        EXPECT_EQ(first->Release(), 1u);
+        EXPECT_EQ(first->Release(), 0u);
+        EXPECT_EQ(second->AddRef(), 1u);
+        EXPECT_EQ(second->Release(), 0u);
+    }
+}
+
+TEST_F(ClassTable, ExportsAreNullWithoutMemoryAndLeaveNothingBehind) {
+    for (const Creator& creator : CREATORS) {
+        const std::int64_t before = testing::LiveBlocks();
+        bool hasFailed = true;
+        // Each allocation of the constructor in turn, until none is left to fail.
+        for (int nth = 1; hasFailed; ++nth) {
+            IUnknown* object = nullptr;
+            {
+                const testing::FailAllocation failure(nth);
+                object = creator.create();
+                hasFailed = failure.HasFailed();
+            }
+            EXPECT_EQ(object == nullptr, hasFailed);
+            const IRef<IUnknown> end(object);
+        }
+        EXPECT_EQ(testing::LiveBlocks(), before);
+    }
+}
+
+}  // namespace
+}  // namespace tessara

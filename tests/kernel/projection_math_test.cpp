@@ -1,0 +1,60 @@
+#include "tessara/kernel/projection_math.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "tessara/kernel/constants.h"
+
+namespace tessara {
+namespace {
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double ROUNDING = 1e-15;  // a few units in the last place of numbers around 1
+
+TEST(Atanh, UndoesTanh) {
+    for (const double x : {-3.0, -0.5, -1e-9, 0.0, 1e-9, 0.5, 3.0})
+        EXPECT_NEAR(Atanh(std::tanh(x)), x, 1e-13) << x;  // tanh 3 is so near to 1 that two digits are lost
+}
+
+TEST(Atanh, IsInfiniteAtOneAndNothingBeyond) {
+    EXPECT_EQ(Atanh(1.0), INFINITE);
+    EXPECT_EQ(Atanh(-1.0), -INFINITE);
+    EXPECT_TRUE(std::isnan(Atanh(1.1)));
+    EXPECT_TRUE(std::isnan(Atanh(-1.1)));
+    EXPECT_TRUE(std::isnan(Atanh(NOT_A_NUMBER)));
+}
+
+TEST(SignOf, HasThreeValues) {
+    EXPECT_EQ(SignOf(5e-324), 1.0);
+    EXPECT_EQ(SignOf(INFINITE), 1.0);
+    EXPECT_EQ(SignOf(-5e-324), -1.0);
+    EXPECT_EQ(SignOf(-INFINITE), -1.0);
+    EXPECT_EQ(SignOf(0.0), 0.0);
+    EXPECT_EQ(SignOf(-0.0), 0.0);
+    EXPECT_EQ(SignOf(NOT_A_NUMBER), 0.0);
+}
+
+TEST(IsometricLatitude, OnTheSphereIsGudermannsInverse) {
+    // atanh(sin 30) = ln(3)/2, atanh(sin 45) = ln(1 + sqrt 2).
+    EXPECT_NEAR(IsometricLatitude(0.0, PI / 6.0), std::log(3.0) / 2.0, ROUNDING);
+    EXPECT_NEAR(IsometricLatitude(0.0, QUARTER_PI), std::log(1.0 + std::sqrt(2.0)), ROUNDING);
+    EXPECT_EQ(IsometricLatitude(0.0, 0.0), 0.0);
+}
+
+TEST(IsometricLatitude, OnTheEllipsoidIsTheLogarithmOfMercator) {
+    // The other common form: ln(tan(pi/4 + phi/2) ((1 - e sin phi)/(1 + e sin phi))^(e/2)).
+    const double e = 0.08181919084262149;
+    for (const double phi : {-1.4, -0.3, 0.2, 0.8, 1.5}) {
+        const double eSin = e * std::sin(phi);
+        const double expected =
+            std::log(std::tan(QUARTER_PI + phi / 2.0) * std::pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
+        EXPECT_NEAR(IsometricLatitude(e, phi), expected, 1e-13) << phi;  // sin loses two digits near the pole
+        EXPECT_NEAR(IsometricLatitude(e, -phi), -IsometricLatitude(e, phi), 2.0 * ROUNDING) << phi;
+    }
+}
+
+}  // namespace
+}  // namespace tessara
