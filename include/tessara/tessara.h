@@ -15,6 +15,7 @@
 #include "tessara/coordinate_reference.h"
 #include "tessara/coordinate_system.h"
 #include "tessara/coordinate_transfer.h"
+#include "tessara/ellipsoid_of_revolution.h"
 #include "tessara/euclidean_vector.h"
 #include "tessara/float_point.h"
 #include "tessara/geo_date.h"

@@ -16,9 +16,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <initializer_list>
-#include <new>
 #include <stdexcept>
 #include <utility>
 
@@ -85,8 +83,7 @@ class Vector {
     void Reserve(std::uint32_t capacity) {
         if (capacity == 0) return;
         Vector larger;
-        larger.items_ = static_cast<double*>(std::calloc(capacity, sizeof(double)));
-        if (larger.items_ == nullptr) throw std::bad_alloc();
+        larger.items_ = new double[capacity]();
         larger.capacity_ = capacity;
         larger.size_ = size_;
         std::copy_n(items_, size_, larger.items_);
@@ -100,7 +97,7 @@ class Vector {
         std::swap(free_, other.free_);
     }
 
-    static void Free(double* items) { std::free(items); }
+    static void Free(double* items) { delete[] items; }
 
     double* items_ = nullptr;
     std::uint32_t size_ = 0;

@@ -9,6 +9,7 @@
 #include "areas/coordinate_compare.h"
 #include "areas/coordinate_neighbor.h"
 #include "frame/class_factory.h"
+#include "geometry/ellipsoid_of_revolution.h"
 #include "geometry/euclidean_vector.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
@@ -36,6 +37,7 @@ TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);
 TESSARA_CLASS(Singleton, CoordinateTransfer);
+TESSARA_CLASS(Singleton, EllipsoidOfRevolution);
 TESSARA_CLASS(Singleton, EuclideanVector);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 

@@ -33,6 +33,11 @@ const Row ROWS[] = {
     {"CoordinateSystem", "4A3A7895-F7D5-4AB2-867A-516F92020DE8", MULTI, {IID_ICoordinateSystem}},
     {"GeoDate", "6577718A-7E52-4F54-9847-6A85E7DB3145", MULTI, {IID_IGeoDate}},
     {"CoordinateTransfer", "8523D252-81F4-4624-B1EB-DFA4626FC3E0", SINGLETON, {IID_ICoordinateTransfer}},
+    {"EllipsoidOfRevolution",
+     "4A5D89C2-2D2E-49B0-BD6D-09D0455EEA3E",
+     SINGLETON,
+     {IID_IEllipsoidOfRevolution}},
+    {"EuclideanVector", "D1A6E8C3-1731-4F57-8F3F-46B5DB1203DF", SINGLETON, {IID_IVector}},
     {"ZoneCoordOperations", "DD284984-BB8E-4890-A5D8-748F58C16DFC", SINGLETON, {IID_IZoneCoordOperations}},
 };
 
@@ -62,6 +67,8 @@ const Creator CREATORS[] = {
     {Fresh<CreateClassCoordinateSystem>, IID_ICoordinateSystem},
     {Fresh<CreateClassGeoDate>, IID_IGeoDate},
     {Fresh<CreateClassCoordinateTransfer>, IID_ICoordinateTransfer},
+    {Fresh<CreateClassEllipsoidOfRevolution>, IID_IEllipsoidOfRevolution},
+    {Fresh<CreateClassEuclideanVector>, IID_IVector},
     {Fresh<CreateClassZoneCoordOperations>, IID_IZoneCoordOperations},
     {Fresh<CreateClassFloatPoint>, IID_IFloatPoint},
     {Fresh<CreateClassArray>, IID_IArray},
