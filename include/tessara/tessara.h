@@ -24,6 +24,7 @@
 #include "tessara/kernel/koord_status.h"
 #include "tessara/rect.h"
 #include "tessara/ref.h"
+#include "tessara/tangent_plane.h"
 #include "tessara/tessara_string.h"
 #include "tessara/unknown.h"
 #include "tessara/vector.h"

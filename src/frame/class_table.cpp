@@ -11,6 +11,7 @@
 #include "frame/class_factory.h"
 #include "geometry/ellipsoid_of_revolution.h"
 #include "geometry/euclidean_vector.h"
+#include "geometry/tangent_plane.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
 #include "objects/coordinate_init.h"
@@ -39,6 +40,7 @@ TESSARA_CLASS(Multi, GeoDate);
 TESSARA_CLASS(Singleton, CoordinateTransfer);
 TESSARA_CLASS(Singleton, EllipsoidOfRevolution);
 TESSARA_CLASS(Singleton, EuclideanVector);
+TESSARA_CLASS(Multi, TangentPlane);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS

@@ -38,6 +38,7 @@ const Row ROWS[] = {
      SINGLETON,
      {IID_IEllipsoidOfRevolution}},
     {"EuclideanVector", "D1A6E8C3-1731-4F57-8F3F-46B5DB1203DF", SINGLETON, {IID_IVector}},
+    {"TangentPlane", "1959E014-7388-4CAE-A519-3B1B3F19D074", MULTI, {IID_ITangentPlane}},
     {"ZoneCoordOperations", "DD284984-BB8E-4890-A5D8-748F58C16DFC", SINGLETON, {IID_IZoneCoordOperations}},
 };
 
@@ -69,6 +70,7 @@ const Creator CREATORS[] = {
     {Fresh<CreateClassCoordinateTransfer>, IID_ICoordinateTransfer},
     {Fresh<CreateClassEllipsoidOfRevolution>, IID_IEllipsoidOfRevolution},
     {Fresh<CreateClassEuclideanVector>, IID_IVector},
+    {Fresh<CreateClassTangentPlane>, IID_ITangentPlane},
     {Fresh<CreateClassZoneCoordOperations>, IID_IZoneCoordOperations},
     {Fresh<CreateClassFloatPoint>, IID_IFloatPoint},
     {Fresh<CreateClassArray>, IID_IArray},
