@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tessara/array.h"
+#include "tessara/circle_on_tangent_plane.h"
 #include "tessara/ckoord.h"
 #include "tessara/class_factory.h"
 #include "tessara/component.h"
@@ -15,6 +16,7 @@
 #include "tessara/coordinate_reference.h"
 #include "tessara/coordinate_system.h"
 #include "tessara/coordinate_transfer.h"
+#include "tessara/ellipse_on_tangent_plane.h"
 #include "tessara/ellipsoid_of_revolution.h"
 #include "tessara/euclidean_vector.h"
 #include "tessara/float_point.h"

@@ -26,6 +26,7 @@ struct Row {
 
 // In the order in which the factories are constructed.
 const Row ROWS[] = {
+    {"CircleOnTangentPlane", "F601D12D-BB6D-4D39-879C-7934B673EF28", SINGLETON, {IID_ICircleOnTangentPlane}},
     {"CoordGeographic", "0FB02762-1FA9-4E01-9220-5855F61D66B6", MULTI, {IID_ICoordGeographic}},
     {"Coord", "EFF9D47D-B44E-4C00-A982-CCB70E79686C", MULTI, {IID_ICoord, IID_ICoordInternal}},
     {"CoordinateInit", "74DDEC17-98C8-4A0B-A403-46CD1ABEDFCA", MULTI, {IID_ICoordinateInit}},
@@ -33,6 +34,10 @@ const Row ROWS[] = {
     {"CoordinateSystem", "4A3A7895-F7D5-4AB2-867A-516F92020DE8", MULTI, {IID_ICoordinateSystem}},
     {"GeoDate", "6577718A-7E52-4F54-9847-6A85E7DB3145", MULTI, {IID_IGeoDate}},
     {"CoordinateTransfer", "8523D252-81F4-4624-B1EB-DFA4626FC3E0", SINGLETON, {IID_ICoordinateTransfer}},
+    {"EllipseOnTangentPlane",
+     "6174F97A-BC76-43C0-94FB-64E69B7A4F7D",
+     SINGLETON,
+     {IID_IEllipseOnTangentPlane}},
     {"EllipsoidOfRevolution",
      "4A5D89C2-2D2E-49B0-BD6D-09D0455EEA3E",
      SINGLETON,
@@ -61,6 +66,7 @@ IUnknown* Fresh() {
 }
 
 const Creator CREATORS[] = {
+    {Fresh<CreateClassCircleOnTangentPlane>, IID_ICircleOnTangentPlane},
     {Fresh<CreateClassCoordGeographic>, IID_ICoordGeographic},
     {Fresh<CreateClassCoord>, IID_ICoord},
     {Fresh<CreateClassCoordinateInit>, IID_ICoordinateInit},
@@ -68,6 +74,7 @@ const Creator CREATORS[] = {
     {Fresh<CreateClassCoordinateSystem>, IID_ICoordinateSystem},
     {Fresh<CreateClassGeoDate>, IID_IGeoDate},
     {Fresh<CreateClassCoordinateTransfer>, IID_ICoordinateTransfer},
+    {Fresh<CreateClassEllipseOnTangentPlane>, IID_IEllipseOnTangentPlane},
     {Fresh<CreateClassEllipsoidOfRevolution>, IID_IEllipsoidOfRevolution},
     {Fresh<CreateClassEuclideanVector>, IID_IVector},
     {Fresh<CreateClassTangentPlane>, IID_ITangentPlane},
