@@ -2,20 +2,22 @@
 
 #include "areas/system_extremes.h"
 #include "objects/koord_access.h"
+#include "tessara/ref.h"
 
 namespace tessara {
 namespace {
 
 bool MoveToSystemLimit(Compass direction, ICoord* point) {
+    const IRef<ICoord> coord(point);
     CKoord koord;
     tagKOORD extreme;
-    if (!KoordFromCoord(point, &koord)) return false;
+    if (!KoordFromCoord(coord.Get(), &koord)) return false;
     if (!System_Extreme(direction, static_cast<std::int32_t>(koord.datum),
                         static_cast<std::int32_t>(koord.type), &extreme)) {
         return false;
     }
     const CKoord limit(extreme);
-    return KoordToCoord(&limit, point);
+    return KoordToCoord(&limit, coord.Get());
 }
 
 }  // namespace
@@ -37,12 +39,13 @@ bool CoordinateArea::GetSystemWest(ICoord* point) {
 }
 
 bool CoordinateArea::GetSystemExtremes(ICoord* north, ICoord* east, ICoord* south, ICoord* west) {
-    ICoord* const points[] = {north, east, south, west};
+    const IRef<ICoord> points[] = {IRef<ICoord>(north), IRef<ICoord>(east), IRef<ICoord>(south),
+                                   IRef<ICoord>(west)};
     CKoord first;
-    if (!KoordFromCoord(north, &first)) return false;
-    for (ICoord* const point : points) {
+    if (!KoordFromCoord(points[0].Get(), &first)) return false;
+    for (const IRef<ICoord>& point : points) {
         CKoord koord;
-        if (!KoordFromCoord(point, &koord)) return false;
+        if (!KoordFromCoord(point.Get(), &koord)) return false;
         if (koord.datum != first.datum || koord.type != first.type) return false;
     }
     SystemExtremes extremes;
@@ -52,7 +55,7 @@ bool CoordinateArea::GetSystemExtremes(ICoord* north, ICoord* east, ICoord* sout
     }
     for (std::size_t i = 0; i < extremes.size(); ++i) {
         const CKoord extreme(extremes[i]);
-        if (!KoordToCoord(&extreme, points[i])) return false;
+        if (!KoordToCoord(&extreme, points[i].Get())) return false;
     }
     return true;
 }

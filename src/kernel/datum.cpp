@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "kernel/numeric.h"
+#include "kernel/whole_turns.h"
 
 namespace tessara {
 namespace {

@@ -169,7 +169,7 @@ struct BrokenLine {
 double MidLongitude(double lon1, double lon2) {
     const bool isEastward = std::sin(ToRadians(lon2) - ToRadians(lon1)) > 0.0;
     const double end = isEastward ? RaiseByTurns(lon2, lon1, 360.0) : LowerByTurns(lon2, lon1, 360.0);
-    return TakeWholeTurnsOff((lon1 + end) * 0.5, 180.0);
+    return WrapTurns((lon1 + end) * 0.5, 360.0);
 }
 
 // Starts at the pole, goes to half the latitude, strides on while the way gets shorter (each stride half as

@@ -40,14 +40,6 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
     return SnapTo(low, SnapTo(high, value, tolerance), tolerance);
 }
 
-// The value brought into -turn/2..turn/2 by whole turns; both ends stay as they are.
-[[nodiscard]] inline double WrapTurns(double value, double turn) {
-    const double rest = std::fmod(value, turn);
-    if (rest > turn / 2.0) return rest - turn;
-    if (rest < -turn / 2.0) return rest + turn;
-    return rest;
-}
-
 // False for a NaN, as both comparisons are then.
 [[nodiscard]] inline bool IsWithin(double value, double low, double high) {
     return value >= low && value <= high;

@@ -65,7 +65,7 @@ KoordStatus WagnerIV_Inverse(double y, double x, double lon0, tagKOORD* geodez) 
     if (!row) return KOORD_ERR_DATUM;
 
     const double B = HeightFactor() * row->a;
-    y = TakeWholeTurnsOff(y, 2.0 * B);
+    y = WrapTurns(y, 4.0 * B);
     if (y > B) y = 2.0 * B - y;
     if (y < -B) y = -2.0 * B - y;
     const double h = std::asin(y / B);

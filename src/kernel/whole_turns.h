@@ -5,12 +5,11 @@
 
 namespace tessara {
 
-// The value within -half..half after whole turns of twice `half`; both ends stand. An infinite value gives
-// NaN.
-[[nodiscard]] inline double TakeWholeTurnsOff(double value, double half) {
-    const double rest = std::fmod(value, 2.0 * half);
-    if (rest > half) return rest - 2.0 * half;
-    if (rest < -half) return rest + 2.0 * half;
+// The value brought into -turn/2..turn/2; both ends stand. An infinite value gives NaN.
+[[nodiscard]] inline double WrapTurns(double value, double turn) {
+    const double rest = std::fmod(value, turn);
+    if (rest > turn / 2.0) return rest - turn;
+    if (rest < -turn / 2.0) return rest + turn;
     return rest;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "kernel/numeric.h"
+#include "kernel/whole_turns.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
 

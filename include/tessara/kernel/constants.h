@@ -14,6 +14,7 @@ inline constexpr double QUARTER_PI = 0.7853981633974483;
 inline constexpr double TWO_PI = 6.283185307179586;
 
 inline constexpr std::int32_t DATUM_COUNT = 239;
+inline constexpr std::int32_t DATUM_SPHERE = 0;
 inline constexpr std::int32_t DATUM_WGS84 = 2;  // the hub of all datum shifts
 inline constexpr std::int32_t DATUM_KKJ = 8;    // counts its GK strips from 18 degrees east
 inline constexpr double WGS84_A = 6378137.0;

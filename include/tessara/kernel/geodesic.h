@@ -54,7 +54,7 @@ void Geodesic_LoadAxes(double axes[2], std::int32_t datum);
 // length by 0.01 m or less, and may do so beside the best point. Of pairs scattered within 0.7 degrees of the
 // antipode 95 % are less than 0.1 m too long and 99 % less than 90 m, the worst 900 m; the azimuths are those
 // of the two halves, up to 0.1 degrees off for 95 % and 10 degrees for the worst. The search is bounded: such
-// a pair costs two hundred times as much as another at most.
+// a pair costs a few hundred times as much as another at most.
 [[nodiscard]] GeodesicResult Geodesic_InverseCore(double lat1, double lon1, double lat2, double lon2,
                                                   double a, double b);
 

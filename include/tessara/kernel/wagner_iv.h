@@ -11,8 +11,8 @@ namespace tessara {
 // Both take a GEODEZ record: any other type is KOORD_ERR_GENERAL, a datum outside 0..238 KOORD_ERR_DATUM. The
 // outputs are unchanged on failure.
 
-// KOORD_ERR_GENERAL also if eleven steps of Newton's method don't give the auxiliary angle; every latitude
-// within 90 degrees takes fewer.
+// KOORD_ERR_GENERAL also if eleven steps of Newton's method don't give the auxiliary angle, which happens for
+// no latitude.
 KoordStatus WagnerIV_Forward(const tagKOORD* geodez, double lon0, double* y, double* x);
 
 // Writes latitude and longitude and keeps the height. A y beyond a pole's line gives the pole, one beyond the
