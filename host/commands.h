@@ -9,7 +9,7 @@ namespace tessara::program {
 
 enum ExitCode : int {
     EXIT_DONE = 0,
-    EXIT_INCOMPLETE = 1,  // some input couldn't be used, or the output couldn't be written
+    EXIT_INCOMPLETE = 1,  // some input has no result, or the output couldn't be written
     EXIT_USAGE = 2,
 };
 
@@ -18,5 +18,7 @@ using Action = std::function<ExitCode()>;
 void AddConvert(CLI::App& program, Action& action);
 void AddSystems(CLI::App& program, Action& action);
 void AddDatums(CLI::App& program, Action& action);
+void AddDistance(CLI::App& program, Action& action);
+void AddDirect(CLI::App& program, Action& action);
 
 }  // namespace tessara::program

@@ -5,6 +5,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "arguments.h"
 #include "commands.h"
 #include "conversion.h"
 #include "fields.h"
@@ -58,18 +59,15 @@ bool IsPixel(std::int32_t system) {
     return system == KOORD_LONGPIXEL || system == KOORD_FLOATPIXEL;
 }
 
-// Empty if the name is known; for the command line.
-std::string CheckDatum(const std::string& name) {
-    if (DatumByName(name)) return {};
-    return "no datum is called '" + name + "'; `tessara datums` lists them";
-}
-
+// What is wrong with a target on the command line; empty if nothing is.
 std::string CheckTarget(const std::string& target) {
     const TargetNames names = SplitTarget(target, "WGS84");
     const std::optional<std::int32_t> system = SystemByName(names.system);
     if (!system) return "no system is called '" + names.system + "'; `tessara systems` lists them";
     if (IsPixel(*system)) return "a position becomes a pixel by a map only";
-    return CheckDatum(names.datum);
+    if (!DatumByName(names.datum))
+        return "no datum is called '" + names.datum + "'; `tessara datums` lists them";
+    return {};
 }
 
 std::vector<Conversion> Conversions(const Options& options) {
@@ -207,10 +205,7 @@ void AddConvert(CLI::App& program, Action& action) {
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
     command->add_option("FILES", options->files, "Files to read; '-' is standard input");
-    command->add_option("--from", options->from, "Datum of the positions that are read")
-        ->type_name("DATUM")
-        ->capture_default_str()
-        ->check(CheckDatum);
+    AddDatum(*command, "--from", options->from, "Datum of the positions that are read");
     command
         ->add_option(
             "--to", options->to,

@@ -8,9 +8,7 @@
 namespace tessara::program {
 namespace {
 
-// A tenth of a millimetre on the ground, or the nearest power of ten.
-constexpr int METRE_DECIMALS = 4;
-constexpr int DEGREE_DECIMALS = 9;
+// As fine as the decimals of metres and degrees.
 constexpr int MINUTE_DECIMALS = 7;
 constexpr int SECOND_DECIMALS = 5;
 constexpr int PIXEL_DECIMALS = 3;

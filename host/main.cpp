@@ -1,7 +1,9 @@
 // The program `tessara`: coordinate calculations on the command line.
+#include <algorithm>
 #include <iostream>
 
 #include "commands.h"
+#include "numbers.h"
 
 namespace tessara::program {
 namespace {
@@ -14,12 +16,22 @@ constexpr const char* FOOTER =
     "  echo 48.1375 11.5755 | tessara convert --to UTM --to GK@GER\n"
     "  tessara convert --json --to UTMREF positions.txt\n"
     "  tessara systems\n"
+    "  tessara distance 40.64 -73.78 51.47 -0.45\n"
     "\n"
-    "Exit status: 0 all is done, 1 some input couldn't be used (messages on standard error say what), 2 "
+    "Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 "
     "wrong\n"
     "usage. `tessara COMMAND --help` says more about a command.";
 
-int Main(int argc, char** argv) {
+// A negative number that begins with its point is a number, and no option.
+std::vector<std::string> ReadArguments(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (std::string& argument : arguments) {
+        if (argument.starts_with("-.") && ParseNumber(argument)) argument.insert(1, "0");
+    }
+    return arguments;
+}
+
+int Main(std::vector<std::string> arguments) {
     CLI::App program(DESCRIPTION, "tessara");
     program.footer(FOOTER);
     program.set_version_flag("--version", "tessara " TESSARA_VERSION);
@@ -29,9 +41,12 @@ int Main(int argc, char** argv) {
     AddConvert(program, action);
     AddSystems(program, action);
     AddDatums(program, action);
+    AddDistance(program, action);
+    AddDirect(program, action);
 
     try {
-        program.parse(argc, argv);
+        std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
+        program.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;
     }
@@ -49,5 +64,5 @@ int Main(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
-    return tessara::program::Main(argc, argv);
+    return tessara::program::Main(tessara::program::ReadArguments(argc, argv));
 }

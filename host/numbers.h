@@ -8,6 +8,10 @@
 
 namespace tessara::program {
 
+// What the program writes: a tenth of a millimetre on the ground.
+inline constexpr int METRE_DECIMALS = 4;
+inline constexpr int DEGREE_DECIMALS = 9;
+
 // A decimal number, with or without a sign and an exponent, and nothing else. Infinities and NaN are none.
 [[nodiscard]] std::optional<double> ParseNumber(std::string_view text);
 

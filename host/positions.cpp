@@ -33,36 +33,46 @@ std::string Quote(std::string_view word) {
     return "'" + shown + (word.size() > LONGEST_QUOTE ? "...'" : "'");
 }
 
-Line Wrong(std::string error) {
-    return {std::nullopt, std::move(error)};
-}
-
-std::string Outside(const char* what, std::string_view word, double limit) {
+std::string WrongAngle(const char* what, std::string_view word, double limit) {
+    const std::optional<double> degrees = ParseNumber(word);
+    if (!degrees) return WrongNumber(word);
+    if (std::abs(*degrees) <= limit) return {};
     return std::string(what) + " " + Quote(word) + " is outside " + FormatNumber(-limit) + ".." +
            FormatNumber(limit);
 }
 
+std::string WrongCount(std::size_t count) {
+    return "expected latitude longitude [height], found " + std::to_string(count) +
+           (count == 1 ? " value" : " values");
+}
+
 }  // namespace
+
+std::string WrongNumber(std::string_view word) {
+    return ParseNumber(word) ? "" : Quote(word) + " is not a number";
+}
+
+std::string WrongLatitude(std::string_view word) {
+    return WrongAngle("latitude", word, LATITUDE_LIMIT);
+}
+
+std::string WrongLongitude(std::string_view word) {
+    return WrongAngle("longitude", word, LONGITUDE_LIMIT);
+}
 
 Line ReadLine(std::string_view text) {
     const std::vector<std::string_view> words = Words(text.substr(0, text.find('#')));
     if (words.empty()) return {};
-    if (words.size() < 2 || words.size() > 3) {
-        return Wrong("expected latitude longitude [height], found " + std::to_string(words.size()) +
-                     (words.size() == 1 ? " value" : " values"));
-    }
-    std::vector<double> numbers;
-    for (const std::string_view word : words) {
-        const std::optional<double> number = ParseNumber(word);
-        if (!number) return Wrong(Quote(word) + " is not a number");
-        numbers.push_back(*number);
-    }
-    if (std::abs(numbers[0]) > LATITUDE_LIMIT) return Wrong(Outside("latitude", words[0], LATITUDE_LIMIT));
-    if (std::abs(numbers[1]) > LONGITUDE_LIMIT) return Wrong(Outside("longitude", words[1], LONGITUDE_LIMIT));
+    if (words.size() < 2 || words.size() > 3) return {std::nullopt, WrongCount(words.size())};
 
-    Position position{numbers[0], numbers[1], std::nullopt};
-    if (numbers.size() == 3) position.height = numbers[2];
-    return {position, {}};
+    const bool hasHeight = words.size() == 3;
+    for (const std::string& wrong : {WrongLatitude(words[0]), WrongLongitude(words[1]),
+                                     hasHeight ? WrongNumber(words[2]) : std::string()}) {
+        if (!wrong.empty()) return {std::nullopt, wrong};
+    }
+    return {Position{*ParseNumber(words[0]), *ParseNumber(words[1]),
+                     hasHeight ? ParseNumber(words[2]) : std::nullopt},
+            {}};
 }
 
 }  // namespace tessara::program

@@ -20,7 +20,13 @@ struct Line {
     std::string error;
 };
 
-// Values stand apart by blanks or tabs. A latitude is within 90 degrees, a longitude within 360.
+// What is wrong with a word as such a value; empty if nothing is. A latitude is within 90 degrees, a
+// longitude within 360.
+[[nodiscard]] std::string WrongNumber(std::string_view word);
+[[nodiscard]] std::string WrongLatitude(std::string_view word);
+[[nodiscard]] std::string WrongLongitude(std::string_view word);
+
+// The values of a line stand apart by blanks or tabs.
 [[nodiscard]] Line ReadLine(std::string_view text);
 
 }  // namespace tessara::program

@@ -14,6 +14,7 @@ inline constexpr double QUARTER_PI = 0.7853981633974483;
 inline constexpr double TWO_PI = 6.283185307179586;
 
 inline constexpr std::int32_t DATUM_COUNT = 239;
+inline constexpr std::int32_t DATUM_SPHERE = 0;
 inline constexpr std::int32_t DATUM_WGS84 = 2;  // the hub of all datum shifts
 inline constexpr std::int32_t DATUM_KKJ = 8;    // counts its GK strips from 18 degrees east
 inline constexpr double WGS84_A = 6378137.0;
@@ -25,5 +26,7 @@ inline constexpr std::int16_t NO_WANTED_ZONE = -1000;  // also "no wanted meridi
 inline constexpr std::int16_t PRECISION_UNSET = 32767;
 inline constexpr double UNKNOWN_DIFFERENCE = 2.2250738585072014e-308;
 inline constexpr std::int32_t UNKNOWN_ZONE = INT32_MIN;
+inline constexpr double MISSING_NUMBER = -1.7976931348623157e308;  // no result
+inline constexpr double RAY_IN_PLANE = 1.7976931348623157e308;     // instead of the one place of a hit
 
 }  // namespace tessara

@@ -1,0 +1,114 @@
+// Maps whose raster is parallel to the degrees: DD, EQUALARC, and the polar form of EQUALARC, where the
+// raster lies on a plane about the pole and distances from the pole are true.
+#include <cmath>
+
+#include "maps/kernel/map_types.h"
+
+namespace tessara {
+namespace {
+
+KoordStatus PutDegrees(const MapParam& map, double latitude, double longitude, tagKOORD* out) {
+    *out = MakeKoord(DatumOf(map), KOORD_GEODEZ);
+    Store(*out, GeodezPayload{latitude, longitude, 0.0});
+    return KOORD_OK;
+}
+
+// The plane about a pole, in pixels: x to the right, y upward.
+struct PolarPlane {
+    double pole;  // its latitude
+    double up;    // where longitude 0 runs: -1.0 downward, 1.0 upward
+    double pixelsPerDegree;
+};
+
+struct PolarPoint {
+    double x, y;
+};
+
+bool IsPolar(const MapEqualArcParams& params) {
+    return params.zone == EQUALARC_NORTH_POLAR || params.zone == EQUALARC_SOUTH_POLAR;
+}
+
+PolarPlane PlaneOf(const MapEqualArcParams& params) {
+    const bool isNorth = params.zone == EQUALARC_NORTH_POLAR;
+    return {isNorth ? 90.0 : -90.0, isNorth ? -1.0 : 1.0, 1.0 / params.degreesPerPixelY};
+}
+
+PolarPoint PointAt(const PolarPlane& plane, double latitude, double longitude) {
+    const double r = plane.pixelsPerDegree * (plane.pole > 0.0 ? 90.0 - latitude : 90.0 + latitude);
+    const double lambda = longitude * RADIANS_PER_DEGREE;
+    return {std::sin(lambda) * r, std::cos(lambda) * (plane.up * r)};
+}
+
+// The longitude of (p, q), which lies r pixels from the pole. A point on the x axis has no arc to tell its
+// side by: in the north such a point is at longitude 0, in the south that holds right of the pole only, and
+// the pole itself has no longitude there.
+double PolarLongitude(const PolarPlane& plane, double p, double q, double r) {
+    const bool isNorth = plane.pole > 0.0;
+    const bool isEast = isNorth ? p >= 0.0 : p > 0.0;
+    const bool isWest = isNorth ? p < 0.0 : p <= 0.0;
+    if (isEast && q != 0.0) return std::acos(plane.up * q / r) * DEGREES_PER_RADIAN;
+    if (isWest) return std::acos(plane.up * q / r) * -DEGREES_PER_RADIAN;
+    return 0.0;
+}
+
+KoordStatus PolarPixelToWorld(const MapParam& map, const MapEqualArcParams& params, double x, double y,
+                              tagKOORD* out) {
+    const PolarPlane plane = PlaneOf(params);
+    const PolarPoint origin = PointAt(plane, params.originLatitude, params.originLongitude);
+    const double p = origin.x + x;
+    const double q = origin.y - y;
+    const double r = std::sqrt(p * p + q * q);
+    const double latitude = plane.pole + plane.up * (r / plane.pixelsPerDegree);
+    return PutDegrees(map, latitude, PolarLongitude(plane, p, q, r), out);
+}
+
+void PolarWorldToPixel(const MapEqualArcParams& params, const GeodezPayload& at, double* x, double* y) {
+    const PolarPlane plane = PlaneOf(params);
+    const PolarPoint origin = PointAt(plane, params.originLatitude, params.originLongitude);
+    const PolarPoint point = PointAt(plane, at.latitude, at.longitude);
+    *x = point.x - origin.x;
+    *y = origin.y - point.y;
+}
+
+}  // namespace
+
+KoordStatus MapDd_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
+    const auto params = Load<MapDdParams>(*map);
+    return PutDegrees(*map, params.originLatitude - y / params.pixelsPerDegreeY,
+                      x / params.pixelsPerDegreeX + params.originLongitude, out);
+}
+
+KoordStatus MapDd_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
+    tagKOORD geodez;
+    const KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    if (status != KOORD_OK) return status;
+    const auto params = Load<MapDdParams>(*map);
+    const auto at = Load<GeodezPayload>(geodez);
+    *x = (at.longitude - params.originLongitude) * params.pixelsPerDegreeX;
+    *y = (params.originLatitude - at.latitude) * params.pixelsPerDegreeY;
+    return KOORD_OK;
+}
+
+KoordStatus MapEqualArc_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
+    const auto params = Load<MapEqualArcParams>(*map);
+    if (IsPolar(params)) return PolarPixelToWorld(*map, params, x, y, out);
+    return PutDegrees(*map, params.originLatitude - y * params.degreesPerPixelY,
+                      x * params.degreesPerPixelX + params.originLongitude, out);
+}
+
+KoordStatus MapEqualArc_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
+    tagKOORD geodez;
+    const KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    if (status != KOORD_OK) return status;
+    const auto params = Load<MapEqualArcParams>(*map);
+    const auto at = Load<GeodezPayload>(geodez);
+    if (IsPolar(params)) {
+        PolarWorldToPixel(params, at, x, y);
+        return KOORD_OK;
+    }
+    *x = (at.longitude - params.originLongitude) / params.degreesPerPixelX;
+    *y = (params.originLatitude - at.latitude) / params.degreesPerPixelY;
+    return KOORD_OK;
+}
+
+}  // namespace tessara

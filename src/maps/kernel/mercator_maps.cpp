@@ -1,0 +1,188 @@
+// Maps on a cylinder that is true to length on a standard parallel: MERCATOR, conformal on the ellipsoid
+// (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section 7), and
+// AZYL, whose rows are true distances along the meridian.
+#include <cmath>
+
+#include "maps/kernel/map_types.h"
+#include "tessara/kernel/datum.h"
+#include "tessara/kernel/geodesic.h"
+
+namespace tessara {
+namespace {
+
+// The ellipsoid of a map and the radius of its standard parallel. Without a datum every value is NaN or
+// meaningless; the conversion of the reference has refused such a map before.
+struct Cylinder {
+    double a, e2, e;
+    double radius;  // of the standard parallel, metres
+};
+
+double PrimeVertical(double a, double e2, double phi) {
+    return a / std::sqrt(1.0 - e2 * std::sin(phi) * std::sin(phi));
+}
+
+Cylinder CylinderOf(const MapParam& map, double standardParallel) {
+    const double a = Datum_SemiMajorAxis(DatumOf(map));
+    const double e2 = Datum_EccentricitySquared(DatumOf(map));
+    const double phi0 = standardParallel / DEGREES_PER_RADIAN;
+    return {a, e2, std::sqrt(e2), std::cos(phi0) * PrimeVertical(a, e2, phi0)};
+}
+
+// The reference in degrees on the map's datum.
+KoordStatus ReferenceOf(const MapParam& map, GeodezPayload* reference) {
+    tagKOORD geodez;
+    const KoordStatus status = ToDegrees(map.reference.world, DatumOf(map), &geodez);
+    *reference = Load<GeodezPayload>(geodez);
+    return status;
+}
+
+// Mercator's rows.
+
+constexpr double MOST_NORTHERN_ROW = 1.570639247162217;        // radians; 89.991 degrees
+constexpr double MOST_NORTHERN_POSITION = 1.5692255304681018;  // radians; 89.91 degrees
+constexpr double LATITUDE_TOLERANCE = 1e-9;                    // radians
+constexpr int ROUNDS_AT_LIMIT = 20;
+// Standard parallels below 60 degrees take up to some five thousand steps, most of those on maps far fewer;
+// from there on the steps may turn in circles.
+constexpr int MOST_ROUNDS = 10000;
+constexpr int BISECTIONS = 200;
+
+// Distance from the equator in the plane, metres on the standard parallel.
+double MercatorNorthing(const Cylinder& cylinder, double phi) {
+    const double spherical = std::tan(phi / 2.0 + QUARTER_PI);
+    const double flattened = std::tan(0.5 * std::asin(cylinder.e * std::sin(phi)) + QUARTER_PI);
+    return std::log(spherical / std::pow(flattened, cylinder.e)) * cylinder.radius;
+}
+
+double Clamp(double phi) {
+    if (phi > MOST_NORTHERN_ROW) return MOST_NORTHERN_ROW;
+    if (phi < -MOST_NORTHERN_ROW) return -MOST_NORTHERN_ROW;
+    return phi;
+}
+
+// The same latitude where the steps don't find it: the northing grows with the latitude.
+double BisectLatitude(const Cylinder& cylinder, double northing) {
+    double south = -MOST_NORTHERN_ROW;
+    double north = MOST_NORTHERN_ROW;
+    for (int i = 0; i < BISECTIONS; ++i) {
+        const double middle = (south + north) / 2.0;
+        (MercatorNorthing(cylinder, middle) < northing ? south : north) = middle;
+    }
+    return (south + north) / 2.0;
+}
+
+// The latitude in radians that lies `south` metres below the reference's in the plane; NaN if there is none.
+// A step overshoots by the ratio of the meridian's radius of curvature to the radius of the standard
+// parallel: it converges while that is below 2, for standard parallels up to about 60 degrees.
+double MercatorLatitude(const Cylinder& cylinder, double reference, double south) {
+    const double start = MercatorNorthing(cylinder, reference);
+    double phi = reference;
+    double northing = start;
+    for (int i = 0; i < MOST_ROUNDS; ++i) {
+        const double distance = south + (northing - start);
+        const double parallel = std::cos(phi) * PrimeVertical(cylinder.a, cylinder.e2, phi);
+        const double k = cylinder.radius / parallel;
+        const double delta = distance / cylinder.radius / k;
+        phi = Clamp(phi - delta);
+        northing = MercatorNorthing(cylinder, phi);
+        if (i > ROUNDS_AT_LIMIT && std::fabs(phi) == MOST_NORTHERN_ROW) return phi;
+        if (!(std::fabs(delta) > LATITUDE_TOLERANCE)) return phi;
+    }
+    return BisectLatitude(cylinder, start - south);
+}
+
+// A position at a pole has an endless northing: it is brought a little way off.
+double OffThePole(double phi) {
+    if (!(std::fabs(phi) > MOST_NORTHERN_POSITION)) return phi;
+    const double reduced = std::asin(std::sin(phi));
+    return std::fabs(reduced) > MOST_NORTHERN_POSITION ? reduced * 0.999 : reduced;
+}
+
+}  // namespace
+
+KoordStatus MapMercator_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
+    GeodezPayload at{};
+    if (ReferenceOf(*map, &at) != KOORD_OK) return KOORD_OK;
+    const Cylinder cylinder = CylinderOf(*map, Load<MapMercatorParams>(*map).standardParallel);
+    const double pixelsPerMetre = PixelsPerMetre(*map);
+
+    at.height = 0.0;
+    at.longitude =
+        (x - map->reference.pixelX) * DEGREES_PER_RADIAN / pixelsPerMetre / cylinder.radius + at.longitude;
+    const double rows = y - map->reference.pixelY;
+    if (rows != 0.0) {
+        const double phi =
+            MercatorLatitude(cylinder, at.latitude / DEGREES_PER_RADIAN, rows / pixelsPerMetre);
+        if (std::isnan(phi)) return KOORD_OK;
+        at.latitude = DEGREES_PER_RADIAN * phi;
+    }
+    *out = MakeKoord(DatumOf(*map), KOORD_GEODEZ);
+    Store(*out, at);
+    return KOORD_OK;
+}
+
+KoordStatus MapMercator_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
+    tagKOORD geodez;
+    KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    if (status != KOORD_OK) return status;
+    GeodezPayload reference{};
+    status = ReferenceOf(*map, &reference);
+    if (status != KOORD_OK) return status;
+
+    const Cylinder cylinder = CylinderOf(*map, Load<MapMercatorParams>(*map).standardParallel);
+    const double pixelsPerMetre = PixelsPerMetre(*map);
+    const auto at = Load<GeodezPayload>(geodez);
+    *x = pixelsPerMetre * cylinder.radius * (at.longitude - reference.longitude) / DEGREES_PER_RADIAN +
+         map->reference.pixelX;
+    *y = map->reference.pixelY;
+    if (at.latitude == reference.latitude) return KOORD_OK;
+    const double start = MercatorNorthing(cylinder, reference.latitude / DEGREES_PER_RADIAN);
+    const double phi = OffThePole(at.latitude / DEGREES_PER_RADIAN);
+    *y += (start - MercatorNorthing(cylinder, phi)) * pixelsPerMetre;
+    return KOORD_OK;
+}
+
+// What was reached stands where a step fails: (0, 0), or the place the geodesic came to.
+KoordStatus MapAzyl_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
+    *out = MakeKoord(DatumOf(*map), KOORD_GEODEZ);
+    tagKOORD reference;
+    if (ToDegrees(map->reference.world, DatumOf(*map), &reference) != KOORD_OK) return KOORD_OK;
+    const double pixelsPerMetre = PixelsPerMetre(*map);
+    const double north = (map->reference.pixelY - y) / pixelsPerMetre;
+    if (Geodesic_Direct(&reference, DatumOf(*map), north, 0.0, out) != KOORD_OK) return KOORD_OK;
+
+    const Cylinder cylinder = CylinderOf(*map, Load<MapAzylParams>(*map).standardParallel);
+    auto at = Load<GeodezPayload>(*out);
+    at.longitude = (x - map->reference.pixelX) / pixelsPerMetre * DEGREES_PER_RADIAN / cylinder.radius +
+                   Load<GeodezPayload>(reference).longitude;
+    Store(*out, at);
+    return KOORD_OK;
+}
+
+KoordStatus MapAzyl_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
+    tagKOORD geodez;
+    KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    if (status != KOORD_OK) return status;
+    GeodezPayload reference{};
+    status = ReferenceOf(*map, &reference);
+    if (status != KOORD_OK) return status;
+
+    const Cylinder cylinder = CylinderOf(*map, Load<MapAzylParams>(*map).standardParallel);
+    const double pixelsPerMetre = PixelsPerMetre(*map);
+    auto at = Load<GeodezPayload>(geodez);
+    *x = (at.longitude - reference.longitude) / DEGREES_PER_RADIAN * cylinder.radius * pixelsPerMetre +
+         map->reference.pixelX;
+
+    at.longitude = reference.longitude;
+    Store(geodez, at);
+    double distance = 0.0;
+    double azimuth = 0.0;
+    double back = 0.0;
+    status = Geodesic_Inverse(&map->reference.world, &geodez, DatumOf(*map), &distance, &azimuth, &back);
+    if (status != KOORD_OK) return status;
+    if (std::cos(azimuth / DEGREES_PER_RADIAN) < 0.0) distance = -distance;
+    *y = -distance * pixelsPerMetre + map->reference.pixelY;
+    return KOORD_OK;
+}
+
+}  // namespace tessara

@@ -1,0 +1,142 @@
+// Maps of the whole earth, tied to the raster by a reference point: VAN_DER_GRINTEN and WAGNER-IV.
+#include <cmath>
+
+#include "maps/kernel/map_types.h"
+#include "tessara/kernel/datum.h"
+#include "tessara/kernel/wagner_iv.h"
+
+namespace tessara {
+namespace {
+
+constexpr double PI_SQUARED = 9.869604401089358;
+constexpr double ON_THE_LINE = 1e-7;  // radians from the central meridian or the parallel of origin
+
+struct PlanePoint {
+    double x, y;  // metres
+};
+
+// Where the circle of a parallel meets the circle of a meridian: x by the side of the meridian, y the height
+// of the parallel on the central meridian, never nearer to the origin than that.
+bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
+    const double s = 2.0 * std::atan2(lambda, PI);
+    const double D = A / std::sin(s);
+    const double C = A / std::tan(s);
+    const double E = (A * A * A - std::fabs(y0 * y0 * y0)) / (2.0 * y0 * y0);
+    const double F = std::fabs(y0) + E;
+    const double C2 = C * C;
+    const double D2 = D * D;
+    const double E2 = E * E;
+    const double F2 = F * F;
+
+    const double P = C2 + F2;
+    const double Q = (C2 + F2 - D2 + E2) * C;
+    const double T =
+        (E2 * C2 + C2 * F2 + (E2 - F2) * (E2 - F2) * 0.5 + (D2 - C2) * (D2 - C2) * 0.5 - D2 * E2 - D2 * F2) *
+        0.5;
+    if (Q * Q < 4.0 * P * T) return false;
+    const double w = std::sqrt(Q * Q - 4.0 * P * T);
+
+    const double x = (isEast ? w - Q : -Q - w) / (2.0 * P);
+    if (isEast ? x < 0.0 : x > 0.0) return false;
+    double y = (F2 + (D2 - E2) - 2.0 * x * C - C2) / (2.0 * F);
+    if (isSouth) y = -y;
+    if (std::fabs(y) < std::fabs(y0)) y = y0;
+    *point = {x, y};
+    return true;
+}
+
+// A position in degrees on the plane of van der Grinten's first projection, on the sphere whose radius is the
+// semi-major axis: parallels and meridians are circles, but for the central meridian and the parallel of
+// origin (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section 29).
+// False where the circles don't meet on the right side.
+bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point) {
+    const auto params = Load<MapVdgParams>(map);
+    const double lambda = (at.longitude - params.originLongitude) / DEGREES_PER_RADIAN;
+    const double phi = (at.latitude - params.originLatitude) / DEGREES_PER_RADIAN;
+    const double A = Datum_SemiMajorAxis(DatumOf(map)) * PI;
+    const bool isOnParallel = std::fabs(phi) < ON_THE_LINE;
+    const double y0 = isOnParallel ? 0.0 : (PI - std::sqrt(PI_SQUARED - 4.0 * phi * phi)) * A / (2.0 * phi);
+
+    if (std::fabs(lambda) < ON_THE_LINE) {
+        *point = {0.0, y0};
+        return true;
+    }
+    if (isOnParallel) {
+        const double s = 2.0 * std::atan2(lambda, PI);
+        *point = {A / std::sin(s) - A / std::tan(s), 0.0};
+        return true;
+    }
+    return MapVdgIntersect(A, lambda, y0, params.originLongitude <= at.longitude, phi < 0.0, point);
+}
+
+// The position in degrees on the map's datum, and on the plane.
+bool MapVdgPlaneOf(const MapParam& map, const tagKOORD& record, PlanePoint* point) {
+    tagKOORD geodez;
+    return ToDegrees(record, DatumOf(map), &geodez) == KOORD_OK &&
+           MapVdgPlane(map, Load<GeodezPayload>(geodez), point);
+}
+
+}  // namespace
+
+KoordStatus MapVdg_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
+    PlanePoint reference{};
+    if (!MapVdgPlaneOf(*map, map->reference.world, &reference)) return KOORD_OK;
+    const auto params = Load<MapVdgParams>(*map);
+    const double m = MetresPerPixel(*map);
+    VdgPayload at{};
+    at.originLongitude = params.originLongitude;
+    at.originLatitude = params.originLatitude;
+    at.x = (x - (map->reference.pixelX - reference.x / m)) * m;
+    at.y = ((reference.y / m + map->reference.pixelY) - y) * m;
+    *out = MakeKoord(DatumOf(*map), KOORD_VDG);
+    Store(*out, at);
+    return KOORD_OK;
+}
+
+KoordStatus MapVdg_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
+    PlanePoint reference{};
+    PlanePoint at{};
+    if (!MapVdgPlaneOf(*map, map->reference.world, &reference)) return KOORD_ERR_OUTSIDE;
+    if (!MapVdgPlaneOf(*map, *in, &at)) return KOORD_ERR_OUTSIDE;
+    const double m = MetresPerPixel(*map);
+    *x = at.x / m + (map->reference.pixelX - reference.x / m);
+    *y = (reference.y / m + map->reference.pixelY) - at.y / m;
+    return KOORD_OK;
+}
+
+// What was reached stands where a step fails: (0, 0), or the reference.
+KoordStatus MapWagnerIV_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
+    const auto params = Load<MapWagnerIvParams>(*map);
+    if (ToDegrees(map->reference.world, DATUM_SPHERE, out) != KOORD_OK) return KOORD_OK;
+    PlanePoint reference{};
+    if (WagnerIV_Forward(out, params.originLongitude, &reference.y, &reference.x) != KOORD_OK) {
+        return KOORD_OK;
+    }
+    const double m = MetresPerPixel(*map);
+    const double X = (x - map->reference.pixelX) * m / params.stretchX + reference.x;
+    const double Y = reference.y - (y - map->reference.pixelY) * m / params.stretchY;
+    WagnerIV_Inverse(Y, X, params.originLongitude, out);
+    return KOORD_OK;
+}
+
+KoordStatus MapWagnerIV_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
+    const auto params = Load<MapWagnerIvParams>(*map);
+    tagKOORD geodez;
+    PlanePoint at{};
+    PlanePoint reference{};
+    KoordStatus status = ToDegrees(*in, DATUM_SPHERE, &geodez);
+    if (status != KOORD_OK) return status;
+    status = WagnerIV_Forward(&geodez, params.originLongitude, &at.y, &at.x);
+    if (status != KOORD_OK) return status;
+    status = ToDegrees(map->reference.world, DATUM_SPHERE, &geodez);
+    if (status != KOORD_OK) return status;
+    status = WagnerIV_Forward(&geodez, params.originLongitude, &reference.y, &reference.x);
+    if (status != KOORD_OK) return status;
+
+    const double p = PixelsPerMetre(*map);
+    *x = map->reference.pixelX + (at.x - reference.x) * p * params.stretchX;
+    *y = map->reference.pixelY - (at.y - reference.y) * p * params.stretchY;
+    return KOORD_OK;
+}
+
+}  // namespace tessara

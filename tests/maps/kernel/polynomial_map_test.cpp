@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "support/maps.h"
+
+namespace tessara::testing {
+namespace {
+
+constexpr double DEGREES = 1e-12;
+
+// Latitude 50 - 0.001 row, longitude 10 + 0.001 column, and back, where `slope` and `offset` spoil the way
+// back of the column: column = slope * (what it is) + offset.
+MapPolynomParams Linear(double slope, double offset) {
+    MapPolynomParams params{};
+    params.order = 3;
+    params.latFromPixel[0] = 50.0;
+    params.latFromPixel[2] = -0.001;
+    params.lonFromPixel[0] = 10.0;
+    params.lonFromPixel[1] = 0.001;
+    params.pixelXFromWorld[0] = -10000.0 * slope + offset;
+    params.pixelXFromWorld[1] = 1000.0 * slope;
+    params.pixelYFromWorld[0] = 50000.0;
+    params.pixelYFromWorld[2] = -1000.0;
+    return params;
+}
+
+double ColumnReached(double slope, double offset, double column) {
+    const WorldResult world = ToWorld(Map(MAP_POLYNOM, Linear(slope, offset)), column, 0.0);
+    EXPECT_EQ(world.status, KOORD_OK);
+    EXPECT_NEAR(world.Degrees().latitude, 50.0, DEGREES);
+    return (world.Degrees().longitude - 10.0) * 1000.0;
+}
+
+// The twelve figures of each order by hand, at column 2 and row 3.
+TEST(PolynomialMap, EvaluatesTheFirstCoefficientsOnly) {
+    // 1 + 2*2 + 3*3 = 14; + 4*6 = 38; + 5*4 + 6*9 = 112; + 7*12 + 8*18 + 9*8 + 10*27 = 682.
+    const struct {
+        std::uint32_t order;
+        double value;
+    } rows[] = {{3, 14.0}, {4, 38.0}, {6, 112.0}, {10, 682.0}};
+    for (const auto& row : rows) {
+        MapPolynomParams params{};
+        params.order = row.order;
+        for (int i = 0; i < 10; ++i) {
+            params.pixelXFromWorld[i] = i + 1.0;
+            params.pixelYFromWorld[i] = -(i + 1.0);
+        }
+        // Longitude comes before latitude.
+        const PixelResult pixel = ToPixel(Map(MAP_POLYNOM, params), GeodezRecord(3.0, 2.0));
+        EXPECT_EQ(pixel.status, KOORD_OK);
+        EXPECT_NEAR(pixel.x, row.value, 1e-12) << row.order;
+        EXPECT_NEAR(pixel.y, -row.value, 1e-12) << row.order;
+    }
+}
+
+TEST(PolynomialMap, ReadsPositionsFromColumnAndRow) {
+    for (std::uint32_t order : {3u, 4u, 6u, 10u}) {
+        MapPolynomParams params = Linear(1.0, 0.0);
+        params.order = order;
+        const GeodezPayload at = ToWorld(Map(MAP_POLYNOM, params), 250.0, 500.0).Degrees();
+        EXPECT_NEAR(at.latitude, 49.5, DEGREES);
+        EXPECT_NEAR(at.longitude, 10.25, DEGREES);
+    }
+}
+
+// A sheet that is turned and sheared, with the exact inverse: lon = 10 + (3 x + y) / 1000,
+// lat = 50 + (x - 2 y) / 1000, and so x = (2 lon' + lat') / 7, y = (lon' - 3 lat') / 7 with lon', lat' the
+// thousandfold offsets.
+TEST(PolynomialMap, ComesBackToThePixelWithExactInverses) {
+    MapPolynomParams params{};
+    params.order = 3;
+    const double lon[] = {10.0, 0.003, 0.001};
+    const double lat[] = {50.0, 0.001, -0.002};
+    const double x[] = {-(20000.0 + 50000.0) / 7.0, 2000.0 / 7.0, 1000.0 / 7.0};
+    const double y[] = {-(10000.0 - 150000.0) / 7.0, 1000.0 / 7.0, -3000.0 / 7.0};
+    for (int i = 0; i < 3; ++i) {
+        params.lonFromPixel[i] = lon[i];
+        params.latFromPixel[i] = lat[i];
+        params.pixelXFromWorld[i] = x[i];
+        params.pixelYFromWorld[i] = y[i];
+    }
+    const MapParam map = Map(MAP_POLYNOM, params);
+    for (double column = 0.0; column <= 4000.0; column += 500.0) {
+        for (double row = 0.0; row <= 4000.0; row += 500.0) {
+            const PixelResult pixel = ToPixel(map, ToWorld(map, column, row).world);
+            EXPECT_NEAR(pixel.x, column, 1e-7);  // degrees of 1e-14 by a thousand, at 1e4
+            EXPECT_NEAR(pixel.y, row, 1e-7);
+        }
+    }
+}
+
+TEST(PolynomialMap, DoesNotRefineWhatAgreesWithinATenth) {
+    EXPECT_NEAR(ColumnReached(1.0, 0.05, 100.0), 100.0, 1e-9);
+    EXPECT_NEAR(ColumnReached(1.0, -0.09, 100.0), 100.0, 1e-9);
+}
+
+// The error is -1, and each round halves it: 0.5, 0.25, 0.125 and 0.0625 of a pixel are taken off.
+TEST(PolynomialMap, RefinesUntilThePixelIsMetWithinATenth) {
+    EXPECT_NEAR(ColumnReached(1.0, 1.0, 100.0), 99.0625, 1e-9);
+}
+
+// With a slope of 5 the error is -1.5 times as large after a round: the plain value stands.
+TEST(PolynomialMap, KeepsThePlainValueWhereRefiningMakesItWorse) {
+    EXPECT_NEAR(ColumnReached(5.0, -500.0, 100.0), 100.0, 1e-9);
+}
+
+// With a slope of s the error of a round is (1 - s/2) times the one before, and the value moves by half of
+// the error before. From an error of 100 at s = 3.99: after 50 rounds 100 + 50 (1 - f^50) / (1 - f), f =
+// -0.995.
+TEST(PolynomialMap, EndsAfterFiftyRoundsWithTheLastValue) {
+    const double f = -0.995;
+    const double expected = 100.0 + 50.0 * (1.0 - std::pow(f, 50)) / (1.0 - f);
+    EXPECT_NEAR(ColumnReached(3.99, -399.0, 100.0), expected, 1e-6);
+}
+
+TEST(PolynomialMap, AnOrderThatDoesNotExistHasNoPixelsAndNoPositions) {
+    for (std::uint32_t order : {0u, 1u, 2u, 5u, 7u, 9u, 11u, 0xFFFFFFFFu}) {
+        MapPolynomParams params = Linear(1.0, 0.0);
+        params.order = order;
+        const MapParam map = Map(MAP_POLYNOM, params);
+        EXPECT_EQ(ToPixel(map, GeodezRecord(50.0, 10.0)).status, KOORD_ERR_POLYNOM_ORDER) << order;
+        EXPECT_EQ(ToWorld(map, 0.0, 0.0).status, KOORD_ERR_TYPE) << order;
+    }
+}
+
+TEST(PolynomialMap, EndsOnCoefficientsThatAreNoNumbers) {
+    for (double bad : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+        MapPolynomParams params = Linear(1.0, 0.0);
+        params.pixelXFromWorld[0] = bad;
+        EXPECT_EQ(ToWorld(Map(MAP_POLYNOM, params), 1.0, 2.0).status, KOORD_OK);
+        params.lonFromPixel[0] = bad;
+        EXPECT_EQ(ToWorld(Map(MAP_POLYNOM, params), 1.0, 2.0).status, KOORD_OK);
+    }
+}
+
+}  // namespace
+}  // namespace tessara::testing

@@ -1,0 +1,105 @@
+// Whole sheets of every type that has a plane, against an independent program.
+#include "support/sheets.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "support/reference_file.h"
+
+namespace tessara::testing {
+namespace {
+
+// The figures are rounded to a micrometre; what is left is the difference of the series on either side.
+constexpr double METRES = 1e-4;
+constexpr double METRES_PER_DEGREE = 111000.0;
+
+// How well a latitude comes back from a pixel.
+double LatitudeTolerance(const Sheet& sheet) {
+    // Whole metres: rounding may lose half a metre on each axis.
+    if (sheet.map.type == MAP_CH) return 0.71 / METRES_PER_DEGREE;
+    // The search for the latitude ends at a step of 1e-9 radians.
+    if (sheet.map.type == MAP_MERCATOR) return 1e-9 * DEGREES_PER_RADIAN;
+    // The figures are rounded to 1e-6 pixels of 0.01 degrees.
+    if (sheet.map.type == MAP_EQUALARC) return 1e-8;
+    return METRES / METRES_PER_DEGREE;
+}
+
+std::vector<ReferenceRow> RowsOf(const std::string& sheet) {
+    std::vector<ReferenceRow> rows = ReadReferenceFile("maps/sheets.txt");
+    std::erase_if(rows, [&sheet](const ReferenceRow& row) { return row.Text(0) != sheet; });
+    EXPECT_GE(rows.size(), 4u) << sheet;
+    return rows;
+}
+
+double Column(const Sheet& sheet, const ReferenceRow& row) {
+    return sheet.pixelX + (row.Number(3) - sheet.easting) / sheet.metresPerPixelX;
+}
+double Line(const Sheet& sheet, const ReferenceRow& row) {
+    return sheet.pixelY + (sheet.northing - row.Number(4)) / sheet.metresPerPixelY;
+}
+
+class SheetTest : public ::testing::TestWithParam<Sheet> {};
+
+TEST_P(SheetTest, PutsAPositionOnItsPixel) {
+    const Sheet& sheet = GetParam();
+    for (const ReferenceRow& row : RowsOf(sheet.name)) {
+        const PixelResult pixel = ToPixel(
+            sheet.map,
+            GeodezRecord(row.Number(1), row.Number(2), 0.0, static_cast<std::int32_t>(sheet.map.datum)));
+        EXPECT_EQ(pixel.status, KOORD_OK) << row.place;
+        EXPECT_NEAR(pixel.x, Column(sheet, row), METRES / sheet.metresPerPixelX) << row.place;
+        EXPECT_NEAR(pixel.y, Line(sheet, row), METRES / sheet.metresPerPixelY) << row.place;
+    }
+}
+
+TEST_P(SheetTest, ReadsAPositionFromItsPixel) {
+    const Sheet& sheet = GetParam();
+    const double degrees = LatitudeTolerance(sheet);
+    for (const ReferenceRow& row : RowsOf(sheet.name)) {
+        const WorldResult world = ToWorld(sheet.map, Column(sheet, row), Line(sheet, row));
+        const double latitude = row.Number(1);
+        EXPECT_EQ(world.status, KOORD_OK) << row.place;
+        EXPECT_NEAR(world.Degrees().latitude, latitude, degrees) << row.place;
+        EXPECT_NEAR(world.Degrees().longitude, row.Number(2),
+                    degrees / std::cos(latitude / DEGREES_PER_RADIAN))
+            << row.place;
+    }
+}
+
+TEST_P(SheetTest, ComesBackToThePixelEverywhere) {
+    const Sheet& sheet = GetParam();
+    // All pixels of the sheet lie right of and below its origin, where whole metres are off by half of one.
+    const double pixels = sheet.map.type == MAP_CH ? 0.5 / sheet.metresPerPixelX + 1e-3 : 1e-3;
+    constexpr int steps = 20;
+    for (int i = 0; i <= steps; ++i) {
+        for (int j = 0; j <= steps; ++j) {
+            const double x = sheet.width * i / static_cast<double>(steps);
+            const double y = sheet.height * j / static_cast<double>(steps);
+            const WorldResult world = ToWorld(sheet.map, x, y);
+            ASSERT_EQ(world.status, KOORD_OK) << x << " " << y;
+            const PixelResult pixel = ToPixel(sheet.map, world.world);
+            ASSERT_EQ(pixel.status, KOORD_OK) << x << " " << y;
+            EXPECT_NEAR(pixel.x, x, pixels) << x << " " << y;
+            EXPECT_NEAR(pixel.y, y, pixels) << x << " " << y;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Maps, SheetTest, ::testing::ValuesIn(AllSheets()),
+                         [](const ::testing::TestParamInfo<Sheet>& sheet) { return sheet.param.name; });
+
+TEST(Sheets, ThereAreTwoOfEachTypeThatHasAPlane) {
+    std::map<std::uint32_t, int> count;
+    for (const Sheet& sheet : AllSheets())
+        ++count[sheet.map.type];
+    for (std::uint32_t type = MAP_UTM; type < MAP_TYPE_COUNT; ++type) {
+        if (type == MAP_DD || type == MAP_POLYNOM) continue;
+        EXPECT_GE(count[type], 2) << "type " << type;
+    }
+}
+
+}  // namespace
+}  // namespace tessara::testing
