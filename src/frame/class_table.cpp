@@ -9,6 +9,12 @@
 #include "areas/coordinate_compare.h"
 #include "areas/coordinate_neighbor.h"
 #include "frame/class_factory.h"
+#include "maps/map_coord_creator_factory.h"
+#include "maps/map_coord_operations.h"
+#include "maps/map_coord_operations_factory.h"
+#include "maps/projection.h"
+#include "maps/projection_factory.h"
+#include "maps/reference_point.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
 #include "objects/coordinate_init.h"
@@ -35,6 +41,12 @@ TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);
 TESSARA_CLASS(Singleton, CoordinateTransfer);
+TESSARA_CLASS(Singleton, MapCoordCreatorFactory);
+TESSARA_CLASS(Multi, MapCoordOperations);
+TESSARA_CLASS(Singleton, MapCoordOperationsFactory);
+TESSARA_CLASS(Multi, Projection);
+TESSARA_CLASS(Singleton, ProjectionFactory);
+TESSARA_CLASS(Multi, ReferencePoint);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS
