@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tessara/array.h"
+#include "tessara/circle_on_tangent_plane.h"
 #include "tessara/ckoord.h"
 #include "tessara/class_factory.h"
 #include "tessara/component.h"
@@ -15,6 +16,9 @@
 #include "tessara/coordinate_reference.h"
 #include "tessara/coordinate_system.h"
 #include "tessara/coordinate_transfer.h"
+#include "tessara/ellipse_on_tangent_plane.h"
+#include "tessara/ellipsoid_of_revolution.h"
+#include "tessara/euclidean_vector.h"
 #include "tessara/float_point.h"
 #include "tessara/geo_date.h"
 #include "tessara/kernel/constants.h"
@@ -31,6 +35,8 @@
 #include "tessara/rect.h"
 #include "tessara/ref.h"
 #include "tessara/reference_point.h"
+#include "tessara/tangent_plane.h"
 #include "tessara/tessara_string.h"
 #include "tessara/unknown.h"
+#include "tessara/vector.h"
 #include "tessara/zone_coord_operations.h"

@@ -2,17 +2,21 @@
 
 #include "areas/average_records.h"
 #include "objects/koord_access.h"
+#include "tessara/ref.h"
 
 namespace tessara {
 
 bool CoordinateAverage::Average(ICoord* first, ICoord* second, ICoord* result) {
+    const IRef<ICoord> firstCoord(first);
+    const IRef<ICoord> secondCoord(second);
+    const IRef<ICoord> resultCoord(result);
     CKoord a;
     CKoord b;
-    if (!KoordFromCoord(first, &a) || !KoordFromCoord(second, &b)) return false;
+    if (!KoordFromCoord(firstCoord.Get(), &a) || !KoordFromCoord(secondCoord.Get(), &b)) return false;
     tagKOORD mean;
     if (!Average_Records(a, b, &mean)) return false;
     const CKoord koord(mean);
-    return KoordToCoord(&koord, result);
+    return KoordToCoord(&koord, resultCoord.Get());
 }
 
 ICoordinateAverage* CreateClassCoordinateAverage() {

@@ -2,14 +2,19 @@
 
 #include "areas/compare_records.h"
 #include "objects/koord_access.h"
+#include "tessara/ref.h"
 
 namespace tessara {
 namespace {
 
 std::int32_t Compare(Axis axis, ICoord* first, ICoord* second) {
+    const IRef<ICoord> firstCoord(first);
+    const IRef<ICoord> secondCoord(second);
     CKoord a;
     CKoord b;
-    if (!KoordFromCoord(first, &a) || !KoordFromCoord(second, &b)) return NOT_COMPARABLE;
+    if (!KoordFromCoord(firstCoord.Get(), &a) || !KoordFromCoord(secondCoord.Get(), &b)) {
+        return NOT_COMPARABLE;
+    }
     return Compare_Records(axis, a, b);
 }
 

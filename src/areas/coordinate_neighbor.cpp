@@ -20,12 +20,12 @@ double StepOf(std::uint32_t system) {
 }
 
 bool MoveOneStep(Compass direction, ICoord* source, ICoord* target) {
+    const IRef<ICoord> from(source);
+    const IRef<ICoordInternal> moved(target);
     CKoord koord;
-    if (!KoordFromCoord(source, &koord) || !KoordToCoord(&koord, target)) return false;
+    if (!moved.IsValid() || !KoordFromCoord(from.Get(), &koord) || !moved->SetKoord(&koord)) return false;
     const double step = SignOf(direction) * StepOf(koord.type);
     if (step == 0.0) return false;
-    const IRef<ICoordInternal> moved(target);
-    if (!moved.IsValid()) return false;
     return AxisOf(direction) == Axis::North ? moved->ShiftNorth(step) : moved->ShiftEast(step);
 }
 

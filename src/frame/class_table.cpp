@@ -9,6 +9,11 @@
 #include "areas/coordinate_compare.h"
 #include "areas/coordinate_neighbor.h"
 #include "frame/class_factory.h"
+#include "geometry/circle_on_tangent_plane.h"
+#include "geometry/ellipse_on_tangent_plane.h"
+#include "geometry/ellipsoid_of_revolution.h"
+#include "geometry/euclidean_vector.h"
+#include "geometry/tangent_plane.h"
 #include "maps/map_coord_creator_factory.h"
 #include "maps/map_coord_operations.h"
 #include "maps/map_coord_operations_factory.h"
@@ -30,6 +35,7 @@ namespace {
 #define TESSARA_CLASS(Policy, Class) \
     Policy##Factory<Class> g_factoryOf##Class(&CLSID_##Class, "CLSID_" #Class)
 
+TESSARA_CLASS(Singleton, CircleOnTangentPlane);
 TESSARA_CLASS(Multi, CoordGeographic);
 TESSARA_CLASS(Multi, Coord);
 TESSARA_CLASS(Multi, CoordinateArea);
@@ -41,12 +47,16 @@ TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);
 TESSARA_CLASS(Singleton, CoordinateTransfer);
+TESSARA_CLASS(Singleton, EllipseOnTangentPlane);
+TESSARA_CLASS(Singleton, EllipsoidOfRevolution);
+TESSARA_CLASS(Singleton, EuclideanVector);
 TESSARA_CLASS(Singleton, MapCoordCreatorFactory);
 TESSARA_CLASS(Multi, MapCoordOperations);
 TESSARA_CLASS(Singleton, MapCoordOperationsFactory);
 TESSARA_CLASS(Multi, Projection);
 TESSARA_CLASS(Singleton, ProjectionFactory);
 TESSARA_CLASS(Multi, ReferencePoint);
+TESSARA_CLASS(Multi, TangentPlane);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS

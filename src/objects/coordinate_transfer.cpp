@@ -35,11 +35,12 @@ ReferencePair WantedReference(const CKoord& source, const CKoord& target) {
 }
 
 bool TransferAxis(Axis axis, ICoord* source, ICoord* target) {
+    const IRef<ICoord> result(target);  // held while it is read and then written
     CKoord from;
     CKoord to;
-    if (!KoordFromCoord(source, &from) || !KoordFromCoord(target, &to)) return false;
+    if (!KoordFromCoord(source, &from) || !KoordFromCoord(result.Get(), &to)) return false;
     if (ReferenceOf(from) != ReferenceOf(to)) return false;
-    return CopyAxis(axis, from, &to) && KoordToCoord(&to, target);
+    return CopyAxis(axis, from, &to) && KoordToCoord(&to, result.Get());
 }
 
 // The coordinate system in which a map is drawn, by its type; NO_SYSTEM for a type that is no map.

@@ -186,9 +186,11 @@ ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record) {
     if (AxisOf(direction) != Axis::North) return ZoneLimit::Failure;
     if (record->type == KOORD_UTMREF) return MoveUtmrefToLimit(direction, record);
 
+    // No walk starts at what is no position.
     GeodezPayload position;
+    if (!ToGeodez(*record, &position) || std::isnan(position.latitude)) return ZoneLimit::Failure;
     const double offset = EastOfCentre(*record);
-    if (std::isnan(offset) || !ToGeodez(*record, &position)) return ZoneLimit::Failure;
+    if (std::isnan(offset)) return ZoneLimit::Failure;
     if (offset == 0.0) return ZoneLimit::SystemFirst;
 
     tagKOORD limit;

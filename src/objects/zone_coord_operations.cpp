@@ -10,24 +10,32 @@
 namespace tessara {
 namespace {
 
+// Each of these works on a copy of the coordinate's record; the two coordinates may be one.
+
 bool WriteBorder(Compass side, ICoord* coord, ICoord* out) {
+    const IRef<ICoord> source(coord);
+    const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Zones_MoveToBorder(side, &koord) && KoordToCoord(&koord, out);
+    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToBorder(side, &koord) &&
+           KoordToCoord(&koord, target.Get());
 }
 
 bool WriteBorderAtEquator(Compass side, ICoord* coord, ICoord* out) {
+    const IRef<ICoord> source(coord);
+    const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Zones_MoveToEquator(&koord) && Zones_MoveToBorder(side, &koord) &&
-           KoordToCoord(&koord, out);
+    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToEquator(&koord) &&
+           Zones_MoveToBorder(side, &koord) && KoordToCoord(&koord, target.Get());
 }
 
-std::int32_t WriteLimit(Compass direction, ICoord* coord, ICoord* out) {
-    const auto failure = static_cast<std::int32_t>(ZoneLimit::Failure);
+ZoneLimit WriteLimit(Compass direction, ICoord* coord, ICoord* out) {
+    const IRef<ICoord> source(coord);
+    const IRef<ICoord> target(out);
     CKoord koord;
-    if (!KoordFromCoord(coord, &koord) || !IRef<ICoord>(out).IsValid()) return failure;
+    if (!target.IsValid() || !KoordFromCoord(source.Get(), &koord)) return ZoneLimit::Failure;
     const ZoneLimit found = Zones_MoveToLimit(direction, &koord);
-    if (found == ZoneLimit::Border && !KoordToCoord(&koord, out)) return failure;
-    return static_cast<std::int32_t>(found);
+    if (found != ZoneLimit::Border) return found;
+    return KoordToCoord(&koord, target.Get()) ? found : ZoneLimit::Failure;
 }
 
 }  // namespace
@@ -40,7 +48,7 @@ bool ZoneCoordOperations::HasZones(ICoord* coord) {
 }
 
 std::int32_t ZoneCoordOperations::GetEastBorder(ICoord* coord, ICoord* out) {
-    return WriteLimit(Compass::North, coord, out);
+    return static_cast<std::int32_t>(WriteLimit(Compass::North, coord, out));
 }
 
 bool ZoneCoordOperations::GetEastNeighbour(ICoord* coord, ICoord* out) {
@@ -48,7 +56,7 @@ bool ZoneCoordOperations::GetEastNeighbour(ICoord* coord, ICoord* out) {
 }
 
 std::int32_t ZoneCoordOperations::GetWestBorder(ICoord* coord, ICoord* out) {
-    return WriteLimit(Compass::South, coord, out);
+    return static_cast<std::int32_t>(WriteLimit(Compass::South, coord, out));
 }
 
 bool ZoneCoordOperations::GetWestNeighbour(ICoord* coord, ICoord* out) {
@@ -64,8 +72,11 @@ bool ZoneCoordOperations::GetWestNeighbourAtEquator(ICoord* coord, ICoord* out) 
 }
 
 bool ZoneCoordOperations::GetZoneCentre(ICoord* coord, ICoord* out) {
+    const IRef<ICoord> source(coord);
+    const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Zones_MoveToCentre(&koord) && KoordToCoord(&koord, out);
+    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToCentre(&koord) &&
+           KoordToCoord(&koord, target.Get());
 }
 
 std::int32_t ZoneCoordOperations::GetZoneNumber(ICoord* coord) {
@@ -79,8 +90,10 @@ std::int32_t ZoneCoordOperations::GetZoneFactor(ICoord* coord) {
 }
 
 bool ZoneCoordOperations::MoveToZone(std::int32_t delta, ICoord* coord) {
+    const IRef<ICoord> target(coord);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Zones_Move(delta, &koord) && KoordToCoord(&koord, coord);
+    return KoordFromCoord(target.Get(), &koord) && Zones_Move(delta, &koord) &&
+           KoordToCoord(&koord, target.Get());
 }
 
 IZoneCoordOperations* CreateClassZoneCoordOperations() {

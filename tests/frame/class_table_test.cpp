@@ -26,6 +26,7 @@ struct Row {
 
 // In the order in which the factories are constructed.
 const Row ROWS[] = {
+    {"CircleOnTangentPlane", "F601D12D-BB6D-4D39-879C-7934B673EF28", SINGLETON, {IID_ICircleOnTangentPlane}},
     {"CoordGeographic", "0FB02762-1FA9-4E01-9220-5855F61D66B6", MULTI, {IID_ICoordGeographic}},
     {"Coord", "EFF9D47D-B44E-4C00-A982-CCB70E79686C", MULTI, {IID_ICoord, IID_ICoordInternal}},
     {"CoordinateArea",
@@ -40,6 +41,15 @@ const Row ROWS[] = {
     {"CoordinateSystem", "4A3A7895-F7D5-4AB2-867A-516F92020DE8", MULTI, {IID_ICoordinateSystem}},
     {"GeoDate", "6577718A-7E52-4F54-9847-6A85E7DB3145", MULTI, {IID_IGeoDate}},
     {"CoordinateTransfer", "8523D252-81F4-4624-B1EB-DFA4626FC3E0", SINGLETON, {IID_ICoordinateTransfer}},
+    {"EllipseOnTangentPlane",
+     "6174F97A-BC76-43C0-94FB-64E69B7A4F7D",
+     SINGLETON,
+     {IID_IEllipseOnTangentPlane}},
+    {"EllipsoidOfRevolution",
+     "4A5D89C2-2D2E-49B0-BD6D-09D0455EEA3E",
+     SINGLETON,
+     {IID_IEllipsoidOfRevolution}},
+    {"EuclideanVector", "D1A6E8C3-1731-4F57-8F3F-46B5DB1203DF", SINGLETON, {IID_IVector}},
     {"MapCoordCreatorFactory",
      "48098E17-BC03-48EA-A555-35F345633CF5",
      SINGLETON,
@@ -55,6 +65,7 @@ const Row ROWS[] = {
     {"Projection", "9421D26A-6D8D-464D-A60F-F79456DEDE4D", MULTI, {IID_IProjection, IID_IMapParamInternal}},
     {"ProjectionFactory", "07CA8BBF-4E0D-4C55-8476-B46452780DD6", SINGLETON, {IID_IProjectionFactory}},
     {"ReferencePoint", "4CF747A0-144C-4E53-869E-AFCFB9243FA0", MULTI, {IID_IReferencePoint}},
+    {"TangentPlane", "1959E014-7388-4CAE-A519-3B1B3F19D074", MULTI, {IID_ITangentPlane}},
     {"ZoneCoordOperations", "DD284984-BB8E-4890-A5D8-748F58C16DFC", SINGLETON, {IID_IZoneCoordOperations}},
 };
 
@@ -77,9 +88,14 @@ IUnknown* Fresh() {
 }
 
 const Creator CREATORS[] = {
+    {Fresh<CreateClassCircleOnTangentPlane>, IID_ICircleOnTangentPlane},
     {Fresh<CreateClassCoordGeographic>, IID_ICoordGeographic},
     {Fresh<CreateClassCoord>, IID_ICoord},
+    {Fresh<CreateClassCoordinateArea>, IID_ICoordinateArea},
+    {Fresh<CreateClassCoordinateAverage>, IID_ICoordinateAverage},
+    {Fresh<CreateClassCoordinateCompare>, IID_ICoordinateCompare},
     {Fresh<CreateClassCoordinateInit>, IID_ICoordinateInit},
+    {Fresh<CreateClassCoordinateNeighbor>, IID_ICoordinateNeighbor},
     {Fresh<CreateClassCoordinateReference>, IID_ICoordinateReference},
     {Fresh<CreateClassCoordinateSystem>, IID_ICoordinateSystem},
     {Fresh<CreateClassGeoDate>, IID_IGeoDate},
@@ -88,12 +104,16 @@ const Creator CREATORS[] = {
     {Fresh<CreateClassCoordinateCompare>, IID_ICoordinateCompare},
     {Fresh<CreateClassCoordinateNeighbor>, IID_ICoordinateNeighbor},
     {Fresh<CreateClassCoordinateTransfer>, IID_ICoordinateTransfer},
+    {Fresh<CreateClassEllipseOnTangentPlane>, IID_IEllipseOnTangentPlane},
+    {Fresh<CreateClassEllipsoidOfRevolution>, IID_IEllipsoidOfRevolution},
+    {Fresh<CreateClassEuclideanVector>, IID_IVector},
     {Fresh<CreateClassMapCoordCreatorFactory>, IID_IMapCoordCreatorFactory},
     {Fresh<CreateClassMapCoordOperations>, IID_IMapCoordOperations},
     {Fresh<CreateClassMapCoordOperationsFactory>, IID_IMapCoordOperationsFactory},
     {Fresh<CreateClassProjection>, IID_IProjection},
     {Fresh<CreateClassProjectionFactory>, IID_IProjectionFactory},
     {Fresh<CreateClassReferencePoint>, IID_IReferencePoint},
+    {Fresh<CreateClassTangentPlane>, IID_ITangentPlane},
     {Fresh<CreateClassZoneCoordOperations>, IID_IZoneCoordOperations},
     {Fresh<CreateClassFloatPoint>, IID_IFloatPoint},
     {Fresh<CreateClassArray>, IID_IArray},
