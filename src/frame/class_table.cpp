@@ -28,6 +28,9 @@
 #include "objects/coordinate_transfer.h"
 #include "objects/geo_date.h"
 #include "objects/zone_coord_operations.h"
+#include "text/coord_checker_utmref.h"
+#include "text/coordinate_checker.h"
+#include "text/coordinate_string.h"
 
 namespace tessara {
 namespace {
@@ -38,8 +41,11 @@ namespace {
 TESSARA_CLASS(Singleton, CircleOnTangentPlane);
 TESSARA_CLASS(Multi, CoordGeographic);
 TESSARA_CLASS(Multi, Coord);
+TESSARA_CLASS(Multi, CoordinateString);
 TESSARA_CLASS(Multi, CoordinateArea);
 TESSARA_CLASS(Multi, CoordinateAverage);
+TESSARA_CLASS(Multi, CoordinateChecker);
+TESSARA_CLASS(Multi, CoordCheckerUTMREF);
 TESSARA_CLASS(Singleton, CoordinateCompare);
 TESSARA_CLASS(Multi, CoordinateInit);
 TESSARA_CLASS(Singleton, CoordinateNeighbor);

@@ -35,7 +35,8 @@ TEST_F(CoordinateAreaTest, WritesEachExtremeOfThePointsSystem) {
         ASSERT_TRUE(System_Extremes(3, system, &extremes));
         for (std::size_t i = 0; i < extremes.size(); ++i) {
             const IRef<ICoord> point = EmptyCoord(3, system);
-            ASSERT_TRUE((area.Get()->*SYSTEM_LIMITS[i])(point.Get())) << system;
+            const Operation operation = SYSTEM_LIMITS[i];
+            ASSERT_TRUE((area.Get()->*operation)(point.Get())) << system;
             EXPECT_TRUE(SameBytes(KoordOf(point), extremes[i])) << system;
         }
     }
