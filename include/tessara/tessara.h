@@ -40,6 +40,7 @@
 #include "tessara/reference_point.h"
 #include "tessara/tangent_plane.h"
 #include "tessara/tessara_string.h"
+#include "tessara/transformable_map_pixel.h"
 #include "tessara/unknown.h"
 #include "tessara/vector.h"
 #include "tessara/zone_coord_operations.h"

@@ -20,6 +20,7 @@
 #include "maps/projection.h"
 #include "maps/projection_factory.h"
 #include "maps/reference_point.h"
+#include "maps/transformable_map_pixel.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
 #include "objects/coordinate_init.h"
@@ -63,6 +64,7 @@ TESSARA_CLASS(Multi, Projection);
 TESSARA_CLASS(Singleton, ProjectionFactory);
 TESSARA_CLASS(Multi, ReferencePoint);
 TESSARA_CLASS(Multi, TangentPlane);
+TESSARA_CLASS(Multi, TransformableMapPixel);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS

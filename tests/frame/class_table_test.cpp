@@ -69,6 +69,10 @@ const Row ROWS[] = {
     {"ProjectionFactory", "07CA8BBF-4E0D-4C55-8476-B46452780DD6", SINGLETON, {IID_IProjectionFactory}},
     {"ReferencePoint", "4CF747A0-144C-4E53-869E-AFCFB9243FA0", MULTI, {IID_IReferencePoint}},
     {"TangentPlane", "1959E014-7388-4CAE-A519-3B1B3F19D074", MULTI, {IID_ITangentPlane}},
+    {"TransformableMapPixel",
+     "BDD0A598-26A4-4224-B5E9-C5A77CBB6923",
+     MULTI,
+     {IID_ITransformableMapPixel, IID_ITransformableInternal}},
     {"ZoneCoordOperations", "DD284984-BB8E-4890-A5D8-748F58C16DFC", SINGLETON, {IID_IZoneCoordOperations}},
 };
 
@@ -116,6 +120,7 @@ const Creator CREATORS[] = {
     {Fresh<CreateClassProjection>, IID_IProjection},
     {Fresh<CreateClassProjectionFactory>, IID_IProjectionFactory},
     {Fresh<CreateClassReferencePoint>, IID_IReferencePoint},
+    {Fresh<CreateClassTransformableMapPixel>, IID_ITransformableMapPixel},
     {Fresh<CreateClassZoneCoordOperations>, IID_IZoneCoordOperations},
     {Fresh<CreateClassFloatPoint>, IID_IFloatPoint},
     {Fresh<CreateClassArray>, IID_IArray},
