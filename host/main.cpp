@@ -63,6 +63,12 @@ int Main(std::vector<std::string> arguments) {
 }  // namespace tessara::program
 
 int main(int argc, char** argv) {
+    using namespace tessara::program;
     std::ios::sync_with_stdio(false);
-    return tessara::program::Main(tessara::program::ReadArguments(argc, argv));
+    try {
+        return Main(ReadArguments(argc, argv));
+    } catch (const std::exception& error) {
+        std::cerr << "tessara: " << error.what() << '\n';
+        return EXIT_INCOMPLETE;
+    }
 }

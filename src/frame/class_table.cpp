@@ -9,6 +9,11 @@
 #include "areas/coordinate_compare.h"
 #include "areas/coordinate_neighbor.h"
 #include "frame/class_factory.h"
+#include "geometry/circle_on_tangent_plane.h"
+#include "geometry/ellipse_on_tangent_plane.h"
+#include "geometry/ellipsoid_of_revolution.h"
+#include "geometry/euclidean_vector.h"
+#include "geometry/tangent_plane.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
 #include "objects/coordinate_init.h"
@@ -17,6 +22,9 @@
 #include "objects/coordinate_transfer.h"
 #include "objects/geo_date.h"
 #include "objects/zone_coord_operations.h"
+#include "text/coord_checker_utmref.h"
+#include "text/coordinate_checker.h"
+#include "text/coordinate_string.h"
 
 namespace tessara {
 namespace {
@@ -24,10 +32,14 @@ namespace {
 #define TESSARA_CLASS(Policy, Class) \
     Policy##Factory<Class> g_factoryOf##Class(&CLSID_##Class, "CLSID_" #Class)
 
+TESSARA_CLASS(Singleton, CircleOnTangentPlane);
 TESSARA_CLASS(Multi, CoordGeographic);
 TESSARA_CLASS(Multi, Coord);
+TESSARA_CLASS(Multi, CoordinateString);
 TESSARA_CLASS(Multi, CoordinateArea);
 TESSARA_CLASS(Multi, CoordinateAverage);
+TESSARA_CLASS(Multi, CoordinateChecker);
+TESSARA_CLASS(Multi, CoordCheckerUTMREF);
 TESSARA_CLASS(Singleton, CoordinateCompare);
 TESSARA_CLASS(Multi, CoordinateInit);
 TESSARA_CLASS(Singleton, CoordinateNeighbor);
@@ -35,6 +47,10 @@ TESSARA_CLASS(Multi, CoordinateReference);
 TESSARA_CLASS(Multi, CoordinateSystem);
 TESSARA_CLASS(Multi, GeoDate);
 TESSARA_CLASS(Singleton, CoordinateTransfer);
+TESSARA_CLASS(Singleton, EllipseOnTangentPlane);
+TESSARA_CLASS(Singleton, EllipsoidOfRevolution);
+TESSARA_CLASS(Singleton, EuclideanVector);
+TESSARA_CLASS(Multi, TangentPlane);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS

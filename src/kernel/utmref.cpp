@@ -4,8 +4,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "kernel/letters.h"
 #include "kernel/numeric.h"
+#include "kernel/utmref_letters.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/limits.h"
@@ -14,56 +14,32 @@
 namespace tessara {
 namespace {
 
-// Bands and rows are counted away from the equator, columns eastward.
-constexpr std::string_view NORTH_BANDS = "NPQRSTUVWX";
-constexpr std::string_view SOUTH_BANDS = "MLKJHGFEDC";
-constexpr std::string_view COLUMNS_BY_ZONE[3] = {"STUVWXYZ", "ABCDEFGH", "JKLMNPQR"};  // zone modulo 3
-constexpr std::string_view ROWS_AA = "ABCDEFGHJKLMNPQRSTUV";
-constexpr std::string_view ROWS_AL = "LMNPQRSTUVABCDEFGHJK";
-
-constexpr std::int32_t ROW_CYCLE = 20;
-constexpr std::int32_t EVEN_ZONE_ROW_SHIFT = 5;
-constexpr double SQUARE = 100000.0;  // metres
 constexpr std::int32_t SQUARE_METRES = 100000;
 
-constexpr double BAND_DEGREES = 8.0;
 constexpr std::int32_t LAST_BAND = 9;
-constexpr double SOUTHERN_FALSE_NORTHING = 1.0e7;  // metres, also where the rows end
 // From meridian distances to the northings of a band: the scale on the central meridian, and that toward the
 // zone's edge with a margin.
 constexpr double SMALLEST_SCALE = 0.9996;
 constexpr double LARGEST_SCALE = 1.00037;
 constexpr double SNAP_DEGREES = 1e-5;  // a metre, the unit of a reference
 
-std::string_view ColumnLetters(std::int32_t zone) {
-    return COLUMNS_BY_ZONE[(zone % 3 + 3) % 3];
-}
-
-std::string_view RowLetters(std::uint32_t ellipsoid) {
-    return UTMREF_UsesSchemeAA(static_cast<std::int32_t>(ellipsoid)) ? ROWS_AA : ROWS_AL;
-}
-
-std::int32_t RowShift(std::int32_t zone) {
-    return zone % 2 == 0 ? EVEN_ZONE_ROW_SHIFT : 0;
-}
-
 std::int32_t BandIndex(double latitude) {
-    const double bands = std::fabs(latitude / BAND_DEGREES);
+    const double bands = std::fabs(latitude / UTMREF_BAND_DEGREES);
     return bands < LAST_BAND ? TruncateToInt32(bands) : LAST_BAND;
 }
 
 // The 100 km square, counted from the grid's origin, in which a grid value lies; negative for a value that
 // the grid doesn't have.
 std::int32_t SquareNumber(double metres) {
-    return IsWithin(metres, 0.0, SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / SQUARE) : -1;
+    return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / UTMREF_SQUARE) : -1;
 }
 
 void RoundToMetres(UtmPayload* utm) {
     utm->easting = std::floor(utm->easting + 0.5);
     utm->northing = std::floor(utm->northing + 0.5);
     // Just south of the equator a point rounds onto it, and the equator belongs to the north.
-    if (utm->northing >= SOUTHERN_FALSE_NORTHING) {
-        utm->northing -= SOUTHERN_FALSE_NORTHING;
+    if (utm->northing >= UTM_SOUTHERN_FALSE_NORTHING) {
+        utm->northing -= UTM_SOUTHERN_FALSE_NORTHING;
         utm->hemisphere = 'N';
     }
 }
@@ -73,28 +49,10 @@ double MeridianDistance(double latitude, const double axes[2]) {
     return Geodesic_InverseCore(0.0, 0.0, latitude, 0.0, axes[0], axes[1]).distance;
 }
 
-struct Band {
-    bool south;
-    double nearEdge;  // degrees from the equator
-    double farEdge;
-};
-
-// False for a letter that names no band.
-bool FindBand(char letter, Band* band) {
-    const std::int32_t northIndex = LetterIndex(NORTH_BANDS, letter);
-    const std::int32_t southIndex = LetterIndex(SOUTH_BANDS, letter);
-    if (northIndex == NO_LETTER && southIndex == NO_LETTER) return false;
-
-    band->south = southIndex != NO_LETTER;
-    band->nearEdge = BAND_DEGREES * (band->south ? southIndex : northIndex);
-    band->farEdge = letter == NORTH_BANDS.back() ? UTM_LIMITS.north : band->nearEdge + BAND_DEGREES;
-    return true;
-}
-
 // How many rows away from the equator the square with a row letter lies, 0 for the row on the equator; rows
 // are counted on either hemisphere. Letters repeat every 2000 km: meant is the first square of that letter
 // whose far edge reaches the band. NO_LETTER if there is none within the band.
-std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone, const Band& band,
+std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone, const UtmrefBand& band,
                      const double axes[2]) {
     const std::int32_t position = LetterIndex(rowLetters, letter);
     const double nearDistance = MeridianDistance(band.nearEdge, axes);
@@ -105,13 +63,13 @@ std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone
     const double farNorthing = farDistance * LARGEST_SCALE;
 
     // South of the equator the letters run backward from the last one.
-    const std::int32_t fromGridOrigin = position - RowShift(zone);
+    const std::int32_t fromGridOrigin = position - Utmref_RowShift(zone);
     const std::int32_t fromEquator = band.south ? -1 - fromGridOrigin : fromGridOrigin;
-    const std::int32_t firstRow = std::max(TruncateToInt32(std::ceil(nearNorthing / SQUARE) - 1.0), 0);
-    const std::int32_t ahead = (fromEquator - firstRow) % ROW_CYCLE;
-    const std::int32_t row = firstRow + (ahead + ROW_CYCLE) % ROW_CYCLE;
+    const std::int32_t firstRow = std::max(TruncateToInt32(std::ceil(nearNorthing / UTMREF_SQUARE) - 1.0), 0);
+    const std::int32_t ahead = (fromEquator - firstRow) % UTMREF_ROW_CYCLE;
+    const std::int32_t row = firstRow + (ahead + UTMREF_ROW_CYCLE) % UTMREF_ROW_CYCLE;
 
-    const double nearEdge = row * SQUARE;
+    const double nearEdge = row * UTMREF_SQUARE;
     const bool isBeyond = band.south ? nearEdge >= farNorthing : nearEdge > farNorthing;
     return isBeyond ? NO_LETTER : row;
 }
@@ -157,16 +115,17 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     status = UTM_ToGeodetic(&utm, rounded, &inverse);
     if (status != KOORD_OK) return status;
 
-    const std::string_view columns = ColumnLetters(utm.zone);
+    const std::string_view columns = Utmref_ColumnLetters(utm.zone);
     const std::int32_t column = SquareNumber(utm.easting) - 1;
     const std::int32_t row = SquareNumber(utm.northing);
     if (!HasIndex(columns, column) || row < 0) return KOORD_ERR_GENERAL;
 
-    const std::string_view bands = utm.hemisphere == 'S' ? SOUTH_BANDS : NORTH_BANDS;
+    const std::string_view bands = utm.hemisphere == 'S' ? UTMREF_SOUTH_BANDS : UTMREF_NORTH_BANDS;
     payload->zone = utm.zone;
     payload->band = LetterAt(bands, BandIndex(rounded[0]));
     payload->column = LetterAt(columns, column);
-    payload->row = LetterAt(RowLetters(datum->ellipsoid), (row + RowShift(utm.zone)) % ROW_CYCLE);
+    payload->row =
+        LetterAt(Utmref_RowLetters(datum->ellipsoid), (row + Utmref_RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
     payload->easting = TruncateToInt32(utm.easting) % SQUARE_METRES;
     payload->northing = TruncateToInt32(utm.northing) % SQUARE_METRES;
     return KOORD_OK;
@@ -178,18 +137,20 @@ KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], co
     double axes[2];
     Geodesic_LoadAxes(axes, inverse->datum);
 
-    Band band;
-    if (!FindBand(payload->band, &band)) return KOORD_ERR_GENERAL;
-    const std::int32_t row = FindRow(payload->row, RowLetters(datum->ellipsoid), payload->zone, band, axes);
-    const std::int32_t column = LetterIndex(ColumnLetters(payload->zone), payload->column);
+    UtmrefBand band;
+    if (!Utmref_FindBand(payload->band, &band)) return KOORD_ERR_GENERAL;
+    const std::int32_t row =
+        FindRow(payload->row, Utmref_RowLetters(datum->ellipsoid), payload->zone, band, axes);
+    const std::int32_t column = LetterIndex(Utmref_ColumnLetters(payload->zone), payload->column);
     if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
 
-    const double southernEdge = band.south ? SOUTHERN_FALSE_NORTHING - (row + 1) * SQUARE : row * SQUARE;
+    const double southernEdge =
+        band.south ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * UTMREF_SQUARE : row * UTMREF_SQUARE;
     UtmPayload utm{};
     utm.hemisphere = band.south ? 'S' : 'N';
     utm.wantedZone = payload->wantedZone;
     utm.zone = payload->zone;
-    utm.easting = (column + 1) * SQUARE + payload->easting;
+    utm.easting = (column + 1) * UTMREF_SQUARE + payload->easting;
     utm.northing = southernEdge + payload->northing;
     const KoordStatus status = UTM_ToGeodetic(&utm, latLon, inverse);
     if (status != KOORD_OK) return status;

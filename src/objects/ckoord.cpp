@@ -89,14 +89,21 @@ bool CKoord::ECEF_RecalcCoords() {
     if (type != KOORD_ECEF) return false;
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(datum), KOORD_GEODEZ);
     tagKOORD foot = MakeKoord(static_cast<std::int32_t>(datum), KOORD_ECEF);
-    if (KoordConvert(this, &geodez) != KOORD_OK || KoordConvert(&geodez, &foot) != KOORD_OK) return true;
+    if (KoordConvert(this, &geodez) != KOORD_OK) return true;
+    // The axis has no longitude, and its normal is the axis itself.
+    const auto old = Load<EcefPayload>(*this);
+    const bool isOnAxis = old.x == 0.0 && old.y == 0.0;
+    auto position = Load<GeodezPayload>(geodez);
+    if (isOnAxis) position.longitude = 0.0;
+    Store(geodez, position);
+    if (KoordConvert(&geodez, &foot) != KOORD_OK) return true;
+
     // The kernel writes ECEF on the ellipsoid; the height is added along the normal.
-    const auto position = Load<GeodezPayload>(geodez);
     const double phi = position.latitude * RADIANS_PER_DEGREE;
     const double lambda = position.longitude * RADIANS_PER_DEGREE;
     auto fields = Load<EcefPayload>(foot);
-    fields.x += height * std::cos(phi) * std::cos(lambda);
-    fields.y += height * std::cos(phi) * std::sin(lambda);
+    fields.x = isOnAxis ? 0.0 : fields.x + height * std::cos(phi) * std::cos(lambda);
+    fields.y = isOnAxis ? 0.0 : fields.y + height * std::cos(phi) * std::sin(lambda);
     fields.z += height * std::sin(phi);
     Store(*this, fields);
     return true;

@@ -101,8 +101,8 @@ bool Coord::GetReference(ICoordinateReference* target) {
            reference->SetSystem(SystemOf(koord_));
 }
 
-bool Coord::SetReference(ICoordinateReference* target) {
-    const IRef<ICoordinateReference> reference(target);
+bool Coord::SetReference(ICoordinateReference* newReference) {
+    const IRef<ICoordinateReference> reference(newReference);
     if (!reference.IsValid()) return false;
     const std::int32_t datum = reference->GetDatum();
     const std::int32_t system = reference->GetSystem();
@@ -125,15 +125,12 @@ bool Coord::SetPixelReference(std::int32_t datum, std::int32_t system) {
     CKoord pixel;
     pixel.datum = static_cast<std::uint32_t>(datum);
     pixel.type = static_cast<std::uint32_t>(system);
-    if (system == SystemOf(koord_)) {
-        std::memcpy(pixel.payload, koord_.payload, sizeof(FloatPixelPayload));
+    // Every whole pixel is exact as a double, so whole pixels come back as they were.
+    const FloatPixelPayload old = PixelOf(koord_);
+    if (system == KOORD_LONGPIXEL) {
+        Store(pixel, LongPixelPayload{RoundPixel(old.x), RoundPixel(old.y)});
     } else {
-        const FloatPixelPayload old = PixelOf(koord_);
-        if (system == KOORD_LONGPIXEL) {
-            Store(pixel, LongPixelPayload{RoundPixel(old.x), RoundPixel(old.y)});
-        } else {
-            Store(pixel, old);
-        }
+        Store(pixel, old);
     }
     koord_ = pixel;
     return true;

@@ -17,7 +17,7 @@ class Coord : public ICoord, public ICoordInternal {
     double GetHeight() override;
     bool GetGeographic(ICoordGeographic* target) override;
     bool SetGeographic(ICoordGeographic* source) override;
-    bool SetReference(ICoordinateReference* reference) override;
+    bool SetReference(ICoordinateReference* newReference) override;
     bool GetReference(ICoordinateReference* target) override;
 
     bool SetKoord(const CKoord* koord) override;

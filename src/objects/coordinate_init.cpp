@@ -2,12 +2,15 @@
 
 #include "objects/default_koord.h"
 #include "objects/koord_access.h"
+#include "tessara/ref.h"
 
 namespace tessara {
 
 bool CoordinateInit::InitCoord(ICoord* coord) {
+    const IRef<ICoord> target(coord);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && ResetToDefault(&koord) && KoordToCoord(&koord, coord);
+    return KoordFromCoord(target.Get(), &koord) && ResetToDefault(&koord) &&
+           KoordToCoord(&koord, target.Get());
 }
 
 ICoordinateInit* CreateClassCoordinateInit() {

@@ -15,8 +15,10 @@ bool KoordToCoord(const CKoord* koord, ICoord* coord) {
 }
 
 bool CopyCoord(ICoord* source, ICoord* target) {
+    const IRef<ICoord> from(source);
+    const IRef<ICoord> to(target);
     CKoord koord;
-    return KoordFromCoord(source, &koord) && KoordToCoord(&koord, target);
+    return KoordFromCoord(from.Get(), &koord) && KoordToCoord(&koord, to.Get());
 }
 
 }  // namespace tessara

@@ -1,5 +1,8 @@
 // Moves records in and out of ICoord objects. Only this library's own coordinates hold a record: any other
 // implementation of ICoord, and null, is an ordinary failure.
+//
+// Each of these counts its coordinates up and down again. An operation that uses one more than once, to read
+// it and then to write it, holds it in a handle of its own: the argument of a host may have the count 0.
 #pragma once
 
 #include "tessara/ckoord.h"
@@ -11,6 +14,7 @@ namespace tessara {
 bool KoordFromCoord(ICoord* coord, CKoord* out);
 // Makes the coordinate valid. False for null or a foreign object.
 bool KoordToCoord(const CKoord* koord, ICoord* coord);
+// One after the other, so the copy is valid, whatever the source was. Source and target may be the same.
 bool CopyCoord(ICoord* source, ICoord* target);
 
 }  // namespace tessara

@@ -72,8 +72,11 @@ bool ZoneCoordOperations::GetWestNeighbourAtEquator(ICoord* coord, ICoord* out) 
 }
 
 bool ZoneCoordOperations::GetZoneCentre(ICoord* coord, ICoord* out) {
+    const IRef<ICoord> source(coord);
+    const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Zones_MoveToCentre(&koord) && KoordToCoord(&koord, out);
+    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToCentre(&koord) &&
+           KoordToCoord(&koord, target.Get());
 }
 
 std::int32_t ZoneCoordOperations::GetZoneNumber(ICoord* coord) {
@@ -87,8 +90,10 @@ std::int32_t ZoneCoordOperations::GetZoneFactor(ICoord* coord) {
 }
 
 bool ZoneCoordOperations::MoveToZone(std::int32_t delta, ICoord* coord) {
+    const IRef<ICoord> target(coord);
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Zones_Move(delta, &koord) && KoordToCoord(&koord, coord);
+    return KoordFromCoord(target.Get(), &koord) && Zones_Move(delta, &koord) &&
+           KoordToCoord(&koord, target.Get());
 }
 
 IZoneCoordOperations* CreateClassZoneCoordOperations() {

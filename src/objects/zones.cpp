@@ -38,6 +38,28 @@ std::int32_t IndexOf(std::string_view letters, char letter) {
     return index != std::string_view::npos ? static_cast<std::int32_t>(index) : NOT_FOUND;
 }
 
+// Moves a letter along its alphabet. A letter that stays isn't looked at; false for one that isn't in the
+// alphabet and for a step past its end.
+bool StepLetter(std::string_view letters, std::int32_t steps, char* letter) {
+    if (steps == 0) return true;
+    const std::int32_t index = IndexOf(letters, *letter);
+    const std::int32_t stepped = index + steps;
+    if (index == NOT_FOUND || stepped < 0 || stepped >= static_cast<std::int32_t>(letters.size()))
+        return false;
+    *letter = letters[static_cast<std::size_t>(stepped)];
+    return true;
+}
+
+// The same on a ring, which has no end.
+bool StepAround(std::string_view ring, std::int32_t steps, char* letter) {
+    if (steps == 0) return true;
+    const std::int32_t index = IndexOf(ring, *letter);
+    if (index == NOT_FOUND) return false;
+    const auto size = static_cast<std::int32_t>(ring.size());
+    *letter = ring[static_cast<std::size_t>((index + steps + size) % size)];
+    return true;
+}
+
 bool IsUtmZone(std::int16_t zone) {
     return zone >= 1 && zone <= UTM_ZONES;
 }
@@ -70,18 +92,11 @@ bool MoveUtmref(std::int32_t delta, tagKOORD* record) {
     if (!IsUtmZone(payload.zone)) return false;
     const std::int16_t zone = StepUtmZone(payload.zone, delta);
 
-    const std::int32_t column = IndexOf(COLUMN_LETTERS, payload.column);
-    const std::int32_t row = IndexOf(ROW_RING, payload.row);
-    if (column == NOT_FOUND || row == NOT_FOUND) return false;
-
-    const std::int32_t newColumn = column + COLUMNS_PER_ZONE * ((zone - 1) % 3 - (payload.zone - 1) % 3);
-    if (newColumn < 0 || newColumn >= static_cast<std::int32_t>(COLUMN_LETTERS.size())) return false;
-    const std::int32_t rows = static_cast<std::int32_t>(ROW_RING.size());
-    const std::int32_t newRow = (row + ROWS_PER_PARITY * (payload.zone % 2 - zone % 2) + rows) % rows;
-
+    const std::int32_t columns = COLUMNS_PER_ZONE * ((zone - 1) % 3 - (payload.zone - 1) % 3);
+    const std::int32_t rows = ROWS_PER_PARITY * (payload.zone % 2 - zone % 2);
+    if (!StepLetter(COLUMN_LETTERS, columns, &payload.column)) return false;
+    if (!StepAround(ROW_RING, rows, &payload.row)) return false;
     payload.zone = zone;
-    payload.column = COLUMN_LETTERS[static_cast<std::size_t>(newColumn)];
-    payload.row = ROW_RING[static_cast<std::size_t>(newRow)];
     payload.wantedZone = NO_WANTED_ZONE;
     Store(*record, payload);
     return true;

@@ -26,5 +26,7 @@ inline constexpr std::int16_t NO_WANTED_ZONE = -1000;  // also "no wanted meridi
 inline constexpr std::int16_t PRECISION_UNSET = 32767;
 inline constexpr double UNKNOWN_DIFFERENCE = 2.2250738585072014e-308;
 inline constexpr std::int32_t UNKNOWN_ZONE = INT32_MIN;
+inline constexpr double MISSING_NUMBER = -1.7976931348623157e308;  // no result
+inline constexpr double RAY_IN_PLANE = 1.7976931348623157e308;     // instead of the one place of a hit
 
 }  // namespace tessara

@@ -1,0 +1,105 @@
+#include "geometry/ellipsoid_space.h"
+
+#include <cmath>
+
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
+
+namespace tessara {
+namespace {
+
+constexpr int MAX_ROUNDS = 50;
+constexpr double HEIGHT_TOLERANCE = 0.01;    // metres
+constexpr double LATITUDE_TOLERANCE = 1e-6;  // degrees
+
+// Radius of curvature in the prime vertical.
+double NormalRadius(const EllipsoidAxes& ellipsoid, double phi) {
+    const double sinPhi = std::sin(phi);
+    return ellipsoid.a / std::sqrt(1.0 - ellipsoid.e2 * sinPhi * sinPhi);
+}
+
+// Latitude and height of a point at distance p from the axis; false if they don't settle. The height settles
+// on each latitude before the latitude moves, so every move of the latitude takes two rounds at least.
+bool SettleLatitude(const EllipsoidAxes& ellipsoid, double p, double z, double* latitude, double* height) {
+    double h = 0.0;
+    double phi = std::atan2(z, (1.0 - ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
+    for (int round = 0; round < MAX_ROUNDS; ++round) {
+        const double N = NormalRadius(ellipsoid, phi / DEGREES_PER_RADIAN);
+        const double cosPhi = std::cos(phi / DEGREES_PER_RADIAN);
+        if (cosPhi == 0.0) {
+            *latitude = phi;
+            *height = std::fabs(z) - N;
+            return true;
+        }
+        const double newH = p / cosPhi - N;
+        const double newPhi = std::atan2(z, (1.0 - N / (N + newH) * ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
+        const double heightStep = std::fabs(newH - h);
+        h = newH;
+        if (heightStep > HEIGHT_TOLERANCE) continue;
+        const double latitudeStep = std::fabs(newPhi - phi);
+        phi = newPhi;
+        if (latitudeStep > LATITUDE_TOLERANCE) continue;
+        *latitude = phi;
+        *height = h;
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool LoadEllipsoid(std::int32_t datum, EllipsoidAxes* ellipsoid) {
+    ellipsoid->a = Datum_SemiMajorAxis(datum);
+    ellipsoid->e2 = Datum_EccentricitySquared(datum);
+    return ellipsoid->a != -1.0 && ellipsoid->e2 != -1.0;
+}
+
+EcefPayload SpacePoint(const EllipsoidAxes& ellipsoid, const GeodezPayload& position) {
+    const double phi = position.latitude / DEGREES_PER_RADIAN;
+    const double lambda = position.longitude / DEGREES_PER_RADIAN;
+    const double h = position.height;
+    const double N = NormalRadius(ellipsoid, phi);
+    return {(N + h) * std::cos(lambda) * std::cos(phi), (N + h) * std::sin(lambda) * std::cos(phi),
+            ((1.0 - ellipsoid.e2) * N + h) * std::sin(phi)};
+}
+
+bool SpacePosition(const EllipsoidAxes& ellipsoid, const EcefPayload& point, GeodezPayload* position) {
+    const auto [x, y, z] = point;
+    if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(z)) return false;
+    if (x == 0.0 && y == 0.0 && z == 0.0) return false;
+    const double p = std::sqrt(x * x + y * y);
+    double latitude = 0.0;
+    double height = 0.0;
+    if (p == 0.0) {
+        // The iteration divides 0 by 0 on the axis.
+        latitude = z < 0.0 ? -90.0 : 90.0;
+        height = std::fabs(z) - ellipsoid.a * std::sqrt(1.0 - ellipsoid.e2);
+    } else if (!SettleLatitude(ellipsoid, p, z, &latitude, &height)) {
+        return false;
+    }
+    // Near the centre the iteration may settle on the wrong side of the equator or beyond a pole.
+    if (latitude * z < 0.0 || !(std::fabs(latitude) <= 90.0) || !std::isfinite(height)) return false;
+    *position = {latitude, std::atan2(y, x) * DEGREES_PER_RADIAN, height};
+    return true;
+}
+
+bool IntersectEllipsoid(const EllipsoidAxes& ellipsoid, const EcefPayload& point,
+                        const EcefPayload& direction, double* near, double* far) {
+    const auto [px, py, pz] = point;
+    const auto [dx, dy, dz] = direction;
+    const double w = 1.0 - ellipsoid.e2;
+    const double A = dx * dx + dy * dy + dz * dz / w;
+    const double B = 2.0 * (px * dx + py * dy + pz * dz / w);
+    const double C = px * px + py * py + pz * pz / w - ellipsoid.a * ellipsoid.a;
+    const double D = B * B - 4.0 * A * C;
+    if (D < 0.0) return false;
+    const double t1 = (-B + std::sqrt(D)) / (2.0 * A);
+    const double t2 = (-B - std::sqrt(D)) / (2.0 * A);
+    if (!std::isfinite(t1) || !std::isfinite(t2)) return false;
+    const bool swap = std::fabs(t2) < std::fabs(t1);
+    *near = swap ? t2 : t1;
+    *far = swap ? t1 : t2;
+    return true;
+}
+
+}  // namespace tessara

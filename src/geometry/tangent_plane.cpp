@@ -1,0 +1,152 @@
+#include "geometry/tangent_plane.h"
+
+#include <cmath>
+#include <new>
+
+#include "geometry/coord_reading.h"
+#include "geometry/plane_ray.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/geodesic.h"
+
+namespace tessara {
+namespace {
+
+Triple TripleOf(const Vector& v) {
+    return {v[0], v[1], v[2]};
+}
+
+IRef<ICoordinateReference> NewReference() {
+    return IRef<ICoordinateReference>(CreateClassCoordinateReference());
+}
+
+}  // namespace
+
+TangentPlane::TangentPlane()
+    : origin_(CreateClassCoord()),
+      ellipsoid_(CreateClassEllipsoidOfRevolution()),
+      vectors_(CreateClassEuclideanVector()),
+      transfer_(CreateClassCoordinateTransfer()) {
+    const bool complete =
+        origin_.IsValid() && ellipsoid_.IsValid() && vectors_.IsValid() && transfer_.IsValid();
+    if (!complete) throw std::bad_alloc();
+}
+
+bool TangentPlane::SetOrigin(ICoord* p) {
+    const IRef<ICoordinateReference> reference = ReadReference(p, NewReference());
+    return reference.IsValid() && reference->SetSystem(KOORD_GEODEZ) &&
+           origin_->SetReference(reference.Get()) && transfer_->Transfer(p, origin_.Get()) &&
+           ellipsoid_->GetLocalAxes(origin_.Get(), &east_, &north_) &&
+           ellipsoid_->CoordToEcefVector(origin_.Get(), &originXyz_);
+}
+
+bool TangentPlane::GetFrame(ICoord* origin, Vector* east, Vector* north) {
+    if (east == nullptr || north == nullptr || !IsSpatial(&east_) || !IsSpatial(&north_)) return false;
+    if (!GetOrigin(origin)) return false;
+    *east = east_;
+    *north = north_;
+    return true;
+}
+
+bool TangentPlane::GetOrigin(ICoord* out) {
+    return transfer_->Transfer(origin_.Get(), out);
+}
+
+bool TangentPlane::GetNormal(Vector* out) {
+    return ellipsoid_->GetNormal(origin_.Get(), out);
+}
+
+bool TangentPlane::GetDirection(double azimuth, Vector* out) {
+    return ellipsoid_->GetDirection(origin_.Get(), azimuth, out);
+}
+
+double TangentPlane::GetAzimuth(ICoord* p) {
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+    if (!GetPlaneCoords(p, &x, &y, &z)) return MISSING_NUMBER;
+    // Without negative zeros, which atan2 would take for south.
+    return std::atan2(x + 0.0, y + 0.0) * DEGREES_PER_RADIAN;
+}
+
+double TangentPlane::IntersectRay(const Vector* point, const Vector* direction, double* x, double* y) {
+    if (!IsSpatial(point) || !IsSpatial(direction) || x == nullptr || y == nullptr) return MISSING_NUMBER;
+    if (!IsSpatial(&originXyz_) || !IsSpatial(&east_) || !IsSpatial(&north_)) return MISSING_NUMBER;
+    const Triple P = TripleOf(*point);
+    const Triple O = TripleOf(originXyz_);
+    const PlaneHit hit = IntersectPlane({P[0] - O[0], P[1] - O[1], P[2] - O[2]}, TripleOf(*direction),
+                                        TripleOf(east_), TripleOf(north_));
+    *x = hit.x;
+    *y = hit.y;
+    return hit.t;
+}
+
+double TangentPlane::ProjectAlong(ICoord* p, const Vector* direction, ICoord* out) {
+    Vector point;
+    double x = 0.0;
+    double y = 0.0;
+    if (!ellipsoid_->CoordToEcefVector(p, &point)) return MISSING_NUMBER;
+    const double t = IntersectRay(&point, direction, &x, &y);
+    if (t == MISSING_NUMBER) return MISSING_NUMBER;
+    if (t == RAY_IN_PLANE) return transfer_->Transfer(p, out) ? t : MISSING_NUMBER;
+    const Vector hit = vectors_->Add(point, vectors_->Scale(*direction, t));
+    return ellipsoid_->EcefVectorToCoord(&hit, out) ? t : MISSING_NUMBER;
+}
+
+bool TangentPlane::MapByGeodesic(ICoord* p, ICoord* out) {
+    GeodezPayload origin{};
+    GeodezPayload position{};
+    const IRef<ICoordinateReference> reference = ReadReference(p, NewReference());
+    if (!reference.IsValid() || !ReadWgs84Position(origin_.Get(), &origin) ||
+        !ReadWgs84Position(p, &position)) {
+        return false;
+    }
+    tagKOORD from = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
+    tagKOORD to = from;
+    Store(from, origin);
+    Store(to, position);
+    double distance = 0.0;
+    double azimuth12 = 0.0;
+    double azimuth21 = 0.0;
+    return Geodesic_Inverse(&from, &to, reference->GetDatum(), &distance, &azimuth12, &azimuth21) ==
+               KOORD_OK &&
+           PointInPlane(p, distance, out);
+}
+
+bool TangentPlane::MapByChord(ICoord* p, ICoord* out) {
+    Vector point;
+    if (!ellipsoid_->CoordToEcefVector(p, &point)) return false;
+    return PointInPlane(p, vectors_->Length(vectors_->Subtract(originXyz_, point)), out);
+}
+
+bool TangentPlane::GetPlaneCoords(ICoord* p, double* x, double* y, double* z) {
+    Vector normal;
+    Vector point;
+    if (z == nullptr || !GetNormal(&normal) || !ellipsoid_->CoordToEcefVector(p, &point)) return false;
+    const double t = IntersectRay(&point, &normal, x, y);
+    if (t == MISSING_NUMBER) return false;
+    *z = t == RAY_IN_PLANE ? 0.0 : 0.0 - t;
+    return true;
+}
+
+bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out) {
+    Vector normal;
+    if (!GetNormal(&normal)) return false;
+    const Vector east = vectors_->Add(originXyz_, vectors_->Scale(east_, x));
+    const Vector inPlane = vectors_->Add(east, vectors_->Scale(north_, y));
+    const Vector point = vectors_->Add(inPlane, vectors_->Scale(normal, z));
+    return ellipsoid_->EcefVectorToCoord(&point, out);
+}
+
+// The place at a distance from the origin, in the azimuth of p.
+bool TangentPlane::PointInPlane(ICoord* p, double distance, ICoord* out) {
+    const double azimuth = GetAzimuth(p);
+    if (azimuth == MISSING_NUMBER) return false;
+    const double alpha = azimuth / DEGREES_PER_RADIAN;
+    return PlaneCoordsToCoord(std::sin(alpha) * distance, std::cos(alpha) * distance, 0.0, out);
+}
+
+ITangentPlane* CreateClassTangentPlane() {
+    return NewObject<TangentPlane>();
+}
+
+}  // namespace tessara

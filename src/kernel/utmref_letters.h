@@ -1,0 +1,59 @@
+// The alphabets of UTMREF and what their letters mean.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "kernel/letters.h"
+#include "tessara/kernel/limits.h"
+#include "tessara/kernel/utmref.h"
+
+namespace tessara {
+
+// Bands and rows are counted away from the equator, columns eastward.
+inline constexpr std::string_view UTMREF_NORTH_BANDS = "NPQRSTUVWX";
+inline constexpr std::string_view UTMREF_SOUTH_BANDS = "MLKJHGFEDC";
+inline constexpr std::string_view UTMREF_COLUMNS_BY_ZONE[3] = {"STUVWXYZ", "ABCDEFGH",
+                                                               "JKLMNPQR"};  // zone modulo 3
+inline constexpr std::string_view UTMREF_ROWS_AA = "ABCDEFGHJKLMNPQRSTUV";
+inline constexpr std::string_view UTMREF_ROWS_AL = "LMNPQRSTUVABCDEFGHJK";
+
+inline constexpr std::int32_t UTMREF_ROW_CYCLE = 20;
+inline constexpr std::int32_t UTMREF_EVEN_ZONE_ROW_SHIFT = 5;
+inline constexpr double UTMREF_SQUARE = 100000.0;             // metres
+inline constexpr double UTM_SOUTHERN_FALSE_NORTHING = 1.0e7;  // metres, also where the rows end
+inline constexpr double UTMREF_BAND_DEGREES = 8.0;
+
+[[nodiscard]] constexpr std::string_view Utmref_ColumnLetters(std::int32_t zone) {
+    return UTMREF_COLUMNS_BY_ZONE[(zone % 3 + 3) % 3];
+}
+
+[[nodiscard]] inline std::string_view Utmref_RowLetters(std::uint32_t ellipsoid) {
+    return UTMREF_UsesSchemeAA(static_cast<std::int32_t>(ellipsoid)) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
+}
+
+// How many letters on the rows of a zone begin.
+[[nodiscard]] constexpr std::int32_t Utmref_RowShift(std::int32_t zone) {
+    return zone % 2 == 0 ? UTMREF_EVEN_ZONE_ROW_SHIFT : 0;
+}
+
+struct UtmrefBand {
+    bool south;
+    double nearEdge;  // degrees from the equator
+    double farEdge;
+};
+
+// False for a letter that names no band.
+[[nodiscard]] constexpr bool Utmref_FindBand(char letter, UtmrefBand* band) {
+    const std::int32_t northIndex = LetterIndex(UTMREF_NORTH_BANDS, letter);
+    const std::int32_t southIndex = LetterIndex(UTMREF_SOUTH_BANDS, letter);
+    if (northIndex == NO_LETTER && southIndex == NO_LETTER) return false;
+
+    band->south = southIndex != NO_LETTER;
+    band->nearEdge = UTMREF_BAND_DEGREES * (band->south ? southIndex : northIndex);
+    band->farEdge =
+        letter == UTMREF_NORTH_BANDS.back() ? UTM_LIMITS.north : band->nearEdge + UTMREF_BAND_DEGREES;
+    return true;
+}
+
+}  // namespace tessara

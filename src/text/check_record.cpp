@@ -1,0 +1,99 @@
+#include "text/check_record.h"
+
+#include <cmath>
+
+#include "areas/compare_records.h"
+#include "areas/system_extremes.h"
+#include "objects/convert_records.h"
+#include "objects/default_koord.h"
+#include "objects/zone_borders.h"
+#include "objects/zones.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
+#include "text/utmref_pieces.h"
+
+namespace tessara {
+namespace {
+
+constexpr double BORDER_MARGIN = 1e-4;  // degrees; more than a metre at latitude 84
+
+bool IsPixel(const tagKOORD& record) {
+    return record.type == KOORD_LONGPIXEL || record.type == KOORD_FLOATPIXEL;
+}
+
+bool IsKernelReference(std::int32_t datum, std::int32_t system) {
+    return datum >= 0 && datum < DATUM_COUNT && system >= 0 && system < KOORD_TYPE_COUNT;
+}
+
+// Whether `inner` doesn't lie beyond `limit` in a direction. What can't be compared lies beyond.
+bool IsWithin(Compass direction, const tagKOORD& limit, const tagKOORD& inner) {
+    const Axis axis = AxisOf(direction);
+    return SignOf(direction) > 0.0 ? Compare_Records(axis, limit, inner) >= 0
+                                   : Compare_Records(axis, inner, limit) >= 0;
+}
+
+bool IsWithinBorder(Compass side, const tagKOORD& record) {
+    tagKOORD border = record;
+    return Zones_MoveToBorder(side, &border) && IsWithin(side, border, record);
+}
+
+// Along a northing eastings grow with the longitude: what lies inside by its longitude, and by more than the
+// metre to which a reference is rounded, lies inside by its easting. That spares the search for the border.
+bool IsWellWithinZone(const tagKOORD& record, const tagKOORD& centre) {
+    GeodezPayload position;
+    GeodezPayload middle;
+    if (Zones_Wanted(record) != NO_WANTED_ZONE) return false;
+    if (!ToGeodez(record, &position) || !ToGeodez(centre, &middle)) return false;
+    const double halfWidth = Zones_HalfWidth(static_cast<std::int32_t>(record.type));
+    return std::fabs(position.longitude - middle.longitude) < halfWidth - BORDER_MARGIN;
+}
+
+bool IsWithinZone(const tagKOORD& record) {
+    tagKOORD centre = record;
+    if (!Zones_MoveToCentre(&centre)) return false;
+    if (Zones_Number(centre) != Zones_Number(record)) return true;
+    if (IsWellWithinZone(record, centre)) return true;
+    const std::int32_t side = Compare_Records(Axis::East, record, centre);
+    if (side == NOT_COMPARABLE) return false;
+    if (side == 0) return true;
+    return IsWithinBorder(side > 0 ? Compass::East : Compass::West, record);
+}
+
+// To degrees on the record's own datum and back: the kernel's range tests judge the values.
+bool SurvivesRoundTrip(const tagKOORD& record) {
+    tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
+    tagKOORD back = record;
+    return KoordConvert(&record, &geodez) == KOORD_OK && KoordConvert(&geodez, &back) == KOORD_OK;
+}
+
+}  // namespace
+
+bool Check_InSystemArea(const tagKOORD& record) {
+    const auto system = static_cast<std::int32_t>(record.type);
+    SystemExtremes limits;
+    if (!System_Extremes(static_cast<std::int32_t>(record.datum), system, &limits)) return false;
+    for (const Compass direction : {Compass::North, Compass::South, Compass::East, Compass::West}) {
+        if (!IsWithin(direction, limits[static_cast<std::size_t>(direction)], record)) return false;
+    }
+    return !Zones_Exist(system) || IsWithinZone(record);
+}
+
+bool Check_Record(const tagKOORD& record) {
+    if (!Check_InSystemArea(record)) return false;
+    if (IsPixel(record)) return true;
+    const auto datum = static_cast<std::int32_t>(record.datum);
+    if (!IsKernelReference(datum, static_cast<std::int32_t>(record.type))) return false;
+    if (!SurvivesRoundTrip(record)) return false;
+    return record.type != KOORD_UTMREF || Utmref_HasExistingPieces(record);
+}
+
+bool Check_Convertible(const tagKOORD& record, std::int32_t datum, std::int32_t system) {
+    if (!Check_Record(record) || !IsKernelReference(datum, system)) return false;
+    if (static_cast<std::int32_t>(record.datum) == datum && static_cast<std::int32_t>(record.type) == system)
+        return true;
+    CKoord target;
+    return DefaultKoord(datum, system, &target) && KoordConvert(&record, &target) == KOORD_OK &&
+           Check_InSystemArea(target);
+}
+
+}  // namespace tessara

@@ -1,0 +1,215 @@
+#include "text/coordinate_string.h"
+
+#include <algorithm>
+#include <new>
+
+#include "objects/koord_access.h"
+#include "tessara/coordinate_transfer.h"
+#include "text/check_record.h"
+#include "text/display_text.h"
+#include "text/number_text.h"
+#include "text/read_text.h"
+#include "text/text_of.h"
+#include "text/text_precision.h"
+#include "text/write_text.h"
+
+namespace tessara {
+namespace {
+
+constexpr int HEIGHT_DECIMALS = 3;
+
+Axis OtherAxis(Axis axis) {
+    return axis == Axis::North ? Axis::East : Axis::North;
+}
+
+// The three texts of a view of the position, emptied; false if one of them is none.
+class ThreeTexts {
+  public:
+    ThreeTexts(ITessaraString* first, ITessaraString* second, ITessaraString* third)
+        : texts_{IRef<ITessaraString>(first), IRef<ITessaraString>(second), IRef<ITessaraString>(third)} {}
+
+    bool Clear() {
+        if (!texts_[0].IsValid() || !texts_[1].IsValid() || !texts_[2].IsValid()) return false;
+        for (const IRef<ITessaraString>& text : texts_)
+            text->Clear();
+        return true;
+    }
+
+    void Write(int i, double value, int decimals) {
+        texts_[i]->AssignText(FixedText(value, decimals).c_str());
+    }
+
+  private:
+    IRef<ITessaraString> texts_[3];
+};
+
+}  // namespace
+
+CoordinateString::CoordinateString()
+    : coord_(CreateClassCoord()), reference_(CreateClassCoordinateReference()) {
+    if (!coord_.IsValid() || !reference_.IsValid()) throw std::bad_alloc();
+    coord_->GetReference(reference_.Get());
+}
+
+std::int16_t& CoordinateString::PrecisionOf(Axis axis) {
+    return axis == Axis::North ? northPrecision_ : eastPrecision_;
+}
+
+void CoordinateString::UnsetPrecisionsIfOther(std::int32_t system) {
+    if (system == System()) return;
+    northPrecision_ = PRECISION_UNSET;
+    eastPrecision_ = PRECISION_UNSET;
+}
+
+bool CoordinateString::Hold(ICoord* coord) {
+    return CopyCoord(coord, coord_.Get()) && coord_->GetReference(reference_.Get());
+}
+
+bool CoordinateString::SetCoord(ICoord* coord) {
+    const IRef<ICoord> source(coord);
+    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
+    if (!source.IsValid() || !reference.IsValid()) return false;
+    if (!source->GetReference(reference.Get())) return false;
+    UnsetPrecisionsIfOther(reference->GetSystem());
+    return Hold(source.Get());
+}
+
+bool CoordinateString::GetCoord(ICoord* coord) {
+    return CopyCoord(coord_.Get(), coord);
+}
+
+bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraString* north,
+                                  ITessaraString* east) {
+    const IRef<ICoordinateReference> wanted(reference);
+    std::string northText;
+    std::string eastText;
+    if (!wanted.IsValid() || !TextOf(north, &northText) || !TextOf(east, &eastText)) return false;
+
+    const std::int32_t system = wanted->GetSystem();
+    tagKOORD record = MakeKoord(wanted->GetDatum(), system);
+    if (!Text_Read(northText, eastText, &record)) return false;
+    const CKoord parsed(record);
+    if (!Check_Record(parsed)) return false;
+    UnsetPrecisionsIfOther(system);
+    return KoordToCoord(&parsed, coord_.Get()) && coord_->GetReference(reference_.Get());
+}
+
+bool CoordinateString::SetPrecision(Axis axis, double resolution) {
+    PrecisionOf(axis) = Precision_OfResolution(resolution, System());
+    return true;
+}
+
+bool CoordinateString::SetDefaultPrecision(Axis axis) {
+    PrecisionOf(axis) = Precision_Default(System());
+    return true;
+}
+
+bool CoordinateString::SetNorthPrecision(double resolution) {
+    return SetPrecision(Axis::North, resolution);
+}
+
+bool CoordinateString::SetEastPrecision(double resolution) {
+    return SetPrecision(Axis::East, resolution);
+}
+
+bool CoordinateString::SetDefaultNorthPrecision() {
+    return SetDefaultPrecision(Axis::North);
+}
+
+bool CoordinateString::SetDefaultEastPrecision() {
+    return SetDefaultPrecision(Axis::East);
+}
+
+bool CoordinateString::MakePlainText(Axis axis, std::string* text) {
+    if (PrecisionOf(axis) == PRECISION_UNSET) SetDefaultPrecision(axis);
+    CKoord koord;
+    return KoordFromCoord(coord_.Get(), &koord) &&
+           Text_Write(axis, koord, Precision_Decimals(PrecisionOf(axis)), text);
+}
+
+bool CoordinateString::GetText(Axis axis, ITessaraString* text) {
+    const IRef<ITessaraString> target(text);
+    if (!target.IsValid()) return false;
+    target->Clear();
+    std::string plain;
+    if (!MakePlainText(axis, &plain)) return false;
+    target->AssignText(plain.c_str());
+    return true;
+}
+
+bool CoordinateString::GetNorthText(ITessaraString* text) {
+    return GetText(Axis::North, text);
+}
+
+bool CoordinateString::GetEastText(ITessaraString* text) {
+    return GetText(Axis::East, text);
+}
+
+bool CoordinateString::GetDisplayText(Axis axis, ITessaraString* text) {
+    const IRef<ITessaraString> target(text);
+    if (!target.IsValid() || !GetText(axis, text)) return false;
+
+    PlainTexts plain;
+    std::string& own = axis == Axis::North ? plain.north : plain.east;
+    std::string& other = axis == Axis::North ? plain.east : plain.north;
+    if (!TextOf(text, &own)) return false;
+    if (Text_DisplaysBothAxes(System()) && !MakePlainText(OtherAxis(axis), &other)) return false;
+
+    std::string display;
+    if (!Text_Display(axis, System(), PrecisionOf(axis), plain, &display)) return false;
+    target->AssignText(display.c_str());
+    return true;
+}
+
+bool CoordinateString::GetNorthDisplayText(ITessaraString* text) {
+    return GetDisplayText(Axis::North, text);
+}
+
+bool CoordinateString::GetEastDisplayText(ITessaraString* text) {
+    return GetDisplayText(Axis::East, text);
+}
+
+// The held position in another system of its datum.
+bool CoordinateString::ConvertHeld(std::int32_t system, CKoord* koord) {
+    const IRef<ICoord> converted(CreateClassCoord());
+    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
+    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    if (!converted.IsValid() || !reference.IsValid() || !transfer.IsValid()) return false;
+    return reference->SetDatum(reference_->GetDatum()) && reference->SetSystem(system) &&
+           converted->SetReference(reference.Get()) && transfer->Transfer(coord_.Get(), converted.Get()) &&
+           KoordFromCoord(converted.Get(), koord);
+}
+
+bool CoordinateString::GetCartesianTexts(ITessaraString* x, ITessaraString* y, ITessaraString* z) {
+    ThreeTexts texts(x, y, z);
+    CKoord koord;
+    if (!texts.Clear() || !ConvertHeld(KOORD_ECEF, &koord)) return false;
+    const int decimals = std::max(Precision_Decimals(northPrecision_), Precision_Decimals(eastPrecision_));
+    const auto ecef = Load<EcefPayload>(koord);
+    texts.Write(0, ecef.x, decimals);
+    texts.Write(1, ecef.y, decimals);
+    texts.Write(2, ecef.z, decimals);
+    return true;
+}
+
+bool CoordinateString::GetGeographicTexts(ITessaraString* latitude, ITessaraString* longitude,
+                                          ITessaraString* height) {
+    ThreeTexts texts(latitude, longitude, height);
+    if (!texts.Clear()) return false;
+    for (const Axis axis : {Axis::North, Axis::East}) {
+        if (PrecisionOf(axis) == PRECISION_UNSET) SetDefaultPrecision(axis);
+    }
+    CKoord koord;
+    if (!ConvertHeld(KOORD_GEODEZ, &koord)) return false;
+    const auto position = Load<GeodezPayload>(koord);
+    texts.Write(0, position.latitude, Precision_Decimals(northPrecision_));
+    texts.Write(1, position.longitude, Precision_Decimals(eastPrecision_));
+    texts.Write(2, koord.GetHeight(), HEIGHT_DECIMALS);
+    return true;
+}
+
+ICoordinateString* CreateClassCoordinateString() {
+    return NewObject<CoordinateString>();
+}
+
+}  // namespace tessara

@@ -1,0 +1,131 @@
+#include "text/display_text.h"
+
+#include <algorithm>
+
+#include "tessara/kernel/koord.h"
+#include "text/number_text.h"
+
+namespace tessara {
+namespace {
+
+// One byte, in Latin-1.
+constexpr const char* DEGREE_SIGN = "\xB0";
+constexpr const char* MINUTE_SIGN = "'";
+constexpr const char* SECOND_SIGN = "''";
+
+// A reference of this precision names a 100 km square and has no digits.
+constexpr int SQUARE_PRECISION = 5;
+// From these precisions on the seconds, and then the minutes too, aren't significant.
+constexpr int MINUTE_PRECISION_GEOGRAD = 2;
+constexpr int DEGREE_PRECISION_GEOGRAD = 4;
+constexpr int DEGREE_PRECISION_GEODEZMIN = 2;
+
+// The words of a text, each of which must be there.
+class Tokens {
+  public:
+    explicit Tokens(const std::string& text) : text_(text) {}
+
+    std::string At(int n) {
+        std::string token;
+        complete_ = GetToken(text_, n, " ", &token) && complete_;
+        return token;
+    }
+
+    // Whether all words that were asked for exist.
+    [[nodiscard]] bool AreComplete() const { return complete_; }
+
+  private:
+    const std::string& text_;
+    bool complete_ = true;
+};
+
+// The metres within a square, five digits before the point, as many of them as the precision stands for.
+std::string DigitGroup(const std::string& metres, int precision) {
+    const std::size_t point = std::min(metres.find('.'), metres.size());
+    const std::string digits = ZeroFilled(metres.substr(0, point), SQUARE_PRECISION) + metres.substr(point);
+    return digits.substr(0, static_cast<std::size_t>(std::max(SQUARE_PRECISION - precision, 0)));
+}
+
+bool DisplayUtmref(int precision, const PlainTexts& plain, std::string* display) {
+    Tokens north(plain.north);
+    Tokens east(plain.east);
+    *display = east.At(0) + north.At(0) + east.At(1) + north.At(1);
+    if (precision < SQUARE_PRECISION)
+        *display += DigitGroup(east.At(2), precision) + DigitGroup(north.At(2), precision);
+    return north.AreComplete() && east.AreComplete();
+}
+
+std::string DisplayGeograd(int precision, Tokens* tokens) {
+    std::string display = tokens->At(1) + DEGREE_SIGN;
+    if (precision < DEGREE_PRECISION_GEOGRAD) display += ZeroFilled(tokens->At(2), 2) + MINUTE_SIGN;
+    if (precision < MINUTE_PRECISION_GEOGRAD) display += tokens->At(3) + SECOND_SIGN;
+    return display + tokens->At(0);
+}
+
+std::string DisplayGeodezMin(int precision, Tokens* tokens) {
+    std::string display = tokens->At(1) + DEGREE_SIGN;
+    if (precision < DEGREE_PRECISION_GEODEZMIN) {
+        const int width = precision >= 0 ? 2 : 3 - precision;
+        display += ZeroFilled(tokens->At(2), width) + MINUTE_SIGN;
+    }
+    return display + tokens->At(0);
+}
+
+std::string DisplayLetterGrid(int precision, Tokens* tokens) {
+    std::string display = tokens->At(1);
+    if (precision < SQUARE_PRECISION) display += DigitGroup(tokens->At(2), precision);
+    return display + tokens->At(0);
+}
+
+// The forms that take the text of their own axis only.
+std::string DisplayAxis(Axis axis, std::int32_t system, int precision, const std::string& plain,
+                        Tokens* tokens) {
+    switch (system) {
+        case KOORD_UTM:
+            return (axis == Axis::East ? tokens->At(0) : std::string()) + tokens->At(1);
+        case KOORD_GEODEZ:
+            return plain + DEGREE_SIGN;
+        case KOORD_GEOGRAD:
+            return DisplayGeograd(precision, tokens);
+        case KOORD_GEODEZMIN:
+            return DisplayGeodezMin(precision, tokens);
+        case KOORD_GEOREF:
+            return tokens->At(0) + tokens->At(1) + tokens->At(2);
+        case KOORD_BNG:
+        case KOORD_ING:
+            return DisplayLetterGrid(precision, tokens);
+        default:
+            return plain;
+    }
+}
+
+}  // namespace
+
+bool Text_DisplaysBothAxes(std::int32_t system) {
+    return system == KOORD_UTMREF;
+}
+
+bool Text_Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
+                  std::string* display) {
+    if (system == KOORD_UTMREF) return DisplayUtmref(precision, plain, display);
+    const std::string& text = axis == Axis::North ? plain.north : plain.east;
+    Tokens tokens(text);
+    *display = DisplayAxis(axis, system, precision, text, &tokens);
+    return tokens.AreComplete();
+}
+
+bool GetToken(std::string_view text, int n, std::string_view separator, std::string* token) {
+    const auto trimLeft = [separator](std::string_view from) {
+        return from.substr(std::min(from.find_first_not_of(separator), from.size()));
+    };
+    std::string_view rest = trimLeft(text);
+    for (int i = 0; i < n; ++i) {
+        const std::size_t end = rest.find_first_of(separator);
+        if (end == std::string_view::npos) return false;
+        rest = trimLeft(rest.substr(end));
+    }
+    *token = rest.substr(0, rest.find_first_of(separator));
+    return true;
+}
+
+}  // namespace tessara

@@ -1,0 +1,34 @@
+#include "text/number_text.h"
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+
+namespace tessara {
+namespace {
+
+constexpr std::size_t MOST_DECIMALS = 32;
+// A sign, the digits before the point, the point and the decimals.
+constexpr std::size_t FIXED_SIZE = 2 + std::numeric_limits<double>::max_exponent10 + 1 + MOST_DECIMALS;
+
+}  // namespace
+
+std::string FixedText(double value, int decimals) {
+    std::array<char, FIXED_SIZE> buffer;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::fixed, decimals);
+    return written.ec == std::errc() ? std::string(buffer.data(), written.ptr) : std::string();
+}
+
+std::string WholeText(std::int32_t value, int digits) {
+    const std::string magnitude = std::to_string(std::llabs(value));
+    return (value < 0 ? "-" : "") + ZeroFilled(magnitude, digits);
+}
+
+std::string ZeroFilled(const std::string& text, int width) {
+    const std::size_t wanted = width > 0 ? static_cast<std::size_t>(width) : 0;
+    return text.size() < wanted ? std::string(wanted - text.size(), '0') + text : text;
+}
+
+}  // namespace tessara

@@ -1,0 +1,216 @@
+#include "geometry/ellipsoid_space.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "support/random.h"
+#include "support/reference_file.h"
+#include "support/space.h"
+
+namespace tessara {
+namespace {
+
+using testing::HeightLimit;
+using testing::Random;
+
+constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+
+constexpr EllipsoidAxes WGS84{6378137.0, 0.0066943799901413165};  // e2 = 2f - f^2
+constexpr double WGS84_B = 6356752.314245179;
+
+bool IsSettled(const EcefPayload& point, const EllipsoidAxes& ellipsoid = WGS84) {
+    GeodezPayload position{};
+    return SpacePosition(ellipsoid, point, &position);
+}
+
+TEST(LoadEllipsoid, KnowsTheDatumsOfTheTable) {
+    EllipsoidAxes ellipsoid{};
+    EXPECT_TRUE(LoadEllipsoid(2, &ellipsoid));
+    EXPECT_EQ(ellipsoid.a, 6378137.0);
+    EXPECT_NEAR(ellipsoid.e2, 0.00669437999014, 1e-14);
+    EXPECT_TRUE(LoadEllipsoid(0, &ellipsoid));
+    EXPECT_EQ(ellipsoid.e2, 0.0);
+    EXPECT_TRUE(LoadEllipsoid(238, &ellipsoid));
+    EXPECT_FALSE(LoadEllipsoid(239, &ellipsoid));
+    EXPECT_FALSE(LoadEllipsoid(-1, &ellipsoid));
+    EXPECT_FALSE(LoadEllipsoid(999, &ellipsoid));
+}
+
+// 1e-6 m: a few units in the last place of a double of the size of the earth, and those of the figures.
+TEST(SpacePoint, AgreesWithIndependentFigures) {
+    for (const auto& row : testing::ReadReferenceFile("geometry/earth_centred.txt")) {
+        EllipsoidAxes ellipsoid{};
+        ASSERT_TRUE(LoadEllipsoid(static_cast<std::int32_t>(row.Number(0)), &ellipsoid));
+        const EcefPayload point = SpacePoint(ellipsoid, {row.Number(1), row.Number(2), row.Number(3)});
+        for (const std::size_t column : {4u, 7u}) {
+            EXPECT_NEAR(point.x, row.Number(column), 1e-6) << row.place;
+            EXPECT_NEAR(point.y, row.Number(column + 1), 1e-6) << row.place;
+            EXPECT_NEAR(point.z, row.Number(column + 2), 1e-6) << row.place;
+        }
+    }
+}
+
+TEST(SpacePosition, FindsThePlacesOfIndependentFigures) {
+    for (const auto& row : testing::ReadReferenceFile("geometry/earth_centred.txt")) {
+        EllipsoidAxes ellipsoid{};
+        GeodezPayload position{};
+        ASSERT_TRUE(LoadEllipsoid(static_cast<std::int32_t>(row.Number(0)), &ellipsoid));
+        ASSERT_TRUE(SpacePosition(ellipsoid, {row.Number(4), row.Number(5), row.Number(6)}, &position));
+        const double latitude = row.Number(1);
+        const double height = row.Number(3);
+        EXPECT_NEAR(position.latitude, latitude, 1e-8) << row.place;
+        EXPECT_NEAR(position.height, height, HeightLimit(latitude, height, ellipsoid.e2)) << row.place;
+        // The figures are rounded to 1e-9 m, which is an angle of 6e-8 / p degrees at p metres from the axis.
+        const double p = std::hypot(row.Number(4), row.Number(5));
+        const double turn = std::remainder(position.longitude - row.Number(2), 360.0);
+        if (p > 0.0) {
+            EXPECT_NEAR(turn, 0.0, 6e-8 / p + 1e-13) << row.place;
+        }
+    }
+}
+
+// The promise of the interface: 1e-8 degrees, and of the height what the stop criterion leaves.
+TEST(SpacePosition, UndoesSpacePointWithinItsStopCriterion) {
+    Random random(621);
+    for (const std::int32_t datum : {2, 3, 12, 60, 0}) {
+        EllipsoidAxes ellipsoid{};
+        ASSERT_TRUE(LoadEllipsoid(datum, &ellipsoid));
+        for (int i = 0; i < 20000; ++i) {
+            const bool isPolar = i % 4 == 0;
+            const double latitude = isPolar ? std::copysign(90.0 - std::pow(10.0, random.Between(-6.0, 1.0)),
+                                                            random.Between(-1.0, 1.0))
+                                            : random.Between(-90.0, 90.0);
+            const GeodezPayload from{latitude, random.Between(-180.0, 180.0), random.Between(-1e4, 1e5)};
+            GeodezPayload to{};
+            ASSERT_TRUE(SpacePosition(ellipsoid, SpacePoint(ellipsoid, from), &to));
+            ASSERT_NEAR(to.latitude, from.latitude, 1e-8);
+            ASSERT_NEAR(to.longitude, from.longitude, 1e-12);
+            ASSERT_NEAR(to.height, from.height, HeightLimit(latitude, from.height, ellipsoid.e2))
+                << "latitude " << latitude << " datum " << datum;
+        }
+    }
+}
+
+TEST(SpacePosition, SurfacePointsHaveNoHeight) {
+    Random random(622);
+    for (int i = 0; i < 10000; ++i) {
+        const double latitude = random.Between(-89.0, 89.0);
+        GeodezPayload to{};
+        ASSERT_TRUE(
+            SpacePosition(WGS84, SpacePoint(WGS84, {latitude, random.Between(-180.0, 180.0), 0.0}), &to));
+        ASSERT_NEAR(to.height, 0.0, 1e-6);
+    }
+}
+
+TEST(SpacePosition, AnswersThePoleOnTheAxis) {
+    GeodezPayload position{};
+    ASSERT_TRUE(SpacePosition(WGS84, {0.0, 0.0, WGS84_B}, &position));
+    EXPECT_EQ(position.latitude, 90.0);
+    EXPECT_EQ(position.longitude, 0.0);
+    EXPECT_NEAR(position.height, 0.0, 1e-8);
+    ASSERT_TRUE(SpacePosition(WGS84, {0.0, 0.0, -WGS84_B - 250.0}, &position));
+    EXPECT_EQ(position.latitude, -90.0);
+    EXPECT_NEAR(position.height, 250.0, 1e-8);
+    ASSERT_TRUE(SpacePosition(WGS84, {0.0, 0.0, 1.0}, &position));
+    EXPECT_EQ(position.latitude, 90.0);
+    EXPECT_NEAR(position.height, 1.0 - WGS84_B, 1e-8);
+    // On the sphere, too.
+    ASSERT_TRUE(SpacePosition({6371000.0, 0.0}, {0.0, 0.0, 6371010.0}, &position));
+    EXPECT_EQ(position.latitude, 90.0);
+    EXPECT_EQ(position.height, 10.0);
+}
+
+TEST(SpacePosition, ResolvesTheEquatorAndTheDateLine) {
+    GeodezPayload position{};
+    ASSERT_TRUE(SpacePosition(WGS84, {-6378147.0, 0.0, 0.0}, &position));
+    EXPECT_EQ(position.latitude, 0.0);
+    EXPECT_EQ(position.longitude, 180.0);
+    EXPECT_NEAR(position.height, 10.0, 1e-8);
+    ASSERT_TRUE(SpacePosition(WGS84, {0.0, -6378137.0, 0.0}, &position));
+    EXPECT_EQ(position.longitude, -90.0);
+}
+
+TEST(SpacePosition, FailsForTheCentreAndWhatIsNotFinite) {
+    GeodezPayload position{1.0, 2.0, 3.0};
+    for (const EcefPayload& point : {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{-0.0, 0.0, -0.0},
+                                     EcefPayload{NAN_VALUE, 0.0, 0.0}, EcefPayload{6378137.0, NAN_VALUE, 0.0},
+                                     EcefPayload{6378137.0, 0.0, NAN_VALUE}, EcefPayload{INFINITE, 0.0, 0.0},
+                                     EcefPayload{0.0, 0.0, -INFINITE}, EcefPayload{1e200, 1e200, 0.0}}) {
+        EXPECT_FALSE(SpacePosition(WGS84, point, &position));
+    }
+    EXPECT_EQ(position.latitude, 1.0);
+    EXPECT_EQ(position.longitude, 2.0);
+    EXPECT_EQ(position.height, 3.0);
+}
+
+// Near the centre the two steps chase each other: there the rounds run out.
+TEST(SpacePosition, FailsWhereTheIterationDoesNotSettle) {
+    EXPECT_FALSE(IsSettled({1.0, 0.0, 0.0}));
+    EXPECT_FALSE(IsSettled({1.0, 0.0, 1.0}));
+    EXPECT_FALSE(IsSettled({30000.0, 0.0, 1000.0}));
+}
+
+TEST(SpacePosition, EndsForEveryPoint) {
+    Random random(623);
+    for (int i = 0; i < 20000; ++i) {
+        const double size = std::pow(10.0, random.Between(-320.0, 308.0));
+        const EcefPayload point{size * random.Between(-1.0, 1.0), size * random.Between(-1.0, 1.0),
+                                random.Between(-1.0, 1.0) * std::pow(10.0, random.Between(-320.0, 308.0))};
+        GeodezPayload position{};
+        if (!SpacePosition(WGS84, point, &position)) continue;
+        ASSERT_TRUE(std::isfinite(position.latitude) && std::isfinite(position.height));
+        ASSERT_LE(std::fabs(position.latitude), 90.0);
+    }
+}
+
+TEST(IntersectEllipsoid, GivesTheNearerEndFirst) {
+    double near = 0.0;
+    double far = 0.0;
+    // From 100 m above the equator downward: 100 m, and through the earth.
+    ASSERT_TRUE(IntersectEllipsoid(WGS84, {6378237.0, 0.0, 0.0}, {-1.0, 0.0, 0.0}, &near, &far));
+    EXPECT_NEAR(near, 100.0, 1e-8);
+    EXPECT_NEAR(far, 12756374.0, 1e-8);  // 100 + 2 a
+    ASSERT_TRUE(IntersectEllipsoid(WGS84, {6378237.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, &near, &far));
+    EXPECT_NEAR(near, -100.0, 1e-8);
+    EXPECT_NEAR(far, -12756374.0, 1e-8);
+}
+
+TEST(IntersectEllipsoid, OfTwoEquallyFarEndsTheOneAheadIsNear) {
+    double near = 0.0;
+    double far = 0.0;
+    ASSERT_TRUE(IntersectEllipsoid(WGS84, {0.0, 0.0, 0.0}, {0.0, 2.0, 0.0}, &near, &far));
+    EXPECT_EQ(near, 3189068.5);  // a / 2
+    EXPECT_EQ(far, -3189068.5);
+    ASSERT_TRUE(IntersectEllipsoid(WGS84, {0.0, 0.0, 0.0}, {0.0, 0.0, -1.0}, &near, &far));
+    EXPECT_NEAR(near, WGS84_B, 1e-8);
+    EXPECT_EQ(far, -near);
+}
+
+TEST(IntersectEllipsoid, FailsForALineThatMisses) {
+    double near = 7.0;
+    double far = 8.0;
+    EXPECT_FALSE(IntersectEllipsoid(WGS84, {6378138.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, &near, &far));
+    EXPECT_FALSE(IntersectEllipsoid(WGS84, {6378138.0, 0.0, 0.0}, {0.0, 0.3, 1.0}, &near, &far));
+    EXPECT_EQ(near, 7.0);
+    EXPECT_EQ(far, 8.0);
+}
+
+TEST(IntersectEllipsoid, FailsWithoutADirectionAndForWhatIsNotFinite) {
+    double near = 7.0;
+    double far = 8.0;
+    const EcefPayload point{6378237.0, 0.0, 0.0};
+    for (const EcefPayload& direction :
+         {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{1e-200, 0.0, 0.0}, EcefPayload{NAN_VALUE, 0.0, 0.0},
+          EcefPayload{0.0, INFINITE, 0.0}, EcefPayload{-1e200, 0.0, 0.0}}) {
+        EXPECT_FALSE(IntersectEllipsoid(WGS84, point, direction, &near, &far));
+    }
+    EXPECT_FALSE(IntersectEllipsoid(WGS84, {NAN_VALUE, 0.0, 0.0}, {1.0, 0.0, 0.0}, &near, &far));
+    EXPECT_FALSE(IntersectEllipsoid(WGS84, {0.0, INFINITE, 0.0}, {1.0, 0.0, 0.0}, &near, &far));
+    EXPECT_EQ(near, 7.0);
+    EXPECT_EQ(far, 8.0);
+}
+
+}  // namespace
+}  // namespace tessara

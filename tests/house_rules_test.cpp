@@ -1,0 +1,207 @@
+// Rules of the house that no compiler keeps: who may include whom, and how doubles are rounded.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace tessara {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path ROOT = TESSARA_SOURCE_DIR;
+
+struct Include {
+    std::string name;
+    bool isQuoted;
+};
+
+struct SourceFile {
+    std::string path;  // from the root, e.g. src/objects/coord.cpp
+    std::string text;
+
+    [[nodiscard]] std::vector<Include> Includes() const {
+        std::vector<Include> includes;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            std::istringstream words(line);
+            char hash = 0;
+            std::string directive;
+            char open = 0;
+            if (!(words >> hash >> directive >> open) || hash != '#' || directive != "include") continue;
+            std::string name;
+            std::getline(words, name, open == '"' ? '"' : '>');
+            includes.push_back({name, open == '"'});
+        }
+        return includes;
+    }
+
+    [[nodiscard]] bool IsBelow(const std::string& directory) const { return path.rfind(directory, 0) == 0; }
+};
+
+// All headers and sources below some directories of the root.
+std::vector<SourceFile> FilesBelow(std::initializer_list<const char*> directories) {
+    std::vector<SourceFile> files;
+    for (const char* directory : directories) {
+        for (const auto& entry : fs::recursive_directory_iterator(ROOT / directory)) {
+            const std::string extension = entry.path().extension().string();
+            if (extension != ".h" && extension != ".cpp") continue;
+            std::ifstream file(entry.path());
+            files.push_back({fs::relative(entry.path(), ROOT).generic_string(),
+                             {std::istreambuf_iterator<char>(file), {}}});
+        }
+    }
+    EXPECT_FALSE(files.empty());
+    return files;
+}
+
+// "objects/coord" of src/objects/coord.h and of src/objects/coord.cpp.
+std::string NameOf(const SourceFile& file) {
+    const fs::path path = fs::path(file.path).lexically_relative("src");
+    return (path.parent_path() / path.stem()).generic_string();
+}
+
+bool StartsWith(const std::string& text, const std::string& prefix) {
+    return text.rfind(prefix, 0) == 0;
+}
+
+TEST(HouseRules, IncludesAreReadFromTheLines) {
+    const SourceFile file{
+        "a.cpp", "#include <map>\n  #  include  \"b/c.h\"\n// #include \"no.h\"\n#include \"d.h\" // x\n"};
+    const auto includes = file.Includes();
+    ASSERT_EQ(includes.size(), 3u);
+    EXPECT_EQ(includes[0].name, "map");
+    EXPECT_FALSE(includes[0].isQuoted);
+    EXPECT_EQ(includes[1].name, "b/c.h");
+    EXPECT_TRUE(includes[1].isQuoted);
+    EXPECT_EQ(includes[2].name, "d.h");
+}
+
+TEST(HouseRules, AngleBracketsAreForTheStandardLibrary) {
+    for (const SourceFile& file : FilesBelow({"src", "include"})) {
+        for (const Include& include : file.Includes()) {
+            if (include.isQuoted) continue;
+            // Its headers have neither a directory nor an extension.
+            EXPECT_EQ(include.name.find_first_of("./"), std::string::npos)
+                << file.path << ": " << include.name;
+        }
+    }
+}
+
+TEST(HouseRules, QuotedIncludesStartAtTheRootOfTheirTree) {
+    for (const SourceFile& file : FilesBelow({"src", "include"})) {
+        for (const Include& include : file.Includes()) {
+            if (!include.isQuoted) continue;
+            const bool isThere =
+                fs::exists(ROOT / "include" / include.name) || fs::exists(ROOT / "src" / include.name);
+            EXPECT_TRUE(isThere && !StartsWith(include.name, ".")) << file.path << ": " << include.name;
+        }
+    }
+}
+
+TEST(HouseRules, PublicHeadersIncludePublicHeadersOnly) {
+    for (const SourceFile& file : FilesBelow({"include"})) {
+        for (const Include& include : file.Includes()) {
+            if (!include.isQuoted) continue;
+            EXPECT_TRUE(StartsWith(include.name, "tessara/")) << file.path << ": " << include.name;
+            EXPECT_TRUE(fs::exists(ROOT / "include" / include.name)) << file.path << ": " << include.name;
+        }
+    }
+}
+
+TEST(HouseRules, TheKernelIncludesNothingAboveItself) {
+    int kernelFiles = 0;
+    for (const SourceFile& file : FilesBelow({"src", "include"})) {
+        const bool isMapKernel = file.IsBelow("src/maps/map_kernel");
+        if (!file.IsBelow("src/kernel/") && !file.IsBelow("include/tessara/kernel/") && !isMapKernel)
+            continue;
+        ++kernelFiles;
+        for (const Include& include : file.Includes()) {
+            if (!include.isQuoted) continue;
+            const bool isKernel =
+                StartsWith(include.name, "tessara/kernel/") || StartsWith(include.name, "kernel/");
+            const bool isItsOwn = isMapKernel && StartsWith(include.name, "maps/map_kernel");
+            EXPECT_TRUE(isKernel || isItsOwn) << file.path << ": " << include.name;
+        }
+    }
+    EXPECT_GT(kernelFiles, 10);
+}
+
+// The headers that declare a class of objects, which is one that names its faces, and the names of the
+// classes. The factories have faces, too, but are the frame's own.
+std::map<std::string, std::string> ClassHeaders() {
+    std::map<std::string, std::string> classes;
+    for (const SourceFile& file : FilesBelow({"src"})) {
+        const std::size_t faces = file.text.find("using Faces = FaceList<");
+        const bool isHeader = fs::path(file.path).extension() == ".h";
+        if (!isHeader || faces == std::string::npos || file.path == "src/frame/class_factory.h") continue;
+        std::istringstream declaration(file.text.substr(file.text.rfind("class ", faces)));
+        std::string keyword;
+        declaration >> keyword >> classes[NameOf(file) + ".h"];
+    }
+    return classes;
+}
+
+// A source of the class: the one beside its header, or another one that holds members of it.
+bool BelongsTo(const SourceFile& file, const std::string& header, const std::string& className) {
+    return header == NameOf(file) + ".h" || file.text.find(' ' + className + "::") != std::string::npos;
+}
+
+TEST(HouseRules, AClassIsMadeByItsCreationFunctionNotByItsHeader) {
+    const std::map<std::string, std::string> classes = ClassHeaders();
+    ASSERT_EQ(classes.count("objects/coord.h"), 1u);
+    EXPECT_EQ(classes.at("objects/coord.h"), "Coord");
+    for (const SourceFile& file : FilesBelow({"src"})) {
+        if (file.path == "src/frame/class_table.cpp") continue;  // the one place that knows all classes
+        for (const Include& include : file.Includes()) {
+            const auto found = classes.find(include.name);
+            if (found == classes.end()) continue;
+            EXPECT_TRUE(BelongsTo(file, found->first, found->second)) << file.path << ": " << include.name;
+        }
+    }
+}
+
+// Products are rounded before they are added or subtracted. Fused into one instruction they aren't, and exact
+// comparisons decide otherwise. On machines whose baseline has no such instruction the compiler is allowed to
+// use it here, where it would show.
+#if defined(__x86_64__)
+__attribute__((target("fma"), noinline))
+#else
+__attribute__((noinline))
+#endif
+double
+Cross(double ax, double ay, double bx, double by) {
+    return ax * by - ay * bx;
+}
+
+TEST(HouseRules, ProductsAreRoundedOneByOne) {
+#if defined(__x86_64__)
+    if (!__builtin_cpu_supports("fma")) GTEST_SKIP() << "this machine can't fuse";
+#endif
+    // (1 + 2^-30)^2 = 1 + 2^-29 + 2^-60 doesn't fit into a double; fused, the last term would be left over.
+    const double value = 1.0 + 0x1p-30;
+    EXPECT_EQ(Cross(value, value, value, value), 0.0);
+}
+
+TEST(HouseRules, EverySourceIsCompiledWithoutContractionAndFastMath) {
+    std::ifstream file(TESSARA_BINARY_DIR "/compile_commands.json");
+    int commands = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.find("\"command\":") == std::string::npos || line.find("/src/") == std::string::npos)
+            continue;
+        ++commands;
+        EXPECT_NE(line.find("-ffp-contract=off"), std::string::npos) << line;
+        EXPECT_EQ(line.find("-ffast-math"), std::string::npos) << line;
+        EXPECT_EQ(line.find("-Ofast"), std::string::npos) << line;
+        EXPECT_EQ(line.find("-funsafe-math"), std::string::npos) << line;
+    }
+    EXPECT_GT(commands, 10);
+}
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,283 @@
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+#include <cstring>
+
+#include "support/legal_positions.h"
+#include "support/live_objects.h"
+#include "support/objects.h"
+#include "tessara/coordinate_checker.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::int32_t DATUM_GER = 3;  // both on the Bessel ellipsoid
+constexpr std::int32_t DATUM_MGI = 6;
+
+class CoordinateCheckerTest : public testing::BalancedTest {
+  protected:
+    IRef<ICoordinateChecker> checker{CreateClassCoordinateChecker()};
+
+    bool Check(const tagKOORD& record) { return checker->CheckCoord(CoordOf(record).Get()); }
+    bool InArea(const tagKOORD& record) { return checker->CheckInSystemArea(CoordOf(record).Get()); }
+    bool Convertible(const tagKOORD& record, std::int32_t datum, std::int32_t system) {
+        return checker->CheckConvertible(CoordOf(record).Get(),
+                                         testing::MakeHostReference(datum, system).Get());
+    }
+};
+
+tagKOORD Utm(char hemisphere, std::int16_t zone, double easting, double northing) {
+    UtmPayload p{};
+    p.hemisphere = hemisphere;
+    p.wantedZone = NO_WANTED_ZONE;
+    p.zone = zone;
+    p.easting = easting;
+    p.northing = northing;
+    return Record(KOORD_UTM, p);
+}
+
+tagKOORD Utmref(std::int16_t zone, const char* letters, std::int32_t easting, std::int32_t northing) {
+    UtmrefPayload p{};
+    p.wantedZone = NO_WANTED_ZONE;
+    p.zone = zone;
+    p.band = letters[0];
+    p.column = letters[1];
+    p.row = letters[2];
+    p.easting = easting;
+    p.northing = northing;
+    return Record(KOORD_UTMREF, p);
+}
+
+tagKOORD Gk(double easting, double northing, std::int32_t datum) {
+    GkPayload p{};
+    p.wantedMeridian = NO_WANTED_ZONE;
+    p.easting = easting;
+    p.northing = northing;
+    return Record(KOORD_GK, p, datum);
+}
+
+tagKOORD Bmn(std::int16_t meridian, double easting, double northing) {
+    BmnPayload p{};
+    p.wantedMeridian = NO_WANTED_ZONE;
+    p.meridian = meridian;
+    p.easting = easting;
+    p.northing = northing;
+    return Record(KOORD_BMN, p, DATUM_MGI);
+}
+
+tagKOORD Converted(double latitude, double longitude, tagKOORD target) {
+    const tagKOORD degrees = GeodezRecord(latitude, longitude);
+    EXPECT_EQ(KoordConvert(&degrees, &target), KOORD_OK);
+    return target;
+}
+
+TEST_F(CoordinateCheckerTest, DoesntLookAtWhetherACoordinateIsValid) {
+    const IRef<ICoord> fresh(CreateClassCoord());
+    EXPECT_FALSE(HoldsPosition(fresh));
+    EXPECT_TRUE(checker->CheckCoord(fresh.Get()));
+    EXPECT_FALSE(HoldsPosition(fresh));
+}
+
+TEST_F(CoordinateCheckerTest, DegreesReachToTheirLimits) {
+    EXPECT_TRUE(Check(GeodezRecord(90.0, 360.0)));
+    EXPECT_TRUE(Check(GeodezRecord(-90.0, -360.0)));
+    EXPECT_FALSE(Check(GeodezRecord(91.0, 0.0)));
+    EXPECT_FALSE(Check(GeodezRecord(0.0, 360.0000001)));
+    EXPECT_FALSE(Check(GeodezRecord(NAN, 0.0)));
+    EXPECT_FALSE(Check(GeodezRecord(0.0, NAN)));
+    EXPECT_FALSE(Check(GeodezRecord(HUGE_VAL, 0.0)));
+}
+
+TEST_F(CoordinateCheckerTest, PixelsNeedToBeNumbersOfTheirSystem) {
+    EXPECT_TRUE(Check(Record(KOORD_LONGPIXEL, LongPixelPayload{INT32_MIN, INT32_MAX})));
+    EXPECT_TRUE(Check(Record(KOORD_FLOATPIXEL, FloatPixelPayload{DBL_MAX, -DBL_MAX})));
+    EXPECT_FALSE(Check(Record(KOORD_FLOATPIXEL, FloatPixelPayload{HUGE_VAL, 0.0})));
+    EXPECT_FALSE(Check(Record(KOORD_FLOATPIXEL, FloatPixelPayload{0.0, NAN})));
+    EXPECT_TRUE(Check(Record(KOORD_FLOATPIXEL, FloatPixelPayload{1.0, 2.0}, NO_DATUM)));
+    EXPECT_FALSE(Check(Record(KOORD_FLOATPIXEL, FloatPixelPayload{1.0, 2.0}, 500)));
+}
+
+// `echo 716703.5 5500000 | cs2cs -f %.8f EPSG:32632 EPSG:4326` gives the longitude 12.00000122, and a metre
+// is 0.000014 degrees there. The western border is the mirror image.
+TEST_F(CoordinateCheckerTest, AUtmPositionLiesWithinItsZone) {
+    EXPECT_TRUE(Check(Utm('N', 32, 716703.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm('N', 32, 716704.0, 5500000.0)));
+    EXPECT_TRUE(Check(Utm('N', 32, 283297.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm('N', 32, 283296.0, 5500000.0)));
+    EXPECT_TRUE(InArea(Utm('N', 32, 716703.0, 5500000.0)));
+    EXPECT_FALSE(InArea(Utm('N', 32, 716704.0, 5500000.0)));
+}
+
+TEST_F(CoordinateCheckerTest, ABorderBelongsToBothZones) {
+    const tagKOORD natural = MakeKoord(DATUM_WGS84, KOORD_UTM);
+    for (const double longitude : {12.0, -180.0, 180.0, 0.0, 6.0})
+        EXPECT_TRUE(Check(Converted(50.0, longitude, natural))) << longitude;
+    for (const auto& [longitude, zone] : {std::pair{180.0, 60}, std::pair{0.0, 30}, std::pair{12.0, 32}}) {
+        UtmPayload wanted{};
+        wanted.wantedZone = static_cast<std::int16_t>(zone);
+        EXPECT_TRUE(Check(Converted(0.0, longitude, Record(KOORD_UTM, wanted)))) << longitude;
+        EXPECT_TRUE(Check(Converted(10.0, longitude, Record(KOORD_UTM, wanted)))) << longitude;
+    }
+}
+
+// Far and near, a position counts as inside its zone exactly when its longitude is at most 3 degrees from the
+// central meridian, but for the last 1e-9 degrees.
+TEST_F(CoordinateCheckerTest, TheBorderOfAZoneRunsAlongItsMeridian) {
+    for (const double latitude : {-79.0, -48.0, 0.1, 33.0, 83.0}) {
+        for (const double inside : {2.0, 1e-2, 1.1e-4, 0.9e-4, 1e-6, 1e-8}) {
+            for (const double side : {-1.0, 1.0}) {
+                UtmPayload wanted{};
+                wanted.wantedZone = 32;
+                for (const double beyond : {-inside, inside}) {
+                    tagKOORD record =
+                        Converted(latitude, 9.0 + side * (3.0 + beyond), Record(KOORD_UTM, wanted));
+                    auto payload = Load<UtmPayload>(record);
+                    payload.wantedZone = NO_WANTED_ZONE;
+                    Store(record, payload);
+                    EXPECT_EQ(InArea(record), beyond < 0.0) << latitude << ' ' << side * (3.0 + beyond);
+                }
+            }
+        }
+    }
+}
+
+// Northings of latitude 84 from cs2cs: 9328093.8 on the central meridian, 9329005.2 three degrees off.
+TEST_F(CoordinateCheckerTest, UtmEndsAtANorthing) {
+    EXPECT_TRUE(Check(Utm('N', 32, 500000.0, 9328093.0)));
+    EXPECT_FALSE(Check(Utm('N', 32, 500000.0, 9328095.0)));
+    EXPECT_FALSE(Check(Converted(84.0, 11.9999, MakeKoord(DATUM_WGS84, KOORD_UTM))));
+}
+
+TEST_F(CoordinateCheckerTest, AZoneThatIsWantedFarAwayIsRefused) {
+    UtmPayload wanted = Load<UtmPayload>(Utm('N', 32, 500000.0, 5500000.0));
+    wanted.wantedZone = 50;
+    EXPECT_FALSE(Check(Record(KOORD_UTM, wanted)));
+    EXPECT_FALSE(Check(Utm('N', 0, 500000.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm('N', 61, 500000.0, 5500000.0)));
+}
+
+TEST_F(CoordinateCheckerTest, AUtmrefHasTheLettersOfAnExistingSquare) {
+    EXPECT_TRUE(Check(Utmref(32, "UQA", 7819, 42661)));
+    EXPECT_FALSE(Check(Utmref(32, "URA", 0, 0))) << "a column beyond the zone";
+    EXPECT_FALSE(Check(Utmref(32, "UQP", 0, 0))) << "a row beyond the band";
+    EXPECT_FALSE(Check(Utmref(32, "uQA", 7819, 42661))) << "a small letter";
+    // The south-western corner of a square that reaches into band U from below 48 degrees.
+    EXPECT_TRUE(Check(Utmref(32, "UMU", 0, 0)));
+}
+
+// Longitudes from cs2cs with +proj=tmerc +ellps=bessel: on the meridian 9, northing 5500000, the offsets
+// 108355 and 108356 lie at 10.49998949 and 10.50000333 degrees; on 31 east of Ferro, 13.3333333, northing
+// 5200000, the offsets 114218 and 114219 at 14.83332373 and 14.83333686.
+TEST_F(CoordinateCheckerTest, StripsEndAtTheirBorders) {
+    EXPECT_TRUE(Check(Gk(3608355.0, 5500000.0, DATUM_GER)));
+    EXPECT_FALSE(Check(Gk(3608356.0, 5500000.0, DATUM_GER)));
+    EXPECT_TRUE(Check(Bmn(31, 564218.0, 200000.0)));
+    EXPECT_FALSE(Check(Bmn(31, 564219.0, 200000.0)));
+    EXPECT_FALSE(Check(Bmn(0, 450000.0, 200000.0))) << "no meridian";
+}
+
+TEST_F(CoordinateCheckerTest, EverySystemWithTextsHasLegalPositions) {
+    testing::Random random(43);
+    for (const testing::LegalArea& area : testing::LEGAL_AREAS) {
+        for (int i = 0; i < 200; ++i)
+            EXPECT_TRUE(Check(testing::RandomLegal(area, &random))) << "system " << area.system;
+    }
+}
+
+TEST_F(CoordinateCheckerTest, SomeSystemsHaveNoLegalPositions) {
+    UpsPayload ups{'N', {}, 2000000.0, 2000000.0};
+    EXPECT_TRUE(Check(Record(KOORD_UPS, ups)));
+    ups.hemisphere = 'S';
+    EXPECT_FALSE(Check(Record(KOORD_UPS, ups)));
+    EXPECT_TRUE(Check(Record(KOORD_VDG, VdgPayload{0.0, 0.0, 1000.0, 1000.0})));
+    EXPECT_FALSE(Check(Record(KOORD_VDG, VdgPayload{10.0, 0.0, 1000.0, 1000.0})));
+    TmPayload tm{};
+    tm.scale = 1.0;
+    EXPECT_FALSE(Check(Record(KOORD_TM, tm)));
+    EXPECT_FALSE(Check(Record(KOORD_ECEF, EcefPayload{4000000.0, 900000.0, 4800000.0})));
+    EXPECT_FALSE(Check(MakeKoord(DATUM_WGS84, KOORD_LAMBERTCC)));
+    EXPECT_FALSE(Check(MakeKoord(DATUM_WGS84, KOORD_TYPE_COUNT)));
+    EXPECT_FALSE(Check(MakeKoord(DATUM_WGS84, -1)));
+}
+
+TEST_F(CoordinateCheckerTest, APositionNeedsADatum) {
+    for (const std::int32_t datum : {-1, DATUM_COUNT, NO_DATUM, INT32_MAX}) {
+        EXPECT_FALSE(Check(GeodezRecord(48.0, 11.0, 0.0, datum))) << datum;
+        EXPECT_FALSE(Check(MakeKoord(datum, KOORD_UTM))) << datum;
+    }
+}
+
+// Near 84 degrees a position beside the central meridian converts, but lies north of the last northing.
+TEST_F(CoordinateCheckerTest, ConvertibleIsWhatEndsUpInTheAreaOfTheTarget) {
+    EXPECT_TRUE(Convertible(GeodezRecord(83.995, 15.0), DATUM_WGS84, KOORD_UTM));
+    EXPECT_FALSE(Convertible(GeodezRecord(83.995, 12.0), DATUM_WGS84, KOORD_UTM));
+    EXPECT_TRUE(Convertible(GeodezRecord(84.0, 15.0), DATUM_WGS84, KOORD_UTM));
+    EXPECT_FALSE(Convertible(GeodezRecord(84.1, 15.0), DATUM_WGS84, KOORD_UTM));
+    EXPECT_FALSE(Convertible(GeodezRecord(89.9, 15.0), DATUM_WGS84, KOORD_UTM));
+    EXPECT_TRUE(Convertible(GeodezRecord(89.9, 15.0), DATUM_WGS84, KOORD_UPS));
+    EXPECT_TRUE(Convertible(GeodezRecord(47.0, 8.0), DATUM_WGS84, KOORD_CH));
+    EXPECT_FALSE(Convertible(GeodezRecord(91.0, 15.0), 3, KOORD_GEODEZ)) << "no legal position itself";
+}
+
+TEST_F(CoordinateCheckerTest, ConvertibleNeedsALegalReference) {
+    const tagKOORD position = GeodezRecord(48.0, 11.0);
+    for (const std::int32_t datum : {-1, DATUM_COUNT, NO_DATUM})
+        EXPECT_FALSE(Convertible(position, datum, KOORD_UTM)) << datum;
+    for (const std::int32_t system :
+         {NO_SYSTEM, +KOORD_TYPE_COUNT, +KOORD_LAMBERTCC, +KOORD_FLOATPIXEL, +KOORD_LONGPIXEL, +KOORD_ECEF}) {
+        EXPECT_FALSE(Convertible(position, DATUM_WGS84, system)) << system;
+    }
+    EXPECT_TRUE(Convertible(position, DATUM_WGS84, KOORD_GEODEZ)) << "its own";
+    EXPECT_TRUE(
+        Convertible(Record(KOORD_FLOATPIXEL, FloatPixelPayload{1.0, 2.0}), DATUM_WGS84, KOORD_FLOATPIXEL));
+    EXPECT_FALSE(Convertible(Record(KOORD_FLOATPIXEL, FloatPixelPayload{1.0, 2.0}, NO_DATUM), NO_DATUM,
+                             KOORD_FLOATPIXEL));
+    EXPECT_FALSE(
+        Convertible(Record(KOORD_FLOATPIXEL, FloatPixelPayload{1.0, 2.0}), DATUM_WGS84, KOORD_GEODEZ));
+}
+
+TEST_F(CoordinateCheckerTest, NothingChangesByAsking) {
+    testing::Random random(430);
+    for (const testing::LegalArea& area : testing::LEGAL_AREAS) {
+        tagKOORD record = testing::RandomLegal(area, &random);
+        const IRef<ICoord> coord = CoordOf(record);
+        const CKoord before = KoordOf(coord);
+        checker->CheckCoord(coord.Get());
+        checker->CheckInSystemArea(coord.Get());
+        checker->CheckConvertible(coord.Get(), ReferenceOf(3, KOORD_UTM).Get());
+        const CKoord after = KoordOf(coord);
+        EXPECT_EQ(std::memcmp(&before, &after, sizeof(tagKOORD)), 0) << area.system;
+    }
+}
+
+TEST_F(CoordinateCheckerTest, NullAndForeignObjectsAreFailures) {
+    const IRef<IUnknown> stranger = testing::MakeStranger();
+    const IRef<ICoord> hosts(NewObject<testing::HostCoord>());
+    const IRef<ICoordinateReference> reference = ReferenceOf(DATUM_WGS84, KOORD_UTM);
+    for (ICoord* wrong : {static_cast<ICoord*>(nullptr), hosts.Get(), testing::Disguised<ICoord>(stranger)}) {
+        EXPECT_FALSE(checker->CheckCoord(wrong));
+        EXPECT_FALSE(checker->CheckInSystemArea(wrong));
+        EXPECT_FALSE(checker->CheckConvertible(wrong, reference.Get()));
+    }
+    const IRef<ICoord> coord = CoordOf(GeodezRecord(48.0, 11.0));
+    EXPECT_FALSE(checker->CheckConvertible(coord.Get(), nullptr));
+    EXPECT_FALSE(checker->CheckConvertible(coord.Get(), testing::Disguised<ICoordinateReference>(stranger)));
+}
+
+// Whatever the bytes of a record are, the answer comes.
+TEST_F(CoordinateCheckerTest, GarbageIsAnswered) {
+    testing::Random random(4300);
+    for (int i = 0; i < 20000; ++i) {
+        tagKOORD record = MakeKoord(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT));
+        for (std::byte& byte : record.payload)
+            byte = static_cast<std::byte>(random.Below(256));
+        const bool answer = Check(record);
+        if (!answer || record.type <= KOORD_FLOATPIXEL) continue;
+        tagKOORD position = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
+        EXPECT_EQ(KoordConvert(&record, &position), KOORD_OK) << "legal, but not convertible";
+    }
+}
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,73 @@
+// Text out, text in: every legal position of a system that can be typed comes back to the last digit shown.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "support/legal_positions.h"
+#include "support/texts.h"
+
+namespace tessara {
+namespace {
+
+using testing::LegalArea;
+using testing::TextPair;
+
+constexpr int POSITIONS = 10000;
+constexpr double RESOLUTIONS[] = {1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 0.1, 1.0, 10.0, 100.0, 1e3, 1e4, 1e5};
+
+class TextRoundTrip : public ::testing::TestWithParam<LegalArea> {};
+
+// Random positions in the area, one after the other in each of the resolutions.
+TEST_P(TextRoundTrip, EveryLegalPositionComesBackToTheLastDigitShown) {
+    const LegalArea& area = GetParam();
+    testing::Random random(static_cast<std::uint64_t>(area.system) + 1);
+    const IRef<ICoordinateString> writer(CreateClassCoordinateString());
+    const IRef<ICoordinateString> reader(CreateClassCoordinateString());
+    for (int i = 0; i < POSITIONS && !HasFailure(); ++i) {
+        const tagKOORD record = testing::RandomLegal(area, &random);
+        EXPECT_TRUE(testing::IsLegal(record));
+        EXPECT_TRUE(writer->SetCoord(CoordOf(record).Get()));
+        const double resolution = RESOLUTIONS[static_cast<std::size_t>(i) % std::size(RESOLUTIONS)];
+        testing::SetResolution(writer, resolution);
+        const TextPair texts = testing::PlainTextsOf(writer);
+
+        EXPECT_TRUE(testing::Parse(reader, area.system, texts.north, texts.east)) << texts;
+        testing::SetResolution(reader, resolution);
+        EXPECT_EQ(testing::PlainTextsOf(reader), texts);
+    }
+}
+
+bool CanBeTypedInFull(const LegalArea& area) {
+    return area.system != KOORD_GEOREF;
+}
+
+std::vector<LegalArea> FullyTypedAreas() {
+    std::vector<LegalArea> areas;
+    std::copy_if(std::begin(testing::LEGAL_AREAS), std::end(testing::LEGAL_AREAS), std::back_inserter(areas),
+                 CanBeTypedInFull);
+    return areas;
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, TextRoundTrip, ::testing::ValuesIn(FullyTypedAreas()),
+                         [](const auto& test) { return "System" + std::to_string(test.param.system); });
+
+// No precision is read with a GEOREF, so its minutes are kept but aren't shown again.
+TEST(GeorefRoundTrip, KeepsTheLettersAndTheMinutes) {
+    testing::Random random(6);
+    const IRef<ICoordinateString> reader(CreateClassCoordinateString());
+    for (int i = 0; i < POSITIONS && !HasFailure(); ++i) {
+        const tagKOORD record = testing::RandomLegal(testing::LegalAreaOf(KOORD_GEOREF), &random);
+        const TextPair texts = testing::PlainTextsOf(record);
+        EXPECT_TRUE(testing::Parse(reader, KOORD_GEOREF, texts.north, texts.east)) << texts;
+        auto expected = Load<GeorefPayload>(record);
+        expected.precision = 0;
+        const auto read = Load<GeorefPayload>(testing::KoordOf(reader));
+        EXPECT_EQ(std::memcmp(&read, &expected, sizeof read), 0) << texts;
+        EXPECT_EQ(testing::PlainTextsOf(reader), (TextPair{"", ""}));
+    }
+}
+
+}  // namespace
+}  // namespace tessara
