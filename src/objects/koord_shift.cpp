@@ -99,15 +99,25 @@ void AddUtmNorthing(double delta, tagKOORD* record) {
     Store(*record, payload);
 }
 
-bool ShiftNorthInZone(double delta, tagKOORD* record) {
-    tagKOORD limit = *record;
-    if (!MoveToFurthest(DirectionOf(Axis::North, delta), &limit)) return false;
-    if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
+void AddNorthing(double delta, tagKOORD* record) {
     if (record->type == KOORD_UTM) {
         AddUtmNorthing(delta, record);
     } else {
         Axis_SetValue(Axis::North, Axis_Value(Axis::North, *record) + delta, record);
     }
+}
+
+bool ShiftNorthInZone(double delta, tagKOORD* record) {
+    const Compass direction = DirectionOf(Axis::North, delta);
+    tagKOORD moved = *record;
+    AddNorthing(delta, &moved);
+    // Finding the border takes ten times as long as seeing that it is still ahead.
+    tagKOORD limit = *record;
+    const bool found =
+        Zones_HaveRoom(moved) ? MoveToSystemLimit(direction, &limit) : MoveToFurthest(direction, &limit);
+    if (!found) return false;
+    if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
+    *record = moved;
     return true;
 }
 

@@ -211,6 +211,12 @@ ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record) {
     return ZoneLimit::Border;
 }
 
+bool Zones_HaveRoom(const tagKOORD& record) {
+    const double offset = EastOfCentre(record);
+    const ZoneWidth width(record, DirectionOf(Axis::East, offset));
+    return std::fabs(offset) < width.At(Axis_SignedNorthing(record)) - EAST_ACCEPTABLE;
+}
+
 bool Zones_MoveToEquator(tagKOORD* record) {
     if (!Zones_Exist(SystemOf(*record))) return false;
     if (record->type == KOORD_UTMREF) return MoveUtmrefToEquator(record);

@@ -354,6 +354,28 @@ TEST(ZoneLimits, RandomLimitsAreFoundWhereverThereIsOne) {
     }
 }
 
+TEST(ZoneLimits, ThereIsRoomWithinTheBorderOnly) {
+    for (const std::int32_t type : ZONED_TYPES) {
+        Random random(200u + static_cast<std::uint64_t>(type));
+        for (int i = 0; i < 100; ++i) {
+            const tagKOORD record = RandomZoned(type, random);
+            for (const Compass side : {Compass::East, Compass::West}) {
+                tagKOORD border = record;
+                ASSERT_TRUE(Zones_MoveToBorder(side, &border));
+                EXPECT_FALSE(Zones_HaveRoom(border));
+                Zones_SetEast(Zones_East(border) - 0.01 * SignOf(side), &border);
+                EXPECT_TRUE(Zones_HaveRoom(border)) << type;
+                Zones_SetEast(Zones_East(border) + 0.02 * SignOf(side), &border);
+                EXPECT_FALSE(Zones_HaveRoom(border)) << type;
+            }
+        }
+    }
+    EXPECT_FALSE(Zones_HaveRoom(Utm(0, 'N', 5e5, 5e6)));
+    EXPECT_FALSE(Zones_HaveRoom(Utm(32, 'N', NaN, 5e6)));
+    EXPECT_FALSE(Zones_HaveRoom(Utm(32, 'N', 5e5, NaN)));
+    EXPECT_FALSE(Zones_HaveRoom(GeodezRecord(48.0, 11.0)));
+}
+
 TEST(ZoneLimits, UtmrefLimitsAreWholeMetres) {
     // The limits of UTM 32 at 700000 are the northings 5907622.240 and, south of the equator, 4092377.760, at
     // latitude -53.28 in the band F.
