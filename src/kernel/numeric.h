@@ -42,6 +42,7 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
 
 // The value brought into -turn/2..turn/2 by whole turns; both ends stay as they are.
 [[nodiscard]] inline double WrapTurns(double value, double turn) {
+    if (std::fabs(value) <= turn / 2.0) return value;
     const double rest = std::fmod(value, turn);
     if (rest > turn / 2.0) return rest - turn;
     if (rest < -turn / 2.0) return rest + turn;

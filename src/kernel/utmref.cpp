@@ -4,8 +4,10 @@
 #include <cmath>
 #include <string_view>
 
+#include "kernel/datum_rows.h"
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
+#include "kernel/transverse_mercator_constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/limits.h"
@@ -140,7 +142,7 @@ bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
 }
 
 KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, const TmConstants* forward) {
-    const DatumRow* datum = Datum_Row(forward->datum);
+    const DatumRow* datum = RowOf(forward->datum);
     if (datum == nullptr) return KOORD_ERR_DATUM;
 
     UtmPayload utm{};
@@ -150,11 +152,8 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     RoundToMetres(&utm);
 
     // The band is that of the rounded position.
-    TmConstants inverse;
-    status = TM_LoadInverseConstants(forward->datum, &inverse);
-    if (status != KOORD_OK) return status;
     double rounded[2];
-    status = UTM_ToGeodetic(&utm, rounded, &inverse);
+    status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
     if (status != KOORD_OK) return status;
 
     const std::string_view columns = ColumnLetters(utm.zone);
@@ -173,7 +172,7 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
 }
 
 KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], const TmConstants* inverse) {
-    const DatumRow* datum = Datum_Row(inverse->datum);
+    const DatumRow* datum = RowOf(inverse->datum);
     if (datum == nullptr) return KOORD_ERR_GENERAL;
     double axes[2];
     Geodesic_LoadAxes(axes, inverse->datum);
