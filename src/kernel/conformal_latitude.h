@@ -7,14 +7,10 @@
 #include <cmath>
 #include <cstddef>
 
+#include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
 
 namespace tessara {
-
-// Sine and cosine of an angle, both times the same positive factor.
-struct Direction {
-    double sine, cosine;
-};
 
 // e * atanh(e * sin phi), by which the ellipsoid shortens the isometric latitude. At most 0.007 and, as e2 is
 // below 0.0069, exact to the last place after seven terms.

@@ -48,12 +48,8 @@ inline Plane SineSeries(const double c[5], const DoubleAngles& z) {
     return {sinRe * sumRe - sinIm * sumIm, sinRe * sumIm + sinIm * sumRe};
 }
 
-// Eastward a strip is narrow: up to a tenth of a radian, 5.7 degrees, a few terms of the power series are
-// exact to the last place. Wider strips take the functions of the library. x2 is the square of the argument.
-bool IsInStrip(double x2) {
-    return x2 < 0.01;
-}
-
+// Eastward a strip is narrow, and the functions of the longitude are short series. Wider strips take those of
+// the library.
 // The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
 double ArcSeries(double y) {
     const double y2 = y * y;
@@ -63,38 +59,15 @@ double ArcSeries(double y) {
 }
 
 double EastwardAtanh(double x) {
-    return IsInStrip(x * x) ? x * ArcSeries(x * x) : std::atanh(x);
+    return IsSmall(x * x) ? x * ArcSeries(x * x) : std::atanh(x);
 }
 
 double EastwardAtan(double x) {
-    return IsInStrip(x * x) ? x * ArcSeries(-(x * x)) : std::atan(x);
-}
-
-// The sum of y^k / (2k + 1)! over k = 0..4: sinh(x) / x for y = x^2, sin(x) / x for y = -x^2.
-double SineTerms(double y) {
-    return 1.0 + y * (1.0 / 6.0 + y * (1.0 / 120.0 + y * (1.0 / 5040.0 + y * (1.0 / 362880.0))));
-}
-
-// The sum of y^k / (2k)! over k = 0..5: cos(x) for y = -x^2.
-double CosineTerms(double y) {
-    return 1.0 + y * (1.0 / 2.0 +
-                      y * (1.0 / 24.0 + y * (1.0 / 720.0 + y * (1.0 / 40320.0 + y * (1.0 / 3628800.0)))));
+    return IsSmall(x * x) ? x * ArcSeries(-(x * x)) : std::atan(x);
 }
 
 double EastwardSinh(double x) {
-    return IsInStrip(x * x) ? x * SineTerms(x * x) : std::sinh(x);
-}
-
-Direction DirectionOf(double angle) {
-    const double y = angle * angle;
-    if (!IsInStrip(y)) return {std::sin(angle), std::cos(angle)};
-    return {angle * SineTerms(-y), CosineTerms(-y)};
-}
-
-// The angle after a turn back.
-Direction TurnBack(Direction angle, Direction turn) {
-    return {angle.sine * turn.cosine - angle.cosine * turn.sine,
-            angle.cosine * turn.cosine + angle.sine * turn.sine};
+    return IsSmall(x * x) ? x * SineTerms(x * x) : std::sinh(x);
 }
 
 // The method's isometric latitude has the tangent of lat/2 + pi/4, and doubles near the sum are coarser than
@@ -144,7 +117,7 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
     const double phi = LatitudeAsSeen(lat);
     const Direction chi = ConformalLatitude(std::sin(phi), std::cos(phi), figure.e2);
     const double up = chi.sine;
-    const Direction lambda = DirectionOf(dLon);
+    const Direction lambda = DirectionOfSmall(dLon);
     const double ahead = chi.cosine * lambda.cosine;
     const double aside = chi.cosine * lambda.sine;
 
@@ -166,7 +139,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const Figure figure = FigureOf(*c);
     const double unit = k * figure.a * c->seriesCoef[0];
     const Plane ellipsoid{(northing - falseNorthing) / unit, (easting - falseEasting) / unit};
-    const Direction north{std::sin(ellipsoid.north), std::cos(ellipsoid.north)};
+    const Direction north = DirectionOf(ellipsoid.north);
     const double sinhEast = EastwardSinh(ellipsoid.east);
     const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
     const DoubleAngles angles{2.0 * north.sine * north.cosine,
@@ -175,7 +148,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const Plane series = SineSeries(c->seriesCoef, angles);
 
     // On the sphere.
-    const Direction xi = TurnBack(north, DirectionOf(series.north));
+    const Direction xi = Difference(north, DirectionOfSmall(series.north));
     const double sinhEta = EastwardSinh(ellipsoid.east - series.east);
     const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
     const double meridian = std::sqrt(meridian2);

@@ -123,4 +123,106 @@ void TmInverse(Real easting, Real northing, Real k, Real falseEasting, Real fals
     *lat = TmLatitudeFromIsometric(psi, e, Real(1e-11)) * DEGREES_PER_RADIAN;
 }
 
+template <class Real>
+struct Geodesic {
+    Real first, second, third;
+    // Whether a step of the iteration came so near to the tolerance that the roundings of double decide
+    // whether it is the last; the distance depends on that by up to 1e-13 radians.
+    bool isClose = false;
+};
+
+// A distance below 0 says that the iteration on the longitude doesn't end.
+
+template <class Real>
+Geodesic<Real> GeodesicInverse(Real lat1, Real lon1, Real lat2, Real lon2, Real a, Real b) {
+    const Real n = (a - b) / (a + b);
+    const Real c = a / b * a;
+    const Real q = c / b - 1;
+    const auto reduced = [n](Real p) {
+        return p - n * std::sin(2 * p) + n * n / 2 * std::sin(4 * p) - n * n * n / 3 * std::sin(6 * p);
+    };
+    const Real R = DEGREES_PER_RADIAN;
+    const Real U1 = reduced(lat1 / R);
+    const Real U2 = reduced(lat2 / R);
+    const Real S = (U2 + U1) / 2;
+    const Real D = (U2 - U1) / 2;
+    const Real L = lon2 / R - lon1 / R;
+    Real lam = L;
+    bool isClose = false;
+    for (int i = 0; i < 100; ++i) {
+        const Real ch = std::cos(lam / 2);
+        const Real sh = std::sin(lam / 2);
+        const Real A = ch * std::cos(D);
+        const Real B = sh * std::sin(S);
+        const Real C = ch * std::sin(D);
+        const Real E = sh * std::cos(S);
+        const Real sigma = 2 * std::atan2(std::sqrt(C * C + E * E), std::sqrt(A * A + B * B));
+        const Real X = std::atan2(A, B);
+        const Real Y = -std::atan2(C, E);
+        const Real sa = std::sin(X + Y) * std::cos(U1);
+        const Real ca = std::cos(X + Y) * std::cos(U1);
+        const Real g = ca == 0 && std::sin(U1) == 0 ? 0 : std::atan2(ca, std::sin(U1));
+        const Real m = sigma - 2 * g;
+        const Real u = std::sqrt(1 + q - q * sa * sa);
+        const Real K = (u - 1) / (u + 1);
+        const Real T = (1 + n - K / 2 - K * K / 4) * sigma / 2 - K * std::cos(m) * std::sin(sigma) / 4 +
+                       std::cos(2 * m) * K * K * std::sin(2 * sigma) / 16;
+        const Real next = T * (q / (1 + q)) * sa + L;
+        const Real step = std::fabs(next - lam);
+        isClose = isClose || std::fabs(step - Real(1e-13)) <= Real(3e-15);
+        if (step <= Real(1e-13)) {
+            const Real distance = (K * K / 4 + 1) / (1 - K) * c / (1 + q) *
+                                  (sigma + (K - 3 * K * K * K / 8) * std::cos(m) * std::sin(sigma) -
+                                   std::cos(2 * m) * K * K * std::sin(2 * sigma) / 8 +
+                                   std::cos(3 * m) * K * K * K * std::sin(3 * sigma) / 24);
+            const auto azimuth = [R](Real x) { return x < 0 ? x * R + 360 : x * R; };
+            return {distance, azimuth(X + Y), azimuth(Y - X), isClose};
+        }
+        lam = next;
+    }
+    return {-1, 0, 0};
+}
+
+// Latitude, longitude and the azimuth back.
+template <class Real>
+Geodesic<Real> GeodesicDirect(Real lat, Real lon, Real distance, Real azimuth, Real a, Real b) {
+    const Real halfPi = sizeof(Real) == sizeof(double) ? Real(HALF_PI) : 2 * std::atan(Real(1));
+    const Real n = (a - b) / (a + b);
+    const Real c = a / b * a;
+    const Real q = c / b - 1;
+    const Real degrees = DEGREES_PER_RADIAN;
+    const Real p = lat / degrees;
+    const Real A = azimuth / degrees;
+    const Real U1 = p - n * std::sin(2 * p) + n * n / 2 * std::sin(4 * p) - n * n * n / 3 * std::sin(6 * p);
+    const Real sa = std::cos(U1) * std::sin(A);
+    const Real g = std::atan2(std::cos(U1) * std::cos(A), std::sin(U1));
+    const Real u = std::sqrt(1 + q - q * sa * sa);
+    const Real K = (u - 1) / (u + 1);
+    const Real L0 = (K * K / 4 + 1) / (1 - K);
+    const Real t = 2 * g + K * std::sin(2 * g) - K * K / 8 * std::sin(4 * g);
+    const Real s0 = (1 + q) * distance / c / L0;
+    const Real w = (s0 - t) / 2;
+    const Real sigma = s0 - (K - 9 * K * K * K / 16) * std::cos(2 * w) * std::sin(s0) +
+                       5 * K * K / 8 * std::cos(4 * w) * std::sin(2 * s0) -
+                       29 * K * K * K / 48 * std::cos(6 * w) * std::sin(3 * s0);
+    const Real r = halfPi - U1;
+    const Real h = A / 2;
+    const Real d = (sigma - r) / 2;
+    const Real v = (sigma + r) / 2;
+    const Real P = std::cos(h) * std::cos(d);
+    const Real Q = std::cos(h) * std::sin(d);
+    const Real R = std::sin(h) * std::cos(v);
+    const Real S = std::sin(h) * std::sin(v);
+    const Real U2 = halfPi - 2 * std::atan2(std::sqrt(Q * Q + S * S), std::sqrt(P * P + R * R));
+    const Real F = std::atan2(P, R);
+    const Real G = std::atan2(Q, S);
+    const Real C = q / (1 + q) * sa *
+                   ((1 + n - K / 2 - K * K / 4) * sigma / 2 - K / 4 * std::cos(2 * w) * std::sin(s0) +
+                    3 * K * K / 16 * std::cos(4 * w) * std::sin(2 * s0));
+    const Real latitude =
+        U2 + n * std::sin(2 * U2) + n * n / 2 * std::sin(4 * U2) + n * n * n / 3 * std::sin(6 * U2);
+    const Real back = (G - F) * degrees;
+    return {latitude * degrees, lon + (F + G - C) * degrees, back < 0 ? back + 360 : back};
+}
+
 }  // namespace tessara::reference

@@ -8,6 +8,7 @@
 
 #include "support/random.h"
 #include "support/tm_constants.h"
+#include "tessara/kernel/geodesic.h"
 
 // The references are computed in long double, which has more digits than double here.
 static_assert(LDBL_MANT_DIG > DBL_MANT_DIG);
@@ -159,6 +160,93 @@ TEST(TmInverse, IsNotANumberWhereItsWrittenFormIsNot) {
                 reference::TmInverse(east, north, k, 0.0, 0.0, 9.0, &refLon, &refLat, c);
                 EXPECT_EQ(std::isnan(lon), std::isnan(refLon)) << north << ' ' << east << ' ' << k;
                 EXPECT_EQ(std::isnan(lat), std::isnan(refLat)) << north << ' ' << east << ' ' << k;
+            }
+        }
+    }
+}
+
+// Angles as far apart as they are on the circle, at most 180 degrees.
+double Turn(double actual, long double expected) {
+    return static_cast<double>(std::fabs(std::remainder(actual - expected, 360.0L)));
+}
+
+TEST(GeodesicInverseCore, IsItsWrittenForm) {
+    Random random(1975);
+    for (int i = 0; i < TRIALS; ++i) {
+        double axes[2];
+        Geodesic_LoadAxes(axes, random.Below(DATUM_COUNT));
+        const double lat1 = random.Between(-90.0, 90.0);
+        const double lon1 = random.Between(-180.0, 180.0);
+        // Every third pair lies close together. Toward the antipode the problem itself loses digits.
+        const double reach = i % 3 == 0 ? 0.01 : 1.0;
+        const double lat2 = lat1 + reach * (random.Between(-90.0, 90.0) - lat1);
+        const double lon2 = lon1 + reach * random.Between(-150.0, 150.0);
+        SCOPED_TRACE(::testing::Message() << lat1 << ' ' << lon1 << ' ' << lat2 << ' ' << lon2);
+        const GeodesicResult actual = Geodesic_InverseCore(lat1, lon1, lat2, lon2, axes[0], axes[1]);
+        const auto expected =
+            reference::GeodesicInverse<long double>(lat1, lon1, lat2, lon2, axes[0], axes[1]);
+        if (expected.isClose) continue;
+        ExpectNear(actual.distance, expected.first, Metres(expected.first) + Metres(axes[0]), "distance");
+        // An azimuth is as sure as a unit in the last place of the positions lets it be.
+        const double arc = std::sin(static_cast<double>(expected.first) / axes[0]);
+        const double tolerance = 1e-13 + 2e-13 / arc;
+        EXPECT_TRUE(Turn(actual.azimuth12, expected.second) <= tolerance) << actual.azimuth12;
+        EXPECT_TRUE(Turn(actual.azimuth21, expected.third) <= tolerance) << actual.azimuth21;
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(GeodesicInverseCore, HasASolutionWhereItsWrittenFormHas) {
+    const double special[] = {0.0, -0.0, 1e-300, 1e-9, -1e-9, 30.0, 85.0, 90.0, -90.0, 179.0, 179.5, 180.0};
+    for (const double lat1 : {0.0, 1e-9, 10.0, -40.0, 90.0}) {
+        for (const double lat2 : special) {
+            if (std::fabs(lat2) > 90.0) continue;
+            for (const double lon2 : special) {
+                // Latitudes of one sign leave no search to go on with.
+                if (lat1 * lat2 < 0.0 || std::fabs(lat1 + lat2) < 5.0) continue;
+                const double a = WGS84_A;
+                const double b = a - a * WGS84_F;
+                const GeodesicResult actual = Geodesic_InverseCore(lat1, 0.0, lat2, lon2, a, b);
+                const auto expected = reference::GeodesicInverse(lat1, 0.0, lat2, lon2, a, b);
+                ASSERT_EQ(actual.distance < 0.0, expected.first < 0.0) << lat1 << ' ' << lat2 << ' ' << lon2;
+            }
+        }
+    }
+}
+
+TEST(GeodesicDirectCore, IsItsWrittenForm) {
+    Random random(1976);
+    for (int i = 0; i < TRIALS; ++i) {
+        double axes[2];
+        Geodesic_LoadAxes(axes, random.Below(DATUM_COUNT));
+        const double lat = random.Between(-89.9, 89.9);
+        const double azimuth = random.Between(-360.0, 360.0);
+        const double distance = random.Between(-1.9e7, 1.9e7) * (i % 3 == 0 ? 1e-4 : 1.0);
+        SCOPED_TRACE(::testing::Message() << lat << ' ' << azimuth << ' ' << distance);
+        const GeodesicResult actual = Geodesic_DirectCore(lat, 9.0, distance, azimuth, axes[0], axes[1]);
+        const auto expected =
+            reference::GeodesicDirect<long double>(lat, 9.0L, distance, azimuth, axes[0], axes[1]);
+        // The meridians close up at the poles, and the azimuths turn with them.
+        const double atPole = std::cos(static_cast<double>(expected.first) * DEGREE);
+        ExpectNear(actual.latitude, expected.first, 2.0 * Degrees(expected.first), "latitude");
+        EXPECT_TRUE(Turn(actual.longitude, expected.second) <= 2e-13 / atPole) << actual.longitude;
+        EXPECT_TRUE(Turn(actual.backAzimuth, expected.third) <= 2e-13 / atPole) << actual.backAzimuth;
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(GeodesicDirectCore, IsNotANumberWhereItsWrittenFormIsNot) {
+    const double values[] = {0.0, -0.0, 45.0, 90.0, -90.0, 1e10, 1e300, INFINITE, NOT_A_NUMBER};
+    for (const double lat : values) {
+        for (const double azimuth : values) {
+            for (const double distance : values) {
+                const GeodesicResult actual =
+                    Geodesic_DirectCore(lat, 9.0, distance, azimuth, 6378137.0, 6356752.0);
+                const auto expected =
+                    reference::GeodesicDirect(lat, 9.0, distance, azimuth, 6378137.0, 6356752.0);
+                EXPECT_EQ(std::isnan(actual.latitude), std::isnan(expected.first));
+                EXPECT_EQ(std::isnan(actual.longitude), std::isnan(expected.second));
+                EXPECT_EQ(std::isnan(actual.backAzimuth), std::isnan(expected.third));
             }
         }
     }
