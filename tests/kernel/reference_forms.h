@@ -225,4 +225,69 @@ Geodesic<Real> GeodesicDirect(Real lat, Real lon, Real distance, Real azimuth, R
     return {latitude * degrees, lon + (F + G - C) * degrees, back < 0 ? back + 360 : back};
 }
 
+template <class Real>
+Real TurnTakenOff(Real degrees, Real limit) {
+    if (degrees > limit) return degrees - 360;
+    return degrees < -limit ? degrees + 360 : degrees;
+}
+
+template <class Real>
+void MolodenskyApply(const HubParams& p, Real latLon[2], bool keepOnGlobe) {
+    const Real phi = latLon[0] * RADIANS_PER_DEGREE;
+    const Real lam = latLon[1] * RADIANS_PER_DEGREE;
+    const Real s = std::sin(phi);
+    const Real c = std::cos(phi);
+    const Real sl = std::sin(lam);
+    const Real cl = std::cos(lam);
+    const Real r = 1 / (1 - Real(p.f));
+    const Real w = 1 - s * s * p.e2;
+    const Real N = p.a / std::sqrt(w);
+    const Real M = (1 - Real(p.e2)) * p.a / std::pow(w, Real(1.5));
+    const Real numerator = -p.dx * s * cl - p.dy * s * sl + p.dz * c + N * p.e2 * s * c * p.da / p.a +
+                           (M * r + N / r) * p.df * s * c;
+    const Real q = -p.dx * sl + p.dy * cl;
+    Real dLam = 0;
+    if (q != 0 && std::fabs(latLon[0]) < Real(89.999999)) dLam = q / (N * c) * DEGREES_PER_RADIAN;
+    dLam = TurnTakenOff(std::fmod(dLam, Real(360)), Real(180));
+
+    const bool isEast = latLon[1] > 0;
+    latLon[0] += numerator / M * DEGREES_PER_RADIAN;
+    if (keepOnGlobe && std::fabs(latLon[0]) > 90) {
+        latLon[0] = (latLon[0] > 0 ? 180 : -180) - latLon[0];
+        latLon[1] += isEast ? -180 : 180;
+    }
+    latLon[1] = TurnTakenOff(latLon[1] + dLam, Real(360));
+}
+
+template <class Real>
+Real MolodenskyTolerance(Real latitude, double a, Real least) {
+    if (!(std::fabs(latitude) <= Real(89.99999))) return 360;
+    const Real tolerance = Real(328.28063500117446) / ((90 - std::fabs(latitude)) * a);
+    return tolerance > 360 ? Real(360) : tolerance < least ? least : tolerance;
+}
+
+template <class Real>
+void MolodenskyFromHub(Real latLon[2], const HubParams& p, const HubParams& back) {
+    const Real start[2] = {latLon[0], latLon[1]};
+    MolodenskyApply(p, latLon, true);
+    if (std::fabs(latLon[0] - start[0]) <= Real(0.001) &&
+        std::fabs(latLon[1] - start[1]) <= MolodenskyTolerance(latLon[0], back.a, Real(0.001))) {
+        return;
+    }
+    const Real tolerance = MolodenskyTolerance(latLon[0], back.a, Real(0.0001));
+    for (int i = 0; i < 4; ++i) {
+        Real copy[2] = {latLon[0], latLon[1]};
+        MolodenskyApply(back, copy, false);
+        const Real dLat = start[0] - copy[0];
+        const Real dLon = TurnTakenOff(start[1] - copy[1], Real(180));
+        latLon[0] = TurnTakenOff(latLon[0] + dLat, Real(360));
+        latLon[1] = TurnTakenOff(latLon[1] + dLon, Real(360));
+        if (std::fabs(dLat) <= Real(0.0001) && std::fabs(dLon) <= tolerance) break;
+    }
+    if (std::fabs(latLon[0]) > 90) {
+        latLon[0] = (latLon[0] > 0 ? 180 : -180) - latLon[0];
+        latLon[1] += latLon[1] < 0 ? 180 : -180;
+    }
+}
+
 }  // namespace tessara::reference

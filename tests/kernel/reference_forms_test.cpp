@@ -252,5 +252,65 @@ TEST(GeodesicDirectCore, IsNotANumberWhereItsWrittenFormIsNot) {
     }
 }
 
+// `moved` is what the written form gives for a position a last bit further: toward a pole that is a good deal
+// of longitude.
+void ExpectNearPosition(const double actual[2], const long double expected[2], const long double moved[2]) {
+    for (int i = 0; i < 2; ++i) {
+        const double lastBit = Turn(static_cast<double>(moved[i]), expected[i]);
+        EXPECT_TRUE(Turn(actual[i], expected[i]) <= Degrees(180.0) + 64.0 * lastBit) << actual[i];
+    }
+}
+
+TEST(Molodensky, IsItsWrittenForm) {
+    Random random(8350);
+    for (int i = 0; i < TRIALS; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        HubParams toHub;
+        HubParams fromHub;
+        Datum_LoadToHub(datum, &toHub);
+        Datum_LoadFromHub(datum, &fromHub);
+        // Every fourth position lies within a shift of a pole, where latitudes are reflected.
+        const double lat = i % 4 == 0 ? 90.0 - random.Between(0.0, 0.01) : random.Between(-90.0, 90.0);
+        const double lon = random.Between(-180.0, 180.0);
+        SCOPED_TRACE(::testing::Message() << "datum " << datum << ' ' << lat << ' ' << lon);
+
+        double in[2] = {lat, lon};
+        long double expectedIn[2] = {lat, lon};
+        long double movedIn[2] = {std::nextafter(lat, 0.0), lon};
+        Molodensky_ToHub(in, &toHub);
+        reference::MolodenskyApply(toHub, movedIn, true);
+        reference::MolodenskyApply(toHub, expectedIn, true);
+        ExpectNearPosition(in, expectedIn, movedIn);
+
+        double out[2] = {lat, lon};
+        long double expectedOut[2] = {lat, lon};
+        long double movedOut[2] = {std::nextafter(lat, 0.0), lon};
+        Molodensky_FromHub(out, &fromHub, datum);
+        reference::MolodenskyFromHub(movedOut, fromHub, toHub);
+        reference::MolodenskyFromHub(expectedOut, fromHub, toHub);
+        ExpectNearPosition(out, expectedOut, movedOut);
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(Molodensky, IsNotANumberWhereItsWrittenFormIsNot) {
+    HubParams toHub;
+    HubParams fromHub;
+    Datum_LoadToHub(3, &toHub);
+    Datum_LoadFromHub(3, &fromHub);
+    for (const double lat : {0.0, -0.0, 90.0, -90.0, 89.9999995, 91.0, -1e9, 1e300, INFINITE, NOT_A_NUMBER}) {
+        for (const double lon : {0.0, -0.0, 180.0, -180.0, 400.0, 1e300, -INFINITE, NOT_A_NUMBER}) {
+            double actual[2] = {lat, lon};
+            double expected[2] = {lat, lon};
+            Molodensky_FromHub(actual, &fromHub, 3);
+            reference::MolodenskyFromHub(expected, fromHub, toHub);
+            for (int i = 0; i < 2; ++i) {
+                EXPECT_EQ(std::isnan(actual[i]), std::isnan(expected[i])) << lat << ' ' << lon;
+                EXPECT_EQ(std::isinf(actual[i]), std::isinf(expected[i])) << lat << ' ' << lon;
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tessara
