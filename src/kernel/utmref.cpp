@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "kernel/compile_time_math.h"
 #include "kernel/datum_rows.h"
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
@@ -71,17 +72,6 @@ void RoundToMetres(UtmPayload* utm) {
     }
 }
 
-// The sine by its power series, for the compiler; good to a few units in the last place up to 8 radians.
-consteval double Sine(double x) {
-    double term = x;
-    double sum = x;
-    for (int k = 1; k < 30; ++k) {
-        term *= -x * x / (2.0 * k * (2.0 * k + 1.0));
-        sum += term;
-    }
-    return sum;
-}
-
 // The bands' edges in degrees away from the equator.
 constexpr std::array EDGES{0.0, 8.0, 16.0, 24.0, 32.0, 40.0, 48.0, 56.0, 64.0, 72.0, 80.0, UTM_LIMITS.north};
 using EdgeDistances = std::array<double, EDGES.size()>;
@@ -95,12 +85,13 @@ consteval EdgeDistances ComputeEdgeDistances(const EllipsoidFigure& figure) {
     const double n2 = n * n;
     EdgeDistances distances{};
     for (std::size_t i = 0; i < EDGES.size(); ++i) {
-        const double phi = EDGES[i] * PI / 180.0;
-        const double arc = (1.0 + n2 / 4.0 + n2 * n2 / 64.0) * phi -
-                           3.0 / 2.0 * (n - n * n2 / 8.0) * Sine(2.0 * phi) +
-                           15.0 / 16.0 * (n2 - n2 * n2 / 4.0) * Sine(4.0 * phi) -
-                           35.0 / 48.0 * n * n2 * Sine(6.0 * phi) + 315.0 / 512.0 * n2 * n2 * Sine(8.0 * phi);
-        distances[i] = figure.a / (1.0 + n) * arc;
+        const long double phi = EDGES[i] * static_cast<long double>(PI) / 180.0;
+        const long double arc = (1.0 + n2 / 4.0 + n2 * n2 / 64.0) * phi -
+                                3.0 / 2.0 * (n - n * n2 / 8.0) * compile_time::Sine(2.0 * phi) +
+                                15.0 / 16.0 * (n2 - n2 * n2 / 4.0) * compile_time::Sine(4.0 * phi) -
+                                35.0 / 48.0 * n * n2 * compile_time::Sine(6.0 * phi) +
+                                315.0 / 512.0 * n2 * n2 * compile_time::Sine(8.0 * phi);
+        distances[i] = static_cast<double>(figure.a / (1.0 + n) * arc);
     }
     return distances;
 }

@@ -290,4 +290,76 @@ void MolodenskyFromHub(Real latLon[2], const HubParams& p, const HubParams& back
     }
 }
 
+template <class Real>
+struct UpsConstantsOf {
+    Real e, poleRadius, s2, s4, s6, s8;
+
+    explicit UpsConstantsOf(std::int32_t datum) {
+        const DatumRow& row = *Datum_Row(datum);
+        const double b = (1.0 - row.f) * row.a;
+        const double e2 = row.f == 0.0 ? 0.0 : (row.a * row.a - b * b) / (row.a * row.a);
+        e = std::sqrt(Real(e2));
+        poleRadius = 2 * row.a * std::pow((1 - e) / (1 + e), e / 2) / std::sqrt(1 - e * e);
+        const double d = e2, d2 = d * d, d3 = d2 * d, d4 = d2 * d2;
+        s2 = d / 2.0 + 5.0 * d2 / 24.0 + d3 / 12.0 + 13.0 * d4 / 360.0;
+        s4 = 7.0 * d2 / 48.0 + 29.0 * d3 / 240.0 + 811.0 * d4 / 11520.0;
+        s6 = 7.0 * d3 / 120.0 + 81.0 * d4 / 1120.0;
+        s8 = 4279.0 * d4 / 161280.0;
+    }
+};
+
+template <class Real>
+void UpsForward(const double latLon[2], Real* easting, Real* northing, std::int32_t datum) {
+    const UpsConstantsOf<Real> c(datum);
+    const Real quarterPi = sizeof(Real) == sizeof(double) ? Real(QUARTER_PI) : std::atan(Real(1));
+    const Real p = std::fabs(Real(latLon[0])) * RADIANS_PER_DEGREE;
+    const Real lambda = Real(latLon[1]) * RADIANS_PER_DEGREE;
+    const Real eSin = c.e * std::sin(p);
+    const Real t = std::tan(quarterPi - p / 2) * std::pow((1 + eSin) / (1 - eSin), c.e / 2);
+    const Real r = Real(0.994) * c.poleRadius * t;
+    *northing = std::cos(lambda) * (latLon[0] < 0.0 ? 1 : -1) * r + Real(2.0e6);
+    *easting = std::sin(lambda) * r + Real(2.0e6);
+}
+
+// For points off the pole.
+template <class Real>
+void UpsInverse(Real easting, Real northing, bool isSouth, Real latLon[2], std::int32_t datum) {
+    const UpsConstantsOf<Real> c(datum);
+    const Real halfPi = sizeof(Real) == sizeof(double) ? Real(HALF_PI) : 2 * std::atan(Real(1));
+    const Real sign = isSouth ? 1 : -1;
+    Real dx = easting - Real(2.0e6);
+    Real dy = std::fabs(northing) - Real(2.0e6);
+    if (std::fabs(dx) < Real(0.0001)) dx = 0;
+    if (std::fabs(dy) < Real(0.0001)) dy = 0;
+    const Real lambda = std::atan2(dx, sign * dy);
+    const Real r =
+        std::fabs(dy) <= std::fabs(dx) ? std::fabs(dx / std::sin(lambda)) : std::fabs(dy / std::cos(lambda));
+    const Real chi = halfPi - 2 * std::atan(r / (c.poleRadius * Real(0.994)));
+    const Real lat = chi + c.s2 * std::sin(2 * chi) + c.s4 * std::sin(4 * chi) + c.s6 * std::sin(6 * chi) +
+                     c.s8 * std::sin(8 * chi);
+    latLon[0] = -sign * lat * DEGREES_PER_RADIAN;
+    latLon[1] = lambda * DEGREES_PER_RADIAN;
+}
+
+// Latitude in degrees and height, for points off the axis.
+template <class Real>
+void EcefInverse(Real p, Real z, const DatumRow& row, Real* latitude, Real* height) {
+    const auto normalRadius = [&row](Real lat) {
+        return row.a / std::sqrt(1 - row.e2 * std::sin(lat) * std::sin(lat));
+    };
+    Real lat = std::atan(z / ((1 - Real(row.e2)) * p));
+    Real N = normalRadius(lat);
+    Real d;
+    int count = 0;
+    do {
+        const Real c = std::cos(lat);
+        d = (std::tan(lat) - (N * row.e2 * std::sin(lat) + z) / p) /
+            (1 / (c * c) - N / p * (N / row.a) * (N / row.a) * row.e2 * c);
+        lat -= d;
+        N = normalRadius(lat);
+    } while (d > Real(1.7453292519943295e-8) && ++count < 100);
+    *latitude = lat * DEGREES_PER_RADIAN;
+    *height = p / std::cos(lat) - N;
+}
+
 }  // namespace tessara::reference

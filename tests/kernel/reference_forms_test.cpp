@@ -8,7 +8,9 @@
 
 #include "support/random.h"
 #include "support/tm_constants.h"
+#include "tessara/kernel/ecef.h"
 #include "tessara/kernel/geodesic.h"
+#include "tessara/kernel/ups.h"
 
 // The references are computed in long double, which has more digits than double here.
 static_assert(LDBL_MANT_DIG > DBL_MANT_DIG);
@@ -308,6 +310,106 @@ TEST(Molodensky, IsNotANumberWhereItsWrittenFormIsNot) {
                 EXPECT_EQ(std::isnan(actual[i]), std::isnan(expected[i])) << lat << ' ' << lon;
                 EXPECT_EQ(std::isinf(actual[i]), std::isinf(expected[i])) << lat << ' ' << lon;
             }
+        }
+    }
+}
+
+TEST(UpsFromGeodetic, IsItsWrittenForm) {
+    Random random(1989);
+    for (int i = 0; i < TRIALS; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        const double reach = i % 4 == 0 ? 0.01 : 90.0;
+        const double side = i % 2 == 0 ? 1.0 : -1.0;
+        const double latLon[2] = {side * (90.0 - random.Between(0.0, reach)), random.Between(-180.0, 180.0)};
+        UpsPayload payload{};
+        ASSERT_EQ(UPS_FromGeodetic(latLon, &payload, datum), KOORD_OK);
+        long double easting = 0.0L;
+        long double northing = 0.0L;
+        reference::UpsForward(latLon, &easting, &northing, datum);
+        SCOPED_TRACE(::testing::Message() << "datum " << datum << ' ' << latLon[0] << ' ' << latLon[1]);
+        const double tolerance = Metres(2e6L + std::hypot(easting - 2e6L, northing - 2e6L));
+        ExpectNear(payload.easting, easting, tolerance, "easting");
+        ExpectNear(payload.northing, northing, tolerance, "northing");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(UpsToGeodetic, IsItsWrittenForm) {
+    Random random(1990);
+    for (int i = 0; i < TRIALS; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        const double reach = i % 4 == 0 ? 10.0 : 1e7;
+        UpsPayload payload{};
+        payload.hemisphere = i % 2 == 0 ? 'S' : 'N';
+        payload.easting = 2e6 + random.Between(-reach, reach);
+        payload.northing = 2e6 + random.Between(-0.15 * reach, reach);
+        double actual[2];
+        ASSERT_EQ(UPS_ToGeodetic(&payload, actual, datum), KOORD_OK);
+        long double expected[2];
+        reference::UpsInverse<long double>(payload.easting, payload.northing, i % 2 == 0, expected, datum);
+        SCOPED_TRACE(::testing::Message()
+                     << "datum " << datum << ' ' << payload.easting << ' ' << payload.northing);
+        ExpectNear(actual[0], expected[0], Degrees(expected[0]), "latitude");
+        ExpectNear(actual[1], expected[1], Degrees(expected[1]), "longitude");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(UpsToGeodetic, IsNotANumberWhereItsWrittenFormIsNot) {
+    for (const double easting : {2e6, 2e6 + 1.0, 0.0, 1e9, 1e200, 1e300, INFINITE, -INFINITE, NOT_A_NUMBER}) {
+        for (const double northing : {2e6 + 1.0, -2e6 - 1.0, 1e200, INFINITE, -INFINITE, NOT_A_NUMBER}) {
+            const UpsPayload payload{'N', {}, easting, northing};
+            double actual[2];
+            double expected[2];
+            UPS_ToGeodetic(&payload, actual, 2);
+            reference::UpsInverse(easting, northing, false, expected, 2);
+            EXPECT_EQ(std::isnan(actual[0]), std::isnan(expected[0])) << easting << ' ' << northing;
+            EXPECT_EQ(std::isnan(actual[1]), std::isnan(expected[1])) << easting << ' ' << northing;
+        }
+    }
+}
+
+GeodezPayload FromEcef(double x, double y, double z, std::int32_t datum) {
+    tagKOORD source = MakeKoord(datum, KOORD_ECEF);
+    Store(source, EcefPayload{x, y, z});
+    tagKOORD work = MakeKoord(datum, KOORD_GEODEZ);
+    EXPECT_EQ(ECEF_ToGeodetic(&source, &work), KOORD_OK);
+    return Load<GeodezPayload>(work);
+}
+
+TEST(EcefToGeodetic, IsItsWrittenForm) {
+    Random random(1985);
+    for (int i = 0; i < TRIALS; ++i) {
+        const DatumRow& row = *Datum_Row(random.Below(DATUM_COUNT));
+        // From the ground to the satellites, every fourth point near the axis.
+        const double radius = random.Between(6.3e6, i % 3 == 0 ? 4.5e7 : 6.4e6);
+        const double angle = (i % 4 == 0 ? random.Between(89.9, 90.0) : random.Between(-90.0, 90.0)) * DEGREE;
+        const double p = radius * std::cos(angle);
+        const double z = radius * std::sin(angle);
+        const GeodezPayload actual = FromEcef(p, 0.0, z, static_cast<std::int32_t>(row.id));
+        long double latitude = 0.0L;
+        long double height = 0.0L;
+        reference::EcefInverse<long double>(p, z, row, &latitude, &height);
+        SCOPED_TRACE(::testing::Message() << "datum " << row.id << ' ' << p << ' ' << z);
+        ExpectNear(actual.latitude, latitude, Degrees(latitude), "latitude");
+        // Toward the axis the height is a quotient of two small numbers.
+        ExpectNear(actual.height, height, Metres(radius) / std::cos(angle), "height");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(EcefToGeodetic, IsNotANumberWhereItsWrittenFormIsNot) {
+    const double values[] = {1e-320, 1e-300, 1e-9, 1.0, 6.4e6, 1e160, 1e300, INFINITE, NOT_A_NUMBER};
+    for (const double p : values) {
+        for (const double z : values) {
+            const GeodezPayload actual = FromEcef(p, 0.0, z, 2);
+            const double across = std::sqrt(p * p);
+            if (across == 0.0) continue;
+            double latitude = 0.0;
+            double height = 0.0;
+            reference::EcefInverse(across, z, *Datum_Row(2), &latitude, &height);
+            EXPECT_EQ(std::isnan(actual.latitude), std::isnan(latitude)) << p << ' ' << z;
+            EXPECT_EQ(std::isnan(actual.height), std::isnan(height)) << p << ' ' << z;
         }
     }
 }
