@@ -40,6 +40,19 @@ namespace tessara {
     return {sinPhi * CoshOfShare(q) - SinhOfShare(q), cosPhi < 0.0 ? std::nan("") : cosPhi};
 }
 
+// The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
+// are taken as they are. That on the ellipsoid is smaller by the share.
+[[nodiscard]] inline double SphericalIsometricLatitude(Direction phi) {
+    if (phi.sine < 0.0) return -std::log((1.0 - phi.sine) / phi.cosine);
+    return std::log((1.0 + phi.sine) / phi.cosine);
+}
+
+// The direction of a latitude on the sphere from the exponential of its isometric latitude.
+[[nodiscard]] inline Direction DirectionOfExponential(double t) {
+    const auto [cosine, minusSine] = DoubledOfTangent(t);
+    return {-minusSine, cosine};
+}
+
 // The way back: phi - chi is a sine series whose coefficients are series in the third flattening n (here up
 // to its sixth power; the next is below 1e-17). The sines of 2, 4, 6 ... 12 chi are sin 2chi times
 // polynomials in cos 2chi, which makes of the sum one polynomial times sin 2chi. The array holds its
@@ -77,19 +90,20 @@ inline constexpr auto LATITUDE_SERIES = ForEachEllipsoid<LatitudeSeries>(Compute
     return twice.sine * (p[0] + p[1] * x + x2 * (p[2] + p[3] * x + x2 * (p[4] + p[5] * x)));
 }
 
-// The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a step
-// of at most `tolerance` radians and so short of its limit. This is what it is short by, to be added to the
-// limit. Each of its steps multiplies the distance by e2 cos^2 phi / (1 - e2 sin^2 phi), with a term for the
-// curvature; following the steps on these two numbers gives the last one to six digits. `step` is phi - chi,
-// `twice` the direction of twice chi.
-[[nodiscard]] inline double RestOfIteration(double step, Direction twice, double e2, double tolerance) {
+// The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a
+// step of at most `tolerance` radians and so short of its limit. This is what it is short by, to be added
+// to the limit. Each of its steps multiplies the distance by e2 cos^2 phi / (1 - e2 sin^2 phi), with a
+// term for the curvature; following the steps on these two numbers gives the last one to six digits.
+// `start` is the first value minus phi, `step` is phi - chi, `twice` the direction of twice chi.
+[[nodiscard]] inline double RestOfIteration(double start, double step, Direction twice, double e2,
+                                            double tolerance) {
     const double cosine = twice.cosine - 2.0 * step * twice.sine;  // of twice phi
     const double sine = twice.sine + 2.0 * step * twice.cosine;
     const double x = 0.5 * e2 * (1.0 - cosine);
     const double perW = 1.0 + x * (1.0 + x);
     const double factor = 0.5 * e2 * (1.0 + cosine) * perW;
     const double curvature = 0.25 * e2 * sine * perW * (1.0 + factor);
-    double rest = -step;
+    double rest = start;
     double change = 0.0;
     do {
         const double next = rest * (factor - curvature * rest);

@@ -39,6 +39,37 @@ struct Direction {
     return {angle * SineTerms(-y), CosineTerms(-y)};
 }
 
+[[nodiscard]] inline double SinhOfSmall(double x) {
+    return IsSmall(x * x) ? x * SineTerms(x * x) : std::sinh(x);
+}
+
+// The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
+[[nodiscard]] inline double ArcTerms(double y) {
+    const double y2 = y * y;
+    const double even = 1.0 + y2 * (1.0 / 5.0 + y2 * (1.0 / 9.0 + y2 * (1.0 / 13.0)));
+    const double odd = 1.0 / 3.0 + y2 * (1.0 / 7.0 + y2 * (1.0 / 11.0 + y2 * (1.0 / 15.0)));
+    return even + y * odd;
+}
+
+[[nodiscard]] inline double AtanOfSmall(double x) {
+    return IsSmall(x * x) ? x * ArcTerms(-(x * x)) : std::atan(x);
+}
+
+[[nodiscard]] inline double AtanhOfSmall(double x) {
+    return IsSmall(x * x) ? x * ArcTerms(x * x) : std::atanh(x);
+}
+
+// Twice the angle of a tangent from 0 up to infinity.
+[[nodiscard]] inline Direction DoubledOfTangent(double t) {
+    if (t > 1.0) {
+        const double u = 1.0 / t;
+        const double scale = 1.0 / (1.0 + u * u);
+        return {2.0 * u * scale, (u * u - 1.0) * scale};
+    }
+    const double scale = 1.0 / (1.0 + t * t);
+    return {2.0 * t * scale, (1.0 - t * t) * scale};
+}
+
 [[nodiscard]] inline Direction Sum(Direction x, Direction y) {
     return {x.sine * y.cosine + x.cosine * y.sine, x.cosine * y.cosine - x.sine * y.sine};
 }

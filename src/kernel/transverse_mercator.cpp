@@ -48,28 +48,6 @@ inline Plane SineSeries(const double c[5], const DoubleAngles& z) {
     return {sinRe * sumRe - sinIm * sumIm, sinRe * sumIm + sinIm * sumRe};
 }
 
-// Eastward a strip is narrow, and the functions of the longitude are short series. Wider strips take those of
-// the library.
-// The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
-double ArcSeries(double y) {
-    const double y2 = y * y;
-    const double even = 1.0 + y2 * (1.0 / 5.0 + y2 * (1.0 / 9.0 + y2 * (1.0 / 13.0)));
-    const double odd = 1.0 / 3.0 + y2 * (1.0 / 7.0 + y2 * (1.0 / 11.0 + y2 * (1.0 / 15.0)));
-    return even + y * odd;
-}
-
-double EastwardAtanh(double x) {
-    return IsSmall(x * x) ? x * ArcSeries(x * x) : std::atanh(x);
-}
-
-double EastwardAtan(double x) {
-    return IsSmall(x * x) ? x * ArcSeries(-(x * x)) : std::atan(x);
-}
-
-double EastwardSinh(double x) {
-    return IsSmall(x * x) ? x * SineTerms(x * x) : std::sinh(x);
-}
-
 // The method's isometric latitude has the tangent of lat/2 + pi/4, and doubles near the sum are coarser than
 // the latitude: what doesn't move it off pi/4 lies on the equator and, as the double is short of pi/4, just
 // south of it; what doesn't move it beyond pi/2 isn't beyond the pole. Signs and limits are decided on this.
@@ -107,6 +85,8 @@ double NorthingOnMeridian(double lat, const TmConstants& c) {
 
 }  // namespace
 
+// Eastward a strip is narrow, and the functions of the longitude are short series.
+//
 // With (S, C) the direction of the conformal latitude, the point of the conformal sphere is (S, C cos dLon,
 // C sin dLon). Its transverse latitude and longitude and all the functions of their doubles follow from these
 // three by algebra, so that nothing is lost near the poles and a point on the central meridian has easting 0
@@ -123,7 +103,7 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
 
     const double meridian2 = up * up + ahead * ahead;
     const double radius = std::sqrt(meridian2 + aside * aside);
-    const Plane sphere{std::atan(up / ahead), EastwardAtanh(aside / radius)};
+    const Plane sphere{std::atan(up / ahead), AtanhOfSmall(aside / radius)};
     const double twice = 2.0 / meridian2;
     const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up),
                               twice * aside * radius, 1.0 + twice * aside * aside};
@@ -140,7 +120,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const double unit = k * figure.a * c->seriesCoef[0];
     const Plane ellipsoid{(northing - falseNorthing) / unit, (easting - falseEasting) / unit};
     const Direction north = DirectionOf(ellipsoid.north);
-    const double sinhEast = EastwardSinh(ellipsoid.east);
+    const double sinhEast = SinhOfSmall(ellipsoid.east);
     const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
     const DoubleAngles angles{2.0 * north.sine * north.cosine,
                               (north.cosine - north.sine) * (north.cosine + north.sine),
@@ -149,10 +129,10 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
 
     // On the sphere.
     const Direction xi = Difference(north, DirectionOfSmall(series.north));
-    const double sinhEta = EastwardSinh(ellipsoid.east - series.east);
+    const double sinhEta = SinhOfSmall(ellipsoid.east - series.east);
     const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
     const double meridian = std::sqrt(meridian2);
-    const double lambda = EastwardAtan(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;
+    const double lambda = AtanOfSmall(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;
     const double chi = std::atan(xi.sine / meridian);
 
     // Back to the ellipsoid.
@@ -160,7 +140,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const Direction twice{2.0 * xi.sine * meridian * perRadius2,
                           (meridian2 - xi.sine * xi.sine) * perRadius2};
     const double step = LatitudeStep(LATITUDE_SERIES[figure.ellipsoid], twice);
-    const double rest = RestOfIteration(step, twice, figure.e2, LATITUDE_TOLERANCE);
+    const double rest = RestOfIteration(-step, step, twice, figure.e2, LATITUDE_TOLERANCE);
     *lon = lambda * DEGREES_PER_RADIAN;
     *lat = (chi + (step + rest) - (HALF_PI_SHORT - HALF_PI)) * DEGREES_PER_RADIAN;
 }

@@ -28,17 +28,6 @@ double LatitudeStep(Direction twice, const UpsConstants& c) {
            ((c.s2 - c.s6) + x * (2.0 * c.s4 - 4.0 * c.s8) + x * x * (4.0 * c.s6 + x * (8.0 * c.s8)));
 }
 
-// Of the conformal latitude whose half distance from the pole has the tangent t.
-Direction DirectionFromPole(double t) {
-    if (t > 1.0) {
-        const double u = 1.0 / t;
-        const double scale = 1.0 / (1.0 + u * u);
-        return {(u * u - 1.0) * scale, 2.0 * u * scale};
-    }
-    const double scale = 1.0 / (1.0 + t * t);
-    return {(1.0 - t * t) * scale, 2.0 * t * scale};
-}
-
 consteval UpsConstants Compute(const EllipsoidFigure& figure) {
     const double a = figure.a;
     const double f = figure.Flattening();
@@ -114,7 +103,8 @@ KoordStatus UPS_ToGeodetic(const UpsPayload* payload, double latLon[2], std::int
     if (dx != 0.0 || dy != 0.0) {
         const double t = std::sqrt(dx * dx + dy * dy) / (c->poleRadius * SCALE);
         const double chi = HALF_PI - 2.0 * std::atan(t);
-        latitude = (chi + LatitudeStep(Doubled(DirectionFromPole(t)), *c)) * DEGREES_PER_RADIAN;
+        const auto [cosChi, sinChi] = DoubledOfTangent(t);
+        latitude = (chi + LatitudeStep(Doubled({sinChi, cosChi}), *c)) * DEGREES_PER_RADIAN;
         longitude = std::atan2(dx, sign * dy) * DEGREES_PER_RADIAN;
     }
     latitude = -(sign * latitude);
