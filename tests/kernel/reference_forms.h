@@ -362,4 +362,112 @@ void EcefInverse(Real p, Real z, const DatumRow& row, Real* latitude, Real* heig
     *height = p / std::cos(lat) - N;
 }
 
+template <class Real>
+struct Swiss {
+    Real degPerRad = 45 / std::atan(Real(1));
+    Real quarterPi = sizeof(Real) == sizeof(double) ? Real(QUARTER_PI) : std::atan(Real(1));
+    Real lon0 = Real(7.439583333333333) / degPerRad;
+    Real lat0 = Real(46.95240555555556) / degPerRad;
+    Real e = std::sqrt(Real(0.006674372231802145));
+    Real alpha = std::sqrt(1 + Real(0.006719218799174759) * std::pow(std::cos(lat0), Real(4)));
+    Real b0 =
+        std::atan(std::sin(lat0) / alpha / std::sqrt(1 - std::sin(lat0) / alpha * (std::sin(lat0) / alpha)));
+    Real radius = std::sqrt(Real(0.9933256277681979)) * Real(6377397.155) /
+                  (1 - Real(0.006674372231802145) * std::sin(lat0) * std::sin(lat0));
+    Real k = LogTan(b0) - alpha * LogTan(lat0) + alpha * e / 2 * LogRatio(lat0);
+
+    Real LogTan(Real lat) const { return std::log(std::tan(lat / 2 + quarterPi)); }
+    Real LogRatio(Real lat) const { return std::log((1 + e * std::sin(lat)) / (1 - e * std::sin(lat))); }
+
+    void Forward(Real latitude, Real longitude, Real* easting, Real* northing) const {
+        const Real lat = latitude / degPerRad;
+        const Real S = alpha * LogTan(lat) + k - alpha * e / 2 * LogRatio(lat);
+        const Real b = 2 * (std::atan(std::exp(S)) - quarterPi);
+        const Real l = alpha * (longitude / degPerRad - lon0);
+        const Real X = std::cos(l) * std::cos(b) * std::cos(b0) + std::sin(b) * std::sin(b0);
+        const Real Y = std::sin(l) * std::cos(b);
+        const Real Z = std::sin(b) * std::cos(b0) - std::cos(l) * std::cos(b) * std::sin(b0);
+        const Real sinBBar = std::sin(std::atan(Z / std::sqrt(X * X + Y * Y)));
+        *easting = radius * std::atan(Y / X) + 600000;
+        *northing = radius / 2 * std::log((1 + sinBBar) / (1 - sinBBar)) + 200000;
+    }
+
+    void Inverse(Real easting, Real northing, Real latLon[2]) const {
+        const Real E = std::exp(2 * (northing - 200000) / radius);
+        const Real s = (E - 1) / (E + 1);
+        const Real bBar = std::atan(s / std::sqrt(1 - s * s));
+        const Real lBar = (easting - 600000) / radius;
+        const Real X = std::cos(lBar) * std::cos(bBar) * std::cos(b0) - std::sin(b0) * std::sin(bBar);
+        const Real Y = std::sin(lBar) * std::cos(bBar);
+        const Real Z = std::cos(b0) * std::sin(bBar) + std::cos(lBar) * std::cos(bBar) * std::sin(b0);
+        const Real b = std::atan(Z / std::sqrt(X * X + Y * Y));
+        const Real c = (LogTan(b) - k) / alpha;
+        Real p = b;
+        Real old;
+        do {
+            old = p;
+            p = 2 * (std::atan(std::exp(e / 2 * LogRatio(old) + c)) - quarterPi);
+        } while (std::fabs(p - old) >= Real(1e-11));
+        latLon[0] = p * degPerRad;
+        latLon[1] = (std::atan(Y / X) / alpha + lon0) * degPerRad;
+    }
+};
+
+template <class Real>
+struct Dutch {
+    Real quarterPi = sizeof(Real) == sizeof(double) ? Real(QUARTER_PI) : std::atan(Real(1));
+    Real e, n, b0, m, radius;
+
+    explicit Dutch(std::int32_t datum) {
+        const Real a = Datum_SemiMajorAxis(datum);
+        const Real e2 = Datum_EccentricitySquared(datum);
+        const Real phi0 = Real(52.1561605556) * RADIANS_PER_DEGREE;
+        const Real c2 = std::cos(phi0) * std::cos(phi0);
+        const Real w = e2 / (1 - e2) * c2;
+        const Real s = std::sin(phi0);
+        e = std::sqrt(e2);
+        b0 = std::atan(std::tan(phi0) / std::sqrt(1 + w));
+        n = std::sqrt(w * c2 + 1);
+        m = std::exp(n * (std::atanh(s) - e * std::atanh(e * s))) / std::exp(std::atanh(std::sin(b0)));
+        radius =
+            std::sqrt((1 - e2) * a / std::pow(1 - e2 * s * s, Real(1.5)) * a / std::sqrt(1 - e2 * s * s));
+    }
+
+    Real GaussLatitude(Real lat) const {
+        const Real eSin = e * std::sin(lat);
+        return 2 * std::atan(std::exp(n * std::log(std::tan(lat / 2 + quarterPi))) *
+                             std::exp(n * e / 2 * std::log((1 - eSin) / (1 + eSin))) / m) -
+               2 * quarterPi;
+    }
+
+    void Forward(Real latitude, Real longitude, Real* easting, Real* northing) const {
+        const Real L = (longitude - Real(5.3876388889)) * RADIANS_PER_DEGREE * n;
+        const Real b = GaussLatitude(latitude * RADIANS_PER_DEGREE);
+        const Real D = 1 + std::sin(b0) * std::sin(b) + std::cos(b0) * std::cos(b) * std::cos(L);
+        const Real y =
+            (std::cos(b0) * std::sin(b) - std::sin(b0) * std::cos(b) * std::cos(L)) * 2 * radius / D;
+        const Real x = std::cos(b) * std::sin(L) * 2 * radius / D;
+        *easting = Real(0.99990790084) * x + 155000;
+        *northing = Real(0.99990790084) * y + 463000;
+    }
+
+    // For points off the origin's meridian.
+    void Inverse(Real easting, Real northing, Real latLon[2]) const {
+        const Real x = (easting - 155000) / Real(0.99990790084);
+        const Real y = (northing - 463000) / Real(0.99990790084);
+        const Real A = 2 * quarterPi - std::atan(y / x) + (x < 0 ? 4 * quarterPi : 0);
+        const Real psi = 2 * std::atan(std::sqrt(x * x + y * y) / 2 / radius);
+        const Real b = std::asin(std::cos(psi) * std::sin(b0) + std::sin(psi) * std::cos(b0) * std::cos(A));
+        const Real L = std::asin(std::sin(psi) * std::sin(A) / std::cos(b));
+        Real p = b;
+        Real d = 1;
+        for (int i = 0; i < 50 && std::fabs(d) > Real(1e-14); ++i) {
+            d = GaussLatitude(p) - b;
+            p -= d;
+        }
+        latLon[0] = p * DEGREES_PER_RADIAN;
+        latLon[1] = (Real(5.3876388889) * RADIANS_PER_DEGREE + L / n) * DEGREES_PER_RADIAN;
+    }
+};
+
 }  // namespace tessara::reference

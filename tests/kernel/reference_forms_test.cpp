@@ -8,8 +8,10 @@
 
 #include "support/random.h"
 #include "support/tm_constants.h"
+#include "tessara/kernel/dutch_grid.h"
 #include "tessara/kernel/ecef.h"
 #include "tessara/kernel/geodesic.h"
+#include "tessara/kernel/swiss_grid.h"
 #include "tessara/kernel/ups.h"
 
 // The references are computed in long double, which has more digits than double here.
@@ -410,6 +412,139 @@ TEST(EcefToGeodetic, IsNotANumberWhereItsWrittenFormIsNot) {
             reference::EcefInverse(across, z, *Datum_Row(2), &latitude, &height);
             EXPECT_EQ(std::isnan(actual.latitude), std::isnan(latitude)) << p << ' ' << z;
             EXPECT_EQ(std::isnan(actual.height), std::isnan(height)) << p << ' ' << z;
+        }
+    }
+}
+
+TEST(CHFromGeodetic, IsItsWrittenForm) {
+    const reference::Swiss<long double> swiss;
+    Random random(1903);
+    for (int i = 0; i < TRIALS; ++i) {
+        const double reach = i % 2 == 0 ? 1.0 : 0.05;
+        const double latLon[2] = {47.0 + reach * random.Between(-60.0, 35.0),
+                                  7.4 + reach * random.Between(-60.0, 60.0)};
+        GridPayload payload;
+        CH_FromGeodetic(latLon, &payload);
+        long double easting = 0.0L;
+        long double northing = 0.0L;
+        swiss.Forward(latLon[0], latLon[1], &easting, &northing);
+        SCOPED_TRACE(::testing::Message() << latLon[0] << ' ' << latLon[1]);
+        ExpectNear(payload.easting, easting, Metres(6.4e6), "easting");
+        ExpectNear(payload.northing, northing, Metres(6.4e6), "northing");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(CHToGeodetic, IsItsWrittenForm) {
+    const reference::Swiss<long double> swiss;
+    Random random(1904);
+    for (int i = 0; i < TRIALS; ++i) {
+        const double reach = i % 2 == 0 ? 10.0 : 1.0;
+        const GridPayload payload{6e5 + reach * random.Between(-4e5, 4e5),
+                                  2e5 + reach * random.Between(-4e5, 4e5)};
+        double actual[2];
+        CH_ToGeodetic(&payload, actual);
+        long double expected[2];
+        swiss.Inverse(payload.easting, payload.northing, expected);
+        SCOPED_TRACE(::testing::Message() << payload.easting << ' ' << payload.northing);
+        const double atPole = std::cos(static_cast<double>(expected[0]) * DEGREE);
+        ExpectNear(actual[0], expected[0], Degrees(90.0) / atPole, "latitude");
+        ExpectNear(actual[1], expected[1], Degrees(90.0) / atPole, "longitude");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(RDFromGeodetic, IsItsWrittenForm) {
+    Random random(1918);
+    for (int i = 0; i < TRIALS; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        const reference::Dutch<long double> dutch(datum);
+        const double reach = i % 2 == 0 ? 1.0 : 0.05;
+        const double latLon[2] = {52.0 + reach * random.Between(-60.0, 37.9),
+                                  5.4 + reach * random.Between(-60.0, 60.0)};
+        GridPayload payload;
+        RD_FromGeodetic(latLon, &payload, datum);
+        long double easting = 0.0L;
+        long double northing = 0.0L;
+        dutch.Forward(latLon[0], latLon[1], &easting, &northing);
+        SCOPED_TRACE(::testing::Message() << "datum " << datum << ' ' << latLon[0] << ' ' << latLon[1]);
+        ExpectNear(payload.easting, easting, Metres(6.4e6), "easting");
+        ExpectNear(payload.northing, northing, Metres(6.4e6), "northing");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(RDToGeodetic, IsItsWrittenForm) {
+    Random random(1919);
+    for (int i = 0; i < TRIALS; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        const reference::Dutch<long double> dutch(datum);
+        const double reach = i % 2 == 0 ? 10.0 : 1.0;
+        const GridPayload payload{155000.0 + reach * random.Between(-3e5, 3e5),
+                                  463000.0 + reach * random.Between(-3e5, 3e5)};
+        double actual[2];
+        RD_ToGeodetic(&payload, actual, datum);
+        long double expected[2];
+        dutch.Inverse(payload.easting, payload.northing, expected);
+        SCOPED_TRACE(::testing::Message()
+                     << "datum " << datum << ' ' << payload.easting << ' ' << payload.northing);
+        const double atPole = std::cos(static_cast<double>(expected[0]) * DEGREE);
+        ExpectNear(actual[0], expected[0], Degrees(90.0) / atPole, "latitude");
+        ExpectNear(actual[1], expected[1], Degrees(90.0) / atPole, "longitude");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(CHToGeodetic, IsNotANumberWhereItsWrittenFormIsNot) {
+    const reference::Swiss<double> swiss;
+    for (const double easting : {6e5, 2e6, 1e7, 1e12, 1e300, INFINITE, NOT_A_NUMBER}) {
+        for (const double northing :
+             {2e5, -4e6, 3e7, 1e8, -1e8, 1e9, 3e9, 1e300, -INFINITE, INFINITE, NOT_A_NUMBER}) {
+            const GridPayload payload{easting, northing};
+            double actual[2];
+            double expected[2];
+            CH_ToGeodetic(&payload, actual);
+            swiss.Inverse(easting, northing, expected);
+            EXPECT_EQ(std::isnan(actual[0]), std::isnan(expected[0])) << easting << ' ' << northing;
+            EXPECT_EQ(std::isnan(actual[1]), std::isnan(expected[1])) << easting << ' ' << northing;
+        }
+    }
+}
+
+TEST(RDToGeodetic, IsNotANumberWhereItsWrittenFormIsNot) {
+    const reference::Dutch<double> dutch(3);
+    for (const double easting :
+         {2e5, 2e6, 1e7, -1e7, 1e12, 1e200, 1e300, INFINITE, -INFINITE, NOT_A_NUMBER}) {
+        for (const double northing : {463000.0, -4e6, 3e7, 1e12, 1e200, -INFINITE, INFINITE, NOT_A_NUMBER}) {
+            const GridPayload payload{easting, northing};
+            double actual[2];
+            double expected[2];
+            RD_ToGeodetic(&payload, actual, 3);
+            dutch.Inverse(easting, northing, expected);
+            EXPECT_EQ(std::isnan(actual[0]), std::isnan(expected[0])) << easting << ' ' << northing;
+            EXPECT_EQ(std::isnan(actual[1]), std::isnan(expected[1])) << easting << ' ' << northing;
+        }
+    }
+}
+
+TEST(ConformalGrids, AreNotANumberWhereTheirWrittenFormsAreNot) {
+    const reference::Swiss<double> swiss;
+    const reference::Dutch<double> dutch(3);
+    for (const double lat :
+         {0.0, 89.999999, 90.0, -90.0, 90.1, -90.1, 200.0, 1e300, INFINITE, NOT_A_NUMBER}) {
+        for (const double lon : {5.0, 100.0, -170.0, 1e300, -INFINITE, NOT_A_NUMBER}) {
+            const double latLon[2] = {lat, lon};
+            GridPayload payload;
+            double easting = 0.0;
+            double northing = 0.0;
+            CH_FromGeodetic(latLon, &payload);
+            swiss.Forward(lat, lon, &easting, &northing);
+            EXPECT_EQ(std::isnan(payload.easting), std::isnan(easting)) << lat << ' ' << lon;
+            EXPECT_EQ(std::isnan(payload.northing), std::isnan(northing)) << lat << ' ' << lon;
+            RD_FromGeodetic(latLon, &payload, 3);
+            dutch.Forward(lat, lon, &easting, &northing);
+            EXPECT_EQ(std::isnan(payload.easting), std::isnan(easting)) << lat << ' ' << lon;
+            EXPECT_EQ(std::isnan(payload.northing), std::isnan(northing)) << lat << ' ' << lon;
         }
     }
 }
