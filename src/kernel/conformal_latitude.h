@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 
 #include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
@@ -14,7 +15,7 @@ namespace tessara {
 
 // e * atanh(e * sin phi), by which the ellipsoid shortens the isometric latitude. At most 0.007 and, as e2 is
 // below 0.0069, exact to the last place after seven terms.
-[[nodiscard]] inline double EllipsoidShare(double sinPhi, double e2) {
+[[nodiscard]] constexpr double EllipsoidShare(double sinPhi, double e2) {
     const double x = e2 * sinPhi * sinPhi;
     const double x2 = x * x;
     const double even = 1.0 + x2 * (1.0 / 5.0 + x2 * (1.0 / 9.0 + x2 * (1.0 / 13.0)));
@@ -23,11 +24,11 @@ namespace tessara {
 }
 
 // sinh and cosh of a value of at most 0.007.
-[[nodiscard]] inline double SinhOfShare(double q) {
+[[nodiscard]] constexpr double SinhOfShare(double q) {
     const double q2 = q * q;
     return q * (1.0 + q2 * (1.0 / 6.0 + q2 * (1.0 / 120.0)));
 }
-[[nodiscard]] inline double CoshOfShare(double q) {
+[[nodiscard]] constexpr double CoshOfShare(double q) {
     const double q2 = q * q;
     return 1.0 + q2 * (1.0 / 2.0 + q2 * (1.0 / 24.0 + q2 * (1.0 / 720.0)));
 }
@@ -35,9 +36,10 @@ namespace tessara {
 // The conformal latitude chi of a latitude phi. With the isometric latitude asinh(tan phi) - q, q being the
 // share above, tan chi is sinh(asinh(tan phi) - q), which is (sin phi cosh q - sinh q) / cos phi. Not a
 // number beyond the poles, where the tangent would be that of another latitude.
-[[nodiscard]] inline Direction ConformalLatitude(double sinPhi, double cosPhi, double e2) {
+[[nodiscard]] constexpr Direction ConformalLatitude(double sinPhi, double cosPhi, double e2) {
     const double q = EllipsoidShare(sinPhi, e2);
-    return {sinPhi * CoshOfShare(q) - SinhOfShare(q), cosPhi < 0.0 ? std::nan("") : cosPhi};
+    return {sinPhi * CoshOfShare(q) - SinhOfShare(q),
+            cosPhi < 0.0 ? std::numeric_limits<double>::quiet_NaN() : cosPhi};
 }
 
 // The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine

@@ -70,15 +70,15 @@ struct Direction {
     return {2.0 * t * scale, (1.0 - t * t) * scale};
 }
 
-[[nodiscard]] inline Direction Sum(Direction x, Direction y) {
+[[nodiscard]] constexpr Direction Sum(Direction x, Direction y) {
     return {x.sine * y.cosine + x.cosine * y.sine, x.cosine * y.cosine - x.sine * y.sine};
 }
 
-[[nodiscard]] inline Direction Difference(Direction x, Direction y) {
+[[nodiscard]] constexpr Direction Difference(Direction x, Direction y) {
     return {x.sine * y.cosine - x.cosine * y.sine, x.cosine * y.cosine + x.sine * y.sine};
 }
 
-[[nodiscard]] inline Direction Doubled(Direction x) {
+[[nodiscard]] constexpr Direction Doubled(Direction x) {
     return {2.0 * x.sine * x.cosine, (x.cosine - x.sine) * (x.cosine + x.sine)};
 }
 

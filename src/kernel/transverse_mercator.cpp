@@ -4,6 +4,8 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
+#include "kernel/transverse_mercator_constants.h"
+#include "kernel/transverse_mercator_series.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
@@ -16,37 +18,6 @@ constexpr double HALF_PI_SHORT = 1.570796326794897;
 // Real ellipsoids need about five iterations; the bound ends a tolerance that can't be reached.
 constexpr int LATITUDE_ITERATIONS = 100;
 constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
-
-// A point of the complex plane in which the projection is computed: northward and eastward, on a unit sphere
-// or ellipsoid.
-struct Plane {
-    double north;
-    double east;
-};
-
-// Sine and cosine of twice the northward coordinate, hyperbolic ones of twice the eastward.
-struct DoubleAngles {
-    double sine, cosine;
-    double sinh, cosh;
-};
-
-// The sum of c[j] * sin(2j z) over j = 1..4 for the complex z: sin 2z times a polynomial in x = cos 2z, as
-// sin 4z is sin 2z * 2x, sin 6z is sin 2z * (4x^2 - 1) and sin 8z is sin 2z * (8x^3 - 4x).
-inline Plane SineSeries(const double c[5], const DoubleAngles& z) {
-    const double re = z.cosine * z.cosh;  // of x
-    const double im = -z.sine * z.sinh;
-    const double re2 = re * re - im * im;  // of its square
-    const double im2 = 2.0 * re * im;
-    const double low = 2.0 * c[2] - 4.0 * c[4];
-    const double high = 8.0 * c[4];
-    const double highRe = 4.0 * c[3] + high * re;
-    const double highIm = high * im;
-    const double sumRe = c[1] - c[3] + low * re + (re2 * highRe - im2 * highIm);
-    const double sumIm = low * im + (re2 * highIm + im2 * highRe);
-    const double sinRe = z.sine * z.cosh;
-    const double sinIm = z.cosine * z.sinh;
-    return {sinRe * sumRe - sinIm * sumIm, sinRe * sumIm + sinIm * sumRe};
-}
 
 // The method's isometric latitude has the tangent of lat/2 + pi/4, and doubles near the sum are coarser than
 // the latitude: what doesn't move it off pi/4 lies on the equator and, as the double is short of pi/4, just
@@ -70,17 +41,16 @@ Figure FigureOf(const TmConstants& c) {
     return {row->a, row->e2, row->ellipsoid};
 }
 
-// What TM_Forward gives for the northing of a point on the central meridian, to the last bit: an origin has
-// its false northing exactly.
-double NorthingOnMeridian(double lat, const TmConstants& c) {
+struct LibraryFunctions {
+    static Direction DirectionOf(double angle) { return tessara::DirectionOf(angle); }
+    static double Atan(double tangent) { return std::atan(tangent); }
+};
+
+// The northing of a latitude of origin, in metres.
+double OriginNorthing(double degrees, const TmConstants& c) {
     const Figure figure = FigureOf(c);
-    const double phi = LatitudeAsSeen(lat);
-    const Direction chi = ConformalLatitude(std::sin(phi), std::cos(phi), figure.e2);
-    const double twice = 2.0 / (chi.sine * chi.sine + chi.cosine * chi.cosine);
-    const DoubleAngles angles{twice * chi.sine * chi.cosine,
-                              0.5 * twice * (chi.cosine - chi.sine) * (chi.cosine + chi.sine), 0.0, 1.0};
-    const Plane series = SineSeries(c.seriesCoef, angles);
-    return figure.a * (c.seriesCoef[0] * std::atan(chi.sine / chi.cosine) + series.north);
+    return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
+                                                figure.e2, c.seriesCoef);
 }
 
 }  // namespace
@@ -145,24 +115,34 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     *lat = (chi + (step + rest) - (HALF_PI_SHORT - HALF_PI)) * DEGREES_PER_RADIAN;
 }
 
+void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
+                         double* northing, const TmConstants& forward) {
+    double east, north;
+    TM_Forward((latLon[1] - p.originLongitude) * RADIANS_PER_DEGREE, latLon[0] * RADIANS_PER_DEGREE, 1.0, 0.0,
+               0.0, &east, &north, &forward);
+    *northing = (north - originNorth) * p.scale + p.falseNorthing;
+    *easting = east * p.scale + p.falseEasting;
+}
+
+void TmInverseFromOrigin(double easting, double northing, const TmParams& p, double originNorth,
+                         double latLon[2], const TmConstants& inverse) {
+    const double north = (northing - p.falseNorthing) / p.scale + originNorth;
+    const double east = (easting - p.falseEasting) / p.scale;
+    TM_Inverse(east, north, 1.0, 0.0, 0.0, 0.0, &latLon[1], &latLon[0], &inverse);
+    latLon[1] += p.originLongitude;
+}
+
 KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* easting, double* northing,
                             const TmConstants* forward) {
-    double east, north;
-    TM_Forward((latLon[1] - p->originLongitude) * RADIANS_PER_DEGREE, latLon[0] * RADIANS_PER_DEGREE, 1.0,
-               0.0, 0.0, &east, &north, forward);
-    const double originNorth = NorthingOnMeridian(p->originLatitude * RADIANS_PER_DEGREE, *forward);
-    *northing = (north - originNorth) * p->scale + p->falseNorthing;
-    *easting = east * p->scale + p->falseEasting;
+    const double originNorth = OriginNorthing(p->originLatitude, *forward);
+    TmForwardFromOrigin(latLon, *p, originNorth, easting, northing, *forward);
     return KOORD_OK;
 }
 
 KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
                             const TmConstants* forward, const TmConstants* inverse) {
-    const double originNorth = NorthingOnMeridian(p->originLatitude * RADIANS_PER_DEGREE, *forward);
-    const double north = (northing - p->falseNorthing) / p->scale + originNorth;
-    const double east = (easting - p->falseEasting) / p->scale;
-    TM_Inverse(east, north, 1.0, 0.0, 0.0, 0.0, &latLon[1], &latLon[0], inverse);
-    latLon[1] += p->originLongitude;
+    const double originNorth = OriginNorthing(p->originLatitude, *forward);
+    TmInverseFromOrigin(easting, northing, *p, originNorth, latLon, *inverse);
     return KOORD_OK;
 }
 

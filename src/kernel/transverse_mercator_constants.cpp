@@ -5,48 +5,13 @@
 
 #include "kernel/datum_rows.h"
 #include "kernel/ellipsoids.h"
+#include "kernel/transverse_mercator_series.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/transverse_mercator.h"
 
 namespace tessara {
 namespace {
-
-// Row i gives coefficient i as a polynomial in the eccentricity squared. Row 0, the rectifying factor, is the
-// same in all three. The forward rows are the Krueger coefficients multiplied by that factor, the inverse
-// rows are the plain ones.
-using CoefficientMatrix = double[5][5];
-
-constexpr CoefficientMatrix ARC_MATRIX = {
-    {1.0, -1.0 / 4.0, -3.0 / 64.0, -5.0 / 256.0, -175.0 / 16384.0},
-    {0.0, -3.0 / 8.0, -3.0 / 32.0, -45.0 / 1024.0, -105.0 / 4096.0},
-    {0.0, 0.0, 15.0 / 256.0, 45.0 / 1024.0, 525.0 / 16384.0},
-    {0.0, 0.0, 0.0, -35.0 / 3072.0, -175.0 / 12288.0},
-    {0.0, 0.0, 0.0, 0.0, 315.0 / 131072.0},
-};
-
-constexpr CoefficientMatrix FORWARD_MATRIX = {
-    {1.0, -1.0 / 4.0, -3.0 / 64.0, -5.0 / 256.0, -175.0 / 16384.0},
-    {0.0, 1.0 / 8.0, -1.0 / 96.0, -9.0 / 1024.0, -901.0 / 184320.0},
-    {0.0, 0.0, 13.0 / 768.0, 17.0 / 5120.0, -311.0 / 737280.0},
-    {0.0, 0.0, 0.0, 61.0 / 15360.0, 899.0 / 430080.0},
-    {0.0, 0.0, 0.0, 0.0, 49561.0 / 41287680.0},
-};
-
-constexpr CoefficientMatrix INVERSE_MATRIX = {
-    {1.0, -1.0 / 4.0, -3.0 / 64.0, -5.0 / 256.0, -175.0 / 16384.0},
-    {0.0, 1.0 / 8.0, 1.0 / 48.0, 7.0 / 2048.0, 1.0 / 61440.0},
-    {0.0, 0.0, 1.0 / 768.0, 3.0 / 1280.0, 559.0 / 368640.0},
-    {0.0, 0.0, 0.0, 17.0 / 30720.0, 283.0 / 430080.0},
-    {0.0, 0.0, 0.0, 0.0, 4397.0 / 41287680.0},
-};
-
-constexpr void Evaluate(const CoefficientMatrix& matrix, double e2, double coefficients[5]) {
-    for (int i = 0; i < 5; ++i) {
-        const auto& row = matrix[i];
-        coefficients[i] = row[0] + e2 * (row[1] + e2 * (row[2] + e2 * (row[3] + e2 * row[4])));
-    }
-}
 
 // What both directions have in common.
 constexpr TmConstants Common(const EllipsoidFigure& figure, std::int32_t datum,

@@ -11,4 +11,11 @@ namespace tessara {
 [[nodiscard]] const TmConstants* TmForwardConstants(std::int32_t datum);
 [[nodiscard]] const TmConstants* TmInverseConstants(std::int32_t datum);
 
+// TM_ForwardParam and TM_InverseParam for a grid whose latitude of origin is known at compile time:
+// `originNorth` in metres is its northing.
+void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
+                         double* northing, const TmConstants& forward);
+void TmInverseFromOrigin(double easting, double northing, const TmParams& p, double originNorth,
+                         double latLon[2], const TmConstants& inverse);
+
 }  // namespace tessara
