@@ -72,14 +72,20 @@ bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
     return true;
 }
 
-// Moves as far as the border of the zone.
+// Moves as far as the border of the zone, which is looked for only when it may have been met.
 bool ShiftEastInZone(double delta, tagKOORD* record) {
-    tagKOORD limit = *record;
-    if (!MoveToFurthest(DirectionOf(Axis::East, delta), &limit)) return false;
-    if (Zones_Number(limit) != Zones_Number(*record)) return false;
     const double east = Zones_East(*record);
-    if (GoesBeyond(Zones_East(limit), east, delta)) return false;
-    Zones_SetEast(east + delta, record);
+    tagKOORD moved = *record;
+    Zones_SetEast(east + delta, &moved);
+    // An offset that outgrows its strip's million would read as another strip's.
+    const bool isInOwnZone = std::fabs(Zones_East(moved) - (east + delta)) < 1e-6;
+    if (!isInOwnZone || !Zones_IsWellInside(moved)) {
+        tagKOORD limit = *record;
+        if (!MoveToFurthest(DirectionOf(Axis::East, delta), &limit)) return false;
+        if (Zones_Number(limit) != Zones_Number(*record)) return false;
+        if (GoesBeyond(Zones_East(limit), east, delta)) return false;
+    }
+    *record = moved;
     return true;
 }
 
@@ -111,10 +117,9 @@ bool ShiftNorthInZone(double delta, tagKOORD* record) {
     const Compass direction = DirectionOf(Axis::North, delta);
     tagKOORD moved = *record;
     AddNorthing(delta, &moved);
-    // Finding the border takes ten times as long as seeing that it is still ahead.
     tagKOORD limit = *record;
     const bool found =
-        Zones_HaveRoom(moved) ? MoveToSystemLimit(direction, &limit) : MoveToFurthest(direction, &limit);
+        Zones_IsWellInside(moved) ? MoveToSystemLimit(direction, &limit) : MoveToFurthest(direction, &limit);
     if (!found) return false;
     if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
     *record = moved;
