@@ -43,6 +43,8 @@ int Main(std::vector<std::string> arguments) {
     AddDatums(program, action);
     AddDistance(program, action);
     AddDirect(program, action);
+    AddCheck(program, action);
+    AddUtmref(program, action);
 
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
