@@ -65,6 +65,12 @@ int Main(std::vector<std::string> arguments) {
 }  // namespace tessara::program
 
 int main(int argc, char** argv) {
+    namespace program = tessara::program;
     std::ios::sync_with_stdio(false);
-    return tessara::program::Main(tessara::program::ReadArguments(argc, argv));
+    try {
+        return program::Main(program::ReadArguments(argc, argv));
+    } catch (const std::exception& error) {
+        std::cerr << "tessara: " << error.what() << '\n';
+        return program::EXIT_INCOMPLETE;
+    }
 }

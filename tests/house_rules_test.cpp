@@ -117,7 +117,7 @@ TEST(HouseRules, PublicHeadersIncludePublicHeadersOnly) {
 TEST(HouseRules, TheKernelIncludesNothingAboveItself) {
     int kernelFiles = 0;
     for (const SourceFile& file : FilesBelow({"src", "include"})) {
-        const bool isMapKernel = file.IsBelow("src/maps/map_kernel");
+        const bool isMapKernel = file.IsBelow("src/maps/kernel/");
         if (!file.IsBelow("src/kernel/") && !file.IsBelow("include/tessara/kernel/") && !isMapKernel)
             continue;
         ++kernelFiles;
@@ -125,7 +125,7 @@ TEST(HouseRules, TheKernelIncludesNothingAboveItself) {
             if (!include.isQuoted) continue;
             const bool isKernel =
                 StartsWith(include.name, "tessara/kernel/") || StartsWith(include.name, "kernel/");
-            const bool isItsOwn = isMapKernel && StartsWith(include.name, "maps/map_kernel");
+            const bool isItsOwn = isMapKernel && StartsWith(include.name, "maps/kernel/");
             EXPECT_TRUE(isKernel || isItsOwn) << file.path << ": " << include.name;
         }
     }

@@ -25,9 +25,13 @@ class ICoordinateTransfer : public IUnknown {
     // outside 0..22 and null or wrong objects; the target is then unchanged.
     virtual bool TransferNorth(ICoord* source, ICoord* target) = 0;
     virtual bool TransferEast(ICoord* source, ICoord* target) = 0;
-    // Brings a world position, or a pixel of the map, into the coordinate system of the map.
+    // Brings a world position, or a pixel of the map, into the coordinate system and datum of the map: the
+    // grid of a grid map, degrees for most others. False for null and wrong objects, an empty map, and a
+    // position that can't be brought there; the target may then have the map's reference.
     virtual bool TransferToMap(IMapCoordOperations* map, ICoord* source, ICoord* target) = 0;
-    // Carries a pixel of one map to a pixel of another.
+    // Carries a pixel of one map to a pixel of another. The target keeps its system if it is a pixel one and
+    // becomes FLOATPIXEL otherwise; it takes the datum of the target map. False for null and wrong objects, a
+    // source that is no pixel, and a pixel that can't be carried; the target may then have that reference.
     virtual bool TransferBetweenMaps(IMapCoordOperations* sourceMap, ICoord* source,
                                      IMapCoordOperations* targetMap, ICoord* target) = 0;
 

@@ -59,7 +59,7 @@ class CountedObject final : public Class {
 
   private:
     // Release alone deletes; where an interface has a virtual destructor, this overrides it.
-    ~CountedObject() = default;
+    ~CountedObject() = default;  // NOLINT(modernize-use-override): not everywhere is there one to override
 
     std::atomic<std::int32_t> count_{0};
 };

@@ -14,6 +14,13 @@
 #include "geometry/ellipsoid_of_revolution.h"
 #include "geometry/euclidean_vector.h"
 #include "geometry/tangent_plane.h"
+#include "maps/map_coord_creator_factory.h"
+#include "maps/map_coord_operations.h"
+#include "maps/map_coord_operations_factory.h"
+#include "maps/projection.h"
+#include "maps/projection_factory.h"
+#include "maps/reference_point.h"
+#include "maps/transformable_map_pixel.h"
 #include "objects/coord.h"
 #include "objects/coord_geographic.h"
 #include "objects/coordinate_init.h"
@@ -50,7 +57,14 @@ TESSARA_CLASS(Singleton, CoordinateTransfer);
 TESSARA_CLASS(Singleton, EllipseOnTangentPlane);
 TESSARA_CLASS(Singleton, EllipsoidOfRevolution);
 TESSARA_CLASS(Singleton, EuclideanVector);
+TESSARA_CLASS(Singleton, MapCoordCreatorFactory);
+TESSARA_CLASS(Multi, MapCoordOperations);
+TESSARA_CLASS(Singleton, MapCoordOperationsFactory);
+TESSARA_CLASS(Multi, Projection);
+TESSARA_CLASS(Singleton, ProjectionFactory);
+TESSARA_CLASS(Multi, ReferencePoint);
 TESSARA_CLASS(Multi, TangentPlane);
+TESSARA_CLASS(Multi, TransformableMapPixel);
 TESSARA_CLASS(Singleton, ZoneCoordOperations);
 
 #undef TESSARA_CLASS

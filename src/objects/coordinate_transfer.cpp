@@ -1,9 +1,15 @@
 #include "objects/coordinate_transfer.h"
 
+#include <array>
+
 #include "objects/axis_copy.h"
 #include "objects/koord_access.h"
 #include "tessara/coordinate_reference.h"
+#include "tessara/geo_date.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/map.h"
+#include "tessara/map_coord_operations.h"
+#include "tessara/projection.h"
 #include "tessara/ref.h"
 
 namespace tessara {
@@ -37,6 +43,63 @@ bool TransferAxis(Axis axis, ICoord* source, ICoord* target) {
     return CopyAxis(axis, from, &to) && KoordToCoord(&to, result.Get());
 }
 
+// The coordinate system in which a map is drawn, by its type; NO_SYSTEM for a type that is no map.
+constexpr std::array<std::int32_t, MAP_TYPE_COUNT> MAP_SYSTEMS{{
+    NO_SYSTEM,          // UNKNOWN
+    NO_SYSTEM,          // NONE
+    KOORD_UTM,          // UTM
+    KOORD_GK,           // GAUKRU
+    KOORD_GEODEZ,       // LAMBERT2
+    KOORD_GEODEZ,       // LAMBERTFR
+    KOORD_GEODEZ,       // EQUALARC
+    KOORD_GEODEZ,       // POLYNOM
+    KOORD_GEODEZ,       // MERCATOR
+    KOORD_BMN,          // BMN
+    KOORD_CH,           // CH
+    KOORD_GEODEZ,       // AZYL
+    KOORD_GEODEZ,       // DD
+    KOORD_GK6,          // GAUKRU6
+    KOORD_UPS,          // UPS
+    KOORD_TM,           // TM
+    KOORD_PO_MILITARY,  // PO_MILITARY
+    KOORD_VDG,          // VAN_DER_GRINTEN
+    KOORD_RD,           // STEREOGR_NL
+    KOORD_GEODEZ,       // LAMBERTCC
+    KOORD_LUREF,        // LUREF
+    KOORD_GEODEZ,       // WAGNER-IV
+}};
+
+bool ReadMapDatum(IMapCoordOperations* map, std::int32_t* datum) {
+    const IRef<IGeoDate> date(CreateClassGeoDate());
+    if (!date.IsValid() || !map->GetGeoDate(date.Get())) return false;
+    *datum = date->GetDatum();
+    return true;
+}
+
+bool ReadMapReference(IMapCoordOperations* map, ICoordinateReference* reference) {
+    std::int32_t datum = NO_DATUM;
+    const IRef<IProjection> projection(CreateClassProjection());
+    if (!projection.IsValid() || !ReadMapDatum(map, &datum) || !map->GetProjection(projection.Get())) {
+        return false;
+    }
+    const std::uint32_t type = projection->GetProjectionType();
+    const std::int32_t system = type < MAP_TYPE_COUNT ? MAP_SYSTEMS[type] : NO_SYSTEM;
+    return reference->SetDatum(datum) && reference->SetSystem(system);
+}
+
+// Gives the coordinate the map's datum and, unless it is a pixel already, the system FLOATPIXEL.
+bool MakePixelOf(IMapCoordOperations* map, ICoord* coord) {
+    std::int32_t datum = NO_DATUM;
+    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
+    if (!reference.IsValid() || !ReadMapDatum(map, &datum) || !coord->GetReference(reference.Get())) {
+        return false;
+    }
+    const bool isPixel = IsPixelType(reference->GetSystem());
+    if (reference->GetDatum() == datum && isPixel) return true;
+    return reference->SetDatum(datum) && (isPixel || reference->SetSystem(KOORD_FLOATPIXEL)) &&
+           coord->SetReference(reference.Get());
+}
+
 }  // namespace
 
 bool CoordinateTransfer::Transfer(ICoord* source, ICoord* target) {
@@ -61,12 +124,33 @@ bool CoordinateTransfer::TransferEast(ICoord* source, ICoord* target) {
     return TransferAxis(Axis::East, source, target);
 }
 
-bool CoordinateTransfer::TransferToMap(IMapCoordOperations*, ICoord*, ICoord*) {
-    return false;
+bool CoordinateTransfer::TransferToMap(IMapCoordOperations* map, ICoord* source, ICoord* target) {
+    const IRef<IMapCoordOperations> on(map);
+    const IRef<ICoord> from(source);
+    const IRef<ICoord> result(target);
+    const IRef<ICoordinateReference> wanted(CreateClassCoordinateReference());
+    const IRef<ICoordinateReference> given(CreateClassCoordinateReference());
+    if (!on.IsValid() || !from.IsValid() || !result.IsValid() || !wanted.IsValid() || !given.IsValid()) {
+        return false;
+    }
+    if (!ReadMapReference(on.Get(), wanted.Get()) || !from->GetReference(given.Get())) return false;
+    if (!result->SetReference(wanted.Get())) return false;
+    return IsPixelType(given->GetSystem()) ? on->PixelCoordToCoord(source, target) : Transfer(source, target);
 }
 
-bool CoordinateTransfer::TransferBetweenMaps(IMapCoordOperations*, ICoord*, IMapCoordOperations*, ICoord*) {
-    return false;
+bool CoordinateTransfer::TransferBetweenMaps(IMapCoordOperations* sourceMap, ICoord* source,
+                                             IMapCoordOperations* targetMap, ICoord* target) {
+    const IRef<IMapCoordOperations> from(sourceMap);
+    const IRef<IMapCoordOperations> to(targetMap);
+    const IRef<ICoord> pixel(source);
+    const IRef<ICoord> result(target);
+    // A new coordinate is in WGS84 degrees.
+    const IRef<ICoord> world(CreateClassCoord());
+    if (!from.IsValid() || !to.IsValid() || !pixel.IsValid() || !result.IsValid() || !world.IsValid()) {
+        return false;
+    }
+    return from->PixelCoordToCoord(source, world.Get()) && MakePixelOf(to.Get(), result.Get()) &&
+           to->CoordToPixelCoord(world.Get(), target);
 }
 
 ICoordinateTransfer* CreateClassCoordinateTransfer() {

@@ -50,6 +50,11 @@ enum KoordType : std::int32_t {
 
 inline constexpr std::int32_t KOORD_TYPE_COUNT = 24;
 
+// LONGPIXEL or FLOATPIXEL.
+[[nodiscard]] constexpr bool IsPixelType(std::int32_t type) {
+    return type == KOORD_LONGPIXEL || type == KOORD_FLOATPIXEL;
+}
+
 struct LongPixelPayload {
     std::int32_t x;  // column
     std::int32_t y;  // row, growing southward

@@ -1,0 +1,35 @@
+// Makes and converts coordinates in the floating pixels of one map.
+#pragma once
+
+#include "tessara/unknown.h"
+
+namespace tessara {
+
+class IArray;
+class ICoord;
+
+inline constexpr GUID IID_IMapCoordCreator = ParseGuid("CBEE70FA-A9C5-45F1-A78F-E6B2CF1C6CA1");
+
+// Comes from IMapCoordCreatorFactory. Everything it hands out has the reference FLOATPIXEL in the map's
+// datum, and count 0. A new list or coordinate is null without memory, too.
+class IMapCoordCreator : public IUnknown {
+  public:
+    static constexpr const GUID& Iid = IID_IMapCoordCreator;
+
+    virtual ~IMapCoordCreator() = default;
+    // A list of `count` coordinates without a position; null for 0.
+    virtual IArray* CreateCoords(std::uint32_t count) = 0;
+    // A coordinate without a position.
+    virtual ICoord* CreateCoord() = 0;
+    // The pixels of positions, with their heights. A pixel is taken over by its value, whatever its datum.
+    // Null for a null, wrong or empty argument, and if any position has no pixel.
+    virtual IArray* CreateCoordsFrom(IArray* source) = 0;
+    virtual ICoord* CreateCoordFrom(ICoord* source) = 0;
+    // The same in place. False for a null, wrong or empty argument, and at the first position that has no
+    // pixel; it and those behind it are unchanged then. A pixel keeps its datum and system, and its two
+    // numbers are written as doubles: what holds a LONGPIXEL reads other numbers afterwards.
+    virtual bool ConvertCoords(IArray* coords) = 0;
+    virtual bool ConvertCoord(ICoord* coord) = 0;
+};
+
+}  // namespace tessara

@@ -1,0 +1,72 @@
+#include "geometry/plane_crossings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tessara {
+namespace {
+
+bool IsOnSegment(double parameter) {
+    return parameter >= 0.0 && parameter <= 1.0;
+}
+
+void Append(const SegmentCrossing& crossing, SegmentCrossings* crossings) {
+    if (!IsOnSegment(crossing.t) || !IsOnSegment(crossing.s)) return;
+    crossings->at[crossings->count++] = crossing;
+}
+
+// The overlap of collinear segments, by their values on the axis along which a is longer.
+SegmentCrossings Overlap(double a1, double a2, double b1, double b2) {
+    const auto onA = [&](double v) { return (v - a1) / (a2 - a1); };
+    const auto onB = [&](double v) { return (v - b1) / (b2 - b1); };
+    const auto isInB = [&](double v) { return v >= std::min(b1, b2) && v <= std::max(b1, b2); };
+    const auto isWithinA = [&](double v) { return v > std::min(a1, a2) && v < std::max(a1, a2); };
+    SegmentCrossings ends{};
+    if (isInB(a1)) Append({0.0, onB(a1)}, &ends);
+    if (isInB(a2)) Append({1.0, onB(a2)}, &ends);
+    if (isWithinA(b1)) Append({onA(b1), 0.0}, &ends);
+    if (isWithinA(b2)) Append({onA(b2), 1.0}, &ends);
+    return ends;
+}
+
+bool IsClosed(std::span<const PlanePoint> chain) {
+    return chain.front() == chain.back();
+}
+
+// Whether a crossing at the end of a segment is left to the segment that starts there.
+bool IsLeftToTheNext(double parameter, std::size_t end, std::span<const PlanePoint> chain, bool isClosed) {
+    return parameter == 1.0 && (end + 1 < chain.size() || isClosed);
+}
+
+}  // namespace
+
+SegmentCrossings CrossSegments(const PlanePoint& a1, const PlanePoint& a2, const PlanePoint& b1,
+                               const PlanePoint& b2) {
+    const double t = LineParameter(a1, a2, b1, b2);
+    if (t == COLLINEAR_LINES) {
+        const bool isLongerInX = std::fabs(a1.x - a2.x) > std::fabs(a1.y - a2.y);
+        return isLongerInX ? Overlap(a1.x, a2.x, b1.x, b2.x) : Overlap(a1.y, a2.y, b1.y, b2.y);
+    }
+    SegmentCrossings crossings{};
+    if (IsOnSegment(t)) Append({t, LineParameter(b1, b2, a1, a2)}, &crossings);
+    return crossings;
+}
+
+bool VisitCrossings(std::span<const PlanePoint> a, std::span<const PlanePoint> b,
+                    const std::function<bool(const ChainCrossing&)>& visit) {
+    const bool isClosedA = IsClosed(a);
+    const bool isClosedB = IsClosed(b);
+    for (std::size_t i = 1; i < a.size(); ++i) {
+        for (std::size_t j = 1; j < b.size(); ++j) {
+            for (const auto& [t, s] : CrossSegments(a[i - 1], a[i], b[j - 1], b[j])) {
+                if (IsLeftToTheNext(t, i, a, isClosedA) || IsLeftToTheNext(s, j, b, isClosedB)) continue;
+                ChainCrossing crossing{i, j, t, s, {}};
+                PointOnSegments(a[i - 1], a[i], b[j - 1], b[j], t, &crossing.place);
+                if (!visit(crossing)) return false;
+            }
+        }
+    }
+    return true;
+}
+
+}  // namespace tessara

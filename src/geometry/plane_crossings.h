@@ -1,0 +1,43 @@
+// Where two chains of segments in a plane cross.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <span>
+
+#include "geometry/plane_lines.h"
+
+namespace tessara {
+
+// A common point of two segments, by its parameters on both.
+struct SegmentCrossing {
+    double t, s;
+};
+
+struct SegmentCrossings {
+    std::array<SegmentCrossing, 4> at;
+    std::size_t count;
+
+    [[nodiscard]] const SegmentCrossing* begin() const { return at.data(); }
+    [[nodiscard]] const SegmentCrossing* end() const { return at.data() + count; }
+};
+
+// The points that a1-a2 and b1-b2 have in common: none, the one where they cross, or the ends of an overlap,
+// in the order a1, a2, b1, b2; an end that both share counts as a's. Parameters are in 0..1.
+[[nodiscard]] SegmentCrossings CrossSegments(const PlanePoint& a1, const PlanePoint& a2, const PlanePoint& b1,
+                                             const PlanePoint& b2);
+
+struct ChainCrossing {
+    std::size_t i, j;  // the crossing lies between a[i - 1] and a[i] and between b[j - 1] and b[j]
+    double t, s;
+    PlanePoint place;
+};
+
+// Visits the crossings of two chains of at least two points each, by i, then by j. One in a vertex is visited
+// once, with the segment that starts there; the last point of a chain that comes back to its first belongs
+// to the first. Ends with false at the first visit that is false.
+bool VisitCrossings(std::span<const PlanePoint> a, std::span<const PlanePoint> b,
+                    const std::function<bool(const ChainCrossing&)>& visit);
+
+}  // namespace tessara

@@ -1,0 +1,146 @@
+#include "maps/line_clipping.h"
+
+#include <cmath>
+
+namespace tessara {
+namespace {
+
+constexpr double EDGE_TOLERANCE = 0.5;  // pixels
+
+bool IsFinite(const PixelPoint& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+PixelPoint Middle(const PixelPoint& a, const PixelPoint& b) {
+    return {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
+}
+
+double Length(const PixelPoint& a, const PixelPoint& b) {
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+// Steps of one pixel from one point towards another. The steps add up, so that the end itself may be jumped
+// over.
+class Walk {
+  public:
+    Walk(const PixelPoint& from, const PixelPoint& to)
+        : from_(from), to_(to), at_(from), stepsLeft_(std::ceil(Length(from, to)) + 2.0) {
+        const double length = Length(from, to);
+        step_ = {(to.x - from.x) / length, (to.y - from.y) / length};
+    }
+
+    [[nodiscard]] const PixelPoint& At() const { return at_; }
+
+    // False once the point has passed the end. Where doubles are too coarse for a step, the walk is over,
+    // too.
+    bool Step() {
+        const PixelPoint before = at_;
+        at_ = {at_.x + step_.x, at_.y + step_.y};
+        stepsLeft_ -= 1.0;
+        return !IsPast(from_.x, to_.x, at_.x) && !IsPast(from_.y, to_.y, at_.y) && at_ != before &&
+               stepsLeft_ > 0.0;
+    }
+
+  private:
+    // An axis along which the line doesn't run is never passed.
+    static bool IsPast(double from, double to, double at) {
+        return (to > from && at > to) || (to < from && at < to);
+    }
+
+    PixelPoint from_, to_, at_, step_;
+    double stepsLeft_;
+};
+
+class Clipper {
+  public:
+    Clipper(const PixelPoint& a, const PixelPoint& b, const PixelTest& test) : a_(a), b_(b), test_(test) {}
+
+    [[nodiscard]] ClippedLine Clip() const {
+        const bool isAValid = IsValid(a_);
+        if (a_ == b_) return isAValid ? All() : None();
+        if (isAValid != IsValid(b_)) {
+            return isAValid ? Piece(a_, Edge(a_, b_)) : Piece(Edge(b_, a_), b_);
+        }
+        const PixelPoint middle = Middle(a_, b_);
+        const bool isMiddleValid = IsValid(middle);
+        if (isAValid != isMiddleValid) {
+            return isAValid ? Gap(Edge(a_, middle), Edge(b_, middle))
+                            : Piece(Edge(middle, a_), Edge(middle, b_));
+        }
+        if (Length(a_, b_) > LONGEST_WALK) return {CLIP_FAILED, {}, {}};
+        return isAValid ? WalkToGap() : WalkToPiece();
+    }
+
+  private:
+    [[nodiscard]] bool IsValid(const PixelPoint& p) const {
+        PixelPoint back{};
+        return test_(p, &back);
+    }
+
+    [[nodiscard]] ClippedLine All() const { return {CLIP_ALL_VALID, a_, b_}; }
+    static ClippedLine None() { return {CLIP_NONE_VALID, {}, {}}; }
+    static ClippedLine Gap(const PixelPoint& first, const PixelPoint& second) {
+        return {CLIP_ONE_GAP, first, second};
+    }
+    static ClippedLine Piece(const PixelPoint& first, const PixelPoint& second) {
+        return {CLIP_ONE_PIECE, first, second};
+    }
+
+    // The valid point next to the edge between a valid and an invalid one. It ends also where doubles have no
+    // number in between.
+    [[nodiscard]] PixelPoint Edge(PixelPoint valid, PixelPoint invalid) const {
+        while (std::fabs(valid.x - invalid.x) > EDGE_TOLERANCE ||
+               std::fabs(valid.y - invalid.y) > EDGE_TOLERANCE) {
+            const PixelPoint middle = Middle(valid, invalid);
+            if (middle == valid || middle == invalid) break;
+            (IsValid(middle) ? valid : invalid) = middle;
+        }
+        return valid;
+    }
+
+    // Both ends and the middle are valid. A gap that reaches beyond the end has no point behind it: it starts
+    // and ends with the last valid one.
+    [[nodiscard]] ClippedLine WalkToGap() const {
+        Walk walk(a_, b_);
+        PixelPoint last = a_;
+        while (IsValid(walk.At())) {
+            last = walk.At();
+            if (!walk.Step()) return All();
+        }
+        while (walk.Step()) {
+            if (IsValid(walk.At())) return Gap(last, walk.At());
+        }
+        return Gap(last, last);
+    }
+
+    // Neither the ends nor the middle are valid. The far end of the piece isn't looked for: where the
+    // position of the first valid pixel leads back to a valid pixel, the piece reaches to the first point
+    // past the end; else it is that one pixel.
+    [[nodiscard]] ClippedLine WalkToPiece() const {
+        Walk walk(a_, b_);
+        PixelPoint back{};
+        while (!test_(walk.At(), &back)) {
+            if (!walk.Step()) return None();
+        }
+        const PixelPoint first = walk.At();
+        if (!IsValid(back)) return Piece(first, first);
+        while (walk.Step()) {
+        }
+        return Piece(first, walk.At());
+    }
+
+    const PixelPoint a_;
+    const PixelPoint b_;
+    const PixelTest& test_;
+};
+
+}  // namespace
+
+ClippedLine ClipLine(const PixelPoint& a, const PixelPoint& b, const PixelTest& test) {
+    if (!IsFinite(a) || !IsFinite(b)) return {CLIP_FAILED, {}, {}};
+    return Clipper(a, b, test).Clip();
+}
+
+}  // namespace tessara

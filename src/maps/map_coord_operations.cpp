@@ -1,0 +1,164 @@
+#include "maps/map_coord_operations.h"
+
+#include "maps/creation.h"
+#include "objects/default_koord.h"
+#include "objects/koord_access.h"
+#include "tessara/array.h"
+#include "tessara/coordinate_reference.h"
+#include "tessara/geo_date.h"
+#include "tessara/projection.h"
+#include "tessara/ref.h"
+#include "tessara/reference_point.h"
+
+namespace tessara {
+namespace {
+
+bool IsPixel(const CKoord& koord) {
+    return IsPixelType(static_cast<std::int32_t>(koord.type));
+}
+
+bool FillPoint(const MapReferenceNode& node, IReferencePoint* point) {
+    const CKoord world(node.world);
+    const IRef<ICoord> coord(CreateClassCoord());
+    return KoordToCoord(&world, coord.Get()) && point->SetLong(coord.Get(), node.pixelX, node.pixelY);
+}
+
+}  // namespace
+
+bool MapCoordOperations::GetMapDefinition(IArray* points, std::int32_t* scaleDenominator, double* resolution,
+                                          IGeoDate* datum, IProjection* projection) {
+    const IRef<IArray> list(points);
+    const IRef<IGeoDate> date(datum);
+    const IRef<IProjection> drawn(projection);
+    if (!date.IsValid() || !drawn.IsValid() || !scaleDenominator || !resolution) return false;
+    // The type that counts is the one that the object brings along.
+    if (!list.IsValid() && drawn->GetProjectionType() != MAP_POLYNOM) return false;
+
+    if (list.IsValid() && !GetReferencePoints(points)) return false;
+    *scaleDenominator = GetScaleDenominator();
+    *resolution = GetResolution();
+    return GetGeoDate(datum) && GetProjection(projection);
+}
+
+bool MapCoordOperations::GetReferencePoint(IReferencePoint* out) {
+    const IRef<IReferencePoint> point(out);
+    return point.IsValid() && map_->referenceCount == 1 && FillPoint(map_->reference, point.Get());
+}
+
+bool MapCoordOperations::GetReferencePoints(IArray* out) {
+    const IRef<IArray> points(out);
+    if (!points.IsValid()) return false;
+    points->Clear();
+    const MapReferenceNode* node = &map_->reference;
+    for (std::uint32_t i = 0; i < map_->referenceCount && node; ++i, node = node->next) {
+        const IRef<IReferencePoint> point(CreateClassReferencePoint());
+        if (!point.IsValid() || !FillPoint(*node, point.Get())) return false;
+        points->Add(point.Get());
+    }
+    return true;
+}
+
+bool MapCoordOperations::GetGeoDate(IGeoDate* out) {
+    const IRef<IGeoDate> date(out);
+    return date.IsValid() && date->SetDatum(static_cast<std::int32_t>(map_->datum));
+}
+
+bool MapCoordOperations::GetProjection(IProjection* out) {
+    const IRef<IProjection> projection(out);
+    const IRef<IMapParamInternal> record(projection);
+    return record.IsValid() && record->SetMapParam(&*map_);
+}
+
+// A pixel record of this map, whatever its values.
+CKoord MapCoordOperations::EmptyPixel(std::int32_t type) {
+    return CKoord(MakeKoord(static_cast<std::int32_t>(map_->datum), type));
+}
+
+// Whatever `out` held, it is the default position of its reference if the pixel has none.
+bool MapCoordOperations::ToWorld(const tagKOORD& pixel, ICoord* out) {
+    const IRef<ICoord> target(out);
+    if (map_->type == MAP_UNKNOWN || !target.IsValid()) return false;
+    const double height = target->GetHeight();
+    CKoord world;
+    if (!KoordFromCoord(out, &world) || !ResetToDefault(&world) || !KoordToCoord(&world, out)) return false;
+    if (IsPixel(world) || MapPixelToWorld(&*map_, &pixel, &world) != KOORD_OK) return false;
+    world.SetHeight(height);
+    return KoordToCoord(&world, out);
+}
+
+bool MapCoordOperations::FloatPixelToCoord(double x, double y, ICoord* out) {
+    CKoord pixel = EmptyPixel(KOORD_FLOATPIXEL);
+    Store(pixel, FloatPixelPayload{x, y});
+    return ToWorld(pixel, out);
+}
+
+bool MapCoordOperations::LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) {
+    CKoord pixel = EmptyPixel(KOORD_LONGPIXEL);
+    Store(pixel, LongPixelPayload{x, y});
+    return ToWorld(pixel, out);
+}
+
+bool MapCoordOperations::PixelCoordToCoord(ICoord* pixel, ICoord* out) {
+    CKoord record;
+    return KoordFromCoord(pixel, &record) && IsPixel(record) && ToWorld(record, out);
+}
+
+// *pixel comes in with the form that is wanted.
+bool MapCoordOperations::ToPixel(ICoord* in, CKoord* pixel) {
+    CKoord world;
+    if (!KoordFromCoord(in, &world) || IsPixel(world)) return false;
+    return MapWorldToPixel(&*map_, &world, pixel) == KOORD_OK;
+}
+
+bool MapCoordOperations::CoordToFloatPixel(ICoord* in, double* x, double* y) {
+    CKoord pixel = EmptyPixel(KOORD_FLOATPIXEL);
+    if (!x || !y || !ToPixel(in, &pixel)) return false;
+    const auto at = Load<FloatPixelPayload>(pixel);
+    *x = at.x;
+    *y = at.y;
+    return true;
+}
+
+bool MapCoordOperations::CoordToLongPixel(ICoord* in, std::int32_t* x, std::int32_t* y) {
+    CKoord pixel = EmptyPixel(KOORD_LONGPIXEL);
+    if (!x || !y || !ToPixel(in, &pixel)) return false;
+    const auto at = Load<LongPixelPayload>(pixel);
+    *x = at.x;
+    *y = at.y;
+    return true;
+}
+
+bool MapCoordOperations::CoordToPixelCoord(ICoord* in, ICoord* pixel) {
+    const IRef<ICoord> source(in);
+    const IRef<ICoord> target(pixel);
+    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
+    if (!source.IsValid() || !target.IsValid() || !reference.IsValid()) return false;
+    if (!target->GetReference(reference.Get()) || !IsPixelType(reference->GetSystem())) return false;
+
+    CKoord record = EmptyPixel(reference->GetSystem());
+    if (!ToPixel(in, &record)) return false;
+    record.SetHeight(source->GetHeight());
+    return KoordToCoord(&record, pixel);
+}
+
+bool MapCoordOperations::GetMapParam(MapParam* out) {
+    if (!out) return false;
+    *out = *map_;
+    return true;
+}
+
+bool MapCoordOperations::SetMapParam(const MapParam* in) {
+    if (!in) return false;
+    map_.Adopt(*in);
+    return true;
+}
+
+IMapCoordOperations* NewMapCoordOperations(OwnedMapParam&& map) {
+    return NewObject<MapCoordOperations>(std::move(map));
+}
+
+IMapCoordOperations* CreateClassMapCoordOperations() {
+    return NewObject<MapCoordOperations>();
+}
+
+}  // namespace tessara

@@ -1,0 +1,184 @@
+#include "maps/line_clipping.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace tessara {
+namespace {
+
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+// Valid where the condition on x holds; a valid pixel leads back to itself.
+template <class Condition>
+PixelTest Where(Condition condition) {
+    return [condition](const PixelPoint& pixel, PixelPoint* back) {
+        if (!condition(pixel.x)) return false;
+        *back = pixel;
+        return true;
+    };
+}
+
+TEST(ClipLine, AWhollyValidLineStaysAsItIs) {
+    const ClippedLine line = ClipLine({1.25, 2.0}, {101.0, -40.0}, Where([](double) { return true; }));
+    EXPECT_EQ(line.result, CLIP_ALL_VALID);
+    EXPECT_EQ(line.first, (PixelPoint{1.25, 2.0}));
+    EXPECT_EQ(line.second, (PixelPoint{101.0, -40.0}));
+}
+
+TEST(ClipLine, AWhollyInvalidLineHasNothing) {
+    EXPECT_EQ(ClipLine({0.0, 0.0}, {100.0, 50.0}, Where([](double) { return false; })).result,
+              CLIP_NONE_VALID);
+}
+
+// Bisection of 0..1000: 500, 750, 625, 687.5, 718.75, 703.125 ... to an interval of 1000 / 2^11 below 700.
+TEST(ClipLine, ALineWithOneValidEndIsCutAtTheEdge) {
+    const auto test = Where([](double x) { return x <= 700.0; });
+    const ClippedLine forward = ClipLine({0.0, 5.0}, {1000.0, 5.0}, test);
+    EXPECT_EQ(forward.result, CLIP_ONE_PIECE);
+    EXPECT_EQ(forward.first, (PixelPoint{0.0, 5.0}));
+    EXPECT_EQ(forward.second, (PixelPoint{1433.0 * 1000.0 / 2048.0, 5.0}));
+    const ClippedLine backward = ClipLine({1000.0, 5.0}, {0.0, 5.0}, test);
+    EXPECT_EQ(backward.result, CLIP_ONE_PIECE);
+    EXPECT_EQ(backward.first, forward.second);
+    EXPECT_EQ(backward.second, (PixelPoint{0.0, 5.0}));
+}
+
+TEST(ClipLine, StopsAtHalfAPixelOnBothAxes) {
+    const ClippedLine line = ClipLine({0.0, 0.0}, {10.0, 1000.0}, Where([](double x) { return x <= 7.0; }));
+    EXPECT_LE(line.second.x, 7.0);
+    EXPECT_GT(line.second.y, 699.5);
+}
+
+TEST(ClipLine, AGapInTheMiddleIsCutFromBothSides) {
+    const ClippedLine line =
+        ClipLine({0.0, 0.0}, {1000.0, 0.0}, Where([](double x) { return x <= 300.0 || x >= 800.0; }));
+    EXPECT_EQ(line.result, CLIP_ONE_GAP);
+    EXPECT_LE(line.first.x, 300.0);
+    EXPECT_GT(line.first.x, 299.5);
+    EXPECT_GE(line.second.x, 800.0);
+    EXPECT_LT(line.second.x, 800.5);
+}
+
+TEST(ClipLine, APieceInTheMiddleIsCutFromBothSides) {
+    const ClippedLine line =
+        ClipLine({0.0, 0.0}, {1000.0, 0.0}, Where([](double x) { return x >= 300.0 && x <= 800.0; }));
+    EXPECT_EQ(line.result, CLIP_ONE_PIECE);
+    EXPECT_GE(line.first.x, 300.0);
+    EXPECT_LT(line.first.x, 300.5);
+    EXPECT_LE(line.second.x, 800.0);
+    EXPECT_GT(line.second.x, 799.5);
+}
+
+// Both ends and the middle are valid: the walk meets 100, 101 ... 200.
+TEST(ClipLine, AGapBesideTheMiddleIsWalkedTo) {
+    const ClippedLine line =
+        ClipLine({0.0, 7.0}, {1000.0, 7.0}, Where([](double x) { return x < 99.5 || x > 200.5; }));
+    EXPECT_EQ(line.result, CLIP_ONE_GAP);
+    EXPECT_EQ(line.first, (PixelPoint{99.0, 7.0}));
+    EXPECT_EQ(line.second, (PixelPoint{201.0, 7.0}));
+}
+
+TEST(ClipLine, OnlyTheFirstOfSeveralGapsIsFound) {
+    const ClippedLine line =
+        ClipLine({0.0, 0.0}, {-1000.0, 0.0},
+                 Where([](double x) { return !(x < -99.5 && x > -200.5) && !(x < -699.5 && x > -800.5); }));
+    EXPECT_EQ(line.result, CLIP_ONE_GAP);
+    EXPECT_EQ(line.first.x, -99.0);
+    EXPECT_EQ(line.second.x, -201.0);
+}
+
+TEST(ClipLine, AGapNarrowerThanAStepMayBeMissed) {
+    EXPECT_EQ(
+        ClipLine({0.0, 0.0}, {1000.0, 0.0}, Where([](double x) { return x < 99.2 || x > 99.8; })).result,
+        CLIP_ALL_VALID);
+}
+
+// The walk jumps over the end, and the gap has no point behind it: 10.5 is valid, but 10 and 11 aren't.
+TEST(ClipLine, AGapUpToTheEndEndsWhereItStarts) {
+    const ClippedLine line =
+        ClipLine({0.0, 0.0}, {10.5, 0.0}, Where([](double x) { return x < 7.5 || x == 10.5; }));
+    EXPECT_EQ(line.result, CLIP_ONE_GAP);
+    EXPECT_EQ(line.first.x, 7.0);
+    EXPECT_EQ(line.second.x, 7.0);
+}
+
+// Neither the ends nor the middle are valid. The walk finds the start of the piece and doesn't look for its
+// end: it gives the first point past the end of the line.
+TEST(ClipLine, APieceBesideTheMiddleReachesPastTheEnd) {
+    const ClippedLine line =
+        ClipLine({0.0, 0.0}, {1000.0, 0.0}, Where([](double x) { return x > 99.5 && x < 200.5; }));
+    EXPECT_EQ(line.result, CLIP_ONE_PIECE);
+    EXPECT_EQ(line.first.x, 100.0);
+    EXPECT_EQ(line.second.x, 1001.0);
+}
+
+// ... unless the pixel to which its position leads back is invalid.
+TEST(ClipLine, APieceThatLeadsBackElsewhereIsOnePixel) {
+    const ClippedLine line = ClipLine({0.0, 0.0}, {1000.0, 0.0}, [](const PixelPoint& p, PixelPoint* back) {
+        *back = {5000.0, 0.0};
+        return p.x > 99.5 && p.x < 200.5;
+    });
+    EXPECT_EQ(line.result, CLIP_ONE_PIECE);
+    EXPECT_EQ(line.first.x, 100.0);
+    EXPECT_EQ(line.second.x, 100.0);
+}
+
+// Steps of (3/5, 4/5); an axis without difference is never passed.
+TEST(ClipLine, WalksInStepsOfOnePixel) {
+    const ClippedLine line =
+        ClipLine({0.0, 0.0}, {30.0, -40.0}, Where([](double x) { return x < 5.7 || x > 8.7; }));
+    EXPECT_EQ(line.result, CLIP_ONE_GAP);
+    EXPECT_NEAR(line.first.x, 5.4, 1e-12);
+    EXPECT_NEAR(line.first.y, -7.2, 1e-12);
+    EXPECT_NEAR(line.second.x, 9.0, 1e-12);
+    EXPECT_NEAR(line.second.y, -12.0, 1e-12);
+}
+
+TEST(ClipLine, ALineOfOnePointIsValidOrNot) {
+    const auto test = Where([](double x) { return x > 0.0; });
+    const ClippedLine valid = ClipLine({1.0, 2.0}, {1.0, 2.0}, test);
+    EXPECT_EQ(valid.result, CLIP_ALL_VALID);
+    EXPECT_EQ(valid.first, (PixelPoint{1.0, 2.0}));
+    EXPECT_EQ(valid.second, (PixelPoint{1.0, 2.0}));
+    EXPECT_EQ(ClipLine({-1.0, 2.0}, {-1.0, 2.0}, test).result, CLIP_NONE_VALID);
+}
+
+TEST(ClipLine, AnEndThatIsNowhereFails) {
+    const auto test = Where([](double) { return true; });
+    for (double bad : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
+        EXPECT_EQ(ClipLine({bad, 0.0}, {1.0, 1.0}, test).result, CLIP_FAILED);
+        EXPECT_EQ(ClipLine({0.0, bad}, {1.0, 1.0}, test).result, CLIP_FAILED);
+        EXPECT_EQ(ClipLine({0.0, 0.0}, {bad, 1.0}, test).result, CLIP_FAILED);
+        EXPECT_EQ(ClipLine({0.0, 0.0}, {1.0, bad}, test).result, CLIP_FAILED);
+    }
+}
+
+TEST(ClipLine, ALineTooLongIsNotWalked) {
+    EXPECT_EQ(ClipLine({0.0, 0.0}, {1.1e7, 0.0}, Where([](double) { return true; })).result, CLIP_FAILED);
+    EXPECT_EQ(ClipLine({0.0, 0.0}, {1e300, 0.0}, Where([](double) { return false; })).result, CLIP_FAILED);
+    EXPECT_EQ(ClipLine({-1e308, 0.0}, {1e308, 1e308}, Where([](double) { return true; })).result,
+              CLIP_FAILED);
+    // An edge is found at any distance.
+    EXPECT_EQ(ClipLine({0.0, 0.0}, {1e300, 0.0}, Where([](double x) { return x < 1e9; })).result,
+              CLIP_ONE_PIECE);
+    EXPECT_EQ(ClipLine({1e308, 0.0}, {-1e308, 0.0}, Where([](double x) { return x > 0.0; })).result,
+              CLIP_ONE_PIECE);
+}
+
+// At 2^60 doubles are 256 apart: no step moves.
+TEST(ClipLine, EndsWhereDoublesAreCoarserThanAStep) {
+    const double far = std::ldexp(1.0, 60);
+    EXPECT_EQ(ClipLine({far, 0.0}, {far + 4096.0, 0.0}, Where([](double) { return true; })).result,
+              CLIP_ALL_VALID);
+    EXPECT_EQ(ClipLine({far, 0.0}, {far + 4096.0, 0.0}, Where([](double) { return false; })).result,
+              CLIP_NONE_VALID);
+    EXPECT_EQ(
+        ClipLine({far, 0.0}, {far + 4096.0, 0.0}, Where([far](double x) { return x < far + 1000.0; })).result,
+        CLIP_ONE_PIECE);
+}
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,77 @@
+#include "maps/owned_map_param.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "support/live_objects.h"
+
+namespace tessara::testing {
+namespace {
+
+class OwnedMapParamTest : public BalancedTest {};
+
+// A record with a chain of `count` nodes behind the first.
+MapParam ChainOf(std::uint32_t count) {
+    MapParam record;
+    record.referenceCount = count + 1;
+    MapReferenceNode* node = &record.reference;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        node->next = new MapReferenceNode;
+        node = node->next;
+    }
+    return record;
+}
+
+TEST_F(OwnedMapParamTest, FreesItsChain) {
+    OwnedMapParam map;
+    map.Adopt(ChainOf(3));
+}
+
+TEST_F(OwnedMapParamTest, FreesAVeryLongChain) {
+    OwnedMapParam map;
+    map.Adopt(ChainOf(200000));
+}
+
+TEST_F(OwnedMapParamTest, TheChainMovesAlong) {
+    OwnedMapParam first;
+    first.Adopt(ChainOf(2));
+    first->datum = 6;
+    OwnedMapParam second(std::move(first));
+    EXPECT_EQ(second->referenceCount, 3u);
+    EXPECT_NE(second->reference.next, nullptr);
+    EXPECT_EQ(second->datum, 6u);
+    EXPECT_EQ(first->referenceCount, 0u);
+    EXPECT_EQ(first->reference.next, nullptr);
+}
+
+TEST_F(OwnedMapParamTest, AReleasedChainIsLeftToTheCaller) {
+    OwnedMapParam next;
+    {
+        OwnedMapParam map;
+        map.Adopt(ChainOf(2));
+        next.Adopt(map.Release());
+    }
+    EXPECT_NE(next->reference.next->next, nullptr);
+}
+
+TEST_F(OwnedMapParamTest, AdoptingLeavesTheOldChainReadable) {
+    OwnedMapParam map;
+    map.Adopt(ChainOf(1));
+    const MapParam before = *map;
+    map.Adopt(ChainOf(2));
+    EXPECT_EQ(before.reference.next->pixelX, 0);
+    OwnedMapParam heir;
+    heir.Adopt(before);
+}
+
+TEST_F(OwnedMapParamTest, MayAdoptItsOwnRecord) {
+    OwnedMapParam map;
+    map.Adopt(ChainOf(2));
+    const MapParam own = *map;
+    map.Adopt(own);
+    EXPECT_EQ(map->reference.next, own.reference.next);
+}
+
+}  // namespace
+}  // namespace tessara::testing
