@@ -55,8 +55,10 @@ class ICoordinateArea : public IUnknown {
     //
     // The corners and the lines of pixels between them are searched, to a quarter of a pixel, and the limits
     // of the system and the middles and borders of its zones that lie inside. A corner that the map or the
-    // system can't show moves toward the centre, a quarter, a half or all of the way; then the same is done
-    // for up to four narrower rectangles, a quarter of the size off each side.
+    // system can't show moves toward the centre, a quarter, a half or all of the way; then the pieces of the
+    // sides that can be shown are searched, and up to four narrower rectangles, a quarter of the size off
+    // each side. Where the system ends amid the rectangle its edge isn't followed: besides the places told,
+    // an extreme there is not found.
     //
     // False for a null or wrong object, an empty map, and a rectangle without any valid position; ECEF and TM
     // positions are never valid. The points are then unchanged.
