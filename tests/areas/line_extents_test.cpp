@@ -32,6 +32,11 @@ class LineExtentsTest : public testing::BalancedTest {
     static constexpr Plain PLAIN[] = {&ICoordinateArea::GetLineNorth, &ICoordinateArea::GetLineEast,
                                       &ICoordinateArea::GetLineSouth, &ICoordinateArea::GetLineWest};
 
+    bool Run(Plain operation, IArray* line, ICoord* point) { return (area.Get()->*operation)(line, point); }
+    bool Run(OnMap operation, IMapCoordOperations* on, IArray* line, ICoord* point) {
+        return (area.Get()->*operation)(on, line, point);
+    }
+
     void Ask(std::int32_t system, std::int32_t datum = DATUM_WGS84) {
         for (IRef<ICoord>& result : results)
             result = EmptyCoord(datum, system);
@@ -102,8 +107,8 @@ TEST_F(LineExtentsTest, EachDirectionAloneIsTheSame) {
     for (int i = 0; i < 4; ++i) {
         const IRef<ICoord> plain = EmptyCoord(2, KOORD_UTM);
         const IRef<ICoord> onMap = EmptyCoord(2, KOORD_UTM);
-        ASSERT_TRUE((area.Get()->*PLAIN[i])(line.Get(), plain.Get()));
-        ASSERT_TRUE((area.Get()->*ON_MAP[i])(map.Get(), line.Get(), onMap.Get()));
+        ASSERT_TRUE(Run(PLAIN[i], line.Get(), plain.Get()));
+        ASSERT_TRUE(Run(ON_MAP[i], map.Get(), line.Get(), onMap.Get()));
         for (const IRef<ICoord>& single : {plain, onMap}) {
             EXPECT_EQ(PayloadOf<UtmPayload>(single).northing, Utm(i).northing);
             EXPECT_EQ(PayloadOf<UtmPayload>(single).easting, Utm(i).easting);
@@ -155,8 +160,8 @@ TEST_F(LineExtentsTest, AnEmptyLineHasNone) {
     EXPECT_FALSE(Extremes(nothing));
     EXPECT_FALSE(ExtremesOnMap(nothing));
     for (int i = 0; i < 4; ++i) {
-        EXPECT_FALSE((area.Get()->*PLAIN[i])(nothing.Get(), results[i].Get()));
-        EXPECT_FALSE((area.Get()->*ON_MAP[i])(map.Get(), nothing.Get(), results[i].Get()));
+        EXPECT_FALSE(Run(PLAIN[i], nothing.Get(), results[i].Get()));
+        EXPECT_FALSE(Run(ON_MAP[i], map.Get(), nothing.Get(), results[i].Get()));
     }
     EXPECT_FALSE(AnyResultHoldsPosition());
 }
@@ -214,11 +219,11 @@ TEST_F(LineExtentsTest, NullAndForeignObjectsFail) {
         auto* const lineIn = reinterpret_cast<IArray*>(other);
         auto* const pointIn = reinterpret_cast<ICoord*>(other);
         for (int i = 0; i < 4; ++i) {
-            EXPECT_FALSE((area.Get()->*PLAIN[i])(lineIn, point));
-            EXPECT_FALSE((area.Get()->*PLAIN[i])(line.Get(), pointIn));
-            EXPECT_FALSE((area.Get()->*ON_MAP[i])(mapIn, line.Get(), point));
-            EXPECT_FALSE((area.Get()->*ON_MAP[i])(map.Get(), lineIn, point));
-            EXPECT_FALSE((area.Get()->*ON_MAP[i])(map.Get(), line.Get(), pointIn));
+            EXPECT_FALSE(Run(PLAIN[i], lineIn, point));
+            EXPECT_FALSE(Run(PLAIN[i], line.Get(), pointIn));
+            EXPECT_FALSE(Run(ON_MAP[i], mapIn, line.Get(), point));
+            EXPECT_FALSE(Run(ON_MAP[i], map.Get(), lineIn, point));
+            EXPECT_FALSE(Run(ON_MAP[i], map.Get(), line.Get(), pointIn));
             ICoord* four[] = {results[0].Get(), results[1].Get(), results[2].Get(), results[3].Get()};
             four[i] = pointIn;
             EXPECT_FALSE(area->GetLineExtremes(line.Get(), four[0], four[1], four[2], four[3]));

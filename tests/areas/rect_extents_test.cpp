@@ -39,6 +39,10 @@ class RectExtentsTest : public testing::BalancedTest {
         &ICoordinateArea::GetMapRectNorth, &ICoordinateArea::GetMapRectEast,
         &ICoordinateArea::GetMapRectSouth, &ICoordinateArea::GetMapRectWest};
 
+    bool Run(Operation operation, IMapCoordOperations* on, IRect* rect, ICoord* point) {
+        return (area.Get()->*operation)(on, rect, point);
+    }
+
     void Ask(std::int32_t system, std::int32_t datum = DATUM_WGS84) {
         for (IRef<ICoord>& result : results)
             result = EmptyCoord(datum, system);
@@ -127,7 +131,7 @@ TEST_F(RectExtentsTest, EachDirectionAloneIsTheSame) {
     ASSERT_TRUE(Extremes(0, 0, 600, 200));
     for (int i = 0; i < 4; ++i) {
         const IRef<ICoord> point = EmptyCoord(2, KOORD_UTM);
-        ASSERT_TRUE((area.Get()->*SINGLE[i])(map.Get(), RectOf(0, 0, 600, 200).Get(), point.Get()));
+        ASSERT_TRUE(Run(SINGLE[i], map.Get(), RectOf(0, 0, 600, 200).Get(), point.Get()));
         EXPECT_EQ(PayloadOf<UtmPayload>(point).northing, Utm(i).northing);
         EXPECT_EQ(PayloadOf<UtmPayload>(point).easting, Utm(i).easting);
         EXPECT_EQ(PayloadOf<UtmPayload>(point).zone, Utm(i).zone);
@@ -237,9 +241,9 @@ TEST_F(RectExtentsTest, NullAndForeignObjectsFail) {
         auto* const rectIn = reinterpret_cast<IRect*>(other);
         auto* const pointIn = reinterpret_cast<ICoord*>(other);
         for (int i = 0; i < 4; ++i) {
-            EXPECT_FALSE((area.Get()->*SINGLE[i])(mapIn, rect.Get(), point));
-            EXPECT_FALSE((area.Get()->*SINGLE[i])(map.Get(), rectIn, point));
-            EXPECT_FALSE((area.Get()->*SINGLE[i])(map.Get(), rect.Get(), pointIn));
+            EXPECT_FALSE(Run(SINGLE[i], mapIn, rect.Get(), point));
+            EXPECT_FALSE(Run(SINGLE[i], map.Get(), rectIn, point));
+            EXPECT_FALSE(Run(SINGLE[i], map.Get(), rect.Get(), pointIn));
             ICoord* four[] = {results[0].Get(), results[1].Get(), results[2].Get(), results[3].Get()};
             four[i] = pointIn;
             EXPECT_FALSE(area->GetMapRectExtremes(map.Get(), rect.Get(), four[0], four[1], four[2], four[3]));
