@@ -20,5 +20,7 @@ void AddSystems(CLI::App& program, Action& action);
 void AddDatums(CLI::App& program, Action& action);
 void AddDistance(CLI::App& program, Action& action);
 void AddDirect(CLI::App& program, Action& action);
+void AddCheck(CLI::App& program, Action& action);
+void AddUtmref(CLI::App& program, Action& action);
 
 }  // namespace tessara::program

@@ -1,7 +1,5 @@
 #include "conversion.h"
 
-#include "names.h"
-
 namespace tessara::program {
 namespace {
 
@@ -12,10 +10,6 @@ CKoord GeodezKoord(const Position& position, std::int32_t datum) {
 }
 
 }  // namespace
-
-std::string Reference::Name() const {
-    return SystemName(system) + "@" + DatumName(datum);
-}
 
 Conversion::Conversion(std::int32_t from, Reference to)
     : from_(from), to_(to), reference_(CreateClassCoordinateReference()) {

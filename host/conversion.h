@@ -3,20 +3,12 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 #include "positions.h"
+#include "references.h"
 #include "tessara/tessara.h"
 
 namespace tessara::program {
-
-struct Reference {
-    std::int32_t system;
-    std::int32_t datum;
-
-    // As it is written on the command line: SYSTEM@DATUM.
-    [[nodiscard]] std::string Name() const;
-};
 
 class Conversion {
   public:

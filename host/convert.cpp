@@ -5,12 +5,14 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "arguments.h"
 #include "commands.h"
 #include "conversion.h"
 #include "fields.h"
 #include "names.h"
 #include "positions.h"
+#include "references.h"
+#include "text_files.h"
+#include "text_forms.h"
 
 namespace tessara::program {
 namespace {
@@ -26,6 +28,14 @@ constexpr const char* FOOTER =
     "The\n"
     "targets stand apart by a tab, the fields by a blank; `tessara systems` tells the fields of a system.\n"
     "\n"
+    "Where --from names a system, a line has columns instead: the north text and the east text of a "
+    "position,\n"
+    "in the form in which `tessara convert` writes them, and any others, which are kept. They stand apart by "
+    "tabs,\n"
+    "semicolons or commas, and the texts of the targets take the place of the two. No ECEF, TM and GK-AT can "
+    "be\n"
+    "typed, of UPS the north only, of GEOREF the degrees.\n"
+    "\n"
     "A line that can't be used is reported on standard error as `FILE:LINE: what is wrong`, and the exit\n"
     "status is 1; all other lines are written.\n"
     "\n"
@@ -34,50 +44,70 @@ constexpr const char* FOOTER =
     "  tessara convert --to UTMREF --to GK@GER positions.txt    two targets\n"
     "  tessara convert --from MGI --to BMN positions.txt        without a change of datum\n"
     "  tessara convert --from GER positions.txt                 to degrees on WGS84\n"
+    "  echo 'N 5334791;32 691602' | tessara convert --from UTM --to UTMREF --display\n"
+    "  tessara convert --from UTMREF --columns north,east --to GEODEZ sites.csv\n"
     "  tessara convert --json --to UTM positions.txt | jq '.results[0].easting'";
+
+// What works with texts only.
+struct TextOptions {
+    bool display = false;
+    std::optional<double> northResolution;
+    std::optional<double> eastResolution;
+    std::vector<std::string> columns;
+    std::optional<std::string> rejects;
+    std::optional<unsigned> jobs;
+
+    [[nodiscard]] bool AreGiven() const {
+        return display || northResolution || eastResolution || !columns.empty() || rejects || jobs;
+    }
+};
 
 struct Options {
     std::vector<std::string> files;
     std::string from = "WGS84";
     std::vector<std::string> to;
     bool json = false;
+    TextOptions text;
 };
-
-// The two halves of SYSTEM[@DATUM].
-struct TargetNames {
-    std::string system;
-    std::string datum;
-};
-
-TargetNames SplitTarget(const std::string& target, const std::string& defaultDatum) {
-    const std::size_t at = target.find('@');
-    if (at == std::string::npos) return {target, defaultDatum};
-    return {target.substr(0, at), target.substr(at + 1)};
-}
-
-bool IsPixel(std::int32_t system) {
-    return system == KOORD_LONGPIXEL || system == KOORD_FLOATPIXEL;
-}
 
 // What is wrong with a target on the command line; empty if nothing is.
 std::string CheckTarget(const std::string& target) {
-    const TargetNames names = SplitTarget(target, "WGS84");
-    const std::optional<std::int32_t> system = SystemByName(names.system);
-    if (!system) return "no system is called '" + names.system + "'; `tessara systems` lists them";
-    if (IsPixel(*system)) return "a position becomes a pixel by a map only";
-    if (!DatumByName(names.datum))
-        return "no datum is called '" + names.datum + "'; `tessara datums` lists them";
-    return {};
+    const std::string wrong = WrongReference(target);
+    if (!wrong.empty()) return wrong;
+    return IsPixel(ReferenceByName(target, DATUM_WGS84)->system) ? "a position becomes a pixel by a map only"
+                                                                 : "";
+}
+
+// Whether --from names a system, and with it the form of the lines.
+bool NamesSystem(const std::string& from) {
+    return !DatumByName(from) && ReferenceByName(from, DATUM_WGS84).has_value();
+}
+
+std::string CheckFrom(const std::string& from) {
+    if (DatumByName(from)) return {};
+    if (!SystemByName(from) && from.find('@') == std::string::npos)
+        return "no datum is called '" + from + "'; `tessara datums` and `tessara systems` list what there is";
+    const std::string wrong = WrongReference(from);
+    if (!wrong.empty()) return wrong;
+    const std::int32_t system = ReferenceByName(from, DATUM_WGS84)->system;
+    if (IsPixel(system)) return "a pixel becomes a position by a map only";
+    const std::string never = WhyNeverTyped(system);
+    return never.empty() ? "" : SystemName(system) + " can't be typed: " + never;
+}
+
+std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
+    std::vector<Reference> targets;
+    for (const std::string& target : options.to)
+        targets.push_back(*ReferenceByName(target, datum));
+    if (targets.empty()) targets.push_back({KOORD_GEODEZ, DATUM_WGS84});
+    return targets;
 }
 
 std::vector<Conversion> Conversions(const Options& options) {
     const std::int32_t from = *DatumByName(options.from);
     std::vector<Conversion> conversions;
-    for (const std::string& target : options.to) {
-        const TargetNames names = SplitTarget(target, options.from);
-        conversions.emplace_back(from, Reference{*SystemByName(names.system), *DatumByName(names.datum)});
-    }
-    if (conversions.empty()) conversions.emplace_back(from, Reference{KOORD_GEODEZ, DATUM_WGS84});
+    for (const Reference& target : Targets(options, from))
+        conversions.emplace_back(from, target);
     return conversions;
 }
 
@@ -189,12 +219,53 @@ class Converter {
     bool complete_ = true;
 };
 
+ExitCode ConvertTexts(const Options& options) {
+    const Reference from = *ReferenceByName(options.from, DATUM_WGS84);
+    const TextOptions& text = options.text;
+    TextFiles files;
+    files.conversion = {from,         Targets(options, from.datum), text.display,
+                        options.json, text.northResolution,         text.eastResolution};
+    files.files = options.files;
+    if (!text.columns.empty()) files.columns = {text.columns[0], text.columns[1]};
+    files.rejects = text.rejects;
+    files.jobs = text.jobs.value_or(1);
+    return ConvertTextFiles(files);
+}
+
 ExitCode Convert(const Options& options) {
+    if (NamesSystem(options.from)) return ConvertTexts(options);
     Converter converter(options);
     for (const std::string& file : options.files)
         converter.ConvertFile(file);
     if (options.files.empty()) converter.ConvertFile("-");
     return converter.Code();
+}
+
+void AddTextOptions(CLI::App& command, TextOptions& options) {
+    const std::string group = "Texts";
+    command.add_flag("--display", options.display, "Write the forms for a screen")->group(group);
+    command
+        .add_option("--north-precision", options.northResolution,
+                    "Resolution of the north texts, in units of the target (degrees, metres)")
+        ->check(CLI::PositiveNumber)
+        ->group(group);
+    command.add_option("--east-precision", options.eastResolution, "The same for the east texts")
+        ->check(CLI::PositiveNumber)
+        ->group(group);
+    command
+        .add_option("--columns", options.columns,
+                    "The columns with the texts, by their names in the first line of the files")
+        ->type_name("NORTH,EAST")
+        ->delimiter(',')
+        ->expected(2)
+        ->group(group);
+    command
+        .add_option("--rejects", options.rejects, "Write the lines that can't be used to a file, unchanged")
+        ->type_name("FILE")
+        ->group(group);
+    command.add_option("--jobs", options.jobs, "How many cores to use")
+        ->check(CLI::Range(1, 256))
+        ->group(group);
 }
 
 }  // namespace
@@ -205,7 +276,12 @@ void AddConvert(CLI::App& program, Action& action) {
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
     command->add_option("FILES", options->files, "Files to read; '-' is standard input");
-    AddDatum(*command, "--from", options->from, "Datum of the positions that are read");
+    command
+        ->add_option("--from", options->from,
+                     "Datum of the positions that are read; or the system of texts, and their datum")
+        ->type_name("DATUM|SYSTEM[@DATUM]")
+        ->capture_default_str()
+        ->check(CheckFrom);
     command
         ->add_option(
             "--to", options->to,
@@ -215,7 +291,13 @@ void AddConvert(CLI::App& program, Action& action) {
         ->allow_extra_args(false)
         ->check(CheckTarget);
     command->add_flag("--json", options->json, "Write one JSON object for a position, numbers in full");
-    command->callback([options, &action] { action = [options] { return Convert(*options); }; });
+    AddTextOptions(*command, options->text);
+    command->callback([options, &action] {
+        if (options->text.AreGiven() && !NamesSystem(options->from))
+            throw CLI::ValidationError("--from", "texts are read by the system that --from names");
+
+        action = [options] { return Convert(*options); };
+    });
 }
 
 }  // namespace tessara::program

@@ -43,6 +43,8 @@ int Main(std::vector<std::string> arguments) {
     AddDatums(program, action);
     AddDistance(program, action);
     AddDirect(program, action);
+    AddCheck(program, action);
+    AddUtmref(program, action);
 
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
@@ -63,12 +65,12 @@ int Main(std::vector<std::string> arguments) {
 }  // namespace tessara::program
 
 int main(int argc, char** argv) {
-    using namespace tessara::program;
+    namespace program = tessara::program;
     std::ios::sync_with_stdio(false);
     try {
-        return Main(ReadArguments(argc, argv));
+        return program::Main(program::ReadArguments(argc, argv));
     } catch (const std::exception& error) {
         std::cerr << "tessara: " << error.what() << '\n';
-        return EXIT_INCOMPLETE;
+        return program::EXIT_INCOMPLETE;
     }
 }

@@ -55,13 +55,25 @@ class ICoordInternal : public IUnknown {
     virtual bool SetKoord(const CKoord* koord) = 0;
     // True also for an invalid coordinate; false for null.
     virtual bool GetKoord(CKoord* koord) = 0;
-    // Moves by `delta` in the units of the system, positive to the east or north, and refuses to leave the
-    // area of the system or zone. False if the coordinate is invalid, the system has no such axis, or the
-    // area would be left; the coordinate is then unchanged.
+    // Moves by `delta` to the east or north (negative: west or south), in metres on a grid, degrees in
+    // GEODEZ, GEOGRAD, GEODEZMIN and GEOREF, pixels on a map, and refuses to leave the zone or the area of
+    // the system. A move that ends beyond the area of a system without zones by 1e-7 degrees or 1e-4 m at
+    // most ends on its limit.
+    //
+    // UTMREF moves to the nearest whole metre and wants its zone afterwards; LONGPIXEL moves by the whole
+    // part of delta; ShiftNorth of a pixel adds to the row, which is southward on the map. Letters and
+    // hemispheres follow the move. TM has no way south.
+    //
+    // False for an invalid coordinate, for ECEF and LAMBERTCC, for a delta that is no number and for a move
+    // that is refused; the coordinate is then unchanged. A delta of 0.0 is true for every valid coordinate.
     virtual bool ShiftEast(double delta) = 0;
     virtual bool ShiftNorth(double delta) = 0;
-    // How far `other` lies east or north of this, in the units of the system; 2.2250738585072014e-308 if that
-    // is unknown: an invalid coordinate, another reference or zone, a system without such an axis.
+    // How far `other` lies east or north of this, in the units of the shifts. A pixel in a smaller row lies
+    // north; UTM counts across the equator; UTMREF counts 100 km squares by their letters in alphabetical
+    // order, which is wrong across the end of the rows' alphabet. Whether `other` is valid isn't looked at.
+    //
+    // 2.2250738585072014e-308 if it is unknown: this is invalid, `other` is null, foreign or of another
+    // datum, system or zone, a letter belongs to no square, or the system is ECEF or LAMBERTCC.
     virtual double EastDifference(ICoord* other) = 0;
     virtual double NorthDifference(ICoord* other) = 0;
 

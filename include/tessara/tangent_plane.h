@@ -15,11 +15,12 @@ inline constexpr GUID IID_ITangentPlane = ParseGuid("B74B889B-9FA1-4829-8F0C-698
 // Plane coordinates and heights z above the plane are metres, azimuths degrees clockwise from north. A bool
 // result is false, and a double result MISSING_NUMBER, for a null or wrong object, a null pointer, a vector
 // that hasn't three elements, and as long as no origin is set. Outputs are unchanged on failure where nothing
-// else is said.
+// else is said, but for a coordinate that can't take the result over into its reference.
 //
-// The plane works through the ellipsoid in space (ellipsoid_of_revolution.h): origins can be set only in a
-// plane that was made while the library had an object manager. Its remarks on datums hold here, too: points
-// in space lie in the datum of each coordinate, the axes are those of the WGS84 position of the origin.
+// The plane works through the ellipsoid in space (ellipsoid_of_revolution.h), and so with an object manager
+// only: the library must have one when the plane is made and while it is used. The remarks on datums hold
+// here, too: points in space lie in the datum of each coordinate, the axes are those of the WGS84 position of
+// the origin.
 class ITangentPlane : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ITangentPlane;
@@ -31,7 +32,8 @@ class ITangentPlane : public IUnknown {
     virtual bool SetOrigin(ICoord* p) = 0;
     // The origin, converted to the reference that `origin` has, and the unit vectors of the axes.
     virtual bool GetFrame(ICoord* origin, Vector* east, Vector* north) = 0;
-    // Without an origin the position is latitude and longitude 0, WGS84, and the result is true.
+    // Without an origin the position is latitude and longitude 0, WGS84, and the result is true. After a
+    // conversion that fails `out` holds the origin in its own reference.
     virtual bool GetOrigin(ICoord* out) = 0;
     // The unit vector up, square to the plane. The output is empty on failure, here and in GetDirection.
     virtual bool GetNormal(Vector* out) = 0;
@@ -46,7 +48,8 @@ class ITangentPlane : public IUnknown {
     // aren't finite, give MISSING_NUMBER, and both coordinates 0.0.
     virtual double IntersectRay(const Vector* point, const Vector* direction, double* x, double* y) = 0;
     // Moves `p` along the direction onto the plane and writes the place into `out`, which keeps its
-    // reference. The result is the t of IntersectRay; for RAY_IN_PLANE `out` is the position of `p`.
+    // reference. The result is the t of IntersectRay; for RAY_IN_PLANE `out` is the position of `p`. A
+    // conversion that fails gives MISSING_NUMBER, too.
     virtual double ProjectAlong(ICoord* p, const Vector* direction, ICoord* out) = 0;
     // The place in the plane that lies in the azimuth of `p` at the geodesic distance of `p` from the origin,
     // written into `out`, which keeps its reference. The distance is taken between the WGS84 positions on the

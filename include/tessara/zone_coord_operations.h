@@ -17,13 +17,20 @@ class IZoneCoordOperations : public IUnknown {
 
     // True for the seven zoned systems.
     virtual bool HasZones(ICoord* coord) = 0;
-    // Where a walk from the coordinate at constant easting, due grid north (East) or due grid south (West),
-    // leaves the zone: 1 and the place in `out`, 0 if the walk meets no border before the limit of the
-    // system, -1 for a failure.
+    // The four limits of a zone around a position, in the order north, east, south, west. Each is written in
+    // the coordinate's own zone, with its height and without a wanted zone; the two coordinates may be one.
+    // Borders are drawn 1e-9 degrees outside the zone, and in UTMREF rounded to whole metres.
+    //
+    // GetEastBorder: where a walk due grid north, at the coordinate's easting, leaves the zone. 1 and the
+    // place in `out`; 0 if the walk comes to the limit of the system before any border, as on the central
+    // meridian; -1 for null or foreign objects, systems without zones, zones that don't exist, and an easting
+    // wider than the zone is anywhere. With 0 and -1 `out` is unchanged. The place is where the border's
+    // easting differs from the coordinate's by 1e-5 m at most, in bad cases 1e-3 m.
     virtual std::int32_t GetEastBorder(ICoord* coord, ICoord* out) = 0;
-    // The point of the zone's own east border at the coordinate's northing, written in the coordinate's zone.
+    // The point of the zone's own east border at the coordinate's northing. False, and `out` unchanged, as -1
+    // above, and for a northing that no border has.
     virtual bool GetEastNeighbour(ICoord* coord, ICoord* out) = 0;
-    // As GetEastBorder, due grid south.
+    // As GetEastBorder, on a walk due grid south.
     virtual std::int32_t GetWestBorder(ICoord* coord, ICoord* out) = 0;
     // As GetEastNeighbour, on the west border.
     virtual bool GetWestNeighbour(ICoord* coord, ICoord* out) = 0;
@@ -40,7 +47,8 @@ class IZoneCoordOperations : public IUnknown {
     // for an Austrian meridian outside 28..34 and for letters that don't exist; the coordinate is then
     // unchanged.
     virtual bool MoveToZone(std::int32_t delta, ICoord* coord) = 0;
-    // GetEastNeighbour and GetWestNeighbour of the zone's foot on the equator.
+    // GetEastNeighbour and GetWestNeighbour where the zone is widest: on the equator, for the Austrian
+    // systems at their southern limit, 45 degrees on the central meridian.
     virtual bool GetEastNeighbourAtEquator(ICoord* coord, ICoord* out) = 0;
     virtual bool GetWestNeighbourAtEquator(ICoord* coord, ICoord* out) = 0;
 

@@ -1,4 +1,7 @@
 // What the geometry in space reads from a coordinate, and what it asks of a vector.
+//
+// Each reader counts its coordinate up and down again. An operation holds its coordinates in handles from its
+// first line on: the argument of a host may have the count 0.
 #pragma once
 
 #include "tessara/coord.h"

@@ -71,10 +71,11 @@ bool SeekParameter(double distance, double wanted, Measure measure, IsMet isMet)
 }  // namespace
 
 bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north) {
+    const IRef<ICoord> coord(p);
     GeodezPayload position{};
     Vector normal;
-    if (!Empty({east, north}) || !vectors_.IsValid() || !GetNormal(p, &normal)) return false;
-    if (!ReadWgs84Position(p, &position)) return false;
+    if (!Empty({east, north}) || !vectors_.IsValid() || !GetNormal(coord.Get(), &normal)) return false;
+    if (!ReadWgs84Position(coord.Get(), &position)) return false;
     const double lambda = position.longitude / DEGREES_PER_RADIAN;
     *east = {-std::sin(lambda), std::cos(lambda), 0.0};
     *north = vectors_->Cross(normal, *east);
@@ -82,8 +83,9 @@ bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north)
 }
 
 bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) {
+    const IRef<ICoord> coord(p);
     GeodezPayload position{};
-    if (!Empty({normal}) || !ReadWgs84Position(p, &position)) return false;
+    if (!Empty({normal}) || !ReadWgs84Position(coord.Get(), &position)) return false;
     const double phi = position.latitude / DEGREES_PER_RADIAN;
     const double lambda = position.longitude / DEGREES_PER_RADIAN;
     *normal = {std::cos(phi) * std::cos(lambda), std::cos(phi) * std::sin(lambda), std::sin(phi)};
@@ -91,9 +93,10 @@ bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) {
 }
 
 bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* direction) {
+    const IRef<ICoord> coord(p);
     Vector east;
     Vector north;
-    if (!Empty({direction}) || !GetLocalAxes(p, &east, &north)) return false;
+    if (!Empty({direction}) || !GetLocalAxes(coord.Get(), &east, &north)) return false;
     const double sinAzimuth = std::sin(azimuth / DEGREES_PER_RADIAN);
     const double cosAzimuth = std::cos(azimuth / DEGREES_PER_RADIAN);
     *direction = Vector::Zeros(3);
@@ -103,8 +106,9 @@ bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* dire
 }
 
 bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) {
+    const IRef<ICoord> coord(p);
     if (!Empty({xyz})) return false;
-    const IRef<ICoordinateReference> reference = ReadReference(p, ManagedReference());
+    const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
     const IRef<ICoord> geodez(CreateClassCoord());
     const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
     if (!reference.IsValid() || !geodez.IsValid() || !transfer.IsValid()) return false;
@@ -112,7 +116,7 @@ bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) {
     EllipsoidAxes ellipsoid{};
     CKoord record;
     if (!LoadEllipsoid(reference->GetDatum(), &ellipsoid) || !reference->SetSystem(KOORD_GEODEZ) ||
-        !geodez->SetReference(reference.Get()) || !transfer->Transfer(p, geodez.Get()) ||
+        !geodez->SetReference(reference.Get()) || !transfer->Transfer(coord.Get(), geodez.Get()) ||
         !KoordFromCoord(geodez.Get(), &record)) {
         return false;
     }
@@ -122,7 +126,7 @@ bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) {
 
 bool EllipsoidOfRevolution::EcefVectorToCoord(const Vector* xyz, ICoord* out) {
     const IRef<ICoord> coord(out);
-    const IRef<ICoordinateReference> reference = ReadReference(out, ManagedReference());
+    const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
     const IRef<ICoordGeographic> geographic(CreateClassCoordGeographic());
     if (!IsSpatial(xyz) || !reference.IsValid() || !geographic.IsValid()) return false;
 
@@ -136,16 +140,17 @@ bool EllipsoidOfRevolution::EcefVectorToCoord(const Vector* xyz, ICoord* out) {
 
 bool EllipsoidOfRevolution::IntersectLine(ICoord* origin, const Vector* direction, ICoord* near,
                                           ICoord* far) {
+    const IRef<ICoord> start(origin);
     const IRef<ICoordInternal> nearResult(near);
     const IRef<ICoordInternal> farResult(far);
-    const IRef<ICoordinateReference> reference = ReadReference(origin, ManagedReference());
+    const IRef<ICoordinateReference> reference = ReadReference(start.Get(), ManagedReference());
     if (!reference.IsValid() || !nearResult.IsValid() || !farResult.IsValid() || !IsSpatial(direction))
         return false;
 
     const std::int32_t datum = reference->GetDatum();
     EllipsoidAxes ellipsoid{};
     Vector point;
-    if (!LoadEllipsoid(datum, &ellipsoid) || !CoordToEcefVector(origin, &point)) return false;
+    if (!LoadEllipsoid(datum, &ellipsoid) || !CoordToEcefVector(start.Get(), &point)) return false;
     const EcefPayload P = PayloadOf(point);
     const EcefPayload d = PayloadOf(*direction);
     double nearT = 0.0;
@@ -161,13 +166,15 @@ bool EllipsoidOfRevolution::IntersectLine(ICoord* origin, const Vector* directio
 
 bool EllipsoidOfRevolution::PointAtGeodesicDistance(ICoord* start, double azimuth, double distance,
                                                     ICoord* out) {
-    const IRef<ICoordinateReference> reference = ReadReference(start, ManagedReference());
+    const IRef<ICoord> coord(start);
+    const IRef<ICoord> result(out);
+    const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
     const IRef<ICoord> drop(CreateClassCoord());
     const IRef<ICoord> far(CreateClassCoord());
     Tripod tripod;
     GeodezPayload position{};
     if (!reference.IsValid() || !drop.IsValid() || !far.IsValid()) return false;
-    if (!GetTripod(start, azimuth, &tripod) || !ReadWgs84Position(start, &position)) return false;
+    if (!GetTripod(coord.Get(), azimuth, &tripod) || !ReadWgs84Position(coord.Get(), &position)) return false;
 
     const std::int32_t datum = reference->GetDatum();
     tagKOORD from = MakeKoord(datum, KOORD_GEODEZ);
@@ -180,7 +187,8 @@ bool EllipsoidOfRevolution::PointAtGeodesicDistance(ICoord* start, double azimut
         double azimuth12 = 0.0;
         double azimuth21 = 0.0;
         return KoordToCoord(&above, drop.Get()) &&
-               IntersectLine(drop.Get(), &tripod.normal, out, far.Get()) && KoordFromCoord(out, &foot) &&
+               IntersectLine(drop.Get(), &tripod.normal, result.Get(), far.Get()) &&
+               KoordFromCoord(result.Get(), &foot) &&
                Geodesic_Inverse(&foot, &from, datum, s, &azimuth12, &azimuth21) == KOORD_OK;
     };
     return SeekParameter(distance, distance, geodesicDistance,
@@ -189,10 +197,12 @@ bool EllipsoidOfRevolution::PointAtGeodesicDistance(ICoord* start, double azimut
 
 bool EllipsoidOfRevolution::PointAtChordDistance(ICoord* start, double azimuth, double distance,
                                                  ICoord* out) {
-    const IRef<ICoordinateReference> reference = ReadReference(start, ManagedReference());
+    const IRef<ICoord> coord(start);
+    const IRef<ICoord> result(out);
+    const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
     const IRef<ICoord> trial(CreateClassCoord());
     Tripod tripod;
-    if (!reference.IsValid() || !trial.IsValid() || !GetTripod(start, azimuth, &tripod)) return false;
+    if (!reference.IsValid() || !trial.IsValid() || !GetTripod(coord.Get(), azimuth, &tripod)) return false;
     if (!reference->SetSystem(KOORD_GEODEZ) || !trial->SetReference(reference.Get())) return false;
 
     Vector end;
@@ -206,7 +216,7 @@ bool EllipsoidOfRevolution::PointAtChordDistance(ICoord* start, double azimuth, 
         return true;
     };
     return SeekParameter(distance, 0.0, height, [](double miss) { return miss <= SEARCH_TOLERANCE; }) &&
-           EcefVectorToCoord(&end, out);
+           EcefVectorToCoord(&end, result.Get());
 }
 
 bool EllipsoidOfRevolution::GetTripod(ICoord* start, double azimuth, Tripod* tripod) {

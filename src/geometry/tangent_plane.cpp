@@ -32,16 +32,18 @@ TangentPlane::TangentPlane()
 }
 
 bool TangentPlane::SetOrigin(ICoord* p) {
-    const IRef<ICoordinateReference> reference = ReadReference(p, NewReference());
+    const IRef<ICoord> coord(p);
+    const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), NewReference());
     return reference.IsValid() && reference->SetSystem(KOORD_GEODEZ) &&
-           origin_->SetReference(reference.Get()) && transfer_->Transfer(p, origin_.Get()) &&
+           origin_->SetReference(reference.Get()) && transfer_->Transfer(coord.Get(), origin_.Get()) &&
            ellipsoid_->GetLocalAxes(origin_.Get(), &east_, &north_) &&
            ellipsoid_->CoordToEcefVector(origin_.Get(), &originXyz_);
 }
 
 bool TangentPlane::GetFrame(ICoord* origin, Vector* east, Vector* north) {
+    const IRef<ICoord> coord(origin);
     if (east == nullptr || north == nullptr || !IsSpatial(&east_) || !IsSpatial(&north_)) return false;
-    if (!GetOrigin(origin)) return false;
+    if (!GetOrigin(coord.Get())) return false;
     *east = east_;
     *north = north_;
     return true;
@@ -81,23 +83,27 @@ double TangentPlane::IntersectRay(const Vector* point, const Vector* direction, 
 }
 
 double TangentPlane::ProjectAlong(ICoord* p, const Vector* direction, ICoord* out) {
+    const IRef<ICoord> coord(p);
+    const IRef<ICoord> result(out);
     Vector point;
     double x = 0.0;
     double y = 0.0;
-    if (!ellipsoid_->CoordToEcefVector(p, &point)) return MISSING_NUMBER;
+    if (!ellipsoid_->CoordToEcefVector(coord.Get(), &point)) return MISSING_NUMBER;
     const double t = IntersectRay(&point, direction, &x, &y);
     if (t == MISSING_NUMBER) return MISSING_NUMBER;
-    if (t == RAY_IN_PLANE) return transfer_->Transfer(p, out) ? t : MISSING_NUMBER;
+    if (t == RAY_IN_PLANE) return transfer_->Transfer(coord.Get(), result.Get()) ? t : MISSING_NUMBER;
     const Vector hit = vectors_->Add(point, vectors_->Scale(*direction, t));
-    return ellipsoid_->EcefVectorToCoord(&hit, out) ? t : MISSING_NUMBER;
+    return ellipsoid_->EcefVectorToCoord(&hit, result.Get()) ? t : MISSING_NUMBER;
 }
 
 bool TangentPlane::MapByGeodesic(ICoord* p, ICoord* out) {
+    const IRef<ICoord> coord(p);
+    const IRef<ICoord> result(out);
+    const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), NewReference());
     GeodezPayload origin{};
     GeodezPayload position{};
-    const IRef<ICoordinateReference> reference = ReadReference(p, NewReference());
     if (!reference.IsValid() || !ReadWgs84Position(origin_.Get(), &origin) ||
-        !ReadWgs84Position(p, &position)) {
+        !ReadWgs84Position(coord.Get(), &position)) {
         return false;
     }
     tagKOORD from = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
@@ -109,19 +115,23 @@ bool TangentPlane::MapByGeodesic(ICoord* p, ICoord* out) {
     double azimuth21 = 0.0;
     return Geodesic_Inverse(&from, &to, reference->GetDatum(), &distance, &azimuth12, &azimuth21) ==
                KOORD_OK &&
-           PointInPlane(p, distance, out);
+           PointInPlane(coord.Get(), distance, result.Get());
 }
 
 bool TangentPlane::MapByChord(ICoord* p, ICoord* out) {
+    const IRef<ICoord> coord(p);
+    const IRef<ICoord> result(out);
     Vector point;
-    if (!ellipsoid_->CoordToEcefVector(p, &point)) return false;
-    return PointInPlane(p, vectors_->Length(vectors_->Subtract(originXyz_, point)), out);
+    if (!ellipsoid_->CoordToEcefVector(coord.Get(), &point)) return false;
+    return PointInPlane(coord.Get(), vectors_->Length(vectors_->Subtract(originXyz_, point)), result.Get());
 }
 
 bool TangentPlane::GetPlaneCoords(ICoord* p, double* x, double* y, double* z) {
+    const IRef<ICoord> coord(p);
     Vector normal;
     Vector point;
-    if (z == nullptr || !GetNormal(&normal) || !ellipsoid_->CoordToEcefVector(p, &point)) return false;
+    if (z == nullptr || !GetNormal(&normal) || !ellipsoid_->CoordToEcefVector(coord.Get(), &point))
+        return false;
     const double t = IntersectRay(&point, &normal, x, y);
     if (t == MISSING_NUMBER) return false;
     *z = t == RAY_IN_PLANE ? 0.0 : 0.0 - t;
@@ -129,12 +139,13 @@ bool TangentPlane::GetPlaneCoords(ICoord* p, double* x, double* y, double* z) {
 }
 
 bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out) {
+    const IRef<ICoord> result(out);
     Vector normal;
     if (!GetNormal(&normal)) return false;
     const Vector east = vectors_->Add(originXyz_, vectors_->Scale(east_, x));
     const Vector inPlane = vectors_->Add(east, vectors_->Scale(north_, y));
     const Vector point = vectors_->Add(inPlane, vectors_->Scale(normal, z));
-    return ellipsoid_->EcefVectorToCoord(&point, out);
+    return ellipsoid_->EcefVectorToCoord(&point, result.Get());
 }
 
 // The place at a distance from the origin, in the azimuth of p.

@@ -1,5 +1,7 @@
 #include "tessara/kernel/convert.h"
 
+#include "kernel/datum_rows.h"
+#include "kernel/transverse_mercator_constants.h"
 #include "tessara/kernel/austrian_grids.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/dutch_grid.h"
@@ -19,19 +21,6 @@
 namespace tessara {
 namespace {
 
-// The constants of a datum that is known to exist.
-TmConstants ForwardConstants(std::int32_t datum) {
-    TmConstants constants;
-    TM_LoadForwardConstants(datum, &constants);
-    return constants;
-}
-
-TmConstants InverseConstants(std::int32_t datum) {
-    TmConstants constants;
-    TM_LoadInverseConstants(datum, &constants);
-    return constants;
-}
-
 std::int32_t DatumOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.datum);
 }
@@ -43,17 +32,15 @@ template <class Payload>
 KoordStatus Read(const tagKOORD& source, double* position,
                  KoordStatus (*toGeodetic)(const Payload*, double*, const TmConstants*)) {
     const auto payload = Load<Payload>(source);
-    const TmConstants inverse = InverseConstants(DatumOf(source));
-    return toGeodetic(&payload, position, &inverse);
+    return toGeodetic(&payload, position, TmInverseConstants(DatumOf(source)));
 }
 
 template <class Payload>
 KoordStatus Read(const tagKOORD& source, double* position,
                  KoordStatus (*toGeodetic)(const Payload*, double*, const TmConstants*, const TmConstants*)) {
     const auto payload = Load<Payload>(source);
-    const TmConstants forward = ForwardConstants(DatumOf(source));
-    const TmConstants inverse = InverseConstants(DatumOf(source));
-    return toGeodetic(&payload, position, &forward, &inverse);
+    return toGeodetic(&payload, position, TmForwardConstants(DatumOf(source)),
+                      TmInverseConstants(DatumOf(source)));
 }
 
 template <class Payload>
@@ -89,8 +76,7 @@ template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*, const TmConstants*)) {
     auto payload = Load<Payload>(*target);
-    const TmConstants forward = ForwardConstants(DatumOf(*target));
-    const KoordStatus status = fromGeodetic(position, &payload, &forward);
+    const KoordStatus status = fromGeodetic(position, &payload, TmForwardConstants(DatumOf(*target)));
     Store(*target, payload);
     return status;
 }
@@ -314,7 +300,7 @@ KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target) {
 
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange) {
     if (source == nullptr || target == nullptr) return KOORD_ERR_GENERAL;
-    if (Datum_Row(DatumOf(*source)) == nullptr || Datum_Row(DatumOf(*target)) == nullptr) {
+    if (RowOf(DatumOf(*source)) == nullptr || RowOf(DatumOf(*target)) == nullptr) {
         return KOORD_ERR_DATUM;
     }
 

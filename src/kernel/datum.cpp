@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "kernel/datum_rows.h"
+#include "kernel/direction.h"
 #include "kernel/whole_turns.h"
 
 namespace tessara {
@@ -41,20 +43,73 @@ double ReflectAtPole(double latitude) {
     return (latitude > 0.0 ? 180.0 : -180.0) - latitude;
 }
 
+// Of a position's latitude and longitude.
+struct Directions {
+    Direction phi, lambda;
+};
+
+Directions DirectionsOf(const double latLon[2]) {
+    return {DirectionOf(latLon[0] * RADIANS_PER_DEGREE), DirectionOf(latLon[1] * RADIANS_PER_DEGREE)};
+}
+
+// The same for a position near another one: a shift is a few thousandths of a degree.
+Directions DirectionsNear(const Directions& known, const double knownLatLon[2], const double latLon[2]) {
+    const auto turn = [&](int i) {
+        return DirectionOfSmall((latLon[i] - knownLatLon[i]) * RADIANS_PER_DEGREE);
+    };
+    return {Sum(known.phi, turn(0)), Sum(known.lambda, turn(1))};
+}
+
+// One Molodensky step. N and M are the radii of curvature in the prime vertical and in the meridian, r is
+// a/b. What doesn't depend on the position is divided by first, and no quotient waits for another.
+void Apply(const HubParams& p, const Directions& directions, double latLon[2], bool keepOnGlobe) {
+    double latitude = latLon[0];
+    double longitude = latLon[1];
+    const auto [s, c] = directions.phi;
+    const auto [sl, cl] = directions.lambda;
+
+    const double r = 1.0 / (1.0 - p.f);
+    const double perMeridian = 1.0 / ((1.0 - p.e2) * p.a);
+    const double w = 1.0 - s * s * p.e2;
+    const double perW = 1.0 / w;
+    const double rootW = std::sqrt(w);
+    const double perRootW = rootW * perW;
+    const double N = p.a * perRootW;
+    const double M = (1.0 - p.e2) * N * perW;
+
+    const double northward = -p.dx * s * cl - p.dy * s * sl + p.dz * c +
+                             (p.e2 * perRootW * p.da + (M * r + N * (1.0 - p.f)) * p.df) * s * c;
+    const double dLatitude = northward * (w * rootW) * perMeridian * DEGREES_PER_RADIAN;
+
+    const double eastward = -p.dx * sl + p.dy * cl;
+    double dLongitude = 0.0;
+    if (eastward != 0.0 && std::fabs(latitude) < LONGITUDE_LIMIT) {
+        dLongitude = WrapTurns(eastward * rootW / (p.a * c) * DEGREES_PER_RADIAN, 360.0);
+    }
+
+    latitude += dLatitude;
+    if (keepOnGlobe && HasPassedPole(latitude)) {
+        latitude = ReflectAtPole(latitude);
+        longitude += longitude <= 0.0 ? 180.0 : -180.0;
+    }
+    latLon[0] = latitude;
+    latLon[1] = TakeTurnOff(longitude + dLongitude, 360.0);
+}
+
 }  // namespace
 
 double Datum_SemiMajorAxis(std::int32_t datum) {
-    const DatumRow* row = Datum_Row(datum);
+    const DatumRow* row = RowOf(datum);
     return row ? row->a : -1.0;
 }
 
 double Datum_EccentricitySquared(std::int32_t datum) {
-    const DatumRow* row = Datum_Row(datum);
+    const DatumRow* row = RowOf(datum);
     return row ? row->e2 : -1.0;
 }
 
 KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p) {
-    const DatumRow* row = Datum_Row(datum);
+    const DatumRow* row = RowOf(datum);
     if (!row) return KOORD_ERR_DATUM;
     p->f = row->f;
     p->a = row->a;
@@ -68,7 +123,7 @@ KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p) {
 }
 
 KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p) {
-    const DatumRow* row = Datum_Row(datum);
+    const DatumRow* row = RowOf(datum);
     if (!row) return KOORD_ERR_DATUM;
     p->f = WGS84_F;
     p->a = WGS84_A;
@@ -83,7 +138,7 @@ KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p) {
 
 KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHub, const HubParams* fromHub,
                         std::int32_t sourceDatum, std::int32_t targetDatum) {
-    if (!Datum_Row(sourceDatum) || !Datum_Row(targetDatum)) return KOORD_ERR_DATUM;
+    if (!RowOf(sourceDatum) || !RowOf(targetDatum)) return KOORD_ERR_DATUM;
     double position[2] = {in[0], in[1]};
     if (sourceDatum != DATUM_WGS84) Molodensky_ToHub(position, toHub);
     if (targetDatum != DATUM_WGS84) Molodensky_FromHub(position, fromHub, targetDatum);
@@ -93,38 +148,7 @@ KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHu
 }
 
 void Molodensky_Apply(const HubParams* p, double latLon[2], std::int32_t keepOnGlobe) {
-    double latitude = latLon[0];
-    double longitude = latLon[1];
-    const double phi = latitude * RADIANS_PER_DEGREE;
-    const double lambda = longitude * RADIANS_PER_DEGREE;
-    const double s = std::sin(phi);
-    const double c = std::cos(phi);
-    const double sl = std::sin(lambda);
-    const double cl = std::cos(lambda);
-
-    // N and M are the radii of curvature in the prime vertical and in the meridian, r is a/b.
-    const double r = 1.0 / (1.0 - p->f);
-    const double w = 1.0 - s * s * p->e2;
-    const double N = p->a / std::sqrt(w);
-    const double M = (1.0 - p->e2) * p->a / std::pow(w, 1.5);
-
-    const double northward = -p->dx * s * cl - p->dy * s * sl + p->dz * c + N * p->e2 * s * c * p->da / p->a +
-                             (M * r + N / r) * p->df * s * c;
-    const double dLatitude = northward / M * DEGREES_PER_RADIAN;
-
-    const double eastward = -p->dx * sl + p->dy * cl;
-    double dLongitude = 0.0;
-    if (eastward != 0.0 && std::fabs(latitude) < LONGITUDE_LIMIT) {
-        dLongitude = WrapTurns(eastward / (N * c) * DEGREES_PER_RADIAN, 360.0);
-    }
-
-    latitude += dLatitude;
-    if (keepOnGlobe && HasPassedPole(latitude)) {
-        latitude = ReflectAtPole(latitude);
-        longitude += longitude <= 0.0 ? 180.0 : -180.0;
-    }
-    latLon[0] = latitude;
-    latLon[1] = TakeTurnOff(longitude + dLongitude, 360.0);
+    Apply(*p, DirectionsOf(latLon), latLon, keepOnGlobe != 0);
 }
 
 void Molodensky_ToHub(double latLon[2], const HubParams* p) {
@@ -133,7 +157,8 @@ void Molodensky_ToHub(double latLon[2], const HubParams* p) {
 
 void Molodensky_FromHub(double latLon[2], const HubParams* p, std::int32_t datum) {
     const double start[2] = {latLon[0], latLon[1]};
-    Molodensky_Apply(p, latLon, 1);
+    const Directions startDirections = DirectionsOf(start);
+    Apply(*p, startDirections, latLon, true);
 
     HubParams back;
     if (Datum_LoadToHub(datum, &back) != KOORD_OK) return;
@@ -146,7 +171,8 @@ void Molodensky_FromHub(double latLon[2], const HubParams* p, std::int32_t datum
     const double tolerance = LongitudeTolerance(latLon[0], back.a, REFINED);
     for (int i = 0; i < REFINEMENTS; ++i) {
         double returned[2] = {latLon[0], latLon[1]};
-        Molodensky_Apply(&back, returned, 0);
+        const Directions directions = DirectionsNear(startDirections, start, latLon);
+        Apply(back, directions, returned, false);
         const double dLatitude = start[0] - returned[0];
         const double dLongitude = TakeTurnOff(start[1] - returned[1], 180.0);
         latLon[0] = TakeTurnOff(latLon[0] + dLatitude, 360.0);

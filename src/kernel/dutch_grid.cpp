@@ -2,11 +2,14 @@
 
 #include <cmath>
 
+#include "kernel/compile_time_math.h"
+#include "kernel/conformal_latitude.h"
+#include "kernel/datum_rows.h"
+#include "kernel/direction.h"
 #include "kernel/numeric.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/limits.h"
-#include "tessara/kernel/projection_math.h"
 
 namespace tessara {
 namespace {
@@ -25,34 +28,41 @@ constexpr int MAX_ITERATIONS = 50;
 
 // The Gaussian sphere of an ellipsoid at the origin.
 struct GaussSphere {
-    double e;       // eccentricity of the ellipsoid
-    double n, m;    // exponent and factor of the conformal map onto the sphere
-    double b0;      // latitude of the origin on the sphere, radians
-    double radius;  // metres
+    double n, logM;       // exponent and logarithm of the factor of the conformal map onto the sphere
+    double sinB0, cosB0;  // of the origin's latitude on the sphere
+    double radius;        // metres
 };
 
-GaussSphere LoadSphere(std::int32_t datum) {
-    const double a = Datum_SemiMajorAxis(datum);
-    const double e2 = Datum_EccentricitySquared(datum);
-    const double phi0 = ORIGIN_LATITUDE * RADIANS_PER_DEGREE;
-    const double cosPhi0 = std::cos(phi0);
-    const double c2 = cosPhi0 * cosPhi0;
-    const double w = e2 / (1.0 - e2) * c2;
-
-    GaussSphere sphere;
-    sphere.e = std::sqrt(e2);
-    sphere.b0 = std::atan(std::tan(phi0) / std::sqrt(1.0 + w));
-    sphere.n = std::sqrt(w * c2 + 1.0);
-    sphere.m = std::exp(sphere.n * IsometricLatitude(sphere.e, phi0)) / std::exp(Atanh(std::sin(sphere.b0)));
-    sphere.radius = RD_MeanRadius(phi0, a, e2);
-    return sphere;
+consteval GaussSphere ComputeSphere(const EllipsoidFigure& figure) {
+    namespace ct = compile_time;
+    const long double e2 = figure.EccentricitySquared();
+    const long double e = ct::Sqrt(e2);
+    const long double sinPhi0 = ct::Sine(ORIGIN_LATITUDE * RADIANS_PER_DEGREE);
+    const long double cos2 = 1.0L - sinPhi0 * sinPhi0;
+    const long double w = e2 / (1.0L - e2) * cos2;
+    const long double n = ct::Sqrt(w * cos2 + 1.0L);
+    // tan b0 = tan phi0 / sqrt(1 + w)
+    const long double scale = ct::Sqrt(sinPhi0 * sinPhi0 + cos2 * (1.0L + w));
+    const long double sinB0 = sinPhi0 / scale;
+    const long double psi0 = ct::Atanh(sinPhi0) - e * ct::Atanh(e * sinPhi0);
+    return {static_cast<double>(n), static_cast<double>(n * psi0 - ct::Atanh(sinB0)),
+            static_cast<double>(sinB0), static_cast<double>(ct::Sqrt(cos2 * (1.0L + w)) / scale),
+            static_cast<double>(figure.a * ct::Sqrt(1.0L - e2) / (1.0L - e2 * sinPhi0 * sinPhi0))};
 }
 
-// Bearing of a point from the origin, radians clockwise from grid north.
-double Bearing(double x, double y) {
-    if (IsWithin(x, -ON_AXIS, ON_AXIS)) return y <= 0.0 ? PI : 0.0;
-    const double bearing = HALF_PI - std::atan(y / x);
-    return x < 0.0 ? bearing + PI : bearing;
+constexpr auto SPHERES = ForEachEllipsoid<GaussSphere>(ComputeSphere);
+
+// Sine and cosine of the bearing of a point from the origin, clockwise from grid north.
+Direction BearingOf(double x, double y) {
+    if (IsWithin(x, -ON_AXIS, ON_AXIS)) return {0.0, y <= 0.0 ? -1.0 : 1.0};
+    const double distance = std::sqrt(x * x + y * y);
+    if (!std::isfinite(distance)) return DirectionOf(HALF_PI - std::atan(y / x) + (x < 0.0 ? PI : 0.0));
+    return {x / distance, y / distance};
+}
+
+void SetToNaN(double* one, double* other) {
+    *one = std::nan("");
+    *other = std::nan("");
 }
 
 }  // namespace
@@ -83,18 +93,21 @@ double RD_LatitudeFromGauss(double b, double e, double n, double m) {
 }
 
 void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t datum) {
-    const GaussSphere sphere = LoadSphere(datum);
-    const double sinB0 = std::sin(sphere.b0);
-    const double cosB0 = std::cos(sphere.b0);
-    const double l = (latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n;
-    const double b = RD_GaussLatitude(latLon[0] * RADIANS_PER_DEGREE, sphere.e, sphere.n, sphere.m);
+    const DatumRow* row = RowOf(datum);
+    if (!row) return SetToNaN(&payload->easting, &payload->northing);
+    const GaussSphere& sphere = SPHERES[row->ellipsoid];
+    const Direction l = DirectionOfSmall((latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n);
+    const Direction phi = DirectionOf(latLon[0] * RADIANS_PER_DEGREE);
+    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, row->e2);
+    const Direction b = DirectionOfExponential(std::exp(sphere.n * psi - sphere.logM));
 
-    const double denominator = 1.0 + sinB0 * std::sin(b) + cosB0 * std::cos(b) * std::cos(l);
+    const double denominator = 1.0 + sphere.sinB0 * b.sine + sphere.cosB0 * b.cosine * l.cosine;
     double x = 0.0;
     double y = 0.0;
     if (!IsWithin(denominator, -AT_ANTIPODE, AT_ANTIPODE)) {
-        y = (cosB0 * std::sin(b) - sinB0 * std::cos(b) * std::cos(l)) * 2.0 * sphere.radius / denominator;
-        x = std::cos(b) * std::sin(l) * 2.0 * sphere.radius / denominator;
+        const double scale = 2.0 * sphere.radius / denominator;
+        y = (sphere.cosB0 * b.sine - sphere.sinB0 * b.cosine * l.cosine) * scale;
+        x = b.cosine * l.sine * scale;
     }
 
     payload->easting = SCALE * x + FALSE_EASTING;
@@ -106,22 +119,28 @@ void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t 
 }
 
 void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t datum) {
-    const GaussSphere sphere = LoadSphere(datum);
+    const DatumRow* row = RowOf(datum);
+    if (!row) return SetToNaN(&latLon[0], &latLon[1]);
+    const GaussSphere& sphere = SPHERES[row->ellipsoid];
     const double x = (payload->easting - FALSE_EASTING) / SCALE;
     const double y = (payload->northing - FALSE_NORTHING) / SCALE;
 
-    double b = sphere.b0;
+    Direction b{sphere.sinB0, sphere.cosB0};
     double l = 0.0;
     const bool isOrigin = IsWithin(x, -ON_AXIS, ON_AXIS) && IsWithin(y, -ON_AXIS, ON_AXIS);
     if (!isOrigin) {
-        const double bearing = Bearing(x, y);
-        const double psi = 2.0 * std::atan(std::sqrt(x * x + y * y) / 2.0 / sphere.radius);
-        b = std::asin(std::cos(psi) * std::sin(sphere.b0) +
-                      std::sin(psi) * std::cos(sphere.b0) * std::cos(bearing));
-        l = std::asin(std::sin(psi) * std::sin(bearing) / std::cos(b));
+        const Direction bearing = BearingOf(x, y);
+        const Direction psi = DoubledOfTangent(std::sqrt(x * x + y * y) / 2.0 / sphere.radius);
+        b.sine = psi.cosine * sphere.sinB0 + psi.sine * sphere.cosB0 * bearing.cosine;
+        b.cosine = std::sqrt((1.0 - b.sine) * (1.0 + b.sine));
+        l = std::asin(psi.sine * bearing.sine / b.cosine);
     }
 
-    latLon[0] = RD_LatitudeFromGauss(b, sphere.e, sphere.n, sphere.m) * DEGREES_PER_RADIAN;
+    // Where the iteration of RD_LatitudeFromGauss ends, in closed form.
+    const double t = std::exp((SphericalIsometricLatitude(b) + sphere.logM) / sphere.n);
+    const double chi = 2.0 * std::atan(t) - HALF_PI;
+    const double step = LatitudeStep(LATITUDE_SERIES[row->ellipsoid], Doubled(DirectionOfExponential(t)));
+    latLon[0] = (chi + step) * DEGREES_PER_RADIAN;
     latLon[1] = (ORIGIN_LONGITUDE * RADIANS_PER_DEGREE + l / sphere.n) * DEGREES_PER_RADIAN;
 }
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "kernel/datum_rows.h"
+#include "kernel/direction.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
@@ -12,8 +14,7 @@ constexpr int LATITUDE_ITERATIONS = 100;
 constexpr double LATITUDE_TOLERANCE = 1.7453292519943295e-8;  // radians, a millionth of a degree
 
 // Radius of curvature in the prime vertical.
-double NormalRadius(const DatumRow& row, double lat) {
-    const double sinLat = std::sin(lat);
+double NormalRadius(const DatumRow& row, double sinLat) {
     return row.a / std::sqrt(1.0 - row.e2 * sinLat * sinLat);
 }
 
@@ -23,21 +24,32 @@ double LongitudeOf(double x, double y) {
     return y < 0.0 ? lon - PI : lon + PI;
 }
 
+Direction DirectionOfTangent(double tangent) {
+    constexpr double squareOverflows = 1e150;
+    if (!(std::fabs(tangent) < squareOverflows)) return DirectionOf(std::atan(tangent));
+    const double cosine = 1.0 / std::sqrt(1.0 + tangent * tangent);
+    return {tangent * cosine, cosine};
+}
+
+struct Latitude {
+    double angle;
+    Direction direction;
+};
+
 // `p` is the distance from the axis. Only a step above the tolerance goes on: a negative one ends the
 // iteration too.
-double LatitudeOf(double p, double z, const DatumRow& row) {
-    double lat = std::atan(z / ((1.0 - row.e2) * p));
-    double N = NormalRadius(row, lat);
+Latitude LatitudeOf(double p, double z, const DatumRow& row) {
+    const double tangent = z / ((1.0 - row.e2) * p);
+    Latitude lat{std::atan(tangent), DirectionOfTangent(tangent)};
     double step = 0.0;
     int count = 0;
     do {
-        const double sinLat = std::sin(lat);
-        const double cosLat = std::cos(lat);
+        const auto [s, c] = lat.direction;
+        const double N = NormalRadius(row, s);
         const double nByA = N / row.a;
-        step = (std::tan(lat) - (N * row.e2 * sinLat + z) / p) /
-               (1.0 / (cosLat * cosLat) - N / p * (nByA * nByA) * row.e2 * cosLat);
-        lat -= step;
-        N = NormalRadius(row, lat);
+        step = (s / c - (N * row.e2 * s + z) / p) / (1.0 / (c * c) - N / p * (nByA * nByA) * row.e2 * c);
+        lat.angle -= step;
+        lat.direction = Difference(lat.direction, DirectionOfSmall(step));
     } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
     return lat;
 }
@@ -45,22 +57,24 @@ double LatitudeOf(double p, double z, const DatumRow& row) {
 }  // namespace
 
 KoordStatus ECEF_FromGeodetic(const tagKOORD* work, tagKOORD* target) {
-    const DatumRow* row = Datum_Row(static_cast<std::int32_t>(target->datum));
+    const DatumRow* row = RowOf(static_cast<std::int32_t>(target->datum));
     if (!row) return KOORD_ERR_DATUM;
     const auto position = Load<GeodezPayload>(*work);
     const double lat = position.latitude * RADIANS_PER_DEGREE;
     const double lon = position.longitude * RADIANS_PER_DEGREE;
-    const double N = NormalRadius(*row, lat);
+    const Direction phi = DirectionOf(lat);
+    const Direction lambda = DirectionOf(lon);
+    const double N = NormalRadius(*row, phi.sine);
     EcefPayload ecef{};
-    ecef.x = N * std::cos(lat) * std::cos(lon);
-    ecef.y = N * std::cos(lat) * std::sin(lon);
-    ecef.z = (1.0 - row->e2) * N * std::sin(lat);
+    ecef.x = N * phi.cosine * lambda.cosine;
+    ecef.y = N * phi.cosine * lambda.sine;
+    ecef.z = (1.0 - row->e2) * N * phi.sine;
     Store(*target, ecef);
     return KOORD_OK;
 }
 
 KoordStatus ECEF_ToGeodetic(const tagKOORD* source, tagKOORD* work) {
-    const DatumRow* row = Datum_Row(static_cast<std::int32_t>(source->datum));
+    const DatumRow* row = RowOf(static_cast<std::int32_t>(source->datum));
     if (!row) return KOORD_ERR_DATUM;
     const auto [x, y, z] = Load<EcefPayload>(*source);
     const double p = std::sqrt(x * x + y * y);
@@ -71,8 +85,9 @@ KoordStatus ECEF_ToGeodetic(const tagKOORD* source, tagKOORD* work) {
         lat = z < 0.0 ? -HALF_PI : HALF_PI;
         height = z - b;
     } else {
-        lat = LatitudeOf(p, z, *row);
-        height = p / std::cos(lat) - NormalRadius(*row, lat);
+        const Latitude found = LatitudeOf(p, z, *row);
+        lat = found.angle;
+        height = p / found.direction.cosine - NormalRadius(*row, found.direction.sine);
     }
     Store(*work, GeodezPayload{lat * DEGREES_PER_RADIAN, LongitudeOf(x, y) * DEGREES_PER_RADIAN, height});
     return KOORD_OK;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "kernel/direction.h"
 #include "kernel/whole_turns.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
@@ -44,19 +45,24 @@ struct Ellipsoid {
         : a(majorAxis), b(minorAxis), n((a - b) / (a + b)), c(a / b * a), q(c / b - 1.0) {}
 
     [[nodiscard]] double ReducedLatitude(double p) const {
-        return p - n * std::sin(2.0 * p) + n * n / 2.0 * std::sin(4.0 * p) -
-               n * n * n / 3.0 * std::sin(6.0 * p);
+        return p + LatitudeStep(DirectionOf(2.0 * p), -n);
     }
-
-    [[nodiscard]] double GeodeticLatitude(double u) const {
-        return u + n * std::sin(2.0 * u) + n * n / 2.0 * std::sin(4.0 * u) +
-               n * n * n / 3.0 * std::sin(6.0 * u);
+    // `twice` is the direction of 2u.
+    [[nodiscard]] double GeodeticLatitude(double u, Direction twice) const {
+        return u + LatitudeStep(twice, n);
     }
 
     // The expansion parameter of the geodesic whose azimuth at the equator has the sine `sa`.
     [[nodiscard]] double ExpansionParameter(double sa) const {
         const double u = std::sqrt(1.0 + q - q * sa * sa);
         return (u - 1.0) / (u + 1.0);
+    }
+
+  private:
+    // k sin 2x + k^2/2 sin 4x + k^3/3 sin 6x from the direction of 2x.
+    static double LatitudeStep(Direction twice, double k) {
+        const auto [s, c] = twice;
+        return k * s * (1.0 + k * (c + k / 3.0 * (3.0 - 4.0 * s * s)));
     }
 };
 
@@ -65,41 +71,58 @@ double ArcFactor(double K) {
     return (K * K / 4.0 + 1.0) / (1.0 - K);
 }
 
-// A geodesic between two points, on the auxiliary sphere where it is a great circle.
+// Two reduced latitudes, by half their sum and half their difference.
+struct Latitudes {
+    Direction first, sum, difference;
+
+    Latitudes(double U1, double U2)
+        : first(DirectionOf(U1)),
+          sum(DirectionOf((U2 + U1) / 2.0)),
+          difference(DirectionOf((U2 - U1) / 2.0)) {}
+};
+
+// The direction of (x, y), of length h; as for the arctangent that of (0, 0) is 0.
+Direction DirectionTo(double y, double x, double h) {
+    return h == 0.0 ? Direction{0.0, 1.0} : Direction{y / h, x / h};
+}
+
+// A geodesic between two points, on the auxiliary sphere where it is a great circle. Half-angle formulas
+// solve the triangle with the pole: the azimuth is x + y at the start and y - x, the way back, at the end, x
+// being the angle of (B, A) and y that of (E, -C).
 struct SphericalArc {
-    double sigma;            // its length
-    double x, y;             // the azimuth is x + y at its start, y - x (the way back) at its end
+    double A, B, C, E;
+    double sigma;  // its length
+    Direction sigmaDirection;
     double K;                // expansion parameter
-    double m;                // twice the arc from the great circle's northernmost point to its middle
+    Direction m;             // of twice the arc from the great circle's northernmost point to its middle
     double longitudeExcess;  // by which the longitude on the sphere exceeds that on the ellipsoid
 };
 
-SphericalArc ArcOfLongitude(double lam, double U1, double U2, const Ellipsoid& ellipsoid) {
-    const double S = (U2 + U1) / 2.0;
-    const double D = (U2 - U1) / 2.0;
-    const double ch = std::cos(lam / 2.0);
-    const double sh = std::sin(lam / 2.0);
-    const double A = ch * std::cos(D);
-    const double B = sh * std::sin(S);
-    const double C = ch * std::sin(D);
-    const double E = sh * std::cos(S);
-
+SphericalArc ArcOfLongitude(double lam, const Latitudes& latitudes, const Ellipsoid& ellipsoid) {
+    const auto [sh, ch] = DirectionOf(lam / 2.0);
     SphericalArc arc;
-    arc.sigma = 2.0 * std::atan2(std::sqrt(C * C + E * E), std::sqrt(A * A + B * B));
-    arc.x = std::atan2(A, B);
-    arc.y = -std::atan2(C, E);
-    const double alpha = arc.x + arc.y;
-    const double sinU1 = std::sin(U1);
-    const double sa = std::sin(alpha) * std::cos(U1);
-    const double ca = std::cos(alpha) * std::cos(U1);
-    const double g = ca == 0.0 && sinU1 == 0.0 ? 0.0 : std::atan2(ca, sinU1);
-    arc.m = arc.sigma - 2.0 * g;
+    arc.A = ch * latitudes.difference.cosine;
+    arc.B = sh * latitudes.sum.sine;
+    arc.C = ch * latitudes.difference.sine;
+    arc.E = sh * latitudes.sum.cosine;
+
+    const double cosHalf = std::sqrt(arc.A * arc.A + arc.B * arc.B);
+    const double sinHalf = std::sqrt(arc.C * arc.C + arc.E * arc.E);
+    arc.sigma = 2.0 * std::atan2(sinHalf, cosHalf);
+    arc.sigmaDirection = Doubled({sinHalf, cosHalf});
+    const Direction azimuth =
+        Difference(DirectionTo(arc.A, arc.B, cosHalf), DirectionTo(arc.C, arc.E, sinHalf));
+    const double sinU1 = latitudes.first.sine;
+    const double sa = azimuth.sine * latitudes.first.cosine;
+    const double ca = azimuth.cosine * latitudes.first.cosine;
+    const Direction g = DirectionTo(ca, sinU1, std::sqrt(ca * ca + sinU1 * sinU1));
+    arc.m = Difference(arc.sigmaDirection, Doubled(g));
 
     const double K = ellipsoid.ExpansionParameter(sa);
     const double f = ellipsoid.q / (1.0 + ellipsoid.q) * sa;
     const double T = (1.0 + ellipsoid.n - K / 2.0 - K * K / 4.0) * 0.5 * arc.sigma -
-                     K * std::cos(arc.m) * std::sin(arc.sigma) / 4.0 +
-                     std::cos(2.0 * arc.m) * K * K * std::sin(2.0 * arc.sigma) / 16.0;
+                     K * arc.m.cosine * arc.sigmaDirection.sine / 4.0 +
+                     Doubled(arc.m).cosine * K * K * Doubled(arc.sigmaDirection).sine / 16.0;
     arc.K = K;
     arc.longitudeExcess = T * f;
     return arc;
@@ -107,10 +130,12 @@ SphericalArc ArcOfLongitude(double lam, double U1, double U2, const Ellipsoid& e
 
 double LengthOf(const SphericalArc& arc, const Ellipsoid& ellipsoid) {
     const double K = arc.K;
+    const Direction sigma2 = Doubled(arc.sigmaDirection);
+    const Direction m2 = Doubled(arc.m);
     return ArcFactor(K) * ellipsoid.c / (1.0 + ellipsoid.q) *
-           (arc.sigma + (K - 3.0 * K * K * K / 8.0) * std::cos(arc.m) * std::sin(arc.sigma) -
-            std::cos(2.0 * arc.m) * K * K * std::sin(2.0 * arc.sigma) / 8.0 +
-            std::cos(3.0 * arc.m) * K * K * K * std::sin(3.0 * arc.sigma) / 24.0);
+           (arc.sigma + (K - 3.0 * K * K * K / 8.0) * arc.m.cosine * arc.sigmaDirection.sine -
+            m2.cosine * K * K * sigma2.sine / 8.0 +
+            Sum(m2, arc.m).cosine * K * K * K * Sum(sigma2, arc.sigmaDirection).sine / 24.0);
 }
 
 GeodesicResult NoSolution() {
@@ -125,18 +150,20 @@ struct Position {
 
 // The iteration on the longitude. It converges except near the antipode.
 GeodesicResult InverseByIteration(Position p1, Position p2, const Ellipsoid& ellipsoid) {
-    const double U1 = ellipsoid.ReducedLatitude(ToRadians(p1.latitude));
-    const double U2 = ellipsoid.ReducedLatitude(ToRadians(p2.latitude));
+    const Latitudes latitudes(ellipsoid.ReducedLatitude(ToRadians(p1.latitude)),
+                              ellipsoid.ReducedLatitude(ToRadians(p2.latitude)));
     const double L = ToRadians(p2.longitude) - ToRadians(p1.longitude);
     double lam = L;
     for (int i = 0; i < LONGITUDE_ITERATIONS; ++i) {
-        const SphericalArc arc = ArcOfLongitude(lam, U1, U2, ellipsoid);
+        const SphericalArc arc = ArcOfLongitude(lam, latitudes, ellipsoid);
         const double next = arc.longitudeExcess + L;
         if (std::fabs(next - lam) <= LONGITUDE_TOLERANCE) {
+            const double x = std::atan2(arc.A, arc.B);
+            const double y = -std::atan2(arc.C, arc.E);
             GeodesicResult result{};
             result.distance = LengthOf(arc, ellipsoid);
-            result.azimuth12 = ToAzimuth(arc.x + arc.y);
-            result.azimuth21 = ToAzimuth(arc.y - arc.x);
+            result.azimuth12 = ToAzimuth(x + y);
+            result.azimuth21 = ToAzimuth(y - x);
             return result;
         }
         lam = next;
@@ -227,39 +254,49 @@ GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, doub
     const double n = ellipsoid.n;
     const double q = ellipsoid.q;
     const double U1 = ellipsoid.ReducedLatitude(ToRadians(lat));
-    const double A = ToRadians(azimuth);
-    const double sa = std::cos(U1) * std::sin(A);
-    const double g = std::atan2(std::cos(U1) * std::cos(A), std::sin(U1));
+    const Direction halfR = DirectionOf((HALF_PI - U1) / 2.0);  // half the distance from the pole
+    const Direction r = Doubled(halfR);
+    const Direction h = DirectionOf(ToRadians(azimuth) / 2.0);
+    const Direction A = Doubled(h);
+    const double sa = r.sine * A.sine;
+    const double ca = r.sine * A.cosine;
+    const Direction g2 = Doubled(DirectionTo(ca, r.cosine, std::sqrt(ca * ca + r.cosine * r.cosine)));
 
-    // The arc on the auxiliary sphere by a reverted series.
+    // The arc on the auxiliary sphere by a reverted series. Its angles differ by a few thousandths from those
+    // that are known: t from 2g, sigma from s0.
     const double K = ellipsoid.ExpansionParameter(sa);
-    const double t = 2.0 * g + K * std::sin(2.0 * g) - K * K / 8.0 * std::sin(4.0 * g);
+    const Direction t = Sum(g2, DirectionOfSmall(K * g2.sine - K * K / 8.0 * Doubled(g2).sine));
     const double s0 = (1.0 + q) * distance / ellipsoid.c / ArcFactor(K);
-    const double w = (s0 - t) / 2.0;
+    const Direction halfArc = DirectionOf(s0 / 2.0);
+    const Direction arc = Doubled(halfArc);
+    const Direction arc2 = Doubled(arc);
+    const Direction w2 = Difference(arc, t);
+    const Direction w4 = Doubled(w2);
     const double K3 = K * K * K;
-    const double sigma = s0 - (K - 9.0 * K3 / 16.0) * std::cos(2.0 * w) * std::sin(s0) +
-                         5.0 * K * K / 8.0 * std::cos(4.0 * w) * std::sin(2.0 * s0) -
-                         29.0 * K3 / 48.0 * std::cos(6.0 * w) * std::sin(3.0 * s0);
+    const double correction = -(K - 9.0 * K3 / 16.0) * w2.cosine * arc.sine +
+                              5.0 * K * K / 8.0 * w4.cosine * arc2.sine -
+                              29.0 * K3 / 48.0 * Sum(w4, w2).cosine * Sum(arc2, arc).sine;
+    const double sigma = s0 + correction;
 
     // The triangle of the two points and the pole by half sums and half differences.
-    const double r = HALF_PI - U1;
-    const double h = A / 2.0;
-    const double d = (sigma - r) / 2.0;
-    const double v = (sigma + r) / 2.0;
-    const double P = std::cos(h) * std::cos(d);
-    const double Q = std::cos(h) * std::sin(d);
-    const double R = std::sin(h) * std::cos(v);
-    const double S = std::sin(h) * std::sin(v);
-    const double U2 = HALF_PI - 2.0 * std::atan2(std::sqrt(Q * Q + S * S), std::sqrt(P * P + R * R));
+    const Direction halfSigma = Sum(halfArc, DirectionOfSmall(correction / 2.0));
+    const Direction d = Difference(halfSigma, halfR);
+    const Direction v = Sum(halfSigma, halfR);
+    const double P = h.cosine * d.cosine;
+    const double Q = h.cosine * d.sine;
+    const double R = h.sine * v.cosine;
+    const double S = h.sine * v.sine;
+    const Direction halfR2{std::sqrt(Q * Q + S * S), std::sqrt(P * P + R * R)};
+    const double U2 = HALF_PI - 2.0 * std::atan2(halfR2.sine, halfR2.cosine);
+    const Direction r2 = Doubled(halfR2);
     const double F = std::atan2(P, R);
     const double G = std::atan2(Q, S);
-    const double C =
-        q / (1.0 + q) * sa *
-        ((1.0 + n - K / 2.0 - K * K / 4.0) * 0.5 * sigma - K / 4.0 * std::cos(2.0 * w) * std::sin(s0) +
-         3.0 * K * K / 16.0 * std::cos(4.0 * w) * std::sin(2.0 * s0));
+    const double C = q / (1.0 + q) * sa *
+                     ((1.0 + n - K / 2.0 - K * K / 4.0) * 0.5 * sigma - K / 4.0 * w2.cosine * arc.sine +
+                      3.0 * K * K / 16.0 * w4.cosine * arc2.sine);
 
     GeodesicResult result{};
-    result.latitude = ToDegrees(ellipsoid.GeodeticLatitude(U2));
+    result.latitude = ToDegrees(ellipsoid.GeodeticLatitude(U2, Doubled({r2.cosine, r2.sine})));
     result.longitude = lon + ToDegrees((F + G) - C);
     result.backAzimuth = ToAzimuth(G - F);
     return result;

@@ -3,8 +3,11 @@
 #include <cmath>
 #include <string_view>
 
+#include "kernel/datum_rows.h"
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
+#include "kernel/transverse_mercator_constants.h"
+#include "kernel/transverse_mercator_series.h"
 #include "tessara/kernel/limits.h"
 
 namespace tessara {
@@ -12,14 +15,19 @@ namespace {
 
 struct LetteredGrid {
     TmParams projection;
+    OriginNorthings originNorthings;
     Limits limits;               // the lower ones are 0
     std::string_view squares;    // letters of the 500 km squares, row by row from the south-west
     std::int32_t squareColumns;  // how many make a row
     bool roundsFullValues;       // full values without letters count as whole metres
 };
 
+constexpr double BRITISH_LATITUDE = 49.0;
+constexpr double IRISH_LATITUDE = 53.5;
+
 constexpr LetteredGrid BRITISH = {
-    .projection = {-2.0, 49.0, 400000.0, -100000.0, 0.9996012717},
+    .projection = {-2.0, BRITISH_LATITUDE, 400000.0, -100000.0, 0.9996012717},
+    .originNorthings = ComputeOriginNorthings(BRITISH_LATITUDE),
     .limits = BNG_LIMITS,
     .squares = "STNOHJ",
     .squareColumns = 2,
@@ -27,7 +35,8 @@ constexpr LetteredGrid BRITISH = {
 };
 
 constexpr LetteredGrid IRISH = {
-    .projection = {-8.0, 53.5, 200000.0, 250000.0, 1.000035},
+    .projection = {-8.0, IRISH_LATITUDE, 200000.0, 250000.0, 1.000035},
+    .originNorthings = ComputeOriginNorthings(IRISH_LATITUDE),
     .limits = ING_LIMITS,
     .squares = "I",
     .squareColumns = 1,
@@ -57,8 +66,11 @@ double PreferFullValue(double address, double full) {
 
 KoordStatus FromGeodetic(const LetteredGrid& grid, const double latLon[2], LetterGridPayload* payload,
                          const TmConstants* forward) {
+    const DatumRow* datum = RowOf(forward->datum);
+    if (!datum) return KOORD_ERR_DATUM;
     double easting, northing;
-    TM_ForwardParam(latLon, &grid.projection, &easting, &northing, forward);
+    TmForwardFromOrigin(latLon, grid.projection, grid.originNorthings[datum->ellipsoid], &easting, &northing,
+                        *forward);
     const Limits& limits = grid.limits;
     easting = SnapToEither(limits.west, limits.east, easting, LIMIT_TOLERANCE_METRES);
     northing = SnapToEither(limits.south, limits.north, northing, LIMIT_TOLERANCE_METRES);
@@ -107,11 +119,15 @@ GridValues FullValues(const LetteredGrid& grid, const LetterGridPayload& payload
 }
 
 KoordStatus ToGeodetic(const LetteredGrid& grid, const LetterGridPayload* payload, double latLon[2],
-                       const TmConstants* forward, const TmConstants* inverse) {
+                       const TmConstants* inverse) {
     GridValues values = FullValues(grid, *payload);
     const bool hasLetters = payload->square != '\0' && payload->subSquare != '\0';
     if (hasLetters && !ResolveLetters(grid, *payload, &values)) return KOORD_ERR_GRID_RANGE;
-    return TM_InverseParam(values.easting, values.northing, &grid.projection, latLon, forward, inverse);
+    const DatumRow* datum = RowOf(inverse->datum);
+    if (!datum) return KOORD_ERR_DATUM;
+    TmInverseFromOrigin(values.easting, values.northing, grid.projection,
+                        grid.originNorthings[datum->ellipsoid], latLon, *inverse);
+    return KOORD_OK;
 }
 
 }  // namespace
@@ -124,14 +140,14 @@ KoordStatus ING_FromGeodetic(const double latLon[2], LetterGridPayload* payload,
     return FromGeodetic(IRISH, latLon, payload, forward);
 }
 
-KoordStatus BNG_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants* forward,
+KoordStatus BNG_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants*,
                            const TmConstants* inverse) {
-    return ToGeodetic(BRITISH, payload, latLon, forward, inverse);
+    return ToGeodetic(BRITISH, payload, latLon, inverse);
 }
 
-KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants* forward,
+KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants*,
                            const TmConstants* inverse) {
-    return ToGeodetic(IRISH, payload, latLon, forward, inverse);
+    return ToGeodetic(IRISH, payload, latLon, inverse);
 }
 
 }  // namespace tessara

@@ -2,6 +2,10 @@
 
 #include <cmath>
 
+#include "kernel/compile_time_math.h"
+#include "kernel/conformal_latitude.h"
+#include "kernel/direction.h"
+#include "kernel/ellipsoids.h"
 #include "kernel/numeric.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
@@ -30,15 +34,42 @@ double LogRatio(double e, double lat) {
     return std::log((1.0 + eSin) / (1.0 - eSin));
 }
 
-// The latitude with an isometric latitude on the ellipsoid, found from a first value. Each step shrinks the
-// error by the factor e squared, so the iteration always ends; a NaN ends it at once.
-double LatitudeOnEllipsoid(double isometric, double e, double lat) {
-    double last;
-    do {
-        last = lat;
-        lat = 2.0 * (std::atan(std::exp((e / 2.0) * LogRatio(e, last) + isometric)) - QUARTER_PI);
-    } while (std::fabs(lat - last) >= LATITUDE_TOLERANCE);
-    return lat;
+// What CH_LoadConstants computes, as far as the projection needs it, at compile time.
+struct Sphere {
+    double lon0;          // radians
+    double alpha, k;      // exponent and constant of the conformal map onto the sphere
+    double sinB0, cosB0;  // of the origin's latitude on the sphere
+    double radius;        // metres
+};
+
+consteval Sphere ComputeSphere() {
+    namespace ct = compile_time;
+    const long double e = ct::Sqrt(E2);
+    const long double sinLat0 = ct::Sine(ORIGIN_LATITUDE / DEGREES_PER_RADIAN);
+    const long double cos2 = 1.0L - sinLat0 * sinLat0;
+    const long double alpha = ct::Sqrt(1.0L + SECOND_E2 * cos2 * cos2);
+    const long double sinB0 = sinLat0 / alpha;
+    const long double k = ct::Atanh(sinB0) - alpha * (ct::Atanh(sinLat0) - e * ct::Atanh(e * sinLat0));
+    return {ORIGIN_LONGITUDE / DEGREES_PER_RADIAN,
+            static_cast<double>(alpha),
+            static_cast<double>(k),
+            static_cast<double>(sinB0),
+            static_cast<double>(ct::Sqrt(1.0L - sinB0 * sinB0)),
+            static_cast<double>(ct::Sqrt(ONE_MINUS_E2) * A / (1.0L - E2 * sinLat0 * sinLat0))};
+}
+
+constexpr Sphere SPHERE_OF_BERN = ComputeSphere();
+
+// tanh and 1/cosh of a northing in radii. The exponential overflows where nothing is left of the map.
+Direction OffCylinder(double northing) {
+    if (IsSmall(northing * northing)) {
+        const double sinh = SinhOfSmall(northing);
+        const double cosine = 1.0 / std::sqrt(1.0 + sinh * sinh);
+        return {sinh * cosine, cosine};
+    }
+    const double exponential = std::exp(2.0 * northing);
+    const double sine = (exponential - 1.0) / (exponential + 1.0);
+    return {sine, std::sqrt(1.0 - sine * sine)};
 }
 
 }  // namespace
@@ -58,27 +89,22 @@ void CH_LoadConstants(CHConstants* c) {
 }
 
 KoordStatus CH_FromGeodetic(const double latLon[2], GridPayload* payload) {
-    CHConstants c;
-    CH_LoadConstants(&c);
-    const double lat = latLon[0] / c.degPerRad;
-    const double lon = latLon[1] / c.degPerRad;
+    const Sphere& c = SPHERE_OF_BERN;
 
     // To the sphere.
-    const double s = c.alpha * LogTan(lat) + c.k - (c.alpha * c.e / 2.0) * LogRatio(c.e, lat);
-    const double b = 2.0 * (std::atan(std::exp(s)) - QUARTER_PI);
-    const double l = c.alpha * (lon - c.lon0);
+    const Direction phi = DirectionOf(latLon[0] / DEGREES_PER_RADIAN);
+    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, E2);
+    const Direction b = DirectionOfExponential(std::exp(c.alpha * psi + c.k));
+    const Direction l = DirectionOfSmall(c.alpha * (latLon[1] / DEGREES_PER_RADIAN - c.lon0));
 
     // Turn the origin onto the equator.
-    const double x = std::cos(l) * std::cos(b) * std::cos(c.b0) + std::sin(b) * std::sin(c.b0);
-    const double y = std::sin(l) * std::cos(b);
-    const double z = std::sin(b) * std::cos(c.b0) - std::cos(l) * std::cos(b) * std::sin(c.b0);
-    const double lBar = std::atan(y / x);
-    const double bBar = std::atan(z / std::sqrt(x * x + y * y));
+    const double x = l.cosine * b.cosine * c.cosB0 + b.sine * c.sinB0;
+    const double y = l.sine * b.cosine;
+    const double z = b.sine * c.cosB0 - l.cosine * b.cosine * c.sinB0;
 
     // To the cylinder.
-    const double sinBBar = std::sin(bBar);
-    payload->easting = c.radius * lBar + FALSE_EASTING;
-    payload->northing = (c.radius / 2.0) * std::log((1.0 + sinBBar) / (1.0 - sinBBar)) + FALSE_NORTHING;
+    payload->easting = c.radius * AtanOfSmall(y / x) + FALSE_EASTING;
+    payload->northing = c.radius * AtanhOfSmall(z) + FALSE_NORTHING;
 
     payload->easting = SnapToEither(CH_LIMITS.west, CH_LIMITS.east, payload->easting, LIMIT_TOLERANCE_METRES);
     payload->northing =
@@ -87,26 +113,28 @@ KoordStatus CH_FromGeodetic(const double latLon[2], GridPayload* payload) {
 }
 
 KoordStatus CH_ToGeodetic(const GridPayload* payload, double latLon[2]) {
-    CHConstants c;
-    CH_LoadConstants(&c);
+    const Sphere& c = SPHERE_OF_BERN;
 
     // Off the cylinder.
-    const double exponential = std::exp(2.0 * (payload->northing - FALSE_NORTHING) / c.radius);
-    const double sinBBar = (exponential - 1.0) / (exponential + 1.0);
-    const double bBar = std::atan(sinBBar / std::sqrt(1.0 - sinBBar * sinBBar));
-    const double lBar = (payload->easting - FALSE_EASTING) / c.radius;
+    const Direction bBar = OffCylinder((payload->northing - FALSE_NORTHING) / c.radius);
+    const Direction lBar = DirectionOfSmall((payload->easting - FALSE_EASTING) / c.radius);
 
     // Turn the origin back to its place.
-    const double x = std::cos(lBar) * std::cos(bBar) * std::cos(c.b0) - std::sin(c.b0) * std::sin(bBar);
-    const double y = std::sin(lBar) * std::cos(bBar);
-    const double z = std::cos(c.b0) * std::sin(bBar) + std::cos(lBar) * std::cos(bBar) * std::sin(c.b0);
-    const double l = std::atan(y / x);
-    const double b = std::atan(z / std::sqrt(x * x + y * y));
+    const double x = lBar.cosine * bBar.cosine * c.cosB0 - c.sinB0 * bBar.sine;
+    const double y = lBar.sine * bBar.cosine;
+    const double z = c.cosB0 * bBar.sine + lBar.cosine * bBar.cosine * c.sinB0;
+    const double l = AtanOfSmall(y / x);
+    const Direction b{z, std::sqrt(x * x + y * y)};
 
-    // To the ellipsoid.
-    const double isometric = (LogTan(b) - c.k) / c.alpha;
-    latLon[0] = LatitudeOnEllipsoid(isometric, c.e, b) * c.degPerRad;
-    latLon[1] = (l / c.alpha + c.lon0) * c.degPerRad;
+    // To the ellipsoid: the limit of the iteration from b, and what it stops short by.
+    const double t = std::exp((SphericalIsometricLatitude(b) - c.k) / c.alpha);
+    const Direction twice = Doubled(DirectionOfExponential(t));
+    const double step = LatitudeStep(LATITUDE_SERIES[ELLIPSOID_BESSEL], twice);
+    const double lat = 2.0 * (std::atan(t) - QUARTER_PI) + step;
+    const double start = std::atan(b.sine / b.cosine) - lat;
+    const double rest = RestOfIteration(start, step, twice, E2, LATITUDE_TOLERANCE);
+    latLon[0] = (lat + rest) * DEGREES_PER_RADIAN;
+    latLon[1] = (l / c.alpha + c.lon0) * DEGREES_PER_RADIAN;
     return KOORD_OK;
 }
 

@@ -1,13 +1,17 @@
 #include "tessara/kernel/utmref.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string_view>
 
+#include "kernel/compile_time_math.h"
+#include "kernel/datum_rows.h"
 #include "kernel/numeric.h"
+#include "kernel/transverse_mercator_constants.h"
 #include "kernel/utmref_letters.h"
+#include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
-#include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/limits.h"
 #include "tessara/kernel/zone_systems.h"
 
@@ -44,23 +48,46 @@ void RoundToMetres(UtmPayload* utm) {
     }
 }
 
-// Distance in metres along a meridian from the equator; negative if there is none.
-double MeridianDistance(double latitude, const double axes[2]) {
-    return Geodesic_InverseCore(0.0, 0.0, latitude, 0.0, axes[0], axes[1]).distance;
+// The bands' edges in degrees away from the equator.
+constexpr std::array EDGES{0.0, 8.0, 16.0, 24.0, 32.0, 40.0, 48.0, 56.0, 64.0, 72.0, 80.0, UTM_LIMITS.north};
+using EdgeDistances = std::array<double, EDGES.size()>;
+
+// Distances in metres along a meridian from the equator (F. R. Helmert, "Die mathematischen und
+// physikalischen Theorieen der hoeheren Geodaesie", 1880), good to a tenth of a millimetre. No edge's
+// northing comes that near to the edge of a square.
+consteval EdgeDistances ComputeEdgeDistances(const EllipsoidFigure& figure) {
+    const double f = figure.Flattening();
+    const double n = f / (2.0 - f);
+    const double n2 = n * n;
+    EdgeDistances distances{};
+    for (std::size_t i = 0; i < EDGES.size(); ++i) {
+        const long double phi = EDGES[i] * static_cast<long double>(PI) / 180.0;
+        const long double arc = (1.0 + n2 / 4.0 + n2 * n2 / 64.0) * phi -
+                                3.0 / 2.0 * (n - n * n2 / 8.0) * compile_time::Sine(2.0 * phi) +
+                                15.0 / 16.0 * (n2 - n2 * n2 / 4.0) * compile_time::Sine(4.0 * phi) -
+                                35.0 / 48.0 * n * n2 * compile_time::Sine(6.0 * phi) +
+                                315.0 / 512.0 * n2 * n2 * compile_time::Sine(8.0 * phi);
+        distances[i] = static_cast<double>(figure.a / (1.0 + n) * arc);
+    }
+    return distances;
+}
+
+constexpr auto EDGE_DISTANCES = ForEachEllipsoid<EdgeDistances>(ComputeEdgeDistances);
+
+std::size_t EdgeIndex(double degrees) {
+    if (degrees == UTM_LIMITS.north) return EDGES.size() - 1;
+    return static_cast<std::size_t>(TruncateToInt32(degrees / UTMREF_BAND_DEGREES));
 }
 
 // How many rows away from the equator the square with a row letter lies, 0 for the row on the equator; rows
 // are counted on either hemisphere. Letters repeat every 2000 km: meant is the first square of that letter
 // whose far edge reaches the band. NO_LETTER if there is none within the band.
 std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone, const UtmrefBand& band,
-                     const double axes[2]) {
+                     const EdgeDistances& distances) {
     const std::int32_t position = LetterIndex(rowLetters, letter);
-    const double nearDistance = MeridianDistance(band.nearEdge, axes);
-    const double farDistance = MeridianDistance(band.farEdge, axes);
-    if (position == NO_LETTER || nearDistance < 0.0 || farDistance < 0.0) return NO_LETTER;
-
-    const double nearNorthing = nearDistance * SMALLEST_SCALE;
-    const double farNorthing = farDistance * LARGEST_SCALE;
+    if (position == NO_LETTER) return NO_LETTER;
+    const double nearNorthing = distances[EdgeIndex(band.nearEdge)] * SMALLEST_SCALE;
+    const double farNorthing = distances[EdgeIndex(band.farEdge)] * LARGEST_SCALE;
 
     // South of the equator the letters run backward from the last one.
     const std::int32_t fromGridOrigin = position - Utmref_RowShift(zone);
@@ -98,7 +125,7 @@ bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
 }
 
 KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, const TmConstants* forward) {
-    const DatumRow* datum = Datum_Row(forward->datum);
+    const DatumRow* datum = RowOf(forward->datum);
     if (datum == nullptr) return KOORD_ERR_DATUM;
 
     UtmPayload utm{};
@@ -108,11 +135,8 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     RoundToMetres(&utm);
 
     // The band is that of the rounded position.
-    TmConstants inverse;
-    status = TM_LoadInverseConstants(forward->datum, &inverse);
-    if (status != KOORD_OK) return status;
     double rounded[2];
-    status = UTM_ToGeodetic(&utm, rounded, &inverse);
+    status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
     if (status != KOORD_OK) return status;
 
     const std::string_view columns = Utmref_ColumnLetters(utm.zone);
@@ -132,15 +156,12 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
 }
 
 KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], const TmConstants* inverse) {
-    const DatumRow* datum = Datum_Row(inverse->datum);
+    const DatumRow* datum = RowOf(inverse->datum);
     if (datum == nullptr) return KOORD_ERR_GENERAL;
-    double axes[2];
-    Geodesic_LoadAxes(axes, inverse->datum);
-
     UtmrefBand band;
     if (!Utmref_FindBand(payload->band, &band)) return KOORD_ERR_GENERAL;
-    const std::int32_t row =
-        FindRow(payload->row, Utmref_RowLetters(datum->ellipsoid), payload->zone, band, axes);
+    const std::int32_t row = FindRow(payload->row, Utmref_RowLetters(datum->ellipsoid), payload->zone, band,
+                                     EDGE_DISTANCES[datum->ellipsoid]);
     const std::int32_t column = LetterIndex(Utmref_ColumnLetters(payload->zone), payload->column);
     if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
 

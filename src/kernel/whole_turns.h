@@ -7,6 +7,7 @@ namespace tessara {
 
 // The value brought into -turn/2..turn/2; both ends stand. An infinite value gives NaN.
 [[nodiscard]] inline double WrapTurns(double value, double turn) {
+    if (std::fabs(value) <= turn / 2.0) return value;
     const double rest = std::fmod(value, turn);
     if (rest > turn / 2.0) return rest - turn;
     if (rest < -turn / 2.0) return rest + turn;

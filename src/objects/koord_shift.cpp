@@ -72,14 +72,20 @@ bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
     return true;
 }
 
-// Moves as far as the border of the zone.
+// Moves as far as the border of the zone, which is looked for only when it may have been met.
 bool ShiftEastInZone(double delta, tagKOORD* record) {
-    tagKOORD limit = *record;
-    if (!MoveToFurthest(DirectionOf(Axis::East, delta), &limit)) return false;
-    if (Zones_Number(limit) != Zones_Number(*record)) return false;
     const double east = Zones_East(*record);
-    if (GoesBeyond(Zones_East(limit), east, delta)) return false;
-    Zones_SetEast(east + delta, record);
+    tagKOORD moved = *record;
+    Zones_SetEast(east + delta, &moved);
+    // An offset that outgrows its strip's million would read as another strip's.
+    const bool isInOwnZone = std::fabs(Zones_East(moved) - (east + delta)) < 1e-6;
+    if (!isInOwnZone || !Zones_IsWellInside(moved)) {
+        tagKOORD limit = *record;
+        if (!MoveToFurthest(DirectionOf(Axis::East, delta), &limit)) return false;
+        if (Zones_Number(limit) != Zones_Number(*record)) return false;
+        if (GoesBeyond(Zones_East(limit), east, delta)) return false;
+    }
+    *record = moved;
     return true;
 }
 
@@ -99,15 +105,24 @@ void AddUtmNorthing(double delta, tagKOORD* record) {
     Store(*record, payload);
 }
 
-bool ShiftNorthInZone(double delta, tagKOORD* record) {
-    tagKOORD limit = *record;
-    if (!MoveToFurthest(DirectionOf(Axis::North, delta), &limit)) return false;
-    if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
+void AddNorthing(double delta, tagKOORD* record) {
     if (record->type == KOORD_UTM) {
         AddUtmNorthing(delta, record);
     } else {
         Axis_SetValue(Axis::North, Axis_Value(Axis::North, *record) + delta, record);
     }
+}
+
+bool ShiftNorthInZone(double delta, tagKOORD* record) {
+    const Compass direction = DirectionOf(Axis::North, delta);
+    tagKOORD moved = *record;
+    AddNorthing(delta, &moved);
+    tagKOORD limit = *record;
+    const bool found =
+        Zones_IsWellInside(moved) ? MoveToSystemLimit(direction, &limit) : MoveToFurthest(direction, &limit);
+    if (!found) return false;
+    if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
+    *record = moved;
     return true;
 }
 

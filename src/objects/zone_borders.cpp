@@ -29,6 +29,9 @@ constexpr double EAST_TOLERANCE = 1e-5;   // metres; closer to an easting than t
 constexpr double EAST_ACCEPTABLE = 1e-3;  // metres; good enough when the trials are used up
 constexpr int EAST_TRIALS = 20;
 
+constexpr double WELL_INSIDE = 1e-4;         // degrees; more than a metre at latitude 84
+constexpr double EQUATOR_DEGREE = 112000.0;  // metres, more than a degree of any ellipsoid's equator
+
 constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
 
 std::int32_t DatumOf(const tagKOORD& record) {
@@ -209,6 +212,19 @@ ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record) {
     Axis_SetSignedNorthing(northing, record);
     Zones_Want(NO_WANTED_ZONE, record);
     return ZoneLimit::Border;
+}
+
+bool Zones_IsWellInside(const tagKOORD& record) {
+    const double halfWidth = Zones_HalfWidth(SystemOf(record));
+    // Far outside a zone the inverse projection means nothing. (UTMREF can't say so.)
+    if (std::fabs(EastOfCentre(record)) > halfWidth * EQUATOR_DEGREE) return false;
+    tagKOORD centre = record;
+    GeodezPayload position;
+    GeodezPayload middle;
+    if (!Zones_MoveToCentre(&centre) || !ToGeodez(record, &position) || !ToGeodez(centre, &middle))
+        return false;
+    const double degrees = std::remainder(position.longitude - middle.longitude, 360.0);
+    return std::fabs(degrees) < halfWidth - WELL_INSIDE;
 }
 
 bool Zones_MoveToEquator(tagKOORD* record) {

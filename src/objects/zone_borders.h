@@ -30,6 +30,11 @@ enum class ZoneLimit : std::int32_t {
 // may find it behind itself.
 ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record);
 
+// Whether the record lies inside its zone and more than a metre from the borders, by its longitude: eastings
+// grow with the longitude along a northing. That is seen a lot faster than a border is found. Zones narrow
+// toward the poles: a walk at constant easting that ends here hasn't met the limit of Zones_MoveToLimit.
+[[nodiscard]] bool Zones_IsWellInside(const tagKOORD& record);
+
 // Moves the record along its easting to where its zone is widest: the equator, in the Austrian systems their
 // southern limit. False as above; the record is then unchanged.
 bool Zones_MoveToEquator(tagKOORD* record);

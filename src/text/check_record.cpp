@@ -1,10 +1,7 @@
 #include "text/check_record.h"
 
-#include <cmath>
-
 #include "areas/compare_records.h"
 #include "areas/system_extremes.h"
-#include "objects/convert_records.h"
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
@@ -14,8 +11,6 @@
 
 namespace tessara {
 namespace {
-
-constexpr double BORDER_MARGIN = 1e-4;  // degrees; more than a metre at latitude 84
 
 bool IsPixel(const tagKOORD& record) {
     return record.type == KOORD_LONGPIXEL || record.type == KOORD_FLOATPIXEL;
@@ -37,22 +32,11 @@ bool IsWithinBorder(Compass side, const tagKOORD& record) {
     return Zones_MoveToBorder(side, &border) && IsWithin(side, border, record);
 }
 
-// Along a northing eastings grow with the longitude: what lies inside by its longitude, and by more than the
-// metre to which a reference is rounded, lies inside by its easting. That spares the search for the border.
-bool IsWellWithinZone(const tagKOORD& record, const tagKOORD& centre) {
-    GeodezPayload position;
-    GeodezPayload middle;
-    if (Zones_Wanted(record) != NO_WANTED_ZONE) return false;
-    if (!ToGeodez(record, &position) || !ToGeodez(centre, &middle)) return false;
-    const double halfWidth = Zones_HalfWidth(static_cast<std::int32_t>(record.type));
-    return std::fabs(position.longitude - middle.longitude) < halfWidth - BORDER_MARGIN;
-}
-
 bool IsWithinZone(const tagKOORD& record) {
     tagKOORD centre = record;
     if (!Zones_MoveToCentre(&centre)) return false;
     if (Zones_Number(centre) != Zones_Number(record)) return true;
-    if (IsWellWithinZone(record, centre)) return true;
+    if (Zones_Wanted(record) == NO_WANTED_ZONE && Zones_IsWellInside(record)) return true;
     const std::int32_t side = Compare_Records(Axis::East, record, centre);
     if (side == NOT_COMPARABLE) return false;
     if (side == 0) return true;

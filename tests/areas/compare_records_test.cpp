@@ -53,26 +53,24 @@ tagKOORD Ups(char hemisphere, double easting, double northing) {
     return Record(KOORD_UPS, payload);
 }
 
-// A position in degrees in a wanted zone.
-template <class Make>
-tagKOORD Wanting(Make make, double latitude, double longitude) {
-    tagKOORD record = make;
+// A position in degrees in the zone that a record wants, whatever the limits of its system.
+tagKOORD Placed(tagKOORD record, double latitude, double longitude) {
     const tagKOORD geodez = GeodezRecord(latitude, longitude, 0.0, static_cast<std::int32_t>(record.datum));
     EXPECT_EQ(KoordConvertEx(&geodez, &record, 0), KOORD_OK);
     return record;
 }
 
 tagKOORD UtmAt(double latitude, double longitude, std::int16_t wantedZone = NO_WANTED_ZONE) {
-    return Wanting(Utm(0, 'N', 0.0, 0.0, wantedZone), latitude, longitude);
+    return Placed(Utm(0, 'N', 0.0, 0.0, wantedZone), latitude, longitude);
 }
 
 tagKOORD StripAt(std::int32_t type, double latitude, double longitude,
                  std::int16_t wantedMeridian = NO_WANTED_ZONE) {
-    return Wanting(Strip(type, 0.0, 0.0, wantedMeridian), latitude, longitude);
+    return Placed(Strip(type, 0.0, 0.0, wantedMeridian), latitude, longitude);
 }
 
 tagKOORD BmnAt(double latitude, double longitude, std::int16_t wantedMeridian = NO_WANTED_ZONE) {
-    return Wanting(Austrian(KOORD_BMN, 0, 0.0, 0.0, wantedMeridian), latitude, longitude);
+    return Placed(Austrian(KOORD_BMN, 0, 0.0, 0.0, wantedMeridian), latitude, longitude);
 }
 
 TEST(CompareRecords, EverySystemKnowsNorthAndEast) {

@@ -16,7 +16,7 @@ namespace {
 
 using testing::Disguised;
 using testing::MakeStranger;
-using testing::SameBytes;
+using testing::SameRecord;
 
 class CoordinateAreaTest : public testing::BalancedTest {
   protected:
@@ -37,7 +37,7 @@ TEST_F(CoordinateAreaTest, WritesEachExtremeOfThePointsSystem) {
             const IRef<ICoord> point = EmptyCoord(3, system);
             const Operation operation = SYSTEM_LIMITS[i];
             ASSERT_TRUE((area.Get()->*operation)(point.Get())) << system;
-            EXPECT_TRUE(SameBytes(KoordOf(point), extremes[i])) << system;
+            EXPECT_TRUE(SameRecord(KoordOf(point), extremes[i])) << system;
         }
     }
 }
@@ -60,7 +60,7 @@ TEST_F(CoordinateAreaTest, WritesAllFourAtOnce) {
         point = EmptyCoord(2, KOORD_UTM);
     ASSERT_TRUE(area->GetSystemExtremes(points[0].Get(), points[1].Get(), points[2].Get(), points[3].Get()));
     for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_TRUE(SameBytes(KoordOf(points[i]), extremes[i]));
+        EXPECT_TRUE(SameRecord(KoordOf(points[i]), extremes[i]));
 }
 
 TEST_F(CoordinateAreaTest, FourPointsMustShareTheirReference) {
@@ -83,7 +83,7 @@ TEST_F(CoordinateAreaTest, SystemsAboveTheTableHaveNoExtremes) {
     for (const Operation operation : SYSTEM_LIMITS)
         EXPECT_FALSE((area.Get()->*operation)(point.Get()));
     EXPECT_FALSE(area->GetSystemExtremes(point.Get(), point.Get(), point.Get(), point.Get()));
-    EXPECT_TRUE(SameBytes(KoordOf(point), MakeKoord(2, KOORD_LAMBERTCC)));
+    EXPECT_TRUE(SameRecord(KoordOf(point), MakeKoord(2, KOORD_LAMBERTCC)));
 }
 
 TEST_F(CoordinateAreaTest, NullAndForeignObjectsFail) {

@@ -13,7 +13,7 @@ namespace {
 
 using testing::Disguised;
 using testing::MakeStranger;
-using testing::SameBytes;
+using testing::SameRecord;
 using testing::Utm;
 
 class CoordinateAverageTest : public testing::BalancedTest {
@@ -26,9 +26,9 @@ TEST_F(CoordinateAverageTest, GivesTheResultReferenceAndPosition) {
     const IRef<ICoord> second = CoordOf(Utm(32, 'N', 5.0e5, 5.2e6));
     const IRef<ICoord> result = EmptyCoord(3, KOORD_GK);
     ASSERT_TRUE(average->Average(first.Get(), second.Get(), result.Get()));
-    EXPECT_TRUE(SameBytes(KoordOf(result), Utm(32, 'N', 4.5e5, 5.1e6)));
+    EXPECT_TRUE(SameRecord(KoordOf(result), Utm(32, 'N', 4.5e5, 5.1e6)));
     EXPECT_TRUE(HoldsPosition(result));
-    EXPECT_TRUE(SameBytes(KoordOf(first), Utm(32, 'N', 4.0e5, 5.0e6)));
+    EXPECT_TRUE(SameRecord(KoordOf(first), Utm(32, 'N', 4.0e5, 5.0e6)));
     EXPECT_EQ(testing::CountOf(result), 1u);
 }
 
@@ -54,7 +54,7 @@ TEST_F(CoordinateAverageTest, TheResultMayBeOneOfThePoints) {
     const IRef<ICoord> first = CoordOf(GeodezRecord(40.0, 10.0));
     const IRef<ICoord> second = CoordOf(GeodezRecord(50.0, 20.0));
     ASSERT_TRUE(average->Average(first.Get(), second.Get(), second.Get()));
-    EXPECT_TRUE(SameBytes(KoordOf(second), GeodezRecord(45.0, 15.0)));
+    EXPECT_TRUE(SameRecord(KoordOf(second), GeodezRecord(45.0, 15.0)));
     ICoord* const fresh = CreateClassCoord();
     EXPECT_TRUE(average->Average(fresh, fresh, fresh));  // and is gone
 }
@@ -64,7 +64,7 @@ TEST_F(CoordinateAverageTest, AFailureLeavesTheResult) {
     const IRef<ICoord> tm = EmptyCoord(2, KOORD_TM);
     EXPECT_FALSE(average->Average(tm.Get(), tm.Get(), result.Get()));
     EXPECT_FALSE(average->Average(tm.Get(), EmptyCoord(3, KOORD_TM).Get(), result.Get()));
-    EXPECT_TRUE(SameBytes(KoordOf(result), GeodezRecord(1.0, 2.0, 3.0)));
+    EXPECT_TRUE(SameRecord(KoordOf(result), GeodezRecord(1.0, 2.0, 3.0)));
     EXPECT_EQ(result->GetHeight(), 3.0);
 }
 
@@ -77,7 +77,7 @@ TEST_F(CoordinateAverageTest, NullAndForeignObjectsFail) {
         EXPECT_FALSE(average->Average(coord.Get(), other, coord.Get()));
         EXPECT_FALSE(average->Average(coord.Get(), coord.Get(), other));
     }
-    EXPECT_TRUE(SameBytes(KoordOf(coord), GeodezRecord(48.0, 11.0)));
+    EXPECT_TRUE(SameRecord(KoordOf(coord), GeodezRecord(48.0, 11.0)));
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ TEST_F(CoordinateCompareTest, LeavesItsArgumentsAlone) {
     const IRef<ICoord> first = CoordOf(wanting);
     const IRef<ICoord> second = CoordOf(testing::Utm(32, 'N', 500000.0, 5.0e6));
     EXPECT_EQ(EastWest(first, second), 1);
-    EXPECT_TRUE(testing::SameBytes(KoordOf(first), wanting));
+    EXPECT_TRUE(testing::SameRecord(KoordOf(first), wanting));
     EXPECT_EQ(testing::CountOf(first), 1u);
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 using testing::Disguised;
 using testing::MakeStranger;
-using testing::SameBytes;
+using testing::SameRecord;
 using testing::Strip;
 using testing::Utm;
 using testing::Utmref;
@@ -30,7 +30,7 @@ class CoordinateNeighborTest : public testing::BalancedTest {
         const IRef<ICoord> source = CoordOf(record);
         const IRef<ICoord> target(CreateClassCoord());
         EXPECT_TRUE((neighbor.Get()->*operation)(source.Get(), target.Get())) << record.type;
-        EXPECT_TRUE(SameBytes(KoordOf(source), record));
+        EXPECT_TRUE(SameRecord(KoordOf(source), record));
         return KoordOf(target);
     }
 
@@ -39,14 +39,14 @@ class CoordinateNeighborTest : public testing::BalancedTest {
 
 TEST_F(CoordinateNeighborTest, DegreesStepByATenThousandth) {
     const tagKOORD here = GeodezRecord(48.0, 11.0, 520.0);
-    EXPECT_TRUE(SameBytes(NeighborOf(here, &ICoordinateNeighbor::GetNorthNeighbor),
-                          GeodezRecord(48.0 + 0.0001, 11.0, 520.0)));
-    EXPECT_TRUE(SameBytes(NeighborOf(here, &ICoordinateNeighbor::GetEastNeighbor),
-                          GeodezRecord(48.0, 11.0 + 0.0001, 520.0)));
-    EXPECT_TRUE(SameBytes(NeighborOf(here, &ICoordinateNeighbor::GetSouthNeighbor),
-                          GeodezRecord(48.0 - 0.0001, 11.0, 520.0)));
-    EXPECT_TRUE(SameBytes(NeighborOf(here, &ICoordinateNeighbor::GetWestNeighbor),
-                          GeodezRecord(48.0, 11.0 - 0.0001, 520.0)));
+    EXPECT_TRUE(SameRecord(NeighborOf(here, &ICoordinateNeighbor::GetNorthNeighbor),
+                           GeodezRecord(48.0 + 0.0001, 11.0, 520.0)));
+    EXPECT_TRUE(SameRecord(NeighborOf(here, &ICoordinateNeighbor::GetEastNeighbor),
+                           GeodezRecord(48.0, 11.0 + 0.0001, 520.0)));
+    EXPECT_TRUE(SameRecord(NeighborOf(here, &ICoordinateNeighbor::GetSouthNeighbor),
+                           GeodezRecord(48.0 - 0.0001, 11.0, 520.0)));
+    EXPECT_TRUE(SameRecord(NeighborOf(here, &ICoordinateNeighbor::GetWestNeighbor),
+                           GeodezRecord(48.0, 11.0 - 0.0001, 520.0)));
 }
 
 TEST_F(CoordinateNeighborTest, MinutesAndSecondsStepByDegreesToo) {
@@ -69,11 +69,11 @@ TEST_F(CoordinateNeighborTest, MinutesAndSecondsStepByDegreesToo) {
 }
 
 TEST_F(CoordinateNeighborTest, GridsStepByAMetre) {
-    EXPECT_TRUE(SameBytes(NeighborOf(Utm(32, 'N', 5.0e5, 5.0e5), &ICoordinateNeighbor::GetSouthNeighbor),
-                          Utm(32, 'N', 5.0e5, 499999.0)));
+    EXPECT_TRUE(SameRecord(NeighborOf(Utm(32, 'N', 5.0e5, 5.0e5), &ICoordinateNeighbor::GetSouthNeighbor),
+                           Utm(32, 'N', 5.0e5, 499999.0)));
     EXPECT_TRUE(
-        SameBytes(NeighborOf(Strip(KOORD_GK, -1600000.0, 5.0e6), &ICoordinateNeighbor::GetEastNeighbor),
-                  Strip(KOORD_GK, -1600001.0, 5.0e6)));
+        SameRecord(NeighborOf(Strip(KOORD_GK, -1600000.0, 5.0e6), &ICoordinateNeighbor::GetEastNeighbor),
+                   Strip(KOORD_GK, -1600001.0, 5.0e6)));
     const auto square =
         Load<UtmrefPayload>(NeighborOf(Utmref(32, 'U', "QA", 0, 0), &ICoordinateNeighbor::GetWestNeighbor));
     EXPECT_EQ(square.column, 'P');
@@ -81,12 +81,12 @@ TEST_F(CoordinateNeighborTest, GridsStepByAMetre) {
 }
 
 TEST_F(CoordinateNeighborTest, TheNorthernPixelIsInTheRowBelow) {
-    EXPECT_TRUE(SameBytes(
+    EXPECT_TRUE(SameRecord(
         NeighborOf(Record(KOORD_LONGPIXEL, LongPixelPayload{5, 5}), &ICoordinateNeighbor::GetNorthNeighbor),
         Record(KOORD_LONGPIXEL, LongPixelPayload{5, 6})));
-    EXPECT_TRUE(SameBytes(NeighborOf(Record(KOORD_FLOATPIXEL, FloatPixelPayload{5.5, 5.5}),
-                                     &ICoordinateNeighbor::GetWestNeighbor),
-                          Record(KOORD_FLOATPIXEL, FloatPixelPayload{4.5, 5.5})));
+    EXPECT_TRUE(SameRecord(NeighborOf(Record(KOORD_FLOATPIXEL, FloatPixelPayload{5.5, 5.5}),
+                                      &ICoordinateNeighbor::GetWestNeighbor),
+                           Record(KOORD_FLOATPIXEL, FloatPixelPayload{4.5, 5.5})));
 }
 
 TEST_F(CoordinateNeighborTest, GeorefStepsByAWholeDegree) {
@@ -103,7 +103,7 @@ TEST_F(CoordinateNeighborTest, AtABorderTheTargetHoldsTheCopy) {
     const tagKOORD here = Utm(32, 'N', 716703.0, 5.5e6);
     const IRef<ICoord> target(CreateClassCoord());
     EXPECT_FALSE(neighbor->GetEastNeighbor(CoordOf(here).Get(), target.Get()));
-    EXPECT_TRUE(SameBytes(KoordOf(target), here));
+    EXPECT_TRUE(SameRecord(KoordOf(target), here));
     EXPECT_TRUE(HoldsPosition(target));
     EXPECT_TRUE(neighbor->GetWestNeighbor(CoordOf(here).Get(), target.Get()));
 }
@@ -114,7 +114,7 @@ TEST_F(CoordinateNeighborTest, EcefAndSystemsAboveTheTableHaveNoNeighbours) {
         for (const Operation operation : OPERATIONS) {
             const IRef<ICoord> target(CreateClassCoord());
             EXPECT_FALSE((neighbor.Get()->*operation)(CoordOf(here).Get(), target.Get()));
-            EXPECT_TRUE(SameBytes(KoordOf(target), here));
+            EXPECT_TRUE(SameRecord(KoordOf(target), here));
         }
     }
 }
@@ -145,7 +145,7 @@ TEST_F(CoordinateNeighborTest, NullAndForeignObjectsFailAndChangeNothing) {
             EXPECT_FALSE((neighbor.Get()->*operation)(coord.Get(), other));
         }
     }
-    EXPECT_TRUE(SameBytes(KoordOf(coord), GeodezRecord(48.0, 11.0)));
+    EXPECT_TRUE(SameRecord(KoordOf(coord), GeodezRecord(48.0, 11.0)));
 }
 
 }  // namespace

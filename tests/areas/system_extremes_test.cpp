@@ -12,7 +12,7 @@ namespace tessara {
 namespace {
 
 using testing::LongitudesApart;
-using testing::SameBytes;
+using testing::SameRecord;
 
 SystemExtremes ExtremesOf(std::int32_t system, std::int32_t datum = 2) {
     SystemExtremes extremes{};
@@ -52,7 +52,7 @@ void ExpectValues(std::int32_t system, const Payload& north, const Payload& east
     const SystemExtremes extremes = ExtremesOf(system);
     const Payload* const payloads[] = {&north, &east, &south, &west};
     for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_TRUE(SameBytes(extremes[i], Record(system, *payloads[i]))) << system << " " << i;
+        EXPECT_TRUE(SameRecord(extremes[i], Record(system, *payloads[i]))) << system << " " << i;
 }
 
 TEST(SystemExtremes, PixelsReachAsFarAsTheirNumbers) {
@@ -175,7 +175,7 @@ TEST(SystemExtremes, EcefReachesToThePoleAndTheEquator) {
         EXPECT_NEAR(payload.y, expected[i][1], 1e-6) << i;
         EXPECT_NEAR(payload.z, expected[i][2], 1e-6) << i;
     }
-    EXPECT_TRUE(SameBytes(extremes[2], MakeKoord(2, KOORD_ECEF)));
+    EXPECT_TRUE(SameRecord(extremes[2], MakeKoord(2, KOORD_ECEF)));
 }
 
 TEST(SystemExtremes, UpsReachesToLatitude80OfTheNorth) {
@@ -217,7 +217,7 @@ TEST(SystemExtremes, OneExtremeIsThatOfTheFour) {
         for (std::int32_t i = 0; i < COMPASS_COUNT; ++i) {
             tagKOORD extreme{};
             EXPECT_TRUE(System_Extreme(static_cast<Compass>(i), 3, system, &extreme));
-            EXPECT_TRUE(SameBytes(extreme, extremes[static_cast<std::size_t>(i)]));
+            EXPECT_TRUE(SameRecord(extreme, extremes[static_cast<std::size_t>(i)]));
         }
     }
 }
@@ -243,7 +243,7 @@ TEST(SystemExtremes, AFailureChangesNothing) {
         EXPECT_FALSE(System_Extreme(Compass::North, datum, system, &extremes[0]));
     }
     for (const tagKOORD& extreme : extremes)
-        EXPECT_TRUE(SameBytes(extreme, GeodezRecord(1.0, 2.0, 3.0)));
+        EXPECT_TRUE(SameRecord(extreme, GeodezRecord(1.0, 2.0, 3.0)));
 }
 
 }  // namespace

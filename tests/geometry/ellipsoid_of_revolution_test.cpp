@@ -346,6 +346,29 @@ TEST_F(EllipsoidOfRevolutionTest, DirectionsNeedAPosition) {
     }
 }
 
+// An object of count 0 ends in the operation that it is given to, at its end and no earlier.
+TEST_F(EllipsoidOfRevolutionTest, TakesCoordinatesFreshFromTheirCreation) {
+    const IRef<ICoord> p = Place(48.0, 16.0);
+    const IRef<ICoord> out(CreateClassCoord());
+    const Vector up{0.0, 0.0, 6.4e6};
+    Vector v;
+    Vector w;
+    EXPECT_FALSE(ellipsoid->GetLocalAxes(CreateClassCoord(), &v, &w));
+    EXPECT_FALSE(ellipsoid->GetNormal(CreateClassCoord(), &v));
+    EXPECT_FALSE(ellipsoid->GetDirection(CreateClassCoord(), 0.0, &v));
+    EXPECT_TRUE(ellipsoid->CoordToEcefVector(CreateClassCoord(), &v));
+    EXPECT_TRUE(ellipsoid->EcefVectorToCoord(&up, CreateClassCoord()));
+    const Vector outward{1.0, 0.0, 0.0};
+    EXPECT_TRUE(
+        ellipsoid->IntersectLine(CreateClassCoord(), &outward, CreateClassCoord(), CreateClassCoord()));
+    EXPECT_FALSE(ellipsoid->PointAtGeodesicDistance(CreateClassCoord(), 0.0, 10.0, CreateClassCoord()));
+    EXPECT_FALSE(ellipsoid->PointAtChordDistance(CreateClassCoord(), 0.0, 10.0, CreateClassCoord()));
+    EXPECT_TRUE(ellipsoid->PointAtGeodesicDistance(p.Get(), 0.0, 1e5, CreateClassCoord()));
+    EXPECT_TRUE(ellipsoid->PointAtChordDistance(p.Get(), 0.0, 1e5, CreateClassCoord()));
+    ICoord* const both = CreateClassCoord();
+    EXPECT_FALSE(ellipsoid->PointAtGeodesicDistance(both, 0.0, 10.0, both));
+}
+
 // Runs each operation once and lists the results.
 std::vector<bool> AllResults(IEllipsoidOfRevolution* ellipsoid) {
     const IRef<ICoord> p = Place(48.0, 16.0, 100.0);

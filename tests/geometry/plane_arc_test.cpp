@@ -271,6 +271,12 @@ TEST_F(PlaneArcTest, TheCentreMayBeAPointOfTheList) {
     EXPECT_EQ(points->GetCount(), 3u);
 }
 
+// An object of count 0 ends in the operation that it is given to, at its end and no earlier.
+TEST_F(PlaneArcTest, TakesObjectsFreshFromTheirCreation) {
+    EXPECT_FALSE(circle->MakeCircle(CreateClassCoord(), 0.0, 90.0, 10.0, CreateClassArray(), 3, true));
+    EXPECT_TRUE(circle->MakeCircle(centre.Get(), 0.0, 90.0, 10.0, CreateClassArray(), 3, true));
+}
+
 TEST_F(PlaneArcTest, SingletonsOfTheManagerWorkAlike) {
     const IRef<ICircleOnTangentPlane> managedCircle(CLSID_CircleOnTangentPlane);
     const IRef<IEllipseOnTangentPlane> managedEllipse(CLSID_EllipseOnTangentPlane);

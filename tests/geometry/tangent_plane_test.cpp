@@ -473,6 +473,31 @@ TEST_F(TangentPlaneTest, RefusesMissingAndForeignArguments) {
     EXPECT_FALSE(HoldsPosition(out));
 }
 
+// An object of count 0 ends in the operation that it is given to, at its end and no earlier.
+TEST_F(TangentPlaneTest, TakesCoordinatesFreshFromTheirCreation) {
+    SetOrigin(1.0, 1.0);
+    const IRef<ICoord> p = Place(1.1, 1.1);
+    Vector v;
+    Vector w;
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+    EXPECT_TRUE(plane->GetFrame(CreateClassCoord(), &v, &w));
+    EXPECT_TRUE(plane->GetOrigin(CreateClassCoord()));
+    EXPECT_NE(plane->GetAzimuth(CreateClassCoord()), MISSING_NUMBER);
+    EXPECT_TRUE(plane->GetPlaneCoords(CreateClassCoord(), &x, &y, &z));
+    EXPECT_TRUE(plane->PlaneCoordsToCoord(1.0, 2.0, 3.0, CreateClassCoord()));
+    EXPECT_FALSE(plane->MapByGeodesic(CreateClassCoord(), CreateClassCoord()));
+    EXPECT_TRUE(plane->MapByGeodesic(p.Get(), CreateClassCoord()));
+    EXPECT_TRUE(plane->MapByChord(CreateClassCoord(), CreateClassCoord()));
+    const Vector up{1.0, 0.0, 0.0};
+    EXPECT_NE(plane->ProjectAlong(CreateClassCoord(), &up, CreateClassCoord()), MISSING_NUMBER);
+    EXPECT_TRUE(plane->SetOrigin(CreateClassCoord()));
+    // From a point of the plane along it.
+    ASSERT_TRUE(plane->GetDirection(90.0, &v));
+    EXPECT_EQ(plane->ProjectAlong(CreateClassCoord(), &v, CreateClassCoord()), RAY_IN_PLANE);
+}
+
 TEST_F(TangentPlaneTest, NumbersThatAreNotFiniteFail) {
     SetOrigin(48.0, 16.0);
     const IRef<ICoord> out = Place(1.0, 2.0);

@@ -81,6 +81,18 @@ TEST(Examples, KernelOnlyConvertsAndMeasures) {
     EXPECT_EQ(lines[1], "503655.80 m");
 }
 
+TEST(Examples, MapSheetPutsPositionsOnPixelsAndBack) {
+    const Outcome outcome = RunProgram(TESSARA_PROGRAM_DIR "/map_sheet", {});
+    EXPECT_EQ(outcome.status, 0);
+    // echo 48.1375 11.5755 | GeoConvert -u -p 3: 32n 691602.660 5334791.145, 2.5 metres a pixel from 675000
+    // 5345000: 6641.06 4083.54. echo 48.1735 11.5466: 32n 689320.256 5338720.458, 5728.10 2511.82.
+    // echo 32n 685000 5340000 | GeoConvert -g -p 1: 48.186273 11.489102
+    EXPECT_EQ(outcome.out,
+              "Marienplatz: column 6641, row 4084\n"
+              "Olympiapark: column 5728, row 2512\n"
+              "pixel 4000 2000: 48.186273 11.489102\n");
+}
+
 TEST(Readme, ShowsTheFirstHostAsItIs) {
     const std::vector<std::string> blocks = ReadmeBlocks("cpp");
     EXPECT_EQ(std::count(blocks.begin(), blocks.end(), ReadFile("examples/first_host.cpp")), 1);

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <sstream>
@@ -48,10 +49,17 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     return pointers;
 }
 
-// The new variables come first: where a name stands twice, the first counts.
+// This process's variables, but for those that have a new value.
 std::vector<std::string> Environment(std::vector<std::string> variables) {
-    for (char** variable = environ; *variable != nullptr; ++variable)
-        variables.emplace_back(*variable);
+    const std::vector<std::string> changed = variables;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const std::string variable = *entry;
+        const std::string name = variable.substr(0, variable.find('=') + 1);
+        const bool isChanged = std::any_of(changed.begin(), changed.end(), [&name](const std::string& other) {
+            return other.starts_with(name);
+        });
+        if (!isChanged) variables.push_back(variable);
+    }
     return variables;
 }
 

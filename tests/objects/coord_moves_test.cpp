@@ -13,7 +13,7 @@ namespace {
 
 using testing::Disguised;
 using testing::MakeStranger;
-using testing::SameBytes;
+using testing::SameRecord;
 using testing::Utm;
 
 class CoordMoves : public testing::BalancedTest {};
@@ -26,7 +26,7 @@ TEST_F(CoordMoves, AShiftMovesThePosition) {
     const IRef<ICoord> coord = CoordOf(Utm(32, 'S', 5e5, 9999500.0));
     EXPECT_TRUE(Inner(coord)->ShiftEast(10.5));
     EXPECT_TRUE(Inner(coord)->ShiftNorth(1000.0));
-    EXPECT_TRUE(SameBytes(KoordOf(coord), Utm(32, 'N', 500010.5, 500.0)));
+    EXPECT_TRUE(SameRecord(KoordOf(coord), Utm(32, 'N', 500010.5, 500.0)));
 }
 
 TEST_F(CoordMoves, AShiftKeepsTheHeight) {
@@ -45,7 +45,7 @@ TEST_F(CoordMoves, AShiftKeepsTheHeight) {
 TEST_F(CoordMoves, ARefusedShiftChangesNothing) {
     const IRef<ICoord> coord = CoordOf(Utm(32, 'N', 716000.0, 5.5e6));
     EXPECT_FALSE(Inner(coord)->ShiftEast(704.0));
-    EXPECT_TRUE(SameBytes(KoordOf(coord), Utm(32, 'N', 716000.0, 5.5e6)));
+    EXPECT_TRUE(SameRecord(KoordOf(coord), Utm(32, 'N', 716000.0, 5.5e6)));
     EXPECT_TRUE(HoldsPosition(coord));
 }
 

@@ -20,7 +20,7 @@ using testing::Austrian;
 using testing::LongitudesApart;
 using testing::Random;
 using testing::RandomZoned;
-using testing::SameBytes;
+using testing::SameRecord;
 using testing::Strip;
 using testing::Utm;
 using testing::Utmref;
@@ -102,7 +102,7 @@ TEST(ZoneBorders, TheBorderLiesWhereItsMeridianHasTheNorthing) {
             EXPECT_NEAR(Zones_East(record), Zones_East(row.border), FIGURE_TOLERANCE) << row.place;
             // Nothing else changes.
             Zones_SetEast(Zones_East(before), &record);
-            EXPECT_TRUE(SameBytes(record, before)) << row.place;
+            EXPECT_TRUE(SameRecord(record, before)) << row.place;
         }
     }
 }
@@ -123,7 +123,7 @@ TEST(ZoneBorders, ABorderIsItsOwnBorder) {
         ASSERT_TRUE(Zones_MoveToBorder(row.side, &once)) << row.place;
         tagKOORD twice = once;
         ASSERT_TRUE(Zones_MoveToBorder(row.side, &twice)) << row.place;
-        EXPECT_TRUE(SameBytes(once, twice)) << row.place;
+        EXPECT_TRUE(SameRecord(once, twice)) << row.place;
     }
 }
 
@@ -191,10 +191,10 @@ TEST(ZoneBorders, UtmrefBordersAreWholeMetres) {
     // K at 200000 the column letters; the border's eastings are 716703.412 and 283296.588.
     tagKOORD east = Utmref(32, 'U', "QA", 0, 0);
     ASSERT_TRUE(Zones_MoveToBorder(Compass::East, &east));
-    EXPECT_TRUE(SameBytes(east, Utmref(32, 'U', "QA", 16703, 0)));
+    EXPECT_TRUE(SameRecord(east, Utmref(32, 'U', "QA", 16703, 0)));
     tagKOORD west = Utmref(32, 'U', "QA", 0, 0);
     ASSERT_TRUE(Zones_MoveToBorder(Compass::West, &west));
-    EXPECT_TRUE(SameBytes(west, Utmref(32, 'U', "KA", 83297, 0)));
+    EXPECT_TRUE(SameRecord(west, Utmref(32, 'U', "KA", 83297, 0)));
 }
 
 TEST(ZoneBorders, OnlyTheSidesHaveBorderPoints) {
@@ -225,7 +225,7 @@ TEST(ZoneLimits, AWalkAtConstantEastingEndsWhereTheBorderHasTheEasting) {
                              DegreesOfHalfZone(row.border) * RADIANS_PER_DEGREE;
         EXPECT_NEAR(Axis_SignedNorthing(start), north, 0.0007 / slope) << row.place;
         Axis_SetSignedNorthing(north, &start);
-        EXPECT_TRUE(SameBytes(start, row.border)) << row.place;
+        EXPECT_TRUE(SameRecord(start, row.border)) << row.place;
     }
 }
 
@@ -281,7 +281,7 @@ TEST(ZoneLimits, TheCentralMeridianNeverLeavesTheZone) {
         for (const Compass direction : {Compass::North, Compass::South}) {
             tagKOORD record = centre;
             EXPECT_EQ(Zones_MoveToLimit(direction, &record), ZoneLimit::SystemFirst) << centre.type;
-            EXPECT_TRUE(SameBytes(record, centre));
+            EXPECT_TRUE(SameRecord(record, centre));
         }
     }
 }
@@ -322,7 +322,7 @@ TEST(ZoneLimits, AnEastingWiderThanTheZoneIsAnywhereHasNoLimit) {
         for (const Compass direction : {Compass::North, Compass::South}) {
             tagKOORD record = wide;
             EXPECT_EQ(Zones_MoveToLimit(direction, &record), ZoneLimit::Failure) << wide.type;
-            EXPECT_TRUE(SameBytes(record, wide));
+            EXPECT_TRUE(SameRecord(record, wide));
         }
     }
 }
@@ -354,6 +354,35 @@ TEST(ZoneLimits, RandomLimitsAreFoundWhereverThereIsOne) {
     }
 }
 
+TEST(ZoneBorders, WellInsideIsWithinTheBorderOnly) {
+    for (const std::int32_t type : ZONED_TYPES) {
+        Random random(200u + static_cast<std::uint64_t>(type));
+        for (int i = 0; i < 100; ++i) {
+            const tagKOORD record = RandomZoned(type, random);
+            for (const Compass side : {Compass::East, Compass::West}) {
+                tagKOORD border = record;
+                ASSERT_TRUE(Zones_MoveToBorder(side, &border));
+                EXPECT_FALSE(Zones_IsWellInside(border));
+                // A ten-thousandth of a degree is at most 11.2 m.
+                Zones_SetEast(Zones_East(border) - 12.0 * SignOf(side), &border);
+                EXPECT_TRUE(Zones_IsWellInside(border)) << type;
+                Zones_SetEast(Zones_East(border) + 24.0 * SignOf(side), &border);
+                EXPECT_FALSE(Zones_IsWellInside(border)) << type;
+            }
+        }
+    }
+    EXPECT_TRUE(Zones_IsWellInside(Utmref(32, 'U', "QA", 0, 0)));
+    EXPECT_FALSE(Zones_IsWellInside(Utmref(32, 'U', "QA", 17000, 0)));
+}
+
+TEST(ZoneBorders, NothingIsWellInsideWhatIsNoZone) {
+    for (const tagKOORD& record :
+         {Utm(0, 'N', 5e5, 5e6), Utm(32, 'N', NaN, 5e6), Utm(32, 'N', 5e5, NaN), Utm(32, 'N', 4.0e7, 5e6),
+          Utm(32, 'N', -1e300, 5e6), Utmref(32, 'U', "IA", 0, 0), GeodezRecord(48.0, 11.0)}) {
+        EXPECT_FALSE(Zones_IsWellInside(record)) << record.type;
+    }
+}
+
 TEST(ZoneLimits, UtmrefLimitsAreWholeMetres) {
     // The limits of UTM 32 at 700000 are the northings 5907622.240 and, south of the equator, 4092377.760, at
     // latitude -53.28 in the band F.
@@ -374,16 +403,16 @@ TEST(ZoneLimits, UtmrefLimitsAreWholeMetres) {
 TEST(ZoneEquator, TheFootOfAZoneIsOnTheEquator) {
     tagKOORD north = Utm(32, 'N', 600000.0, 5400000.0);
     ASSERT_TRUE(Zones_MoveToEquator(&north));
-    EXPECT_TRUE(SameBytes(north, Utm(32, 'N', 600000.0, 0.0)));
+    EXPECT_TRUE(SameRecord(north, Utm(32, 'N', 600000.0, 0.0)));
     tagKOORD south = Utm(32, 'S', 600000.0, 5400000.0);
     ASSERT_TRUE(Zones_MoveToEquator(&south));
-    EXPECT_TRUE(SameBytes(south, Utm(32, 'S', 600000.0, 1.0e7)));
+    EXPECT_TRUE(SameRecord(south, Utm(32, 'S', 600000.0, 1.0e7)));
     tagKOORD strip = Strip(KOORD_GK, -1600000.0, 5500000.0);
     ASSERT_TRUE(Zones_MoveToEquator(&strip));
-    EXPECT_TRUE(SameBytes(strip, Strip(KOORD_GK, -1600000.0, 0.0)));
+    EXPECT_TRUE(SameRecord(strip, Strip(KOORD_GK, -1600000.0, 0.0)));
     strip = Strip(KOORD_GK6, 1600000.0, 5500000.0);
     ASSERT_TRUE(Zones_MoveToEquator(&strip));
-    EXPECT_TRUE(SameBytes(strip, Strip(KOORD_GK6, 1600000.0, 0.0)));
+    EXPECT_TRUE(SameRecord(strip, Strip(KOORD_GK6, 1600000.0, 0.0)));
 }
 
 TEST(ZoneEquator, TheFootOfAnAustrianZoneIsTheSouthernLimit) {
@@ -410,7 +439,7 @@ TEST(ZoneEquator, TheRowOfAUtmrefFollowsTheLetteringOfItsDatum) {
         tagKOORD record = Utmref(c.zone, 'U', "EA", 12345, 54321, c.datum);
         ASSERT_TRUE(Zones_MoveToEquator(&record));
         const char square[] = {'E', c.row};
-        EXPECT_TRUE(SameBytes(record, Utmref(c.zone, 'N', square, 12345, 0, c.datum)));
+        EXPECT_TRUE(SameRecord(record, Utmref(c.zone, 'N', square, 12345, 0, c.datum)));
         // And it is a place on the equator.
         if (c.zone != 31) continue;
         EXPECT_NEAR(PositionOf(record).latitude, 0.0, 1e-9);
@@ -454,7 +483,7 @@ TEST(ZoneBorders, AFailureChangesNothing) {
             tagKOORD record = hopeless;
             EXPECT_FALSE(Zones_MoveToBorder(direction, &record)) << hopeless.type;
             EXPECT_EQ(Zones_MoveToLimit(direction, &record), ZoneLimit::Failure) << hopeless.type;
-            EXPECT_TRUE(SameBytes(record, hopeless));
+            EXPECT_TRUE(SameRecord(record, hopeless));
         }
     }
 }
@@ -474,11 +503,11 @@ TEST(ZoneBorders, GarbageEnds) {
             byte = static_cast<std::byte>(random.Below(256));
         const auto direction = static_cast<Compass>(random.Below(COMPASS_COUNT));
         tagKOORD border = record;
-        EXPECT_TRUE(Zones_MoveToBorder(direction, &border) || SameBytes(border, record));
+        EXPECT_TRUE(Zones_MoveToBorder(direction, &border) || SameRecord(border, record));
         tagKOORD limit = record;
-        EXPECT_TRUE(Zones_MoveToLimit(direction, &limit) == ZoneLimit::Border || SameBytes(limit, record));
+        EXPECT_TRUE(Zones_MoveToLimit(direction, &limit) == ZoneLimit::Border || SameRecord(limit, record));
         tagKOORD foot = record;
-        EXPECT_TRUE(Zones_MoveToEquator(&foot) || SameBytes(foot, record));
+        EXPECT_TRUE(Zones_MoveToEquator(&foot) || SameRecord(foot, record));
     }
 }
 

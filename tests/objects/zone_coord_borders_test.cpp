@@ -15,7 +15,7 @@ namespace {
 using testing::Austrian;
 using testing::Disguised;
 using testing::MakeStranger;
-using testing::SameBytes;
+using testing::SameRecord;
 using testing::Strip;
 using testing::Utm;
 using testing::Utmref;
@@ -58,7 +58,7 @@ TEST_F(ZoneCoordBorders, TheSidesGiveTheBorderPointsOfTheOwnZone) {
     payload = PayloadOf<UtmPayload>(out);
     EXPECT_NEAR(payload.easting, 283296.588, TOLERANCE);
     EXPECT_EQ(payload.zone, 32);
-    EXPECT_TRUE(SameBytes(KoordOf(coord), Utm(32, 'N', 700000.0, 5.5e6)));
+    EXPECT_TRUE(SameRecord(KoordOf(coord), Utm(32, 'N', 700000.0, 5.5e6)));
 }
 
 TEST_F(ZoneCoordBorders, TheOthersGiveTheEndsOfTheWalkNorthAndSouth) {
@@ -82,7 +82,7 @@ TEST_F(ZoneCoordBorders, AWalkThatMeetsNoBorderLeavesTheOutput) {
     const IRef<ICoord> out = CoordOf(GeodezRecord(1.0, 2.0));
     for (const LimitOperation operation : LIMITS)
         EXPECT_EQ(Call(operation, coord.Get(), out.Get()), 0);
-    EXPECT_TRUE(SameBytes(KoordOf(out), GeodezRecord(1.0, 2.0)));
+    EXPECT_TRUE(SameRecord(KoordOf(out), GeodezRecord(1.0, 2.0)));
 }
 
 TEST_F(ZoneCoordBorders, AtTheEquatorTheZoneIsWidest) {
@@ -150,7 +150,7 @@ TEST_F(ZoneCoordBorders, WithoutZonesThereAreNoBorders) {
             EXPECT_FALSE(Call(operation, coord.Get(), out.Get())) << system;
         for (const LimitOperation operation : LIMITS)
             EXPECT_EQ(Call(operation, coord.Get(), out.Get()), -1) << system;
-        EXPECT_TRUE(SameBytes(KoordOf(out), GeodezRecord(1.0, 2.0)));
+        EXPECT_TRUE(SameRecord(KoordOf(out), GeodezRecord(1.0, 2.0)));
     }
 }
 
@@ -168,7 +168,7 @@ TEST_F(ZoneCoordBorders, NullAndForeignObjectsFailAndChangeNothing) {
             EXPECT_EQ(Call(operation, other, coord.Get()), -1);
         }
     }
-    EXPECT_TRUE(SameBytes(KoordOf(coord), Utm(32, 'N', 700000.0, 5.5e6)));
+    EXPECT_TRUE(SameRecord(KoordOf(coord), Utm(32, 'N', 700000.0, 5.5e6)));
     EXPECT_EQ(testing::CountOf(coord), 1u);
 }
 

@@ -430,5 +430,61 @@ TEST(ZonesMove, FailsWithoutZones) {
     }
 }
 
+TEST(ZonesEast, IsTheEastingOrTheOffsetOfAStrip) {
+    EXPECT_EQ(Zones_East(UtmRecord(2, 'N', 32, 600000.5, 1.0)), 600000.5);
+    EXPECT_EQ(Zones_East(AustrianRecord(6, KOORD_GKAT, 31, -1000.5, 1.0)), -1000.5);
+    EXPECT_EQ(Zones_East(StripRecord(3, KOORD_GK, 3600000.5, 1.0)), 600000.5);
+    EXPECT_EQ(Zones_East(StripRecord(3, KOORD_GK6, -1400000.5, 1.0)), 400000.5);
+}
+
+TEST(ZonesEast, IsNoNumberWhereThereIsNone) {
+    EXPECT_TRUE(std::isnan(Zones_East(CKoord())));
+    EXPECT_TRUE(std::isnan(Zones_East(UtmrefRecord(2, 32, "UNA", 1, 2))));
+    EXPECT_TRUE(std::isnan(Zones_East(StripRecord(3, KOORD_GK, 1e300, 1.0))));
+}
+
+TEST(ZonesEast, IsWrittenWithinTheZone) {
+    for (const CKoord& record :
+         {UtmRecord(2, 'N', 32, 600000.0, 1.0), AustrianRecord(6, KOORD_BMN, 31, 600000.0, 1.0),
+          StripRecord(3, KOORD_GK, 3600000.0, 1.0), StripRecord(3, KOORD_GK6, -1600000.0, 1.0)}) {
+        CKoord moved = record;
+        Zones_SetEast(412345.0, &moved);
+        EXPECT_EQ(Zones_East(moved), 412345.0);
+        EXPECT_EQ(Zones_Number(moved), Zones_Number(record));
+        Zones_SetEast(600000.0, &moved);
+        EXPECT_TRUE(SameRecord(moved, record));
+    }
+    CKoord utmref = UtmrefRecord(2, 32, "UNA", 1, 2);
+    Zones_SetEast(5.0, &utmref);
+    EXPECT_TRUE(SameRecord(utmref, UtmrefRecord(2, 32, "UNA", 1, 2)));
+}
+
+TEST(ZonesHalfWidth, IsThreeDegreesOrHalfOfThem) {
+    for (std::int32_t system = -1; system <= 25; ++system) {
+        const bool isWide = system == KOORD_UTM || system == KOORD_UTMREF || system == KOORD_GK6;
+        const double expected = ZONED.count(system) == 0 ? 0.0 : isWide ? 3.0 : 1.5;
+        EXPECT_EQ(Zones_HalfWidth(system), expected) << system;
+    }
+}
+
+TEST(ZonesWant, SetsTheWishOfZonedSystemsOnly) {
+    for (std::int32_t system = 0; system <= KOORD_LAMBERTCC; ++system) {
+        CKoord record(MakeKoord(2, system));
+        Zones_Want(31, &record);
+        EXPECT_EQ(Zones_Wanted(record), ZONED.count(system) == 1 ? 31 : NO_WANTED_ZONE) << system;
+        EXPECT_TRUE(ZONED.count(system) == 1 || SameRecord(record, MakeKoord(2, system))) << system;
+    }
+    // The kernel reads it there.
+    CKoord utm = UtmRecord(2, 'N', 32, 600000.0, 1.0);
+    Zones_Want(33, &utm);
+    EXPECT_EQ(Load<UtmPayload>(utm).wantedZone, 33);
+    CKoord gk = StripRecord(3, KOORD_GK, 3600000.0, 1.0);
+    Zones_Want(12, &gk);
+    EXPECT_EQ(Load<GkPayload>(gk).wantedMeridian, 12);
+    CKoord bmn = AustrianRecord(6, KOORD_BMN, 31, 600000.0, 1.0);
+    Zones_Want(34, &bmn);
+    EXPECT_EQ(Load<BmnPayload>(bmn).wantedMeridian, 34);
+}
+
 }  // namespace
 }  // namespace tessara

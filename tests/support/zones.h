@@ -1,68 +1,47 @@
-// Records of the zoned systems for tests.
+// Records of the zoned systems for tests of what zones do: on one datum each, where it matters at random.
 #pragma once
 
 #include <cmath>
-#include <cstring>
 #include <vector>
 
+#include "objects/zones.h"
 #include "support/random.h"
+#include "support/zoned_records.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara::testing {
 
+[[nodiscard]] inline tagKOORD Wanting(std::int16_t wanted, tagKOORD record) {
+    Zones_Want(wanted, &record);
+    return record;
+}
+
 inline tagKOORD Utm(std::int16_t zone, char hemisphere, double easting, double northing,
                     std::int16_t wantedZone = NO_WANTED_ZONE) {
-    tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_UTM);
-    UtmPayload payload{};
-    payload.hemisphere = hemisphere;
-    payload.wantedZone = wantedZone;
-    payload.zone = zone;
-    payload.easting = easting;
-    payload.northing = northing;
-    Store(record, payload);
-    return record;
+    return Wanting(wantedZone, UtmRecord(DATUM_WGS84, hemisphere, zone, easting, northing));
 }
 
 inline tagKOORD Utmref(std::int16_t zone, char band, const char* square, std::int32_t easting,
                        std::int32_t northing, std::int32_t datum = DATUM_WGS84) {
-    tagKOORD record = MakeKoord(datum, KOORD_UTMREF);
-    UtmrefPayload payload{};
-    payload.wantedZone = NO_WANTED_ZONE;
-    payload.zone = zone;
-    payload.band = band;
-    payload.column = square[0];
-    payload.row = square[1];
-    payload.easting = easting;
-    payload.northing = northing;
-    Store(record, payload);
-    return record;
+    const char letters[] = {band, square[0], square[1]};
+    return UtmrefRecord(datum, zone, letters, easting, northing);
 }
 
 // GK or GK6, on a Bessel datum. The letter is that of the northing, as the library writes it.
 inline tagKOORD Strip(std::int32_t type, double easting, double northing,
                       std::int16_t wantedMeridian = NO_WANTED_ZONE, std::int32_t datum = 3) {
-    tagKOORD record = MakeKoord(datum, type);
-    GkPayload payload{};
+    tagKOORD record = StripRecord(datum, type, easting, northing);
+    auto payload = Load<GkPayload>(record);
     payload.letter = northing >= 0.0 ? 'N' : 'S';
-    payload.wantedMeridian = wantedMeridian;
-    payload.easting = easting;
-    payload.northing = northing;
     Store(record, payload);
-    return record;
+    return Wanting(wantedMeridian, record);
 }
 
 // BMN, OEM or GK-AT, on the datum MGI.
 inline tagKOORD Austrian(std::int32_t type, std::int16_t meridian, double easting, double northing,
                          std::int16_t wantedMeridian = NO_WANTED_ZONE) {
-    tagKOORD record = MakeKoord(6, type);
-    BmnPayload payload{};
-    payload.wantedMeridian = wantedMeridian;
-    payload.meridian = meridian;
-    payload.easting = easting;
-    payload.northing = northing;
-    Store(record, payload);
-    return record;
+    return Wanting(wantedMeridian, AustrianRecord(6, type, meridian, easting, northing));
 }
 
 // What a false easting adds in an Austrian system.
@@ -103,10 +82,6 @@ inline tagKOORD RandomZoned(std::int32_t type, Random& random) {
 // The zoned systems that keep their values as doubles; UTMREF stands on UTM.
 inline const std::vector<std::int32_t> ZONED_TYPES = {KOORD_UTM, KOORD_GK,  KOORD_GK6,
                                                       KOORD_BMN, KOORD_OEM, KOORD_GKAT};
-
-inline bool SameBytes(const tagKOORD& first, const tagKOORD& second) {
-    return std::memcmp(&first, &second, sizeof first) == 0;
-}
 
 // Two longitudes apart, in degrees, whichever way they are written.
 inline double LongitudesApart(double first, double second) {

@@ -1,0 +1,36 @@
+// A position that is typed as a north and an east text.
+#pragma once
+
+#include <string>
+
+#include "references.h"
+#include "tessara/tessara.h"
+
+namespace tessara::program {
+
+// Reads texts of one reference. For one thread at a time.
+class TypedPosition {
+  public:
+    explicit TypedPosition(const Reference& reference);
+
+    // What is wrong with the texts; empty if they are a legal position, which is then held.
+    [[nodiscard]] std::string Read(const std::string& north, const std::string& east);
+
+    // The position that was read last.
+    [[nodiscard]] const IRef<ICoordinateString>& Held() const { return string_; }
+
+  private:
+    Reference reference_;
+    IRef<ICoordinateReference> libraryReference_;
+    IRef<ICoordinateString> string_;
+    IRef<ITessaraString> north_;
+    IRef<ITessaraString> east_;
+};
+
+// The library's form of a reference.
+[[nodiscard]] IRef<ICoordinateReference> MakeReference(const Reference& reference);
+
+// A text of the library, which is Latin-1, as UTF-8.
+[[nodiscard]] std::string ToUtf8(std::string_view latin1);
+
+}  // namespace tessara::program

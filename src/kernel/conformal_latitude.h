@@ -1,0 +1,118 @@
+// The conformal latitude, by which an ellipsoid is mapped onto the sphere without distortion of angles,
+// without the logarithms and exponentials of the isometric latitude. C. F. F. Karney, "Transverse Mercator
+// with an accuracy of a few nanometers", 2011, sections 2 and 3, has the algebra.
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+#include "kernel/direction.h"
+#include "kernel/ellipsoids.h"
+
+namespace tessara {
+
+// e * atanh(e * sin phi), by which the ellipsoid shortens the isometric latitude. At most 0.007 and, as e2 is
+// below 0.0069, exact to the last place after seven terms.
+[[nodiscard]] constexpr double EllipsoidShare(double sinPhi, double e2) {
+    const double x = e2 * sinPhi * sinPhi;
+    const double x2 = x * x;
+    const double even = 1.0 + x2 * (1.0 / 5.0 + x2 * (1.0 / 9.0 + x2 * (1.0 / 13.0)));
+    const double odd = 1.0 / 3.0 + x2 * (1.0 / 7.0 + x2 * (1.0 / 11.0));
+    return e2 * sinPhi * (even + x * odd);
+}
+
+// sinh and cosh of a value of at most 0.007.
+[[nodiscard]] constexpr double SinhOfShare(double q) {
+    const double q2 = q * q;
+    return q * (1.0 + q2 * (1.0 / 6.0 + q2 * (1.0 / 120.0)));
+}
+[[nodiscard]] constexpr double CoshOfShare(double q) {
+    const double q2 = q * q;
+    return 1.0 + q2 * (1.0 / 2.0 + q2 * (1.0 / 24.0 + q2 * (1.0 / 720.0)));
+}
+
+// The conformal latitude chi of a latitude phi. With the isometric latitude asinh(tan phi) - q, q being the
+// share above, tan chi is sinh(asinh(tan phi) - q), which is (sin phi cosh q - sinh q) / cos phi. Not a
+// number beyond the poles, where the tangent would be that of another latitude.
+[[nodiscard]] constexpr Direction ConformalLatitude(double sinPhi, double cosPhi, double e2) {
+    const double q = EllipsoidShare(sinPhi, e2);
+    return {sinPhi * CoshOfShare(q) - SinhOfShare(q),
+            cosPhi < 0.0 ? std::numeric_limits<double>::quiet_NaN() : cosPhi};
+}
+
+// The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
+// are taken as they are. That on the ellipsoid is smaller by the share.
+[[nodiscard]] inline double SphericalIsometricLatitude(Direction phi) {
+    if (phi.sine < 0.0) return -std::log((1.0 - phi.sine) / phi.cosine);
+    return std::log((1.0 + phi.sine) / phi.cosine);
+}
+
+// The direction of a latitude on the sphere from the exponential of its isometric latitude.
+[[nodiscard]] inline Direction DirectionOfExponential(double t) {
+    const auto [cosine, minusSine] = DoubledOfTangent(t);
+    return {-minusSine, cosine};
+}
+
+// The way back: phi - chi is a sine series whose coefficients are series in the third flattening n (here up
+// to its sixth power; the next is below 1e-17). The sines of 2, 4, 6 ... 12 chi are sin 2chi times
+// polynomials in cos 2chi, which makes of the sum one polynomial times sin 2chi. The array holds its
+// coefficients.
+using LatitudeSeries = std::array<double, 6>;
+
+consteval LatitudeSeries ComputeLatitudeSeries(const EllipsoidFigure& figure) {
+    const double f = figure.Flattening();
+    const double n = f / (2.0 - f);
+    const double n2 = n * n;
+    const double n3 = n2 * n;
+    const double s2 =
+        n *
+        (2.0 + n * (-2.0 / 3.0 + n * (-2.0 + n * (116.0 / 45.0 + n * (26.0 / 45.0 - n * 2854.0 / 675.0)))));
+    const double s4 =
+        n2 * (7.0 / 3.0 + n * (-8.0 / 5.0 + n * (-227.0 / 45.0 + n * (2704.0 / 315.0 + n * 2323.0 / 945.0))));
+    const double s6 = n3 * (56.0 / 15.0 + n * (-136.0 / 35.0 + n * (-1262.0 / 105.0 + n * 73814.0 / 2835.0)));
+    const double s8 = n3 * n * (4279.0 / 630.0 + n * (-332.0 / 35.0 - n * 399572.0 / 14175.0));
+    const double s10 = n3 * n2 * (4174.0 / 315.0 - n * 144838.0 / 6237.0);
+    const double s12 = n3 * n3 * (601676.0 / 22275.0);
+    return {s2 - s6 + s10,
+            2.0 * s4 - 4.0 * s8 + 6.0 * s12,
+            4.0 * s6 - 12.0 * s10,
+            8.0 * s8 - 32.0 * s12,
+            16.0 * s10,
+            32.0 * s12};
+}
+
+inline constexpr auto LATITUDE_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeLatitudeSeries);
+
+// phi - chi from sine and cosine of twice chi.
+[[nodiscard]] inline double LatitudeStep(const LatitudeSeries& p, Direction twice) {
+    const double x = twice.cosine;
+    const double x2 = x * x;
+    return twice.sine * (p[0] + p[1] * x + x2 * (p[2] + p[3] * x + x2 * (p[4] + p[5] * x)));
+}
+
+// The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a
+// step of at most `tolerance` radians and so short of its limit. This is what it is short by, to be added
+// to the limit. Each of its steps multiplies the distance by e2 cos^2 phi / (1 - e2 sin^2 phi), with a
+// term for the curvature; following the steps on these two numbers gives the last one to six digits.
+// `start` is the first value minus phi, `step` is phi - chi, `twice` the direction of twice chi.
+[[nodiscard]] inline double RestOfIteration(double start, double step, Direction twice, double e2,
+                                            double tolerance) {
+    const double cosine = twice.cosine - 2.0 * step * twice.sine;  // of twice phi
+    const double sine = twice.sine + 2.0 * step * twice.cosine;
+    const double x = 0.5 * e2 * (1.0 - cosine);
+    const double perW = 1.0 + x * (1.0 + x);
+    const double factor = 0.5 * e2 * (1.0 + cosine) * perW;
+    const double curvature = 0.25 * e2 * sine * perW * (1.0 + factor);
+    double rest = start;
+    double change = 0.0;
+    do {
+        const double next = rest * (factor - curvature * rest);
+        change = std::fabs(rest - next);
+        rest = next;
+    } while (change > tolerance);
+    return rest;
+}
+
+}  // namespace tessara

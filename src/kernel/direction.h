@@ -1,0 +1,85 @@
+// An angle by its sine and cosine. Functions of multiples and sums of angles then take a few multiplications
+// in the place of calls into the mathematics library.
+#pragma once
+
+#include <cmath>
+
+namespace tessara {
+
+// Where only the direction counts, both may be times the same positive factor.
+struct Direction {
+    double sine, cosine;
+};
+
+[[nodiscard]] inline Direction DirectionOf(double angle) {
+    return {std::sin(angle), std::cos(angle)};
+}
+
+// Up to a tenth of a radian, 5.7 degrees, a few terms of the power series are exact to the last place. x2 is
+// the square of the angle.
+[[nodiscard]] inline bool IsSmall(double x2) {
+    return x2 < 0.01;
+}
+
+// The sum of y^k / (2k + 1)! over k = 0..4: sinh(x) / x for y = x^2, sin(x) / x for y = -x^2.
+[[nodiscard]] inline double SineTerms(double y) {
+    return 1.0 + y * (1.0 / 6.0 + y * (1.0 / 120.0 + y * (1.0 / 5040.0 + y * (1.0 / 362880.0))));
+}
+
+// The sum of y^k / (2k)! over k = 0..5: cos(x) for y = -x^2.
+[[nodiscard]] inline double CosineTerms(double y) {
+    return 1.0 + y * (1.0 / 2.0 +
+                      y * (1.0 / 24.0 + y * (1.0 / 720.0 + y * (1.0 / 40320.0 + y * (1.0 / 3628800.0)))));
+}
+
+// The same as DirectionOf for any angle, and fast for a small one.
+[[nodiscard]] inline Direction DirectionOfSmall(double angle) {
+    const double y = angle * angle;
+    if (!IsSmall(y)) return DirectionOf(angle);
+    return {angle * SineTerms(-y), CosineTerms(-y)};
+}
+
+[[nodiscard]] inline double SinhOfSmall(double x) {
+    return IsSmall(x * x) ? x * SineTerms(x * x) : std::sinh(x);
+}
+
+// The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
+[[nodiscard]] inline double ArcTerms(double y) {
+    const double y2 = y * y;
+    const double even = 1.0 + y2 * (1.0 / 5.0 + y2 * (1.0 / 9.0 + y2 * (1.0 / 13.0)));
+    const double odd = 1.0 / 3.0 + y2 * (1.0 / 7.0 + y2 * (1.0 / 11.0 + y2 * (1.0 / 15.0)));
+    return even + y * odd;
+}
+
+[[nodiscard]] inline double AtanOfSmall(double x) {
+    return IsSmall(x * x) ? x * ArcTerms(-(x * x)) : std::atan(x);
+}
+
+[[nodiscard]] inline double AtanhOfSmall(double x) {
+    return IsSmall(x * x) ? x * ArcTerms(x * x) : std::atanh(x);
+}
+
+// Twice the angle of a tangent from 0 up to infinity.
+[[nodiscard]] inline Direction DoubledOfTangent(double t) {
+    if (t > 1.0) {
+        const double u = 1.0 / t;
+        const double scale = 1.0 / (1.0 + u * u);
+        return {2.0 * u * scale, (u * u - 1.0) * scale};
+    }
+    const double scale = 1.0 / (1.0 + t * t);
+    return {2.0 * t * scale, (1.0 - t * t) * scale};
+}
+
+[[nodiscard]] constexpr Direction Sum(Direction x, Direction y) {
+    return {x.sine * y.cosine + x.cosine * y.sine, x.cosine * y.cosine - x.sine * y.sine};
+}
+
+[[nodiscard]] constexpr Direction Difference(Direction x, Direction y) {
+    return {x.sine * y.cosine - x.cosine * y.sine, x.cosine * y.cosine + x.sine * y.sine};
+}
+
+[[nodiscard]] constexpr Direction Doubled(Direction x) {
+    return {2.0 * x.sine * x.cosine, (x.cosine - x.sine) * (x.cosine + x.sine)};
+}
+
+}  // namespace tessara
