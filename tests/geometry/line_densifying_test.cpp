@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 
 #include "geometry/line_points.h"
 #include "support/lines.h"
@@ -387,6 +388,29 @@ TEST_F(LineDensifyingTest, EndsWithoutNumbersEndTheWork) {
         Across(Utm32(bad, 5.3e6), Utm32(5e5, bad), 3, KOORD_GK);
         EXPECT_LE(chain->GetCount(), 33u);
     }
+}
+
+TEST_F(LineDensifyingTest, WithoutMemoryTheChainIsEmptyOrTheExceptionPasses) {
+    const IRef<ICoord> a = CoordOf(Utm32(5e5, 5.3e6));
+    const IRef<ICoord> b = CoordOf(Utm32(7e5, 5.3e6));
+    bool hasFailed = true;
+    // Each allocation in turn, until none is left to fail.
+    for (int nth = 1; hasFailed; ++nth) {
+        bool isDone = false;
+        try {
+            const testing::FailAllocation failure(nth);
+            isDone = lines->DensifyCoordStraight(map.Get(), a.Get(), b.Get(), chain.Get());
+            hasFailed = failure.HasFailed();
+        } catch (const std::bad_alloc&) {
+            continue;
+        }
+        EXPECT_EQ(isDone, !hasFailed);
+        if (!isDone && nth > 1) {
+            EXPECT_LE(chain->GetCount(), 1u);
+        }
+    }
+    EXPECT_EQ(chain->GetCount(), 3u);
+    EXPECT_EQ(CountOf(a), 1u);
 }
 
 TEST_F(LineDensifyingTest, TheArgumentsMayBeTheResultsOwn) {
