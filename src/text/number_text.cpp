@@ -21,8 +21,12 @@ std::string FixedText(double value, int decimals) {
     return written.ec == std::errc() ? std::string(buffer.data(), written.ptr) : std::string();
 }
 
+// By hand: the standard functions drag a table into the library's exports, and with it the loader never
+// unloads the library.
 std::string WholeText(std::int32_t value, int digits) {
-    const std::string magnitude = std::to_string(std::llabs(value));
+    std::string magnitude;
+    for (std::int64_t rest = std::llabs(value); rest > 0 || magnitude.empty(); rest /= 10)
+        magnitude.insert(magnitude.begin(), static_cast<char>('0' + rest % 10));
     return (value < 0 ? "-" : "") + ZeroFilled(magnitude, digits);
 }
 
