@@ -20,33 +20,29 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr const char* FOOTER =
-    "Reads lines `latitude longitude [height]` - degrees, positive north and east, and metres above the\n"
-    "ellipsoid - from the files, or from standard input where there are none or where one is called '-'.\n"
-    "Blank lines are skipped, and so is what follows a '#'.\n"
-    "\n"
-    "Writes one line for a position: for each target its fields, and the height where the line gave one. "
-    "The\n"
-    "targets stand apart by a tab, the fields by a blank; `tessara systems` tells the fields of a system.\n"
-    "\n"
-    "Where --from names a system, a line has columns instead: the north text and the east text of a "
-    "position,\n"
-    "in the form in which `tessara convert` writes them, and any others, which are kept. They stand apart by "
-    "tabs,\n"
-    "semicolons or commas, and the texts of the targets take the place of the two. No ECEF, TM and GK-AT can "
-    "be\n"
-    "typed, of UPS the north only, of GEOREF the degrees.\n"
-    "\n"
-    "A line that can't be used is reported on standard error as `FILE:LINE: what is wrong`, and the exit\n"
-    "status is 1; all other lines are written.\n"
-    "\n"
-    "Examples:\n"
-    "  echo 48.1375 11.5755 | tessara convert --to UTM          gives 32 N 691602.6597 5334791.1445\n"
-    "  tessara convert --to UTMREF --to GK@GER positions.txt    two targets\n"
-    "  tessara convert --from MGI --to BMN positions.txt        without a change of datum\n"
-    "  tessara convert --from GER positions.txt                 to degrees on WGS84\n"
-    "  echo 'N 5334791;32 691602' | tessara convert --from UTM --to UTMREF --display\n"
-    "  tessara convert --from UTMREF --columns north,east --to GEODEZ sites.csv\n"
-    "  tessara convert --json --to UTM positions.txt | jq '.results[0].easting'";
+    R"(Reads lines `latitude longitude [height]` - degrees, positive north and east, and metres above the
+ellipsoid - from the files, or from standard input where there are none or where one is called '-'.
+Blank lines are skipped, and so is what follows a '#'.
+
+Writes one line for a position: for each target its fields, and the height where the line gave one. The
+targets stand apart by a tab, the fields by a blank; `tessara systems` tells the fields of a system.
+
+Where --from names a system, a line has columns instead: the north text and the east text of a position,
+in the form in which `tessara convert` writes them, and any others, which are kept. They stand apart by
+tabs, semicolons or commas, and the texts of the targets take the place of the two. No ECEF, TM and GK-AT
+can be typed, of UPS the north only, of GEOREF the degrees.
+
+A line that can't be used is reported on standard error as `FILE:LINE: what is wrong`, and the exit
+status is 1; all other lines are written.
+
+Examples:
+  echo 48.1375 11.5755 | tessara convert --to UTM          gives 32 N 691602.6597 5334791.1445
+  tessara convert --to UTMREF --to GK@GER positions.txt    two targets
+  tessara convert --from MGI --to BMN positions.txt        without a change of datum
+  tessara convert --from GER positions.txt                 to degrees on WGS84
+  echo 'N 5334791;32 691602' | tessara convert --from UTM --to UTMREF --display
+  tessara convert --from UTMREF --columns north,east --to GEODEZ sites.csv
+  tessara convert --json --to UTM positions.txt | jq '.results[0].easting')";
 
 // What works with texts only.
 struct TextOptions {

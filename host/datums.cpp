@@ -10,9 +10,8 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    "A line holds number, name, ellipsoid, and the translation from the datum to WGS84 along x, y and z in "
-    "metres.\n"
-    "An ellipsoid without a name is written as '-'.";
+    R"(A line holds number, name, ellipsoid, and the translation from the datum to WGS84 along x, y and z in metres.
+An ellipsoid without a name is written as '-'.)";
 
 // No interface tells the ellipsoid or the translation of a datum. This listing, and nothing else of the
 // program, reads them from the table of the static kernel.

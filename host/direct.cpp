@@ -13,12 +13,11 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    "Writes latitude and longitude of the position that lies so far away in this direction, and the azimuth "
-    "back\n"
-    "from there, in degrees. Azimuths count clockwise from north.\n"
-    "\n"
-    "Example:\n"
-    "  tessara direct 40.64 -73.78 51.4 5553886    from New York towards London";
+    R"(Writes latitude and longitude of the position that lies so far away in this direction, and the azimuth back
+from there, in degrees. Azimuths count clockwise from north.
+
+Example:
+  tessara direct 40.64 -73.78 51.4 5553886    from New York towards London)";
 
 struct Options {
     double latitude, longitude;

@@ -12,14 +12,12 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    "Writes the length of the shortest way in metres, its azimuth at the first position and the azimuth back "
-    "at\n"
-    "the second one, both in degrees clockwise from north. Near the antipode of a position it may find no "
-    "way:\n"
-    "the exit status is 1 then.\n"
-    "\n"
-    "Example:\n"
-    "  tessara distance 40.64 -73.78 51.47 -0.45    from New York to London";
+    R"(Writes the length of the shortest way in metres, its azimuth at the first position and the azimuth back at
+the second one, both in degrees clockwise from north. Near the antipode of a position it may find no way:
+the exit status is 1 then.
+
+Example:
+  tessara distance 40.64 -73.78 51.47 -0.45    from New York to London)";
 
 struct Options {
     double latitude1, longitude1;

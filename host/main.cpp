@@ -11,20 +11,18 @@ namespace {
 constexpr const char* DESCRIPTION =
     "Coordinate calculations: positions on any of 239 geodetic datums, in national and world systems.";
 
-constexpr const char* FOOTER =
-    "Examples:\n"
-    "  echo 48.1375 11.5755 | tessara convert --to UTM --to GK@GER\n"
-    "  tessara convert --json --to UTMREF positions.txt\n"
-    "  tessara systems\n"
-    "  tessara distance 40.64 -73.78 51.47 -0.45\n"
-    "\n"
-    "Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 "
-    "wrong\n"
-    "usage. `tessara COMMAND --help` says more about a command.";
+constexpr const char* FOOTER = R"(Examples:
+  echo 48.1375 11.5755 | tessara convert --to UTM --to GK@GER
+  tessara convert --json --to UTMREF positions.txt
+  tessara systems
+  tessara distance 40.64 -73.78 51.47 -0.45
+
+Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 wrong
+usage. `tessara COMMAND --help` says more about a command.)";
 
 // A negative number that begins with its point is a number, and no option.
 std::vector<std::string> ReadArguments(int argc, char** argv) {
-    std::vector<std::string> arguments(argv + 1, argv + argc);
+    std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     for (std::string& argument : arguments) {
         if (argument.starts_with("-.") && ParseNumber(argument)) argument.insert(1, "0");
     }

@@ -9,12 +9,10 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    "A line holds number, name, and the fields that `tessara convert` writes, in their order. Eastings, "
-    "northings,\n"
-    "x, y and z are metres. LONGPIXEL and FLOATPIXEL are pixels of a map and no targets of a conversion. TM "
-    "and\n"
-    "VDG are written with their origin at latitude and longitude 0, TM with scale 1 and no false easting or\n"
-    "northing.";
+    R"(A line holds number, name, and the fields that `tessara convert` writes, in their order. Eastings, northings,
+x, y and z are metres. LONGPIXEL and FLOATPIXEL are pixels of a map and no targets of a conversion. TM and
+VDG are written with their origin at latitude and longitude 0, TM with scale 1 and no false easting or
+northing.)";
 
 ExitCode ListSystems() {
     for (std::int32_t system = 0; system < KOORD_TYPE_COUNT; ++system) {

@@ -13,6 +13,7 @@ class IArray;
 class ICoord;
 class IMapCoordOperations;
 class IRect;
+struct PixelRect;
 
 inline constexpr GUID CLSID_CoordinateArea = ParseGuid("A6AE8424-CF07-486B-BC7F-075F2E73122E");
 inline constexpr GUID IID_ICoordinateArea = ParseGuid("BBC9C06E-DFB8-4A8F-95C1-535BC32A43EE");
@@ -48,7 +49,19 @@ class ICoordinateArea : public IUnknown {
     // All four at once. They must be of one datum and one system, otherwise false.
     virtual bool GetSystemExtremes(ICoord* north, ICoord* east, ICoord* south, ICoord* west) = 0;
 
-    // The extremes of a rectangle of a map, in the point's reference.
+    // The extremes of a rectangle of a map, in the point's reference (those of all four, which must agree):
+    // whole positions, so that the north extreme comes with the easting where the rectangle reaches furthest
+    // north. The sides may be swapped. In a pixel system they are the corners of the rectangle.
+    //
+    // The corners and the lines of pixels between them are searched, to a quarter of a pixel, and the limits
+    // of the system and the middles and borders of its zones that lie inside. A corner that the map or the
+    // system can't show moves toward the centre, a quarter, a half or all of the way; then the pieces of the
+    // sides that can be shown are searched, and up to four narrower rectangles, a quarter of the size off
+    // each side. Where the system ends amid the rectangle its edge isn't followed: besides the places told,
+    // an extreme there is not found.
+    //
+    // False for a null or wrong object, an empty map, and a rectangle without any valid position; ECEF and TM
+    // positions are never valid. The points are then unchanged.
     virtual bool GetMapRectNorth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
     virtual bool GetMapRectEast(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
     virtual bool GetMapRectSouth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
@@ -56,8 +69,16 @@ class ICoordinateArea : public IUnknown {
     virtual bool GetMapRectExtremes(IMapCoordOperations* map, IRect* rect, ICoord* north, ICoord* east,
                                     ICoord* south, ICoord* west) = 0;
 
-    // The extremes of a line, on a map or without one, in the point's reference. Only the value on the axis
-    // of the direction means something.
+    // The extremes of a line, on a map or without one, in the point's reference (those of all four, which
+    // must agree). Only the value on the axis of the direction means something: the four span the line's box.
+    //
+    // An edge is straight in the line's own system, or on the map between two pixels; it is searched in the
+    // 32 pieces, or the chain to a quarter of a pixel, that tessara/line_points.h tells of. Pixels have
+    // positions on a map only, and an edge of world positions has no extent in pixels.
+    //
+    // False for a null or wrong object, an empty line, two neighbours of different datum or system and
+    // positions that can't be brought into the reference. The points then hold what the line reached before,
+    // if anything.
     virtual bool GetMapLineNorth(IMapCoordOperations* map, IArray* line, ICoord* point) = 0;
     virtual bool GetLineNorth(IArray* line, ICoord* point) = 0;
     virtual bool GetMapLineEast(IMapCoordOperations* map, IArray* line, ICoord* point) = 0;
@@ -105,8 +126,8 @@ class ICoordinateAreaInternal : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateAreaInternal;
 
-    // As GetMapRectExtremes, of a rectangle whose sides are in order.
-    virtual bool GetRectExtremes(IMapCoordOperations* map, IRect* rect, ICoord* north, ICoord* east,
+    // As GetMapRectExtremes, of a plain rectangle (tessara/transformable_map_pixel.h).
+    virtual bool GetRectExtremes(IMapCoordOperations* map, const PixelRect* rect, ICoord* north, ICoord* east,
                                  ICoord* south, ICoord* west) = 0;
 
   protected:

@@ -53,8 +53,8 @@ class CoordinateArea : public ICoordinateArea, public ICoordinateAreaInternal {
                                IArray* onlySecond, IArray* onlyFirst, IArray* both) override;
     bool SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) override;
 
-    bool GetRectExtremes(IMapCoordOperations* map, IRect* rect, ICoord* north, ICoord* east, ICoord* south,
-                         ICoord* west) override;
+    bool GetRectExtremes(IMapCoordOperations* map, const PixelRect* rect, ICoord* north, ICoord* east,
+                         ICoord* south, ICoord* west) override;
 
   protected:
     virtual ~CoordinateArea() = default;

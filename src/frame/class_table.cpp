@@ -13,6 +13,9 @@
 #include "geometry/ellipse_on_tangent_plane.h"
 #include "geometry/ellipsoid_of_revolution.h"
 #include "geometry/euclidean_vector.h"
+#include "geometry/intersection_results.h"
+#include "geometry/line_intersection_parameters.h"
+#include "geometry/line_points.h"
 #include "geometry/tangent_plane.h"
 #include "maps/map_coord_creator_factory.h"
 #include "maps/map_coord_operations.h"
@@ -57,6 +60,9 @@ TESSARA_CLASS(Singleton, CoordinateTransfer);
 TESSARA_CLASS(Singleton, EllipseOnTangentPlane);
 TESSARA_CLASS(Singleton, EllipsoidOfRevolution);
 TESSARA_CLASS(Singleton, EuclideanVector);
+TESSARA_CLASS(Multi, LineIntersectionParameters);
+TESSARA_CLASS(Multi, IntersectionResults);
+TESSARA_CLASS(Multi, LinePoints);
 TESSARA_CLASS(Singleton, MapCoordCreatorFactory);
 TESSARA_CLASS(Multi, MapCoordOperations);
 TESSARA_CLASS(Singleton, MapCoordOperationsFactory);

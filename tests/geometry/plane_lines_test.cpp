@@ -88,7 +88,7 @@ TEST(SignedDistance, FromAPointIsThePlainDistance) {
 
 TEST(SignedDistance, DividesBeforeItSubtracts) {
     const double length = std::sqrt(10.0);
-    EXPECT_EQ(SignedDistance({0.1, 0.7}, {0, 0}, {3, 1}), 0.7 * 3.0 / length - 0.1 * 1.0 / length);
+    EXPECT_EQ(SignedDistance({0.1, 0.4}, {0, 0}, {3, 1}), 0.4 * 3.0 / length - 0.1 * 1.0 / length);
 }
 
 TEST(FootPoint, DropsThePerpendicularAlsoBeyondTheSegment) {

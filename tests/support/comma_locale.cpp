@@ -1,4 +1,5 @@
-// With TESSARA_COMMA_LOCALE in the environment all tests of a program run under a locale with a decimal comma.
+// With TESSARA_COMMA_LOCALE in the environment all tests of a program run under a locale with a decimal
+// comma.
 #include "support/comma_locale.h"
 
 #include <gtest/gtest.h>
@@ -19,9 +20,8 @@ class CommaEnvironment : public ::testing::Environment {
 };
 
 [[maybe_unused]] const ::testing::Environment* const g_comma =
-    std::getenv("TESSARA_COMMA_LOCALE") != nullptr
-        ? ::testing::AddGlobalTestEnvironment(new CommaEnvironment)
-        : nullptr;
+    std::getenv("TESSARA_COMMA_LOCALE") != nullptr ? ::testing::AddGlobalTestEnvironment(new CommaEnvironment)
+                                                   : nullptr;
 
 }  // namespace
 }  // namespace tessara::testing

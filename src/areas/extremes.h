@@ -1,0 +1,37 @@
+// Four positions of one reference, each the outermost so far in its direction.
+#pragma once
+
+#include <array>
+
+#include "objects/axis.h"
+#include "tessara/ckoord.h"
+
+namespace tessara {
+
+class Extremes {
+  public:
+    // Starts, or starts again, with one position as the outermost in every direction.
+    void Start(const CKoord& koord);
+    // Whether there is any position yet.
+    [[nodiscard]] bool HasStarted() const { return hasStarted_; }
+
+    // Each direction in which the position lies further out takes it: whole, or only the value of its axis. A
+    // position that can't be compared lies nowhere. False if an axis can't be taken.
+    void Extend(const CKoord& koord);
+    bool ExtendAxes(const CKoord& koord);
+
+    [[nodiscard]] const CKoord& operator[](Compass direction) const {
+        return at_[static_cast<std::size_t>(direction)];
+    }
+    void Set(Compass direction, const CKoord& koord) { at_[static_cast<std::size_t>(direction)] = koord; }
+
+  private:
+    [[nodiscard]] bool IsFurther(Compass direction, const CKoord& koord) const;
+
+    std::array<CKoord, COMPASS_COUNT> at_;  // in the order of Compass
+    bool hasStarted_ = false;
+};
+
+inline constexpr Compass DIRECTIONS[] = {Compass::North, Compass::East, Compass::South, Compass::West};
+
+}  // namespace tessara

@@ -1,0 +1,98 @@
+#include "areas/line_extents.h"
+
+#include <vector>
+
+#include "geometry/densify.h"
+#include "geometry/map_plane.h"
+#include "objects/koord_access.h"
+#include "objects/reference_change.h"
+#include "tessara/array.h"
+#include "tessara/coord.h"
+#include "tessara/map_coord_operations.h"
+#include "tessara/ref.h"
+
+namespace tessara {
+namespace {
+
+bool IsPixel(const CKoord& koord) {
+    return IsPixelType(static_cast<std::int32_t>(koord.type));
+}
+
+// Walks a line in the reference in which its extent is asked.
+class LineWalk {
+  public:
+    LineWalk(IMapCoordOperations* map, std::int32_t datum, std::int32_t system)
+        : map_(map), plane_(map), datum_(datum), system_(system), change_(datum, system) {}
+
+    // The position of one of the line's coordinates in the reference.
+    bool Carry(const CKoord& koord, CKoord* carried) const {
+        if (!map_.IsValid() || IsPixel(koord) == IsPixelType(system_)) return change_.Apply(koord, carried);
+        return IsPixel(koord) ? CarryToWorld(koord, carried) : CarryToPixel(koord, carried);
+    }
+
+    // The edge between two of the line's coordinates, as a chain in the reference.
+    bool WalkEdge(const CKoord& from, const CKoord& to, std::vector<CKoord>* chain) const {
+        if (from.datum != to.datum || from.type != to.type) return false;
+        CKoord a;
+        CKoord b;
+        if (!Carry(from, &a) || !Carry(to, &b)) return false;
+        if (map_.IsValid() && IsPixel(from)) {
+            return DensifyOnMap(plane_, a, b, DensifyMode::MapStraight, DEFAULT_PIXEL_TOLERANCE, chain);
+        }
+        return DensifyAcrossReferences(a, b, static_cast<std::int32_t>(from.datum),
+                                       static_cast<std::int32_t>(from.type), chain);
+    }
+
+  private:
+    bool CarryToWorld(const CKoord& pixel, CKoord* carried) const {
+        CKoord world(MakeKoord(datum_, system_));
+        PlanePoint place{};
+        if (!plane_.ToPlane(pixel, &place) || !plane_.ToWorld(place, &world)) return false;
+        *carried = world;
+        return true;
+    }
+
+    bool CarryToPixel(const CKoord& world, CKoord* carried) const {
+        const IRef<ICoord> source(CreateClassCoord());
+        const IRef<ICoord> target(CreateClassCoord());
+        const CKoord empty(MakeKoord(datum_, system_));
+        return KoordToCoord(&world, source.Get()) && KoordToCoord(&empty, target.Get()) &&
+               map_->CoordToPixelCoord(source.Get(), target.Get()) && KoordFromCoord(target.Get(), carried);
+    }
+
+    IRef<IMapCoordOperations> map_;
+    MapPlane plane_;
+    std::int32_t datum_;
+    std::int32_t system_;
+    ReferenceChange change_;
+};
+
+bool RecordAt(IArray* line, std::uint32_t index, CKoord* koord) {
+    const IRef<ICoord> coord(line->GetAt(index));
+    return KoordFromCoord(coord.Get(), koord);
+}
+
+}  // namespace
+
+bool ExtentOfLine(IMapCoordOperations* map, IArray* line, std::int32_t datum, std::int32_t system,
+                  Extremes* extremes) {
+    const std::uint32_t count = line->GetCount();
+    const LineWalk walk(map, datum, system);
+    CKoord from;
+    CKoord first;
+    if (count == 0 || !RecordAt(line, 0, &from) || !walk.Carry(from, &first)) return false;
+    extremes->Start(first);
+
+    std::vector<CKoord> chain;
+    for (std::uint32_t i = 1; i < count; ++i) {
+        CKoord to;
+        if (!RecordAt(line, i, &to) || !walk.WalkEdge(from, to, &chain)) return false;
+        for (const CKoord& koord : chain) {
+            if (!extremes->ExtendAxes(koord)) return false;
+        }
+        from = to;
+    }
+    return true;
+}
+
+}  // namespace tessara

@@ -1,0 +1,280 @@
+// An extreme of a coordinate over a closed window lies on its rim, unless the coordinate turns around inside.
+// Systems turn around only at their own extremes: a pole, a limit, the border of a zone. So the rim is
+// walked, as lines that are straight on the map, and the system's extremes are tried.
+//
+// Where corners lie outside what the map or the system can show, they move inward. Then the valid pieces of
+// the sides are walked by themselves, and the rims of a few narrower windows, too.
+#include "areas/rect_extents.h"
+
+#include <array>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+#include "areas/compare_records.h"
+#include "areas/system_extremes.h"
+#include "geometry/densify.h"
+#include "geometry/map_plane.h"
+#include "kernel/numeric.h"
+#include "maps/pixel_search.h"
+#include "objects/axis_copy.h"
+#include "objects/koord_access.h"
+#include "objects/zone_borders.h"
+#include "objects/zones.h"
+#include "tessara/map_coord_operations.h"
+#include "tessara/ref.h"
+#include "text/check_record.h"
+
+namespace tessara {
+namespace {
+
+constexpr int NARROWING_PASSES = 4;
+constexpr int SAMPLES_OF_A_SIDE = 64;
+constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a valid piece is walked, pixels
+
+// Each side in by a quarter of the size. Widths may exceed 32 bits.
+PixelRect Narrowed(const PixelRect& rect) {
+    const auto dx = static_cast<std::int32_t>((std::int64_t{rect.right} - rect.left) / 4);
+    const auto dy = static_cast<std::int32_t>((std::int64_t{rect.bottom} - rect.top) / 4);
+    return {rect.left + dx, rect.top + dy, rect.right - dx, rect.bottom - dy};
+}
+
+bool operator==(const PixelRect& a, const PixelRect& b) {
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+
+struct Corner {
+    std::int64_t x, y;
+};
+
+// From the top left one around by the right.
+std::array<Corner, 4> CornersOf(const PixelRect& rect) {
+    return {
+        {{rect.left, rect.top}, {rect.right, rect.top}, {rect.right, rect.bottom}, {rect.left, rect.bottom}}};
+}
+
+PlanePoint PixelAt(std::int64_t x, std::int64_t y) {
+    return {static_cast<double>(x), static_cast<double>(y)};
+}
+
+PlanePoint PlaceOnSide(const PlanePoint& from, const PlanePoint& to, int sample) {
+    const double t = static_cast<double>(sample) / SAMPLES_OF_A_SIDE;
+    return {from.x + (to.x - from.x) * t, from.y + (to.y - from.y) * t};
+}
+
+// A pixel whose position is valid.
+struct Found {
+    PlanePoint pixel;
+    CKoord koord;
+};
+
+// In the order of CornersOf.
+using Corners = std::array<std::optional<Found>, 4>;
+
+class WindowSearch {
+  public:
+    WindowSearch(IMapCoordOperations* map, const PixelRect& window, std::int32_t datum, std::int32_t system,
+                 Extremes* extremes)
+        : plane_(map), map_(map), window_(window), empty_(MakeKoord(datum, system)), extremes_(*extremes) {}
+
+    bool Run() {
+        if (!plane_.IsComplete()) return false;
+        if (IsPixelType(static_cast<std::int32_t>(empty_.type))) return TakeCornersAsPixels();
+        if (!StartAnywhere()) return false;
+
+        Corners corners;
+        bool areCornersValid = FindCorners(window_, &corners);
+        for (const Compass direction : {Compass::North, Compass::South, Compass::East, Compass::West}) {
+            if (!TrySystemExtreme(direction)) return false;
+        }
+        WalkRim(corners);
+        if (!areCornersValid) WalkSidesByPieces();
+        PixelRect narrow = window_;
+        for (int pass = 0; pass < NARROWING_PASSES && !areCornersValid; ++pass) {
+            const PixelRect next = Narrowed(narrow);
+            if (next == narrow) break;
+            narrow = next;
+            areCornersValid = FindCorners(narrow, &corners);
+            WalkRim(corners);
+        }
+        return true;
+    }
+
+  private:
+    // Pixels need no map: the window's corners are its extremes.
+    bool TakeCornersAsPixels() {
+        const auto pixelAt = [this](std::int32_t x, std::int32_t y) {
+            tagKOORD record = empty_;
+            if (record.type == KOORD_LONGPIXEL) {
+                Store(record, LongPixelPayload{x, y});
+            } else {
+                Store(record, FloatPixelPayload{static_cast<double>(x), static_cast<double>(y)});
+            }
+            return CKoord(record);
+        };
+        extremes_.Start(pixelAt(window_.left, window_.top));
+        extremes_.Set(Compass::East, pixelAt(window_.right, window_.top));
+        extremes_.Set(Compass::South, pixelAt(window_.right, window_.bottom));
+        return true;
+    }
+
+    // With any valid position of the window.
+    bool StartAnywhere() {
+        const IRef<ITransformableMapPixel> finder(CreateClassTransformableMapPixel());
+        const IRef<ITransformableInternal> inner(finder);
+        const IRef<ICoord> seed(CreateClassCoord());
+        CKoord koord;
+        const bool isFound = inner.IsValid() && KoordToCoord(&empty_, seed.Get()) &&
+                             inner->FindValidCoordInPixelRect(map_.Get(), &window_, seed.Get()) &&
+                             KoordFromCoord(seed.Get(), &koord);
+        if (isFound) extremes_.Start(koord);
+        return isFound;
+    }
+
+    [[nodiscard]] std::optional<Found> FindValid(const PlanePoint& pixel) const {
+        Found found{pixel, empty_};
+        const bool isValid = plane_.ToWorld(found.pixel, &found.koord) && Check_InSystemArea(found.koord);
+        return isValid ? std::optional<Found>(found) : std::nullopt;
+    }
+
+    // The corner, or the first valid pixel a quarter, a half and the whole way from there to the centre.
+    [[nodiscard]] std::optional<Found> FindCorner(const Corner& corner, std::int64_t centreX,
+                                                  std::int64_t centreY, bool* isTheCorner) const {
+        const auto [x, y] = corner;
+        std::optional<Found> found = FindValid(PixelAt(x, y));
+        *isTheCorner = found.has_value();
+        for (const int divisor : {4, 2, 1}) {
+            if (found) break;
+            found = FindValid(PixelAt((centreX - x) / divisor + x, (centreY - y) / divisor + y));
+        }
+        return found;
+    }
+
+    // Whether all four are valid as they are.
+    bool FindCorners(const PixelRect& rect, Corners* corners) {
+        const std::int64_t centreX = (std::int64_t{rect.left} + rect.right) / 2;
+        const std::int64_t centreY = (std::int64_t{rect.top} + rect.bottom) / 2;
+        const auto places = CornersOf(rect);
+        bool areAllValid = true;
+        for (std::size_t i = 0; i < corners->size(); ++i) {
+            bool isTheCorner = false;
+            (*corners)[i] = FindCorner(places[i], centreX, centreY, &isTheCorner);
+            if ((*corners)[i]) extremes_.Extend((*corners)[i]->koord);
+            areAllValid = areAllValid && isTheCorner;
+        }
+        return areAllValid;
+    }
+
+    void WalkRim(const Corners& corners) {
+        const Found* last = nullptr;
+        for (const auto& corner : corners) {
+            if (corner) last = &*corner;
+        }
+        for (const auto& corner : corners) {
+            if (!corner) continue;
+            WalkSide(*last, *corner);
+            last = &*corner;
+        }
+    }
+
+    void WalkSide(const Found& from, const Found& to) {
+        std::vector<CKoord> chain;
+        if (DensifyOnMap(plane_, from.koord, to.koord, DensifyMode::MapStraight, DEFAULT_PIXEL_TOLERANCE,
+                         &chain)) {
+            for (const CKoord& koord : chain)
+                extremes_.Extend(koord);
+            return;
+        }
+        for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
+            const auto sample = FindValid(PlaceOnSide(from.pixel, to.pixel, k));
+            if (sample) extremes_.Extend(sample->koord);
+        }
+    }
+
+    // Walks what is valid of each side of the window, as far as samples tell.
+    void WalkSidesByPieces() {
+        const auto corners = CornersOf(window_);
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            const auto& [x, y] = corners[i];
+            const auto& [nextX, nextY] = corners[(i + 1) % corners.size()];
+            WalkPieces(PixelAt(x, y), PixelAt(nextX, nextY));
+        }
+    }
+
+    void WalkPieces(const PlanePoint& from, const PlanePoint& to) {
+        std::optional<Found> start;  // of the piece that is under way
+        std::optional<Found> last;   // its latest sample
+        for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
+            const PlanePoint place = PlaceOnSide(from, to, k);
+            const std::optional<Found> sample = FindValid(place);
+            if (sample && !start) start = k == 0 ? sample : EndOfPiece(*sample, PlaceOnSide(from, to, k - 1));
+            if (!sample && start) {
+                WalkSide(*start, EndOfPiece(*last, place));
+                start.reset();
+            }
+            last = sample;
+        }
+        if (start) WalkSide(*start, *last);
+    }
+
+    // The valid place between a valid and an invalid one that is closest to the invalid one.
+    [[nodiscard]] Found EndOfPiece(Found valid, PlanePoint invalid) const {
+        while (std::fabs(valid.pixel.x - invalid.x) > END_OF_PIECE ||
+               std::fabs(valid.pixel.y - invalid.y) > END_OF_PIECE) {
+            const PlanePoint middle{(valid.pixel.x + invalid.x) / 2.0, (valid.pixel.y + invalid.y) / 2.0};
+            const std::optional<Found> found = FindValid(middle);
+            if (found) {
+                valid = *found;
+            } else {
+                invalid = middle;
+            }
+        }
+        return valid;
+    }
+
+    // The place at which the system, or the zone of the extreme so far, ends in a direction; beside that
+    // extreme.
+    [[nodiscard]] static std::optional<CKoord> PlaceOfLimit(Compass direction, const CKoord& extreme,
+                                                            const CKoord& limit) {
+        CKoord place = extreme;
+        const Axis axis = AxisOf(direction);
+        const bool hasZones = Zones_Exist(static_cast<std::int32_t>(place.type));
+        if (hasZones && axis == Axis::North && !Zones_MoveToCentre(&place)) return std::nullopt;
+        if (!CopyAxis(axis, limit, &place)) return std::nullopt;
+        if (hasZones && axis == Axis::East) {
+            if (!Zones_MoveToCentre(&place) || !Zones_MoveToBorder(direction, &place)) return std::nullopt;
+        }
+        return place;
+    }
+
+    // If the limit of the system lies in the window, it is the extreme. False if the system has no limit.
+    bool TrySystemExtreme(Compass direction) {
+        const CKoord& extreme = extremes_[direction];
+        tagKOORD limit;
+        if (!System_Extreme(direction, static_cast<std::int32_t>(empty_.datum),
+                            static_cast<std::int32_t>(empty_.type), &limit)) {
+            return false;
+        }
+        if (Compare_Records(AxisOf(direction), extreme, limit) == 0) return true;
+        const std::optional<CKoord> place = PlaceOfLimit(direction, extreme, CKoord(limit));
+        PlanePoint pixel{};
+        if (!place || !plane_.ToPlane(*place, &pixel)) return true;
+        if (IsInside(window_, RoundPixel(pixel.x), RoundPixel(pixel.y))) extremes_.Set(direction, *place);
+        return true;
+    }
+
+    MapPlane plane_;
+    IRef<IMapCoordOperations> map_;
+    PixelRect window_;
+    CKoord empty_;  // a record of the reference without a position
+    Extremes& extremes_;
+};
+
+}  // namespace
+
+bool ExtentOfRect(IMapCoordOperations* map, const PixelRect& rect, std::int32_t datum, std::int32_t system,
+                  Extremes* extremes) {
+    return WindowSearch(map, Normalised(rect), datum, system, extremes).Run();
+}
+
+}  // namespace tessara

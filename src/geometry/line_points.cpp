@@ -1,0 +1,184 @@
+#include "geometry/line_points.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "geometry/line_crossings.h"
+#include "geometry/line_reading.h"
+#include "objects/koord_access.h"
+#include "tessara/array.h"
+#include "tessara/coordinate_reference.h"
+#include "tessara/intersection_results.h"
+#include "tessara/kernel/constants.h"
+
+namespace tessara {
+namespace {
+
+// Appends a new coordinate for each record.
+bool AddAll(const std::vector<CKoord>& chain, IArray* out) {
+    for (const CKoord& koord : chain) {
+        const IRef<ICoord> coord(CreateClassCoord());
+        if (!KoordToCoord(&koord, coord.Get())) return false;
+        out->Add(coord.Get());
+    }
+    return true;
+}
+
+// Fills `out` with the chain that `densify(a, b, &chain)` makes of the records; empties it if that fails.
+template <class Densifier>
+bool FillChain(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
+    out->Clear();
+    CKoord from;
+    CKoord to;
+    std::vector<CKoord> chain;
+    if (!KoordFromCoord(a, &from) || !KoordFromCoord(b, &to) || !densify(from, to, &chain)) return false;
+    const bool isFilled = AddAll(chain, out);
+    if (!isFilled) out->Clear();
+    return isFilled;
+}
+
+bool IsInBox(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
+    return p.x >= std::min(a.x, b.x) && p.x <= std::max(a.x, b.x) && p.y >= std::min(a.y, b.y) &&
+           p.y <= std::max(a.y, b.y);
+}
+
+bool IsOnChain(const PlanePoint& p, const std::vector<PlanePoint>& chain) {
+    const double tolerance = OnLineTolerance(p);
+    const auto isOnLine = [&](const PlanePoint& a, const PlanePoint& b) {
+        return std::fabs(SignedDistance(p, a, b)) <= tolerance;
+    };
+    if (chain.size() == 1) return isOnLine(chain.front(), chain.front());
+    for (std::size_t i = 1; i < chain.size(); ++i) {
+        if (IsInBox(p, chain[i - 1], chain[i]) && isOnLine(chain[i - 1], chain[i])) return true;
+    }
+    return false;
+}
+
+// A point and the two that make the line, in pixels.
+struct PointAndLine {
+    PlanePoint p, a, b;
+};
+
+bool Read(IMapCoordOperations* map, ICoord* p, ICoord* a, ICoord* b, PointAndLine* read) {
+    return PixelOfCoord(map, p, &read->p) && PixelOfCoord(map, a, &read->a) && PixelOfCoord(map, b, &read->b);
+}
+
+// Writes a place in the reference that the coordinate has; a pixel takes the map's datum.
+bool WritePlace(IMapCoordOperations* map, const PlanePoint& place, ICoord* out) {
+    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
+    if (!reference.IsValid() || !out->GetReference(reference.Get())) return false;
+    if (!IsPixelType(reference->GetSystem())) return map->FloatPixelToCoord(place.x, place.y, out);
+    std::int32_t datum = 0;
+    if (!MapPlane(map).GetDatum(&datum)) return false;
+    if (reference->GetDatum() != datum) {
+        if (!reference->SetDatum(datum) || !out->SetReference(reference.Get())) return false;
+    }
+    return out->SetPixel(place.x, place.y);
+}
+
+}  // namespace
+
+bool LinePoints::SetPixelTolerance(double tolerance) {
+    if (!(tolerance >= 0.0)) return false;
+    pixelTolerance_ = tolerance;
+    return true;
+}
+
+bool LinePoints::Densify(DensifyMode mode, IMapCoordOperations* map, ICoord* a, ICoord* b, IArray* out) {
+    const MapPlane plane(map);
+    const IRef<ICoord> from(a);
+    const IRef<ICoord> to(b);
+    const IRef<IArray> points(out);
+    if (!plane.IsComplete() || !from.IsValid() || !to.IsValid() || !points.IsValid()) return false;
+    return FillChain(from.Get(), to.Get(), points.Get(),
+                     [&](const auto& start, const auto& end, auto* chain) {
+                         return mode == DensifyMode::Geodesic
+                                    ? DensifyGeodesicOnMap(plane, start, end, pixelTolerance_, chain)
+                                    : DensifyOnMap(plane, start, end, mode, pixelTolerance_, chain);
+                     });
+}
+
+bool LinePoints::DensifyMapStraight(IMapCoordOperations* map, ICoord* a, ICoord* b, IArray* out) {
+    return Densify(DensifyMode::MapStraight, map, a, b, out);
+}
+
+bool LinePoints::DensifyCoordStraight(IMapCoordOperations* map, ICoord* a, ICoord* b, IArray* out) {
+    return Densify(DensifyMode::CoordStraight, map, a, b, out);
+}
+
+bool LinePoints::DensifyCoordStraightZoned(IMapCoordOperations* map, ICoord* a, ICoord* b, IArray* out) {
+    return Densify(DensifyMode::CoordStraightZoned, map, a, b, out);
+}
+
+bool LinePoints::DensifyGeodesic(IMapCoordOperations* map, ICoord* a, ICoord* b, IArray* out) {
+    return Densify(DensifyMode::Geodesic, map, a, b, out);
+}
+
+bool LinePoints::DensifyInReference(ICoord* a, ICoord* b, ICoordinateReference* reference, IArray* out) {
+    const IRef<ICoord> from(a);
+    const IRef<ICoord> to(b);
+    const IRef<ICoordinateReference> straight(reference);
+    const IRef<IArray> points(out);
+    if (!from.IsValid() || !to.IsValid() || !straight.IsValid() || !points.IsValid()) return false;
+    return FillChain(
+        from.Get(), to.Get(), points.Get(), [&](const auto& start, const auto& end, auto* chain) {
+            return DensifyAcrossReferences(start, end, straight->GetDatum(), straight->GetSystem(), chain);
+        });
+}
+
+bool LinePoints::IntersectOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB,
+                                IIntersectionResults* results) {
+    const IRef<IIntersectionResults> list(results);
+    return list.IsValid() && CrossOnMap(map, lineA, lineB, list.Get());
+}
+
+bool LinePoints::IntersectOnMapToArray(IMapCoordOperations* map, IArray* lineA, IArray* lineB,
+                                       IArray* points) {
+    const IRef<IArray> list(points);
+    return list.IsValid() && CrossOnMap(map, lineA, lineB, list.Get());
+}
+
+bool LinePoints::IntersectPixelLines(IArray* lineA, IArray* lineB, IIntersectionResults* results) {
+    const IRef<IIntersectionResults> list(results);
+    return list.IsValid() && CrossPixels(lineA, lineB, list.Get());
+}
+
+bool LinePoints::IntersectPixelLinesToArray(IArray* lineA, IArray* lineB, IArray* points) {
+    const IRef<IArray> list(points);
+    return list.IsValid() && CrossPixels(lineA, lineB, list.Get());
+}
+
+bool LinePoints::IsPointOnLine(IMapCoordOperations* map, ICoord* point, IArray* line) {
+    const MapPlane plane(map);
+    const IRef<IArray> coords(line);
+    const IRef<ICoord> probe(point);
+    if (!plane.IsComplete() || !coords.IsValid() || !probe.IsValid()) return false;
+    CKoord koord;
+    PlanePoint p{};
+    std::vector<PlanePoint> chain;
+    return KoordFromCoord(probe.Get(), &koord) && plane.ToPlane(koord, &p) &&
+           ReadLineOnMap(plane, coords.Get(), &chain) && IsOnChain(p, chain);
+}
+
+double LinePoints::GetSignedDistance(IMapCoordOperations* map, ICoord* point, ICoord* a, ICoord* b) {
+    const IRef<IMapCoordOperations> on(map);
+    PointAndLine read{};
+    if (!on.IsValid() || !Read(on.Get(), point, a, b, &read)) return MISSING_NUMBER;
+    return SignedDistance(read.p, read.a, read.b);
+}
+
+bool LinePoints::GetFootPoint(IMapCoordOperations* map, ICoord* point, ICoord* a, ICoord* b, ICoord* out) {
+    const IRef<IMapCoordOperations> on(map);
+    const IRef<ICoord> target(out);
+    PointAndLine read{};
+    if (!on.IsValid() || !target.IsValid() || !Read(on.Get(), point, a, b, &read)) return false;
+    PlanePoint foot{};
+    const bool isFoot = FootPoint(read.p, read.a, read.b, &foot);
+    return WritePlace(on.Get(), foot, target.Get()) && isFoot;
+}
+
+ILinePoints* CreateClassLinePoints() {
+    return NewObject<LinePoints>();
+}
+
+}  // namespace tessara

@@ -1,0 +1,116 @@
+#include "tessara/intersection_results.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "geometry/creation.h"
+#include "support/live_objects.h"
+#include "support/managed_library.h"
+#include "support/objects.h"
+#include "tessara/line_intersection_parameters.h"
+
+namespace tessara {
+namespace {
+
+using testing::CountOf;
+using testing::Disguised;
+
+IRef<ILineIntersectionParameters> MakeRecord() {
+    return IRef<ILineIntersectionParameters>(NewLineIntersectionParameters());
+}
+
+class IntersectionResultsTest : public testing::BalancedTest {
+  protected:
+    testing::ManagedLibrary library;
+    IRef<IIntersectionResults> results{CreateClassIntersectionResults()};
+    IRef<ILineIntersectionParameters> first = MakeRecord();
+    IRef<ILineIntersectionParameters> second = MakeRecord();
+};
+
+TEST_F(IntersectionResultsTest, ANewListIsEmpty) {
+    EXPECT_EQ(results->GetCount(), 0);
+    EXPECT_EQ(results->GetFirstAt(0), nullptr);
+    EXPECT_EQ(results->GetSecondAt(0), nullptr);
+    EXPECT_FALSE(results->RemoveAt(0));
+}
+
+TEST_F(IntersectionResultsTest, KeepsPairs) {
+    EXPECT_TRUE(results->Add(first.Get(), second.Get()));
+    EXPECT_TRUE(results->Add(second.Get(), second.Get()));
+    EXPECT_EQ(results->GetCount(), 2);
+    EXPECT_EQ(results->GetFirstAt(0), first.Get());
+    EXPECT_EQ(results->GetSecondAt(0), second.Get());
+    EXPECT_EQ(results->GetFirstAt(1), second.Get());
+    EXPECT_EQ(CountOf(first), 2u);
+    EXPECT_EQ(CountOf(second), 4u);
+    EXPECT_EQ(results->GetFirstAt(2), nullptr);
+    EXPECT_EQ(results->GetSecondAt(99), nullptr);
+}
+
+TEST_F(IntersectionResultsTest, RemovingShiftsBothLists) {
+    ASSERT_TRUE(results->Add(first.Get(), second.Get()));
+    ASSERT_TRUE(results->Add(second.Get(), first.Get()));
+    EXPECT_FALSE(results->RemoveAt(2));
+    EXPECT_EQ(results->GetCount(), 2);
+    EXPECT_TRUE(results->RemoveAt(0));
+    EXPECT_EQ(results->GetCount(), 1);
+    EXPECT_EQ(results->GetFirstAt(0), second.Get());
+    EXPECT_EQ(results->GetSecondAt(0), first.Get());
+    EXPECT_EQ(CountOf(first), 2u);
+}
+
+TEST_F(IntersectionResultsTest, ClearingEmptiesBothLists) {
+    ASSERT_TRUE(results->Add(first.Get(), second.Get()));
+    results->Clear();
+    EXPECT_EQ(results->GetCount(), 0);
+    EXPECT_EQ(CountOf(first), 1u);
+    EXPECT_EQ(CountOf(second), 1u);
+}
+
+TEST_F(IntersectionResultsTest, HalfAPairIsNotAdded) {
+    const IRef<IUnknown> stranger = testing::MakeStranger();
+    auto* const foreign = Disguised<ILineIntersectionParameters>(stranger);
+    EXPECT_FALSE(results->Add(first.Get(), nullptr));
+    EXPECT_FALSE(results->Add(nullptr, second.Get()));
+    EXPECT_FALSE(results->Add(first.Get(), foreign));
+    EXPECT_FALSE(results->Add(foreign, second.Get()));
+    EXPECT_EQ(results->GetCount(), 0);
+    EXPECT_EQ(CountOf(first), 1u);
+    EXPECT_EQ(CountOf(stranger), 1u);
+}
+
+TEST_F(IntersectionResultsTest, WithoutMemoryForTheSecondTheFirstGoesAgain) {
+    // The first pair may find room in the lists, a later one must grow them; whichever allocation fails, the
+    // lists stay equally long.
+    for (int nth = 1; nth <= 2; ++nth) {
+        for (int pair = 0; pair < 20; ++pair) {
+            const std::int32_t before = results->GetCount();
+            try {
+                const testing::FailAllocation failure(nth);
+                ASSERT_TRUE(results->Add(first.Get(), second.Get()));
+                EXPECT_EQ(results->GetCount(), before + 1);
+            } catch (const std::bad_alloc&) {
+                EXPECT_EQ(results->GetCount(), before);
+                ASSERT_TRUE(results->Add(first.Get(), second.Get()));
+            }
+        }
+    }
+}
+
+TEST(IntersectionResults, AreUselessWithoutAnObjectManager) {
+    const IRef<IIntersectionResults> results(CreateClassIntersectionResults());
+    const auto record = MakeRecord();
+    ASSERT_TRUE(results.IsValid());
+    EXPECT_FALSE(results->Add(record.Get(), record.Get()));
+    EXPECT_FALSE(results->RemoveAt(0));
+    EXPECT_EQ(results->GetCount(), -1);
+    EXPECT_EQ(results->GetFirstAt(0), nullptr);
+    EXPECT_EQ(results->GetSecondAt(0), nullptr);
+    results->Clear();
+    EXPECT_EQ(results->GetCount(), -1);
+    EXPECT_EQ(CountOf(record), 1u);
+}
+
+}  // namespace
+}  // namespace tessara
