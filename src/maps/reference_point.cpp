@@ -10,7 +10,7 @@ bool ReferencePoint::Set(ICoord* world, KoordType type, const Pixel& pixel) {
     isSet_ = KoordFromCoord(world, &world_);
     if (!isSet_) return false;
     pixel_.datum = world_.datum;
-    pixel_.type = type;
+    pixel_.type = static_cast<std::uint32_t>(type);
     Store(pixel_, pixel);
     return true;
 }

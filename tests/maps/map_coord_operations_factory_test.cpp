@@ -28,7 +28,8 @@ class MapFactoryTest : public BalancedTest {
     IRef<IMapCoordOperationsFactory> factory{CreateClassMapCoordOperationsFactory()};
     IRef<IGeoDate> date = DateOf(DATUM_WGS84);
     IRef<IReferencePoint> point = PointOf(GeodezRecord(48.25, 11.5), 700, 800);
-    IRef<IProjection> utm = ProjectionOf(MunichSheet());
+    const MapParam sheet = MunichSheet();
+    IRef<IProjection> utm = ProjectionOf(sheet);
     IRef<IUnknown> stranger = MakeStranger();
 };
 
@@ -55,7 +56,7 @@ TEST_F(MapFactoryTest, PutsTheWholeMapIntoTheRecord) {
     EXPECT_EQ(record.datum, 2u);
     EXPECT_EQ(record.worldType, -1);
     EXPECT_EQ(record.type, 2u);
-    EXPECT_EQ(std::memcmp(record.params, MunichSheet().params, MAP_PARAMS_SIZE), 0);
+    EXPECT_EQ(std::memcmp(record.params, sheet.params, MAP_PARAMS_SIZE), 0);
 }
 
 TEST_F(MapFactoryTest, GivesMapsWithCountZero) {

@@ -1,0 +1,81 @@
+// The operations of the map interfaces stand in their places: hosts call them by number.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstring>
+#include <initializer_list>
+
+#include "tessara/tessara.h"
+
+#if defined(__x86_64__) && defined(__unix__)
+
+namespace tessara {
+namespace {
+
+// The place of a virtual function, from its member pointer (Itanium C++ ABI: one more than its offset in the
+// table).
+template <class Operation>
+std::ptrdiff_t PlaceOf(Operation operation) {
+    std::ptrdiff_t value = 0;
+    std::memcpy(&value, &operation, sizeof value);
+    return (value - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
+}
+
+// Each of the operations stands one behind the one before it.
+template <class... Operations>
+void ExpectInOrder(std::ptrdiff_t first, Operations... operations) {
+    std::ptrdiff_t place = first;
+    for (const std::ptrdiff_t actual : {PlaceOf(operations)...})
+        EXPECT_EQ(actual, place++);
+}
+
+TEST(OperationOrder, Projection) {
+    using I = IProjection;
+    ExpectInOrder(3, &I::GetProjectionType, &I::GetProjectionName, &I::GetWagnerIvParams, &I::GetNoneParams,
+                  &I::GetStereographicNlParams, &I::GetVanDerGrintenParams, &I::GetPolynomParams,
+                  &I::GetLambertCcParams, &I::GetLambertFrParams, &I::GetTmParams, &I::GetUpsParams,
+                  &I::GetDdParams, &I::GetAzylParams, &I::GetChParams, &I::GetBmnParams,
+                  &I::GetMercatorParams, &I::GetEqualArcParams, &I::GetLambert2Params,
+                  &I::GetGaussKruegerParams, &I::GetUtmParams);
+    ExpectInOrder(3, &IMapParamInternal::GetMapParam, &IMapParamInternal::SetMapParam);
+}
+
+TEST(OperationOrder, ProjectionFactory) {
+    using I = IProjectionFactory;
+    ExpectInOrder(3, &I::CreateUtm, &I::CreateGaussKrueger, &I::CreateGaussKrueger6, &I::CreateLambert2,
+                  &I::CreateEqualArc, &I::CreatePolynom, &I::CreateMercator, &I::CreateBmn, &I::CreateCh,
+                  &I::CreateAzyl, &I::CreateDd, &I::CreateUps, &I::CreateTm, &I::CreatePoMilitary,
+                  &I::CreateLuref, &I::CreateLambertFr, &I::CreateLambertCc, &I::CreatePolynomSecond,
+                  &I::CreateVanDerGrinten, &I::CreateStereographicNl, &I::CreateNone, &I::CreateWagnerIv);
+}
+
+TEST(OperationOrder, Maps) {
+    using I = IMapCoordOperations;
+    ExpectInOrder(3, &I::GetMapDefinition, &I::GetReferencePoint, &I::GetReferencePoints,
+                  &I::GetScaleDenominator, &I::GetScale, &I::GetResolution, &I::GetGeoDate, &I::GetProjection,
+                  &I::FloatPixelToCoord, &I::LongPixelToCoord, &I::PixelCoordToCoord, &I::CoordToFloatPixel,
+                  &I::CoordToLongPixel, &I::CoordToPixelCoord);
+    using F = IMapCoordOperationsFactory;
+    ExpectInOrder(3, &F::CreateFromReferencePointsScale, &F::CreateFromReferencePointScale,
+                  &F::CreateFromReferencePoints, &F::CreateFromReferencePoint);
+}
+
+TEST(OperationOrder, PixelCreators) {
+    // A virtual destructor takes two places.
+    using I = IMapCoordCreator;
+    ExpectInOrder(5, &I::CreateCoords, &I::CreateCoord, &I::CreateCoordsFrom, &I::CreateCoordFrom,
+                  &I::ConvertCoords, &I::ConvertCoord);
+    ExpectInOrder(5, &IMapCoordCreatorFactory::CreateMapCoordCreator);
+}
+
+TEST(OperationOrder, ReferencePointsAndSearches) {
+    using I = IReferencePoint;
+    ExpectInOrder(3, &I::SetFloat, &I::SetLong, &I::GetFloat, &I::GetLong);
+    ExpectInOrder(3, &ITransformableMapPixel::FindValidCoordInRect, &ITransformableMapPixel::ClipLineToValid);
+    ExpectInOrder(3, &ITransformableInternal::FindValidCoordInPixelRect);
+}
+
+}  // namespace
+}  // namespace tessara
+
+#endif
