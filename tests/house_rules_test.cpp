@@ -9,12 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "support/paths.h"
+
 namespace tessara {
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path ROOT = TESSARA_SOURCE_DIR;
+const fs::path ROOT = testing::SourceDir();
 
 struct Include {
     std::string name;
@@ -189,7 +191,7 @@ TEST(HouseRules, ProductsAreRoundedOneByOne) {
 }
 
 TEST(HouseRules, EverySourceIsCompiledWithoutContractionAndFastMath) {
-    std::ifstream file(TESSARA_BINARY_DIR "/compile_commands.json");
+    std::ifstream file(testing::BinaryDir() + "/compile_commands.json");
     int commands = 0;
     for (std::string line; std::getline(file, line);) {
         if (line.find("\"command\":") == std::string::npos || line.find("/src/") == std::string::npos)

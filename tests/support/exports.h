@@ -7,10 +7,12 @@
 #include <set>
 #include <string>
 
+#include "support/paths.h"
+
 namespace tessara::testing {
 
 [[nodiscard]] inline std::set<std::string> ListedExports() {
-    std::ifstream file(TESSARA_SOURCE_DIR "/tests/data/exports.txt");
+    std::ifstream file(SourceDir() + "/tests/data/exports.txt");
     std::set<std::string> names;
     for (std::string line; std::getline(file, line);) {
         if (!line.empty() && line[0] != '#') names.insert(line);

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "support/paths.h"
+
 namespace tessara::testing {
 
 struct ReferenceRow {
@@ -34,7 +36,7 @@ struct ReferenceRow {
 
 // The rows of tests/data/NAME, e.g. "kernel/utm.txt". A file that is missing or has no rows fails the test.
 [[nodiscard]] inline std::vector<ReferenceRow> ReadReferenceFile(const std::string& name) {
-    std::ifstream file(std::string(TESSARA_SOURCE_DIR "/tests/data/") + name);
+    std::ifstream file(SourceDir() + "/tests/data/" + name);
     std::vector<ReferenceRow> rows;
     std::string line;
     for (int number = 1; std::getline(file, line); ++number) {
