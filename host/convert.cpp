@@ -68,7 +68,7 @@ struct Options {
 
 // What is wrong with a target on the command line; empty if nothing is.
 std::string CheckTarget(const std::string& target) {
-    const std::string wrong = WrongReference(target);
+    std::string wrong = WrongReference(target);
     if (!wrong.empty()) return wrong;
     return IsPixel(ReferenceByName(target, DATUM_WGS84)->system) ? "a position becomes a pixel by a map only"
                                                                  : "";
@@ -83,7 +83,7 @@ std::string CheckFrom(const std::string& from) {
     if (DatumByName(from)) return {};
     if (!SystemByName(from) && from.find('@') == std::string::npos)
         return "no datum is called '" + from + "'; `tessara datums` and `tessara systems` list what there is";
-    const std::string wrong = WrongReference(from);
+    std::string wrong = WrongReference(from);
     if (!wrong.empty()) return wrong;
     const std::int32_t system = ReferenceByName(from, DATUM_WGS84)->system;
     if (IsPixel(system)) return "a pixel becomes a position by a map only";

@@ -72,7 +72,7 @@ std::string LineConverter::Convert(std::string_view line, const LineFormat& form
     const std::vector<std::string> columns = SplitColumns(line, format.separator);
     if (columns.size() <= std::max(format.pair.north, format.pair.east))
         return "has " + std::to_string(columns.size()) + (columns.size() == 1 ? " column" : " columns");
-    const std::string wrong = position_.Read(columns[format.pair.north], columns[format.pair.east]);
+    std::string wrong = position_.Read(columns[format.pair.north], columns[format.pair.east]);
     if (!wrong.empty()) return wrong;
 
     std::vector<TargetTexts> results;

@@ -166,14 +166,13 @@ class WindowSearch {
     }
 
     void WalkRim(const Corners& corners) {
-        const Found* last = nullptr;
+        std::vector<const Found*> valid;
         for (const auto& corner : corners) {
-            if (corner) last = &*corner;
+            if (corner) valid.push_back(&*corner);
         }
-        for (const auto& corner : corners) {
-            if (!corner) continue;
-            WalkSide(*last, *corner);
-            last = &*corner;
+        for (std::size_t i = 0; i < valid.size(); ++i) {
+            const std::size_t last = (i == 0 ? valid.size() : i) - 1;
+            WalkSide(*valid[last], *valid[i]);
         }
     }
 
