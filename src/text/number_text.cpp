@@ -27,7 +27,8 @@ std::string WholeText(std::int32_t value, int digits) {
     std::string magnitude;
     for (std::int64_t rest = std::llabs(value); rest > 0 || magnitude.empty(); rest /= 10)
         magnitude.insert(magnitude.begin(), static_cast<char>('0' + rest % 10));
-    return (value < 0 ? "-" : "") + ZeroFilled(magnitude, digits);
+    std::string text(value < 0 ? "-" : "");
+    return text += ZeroFilled(magnitude, digits);
 }
 
 std::string ZeroFilled(const std::string& text, int width) {

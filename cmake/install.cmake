@@ -1,0 +1,56 @@
+# What `cmake --install` puts where, in three components: the library, what development with it takes, the program.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/tessara)
+
+set_target_properties(tessara_kernel PROPERTIES EXPORT_NAME kernel)
+set_target_properties(tessara_headers PROPERTIES EXPORT_NAME headers)
+install(
+  TARGETS tessara
+  EXPORT tessara
+  LIBRARY COMPONENT library NAMELINK_COMPONENT development)
+install(
+  TARGETS tessara_kernel tessara_headers
+  EXPORT tessara
+  ARCHIVE COMPONENT development)
+install(
+  DIRECTORY include/tessara
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  COMPONENT development)
+
+# find_package(tessara)
+install(
+  EXPORT tessara
+  FILE tessara-config.cmake
+  NAMESPACE tessara::
+  DESTINATION ${package_dir}
+  COMPONENT development)
+write_basic_package_version_file(tessara-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(
+  FILES ${CMAKE_CURRENT_BINARY_DIR}/tessara-config-version.cmake
+  DESTINATION ${package_dir}
+  COMPONENT development)
+
+# pkg-config tessara, pkg-config tessara-kernel. Their paths are relative, so that the tree can be moved.
+file(RELATIVE_PATH pc_to_prefix /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+foreach(name tessara tessara-kernel)
+  configure_file(cmake/${name}.pc.in ${name}.pc @ONLY)
+  install(
+    FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT development)
+endforeach()
+
+if(TESSARA_BUILD_HOST)
+  install(TARGETS tessara_program COMPONENT program)
+  configure_file(host/tessara.1.in tessara.1 @ONLY)
+  install(
+    FILES ${CMAKE_CURRENT_BINARY_DIR}/tessara.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+    COMPONENT program)
+  install(
+    FILES host/tessara.bash-completion
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME tessara
+    COMPONENT program)
+endif()
