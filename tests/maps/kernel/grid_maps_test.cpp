@@ -308,6 +308,20 @@ TEST(Gk6Map, CountsStripsOfSixDegrees) {
     EXPECT_EQ(ToPixel(map, GeodezRecord(48.0, 16.0)).status, KOORD_OK);
 }
 
+// A position without a longitude has no meridian, and what is left of its grid value isn't one.
+TEST(GkMap, ARecordThatIsNoNumberHasNoPixel) {
+    for (double number : {NOT_A_NUMBER, std::numeric_limits<double>::infinity()}) {
+        GkPayload gk{};
+        gk.easting = 2500000.0;
+        gk.northing = number;
+        EXPECT_EQ(ToPixel(GkMap(9, 3500000.0, 0.0), Record(KOORD_GK, gk)).status, KOORD_ERR_GK_EAST);
+        EXPECT_EQ(ToPixel(Gk6Map(9, 2500000.0, 0.0), Record(KOORD_GK6, gk)).status, KOORD_ERR_GK_EAST);
+        gk.easting = number;
+        EXPECT_EQ(ToPixel(GkMap(9, 3500000.0, 0.0), Record(KOORD_GK, gk)).status, KOORD_ERR_MERIDIAN);
+        EXPECT_EQ(ToPixel(Gk6Map(9, 2500000.0, 0.0), Record(KOORD_GK6, gk)).status, KOORD_ERR_MERIDIAN);
+    }
+}
+
 TEST(Gk6Map, WestOfGreenwichHasNoPositions) {
     EXPECT_EQ(ToWorld(Gk6Map(-9, -2500000.0, 5400000.0), 0.0, 0.0).status, KOORD_ERR_GK_EAST);
 }

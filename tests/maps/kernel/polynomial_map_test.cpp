@@ -101,6 +101,43 @@ TEST(PolynomialMap, RefinesUntilThePixelIsMetWithinATenth) {
     EXPECT_NEAR(ColumnReached(1.0, 1.0, 100.0), 99.0625, 1e-9);
 }
 
+// Position and pixel are the same but for an offset of the way back.
+MapParam ShiftedByColumns(double offset, double slope) {
+    MapPolynomParams params{};
+    params.order = 3;
+    params.lonFromPixel[1] = 1.0;
+    params.latFromPixel[2] = 1.0;
+    params.pixelXFromWorld[0] = offset;
+    params.pixelXFromWorld[1] = slope;
+    params.pixelYFromWorld[2] = 1.0;
+    return Map(MAP_POLYNOM, params);
+}
+
+// Column 0 leads back to 0.1 at any longitude: refining would move the longitude round by round.
+TEST(PolynomialMap, DoesNotRefineAnErrorOfExactlyATenth) {
+    for (double tenth : {0.1, -0.1})
+        EXPECT_EQ(ToWorld(ShiftedByColumns(tenth, 0.0), 0.0, 0.0).Degrees().longitude, 0.0);
+}
+
+// Column 0 leads to 0.2; the first round's -0.1 leads to exactly 0.1, the second's -0.15 to 0.05.
+TEST(PolynomialMap, RefinesOnAtAnErrorOfExactlyATenth) {
+    EXPECT_NEAR(ToWorld(ShiftedByColumns(0.2, 1.0), 0.0, 0.0).Degrees().longitude, -0.15, DEGREES);
+}
+
+// Pixel (0, 0) is off by (-10, 3), and x = lon - 6 lat - 10, y = lat + 3 of the way back make the error of
+// round n (18 n - 10, 3) / 2^n: 10.4, then 4.3, up again to 6.5, and below a tenth in round 11. There lat =
+// 3/2048 - 3 and lon = 188/2048 + 10 + 6 lat.
+TEST(PolynomialMap, RefinesOnWhileTheErrorIsNotAboveTheFirst) {
+    MapParam map = ShiftedByColumns(-10.0, 1.0);
+    auto params = Load<MapPolynomParams>(map);
+    params.pixelXFromWorld[2] = -6.0;
+    params.pixelYFromWorld[0] = 3.0;
+    Store(map, params);
+    const GeodezPayload at = ToWorld(map, 0.0, 0.0).Degrees();
+    EXPECT_NEAR(at.latitude, 3.0 / 2048.0 - 3.0, DEGREES);
+    EXPECT_NEAR(at.longitude, 206.0 / 2048.0 - 8.0, DEGREES);
+}
+
 // With a slope of 5 the error is -1.5 times as large after a round: the plain value stands.
 TEST(PolynomialMap, KeepsThePlainValueWhereRefiningMakesItWorse) {
     EXPECT_NEAR(ColumnReached(5.0, -500.0, 100.0), 100.0, 1e-9);

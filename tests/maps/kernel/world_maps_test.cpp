@@ -75,6 +75,26 @@ TEST(VanDerGrintenMap, AtThePolesRoundingDecides) {
     }
 }
 
+// Fifty thousand million degrees away the circle of the meridian is so large that rounding may put the
+// crossing on the other side, or nowhere.
+TEST(VanDerGrintenMap, ACrossingOnTheWrongSideIsRefused) {
+    const MapParam map = VdgMap();
+    int refused = 0;
+    for (double latitude = 80.1; latitude < 90.0; latitude += 0.7) {
+        for (double longitude = 5e10; longitude < 6e10; longitude += 1.234567e7) {
+            for (double side : {1.0, -1.0}) {
+                const PixelResult pixel = ToPixel(map, GeodezRecord(latitude, side * longitude));
+                if (pixel.status == KOORD_ERR_OUTSIDE) {
+                    ++refused;
+                } else {
+                    EXPECT_GE((pixel.x - 2000.0) * side, 0.0) << latitude << " " << longitude;
+                }
+            }
+        }
+    }
+    EXPECT_GT(refused, 0);
+}
+
 TEST(VanDerGrintenMap, EveryFailureOnTheWayToThePixelIsTheSame) {
     const auto status = [](const MapParam& map, const tagKOORD& world) { return ToPixel(map, world).status; };
     EXPECT_EQ(status(VdgMap(), MakeKoord(999, KOORD_GEODEZ)), KOORD_ERR_OUTSIDE);
