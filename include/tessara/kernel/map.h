@@ -22,9 +22,11 @@
 // - MERCATOR maps converge well for standard parallels up to about 55 degrees. From about 60 degrees on the
 //   way from the pixel becomes slow, about a millisecond a pixel, and beyond about 67 degrees it may end at
 //   89.991 degrees of latitude instead of at the position.
-// - VAN_DER_GRINTEN maps lose precision close to their parallel of origin, where the circles of latitude
-//   degenerate to a line: within a hundredth of a degree of it a position may be off by some 0.0004 degrees.
-//   At the poles rounding decides whether there is a pixel.
+// - VAN_DER_GRINTEN maps lose precision on the way from the pixel close to their parallel of origin, where
+// the
+//   circles of latitude degenerate to a line: within a hundredth of a degree of it a position may be off by
+//   some 0.0004 degrees. At a pole a millionth of a degree is kilometres in the plane, so that rounding
+//   decides where a pixel there comes back to.
 // - A map number that isn't finite (a resolution or a pixel size of 0 makes such numbers) gives positions and
 //   pixels that are none: a whole pixel is then -2147483648.
 //
