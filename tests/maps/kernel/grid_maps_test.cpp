@@ -6,6 +6,7 @@
 
 #include "maps/kernel/map_types.h"
 #include "support/maps.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
 namespace {
@@ -67,6 +68,33 @@ TEST(GridMaps, RowsGrowDownwardAndAxesHaveTheirOwnPixelSize) {
     const PixelResult pixel = ToPixel(map, Record(KOORD_RD, GridPayload{100020.0, 499900.0}));
     EXPECT_NEAR(pixel.x, 10.0, METRES / 2.0);
     EXPECT_NEAR(pixel.y, 20.0, METRES / 5.0);
+}
+
+// The same place is refused in degrees and taken in the map's own system.
+TEST(GridMaps, HoldForeignPositionsToTheirLimitsAndTheirOwnNot) {
+    GkPayload gk6{};
+    gk6.easting = 2500000.0;
+    gk6.northing = 8950000.0;  // some 80.5 degrees
+    BmnPayload bmn{};
+    bmn.meridian = 31;
+    bmn.easting = 450000.0;
+    bmn.northing = 1000000.0;  // some 54 degrees
+    const GridPayload away{1500000.0, 1500000.0};
+    const struct {
+        MapParam map;
+        tagKOORD native;
+    } rows[] = {
+        {Gk6Map(9, 2500000.0, 5600000.0), Record(KOORD_GK6, gk6)},
+        {Map(MAP_BMN, MapBmnParams{31, 450000.0, 350000.0, 1.0, 1.0}), Record(KOORD_BMN, bmn)},
+        {Map(MAP_CH, MapPlaneParams{600000.0, 200000.0, 1.0, 1.0}), Record(KOORD_CH, away)},
+        {Map(MAP_STEREOGR_NL, MapPlaneParams{100000.0, 500000.0, 1.0, 1.0}), Record(KOORD_RD, away)},
+    };
+    for (const auto& row : rows) {
+        tagKOORD degrees = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
+        ASSERT_EQ(KoordConvertEx(&row.native, &degrees, 0), KOORD_OK) << row.map.type;
+        EXPECT_EQ(ToPixel(row.map, row.native).status, KOORD_OK) << row.map.type;
+        EXPECT_NE(ToPixel(row.map, degrees).status, KOORD_OK) << row.map.type;
+    }
 }
 
 // echo "745000 5365000" | cs2cs -f %.6f +proj=utm +zone=32 +to +proj=utm +zone=33, and +to +proj=longlat

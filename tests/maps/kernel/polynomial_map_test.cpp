@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "support/maps.h"
+#include "support/reference_file.h"
 
 namespace tessara::testing {
 namespace {
@@ -87,6 +88,73 @@ TEST(PolynomialMap, ComesBackToThePixelWithExactInverses) {
             const PixelResult pixel = ToPixel(map, ToWorld(map, column, row).world);
             EXPECT_NEAR(pixel.x, column, 1e-7);  // degrees of 1e-14 by a thousand, at 1e4
             EXPECT_NEAR(pixel.y, row, 1e-7);
+        }
+    }
+}
+
+// Two sheets as a scanner gives them.
+struct PolynomialSheet {
+    const char* name;
+    std::uint32_t order;
+    std::int32_t size;  // columns and rows
+    double pixels;      // how far the fit is off
+    double degrees;     // the same on the ground
+};
+
+constexpr PolynomialSheet SHEETS[] = {{"munich", 10, 8000, 1e-5, 1e-9}, {"rio", 6, 4000, 2e-3, 1e-7}};
+
+std::vector<ReferenceRow> RowsOf(const PolynomialSheet& sheet, bool arePositions) {
+    std::vector<ReferenceRow> rows = ReadReferenceFile("maps/polynomial_sheets.txt");
+    std::erase_if(rows, [&](const ReferenceRow& row) {
+        return row.Text(0) != sheet.name || (row.Text(1) == "position") != arePositions;
+    });
+    EXPECT_GE(rows.size(), 4u);
+    return rows;
+}
+
+MapParam MapOf(const PolynomialSheet& sheet) {
+    MapPolynomParams params{};
+    params.order = sheet.order;
+    const struct {
+        const char* name;
+        double* table;
+    } tables[] = {{"latFromPixel", params.latFromPixel},
+                  {"lonFromPixel", params.lonFromPixel},
+                  {"pixelXFromWorld", params.pixelXFromWorld},
+                  {"pixelYFromWorld", params.pixelYFromWorld}};
+    for (const ReferenceRow& row : RowsOf(sheet, false)) {
+        for (const auto& [name, table] : tables) {
+            if (row.Text(1) != name) continue;
+            for (std::uint32_t i = 0; i < sheet.order; ++i)
+                table[i] = row.Number(2 + i);
+        }
+    }
+    return Map(MAP_POLYNOM, params);
+}
+
+TEST(PolynomialMap, MeetsThePositionsOfScannedSheets) {
+    for (const PolynomialSheet& sheet : SHEETS) {
+        const MapParam map = MapOf(sheet);
+        for (const ReferenceRow& row : RowsOf(sheet, true)) {
+            const PixelResult pixel = ToPixel(map, GeodezRecord(row.Number(2), row.Number(3)));
+            EXPECT_NEAR(pixel.x, row.Number(4), sheet.pixels) << row.place;
+            EXPECT_NEAR(pixel.y, row.Number(5), sheet.pixels) << row.place;
+            const GeodezPayload at = ToWorld(map, row.Number(4), row.Number(5)).Degrees();
+            EXPECT_NEAR(at.latitude, row.Number(2), sheet.degrees) << row.place;
+            EXPECT_NEAR(at.longitude, row.Number(3), sheet.degrees) << row.place;
+        }
+    }
+}
+
+TEST(PolynomialMap, ComesBackToThePixelOfAScannedSheetAsWellAsItWasFitted) {
+    for (const PolynomialSheet& sheet : SHEETS) {
+        const MapParam map = MapOf(sheet);
+        for (std::int32_t column = 0; column <= sheet.size; column += sheet.size / 20) {
+            for (std::int32_t row = 0; row <= sheet.size; row += sheet.size / 20) {
+                const PixelResult pixel = ToPixel(map, ToWorld(map, column, row).world);
+                EXPECT_NEAR(pixel.x, column, 2.0 * sheet.pixels) << sheet.name << " " << row;
+                EXPECT_NEAR(pixel.y, row, 2.0 * sheet.pixels) << sheet.name << " " << column;
+            }
         }
     }
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 
 #include "support/reference_file.h"
@@ -86,6 +87,18 @@ TEST_P(SheetTest, ComesBackToThePixelEverywhere) {
             EXPECT_NEAR(pixel.y, y, pixels) << x << " " << y;
         }
     }
+}
+
+// AZYL and WAGNER-IV give what they have reached: (0, 0) or the reference.
+TEST_P(SheetTest, WhatIsNoNumberHasNeitherPixelNorPosition) {
+    const Sheet& sheet = GetParam();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    const WorldResult world = ToWorld(sheet.map, none, none);
+    const bool givesUp = sheet.map.type == MAP_AZYL || sheet.map.type == MAP_WAGNER_IV;
+    EXPECT_TRUE(givesUp || world.status != KOORD_OK || std::isnan(world.Degrees().latitude));
+    const auto datum = static_cast<std::int32_t>(sheet.map.datum);
+    const PixelResult pixel = ToPixel(sheet.map, GeodezRecord(none, none, 0.0, datum));
+    EXPECT_TRUE(pixel.status != KOORD_OK || (std::isnan(pixel.x) && std::isnan(pixel.y)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Maps, SheetTest, ::testing::ValuesIn(AllSheets()),
