@@ -16,10 +16,10 @@ struct PlanePoint {
 };
 
 // Where the circle of a parallel meets the circle of a meridian: x by the side of the meridian, y the height
-// of the parallel on the central meridian, never nearer to the origin than that. (C, 0) and (0, F) mark the
-// centres, D and E are the radii. The coefficients are multiplied out with D^2 - C^2 = A^2, F - E = |y0| and
-// F + E = A^3 / y0^2: the squares themselves are so large beside the central meridian and the parallel of
-// origin that their differences would be off by kilometres.
+// of the parallel on the central meridian, never nearer to the origin than that. The centres are (0, F) and
+// (-C, 0), the radii E and D. The coefficients are multiplied out with D^2 - C^2 = A^2, F - E = |y0| and
+// F + E = A^3 / y0^2: beside the central meridian and the parallel of origin the squares themselves are so
+// large that their differences would be off by kilometres.
 bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
     const double s = 2.0 * std::atan2(lambda, PI);
     const double height = std::fabs(y0);

@@ -60,6 +60,26 @@ TEST(GridMaps, PixelZeroIsExactlyTheOrigin) {
     expectOrigin(Native<GridPayload>(MapCh_PixelToWorld, Map(MAP_CH, plane), 0.0, 0.0));
 }
 
+TEST(GridMaps, TheirRecordsCarryZoneAndMeridian) {
+    const auto utm =
+        Native<UtmPayload>(MapUtm_PixelToWorld, UtmMap('n', 32, 675000.0, 5345000.0, 2.5), 1.0, 1.0);
+    EXPECT_EQ(utm.zone, 32);
+    EXPECT_EQ(utm.wantedZone, 0);
+    EXPECT_EQ(utm.hemisphere, 'N');
+    EXPECT_EQ(Native<GkPayload>(MapGk_PixelToWorld, GkMap(9, 3500000.0, 5400000.0), 1.0, 1.0).wantedMeridian,
+              9);
+    EXPECT_EQ(
+        Native<GkPayload>(MapGk6_PixelToWorld, Gk6Map(15, 3500000.0, 5400000.0), 1.0, 1.0).wantedMeridian,
+        15);
+    const MapTmParams params{9.0, 40.0, 1000.0, 2000.0, 0.9999, 50000.0, 60000.0, 1.0, 1.0};
+    const auto tm = Native<TmPayload>(MapTm_PixelToWorld, Map(MAP_TM, params), 1.0, 1.0);
+    EXPECT_EQ(tm.originLongitude, 9.0);
+    EXPECT_EQ(tm.originLatitude, 40.0);
+    EXPECT_EQ(tm.falseEasting, 1000.0);
+    EXPECT_EQ(tm.falseNorthing, 2000.0);
+    EXPECT_EQ(tm.scale, 0.9999);
+}
+
 TEST(GridMaps, RowsGrowDownwardAndAxesHaveTheirOwnPixelSize) {
     const MapParam map = Map(MAP_STEREOGR_NL, MapPlaneParams{100000.0, 500000.0, 2.0, 5.0});
     const auto grid = Native<GridPayload>(MapRd_PixelToWorld, map, 10.0, 20.0);
