@@ -1,5 +1,5 @@
-# Sheets on the UTM grid, scanned at a slant: polynomials in both directions, fitted with least squares in 50 digits
-# to positions of PROJ's cs2cs. Writes the rows of polynomial_sheets.txt.
+# Sheets on the UTM grid, scanned at a slant: polynomials in both directions, fitted with least squares in
+# 50 digits to positions of PROJ's cs2cs. Writes the rows of polynomial_sheets.txt.
 import subprocess
 from math import cos, radians, sin
 
