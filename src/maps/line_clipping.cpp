@@ -88,15 +88,15 @@ class Clipper {
         return {CLIP_ONE_PIECE, first, second};
     }
 
-    // The valid point next to the edge between a valid and an invalid one. It ends also where doubles have no
-    // number in between.
+    // The valid point next to the edge between a valid and an invalid one; the middle is looked at however
+    // short the line is. It ends also where doubles have no number in between.
     [[nodiscard]] PixelPoint Edge(PixelPoint valid, PixelPoint invalid) const {
-        while (std::fabs(valid.x - invalid.x) > EDGE_TOLERANCE ||
-               std::fabs(valid.y - invalid.y) > EDGE_TOLERANCE) {
+        do {
             const PixelPoint middle = Middle(valid, invalid);
             if (middle == valid || middle == invalid) break;
             (IsValid(middle) ? valid : invalid) = middle;
-        }
+        } while (std::fabs(valid.x - invalid.x) > EDGE_TOLERANCE ||
+                 std::fabs(valid.y - invalid.y) > EDGE_TOLERANCE);
         return valid;
     }
 
@@ -125,8 +125,9 @@ class Clipper {
             if (!walk.Step()) return None();
         }
         const PixelPoint first = walk.At();
-        if (!IsValid(back)) return Piece(first, first);
+        const bool leadsBack = IsValid(back);
         while (walk.Step()) {
+            if (!leadsBack) return Piece(first, first);
         }
         return Piece(first, walk.At());
     }

@@ -63,10 +63,11 @@ ICoord* MapCoordCreator::CreateCoordFrom(ICoord* source) {
 
 IArray* MapCoordCreator::CreateCoordsFrom(IArray* source) {
     const IRef<IArray> from(source);
-    if (!from.IsValid() || from->GetCount() == 0) return nullptr;
+    const std::uint32_t count = from.IsValid() ? from->GetCount() : 0;
+    if (count == 0) return nullptr;
     Fresh<IArray> coords(CreateClassArray());
     if (!coords.IsValid()) return nullptr;
-    for (std::uint32_t i = 0; i < from->GetCount(); ++i) {
+    for (std::uint32_t i = 0; i < count; ++i) {
         const IRef<ICoord> element(from->GetAt(i));
         const IRef<ICoord> coord(CreateCoordFrom(element.Get()));
         if (!coord.IsValid()) return nullptr;
@@ -98,12 +99,12 @@ bool MapCoordCreator::ConvertCoord(ICoord* coord) {
 
 bool MapCoordCreator::ConvertCoords(IArray* coords) {
     const IRef<IArray> targets(coords);
-    if (!targets.IsValid() || targets->GetCount() == 0) return false;
-    for (std::uint32_t i = 0; i < targets->GetCount(); ++i) {
+    const std::uint32_t count = targets.IsValid() ? targets->GetCount() : 0;
+    for (std::uint32_t i = 0; i < count; ++i) {
         const IRef<ICoord> element(targets->GetAt(i));
         if (!ConvertCoord(element.Get())) return false;
     }
-    return true;
+    return count > 0;
 }
 
 IMapCoordCreator* NewMapCoordCreator(IMapCoordOperations* map) {

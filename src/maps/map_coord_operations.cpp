@@ -99,8 +99,9 @@ bool MapCoordOperations::LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord
 }
 
 bool MapCoordOperations::PixelCoordToCoord(ICoord* pixel, ICoord* out) {
+    const IRef<ICoord> target(out);  // may be the pixel itself
     CKoord record;
-    return KoordFromCoord(pixel, &record) && IsPixel(record) && ToWorld(record, out);
+    return KoordFromCoord(pixel, &record) && IsPixel(record) && ToWorld(record, target.Get());
 }
 
 // *pixel comes in with the form that is wanted.

@@ -38,16 +38,12 @@ bool ReferencePoint::GetFloat(ICoord* world, double* x, double* y) {
 }
 
 bool ReferencePoint::GetLong(ICoord* world, std::int32_t* x, std::int32_t* y) {
-    if (!isSet_ || !x || !y || !KoordToCoord(&world_, world)) return false;
-    if (pixel_.type == KOORD_FLOATPIXEL) {
-        const auto pixel = Load<FloatPixelPayload>(pixel_);
-        *x = RoundPixel(pixel.x);
-        *y = RoundPixel(pixel.y);
-    } else {
-        const auto pixel = Load<LongPixelPayload>(pixel_);
-        *x = pixel.x;
-        *y = pixel.y;
-    }
+    // Every whole pixel is exact as a double.
+    double column = 0.0;
+    double row = 0.0;
+    if (!x || !y || !GetFloat(world, &column, &row)) return false;
+    *x = RoundPixel(column);
+    *y = RoundPixel(row);
     return true;
 }
 

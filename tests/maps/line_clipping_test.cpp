@@ -52,6 +52,18 @@ TEST(ClipLine, StopsAtHalfAPixelOnBothAxes) {
     EXPECT_GT(line.second.y, 699.5);
 }
 
+// An edge is looked for at least once: of 0..0.25 the middle, 0.125, decides.
+TEST(ClipLine, HalvesAlsoALineShorterThanHalfAPixel) {
+    const ClippedLine beyond = ClipLine({0.0, 0.0}, {0.25, 0.0}, Where([](double x) { return x <= 0.2; }));
+    EXPECT_EQ(beyond.result, CLIP_ONE_PIECE);
+    EXPECT_EQ(beyond.second.x, 0.125);
+    const ClippedLine before = ClipLine({0.0, 0.0}, {0.25, 0.0}, Where([](double x) { return x <= 0.1; }));
+    EXPECT_EQ(before.second.x, 0.0);
+    const ClippedLine end = ClipLine({0.0, 0.0}, {0.25, 0.0}, Where([](double x) { return x >= 0.1; }));
+    EXPECT_EQ(end.first.x, 0.125);
+    EXPECT_EQ(end.second.x, 0.25);
+}
+
 TEST(ClipLine, AGapInTheMiddleIsCutFromBothSides) {
     const ClippedLine line =
         ClipLine({0.0, 0.0}, {1000.0, 0.0}, Where([](double x) { return x <= 300.0 || x >= 800.0; }));
@@ -124,6 +136,17 @@ TEST(ClipLine, APieceThatLeadsBackElsewhereIsOnePixel) {
     EXPECT_EQ(line.result, CLIP_ONE_PIECE);
     EXPECT_EQ(line.first.x, 100.0);
     EXPECT_EQ(line.second.x, 100.0);
+}
+
+// ... and unless there is no other point before the end.
+TEST(ClipLine, APieceOnTheLastPointReachesPastTheEnd) {
+    const ClippedLine line = ClipLine({0.0, 0.0}, {10.5, 0.0}, [](const PixelPoint& p, PixelPoint* back) {
+        *back = {5000.0, 0.0};
+        return p.x == 10.0;
+    });
+    EXPECT_EQ(line.result, CLIP_ONE_PIECE);
+    EXPECT_EQ(line.first.x, 10.0);
+    EXPECT_EQ(line.second.x, 11.0);
 }
 
 // Steps of (3/5, 4/5); an axis without difference is never passed.

@@ -115,6 +115,8 @@ TEST_F(MapCoordCreatorTest, MakesNothingOfWhatHasNoPixel) {
     EXPECT_EQ(creator->CreateCoordFrom(EmptyCoord(6, KOORD_FLOATPIXEL).Get()), nullptr);
     EXPECT_EQ(creator->CreateCoordFrom(nullptr), nullptr);
     EXPECT_EQ(creator->CreateCoordFrom(Disguised<ICoord>(stranger)), nullptr);
+    const IRef<ICoord> hosts(NewObject<HostCoord>());  // says that it is UTM, and has no record
+    EXPECT_EQ(creator->CreateCoordFrom(hosts.Get()), nullptr);
 }
 
 TEST_F(MapCoordCreatorTest, MakesTheListOfAList) {
@@ -173,6 +175,7 @@ TEST_F(MapCoordCreatorTest, LeavesWhatHasNoPixel) {
     EXPECT_FALSE(creator->ConvertCoord(EmptyCoord(6, KOORD_FLOATPIXEL).Get()));
     EXPECT_FALSE(munich->ConvertCoord(nullptr));
     EXPECT_FALSE(munich->ConvertCoord(Disguised<ICoord>(stranger)));
+    EXPECT_FALSE(munich->ConvertCoord(IRef<ICoord>(NewObject<HostCoord>()).Get()));
 }
 
 TEST_F(MapCoordCreatorTest, ConvertsAListUpToTheFirstFailure) {
@@ -209,6 +212,32 @@ TEST_F(MapCoordCreatorTest, WithoutAReferenceItIsInert) {
     EXPECT_EQ(inert->CreateCoordFrom(CoordOf(FloatPixel(1.0, 2.0)).Get()), nullptr);
     const IRef<ICoord> pixel = CoordOf(FloatPixel(1.0, 2.0));
     EXPECT_TRUE(inert->ConvertCoord(pixel.Get()));
+}
+
+// The creator itself is the first allocation; the others are the parts of its reference.
+TEST_F(MapCoordCreatorTest, WithoutMemoryForItsReferenceItIsInert) {
+    const IRef<IMapCoordCreatorFactory> factory(CreateClassMapCoordCreatorFactory());
+    const IRef<IMapCoordOperations> map = MapOf(DegreeMap());
+    int inert = 0;
+    for (int nth = 2;; ++nth) {
+        bool hasFailed = false;
+        IMapCoordCreator* made = nullptr;
+        {
+            const FailAllocation fail(nth);
+            made = factory->CreateMapCoordCreator(map.Get());
+            hasFailed = fail.HasFailed();
+        }
+        const IRef<IMapCoordCreator> held(made);
+        ASSERT_TRUE(held.IsValid()) << "allocation " << nth;
+        EXPECT_EQ(IRef<ICoord>(held->CreateCoord()).IsValid(), !hasFailed) << "allocation " << nth;
+        if (!hasFailed) break;
+        ++inert;
+        const IRef<ICoord> world = CoordOf(GeodezRecord(48.0, 11.0, 0.0, 6));
+        EXPECT_FALSE(held->ConvertCoord(world.Get()));
+        EXPECT_EQ(PayloadOf<GeodezPayload>(world).latitude, 48.0);
+        EXPECT_EQ(held->CreateCoordFrom(world.Get()), nullptr);
+    }
+    EXPECT_GE(inert, 2);
 }
 
 TEST_F(MapCoordCreatorTest, LeaksNothingWithoutMemory) {

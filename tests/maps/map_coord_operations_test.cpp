@@ -369,6 +369,15 @@ TEST_F(MapTest, ThereIsNoWayFromPixelToPixel) {
     EXPECT_EQ(ly, 4);
 }
 
+// An argument of count 0 lives as long as the operation.
+TEST_F(MapTest, APixelMayBeItsOwnTargetAndIsRefused) {
+    const IRef<ICoord> held = CoordOf(FloatPixel(1.0, 2.0));
+    EXPECT_FALSE(degrees->PixelCoordToCoord(held.Get(), held.Get()));
+    EXPECT_EQ(PayloadOf<FloatPixelPayload>(held).x, 0.0);
+    ICoord* const loose = CreateClassCoord();
+    EXPECT_FALSE(degrees->PixelCoordToCoord(loose, loose));
+}
+
 TEST_F(MapTest, ASystemWithoutADefaultPositionIsLeftAlone) {
     const IRef<ICoord> out = EmptyCoord(DATUM_WGS84, KOORD_LAMBERTCC);
     EXPECT_FALSE(degrees->LongPixelToCoord(1, 2, out.Get()));
@@ -389,6 +398,9 @@ TEST_F(MapTest, NeedsAPixelAndAPlaceForThePosition) {
     EXPECT_FALSE(degrees->PixelCoordToCoord(nullptr, out.Get()));
     EXPECT_FALSE(degrees->PixelCoordToCoord(Disguised<ICoord>(stranger), out.Get()));
     EXPECT_FALSE(degrees->PixelCoordToCoord(CoordOf(FloatPixel(1.0, 2.0)).Get(), nullptr));
+    const IRef<ICoord> hosts(NewObject<HostCoord>());
+    EXPECT_FALSE(degrees->FloatPixelToCoord(1.0, 2.0, hosts.Get()));
+    EXPECT_FALSE(degrees->PixelCoordToCoord(hosts.Get(), out.Get()));
     // A world position is no pixel.
     EXPECT_FALSE(degrees->PixelCoordToCoord(CoordOf(GeodezRecord(3.0, 4.0)).Get(), out.Get()));
     EXPECT_EQ(PayloadOf<GeodezPayload>(out).latitude, 1.0);
@@ -460,6 +472,10 @@ TEST_F(MapTest, NeedsAPositionAndAPlaceForThePixel) {
     EXPECT_FALSE(degrees->CoordToPixelCoord(in.Get(), nullptr));
     EXPECT_FALSE(degrees->CoordToPixelCoord(in.Get(), Disguised<ICoord>(stranger)));
     EXPECT_FALSE(degrees->CoordToPixelCoord(Disguised<ICoord>(stranger), pixel.Get()));
+    const IRef<ICoord> hosts(NewObject<HostCoord>());
+    EXPECT_FALSE(degrees->CoordToFloatPixel(hosts.Get(), &fx, &fy));
+    EXPECT_FALSE(degrees->CoordToPixelCoord(hosts.Get(), pixel.Get()));
+    EXPECT_FALSE(degrees->CoordToPixelCoord(in.Get(), hosts.Get()));
     EXPECT_EQ(fx, 1.5);
     EXPECT_EQ(lx, 3);
     EXPECT_EQ(PayloadOf<FloatPixelPayload>(pixel).x, 5.0);

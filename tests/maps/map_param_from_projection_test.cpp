@@ -14,14 +14,6 @@ namespace {
 
 class MapParamFromProjectionTest : public BalancedTest {};
 
-MapParam CountedRecord(std::uint32_t type) {
-    MapParam map;
-    map.type = type;
-    for (std::size_t i = 0; i < MAP_PARAMS_SIZE; ++i)
-        map.params[i] = static_cast<std::byte>(i + 1);
-    return map;
-}
-
 TEST_F(MapParamFromProjectionTest, TakesTheRecordOfTheLibrarysOwn) {
     for (std::uint32_t type : {0u, 1u, 2u, 21u, 22u}) {
         MapParam inside = CountedRecord(type);

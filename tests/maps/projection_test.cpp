@@ -15,15 +15,6 @@ namespace {
 
 class ProjectionTest : public BalancedTest {};
 
-// A record whose parameters are 1, 2, 3 ... byte by byte.
-MapParam CountedRecord(std::uint32_t type) {
-    MapParam map;
-    map.type = type;
-    for (std::size_t i = 0; i < MAP_PARAMS_SIZE; ++i)
-        map.params[i] = static_cast<std::byte>(i + 1);
-    return map;
-}
-
 std::string NameOf(const IRef<IProjection>& projection) {
     const IRef<ITessaraString> text = MakeText("old");
     projection->GetProjectionName(text.Get());

@@ -57,6 +57,13 @@ TEST_F(ReferencePointTest, GivesWholePixelsAsDoubles) {
     EXPECT_EQ(fy, 8.0);
 }
 
+TEST_F(ReferencePointTest, GivesTheExtremesOfWholePixelsBack) {
+    ASSERT_TRUE(point->SetLong(CoordOf(GeodezRecord(48.0, 11.0)).Get(), INT32_MIN, INT32_MAX));
+    ASSERT_TRUE(point->GetLong(out.Get(), &lx, &ly));
+    EXPECT_EQ(lx, INT32_MIN);
+    EXPECT_EQ(ly, INT32_MAX);
+}
+
 TEST_F(ReferencePointTest, RoundsFractionalPixelsHalfAwayFromZero) {
     const struct {
         double x;
@@ -80,7 +87,8 @@ TEST_F(ReferencePointTest, RoundsFractionalPixelsHalfAwayFromZero) {
 
 TEST_F(ReferencePointTest, AFailedSetEmptiesThePoint) {
     const IRef<IUnknown> stranger = MakeStranger();
-    for (ICoord* wrong : {static_cast<ICoord*>(nullptr), Disguised<ICoord>(stranger)}) {
+    const IRef<ICoord> hosts(NewObject<HostCoord>());
+    for (ICoord* wrong : {static_cast<ICoord*>(nullptr), Disguised<ICoord>(stranger), hosts.Get()}) {
         ASSERT_TRUE(point->SetFloat(CoordOf(GeodezRecord(48.0, 11.0)).Get(), 1.0, 2.0));
         EXPECT_FALSE(point->SetFloat(wrong, 3.0, 4.0));
         EXPECT_FALSE(point->GetFloat(out.Get(), &fx, &fy));
@@ -94,6 +102,9 @@ TEST_F(ReferencePointTest, AFailedSetEmptiesThePoint) {
 
 TEST_F(ReferencePointTest, WritesNothingWithoutAPlaceForAll) {
     ASSERT_TRUE(point->SetLong(CoordOf(GeodezRecord(48.0, 11.0)).Get(), 1, 2));
+    const IRef<ICoord> hosts(NewObject<HostCoord>());
+    EXPECT_FALSE(point->GetFloat(hosts.Get(), &fx, &fy));
+    EXPECT_FALSE(point->GetLong(hosts.Get(), &lx, &ly));
     const IRef<IUnknown> stranger = MakeStranger();
     EXPECT_FALSE(point->GetFloat(nullptr, &fx, &fy));
     EXPECT_FALSE(point->GetFloat(Disguised<ICoord>(stranger), &fx, &fy));

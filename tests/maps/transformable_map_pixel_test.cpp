@@ -165,33 +165,31 @@ TEST_F(ClipLineTest, ALineIsCutWhereTheSystemEnds) {
 // 1333272.296), and UTM is valid outside of it.
 constexpr double RADIUS_84 = 666.728;
 
-TEST_F(ClipLineTest, AGapAroundThePoleIsCutFromBothSides) {
+// On a line through the pole that no axis runs along, three degrees off.
+IRef<IFloatPoint> FromPole(double pixels) {
     const double angle = 3.0 / DEGREES_PER_RADIAN;
-    const double dx = std::sin(angle);
-    const double dy = std::cos(angle);
-    const auto a = PointAt(1000.0 + 800.0 * dx, 1000.0 + 800.0 * dy);
-    const auto b = PointAt(1000.0 - 800.0 * dx, 1000.0 - 800.0 * dy);
-    EXPECT_EQ(Clip(ArcticMap(), KOORD_UTM, a, b), 1);
-    const double last = std::hypot(first->GetX() - 1000.0, first->GetY() - 1000.0);
-    const double next = std::hypot(second->GetX() - 1000.0, second->GetY() - 1000.0);
+    return PointAt(1000.0 + pixels * std::sin(angle), 1000.0 + pixels * std::cos(angle));
+}
+
+double DistanceFromPole(const IRef<IFloatPoint>& point) {
+    return std::hypot(point->GetX() - 1000.0, point->GetY() - 1000.0);
+}
+
+TEST_F(ClipLineTest, AGapAroundThePoleIsCutFromBothSides) {
+    EXPECT_EQ(Clip(ArcticMap(), KOORD_UTM, FromPole(800.0), FromPole(-800.0)), 1);
     EXPECT_GT(first->GetY(), 1000.0);
     EXPECT_LT(second->GetY(), 1000.0);
     // Half a pixel of the cut, and the limit that the checker holds is a northing, not a latitude.
-    EXPECT_NEAR(last, RADIUS_84, 1.0);
-    EXPECT_NEAR(next, RADIUS_84, 1.0);
+    EXPECT_NEAR(DistanceFromPole(first), RADIUS_84, 1.0);
+    EXPECT_NEAR(DistanceFromPole(second), RADIUS_84, 1.0);
 }
 
 TEST_F(ClipLineTest, AGapBesideTheMiddleIsWalkedTo) {
-    const double angle = 3.0 / DEGREES_PER_RADIAN;
-    const double dx = std::sin(angle);
-    const double dy = std::cos(angle);
-    const auto a = PointAt(1000.0 + 800.0 * dx, 1000.0 + 800.0 * dy);
-    const auto b = PointAt(1000.0 - 3000.0 * dx, 1000.0 - 3000.0 * dy);
-    EXPECT_EQ(Clip(ArcticMap(), KOORD_UTM, a, b), 1);
-    EXPECT_NEAR(std::hypot(first->GetX() - 1000.0, first->GetY() - 1000.0), RADIUS_84, 2.0);
-    EXPECT_NEAR(std::hypot(second->GetX() - 1000.0, second->GetY() - 1000.0), RADIUS_84, 2.0);
+    EXPECT_EQ(Clip(ArcticMap(), KOORD_UTM, FromPole(800.0), FromPole(-3000.0)), 1);
     EXPECT_GT(first->GetY(), 1000.0);
     EXPECT_LT(second->GetY(), 1000.0);
+    EXPECT_NEAR(DistanceFromPole(first), RADIUS_84, 2.0);
+    EXPECT_NEAR(DistanceFromPole(second), RADIUS_84, 2.0);
 }
 
 // UPS is valid within 80 degrees, 1112.951 km (echo "0 80" | cs2cs ... +proj=ups: 2000000 887048.863).

@@ -67,6 +67,21 @@ TEST_F(MapTransferTest, ToAMapThatIsNoneItFails) {
     }
 }
 
+// Such a map asks for no system, and a target without a position takes that for any.
+TEST_F(MapTransferTest, ToAMapThatIsNoneATargetWithoutAPositionTakesTheSourceAsItIs) {
+    for (std::uint32_t type : {0u, 1u, 22u}) {
+        MapParam map;
+        map.type = type;
+        const IRef<ICoord> target(CreateClassCoord());
+        EXPECT_TRUE(
+            transfer->TransferToMap(MapOf(map).Get(), CoordOf(GeodezRecord(48.0, 11.0)).Get(), target.Get()));
+        EXPECT_EQ(KoordOf(target).datum, 2u) << type;
+        EXPECT_EQ(PayloadOf<GeodezPayload>(target).latitude, 48.0) << type;
+        const IRef<ICoord> other(CreateClassCoord());
+        EXPECT_FALSE(transfer->TransferToMap(MapOf(map).Get(), CoordOf(LongPixel(1, 2)).Get(), other.Get()));
+    }
+}
+
 TEST_F(MapTransferTest, APositionThatTheSystemOfTheMapRefusesFails) {
     const IRef<ICoord> target(CreateClassCoord());
     EXPECT_FALSE(transfer->TransferToMap(MapOf(MunichSheet()).Get(), CoordOf(GeodezRecord(89.0, 11.0)).Get(),

@@ -25,6 +25,15 @@ inline IRef<IGeoDate> DateOf(std::int32_t datum) {
     return date;
 }
 
+// A record whose parameters are 1, 2, 3 ... byte by byte.
+inline MapParam CountedRecord(std::uint32_t type) {
+    MapParam map;
+    map.type = type;
+    for (std::size_t i = 0; i < MAP_PARAMS_SIZE; ++i)
+        map.params[i] = static_cast<std::byte>(i + 1);
+    return map;
+}
+
 // A projection object with the type, world type and parameters of the record.
 inline IRef<IProjection> ProjectionOf(const MapParam& map) {
     IRef<IProjection> projection(CreateClassProjection());

@@ -13,7 +13,8 @@
 // - World to pixel and back returns the pixel to within 1e-3 except on CH maps, whose positions are whole
 //   metres from the origin: to the right of and below the origin pixel the way back is off by up to 0.5 m,
 //   to the left and above by up to 1.5 m, because half a metre is added whatever the sign and the rest is
-//   cut; and on POLYNOM maps, which return within a tenth of a pixel at best.
+//   cut; and on POLYNOM maps, which return within a tenth of a pixel, or as far off as their pairs of
+//   polynomials disagree where refining doesn't help.
 // - GAUKRU and GAUKRU6 maps with a meridian west of Greenwich never turn a pixel of their strip into a
 //   position (KOORD_ERR_GK_EAST), nor do GAUKRU maps on the datum KKJ whose eastings have the strip numbers
 //   that this library uses there, which count from 18 degrees east. The way to the pixel works on both.
@@ -22,9 +23,10 @@
 // - MERCATOR maps converge well for standard parallels up to about 55 degrees. From about 60 degrees on the
 //   way from the pixel becomes slow, about a millisecond a pixel, and beyond about 67 degrees it may end at
 //   89.991 degrees of latitude instead of at the position.
-// - VAN_DER_GRINTEN maps lose precision close to their parallel of origin, where the circles of latitude
-//   degenerate to a line: within a hundredth of a degree of it a position may be off by some 0.0004 degrees.
-//   At the poles rounding decides whether there is a pixel.
+// - VAN_DER_GRINTEN maps lose precision on the way from the pixel close to their parallel of origin, where
+//   the circles of latitude degenerate to a line: within a hundredth of a degree of it a position may be off
+//   by some 0.0004 degrees. At a pole a millionth of a degree is kilometres in the plane, so that rounding
+//   decides where a pixel there comes back to.
 // - A map number that isn't finite (a resolution or a pixel size of 0 makes such numbers) gives positions and
 //   pixels that are none: a whole pixel is then -2147483648.
 //

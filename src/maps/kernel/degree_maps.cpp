@@ -7,12 +7,6 @@
 namespace tessara {
 namespace {
 
-KoordStatus PutDegrees(const MapParam& map, double latitude, double longitude, tagKOORD* out) {
-    *out = MakeKoord(DatumOf(map), KOORD_GEODEZ);
-    Store(*out, GeodezPayload{latitude, longitude, 0.0});
-    return KOORD_OK;
-}
-
 // The plane about a pole, in pixels: x to the right, y upward.
 struct PolarPlane {
     double pole;  // its latitude
@@ -51,15 +45,14 @@ double PolarLongitude(const PolarPlane& plane, double p, double q, double r) {
     return 0.0;
 }
 
-KoordStatus PolarPixelToWorld(const MapParam& map, const MapEqualArcParams& params, double x, double y,
-                              tagKOORD* out) {
+GeodezPayload PolarPixelToWorld(const MapEqualArcParams& params, double x, double y) {
     const PolarPlane plane = PlaneOf(params);
     const PolarPoint origin = PointAt(plane, params.originLatitude, params.originLongitude);
     const double p = origin.x + x;
     const double q = origin.y - y;
     const double r = std::sqrt(p * p + q * q);
     const double latitude = plane.pole + plane.up * (r / plane.pixelsPerDegree);
-    return PutDegrees(map, latitude, PolarLongitude(plane, p, q, r), out);
+    return {latitude, PolarLongitude(plane, p, q, r), 0.0};
 }
 
 void PolarWorldToPixel(const MapEqualArcParams& params, const GeodezPayload& at, double* x, double* y) {
@@ -74,16 +67,18 @@ void PolarWorldToPixel(const MapEqualArcParams& params, const GeodezPayload& at,
 
 KoordStatus MapDd_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     const auto params = Load<MapDdParams>(*map);
-    return PutDegrees(*map, params.originLatitude - y / params.pixelsPerDegreeY,
-                      x / params.pixelsPerDegreeX + params.originLongitude, out);
+    PutDegrees(*map,
+               {params.originLatitude - y / params.pixelsPerDegreeY,
+                x / params.pixelsPerDegreeX + params.originLongitude, 0.0},
+               out);
+    return KOORD_OK;
 }
 
 KoordStatus MapDd_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    tagKOORD geodez;
-    const KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    GeodezPayload at{};
+    const KoordStatus status = ToDegrees(*in, *map, &at);
     if (status != KOORD_OK) return status;
     const auto params = Load<MapDdParams>(*map);
-    const auto at = Load<GeodezPayload>(geodez);
     *x = (at.longitude - params.originLongitude) * params.pixelsPerDegreeX;
     *y = (params.originLatitude - at.latitude) * params.pixelsPerDegreeY;
     return KOORD_OK;
@@ -91,17 +86,17 @@ KoordStatus MapDd_WorldToPixel(const MapParam* map, const tagKOORD* in, double* 
 
 KoordStatus MapEqualArc_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     const auto params = Load<MapEqualArcParams>(*map);
-    if (IsPolar(params)) return PolarPixelToWorld(*map, params, x, y, out);
-    return PutDegrees(*map, params.originLatitude - y * params.degreesPerPixelY,
-                      x * params.degreesPerPixelX + params.originLongitude, out);
+    const GeodezPayload plain{params.originLatitude - y * params.degreesPerPixelY,
+                              x * params.degreesPerPixelX + params.originLongitude, 0.0};
+    PutDegrees(*map, IsPolar(params) ? PolarPixelToWorld(params, x, y) : plain, out);
+    return KOORD_OK;
 }
 
 KoordStatus MapEqualArc_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    tagKOORD geodez;
-    const KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    GeodezPayload at{};
+    const KoordStatus status = ToDegrees(*in, *map, &at);
     if (status != KOORD_OK) return status;
     const auto params = Load<MapEqualArcParams>(*map);
-    const auto at = Load<GeodezPayload>(geodez);
     if (IsPolar(params)) {
         PolarWorldToPixel(params, at, x, y);
         return KOORD_OK;

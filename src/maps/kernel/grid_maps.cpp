@@ -104,8 +104,9 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
     GkPayload grid{};
     grid.wantedMeridian = params.meridian;
     const KoordStatus status = ToGrid(map, in, form.native, RangeCheck(in, form.native), &grid);
-    // An easting beside the strip is complete and has a pixel.
-    if (status != KOORD_OK && status != KOORD_ERR_GK_EAST) return status;
+    // A position beside the strip has its grid value and a pixel; one without any meridian is left at zero.
+    const bool isBeside = status == KOORD_ERR_GK_EAST && (grid.easting != 0.0 || grid.northing != 0.0);
+    if (status != KOORD_OK && !isBeside) return status;
     PixelFromGrid(params, grid, x, y);
     return KOORD_OK;
 }

@@ -38,21 +38,6 @@ LambertSheet SheetOf(const MapParam& map) {
     return map.type == MAP_LAMBERT2 ? Lambert2Sheet(map) : LambertCcSheet(map);
 }
 
-KoordStatus PutDegrees(const MapParam& map, const double latLon[2], tagKOORD* out) {
-    *out = MakeKoord(DatumOf(map), KOORD_GEODEZ);
-    Store(*out, GeodezPayload{latLon[0], latLon[1], 0.0});
-    return KOORD_OK;
-}
-
-KoordStatus GetDegrees(const MapParam& map, const tagKOORD& in, double latLon[2]) {
-    tagKOORD geodez;
-    const KoordStatus status = ToDegrees(in, DatumOf(map), &geodez);
-    const auto at = Load<GeodezPayload>(geodez);
-    latLon[0] = at.latitude;
-    latLon[1] = at.longitude;
-    return status;
-}
-
 bool HasFrenchZone(const MapLambertFrParams& params) {
     return params.zone >= 1 && params.zone <= 4;
 }
@@ -65,13 +50,15 @@ KoordStatus MapLambert_PixelToWorld(const MapParam* map, double x, double y, tag
     const double northing = (sheet.pixelY - y) * sheet.metresPerPixelY + sheet.cone.falseNorthing;
     double latLon[2];
     LambertCC_Inverse(easting, northing, latLon, &sheet.cone);
-    return PutDegrees(*map, latLon, out);
+    PutDegrees(*map, {latLon[0], latLon[1], 0.0}, out);
+    return KOORD_OK;
 }
 
 KoordStatus MapLambert_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    double latLon[2];
-    const KoordStatus status = GetDegrees(*map, *in, latLon);
+    GeodezPayload at{};
+    const KoordStatus status = ToDegrees(*in, *map, &at);
     if (status != KOORD_OK) return status;
+    const double latLon[2] = {at.latitude, at.longitude};
     const LambertSheet sheet = SheetOf(*map);
     double easting = 0.0;
     double northing = 0.0;
@@ -91,13 +78,15 @@ KoordStatus MapLambertFr_PixelToWorld(const MapParam* map, double x, double y, t
     const double Y = (map->reference.pixelY - y) * metresPerPixel + params.offsetY;
     double latLon[2];
     LambertFR_Inverse(X, Y, latLon, &zone);
-    return PutDegrees(*map, latLon, out);
+    PutDegrees(*map, {latLon[0], latLon[1], 0.0}, out);
+    return KOORD_OK;
 }
 
 KoordStatus MapLambertFr_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    double latLon[2];
-    const KoordStatus status = GetDegrees(*map, *in, latLon);
+    GeodezPayload at{};
+    const KoordStatus status = ToDegrees(*in, *map, &at);
     if (status != KOORD_OK) return status;
+    const double latLon[2] = {at.latitude, at.longitude};
     const auto params = Load<MapLambertFrParams>(*map);
     if (!HasFrenchZone(params)) return KOORD_ERR_GENERAL;
     LambertFR zone;

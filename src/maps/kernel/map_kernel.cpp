@@ -81,6 +81,18 @@ KoordStatus ToDegrees(const tagKOORD& record, std::int32_t datum, tagKOORD* geod
     return KoordConvertEx(&record, geodez, 0);
 }
 
+KoordStatus ToDegrees(const tagKOORD& record, const MapParam& map, GeodezPayload* at) {
+    tagKOORD geodez;
+    const KoordStatus status = ToDegrees(record, DatumOf(map), &geodez);
+    *at = Load<GeodezPayload>(geodez);
+    return status;
+}
+
+void PutDegrees(const MapParam& map, const GeodezPayload& at, tagKOORD* out) {
+    *out = MakeKoord(DatumOf(map), KOORD_GEODEZ);
+    Store(*out, at);
+}
+
 KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD* world) {
     if (!map || !pixel || !world) return KOORD_ERR_GENERAL;
     FloatPixelPayload at{};

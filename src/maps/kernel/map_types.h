@@ -37,7 +37,12 @@ MapWorldToPixelFunction MapUtm_WorldToPixel, MapGk_WorldToPixel, MapGk6_WorldToP
     return map.resolution * 1000.0 / map.scaleDenominator;
 }
 
-// A record in degrees on a datum, never range checked. *geodez is a GEODEZ record on success.
+// A record in degrees on a datum, never range checked. *geodez is a GEODEZ record also on failure, of zeros.
 KoordStatus ToDegrees(const tagKOORD& record, std::int32_t datum, tagKOORD* geodez);
+// The same on the datum of the map.
+KoordStatus ToDegrees(const tagKOORD& record, const MapParam& map, GeodezPayload* at);
+
+// A record of degrees on the datum of the map.
+void PutDegrees(const MapParam& map, const GeodezPayload& at, tagKOORD* out);
 
 }  // namespace tessara

@@ -28,12 +28,14 @@ Cylinder CylinderOf(const MapParam& map, double standardParallel) {
     return {a, e2, std::sqrt(e2), std::cos(phi0) * PrimeVertical(a, e2, phi0)};
 }
 
-// The reference in degrees on the map's datum.
-KoordStatus ReferenceOf(const MapParam& map, GeodezPayload* reference) {
-    tagKOORD geodez;
-    const KoordStatus status = ToDegrees(map.reference.world, DatumOf(map), &geodez);
-    *reference = Load<GeodezPayload>(geodez);
-    return status;
+// A position and the map's reference in degrees on the map's datum.
+struct Places {
+    GeodezPayload at, reference;
+};
+
+KoordStatus PlacesOf(const MapParam& map, const tagKOORD& in, Places* places) {
+    const KoordStatus status = ToDegrees(in, map, &places->at);
+    return status == KOORD_OK ? ToDegrees(map.reference.world, map, &places->reference) : status;
 }
 
 // Mercator's rows.
@@ -102,7 +104,7 @@ double OffThePole(double phi) {
 
 KoordStatus MapMercator_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     GeodezPayload at{};
-    if (ReferenceOf(*map, &at) != KOORD_OK) return KOORD_OK;
+    if (ToDegrees(map->reference.world, *map, &at) != KOORD_OK) return KOORD_OK;
     const Cylinder cylinder = CylinderOf(*map, Load<MapMercatorParams>(*map).standardParallel);
     const double pixelsPerMetre = PixelsPerMetre(*map);
 
@@ -116,22 +118,17 @@ KoordStatus MapMercator_PixelToWorld(const MapParam* map, double x, double y, ta
         if (std::isnan(phi)) return KOORD_OK;
         at.latitude = DEGREES_PER_RADIAN * phi;
     }
-    *out = MakeKoord(DatumOf(*map), KOORD_GEODEZ);
-    Store(*out, at);
+    PutDegrees(*map, at, out);
     return KOORD_OK;
 }
 
 KoordStatus MapMercator_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    tagKOORD geodez;
-    KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    Places places{};
+    const KoordStatus status = PlacesOf(*map, *in, &places);
     if (status != KOORD_OK) return status;
-    GeodezPayload reference{};
-    status = ReferenceOf(*map, &reference);
-    if (status != KOORD_OK) return status;
-
+    const auto& [at, reference] = places;
     const Cylinder cylinder = CylinderOf(*map, Load<MapMercatorParams>(*map).standardParallel);
     const double pixelsPerMetre = PixelsPerMetre(*map);
-    const auto at = Load<GeodezPayload>(geodez);
     *x = pixelsPerMetre * cylinder.radius * (at.longitude - reference.longitude) / DEGREES_PER_RADIAN +
          map->reference.pixelX;
     *y = map->reference.pixelY;
@@ -160,25 +157,21 @@ KoordStatus MapAzyl_PixelToWorld(const MapParam* map, double x, double y, tagKOO
 }
 
 KoordStatus MapAzyl_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    tagKOORD geodez;
-    KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    Places places{};
+    KoordStatus status = PlacesOf(*map, *in, &places);
     if (status != KOORD_OK) return status;
-    GeodezPayload reference{};
-    status = ReferenceOf(*map, &reference);
-    if (status != KOORD_OK) return status;
-
+    const auto& [at, reference] = places;
     const Cylinder cylinder = CylinderOf(*map, Load<MapAzylParams>(*map).standardParallel);
     const double pixelsPerMetre = PixelsPerMetre(*map);
-    auto at = Load<GeodezPayload>(geodez);
     *x = (at.longitude - reference.longitude) / DEGREES_PER_RADIAN * cylinder.radius * pixelsPerMetre +
          map->reference.pixelX;
 
-    at.longitude = reference.longitude;
-    Store(geodez, at);
+    tagKOORD below;
+    PutDegrees(*map, {at.latitude, reference.longitude, at.height}, &below);
     double distance = 0.0;
     double azimuth = 0.0;
     double back = 0.0;
-    status = Geodesic_Inverse(&map->reference.world, &geodez, DatumOf(*map), &distance, &azimuth, &back);
+    status = Geodesic_Inverse(&map->reference.world, &below, DatumOf(*map), &distance, &azimuth, &back);
     if (status != KOORD_OK) return status;
     if (std::cos(azimuth / DEGREES_PER_RADIAN) < 0.0) distance = -distance;
     *y = -distance * pixelsPerMetre + map->reference.pixelY;

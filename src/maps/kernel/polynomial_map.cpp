@@ -46,9 +46,10 @@ void MapPolynomForward(const MapParam& map, const Pixel& pixel, tagKOORD* out) {
     const auto params = Load<MapPolynomParams>(map);
     Polynom* const polynom = PolynomOf(params);
     if (!polynom) return;
-    *out = MakeKoord(DatumOf(map), KOORD_GEODEZ);
-    Store(*out, GeodezPayload{polynom(params.latFromPixel, pixel.x, pixel.y),
-                              polynom(params.lonFromPixel, pixel.x, pixel.y), 0.0});
+    PutDegrees(
+        map,
+        {polynom(params.latFromPixel, pixel.x, pixel.y), polynom(params.lonFromPixel, pixel.x, pixel.y), 0.0},
+        out);
 }
 
 // The estimate moved by half of what separates the first one from the value at the pixel it reached.
@@ -89,13 +90,12 @@ KoordStatus MapPolynom_PixelToWorld(const MapParam* map, double x, double y, tag
 }
 
 KoordStatus MapPolynom_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    tagKOORD geodez;
-    const KoordStatus status = ToDegrees(*in, DatumOf(*map), &geodez);
+    GeodezPayload at{};
+    const KoordStatus status = ToDegrees(*in, *map, &at);
     if (status != KOORD_OK) return status;
     const auto params = Load<MapPolynomParams>(*map);
     Polynom* const polynom = PolynomOf(params);
     if (!polynom) return KOORD_ERR_POLYNOM_ORDER;
-    const auto at = Load<GeodezPayload>(geodez);
     *x = polynom(params.pixelXFromWorld, at.longitude, at.latitude);
     *y = polynom(params.pixelYFromWorld, at.longitude, at.latitude);
     return KOORD_OK;

@@ -16,31 +16,30 @@ struct PlanePoint {
 };
 
 // Where the circle of a parallel meets the circle of a meridian: x by the side of the meridian, y the height
-// of the parallel on the central meridian, never nearer to the origin than that.
+// of the parallel on the central meridian, never nearer to the origin than that. The centres are (0, F) and
+// (-C, 0), the radii E and D. The coefficients are multiplied out with D^2 - C^2 = A^2, F - E = |y0| and
+// F + E = A^3 / y0^2: beside the central meridian and the parallel of origin the squares themselves are so
+// large that their differences would be off by kilometres.
 bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
     const double s = 2.0 * std::atan2(lambda, PI);
-    const double D = A / std::sin(s);
+    const double height = std::fabs(y0);
     const double C = A / std::tan(s);
-    const double E = (A * A * A - std::fabs(y0 * y0 * y0)) / (2.0 * y0 * y0);
-    const double F = std::fabs(y0) + E;
-    const double C2 = C * C;
-    const double D2 = D * D;
-    const double E2 = E * E;
-    const double F2 = F * F;
+    const double E = (A * A * A - height * height * height) / (2.0 * y0 * y0);
+    const double F = height + E;
+    const double sum = F + E;
+    const double A2 = A * A;
 
-    const double P = C2 + F2;
-    const double Q = (C2 + F2 - D2 + E2) * C;
-    const double T =
-        (E2 * C2 + C2 * F2 + (E2 - F2) * (E2 - F2) * 0.5 + (D2 - C2) * (D2 - C2) * 0.5 - D2 * E2 - D2 * F2) *
-        0.5;
+    const double P = C * C + F * F;
+    const double Q = (F * F + E * E - A2) * C;
+    const double T = (A2 - sum * sum) * (A2 - height * height) * 0.25;
     if (Q * Q < 4.0 * P * T) return false;
     const double w = std::sqrt(Q * Q - 4.0 * P * T);
 
     const double x = (isEast ? w - Q : -Q - w) / (2.0 * P);
     if (isEast ? x < 0.0 : x > 0.0) return false;
-    double y = (F2 + (D2 - E2) - 2.0 * x * C - C2) / (2.0 * F);
+    double y = (height * sum + A2 - 2.0 * x * C) / (2.0 * F);
     if (isSouth) y = -y;
-    if (std::fabs(y) < std::fabs(y0)) y = y0;
+    if (std::fabs(y) < height) y = y0;
     *point = {x, y};
     return true;
 }
@@ -71,9 +70,8 @@ bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point
 
 // The position in degrees on the map's datum, and on the plane.
 bool MapVdgPlaneOf(const MapParam& map, const tagKOORD& record, PlanePoint* point) {
-    tagKOORD geodez;
-    return ToDegrees(record, DatumOf(map), &geodez) == KOORD_OK &&
-           MapVdgPlane(map, Load<GeodezPayload>(geodez), point);
+    GeodezPayload at{};
+    return ToDegrees(record, map, &at) == KOORD_OK && MapVdgPlane(map, at, point);
 }
 
 }  // namespace

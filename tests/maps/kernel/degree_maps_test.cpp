@@ -65,6 +65,20 @@ TEST(EqualArcMap, MultipliesByDegreesPerPixelInThePlainForm) {
     }
 }
 
+struct PolarPlace {
+    double x, y, latitude, longitude;
+};
+
+void ExpectPlace(const MapParam& map, const PolarPlace& place) {
+    const WorldResult world = ToWorld(map, place.x, place.y);
+    EXPECT_EQ(world.status, KOORD_OK);
+    EXPECT_NEAR(world.Degrees().latitude, place.latitude, 1e-11) << place.x << " " << place.y;
+    EXPECT_NEAR(world.Degrees().longitude, place.longitude, 1e-11) << place.x << " " << place.y;
+    const PixelResult pixel = ToPixel(map, GeodezRecord(place.latitude, place.longitude));
+    EXPECT_NEAR(pixel.x, place.x, PIXELS);
+    EXPECT_NEAR(pixel.y, place.y, PIXELS);
+}
+
 // 80 N on the meridian of Greenwich at pixel (0, 0), a hundred pixels a degree: the pole lies 1000 rows above
 // it, longitude 0 runs downward from there, 90 east to the right.
 class NorthPolarMap : public ::testing::Test {
@@ -74,9 +88,7 @@ class NorthPolarMap : public ::testing::Test {
 
 TEST_F(NorthPolarMap, ReadsTheQuadrants) {
     const double diagonal = 1000.0 / std::sqrt(2.0);
-    const struct {
-        double x, y, latitude, longitude;
-    } rows[] = {
+    const PolarPlace rows[] = {
         {0.0, 0.0, 80.0, 0.0},
         {0.0, -500.0, 85.0, 0.0},
         {0.0, -2000.0, 80.0, 180.0},
@@ -86,15 +98,8 @@ TEST_F(NorthPolarMap, ReadsTheQuadrants) {
         {-diagonal, -1000.0 - diagonal, 80.0, -135.0},
         {-1000.0, -1000.0, 80.0, -90.0},
     };
-    for (const auto& row : rows) {
-        const WorldResult world = ToWorld(map, row.x, row.y);
-        EXPECT_EQ(world.status, KOORD_OK);
-        EXPECT_NEAR(world.Degrees().latitude, row.latitude, 1e-11) << row.x << " " << row.y;
-        EXPECT_NEAR(world.Degrees().longitude, row.longitude, 1e-11) << row.x << " " << row.y;
-        const PixelResult pixel = ToPixel(map, GeodezRecord(row.latitude, row.longitude));
-        EXPECT_NEAR(pixel.x, row.x, PIXELS);
-        EXPECT_NEAR(pixel.y, row.y, PIXELS);
-    }
+    for (const PolarPlace& row : rows)
+        ExpectPlace(map, row);
 }
 
 TEST_F(NorthPolarMap, ThePoleHasLongitudeZero) {
@@ -122,9 +127,7 @@ class SouthPolarMap : public ::testing::Test {
 
 TEST_F(SouthPolarMap, ReadsTheQuadrants) {
     const double diagonal = 1000.0 / std::sqrt(2.0);
-    const struct {
-        double x, y, latitude, longitude;
-    } rows[] = {
+    const PolarPlace rows[] = {
         {0.0, 500.0, -85.0, 0.0},
         {0.0, 2000.0, -80.0, -180.0},
         {diagonal, 1000.0 - diagonal, -80.0, 45.0},
@@ -133,15 +136,8 @@ TEST_F(SouthPolarMap, ReadsTheQuadrants) {
         {-diagonal, 1000.0 + diagonal, -80.0, -135.0},
         {-1000.0, 1000.0, -80.0, -90.0},
     };
-    for (const auto& row : rows) {
-        const WorldResult world = ToWorld(map, row.x, row.y);
-        EXPECT_EQ(world.status, KOORD_OK);
-        EXPECT_NEAR(world.Degrees().latitude, row.latitude, 1e-11) << row.x << " " << row.y;
-        EXPECT_NEAR(world.Degrees().longitude, row.longitude, 1e-11) << row.x << " " << row.y;
-        const PixelResult pixel = ToPixel(map, GeodezRecord(row.latitude, row.longitude));
-        EXPECT_NEAR(pixel.x, row.x, PIXELS);
-        EXPECT_NEAR(pixel.y, row.y, PIXELS);
-    }
+    for (const PolarPlace& row : rows)
+        ExpectPlace(map, row);
 }
 
 TEST_F(SouthPolarMap, TheMeridianOfGreenwichIsMinusZero) {

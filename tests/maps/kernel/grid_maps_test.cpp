@@ -6,6 +6,7 @@
 
 #include "maps/kernel/map_types.h"
 #include "support/maps.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
 namespace {
@@ -59,6 +60,26 @@ TEST(GridMaps, PixelZeroIsExactlyTheOrigin) {
     expectOrigin(Native<GridPayload>(MapCh_PixelToWorld, Map(MAP_CH, plane), 0.0, 0.0));
 }
 
+TEST(GridMaps, TheirRecordsCarryZoneAndMeridian) {
+    const auto utm =
+        Native<UtmPayload>(MapUtm_PixelToWorld, UtmMap('n', 32, 675000.0, 5345000.0, 2.5), 1.0, 1.0);
+    EXPECT_EQ(utm.zone, 32);
+    EXPECT_EQ(utm.wantedZone, 0);
+    EXPECT_EQ(utm.hemisphere, 'N');
+    EXPECT_EQ(Native<GkPayload>(MapGk_PixelToWorld, GkMap(9, 3500000.0, 5400000.0), 1.0, 1.0).wantedMeridian,
+              9);
+    EXPECT_EQ(
+        Native<GkPayload>(MapGk6_PixelToWorld, Gk6Map(15, 3500000.0, 5400000.0), 1.0, 1.0).wantedMeridian,
+        15);
+    const MapTmParams params{9.0, 40.0, 1000.0, 2000.0, 0.9999, 50000.0, 60000.0, 1.0, 1.0};
+    const auto tm = Native<TmPayload>(MapTm_PixelToWorld, Map(MAP_TM, params), 1.0, 1.0);
+    EXPECT_EQ(tm.originLongitude, 9.0);
+    EXPECT_EQ(tm.originLatitude, 40.0);
+    EXPECT_EQ(tm.falseEasting, 1000.0);
+    EXPECT_EQ(tm.falseNorthing, 2000.0);
+    EXPECT_EQ(tm.scale, 0.9999);
+}
+
 TEST(GridMaps, RowsGrowDownwardAndAxesHaveTheirOwnPixelSize) {
     const MapParam map = Map(MAP_STEREOGR_NL, MapPlaneParams{100000.0, 500000.0, 2.0, 5.0});
     const auto grid = Native<GridPayload>(MapRd_PixelToWorld, map, 10.0, 20.0);
@@ -67,6 +88,33 @@ TEST(GridMaps, RowsGrowDownwardAndAxesHaveTheirOwnPixelSize) {
     const PixelResult pixel = ToPixel(map, Record(KOORD_RD, GridPayload{100020.0, 499900.0}));
     EXPECT_NEAR(pixel.x, 10.0, METRES / 2.0);
     EXPECT_NEAR(pixel.y, 20.0, METRES / 5.0);
+}
+
+// The same place is refused in degrees and taken in the map's own system.
+TEST(GridMaps, HoldForeignPositionsToTheirLimitsAndTheirOwnNot) {
+    GkPayload gk6{};
+    gk6.easting = 2500000.0;
+    gk6.northing = 8950000.0;  // some 80.5 degrees
+    BmnPayload bmn{};
+    bmn.meridian = 31;
+    bmn.easting = 450000.0;
+    bmn.northing = 1000000.0;  // some 54 degrees
+    const GridPayload away{1500000.0, 1500000.0};
+    const struct {
+        MapParam map;
+        tagKOORD native;
+    } rows[] = {
+        {Gk6Map(9, 2500000.0, 5600000.0), Record(KOORD_GK6, gk6)},
+        {Map(MAP_BMN, MapBmnParams{31, 450000.0, 350000.0, 1.0, 1.0}), Record(KOORD_BMN, bmn)},
+        {Map(MAP_CH, MapPlaneParams{600000.0, 200000.0, 1.0, 1.0}), Record(KOORD_CH, away)},
+        {Map(MAP_STEREOGR_NL, MapPlaneParams{100000.0, 500000.0, 1.0, 1.0}), Record(KOORD_RD, away)},
+    };
+    for (const auto& row : rows) {
+        tagKOORD degrees = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
+        ASSERT_EQ(KoordConvertEx(&row.native, &degrees, 0), KOORD_OK) << row.map.type;
+        EXPECT_EQ(ToPixel(row.map, row.native).status, KOORD_OK) << row.map.type;
+        EXPECT_NE(ToPixel(row.map, degrees).status, KOORD_OK) << row.map.type;
+    }
 }
 
 // echo "745000 5365000" | cs2cs -f %.6f +proj=utm +zone=32 +to +proj=utm +zone=33, and +to +proj=longlat
@@ -306,6 +354,20 @@ TEST(Gk6Map, CountsStripsOfSixDegrees) {
     EXPECT_NEAR(pixel.y, 5600000.0 - 5541925.526990, METRES);
     // Beside the strip.
     EXPECT_EQ(ToPixel(map, GeodezRecord(48.0, 16.0)).status, KOORD_OK);
+}
+
+// A position without a longitude has no meridian, and what is left of its grid value isn't one.
+TEST(GkMap, ARecordThatIsNoNumberHasNoPixel) {
+    for (double number : {NOT_A_NUMBER, std::numeric_limits<double>::infinity()}) {
+        GkPayload gk{};
+        gk.easting = 2500000.0;
+        gk.northing = number;
+        EXPECT_EQ(ToPixel(GkMap(9, 3500000.0, 0.0), Record(KOORD_GK, gk)).status, KOORD_ERR_GK_EAST);
+        EXPECT_EQ(ToPixel(Gk6Map(9, 2500000.0, 0.0), Record(KOORD_GK6, gk)).status, KOORD_ERR_GK_EAST);
+        gk.easting = number;
+        EXPECT_EQ(ToPixel(GkMap(9, 3500000.0, 0.0), Record(KOORD_GK, gk)).status, KOORD_ERR_MERIDIAN);
+        EXPECT_EQ(ToPixel(Gk6Map(9, 2500000.0, 0.0), Record(KOORD_GK6, gk)).status, KOORD_ERR_MERIDIAN);
+    }
 }
 
 TEST(Gk6Map, WestOfGreenwichHasNoPositions) {

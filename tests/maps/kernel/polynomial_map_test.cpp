@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "support/maps.h"
+#include "support/reference_file.h"
 
 namespace tessara::testing {
 namespace {
@@ -91,6 +92,73 @@ TEST(PolynomialMap, ComesBackToThePixelWithExactInverses) {
     }
 }
 
+// Two sheets as a scanner gives them.
+struct PolynomialSheet {
+    const char* name;
+    std::uint32_t order;
+    std::int32_t size;  // columns and rows
+    double pixels;      // how far the fit is off
+    double degrees;     // the same on the ground
+};
+
+constexpr PolynomialSheet SHEETS[] = {{"munich", 10, 8000, 1e-5, 1e-9}, {"rio", 6, 4000, 2e-3, 1e-7}};
+
+std::vector<ReferenceRow> RowsOf(const PolynomialSheet& sheet, bool arePositions) {
+    std::vector<ReferenceRow> rows = ReadReferenceFile("maps/polynomial_sheets.txt");
+    std::erase_if(rows, [&](const ReferenceRow& row) {
+        return row.Text(0) != sheet.name || (row.Text(1) == "position") != arePositions;
+    });
+    EXPECT_GE(rows.size(), 4u);
+    return rows;
+}
+
+MapParam MapOf(const PolynomialSheet& sheet) {
+    MapPolynomParams params{};
+    params.order = sheet.order;
+    const struct {
+        const char* name;
+        double* table;
+    } tables[] = {{"latFromPixel", params.latFromPixel},
+                  {"lonFromPixel", params.lonFromPixel},
+                  {"pixelXFromWorld", params.pixelXFromWorld},
+                  {"pixelYFromWorld", params.pixelYFromWorld}};
+    for (const ReferenceRow& row : RowsOf(sheet, false)) {
+        for (const auto& [name, table] : tables) {
+            if (row.Text(1) != name) continue;
+            for (std::uint32_t i = 0; i < sheet.order; ++i)
+                table[i] = row.Number(2 + i);
+        }
+    }
+    return Map(MAP_POLYNOM, params);
+}
+
+TEST(PolynomialMap, MeetsThePositionsOfScannedSheets) {
+    for (const PolynomialSheet& sheet : SHEETS) {
+        const MapParam map = MapOf(sheet);
+        for (const ReferenceRow& row : RowsOf(sheet, true)) {
+            const PixelResult pixel = ToPixel(map, GeodezRecord(row.Number(2), row.Number(3)));
+            EXPECT_NEAR(pixel.x, row.Number(4), sheet.pixels) << row.place;
+            EXPECT_NEAR(pixel.y, row.Number(5), sheet.pixels) << row.place;
+            const GeodezPayload at = ToWorld(map, row.Number(4), row.Number(5)).Degrees();
+            EXPECT_NEAR(at.latitude, row.Number(2), sheet.degrees) << row.place;
+            EXPECT_NEAR(at.longitude, row.Number(3), sheet.degrees) << row.place;
+        }
+    }
+}
+
+TEST(PolynomialMap, ComesBackToThePixelOfAScannedSheetAsWellAsItWasFitted) {
+    for (const PolynomialSheet& sheet : SHEETS) {
+        const MapParam map = MapOf(sheet);
+        for (std::int32_t column = 0; column <= sheet.size; column += sheet.size / 20) {
+            for (std::int32_t row = 0; row <= sheet.size; row += sheet.size / 20) {
+                const PixelResult pixel = ToPixel(map, ToWorld(map, column, row).world);
+                EXPECT_NEAR(pixel.x, column, 2.0 * sheet.pixels) << sheet.name << " " << row;
+                EXPECT_NEAR(pixel.y, row, 2.0 * sheet.pixels) << sheet.name << " " << column;
+            }
+        }
+    }
+}
+
 TEST(PolynomialMap, DoesNotRefineWhatAgreesWithinATenth) {
     EXPECT_NEAR(ColumnReached(1.0, 0.05, 100.0), 100.0, 1e-9);
     EXPECT_NEAR(ColumnReached(1.0, -0.09, 100.0), 100.0, 1e-9);
@@ -99,6 +167,43 @@ TEST(PolynomialMap, DoesNotRefineWhatAgreesWithinATenth) {
 // The error is -1, and each round halves it: 0.5, 0.25, 0.125 and 0.0625 of a pixel are taken off.
 TEST(PolynomialMap, RefinesUntilThePixelIsMetWithinATenth) {
     EXPECT_NEAR(ColumnReached(1.0, 1.0, 100.0), 99.0625, 1e-9);
+}
+
+// Position and pixel are the same but for an offset of the way back.
+MapParam ShiftedByColumns(double offset, double slope) {
+    MapPolynomParams params{};
+    params.order = 3;
+    params.lonFromPixel[1] = 1.0;
+    params.latFromPixel[2] = 1.0;
+    params.pixelXFromWorld[0] = offset;
+    params.pixelXFromWorld[1] = slope;
+    params.pixelYFromWorld[2] = 1.0;
+    return Map(MAP_POLYNOM, params);
+}
+
+// Column 0 leads back to 0.1 at any longitude: refining would move the longitude round by round.
+TEST(PolynomialMap, DoesNotRefineAnErrorOfExactlyATenth) {
+    for (double tenth : {0.1, -0.1})
+        EXPECT_EQ(ToWorld(ShiftedByColumns(tenth, 0.0), 0.0, 0.0).Degrees().longitude, 0.0);
+}
+
+// Column 0 leads to 0.2; the first round's -0.1 leads to exactly 0.1, the second's -0.15 to 0.05.
+TEST(PolynomialMap, RefinesOnAtAnErrorOfExactlyATenth) {
+    EXPECT_NEAR(ToWorld(ShiftedByColumns(0.2, 1.0), 0.0, 0.0).Degrees().longitude, -0.15, DEGREES);
+}
+
+// Pixel (0, 0) is off by (-10, 3), and x = lon - 6 lat - 10, y = lat + 3 of the way back make the error of
+// round n (18 n - 10, 3) / 2^n: 10.4, then 4.3, up again to 6.5, and below a tenth in round 11. There lat =
+// 3/2048 - 3 and lon = 188/2048 + 10 + 6 lat.
+TEST(PolynomialMap, RefinesOnWhileTheErrorIsNotAboveTheFirst) {
+    MapParam map = ShiftedByColumns(-10.0, 1.0);
+    auto params = Load<MapPolynomParams>(map);
+    params.pixelXFromWorld[2] = -6.0;
+    params.pixelYFromWorld[0] = 3.0;
+    Store(map, params);
+    const GeodezPayload at = ToWorld(map, 0.0, 0.0).Degrees();
+    EXPECT_NEAR(at.latitude, 3.0 / 2048.0 - 3.0, DEGREES);
+    EXPECT_NEAR(at.longitude, 206.0 / 2048.0 - 8.0, DEGREES);
 }
 
 // With a slope of 5 the error is -1.5 times as large after a round: the plain value stands.

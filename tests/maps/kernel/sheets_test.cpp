@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 
+#include "maps/kernel/map_types.h"
 #include "support/reference_file.h"
 
 namespace tessara::testing {
@@ -88,8 +90,62 @@ TEST_P(SheetTest, ComesBackToThePixelEverywhere) {
     }
 }
 
+// AZYL and WAGNER-IV give what they have reached: (0, 0) or the reference.
+TEST_P(SheetTest, WhatIsNoNumberHasNeitherPixelNorPosition) {
+    const Sheet& sheet = GetParam();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    const WorldResult world = ToWorld(sheet.map, none, none);
+    const bool givesUp = sheet.map.type == MAP_AZYL || sheet.map.type == MAP_WAGNER_IV;
+    EXPECT_TRUE(givesUp || world.status != KOORD_OK || std::isnan(world.Degrees().latitude));
+    const auto datum = static_cast<std::int32_t>(sheet.map.datum);
+    const PixelResult pixel = ToPixel(sheet.map, GeodezRecord(none, none, 0.0, datum));
+    EXPECT_TRUE(pixel.status != KOORD_OK || (std::isnan(pixel.x) && std::isnan(pixel.y)));
+}
+
 INSTANTIATE_TEST_SUITE_P(Maps, SheetTest, ::testing::ValuesIn(AllSheets()),
                          [](const ::testing::TestParamInfo<Sheet>& sheet) { return sheet.param.name; });
+
+// The record in which a type works, before it is converted into anything else.
+TEST(Sheets, EachTypeWorksInItsOwnSystem) {
+    struct Row {
+        MapPixelToWorldFunction* pixelToWorld;
+        KoordType native;
+    };
+    const std::map<std::uint32_t, Row> rows = {{MAP_UTM, {MapUtm_PixelToWorld, KOORD_UTM}},
+                                               {MAP_GAUKRU, {MapGk_PixelToWorld, KOORD_GK}},
+                                               {MAP_LAMBERT2, {MapLambert_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_LAMBERTFR, {MapLambertFr_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_EQUALARC, {MapEqualArc_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_POLYNOM, {MapPolynom_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_MERCATOR, {MapMercator_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_BMN, {MapBmn_PixelToWorld, KOORD_BMN}},
+                                               {MAP_CH, {MapCh_PixelToWorld, KOORD_CH}},
+                                               {MAP_AZYL, {MapAzyl_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_DD, {MapDd_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_GAUKRU6, {MapGk6_PixelToWorld, KOORD_GK6}},
+                                               {MAP_UPS, {MapUps_PixelToWorld, KOORD_UPS}},
+                                               {MAP_TM, {MapTm_PixelToWorld, KOORD_TM}},
+                                               {MAP_PO_MILITARY, {MapTm_PixelToWorld, KOORD_TM}},
+                                               {MAP_VAN_DER_GRINTEN, {MapVdg_PixelToWorld, KOORD_VDG}},
+                                               {MAP_STEREOGR_NL, {MapRd_PixelToWorld, KOORD_RD}},
+                                               {MAP_LAMBERTCC, {MapLambert_PixelToWorld, KOORD_GEODEZ}},
+                                               {MAP_LUREF, {MapTm_PixelToWorld, KOORD_TM}},
+                                               {MAP_WAGNER_IV, {MapWagnerIV_PixelToWorld, KOORD_GEODEZ}}};
+    ASSERT_EQ(rows.size(), 20u);
+    MapPolynomParams polynom{};
+    polynom.order = 3;
+    std::vector<MapParam> maps = {Map(MAP_DD, MapDdParams{10.0, 47.0, 1200.0, 1200.0}, DATUM_MGI),
+                                  Map(MAP_POLYNOM, polynom, DATUM_MGI)};
+    for (const Sheet& sheet : AllSheets())
+        maps.push_back(sheet.map);
+    for (const MapParam& map : maps) {
+        const Row& row = rows.at(map.type);
+        tagKOORD out{};
+        EXPECT_EQ(row.pixelToWorld(&map, 100.0, 100.0, &out), KOORD_OK) << map.type;
+        EXPECT_EQ(out.type, static_cast<std::uint32_t>(row.native)) << map.type;
+        EXPECT_EQ(out.datum, map.type == MAP_WAGNER_IV ? 0u : map.datum) << map.type;
+    }
+}
 
 TEST(Sheets, ThereAreTwoOfEachTypeThatHasAPlane) {
     std::map<std::uint32_t, int> count;

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "support/maps.h"
+#include "support/reference_file.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
@@ -61,16 +62,45 @@ TEST(VanDerGrintenMap, TheOriginShiftsThePositions) {
     EXPECT_NEAR(ToWorld(map, pixel.x, pixel.y).Degrees().longitude, 116.0, 1e-9);
 }
 
-TEST(VanDerGrintenMap, AtThePolesRoundingDecides) {
+// A metre a pixel. The circles are so much larger than their distance here that their squares drown it.
+TEST(VanDerGrintenMap, IsPreciseBesideItsTwoLines) {
+    constexpr double METRES = 2e-3;  // the height of the parallel itself is a difference of numbers near pi
+    const MapParam map = WithReference(Map(MAP_VAN_DER_GRINTEN, MapVdgParams{0.0, 0.0}),
+                                       GeodezRecord(0.0, 0.0), 0, 0, 10000, 10.0);
+    for (const char* file : {"kernel/van_der_grinten_meridian.txt", "maps/van_der_grinten_parallel.txt"}) {
+        for (const ReferenceRow& row : ReadReferenceFile(file)) {
+            const PixelResult pixel = ToPixel(map, GeodezRecord(row.Number(0), row.Number(1)));
+            EXPECT_EQ(pixel.status, KOORD_OK) << row.place;
+            EXPECT_NEAR(pixel.x, row.Number(2), METRES) << row.place;
+            EXPECT_NEAR(pixel.y, -row.Number(3), METRES) << row.place;
+        }
+    }
+}
+
+// The outline's radius is 2003.7508342789 pixels of ten kilometres.
+TEST(VanDerGrintenMap, ThePolesAreTheEndsOfTheCentralMeridian) {
     const MapParam map = VdgMap();
-    for (double latitude : {90.0, -90.0}) {
+    for (double side : {1.0, -1.0}) {
         for (double longitude = -179.0; longitude < 180.0; longitude += 1.0) {
-            const PixelResult pixel = ToPixel(map, GeodezRecord(latitude, longitude));
-            if (pixel.status == KOORD_ERR_OUTSIDE) continue;
-            ASSERT_EQ(pixel.status, KOORD_OK);
-            EXPECT_NEAR(pixel.x, 2000.0, 1.0) << longitude;
-            // Half the outline: 2003.7508342789 / ten kilometres a pixel.
-            EXPECT_NEAR(std::fabs(pixel.y - 1000.0), 2003.7508342789, 1e-6) << longitude;
+            const PixelResult pixel = ToPixel(map, GeodezRecord(90.0 * side, longitude));
+            ASSERT_EQ(pixel.status, KOORD_OK) << longitude;
+            EXPECT_NEAR(pixel.x, 2000.0, 1e-3) << longitude;  // the root of a rounding error of 1e-16
+            EXPECT_NEAR(pixel.y, 1000.0 - side * 2003.7508342789, 1e-9) << longitude;
+        }
+    }
+}
+
+// Half a turn and more from the central meridian there is still a crossing, and on the position's side.
+TEST(VanDerGrintenMap, EveryPositionLiesOnItsSideOfTheMeridian) {
+    const MapParam map = VdgMap();
+    for (double latitude = -89.5; latitude < 90.0; latitude += 4.3) {
+        for (double longitude = 1e-5; longitude < 1e12; longitude *= 1.7) {
+            for (double side : {1.0, -1.0}) {
+                const PixelResult pixel = ToPixel(map, GeodezRecord(latitude, side * longitude));
+                EXPECT_EQ(pixel.status, KOORD_OK) << latitude << " " << longitude;
+                EXPECT_GE((pixel.x - 2000.0) * side, 0.0) << latitude << " " << longitude;
+                EXPECT_GE((1000.0 - pixel.y) * latitude, 0.0) << latitude << " " << longitude;
+            }
         }
     }
 }
