@@ -89,15 +89,16 @@ bool ShiftEastInZone(double delta, tagKOORD* record) {
     return true;
 }
 
-// A move over the equator changes the hemisphere; the equator itself belongs to both.
+// A move over the equator changes the hemisphere; the equator itself belongs to both. A position that is
+// written in the wrong hemisphere keeps it on the way back to the equator.
 void AddUtmNorthing(double delta, tagKOORD* record) {
     auto payload = Load<UtmPayload>(*record);
     const bool isSouth = UpperCase(payload.hemisphere) == 'S';
     const double sum = payload.northing + delta;
-    if (isSouth && sum > EQUATOR_OF_SOUTH) {
+    if (delta >= 0.0 && isSouth && sum > EQUATOR_OF_SOUTH) {
         payload.northing -= EQUATOR_OF_SOUTH;
         payload.hemisphere = 'N';
-    } else if (!isSouth && sum < 0.0) {
+    } else if (delta < 0.0 && !isSouth && sum < 0.0) {
         payload.northing += EQUATOR_OF_SOUTH;
         payload.hemisphere = 'S';
     }

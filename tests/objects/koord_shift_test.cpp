@@ -162,6 +162,14 @@ TEST(KoordShift, CrossesTheEquatorSouthward) {
     EXPECT_TRUE(SameRecord(North(-1.0, Utm(32, 'N', 5e5, 5e5)), Utm(32, 'N', 5e5, 499999.0)));
 }
 
+// 10000500 south is 500 m north of the equator.
+TEST(KoordShift, APositionInTheWrongHemisphereKeepsItOnTheWayBackToTheEquator) {
+    EXPECT_TRUE(SameRecord(North(-100.0, Utm(32, 'S', 5e5, 10000500.0)), Utm(32, 'S', 5e5, 10000400.0)));
+    EXPECT_TRUE(SameRecord(North(100.0, Utm(32, 'S', 5e5, 10000500.0)), Utm(32, 'N', 5e5, 600.0)));
+    EXPECT_TRUE(SameRecord(North(100.0, Utm(32, 'N', 5e5, -500.0)), Utm(32, 'N', 5e5, -400.0)));
+    EXPECT_TRUE(SameRecord(North(-100.0, Utm(32, 'N', 5e5, -500.0)), Utm(32, 'S', 5e5, 9999400.0)));
+}
+
 TEST(KoordShift, GaussKruegerEndsAtTheBorderOfTheStrip) {
     // At the northing 5500000 the borders lie at the offsets 391644.241 and 608355.759.
     const tagKOORD east = Strip(KOORD_GK, 3600000.0, 5.5e6);

@@ -415,6 +415,18 @@ TEST(ZoneEquator, TheFootOfAZoneIsOnTheEquator) {
     EXPECT_TRUE(SameRecord(strip, Strip(KOORD_GK6, 1600000.0, 0.0)));
 }
 
+TEST(ZoneEquator, TheFootDoesntDependOnTheNorthing) {
+    for (const double northing : {0.1, 9999999.9, 1e300, -HUGE_VAL, std::nan("")}) {
+        tagKOORD south = Utm(32, 'S', 600000.0, northing);
+        ASSERT_TRUE(Zones_MoveToEquator(&south));
+        EXPECT_TRUE(SameRecord(south, Utm(32, 'S', 600000.0, 1.0e7))) << northing;
+        tagKOORD austrian = Austrian(KOORD_BMN, 31, 500000.0, northing);
+        tagKOORD foot = Austrian(KOORD_BMN, 31, 500000.0, 2e5);
+        ASSERT_TRUE(Zones_MoveToEquator(&austrian) && Zones_MoveToEquator(&foot));
+        EXPECT_TRUE(SameRecord(austrian, foot)) << northing;
+    }
+}
+
 TEST(ZoneEquator, TheFootOfAnAustrianZoneIsTheSouthernLimit) {
     // The meridian arc of 45 degrees on the Bessel ellipsoid is 4984439.265 m, by PROJ 9.1.1:
     // echo 0 45 | cs2cs -f %.3f +proj=longlat +ellps=bessel +to +proj=tmerc +ellps=bessel

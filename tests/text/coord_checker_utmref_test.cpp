@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "frame/tessara_string.h"
 #include "support/coords.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -356,6 +357,24 @@ TEST_F(CoordCheckerUtmref, NullAndForeignObjectsAreFailures) {
     EXPECT_FALSE(checker->GetZoneList(nullptr));
     EXPECT_FALSE(checker->GetBandList(testing::Disguised<IArray>(stranger)));
     EXPECT_FALSE(Compose({"32", "U", "Q", "A", "1", "2"}, nullptr));
+}
+
+TEST_F(CoordCheckerUtmref, TextsThatNobodyHoldsLiveUntilTheEndOfTheOperation) {
+    const auto fresh = [](const char* contents) {
+        ITessaraString* const made = NewObject<TessaraString>();
+        made->AssignText(contents);
+        return made;
+    };
+    ITessaraString* both = fresh("");
+    EXPECT_TRUE(checker->GetColumnList(list.Get(), DATUM_WGS84, both, both, both, both));
+    both = fresh("");
+    EXPECT_TRUE(checker->GetRowList(list.Get(), DATUM_WGS84, both, both, both, both));
+    both = fresh("");
+    EXPECT_TRUE(
+        checker->SplitCoord(CoordOf(Utmref(32, "UQA", 1, 2)).Get(), both, both, both, both, both, both));
+    CKoord target;
+    both = fresh("32");
+    EXPECT_FALSE(checker->ComposeCoord(both, both, both, both, both, both, &target));
 }
 
 TEST_F(CoordCheckerUtmref, WithoutMemoryForAnEntryAListEndsThere) {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "frame/tessara_string.h"
 #include "support/legal_positions.h"
 #include "support/live_objects.h"
 #include "support/texts.h"
@@ -337,6 +338,15 @@ TEST_F(CoordinateStringTest, OneTextMayServeForBothAxes) {
     const IRef<ITessaraString> text = MakeText("12.5");
     EXPECT_TRUE(string->ParseCoord(ReferenceOf(DATUM_WGS84, KOORD_GEODEZ).Get(), text.Get(), text.Get()));
     EXPECT_EQ(PlainTextsOf(string), (TextPair{"12.5000000", "12.5000000"}));
+}
+
+TEST_F(CoordinateStringTest, ATextThatNobodyHoldsLivesUntilTheEndOfTheReading) {
+    const IRef<ICoordinateString> string(CreateClassCoordinateString());
+    const IRef<ICoordinateReference> reference = ReferenceOf(DATUM_WGS84, KOORD_LONGPIXEL);
+    ITessaraString* const both = NewObject<TessaraString>();
+    both->AssignText("12");
+    EXPECT_TRUE(string->ParseCoord(reference.Get(), both, both));
+    EXPECT_EQ(PlainTextsOf(string), (TextPair{"12", "12"}));
 }
 
 TEST_F(CoordinateStringTest, AFailedReadingChangesNothing) {
