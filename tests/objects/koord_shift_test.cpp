@@ -10,6 +10,8 @@
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
+#include "support/garbage.h"
+#include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
 #include "support/records.h"
@@ -20,6 +22,10 @@ namespace tessara {
 namespace {
 
 using testing::Austrian;
+using testing::FloatPixel;
+using testing::Grid;
+using testing::LetterGrid;
+using testing::LongPixel;
 using testing::Random;
 using testing::RandomIn;
 using testing::Region;
@@ -31,30 +37,6 @@ using testing::Utmref;
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
-
-tagKOORD LongPixel(std::int32_t x, std::int32_t y) {
-    return Record(KOORD_LONGPIXEL, LongPixelPayload{x, y});
-}
-
-tagKOORD FloatPixel(double x, double y) {
-    return Record(KOORD_FLOATPIXEL, FloatPixelPayload{x, y});
-}
-
-tagKOORD Grid(std::int32_t type, double easting, double northing) {
-    return Record(type, GridPayload{easting, northing});
-}
-
-tagKOORD LetterGrid(std::int32_t type, const char* letters, double easting, double northing,
-                    double fullEasting, double fullNorthing) {
-    LetterGridPayload payload{};
-    payload.square = letters[0];
-    payload.subSquare = letters[1];
-    payload.easting = easting;
-    payload.northing = northing;
-    payload.fullEasting = fullEasting;
-    payload.fullNorthing = fullNorthing;
-    return Record(type, payload);
-}
 
 // The shifted record, which must be there.
 tagKOORD Shifted(Axis axis, double delta, tagKOORD record) {
@@ -519,9 +501,7 @@ TEST(KoordShift, EverySystemShiftsFromItsDefaultPosition) {
 TEST(KoordShift, GarbageEnds) {
     Random random(17);
     for (int i = 0; i < 4000; ++i) {
-        tagKOORD record = MakeKoord(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT));
-        for (std::byte& byte : record.payload)
-            byte = static_cast<std::byte>(random.Below(256));
+        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
         tagKOORD moved = record;
         const Axis axis = i % 2 == 0 ? Axis::East : Axis::North;
         EXPECT_TRUE(Koord_Shift(axis, random.Between(-10.0, 10.0), &moved) || SameRecord(moved, record));

@@ -7,6 +7,7 @@
 
 #include "objects/axis_values.h"
 #include "objects/zones.h"
+#include "support/garbage.h"
 #include "support/random.h"
 #include "support/records.h"
 #include "support/reference_file.h"
@@ -510,9 +511,7 @@ TEST(ZoneLimits, AnEastingThatIsNoNumberHasNoLimit) {
 TEST(ZoneBorders, GarbageEnds) {
     Random random(7);
     for (int i = 0; i < 3000; ++i) {
-        tagKOORD record = MakeKoord(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT));
-        for (std::byte& byte : record.payload)
-            byte = static_cast<std::byte>(random.Below(256));
+        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
         const auto direction = static_cast<Compass>(random.Below(COMPASS_COUNT));
         tagKOORD border = record;
         EXPECT_TRUE(Zones_MoveToBorder(direction, &border) || SameRecord(border, record));
