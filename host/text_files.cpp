@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::size_t LINES_PER_BLOCK = 4096;
 
+constexpr const char* CANT_BE_WRITTEN = "can't be written";
+
 // Lines that are converted in one go.
 struct Block {
     std::string file;
@@ -70,10 +72,17 @@ class FileConverter {
   public:
     explicit FileConverter(const TextFiles& options) : options_(options), console_(options.files) {}
 
-    bool OpenRejects() {
-        if (!options_.rejects) return true;
+    // What is wrong with the file for the rejects; empty if nothing is.
+    std::string OpenRejects() {
+        if (!options_.rejects) return {};
+        // Opening it empties it.
+        for (const std::string& file : options_.files) {
+            std::error_code error;
+            if (std::filesystem::equivalent(file, *options_.rejects, error))
+                return "is to be read, and can't take the rejects";
+        }
         rejects_.open(*options_.rejects, std::ios::binary);
-        return rejects_.is_open();
+        return rejects_.is_open() ? "" : CANT_BE_WRITTEN;
     }
 
     void ConvertFile(const std::string& file) {
@@ -86,7 +95,7 @@ class FileConverter {
 
     [[nodiscard]] ExitCode Code() {
         if (options_.rejects && !rejects_.flush())
-            console_.Report(*options_.rejects + ": can't be written\n");
+            console_.Report(*options_.rejects + ": " + CANT_BE_WRITTEN + '\n');
         return console_.Code();
     }
 
@@ -167,8 +176,8 @@ class FileConverter {
 
 ExitCode ConvertTextFiles(const TextFiles& options) {
     FileConverter converter(options);
-    if (!converter.OpenRejects()) {
-        std::cerr << *options.rejects << ": can't be written\n";
+    if (const std::string wrong = converter.OpenRejects(); !wrong.empty()) {
+        std::cerr << *options.rejects << ": " << wrong << '\n';
         return EXIT_INCOMPLETE;
     }
     for (const std::string& file : options.files)

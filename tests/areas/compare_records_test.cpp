@@ -119,6 +119,17 @@ TEST(CompareRecords, TheOrderIsTotalInEverySystem) {
     }
 }
 
+TEST(CompareRecords, TheOrderOfPixelsIsTotal) {
+    Random random(7);
+    const auto whole = [&random] { return LongPixel(random.Below(100) - 50, random.Below(INT32_MAX)); };
+    const auto fraction = [&random] { return FloatPixel(random.Between(-1e9, 1e9), random.Below(100)); };
+    for (int i = 0; i < 10000; ++i) {
+        const Axis axis = i % 2 == 0 ? Axis::North : Axis::East;
+        ExpectTotalOrder(axis, whole(), whole(), whole());
+        ExpectTotalOrder(axis, fraction(), fraction(), fraction());
+    }
+}
+
 TEST(CompareRecords, OnlyEqualValuesAreEqual) {
     const double next = std::nextafter(48.0, 49.0);
     EXPECT_EQ(NorthSouth(GeodezRecord(next, 11.0), GeodezRecord(48.0, 11.0)), 1);

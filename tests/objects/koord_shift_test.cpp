@@ -337,6 +337,7 @@ TEST(KoordShift, WholePixelsDontOverflow) {
 TEST(KoordShift, FractionalPixelsStayFinite) {
     EXPECT_TRUE(SameRecord(East(DBL_MAX, FloatPixel(0.0, 0.0)), FloatPixel(DBL_MAX, 0.0)));
     EXPECT_TRUE(Refuses(Axis::East, 1e300, FloatPixel(DBL_MAX, 0.0)));
+    EXPECT_TRUE(Refuses(Axis::East, DBL_MAX, FloatPixel(1.0, 0.0)));  // the sum rounds to the limit
     EXPECT_TRUE(Refuses(Axis::North, DBL_MAX, FloatPixel(0.0, DBL_MAX)));
     EXPECT_TRUE(Refuses(Axis::North, -DBL_MAX, FloatPixel(0.0, -DBL_MAX)));
 }
@@ -466,6 +467,20 @@ TEST(KoordShift, OutAndBackRestoresThePosition) {
                 << region.type;
         }
         EXPECT_GT(shifts, 100) << region.type;
+    }
+}
+
+TEST(KoordShift, OutAndBackRestoresAPixel) {
+    Random random(8);
+    for (int i = 0; i < 1000; ++i) {
+        const tagKOORD whole = LongPixel(random.Below(INT32_MAX) / 2, -random.Below(INT32_MAX) / 2);
+        const double way = random.Below(2000000) - 1000000.0;
+        EXPECT_TRUE(SameRecord(East(-way, East(way, whole)), whole)) << way;
+        EXPECT_TRUE(SameRecord(North(-way, North(way, whole)), whole)) << way;
+        // Quarters are exact in binary.
+        const tagKOORD fraction = FloatPixel(random.Below(1000000) / 4.0, random.Below(1000000) / 4.0);
+        EXPECT_TRUE(SameRecord(East(-way / 4.0, East(way / 4.0, fraction)), fraction)) << way;
+        EXPECT_TRUE(SameRecord(North(-way / 4.0, North(way / 4.0, fraction)), fraction)) << way;
     }
 }
 

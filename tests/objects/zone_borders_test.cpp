@@ -198,6 +198,34 @@ TEST(ZoneBorders, UtmrefBordersAreWholeMetres) {
     EXPECT_TRUE(SameRecord(west, Utmref(32, 'U', "KA", 83297, 0)));
 }
 
+// The record in another system, in the zone that it is in.
+tagKOORD InOwnZone(const tagKOORD& record, std::int32_t type) {
+    tagKOORD target = MakeKoord(DATUM_WGS84, type);
+    Zones_Want(static_cast<std::int16_t>(Zones_Number(record)), &target);
+    EXPECT_EQ(KoordConvertEx(&record, &target, 0), KOORD_OK);
+    Zones_Want(NO_WANTED_ZONE, &target);
+    return target;
+}
+
+TEST(ZoneBorders, RandomUtmrefBordersAreTheRoundedOnesOfUtm) {
+    Random random(KOORD_UTMREF);
+    for (int i = 0; i < 10000; ++i) {
+        tagKOORD utmref = InOwnZone(RandomZoned(KOORD_UTM, random), KOORD_UTMREF);
+        tagKOORD utm = InOwnZone(utmref, KOORD_UTM);
+        const Compass side = i % 2 == 0 ? Compass::East : Compass::West;
+        ASSERT_TRUE(Zones_MoveToBorder(side, &utmref));
+        ASSERT_TRUE(Zones_MoveToBorder(side, &utm));
+        ASSERT_EQ(Zones_Wanted(utmref), NO_WANTED_ZONE);
+        const tagKOORD rounded = InOwnZone(utmref, KOORD_UTM);
+        ASSERT_EQ(Zones_Number(rounded), Zones_Number(utm));
+        // A square that reaches over the date line is read no further than to the line.
+        if (Zones_Number(utm) == (side == Compass::East ? 60 : 1)) continue;
+        // Metres: half of one, and the noise of projecting there and back.
+        ASSERT_NEAR(Zones_East(rounded), Zones_East(utm), 0.5 + 2e-6);
+        ASSERT_NEAR(Axis_SignedNorthing(rounded), Axis_SignedNorthing(utm), 2e-6);
+    }
+}
+
 TEST(ZoneBorders, OnlyTheSidesHaveBorderPoints) {
     tagKOORD record = Utm(32, 'N', 500000.0, 5500000.0);
     EXPECT_FALSE(Zones_MoveToBorder(Compass::North, &record));
