@@ -6,10 +6,14 @@
 #include <future>
 #include <iostream>
 
+#include "console.h"
+
 namespace tessara::program {
 namespace {
 
 constexpr std::size_t LINES_PER_BLOCK = 4096;
+
+constexpr const char* CANT_BE_WRITTEN = "can't be written";
 
 // Lines that are converted in one go.
 struct Block {
@@ -22,6 +26,8 @@ struct Output {
     std::string text;
     std::string errors;
     std::string rejects;
+    std::size_t lines = 0;
+    std::size_t bytes = 0;
 };
 
 bool IsSkipped(const std::string& line) {
@@ -46,6 +52,8 @@ Output ConvertBlock(const TextConversion& conversion, const LineFormat& format, 
             output.rejects += line + '\n';
         }
         ++place.line;
+        ++output.lines;
+        output.bytes += line.size() + 1;
     }
     return output;
 }
@@ -62,24 +70,33 @@ std::string ReadFirstLine(std::istream& stream, std::size_t* number) {
 
 class FileConverter {
   public:
-    explicit FileConverter(const TextFiles& options) : options_(options) {}
+    explicit FileConverter(const TextFiles& options) : options_(options), console_(options.files) {}
 
-    bool OpenRejects() {
-        if (!options_.rejects) return true;
+    // What is wrong with the file for the rejects; empty if nothing is.
+    std::string OpenRejects() {
+        if (!options_.rejects) return {};
+        // Opening it empties it.
+        for (const std::string& file : options_.files) {
+            std::error_code error;
+            if (std::filesystem::equivalent(file, *options_.rejects, error))
+                return "is to be read, and can't take the rejects";
+        }
         rejects_.open(*options_.rejects, std::ios::binary);
-        return rejects_.is_open();
+        return rejects_.is_open() ? "" : CANT_BE_WRITTEN;
     }
 
     void ConvertFile(const std::string& file) {
         if (file == "-") return ConvertStream(file, std::cin);
         std::ifstream stream(file, std::ios::binary);
-        if (!stream || std::filesystem::is_directory(file)) return Report(file + ": can't be read\n");
+        if (!stream || std::filesystem::is_directory(file))
+            return console_.Report(file + ": can't be read\n");
         ConvertStream(file, stream);
     }
 
     [[nodiscard]] ExitCode Code() {
-        if (options_.rejects && !rejects_.flush()) Report(*options_.rejects + ": can't be written\n");
-        return complete_ ? EXIT_DONE : EXIT_INCOMPLETE;
+        if (options_.rejects && !rejects_.flush())
+            console_.Report(*options_.rejects + ": " + CANT_BE_WRITTEN + '\n');
+        return console_.Code();
     }
 
   private:
@@ -126,9 +143,10 @@ class FileConverter {
     void WriteFirst(std::deque<std::future<Output>>* running) {
         const Output output = running->front().get();
         running->pop_front();
-        std::cout << output.text;
+        console_.Write(output.text);
         if (options_.rejects) rejects_ << output.rejects;
-        if (!output.errors.empty()) Report(output.errors);
+        if (!output.errors.empty()) console_.Report(output.errors);
+        console_.Advance(output.lines, output.bytes);
     }
 
     bool TakeHeader(const std::string& file, const std::string& line, LineFormat* format) {
@@ -136,35 +154,30 @@ class FileConverter {
         format->header = SplitColumns(Contents(line), format->separator);
         const std::optional<ColumnPair> pair = FindColumns(format->header, north, east);
         if (!pair) {
-            Report(file + ": has no columns '" + north + "' and '" + east + "'\n");
+            console_.Report(file + ": has no columns '" + north + "' and '" + east + "'\n");
             return false;
         }
         format->pair = *pair;
         if (headerIsWritten_) return true;
-        if (!options_.conversion.json) std::cout << ConvertHeader(options_.conversion, *format) << '\n';
+        if (!options_.conversion.json) console_.Write(ConvertHeader(options_.conversion, *format) + '\n');
         // The rejected lines are a file of the same form.
         if (options_.rejects) rejects_ << line << '\n';
         headerIsWritten_ = true;
         return true;
     }
 
-    void Report(const std::string& errors) {
-        std::cerr << errors;
-        complete_ = false;
-    }
-
     const TextFiles& options_;
+    Console console_;
     std::ofstream rejects_;
     bool headerIsWritten_ = false;
-    bool complete_ = true;
 };
 
 }  // namespace
 
 ExitCode ConvertTextFiles(const TextFiles& options) {
     FileConverter converter(options);
-    if (!converter.OpenRejects()) {
-        std::cerr << *options.rejects << ": can't be written\n";
+    if (const std::string wrong = converter.OpenRejects(); !wrong.empty()) {
+        std::cerr << *options.rejects << ": " << wrong << '\n';
         return EXIT_INCOMPLETE;
     }
     for (const std::string& file : options.files)

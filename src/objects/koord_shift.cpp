@@ -1,11 +1,9 @@
 #include "objects/koord_shift.h"
 
 #include <cmath>
-#include <string_view>
 
 #include "areas/system_extremes.h"
 #include "kernel/letters.h"
-#include "kernel/numeric.h"
 #include "objects/axis_values.h"
 #include "objects/call_depth.h"
 #include "objects/convert_records.h"
@@ -21,8 +19,6 @@ constexpr std::int32_t CHECKED = 1;  // conversions test the limits of the syste
 
 constexpr double EQUATOR_OF_SOUTH = 1.0e7;  // the southern northing of the equator
 
-// The squares of UTMREF are lettered along both axes without I and O.
-constexpr std::string_view SQUARE_LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
 constexpr double SQUARE_SIZE = 100000.0;
 
 // Closer to a limit than this counts as on it.
@@ -53,22 +49,21 @@ bool GoesBeyond(double limit, double value, double delta) {
     return delta >= 0.0 ? limit - delta < value : value < limit - delta;
 }
 
-// A pixel may go as far as its numbers do. Rows grow by delta like columns, although that is southward.
+// The edge of the pixels that a step goes toward. Rows grow by delta like columns, although that is
+// southward.
+Compass PixelEdge(Axis axis, double step) {
+    if (axis == Axis::East) return DirectionOf(axis, step);
+    return step >= 0.0 ? Compass::South : Compass::North;
+}
+
+// A pixel may go as far as its numbers do.
 bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
-    SystemExtremes extremes;
-    if (!System_Extremes(static_cast<std::int32_t>(record->datum), static_cast<std::int32_t>(record->type),
-                         &extremes)) {
-        return false;
-    }
-    const Compass low = axis == Axis::East ? Compass::West : Compass::North;
-    const Compass high = axis == Axis::East ? Compass::East : Compass::South;
     const double step = record->type == KOORD_LONGPIXEL ? std::trunc(delta) : delta;
-    const double moved = Axis_Value(axis, *record) + step;
-    if (!IsWithin(moved, Axis_Value(axis, extremes[static_cast<std::size_t>(low)]),
-                  Axis_Value(axis, extremes[static_cast<std::size_t>(high)]))) {
-        return false;
-    }
-    Axis_SetValue(axis, moved, record);
+    tagKOORD edge = *record;
+    if (!MoveToSystemLimit(PixelEdge(axis, step), &edge)) return false;
+    const double value = Axis_Value(axis, *record);
+    if (GoesBeyond(Axis_Value(axis, edge), value, step)) return false;
+    Axis_SetValue(axis, value + step, record);
     return true;
 }
 
@@ -89,15 +84,16 @@ bool ShiftEastInZone(double delta, tagKOORD* record) {
     return true;
 }
 
-// A move over the equator changes the hemisphere; the equator itself belongs to both.
+// A move over the equator changes the hemisphere; the equator itself belongs to both. A position that is
+// written in the wrong hemisphere keeps it on the way back to the equator.
 void AddUtmNorthing(double delta, tagKOORD* record) {
     auto payload = Load<UtmPayload>(*record);
     const bool isSouth = UpperCase(payload.hemisphere) == 'S';
     const double sum = payload.northing + delta;
-    if (isSouth && sum > EQUATOR_OF_SOUTH) {
+    if (delta >= 0.0 && isSouth && sum > EQUATOR_OF_SOUTH) {
         payload.northing -= EQUATOR_OF_SOUTH;
         payload.hemisphere = 'N';
-    } else if (!isSouth && sum < 0.0) {
+    } else if (delta < 0.0 && !isSouth && sum < 0.0) {
         payload.northing += EQUATOR_OF_SOUTH;
         payload.hemisphere = 'S';
     }

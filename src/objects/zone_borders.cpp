@@ -232,9 +232,10 @@ bool Zones_MoveToEquator(tagKOORD* record) {
     if (record->type == KOORD_UTMREF) return MoveUtmrefToEquator(record);
     const double northing = WidestNorthing(*record);
     if (std::isnan(northing)) return false;
+    Axis_SetValue(Axis::North, northing, record);
     // The hemisphere stays: the equator of a southern position is written as 10000000.
-    const double asWritten = Axis_Value(Axis::North, *record) - Axis_SignedNorthing(*record);
-    Axis_SetValue(Axis::North, northing + asWritten, record);
+    const double falseNorthing = northing - Axis_SignedNorthing(*record);
+    Axis_SetValue(Axis::North, northing + falseNorthing, record);
     return true;
 }
 

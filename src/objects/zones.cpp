@@ -2,9 +2,9 @@
 
 #include <cmath>
 #include <limits>
-#include <string_view>
 
 #include "kernel/numeric.h"
+#include "kernel/utmref_letters.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
@@ -15,15 +15,10 @@ constexpr double HALF_STRIP = 500000.0;
 constexpr std::int16_t UTM_ZONES = 60;
 constexpr double AUSTRIAN_STEP = 300000.0;  // from one meridian's false easting to the next
 
-// Both letter alphabets of the 100 km squares leave out I and O. Columns of three zones share one alphabet,
-// eight letters each; rows form a ring of twenty.
-constexpr std::string_view COLUMN_LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
-constexpr std::string_view ROW_RING = "ABCDEFGHJKLMNPQRSTUV";
+// Columns of three zones share the letters of the squares, eight each; rows form a ring of twenty.
 constexpr std::int32_t COLUMNS_PER_ZONE = 8;
 constexpr std::int32_t ROWS_PER_PARITY = 5;         // even zones start five rows on
 constexpr char CENTRE_COLUMN[3] = {'W', 'E', 'N'};  // by the zone's remainder by 3
-
-constexpr std::int32_t NOT_FOUND = -1;
 
 template <class Payload, class Value>
 void SetField(Value Payload::*field, Value value, tagKOORD* record) {
@@ -32,31 +27,24 @@ void SetField(Value Payload::*field, Value value, tagKOORD* record) {
     Store(*record, payload);
 }
 
-std::int32_t IndexOf(std::string_view letters, char letter) {
-    const char upper = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-    const auto index = letters.find(upper);
-    return index != std::string_view::npos ? static_cast<std::int32_t>(index) : NOT_FOUND;
-}
-
 // Moves a letter along its alphabet. A letter that stays isn't looked at; false for one that isn't in the
 // alphabet and for a step past its end.
 bool StepLetter(std::string_view letters, std::int32_t steps, char* letter) {
     if (steps == 0) return true;
-    const std::int32_t index = IndexOf(letters, *letter);
+    const std::int32_t index = LetterIndex(letters, UpperCase(*letter));
     const std::int32_t stepped = index + steps;
-    if (index == NOT_FOUND || stepped < 0 || stepped >= static_cast<std::int32_t>(letters.size()))
-        return false;
-    *letter = letters[static_cast<std::size_t>(stepped)];
+    if (index == NO_LETTER || !HasIndex(letters, stepped)) return false;
+    *letter = LetterAt(letters, stepped);
     return true;
 }
 
 // The same on a ring, which has no end.
 bool StepAround(std::string_view ring, std::int32_t steps, char* letter) {
     if (steps == 0) return true;
-    const std::int32_t index = IndexOf(ring, *letter);
-    if (index == NOT_FOUND) return false;
+    const std::int32_t index = LetterIndex(ring, UpperCase(*letter));
+    if (index == NO_LETTER) return false;
     const auto size = static_cast<std::int32_t>(ring.size());
-    *letter = ring[static_cast<std::size_t>((index + steps + size) % size)];
+    *letter = LetterAt(ring, (index + steps + size) % size);
     return true;
 }
 
@@ -94,8 +82,8 @@ bool MoveUtmref(std::int32_t delta, tagKOORD* record) {
 
     const std::int32_t columns = COLUMNS_PER_ZONE * ((zone - 1) % 3 - (payload.zone - 1) % 3);
     const std::int32_t rows = ROWS_PER_PARITY * (payload.zone % 2 - zone % 2);
-    if (!StepLetter(COLUMN_LETTERS, columns, &payload.column)) return false;
-    if (!StepAround(ROW_RING, rows, &payload.row)) return false;
+    if (!StepLetter(SQUARE_LETTERS, columns, &payload.column)) return false;
+    if (!StepAround(UTMREF_ROWS_AA, rows, &payload.row)) return false;
     payload.zone = zone;
     payload.wantedZone = NO_WANTED_ZONE;
     Store(*record, payload);

@@ -3,10 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
+
+// The squares of UTMREF are lettered along both axes without I and O.
+inline constexpr std::string_view SQUARE_LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
 
 [[nodiscard]] bool Zones_Exist(std::int32_t system);
 

@@ -39,13 +39,41 @@ bool RefillFor(FindChoices find, std::int32_t datum, const UtmrefPieces& pieces,
     return Refill(choices, list) && exist;
 }
 
-bool RefillForTexts(FindChoices find, std::int32_t datum, const std::array<ITessaraString*, 4>& texts,
-                    IArray* list) {
-    std::array<std::string, 4> pieces;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (!TextOf(texts[i], &pieces[i])) return false;
+// Holds texts, of which several may be one object, and reads them.
+template <std::size_t COUNT>
+class Texts {
+  public:
+    explicit Texts(const std::array<ITessaraString*, COUNT>& texts) {
+        for (std::size_t i = 0; i < COUNT; ++i)
+            held_[i] = IRef<ITessaraString>(texts[i]);
     }
-    return RefillFor(find, datum, {pieces[0], pieces[1], pieces[2], pieces[3], {}, {}}, list);
+
+    // False if one of them is none.
+    bool Read(const std::array<std::string*, COUNT>& contents) const {
+        for (std::size_t i = 0; i < COUNT; ++i) {
+            if (!TextOf(held_[i].Get(), contents[i])) return false;
+        }
+        return true;
+    }
+
+    // The same; nothing is written then.
+    bool Write(const std::array<const std::string*, COUNT>& contents) const {
+        for (const IRef<ITessaraString>& text : held_) {
+            if (!text.IsValid()) return false;
+        }
+        for (std::size_t i = 0; i < COUNT; ++i)
+            held_[i]->AssignText(contents[i]->c_str());
+        return true;
+    }
+
+  private:
+    std::array<IRef<ITessaraString>, COUNT> held_;
+};
+
+bool RefillForTexts(FindChoices find, std::int32_t datum, const Texts<4>& texts, IArray* list) {
+    UtmrefPieces pieces;
+    return texts.Read({&pieces.zone, &pieces.band, &pieces.column, &pieces.row}) &&
+           RefillFor(find, datum, pieces, list);
 }
 
 bool RefillForCoord(FindChoices find, ICoord* coord, IArray* list) {
@@ -72,7 +100,7 @@ bool CoordCheckerUTMREF::GetBandList(IArray* list) {
 
 bool CoordCheckerUTMREF::GetColumnList(IArray* list, std::int32_t datum, ITessaraString* zone,
                                        ITessaraString* band, ITessaraString* column, ITessaraString* row) {
-    return RefillForTexts(Utmref_ColumnChoices, datum, {zone, band, column, row}, list);
+    return RefillForTexts(Utmref_ColumnChoices, datum, Texts<4>({zone, band, column, row}), list);
 }
 
 bool CoordCheckerUTMREF::GetColumnListOf(IArray* list, ICoord* coord) {
@@ -81,7 +109,7 @@ bool CoordCheckerUTMREF::GetColumnListOf(IArray* list, ICoord* coord) {
 
 bool CoordCheckerUTMREF::GetRowList(IArray* list, std::int32_t datum, ITessaraString* zone,
                                     ITessaraString* band, ITessaraString* column, ITessaraString* row) {
-    return RefillForTexts(Utmref_RowChoices, datum, {zone, band, column, row}, list);
+    return RefillForTexts(Utmref_RowChoices, datum, Texts<4>({zone, band, column, row}), list);
 }
 
 bool CoordCheckerUTMREF::GetRowListOf(IArray* list, ICoord* coord) {
@@ -91,31 +119,21 @@ bool CoordCheckerUTMREF::GetRowListOf(IArray* list, ICoord* coord) {
 bool CoordCheckerUTMREF::SplitCoord(ICoord* coord, ITessaraString* zone, ITessaraString* band,
                                     ITessaraString* column, ITessaraString* row, ITessaraString* easting,
                                     ITessaraString* northing) {
+    const Texts<6> texts({zone, band, column, row, easting, northing});
     CKoord koord;
     UtmrefPieces pieces;
-    if (!KoordFromCoord(coord, &koord) || !Utmref_Split(koord, &pieces)) return false;
-    const std::array<IRef<ITessaraString>, 6> texts{
-        IRef<ITessaraString>(zone), IRef<ITessaraString>(band),    IRef<ITessaraString>(column),
-        IRef<ITessaraString>(row),  IRef<ITessaraString>(easting), IRef<ITessaraString>(northing)};
-    for (const IRef<ITessaraString>& text : texts) {
-        if (!text.IsValid()) return false;
-    }
-    texts[0]->AssignText(pieces.zone.c_str());
-    texts[1]->AssignText(pieces.band.c_str());
-    texts[2]->AssignText(pieces.column.c_str());
-    texts[3]->AssignText(pieces.row.c_str());
-    texts[4]->AssignText(pieces.easting.c_str());
-    texts[5]->AssignText(pieces.northing.c_str());
-    return true;
+    return KoordFromCoord(coord, &koord) && Utmref_Split(koord, &pieces) &&
+           texts.Write(
+               {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
 }
 
 bool CoordCheckerUTMREF::ComposeCoord(ITessaraString* zone, ITessaraString* band, ITessaraString* column,
                                       ITessaraString* row, ITessaraString* easting, ITessaraString* northing,
                                       CKoord* target) {
+    const Texts<6> texts({zone, band, column, row, easting, northing});
     UtmrefPieces pieces;
-    const bool haveTexts = TextOf(zone, &pieces.zone) && TextOf(band, &pieces.band) &&
-                           TextOf(column, &pieces.column) && TextOf(row, &pieces.row) &&
-                           TextOf(easting, &pieces.easting) && TextOf(northing, &pieces.northing);
+    const bool haveTexts = texts.Read(
+        {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
     return haveTexts && target != nullptr && Utmref_Compose(pieces, target);
 }
 

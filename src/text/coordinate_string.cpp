@@ -81,9 +81,12 @@ bool CoordinateString::GetCoord(ICoord* coord) {
 bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraString* north,
                                   ITessaraString* east) {
     const IRef<ICoordinateReference> wanted(reference);
+    const IRef<ITessaraString> northSource(north);
+    const IRef<ITessaraString> eastSource(east);
     std::string northText;
     std::string eastText;
-    if (!wanted.IsValid() || !TextOf(north, &northText) || !TextOf(east, &eastText)) return false;
+    if (!wanted.IsValid()) return false;
+    if (!TextOf(northSource.Get(), &northText) || !TextOf(eastSource.Get(), &eastText)) return false;
 
     const std::int32_t system = wanted->GetSystem();
     tagKOORD record = MakeKoord(wanted->GetDatum(), system);

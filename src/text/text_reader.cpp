@@ -1,5 +1,6 @@
 #include "text/text_reader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -48,6 +49,28 @@ std::size_t NumberLength(std::string_view text) {
     if (Is(text, end, IsSign)) ++end;
     const std::size_t exponent = CountDigits(text, end);
     return exponent == 0 ? 0 : end + exponent;
+}
+
+// The power of ten that a part like "e-5" stands for; a senselessly long one is just far from 0.
+std::int64_t ExponentIn(std::string_view part) {
+    if (part.empty()) return 0;
+    part.remove_prefix(part.size() > 1 && part[1] == '+' ? 2 : 1);
+    std::int64_t exponent = 0;
+    const auto read = std::from_chars(part.data(), part.data() + part.size(), exponent);
+    if (read.ec == std::errc()) return exponent;
+    return part.front() == '-' ? std::numeric_limits<std::int32_t>::min()
+                               : std::numeric_limits<std::int32_t>::max();
+}
+
+// Whether a number that no double can hold is too small and not too large. from_chars doesn't tell.
+bool IsTiny(std::string_view number) {
+    const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, mantissaEnd);
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) return true;
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::int64_t places = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+    return places + ExponentIn(number.substr(mantissaEnd)) < 0;
 }
 
 }  // namespace
@@ -117,11 +140,15 @@ bool TextReader::ReadNumber(double* number) {
     SkipBlanks();
     const std::size_t length = NumberLength(rest_);
     if (length == 0) return false;
-    const std::size_t start = rest_.front() == '+' ? 1 : 0;
-    double value;
-    const auto read = std::from_chars(rest_.data() + start, rest_.data() + length, value);
+    std::string_view found = rest_.substr(0, length);
     rest_.remove_prefix(length);
-    if (read.ec != std::errc()) return false;
+    if (found.front() == '+') found.remove_prefix(1);
+    double value;
+    const auto read = std::from_chars(found.data(), found.data() + found.size(), value);
+    if (read.ec != std::errc()) {
+        if (!IsTiny(found)) return false;
+        value = found.front() == '-' ? -0.0 : 0.0;
+    }
     *number = value;
     return true;
 }

@@ -22,9 +22,9 @@ class TextReader {
     bool ReadWhole(std::int32_t* number);
     // As ReadWhole, but 0 and true where there is no number.
     bool ReadWholeOrNothing(std::int32_t* number);
-    // A decimal number with or without a sign, a point and an exponent. One that is too large or too small
-    // for a double is none, and so are infinities and NaN. An "e" behind a number begins an exponent: "12e"
-    // is no number.
+    // A decimal number with or without a sign, a point and an exponent. One that is too small for a double is
+    // 0, one that is too large is none, and so are infinities and NaN. An "e" behind a number begins an
+    // exponent: "12e" is no number.
     bool ReadNumber(double* number);
 
   private:

@@ -10,6 +10,8 @@
 #include "objects/axis_values.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
+#include "support/garbage.h"
+#include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
 #include "support/records.h"
@@ -20,12 +22,16 @@ namespace tessara {
 namespace {
 
 using testing::Austrian;
+using testing::FloatPixel;
+using testing::LetterGrid;
+using testing::LongPixel;
 using testing::Random;
 using testing::RandomIn;
 using testing::Region;
 using testing::REGIONS;
 using testing::SameRecord;
 using testing::Strip;
+using testing::Ups;
 using testing::Utm;
 using testing::Utmref;
 
@@ -48,22 +54,6 @@ bool HasMean(const tagKOORD& first, const tagKOORD& second) {
     if (Average_Records(first, second, &mean)) return true;
     EXPECT_TRUE(SameRecord(mean, before)) << "written on failure";
     return false;
-}
-
-tagKOORD LongPixel(std::int32_t x, std::int32_t y) {
-    return Record(KOORD_LONGPIXEL, LongPixelPayload{x, y});
-}
-
-tagKOORD FloatPixel(double x, double y) {
-    return Record(KOORD_FLOATPIXEL, FloatPixelPayload{x, y});
-}
-
-tagKOORD Ups(char hemisphere, double easting, double northing) {
-    UpsPayload payload{};
-    payload.hemisphere = hemisphere;
-    payload.easting = easting;
-    payload.northing = northing;
-    return Record(KOORD_UPS, payload);
 }
 
 TEST(AverageRecords, WholePixelsAreCutTowardZero) {
@@ -196,17 +186,9 @@ TEST(AverageRecords, AMeanMayBeOneOfItsPoints) {
 }
 
 TEST(AverageRecords, LetteredGridsGetTheLettersOfTheMean) {
-    const auto grid = [](std::int32_t type, const char* letters, double easting, double northing) {
-        LetterGridPayload payload{};
-        payload.square = letters[0];
-        payload.subSquare = letters[1];
-        payload.easting = easting;
-        payload.northing = northing;
-        return Record(type, payload);
-    };
     // SU begins at 400000, 100000 and TQ at 500000, 100000: 450000 and 570000 have the mean 510000 in TQ.
     auto mean = Load<LetterGridPayload>(
-        MeanOf(grid(KOORD_BNG, "SU", 50000.0, 20000.0), grid(KOORD_BNG, "TQ", 70000.0, 40000.0)));
+        MeanOf(LetterGrid(KOORD_BNG, "SU", 50000.0, 20000.0), LetterGrid(KOORD_BNG, "TQ", 70000.0, 40000.0)));
     EXPECT_EQ(mean.square, 'T');
     EXPECT_EQ(mean.subSquare, 'Q');
     // Metres; the error of a projection and back, and there it may be cut to the metre below.
@@ -216,13 +198,13 @@ TEST(AverageRecords, LetteredGridsGetTheLettersOfTheMean) {
     EXPECT_NEAR(mean.northing, 30000.0, 1.0);
     // In Ireland N begins at 200000, 200000 and O at 300000, 200000.
     mean = Load<LetterGridPayload>(
-        MeanOf(grid(KOORD_ING, "IN", 90000.0, 20000.0), grid(KOORD_ING, "IO", 30000.0, 40000.0)));
+        MeanOf(LetterGrid(KOORD_ING, "IN", 90000.0, 20000.0), LetterGrid(KOORD_ING, "IO", 30000.0, 40000.0)));
     EXPECT_EQ(mean.square, 'I');
     EXPECT_EQ(mean.subSquare, 'O');
     EXPECT_NEAR(mean.fullEasting, 310000.0, 1e-3);
     EXPECT_NEAR(mean.fullNorthing, 230000.0, 1e-3);
-    EXPECT_FALSE(HasMean(grid(KOORD_BNG, "IQ", 0.0, 0.0), grid(KOORD_BNG, "TQ", 0.0, 0.0)));
-    EXPECT_FALSE(HasMean(grid(KOORD_BNG, "TQ", 0.0, 0.0), grid(KOORD_BNG, "TI", 0.0, 0.0)));
+    EXPECT_FALSE(HasMean(LetterGrid(KOORD_BNG, "IQ", 0.0, 0.0), LetterGrid(KOORD_BNG, "TQ", 0.0, 0.0)));
+    EXPECT_FALSE(HasMean(LetterGrid(KOORD_BNG, "TQ", 0.0, 0.0), LetterGrid(KOORD_BNG, "TI", 0.0, 0.0)));
 }
 
 TEST(AverageUtm, InOneZoneItIsThePlainMean) {
@@ -527,9 +509,7 @@ TEST(AverageRecords, GarbageEnds) {
         tagKOORD records[2];
         const std::int32_t type = random.Below(KOORD_TYPE_COUNT);
         for (tagKOORD& record : records) {
-            record = MakeKoord(random.Below(2) == 0 ? 2 : 8, type);
-            for (std::byte& byte : record.payload)
-                byte = static_cast<std::byte>(random.Below(256));
+            record = testing::Garbage(random.Below(2) == 0 ? 2 : 8, type, random);
         }
         HasMean(records[0], records[1]);
     }

@@ -8,6 +8,8 @@
 
 #include "areas/system_extremes.h"
 #include "objects/default_koord.h"
+#include "support/garbage.h"
+#include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
 #include "support/records.h"
@@ -18,12 +20,16 @@ namespace tessara {
 namespace {
 
 using testing::Austrian;
+using testing::FloatPixel;
+using testing::LetterGrid;
+using testing::LongPixel;
 using testing::Random;
 using testing::RandomIn;
 using testing::RecordIn;
 using testing::Region;
 using testing::REGIONS;
 using testing::Strip;
+using testing::Ups;
 using testing::Utm;
 using testing::Utmref;
 
@@ -35,22 +41,6 @@ std::int32_t NorthSouth(const tagKOORD& first, const tagKOORD& second) {
 
 std::int32_t EastWest(const tagKOORD& first, const tagKOORD& second) {
     return Compare_Records(Axis::East, first, second);
-}
-
-tagKOORD LongPixel(std::int32_t x, std::int32_t y) {
-    return Record(KOORD_LONGPIXEL, LongPixelPayload{x, y});
-}
-
-tagKOORD FloatPixel(double x, double y) {
-    return Record(KOORD_FLOATPIXEL, FloatPixelPayload{x, y});
-}
-
-tagKOORD Ups(char hemisphere, double easting, double northing) {
-    UpsPayload payload{};
-    payload.hemisphere = hemisphere;
-    payload.easting = easting;
-    payload.northing = northing;
-    return Record(KOORD_UPS, payload);
 }
 
 // A position in degrees in the zone that a record wants, whatever the limits of its system.
@@ -126,6 +116,17 @@ TEST(CompareRecords, TheOrderIsTotalInEverySystem) {
         };
         for (int i = 0; i < 10000; ++i)
             ExpectTotalOrder(i % 2 == 0 ? Axis::North : Axis::East, any(), any(), any());
+    }
+}
+
+TEST(CompareRecords, TheOrderOfPixelsIsTotal) {
+    Random random(7);
+    const auto whole = [&random] { return LongPixel(random.Below(100) - 50, random.Below(INT32_MAX)); };
+    const auto fraction = [&random] { return FloatPixel(random.Between(-1e9, 1e9), random.Below(100)); };
+    for (int i = 0; i < 10000; ++i) {
+        const Axis axis = i % 2 == 0 ? Axis::North : Axis::East;
+        ExpectTotalOrder(axis, whole(), whole(), whole());
+        ExpectTotalOrder(axis, fraction(), fraction(), fraction());
     }
 }
 
@@ -389,31 +390,20 @@ TEST(CompareRecords, ProjectionsWithTheirOwnParametersMustAgreeInThem) {
 }
 
 TEST(CompareRecords, LetteredGridsCompareTheWholeGrid) {
-    const auto grid = [](std::int32_t type, const char* letters, double easting, double northing,
-                         double fullEasting, double fullNorthing) {
-        LetterGridPayload payload{};
-        payload.square = letters[0];
-        payload.subSquare = letters[1];
-        payload.easting = easting;
-        payload.northing = northing;
-        payload.fullEasting = fullEasting;
-        payload.fullNorthing = fullNorthing;
-        return Record(type, payload);
-    };
     const char none[2] = {0, 0};
     // TQ begins at 500000, 100000; SU at 400000, 100000.
-    EXPECT_EQ(
-        EastWest(grid(KOORD_BNG, "TQ", 10.0, 20.0, 0.0, 0.0), grid(KOORD_BNG, "SU", 99000.0, 20.0, 0.0, 0.0)),
-        1);
-    EXPECT_EQ(EastWest(grid(KOORD_BNG, "TQ", 10.0, 20.0, 0.0, 0.0),
-                       grid(KOORD_BNG, none, 0.0, 0.0, 499000.0, 100020.0)),
+    EXPECT_EQ(EastWest(LetterGrid(KOORD_BNG, "TQ", 10.0, 20.0, 0.0, 0.0),
+                       LetterGrid(KOORD_BNG, "SU", 99000.0, 20.0, 0.0, 0.0)),
               1);
-    EXPECT_EQ(NorthSouth(grid(KOORD_ING, "IO", 10.0, 20.0, 0.0, 0.0),
-                         grid(KOORD_ING, none, 0.0, 0.0, 300000.0, 200100.0)),
+    EXPECT_EQ(EastWest(LetterGrid(KOORD_BNG, "TQ", 10.0, 20.0, 0.0, 0.0),
+                       LetterGrid(KOORD_BNG, none, 0.0, 0.0, 499000.0, 100020.0)),
+              1);
+    EXPECT_EQ(NorthSouth(LetterGrid(KOORD_ING, "IO", 10.0, 20.0, 0.0, 0.0),
+                         LetterGrid(KOORD_ING, none, 0.0, 0.0, 300000.0, 200100.0)),
               -1);
-    EXPECT_EQ(
-        EastWest(grid(KOORD_BNG, "IQ", 10.0, 20.0, 0.0, 0.0), grid(KOORD_BNG, "TQ", 10.0, 20.0, 0.0, 0.0)),
-        NOT_COMPARABLE);
+    EXPECT_EQ(EastWest(LetterGrid(KOORD_BNG, "IQ", 10.0, 20.0, 0.0, 0.0),
+                       LetterGrid(KOORD_BNG, "TQ", 10.0, 20.0, 0.0, 0.0)),
+              NOT_COMPARABLE);
 }
 
 TEST(CompareRecords, AnEcefIsComparedOnItsOwnDatum) {
@@ -451,9 +441,7 @@ TEST(CompareRecords, GarbageEnds) {
         tagKOORD records[2];
         const std::int32_t type = random.Below(KOORD_TYPE_COUNT);
         for (tagKOORD& record : records) {
-            record = MakeKoord(2, type);
-            for (std::byte& byte : record.payload)
-                byte = static_cast<std::byte>(random.Below(256));
+            record = testing::Garbage(2, type, random);
         }
         for (const Axis axis : {Axis::North, Axis::East}) {
             const std::int32_t order = Compare_Records(axis, records[0], records[1]);

@@ -158,6 +158,16 @@ TEST(ConvertTexts, ReportsRejectsThatCantBeWritten) {
     EXPECT_EQ(UtmToUtmref({"--rejects", "/no/such/directory/rejects"}, MUNICH_UTM).status, 1);
 }
 
+TEST(ConvertTexts, RejectsDontOverwriteAFileThatIsRead) {
+    const TemporaryFile file("input");
+    std::ofstream(file.Path()) << MUNICH_UTM << '\n';
+    const Outcome outcome = UtmToUtmref({"--rejects", file.Path(), file.Path()}, "");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, file.Path() + ": is to be read, and can't take the rejects\n");
+    EXPECT_EQ(ContentsOf(file.Path()), std::string(MUNICH_UTM) + "\n");
+}
+
 TEST(ConvertTexts, JsonCarriesTextsAndNumbers) {
     const Outcome outcome = UtmToUtmref({"--json"}, std::string(MUNICH_UTM) + "\ttown hall");
     const Json json = Json::parse(outcome.out);

@@ -10,6 +10,8 @@
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
+#include "support/garbage.h"
+#include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
 #include "support/records.h"
@@ -20,6 +22,10 @@ namespace tessara {
 namespace {
 
 using testing::Austrian;
+using testing::FloatPixel;
+using testing::Grid;
+using testing::LetterGrid;
+using testing::LongPixel;
 using testing::Random;
 using testing::RandomIn;
 using testing::Region;
@@ -31,30 +37,6 @@ using testing::Utmref;
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
-
-tagKOORD LongPixel(std::int32_t x, std::int32_t y) {
-    return Record(KOORD_LONGPIXEL, LongPixelPayload{x, y});
-}
-
-tagKOORD FloatPixel(double x, double y) {
-    return Record(KOORD_FLOATPIXEL, FloatPixelPayload{x, y});
-}
-
-tagKOORD Grid(std::int32_t type, double easting, double northing) {
-    return Record(type, GridPayload{easting, northing});
-}
-
-tagKOORD LetterGrid(std::int32_t type, const char* letters, double easting, double northing,
-                    double fullEasting, double fullNorthing) {
-    LetterGridPayload payload{};
-    payload.square = letters[0];
-    payload.subSquare = letters[1];
-    payload.easting = easting;
-    payload.northing = northing;
-    payload.fullEasting = fullEasting;
-    payload.fullNorthing = fullNorthing;
-    return Record(type, payload);
-}
 
 // The shifted record, which must be there.
 tagKOORD Shifted(Axis axis, double delta, tagKOORD record) {
@@ -160,6 +142,14 @@ TEST(KoordShift, CrossesTheEquatorSouthward) {
     EXPECT_TRUE(SameRecord(North(-500.0, Utm(32, 'N', 5e5, 500.0)), Utm(32, 'N', 5e5, 0.0)));
     // Nothing happens to a shift that stays north.
     EXPECT_TRUE(SameRecord(North(-1.0, Utm(32, 'N', 5e5, 5e5)), Utm(32, 'N', 5e5, 499999.0)));
+}
+
+// 10000500 south is 500 m north of the equator.
+TEST(KoordShift, APositionInTheWrongHemisphereKeepsItOnTheWayBackToTheEquator) {
+    EXPECT_TRUE(SameRecord(North(-100.0, Utm(32, 'S', 5e5, 10000500.0)), Utm(32, 'S', 5e5, 10000400.0)));
+    EXPECT_TRUE(SameRecord(North(100.0, Utm(32, 'S', 5e5, 10000500.0)), Utm(32, 'N', 5e5, 600.0)));
+    EXPECT_TRUE(SameRecord(North(100.0, Utm(32, 'N', 5e5, -500.0)), Utm(32, 'N', 5e5, -400.0)));
+    EXPECT_TRUE(SameRecord(North(-100.0, Utm(32, 'N', 5e5, -500.0)), Utm(32, 'S', 5e5, 9999400.0)));
 }
 
 TEST(KoordShift, GaussKruegerEndsAtTheBorderOfTheStrip) {
@@ -347,6 +337,7 @@ TEST(KoordShift, WholePixelsDontOverflow) {
 TEST(KoordShift, FractionalPixelsStayFinite) {
     EXPECT_TRUE(SameRecord(East(DBL_MAX, FloatPixel(0.0, 0.0)), FloatPixel(DBL_MAX, 0.0)));
     EXPECT_TRUE(Refuses(Axis::East, 1e300, FloatPixel(DBL_MAX, 0.0)));
+    EXPECT_TRUE(Refuses(Axis::East, DBL_MAX, FloatPixel(1.0, 0.0)));  // the sum rounds to the limit
     EXPECT_TRUE(Refuses(Axis::North, DBL_MAX, FloatPixel(0.0, DBL_MAX)));
     EXPECT_TRUE(Refuses(Axis::North, -DBL_MAX, FloatPixel(0.0, -DBL_MAX)));
 }
@@ -479,6 +470,20 @@ TEST(KoordShift, OutAndBackRestoresThePosition) {
     }
 }
 
+TEST(KoordShift, OutAndBackRestoresAPixel) {
+    Random random(8);
+    for (int i = 0; i < 1000; ++i) {
+        const tagKOORD whole = LongPixel(random.Below(INT32_MAX) / 2, -random.Below(INT32_MAX) / 2);
+        const double way = random.Below(2000000) - 1000000.0;
+        EXPECT_TRUE(SameRecord(East(-way, East(way, whole)), whole)) << way;
+        EXPECT_TRUE(SameRecord(North(-way, North(way, whole)), whole)) << way;
+        // Quarters are exact in binary.
+        const tagKOORD fraction = FloatPixel(random.Below(1000000) / 4.0, random.Below(1000000) / 4.0);
+        EXPECT_TRUE(SameRecord(East(-way / 4.0, East(way / 4.0, fraction)), fraction)) << way;
+        EXPECT_TRUE(SameRecord(North(-way / 4.0, North(way / 4.0, fraction)), fraction)) << way;
+    }
+}
+
 TEST(KoordShift, NoShiftLeavesTheZone) {
     for (const std::int32_t type : testing::ZONED_TYPES) {
         Random random(60u + static_cast<std::uint64_t>(type));
@@ -511,9 +516,7 @@ TEST(KoordShift, EverySystemShiftsFromItsDefaultPosition) {
 TEST(KoordShift, GarbageEnds) {
     Random random(17);
     for (int i = 0; i < 4000; ++i) {
-        tagKOORD record = MakeKoord(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT));
-        for (std::byte& byte : record.payload)
-            byte = static_cast<std::byte>(random.Below(256));
+        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
         tagKOORD moved = record;
         const Axis axis = i % 2 == 0 ? Axis::East : Axis::North;
         EXPECT_TRUE(Koord_Shift(axis, random.Between(-10.0, 10.0), &moved) || SameRecord(moved, record));

@@ -7,6 +7,7 @@
 
 #include "objects/axis_values.h"
 #include "objects/zones.h"
+#include "support/garbage.h"
 #include "support/random.h"
 #include "support/records.h"
 #include "support/reference_file.h"
@@ -195,6 +196,34 @@ TEST(ZoneBorders, UtmrefBordersAreWholeMetres) {
     tagKOORD west = Utmref(32, 'U', "QA", 0, 0);
     ASSERT_TRUE(Zones_MoveToBorder(Compass::West, &west));
     EXPECT_TRUE(SameRecord(west, Utmref(32, 'U', "KA", 83297, 0)));
+}
+
+// The record in another system, in the zone that it is in.
+tagKOORD InOwnZone(const tagKOORD& record, std::int32_t type) {
+    tagKOORD target = MakeKoord(DATUM_WGS84, type);
+    Zones_Want(static_cast<std::int16_t>(Zones_Number(record)), &target);
+    EXPECT_EQ(KoordConvertEx(&record, &target, 0), KOORD_OK);
+    Zones_Want(NO_WANTED_ZONE, &target);
+    return target;
+}
+
+TEST(ZoneBorders, RandomUtmrefBordersAreTheRoundedOnesOfUtm) {
+    Random random(KOORD_UTMREF);
+    for (int i = 0; i < 10000; ++i) {
+        tagKOORD utmref = InOwnZone(RandomZoned(KOORD_UTM, random), KOORD_UTMREF);
+        tagKOORD utm = InOwnZone(utmref, KOORD_UTM);
+        const Compass side = i % 2 == 0 ? Compass::East : Compass::West;
+        ASSERT_TRUE(Zones_MoveToBorder(side, &utmref));
+        ASSERT_TRUE(Zones_MoveToBorder(side, &utm));
+        ASSERT_EQ(Zones_Wanted(utmref), NO_WANTED_ZONE);
+        const tagKOORD rounded = InOwnZone(utmref, KOORD_UTM);
+        ASSERT_EQ(Zones_Number(rounded), Zones_Number(utm));
+        // A square that reaches over the date line is read no further than to the line.
+        if (Zones_Number(utm) == (side == Compass::East ? 60 : 1)) continue;
+        // Metres: half of one, and the noise of projecting there and back.
+        ASSERT_NEAR(Zones_East(rounded), Zones_East(utm), 0.5 + 2e-6);
+        ASSERT_NEAR(Axis_SignedNorthing(rounded), Axis_SignedNorthing(utm), 2e-6);
+    }
 }
 
 TEST(ZoneBorders, OnlyTheSidesHaveBorderPoints) {
@@ -415,6 +444,18 @@ TEST(ZoneEquator, TheFootOfAZoneIsOnTheEquator) {
     EXPECT_TRUE(SameRecord(strip, Strip(KOORD_GK6, 1600000.0, 0.0)));
 }
 
+TEST(ZoneEquator, TheFootDoesntDependOnTheNorthing) {
+    for (const double northing : {0.1, 9999999.9, 1e300, -HUGE_VAL, std::nan("")}) {
+        tagKOORD south = Utm(32, 'S', 600000.0, northing);
+        ASSERT_TRUE(Zones_MoveToEquator(&south));
+        EXPECT_TRUE(SameRecord(south, Utm(32, 'S', 600000.0, 1.0e7))) << northing;
+        tagKOORD austrian = Austrian(KOORD_BMN, 31, 500000.0, northing);
+        tagKOORD foot = Austrian(KOORD_BMN, 31, 500000.0, 2e5);
+        ASSERT_TRUE(Zones_MoveToEquator(&austrian) && Zones_MoveToEquator(&foot));
+        EXPECT_TRUE(SameRecord(austrian, foot)) << northing;
+    }
+}
+
 TEST(ZoneEquator, TheFootOfAnAustrianZoneIsTheSouthernLimit) {
     // The meridian arc of 45 degrees on the Bessel ellipsoid is 4984439.265 m, by PROJ 9.1.1:
     // echo 0 45 | cs2cs -f %.3f +proj=longlat +ellps=bessel +to +proj=tmerc +ellps=bessel
@@ -498,9 +539,7 @@ TEST(ZoneLimits, AnEastingThatIsNoNumberHasNoLimit) {
 TEST(ZoneBorders, GarbageEnds) {
     Random random(7);
     for (int i = 0; i < 3000; ++i) {
-        tagKOORD record = MakeKoord(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT));
-        for (std::byte& byte : record.payload)
-            byte = static_cast<std::byte>(random.Below(256));
+        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
         const auto direction = static_cast<Compass>(random.Below(COMPASS_COUNT));
         tagKOORD border = record;
         EXPECT_TRUE(Zones_MoveToBorder(direction, &border) || SameRecord(border, record));

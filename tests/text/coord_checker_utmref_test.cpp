@@ -2,11 +2,13 @@
 
 #include <cstring>
 
+#include "frame/tessara_string.h"
 #include "support/coords.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
 #include "support/random.h"
 #include "support/records.h"
+#include "support/zones.h"
 #include "tessara/array.h"
 #include "tessara/coord_checker_utmref.h"
 #include "tessara/kernel/convert.h"
@@ -15,6 +17,7 @@ namespace tessara {
 namespace {
 
 using testing::MakeText;
+using testing::Utmref;
 
 constexpr std::int32_t DATUM_BESSEL = 3;
 
@@ -93,19 +96,6 @@ class CoordCheckerUtmref : public testing::BalancedTest {
     }
 };
 
-tagKOORD Utmref(std::int16_t zone, const char* letters, std::int32_t easting, std::int32_t northing,
-                std::int32_t datum = DATUM_WGS84) {
-    UtmrefPayload p{};
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = zone;
-    p.band = letters[0];
-    p.column = letters[1];
-    p.row = letters[2];
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTMREF, p, datum);
-}
-
 TEST_F(CoordCheckerUtmref, ListsSixtyZones) {
     EXPECT_TRUE(checker->GetZoneList(list.Get()));
     ASSERT_EQ(list->GetCount(), 60u);
@@ -179,19 +169,19 @@ TEST_F(CoordCheckerUtmref, PiecesThatDontExistLeaveNoChoice) {
 }
 
 TEST_F(CoordCheckerUtmref, ListsOfACoordinateFollowItsPieces) {
-    const IRef<ICoord> coord = CoordOf(Utmref(32, "UQA", 7819, 42661));
+    const IRef<ICoord> coord = CoordOf(Utmref(32, 'U', "QA", 7819, 42661));
     EXPECT_TRUE(checker->GetColumnListOf(list.Get(), coord.Get()));
     EXPECT_EQ(Letters(), "KLMNPQ");
     EXPECT_TRUE(checker->GetRowListOf(list.Get(), coord.Get()));
     EXPECT_EQ(Letters(), "UVABCDE");
-    EXPECT_TRUE(checker->GetRowListOf(list.Get(), CoordOf(Utmref(32, "UQA", 0, 0, DATUM_BESSEL)).Get()));
+    EXPECT_TRUE(checker->GetRowListOf(list.Get(), CoordOf(Utmref(32, 'U', "QA", 0, 0, DATUM_BESSEL)).Get()));
     EXPECT_EQ(Letters(), "JKLMNPQ");
     EXPECT_FALSE(checker->GetColumnListOf(list.Get(), CoordOf(GeodezRecord(48, 11)).Get()));
     EXPECT_FALSE(checker->GetRowListOf(list.Get(), CoordOf(GeodezRecord(48, 11)).Get()));
 }
 
 TEST_F(CoordCheckerUtmref, SplitsIntoSixTexts) {
-    ASSERT_TRUE(Split(CoordOf(Utmref(32, "UQA", 42, 7819))));
+    ASSERT_TRUE(Split(CoordOf(Utmref(32, 'U', "QA", 42, 7819))));
     EXPECT_EQ(Typed(), (Pieces{"32", "U", "Q", "A", "00042", "07819"}));
 }
 
@@ -200,9 +190,9 @@ TEST_F(CoordCheckerUtmref, SplitsNothingButUtmrefOnADatum) {
     UtmPayload utm{};
     utm.zone = 32;
     EXPECT_FALSE(Split(CoordOf(Record(KOORD_UTM, utm))));
-    EXPECT_FALSE(Split(CoordOf(Utmref(32, "UQA", 0, 0, NO_DATUM))));
-    EXPECT_FALSE(Split(CoordOf(Utmref(32, "UQA", 0, 0, -1))));
-    EXPECT_FALSE(checker->SplitCoord(CoordOf(Utmref(32, "UQA", 0, 0)).Get(), text[0].Get(), text[1].Get(),
+    EXPECT_FALSE(Split(CoordOf(Utmref(32, 'U', "QA", 0, 0, NO_DATUM))));
+    EXPECT_FALSE(Split(CoordOf(Utmref(32, 'U', "QA", 0, 0, -1))));
+    EXPECT_FALSE(checker->SplitCoord(CoordOf(Utmref(32, 'U', "QA", 0, 0)).Get(), text[0].Get(), text[1].Get(),
                                      text[2].Get(), text[3].Get(), text[4].Get(), nullptr));
     EXPECT_EQ(Typed(), (Pieces{"a", "b", "c", "d", "e", "f"}));
 }
@@ -291,7 +281,7 @@ TEST_F(CoordCheckerUtmref, WhatWasSplitComposesAgain) {
     testing::Random random(4);
     for (int i = 0; i < 1000; ++i) {
         const tagKOORD position = GeodezRecord(random.Between(-80.0, 84.0), random.Between(-180.0, 180.0));
-        tagKOORD reference = Utmref(0, "AAA", 0, 0);
+        tagKOORD reference = Utmref(0, 'A', "AA", 0, 0);
         ASSERT_EQ(KoordConvert(&position, &reference), KOORD_OK);
         ASSERT_TRUE(Split(CoordOf(reference)));
         CKoord target;
@@ -306,7 +296,7 @@ TEST_F(CoordCheckerUtmref, EveryPositionHasPossiblePieces) {
         for (int i = 0; i < 2500; ++i) {
             const tagKOORD position =
                 GeodezRecord(random.Between(-80.0, 84.0), random.Between(-180.0, 180.0), 0.0, datum);
-            tagKOORD reference = Utmref(0, "AAA", 0, 0, datum);
+            tagKOORD reference = Utmref(0, 'A', "AA", 0, 0, datum);
             ASSERT_EQ(KoordConvert(&position, &reference), KOORD_OK);
             EXPECT_TRUE(checker->CheckCoord(CoordOf(reference).Get())) << datum;
         }
@@ -314,15 +304,16 @@ TEST_F(CoordCheckerUtmref, EveryPositionHasPossiblePieces) {
 }
 
 TEST_F(CoordCheckerUtmref, ChecksTheLettersAndTheFirstCharacterOfTheDigits) {
-    EXPECT_TRUE(checker->CheckCoord(CoordOf(Utmref(32, "UQA", 7819, 42661)).Get()));
-    EXPECT_TRUE(checker->CheckCoord(CoordOf(Utmref(32, "uqa", 7819, 42661)).Get()));
-    EXPECT_TRUE(checker->CheckCoord(CoordOf(Utmref(32, "UQA", 123456, 0)).Get()));
-    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, "UQA", -1, 0)).Get()));
-    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, "URA", 0, 0)).Get())) << "a column beyond the zone";
-    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, "UQP", 0, 0)).Get())) << "a row beyond the band";
-    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(61, "UQA", 0, 0)).Get()));
-    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(-32, "UQA", 0, 0)).Get()));
-    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, "UQA", 0, 0, NO_DATUM)).Get()));
+    EXPECT_TRUE(checker->CheckCoord(CoordOf(Utmref(32, 'U', "QA", 7819, 42661)).Get()));
+    EXPECT_TRUE(checker->CheckCoord(CoordOf(Utmref(32, 'u', "qa", 7819, 42661)).Get()));
+    EXPECT_TRUE(checker->CheckCoord(CoordOf(Utmref(32, 'U', "QA", 123456, 0)).Get()));
+    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, 'U', "QA", -1, 0)).Get()));
+    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, 'U', "RA", 0, 0)).Get()))
+        << "a column beyond the zone";
+    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, 'U', "QP", 0, 0)).Get())) << "a row beyond the band";
+    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(61, 'U', "QA", 0, 0)).Get()));
+    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(-32, 'U', "QA", 0, 0)).Get()));
+    EXPECT_FALSE(checker->CheckCoord(CoordOf(Utmref(32, 'U', "QA", 0, 0, NO_DATUM)).Get()));
     EXPECT_FALSE(checker->CheckCoord(CoordOf(GeodezRecord(48.0, 11.0)).Get()));
 }
 
@@ -356,6 +347,24 @@ TEST_F(CoordCheckerUtmref, NullAndForeignObjectsAreFailures) {
     EXPECT_FALSE(checker->GetZoneList(nullptr));
     EXPECT_FALSE(checker->GetBandList(testing::Disguised<IArray>(stranger)));
     EXPECT_FALSE(Compose({"32", "U", "Q", "A", "1", "2"}, nullptr));
+}
+
+TEST_F(CoordCheckerUtmref, TextsThatNobodyHoldsLiveUntilTheEndOfTheOperation) {
+    const auto fresh = [](const char* contents) {
+        ITessaraString* const made = NewObject<TessaraString>();
+        made->AssignText(contents);
+        return made;
+    };
+    ITessaraString* both = fresh("");
+    EXPECT_TRUE(checker->GetColumnList(list.Get(), DATUM_WGS84, both, both, both, both));
+    both = fresh("");
+    EXPECT_TRUE(checker->GetRowList(list.Get(), DATUM_WGS84, both, both, both, both));
+    both = fresh("");
+    EXPECT_TRUE(
+        checker->SplitCoord(CoordOf(Utmref(32, 'U', "QA", 1, 2)).Get(), both, both, both, both, both, both));
+    CKoord target;
+    both = fresh("32");
+    EXPECT_FALSE(checker->ComposeCoord(both, both, both, both, both, both, &target));
 }
 
 TEST_F(CoordCheckerUtmref, WithoutMemoryForAnEntryAListEndsThere) {

@@ -4,16 +4,20 @@
 #include <cmath>
 #include <cstring>
 
+#include "support/garbage.h"
 #include "support/legal_positions.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
+#include "support/zones.h"
 #include "tessara/coordinate_checker.h"
 
 namespace tessara {
 namespace {
 
-constexpr std::int32_t DATUM_GER = 3;  // both on the Bessel ellipsoid
-constexpr std::int32_t DATUM_MGI = 6;
+using testing::Austrian;
+using testing::Strip;
+using testing::Utm;
+using testing::Utmref;
 
 class CoordinateCheckerTest : public testing::BalancedTest {
   protected:
@@ -26,45 +30,6 @@ class CoordinateCheckerTest : public testing::BalancedTest {
                                          testing::MakeHostReference(datum, system).Get());
     }
 };
-
-tagKOORD Utm(char hemisphere, std::int16_t zone, double easting, double northing) {
-    UtmPayload p{};
-    p.hemisphere = hemisphere;
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = zone;
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTM, p);
-}
-
-tagKOORD Utmref(std::int16_t zone, const char* letters, std::int32_t easting, std::int32_t northing) {
-    UtmrefPayload p{};
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = zone;
-    p.band = letters[0];
-    p.column = letters[1];
-    p.row = letters[2];
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTMREF, p);
-}
-
-tagKOORD Gk(double easting, double northing, std::int32_t datum) {
-    GkPayload p{};
-    p.wantedMeridian = NO_WANTED_ZONE;
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_GK, p, datum);
-}
-
-tagKOORD Bmn(std::int16_t meridian, double easting, double northing) {
-    BmnPayload p{};
-    p.wantedMeridian = NO_WANTED_ZONE;
-    p.meridian = meridian;
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_BMN, p, DATUM_MGI);
-}
 
 tagKOORD Converted(double latitude, double longitude, tagKOORD target) {
     const tagKOORD degrees = GeodezRecord(latitude, longitude);
@@ -101,12 +66,12 @@ TEST_F(CoordinateCheckerTest, PixelsNeedToBeNumbersOfTheirSystem) {
 // `echo 716703.5 5500000 | cs2cs -f %.8f EPSG:32632 EPSG:4326` gives the longitude 12.00000122, and a metre
 // is 0.000014 degrees there. The western border is the mirror image.
 TEST_F(CoordinateCheckerTest, AUtmPositionLiesWithinItsZone) {
-    EXPECT_TRUE(Check(Utm('N', 32, 716703.0, 5500000.0)));
-    EXPECT_FALSE(Check(Utm('N', 32, 716704.0, 5500000.0)));
-    EXPECT_TRUE(Check(Utm('N', 32, 283297.0, 5500000.0)));
-    EXPECT_FALSE(Check(Utm('N', 32, 283296.0, 5500000.0)));
-    EXPECT_TRUE(InArea(Utm('N', 32, 716703.0, 5500000.0)));
-    EXPECT_FALSE(InArea(Utm('N', 32, 716704.0, 5500000.0)));
+    EXPECT_TRUE(Check(Utm(32, 'N', 716703.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm(32, 'N', 716704.0, 5500000.0)));
+    EXPECT_TRUE(Check(Utm(32, 'N', 283297.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm(32, 'N', 283296.0, 5500000.0)));
+    EXPECT_TRUE(InArea(Utm(32, 'N', 716703.0, 5500000.0)));
+    EXPECT_FALSE(InArea(Utm(32, 'N', 716704.0, 5500000.0)));
 }
 
 TEST_F(CoordinateCheckerTest, ABorderBelongsToBothZones) {
@@ -144,37 +109,37 @@ TEST_F(CoordinateCheckerTest, TheBorderOfAZoneRunsAlongItsMeridian) {
 
 // Northings of latitude 84 from cs2cs: 9328093.8 on the central meridian, 9329005.2 three degrees off.
 TEST_F(CoordinateCheckerTest, UtmEndsAtANorthing) {
-    EXPECT_TRUE(Check(Utm('N', 32, 500000.0, 9328093.0)));
-    EXPECT_FALSE(Check(Utm('N', 32, 500000.0, 9328095.0)));
+    EXPECT_TRUE(Check(Utm(32, 'N', 500000.0, 9328093.0)));
+    EXPECT_FALSE(Check(Utm(32, 'N', 500000.0, 9328095.0)));
     EXPECT_FALSE(Check(Converted(84.0, 11.9999, MakeKoord(DATUM_WGS84, KOORD_UTM))));
 }
 
 TEST_F(CoordinateCheckerTest, AZoneThatIsWantedFarAwayIsRefused) {
-    UtmPayload wanted = Load<UtmPayload>(Utm('N', 32, 500000.0, 5500000.0));
+    UtmPayload wanted = Load<UtmPayload>(Utm(32, 'N', 500000.0, 5500000.0));
     wanted.wantedZone = 50;
     EXPECT_FALSE(Check(Record(KOORD_UTM, wanted)));
-    EXPECT_FALSE(Check(Utm('N', 0, 500000.0, 5500000.0)));
-    EXPECT_FALSE(Check(Utm('N', 61, 500000.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm(0, 'N', 500000.0, 5500000.0)));
+    EXPECT_FALSE(Check(Utm(61, 'N', 500000.0, 5500000.0)));
 }
 
 TEST_F(CoordinateCheckerTest, AUtmrefHasTheLettersOfAnExistingSquare) {
-    EXPECT_TRUE(Check(Utmref(32, "UQA", 7819, 42661)));
-    EXPECT_FALSE(Check(Utmref(32, "URA", 0, 0))) << "a column beyond the zone";
-    EXPECT_FALSE(Check(Utmref(32, "UQP", 0, 0))) << "a row beyond the band";
-    EXPECT_FALSE(Check(Utmref(32, "uQA", 7819, 42661))) << "a small letter";
+    EXPECT_TRUE(Check(Utmref(32, 'U', "QA", 7819, 42661)));
+    EXPECT_FALSE(Check(Utmref(32, 'U', "RA", 0, 0))) << "a column beyond the zone";
+    EXPECT_FALSE(Check(Utmref(32, 'U', "QP", 0, 0))) << "a row beyond the band";
+    EXPECT_FALSE(Check(Utmref(32, 'u', "QA", 7819, 42661))) << "a small letter";
     // The south-western corner of a square that reaches into band U from below 48 degrees.
-    EXPECT_TRUE(Check(Utmref(32, "UMU", 0, 0)));
+    EXPECT_TRUE(Check(Utmref(32, 'U', "MU", 0, 0)));
 }
 
 // Longitudes from cs2cs with +proj=tmerc +ellps=bessel: on the meridian 9, northing 5500000, the offsets
 // 108355 and 108356 lie at 10.49998949 and 10.50000333 degrees; on 31 east of Ferro, 13.3333333, northing
 // 5200000, the offsets 114218 and 114219 at 14.83332373 and 14.83333686.
 TEST_F(CoordinateCheckerTest, StripsEndAtTheirBorders) {
-    EXPECT_TRUE(Check(Gk(3608355.0, 5500000.0, DATUM_GER)));
-    EXPECT_FALSE(Check(Gk(3608356.0, 5500000.0, DATUM_GER)));
-    EXPECT_TRUE(Check(Bmn(31, 564218.0, 200000.0)));
-    EXPECT_FALSE(Check(Bmn(31, 564219.0, 200000.0)));
-    EXPECT_FALSE(Check(Bmn(0, 450000.0, 200000.0))) << "no meridian";
+    EXPECT_TRUE(Check(Strip(KOORD_GK, 3608355.0, 5500000.0)));
+    EXPECT_FALSE(Check(Strip(KOORD_GK, 3608356.0, 5500000.0)));
+    EXPECT_TRUE(Check(Austrian(KOORD_BMN, 31, 564218.0, 200000.0)));
+    EXPECT_FALSE(Check(Austrian(KOORD_BMN, 31, 564219.0, 200000.0)));
+    EXPECT_FALSE(Check(Austrian(KOORD_BMN, 0, 450000.0, 200000.0))) << "no meridian";
 }
 
 TEST_F(CoordinateCheckerTest, EverySystemWithTextsHasLegalPositions) {
@@ -269,9 +234,7 @@ TEST_F(CoordinateCheckerTest, NullAndForeignObjectsAreFailures) {
 TEST_F(CoordinateCheckerTest, GarbageIsAnswered) {
     testing::Random random(4300);
     for (int i = 0; i < 20000; ++i) {
-        tagKOORD record = MakeKoord(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT));
-        for (std::byte& byte : record.payload)
-            byte = static_cast<std::byte>(random.Below(256));
+        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
         const bool answer = Check(record);
         if (!answer || record.type <= KOORD_FLOATPIXEL) continue;
         tagKOORD position = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);

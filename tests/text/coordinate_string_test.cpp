@@ -2,9 +2,11 @@
 
 #include <cstring>
 
+#include "frame/tessara_string.h"
 #include "support/legal_positions.h"
 #include "support/live_objects.h"
 #include "support/texts.h"
+#include "support/zones.h"
 
 namespace tessara {
 namespace {
@@ -15,31 +17,14 @@ using testing::Parse;
 using testing::PlainTextsOf;
 using testing::StringOf;
 using testing::TextPair;
+using testing::Utm;
 
 constexpr std::int32_t DATUM_GER = 3;
 
 class CoordinateStringTest : public testing::BalancedTest {};
 
-tagKOORD Utm(char hemisphere, std::int16_t zone, double easting, double northing) {
-    UtmPayload p{};
-    p.hemisphere = hemisphere;
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = zone;
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTM, p);
-}
-
 tagKOORD Utmref(std::int32_t easting, std::int32_t northing) {
-    UtmrefPayload p{};
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = 32;
-    p.band = 'U';
-    p.column = 'Q';
-    p.row = 'A';
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTMREF, p);
+    return testing::Utmref(32, 'U', "QA", easting, northing);
 }
 
 tagKOORD Geograd(std::int16_t latDegrees, std::int16_t latMinutes, double latSeconds) {
@@ -77,7 +62,7 @@ TEST_F(CoordinateStringTest, KeepsACopyOfWhatItIsGiven) {
 }
 
 TEST_F(CoordinateStringTest, ShowsUtmWithMillimetres) {
-    const tagKOORD record = Utm('N', 32, 500000.0, 5400000.0);
+    const tagKOORD record = Utm(32, 'N', 500000.0, 5400000.0);
     EXPECT_EQ(PlainTextsOf(record), (TextPair{"N 5400000.000", "32 500000.000"}));
     EXPECT_EQ(DisplayTextsOf(record), (TextPair{"5400000.000", "32500000.000"}));
     EXPECT_EQ(PlainTextsOf(record, 0.01), (TextPair{"N 5400000.00", "32 500000.00"}));
@@ -159,7 +144,7 @@ TEST_F(CoordinateStringTest, AnotherSystemUnsetsThePrecisionsAndAnotherDatumDoes
     testing::SetResolution(string, 0.1);
     EXPECT_TRUE(string->SetCoord(CoordOf(GeodezRecord(47.5, 10.5, 0.0, DATUM_GER)).Get()));
     EXPECT_EQ(PlainTextsOf(string), (TextPair{"47.5", "10.5"}));
-    EXPECT_TRUE(string->SetCoord(CoordOf(Utm('N', 32, 500000.0, 5400000.0)).Get()));
+    EXPECT_TRUE(string->SetCoord(CoordOf(Utm(32, 'N', 500000.0, 5400000.0)).Get()));
     EXPECT_EQ(PlainTextsOf(string), (TextPair{"N 5400000.000", "32 500000.000"}));
 }
 
@@ -225,7 +210,7 @@ TEST_F(CoordinateStringTest, CartesianTextsOfAPlace) {
 
 TEST_F(CoordinateStringTest, GeographicTextsHaveTheDecimalsOfTheHeldSystem) {
     // echo 500000 5400000 | cs2cs -f %.6f EPSG:32631 EPSG:4326
-    CKoord utm(Utm('N', 31, 500000.0, 5400000.0));
+    CKoord utm(Utm(31, 'N', 500000.0, 5400000.0));
     utm.SetHeight(12.34567);
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
     EXPECT_TRUE(string->SetCoord(CoordOf(utm).Get()));
@@ -239,7 +224,7 @@ TEST_F(CoordinateStringTest, GeographicTextsHaveTheDecimalsOfTheHeldSystem) {
 }
 
 TEST_F(CoordinateStringTest, ViewsOfWhatDoesntConvertAreEmpty) {
-    const IRef<ICoordinateString> string = StringOf(Utm('N', 99, 500000.0, 0.0));
+    const IRef<ICoordinateString> string = StringOf(Utm(99, 'N', 500000.0, 0.0));
     const IRef<ITessaraString> a = MakeText("a");
     const IRef<ITessaraString> b = MakeText("b");
     const IRef<ITessaraString> c = MakeText("c");
@@ -337,6 +322,15 @@ TEST_F(CoordinateStringTest, OneTextMayServeForBothAxes) {
     const IRef<ITessaraString> text = MakeText("12.5");
     EXPECT_TRUE(string->ParseCoord(ReferenceOf(DATUM_WGS84, KOORD_GEODEZ).Get(), text.Get(), text.Get()));
     EXPECT_EQ(PlainTextsOf(string), (TextPair{"12.5000000", "12.5000000"}));
+}
+
+TEST_F(CoordinateStringTest, ATextThatNobodyHoldsLivesUntilTheEndOfTheReading) {
+    const IRef<ICoordinateString> string(CreateClassCoordinateString());
+    const IRef<ICoordinateReference> reference = ReferenceOf(DATUM_WGS84, KOORD_LONGPIXEL);
+    ITessaraString* const both = NewObject<TessaraString>();
+    both->AssignText("12");
+    EXPECT_TRUE(string->ParseCoord(reference.Get(), both, both));
+    EXPECT_EQ(PlainTextsOf(string), (TextPair{"12", "12"}));
 }
 
 TEST_F(CoordinateStringTest, AFailedReadingChangesNothing) {

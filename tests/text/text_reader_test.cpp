@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace tessara {
 namespace {
@@ -42,10 +45,29 @@ TEST(TextReader, TakesEverySpellingOfADecimalNumber) {
 
 TEST(TextReader, KnowsWhatIsNoNumber) {
     for (const char* text :
-         {"",    " ",    "abc",    ".",   "+",   "-",    "--5",      "+-5",   "- 5",    "e5",    ".e5",
-          "12e", "12e+", "48.5E ", "nan", "inf", "-inf", "Infinity", "1e999", "-1e999", "1e-999"}) {
+         {"",    " ",   "abc",  ".",      "+",   "-",   "--5",  "+-5",      "- 5",   "e5",
+          ".e5", "12e", "12e+", "48.5E ", "nan", "inf", "-inf", "Infinity", "1e999", "-1e999"}) {
         EXPECT_EQ(NumberIn(text), std::nullopt) << text;
     }
+}
+
+TEST(TextReader, ANumberTooSmallForADoubleIsZeroAndOneTooLargeIsNone) {
+    const std::string zeros(400, '0');
+    const std::string nines(25, '9');
+    for (const std::string& text : std::vector<std::string>{
+             "1e-999", "+1e-999", ".5E-400", "0." + zeros + "1", "0." + zeros + "1e5", "1" + zeros + "e-999",
+             "1e-" + nines, "0e" + nines, "0e-" + nines, "0." + zeros + "e+" + nines}) {
+        EXPECT_EQ(NumberIn(text), 0.0) << text;
+        EXPECT_EQ(NumberIn("-" + text.substr(text.front() == '+' ? 1 : 0)), 0.0) << text;
+    }
+    EXPECT_TRUE(std::signbit(*NumberIn("-1e-999")));
+    EXPECT_EQ(NumberIn("5e-324"), 5e-324) << "the smallest double";
+    for (const std::string& text :
+         std::vector<std::string>{"1e999", std::string("+1e999"), "1" + zeros, "1" + zeros + ".5",
+                                  "1" + zeros + "e-5", "0." + zeros + "1e999", "1e" + nines, "1e+" + nines}) {
+        EXPECT_EQ(NumberIn(text), std::nullopt) << text;
+    }
+    EXPECT_EQ(NumberIn("1" + zeros + "e-400"), 1.0);
 }
 
 TEST(TextReader, WholeNumbersAreDecimalAlsoWithLeadingZeros) {

@@ -6,10 +6,14 @@
 #include <limits>
 
 #include "support/records.h"
+#include "support/zones.h"
 #include "tessara/ckoord.h"
 
 namespace tessara {
 namespace {
+
+using testing::Utm;
+using testing::Utmref;
 
 struct Written {
     std::string north;
@@ -27,27 +31,6 @@ Written Write(const tagKOORD& record, int decimals) {
     if (!Text_Write(Axis::North, record, decimals, &texts.north)) texts.north = "(false)";
     if (!Text_Write(Axis::East, record, decimals, &texts.east)) texts.east = "(false)";
     return texts;
-}
-
-tagKOORD Utm(char hemisphere, std::int16_t zone, double easting, double northing) {
-    UtmPayload p{};
-    p.hemisphere = hemisphere;
-    p.zone = zone;
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTM, p);
-}
-
-tagKOORD Utmref(std::int16_t zone, const char* letters, std::int32_t easting, std::int32_t northing) {
-    UtmrefPayload p{};
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = zone;
-    p.band = letters[0];
-    p.column = letters[1];
-    p.row = letters[2];
-    p.easting = easting;
-    p.northing = northing;
-    return Record(KOORD_UTMREF, p);
 }
 
 struct Sexagesimal {
@@ -126,8 +109,8 @@ TEST(TextWrite, EverySystemHasItsWords) {
     } cases[] = {
         {Record(KOORD_LONGPIXEL, LongPixelPayload{12, -7}), {"-7", "12"}},
         {Record(KOORD_FLOATPIXEL, FloatPixelPayload{1.5, -2.25}), {"-2.250", "1.500"}},
-        {Utm('N', 32, 500000.0, 5400000.0), {"N 5400000.000", "32 500000.000"}},
-        {Utmref(32, "UQA", 7819, 42661), {"U A 42661.000", "32 Q 7819.000"}},
+        {Utm(32, 'N', 500000.0, 5400000.0), {"N 5400000.000", "32 500000.000"}},
+        {Utmref(32, 'U', "QA", 7819, 42661), {"U A 42661.000", "32 Q 7819.000"}},
         {GeodezRecord(48.5, -11.25), {"48.500", "-11.250"}},
         {Geograd({'N', 48, 5, 3.25}, {'W', 11, 0, 59.5}), {"N 48 5 3.250", "W 11 0 59.500"}},
         {Georef(4), {"G A 0007", "N B 0059"}},
@@ -172,12 +155,12 @@ TEST(TextWrite, PixelsOfEverySizeAreWritten) {
 
 // Zones and hemispheres are written as they are, however senseless.
 TEST(TextWrite, RecordsArentJudged) {
-    EXPECT_EQ(Write(Utm('q', -7, 1.0, 2.0), 0), (Written{"q 2", "-7 1"}));
-    EXPECT_EQ(Write(Utm('N', 1, HUGE_VAL, NAN), 0).east, "1 inf");
+    EXPECT_EQ(Write(Utm(-7, 'q', 1.0, 2.0), 0), (Written{"q 2", "-7 1"}));
+    EXPECT_EQ(Write(Utm(1, 'N', HUGE_VAL, NAN), 0).east, "1 inf");
 }
 
 TEST(TextWrite, ALetterThatIsZeroEndsTheText) {
-    EXPECT_EQ(Write(Utm('\0', 32, 500000.0, 5400000.0), 3), (Written{"", "32 500000.000"}));
+    EXPECT_EQ(Write(Utm(32, '\0', 500000.0, 5400000.0), 3), (Written{"", "32 500000.000"}));
     EXPECT_EQ(Write(LetterGrid(KOORD_ING, '\0', '\0'), 3), (Written{"180000.250 ", "530000.500 "}));
     UtmrefPayload empty{};
     EXPECT_EQ(Write(Record(KOORD_UTMREF, empty), 0), (Written{"", "0 "}));
@@ -242,9 +225,9 @@ TEST(TextWrite, AtTheEndOfTheSystemTheEndIsShown) {
 
 // 99999 m and a half are still within the square: only a hand-made record has more.
 TEST(TextWrite, MetresOfASquareCarryIntoTheNextOne) {
-    EXPECT_EQ(Write(Utmref(32, "UQA", 99999, 99999), 0), (Written{"U A 99999", "32 Q 99999"}));
+    EXPECT_EQ(Write(Utmref(32, 'U', "QA", 99999, 99999), 0), (Written{"U A 99999", "32 Q 99999"}));
     // Half a metre east of the edge, which is as near to one metre as to the other.
-    EXPECT_THAT(Write(Utmref(32, "UPA", 100000, 42661), 0).east, ::testing::MatchesRegex("32 Q [01]"));
+    EXPECT_THAT(Write(Utmref(32, 'U', "PA", 100000, 42661), 0).east, ::testing::MatchesRegex("32 Q [01]"));
 }
 
 TEST(TextWrite, WhatIsntANumberDoesntCarry) {
