@@ -4,6 +4,7 @@
 #include <limits>
 #include <string_view>
 
+#include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "tessara/kernel/constants.h"
 
@@ -23,8 +24,6 @@ constexpr std::int32_t COLUMNS_PER_ZONE = 8;
 constexpr std::int32_t ROWS_PER_PARITY = 5;         // even zones start five rows on
 constexpr char CENTRE_COLUMN[3] = {'W', 'E', 'N'};  // by the zone's remainder by 3
 
-constexpr std::int32_t NOT_FOUND = -1;
-
 template <class Payload, class Value>
 void SetField(Value Payload::*field, Value value, tagKOORD* record) {
     auto payload = Load<Payload>(*record);
@@ -32,19 +31,13 @@ void SetField(Value Payload::*field, Value value, tagKOORD* record) {
     Store(*record, payload);
 }
 
-std::int32_t IndexOf(std::string_view letters, char letter) {
-    const char upper = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-    const auto index = letters.find(upper);
-    return index != std::string_view::npos ? static_cast<std::int32_t>(index) : NOT_FOUND;
-}
-
 // Moves a letter along its alphabet. A letter that stays isn't looked at; false for one that isn't in the
 // alphabet and for a step past its end.
 bool StepLetter(std::string_view letters, std::int32_t steps, char* letter) {
     if (steps == 0) return true;
-    const std::int32_t index = IndexOf(letters, *letter);
+    const std::int32_t index = LetterIndex(letters, UpperCase(*letter));
     const std::int32_t stepped = index + steps;
-    if (index == NOT_FOUND || stepped < 0 || stepped >= static_cast<std::int32_t>(letters.size()))
+    if (index == NO_LETTER || stepped < 0 || stepped >= static_cast<std::int32_t>(letters.size()))
         return false;
     *letter = letters[static_cast<std::size_t>(stepped)];
     return true;
@@ -53,8 +46,8 @@ bool StepLetter(std::string_view letters, std::int32_t steps, char* letter) {
 // The same on a ring, which has no end.
 bool StepAround(std::string_view ring, std::int32_t steps, char* letter) {
     if (steps == 0) return true;
-    const std::int32_t index = IndexOf(ring, *letter);
-    if (index == NOT_FOUND) return false;
+    const std::int32_t index = LetterIndex(ring, UpperCase(*letter));
+    if (index == NO_LETTER) return false;
     const auto size = static_cast<std::int32_t>(ring.size());
     *letter = ring[static_cast<std::size_t>((index + steps + size) % size)];
     return true;
