@@ -28,7 +28,10 @@ template <const GUID& UnknownId, class I>
 class COMCounterMT {
   public:
     constexpr COMCounterMT() = default;
-    explicit COMCounterMT(IUnknown* object) { Query(object); }
+    // Takes what a query gives only if it gives RESULT_OK.
+    explicit COMCounterMT(IUnknown* object) {
+        if (Query(object) != RESULT_OK) pointer_ = nullptr;
+    }
     COMCounterMT(const COMCounterMT& other) : pointer_(other.pointer_) {
         if (pointer_ != nullptr) pointer_->AddRef();
     }
@@ -37,14 +40,13 @@ class COMCounterMT {
     virtual ~COMCounterMT() { ReleasePointer(); }
 
   protected:
-    // The result code isn't looked at: a query that fails writes null, and one that writes nothing finds
-    // null.
-    void Query(IUnknown* object) {
-        if (object == nullptr) return;
+    // Fills an empty holder with what the object answers: null for a query that writes nothing.
+    ResultCode Query(IUnknown* object) {
+        if (object == nullptr) return RESULT_NO_INTERFACE;
         void* face = nullptr;
-        object->QueryInterface(&IidOf<I>, &face);
-        ReleasePointer();
+        const ResultCode result = object->QueryInterface(&IidOf<I>, &face);
         pointer_ = static_cast<I*>(face);
+        return result;
     }
 
     void ReleasePointer() {
@@ -101,11 +103,12 @@ class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounter
 
   public:
     constexpr IRef() = default;
-    // Asks the object for I; empty if it is null or has none.
-    explicit IRef(Unknown* object) : Base(object) {}
+    // Asks the object for I; empty if it is null or has none. The result code isn't looked at: a query that
+    // fails writes null.
+    explicit IRef(Unknown* object) { this->Query(object); }
     // Asks the object behind another handle.
     template <class Other>
-    explicit IRef(const IRef<Other, Unknown>& other) : Base(other.Get()) {}
+    explicit IRef(const IRef<Other, Unknown>& other) : IRef(other.Get()) {}
     // A new object of a registered class; empty without an object manager.
     explicit IRef(const GUID& classId) {
         void* face = nullptr;

@@ -20,8 +20,7 @@ inline constexpr std::string_view UTMREF_ROWS_AL = "LMNPQRSTUVABCDEFGHJK";
 
 inline constexpr std::int32_t UTMREF_ROW_CYCLE = 20;
 inline constexpr std::int32_t UTMREF_EVEN_ZONE_ROW_SHIFT = 5;
-inline constexpr double UTMREF_SQUARE = 100000.0;             // metres
-inline constexpr double UTM_SOUTHERN_FALSE_NORTHING = 1.0e7;  // metres, also where the rows end
+inline constexpr double UTMREF_SQUARE = 100000.0;  // metres
 inline constexpr double UTMREF_BAND_DEGREES = 8.0;
 
 [[nodiscard]] constexpr std::string_view Utmref_ColumnLetters(std::int32_t zone) {

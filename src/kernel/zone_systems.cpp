@@ -15,7 +15,6 @@ constexpr double FALSE_EASTING = 500000.0;
 
 constexpr std::int32_t UTM_ZONES = 60;
 constexpr double UTM_SCALE = 0.9996;
-constexpr double UTM_FALSE_NORTHING_SOUTH = 1.0e7;
 
 constexpr double STRIP_MILLION = 1.0e6;
 constexpr double STRIP_EASTING_END = 999999.999999;
@@ -153,7 +152,7 @@ KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const 
                &payload->northing, forward);
     if (latLon[0] == 0.0 && payload->northing < 0.0) payload->northing = 0.0;
     payload->hemisphere = payload->northing < 0.0 ? 'S' : 'N';
-    if (payload->northing < 0.0) payload->northing += UTM_FALSE_NORTHING_SOUTH;
+    if (payload->northing < 0.0) payload->northing += UTM_SOUTHERN_FALSE_NORTHING;
     return isDistant ? KOORD_ERR_ZONE_DISTANT : KOORD_OK;
 }
 
@@ -163,7 +162,7 @@ KoordStatus UTM_ToGeodetic(const UtmPayload* payload, double latLon[2], const Tm
     double lon;
     double lat;
     TM_Inverse(payload->easting, payload->northing, UTM_SCALE, FALSE_EASTING,
-               isSouth ? UTM_FALSE_NORTHING_SOUTH : 0.0, UtmMeridian(payload->zone), &lon, &lat, inverse);
+               isSouth ? UTM_SOUTHERN_FALSE_NORTHING : 0.0, UtmMeridian(payload->zone), &lon, &lat, inverse);
     latLon[0] = SnapToEither(UTM_LIMITS.south, UTM_LIMITS.north, lat, LIMIT_TOLERANCE_DEGREES);
     latLon[1] = SnapToEither(UTM_LIMITS.west, UTM_LIMITS.east, lon, LIMIT_TOLERANCE_DEGREES);
     return KOORD_OK;

@@ -1,5 +1,6 @@
 #include "objects/axis_copy.h"
 
+#include "kernel/letters.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 
@@ -29,7 +30,7 @@ char RowInZone(char row, int fromZone, int toZone) {
     const int fromParity = fromZone % 2 != 0 ? 1 : 0;
     const int toParity = toZone % 2 != 0 ? 1 : 0;
     if (fromParity == toParity) return row;
-    char walked = row >= 'a' && row <= 'z' ? static_cast<char>(row - 'a' + 'A') : row;
+    char walked = UpperCase(row);
     for (int i = 0; i < 5; ++i)
         walked = StepRow(walked, toParity < fromParity ? 1 : -1);
     return walked;

@@ -3,11 +3,10 @@
 #include <cstring>
 
 #include "kernel/numeric.h"
+#include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
-
-constexpr double UTM_SOUTH = 1.0e7;  // what a southern northing is counted up by
 
 // Where in the payload the two doubles stand.
 struct AxisOffsets {
@@ -91,7 +90,7 @@ void Axis_SetValue(Axis axis, double value, tagKOORD* record) {
 double Axis_SignedNorthing(const tagKOORD& record) {
     const double northing = Axis_Value(Axis::North, record);
     const bool isSouth = record.type == KOORD_UTM && IsSouth(Load<UtmPayload>(record));
-    return isSouth ? northing - UTM_SOUTH : northing;
+    return isSouth ? northing - UTM_SOUTHERN_FALSE_NORTHING : northing;
 }
 
 void Axis_SetSignedNorthing(double northing, tagKOORD* record) {
@@ -101,7 +100,7 @@ void Axis_SetSignedNorthing(double northing, tagKOORD* record) {
     }
     auto payload = Load<UtmPayload>(*record);
     payload.hemisphere = northing < 0.0 ? 'S' : 'N';
-    payload.northing = northing < 0.0 ? northing + UTM_SOUTH : northing;
+    payload.northing = northing < 0.0 ? northing + UTM_SOUTHERN_FALSE_NORTHING : northing;
     Store(*record, payload);
 }
 

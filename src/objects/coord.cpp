@@ -14,10 +14,6 @@
 namespace tessara {
 namespace {
 
-bool IsPixel(std::int32_t system) {
-    return system == KOORD_LONGPIXEL || system == KOORD_FLOATPIXEL;
-}
-
 std::int32_t DatumOf(const CKoord& koord) {
     return static_cast<std::int32_t>(koord.datum);
 }
@@ -45,7 +41,7 @@ bool Coord::SetPixel(double x, double y) {
 }
 
 bool Coord::GetPixel(double* x, double* y) {
-    if (!valid_ || !IsPixel(SystemOf(koord_)) || x == nullptr || y == nullptr) return false;
+    if (!valid_ || !IsPixelType(SystemOf(koord_)) || x == nullptr || y == nullptr) return false;
     const FloatPixelPayload pixel = PixelOf(koord_);
     *x = pixel.x;
     *y = pixel.y;
@@ -109,8 +105,8 @@ bool Coord::SetReference(ICoordinateReference* newReference) {
     if (datum == DatumOf(koord_) && system == SystemOf(koord_)) return true;
 
     if (valid_) {
-        const bool fromPixel = IsPixel(SystemOf(koord_));
-        const bool toPixel = IsPixel(system);
+        const bool fromPixel = IsPixelType(SystemOf(koord_));
+        const bool toPixel = IsPixelType(system);
         if (fromPixel && toPixel) return SetPixelReference(datum, system);
         // Relating a pixel and a world position takes a map.
         if (fromPixel || toPixel) valid_ = false;
@@ -146,8 +142,11 @@ void Coord::SetEmptyReference(std::int32_t datum, std::int32_t system) {
 bool Coord::ConvertTo(std::int32_t datum, std::int32_t system) {
     CKoord target;
     if (!DefaultKoord(datum, system, &target)) return false;
-    if (KoordConvert(&koord_, &target) != KOORD_OK) return false;
-    target.SetHeight(koord_.GetHeight());
+    // A copy forgets which ECEF values its height belongs to: at the earth's centre, the default of ECEF, it
+    // takes the height it was given for the height that is there, whatever the datum.
+    const CKoord source(koord_);
+    if (KoordConvert(&source, &target) != KOORD_OK) return false;
+    target.SetHeight(source.GetHeight());
     koord_ = target;
     return true;
 }

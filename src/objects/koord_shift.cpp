@@ -17,8 +17,6 @@ namespace {
 
 constexpr std::int32_t CHECKED = 1;  // conversions test the limits of the system
 
-constexpr double EQUATOR_OF_SOUTH = 1.0e7;  // the southern northing of the equator
-
 constexpr double SQUARE_SIZE = 100000.0;
 
 // Closer to a limit than this counts as on it.
@@ -90,11 +88,11 @@ void AddUtmNorthing(double delta, tagKOORD* record) {
     auto payload = Load<UtmPayload>(*record);
     const bool isSouth = UpperCase(payload.hemisphere) == 'S';
     const double sum = payload.northing + delta;
-    if (delta >= 0.0 && isSouth && sum > EQUATOR_OF_SOUTH) {
-        payload.northing -= EQUATOR_OF_SOUTH;
+    if (delta >= 0.0 && isSouth && sum > UTM_SOUTHERN_FALSE_NORTHING) {
+        payload.northing -= UTM_SOUTHERN_FALSE_NORTHING;
         payload.hemisphere = 'N';
     } else if (delta < 0.0 && !isSouth && sum < 0.0) {
-        payload.northing += EQUATOR_OF_SOUTH;
+        payload.northing += UTM_SOUTHERN_FALSE_NORTHING;
         payload.hemisphere = 'S';
     }
     payload.northing += delta;

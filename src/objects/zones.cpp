@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "kernel/utmref_letters.h"
 #include "tessara/kernel/constants.h"

@@ -12,10 +12,6 @@
 namespace tessara {
 namespace {
 
-bool IsPixel(const tagKOORD& record) {
-    return record.type == KOORD_LONGPIXEL || record.type == KOORD_FLOATPIXEL;
-}
-
 bool IsKernelReference(std::int32_t datum, std::int32_t system) {
     return datum >= 0 && datum < DATUM_COUNT && system >= 0 && system < KOORD_TYPE_COUNT;
 }
@@ -64,9 +60,10 @@ bool Check_InSystemArea(const tagKOORD& record) {
 
 bool Check_Record(const tagKOORD& record) {
     if (!Check_InSystemArea(record)) return false;
-    if (IsPixel(record)) return true;
     const auto datum = static_cast<std::int32_t>(record.datum);
-    if (!IsKernelReference(datum, static_cast<std::int32_t>(record.type))) return false;
+    const auto system = static_cast<std::int32_t>(record.type);
+    if (IsPixelType(system)) return true;
+    if (!IsKernelReference(datum, system)) return false;
     if (!SurvivesRoundTrip(record)) return false;
     return record.type != KOORD_UTMREF || Utmref_HasExistingPieces(record);
 }

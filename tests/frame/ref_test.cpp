@@ -248,6 +248,18 @@ TEST_F(Ref, TheHolderAndTheCountedHandleAreMadeFromAnObjectToo) {
     EXPECT_FALSE(Handle(testing::MakeStranger().Get()).IsValid());
 }
 
+TEST_F(Ref, TheHolderTakesNothingOfAQueryThatFails) {
+    std::string log;
+    Recorder a('a', &log);
+    a.result = RESULT_FAIL;
+    {
+        using Holder = ObjectManagerUtils::COMCounterMT<IID_IUnknown, IUnknown>;
+        const ObjectManagerUtils::CPPRef<IUnknown, Holder> handle(&a);
+        EXPECT_FALSE(handle.IsValid());
+    }
+    EXPECT_EQ(log, "a?") << "nor releases it";
+}
+
 // An object that looks, while it dies, at the handle that held it.
 class Witness : public IUnknown {
   public:

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "support/exports.h"
+#include "support/sanitized.h"
 
 namespace tessara {
 namespace {
@@ -50,27 +51,17 @@ std::string Difference(const std::set<std::string>& left, const std::set<std::st
     return names;
 }
 
-bool IsSanitized() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    return true;
-#elif defined(__has_feature)
-    return __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-    return false;
-#endif
-}
-
 TEST(Exports, NoneIsMissing) {
     EXPECT_EQ(Difference(ListedExports(), ActualExports()), "");
 }
 
 TEST(Exports, NoneIsAdded) {
-    if (IsSanitized()) GTEST_SKIP() << "sanitizers export symbols of their own";
+    if (testing::IS_SANITIZED) GTEST_SKIP() << "sanitizers export symbols of their own";
     EXPECT_EQ(Difference(ActualExports(), ListedExports()), "");
 }
 
 TEST(Exports, TheLibraryNeedsTheStandardLibraryOnly) {
-    if (IsSanitized()) GTEST_SKIP() << "sanitizers bring libraries of their own";
+    if (testing::IS_SANITIZED) GTEST_SKIP() << "sanitizers bring libraries of their own";
     const std::set<std::string> standard{"libstdc++", "libc++", "libc++abi",       "libgcc_s",
                                          "libm",      "libc",   "ld-linux-x86-64", "ld-linux-aarch64"};
     std::istringstream lines = Ask("readelf -d -W");

@@ -4,31 +4,29 @@
 
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/tm_constants.h"
+#include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
 
+using ::tessara::testing::ExpectPosition;
 using ::tessara::testing::ForwardConstants;
+using ::tessara::testing::Geodetic;
 using ::tessara::testing::InverseConstants;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
+using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
+using ::tessara::testing::ROUND_TRIP_TOLERANCE;
 
 constexpr std::int32_t MGI = 6;
 constexpr double FERRO = 17.666666666666;  // degrees west of Greenwich
-
-// Metres; divided by 111 km (75 km on a parallel of Austria) degrees.
-constexpr double REFERENCE_TOLERANCE = 5e-6;
-constexpr double ROUND_TRIP_TOLERANCE = 2e-6;  // the coefficient 1/61440 of the inverse series costs 1.3e-6
 
 struct Grid {
     const char* name;
@@ -40,12 +38,6 @@ struct Grid {
 
 class AustrianGrids : public ::testing::TestWithParam<Grid> {
   protected:
-    struct Geodetic {
-        KoordStatus status;
-        double lat;
-        double lon;
-    };
-
     [[nodiscard]] BmnPayload To(double lat, double lon, std::int32_t wantedMeridian = NO_WANTED_ZONE) const {
         const double latLon[2] = {lat, lon};
         BmnPayload payload{};
@@ -90,10 +82,7 @@ TEST_P(AustrianGrids, AgreeWithProj) {
         EXPECT_EQ(payload.meridian, meridian);
         EXPECT_NEAR(payload.easting, easting, REFERENCE_TOLERANCE);
         EXPECT_NEAR(payload.northing, northing, REFERENCE_TOLERANCE);
-        const Geodetic position = From(GridValues(meridian, easting, northing));
-        EXPECT_EQ(position.status, KOORD_OK);
-        EXPECT_NEAR(position.lat, lat, REFERENCE_TOLERANCE / 111000.0);
-        EXPECT_NEAR(position.lon, lon, REFERENCE_TOLERANCE / 75000.0);
+        ExpectPosition(From(GridValues(meridian, easting, northing)), lat, lon, REFERENCE_TOLERANCE);
     }
 }
 
@@ -124,14 +113,8 @@ TEST_P(AustrianGrids, FailForAMeridianThatIsNone) {
 }
 
 TEST_P(AustrianGrids, PutAPositionCloseToALimitOntoIt) {
-    EXPECT_EQ(From(To(51.0 - 5e-8, 13.0)).lat, 51.0);
-    EXPECT_NE(From(To(51.0 - 2e-7, 13.0)).lat, 51.0);
-    EXPECT_EQ(From(To(45.0 + 5e-8, 13.0)).lat, 45.0);
-    EXPECT_NE(From(To(45.0 + 2e-7, 13.0)).lat, 45.0);
-    EXPECT_EQ(From(To(47.0, 8.833333333333332 + 5e-8)).lon, 8.833333333333332);
-    EXPECT_NE(From(To(47.0, 8.833333333333332 + 2e-7)).lon, 8.833333333333332);
-    EXPECT_EQ(From(To(47.0, 17.833333333333332 - 5e-8)).lon, 17.833333333333332);
-    EXPECT_NE(From(To(47.0, 17.833333333333332 - 2e-7)).lon, 17.833333333333332);
+    testing::ExpectLimitsAttract([this](double lat, double lon) { return From(To(lat, lon)); },
+                                 {8.833333333333332, 17.833333333333332, 45.0, 51.0}, 47.0, 13.0);
 }
 
 TEST_P(AustrianGrids, ReturnToWhereTheyStarted) {
@@ -139,10 +122,7 @@ TEST_P(AustrianGrids, ReturnToWhereTheyStarted) {
     for (int i = 0; i < 1000; ++i) {
         const double lat = random.Between(45.0, 51.0);
         const double lon = random.Between(8.8334, 17.8333);
-        const Geodetic position = From(To(lat, lon));
-        EXPECT_EQ(position.status, KOORD_OK);
-        EXPECT_NEAR(position.lat, lat, ROUND_TRIP_TOLERANCE / 111000.0);
-        EXPECT_NEAR(position.lon, lon, ROUND_TRIP_TOLERANCE / 75000.0);
+        ExpectPosition(From(To(lat, lon)), lat, lon, ROUND_TRIP_TOLERANCE);
     }
 }
 
@@ -165,6 +145,17 @@ INSTANTIATE_TEST_SUITE_P(
                       Grid{"OEM", OEM_FromGeodetic, OEM_ToGeodetic, {450000.0, 750000.0, 1050000.0}, 0.0},
                       Grid{"GKAT", GKAT_FromGeodetic, GKAT_ToGeodetic, {0.0, 0.0, 0.0}, 0.0}),
     [](const auto& test) { return test.param.name; });
+
+// A tenth of a degree of the parallel 47.5, on the Bessel ellipsoid: 6388997 m (the radius of curvature)
+// times cos 47.5 times 0.001745329 is 7533.4 m.
+TEST(GkAt, WestOfTheMeridianEastingsAreNegative) {
+    const TmConstants forward = ForwardConstants(MGI);
+    const double latLon[2] = {47.5, 31 - FERRO - 0.1};
+    BmnPayload payload{};
+    EXPECT_EQ(GKAT_FromGeodetic(latLon, &payload, &forward), KOORD_OK);
+    EXPECT_EQ(payload.meridian, 31);
+    EXPECT_NEAR(payload.easting, -7533.4, 0.1);
+}
 
 TEST(BmnNaturalMeridian, ChangesHalfwayBetweenTheMeridians) {
     EXPECT_EQ(BMN_NaturalMeridian(29.5 - FERRO - 1e-9), 28);

@@ -63,13 +63,15 @@ TEST(KoordConvert, AnotherDatumShiftsAndKeepsTheHeight) {
 
 TEST(KoordConvert, ABadDatumBeatsABadType) {
     for (const std::uint32_t datum : {239u, 999u, 0x80000000u, 0xFFFFFFFFu}) {
-        tagKOORD bad = MakeKoord(0, 77);
-        bad.datum = datum;
-        tagKOORD good = GeodezRecord(48.0, 9.0);
-        const tagKOORD before = good;
-        EXPECT_EQ(KoordConvert(&bad, &good), KOORD_ERR_DATUM);
-        EXPECT_TRUE(SameBytes(good, before));
-        EXPECT_EQ(KoordConvert(&good, &bad), KOORD_ERR_DATUM);
+        for (std::int32_t type = -1; type <= KOORD_TYPE_COUNT; ++type) {
+            tagKOORD bad = MakeKoord(0, type);
+            bad.datum = datum;
+            tagKOORD good = GeodezRecord(48.0, 9.0);
+            const tagKOORD before = good;
+            EXPECT_EQ(KoordConvert(&bad, &good), KOORD_ERR_DATUM) << type;
+            EXPECT_TRUE(SameBytes(good, before));
+            EXPECT_EQ(KoordConvert(&good, &bad), KOORD_ERR_DATUM) << type;
+        }
     }
 }
 
@@ -170,18 +172,20 @@ TEST(KoordConvert, GeogradLosesTheHeightGeodezMinKeepsItEcefLiesOnTheEllipsoid) 
 }
 
 TEST(KoordConvert, AFarWantedZoneWarnsWithACompleteRecord) {
-    // Natural zone 32; zone 50 lies 108 degrees on. At latitude 75 the series still gives figures.
+    // Natural zone 32; zones 50 and 60 lie 108 and 168 degrees on. At latitude 75 the series still gives
+    // figures.
     const tagKOORD source = GeodezRecord(75.0, 9.0);
-    tagKOORD target = MakeKoord(DATUM_WGS84, KOORD_UTM);
-    UtmPayload wanted{};
-    wanted.wantedZone = 50;
-    Store(target, wanted);
-    EXPECT_EQ(KoordConvert(&source, &target), KOORD_ERR_ZONE_DISTANT);
-    const auto payload = Load<UtmPayload>(target);
-    EXPECT_EQ(payload.zone, 50);
-    EXPECT_EQ(payload.wantedZone, 50);
-    EXPECT_NE(payload.easting, 0.0);
-    EXPECT_NE(payload.northing, 0.0);
+    for (const std::int16_t zone : {std::int16_t{50}, std::int16_t{60}}) {
+        UtmPayload wanted{};
+        wanted.wantedZone = zone;
+        tagKOORD target = Record(KOORD_UTM, wanted);
+        EXPECT_EQ(KoordConvert(&source, &target), KOORD_ERR_ZONE_DISTANT);
+        const auto payload = Load<UtmPayload>(target);
+        EXPECT_EQ(payload.zone, zone);
+        EXPECT_EQ(payload.wantedZone, zone);
+        EXPECT_NE(payload.easting, 0.0);
+        EXPECT_NE(payload.northing, 0.0);
+    }
 }
 
 TEST(KoordConvert, AZeroWantedMeridianIsAWantedMeridian) {

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <vector>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 
@@ -19,8 +19,6 @@ using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
 using ::tessara::testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double DEGREE = 0.0174532925199433;
 
 constexpr std::int32_t KUGEL = 0;

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <random>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 
@@ -15,8 +15,6 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr std::int32_t DATUM_RDNAP = 237;  // on the Bessel ellipsoid
 
 constexpr double AMERSFOORT_LATITUDE = 52.1561605556;

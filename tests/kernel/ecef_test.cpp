@@ -4,10 +4,10 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/records.h"
 #include "support/reference_file.h"
 
@@ -17,12 +17,9 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double GRID_TOLERANCE = 1e-5;     // metres
 constexpr double DEGREE_TOLERANCE = 1e-10;  // degrees, 1e-5 m on the ground
 constexpr double WGS84_B = 6356752.314245;  // metres, published to the micrometre
-constexpr std::int32_t DATUM_SPHERE = 0;
 
 EcefPayload FromGeodetic(double lat, double lon, double height, std::int32_t datum = DATUM_WGS84) {
     const tagKOORD work = GeodezRecord(lat, lon, height, datum);

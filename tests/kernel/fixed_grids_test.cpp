@@ -4,29 +4,28 @@
 
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/tm_constants.h"
+#include "support/tm_grids.h"
 
 namespace tessara {
 namespace {
 
 using ::tessara::testing::ForwardConstants;
 using ::tessara::testing::InverseConstants;
+using ::tessara::testing::METRES_PER_DEGREE;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
+using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
+using ::tessara::testing::ROUND_TRIP_TOLERANCE;
 
 constexpr std::int32_t NTL = 238;  // on the International ellipsoid
 
-// Metres; divided by 111 km (70 km on a parallel) degrees.
-constexpr double REFERENCE_TOLERANCE = 5e-6;
-constexpr double ROUND_TRIP_TOLERANCE = 2e-6;  // the coefficient 1/61440 of the inverse series costs 1.3e-6
+constexpr double METRES_PER_DEGREE_OF_LONGITUDE = 70000.0;  // less than on any parallel here
 
 struct Grid {
     const char* name;
@@ -71,8 +70,8 @@ TEST_P(FixedGrids, AgreeWithProj) {
         EXPECT_NEAR(grid.easting, row.Number(2), REFERENCE_TOLERANCE);
         EXPECT_NEAR(grid.northing, row.Number(3), REFERENCE_TOLERANCE);
         const Geodetic position = From(row.Number(2), row.Number(3));
-        EXPECT_NEAR(position.lat, row.Number(0), REFERENCE_TOLERANCE / 111000.0);
-        EXPECT_NEAR(position.lon, row.Number(1), REFERENCE_TOLERANCE / 70000.0);
+        EXPECT_NEAR(position.lat, row.Number(0), REFERENCE_TOLERANCE / METRES_PER_DEGREE);
+        EXPECT_NEAR(position.lon, row.Number(1), REFERENCE_TOLERANCE / METRES_PER_DEGREE_OF_LONGITUDE);
     }
 }
 
@@ -81,7 +80,7 @@ TEST_P(FixedGrids, HaveTheFalseValuesAtTheOrigin) {
     EXPECT_EQ(grid.easting, GetParam().falseEasting);
     EXPECT_EQ(grid.northing, GetParam().falseNorthing);
     const Geodetic position = From(GetParam().falseEasting, GetParam().falseNorthing);
-    EXPECT_NEAR(position.lat, GetParam().originLat, ROUND_TRIP_TOLERANCE / 111000.0);
+    EXPECT_NEAR(position.lat, GetParam().originLat, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
     EXPECT_NEAR(position.lon, GetParam().originLon, 1e-13);
 }
 
@@ -108,8 +107,8 @@ TEST_P(FixedGrids, ReturnToWhereTheyStarted) {
                              GetParam().originLon + random.Between(-4.0, 4.0)};
         const GridPayload grid = To(start);
         const Geodetic end = From(grid.easting, grid.northing);
-        EXPECT_NEAR(end.lat, start.lat, ROUND_TRIP_TOLERANCE / 111000.0);
-        EXPECT_NEAR(end.lon, start.lon, ROUND_TRIP_TOLERANCE / 70000.0);
+        EXPECT_NEAR(end.lat, start.lat, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
+        EXPECT_NEAR(end.lon, start.lon, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE_OF_LONGITUDE);
     }
 }
 

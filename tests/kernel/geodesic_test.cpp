@@ -4,29 +4,29 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
+#include "support/random.h"
 #include "support/records.h"
 #include "support/reference_file.h"
+#include "support/timing.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
 namespace {
 
+using testing::Random;
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double MILLIMETRE = 0.001;
 // A millimetre across the direction at the far end of any geodesic of 6400 km or more; below that the azimuth
 // is as uncertain as the distance is short.
 constexpr double AZIMUTH_TOLERANCE = 1e-8;
 constexpr double DEGREE_METRES = 111400.0;       // no degree of a great circle is longer
 constexpr double HALF_MERIDIAN = 20003931.4586;  // WGS84, twice the published quadrant 10001965.7293 m
-constexpr std::int32_t DATUM_SPHERE = 0;
 constexpr std::int32_t DATUM_BESSEL = 3;
 constexpr std::int32_t DATUM_INTERNATIONAL = 1;
 
@@ -219,6 +219,24 @@ TEST(GeodesicInverseCore, NearTheAntipodeTheWayIsNeverTooShortAndRarelyMuchTooLo
         ++count;
     }
     EXPECT_GT(within1Metre, count * 3 / 4);
+}
+
+TEST(GeodesicInverseCore, NearTheAntipodeItEndsInHalfAMillisecond) {
+    constexpr double longest = 0.0005;  // seconds
+    for (const ReferenceRow& row : ReadReferenceFile("kernel/geodesic_antipodes.txt")) {
+        const auto solve = [&row] {
+            (void)Inverse(row.Number(0), row.Number(1), row.Number(2), row.Number(3));
+        };
+        EXPECT_TRUE(testing::EndsWithin(longest, solve)) << row.place;
+    }
+    Random random(180);
+    for (int i = 0; i < 2000; ++i) {
+        const double lat = random.Between(-90.0, 90.0);
+        const double lat2 = -lat + random.Between(-0.7, 0.7);
+        const double lon2 = 180.0 + random.Between(-0.7, 0.7);
+        EXPECT_TRUE(testing::EndsWithin(longest, [=] { (void)Inverse(lat, 0.0, lat2, lon2); }))
+            << lat << ' ' << lat2 << ' ' << lon2;
+    }
 }
 
 TEST(GeodesicInverseCore, HasNoSolutionForAFailedPairOutsideTheSearchsReach) {

@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "support/doubles.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
 namespace {
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 GeogradPayload Geograd(double lat, double lon) {
     const double latLon[2] = {lat, lon};

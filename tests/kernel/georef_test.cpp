@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
 
 namespace tessara {
@@ -15,8 +15,6 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr const char* LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";  // without I and O
 
 struct Reference {

@@ -4,10 +4,10 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 
@@ -16,9 +16,6 @@ namespace {
 
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 // Far below the 1e-5 m that grids are compared to; the way back has the series' own 1.3e-6 m.
 constexpr double METRES = 1e-6;

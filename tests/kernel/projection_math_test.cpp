@@ -3,15 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "support/doubles.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double ROUNDING = 1e-15;  // a few units in the last place of numbers around 1
 
 TEST(Atanh, UndoesTanh) {

@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <vector>
 
+#include "support/doubles.h"
 #include "support/records.h"
 
 namespace tessara {
 namespace {
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 double Below(double value) {
     return std::nextafter(value, -INFINITE);

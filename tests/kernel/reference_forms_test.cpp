@@ -4,8 +4,8 @@
 
 #include <cfloat>
 #include <cmath>
-#include <limits>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/tm_constants.h"
 #include "tessara/kernel/dutch_grid.h"
@@ -26,8 +26,6 @@ using ::tessara::testing::Random;
 
 constexpr int TRIALS = 20000;
 constexpr double DEGREE = RADIANS_PER_DEGREE;
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // A nanometre, and what the doubles of this size can't tell apart after a few operations.
 double Metres(long double value) {

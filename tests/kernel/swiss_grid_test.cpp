@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
 
 namespace tessara {
@@ -12,9 +12,6 @@ namespace {
 
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 constexpr double BERN_LATITUDE = 46.95240555555556;
 constexpr double BERN_LONGITUDE = 7.439583333333333;

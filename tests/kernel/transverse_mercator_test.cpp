@@ -4,11 +4,12 @@
 
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/tm_constants.h"
+#include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
@@ -17,22 +18,17 @@ namespace {
 
 using ::tessara::testing::ForwardConstants;
 using ::tessara::testing::InverseConstants;
+using ::tessara::testing::METRES_PER_DEGREE;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
+using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
+using ::tessara::testing::ROUND_TRIP_TOLERANCE;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double DEGREE = 0.0174532925199433;
 
 constexpr std::int32_t KUGEL = 0;
 constexpr std::int32_t GER = 3;  // on the Bessel ellipsoid
-
-// Metres on the way out, and on the way back degrees that are metres at 111 km a degree.
-constexpr double REFERENCE_TOLERANCE = 5e-6;
-// The coefficient 1/61440 of the inverse series costs 1.3e-6 m.
-constexpr double ROUND_TRIP_TOLERANCE = 2e-6;
-constexpr double METRES_PER_DEGREE = 111000.0;
 
 struct Grid {
     double easting;

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
@@ -17,8 +17,6 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double GRID_TOLERANCE = 1e-5;     // metres
 constexpr double DEGREE_TOLERANCE = 1e-10;  // degrees, 1e-5 m on the ground
 constexpr double FALSE_ORIGIN = 2000000.0;

@@ -4,11 +4,12 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
+#include "support/sanitized.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/zone_systems.h"
 
@@ -18,8 +19,6 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr std::int32_t DATUM_GER = 3;  // on the Bessel ellipsoid: scheme AL
 
 // The way back through the transverse Mercator series is off by 1.2e-11 degrees of latitude; twice that, and
@@ -475,11 +474,7 @@ TEST(UtmrefToGeodetic, EndsWithAnyPayload) {
     }
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int SLOWER = 4;  // sanitized code takes about that much longer
-#else
-constexpr int SLOWER = 1;
-#endif
+constexpr int SLOWER = testing::IS_SANITIZED ? 4 : 1;  // sanitized code takes about that much longer
 
 // Distance in metres between two positions close together, on the ellipsoid's radii of curvature.
 double DistanceOnGround(const double from[2], const double to[2], double a, double e2) {

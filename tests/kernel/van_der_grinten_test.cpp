@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 
@@ -16,8 +16,6 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double GRID_TOLERANCE = 1e-5;    // metres
 constexpr double DEGREE_TOLERANCE = 1e-9;  // degrees: the cubic's root by cosines loses a few digits
 constexpr double RADIUS = PI * WGS84_A;    // of the map's circle, metres

@@ -4,10 +4,10 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/records.h"
 #include "support/reference_file.h"
 
@@ -17,11 +17,8 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double GRID_TOLERANCE = 1e-5;     // metres
 constexpr double DEGREE_TOLERANCE = 1e-10;  // degrees, 1e-5 m on the ground
-constexpr std::int32_t DATUM_SPHERE = 0;
 constexpr double SPHERE_RADIUS = 6371000.0;
 
 // 2 sqrt(2 pi sqrt 3 / (3 sqrt 3 + 4 pi)) and that times sqrt 3 / pi, worked out by hand:

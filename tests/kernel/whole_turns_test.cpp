@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+
+#include "support/doubles.h"
 
 namespace tessara {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 TEST(WrapTurns, LeavesWhatIsWithinBothEnds) {
     for (const double value : {-180.0, -0.5, 0.0, 179.5, 180.0})

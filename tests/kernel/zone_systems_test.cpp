@@ -6,37 +6,27 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/tm_constants.h"
+#include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
 
+using ::tessara::testing::ExpectPosition;
 using ::tessara::testing::ForwardConstants;
+using ::tessara::testing::Geodetic;
 using ::tessara::testing::InverseConstants;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
+using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double DEGREE = 0.0174532925199433;
-
-// Metres; divided by 111 km degrees.
-constexpr double REFERENCE_TOLERANCE = 5e-6;
-constexpr double ROUND_TRIP_TOLERANCE = 2e-6;  // the coefficient 1/61440 of the inverse series costs 1.3e-6
-constexpr double METRES_PER_DEGREE = 111000.0;
-
-struct Geodetic {
-    KoordStatus status;
-    double lat;
-    double lon;
-};
+using ::tessara::testing::ROUND_TRIP_TOLERANCE;
 
 struct Utm : UtmPayload {
     KoordStatus status;
@@ -72,12 +62,6 @@ UtmPayload UtmValues(std::int32_t zone, char hemisphere, double easting, double 
     utm.easting = easting;
     utm.northing = northing;
     return utm;
-}
-
-void ExpectPosition(const Geodetic& position, double lat, double lon, double metres) {
-    EXPECT_EQ(position.status, KOORD_OK);
-    EXPECT_NEAR(position.lat, lat, metres / METRES_PER_DEGREE);
-    EXPECT_NEAR(position.lon, lon, metres / METRES_PER_DEGREE / std::cos(lat * DEGREE));
 }
 
 TEST(UtmNaturalMeridian, IsThatOfTheZone) {
@@ -326,15 +310,8 @@ TEST(UtmToGeodetic, ReadsOnlyTheLetterSAsSouth) {
 }
 
 TEST(UtmToGeodetic, PutsAPositionCloseToALimitOntoIt) {
-    EXPECT_EQ(FromUtm(ToUtm(84.0 - 5e-8, 9.0)).lat, 84.0);
-    EXPECT_EQ(FromUtm(ToUtm(84.0 + 5e-8, 9.0)).lat, 84.0);
-    EXPECT_NE(FromUtm(ToUtm(84.0 - 2e-7, 9.0)).lat, 84.0);
-    EXPECT_EQ(FromUtm(ToUtm(-80.0 + 5e-8, 9.0)).lat, -80.0);
-    EXPECT_NE(FromUtm(ToUtm(-80.0 + 2e-7, 9.0)).lat, -80.0);
-    EXPECT_EQ(FromUtm(ToUtm(50.0, 180.0 - 5e-8)).lon, 180.0);
-    EXPECT_NE(FromUtm(ToUtm(50.0, 180.0 - 2e-7)).lon, 180.0);
-    EXPECT_EQ(FromUtm(ToUtm(50.0, -180.0 + 5e-8)).lon, -180.0);
-    EXPECT_NE(FromUtm(ToUtm(50.0, -180.0 + 2e-7)).lon, -180.0);
+    testing::ExpectLimitsAttract([](double lat, double lon) { return FromUtm(ToUtm(lat, lon)); },
+                                 {-180.0, 180.0, -80.0, 84.0}, 50.0, 9.0);
 }
 
 TEST(UtmToGeodetic, ReturnsToWhereFromGeodeticStarted) {

@@ -4,12 +4,13 @@
 
 #include <climits>
 #include <cmath>
-#include <limits>
 
 #include "objects/default_koord.h"
+#include "support/doubles.h"
 #include "support/live_objects.h"
 #include "support/reference_file.h"
 #include "support/zoned_records.h"
+#include "tessara/coordinate_init.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/zone_coord_operations.h"
 
@@ -24,8 +25,6 @@ using testing::SameRecord;
 using testing::StripRecord;
 using testing::UtmRecord;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double UNTOUCHED = 1e99;
 
 CKoord LongPixel(std::int32_t datum, std::int32_t x, std::int32_t y) {
@@ -579,6 +578,16 @@ TEST_F(CoordTest, AHeightOutlivesAFormWithoutRoomForIt) {
         EXPECT_EQ(coord->GetHeight(), 171.5) << system;
     }
     EXPECT_EQ(PayloadOf<GeodezPayload>(coord).height, 171.5);
+}
+
+// The default record of ECEF is the earth's centre at the height 0.0; x, y and z alone would make that a
+// height of 6356 km below the pole.
+TEST_F(CoordTest, TheCentreOfTheEarthLeavesWithTheHeightItWasGiven) {
+    const IRef<ICoord> coord = EmptyCoord(3, KOORD_ECEF);
+    EXPECT_TRUE(IRef<ICoordinateInit>(CreateClassCoordinateInit())->InitCoord(coord.Get()));
+    EXPECT_TRUE(coord->SetReference(ReferenceOf(3, KOORD_GEODEZ).Get()));
+    EXPECT_EQ(PayloadOf<GeodezPayload>(coord).latitude, 90.0);
+    EXPECT_EQ(coord->GetHeight(), 0.0);
 }
 
 TEST_F(CoordTest, SetReferenceThatFailsChangesNothing) {

@@ -4,10 +4,10 @@
 
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <set>
 #include <string>
 
+#include "support/doubles.h"
 #include "support/zoned_records.h"
 
 namespace tessara {
@@ -19,8 +19,6 @@ using testing::StripRecord;
 using testing::UtmRecord;
 using testing::UtmrefRecord;
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 const std::set<std::int32_t> ZONED{2, 3, 7, 8, 9, 13, 14};
 
 double EastingOf(const tagKOORD& record) {

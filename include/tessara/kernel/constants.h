@@ -20,6 +20,9 @@ inline constexpr std::int32_t DATUM_KKJ = 8;    // counts its GK strips from 18 
 inline constexpr double WGS84_A = 6378137.0;
 inline constexpr double WGS84_F = 0.0033528106647474805;
 
+// What UTM counts the northings of the southern hemisphere up by: there the equator is at 10000000 metres.
+inline constexpr double UTM_SOUTHERN_FALSE_NORTHING = 1.0e7;
+
 inline constexpr std::int32_t NO_DATUM = 999;
 inline constexpr std::int32_t NO_SYSTEM = -1;
 inline constexpr std::int16_t NO_WANTED_ZONE = -1000;  // also "no wanted meridian"

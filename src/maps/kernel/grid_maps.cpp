@@ -2,12 +2,12 @@
 // grid's own business.
 #include "kernel/numeric.h"
 #include "maps/kernel/map_types.h"
+#include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
 namespace {
 
-constexpr double SOUTHERN_FALSE_NORTHING = 10000000.0;
 constexpr double STRIP_WIDTH = 999999.99;  // metres between the ends of a strip
 
 // The pixel relation, on any payload with a grid value and any parameters with an origin and a pixel size.
@@ -141,7 +141,7 @@ KoordStatus MapUtm_PixelToWorld(const MapParam* map, double x, double y, tagKOOR
     grid.zone = params.zone;
     GridFromPixel(params, x, y, &grid);
     if (grid.northing < 0.0) {
-        grid.northing += SOUTHERN_FALSE_NORTHING;
+        grid.northing += UTM_SOUTHERN_FALSE_NORTHING;
         grid.hemisphere = params.hemisphere == 'N' ? 'S' : 'N';
     }
     *out = MakeKoord(DatumOf(*map), KOORD_UTM);
@@ -157,8 +157,8 @@ KoordStatus MapUtm_WorldToPixel(const MapParam* map, const tagKOORD* in, double*
     const KoordStatus status = ToUtm(*map, *in, &grid);
     if (status != KOORD_OK) return status;
 
-    if (grid.hemisphere == 'N' && params.hemisphere == 'S') grid.northing += SOUTHERN_FALSE_NORTHING;
-    if (grid.hemisphere == 'S' && params.hemisphere == 'N') grid.northing -= SOUTHERN_FALSE_NORTHING;
+    if (grid.hemisphere == 'N' && params.hemisphere == 'S') grid.northing += UTM_SOUTHERN_FALSE_NORTHING;
+    if (grid.hemisphere == 'S' && params.hemisphere == 'N') grid.northing -= UTM_SOUTHERN_FALSE_NORTHING;
     PixelFromGrid(params, grid, x, y);
     return KOORD_OK;
 }

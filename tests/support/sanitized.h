@@ -1,0 +1,14 @@
+// Whether the tests are built with a sanitizer.
+#pragma once
+
+namespace tessara::testing {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool IS_SANITIZED = true;
+#elif defined(__has_feature)
+inline constexpr bool IS_SANITIZED = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+inline constexpr bool IS_SANITIZED = false;
+#endif
+
+}  // namespace tessara::testing
