@@ -3,7 +3,8 @@
 // walked, as lines that are straight on the map, and the system's extremes are tried.
 //
 // Where corners lie outside what the map or the system can show, they move inward. Then the valid pieces of
-// the sides are walked by themselves, and the rims of a few narrower windows, too.
+// the sides are walked by themselves, and the rims of a few narrower windows, too. In a system with zones the
+// pieces are those of each zone: a northing turns at every border, which a line over several would pass by.
 #include "areas/rect_extents.h"
 
 #include <array>
@@ -30,7 +31,7 @@ namespace {
 
 constexpr int NARROWING_PASSES = 4;
 constexpr int SAMPLES_OF_A_SIDE = 64;
-constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a valid piece is walked, pixels
+constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a piece is walked, pixels
 
 // Each side in by a quarter of the size. Widths may exceed 32 bits.
 PixelRect Narrowed(const PixelRect& rect) {
@@ -88,7 +89,7 @@ class WindowSearch {
             if (!TrySystemExtreme(direction)) return false;
         }
         WalkRim(corners);
-        if (!areCornersValid) WalkSidesByPieces();
+        if (!areCornersValid || Zones_Exist(static_cast<std::int32_t>(empty_.type))) WalkSidesByPieces();
         PixelRect narrow = window_;
         for (int pass = 0; pass < NARROWING_PASSES && !areCornersValid; ++pass) {
             const PixelRect next = Narrowed(narrow);
@@ -191,7 +192,7 @@ class WindowSearch {
         }
     }
 
-    // Walks what is valid of each side of the window, as far as samples tell.
+    // Walks what is valid of each side of the window, zone by zone, as far as samples tell.
     void WalkSidesByPieces() {
         const auto corners = CornersOf(window_);
         for (std::size_t i = 0; i < corners.size(); ++i) {
@@ -207,29 +208,34 @@ class WindowSearch {
         for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
             const PlanePoint place = PlaceOnSide(from, to, k);
             const std::optional<Found> sample = FindValid(place);
-            if (sample && !start) start = k == 0 ? sample : EndOfPiece(*sample, PlaceOnSide(from, to, k - 1));
-            if (!sample && start) {
+            if (start && !(sample && AreInOneZone(*last, *sample))) {
                 WalkSide(*start, EndOfPiece(*last, place));
                 start.reset();
             }
+            if (sample && !start) start = k == 0 ? sample : EndOfPiece(*sample, PlaceOnSide(from, to, k - 1));
             last = sample;
         }
         if (start) WalkSide(*start, *last);
     }
 
-    // The valid place between a valid and an invalid one that is closest to the invalid one.
-    [[nodiscard]] Found EndOfPiece(Found valid, PlanePoint invalid) const {
-        while (std::fabs(valid.pixel.x - invalid.x) > END_OF_PIECE ||
-               std::fabs(valid.pixel.y - invalid.y) > END_OF_PIECE) {
-            const PlanePoint middle{(valid.pixel.x + invalid.x) / 2.0, (valid.pixel.y + invalid.y) / 2.0};
+    // Always true without zones.
+    [[nodiscard]] static bool AreInOneZone(const Found& a, const Found& b) {
+        return Zones_Number(a.koord) == Zones_Number(b.koord);
+    }
+
+    // The place of the piece that is closest to one beyond its end.
+    [[nodiscard]] Found EndOfPiece(Found inside, PlanePoint beyond) const {
+        while (std::fabs(inside.pixel.x - beyond.x) > END_OF_PIECE ||
+               std::fabs(inside.pixel.y - beyond.y) > END_OF_PIECE) {
+            const PlanePoint middle{(inside.pixel.x + beyond.x) / 2.0, (inside.pixel.y + beyond.y) / 2.0};
             const std::optional<Found> found = FindValid(middle);
-            if (found) {
-                valid = *found;
+            if (found && AreInOneZone(inside, *found)) {
+                inside = *found;
             } else {
-                invalid = middle;
+                beyond = middle;
             }
         }
-        return valid;
+        return inside;
     }
 
     // The place at which the system, or the zone of the extreme so far, ends in a direction; beside that
@@ -247,20 +253,27 @@ class WindowSearch {
         return place;
     }
 
-    // If the limit of the system lies in the window, it is the extreme. False if the system has no limit.
+    // If the limit of the system lies in the window, it is the extreme: beside the extreme so far, or where
+    // the system reaches furthest, which along the border of a zone is another northing. False if the system
+    // has no limit.
     bool TrySystemExtreme(Compass direction) {
-        const CKoord& extreme = extremes_[direction];
-        tagKOORD limit;
+        tagKOORD record;
         if (!System_Extreme(direction, static_cast<std::int32_t>(empty_.datum),
-                            static_cast<std::int32_t>(empty_.type), &limit)) {
+                            static_cast<std::int32_t>(empty_.type), &record)) {
             return false;
         }
+        const CKoord limit(record);
+        const CKoord& extreme = extremes_[direction];
         if (Compare_Records(AxisOf(direction), extreme, limit) == 0) return true;
-        const std::optional<CKoord> place = PlaceOfLimit(direction, extreme, CKoord(limit));
-        PlanePoint pixel{};
-        if (!place || !plane_.ToPlane(*place, &pixel)) return true;
-        if (IsInside(window_, RoundPixel(pixel.x), RoundPixel(pixel.y))) extremes_.Set(direction, *place);
+        const std::optional<CKoord> beside = PlaceOfLimit(direction, extreme, limit);
+        if (beside && IsInWindow(*beside)) extremes_.Set(direction, *beside);
+        if (extremes_.IsFurther(direction, limit) && IsInWindow(limit)) extremes_.Set(direction, limit);
         return true;
+    }
+
+    [[nodiscard]] bool IsInWindow(const CKoord& koord) const {
+        PlanePoint pixel{};
+        return plane_.ToPlane(koord, &pixel) && IsInside(window_, RoundPixel(pixel.x), RoundPixel(pixel.y));
     }
 
     MapPlane plane_;
