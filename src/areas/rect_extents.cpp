@@ -3,8 +3,10 @@
 // walked, as lines that are straight on the map, and the system's extremes are tried.
 //
 // Where corners lie outside what the map or the system can show, they move inward. Then the valid pieces of
-// the sides are walked by themselves, and the rims of a few narrower windows, too. In a system with zones the
-// pieces are those of each zone: a northing turns at every border, which a line over several would pass by.
+// the sides are walked by themselves, and the rims of a few narrower windows, too.
+//
+// Where the values of a system jump, a line passes by what lies at the jump: a northing turns at every border
+// of a zone, a longitude at 180 degrees. There, too, the sides are walked by pieces.
 #include "areas/rect_extents.h"
 
 #include <array>
@@ -22,6 +24,7 @@
 #include "objects/koord_access.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
+#include "tessara/kernel/convert.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/ref.h"
 #include "text/check_record.h"
@@ -31,6 +34,7 @@ namespace {
 
 constexpr int NARROWING_PASSES = 4;
 constexpr int SAMPLES_OF_A_SIDE = 64;
+constexpr int COARSE_STEP = 8;        // samples
 constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a piece is walked, pixels
 
 // Each side in by a quarter of the size. Widths may exceed 32 bits.
@@ -89,7 +93,7 @@ class WindowSearch {
             if (!TrySystemExtreme(direction)) return false;
         }
         WalkRim(corners);
-        if (!areCornersValid || Zones_Exist(static_cast<std::int32_t>(empty_.type))) WalkSidesByPieces();
+        if (!areCornersValid || HasJumps()) WalkSidesByPieces();
         PixelRect narrow = window_;
         for (int pass = 0; pass < NARROWING_PASSES && !areCornersValid; ++pass) {
             const PixelRect next = Narrowed(narrow);
@@ -192,14 +196,40 @@ class WindowSearch {
         }
     }
 
-    // Walks what is valid of each side of the window, zone by zone, as far as samples tell.
+    // Whether the system's values jump somewhere.
+    [[nodiscard]] bool HasJumps() const {
+        switch (empty_.type) {
+            case KOORD_GEODEZ:
+            case KOORD_GEOGRAD:
+            case KOORD_GEODEZMIN:
+            case KOORD_GEOREF:
+            case KOORD_VDG:
+                return true;
+            default:
+                return Zones_Exist(static_cast<std::int32_t>(empty_.type));
+        }
+    }
+
+    // Walks what is valid of each side of the window, from jump to jump, as far as samples tell.
     void WalkSidesByPieces() {
         const auto corners = CornersOf(window_);
         for (std::size_t i = 0; i < corners.size(); ++i) {
             const auto& [x, y] = corners[i];
             const auto& [nextX, nextY] = corners[(i + 1) % corners.size()];
-            WalkPieces(PixelAt(x, y), PixelAt(nextX, nextY));
+            const PlanePoint from = PixelAt(x, y);
+            const PlanePoint to = PixelAt(nextX, nextY);
+            if (!IsOnePiece(from, to)) WalkPieces(from, to);
         }
+    }
+
+    // Whether a few samples see a side valid and without a jump. Then the rim's walk has done it.
+    [[nodiscard]] bool IsOnePiece(const PlanePoint& from, const PlanePoint& to) const {
+        const std::optional<Found> start = FindValid(from);
+        for (int k = COARSE_STEP; start && k <= SAMPLES_OF_A_SIDE; k += COARSE_STEP) {
+            const std::optional<Found> sample = FindValid(PlaceOnSide(from, to, k));
+            if (!sample || !IsWithoutJump(*start, *sample)) return false;
+        }
+        return start.has_value();
     }
 
     void WalkPieces(const PlanePoint& from, const PlanePoint& to) {
@@ -208,7 +238,7 @@ class WindowSearch {
         for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
             const PlanePoint place = PlaceOnSide(from, to, k);
             const std::optional<Found> sample = FindValid(place);
-            if (start && !(sample && AreInOneZone(*last, *sample))) {
+            if (start && !(sample && IsWithoutJump(*last, *sample))) {
                 WalkSide(*start, EndOfPiece(*last, place));
                 start.reset();
             }
@@ -218,9 +248,17 @@ class WindowSearch {
         if (start) WalkSide(*start, *last);
     }
 
-    // Always true without zones.
-    [[nodiscard]] static bool AreInOneZone(const Found& a, const Found& b) {
-        return Zones_Number(a.koord) == Zones_Number(b.koord);
+    // Whether two places lie in one zone or, without zones, in one of the halves that Greenwich makes.
+    [[nodiscard]] bool IsWithoutJump(const Found& a, const Found& b) const {
+        if (Zones_Exist(static_cast<std::int32_t>(empty_.type)))
+            return Zones_Number(a.koord) == Zones_Number(b.koord);
+        return IsInEasternHalf(a) == IsInEasternHalf(b);
+    }
+
+    [[nodiscard]] static bool IsInEasternHalf(const Found& found) {
+        tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(found.koord.datum), KOORD_GEODEZ);
+        return KoordConvert(&found.koord, &geodez) == KOORD_OK &&
+               Load<GeodezPayload>(geodez).longitude >= 0.0;
     }
 
     // The place of the piece that is closest to one beyond its end.
@@ -229,7 +267,7 @@ class WindowSearch {
                std::fabs(inside.pixel.y - beyond.y) > END_OF_PIECE) {
             const PlanePoint middle{(inside.pixel.x + beyond.x) / 2.0, (inside.pixel.y + beyond.y) / 2.0};
             const std::optional<Found> found = FindValid(middle);
-            if (found && AreInOneZone(inside, *found)) {
+            if (found && IsWithoutJump(inside, *found)) {
                 inside = *found;
             } else {
                 beyond = middle;

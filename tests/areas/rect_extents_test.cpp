@@ -219,6 +219,20 @@ TEST_F(RectExtentsTest, OverSeveralZonesEachBorderCounts) {
     EXPECT_NEAR(Utm(NORTH).northing, 6655205.484, 70.0);
 }
 
+TEST_F(RectExtentsTest, TheMeridian180AmidTheWindowIsReachedFromBothSides) {
+    // 250 metres a pixel in UPS, from 300 to 800 km beyond the pole: there column 2010 is the meridian 180.
+    map = MapOf(testing::Map(MAP_UPS, MapUpsParams{'N', 1497500.0, 2800000.0, 250.0, 250.0}));
+    for (const std::int32_t system : {KOORD_GEODEZ, KOORD_GEODEZMIN}) {
+        Ask(system);
+        ASSERT_TRUE(Extremes(0, 0, 4000, 2000));
+        for (const auto& [direction, longitude] : {std::pair{EAST, 180.0}, {WEST, -180.0}}) {
+            ASSERT_TRUE(results[direction]->SetReference(ReferenceOf(2, KOORD_GEODEZ).Get()));
+            // Half a pixel, 125 m at 800 km from the pole, is 0.009 degrees.
+            EXPECT_NEAR(Degrees(direction).longitude, longitude, 0.009);
+        }
+    }
+}
+
 TEST_F(RectExtentsTest, CornersOffTheSystemMoveInward) {
     // CH ends 600 km from its origin; a degree map of Europe has all corners outside.
     map = DegreeMap(-10.0, 60.0, 10.0);
