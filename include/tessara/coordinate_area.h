@@ -53,8 +53,9 @@ class ICoordinateArea : public IUnknown {
     // whole positions, so that the north extreme comes with the easting where the rectangle reaches furthest
     // north. The sides may be swapped. In a pixel system they are the corners of the rectangle.
     //
-    // The corners and the lines of pixels between them are searched, to a quarter of a pixel, and the limits
-    // of the system and the middles and borders of its zones that lie inside. A corner that the map or the
+    // The corners and the lines of pixels between them are searched, to a quarter of a pixel, or half of one
+    // where they cross the border of a zone or the meridian 180, and the limits of the system and the middles
+    // and borders of its zones that lie inside. A corner that the map or the
     // system can't show moves toward the centre, a quarter, a half or all of the way; then the pieces of the
     // sides that can be shown are searched, and up to four narrower rectangles, a quarter of the size off
     // each side. Where the system ends amid the rectangle its edge isn't followed: besides the places told,

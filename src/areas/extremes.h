@@ -15,6 +15,8 @@ class Extremes {
     // Whether there is any position yet.
     [[nodiscard]] bool HasStarted() const { return hasStarted_; }
 
+    // Whether a position lies further out than the outermost so far.
+    [[nodiscard]] bool IsFurther(Compass direction, const CKoord& koord) const;
     // Each direction in which the position lies further out takes it: whole, or only the value of its axis. A
     // position that can't be compared lies nowhere. False if an axis can't be taken.
     void Extend(const CKoord& koord);
@@ -26,8 +28,6 @@ class Extremes {
     void Set(Compass direction, const CKoord& koord) { at_[static_cast<std::size_t>(direction)] = koord; }
 
   private:
-    [[nodiscard]] bool IsFurther(Compass direction, const CKoord& koord) const;
-
     std::array<CKoord, COMPASS_COUNT> at_;  // in the order of Compass
     bool hasStarted_ = false;
 };

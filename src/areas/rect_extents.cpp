@@ -4,6 +4,9 @@
 //
 // Where corners lie outside what the map or the system can show, they move inward. Then the valid pieces of
 // the sides are walked by themselves, and the rims of a few narrower windows, too.
+//
+// Where the values of a system jump, a line passes by what lies at the jump: a northing turns at every border
+// of a zone, a longitude at 180 degrees. There, too, the sides are walked by pieces.
 #include "areas/rect_extents.h"
 
 #include <array>
@@ -21,6 +24,7 @@
 #include "objects/koord_access.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
+#include "tessara/kernel/convert.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/ref.h"
 #include "text/check_record.h"
@@ -30,7 +34,8 @@ namespace {
 
 constexpr int NARROWING_PASSES = 4;
 constexpr int SAMPLES_OF_A_SIDE = 64;
-constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a valid piece is walked, pixels
+constexpr int COARSE_STEP = 8;        // samples
+constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a piece is walked, pixels
 
 // Each side in by a quarter of the size. Widths may exceed 32 bits.
 PixelRect Narrowed(const PixelRect& rect) {
@@ -88,7 +93,7 @@ class WindowSearch {
             if (!TrySystemExtreme(direction)) return false;
         }
         WalkRim(corners);
-        if (!areCornersValid) WalkSidesByPieces();
+        if (!areCornersValid || HasJumps()) WalkSidesByPieces();
         PixelRect narrow = window_;
         for (int pass = 0; pass < NARROWING_PASSES && !areCornersValid; ++pass) {
             const PixelRect next = Narrowed(narrow);
@@ -190,14 +195,40 @@ class WindowSearch {
         }
     }
 
-    // Walks what is valid of each side of the window, as far as samples tell.
+    // Whether the system's values jump somewhere.
+    [[nodiscard]] bool HasJumps() const {
+        switch (empty_.type) {
+            case KOORD_GEODEZ:
+            case KOORD_GEOGRAD:
+            case KOORD_GEODEZMIN:
+            case KOORD_GEOREF:
+            case KOORD_VDG:
+                return true;
+            default:
+                return Zones_Exist(static_cast<std::int32_t>(empty_.type));
+        }
+    }
+
+    // Walks what is valid of each side of the window, from jump to jump, as far as samples tell.
     void WalkSidesByPieces() {
         const auto corners = CornersOf(window_);
         for (std::size_t i = 0; i < corners.size(); ++i) {
             const auto& [x, y] = corners[i];
             const auto& [nextX, nextY] = corners[(i + 1) % corners.size()];
-            WalkPieces(PixelAt(x, y), PixelAt(nextX, nextY));
+            const PlanePoint from = PixelAt(x, y);
+            const PlanePoint to = PixelAt(nextX, nextY);
+            if (!IsOnePiece(from, to)) WalkPieces(from, to);
         }
+    }
+
+    // Whether a few samples see a side valid and without a jump. Then the rim's walk has done it.
+    [[nodiscard]] bool IsOnePiece(const PlanePoint& from, const PlanePoint& to) const {
+        const std::optional<Found> start = FindValid(from);
+        for (int k = COARSE_STEP; start && k <= SAMPLES_OF_A_SIDE; k += COARSE_STEP) {
+            const std::optional<Found> sample = FindValid(PlaceOnSide(from, to, k));
+            if (!sample || !IsWithoutJump(*start, *sample)) return false;
+        }
+        return start.has_value();
     }
 
     void WalkPieces(const PlanePoint& from, const PlanePoint& to) {
@@ -206,29 +237,42 @@ class WindowSearch {
         for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
             const PlanePoint place = PlaceOnSide(from, to, k);
             const std::optional<Found> sample = FindValid(place);
-            if (sample && !start) start = k == 0 ? sample : EndOfPiece(*sample, PlaceOnSide(from, to, k - 1));
-            if (!sample && start) {
+            if (start && !(sample && IsWithoutJump(*last, *sample))) {
                 WalkSide(*start, EndOfPiece(*last, place));
                 start.reset();
             }
+            if (sample && !start) start = k == 0 ? sample : EndOfPiece(*sample, PlaceOnSide(from, to, k - 1));
             last = sample;
         }
         if (start) WalkSide(*start, *last);
     }
 
-    // The valid place between a valid and an invalid one that is closest to the invalid one.
-    [[nodiscard]] Found EndOfPiece(Found valid, PlanePoint invalid) const {
-        while (std::fabs(valid.pixel.x - invalid.x) > END_OF_PIECE ||
-               std::fabs(valid.pixel.y - invalid.y) > END_OF_PIECE) {
-            const PlanePoint middle{(valid.pixel.x + invalid.x) / 2.0, (valid.pixel.y + invalid.y) / 2.0};
+    // Whether two places lie in one zone or, without zones, in one of the halves that Greenwich makes.
+    [[nodiscard]] bool IsWithoutJump(const Found& a, const Found& b) const {
+        if (Zones_Exist(static_cast<std::int32_t>(empty_.type)))
+            return Zones_Number(a.koord) == Zones_Number(b.koord);
+        return IsInEasternHalf(a) == IsInEasternHalf(b);
+    }
+
+    [[nodiscard]] static bool IsInEasternHalf(const Found& found) {
+        tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(found.koord.datum), KOORD_GEODEZ);
+        return KoordConvert(&found.koord, &geodez) == KOORD_OK &&
+               Load<GeodezPayload>(geodez).longitude >= 0.0;
+    }
+
+    // The place of the piece that is closest to one beyond its end.
+    [[nodiscard]] Found EndOfPiece(Found inside, PlanePoint beyond) const {
+        while (std::fabs(inside.pixel.x - beyond.x) > END_OF_PIECE ||
+               std::fabs(inside.pixel.y - beyond.y) > END_OF_PIECE) {
+            const PlanePoint middle{(inside.pixel.x + beyond.x) / 2.0, (inside.pixel.y + beyond.y) / 2.0};
             const std::optional<Found> found = FindValid(middle);
-            if (found) {
-                valid = *found;
+            if (found && IsWithoutJump(inside, *found)) {
+                inside = *found;
             } else {
-                invalid = middle;
+                beyond = middle;
             }
         }
-        return valid;
+        return inside;
     }
 
     // The place at which the system, or the zone of the extreme so far, ends in a direction; beside that
@@ -246,20 +290,27 @@ class WindowSearch {
         return place;
     }
 
-    // If the limit of the system lies in the window, it is the extreme. False if the system has no limit.
+    // If the limit of the system lies in the window, it is the extreme: beside the extreme so far, or where
+    // the system reaches furthest, which along the border of a zone is another northing. False if the system
+    // has no limit.
     bool TrySystemExtreme(Compass direction) {
-        const CKoord& extreme = extremes_[direction];
-        tagKOORD limit;
+        tagKOORD record;
         if (!System_Extreme(direction, static_cast<std::int32_t>(empty_.datum),
-                            static_cast<std::int32_t>(empty_.type), &limit)) {
+                            static_cast<std::int32_t>(empty_.type), &record)) {
             return false;
         }
+        const CKoord limit(record);
+        const CKoord& extreme = extremes_[direction];
         if (Compare_Records(AxisOf(direction), extreme, limit) == 0) return true;
-        const std::optional<CKoord> place = PlaceOfLimit(direction, extreme, CKoord(limit));
-        PlanePoint pixel{};
-        if (!place || !plane_.ToPlane(*place, &pixel)) return true;
-        if (IsInside(window_, RoundPixel(pixel.x), RoundPixel(pixel.y))) extremes_.Set(direction, *place);
+        const std::optional<CKoord> beside = PlaceOfLimit(direction, extreme, limit);
+        if (beside && IsInWindow(*beside)) extremes_.Set(direction, *beside);
+        if (extremes_.IsFurther(direction, limit) && IsInWindow(limit)) extremes_.Set(direction, limit);
         return true;
+    }
+
+    [[nodiscard]] bool IsInWindow(const CKoord& koord) const {
+        PlanePoint pixel{};
+        return plane_.ToPlane(koord, &pixel) && IsInside(window_, RoundPixel(pixel.x), RoundPixel(pixel.y));
     }
 
     MapPlane plane_;

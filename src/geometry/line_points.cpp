@@ -59,8 +59,13 @@ struct PointAndLine {
     PlanePoint p, a, b;
 };
 
+// The coordinates may all be the same one and have no other count than those here.
 bool Read(IMapCoordOperations* map, ICoord* p, ICoord* a, ICoord* b, PointAndLine* read) {
-    return PixelOfCoord(map, p, &read->p) && PixelOfCoord(map, a, &read->a) && PixelOfCoord(map, b, &read->b);
+    const IRef<ICoord> point(p);
+    const IRef<ICoord> start(a);
+    const IRef<ICoord> end(b);
+    return PixelOfCoord(map, point.Get(), &read->p) && PixelOfCoord(map, start.Get(), &read->a) &&
+           PixelOfCoord(map, end.Get(), &read->b);
 }
 
 // Writes a place in the reference that the coordinate has; a pixel takes the map's datum.

@@ -2,15 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <vector>
 
-#include "support/live_objects.h"
-#include "support/managed_library.h"
-#include "support/objects.h"
 #include "support/random.h"
 #include "support/reference_file.h"
-#include "support/space.h"
+#include "support/space_fixture.h"
 #include "tessara/euclidean_vector.h"
 #include "tessara/kernel/convert.h"
 
@@ -27,23 +23,10 @@ using testing::Place;
 using testing::Random;
 using testing::XyzOf;
 
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr std::int32_t DATUM_GER = 3;  // Bessel's ellipsoid, some 170 m from WGS84 in Vienna
 constexpr double WGS84_E2 = 0.0066943799901413165;
 constexpr double WGS84_B = 6356752.314245179;
 
-class EllipsoidOfRevolutionTest : public testing::BalancedTest {
-  protected:
-    Vector XyzAt(const IRef<ICoord>& coord) {
-        Vector xyz;
-        EXPECT_TRUE(ellipsoid->CoordToEcefVector(coord.Get(), &xyz));
-        return xyz;
-    }
-
-    testing::ManagedLibrary library;
-    IRef<IEllipsoidOfRevolution> ellipsoid{CreateClassEllipsoidOfRevolution()};
-};
+class EllipsoidOfRevolutionTest : public testing::SpaceTest {};
 
 void ExpectNear(const Vector& actual, const Vector& expected, double tolerance,
                 const std::string& place = {}) {

@@ -279,6 +279,23 @@ TEST_F(LineCrossingsTest, NullAndForeignObjectsFail) {
     EXPECT_EQ(CountOf(map), 1u);
 }
 
+// An object of count 0 ends in the operation that it is given to, at its end and no earlier.
+TEST_F(LineCrossingsTest, TakesObjectsFreshFromTheirCreation) {
+    const auto fresh = [] {
+        IArray* const line = CreateClassArray();
+        line->Add(CoordOf(FloatPixel(2, 2)).Get());
+        return line;
+    };
+    EXPECT_TRUE(lines->IntersectPixelLines(fresh(), fresh(), CreateClassIntersectionResults()));
+    EXPECT_TRUE(lines->IntersectOnMap(map.Get(), fresh(), fresh(), CreateClassIntersectionResults()));
+    EXPECT_TRUE(lines->IntersectPixelLinesToArray(fresh(), fresh(), CreateClassArray()));
+    // One line for all of them, which is cleared before it is read; on a map it has been read by then.
+    IArray* const all = fresh();
+    EXPECT_FALSE(lines->IntersectPixelLinesToArray(all, all, all));
+    IArray* const allOnMap = fresh();
+    EXPECT_TRUE(lines->IntersectOnMapToArray(map.Get(), allOnMap, allOnMap, allOnMap));
+}
+
 TEST_F(LineCrossingsTest, AResultMayBeTheLineItself) {
     EXPECT_FALSE(lines->IntersectPixelLinesToArray(square.Get(), across.Get(), square.Get()));
     EXPECT_EQ(square->GetCount(), 0u);

@@ -247,6 +247,16 @@ TEST_F(LineDensifyingTest, ZonedMiddlesLieOnTheBorder) {
     }
 }
 
+TEST_F(LineDensifyingTest, ZonedPiecesAreHalvedUpToTheLimit) {
+    // From the west border of zone 32 across its southern half into its middle: each middle jumps to a
+    // border.
+    ASSERT_TRUE(lines->SetPixelTolerance(0.0));
+    map = MapOf(testing::Map(MAP_UTM, MapUtmParams{'N', 32, 200000.0, 6000000.0, 100.0, 100.0}));
+    ASSERT_TRUE(
+        Densify(&ILinePoints::DensifyCoordStraightZoned, Utm32(280000.0, 5.1e6), Utm32(340000.0, 5.9e6)));
+    EXPECT_EQ(chain->GetCount(), 65u);
+}
+
 TEST_F(LineDensifyingTest, AMiddleOnTheCentralLineHasNoBorder) {
     EXPECT_FALSE(Densify(&ILinePoints::DensifyCoordStraightZoned, Utm32(4e5, 5.3e6), Utm32(6e5, 5.3e6)));
     EXPECT_EQ(chain->GetCount(), 0u);
@@ -425,6 +435,8 @@ TEST_F(LineDensifyingTest, TheArgumentsMayBeTheResultsOwn) {
 
 // Random lines in degrees on sheets of several projections, each compared with the curve that it stands for.
 TEST_F(LineDensifyingTest, ChainsFollowTheirCurves) {
+    // Samples of the curve, spread over the pieces of the chain.
+    constexpr std::uint32_t SAMPLES = 1000;
     Random random(31);
     const IRef<IMapCoordOperations> sheets[] = {
         MapOf(testing::Map(MAP_UTM, MapUtmParams{'N', 32, 200000.0, 5800000.0, 100.0, 100.0})),
@@ -441,8 +453,8 @@ TEST_F(LineDensifyingTest, ChainsFollowTheirCurves) {
             // Straight in degrees.
             ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, ends[0], ends[1]));
             const auto pixels = PixelsOn(map, chain);
-            for (int k = 0; k <= 1000; ++k) {
-                const double t = k / 1000.0;
+            for (std::uint32_t k = 0; k <= SAMPLES; ++k) {
+                const double t = static_cast<double>(k) / SAMPLES;
                 const Pixel p = PixelOn(map, GeodezRecord(a.latitude + t * (b.latitude - a.latitude),
                                                           a.longitude + t * (b.longitude - a.longitude)));
                 ASSERT_LE(DistanceToChain(p, pixels), 2.0 * 0.25);  // pixels: twice the tolerance
@@ -451,13 +463,14 @@ TEST_F(LineDensifyingTest, ChainsFollowTheirCurves) {
             // points the straight line of degrees stays near.
             ASSERT_TRUE(Densify(&ILinePoints::DensifyMapStraight, ends[0], ends[1]));
             const std::vector<Pixel> straight = {PixelOn(map, ends[0]), PixelOn(map, ends[1])};
+            const std::uint32_t samplesOfAPiece = SAMPLES / (chain->GetCount() - 1) + 1;
             for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
                 EXPECT_LE(DistanceToChain(PixelOn(map, KoordAt(i)), straight), 1e-4);  // pixels, 1 cm
                 if (i == 0) continue;
                 const auto from = Load<GeodezPayload>(KoordAt(i - 1));
                 const auto to = Load<GeodezPayload>(KoordAt(i));
-                for (int k = 1; k < 16; ++k) {
-                    const double t = k / 16.0;
+                for (std::uint32_t k = 1; k < samplesOfAPiece; ++k) {
+                    const double t = static_cast<double>(k) / samplesOfAPiece;
                     const Pixel p =
                         PixelOn(map, GeodezRecord(from.latitude + t * (to.latitude - from.latitude),
                                                   from.longitude + t * (to.longitude - from.longitude)));

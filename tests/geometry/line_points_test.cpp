@@ -155,6 +155,25 @@ TEST_F(LinePointsTest, TheResultMayBeAnArgument) {
     EXPECT_TRUE(lines->GetFootPoint(map.Get(), p.Get(), a.Get(), b.Get(), p.Get()));
     EXPECT_EQ(PixelOf(p).x, 5.0);
     EXPECT_EQ(PixelOf(p).y, 0.0);
+    EXPECT_FALSE(lines->GetFootPoint(map.Get(), p.Get(), a.Get(), a.Get(), a.Get()));
+    EXPECT_EQ(PixelOf(a).x, 0.0);
+}
+
+// An object of count 0 ends in the operation that it is given to, at its end and no earlier.
+TEST_F(LinePointsTest, TakesObjectsFreshFromTheirCreation) {
+    const auto freshPixel = [] {
+        ICoord* const pixel = CreateClassCoord();
+        EXPECT_TRUE(pixel->SetPixel(3.0, 4.0));
+        return pixel;
+    };
+    ICoord* const allThree = freshPixel();
+    EXPECT_EQ(lines->GetSignedDistance(map.Get(), allThree, allThree, allThree), 0.0);
+    ICoord* const allFour = freshPixel();
+    EXPECT_TRUE(lines->GetFootPoint(map.Get(), allFour, allFour, allFour, allFour));
+    EXPECT_FALSE(lines->IsPointOnLine(map.Get(), freshPixel(), CreateClassArray()));
+    const IRef<ICoord> other = CoordOf(FloatPixel(0, 0));
+    EXPECT_EQ(lines->GetSignedDistance(map.Get(), freshPixel(), other.Get(), other.Get()), 5.0);
+    EXPECT_FALSE(lines->GetFootPoint(map.Get(), freshPixel(), other.Get(), other.Get(), freshPixel()));
 }
 
 TEST_F(LinePointsTest, NullAndForeignObjectsFail) {

@@ -2,14 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "support/live_objects.h"
-#include "support/managed_library.h"
-#include "support/objects.h"
 #include "support/random.h"
 #include "support/reference_file.h"
-#include "support/space.h"
+#include "support/space_fixture.h"
 #include "tessara/circle_on_tangent_plane.h"
 #include "tessara/ellipse_on_tangent_plane.h"
 
@@ -25,11 +20,7 @@ using testing::Place;
 using testing::Random;
 using testing::XyzOf;
 
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr std::int32_t DATUM_GER = 3;
-
-class PlaneArcTest : public testing::BalancedTest {
+class PlaneArcTest : public testing::SpaceTest {
   protected:
     // Plane coordinates of an arc's points relative to its centre.
     struct Offset {
@@ -48,7 +39,6 @@ class PlaneArcTest : public testing::BalancedTest {
     IRef<ICoord> PointAt(std::uint32_t i) { return IRef<ICoord>(points->GetAt(i)); }
 
     Offset OffsetAt(std::uint32_t i) {
-        const IRef<IEllipsoidOfRevolution> ellipsoid(CreateClassEllipsoidOfRevolution());
         Vector origin, east, north, up;
         EXPECT_TRUE(ellipsoid->CoordToEcefVector(centre.Get(), &origin));
         EXPECT_TRUE(ellipsoid->GetLocalAxes(centre.Get(), &east, &north));
@@ -75,7 +65,6 @@ class PlaneArcTest : public testing::BalancedTest {
             EXPECT_NEAR(azimuths[i], expected[i], 1e-9) << "point " << i;
     }
 
-    testing::ManagedLibrary library;
     IRef<ICircleOnTangentPlane> circle{CreateClassCircleOnTangentPlane()};
     IRef<IEllipseOnTangentPlane> ellipse{CreateClassEllipseOnTangentPlane()};
     IRef<ICoord> centre = Place(48.0, 16.0);

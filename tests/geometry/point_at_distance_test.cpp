@@ -1,14 +1,9 @@
 // The two searches for a point at a distance of IEllipsoidOfRevolution.
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "support/live_objects.h"
-#include "support/managed_library.h"
-#include "support/objects.h"
 #include "support/random.h"
 #include "support/reference_file.h"
-#include "support/space.h"
+#include "support/space_fixture.h"
 #include "tessara/ellipsoid_of_revolution.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -23,18 +18,8 @@ using testing::Place;
 using testing::Random;
 using testing::XyzOf;
 
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr std::int32_t DATUM_GER = 3;
-
-class PointAtDistance : public testing::BalancedTest {
+class PointAtDistance : public testing::SpaceTest {
   protected:
-    Vector XyzAt(const IRef<ICoord>& coord) {
-        Vector xyz;
-        EXPECT_TRUE(ellipsoid->CoordToEcefVector(coord.Get(), &xyz));
-        return xyz;
-    }
-
     bool Geodesic(const IRef<ICoord>& start, double azimuth, double distance) {
         return ellipsoid->PointAtGeodesicDistance(start.Get(), azimuth, distance, out.Get());
     }
@@ -53,8 +38,6 @@ class PointAtDistance : public testing::BalancedTest {
         return distance;
     }
 
-    testing::ManagedLibrary library;
-    IRef<IEllipsoidOfRevolution> ellipsoid{CreateClassEllipsoidOfRevolution()};
     IRef<ICoord> out{CreateClassCoord()};
 };
 

@@ -2,14 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "support/live_objects.h"
-#include "support/managed_library.h"
-#include "support/objects.h"
 #include "support/random.h"
 #include "support/reference_file.h"
-#include "support/space.h"
+#include "support/space_fixture.h"
 #include "tessara/ellipsoid_of_revolution.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/geodesic.h"
@@ -26,16 +21,13 @@ using testing::PI_180;
 using testing::Place;
 using testing::Random;
 
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr std::int32_t DATUM_GER = 3;
 constexpr double WGS84_E2 = 0.0066943799901413165;
 
 struct PlanePlace {
     double x, y, z;
 };
 
-class TangentPlaneTest : public testing::BalancedTest {
+class TangentPlaneTest : public testing::SpaceTest {
   protected:
     void SetOrigin(double latitude, double longitude, double height = 0.0) {
         ASSERT_TRUE(plane->SetOrigin(Place(latitude, longitude, height).Get()));
@@ -47,12 +39,6 @@ class TangentPlaneTest : public testing::BalancedTest {
         return place;
     }
 
-    Vector XyzAt(const IRef<ICoord>& coord) {
-        Vector xyz;
-        EXPECT_TRUE(ellipsoid->CoordToEcefVector(coord.Get(), &xyz));
-        return xyz;
-    }
-
     // A position at plane coordinates and a height above the plane.
     IRef<ICoord> At(double x, double y, double z = 0.0) {
         IRef<ICoord> coord(CreateClassCoord());
@@ -60,8 +46,6 @@ class TangentPlaneTest : public testing::BalancedTest {
         return coord;
     }
 
-    testing::ManagedLibrary library;
-    IRef<IEllipsoidOfRevolution> ellipsoid{CreateClassEllipsoidOfRevolution()};
     IRef<ITangentPlane> plane{CreateClassTangentPlane()};
 };
 
