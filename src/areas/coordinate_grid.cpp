@@ -5,7 +5,6 @@
 
 #include "areas/compare_records.h"
 #include "areas/creation.h"
-#include "areas/grid_lines.h"
 #include "areas/rect_extents.h"
 #include "areas/system_extremes.h"
 #include "kernel/numeric.h"
@@ -164,7 +163,8 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) {
     Extremes extremes;
     if (!ExtentOfRect(map_.Get(), rect, datum_, DrawingSystem(system_), &extremes)) return false;
     if (!KeepWithinCodes(datum_, system_, &extremes)) return false;
-    window_ = extremes;
+    window_ = GridWindow{extremes, FindZoneGap(MapPlane(map_.Get()), rect, extremes), eastStep_, northStep_,
+                         FinestStep(system_)};
     return true;
 }
 
@@ -173,7 +173,7 @@ bool CoordinateGrid::Draw(Axis axis, const GridLineSink& sink) const {
     const MapPlane plane(map_.Get());
     if (!plane.IsComplete()) return false;
     GridPen pen(plane, sink);
-    return DrawGridLines(axis, {*window_, eastStep_, northStep_, FinestStep(system_)}, &pen);
+    return DrawGridLines(axis, *window_, &pen);
 }
 
 bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const {
