@@ -64,9 +64,16 @@ bool ToGridSystem(std::int32_t system, CKoord* koord) {
     return true;
 }
 
-// Degrees go on where their codes end: all codes of GEOREF lie within 180 degrees.
+double LongitudeOf(const CKoord& geodez) {
+    return Load<GeodezPayload>(geodez).longitude;
+}
+
+// Degrees go on where the codes of GEOREF end: a window ends there. But one that goes all around the earth,
+// by as many degrees as it takes, goes around in codes, too.
 bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes) {
-    if (DrawingSystem(system) != KOORD_GEODEZ) return true;
+    if (system != KOORD_GEOREF) return true;
+    const double width = LongitudeOf((*extremes)[Compass::East]) - LongitudeOf((*extremes)[Compass::West]);
+    const bool goesAround = width > 360.0;
     for (const Compass direction : DIRECTIONS) {
         const Axis axis = AxisOf(direction);
         tagKOORD limit;
@@ -74,7 +81,7 @@ bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes
             return false;
         CKoord extreme = (*extremes)[direction];
         const bool isBeyond = Compare_Records(axis, extreme, limit) == (SignOf(direction) > 0.0 ? 1 : -1);
-        if (!isBeyond) continue;
+        if (!isBeyond && !(goesAround && axis == Axis::East)) continue;
         if (!CopyAxis(axis, limit, &extreme)) return false;
         extremes->Set(direction, extreme);
     }
