@@ -199,7 +199,7 @@ class ZonedLines {
     // From a place on the first line to the end of the zone or the window.
     bool DrawLines(const Share& share, const CKoord& first) {
         const CKoord border = share.zone.At(share.atWidest.east, share.widest);
-        const bool endsInside = Compare_Records(Axis::East, east_, border) < 0;
+        const bool endsInside = IsLast(share.zone) && Compare_Records(Axis::East, east_, border) < 0;
         return eastSteps_.Walk(first, endsInside ? east_ : border,
                                [&](const CKoord& place) { return DrawLine(share, Zones_East(place)); });
     }
