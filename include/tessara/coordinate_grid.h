@@ -39,7 +39,7 @@ class ICoordinateGrid : public IUnknown {
 
     // The window for all lines from now on: the smallest rectangle of whole pixels around four points of the
     // map, given as pixels or as coordinates of any system; pixels count whatever their datum is. False for a
-    // null or foreign object, a point without a pixel or with one outside the range of 32 bits, and a window
+    // null or foreign object, a position without a pixel, a pixel outside the range of 32 bits, and a window
     // without any valid position in the grid's system; TM has none anywhere. The window is then the one
     // before.
     virtual bool SetWindowFromPoints(IFloatPoint* a, IFloatPoint* b, IFloatPoint* c, IFloatPoint* d) = 0;

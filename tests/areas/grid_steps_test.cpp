@@ -113,7 +113,6 @@ TEST(GridSteps, AStepThatIsLostInTheDigitsIsTheLast) {
     };
     EXPECT_TRUE(EastSteps(1e-20).Walk(Degrees(0.0, 1.0), Degrees(0.0, 2.0), count));
     EXPECT_EQ(lines, 1);
-    // Half a unit in the last place and more is rounded up to a whole one; that is still the step.
     lines = 0;
     EXPECT_TRUE(GridSteps(Axis::East, 0.5, 0.6).Walk(Degrees(0.0, 1.0), Degrees(0.0, 2.0), count));
     EXPECT_EQ(lines, 1) << "below the finest step";
