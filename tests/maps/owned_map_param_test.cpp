@@ -73,5 +73,35 @@ TEST_F(OwnedMapParamTest, MayAdoptItsOwnRecord) {
     EXPECT_EQ(map->reference.next, own.reference.next);
 }
 
+TEST_F(OwnedMapParamTest, CopiesARecordWithAChainOfItsOwn) {
+    OwnedMapParam original;
+    original.Adopt(ChainOf(2));
+    original->datum = 6;
+    original->reference.next->next->pixelY = 7;
+    OwnedMapParam copy;
+    copy.Adopt(ChainOf(1));
+    ASSERT_TRUE(copy.CopyWithChain(*original));
+    EXPECT_EQ(copy->datum, 6u);
+    EXPECT_EQ(copy->referenceCount, 3u);
+    ASSERT_NE(copy->reference.next, nullptr);
+    EXPECT_NE(copy->reference.next, original->reference.next);
+    EXPECT_EQ(copy->reference.next->next->pixelY, 7);
+    EXPECT_EQ(copy->reference.next->next->next, nullptr);
+}
+
+TEST_F(OwnedMapParamTest, IsEmptyWhereACopyHadNoMemory) {
+    OwnedMapParam original;
+    original.Adopt(ChainOf(3));
+    for (const int nth : {1, 2, 3}) {
+        OwnedMapParam copy;
+        copy->datum = 6;
+        const FailAllocation failure(nth);
+        EXPECT_FALSE(copy.CopyWithChain(*original));
+        EXPECT_EQ(copy->reference.next, nullptr);
+        EXPECT_EQ(copy->referenceCount, 0u);
+        EXPECT_EQ(copy->datum, MapParam().datum);
+    }
+}
+
 }  // namespace
 }  // namespace tessara::testing
