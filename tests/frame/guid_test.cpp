@@ -55,6 +55,8 @@ TEST(Guid, InterfacesHaveTheirPublishedIds) {
         {IidOf<ICoordinateChecker>, "4B68D48E-2688-462B-BF4C-B9F6D8DF0417"},
         {IidOf<ICoordCheckerUTMREF>, "08E3B2CA-C8D6-42E8-9E1C-90CA164EA4AA"},
         {IidOf<ICoordinateCompare>, "F410B044-E00F-429F-A09D-C21C31DC0B3F"},
+        {IidOf<ICoordinateGrid>, "B22763C2-57F5-4FFD-B028-F82F84242609"},
+        {IidOf<ICoordinateGridFactory>, "86915788-2BD0-49FC-ACD5-0367AE993045"},
         {IidOf<ICoordinateInit>, "CDFEF2F5-40D2-459B-9B42-9E291DE57ABF"},
         {IidOf<ICoordinateNeighbor>, "CB374C83-9347-48BF-83E2-A51F595DA72C"},
         {IidOf<ICoordinateReference>, "BA2B919A-E90A-4E1D-B032-E1B96D137DD8"},
