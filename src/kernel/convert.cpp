@@ -1,5 +1,8 @@
 #include "tessara/kernel/convert.h"
 
+#include <cstddef>
+#include <cstring>
+
 #include "kernel/datum_rows.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "tessara/kernel/austrian_grids.h"
@@ -146,17 +149,6 @@ TmParams ParamsOf(const TmPayload& p) {
     return {p.originLongitude, p.originLatitude, p.falseEasting, p.falseNorthing, p.scale};
 }
 
-KoordStatus TM_ToGeodetic(const TmPayload* payload, double* latLon, const TmConstants* forward,
-                          const TmConstants* inverse) {
-    const TmParams params = ParamsOf(*payload);
-    return TM_InverseParam(payload->easting, payload->northing, &params, latLon, forward, inverse);
-}
-
-KoordStatus TM_FromGeodetic(const double* latLon, TmPayload* payload, const TmConstants* forward) {
-    const TmParams params = ParamsOf(*payload);
-    return TM_ForwardParam(latLon, &params, &payload->easting, &payload->northing, forward);
-}
-
 KoordStatus VDG_Read(const VdgPayload* payload, double* latLon, std::int32_t datum) {
     return VDG_ToGeodetic(payload, datum, latLon);
 }
@@ -169,18 +161,58 @@ LambertCC ConeOf(const LambertCCPayload& p, std::int32_t datum) {
     return cone;
 }
 
-void LAMBERTCC_ToGeodetic(const LambertCCPayload* payload, double* latLon, std::int32_t datum) {
-    const LambertCC cone = ConeOf(*payload, datum);
-    LambertCC_Inverse(payload->easting, payload->northing, latLon, &cone);
+// What a record's datum, type and parameters determine before any position is known, where it takes
+// computing: everything else stands in tables. Only what the type needs is set.
+struct Projection {
+    double originNorth;  // TM, metres
+    LambertCC cone;      // LAMBERTCC
+};
+
+// The parameters that a projection is computed from are the first bytes of the payload.
+std::size_t ParameterBytes(std::uint32_t type) {
+    if (type == KOORD_TM) return offsetof(TmPayload, easting);
+    return type == KOORD_LAMBERTCC ? offsetof(LambertCCPayload, easting) : 0;
 }
 
-void LAMBERTCC_FromGeodetic(const double* latLon, LambertCCPayload* payload, std::int32_t datum) {
-    const LambertCC cone = ConeOf(*payload, datum);
-    LambertCC_Forward(latLon, &payload->easting, &payload->northing, &cone);
+void PrepareProjection(const tagKOORD& record, Projection* projection) {
+    if (record.type == KOORD_TM) {
+        projection->originNorth =
+            TmOriginNorthing(Load<TmPayload>(record).originLatitude, *TmForwardConstants(DatumOf(record)));
+    } else if (record.type == KOORD_LAMBERTCC) {
+        projection->cone = ConeOf(Load<LambertCCPayload>(record), DatumOf(record));
+    }
+}
+
+KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double* position) {
+    const auto p = Load<TmPayload>(source);
+    TmInverseFromOrigin(p.easting, p.northing, ParamsOf(p), projection.originNorth, position,
+                        *TmInverseConstants(DatumOf(source)));
+    return KOORD_OK;
+}
+
+KoordStatus TM_Write(const double* position, const Projection& projection, tagKOORD* target) {
+    auto p = Load<TmPayload>(*target);
+    TmForwardFromOrigin(position, ParamsOf(p), projection.originNorth, &p.easting, &p.northing,
+                        *TmForwardConstants(DatumOf(*target)));
+    Store(*target, p);
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection, double* position) {
+    const auto p = Load<LambertCCPayload>(source);
+    LambertCC_Inverse(p.easting, p.northing, position, &projection.cone);
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target) {
+    auto p = Load<LambertCCPayload>(*target);
+    LambertCC_Forward(position, &p.easting, &p.northing, &projection.cone);
+    Store(*target, p);
+    return KOORD_OK;
 }
 
 // The first phase: a record to latitude, longitude and height on its own datum. `position` comes in as zeros.
-KoordStatus ReadPosition(const tagKOORD& source, double* position) {
+KoordStatus ReadPosition(const tagKOORD& source, const Projection& projection, double* position) {
     switch (source.type) {
         case KOORD_UTM:
             return Read(source, position, UTM_ToGeodetic);
@@ -213,7 +245,7 @@ KoordStatus ReadPosition(const tagKOORD& source, double* position) {
         case KOORD_PO_MILITARY:
             return Read(source, position, POMilitary_ToGeodetic);
         case KOORD_TM:
-            return Read(source, position, TM_ToGeodetic);
+            return TM_Read(source, projection, position);
         case KOORD_VDG:
             return Read(source, position, VDG_Read);
         case KOORD_BNG:
@@ -225,14 +257,14 @@ KoordStatus ReadPosition(const tagKOORD& source, double* position) {
         case KOORD_LUREF:
             return Read(source, position, LUREF_ToGeodetic);
         case KOORD_LAMBERTCC:
-            return Read(source, position, LAMBERTCC_ToGeodetic);
+            return LAMBERTCC_Read(source, projection, position);
         default:
             return KOORD_ERR_TYPE;
     }
 }
 
 // The last phase: a position on the target's datum to the target's form.
-KoordStatus WritePosition(const double* position, tagKOORD* target) {
+KoordStatus WritePosition(const double* position, const Projection& projection, tagKOORD* target) {
     switch (target->type) {
         case KOORD_UTM:
             return Write(position, target, UTM_FromGeodetic);
@@ -265,7 +297,7 @@ KoordStatus WritePosition(const double* position, tagKOORD* target) {
         case KOORD_PO_MILITARY:
             return Write(position, target, POMilitary_FromGeodetic);
         case KOORD_TM:
-            return Write(position, target, TM_FromGeodetic);
+            return TM_Write(position, projection, target);
         case KOORD_VDG:
             return Write(position, target, VDG_FromGeodetic);
         case KOORD_BNG:
@@ -277,20 +309,90 @@ KoordStatus WritePosition(const double* position, tagKOORD* target) {
         case KOORD_LUREF:
             return Write(position, target, LUREF_FromGeodetic);
         case KOORD_LAMBERTCC:
-            return Write(position, target, LAMBERTCC_FromGeodetic);
+            return LAMBERTCC_Write(position, projection, target);
         default:
             return KOORD_ERR_TYPE;
     }
 }
 
-KoordStatus ShiftPosition(std::int32_t sourceDatum, std::int32_t targetDatum, double* position) {
-    if (sourceDatum == targetDatum) return KOORD_OK;
-    HubParams toHub;
-    HubParams fromHub;
-    Datum_LoadToHub(sourceDatum, &toHub);
-    Datum_LoadFromHub(targetDatum, &fromHub);
-    return Datum_Shift(position, position, &toHub, &fromHub, sourceDatum, targetDatum);
+// From one datum to another.
+struct Shift {
+    std::int32_t sourceDatum, targetDatum;
+    HubParams toHub, fromHub;
+
+    void Prepare() {
+        if (sourceDatum == targetDatum) return;
+        Datum_LoadToHub(sourceDatum, &toHub);
+        Datum_LoadFromHub(targetDatum, &fromHub);
+    }
+    KoordStatus Apply(double* position) const {
+        if (sourceDatum == targetDatum) return KOORD_OK;
+        return Datum_Shift(position, position, &toHub, &fromHub, sourceDatum, targetDatum);
+    }
+};
+
+// A conversion between two projections on datums of the table, prepared for any number of positions.
+class Conversion {
+  public:
+    void Prepare(const tagKOORD& source, const tagKOORD& target) {
+        PrepareProjection(source, &source_);
+        PrepareProjection(target, &target_);
+        shift_.sourceDatum = DatumOf(source);
+        shift_.targetDatum = DatumOf(target);
+        shift_.Prepare();
+    }
+
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) const {
+        double position[3] = {};
+        KoordStatus status = ReadPosition(source, source_, position);
+        if (status != KOORD_OK) return status;
+        status = shift_.Apply(position);
+        if (status != KOORD_OK) return status;
+
+        std::int32_t detail = KOORD_OK;
+        if (checkRange == 1 && target->type != KOORD_GEODEZ) {
+            const auto type = static_cast<std::int32_t>(target->type);
+            if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
+        }
+        status = WritePosition(position, target_, target);
+        if (detail == KOORD_CHECK_AFTER && Range_CheckRecord(target, &detail) != KOORD_OK) return detail;
+        return status;
+    }
+
+  private:
+    Projection source_, target_;
+    Shift shift_;
+};
+
+bool HaveDatums(const tagKOORD& source, const tagKOORD& target) {
+    return RowOf(DatumOf(source)) != nullptr && RowOf(DatumOf(target)) != nullptr;
 }
+
+// A conversion that is prepared anew only where another projection begins.
+class RunOfConversions {
+  public:
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) {
+        if (!isPrepared_ || !HaveSameProjection(source, firstSource_) ||
+            !HaveSameProjection(*target, firstTarget_)) {
+            isPrepared_ = HaveDatums(source, *target);
+            if (!isPrepared_) return KOORD_ERR_DATUM;
+            conversion_.Prepare(source, *target);
+            firstSource_ = source;
+            firstTarget_ = *target;
+        }
+        return conversion_.Convert(source, target, checkRange);
+    }
+
+  private:
+    static bool HaveSameProjection(const tagKOORD& record, const tagKOORD& other) {
+        return record.datum == other.datum && record.type == other.type &&
+               std::memcmp(record.payload, other.payload, ParameterBytes(record.type)) == 0;
+    }
+
+    bool isPrepared_ = false;
+    Conversion conversion_;
+    tagKOORD firstSource_, firstTarget_;  // copies: the caller's may overlap
+};
 
 }  // namespace
 
@@ -300,24 +402,24 @@ KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target) {
 
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange) {
     if (source == nullptr || target == nullptr) return KOORD_ERR_GENERAL;
-    if (RowOf(DatumOf(*source)) == nullptr || RowOf(DatumOf(*target)) == nullptr) {
-        return KOORD_ERR_DATUM;
-    }
+    if (!HaveDatums(*source, *target)) return KOORD_ERR_DATUM;
+    Conversion conversion;
+    conversion.Prepare(*source, *target);
+    return conversion.Convert(*source, target, checkRange);
+}
 
-    double position[3] = {};
-    KoordStatus status = ReadPosition(*source, position);
-    if (status != KOORD_OK) return status;
-    status = ShiftPosition(DatumOf(*source), DatumOf(*target), position);
-    if (status != KOORD_OK) return status;
-
-    std::int32_t detail = KOORD_OK;
-    if (checkRange == 1 && target->type != KOORD_GEODEZ) {
-        const auto type = static_cast<std::int32_t>(target->type);
-        if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
+KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
+                             std::int32_t checkRange, KoordStatus* status) {
+    const bool hasRecords = source != nullptr && target != nullptr;
+    KoordStatus first = KOORD_OK;
+    RunOfConversions run;
+    for (std::size_t i = 0; i < count; ++i) {
+        const KoordStatus result =
+            hasRecords ? run.Convert(source[i], &target[i], checkRange) : KOORD_ERR_GENERAL;
+        if (status != nullptr) status[i] = result;
+        if (first == KOORD_OK) first = result;
     }
-    status = WritePosition(position, target);
-    if (detail == KOORD_CHECK_AFTER && Range_CheckRecord(target, &detail) != KOORD_OK) return detail;
-    return status;
+    return first;
 }
 
 }  // namespace tessara

@@ -46,13 +46,6 @@ struct LibraryFunctions {
     static double Atan(double tangent) { return std::atan(tangent); }
 };
 
-// The northing of a latitude of origin, in metres.
-double OriginNorthing(double degrees, const TmConstants& c) {
-    const Figure figure = FigureOf(c);
-    return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
-                                                figure.e2, c.seriesCoef);
-}
-
 }  // namespace
 
 // Eastward a strip is narrow, and the functions of the longitude are short series.
@@ -115,6 +108,12 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     *lat = (chi + (step + rest) - (HALF_PI_SHORT - HALF_PI)) * DEGREES_PER_RADIAN;
 }
 
+double TmOriginNorthing(double degrees, const TmConstants& forward) {
+    const Figure figure = FigureOf(forward);
+    return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
+                                                figure.e2, forward.seriesCoef);
+}
+
 void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
                          double* northing, const TmConstants& forward) {
     double east, north;
@@ -134,14 +133,14 @@ void TmInverseFromOrigin(double easting, double northing, const TmParams& p, dou
 
 KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* easting, double* northing,
                             const TmConstants* forward) {
-    const double originNorth = OriginNorthing(p->originLatitude, *forward);
+    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
     TmForwardFromOrigin(latLon, *p, originNorth, easting, northing, *forward);
     return KOORD_OK;
 }
 
 KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
                             const TmConstants* forward, const TmConstants* inverse) {
-    const double originNorth = OriginNorthing(p->originLatitude, *forward);
+    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
     TmInverseFromOrigin(easting, northing, *p, originNorth, latLon, *inverse);
     return KOORD_OK;
 }
