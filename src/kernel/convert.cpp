@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <new>
 
 #include "kernel/datum_rows.h"
 #include "kernel/transverse_mercator_constants.h"
@@ -26,6 +27,13 @@ namespace {
 
 std::int32_t DatumOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.datum);
+}
+
+// The payload as an object in the record itself. A local copy would be written field by field and read back
+// in longer pieces, which a processor can't do before the fields have reached memory.
+template <class Payload>
+Payload* PayloadIn(tagKOORD* record) {
+    return ::new (static_cast<void*>(record->payload)) Payload(Load<Payload>(*record));
 }
 
 // Read and Write run one form's conversion. What a conversion takes besides the position and the payload -
@@ -78,44 +86,31 @@ KoordStatus Read(const tagKOORD& source, double* position, void (*toGeodetic)(co
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*, const TmConstants*)) {
-    auto payload = Load<Payload>(*target);
-    const KoordStatus status = fromGeodetic(position, &payload, TmForwardConstants(DatumOf(*target)));
-    Store(*target, payload);
-    return status;
+    return fromGeodetic(position, PayloadIn<Payload>(target), TmForwardConstants(DatumOf(*target)));
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*, std::int32_t)) {
-    auto payload = Load<Payload>(*target);
-    const KoordStatus status = fromGeodetic(position, &payload, DatumOf(*target));
-    Store(*target, payload);
-    return status;
+    return fromGeodetic(position, PayloadIn<Payload>(target), DatumOf(*target));
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   void (*fromGeodetic)(const double*, Payload*, std::int32_t)) {
-    auto payload = Load<Payload>(*target);
-    fromGeodetic(position, &payload, DatumOf(*target));
-    Store(*target, payload);
+    fromGeodetic(position, PayloadIn<Payload>(target), DatumOf(*target));
     return KOORD_OK;
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*)) {
-    auto payload = Load<Payload>(*target);
-    const KoordStatus status = fromGeodetic(position, &payload);
-    Store(*target, payload);
-    return status;
+    return fromGeodetic(position, PayloadIn<Payload>(target));
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target, void (*fromGeodetic)(const double*, Payload*)) {
-    auto payload = Load<Payload>(*target);
-    fromGeodetic(position, &payload);
-    Store(*target, payload);
+    fromGeodetic(position, PayloadIn<Payload>(target));
     return KOORD_OK;
 }
 
@@ -174,7 +169,7 @@ std::size_t ParameterBytes(std::uint32_t type) {
     return type == KOORD_LAMBERTCC ? offsetof(LambertCCPayload, easting) : 0;
 }
 
-void PrepareProjection(const tagKOORD& record, Projection* projection) {
+inline void PrepareProjection(const tagKOORD& record, Projection* projection) {
     if (record.type == KOORD_TM) {
         projection->originNorth =
             TmOriginNorthing(Load<TmPayload>(record).originLatitude, *TmForwardConstants(DatumOf(record)));
@@ -191,10 +186,9 @@ KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double
 }
 
 KoordStatus TM_Write(const double* position, const Projection& projection, tagKOORD* target) {
-    auto p = Load<TmPayload>(*target);
-    TmForwardFromOrigin(position, ParamsOf(p), projection.originNorth, &p.easting, &p.northing,
+    auto* p = PayloadIn<TmPayload>(target);
+    TmForwardFromOrigin(position, ParamsOf(*p), projection.originNorth, &p->easting, &p->northing,
                         *TmForwardConstants(DatumOf(*target)));
-    Store(*target, p);
     return KOORD_OK;
 }
 
@@ -205,9 +199,8 @@ KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection,
 }
 
 KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target) {
-    auto p = Load<LambertCCPayload>(*target);
-    LambertCC_Forward(position, &p.easting, &p.northing, &projection.cone);
-    Store(*target, p);
+    auto* p = PayloadIn<LambertCCPayload>(target);
+    LambertCC_Forward(position, &p->easting, &p->northing, &projection.cone);
     return KOORD_OK;
 }
 

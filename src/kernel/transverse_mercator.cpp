@@ -37,14 +37,36 @@ struct Figure {
 
 Figure FigureOf(const TmConstants& c) {
     const DatumRow* row = RowOf(c.datum);
-    if (!row) return {-1.0, std::nan(""), ELLIPSOID_UNKNOWN};
+    if (!row) return {std::nan(""), std::nan(""), ELLIPSOID_UNKNOWN};
     return {row->a, row->e2, row->ellipsoid};
 }
 
 struct LibraryFunctions {
     static Direction DirectionOf(double angle) { return tessara::DirectionOf(angle); }
-    static double Atan(double tangent) { return std::atan(tangent); }
 };
+
+// Within a strip a latitude on the sphere and the transverse latitude of the same point differ by little, and
+// one follows from the other without a call into the mathematics library.
+
+// atan(up / ahead), the transverse latitude of a point at the conformal latitude.
+double TransverseLatitude(const ConformalAngle& conformal, double dLon, double cosLambda) {
+    const auto [up, along] = conformal.direction;
+    const double ahead = along * cosLambda;
+    if (!IsSmall(dLon * dLon)) return std::atan(up / ahead);
+    const double tangent = up * along * (1.0 - cosLambda) / (up * up + along * ahead);
+    return conformal.chi + tangent * ArcTerms(-(tangent * tangent));
+}
+
+// atan(xi.sine / meridian), the conformal latitude of a point whose transverse latitude is `angle`, with the
+// direction xi, and whose distance from the meridian has the hyperbolic sine sinhEta.
+double ConformalLatitudeOf(double angle, Direction xi, double meridian, double sinhEta) {
+    constexpr double offThePoles = 1.5;  // radians
+    const double sinh2 = sinhEta * sinhEta;
+    if (!IsSmall(sinh2) || !(std::fabs(angle) < offThePoles)) return std::atan(xi.sine / meridian);
+    const double tangent =
+        xi.sine * sinh2 / ((meridian + xi.cosine) * (xi.cosine * meridian + xi.sine * xi.sine));
+    return angle - tangent * ArcTerms(-(tangent * tangent));
+}
 
 }  // namespace
 
@@ -58,18 +80,17 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
                 double* northing, const TmConstants* c) {
     const Figure figure = FigureOf(*c);
     const double phi = LatitudeAsSeen(lat);
-    const Direction chi = ConformalLatitude(std::sin(phi), std::cos(phi), figure.e2);
-    const double up = chi.sine;
+    const ConformalAngle conformal =
+        ConformalBySeries(phi, DirectionOf(phi), CONFORMAL_SERIES[figure.ellipsoid]);
     const Direction lambda = DirectionOfSmall(dLon);
-    const double ahead = chi.cosine * lambda.cosine;
-    const double aside = chi.cosine * lambda.sine;
+    const double up = conformal.direction.sine;
+    const double ahead = conformal.direction.cosine * lambda.cosine;
+    const double aside = conformal.direction.cosine * lambda.sine;
 
-    const double meridian2 = up * up + ahead * ahead;
-    const double radius = std::sqrt(meridian2 + aside * aside);
-    const Plane sphere{std::atan(up / ahead), AtanhOfSmall(aside / radius)};
-    const double twice = 2.0 / meridian2;
-    const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up),
-                              twice * aside * radius, 1.0 + twice * aside * aside};
+    const Plane sphere{TransverseLatitude(conformal, dLon, lambda.cosine), AtanhOfSmall(aside)};
+    const double twice = 2.0 / (up * up + ahead * ahead);
+    const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), twice * aside,
+                              1.0 + twice * aside * aside};
     const Plane series = SineSeries(c->seriesCoef, angles);
 
     const double ka = k * figure.a;
@@ -96,7 +117,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
     const double meridian = std::sqrt(meridian2);
     const double lambda = AtanOfSmall(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;
-    const double chi = std::atan(xi.sine / meridian);
+    const double chi = ConformalLatitudeOf(ellipsoid.north - series.north, xi, meridian, sinhEta);
 
     // Back to the ellipsoid.
     const double perRadius2 = 1.0 / (1.0 + sinhEta * sinhEta);
@@ -111,7 +132,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
 double TmOriginNorthing(double degrees, const TmConstants& forward) {
     const Figure figure = FigureOf(forward);
     return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
-                                                figure.e2, forward.seriesCoef);
+                                                CONFORMAL_SERIES[figure.ellipsoid], forward.seriesCoef);
 }
 
 void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
