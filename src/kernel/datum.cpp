@@ -52,34 +52,43 @@ Directions DirectionsOf(const double latLon[2]) {
     return {DirectionOf(latLon[0] * RADIANS_PER_DEGREE), DirectionOf(latLon[1] * RADIANS_PER_DEGREE)};
 }
 
-// The same for a position near another one: a shift is a few thousandths of a degree.
-Directions DirectionsNear(const Directions& known, const double knownLatLon[2], const double latLon[2]) {
-    const auto turn = [&](int i) {
-        return DirectionOfSmall((latLon[i] - knownLatLon[i]) * RADIANS_PER_DEGREE);
-    };
-    return {Sum(known.phi, turn(0)), Sum(known.lambda, turn(1))};
+// The direction after a turn as small as a shift, a few thousandths of a degree.
+inline Direction TurnedBy(double degrees, Direction known) {
+    constexpr double fewTermsDo = 0.002;  // radians
+    const double angle = degrees * RADIANS_PER_DEGREE;
+    const double y = angle * angle;
+    if (!(std::fabs(angle) < fewTermsDo)) return Sum(known, DirectionOf(angle));
+    const Direction turn{angle * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
+                         1.0 - y * (1.0 / 2.0 - y * (1.0 / 24.0))};
+    return Sum(known, turn);
 }
 
-// One Molodensky step. N and M are the radii of curvature in the prime vertical and in the meridian, r is
-// a/b. What doesn't depend on the position is divided by first, and no quotient waits for another.
-void Apply(const HubParams& p, const Directions& directions, double latLon[2], bool keepOnGlobe) {
+// DirectionsOf for a position near another one.
+inline Directions DirectionsNear(const Directions& known, const double knownLatLon[2], const double latLon[2]) {
+    return {TurnedBy(latLon[0] - knownLatLon[0], known.phi),
+            TurnedBy(latLon[1] - knownLatLon[1], known.lambda)};
+}
+
+// One Molodensky step. With w = 1 - e2 sin^2 phi the radii of curvature are N = a / sqrt(w) in the prime
+// vertical and M = a (1 - e2) / (w sqrt(w)) in the meridian; the formula's quotients by M are multiplied out,
+// and what doesn't depend on the position waits for nothing.
+inline void Apply(const HubParams& p, const Directions& directions, double latLon[2], bool keepOnGlobe) {
     double latitude = latLon[0];
     double longitude = latLon[1];
     const auto [s, c] = directions.phi;
     const auto [sl, cl] = directions.lambda;
 
-    const double r = 1.0 / (1.0 - p.f);
-    const double perMeridian = 1.0 / ((1.0 - p.e2) * p.a);
-    const double w = 1.0 - s * s * p.e2;
-    const double perW = 1.0 / w;
-    const double rootW = std::sqrt(w);
-    const double perRootW = rootW * perW;
-    const double N = p.a * perRootW;
-    const double M = (1.0 - p.e2) * N * perW;
+    const double perB = 1.0 / (1.0 - p.f);  // a/b
+    const double perSquare = 1.0 / (1.0 - p.e2);
+    const double perA = perSquare / p.a;
+    const double constant = perB * p.df;
+    const double slope = p.e2 * perA * p.da + (1.0 - p.f) * perSquare * p.df;
 
-    const double northward = -p.dx * s * cl - p.dy * s * sl + p.dz * c +
-                             (p.e2 * perRootW * p.da + (M * r + N * (1.0 - p.f)) * p.df) * s * c;
-    const double dLatitude = northward * (w * rootW) * perMeridian * DEGREES_PER_RADIAN;
+    const double w = 1.0 - s * s * p.e2;
+    const double rootW = std::sqrt(w);
+    const double translated = p.dz * c - s * (p.dx * cl + p.dy * sl);
+    const double dLatitude =
+        (translated * perA * (w * rootW) + (constant + slope * w) * (s * c)) * DEGREES_PER_RADIAN;
 
     const double eastward = -p.dx * sl + p.dy * cl;
     double dLongitude = 0.0;
