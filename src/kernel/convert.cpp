@@ -5,9 +5,9 @@
 #include <new>
 
 #include "kernel/datum_rows.h"
+#include "kernel/datum_shift.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "tessara/kernel/austrian_grids.h"
-#include "tessara/kernel/datum.h"
 #include "tessara/kernel/dutch_grid.h"
 #include "tessara/kernel/ecef.h"
 #include "tessara/kernel/fixed_grids.h"
@@ -308,39 +308,19 @@ KoordStatus WritePosition(const double* position, const Projection& projection, 
     }
 }
 
-// From one datum to another.
-struct Shift {
-    std::int32_t sourceDatum, targetDatum;
-    HubParams toHub, fromHub;
-
-    void Prepare() {
-        if (sourceDatum == targetDatum) return;
-        Datum_LoadToHub(sourceDatum, &toHub);
-        Datum_LoadFromHub(targetDatum, &fromHub);
-    }
-    KoordStatus Apply(double* position) const {
-        if (sourceDatum == targetDatum) return KOORD_OK;
-        return Datum_Shift(position, position, &toHub, &fromHub, sourceDatum, targetDatum);
-    }
-};
-
 // A conversion between two projections on datums of the table, prepared for any number of positions.
 class Conversion {
   public:
     void Prepare(const tagKOORD& source, const tagKOORD& target) {
         PrepareProjection(source, &source_);
         PrepareProjection(target, &target_);
-        shift_.sourceDatum = DatumOf(source);
-        shift_.targetDatum = DatumOf(target);
-        shift_.Prepare();
     }
 
     KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) const {
         double position[3] = {};
         KoordStatus status = ReadPosition(source, source_, position);
         if (status != KOORD_OK) return status;
-        status = shift_.Apply(position);
-        if (status != KOORD_OK) return status;
+        if (source.datum != target->datum) ShiftBetween(DatumOf(source), DatumOf(*target), position);
 
         std::int32_t detail = KOORD_OK;
         if (checkRange == 1 && target->type != KOORD_GEODEZ) {
@@ -354,7 +334,6 @@ class Conversion {
 
   private:
     Projection source_, target_;
-    Shift shift_;
 };
 
 bool HaveDatums(const tagKOORD& source, const tagKOORD& target) {

@@ -101,8 +101,8 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
 void TM_Inverse(double easting, double northing, double k, double falseEasting, double falseNorthing,
                 double centralMeridian, double* lon, double* lat, const TmConstants* c) {
     const Figure figure = FigureOf(*c);
-    const double unit = k * figure.a * c->seriesCoef[0];
-    const Plane ellipsoid{(northing - falseNorthing) / unit, (easting - falseEasting) / unit};
+    const double perUnit = 1.0 / (k * figure.a * c->seriesCoef[0]);
+    const Plane ellipsoid{(northing - falseNorthing) * perUnit, (easting - falseEasting) * perUnit};
     const Direction north = DirectionOf(ellipsoid.north);
     const double sinhEast = SinhOfSmall(ellipsoid.east);
     const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
