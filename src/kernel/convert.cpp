@@ -308,6 +308,12 @@ KoordStatus WritePosition(const double* position, const Projection& projection, 
     }
 }
 
+// Whether a record of the type is in range whenever it could be written: the lettered grids refuse what lies
+// outside themselves, and the other two have no range.
+bool IsInRangeOnceWritten(std::uint32_t type) {
+    return type == KOORD_BNG || type == KOORD_ING || type == KOORD_ECEF || type == KOORD_VDG;
+}
+
 // A conversion between two projections on datums of the table, prepared for any number of positions.
 class Conversion {
   public:
@@ -328,8 +334,10 @@ class Conversion {
             if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
         }
         status = WritePosition(position, target_, target);
-        if (detail == KOORD_CHECK_AFTER && Range_CheckRecord(target, &detail) != KOORD_OK) return detail;
-        return status;
+        if (detail != KOORD_CHECK_AFTER || (status == KOORD_OK && IsInRangeOnceWritten(target->type))) {
+            return status;
+        }
+        return Range_CheckRecord(target, &detail) == KOORD_OK ? status : detail;
     }
 
   private:
