@@ -33,15 +33,6 @@ namespace tessara {
     return 1.0 + q2 * (1.0 / 2.0 + q2 * (1.0 / 24.0 + q2 * (1.0 / 720.0)));
 }
 
-// The conformal latitude chi of a latitude phi. With the isometric latitude asinh(tan phi) - q, q being the
-// share above, tan chi is sinh(asinh(tan phi) - q), which is (sin phi cosh q - sinh q) / cos phi. Not a
-// number beyond the poles, where the tangent would be that of another latitude.
-[[nodiscard]] constexpr Direction ConformalLatitude(double sinPhi, double cosPhi, double e2) {
-    const double q = EllipsoidShare(sinPhi, e2);
-    return {sinPhi * CoshOfShare(q) - SinhOfShare(q),
-            cosPhi < 0.0 ? std::numeric_limits<double>::quiet_NaN() : cosPhi};
-}
-
 // The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
 // are taken as they are. That on the ellipsoid is smaller by the share.
 [[nodiscard]] inline double SphericalIsometricLatitude(Direction phi) {
@@ -119,9 +110,10 @@ struct ConformalAngle {
     Direction direction;
 };
 
-// The same as ConformalLatitude by the series, where the angle itself is of use. Likewise not a number beyond
-// the poles. The step is at most 0.0034, for which two or three terms of sine and cosine are exact.
-[[nodiscard]] constexpr ConformalAngle ConformalBySeries(double phi, Direction direction,
+// The conformal latitude chi of a latitude phi, whose direction has the length 1. Not a number beyond the
+// poles, where the tangent would be that of another latitude. The step is at most 0.0034, for which two or
+// three terms of sine and cosine are exact.
+[[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, Direction direction,
                                                          const LatitudeSeries& conformal) {
     if (direction.cosine < 0.0) direction.cosine = std::numeric_limits<double>::quiet_NaN();
     const double step = LatitudeStep(conformal, Doubled(direction));

@@ -81,7 +81,7 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
     const Figure figure = FigureOf(*c);
     const double phi = LatitudeAsSeen(lat);
     const ConformalAngle conformal =
-        ConformalBySeries(phi, DirectionOf(phi), CONFORMAL_SERIES[figure.ellipsoid]);
+        ConformalLatitude(phi, DirectionOf(phi), CONFORMAL_SERIES[figure.ellipsoid]);
     const Direction lambda = DirectionOfSmall(dLon);
     const double up = conformal.direction.sine;
     const double ahead = conformal.direction.cosine * lambda.cosine;

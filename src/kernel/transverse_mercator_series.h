@@ -82,7 +82,7 @@ constexpr Plane SineSeries(const double c[5], const DoubleAngles& z) {
 template <class Functions>
 constexpr double NorthingOnMeridian(double phi, double a, const LatitudeSeries& conformal,
                                     const double c[5]) {
-    const auto [chi, direction] = ConformalBySeries(phi, Functions::DirectionOf(phi), conformal);
+    const auto [chi, direction] = ConformalLatitude(phi, Functions::DirectionOf(phi), conformal);
     const auto [up, ahead] = direction;
     const double twice = 2.0 / (up * up + ahead * ahead);
     const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), 0.0, 1.0};
