@@ -1,5 +1,6 @@
 // The kernel alone: every coordinate type in both directions through KoordConvertEx, the datum shift and the
-// geodesic, on arrays of 4096 random legal positions. The figures are per position.
+// geodesic, on arrays of 4096 random legal positions. The figures are per position; those of the whole arrays
+// in one call are positions a second, on one thread and on two.
 
 #include <benchmark/benchmark.h>
 
@@ -36,6 +37,29 @@ void RegisterConversions() {
             (std::string("from ") + area.name).c_str(), [&area](benchmark::State& state) {
                 ConvertAll(state, Converted(area), MakeKoord(area.datum, KOORD_GEODEZ), 1);
             });
+    }
+}
+
+// All positions in one call, each thread its part of them. The time is the clock's, for one position.
+void RegisterBatches() {
+    for (const Area& area : AREAS) {
+        for (const bool isForward : {true, false}) {
+            const auto run = [&area, isForward](benchmark::State& state) {
+                const std::vector<tagKOORD> sources = isForward ? RandomPositions(area) : Converted(area);
+                const tagKOORD target = isForward ? Target(area) : MakeKoord(area.datum, KOORD_GEODEZ);
+                const std::int32_t checkRange = isForward ? CheckRange(area) : 1;
+                std::vector<tagKOORD> targets(sources.size(), target);
+                const std::size_t part = POSITIONS / static_cast<std::size_t>(state.threads());
+                const std::size_t first = part * static_cast<std::size_t>(state.thread_index());
+                for (auto _ : state) {
+                    benchmark::DoNotOptimize(
+                        KoordConvertMany(&sources[first], &targets[first], part, checkRange, nullptr));
+                }
+                state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(part));
+            };
+            const std::string name = std::string(isForward ? "many to " : "many from ") + area.name;
+            benchmark::RegisterBenchmark(name.c_str(), run)->ThreadRange(1, 2)->UseRealTime();
+        }
     }
 }
 
@@ -86,6 +110,7 @@ void RegisterGeodesics() {
 
 const bool REGISTERED = [] {
     RegisterConversions();
+    RegisterBatches();
     RegisterShifts();
     RegisterGeodesics();
     return true;

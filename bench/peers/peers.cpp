@@ -23,6 +23,7 @@
 #include <string_view>
 
 #include "bench/peers/contest.h"
+#include "bench/peers/requests.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -426,6 +427,26 @@ void AddShifts(std::vector<Contest>* contests) {
          Contestant{}});
 }
 
+void AddRequests(std::vector<Contest>* contests) {
+    constexpr double wholeMetres = 1.5;  // one rounds, the other cuts
+    constexpr std::pair<std::int32_t, const char*> rows[] = {{KOORD_GEOGRAD, "request from degrees"},
+                                                             {KOORD_UTM, "request from UTM"}};
+    PJ* const shift = proj_create(PJ_DEFAULT_CTX, Molodensky().c_str());
+    for (const auto& [system, name] : rows) {
+        const auto request = std::make_shared<Request>(RandomPositions(GERMANY_ZONE_32), system);
+        contests->push_back(
+            {name, Kind::METRES, wholeMetres,
+             Compete(
+                 std::string(), [request](std::size_t i, std::string& out) { out = request->Ours(i); },
+                 ValuesOfMgrsText),
+             Contestant{},
+             Compete(
+                 std::string(),
+                 [request, shift](std::size_t i, std::string& out) { out = request->Peers(i, shift); },
+                 ValuesOfMgrsText)});
+    }
+}
+
 constexpr Area WORLD{"world", KOORD_GEODEZ, 2, -85.0, 85.0, -80.0, 80.0};
 constexpr double AZIMUTH = 37.0;
 
@@ -494,6 +515,7 @@ std::vector<Contest> AllContests() {
     AddTexts(GEOREF, &contests);
     AddShifts(&contests);
     AddGeodesics(&contests);
+    AddRequests(&contests);
     return contests;
 }
 

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
+
+#include "geometry/chain_boxes.h"
 
 namespace tessara {
 namespace {
@@ -56,13 +59,24 @@ bool VisitCrossings(std::span<const PlanePoint> a, std::span<const PlanePoint> b
                     const std::function<bool(const ChainCrossing&)>& visit) {
     const bool isClosedA = IsClosed(a);
     const bool isClosedB = IsClosed(b);
-    for (std::size_t i = 1; i < a.size(); ++i) {
-        for (std::size_t j = 1; j < b.size(); ++j) {
-            for (const auto& [t, s] : CrossSegments(a[i - 1], a[i], b[j - 1], b[j])) {
-                if (IsLeftToTheNext(t, i, a, isClosedA) || IsLeftToTheNext(s, j, b, isClosedB)) continue;
-                ChainCrossing crossing{i, j, t, s, {}};
-                PointOnSegments(a[i - 1], a[i], b[j - 1], b[j], t, &crossing.place);
-                if (!visit(crossing)) return false;
+    const auto visitPair = [&](std::size_t i, std::size_t j) {
+        for (const auto& [t, s] : CrossSegments(a[i - 1], a[i], b[j - 1], b[j])) {
+            if (IsLeftToTheNext(t, i, a, isClosedA) || IsLeftToTheNext(s, j, b, isClosedB)) continue;
+            ChainCrossing crossing{i, j, t, s, {}};
+            PointOnSegments(a[i - 1], a[i], b[j - 1], b[j], t, &crossing.place);
+            if (!visit(crossing)) return false;
+        }
+        return true;
+    };
+
+    const ChainBoxes boxesA(a);
+    const ChainBoxes boxesB(b);
+    std::vector<std::size_t> near;
+    for (std::size_t block = 0; block < boxesA.BlockCount(); ++block) {
+        boxesB.FindNear(boxesA, block, &near);
+        for (std::size_t i = boxesA.FirstOf(block); i < boxesA.EndOf(block); ++i) {
+            for (const std::size_t j : near) {
+                if (!visitPair(i, j)) return false;
             }
         }
     }

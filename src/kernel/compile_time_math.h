@@ -52,15 +52,4 @@ constexpr long double Cosine(long double x) {
     return Sine(HALF_PI - x);
 }
 
-// The angle is approached by the tangent of what is missing, which goes to nothing.
-constexpr long double Atan(long double tangent) {
-    long double angle = tangent / (1.0L + (tangent < 0.0L ? -tangent : tangent));
-    for (int i = 0; i < 60; ++i) {
-        const long double s = Sine(angle);
-        const long double c = Cosine(angle);
-        angle += (tangent * c - s) / (tangent * s + c);
-    }
-    return angle;
-}
-
 }  // namespace tessara::compile_time

@@ -33,15 +33,6 @@ namespace tessara {
     return 1.0 + q2 * (1.0 / 2.0 + q2 * (1.0 / 24.0 + q2 * (1.0 / 720.0)));
 }
 
-// The conformal latitude chi of a latitude phi. With the isometric latitude asinh(tan phi) - q, q being the
-// share above, tan chi is sinh(asinh(tan phi) - q), which is (sin phi cosh q - sinh q) / cos phi. Not a
-// number beyond the poles, where the tangent would be that of another latitude.
-[[nodiscard]] constexpr Direction ConformalLatitude(double sinPhi, double cosPhi, double e2) {
-    const double q = EllipsoidShare(sinPhi, e2);
-    return {sinPhi * CoshOfShare(q) - SinhOfShare(q),
-            cosPhi < 0.0 ? std::numeric_limits<double>::quiet_NaN() : cosPhi};
-}
-
 // The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
 // are taken as they are. That on the ellipsoid is smaller by the share.
 [[nodiscard]] inline double SphericalIsometricLatitude(Direction phi) {
@@ -55,26 +46,13 @@ namespace tessara {
     return {-minusSine, cosine};
 }
 
-// The way back: phi - chi is a sine series whose coefficients are series in the third flattening n (here up
-// to its sixth power; the next is below 1e-17). The sines of 2, 4, 6 ... 12 chi are sin 2chi times
-// polynomials in cos 2chi, which makes of the sum one polynomial times sin 2chi. The array holds its
-// coefficients.
+// The way between phi and chi is a sine series, whose coefficients are series in the third flattening n
+// (here up to its sixth power; the next is below 1e-17). The sines of 2, 4, 6 ... 12 times the angle are the
+// sine of the double angle times polynomials in its cosine, which makes of the sum one polynomial times that
+// sine. The array holds its coefficients.
 using LatitudeSeries = std::array<double, 6>;
 
-consteval LatitudeSeries ComputeLatitudeSeries(const EllipsoidFigure& figure) {
-    const double f = figure.Flattening();
-    const double n = f / (2.0 - f);
-    const double n2 = n * n;
-    const double n3 = n2 * n;
-    const double s2 =
-        n *
-        (2.0 + n * (-2.0 / 3.0 + n * (-2.0 + n * (116.0 / 45.0 + n * (26.0 / 45.0 - n * 2854.0 / 675.0)))));
-    const double s4 =
-        n2 * (7.0 / 3.0 + n * (-8.0 / 5.0 + n * (-227.0 / 45.0 + n * (2704.0 / 315.0 + n * 2323.0 / 945.0))));
-    const double s6 = n3 * (56.0 / 15.0 + n * (-136.0 / 35.0 + n * (-1262.0 / 105.0 + n * 73814.0 / 2835.0)));
-    const double s8 = n3 * n * (4279.0 / 630.0 + n * (-332.0 / 35.0 - n * 399572.0 / 14175.0));
-    const double s10 = n3 * n2 * (4174.0 / 315.0 - n * 144838.0 / 6237.0);
-    const double s12 = n3 * n3 * (601676.0 / 22275.0);
+consteval LatitudeSeries PolynomialOf(double s2, double s4, double s6, double s8, double s10, double s12) {
     return {s2 - s6 + s10,
             2.0 * s4 - 4.0 * s8 + 6.0 * s12,
             4.0 * s6 - 12.0 * s10,
@@ -83,13 +61,66 @@ consteval LatitudeSeries ComputeLatitudeSeries(const EllipsoidFigure& figure) {
             32.0 * s12};
 }
 
-inline constexpr auto LATITUDE_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeLatitudeSeries);
+consteval double ThirdFlattening(const EllipsoidFigure& figure) {
+    const double f = figure.Flattening();
+    return f / (2.0 - f);
+}
 
-// phi - chi from sine and cosine of twice chi.
-[[nodiscard]] inline double LatitudeStep(const LatitudeSeries& p, Direction twice) {
+// phi - chi from chi.
+consteval LatitudeSeries ComputeLatitudeSeries(const EllipsoidFigure& figure) {
+    const double n = ThirdFlattening(figure);
+    const double n2 = n * n;
+    const double n3 = n2 * n;
+    return PolynomialOf(
+        n * (2.0 +
+             n * (-2.0 / 3.0 + n * (-2.0 + n * (116.0 / 45.0 + n * (26.0 / 45.0 - n * 2854.0 / 675.0))))),
+        n2 * (7.0 / 3.0 + n * (-8.0 / 5.0 + n * (-227.0 / 45.0 + n * (2704.0 / 315.0 + n * 2323.0 / 945.0)))),
+        n3 * (56.0 / 15.0 + n * (-136.0 / 35.0 + n * (-1262.0 / 105.0 + n * 73814.0 / 2835.0))),
+        n3 * n * (4279.0 / 630.0 + n * (-332.0 / 35.0 - n * 399572.0 / 14175.0)),
+        n3 * n2 * (4174.0 / 315.0 - n * 144838.0 / 6237.0), n3 * n3 * (601676.0 / 22275.0));
+}
+
+// chi - phi from phi.
+consteval LatitudeSeries ComputeConformalSeries(const EllipsoidFigure& figure) {
+    const double n = ThirdFlattening(figure);
+    const double n2 = n * n;
+    const double n3 = n2 * n;
+    return PolynomialOf(
+        n * (-2.0 + n * (2.0 / 3.0 +
+                         n * (4.0 / 3.0 + n * (-82.0 / 45.0 + n * (32.0 / 45.0 + n * 4642.0 / 4725.0))))),
+        n2 * (5.0 / 3.0 + n * (-16.0 / 15.0 + n * (-13.0 / 9.0 + n * (904.0 / 315.0 - n * 1522.0 / 945.0)))),
+        n3 * (-26.0 / 15.0 + n * (34.0 / 21.0 + n * (8.0 / 5.0 - n * 12686.0 / 2835.0))),
+        n3 * n * (1237.0 / 630.0 + n * (-12.0 / 5.0 - n * 24832.0 / 14175.0)),
+        n3 * n2 * (-734.0 / 315.0 + n * 109598.0 / 31185.0), n3 * n3 * (444337.0 / 155925.0));
+}
+
+inline constexpr auto LATITUDE_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeLatitudeSeries);
+inline constexpr auto CONFORMAL_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeConformalSeries);
+
+// What a series gives for sine and cosine of twice the angle.
+[[nodiscard]] constexpr double LatitudeStep(const LatitudeSeries& p, Direction twice) {
     const double x = twice.cosine;
     const double x2 = x * x;
     return twice.sine * (p[0] + p[1] * x + x2 * (p[2] + p[3] * x + x2 * (p[4] + p[5] * x)));
+}
+
+// A conformal latitude with its direction, which has the length 1.
+struct ConformalAngle {
+    double chi;
+    Direction direction;
+};
+
+// The conformal latitude chi of a latitude phi, whose direction has the length 1. Not a number beyond the
+// poles, where the tangent would be that of another latitude. The step is at most 0.0034, for which two or
+// three terms of sine and cosine are exact.
+[[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, Direction direction,
+                                                         const LatitudeSeries& conformal) {
+    if (direction.cosine < 0.0) direction.cosine = std::numeric_limits<double>::quiet_NaN();
+    const double step = LatitudeStep(conformal, Doubled(direction));
+    const double y = step * step;
+    const Direction turn{step * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
+                         1.0 - y * (1.0 / 2.0 - y * (1.0 / 24.0))};
+    return {phi + step, Sum(direction, turn)};
 }
 
 // The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a

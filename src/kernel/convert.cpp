@@ -1,9 +1,13 @@
 #include "tessara/kernel/convert.h"
 
+#include <cstddef>
+#include <cstring>
+#include <new>
+
 #include "kernel/datum_rows.h"
+#include "kernel/datum_shift.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "tessara/kernel/austrian_grids.h"
-#include "tessara/kernel/datum.h"
 #include "tessara/kernel/dutch_grid.h"
 #include "tessara/kernel/ecef.h"
 #include "tessara/kernel/fixed_grids.h"
@@ -23,6 +27,13 @@ namespace {
 
 std::int32_t DatumOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.datum);
+}
+
+// The payload as an object in the record itself. A local copy would be written field by field and read back
+// in longer pieces, which a processor can't do before the fields have reached memory.
+template <class Payload>
+Payload* PayloadIn(tagKOORD* record) {
+    return ::new (static_cast<void*>(record->payload)) Payload(Load<Payload>(*record));
 }
 
 // Read and Write run one form's conversion. What a conversion takes besides the position and the payload -
@@ -75,44 +86,31 @@ KoordStatus Read(const tagKOORD& source, double* position, void (*toGeodetic)(co
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*, const TmConstants*)) {
-    auto payload = Load<Payload>(*target);
-    const KoordStatus status = fromGeodetic(position, &payload, TmForwardConstants(DatumOf(*target)));
-    Store(*target, payload);
-    return status;
+    return fromGeodetic(position, PayloadIn<Payload>(target), TmForwardConstants(DatumOf(*target)));
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*, std::int32_t)) {
-    auto payload = Load<Payload>(*target);
-    const KoordStatus status = fromGeodetic(position, &payload, DatumOf(*target));
-    Store(*target, payload);
-    return status;
+    return fromGeodetic(position, PayloadIn<Payload>(target), DatumOf(*target));
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   void (*fromGeodetic)(const double*, Payload*, std::int32_t)) {
-    auto payload = Load<Payload>(*target);
-    fromGeodetic(position, &payload, DatumOf(*target));
-    Store(*target, payload);
+    fromGeodetic(position, PayloadIn<Payload>(target), DatumOf(*target));
     return KOORD_OK;
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target,
                   KoordStatus (*fromGeodetic)(const double*, Payload*)) {
-    auto payload = Load<Payload>(*target);
-    const KoordStatus status = fromGeodetic(position, &payload);
-    Store(*target, payload);
-    return status;
+    return fromGeodetic(position, PayloadIn<Payload>(target));
 }
 
 template <class Payload>
 KoordStatus Write(const double* position, tagKOORD* target, void (*fromGeodetic)(const double*, Payload*)) {
-    auto payload = Load<Payload>(*target);
-    fromGeodetic(position, &payload);
-    Store(*target, payload);
+    fromGeodetic(position, PayloadIn<Payload>(target));
     return KOORD_OK;
 }
 
@@ -146,17 +144,6 @@ TmParams ParamsOf(const TmPayload& p) {
     return {p.originLongitude, p.originLatitude, p.falseEasting, p.falseNorthing, p.scale};
 }
 
-KoordStatus TM_ToGeodetic(const TmPayload* payload, double* latLon, const TmConstants* forward,
-                          const TmConstants* inverse) {
-    const TmParams params = ParamsOf(*payload);
-    return TM_InverseParam(payload->easting, payload->northing, &params, latLon, forward, inverse);
-}
-
-KoordStatus TM_FromGeodetic(const double* latLon, TmPayload* payload, const TmConstants* forward) {
-    const TmParams params = ParamsOf(*payload);
-    return TM_ForwardParam(latLon, &params, &payload->easting, &payload->northing, forward);
-}
-
 KoordStatus VDG_Read(const VdgPayload* payload, double* latLon, std::int32_t datum) {
     return VDG_ToGeodetic(payload, datum, latLon);
 }
@@ -169,18 +156,56 @@ LambertCC ConeOf(const LambertCCPayload& p, std::int32_t datum) {
     return cone;
 }
 
-void LAMBERTCC_ToGeodetic(const LambertCCPayload* payload, double* latLon, std::int32_t datum) {
-    const LambertCC cone = ConeOf(*payload, datum);
-    LambertCC_Inverse(payload->easting, payload->northing, latLon, &cone);
+// What a record's datum, type and parameters determine before any position is known, where it takes
+// computing: everything else stands in tables. Only what the type needs is set.
+struct Projection {
+    double originNorth;  // TM, metres
+    LambertCC cone;      // LAMBERTCC
+};
+
+// The parameters that a projection is computed from are the first bytes of the payload.
+std::size_t ParameterBytes(std::uint32_t type) {
+    if (type == KOORD_TM) return offsetof(TmPayload, easting);
+    return type == KOORD_LAMBERTCC ? offsetof(LambertCCPayload, easting) : 0;
 }
 
-void LAMBERTCC_FromGeodetic(const double* latLon, LambertCCPayload* payload, std::int32_t datum) {
-    const LambertCC cone = ConeOf(*payload, datum);
-    LambertCC_Forward(latLon, &payload->easting, &payload->northing, &cone);
+inline void PrepareProjection(const tagKOORD& record, Projection* projection) {
+    if (record.type == KOORD_TM) {
+        projection->originNorth =
+            TmOriginNorthing(Load<TmPayload>(record).originLatitude, *TmForwardConstants(DatumOf(record)));
+    } else if (record.type == KOORD_LAMBERTCC) {
+        projection->cone = ConeOf(Load<LambertCCPayload>(record), DatumOf(record));
+    }
+}
+
+KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double* position) {
+    const auto p = Load<TmPayload>(source);
+    TmInverseFromOrigin(p.easting, p.northing, ParamsOf(p), projection.originNorth, position,
+                        *TmInverseConstants(DatumOf(source)));
+    return KOORD_OK;
+}
+
+KoordStatus TM_Write(const double* position, const Projection& projection, tagKOORD* target) {
+    auto* p = PayloadIn<TmPayload>(target);
+    TmForwardFromOrigin(position, ParamsOf(*p), projection.originNorth, &p->easting, &p->northing,
+                        *TmForwardConstants(DatumOf(*target)));
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection, double* position) {
+    const auto p = Load<LambertCCPayload>(source);
+    LambertCC_Inverse(p.easting, p.northing, position, &projection.cone);
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target) {
+    auto* p = PayloadIn<LambertCCPayload>(target);
+    LambertCC_Forward(position, &p->easting, &p->northing, &projection.cone);
+    return KOORD_OK;
 }
 
 // The first phase: a record to latitude, longitude and height on its own datum. `position` comes in as zeros.
-KoordStatus ReadPosition(const tagKOORD& source, double* position) {
+KoordStatus ReadPosition(const tagKOORD& source, const Projection& projection, double* position) {
     switch (source.type) {
         case KOORD_UTM:
             return Read(source, position, UTM_ToGeodetic);
@@ -213,7 +238,7 @@ KoordStatus ReadPosition(const tagKOORD& source, double* position) {
         case KOORD_PO_MILITARY:
             return Read(source, position, POMilitary_ToGeodetic);
         case KOORD_TM:
-            return Read(source, position, TM_ToGeodetic);
+            return TM_Read(source, projection, position);
         case KOORD_VDG:
             return Read(source, position, VDG_Read);
         case KOORD_BNG:
@@ -225,14 +250,14 @@ KoordStatus ReadPosition(const tagKOORD& source, double* position) {
         case KOORD_LUREF:
             return Read(source, position, LUREF_ToGeodetic);
         case KOORD_LAMBERTCC:
-            return Read(source, position, LAMBERTCC_ToGeodetic);
+            return LAMBERTCC_Read(source, projection, position);
         default:
             return KOORD_ERR_TYPE;
     }
 }
 
 // The last phase: a position on the target's datum to the target's form.
-KoordStatus WritePosition(const double* position, tagKOORD* target) {
+KoordStatus WritePosition(const double* position, const Projection& projection, tagKOORD* target) {
     switch (target->type) {
         case KOORD_UTM:
             return Write(position, target, UTM_FromGeodetic);
@@ -265,7 +290,7 @@ KoordStatus WritePosition(const double* position, tagKOORD* target) {
         case KOORD_PO_MILITARY:
             return Write(position, target, POMilitary_FromGeodetic);
         case KOORD_TM:
-            return Write(position, target, TM_FromGeodetic);
+            return TM_Write(position, projection, target);
         case KOORD_VDG:
             return Write(position, target, VDG_FromGeodetic);
         case KOORD_BNG:
@@ -277,20 +302,77 @@ KoordStatus WritePosition(const double* position, tagKOORD* target) {
         case KOORD_LUREF:
             return Write(position, target, LUREF_FromGeodetic);
         case KOORD_LAMBERTCC:
-            return Write(position, target, LAMBERTCC_FromGeodetic);
+            return LAMBERTCC_Write(position, projection, target);
         default:
             return KOORD_ERR_TYPE;
     }
 }
 
-KoordStatus ShiftPosition(std::int32_t sourceDatum, std::int32_t targetDatum, double* position) {
-    if (sourceDatum == targetDatum) return KOORD_OK;
-    HubParams toHub;
-    HubParams fromHub;
-    Datum_LoadToHub(sourceDatum, &toHub);
-    Datum_LoadFromHub(targetDatum, &fromHub);
-    return Datum_Shift(position, position, &toHub, &fromHub, sourceDatum, targetDatum);
+// Whether a record of the type is in range whenever it could be written: the lettered grids refuse what lies
+// outside themselves, and the other two have no range.
+bool IsInRangeOnceWritten(std::uint32_t type) {
+    return type == KOORD_BNG || type == KOORD_ING || type == KOORD_ECEF || type == KOORD_VDG;
 }
+
+// A conversion between two projections on datums of the table, prepared for any number of positions.
+class Conversion {
+  public:
+    void Prepare(const tagKOORD& source, const tagKOORD& target) {
+        PrepareProjection(source, &source_);
+        PrepareProjection(target, &target_);
+    }
+
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) const {
+        double position[3] = {};
+        KoordStatus status = ReadPosition(source, source_, position);
+        if (status != KOORD_OK) return status;
+        if (source.datum != target->datum) ShiftBetween(DatumOf(source), DatumOf(*target), position);
+
+        std::int32_t detail = KOORD_OK;
+        if (checkRange == 1 && target->type != KOORD_GEODEZ) {
+            const auto type = static_cast<std::int32_t>(target->type);
+            if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
+        }
+        status = WritePosition(position, target_, target);
+        if (detail != KOORD_CHECK_AFTER || (status == KOORD_OK && IsInRangeOnceWritten(target->type))) {
+            return status;
+        }
+        return Range_CheckRecord(target, &detail) == KOORD_OK ? status : detail;
+    }
+
+  private:
+    Projection source_, target_;
+};
+
+bool HaveDatums(const tagKOORD& source, const tagKOORD& target) {
+    return RowOf(DatumOf(source)) != nullptr && RowOf(DatumOf(target)) != nullptr;
+}
+
+// A conversion that is prepared anew only where another projection begins.
+class RunOfConversions {
+  public:
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) {
+        if (!isPrepared_ || !HaveSameProjection(source, firstSource_) ||
+            !HaveSameProjection(*target, firstTarget_)) {
+            isPrepared_ = HaveDatums(source, *target);
+            if (!isPrepared_) return KOORD_ERR_DATUM;
+            conversion_.Prepare(source, *target);
+            firstSource_ = source;
+            firstTarget_ = *target;
+        }
+        return conversion_.Convert(source, target, checkRange);
+    }
+
+  private:
+    static bool HaveSameProjection(const tagKOORD& record, const tagKOORD& other) {
+        return record.datum == other.datum && record.type == other.type &&
+               std::memcmp(record.payload, other.payload, ParameterBytes(record.type)) == 0;
+    }
+
+    bool isPrepared_ = false;
+    Conversion conversion_;
+    tagKOORD firstSource_, firstTarget_;  // copies: the caller's may overlap
+};
 
 }  // namespace
 
@@ -300,24 +382,24 @@ KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target) {
 
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange) {
     if (source == nullptr || target == nullptr) return KOORD_ERR_GENERAL;
-    if (RowOf(DatumOf(*source)) == nullptr || RowOf(DatumOf(*target)) == nullptr) {
-        return KOORD_ERR_DATUM;
-    }
+    if (!HaveDatums(*source, *target)) return KOORD_ERR_DATUM;
+    Conversion conversion;
+    conversion.Prepare(*source, *target);
+    return conversion.Convert(*source, target, checkRange);
+}
 
-    double position[3] = {};
-    KoordStatus status = ReadPosition(*source, position);
-    if (status != KOORD_OK) return status;
-    status = ShiftPosition(DatumOf(*source), DatumOf(*target), position);
-    if (status != KOORD_OK) return status;
-
-    std::int32_t detail = KOORD_OK;
-    if (checkRange == 1 && target->type != KOORD_GEODEZ) {
-        const auto type = static_cast<std::int32_t>(target->type);
-        if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
+KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
+                             std::int32_t checkRange, KoordStatus* status) {
+    const bool hasRecords = source != nullptr && target != nullptr;
+    KoordStatus first = KOORD_OK;
+    RunOfConversions run;
+    for (std::size_t i = 0; i < count; ++i) {
+        const KoordStatus result =
+            hasRecords ? run.Convert(source[i], &target[i], checkRange) : KOORD_ERR_GENERAL;
+        if (status != nullptr) status[i] = result;
+        if (first == KOORD_OK) first = result;
     }
-    status = WritePosition(position, target);
-    if (detail == KOORD_CHECK_AFTER && Range_CheckRecord(target, &detail) != KOORD_OK) return detail;
-    return status;
+    return first;
 }
 
 }  // namespace tessara

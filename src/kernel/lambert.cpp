@@ -1,7 +1,11 @@
 #include "tessara/kernel/lambert.h"
 
 #include <cmath>
+#include <limits>
 
+#include "kernel/conformal_latitude.h"
+#include "kernel/datum_rows.h"
+#include "kernel/direction.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/projection_math.h"
@@ -38,23 +42,32 @@ bool HasOneParallel(const LambertCC& lcc) {
     return lcc.parallel1 == lcc.parallel2;
 }
 
-double ParallelRadius(double lat, double e2) {
-    const double sinLat = std::sin(lat);
-    return std::cos(lat) / std::sqrt(1.0 - sinLat * sinLat * e2);
+// Of a parallel on a unit ellipsoid.
+double ParallelRadius(Direction phi, double e2) {
+    return phi.cosine / std::sqrt(1.0 - phi.sine * phi.sine * e2);
 }
 
-// The latitude whose negative isometric latitude is ln t.
-double LatitudeFromT(double t, double e) {
-    double lat = HALF_PI - 2.0 * std::atan(t);
-    double step = 0.0;
-    int count = 0;
-    do {
-        const double old = lat;
-        const double eSin = e * std::sin(old);
-        lat = HALF_PI - 2.0 * std::atan(t * std::pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
-        step = std::fabs(lat - old);
-    } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
-    return lat;
+// exp of the negative isometric latitude, which is cos phi / (1 + sin phi) on the sphere. The method's own
+// form sees the sine only: a latitude whose sine is rounded to that of the pole lies at the pole, and one
+// beyond it is reflected.
+double ExponentialOf(Direction phi, double e2) {
+    if (phi.sine == 1.0) return 0.0;
+    if (phi.sine == -1.0) return std::numeric_limits<double>::infinity();
+    const double q = EllipsoidShare(phi.sine, e2);
+    const double cosine = std::fabs(phi.cosine);
+    const double sphere = phi.sine < 0.0 ? (1.0 - phi.sine) / cosine : cosine / (1.0 + phi.sine);
+    return sphere * (CoshOfShare(q) + SinhOfShare(q));
+}
+
+// The latitude that has this exponential, the limit of the method's iteration.
+double LatitudeFromExponential(double t, const LatitudeSeries& series) {
+    const auto [cosChi, sinChi] = DoubledOfTangent(t);
+    return HALF_PI - 2.0 * std::atan(t) + LatitudeStep(series, Doubled({sinChi, cosChi}));
+}
+
+// log x - log y
+double LogOfRatio(double x, double y) {
+    return x < 0.0 ? std::numeric_limits<double>::quiet_NaN() : std::log(x / y);
 }
 
 double LatitudeFromIsometricLatitude(double psi, double e) {
@@ -79,7 +92,7 @@ KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel
                            double falseEasting, double falseNorthing, double lat0, double lon0,
                            LambertCC* lcc) {
     *lcc = LambertCC{};
-    const DatumRow* row = Datum_Row(datum);
+    const DatumRow* row = RowOf(datum);
     if (!row) return KOORD_ERR_DATUM;
     lcc->datum = datum;
     lcc->parallel1Deg = parallel1;
@@ -95,29 +108,35 @@ KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel
     lcc->scale = scale;
     lcc->lat0 = lat0 * RADIANS_PER_DEGREE;
     lcc->lon0 = lon0 * RADIANS_PER_DEGREE;
-    lcc->t0 = std::exp(IsometricLatitude(lcc->e, -lcc->lat0));
-    lcc->t1 = std::exp(IsometricLatitude(lcc->e, -lcc->parallel1));
-    lcc->t2 = std::exp(IsometricLatitude(lcc->e, -lcc->parallel2));
-    lcc->m1 = ParallelRadius(lcc->parallel1, lcc->e2);
-    lcc->m2 = ParallelRadius(lcc->parallel2, lcc->e2);
-    lcc->n = HasOneParallel(*lcc)
-                 ? std::sin(lcc->parallel1)
-                 : (std::log(lcc->m1) - std::log(lcc->m2)) / (std::log(lcc->t1) - std::log(lcc->t2));
+    const Direction phi1 = DirectionOf(lcc->parallel1);
+    const Direction phi2 = DirectionOf(lcc->parallel2);
+    lcc->t0 = ExponentialOf(DirectionOf(lcc->lat0), lcc->e2);
+    lcc->t1 = ExponentialOf(phi1, lcc->e2);
+    lcc->t2 = ExponentialOf(phi2, lcc->e2);
+    lcc->m1 = ParallelRadius(phi1, lcc->e2);
+    lcc->m2 = ParallelRadius(phi2, lcc->e2);
+    lcc->n = HasOneParallel(*lcc) ? phi1.sine : LogOfRatio(lcc->m1, lcc->m2) / LogOfRatio(lcc->t1, lcc->t2);
     lcc->F = lcc->m1 / (std::pow(lcc->t1, lcc->n) * lcc->n);
     lcc->rho0 = lcc->a * lcc->F * std::pow(lcc->t0, lcc->n);
     return KOORD_OK;
 }
 
 void LambertCC_Forward(const double latLon[2], double* easting, double* northing, const LambertCC* lcc) {
-    const double t = std::exp(IsometricLatitude(lcc->e, -(latLon[0] * RADIANS_PER_DEGREE)));
+    const double t = ExponentialOf(DirectionOf(latLon[0] * RADIANS_PER_DEGREE), lcc->e2);
     const double theta = (latLon[1] * RADIANS_PER_DEGREE - lcc->lon0) * lcc->n;
+    const Direction bearing = DirectionOf(theta);
     const double rho = lcc->a * lcc->F * std::pow(t, lcc->n);
     const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
-    *easting = std::sin(theta) * rho * scale + lcc->falseEasting;
-    *northing = (lcc->rho0 - std::cos(theta) * rho) * scale + lcc->falseNorthing;
+    *easting = bearing.sine * rho * scale + lcc->falseEasting;
+    *northing = (lcc->rho0 - bearing.cosine * rho) * scale + lcc->falseNorthing;
 }
 
 void LambertCC_Inverse(double easting, double northing, double latLon[2], const LambertCC* lcc) {
+    const DatumRow* row = RowOf(lcc->datum);
+    if (!row) {
+        latLon[0] = latLon[1] = std::numeric_limits<double>::quiet_NaN();
+        return;
+    }
     const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
     const double E = (easting - lcc->falseEasting) / scale;
     const double N = (northing - lcc->falseNorthing) / scale;
@@ -126,7 +145,7 @@ void LambertCC_Inverse(double easting, double northing, double latLon[2], const 
     const double t = std::pow(rho / lcc->a / lcc->F, 1.0 / lcc->n);
     double angle = lcc->n >= 0.0 ? Bearing(fromApex, E) : Bearing(-fromApex, -E);
     if (angle > PI) angle -= TWO_PI;
-    latLon[0] = LatitudeFromT(t, lcc->e) * DEGREES_PER_RADIAN;
+    latLon[0] = LatitudeFromExponential(t, LATITUDE_SERIES[row->ellipsoid]) * DEGREES_PER_RADIAN;
     latLon[1] = (angle / lcc->n + lcc->lon0) * DEGREES_PER_RADIAN;
 }
 

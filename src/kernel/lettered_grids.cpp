@@ -47,17 +47,12 @@ constexpr LetteredGrid IRISH = {
 constexpr std::string_view SUB_SQUARES = "VWXYZQRSTULMNOPFGHJKABCDE";
 constexpr std::int32_t SUB_SQUARE_COLUMNS = 5;
 
-constexpr double SQUARE = 500000.0;      // metres
-constexpr double SUB_SQUARE = 100000.0;  // metres
-constexpr std::int32_t SUB_SQUARE_METRES = 100000;
+constexpr std::int32_t SQUARE = 500000;      // metres
+constexpr std::int32_t SUB_SQUARE = 100000;  // metres
 
 // The upper limit itself is part of the grid, and its letters are those of the last square.
 double WithinLastSquare(double value, double limit) {
     return value == limit ? limit - LIMIT_TOLERANCE_METRES : value;
-}
-
-double MetresInSubSquare(double value) {
-    return TruncateToInt32(value) % SUB_SQUARE_METRES;
 }
 
 double PreferFullValue(double address, double full) {
@@ -78,17 +73,17 @@ KoordStatus FromGeodetic(const LetteredGrid& grid, const double latLon[2], Lette
         return KOORD_ERR_GRID_RANGE;
     }
 
-    const double east = WithinLastSquare(easting, limits.east);
-    const double north = WithinLastSquare(northing, limits.north);
-    const std::int32_t square =
-        grid.squareColumns * TruncateToInt32(north / SQUARE) + TruncateToInt32(east / SQUARE);
-    const std::int32_t column = TruncateToInt32(east / SUB_SQUARE) % SUB_SQUARE_COLUMNS;
-    const std::int32_t row = TruncateToInt32(north / SUB_SQUARE) % SUB_SQUARE_COLUMNS;
+    // Squares begin at whole metres.
+    const std::int32_t east = TruncateToInt32(WithinLastSquare(easting, limits.east));
+    const std::int32_t north = TruncateToInt32(WithinLastSquare(northing, limits.north));
+    const std::int32_t square = grid.squareColumns * (north / SQUARE) + east / SQUARE;
+    const std::int32_t column = east / SUB_SQUARE % SUB_SQUARE_COLUMNS;
+    const std::int32_t row = north / SUB_SQUARE % SUB_SQUARE_COLUMNS;
 
     payload->square = LetterAt(grid.squares, square);
     payload->subSquare = LetterAt(SUB_SQUARES, SUB_SQUARE_COLUMNS * row + column);
-    payload->easting = MetresInSubSquare(east);
-    payload->northing = MetresInSubSquare(north);
+    payload->easting = east % SUB_SQUARE;
+    payload->northing = north % SUB_SQUARE;
     payload->fullEasting = easting;
     payload->fullNorthing = northing;
     return KOORD_OK;

@@ -37,6 +37,8 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
 
 // SnapTo for the two ends of a range.
 [[nodiscard]] inline double SnapToEither(double low, double high, double value, double tolerance) {
+    // Nearly all values lie well inside, and needn't wait for the two distances.
+    if (value - low > tolerance && high - value > tolerance) return value;
     return SnapTo(low, SnapTo(high, value, tolerance), tolerance);
 }
 

@@ -1,12 +1,23 @@
 #include "tessara/kernel/range_checks.h"
 
 #include <cmath>
+#include <cstddef>
+#include <cstring>
 
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
+
+// One field of a record that has just been written. A payload is read in pieces longer than its fields, which
+// a processor can't do before they have reached memory.
+template <class Field>
+Field FieldAt(const tagKOORD& record, std::size_t offset) {
+    Field field;
+    std::memcpy(&field, record.payload + offset, sizeof field);
+    return field;
+}
 
 struct AxisRange {
     double low;
@@ -197,16 +208,21 @@ KoordStatus CheckGrid(double easting, double northing, const Limits& limits, Ran
 
 KoordStatus CheckPlainGrid(const tagKOORD& record, const Limits& limits, RangeStatus east = EAST_STATUS,
                            RangeStatus north = NORTH_STATUS) {
-    const GridPayload p = Load<GridPayload>(record);
-    return CheckGrid(p.easting, p.northing, limits, east, north);
+    return CheckGrid(FieldAt<double>(record, offsetof(GridPayload, easting)),
+                     FieldAt<double>(record, offsetof(GridPayload, northing)), limits, east, north);
 }
 
 // No letter is rejected here: the conversion itself knows which letters exist and answers
 // KOORD_ERR_GRID_RANGE. KOORD_ERR_GRID_LETTER stays reserved.
 KoordStatus CheckLetterGrid(const tagKOORD& record, const Limits& limits) {
-    const LetterGridPayload p = Load<LetterGridPayload>(record);
-    if (p.square != 0 && p.subSquare != 0) return CheckGrid(p.easting, p.northing, SQUARE_LIMITS);
-    return CheckGrid(p.fullEasting, p.fullNorthing, limits);
+    using P = LetterGridPayload;
+    const bool hasLetters =
+        FieldAt<char>(record, offsetof(P, square)) != 0 && FieldAt<char>(record, offsetof(P, subSquare)) != 0;
+    const double easting =
+        FieldAt<double>(record, hasLetters ? offsetof(P, easting) : offsetof(P, fullEasting));
+    const double northing =
+        FieldAt<double>(record, hasLetters ? offsetof(P, northing) : offsetof(P, fullNorthing));
+    return CheckGrid(easting, northing, hasLetters ? SQUARE_LIMITS : limits);
 }
 
 KoordStatus RecordVerdict(const tagKOORD& record) {

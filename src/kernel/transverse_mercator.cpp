@@ -37,20 +37,35 @@ struct Figure {
 
 Figure FigureOf(const TmConstants& c) {
     const DatumRow* row = RowOf(c.datum);
-    if (!row) return {-1.0, std::nan(""), ELLIPSOID_UNKNOWN};
+    if (!row) return {std::nan(""), std::nan(""), ELLIPSOID_UNKNOWN};
     return {row->a, row->e2, row->ellipsoid};
 }
 
 struct LibraryFunctions {
     static Direction DirectionOf(double angle) { return tessara::DirectionOf(angle); }
-    static double Atan(double tangent) { return std::atan(tangent); }
 };
 
-// The northing of a latitude of origin, in metres.
-double OriginNorthing(double degrees, const TmConstants& c) {
-    const Figure figure = FigureOf(c);
-    return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
-                                                figure.e2, c.seriesCoef);
+// Within a strip a latitude on the sphere and the transverse latitude of the same point differ by little, and
+// one follows from the other without a call into the mathematics library.
+
+// atan(up / ahead), the transverse latitude of a point at the conformal latitude.
+double TransverseLatitude(const ConformalAngle& conformal, double dLon, double cosLambda) {
+    const auto [up, along] = conformal.direction;
+    const double ahead = along * cosLambda;
+    if (!IsSmall(dLon * dLon)) return std::atan(up / ahead);
+    const double tangent = up * along * (1.0 - cosLambda) / (up * up + along * ahead);
+    return conformal.chi + tangent * ArcTerms(-(tangent * tangent));
+}
+
+// atan(xi.sine / meridian), the conformal latitude of a point whose transverse latitude is `angle`, with the
+// direction xi, and whose distance from the meridian has the hyperbolic sine sinhEta.
+double ConformalLatitudeOf(double angle, Direction xi, double meridian, double sinhEta) {
+    constexpr double offThePoles = 1.5;  // radians
+    const double sinh2 = sinhEta * sinhEta;
+    if (!IsSmall(sinh2) || !(std::fabs(angle) < offThePoles)) return std::atan(xi.sine / meridian);
+    const double tangent =
+        xi.sine * sinh2 / ((meridian + xi.cosine) * (xi.cosine * meridian + xi.sine * xi.sine));
+    return angle - tangent * ArcTerms(-(tangent * tangent));
 }
 
 }  // namespace
@@ -65,18 +80,17 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
                 double* northing, const TmConstants* c) {
     const Figure figure = FigureOf(*c);
     const double phi = LatitudeAsSeen(lat);
-    const Direction chi = ConformalLatitude(std::sin(phi), std::cos(phi), figure.e2);
-    const double up = chi.sine;
+    const ConformalAngle conformal =
+        ConformalLatitude(phi, DirectionOf(phi), CONFORMAL_SERIES[figure.ellipsoid]);
     const Direction lambda = DirectionOfSmall(dLon);
-    const double ahead = chi.cosine * lambda.cosine;
-    const double aside = chi.cosine * lambda.sine;
+    const double up = conformal.direction.sine;
+    const double ahead = conformal.direction.cosine * lambda.cosine;
+    const double aside = conformal.direction.cosine * lambda.sine;
 
-    const double meridian2 = up * up + ahead * ahead;
-    const double radius = std::sqrt(meridian2 + aside * aside);
-    const Plane sphere{std::atan(up / ahead), AtanhOfSmall(aside / radius)};
-    const double twice = 2.0 / meridian2;
-    const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up),
-                              twice * aside * radius, 1.0 + twice * aside * aside};
+    const Plane sphere{TransverseLatitude(conformal, dLon, lambda.cosine), AtanhOfSmall(aside)};
+    const double twice = 2.0 / (up * up + ahead * ahead);
+    const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), twice * aside,
+                              1.0 + twice * aside * aside};
     const Plane series = SineSeries(c->seriesCoef, angles);
 
     const double ka = k * figure.a;
@@ -87,8 +101,8 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
 void TM_Inverse(double easting, double northing, double k, double falseEasting, double falseNorthing,
                 double centralMeridian, double* lon, double* lat, const TmConstants* c) {
     const Figure figure = FigureOf(*c);
-    const double unit = k * figure.a * c->seriesCoef[0];
-    const Plane ellipsoid{(northing - falseNorthing) / unit, (easting - falseEasting) / unit};
+    const double perUnit = 1.0 / (k * figure.a * c->seriesCoef[0]);
+    const Plane ellipsoid{(northing - falseNorthing) * perUnit, (easting - falseEasting) * perUnit};
     const Direction north = DirectionOf(ellipsoid.north);
     const double sinhEast = SinhOfSmall(ellipsoid.east);
     const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
@@ -103,7 +117,7 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
     const double meridian = std::sqrt(meridian2);
     const double lambda = AtanOfSmall(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;
-    const double chi = std::atan(xi.sine / meridian);
+    const double chi = ConformalLatitudeOf(ellipsoid.north - series.north, xi, meridian, sinhEta);
 
     // Back to the ellipsoid.
     const double perRadius2 = 1.0 / (1.0 + sinhEta * sinhEta);
@@ -113,6 +127,12 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
     const double rest = RestOfIteration(-step, step, twice, figure.e2, LATITUDE_TOLERANCE);
     *lon = lambda * DEGREES_PER_RADIAN;
     *lat = (chi + (step + rest) - (HALF_PI_SHORT - HALF_PI)) * DEGREES_PER_RADIAN;
+}
+
+double TmOriginNorthing(double degrees, const TmConstants& forward) {
+    const Figure figure = FigureOf(forward);
+    return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
+                                                CONFORMAL_SERIES[figure.ellipsoid], forward.seriesCoef);
 }
 
 void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
@@ -134,14 +154,14 @@ void TmInverseFromOrigin(double easting, double northing, const TmParams& p, dou
 
 KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* easting, double* northing,
                             const TmConstants* forward) {
-    const double originNorth = OriginNorthing(p->originLatitude, *forward);
+    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
     TmForwardFromOrigin(latLon, *p, originNorth, easting, northing, *forward);
     return KOORD_OK;
 }
 
 KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
                             const TmConstants* forward, const TmConstants* inverse) {
-    const double originNorth = OriginNorthing(p->originLatitude, *forward);
+    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
     TmInverseFromOrigin(easting, northing, *p, originNorth, latLon, *inverse);
     return KOORD_OK;
 }

@@ -11,8 +11,10 @@ namespace tessara {
 [[nodiscard]] const TmConstants* TmForwardConstants(std::int32_t datum);
 [[nodiscard]] const TmConstants* TmInverseConstants(std::int32_t datum);
 
-// TM_ForwardParam and TM_InverseParam for a grid whose latitude of origin is known at compile time:
-// `originNorth` in metres is its northing.
+// The northing of a latitude of origin, degrees and metres.
+[[nodiscard]] double TmOriginNorthing(double degrees, const TmConstants& forward);
+
+// TM_ForwardParam and TM_InverseParam where the northing of the latitude of origin is known, in metres.
 void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
                          double* northing, const TmConstants& forward);
 void TmInverseFromOrigin(double easting, double northing, const TmParams& p, double originNorth,

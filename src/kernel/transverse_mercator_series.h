@@ -80,13 +80,13 @@ constexpr Plane SineSeries(const double c[5], const DoubleAngles& z) {
 // origin has its false northing exactly. The functions are those of the library or, for the compiler, ones
 // that are rounded right.
 template <class Functions>
-constexpr double NorthingOnMeridian(double phi, double a, double e2, const double c[5]) {
-    const Direction direction = Functions::DirectionOf(phi);
-    const Direction chi = ConformalLatitude(direction.sine, direction.cosine, e2);
-    const double twice = 2.0 / (chi.sine * chi.sine + chi.cosine * chi.cosine);
-    const DoubleAngles angles{twice * chi.sine * chi.cosine,
-                              0.5 * twice * (chi.cosine - chi.sine) * (chi.cosine + chi.sine), 0.0, 1.0};
-    return a * (c[0] * Functions::Atan(chi.sine / chi.cosine) + SineSeries(c, angles).north);
+constexpr double NorthingOnMeridian(double phi, double a, const LatitudeSeries& conformal,
+                                    const double c[5]) {
+    const auto [chi, direction] = ConformalLatitude(phi, Functions::DirectionOf(phi), conformal);
+    const auto [up, ahead] = direction;
+    const double twice = 2.0 / (up * up + ahead * ahead);
+    const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), 0.0, 1.0};
+    return a * (c[0] * chi + SineSeries(c, angles).north);
 }
 
 struct CompileTimeFunctions {
@@ -94,14 +94,13 @@ struct CompileTimeFunctions {
         return {static_cast<double>(compile_time::Sine(angle)),
                 static_cast<double>(compile_time::Cosine(angle))};
     }
-    static constexpr double Atan(double tangent) { return static_cast<double>(compile_time::Atan(tangent)); }
 };
 
 consteval double ComputeOriginNorthing(const EllipsoidFigure& figure, double degrees) {
     double coefficients[5];
     Evaluate(FORWARD_MATRIX, figure.EccentricitySquared(), coefficients);
     return NorthingOnMeridian<CompileTimeFunctions>(degrees * RADIANS_PER_DEGREE, figure.a,
-                                                    figure.EccentricitySquared(), coefficients);
+                                                    ComputeConformalSeries(figure), coefficients);
 }
 
 // The northing of a latitude of origin, by the codes of the ellipsoids.

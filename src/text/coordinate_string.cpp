@@ -61,17 +61,22 @@ void CoordinateString::UnsetPrecisionsIfOther(std::int32_t system) {
     eastPrecision_ = PRECISION_UNSET;
 }
 
-bool CoordinateString::Hold(ICoord* coord) {
-    return CopyCoord(coord, coord_.Get()) && coord_->GetReference(reference_.Get());
+// A coordinate without a record inside has a reference all the same.
+void CoordinateString::UnsetPrecisionsForForeign(ICoord* coord) {
+    const IRef<ICoord> foreign(coord);
+    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
+    if (!foreign.IsValid() || !reference.IsValid()) return;
+    if (foreign->GetReference(reference.Get())) UnsetPrecisionsIfOther(reference->GetSystem());
 }
 
 bool CoordinateString::SetCoord(ICoord* coord) {
-    const IRef<ICoord> source(coord);
-    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
-    if (!source.IsValid() || !reference.IsValid()) return false;
-    if (!source->GetReference(reference.Get())) return false;
-    UnsetPrecisionsIfOther(reference->GetSystem());
-    return Hold(source.Get());
+    CKoord koord;
+    if (!KoordFromCoord(coord, &koord)) {
+        UnsetPrecisionsForForeign(coord);
+        return false;
+    }
+    UnsetPrecisionsIfOther(static_cast<std::int32_t>(koord.type));
+    return KoordToCoord(&koord, coord_.Get()) && coord_->GetReference(reference_.Get());
 }
 
 bool CoordinateString::GetCoord(ICoord* coord) {

@@ -43,7 +43,7 @@ class CoordinateString : public ICoordinateString {
     bool SetPrecision(Axis axis, double resolution);
     bool SetDefaultPrecision(Axis axis);
     void UnsetPrecisionsIfOther(std::int32_t system);
-    bool Hold(ICoord* coord);
+    void UnsetPrecisionsForForeign(ICoord* coord);
     bool ConvertHeld(std::int32_t system, CKoord* koord);
 
     bool MakePlainText(Axis axis, std::string* text);

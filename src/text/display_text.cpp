@@ -50,8 +50,10 @@ bool DisplayUtmref(int precision, const PlainTexts& plain, std::string* display)
     Tokens north(plain.north);
     Tokens east(plain.east);
     *display = east.At(0) + north.At(0) + east.At(1) + north.At(1);
-    if (precision < SQUARE_PRECISION)
-        *display += DigitGroup(east.At(2), precision) + DigitGroup(north.At(2), precision);
+    if (precision < SQUARE_PRECISION) {
+        *display += DigitGroup(east.At(2), precision);
+        *display += DigitGroup(north.At(2), precision);
+    }
     return north.AreComplete() && east.AreComplete();
 }
 

@@ -139,8 +139,9 @@ RowSpan RowsOf(const HalfZone& zone, const UtmrefBand& band, const ColumnSpan& c
     return {row(low - REACH), row(high + REACH)};
 }
 
-bool IsInZone(const HalfZone& zone, const UtmrefBand& band, std::int32_t column) {
-    return SpanOf(column).inner <= zone.BorderAt(band.nearEdge).offset + REACH;
+// Whether a zone as wide as this, from its central meridian, has the column.
+bool HasColumn(double halfWidth, std::int32_t column) {
+    return SpanOf(column).inner <= halfWidth + REACH;
 }
 
 }  // namespace
@@ -148,11 +149,11 @@ bool IsInZone(const HalfZone& zone, const UtmrefBand& band, std::int32_t column)
 std::string Utmref_Columns(std::int32_t datum, std::int32_t zone, char bandLetter) {
     UtmrefBand band;
     if (Datum_Row(datum) == nullptr || !Utmref_FindBand(bandLetter, &band)) return {};
-    const HalfZone half(datum);
+    const double halfWidth = HalfZone(datum).BorderAt(band.nearEdge).offset;
     const std::string_view letters = Utmref_ColumnLetters(zone);
     std::string columns;
     for (std::int32_t column = 0; HasIndex(letters, column); ++column) {
-        if (IsInZone(half, band, column)) columns += LetterAt(letters, column);
+        if (HasColumn(halfWidth, column)) columns += LetterAt(letters, column);
     }
     return columns;
 }
@@ -163,7 +164,7 @@ std::string Utmref_Rows(std::int32_t datum, std::int32_t zone, char bandLetter, 
     UtmrefBand band;
     if (row == nullptr || column == NO_LETTER || !Utmref_FindBand(bandLetter, &band)) return {};
     const HalfZone half(datum);
-    if (!IsInZone(half, band, column)) return {};
+    if (!HasColumn(half.BorderAt(band.nearEdge).offset, column)) return {};
 
     const RowSpan span = RowsOf(half, band, SpanOf(column));
     const std::string_view letters = Utmref_RowLetters(row->ellipsoid);

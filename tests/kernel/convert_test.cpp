@@ -9,6 +9,7 @@
 
 #include "support/records.h"
 #include "tessara/kernel/datum.h"
+#include "tessara/kernel/range_checks.h"
 
 namespace tessara {
 namespace {
@@ -348,6 +349,25 @@ TEST(KoordConvert, ReturnsFromEveryTypeToWhereItStarted) {
             ASSERT_NEAR(position.latitude, lat, row.tolerance);
             ASSERT_NEAR(position.longitude, lon, row.tolerance);
         }
+    }
+}
+
+// The conversion relies on it and tests no record of these types that it could write.
+TEST(KoordConvert, WrittenLetteredGridsAndFreeValuesAreInRange) {
+    std::mt19937_64 random(21);
+    std::uniform_real_distribution<double> latitude(48.0, 62.0);
+    std::uniform_real_distribution<double> longitude(-12.0, 4.0);
+    for (const std::int32_t type : {KOORD_BNG, KOORD_ING, KOORD_ECEF, KOORD_VDG}) {
+        int written = 0;
+        for (int i = 0; i < 5000; ++i) {
+            const tagKOORD source = GeodezRecord(latitude(random), longitude(random));
+            tagKOORD target = MakeKoord(DATUM_WGS84, type);
+            if (KoordConvertEx(&source, &target, NO_RANGE_TESTS) != KOORD_OK) continue;
+            std::int32_t detail = KOORD_ERR_GENERAL;
+            ASSERT_EQ(Range_CheckRecord(&target, &detail), KOORD_OK) << type << ": " << detail;
+            ++written;
+        }
+        EXPECT_GT(written, 500) << type;
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
+#include "tessara/kernel/lambert.h"
 #include "tessara/kernel/transverse_mercator.h"
 
 namespace tessara::reference {
@@ -469,5 +470,53 @@ struct Dutch {
         latLon[1] = (Real(5.3876388889) * RADIANS_PER_DEGREE + L / n) * DEGREES_PER_RADIAN;
     }
 };
+
+// exp of the negative isometric latitude.
+template <class Real>
+Real LambertExponential(Real lat, Real e) {
+    const auto atanhOf = [](Real x) { return std::log((1 + x) / (1 - x)) / 2; };
+    const Real s = std::sin(-lat);
+    return std::exp(atanhOf(s) - e * atanhOf(e * s));
+}
+
+// The constant of a cone with two parallels, in radians.
+template <class Real>
+Real ConeConstant(Real lat1, Real lat2, Real e) {
+    const auto logM = [e](Real lat) {
+        return std::log(std::cos(lat) / std::sqrt(1 - std::sin(lat) * std::sin(lat) * e * e));
+    };
+    return (logM(lat1) - logM(lat2)) /
+           (std::log(LambertExponential(lat1, e)) - std::log(LambertExponential(lat2, e)));
+}
+
+// For cones with two parallels.
+template <class Real>
+void LambertForward(const double latLon[2], Real* easting, Real* northing, const LambertCC& cone) {
+    const Real t = LambertExponential(Real(latLon[0]) * RADIANS_PER_DEGREE, Real(cone.e));
+    const Real theta = (Real(latLon[1]) * RADIANS_PER_DEGREE - cone.lon0) * cone.n;
+    const Real rho = Real(cone.a) * cone.F * std::pow(t, Real(cone.n));
+    *easting = std::sin(theta) * rho + cone.falseEasting;
+    *northing = cone.rho0 - std::cos(theta) * rho + cone.falseNorthing;
+}
+
+template <class Real>
+void LambertInverse(double easting, double northing, Real latLon[2], const LambertCC& cone) {
+    const Real halfPi = sizeof(Real) == sizeof(double) ? Real(HALF_PI) : 2 * std::atan(Real(1));
+    const Real E = Real(easting) - cone.falseEasting;
+    const Real N = cone.rho0 - (Real(northing) - cone.falseNorthing);
+    const Real sign = cone.n > 0 ? 1 : cone.n < 0 ? -1 : 0;
+    const Real t = std::pow(sign * std::sqrt(E * E + N * N) / cone.a / cone.F, 1 / Real(cone.n));
+    const Real angle = std::atan2(sign * E, sign * N);
+    Real lat = halfPi - 2 * std::atan(t);
+    Real old;
+    int count = 0;
+    do {
+        old = lat;
+        const Real eSin = cone.e * std::sin(old);
+        lat = halfPi - 2 * std::atan(t * std::pow((1 - eSin) / (1 + eSin), Real(cone.e) / 2));
+    } while (std::fabs(lat - old) > Real(1e-13) && ++count < 100);
+    latLon[0] = lat * DEGREES_PER_RADIAN;
+    latLon[1] = (angle / cone.n + cone.lon0) * DEGREES_PER_RADIAN;
+}
 
 }  // namespace tessara::reference

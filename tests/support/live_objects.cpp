@@ -7,6 +7,7 @@
 namespace {
 
 constinit std::atomic<std::int64_t> g_liveBlocks{0};
+constinit std::atomic<std::int64_t> g_allocatedBlocks{0};
 constinit thread_local int g_allocationsUntilFailure = 0;  // 0: none is to fail
 
 bool IsToFail() {
@@ -20,6 +21,7 @@ void* operator new(std::size_t size) {
     void* const block = IsToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
     if (block == nullptr) throw std::bad_alloc();
     g_liveBlocks.fetch_add(1, std::memory_order_relaxed);
+    g_allocatedBlocks.fetch_add(1, std::memory_order_relaxed);
     return block;
 }
 
@@ -45,6 +47,10 @@ namespace tessara::testing {
 
 std::int64_t LiveBlocks() {
     return g_liveBlocks.load(std::memory_order_relaxed);
+}
+
+std::int64_t AllocatedBlocks() {
+    return g_allocatedBlocks.load(std::memory_order_relaxed);
 }
 
 FailAllocation::FailAllocation(int nth) {

@@ -11,6 +11,9 @@ namespace tessara::testing {
 // How many blocks from operator new are alive.
 [[nodiscard]] std::int64_t LiveBlocks();
 
+// How many have ever been asked for.
+[[nodiscard]] std::int64_t AllocatedBlocks();
+
 // While it lives, the `nth` allocation of this thread from now on fails, once. 1 is the next one.
 class FailAllocation {
   public:

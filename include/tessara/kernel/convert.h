@@ -9,6 +9,7 @@
 // Pure functions of the two records and constant tables: no state, no allocation, any thread at any time.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "tessara/kernel/koord.h"
@@ -27,6 +28,18 @@ KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target);
 // the source leaves the target as it was; a later one may leave it partly written. A null record is
 // KOORD_ERR_GENERAL.
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange);
+
+// KoordConvertEx for source[i] and target[i], i = 0..count - 1 in this order: bit for bit the same records
+// and status[i] as from one call a record. What the datums, the types and the parameters of a TM or LAMBERTCC
+// record determine is computed once for a run of records in which they don't change, so sorted arrays are
+// faster than mixed ones. A failure ends nothing; the first one that isn't KOORD_OK is returned.
+//
+// The arrays of records may be the same or overlap in whole records: a target that is also a later source is
+// read as it was written. `status` overlaps neither and may be null, where what is returned is enough. For a
+// null array of records every status is KOORD_ERR_GENERAL. Parts of an array can be converted by several
+// threads at once if none writes what another reads.
+KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
+                             std::int32_t checkRange, KoordStatus* status);
 
 // "N" and "S" stay, "n" becomes "N", "s" becomes "S", every other byte becomes "N".
 void Hemisphere_Normalise(char* letter);
