@@ -37,8 +37,7 @@
 //   - ECEF: it has three values and two texts;
 //   - TM: its parameters aren't in the texts;
 //   - GK-AT: its eastings are the same on all three meridians, and the texts don't name the meridian. (BMN
-//   and
-//     OEM are read: the meridian with the nearest easting is meant);
+//     and OEM are read: the meridian with the nearest easting is meant);
 //   - UPS in the south: the limits of the system are those of the north;
 //   - VDG with an origin other than (0, 0);
 //   - the minutes of a GEOREF: they are kept, but no precision is read with them, and the position is the
@@ -101,8 +100,7 @@ class ICoordinateString : public IUnknown {
     //              precision stands for, and the decimals of a finer one
     //   GEODEZ     the plain text with a degree sign
     //   GEOGRAD    degrees, minutes, seconds, letter; without the seconds from precision 2 on, and without
-    //   the
-    //              minutes from 4 on
+    //              the minutes from 4 on
     //   GEODEZMIN  degrees, minutes, letter; without the minutes from precision 2 on
     //   GEOREF     without blanks
     //   BNG, ING   letters, digits as in UTMREF, whole value, without blanks

@@ -97,9 +97,9 @@ TEST(Examples, ManagedHostReadsUtmAndWritesSwissCoordinates) {
     const Outcome outcome = RunProgram(TESSARA_PROGRAM_DIR "/managed_host", {TESSARA_LIBRARY});
     EXPECT_EQ(outcome.status, 0);
     // echo 381188 5200911 | cs2cs -f %.3f +proj=utm +zone=32 +datum=WGS84 +to +proj=somerc
-    // +lat_0=46.95240555555556
-    //     +lon_0=7.439583333333333 +x_0=600000 +y_0=200000 +ellps=bessel +towgs84=674,14,405: 600000.190
-    //     199999.551
+    //     +lat_0=46.95240555555556 +lon_0=7.439583333333333 +x_0=600000 +y_0=200000 +ellps=bessel
+    //     +towgs84=674,14,405
+    // 600000.190 199999.551
     EXPECT_EQ(outcome.out, "600000 200000\n");
 }
 
