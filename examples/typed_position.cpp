@@ -1,8 +1,8 @@
 // What a person types: lines "NORTH; EAST" in UTM from standard input become degrees, and a text that isn't
 // taken is explained. The library itself says yes or no; why not can be found by asking it further questions.
-#include <cstdio>
 #include <iomanip>
 #include <iostream>
+#include <sstream>
 #include <string>
 
 #include "tessara/host/text.h"
@@ -17,10 +17,10 @@ namespace {
 std::string Explain(const std::string& north, const std::string& east) {
     UtmPayload utm{};
     utm.wantedZone = NO_WANTED_ZONE;
-    if (std::sscanf(north.c_str(), " %c %lf", &utm.hemisphere, &utm.northing) != 2)
+    std::istringstream northWords(north), eastWords(east);
+    if (!(northWords >> utm.hemisphere >> utm.northing))
         return "north is a letter N or S and metres, as N 5334791";
-    if (std::sscanf(east.c_str(), "%hd %lf", &utm.zone, &utm.easting) != 2)
-        return "east is a zone and metres, as 32 691602";
+    if (!(eastWords >> utm.zone >> utm.easting)) return "east is a zone and metres, as 32 691602";
     if (utm.zone < 1 || utm.zone > 60) return "zones are 1 to 60";
 
     // A record can hold what no checker lets pass, and degrees aren't tested when they are a target: so it
