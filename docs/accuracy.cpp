@@ -16,6 +16,7 @@
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/koord.h"
+#include "tessara/kernel/lambert.h"
 
 using namespace tessara;
 
@@ -207,6 +208,71 @@ void Measure(std::ostream& page, const Grid& grid, const std::string& data) {
     WriteLine(page, grid.name, std::string(grid.file) + ".txt", rows.size(), grid.reference, forward, back);
 }
 
+// Cones with free parameters, in doubles; the record of type LAMBERTCC keeps some of them as floats.
+void MeasureCones(std::ostream& page, const std::string& data) {
+    double forward = 0.0, back = 0.0;
+    const std::vector<Row> rows = RowsOf(data + "/lambert_cc.txt");
+    for (const Row& row : rows) {
+        LambertCC cone{};
+        if (LambertCC_Init(std::stoi(row.at(0)), Number(row, 1), Number(row, 2), Number(row, 3),
+                           Number(row, 4), Number(row, 5), Number(row, 6), Number(row, 7), &cone) != KOORD_OK)
+            throw std::runtime_error("lambert_cc");
+        const double latLon[2] = {Number(row, 8), Number(row, 9)};
+        double easting = 0.0, northing = 0.0, found[2];
+        LambertCC_Forward(latLon, &easting, &northing, &cone);
+        Worsen(&forward, std::hypot(easting - Number(row, 10), northing - Number(row, 11)));
+        LambertCC_Inverse(Number(row, 10), Number(row, 11), found, &cone);
+        Worsen(&back, OnTheGround(latLon[0], latLon[1], found[0], found[1]));
+    }
+    WriteLine(page, "Lambert conformal conic", "lambert_cc.txt", rows.size(), "PROJ", forward, back);
+}
+
+// On the ellipsoid; a record on its way there has no height.
+void MeasureSpace(std::ostream& page, const std::string& data) {
+    double forward = 0.0, back = 0.0;
+    std::size_t count = 0;
+    for (const Row& row : RowsOf(data + "/ecef.txt")) {
+        if (Number(row, 3) != 0.0) continue;
+        const std::int32_t datum = std::stoi(row[0]);
+        tagKOORD geodez = MakeKoord(datum, KOORD_GEODEZ), ecef = MakeKoord(datum, KOORD_ECEF);
+        Store(geodez, GeodezPayload{Number(row, 1), Number(row, 2), 0.0});
+        const EcefPayload reference{Number(row, 4), Number(row, 5), Number(row, 6)};
+        if (KoordConvertEx(&geodez, &ecef, 0) != KOORD_OK) throw std::runtime_error("ecef");
+        const auto there = Load<EcefPayload>(ecef);
+        Worsen(&forward, std::hypot(there.x - reference.x, there.y - reference.y, there.z - reference.z));
+        Store(ecef, reference);
+        if (KoordConvertEx(&ecef, &geodez, 0) != KOORD_OK) throw std::runtime_error("ecef");
+        const auto found = Load<GeodezPayload>(geodez);
+        Worsen(&back, OnTheGround(Number(row, 1), Number(row, 2), found.latitude, found.longitude));
+        ++count;
+    }
+    WriteLine(page, "ECEF, on the ellipsoid", "ecef.txt", count, "PROJ", forward, back);
+}
+
+// References are letters and whole metres: the metres between the reference and ours, in the same square, and
+// between the position of the metre's corner and the one that was asked for.
+void MeasureReferences(std::ostream& page, const std::string& data) {
+    double forward = 0.0, back = 0.0;
+    const std::vector<Row> rows = RowsOf(data + "/utmref.txt");
+    for (const Row& row : rows) {
+        tagKOORD geodez = MakeKoord(DATUM_WGS84, KOORD_GEODEZ),
+                 reference = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+        Store(geodez, GeodezPayload{Number(row, 0), Number(row, 1), 0.0});
+        if (KoordConvertEx(&geodez, &reference, 0) != KOORD_OK) throw std::runtime_error("utmref");
+        const auto found = Load<UtmrefPayload>(reference);
+        const std::string& text = row.at(2);
+        const std::size_t letters = text.find_first_not_of("0123456789");
+        if (text.substr(letters, 3) != std::string{found.band, found.column, found.row})
+            throw std::runtime_error("another square than " + text);
+        Worsen(&forward, std::hypot(found.easting - std::stoi(text.substr(letters + 3, 5)),
+                                    found.northing - std::stoi(text.substr(letters + 8, 5))));
+        if (KoordConvertEx(&reference, &geodez, 0) != KOORD_OK) throw std::runtime_error("utmref");
+        const auto corner = Load<GeodezPayload>(geodez);
+        Worsen(&back, OnTheGround(Number(row, 0), Number(row, 1), corner.latitude, corner.longitude));
+    }
+    WriteLine(page, "UTMREF, of whole metres", "utmref.txt", rows.size(), "GeographicLib", forward, back);
+}
+
 void MeasureShift(std::ostream& page, const char* file, std::int32_t datum, const std::string& data) {
     double toHub = 0.0, fromHub = 0.0;
     const std::vector<Row> rows = RowsOf(data + "/datum_shift/" + file + ".txt");
@@ -256,6 +322,9 @@ int main(int argc, char** argv) try {
     page << HEAD;
     for (const Grid& grid : GRIDS)
         Measure(page, grid, data);
+    MeasureCones(page, data);
+    MeasureReferences(page, data);
+    MeasureSpace(page, data);
     constexpr std::pair<const char*, std::int32_t> SHIFTS[] = {{"ger", 3},    {"nad27", 4},  {"mgi", 6},
                                                                {"ch1903", 7}, {"ogb_m", 98}, {"toy_m", 77}};
     for (const auto& [file, datum] : SHIFTS)
