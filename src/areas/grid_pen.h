@@ -1,0 +1,45 @@
+// Draws the lines of a grid on a map and hands them on.
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "geometry/densify.h"
+
+namespace tessara {
+
+using GridLine = std::vector<CKoord>;
+// Takes a line; false ends the drawing, which has then failed.
+using GridLineSink = std::function<bool(const GridLine&)>;
+
+class GridPen {
+  public:
+    GridPen(const MapPlane& map, GridLineSink sink) : map_(map), sink_(std::move(sink)) {}
+
+    // Adds the chain from a place to another to the end of a line. False as densify.h says; the line is then
+    // unchanged.
+    bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line) const {
+        GridLine piece;
+        if (!DensifyOnMap(map_, from, to, mode, DEFAULT_PIXEL_TOLERANCE, &piece)) return false;
+        line->insert(line->end(), piece.begin(), piece.end());
+        return true;
+    }
+
+    bool Finish(const GridLine& line) { return count_++ < MOST_LINES && sink_(line); }
+
+    // A line of one piece.
+    bool Draw(const CKoord& from, const CKoord& to, DensifyMode mode = DensifyMode::CoordStraight) {
+        GridLine line;
+        return Append(from, to, mode, &line) && Finish(line);
+    }
+
+  private:
+    static constexpr int MOST_LINES = 100000;  // no map shows as many; they would fill the memory
+
+    const MapPlane& map_;
+    GridLineSink sink_;
+    int count_ = 0;
+};
+
+}  // namespace tessara
