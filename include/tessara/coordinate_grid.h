@@ -9,7 +9,8 @@
 // A line is drawn over the whole extent of the window in the grid's system, so that it may begin or end
 // beside the window. Each is a single densified piece (tessara/line_points.h): straight in the grid's system,
 // it lies within a quarter of a pixel as long as 64 pieces are enough for that. Where zones meet, the border
-// between them is a line of the grid, too, and lines end on it. Points of lines have the height 0.0.
+// between them is a line of the grid, too, and lines end on it. A window over the date line, which is the end
+// of all zones, takes whole zones to both sides. Points of lines have the height 0.0.
 //
 // IArray receives one IArray for each line, with the line's points in order, in place of what it held.
 // UTMREF points are rounded to whole metres and GEOREF points to hundredths of a minute, after the line was
@@ -46,9 +47,8 @@ class ICoordinateGrid : public IUnknown {
 
     // One line of ICoord in the grid's reference for each east value, from north to south; the lines from
     // west to east. A border between two zones comes once, after the lines of the western zone. The outer
-    // border of the first zone is drawn if the window touches it or if the first line stands less than a
-    // quarter of a step east of it; that of the last zone if the window touches it, or if the system ends
-    // there and the window does less than a quarter of a step before.
+    // border of the first or last zone is drawn if the window touches it, and that of the first also if its
+    // first line stands less than a quarter of a step east of it.
     //
     // No line in the window is true, with an empty list. False without a window, for a null or wrong object,
     // and if a point of a line has no place on the map; lines made before that stay in the list. False also

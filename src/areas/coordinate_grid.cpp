@@ -5,7 +5,6 @@
 
 #include "areas/compare_records.h"
 #include "areas/creation.h"
-#include "areas/grid_lines.h"
 #include "areas/rect_extents.h"
 #include "areas/system_extremes.h"
 #include "kernel/numeric.h"
@@ -65,9 +64,16 @@ bool ToGridSystem(std::int32_t system, CKoord* koord) {
     return true;
 }
 
-// Degrees go on where their codes end: all codes of GEOREF lie within 180 degrees.
+double LongitudeOf(const CKoord& geodez) {
+    return Load<GeodezPayload>(geodez).longitude;
+}
+
+// Degrees go on where the codes of GEOREF end: a window ends there. But one that goes all around the earth,
+// by as many degrees as it takes, goes around in codes, too.
 bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes) {
-    if (DrawingSystem(system) != KOORD_GEODEZ) return true;
+    if (system != KOORD_GEOREF) return true;
+    const double width = LongitudeOf((*extremes)[Compass::East]) - LongitudeOf((*extremes)[Compass::West]);
+    const bool goesAround = width > 360.0;
     for (const Compass direction : DIRECTIONS) {
         const Axis axis = AxisOf(direction);
         tagKOORD limit;
@@ -75,7 +81,7 @@ bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes
             return false;
         CKoord extreme = (*extremes)[direction];
         const bool isBeyond = Compare_Records(axis, extreme, limit) == (SignOf(direction) > 0.0 ? 1 : -1);
-        if (!isBeyond) continue;
+        if (!isBeyond && !(goesAround && axis == Axis::East)) continue;
         if (!CopyAxis(axis, limit, &extreme)) return false;
         extremes->Set(direction, extreme);
     }
@@ -164,7 +170,8 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) {
     Extremes extremes;
     if (!ExtentOfRect(map_.Get(), rect, datum_, DrawingSystem(system_), &extremes)) return false;
     if (!KeepWithinCodes(datum_, system_, &extremes)) return false;
-    window_ = extremes;
+    window_ = GridWindow{extremes, FindZoneGap(MapPlane(map_.Get()), rect, extremes), eastStep_, northStep_,
+                         FinestStep(system_)};
     return true;
 }
 
@@ -173,7 +180,7 @@ bool CoordinateGrid::Draw(Axis axis, const GridLineSink& sink) const {
     const MapPlane plane(map_.Get());
     if (!plane.IsComplete()) return false;
     GridPen pen(plane, sink);
-    return DrawGridLines(axis, {*window_, eastStep_, northStep_, FinestStep(system_)}, &pen);
+    return DrawGridLines(axis, *window_, &pen);
 }
 
 bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const {

@@ -3,8 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "areas/extremes.h"
-#include "areas/grid_pen.h"
+#include "areas/grid_lines.h"
 #include "tessara/coordinate_grid.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/object.h"
@@ -45,7 +44,7 @@ class CoordinateGrid : public ICoordinateGrid {
     std::int32_t system_ = 0;
     double eastStep_ = 0.0;
     double northStep_ = 0.0;
-    std::optional<Extremes> window_;  // its extremes, in the system in which lines are drawn
+    std::optional<GridWindow> window_;
 };
 
 }  // namespace tessara

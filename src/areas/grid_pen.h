@@ -1,6 +1,7 @@
 // Draws the lines of a grid on a map and hands them on.
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -32,6 +33,14 @@ class GridPen {
     bool Draw(const CKoord& from, const CKoord& to, DensifyMode mode = DensifyMode::CoordStraight) {
         GridLine line;
         return Append(from, to, mode, &line) && Finish(line);
+    }
+
+    // Whether two places lie no more than a pixel apart on each axis.
+    [[nodiscard]] bool IsWithinAPixel(const CKoord& a, const CKoord& b) const {
+        PlanePoint p{};
+        PlanePoint q{};
+        return map_.ToPlane(a, &p) && map_.ToPlane(b, &q) && std::fabs(p.x - q.x) <= 1.0 &&
+               std::fabs(p.y - q.y) <= 1.0;
     }
 
   private:

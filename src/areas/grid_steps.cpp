@@ -44,9 +44,13 @@ FirstLine GridSteps::MoveToFirst(CKoord* place) const {
     return FirstLine::Found;
 }
 
+// Not by a step that is lost in the digits of the numbers, or in the nanometres by which letters shake a
+// place when they are renewed. The end of a system may draw a place onto itself.
 bool GridSteps::Advance(CKoord* place) const {
     const CKoord before = *place;
-    return step_ >= finest_ && MoveBy(step_, place) && Compare_Records(axis_, *place, before) == 1;
+    if (step_ < finest_ || !MoveBy(step_, place)) return false;
+    if (Compare_Records(axis_, *place, before) != 1) return false;
+    return std::fabs(Koord_Difference(axis_, before, *place) - step_) <= step_ / 2.0;
 }
 
 bool GridSteps::Walk(CKoord place, const CKoord& last, const std::function<bool(const CKoord&)>& draw) const {

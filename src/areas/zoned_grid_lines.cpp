@@ -1,10 +1,11 @@
-// Zones are walked from west to east by their numbers, which grow that way. Within a zone places are plain
-// eastings and northings; those of UTM count from the equator in both hemispheres.
+// Zones are walked from west to east: by their numbers, but over the date line. Within a zone places are
+// plain eastings and northings; those of UTM count from the equator in both hemispheres.
 #include "areas/zoned_grid_lines.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 #include "areas/compare_records.h"
 #include "areas/grid_steps.h"
@@ -73,6 +74,26 @@ class Zone {
     tagKOORD centre_;
 };
 
+// The zones of the window from west to east.
+std::vector<Zone> ZonesOf(const GridWindow& window) {
+    const std::int32_t last = Zones_Number(window.extremes[Compass::East]);
+    std::vector<Zone> zones;
+    for (auto zone = Zone::Of(window.extremes[Compass::West]); zone && zone->Number() <= last;
+         zone = zone->Next()) {
+        zones.push_back(*zone);
+    }
+    if (!window.gap) return zones;
+    // Over the date line the western zones are those of the highest numbers.
+    const ZoneGap gap = *window.gap;
+    const auto westernmost =
+        std::find_if(zones.begin(), zones.end(), [&](const Zone& zone) { return zone.Number() > gap.last; });
+    std::rotate(zones.begin(), westernmost, zones.end());
+    zones.erase(std::remove_if(zones.begin(), zones.end(),
+                               [&](const Zone& zone) { return gap.Holds(zone.Number()); }),
+                zones.end());
+    return zones;
+}
+
 class ZonedLines {
   public:
     ZonedLines(const GridWindow& window, GridPen* pen)
@@ -80,6 +101,8 @@ class ZonedLines {
           east_(window.extremes[Compass::East]),
           southPlace_(window.extremes[Compass::South]),
           northPlace_(window.extremes[Compass::North]),
+          zones_(ZonesOf(window)),
+          isOverDateLine_(window.gap.has_value()),
           south_(Axis_SignedNorthing(southPlace_)),
           north_(Axis_SignedNorthing(northPlace_)),
           eastStep_(window.eastStep),
@@ -108,22 +131,19 @@ class ZonedLines {
         Borders atNorth, atSouth, atWidest;
     };
 
-    // From west to east; false if visit is for one of them.
+    // False if visit is for one of them, or if there are none.
     template <class Visit>
     bool ForEachZone(const Visit& visit) const {
-        const std::int32_t last = Zones_Number(east_);
-        std::optional<Zone> zone = Zone::Of(west_);
-        if (!zone) return false;
-        for (;;) {
-            if (!visit(*zone)) return false;
-            if (zone->Number() >= last) return true;
-            zone = zone->Next();
-            if (!zone) return true;
-        }
+        return !zones_.empty() && std::all_of(zones_.begin(), zones_.end(), visit);
     }
 
-    [[nodiscard]] bool IsFirst(const Zone& zone) const { return zone.Number() == Zones_Number(west_); }
-    [[nodiscard]] bool IsLast(const Zone& zone) const { return zone.Number() == Zones_Number(east_); }
+    // Over the date line no zone is: there the extremes are ends of the system and not of the window.
+    [[nodiscard]] bool IsFirst(const Zone& zone) const {
+        return !isOverDateLine_ && zone.Number() == Zones_Number(west_);
+    }
+    [[nodiscard]] bool IsLast(const Zone& zone) const {
+        return !isOverDateLine_ && zone.Number() == Zones_Number(east_);
+    }
 
     [[nodiscard]] std::optional<Share> ShareOf(const Zone& zone) const {
         const std::optional<double> foot = zone.WidestNorthing();
@@ -154,21 +174,21 @@ class ZonedLines {
 
     // Inside the window the border belongs to the eastern of two zones.
     [[nodiscard]] bool HasWestBorder(const Share& share, const CKoord* firstLine) const {
-        const double border = share.atWidest.west;
-        if (!IsFirst(share.zone) || Zones_East(west_) <= border) return true;
-        return firstLine != nullptr && IsNear(Zones_East(*firstLine), border);
+        if (!IsFirst(share.zone) || Touches(share.zone, west_, &Borders::west)) return true;
+        if (firstLine == nullptr) return false;
+        return std::fabs(Zones_East(*firstLine) - share.atWidest.west) < eastStep_ / 4.0;
     }
 
-    // That of the last zone, if the window reaches it, or almost where there is nothing beyond.
     [[nodiscard]] bool HasEastBorder(const Share& share) const {
-        if (!IsLast(share.zone)) return false;
-        const double border = share.atWidest.east;
-        if (Zones_East(east_) >= border) return true;
-        return !share.zone.Next() && IsNear(Zones_East(east_), border);
+        return IsLast(share.zone) && Touches(share.zone, east_, &Borders::east);
     }
 
-    [[nodiscard]] bool IsNear(double easting, double border) const {
-        return std::fabs(easting - border) < eastStep_ / 4.0;
+    // Whether an extreme of the window lies on a border of its zone, to a pixel: the edge of a system is
+    // searched no finer than that.
+    [[nodiscard]] bool Touches(const Zone& zone, const CKoord& extreme, double Borders::*side) const {
+        const double northing = Axis_SignedNorthing(extreme);
+        const auto borders = zone.BordersAt(northing);
+        return borders && pen_.IsWithinAPixel(extreme, zone.At((*borders).*side, northing));
     }
 
     bool DrawBorder(const Share& share, double Borders::*side) {
@@ -225,6 +245,8 @@ class ZonedLines {
     const CKoord& east_;
     const CKoord& southPlace_;
     const CKoord& northPlace_;
+    std::vector<Zone> zones_;
+    bool isOverDateLine_;
     double south_, north_;
     double eastStep_;
     GridSteps eastSteps_, northSteps_;
