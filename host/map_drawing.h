@@ -75,7 +75,7 @@ struct Drawing {
     std::vector<std::string> problems;  // what can't be drawn
 };
 
-inline constexpr double LABEL_SIZE = 10.0;
-inline constexpr double NAME_SIZE = 12.0;
+inline constexpr double LABEL_SIZE = 12.0;
+inline constexpr double NAME_SIZE = 14.0;
 
 }  // namespace tessara::program

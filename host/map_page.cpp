@@ -14,19 +14,21 @@
 namespace tessara::program {
 namespace {
 
-constexpr double TITLE_SIZE = 18.0;
-constexpr double LEGEND_SIZE = 12.0;
+constexpr double TITLE_SIZE = 20.0;
+constexpr double LEGEND_SIZE = 13.0;
 constexpr double BOLD = 1.12;  // as wide as plain letters
 constexpr double PADDING = 12.0;
 constexpr double LEGEND_GAP = 14.0;
-constexpr double ROW = 20.0;
+constexpr double ROW = 22.0;
 constexpr double SAMPLE = 34.0;
 constexpr double SAMPLE_GAP = 8.0;
 constexpr double ENTRY_GAP = 28.0;
 
 constexpr double MARKER_RADIUS = 4.0;
 constexpr double FRAME_CLEARANCE = 5.0;
-constexpr int OUTWARD_STEPS = 3;  // rows or columns of labels beside the frame
+constexpr double OUTWARD_STEP = 1.0;
+constexpr double FARTHEST_ABOVE = 48.0;    // three rows of labels
+constexpr double FARTHEST_BESIDE = 160.0;  // two columns
 constexpr std::array<std::int64_t, 13> STRIDES = {1,   2,   5,    10,   20,   50,   100,
                                                   200, 500, 1000, 2000, 5000, 10000};
 constexpr const char* FONT = "DejaVu Sans, Verdana, Arial, Helvetica, sans-serif";
@@ -51,16 +53,13 @@ PlacedText BesideFrame(const FrameLabel& label, double clearance) {
     }
 }
 
-// How far a label moves outward to clear another one of its size.
-double OutwardStep(const FrameLabel& label) {
-    const bool isBeside = label.side == Side::LEFT || label.side == Side::RIGHT;
-    return isBeside ? TextWidth(label.text, LABEL_SIZE) + 6.0 : LABEL_SIZE * 1.3;
-}
-
+// At the frame, or so far outward that it clears what stands there.
 std::vector<PlacedText> OutwardPlaces(const FrameLabel& label) {
+    const bool isBeside = label.side == Side::LEFT || label.side == Side::RIGHT;
+    const double farthest = FRAME_CLEARANCE + (isBeside ? FARTHEST_BESIDE : FARTHEST_ABOVE);
     std::vector<PlacedText> places;
-    for (int i = 0; i < OUTWARD_STEPS; ++i)
-        places.push_back(BesideFrame(label, FRAME_CLEARANCE + i * OutwardStep(label)));
+    for (double clearance = FRAME_CLEARANCE; clearance <= farthest; clearance += OUTWARD_STEP)
+        places.push_back(BesideFrame(label, clearance));
     return places;
 }
 
