@@ -1,9 +1,11 @@
 #include "map_grid_layer.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
 #include "map_grid_labels.h"
+#include "map_grid_parts.h"
 #include "map_styles.h"
 #include "names.h"
 #include "numbers.h"
@@ -49,9 +51,10 @@ constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
 // How far a point of a border may lie beside it: UTMREF has whole metres.
 constexpr double BESIDE_BORDER = 1.5;  // metres
 
-constexpr double LABEL_CLEARANCE = 4.0;
+constexpr double LABEL_CLEARANCE = 4.0;  // picture units
+constexpr double SHORTEST_LINE = 1.0;
+constexpr double SAME_PLACE = 1.0;
 
-// Places with a corner of the window, clockwise.
 IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
                                double northStep) {
     const IRef<ICoordinateGridFactory> factory(CreateClassCoordinateGridFactory());
@@ -59,7 +62,10 @@ IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference
     IRef<ICoordinateGrid> grid((factory.Get()->*create)(sheet.Map(), reference.datum, eastStep, northStep));
     if (!grid.IsValid()) return {};
 
-    const Window& window = sheet.MapWindow();
+    // A pixel more on each side: the extremes of a window are known to a quarter of one, and lines have to
+    // reach the frame.
+    Window window = sheet.MapWindow();
+    window = {window.left - 1.0, window.top - 1.0, window.right + 1.0, window.bottom + 1.0};
     const auto corner = [](double x, double y) {
         IRef<IFloatPoint> point(CreateClassFloatPoint());
         point->SetX(x);
@@ -72,6 +78,10 @@ IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference
     return hasWindow ? grid : IRef<ICoordinateGrid>();
 }
 
+double Distance(const PicturePoint& a, const PicturePoint& b) {
+    return std::hypot(b.x - a.x, b.y - a.y);
+}
+
 // A line of a grid as it lies in the picture.
 struct GridLine {
     IRef<ICoord> first;
@@ -79,18 +89,26 @@ struct GridLine {
     std::vector<Polyline> pieces;  // inside the frame
 };
 
-std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines) {
+// The pole is a line of equal north value, too.
+bool IsSeen(const Polyline& piece) {
+    return std::any_of(piece.begin(), piece.end(), [&](const PicturePoint& point) {
+        return Distance(point, piece.front()) >= SHORTEST_LINE;
+    });
+}
+
+std::vector<GridLine> PlaceLines(const MapSheet& sheet, std::int32_t system, IArray* lines) {
     std::vector<GridLine> placed;
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
         const IRef<IArray> points(lines->GetAt(i));
         if (!points.IsValid() || points->GetCount() < 2) continue;
-        Polyline line;
-        for (std::uint32_t k = 0; k < points->GetCount(); ++k) {
-            const auto point = sheet.PointOf(IRef<ICoord>(points->GetAt(k)).Get());
-            if (point) line.push_back(*point);
+        GridLine line{
+            IRef<ICoord>(points->GetAt(0)), IRef<ICoord>(points->GetAt(points->GetCount() - 1)), {}};
+        for (const Polyline& part : PartsOnMap(sheet, system, points)) {
+            for (Polyline& piece : ClipToFrame(part, sheet.Width(), sheet.Height())) {
+                if (IsSeen(piece)) line.pieces.push_back(std::move(piece));
+            }
         }
-        placed.push_back({IRef<ICoord>(points->GetAt(0)), IRef<ICoord>(points->GetAt(points->GetCount() - 1)),
-                          ClipToFrame(line, sheet.Width(), sheet.Height())});
+        placed.push_back(std::move(line));
     }
     return placed;
 }
@@ -176,7 +194,7 @@ class GridDrawer {
                                         (axis == Axis::EAST ? "east" : "north") + " lines of " +
                                         reference_.Name() + " have a place on the map");
         }
-        return PlaceLines(sheet_, lines.Get());
+        return PlaceLines(sheet_, reference_.system, lines.Get());
     }
 
     void KeepBorders(ICoordinateGrid& grid) {
@@ -203,15 +221,22 @@ class GridDrawer {
             for (const PicturePoint& end : {piece.front(), piece.back()}) {
                 const Side side = SideOf(end, sheet_.Width(), sheet_.Height(), axis == Axis::EAST);
                 if (side == Side::INSIDE) continue;
-                labels->labels.push_back({end, side, text, ordinal});
                 ++count;
+                if (IsNew(end, *labels)) labels->labels.push_back({end, side, text, ordinal});
             }
         }
         if (count > 0 || line.pieces.empty()) return;
         const Polyline& first = line.pieces.front();
         const Polyline& last = line.pieces.back();
         AddLabelBeyond(first[1], first[0], text, *labels);
-        AddLabelBeyond(last[last.size() - 2], last.back(), text, *labels);
+        const bool isRing = Distance(first.front(), last.back()) < SAME_PLACE;
+        if (!isRing) AddLabelBeyond(last[last.size() - 2], last.back(), text, *labels);
+    }
+
+    // Half a turn east and west may be one line.
+    static bool IsNew(const PicturePoint& end, const FrameLabels& labels) {
+        return std::none_of(labels.labels.begin(), labels.labels.end(),
+                            [&end](const FrameLabel& other) { return Distance(end, other.at) < SAME_PLACE; });
     }
 
     // In the direction in which the line would go on.
@@ -234,8 +259,8 @@ class GridDrawer {
 };
 
 std::string StepText(const GridLayer& grid) {
-    if (grid.eastStep == grid.northStep) return FormatNumber(grid.eastStep);
-    return FormatNumber(grid.eastStep) + " by " + FormatNumber(grid.northStep);
+    if (grid.eastStep == grid.northStep) return FormatPlain(grid.eastStep);
+    return FormatPlain(grid.eastStep) + " by " + FormatPlain(grid.northStep);
 }
 
 }  // namespace

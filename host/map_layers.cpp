@@ -253,8 +253,8 @@ class LayerDrawer {
     }
 
     void AddRadius(const GeodezPayload& centre, double radius) {
-        const std::string text = radius >= METRES_PER_KM ? FormatNumber(radius / METRES_PER_KM) + " km"
-                                                         : FormatNumber(radius) + " m";
+        const std::string text = radius >= METRES_PER_KM ? FormatPlain(radius / METRES_PER_KM) + " km"
+                                                         : FormatPlain(radius) + " m";
         InnerLabel label{{}, "radius", ColourOf(BLACK)};
         for (const double azimuth : {0.0, 180.0, 90.0, 270.0}) {
             const std::optional<PicturePoint> point =

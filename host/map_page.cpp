@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <cmath>
 
 #include "map_layers.h"
 #include "map_projection.h"
@@ -100,8 +100,8 @@ std::string PathOf(const std::vector<Polyline>& lines, bool isClosed) {
 
 SvgAttributes AttributesOf(const Style& style) {
     SvgAttributes attributes{{"fill", style.fill}, {"stroke", style.stroke}};
-    if (style.fillOpacity != 1.0) attributes.emplace_back("fill-opacity", FormatNumber(style.fillOpacity));
-    if (style.stroke != "none") attributes.emplace_back("stroke-width", FormatNumber(style.width));
+    if (style.fillOpacity != 1.0) attributes.emplace_back("fill-opacity", FormatPlain(style.fillOpacity));
+    if (style.stroke != "none") attributes.emplace_back("stroke-width", FormatPlain(style.width));
     if (!style.dash.empty()) attributes.emplace_back("stroke-dasharray", style.dash);
     return attributes;
 }
@@ -154,19 +154,19 @@ class Page {
             const std::vector<FrameLabel> onSide = OnSide(labels, side);
             const std::int64_t stride = StrideOf(onSide);
             for (const FrameLabel& label : onSide) {
-                if (label.ordinal % stride != 0 || IsThere(label)) continue;
+                if (label.ordinal % stride != 0 || !IsNew(label.at, labels.classes)) continue;
                 PlaceText(OutwardPlaces(label), labels.classes, labels.colour, std::nullopt);
             }
         }
     }
 
     // A border of two layers has one label.
-    [[nodiscard]] bool IsThere(const FrameLabel& label) const {
-        const PicturePoint at = BesideFrame(label, FRAME_CLEARANCE).at;
-        return std::any_of(texts_.begin(), texts_.end(), [&](const StyledText& text) {
-            return text.text.text == label.text && std::abs(text.text.at.x - at.x) < 1.0 &&
-                   std::abs(text.text.at.y - at.y) < 1.0;
+    bool IsNew(const PicturePoint& at, const std::string& classes) {
+        const bool isThere = std::any_of(labelled_.begin(), labelled_.end(), [&](const auto& other) {
+            return other.second == classes && std::hypot(other.first.x - at.x, other.first.y - at.y) < 1.0;
         });
+        if (!isThere) labelled_.emplace_back(at, classes);
+        return !isThere;
     }
 
     void PlaceInnerLabels() {
@@ -197,8 +197,7 @@ class Page {
 
     // What the map is, and then all entries, in rows as wide as the window.
     void PlaceLegend() {
-        legendTop_ = bounds_.bottom + LEGEND_GAP;
-        double y = legendTop_ + ROW / 2.0;
+        const double y = bounds_.bottom + LEGEND_GAP + ROW / 2.0;
         AddLegendText({0.0, y}, SheetText());
         PicturePoint at{0.0, y + ROW};
         for (const Drawing& drawing : drawings_) {
@@ -225,9 +224,9 @@ class Page {
         const Window& window = description_.window;
         std::string text = ProjectionName(sheet.projection) + " on " + DatumName(sheet.datum);
         if (sheet.scaleDenominator > 0) text += ", 1:" + std::to_string(sheet.scaleDenominator);
-        if (sheet.resolution > 0.0) text += ", " + FormatNumber(sheet.resolution) + " pixels a millimetre";
-        return text + "; columns " + FormatNumber(window.left) + " to " + FormatNumber(window.right) +
-               ", rows " + FormatNumber(window.top) + " to " + FormatNumber(window.bottom);
+        if (sheet.resolution > 0.0) text += ", " + FormatPlain(sheet.resolution) + " pixels a millimetre";
+        return text + "; columns " + FormatPlain(window.left) + " to " + FormatPlain(window.right) +
+               ", rows " + FormatPlain(window.top) + " to " + FormatPlain(window.bottom);
     }
 
     void PlaceTitle() {
@@ -277,7 +276,7 @@ class Page {
                                  {"width", "7"},
                                  {"height", "7"},
                                  {"patternUnits", "userSpaceOnUse"},
-                                 {"patternTransform", "rotate(" + FormatNumber(hatching.angle) + ")"}});
+                                 {"patternTransform", "rotate(" + FormatPlain(hatching.angle) + ")"}});
             const std::string colour = ColourOf(hatching.colour);
             svg.Empty("rect", {{"width", "7"}, {"height", "7"}, {"fill", colour}, {"fill-opacity", "0.25"}});
             svg.Empty("rect", {{"width", "2.5"}, {"height", "7"}, {"fill", colour}});
@@ -371,7 +370,7 @@ class Page {
             SvgAttributes attributes{{"class", text.classes},
                                      {"x", SvgNumber(text.text.at.x)},
                                      {"y", SvgNumber(text.text.at.y)},
-                                     {"font-size", FormatNumber(text.text.size)},
+                                     {"font-size", FormatPlain(text.text.size)},
                                      {"fill", text.colour}};
             if (text.text.anchor != Anchor::START)
                 attributes.emplace_back("text-anchor", anchors[static_cast<std::size_t>(text.text.anchor)]);
@@ -386,10 +385,10 @@ class Page {
     std::vector<Drawing> drawings_;
     std::vector<std::string> problems_;
     LabelPlacer placer_;
+    std::vector<std::pair<PicturePoint, std::string>> labelled_;  // places at the frame
     std::vector<StyledText> texts_;
     std::vector<std::pair<PicturePoint, LegendEntry>> samples_;
     Box bounds_;
-    double legendTop_ = 0.0;
 };
 
 }  // namespace

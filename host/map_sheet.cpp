@@ -51,17 +51,18 @@ MapSheet::MapSheet(const SheetDescription& description, const Window& window, do
       zoom_(size / std::max(window.Width(), window.Height())),
       centreLongitude_(0.0) {
     if (!map_.IsValid()) throw DescriptionError("no map can be made of this");
-    centreLongitude_ = LongitudeOfCentre();
+    const std::optional<GeodezPayload> centre = DegreesAt({Width() / 2.0, Height() / 2.0});
+    if (centre) centreLongitude_ = centre->longitude;
 }
 
-double MapSheet::LongitudeOfCentre() const {
-    const IRef<ICoord> centre(CreateClassCoord());
-    centre->SetReference(MakeReference({KOORD_GEODEZ, datum_}).Get());
-    const double x = (window_.left + window_.right) / 2.0;
-    const double y = (window_.top + window_.bottom) / 2.0;
-    if (!map_->FloatPixelToCoord(x, y, centre.Get())) return 0.0;
-    const double longitude = DegreesIn(centre).longitude;
-    return std::isfinite(longitude) ? longitude : 0.0;
+std::optional<GeodezPayload> MapSheet::DegreesAt(const PicturePoint& point) const {
+    const IRef<ICoord> there = EmptyDegrees();
+    const double x = point.x / zoom_ + window_.left;
+    const double y = point.y / zoom_ + window_.top;
+    if (!map_->FloatPixelToCoord(x, y, there.Get())) return std::nullopt;
+    const GeodezPayload degrees = DegreesIn(there);
+    const bool isPlace = std::isfinite(degrees.latitude) && std::isfinite(degrees.longitude);
+    return isPlace ? std::optional(degrees) : std::nullopt;
 }
 
 PicturePoint MapSheet::PointOfPixel(const PicturePoint& pixel) const {
@@ -84,14 +85,23 @@ std::optional<PicturePoint> MapSheet::PointOf(const GeodezPayload& degrees) cons
     return PointOf(DegreesCoord(degrees.latitude, degrees.longitude, datum_).Get());
 }
 
-std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
-    const IRef<ICoord> copy(CreateClassCoord());
-    copy->SetReference(MakeReference({KOORD_GEODEZ, datum_}).Get());
+IRef<ICoord> MapSheet::EmptyDegrees() const {
+    IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference({KOORD_GEODEZ, datum_}).Get());
+    return coord;
+}
+
+std::optional<GeodezPayload> MapSheet::DegreesOf(ICoord* coord) const {
+    const IRef<ICoord> copy = EmptyDegrees();
     const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
     const bool isThere = IsPixelCoord(coord) ? map_->PixelCoordToCoord(coord, copy.Get())
                                              : transfer->Transfer(coord, copy.Get());
-    if (!isThere) return std::nullopt;
-    return Near(DegreesIn(copy));
+    return isThere ? std::optional(DegreesIn(copy)) : std::nullopt;
+}
+
+std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    return degrees ? std::optional(Near(*degrees)) : std::nullopt;
 }
 
 GeodezPayload MapSheet::Near(GeodezPayload degrees) const {

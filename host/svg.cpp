@@ -34,10 +34,7 @@ std::string Escape(std::string_view text) {
 }  // namespace
 
 std::string SvgNumber(double value) {
-    std::string text = FormatNumber(value, DECIMALS);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.')) text.pop_back();
-    return text;
+    return FormatPlain(value, DECIMALS);
 }
 
 SvgWriter::SvgWriter(double left, double top, double width, double height) {
