@@ -12,6 +12,7 @@ constexpr double MIDDLE = 0.36;  // of figures and capitals, above the baseline
 constexpr double NARROW = 0.42;
 constexpr double FIGURE = 0.65;
 constexpr double LETTER = 0.70;
+constexpr double CAPITAL = 0.79;
 constexpr double WIDE = 1.0;
 
 constexpr double GAP = 2.0;  // between two texts
@@ -24,6 +25,7 @@ double AdvanceOf(char c) {
     if (std::string_view(" !'(),-./:;IJ[]fijlrt|").find(c) != std::string_view::npos) return NARROW;
     if (c >= '0' && c <= '9') return FIGURE;
     if (c >= 'a' && c <= 'z' && c != 'm' && c != 'w') return LETTER;
+    if (c >= 'A' && c <= 'Z' && c != 'M' && c != 'W') return CAPITAL;
     return WIDE;
 }
 

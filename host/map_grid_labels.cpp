@@ -50,13 +50,23 @@ bool IsDegrees(std::uint32_t system) {
     return system == KOORD_GEODEZ || system == KOORD_GEOGRAD || system == KOORD_GEODEZMIN;
 }
 
+// Degrees in parts and letters become decimal ones.
+CKoord AsNumbers(const CKoord& koord) {
+    if (!IsDegrees(koord.type) && koord.type != KOORD_GEOREF) return koord;
+    const IRef<ICoord> coord(CreateClassCoord());
+    IRef<ICoordInternal>(coord)->SetKoord(&koord);
+    coord->SetReference(MakeReference({KOORD_GEODEZ, static_cast<std::int32_t>(koord.datum)}).Get());
+    return KoordOf(coord.Get());
+}
+
 }  // namespace
 
 std::optional<double> AxisValue(ICoord* coord, Axis axis) {
+    const CKoord koord = AsNumbers(KoordOf(coord));
     const bool isNorth = axis == Axis::NORTH;
     std::optional<double> value;
     // The whole value of a lettered grid comes behind the one within its square.
-    for (const Field& field : FieldsOf(KoordOf(coord))) {
+    for (const Field& field : FieldsOf(koord)) {
         const std::string name = field.name;
         const bool isMeant =
             isNorth ? name == "northing" || name == "latitude" || name == "y" || name == "fullNorthing"

@@ -14,7 +14,7 @@ enum class Axis { EAST, NORTH };
 // needs; of BNG, ING and VDG, whose texts hold more, the number only.
 [[nodiscard]] std::string AxisText(ICoord* coord, Axis axis, double step);
 
-// The same as a number; nothing where the system has letters or parts of degrees in its place.
+// The same as a number; nothing for UTMREF, which has letters in its place.
 [[nodiscard]] std::optional<double> AxisValue(ICoord* coord, Axis axis);
 
 }  // namespace tessara::program

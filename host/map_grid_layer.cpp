@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "map_grid_labels.h"
-#include "map_grid_parts.h"
+#include "map_grid_lines.h"
 #include "map_styles.h"
 #include "names.h"
 #include "numbers.h"
@@ -52,7 +52,6 @@ constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
 constexpr double BESIDE_BORDER = 1.5;  // metres
 
 constexpr double LABEL_CLEARANCE = 4.0;  // picture units
-constexpr double SHORTEST_LINE = 1.0;
 constexpr double SAME_PLACE = 1.0;
 
 IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
@@ -80,37 +79,6 @@ IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference
 
 double Distance(const PicturePoint& a, const PicturePoint& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
-}
-
-// A line of a grid as it lies in the picture.
-struct GridLine {
-    IRef<ICoord> first;
-    IRef<ICoord> last;
-    std::vector<Polyline> pieces;  // inside the frame
-};
-
-// The pole is a line of equal north value, too.
-bool IsSeen(const Polyline& piece) {
-    return std::any_of(piece.begin(), piece.end(), [&](const PicturePoint& point) {
-        return Distance(point, piece.front()) >= SHORTEST_LINE;
-    });
-}
-
-std::vector<GridLine> PlaceLines(const MapSheet& sheet, std::int32_t system, IArray* lines) {
-    std::vector<GridLine> placed;
-    for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
-        const IRef<IArray> points(lines->GetAt(i));
-        if (!points.IsValid() || points->GetCount() < 2) continue;
-        GridLine line{
-            IRef<ICoord>(points->GetAt(0)), IRef<ICoord>(points->GetAt(points->GetCount() - 1)), {}};
-        for (const Polyline& part : PartsOnMap(sheet, system, points)) {
-            for (Polyline& piece : ClipToFrame(part, sheet.Width(), sheet.Height())) {
-                if (IsSeen(piece)) line.pieces.push_back(std::move(piece));
-            }
-        }
-        placed.push_back(std::move(line));
-    }
-    return placed;
 }
 
 using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
@@ -148,7 +116,7 @@ std::string BorderText(const GridLine& line) {
 class GridDrawer {
   public:
     GridDrawer(const MapSheet& sheet, const Layer& layer, const Reference& reference)
-        : sheet_(sheet), layer_(layer), reference_(reference) {}
+        : sheet_(sheet), layer_(layer), reference_(reference), isGraticule_(IsGraticule(sheet, reference)) {}
 
     void DrawLines(ICoordinateGrid& grid, Axis axis, const Style& style) {
         const std::string name = axis == Axis::EAST ? "east" : "north";
@@ -186,6 +154,9 @@ class GridDrawer {
     }
 
     std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
+        if (isGraticule_)
+            return PlaceGraticule(sheet_, reference_, axis,
+                                  axis == Axis::EAST ? grid.GetEastStep() : grid.GetNorthStep());
         const IRef<IArray> lines(CreateClassArray());
         const bool isComplete =
             axis == Axis::EAST ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
@@ -194,7 +165,7 @@ class GridDrawer {
                                         (axis == Axis::EAST ? "east" : "north") + " lines of " +
                                         reference_.Name() + " have a place on the map");
         }
-        return PlaceLines(sheet_, reference_.system, lines.Get());
+        return PlaceLines(sheet_, lines.Get());
     }
 
     void KeepBorders(ICoordinateGrid& grid) {
@@ -254,13 +225,43 @@ class GridDrawer {
     const MapSheet& sheet_;
     const Layer& layer_;
     Reference reference_;
+    bool isGraticule_;
     Drawing drawing_;
     std::vector<std::pair<GridLine, std::string>> borders_;
 };
 
-std::string StepText(const GridLayer& grid) {
-    if (grid.eastStep == grid.northStep) return FormatPlain(grid.eastStep);
-    return FormatPlain(grid.eastStep) + " by " + FormatPlain(grid.northStep);
+// A step of degrees as whole degrees, minutes or seconds where it is one.
+std::string DegreesText(double step) {
+    struct Unit {
+        double parts;
+        const char* sign;
+    };
+    for (const Unit& unit : {Unit{1.0, "\u00B0"}, Unit{60.0, "'"}, Unit{3600.0, "''"}}) {
+        const double count = std::round(step * unit.parts);
+        if (std::abs(step * unit.parts - count) < 1e-6) return FormatPlain(count) + unit.sign;
+    }
+    return FormatPlain(step) + "\u00B0";
+}
+
+std::string StepText(std::int32_t system, double step) {
+    switch (system) {
+        case KOORD_GEODEZ:
+            return FormatPlain(step) + "\u00B0";
+        case KOORD_GEOGRAD:
+        case KOORD_GEODEZMIN:
+        case KOORD_GEOREF:
+            return DegreesText(step);
+        case KOORD_FLOATPIXEL:
+            return FormatPlain(step) + " pixels";
+        default:
+            return FormatPlain(step) + " m";
+    }
+}
+
+std::string StepsText(const GridLayer& grid) {
+    const std::string east = StepText(grid.reference.system, grid.eastStep);
+    if (grid.eastStep == grid.northStep) return east;
+    return east + " by " + StepText(grid.reference.system, grid.northStep);
 }
 
 }  // namespace
@@ -272,7 +273,7 @@ bool HasGrid(std::int32_t system) {
 Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& grid, std::size_t index) {
     GridDrawer drawer(sheet, layer, grid.reference);
     const Style style = GridStyle(index, layer.colour);
-    drawer.AddLegend(style, grid.reference.Name() + ", every " + StepText(grid));
+    drawer.AddLegend(style, grid.reference.Name() + ", every " + StepsText(grid));
     const IRef<ICoordinateGrid> lines = MakeGrid(sheet, grid.reference, grid.eastStep, grid.northStep);
     if (!lines.IsValid()) {
         drawer.AddProblem("the window has no place in " + grid.reference.Name());

@@ -26,7 +26,8 @@ constexpr double ENTRY_GAP = 28.0;
 
 constexpr double MARKER_RADIUS = 4.0;
 constexpr double FRAME_CLEARANCE = 5.0;
-constexpr double OUTWARD_STEP = 1.0;
+constexpr double SAME_PLACE = 1.0;
+constexpr double LINE_HEIGHT = 1.3;
 constexpr double FARTHEST_ABOVE = 48.0;    // three rows of labels
 constexpr double FARTHEST_BESIDE = 160.0;  // two columns
 constexpr std::array<std::int64_t, 13> STRIDES = {1,   2,   5,    10,   20,   50,   100,
@@ -53,13 +54,14 @@ PlacedText BesideFrame(const FrameLabel& label, double clearance) {
     }
 }
 
-// At the frame, or so far outward that it clears what stands there.
+// At the frame, or so far outward that it clears what stands there: in rows above and below, by the width of
+// what is in the way on the sides.
 std::vector<PlacedText> OutwardPlaces(const FrameLabel& label) {
     const bool isBeside = label.side == Side::LEFT || label.side == Side::RIGHT;
-    const double farthest = FRAME_CLEARANCE + (isBeside ? FARTHEST_BESIDE : FARTHEST_ABOVE);
+    const double step = isBeside ? 1.0 : LABEL_SIZE * LINE_HEIGHT;
     std::vector<PlacedText> places;
-    for (double clearance = FRAME_CLEARANCE; clearance <= farthest; clearance += OUTWARD_STEP)
-        places.push_back(BesideFrame(label, clearance));
+    for (double outward = 0.0; outward <= (isBeside ? FARTHEST_BESIDE : FARTHEST_ABOVE); outward += step)
+        places.push_back(BesideFrame(label, FRAME_CLEARANCE + outward));
     return places;
 }
 
@@ -154,18 +156,19 @@ class Page {
             const std::vector<FrameLabel> onSide = OnSide(labels, side);
             const std::int64_t stride = StrideOf(onSide);
             for (const FrameLabel& label : onSide) {
-                if (label.ordinal % stride != 0 || !IsNew(label.at, labels.classes)) continue;
+                if (label.ordinal % stride != 0 || !IsNew(label)) continue;
                 PlaceText(OutwardPlaces(label), labels.classes, labels.colour, std::nullopt);
             }
         }
     }
 
     // A border of two layers has one label.
-    bool IsNew(const PicturePoint& at, const std::string& classes) {
-        const bool isThere = std::any_of(labelled_.begin(), labelled_.end(), [&](const auto& other) {
-            return other.second == classes && std::hypot(other.first.x - at.x, other.first.y - at.y) < 1.0;
+    bool IsNew(const FrameLabel& label) {
+        const bool isThere = std::any_of(labelled_.begin(), labelled_.end(), [&](const FrameLabel& other) {
+            return other.text == label.text &&
+                   std::hypot(other.at.x - label.at.x, other.at.y - label.at.y) < SAME_PLACE;
         });
-        if (!isThere) labelled_.emplace_back(at, classes);
+        if (!isThere) labelled_.push_back(label);
         return !isThere;
     }
 
@@ -385,7 +388,7 @@ class Page {
     std::vector<Drawing> drawings_;
     std::vector<std::string> problems_;
     LabelPlacer placer_;
-    std::vector<std::pair<PicturePoint, std::string>> labelled_;  // places at the frame
+    std::vector<FrameLabel> labelled_;
     std::vector<StyledText> texts_;
     std::vector<std::pair<PicturePoint, LegendEntry>> samples_;
     Box bounds_;

@@ -91,17 +91,12 @@ IRef<ICoord> MapSheet::EmptyDegrees() const {
     return coord;
 }
 
-std::optional<GeodezPayload> MapSheet::DegreesOf(ICoord* coord) const {
+std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
     const IRef<ICoord> copy = EmptyDegrees();
     const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
     const bool isThere = IsPixelCoord(coord) ? map_->PixelCoordToCoord(coord, copy.Get())
                                              : transfer->Transfer(coord, copy.Get());
-    return isThere ? std::optional(DegreesIn(copy)) : std::nullopt;
-}
-
-std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
-    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
-    return degrees ? std::optional(Near(*degrees)) : std::nullopt;
+    return isThere ? std::optional(Near(DegreesIn(copy))) : std::nullopt;
 }
 
 GeodezPayload MapSheet::Near(GeodezPayload degrees) const {

@@ -43,8 +43,6 @@ class MapSheet {
     // converted.
     [[nodiscard]] std::optional<GeodezPayload> NearDegreesOf(ICoord* coord) const;
     [[nodiscard]] GeodezPayload Near(GeodezPayload degrees) const;
-    // Without a change of side.
-    [[nodiscard]] std::optional<GeodezPayload> DegreesOf(ICoord* coord) const;
     // What lies in the middle of the window; 0 if that is nothing.
     [[nodiscard]] double CentreLongitude() const { return centreLongitude_; }
     // What lies at a point of the picture.
