@@ -11,7 +11,8 @@ namespace tessara::program {
 namespace {
 
 constexpr double HALF_TURN = 180.0;
-constexpr double PIECE = 5.0;          // degrees; of a line that is drawn in pieces
+constexpr double PIECE = 5.0;  // degrees; of a line that is drawn in pieces
+constexpr int MOST_HALVINGS = 6;
 constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
 constexpr double SHORTEST_LINE = 1.0;  // picture units
 constexpr double SLACK = 1e-9;         // of rounding, in steps
@@ -95,20 +96,29 @@ class GraticuleLine {
     [[nodiscard]] GridLine Draw(Axis axis, double value, double from, double to) const {
         std::vector<Polyline> parts(1);
         const double count = std::max(1.0, std::ceil((to - from) / PIECE));
-        for (double i = 0.0; i < count; ++i) {
-            const IRef<ICoord> a = At(axis, value, from + (to - from) * (i / count));
-            const IRef<ICoord> b = At(axis, value, from + (to - from) * ((i + 1.0) / count));
-            const IRef<IArray> chain(CreateClassArray());
-            if (lines_->DensifyCoordStraight(sheet_.Map(), a.Get(), b.Get(), chain.Get())) {
-                Append(sheet_, chain.Get(), &parts);
-            } else {
-                parts.emplace_back();
-            }
-        }
+        for (double i = 0.0; i < count; ++i)
+            AddPiece(axis, value, from + (to - from) * (i / count), from + (to - from) * ((i + 1.0) / count),
+                     MOST_HALVINGS, &parts);
         return {At(axis, value, from), At(axis, value, to), Clip(sheet_, parts)};
     }
 
   private:
+    // Of a piece that isn't on the map as a whole the parts that are.
+    void AddPiece(Axis axis, double value, double from, double to, int halvings,
+                  std::vector<Polyline>* parts) const {
+        const IRef<IArray> chain(CreateClassArray());
+        if (lines_->DensifyCoordStraight(sheet_.Map(), At(axis, value, from).Get(), At(axis, value, to).Get(),
+                                         chain.Get())) {
+            Append(sheet_, chain.Get(), parts);
+        } else if (halvings > 0) {
+            const double middle = (from + to) / 2.0;
+            AddPiece(axis, value, from, middle, halvings - 1, parts);
+            AddPiece(axis, value, middle, to, halvings - 1, parts);
+        } else {
+            parts->emplace_back();
+        }
+    }
+
     [[nodiscard]] IRef<ICoord> At(Axis axis, double value, double other) const {
         IRef<ICoord> coord = axis == Axis::EAST ? DegreesCoord(other, value, reference_.datum)
                                                 : DegreesCoord(value, other, reference_.datum);

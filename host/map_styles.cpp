@@ -44,7 +44,7 @@ Style LineStyle(std::optional<std::size_t> colour) {
 }
 
 Style RingStyle(std::optional<std::size_t> colour) {
-    return Stroke(colour.value_or(ORANGE), 1.6);
+    return Stroke(colour.value_or(ORANGE), 1.8, "10 2");
 }
 
 Style PolygonStyle(std::optional<std::size_t> colour) {
