@@ -152,11 +152,11 @@ class ICoordinateArea : public IUnknown {
     virtual std::int32_t OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
                                       IArray* neither, IArray* onlySecond, IArray* onlyFirst,
                                       IArray* both) = 0;
-    // Without a map: pixels are taken as they are, and the parts are FLOATPIXEL on their datum. Other
-    // coordinates are laid on the map that IsInsideCoordEdgesNoMap tells of, edges straight on it; the parts
-    // are in the datum and system of the polygons and aren't closed: the last vertex is the one before the
-    // first. As OverlayOnMap otherwise; a part without a position in that system is a failure, too, and
-    // empties the lists.
+    // Without a map. Both polygons must share datum and system here, too. Pixels are taken as they are: parts
+    // are FLOATPIXEL on their datum, and failures are those of OverlayPixels. Other coordinates are laid on
+    // the map that IsInsideCoordEdgesNoMap tells of, with edges that are straight on it: parts are in the
+    // datum and system of the polygons, without the closing vertex, and failures are those of OverlayOnMap;
+    // a part without a position in that system is a failure that empties the lists.
     virtual std::int32_t Overlay(IArray* first, IArray* second, IArray* neither, IArray* onlySecond,
                                  IArray* onlyFirst, IArray* both) = 0;
     // Polygons of valid pixels, of whatever datums; parts are FLOATPIXEL on the map's datum. A failure other

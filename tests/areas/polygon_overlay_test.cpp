@@ -209,8 +209,9 @@ TEST(OverlayVertices, APartThatEnclosesNothingKeepsItsWholeOutline) {
     const Example& enclosing = EXAMPLES[EXAMPLES.size() - 2];
     OverlayParts parts;
     ASSERT_EQ(OverlayVertices(enclosing.first, enclosing.second, TOLERANCE, &parts), OVERLAY_CROSSING);
-    // The first C has 8 vertices and 8 crossings, 4 of them on the ends of its arms: of each arm the piece
-    // beyond x = 5 is in both, so that its 2 vertices at the tip go and its 2 crossings at x = 5 come.
+    // Each arm of the first C loses the corner (6, 0) or (6, 6) to the common rectangle and gets its three
+    // other corners: 8 - 2 + 6. Each arm of the second loses both corners of its tip at x = 5 and gets two at
+    // x = 6: 8 - 4 + 4.
     EXPECT_EQ(parts.onlyFirst[0].size(), 12u + 1);
     EXPECT_EQ(parts.onlySecond[0].size(), 8u + 1);
 }

@@ -1,0 +1,27 @@
+// Lines of a grid as they lie in the picture.
+#pragma once
+
+#include <vector>
+
+#include "map_grid_labels.h"
+#include "map_sheet.h"
+
+namespace tessara::program {
+
+struct GridLine {
+    IRef<ICoord> first;
+    IRef<ICoord> last;
+    std::vector<Polyline> pieces;  // inside the frame
+};
+
+// Lines of the library: lists of ICoord.
+[[nodiscard]] std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines);
+
+// Whether the window reaches more than half around the earth and the system is one of degrees. Its lines are
+// then drawn piece by piece, once around: what comes again, and what has no pixel, as a pole may have none,
+// is left out.
+[[nodiscard]] bool IsGraticule(const MapSheet& sheet, const Reference& reference);
+[[nodiscard]] std::vector<GridLine> PlaceGraticule(const MapSheet& sheet, const Reference& reference,
+                                                   Axis axis, double step);
+
+}  // namespace tessara::program
