@@ -44,12 +44,21 @@ std::vector<Segment> Clip(const Segment& segment, double width, double height) {
     return {{Between(segment, low), Between(segment, high)}};
 }
 
+// What lies on a side but for rounding lies on it.
+PicturePoint Snap(const PicturePoint& point, double width, double height) {
+    const auto snap = [](double value, double side) {
+        return std::abs(value - side) <= ON_SIDE ? side : value;
+    };
+    return {snap(snap(point.x, 0.0), width), snap(snap(point.y, 0.0), height)};
+}
+
 }  // namespace
 
 std::vector<Polyline> ClipToFrame(const Polyline& line, double width, double height) {
     std::vector<Polyline> pieces;
     for (std::size_t i = 1; i < line.size(); ++i) {
-        for (const Segment& inside : Clip({line[i - 1], line[i]}, width, height)) {
+        const Segment segment{Snap(line[i - 1], width, height), Snap(line[i], width, height)};
+        for (const Segment& inside : Clip(segment, width, height)) {
             if (inside.from == inside.to) continue;
             const bool goesOn = !pieces.empty() && pieces.back().back() == inside.from;
             if (!goesOn) pieces.push_back({inside.from});

@@ -55,7 +55,7 @@ double JsonValue::Number() const {
 double JsonValue::NumberIn(double low, double high) const {
     const double number = Number();
     if (!(number >= low && number <= high))
-        Expected("a number in " + FormatNumber(low) + ".." + FormatNumber(high));
+        Expected("a number in " + FormatPlain(low) + ".." + FormatPlain(high));
     return number;
 }
 

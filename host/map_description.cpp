@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "map_grid_layer.h"
 #include "map_projection.h"
 #include "names.h"
 #include "text_forms.h"
@@ -128,7 +129,10 @@ class DescriptionReader {
     }
 
     void ReadGrid(JsonObject& object, Layer& layer) {
-        GridLayer grid{ReadReferenceName(object.Required("system")), 0.0, 0.0};
+        const JsonValue system = object.Required("system");
+        GridLayer grid{ReadReferenceName(system), 0.0, 0.0};
+        if (!HasGrid(grid.reference.system))
+            system.Fail(SystemName(grid.reference.system) + " has no grid lines");
         if (const auto step = object.Optional("step")) {
             grid.eastStep = grid.northStep = step->NumberAbove0();
         } else {

@@ -162,16 +162,35 @@ class LayerDrawer {
     // Breaks a chain of degrees where it goes on at the other rim of a map of the world.
     [[nodiscard]] std::vector<Polyline> Chain(const std::vector<GeodezPayload>& chain) const {
         std::vector<Polyline> lines(1);
+        const auto add = [&](const GeodezPayload& degrees) {
+            const std::optional<PicturePoint> point = sheet_.PointOf(degrees);
+            if (point) lines.back().push_back(*point);
+            if (!point && !lines.back().empty()) lines.emplace_back();
+        };
         std::optional<GeodezPayload> last;
         for (const GeodezPayload& degrees : chain) {
             const GeodezPayload near = sheet_.Near(degrees);
-            const std::optional<PicturePoint> point = sheet_.PointOf(near);
-            const bool jumps = last && std::abs(near.longitude - last->longitude) > HALF_TURN;
-            if ((jumps || !point) && !lines.back().empty()) lines.emplace_back();
-            if (point) lines.back().push_back(*point);
+            if (last && std::abs(near.longitude - last->longitude) > HALF_TURN) {
+                const auto [leaving, arriving] = AtRim(*last, near);
+                add(leaving);
+                lines.emplace_back();
+                add(arriving);
+            }
+            add(near);
             last = near;
         }
         return lines;
+    }
+
+    // Where a chain leaves the map between two of its points, and where it comes back.
+    [[nodiscard]] std::pair<GeodezPayload, GeodezPayload> AtRim(const GeodezPayload& from,
+                                                                const GeodezPayload& to) const {
+        const double side = std::copysign(HALF_TURN, from.longitude - to.longitude);
+        const double rim = sheet_.CentreLongitude() + side;
+        const double way = to.longitude + 2.0 * side - from.longitude;
+        const double part = way == 0.0 ? 0.0 : (rim - from.longitude) / way;
+        const double latitude = from.latitude + part * (to.latitude - from.latitude);
+        return {{latitude, rim, 0.0}, {latitude, rim - 2.0 * side, 0.0}};
     }
 
     std::vector<Polyline> Way(const LineLayer& line, const Site& from, const Site& to) {
@@ -199,7 +218,9 @@ class LayerDrawer {
         if (!a || !b) return {};
         const IRef<IArray> points(CreateClassArray());
         const IRef<ICoord> begin = DegreesCoord(a->latitude, a->longitude, sheet_.Datum());
-        const IRef<ICoord> end = DegreesCoord(b->latitude, b->longitude, sheet_.Datum());
+        // The end on that side of the globe on which the way goes on without a jump.
+        const double east = std::remainder(b->longitude - a->longitude, 360.0);
+        const IRef<ICoord> end = DegreesCoord(b->latitude, a->longitude + east, sheet_.Datum());
         if (!lines_->DensifyGeodesic(sheet_.Map(), begin.Get(), end.Get(), points.Get())) return {};
         std::vector<GeodezPayload> chain;
         for (std::uint32_t i = 0; i < points->GetCount(); ++i) {

@@ -66,6 +66,12 @@ IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
     object.Fail("a place has 'at', 'pixel', or 'system', 'north' and 'east'");
 }
 
+// A name for the picture, which is UTF-8; a file may hold anything.
+std::string ToName(const std::string& bytes) {
+    constexpr auto replace = nlohmann::json::error_handler_t::replace;
+    return nlohmann::json::parse(nlohmann::json(bytes).dump(-1, ' ', false, replace)).get<std::string>();
+}
+
 // The text between the blanks on both sides.
 std::string Trim(std::string_view text) {
     const std::size_t begin = text.find_first_not_of(" \t\r");
@@ -84,7 +90,7 @@ SiteLine ReadDegreesLine(const std::string& text, std::int32_t datum) {
     if (!line.position) return {std::nullopt, line.error};
     const std::size_t comment = text.find('#');
     return {Site{DegreesCoord(line.position->latitude, line.position->longitude, datum),
-                 comment == std::string::npos ? "" : Trim(std::string_view(text).substr(comment + 1)),
+                 comment == std::string::npos ? "" : ToName(Trim(std::string_view(text).substr(comment + 1))),
                  {}},
             {}};
 }
@@ -97,7 +103,7 @@ SiteLine ReadTextLine(const std::string& text, TypedPosition& position) {
     if (!wrong.empty()) return {std::nullopt, wrong};
     IRef<ICoord> coord(CreateClassCoord());
     position.Held()->GetCoord(coord.Get());
-    return {Site{std::move(coord), columns.size() > 2 ? Trim(columns[2]) : "", {}}, {}};
+    return {Site{std::move(coord), columns.size() > 2 ? ToName(Trim(columns[2])) : "", {}}, {}};
 }
 
 template <class ReadText>
