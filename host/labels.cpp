@@ -1,6 +1,7 @@
 #include "labels.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tessara::program {
 namespace {
@@ -15,7 +16,8 @@ constexpr double LETTER = 0.70;
 constexpr double CAPITAL = 0.79;
 constexpr double WIDE = 1.0;
 
-constexpr double GAP = 2.0;  // between two texts
+constexpr double GAP = 2.0;    // between two texts
+constexpr double CELL = 64.0;  // about as large as a text
 
 bool IsContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -95,9 +97,30 @@ std::vector<PlacedText> TextsAround(const PicturePoint& point, double clearance,
             below};
 }
 
+std::vector<LabelPlacer::Cell> LabelPlacer::CellsOf(const Box& box) {
+    const auto cell = [](double value) { return std::llround(std::floor(value / CELL)); };
+    std::vector<Cell> cells;
+    for (std::int64_t x = cell(box.left); x <= cell(box.right); ++x) {
+        for (std::int64_t y = cell(box.top); y <= cell(box.bottom); ++y)
+            cells.emplace_back(x, y);
+    }
+    return cells;
+}
+
+void LabelPlacer::Block(const Box& box) {
+    for (const Cell& cell : CellsOf(box))
+        taken_[cell].push_back(box);
+}
+
 bool LabelPlacer::IsFree(const Box& box) const {
-    return std::none_of(taken_.begin(), taken_.end(),
-                        [&box](const Box& taken) { return taken.Overlaps(box); });
+    const auto isFree = [&](const Cell& cell) {
+        const auto found = taken_.find(cell);
+        return found == taken_.end() ||
+               std::none_of(found->second.begin(), found->second.end(),
+                            [&box](const Box& taken) { return taken.Overlaps(box); });
+    };
+    const std::vector<Cell> cells = CellsOf(box);
+    return std::all_of(cells.begin(), cells.end(), isFree);
 }
 
 std::optional<PlacedText> LabelPlacer::Place(const std::vector<PlacedText>& candidates,

@@ -1,9 +1,12 @@
 // Where texts stand in a picture so that none lies over another.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "map_sheet.h"
@@ -46,17 +49,22 @@ struct PlacedText {
 [[nodiscard]] std::vector<PlacedText> TextsAround(const PicturePoint& point, double clearance,
                                                   const std::string& text, double size);
 
+// Takes no longer for many texts than for few: boxes are kept by the cells of the plane that they touch.
 class LabelPlacer {
   public:
     // No text may stand here.
-    void Block(const Box& box) { taken_.push_back(box); }
+    void Block(const Box& box);
     // Takes the first candidate that is free and lies within `area`, if there is one.
     std::optional<PlacedText> Place(const std::vector<PlacedText>& candidates,
                                     const std::optional<Box>& area = std::nullopt);
     [[nodiscard]] bool IsFree(const Box& box) const;
 
   private:
-    std::vector<Box> taken_;
+    using Cell = std::pair<std::int64_t, std::int64_t>;
+
+    static std::vector<Cell> CellsOf(const Box& box);
+
+    std::map<Cell, std::vector<Box>> taken_;
 };
 
 }  // namespace tessara::program

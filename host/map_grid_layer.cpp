@@ -154,18 +154,28 @@ class GridDrawer {
     }
 
     std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
-        if (isGraticule_)
-            return PlaceGraticule(sheet_, reference_, axis,
-                                  axis == Axis::EAST ? grid.GetEastStep() : grid.GetNorthStep());
-        const IRef<IArray> lines(CreateClassArray());
-        const bool isComplete =
-            axis == Axis::EAST ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
-        if (!isComplete) {
-            drawing_.problems.push_back(layer_.where + ": not all " +
-                                        (axis == Axis::EAST ? "east" : "north") + " lines of " +
-                                        reference_.Name() + " have a place on the map");
+        const bool isEast = axis == Axis::EAST;
+        const double step = isEast ? grid.GetEastStep() : grid.GetNorthStep();
+        const std::string kind = isEast ? "east" : "north";
+        if (isGraticule_) {
+            std::optional<std::vector<GridLine>> lines = PlaceGraticule(sheet_, reference_, axis, step);
+            if (!lines) AddProblem(TooMany(kind));
+            return lines.value_or(std::vector<GridLine>());
         }
+        const IRef<IArray> lines(CreateClassArray());
+        const bool isComplete = isEast ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
+        if (lines->GetCount() > MOST_LINES) {
+            AddProblem(TooMany(kind));
+            return {};
+        }
+        if (!isComplete)
+            AddProblem("not all " + kind + " lines of " + reference_.Name() + " have a place on the map");
         return PlaceLines(sheet_, lines.Get());
+    }
+
+    [[nodiscard]] std::string TooMany(const std::string& kind) const {
+        return "there are more than " + std::to_string(MOST_LINES) + " " + kind + " lines of " +
+               reference_.Name() + "; a greater step is needed";
     }
 
     void KeepBorders(ICoordinateGrid& grid) {

@@ -13,10 +13,9 @@ namespace {
 constexpr double HALF_TURN = 180.0;
 constexpr double PIECE = 5.0;  // degrees; of a line that is drawn in pieces
 constexpr int MOST_HALVINGS = 6;
-constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
-constexpr double SHORTEST_LINE = 1.0;  // picture units
-constexpr double SLACK = 1e-9;         // of rounding, in steps
-constexpr double MOST_LINES = 10000.0;
+constexpr double ANOTHER_PLACE = 1.0;    // degrees of latitude
+constexpr double SHORTEST_LINE = 1.0;    // picture units
+constexpr double SLACK = 1e-9;           // of rounding, in steps
 constexpr double LINE_TOLERANCE = 0.25;  // picture units
 
 // The pole is a line of equal north value, too.
@@ -154,15 +153,15 @@ bool IsGraticule(const MapSheet& sheet, const Reference& reference) {
     return extent && extent->east - extent->west > HALF_TURN;
 }
 
-std::vector<GridLine> PlaceGraticule(const MapSheet& sheet, const Reference& reference, Axis axis,
-                                     double step) {
+std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const Reference& reference,
+                                                    Axis axis, double step) {
     const std::optional<Extent> whole = ExtentOf(sheet, reference.datum);
-    if (!whole) return {};
+    if (!whole) return std::nullopt;
     const Extent extent = OnceAround(sheet, *whole);
     const bool isEast = axis == Axis::EAST;
     const double first = std::ceil((isEast ? extent.west : extent.south) / step - SLACK);
     const double last = std::floor((isEast ? extent.east : extent.north) / step + SLACK);
-    if (!(last - first <= MOST_LINES)) return {};
+    if (!(last - first < MOST_LINES)) return std::nullopt;
 
     const GraticuleLine line(sheet, reference);
     std::vector<GridLine> lines;

@@ -8,6 +8,7 @@
 #include "host/svg_reader.h"
 
 using tessara::testing::ElementsOf;
+using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
 using tessara::testing::RunProgram;
 using tessara::testing::Tessara;
@@ -213,6 +214,24 @@ TEST(MapMessages, TellPlacesWithoutAPixelAndDrawTheOthers) {
               "-: layers[2].places[0]: the place has no pixel on the map\n"
               "-: layers[3]: the window has no place in RD@WGS84\n");
     EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer0 position").size(), 1u);
+}
+
+TEST(MapMessages, TellAStepThatIsTooSmall) {
+    const Outcome outcome =
+        Draw(MapWith(R"({"type": "grid", "system": "UTM", "eastStep": 10, "northStep": 10000})"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "-: layers[0]: there are more than 2000 east lines of UTM@WGS84; a greater step is needed\n");
+    EXPECT_EQ(LinesOf(outcome.out, "grid north").size(), 5u);
+
+    const std::string world =
+        R"({"projection": {"type": "DD", "originLongitude": -180, "originLatitude": 90, "pixelsPerDegreeX": 10,
+                           "pixelsPerDegreeY": 10},
+            "window": {"left": 0, "top": 0, "right": 3600, "bottom": 1800},
+            "layers": [{"type": "grid", "system": "GEODEZ", "eastStep": 1e-9, "northStep": 30}]})";
+    EXPECT_EQ(
+        Draw(world).err,
+        "-: layers[0]: there are more than 2000 east lines of GEODEZ@WGS84; a greater step is needed\n");
 }
 
 TEST(MapMessages, TellAnOutputThatCantBeWritten) {
