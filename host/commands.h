@@ -22,5 +22,6 @@ void AddDistance(CLI::App& program, Action& action);
 void AddDirect(CLI::App& program, Action& action);
 void AddCheck(CLI::App& program, Action& action);
 void AddUtmref(CLI::App& program, Action& action);
+void AddMap(CLI::App& program, Action& action);
 
 }  // namespace tessara::program

@@ -43,6 +43,7 @@ int Main(std::vector<std::string> arguments) {
     AddDirect(program, action);
     AddCheck(program, action);
     AddUtmref(program, action);
+    AddMap(program, action);
 
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them

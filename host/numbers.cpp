@@ -36,6 +36,14 @@ std::string FormatNumber(double value, int decimals) {
     return text.starts_with('-') && IsZero(text) ? text.substr(1) : text;
 }
 
+std::string FormatPlain(double value, int decimals) {
+    std::string text = FormatNumber(value, decimals);
+    if (text.find('.') == std::string::npos) return text;
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text;
+}
+
 std::string FormatNumber(double value) {
     return ToText(value);
 }

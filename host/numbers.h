@@ -18,6 +18,9 @@ inline constexpr int DEGREE_DECIMALS = 9;
 // With a fixed number of decimals; what rounds to zero has no sign.
 [[nodiscard]] std::string FormatNumber(double value, int decimals);
 
+// The same without zeros behind the last digit that counts: 0.5, 100000.
+[[nodiscard]] std::string FormatPlain(double value, int decimals = DEGREE_DECIMALS);
+
 // As short as it can be without a loss.
 [[nodiscard]] std::string FormatNumber(double value);
 

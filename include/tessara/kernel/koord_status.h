@@ -8,8 +8,8 @@ namespace tessara {
 
 using KoordStatus = std::int32_t;
 
-inline constexpr KoordStatus KOORD_OK = 1;
-inline constexpr KoordStatus GEODESIC_NO_SOLUTION = 0;
+inline constexpr KoordStatus KOORD_OK = 1;              // success
+inline constexpr KoordStatus GEODESIC_NO_SOLUTION = 0;  // no geodesic was found
 
 inline constexpr KoordStatus KOORD_ERR_GENERAL = -3000;        // a reference or grid that can't be resolved
 inline constexpr KoordStatus KOORD_ERR_DATUM = -3104;          // datum id outside 0..238
@@ -24,24 +24,24 @@ inline constexpr KoordStatus KOORD_ERR_PIXEL_TYPE = -3404;     // a map function
 inline constexpr KoordStatus KOORD_ERR_OUTSIDE = -3410;        // the position has no GEOREF letters
 
 // Never a final result: the verdict on this target type is found on the finished record.
-inline constexpr KoordStatus KOORD_CHECK_AFTER = -3705;
+inline constexpr KoordStatus KOORD_CHECK_AFTER = -3705;  // to be decided; internal
 
-inline constexpr KoordStatus KOORD_ERR_UTM_LON = -3706;            // UTM or UTMREF longitude
-inline constexpr KoordStatus KOORD_ERR_UTM_LAT = -3708;            // UTM or UTMREF latitude
-inline constexpr KoordStatus KOORD_ERR_GEO_LAT = -3713;            // geographic latitude or its parts
-inline constexpr KoordStatus KOORD_ERR_GEO_LON = -3714;            // geographic longitude or its parts
-inline constexpr KoordStatus KOORD_ERR_HEMISPHERE = -3721;         // letter neither of the two nor zero
-inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_ZONE = -3722;    // first GEOREF letter
-inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_ZONE = -3723;    // second GEOREF letter
-inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_DEGREE = -3724;  // third GEOREF letter
-inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_DEGREE = -3725;  // fourth GEOREF letter
-inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_MINUTES = -3726;
-inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_MINUTES = -3727;
-inline constexpr KoordStatus KOORD_ERR_CH_EAST_LOW = -3728;
-inline constexpr KoordStatus KOORD_ERR_CH_EAST_HIGH = -3729;
-inline constexpr KoordStatus KOORD_ERR_CH_NORTH_LOW = -3730;
-inline constexpr KoordStatus KOORD_ERR_CH_NORTH_HIGH = -3731;
-inline constexpr KoordStatus KOORD_ERR_GK_LAT = -3732;   // GK or GK6 latitude
+inline constexpr KoordStatus KOORD_ERR_UTM_LON = -3706;             // UTM or UTMREF longitude
+inline constexpr KoordStatus KOORD_ERR_UTM_LAT = -3708;             // UTM or UTMREF latitude
+inline constexpr KoordStatus KOORD_ERR_GEO_LAT = -3713;             // geographic latitude or its parts
+inline constexpr KoordStatus KOORD_ERR_GEO_LON = -3714;             // geographic longitude or its parts
+inline constexpr KoordStatus KOORD_ERR_HEMISPHERE = -3721;          // letter neither of the two nor zero
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_ZONE = -3722;     // first GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_ZONE = -3723;     // second GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_DEGREE = -3724;   // third GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_DEGREE = -3725;   // fourth GEOREF letter
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LON_MINUTES = -3726;  // minutes beyond the degree
+inline constexpr KoordStatus KOORD_ERR_GEOREF_LAT_MINUTES = -3727;  // minutes beyond the degree
+inline constexpr KoordStatus KOORD_ERR_CH_EAST_LOW = -3728;         // easting below -200000
+inline constexpr KoordStatus KOORD_ERR_CH_EAST_HIGH = -3729;        // easting above 1500000
+inline constexpr KoordStatus KOORD_ERR_CH_NORTH_LOW = -3730;        // northing below -300000
+inline constexpr KoordStatus KOORD_ERR_CH_NORTH_HIGH = -3731;       // northing above 600000
+inline constexpr KoordStatus KOORD_ERR_GK_LAT = -3732;              // GK or GK6 latitude
 inline constexpr KoordStatus KOORD_ERR_GK_EAST = -3733;  // GK or GK6 longitude, or easting left the strip
 inline constexpr KoordStatus KOORD_ERR_GEOREF_PRECISION = -3734;  // precision not 3, 4 or 5
 inline constexpr KoordStatus KOORD_ERR_AT_LON = -3740;            // longitude outside the Austrian limits
