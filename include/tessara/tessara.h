@@ -13,6 +13,8 @@
 #include "tessara/coordinate_average.h"
 #include "tessara/coordinate_checker.h"
 #include "tessara/coordinate_compare.h"
+#include "tessara/coordinate_grid.h"
+#include "tessara/coordinate_grid_factory.h"
 #include "tessara/coordinate_init.h"
 #include "tessara/coordinate_neighbor.h"
 #include "tessara/coordinate_reference.h"

@@ -7,6 +7,8 @@
 #include "areas/coordinate_area.h"
 #include "areas/coordinate_average.h"
 #include "areas/coordinate_compare.h"
+#include "areas/coordinate_grid.h"
+#include "areas/coordinate_grid_factory.h"
 #include "areas/coordinate_neighbor.h"
 #include "frame/class_factory.h"
 #include "geometry/circle_on_tangent_plane.h"
@@ -51,6 +53,8 @@ TESSARA_CLASS(Multi, CoordinateAverage);
 TESSARA_CLASS(Multi, CoordinateChecker);
 TESSARA_CLASS(Multi, CoordCheckerUTMREF);
 TESSARA_CLASS(Singleton, CoordinateCompare);
+TESSARA_CLASS(Multi, CoordinateGrid);
+TESSARA_CLASS(Singleton, CoordinateGridFactory);
 TESSARA_CLASS(Multi, CoordinateInit);
 TESSARA_CLASS(Singleton, CoordinateNeighbor);
 TESSARA_CLASS(Multi, CoordinateReference);

@@ -23,10 +23,16 @@ class OwnedMapParam {
     // earlier may still be read, and may be the very one that comes in.
     void Adopt(const MapParam& record) { record_ = record; }
 
+    // Takes the record and a chain of its own that is equal to the record's, in place of what was there.
+    // False without memory; this one is then empty.
+    [[nodiscard]] bool CopyWithChain(const MapParam& record);
+
     // The record for whoever takes over its chain; this one is left without.
-    [[nodiscard]] MapParam Release();
+    MapParam Release();
 
   private:
+    void FreeChain();
+
     MapParam record_;
 };
 

@@ -1,0 +1,264 @@
+#include "areas/coordinate_grid.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "areas/compare_records.h"
+#include "areas/creation.h"
+#include "areas/rect_extents.h"
+#include "areas/system_extremes.h"
+#include "kernel/numeric.h"
+#include "maps/owned_map_param.h"
+#include "objects/axis_copy.h"
+#include "objects/convert_records.h"
+#include "objects/default_koord.h"
+#include "objects/koord_access.h"
+#include "objects/zones.h"
+#include "tessara/array.h"
+#include "tessara/coordinate_reference.h"
+#include "tessara/float_point.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/map_param_internal.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::int32_t UNCHECKED = 0;  // a border lies a hair outside its zone
+
+// Codes and rounded parts would bend a line, and whole metres or degrees can't be told apart finely enough to
+// find one. Lines in such a system are drawn in the exact one behind it.
+std::int32_t DrawingSystem(std::int32_t system) {
+    switch (system) {
+        case KOORD_UTMREF:
+            return KOORD_UTM;
+        case KOORD_GEOGRAD:
+        case KOORD_GEODEZMIN:
+        case KOORD_GEOREF:
+            return KOORD_GEODEZ;
+        default:
+            return system;
+    }
+}
+
+// The unit of the codes' numbers.
+double FinestStep(std::int32_t system) {
+    switch (system) {
+        case KOORD_UTMREF:
+            return 1.0;
+        case KOORD_GEOREF:
+            return 1.0 / 6000.0;
+        default:
+            return 0.0;
+    }
+}
+
+// From the drawing system.
+bool ToGridSystem(std::int32_t system, CKoord* koord) {
+    if (static_cast<std::int32_t>(koord->type) == system) return true;
+    tagKOORD record = *koord;
+    const bool isConverted =
+        system == KOORD_UTMREF ? ConvertInZone(system, UNCHECKED, &record) : ConvertTo(system, &record);
+    if (!isConverted) return false;
+    Zones_Want(NO_WANTED_ZONE, &record);
+    *koord = CKoord(record);
+    return true;
+}
+
+double LongitudeOf(const CKoord& geodez) {
+    return Load<GeodezPayload>(geodez).longitude;
+}
+
+// Degrees go on where the codes of GEOREF end: a window ends there. But one that goes all around the earth,
+// by as many degrees as it takes, goes around in codes, too.
+bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes) {
+    if (system != KOORD_GEOREF) return true;
+    const double width = LongitudeOf((*extremes)[Compass::East]) - LongitudeOf((*extremes)[Compass::West]);
+    const bool goesAround = width > 360.0;
+    for (const Compass direction : DIRECTIONS) {
+        const Axis axis = AxisOf(direction);
+        tagKOORD limit;
+        if (!System_Extreme(direction, datum, system, &limit) || !ConvertTo(KOORD_GEODEZ, &limit))
+            return false;
+        CKoord extreme = (*extremes)[direction];
+        const bool isBeyond = Compare_Records(axis, extreme, limit) == (SignOf(direction) > 0.0 ? 1 : -1);
+        if (!isBeyond && !(goesAround && axis == Axis::East)) continue;
+        if (!CopyAxis(axis, limit, &extreme)) return false;
+        extremes->Set(direction, extreme);
+    }
+    return true;
+}
+
+struct LongPixelPlace {
+    std::int32_t x, y;
+};
+
+// A pixel is rounded whatever its datum is; a position goes through the map.
+bool FindPixel(IMapCoordOperations* map, ICoord* coord, LongPixelPlace* place) {
+    CKoord koord;
+    if (!KoordFromCoord(coord, &koord)) return false;
+    if (!IsPixelType(static_cast<std::int32_t>(koord.type))) {
+        return map->CoordToLongPixel(coord, &place->x, &place->y);
+    }
+    PlanePoint point{};
+    if (!MapPlane(map).ToPlane(koord, &point)) return false;
+    if (!IsWithin(point.x, INT32_MIN, INT32_MAX) || !IsWithin(point.y, INT32_MIN, INT32_MAX)) return false;
+    *place = {RoundPixel(point.x), RoundPixel(point.y)};
+    return true;
+}
+
+bool AddCoord(CKoord koord, std::int32_t system, IArray* line) {
+    const IRef<ICoord> coord(CreateClassCoord());
+    if (!ToGridSystem(system, &koord) || !KoordToCoord(&koord, coord.Get())) return false;
+    line->Add(coord.Get());
+    return true;
+}
+
+bool AddPixel(const MapPlane& map, CKoord koord, std::int32_t system, IArray* line) {
+    const IRef<IFloatPoint> point(CreateClassFloatPoint());
+    PlanePoint pixel{};
+    if (!point.IsValid() || !ToGridSystem(system, &koord) || !map.ToPlane(koord, &pixel)) return false;
+    point->SetX(pixel.x);
+    point->SetY(pixel.y);
+    point->SetZ(0.0);
+    line->Add(point.Get());
+    return true;
+}
+
+// Adds one line to the lines, if add(koord, line) is true for each of its points.
+template <class AddPoint>
+bool AddLine(const GridLine& line, IArray* lines, const AddPoint& add) {
+    const IRef<IArray> points(CreateClassArray());
+    if (!points.IsValid()) return false;
+    const bool isComplete =
+        std::all_of(line.begin(), line.end(), [&](const CKoord& koord) { return add(koord, points.Get()); });
+    if (isComplete) lines->Add(points.Get());
+    return isComplete;
+}
+
+bool IsStep(double step) {
+    return std::isfinite(step) && step != 0.0;
+}
+
+}  // namespace
+
+bool CoordinateGrid::SetWindowFromPoints(IFloatPoint* a, IFloatPoint* b, IFloatPoint* c, IFloatPoint* d) {
+    const IRef<IFloatPoint> points[] = {IRef<IFloatPoint>(a), IRef<IFloatPoint>(b), IRef<IFloatPoint>(c),
+                                        IRef<IFloatPoint>(d)};
+    std::int32_t datum = 0;
+    if (!map_.IsValid() || !MapPlane(map_.Get()).GetDatum(&datum)) return false;
+    IRef<ICoord> coords[std::size(points)];
+    for (std::size_t i = 0; i < std::size(points); ++i) {
+        if (!points[i].IsValid()) return false;
+        CKoord pixel(MakeKoord(datum, KOORD_FLOATPIXEL));
+        Store(pixel, FloatPixelPayload{points[i]->GetX(), points[i]->GetY()});
+        coords[i] = IRef<ICoord>(CreateClassCoord());
+        if (!KoordToCoord(&pixel, coords[i].Get())) return false;
+    }
+    return SetWindow(coords[0].Get(), coords[1].Get(), coords[2].Get(), coords[3].Get());
+}
+
+bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) {
+    const IRef<ICoord> coords[] = {IRef<ICoord>(a), IRef<ICoord>(b), IRef<ICoord>(c), IRef<ICoord>(d)};
+    if (!map_.IsValid()) return false;
+    PixelRect rect{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
+    for (const IRef<ICoord>& coord : coords) {
+        LongPixelPlace at{};
+        if (!FindPixel(map_.Get(), coord.Get(), &at)) return false;
+        rect = {std::min(rect.left, at.x), std::min(rect.top, at.y), std::max(rect.right, at.x),
+                std::max(rect.bottom, at.y)};
+    }
+    Extremes extremes;
+    if (!ExtentOfRect(map_.Get(), rect, datum_, DrawingSystem(system_), &extremes)) return false;
+    if (!KeepWithinCodes(datum_, system_, &extremes)) return false;
+    window_ = GridWindow{extremes, FindZoneGap(MapPlane(map_.Get()), rect, extremes), eastStep_, northStep_,
+                         FinestStep(system_)};
+    return true;
+}
+
+bool CoordinateGrid::Draw(Axis axis, const GridLineSink& sink) const {
+    if (!window_) return false;
+    const MapPlane plane(map_.Get());
+    if (!plane.IsComplete()) return false;
+    GridPen pen(plane, sink);
+    return DrawGridLines(axis, *window_, &pen);
+}
+
+bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const {
+    const IRef<IArray> out(lines);
+    if (!map_.IsValid() || !out.IsValid()) return false;
+    out->Clear();
+    return Draw(axis, [&](const GridLine& line) {
+        return AddLine(line, out.Get(), [this](const CKoord& koord, IArray* points) {
+            return AddCoord(koord, system_, points);
+        });
+    });
+}
+
+bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const {
+    const IRef<IArray> out(lines);
+    if (!map_.IsValid() || !out.IsValid()) return false;
+    out->Clear();
+    std::vector<GridLine> drawn;
+    const bool isDrawn = Draw(axis, [&](const GridLine& line) {
+        drawn.push_back(line);
+        return true;
+    });
+    if (!isDrawn) return false;
+    const MapPlane plane(map_.Get());
+    return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](const GridLine& line) {
+               return AddLine(line, out.Get(), [&](const CKoord& koord, IArray* points) {
+                   return AddPixel(plane, koord, system_, points);
+               });
+           });
+}
+
+bool CoordinateGrid::GetEastLines(IArray* lines) {
+    return WriteLines(Axis::East, lines);
+}
+
+bool CoordinateGrid::GetNorthLines(IArray* lines) {
+    return WriteLines(Axis::North, lines);
+}
+
+bool CoordinateGrid::GetEastLinePixels(IArray* lines) {
+    return WriteLinePixels(Axis::East, lines);
+}
+
+bool CoordinateGrid::GetNorthLinePixels(IArray* lines) {
+    return WriteLinePixels(Axis::North, lines);
+}
+
+bool CoordinateGrid::CopyMapTo(IMapCoordOperations* target) {
+    const IRef<IMapParamInternal> from(map_);
+    const IRef<IMapCoordOperations> map(target);
+    const IRef<IMapParamInternal> to(map);
+    if (!from.IsValid() || !to.IsValid()) return false;
+    if (from.Get() == to.Get()) return true;
+    MapParam record;
+    OwnedMapParam copy;
+    if (!from->GetMapParam(&record) || !copy.CopyWithChain(record)) return false;
+    if (!to->SetMapParam(&*copy)) return false;
+    copy.Release();  // the target's
+    return true;
+}
+
+bool CoordinateGrid::GetReference(ICoordinateReference* target) {
+    const IRef<ICoordinateReference> reference(target);
+    return map_.IsValid() && reference.IsValid() && reference->SetSystem(system_) &&
+           reference->SetDatum(datum_);
+}
+
+ICoordinateGrid* NewCoordinateGrid(IMapCoordOperations* map, std::int32_t datum, std::int32_t system,
+                                   double eastStep, double northStep) {
+    const IRef<IMapCoordOperations> on(map);
+    CKoord probe;
+    if (!on.IsValid() || !DefaultKoord(datum, system, &probe)) return nullptr;
+    if (!IsStep(eastStep) || !IsStep(northStep)) return nullptr;
+    return NewObject<CoordinateGrid>(on, datum, system, std::fabs(eastStep), std::fabs(northStep));
+}
+
+ICoordinateGrid* CreateClassCoordinateGrid() {
+    return NewObject<CoordinateGrid>();
+}
+
+}  // namespace tessara

@@ -1,0 +1,23 @@
+// The lines of a grid over a window, as coordinate_grid.h tells.
+#pragma once
+
+#include <optional>
+
+#include "areas/extremes.h"
+#include "areas/grid_pen.h"
+#include "areas/zone_gap.h"
+
+namespace tessara {
+
+struct GridWindow {
+    Extremes extremes;  // of the window, in the system of the grid
+    std::optional<ZoneGap> gap;
+    double eastStep, northStep;
+    double finestStep;  // 0.0, or the unit to which the lines will be rounded
+};
+
+// The lines of equal value on the axis. The system of the extremes must keep its values as numbers, BNG and
+// ING included.
+bool DrawGridLines(Axis axis, const GridWindow& window, GridPen* pen);
+
+}  // namespace tessara

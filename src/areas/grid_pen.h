@@ -1,0 +1,54 @@
+// Draws the lines of a grid on a map and hands them on.
+#pragma once
+
+#include <cmath>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "geometry/densify.h"
+
+namespace tessara {
+
+using GridLine = std::vector<CKoord>;
+// Takes a line; false ends the drawing, which has then failed.
+using GridLineSink = std::function<bool(const GridLine&)>;
+
+class GridPen {
+  public:
+    GridPen(const MapPlane& map, GridLineSink sink) : map_(map), sink_(std::move(sink)) {}
+
+    // Adds the chain from a place to another to the end of a line. False as densify.h says; the line is then
+    // unchanged.
+    bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line) const {
+        GridLine piece;
+        if (!DensifyOnMap(map_, from, to, mode, DEFAULT_PIXEL_TOLERANCE, &piece)) return false;
+        line->insert(line->end(), piece.begin(), piece.end());
+        return true;
+    }
+
+    bool Finish(const GridLine& line) { return count_++ < MOST_LINES && sink_(line); }
+
+    // A line of one piece.
+    bool Draw(const CKoord& from, const CKoord& to, DensifyMode mode = DensifyMode::CoordStraight) {
+        GridLine line;
+        return Append(from, to, mode, &line) && Finish(line);
+    }
+
+    // Whether two places lie no more than a pixel apart on each axis.
+    [[nodiscard]] bool IsWithinAPixel(const CKoord& a, const CKoord& b) const {
+        PlanePoint p{};
+        PlanePoint q{};
+        return map_.ToPlane(a, &p) && map_.ToPlane(b, &q) && std::fabs(p.x - q.x) <= 1.0 &&
+               std::fabs(p.y - q.y) <= 1.0;
+    }
+
+  private:
+    static constexpr int MOST_LINES = 100000;  // no map shows as many; they would fill the memory
+
+    const MapPlane& map_;
+    GridLineSink sink_;
+    int count_ = 0;
+};
+
+}  // namespace tessara
