@@ -19,6 +19,15 @@ inline constexpr GUID CLSID_CoordinateArea = ParseGuid("A6AE8424-CF07-486B-BC7F-
 inline constexpr GUID IID_ICoordinateArea = ParseGuid("BBC9C06E-DFB8-4A8F-95C1-535BC32A43EE");
 inline constexpr GUID IID_ICoordinateAreaInternal = ParseGuid("ECED2B61-F554-4CC5-BCDE-C00D5F18C476");
 
+// How two polygons lie to each other, the results of the overlay operations.
+inline constexpr std::int32_t OVERLAY_FAILURE = -1;
+inline constexpr std::int32_t OVERLAY_APART = 0;          // they share no area
+inline constexpr std::int32_t OVERLAY_EQUAL = 1;          // they cover the same area
+inline constexpr std::int32_t OVERLAY_FIRST_INSIDE = 2;   // the first lies inside the second
+inline constexpr std::int32_t OVERLAY_SECOND_INSIDE = 3;  // the second lies inside the first
+inline constexpr std::int32_t OVERLAY_CROSSING = 4;       // they share a part of their areas
+inline constexpr std::int32_t OVERLAY_TOUCHING = 5;       // they share a piece of an edge and no area
+
 class ICoordinateArea : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateArea;
@@ -91,12 +100,29 @@ class ICoordinateArea : public IUnknown {
                                     ICoord* south, ICoord* west) = 0;
     virtual bool GetLineExtremes(IArray* line, ICoord* north, ICoord* east, ICoord* south, ICoord* west) = 0;
 
-    // Whether a point lies inside a polygon, by how the polygon's edges run.
+    // Whether a point lies inside a polygon. The polygon is closed by itself. A point on a vertex or nearer
+    // to an edge than the tolerance is inside; of an outline that crosses itself the inside is that of the
+    // outlines that SplitPolygon makes of it, together.
+    //
+    // The operations differ in how the edges run between the vertices. All are false for a null or wrong
+    // object, an empty polygon, an element that is no coordinate, and a position that has no pixel.
+
+    // Edges that are straight in the system of the polygon's coordinates, which must share datum and system
+    // (the point may have its own): each is followed on the map to a quarter of a pixel. False for an edge
+    // that can't be followed; tessara/line_points.h tells of DensifyCoordStraight.
     virtual bool IsInsideCoordEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    // The same without a map, on a map of the library's own: WAGNER-IV, 10 metres a pixel, which is cut along
+    // the meridian of 180 degrees; around a pole the UPS grid, for UPS coordinates. Point and polygon must
+    // share datum and system. Pixels are compared as they are.
     virtual bool IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) = 0;
+    // Edges that are straight on the map.
     virtual bool IsInsideMapEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    // Edges that are straight in the coordinate system in which the map is drawn, whatever systems the
+    // vertices have.
     virtual bool IsInsideTransferred(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    // As IsInsideMapEdges.
     virtual bool IsInsideOnMap(IMapCoordOperations* map, ICoord* point, IArray* polygon) = 0;
+    // A valid pixel in a polygon of valid pixels, of whatever datums.
     virtual bool IsInsidePixels(ICoord* point, IArray* polygon) = 0;
 
     // How close to an edge, in pixels, a point counts as on it; 2.220446049250313e-11 in a new object. False
@@ -104,17 +130,46 @@ class ICoordinateArea : public IUnknown {
     virtual bool SetTolerance(double tolerance) = 0;
     virtual double GetTolerance() = 0;
 
-    // How two polygons lie to each other, and the parts in neither, only in the second, only in the first and
-    // in both. -1 is a failure.
+    // How two polygons lie to each other, one of the numbers OVERLAY_... above, and for OVERLAY_CROSSING what
+    // they cut each other into: the parts in neither of them (enclosed between the two), only in the second,
+    // only in the first, and in both. A part is an IArray of ICoord, its last vertex equal to its first. The
+    // lists get their parts in place of what they held, in no particular order, and are empty for every other
+    // result.
+    //
+    // The areas decide: polygons that only touch share none, and one inside the other may touch it from
+    // inside. Where the outlines touch, one that crosses itself counts by the even-odd rule. Vertices and
+    // crossings closer together than the tolerance, or than a few roundings, are one. A polygon inside
+    // another without touching it is OVERLAY_FIRST_INSIDE or OVERLAY_SECOND_INSIDE, and no ring is made of
+    // the two. An empty polygon shares no area with any.
+    //
+    // OVERLAY_FAILURE for a null or wrong object, an element that is no coordinate, a position without a
+    // pixel and pixels that are no numbers or beyond 1e150. The lists are then as they were, or emptied where
+    // that is told.
+
+    // Edges are straight on the map; parts are FLOATPIXEL on the map's datum. The coordinates of both
+    // polygons must share datum and system, otherwise it is a failure. A failure leaves the lists as they
+    // were, unless the pixels are no numbers.
     virtual std::int32_t OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
                                       IArray* neither, IArray* onlySecond, IArray* onlyFirst,
                                       IArray* both) = 0;
+    // Without a map: pixels are taken as they are, and the parts are FLOATPIXEL on their datum. Other
+    // coordinates are laid on the map that IsInsideCoordEdgesNoMap tells of, edges straight on it; the parts
+    // are in the datum and system of the polygons and aren't closed: the last vertex is the one before the
+    // first. As OverlayOnMap otherwise; a part without a position in that system is a failure, too, and
+    // empties the lists.
     virtual std::int32_t Overlay(IArray* first, IArray* second, IArray* neither, IArray* onlySecond,
                                  IArray* onlyFirst, IArray* both) = 0;
+    // Polygons of valid pixels, of whatever datums; parts are FLOATPIXEL on the map's datum. A failure other
+    // than for a null or wrong argument empties the lists.
     virtual std::int32_t OverlayPixels(IMapCoordOperations* map, IArray* first, IArray* second,
                                        IArray* neither, IArray* onlySecond, IArray* onlyFirst,
                                        IArray* both) = 0;
-    // Takes a self-crossing polygon apart into simple ones.
+    // Takes a polygon that crosses itself apart into simple ones: closed lists of FLOATPIXEL coordinates on
+    // the map's datum, in place of what `parts` held. Edges are straight on the map. The walk along the
+    // polygon cuts off each loop when it comes back to a vertex or a crossing; what is left comes last. A
+    // polygon that doesn't cross itself is one part, and so are fewer than four vertices; an empty one has
+    // none. False for a null or wrong object, an invalid pixel and a position without a pixel; `parts` is
+    // then unchanged.
     virtual bool SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) = 0;
 
   protected:

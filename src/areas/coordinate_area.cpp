@@ -4,9 +4,16 @@
 #include <optional>
 
 #include "areas/extremes.h"
+#include "areas/helper_map.h"
 #include "areas/line_extents.h"
+#include "areas/overlay_call.h"
+#include "areas/polygon_inside.h"
+#include "areas/polygon_reading.h"
+#include "areas/polygon_split.h"
+#include "areas/polygon_writing.h"
 #include "areas/rect_extents.h"
 #include "areas/system_extremes.h"
+#include "geometry/line_reading.h"
 #include "objects/koord_access.h"
 #include "tessara/array.h"
 #include "tessara/map_coord_operations.h"
@@ -15,8 +22,6 @@
 
 namespace tessara {
 namespace {
-
-constexpr std::int32_t OVERLAY_FAILURE = -1;
 
 bool MoveToSystemLimit(Compass direction, ICoord* point) {
     const IRef<ICoord> coord(point);
@@ -30,13 +35,6 @@ bool MoveToSystemLimit(Compass direction, ICoord* point) {
     const CKoord limit(extreme);
     return KoordToCoord(&limit, coord.Get());
 }
-
-struct Reference {
-    std::int32_t datum;
-    std::int32_t system;
-
-    bool operator==(const Reference&) const = default;
-};
 
 // The coordinates that take extremes: all four, or one for its direction and nothing for the others.
 class Results {
@@ -54,8 +52,7 @@ class Results {
             if (!IsAsked(direction)) continue;
             CKoord koord;
             if (!KoordFromCoord(At(direction), &koord)) return false;
-            const Reference its{static_cast<std::int32_t>(koord.datum),
-                                static_cast<std::int32_t>(koord.type)};
+            const Reference its = ReferenceOf(koord);
             if (shared && !(*shared == its)) return false;
             shared = its;
         }
@@ -120,6 +117,27 @@ bool MoveToMapLineExtreme(Compass direction, IMapCoordOperations* map, IArray* l
 
 bool MoveToLineExtreme(Compass direction, IArray* line, ICoord* point) {
     return WriteLineExtremes(nullptr, line, Results(direction, point));
+}
+
+// Where a coordinate lies on a map, by its record.
+bool ReadPlace(const MapPlane& map, ICoord* point, PlanePoint* place) {
+    CKoord koord;
+    return KoordFromCoord(point, &koord) && map.ToPlane(koord, place);
+}
+
+// Whether a point is inside the outline that `read(plane, polygon, &outline)` makes of a polygon.
+template <class Reader>
+bool IsInside(IMapCoordOperations* map, ICoord* point, IArray* polygon, double tolerance,
+              const Reader& read) {
+    const IRef<IMapCoordOperations> on(map);
+    const IRef<ICoord> probe(point);
+    const IRef<IArray> vertices(polygon);
+    const MapPlane plane(on.Get());
+    if (!plane.IsComplete() || !probe.IsValid() || !vertices.IsValid()) return false;
+    PlanePoint place{};
+    Outline outline;
+    return ReadPlace(plane, probe.Get(), &place) && read(plane, vertices.Get(), &outline) &&
+           PointInPolygon(place, outline, tolerance);
 }
 
 }  // namespace
@@ -238,39 +256,97 @@ bool CoordinateArea::GetLineExtremes(IArray* line, ICoord* north, ICoord* east, 
     return WriteLineExtremes(nullptr, line, Results(north, east, south, west));
 }
 
-// The polygon operations aren't there yet.
+bool CoordinateArea::IsInsideCoordEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
+    const auto read = [](const MapPlane& plane, IArray* vertices, Outline* outline) {
+        std::vector<CKoord> records;
+        return ReadRecords(vertices, &records) && ReadCoordEdges(plane, records, outline);
+    };
+    return IsInside(map, point, polygon, tolerance_, read);
+}
 
-bool CoordinateArea::IsInsideCoordEdges(IMapCoordOperations*, ICoord*, IArray*) {
-    return false;
+bool CoordinateArea::IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) {
+    const IRef<ICoord> probe(point);
+    const IRef<IArray> vertices(polygon);
+    CKoord koord;
+    std::vector<CKoord> records;
+    if (!vertices.IsValid() || !KoordFromCoord(probe.Get(), &koord)) return false;
+    if (!ReadRecords(vertices.Get(), &records) || records.empty()) return false;
+    if (ReferenceOf(koord) != ReferenceOf(records.front())) return false;
+    if (IsPixelType(ReferenceOf(koord).system)) return IsInsidePixels(probe.Get(), vertices.Get());
+    const IRef<IMapCoordOperations> map = MakeHelperMap(koord);
+    return IsInsideCoordEdges(map.Get(), probe.Get(), vertices.Get());
 }
-bool CoordinateArea::IsInsideCoordEdgesNoMap(ICoord*, IArray*) {
-    return false;
+
+bool CoordinateArea::IsInsideMapEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
+    return IsInside(map, point, polygon, tolerance_, ReadLineOnMap);
 }
-bool CoordinateArea::IsInsideMapEdges(IMapCoordOperations*, ICoord*, IArray*) {
-    return false;
+
+bool CoordinateArea::IsInsideTransferred(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
+    const auto read = [&](const MapPlane&, IArray* vertices, Outline* outline) {
+        return ReadTransferredEdges(map, vertices, outline);
+    };
+    return IsInside(map, point, polygon, tolerance_, read);
 }
-bool CoordinateArea::IsInsideTransferred(IMapCoordOperations*, ICoord*, IArray*) {
-    return false;
+
+bool CoordinateArea::IsInsideOnMap(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
+    return IsInside(map, point, polygon, tolerance_, ReadLineOnMap);
 }
-bool CoordinateArea::IsInsideOnMap(IMapCoordOperations*, ICoord*, IArray*) {
-    return false;
+
+bool CoordinateArea::IsInsidePixels(ICoord* point, IArray* polygon) {
+    const IRef<ICoord> probe(point);
+    const IRef<IArray> vertices(polygon);
+    PlanePoint place{};
+    Outline outline;
+    return probe.IsValid() && vertices.IsValid() && PixelOfCoord(probe.Get(), &place) &&
+           ReadPixelLine(vertices.Get(), &outline) && PointInPolygon(place, outline, tolerance_);
 }
-bool CoordinateArea::IsInsidePixels(ICoord*, IArray*) {
-    return false;
+
+std::int32_t CoordinateArea::OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
+                                          IArray* neither, IArray* onlySecond, IArray* onlyFirst,
+                                          IArray* both) {
+    const MapPlane plane(map);
+    const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
+    std::optional<CKoord> start;
+    std::int32_t datum = 0;
+    if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
+    if (!call.ReadStart(&start) || !plane.GetDatum(&datum)) return OVERLAY_FAILURE;
+    return call.RunOnMap(plane, tolerance_, PixelForm(datum));
 }
-std::int32_t CoordinateArea::OverlayOnMap(IMapCoordOperations*, IArray*, IArray*, IArray*, IArray*, IArray*,
-                                          IArray*) {
-    return OVERLAY_FAILURE;
+
+std::int32_t CoordinateArea::Overlay(IArray* first, IArray* second, IArray* neither, IArray* onlySecond,
+                                     IArray* onlyFirst, IArray* both) {
+    const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
+    std::optional<CKoord> start;
+    if (!call.IsComplete() || !call.ReadStart(&start)) return OVERLAY_FAILURE;
+    const Reference reference = start ? ReferenceOf(*start) : Reference{NO_DATUM, KOORD_FLOATPIXEL};
+    if (IsPixelType(reference.system)) return call.RunOnPixels(tolerance_, PixelForm(reference.datum));
+    const IRef<IMapCoordOperations> map = MakeHelperMap(*start);
+    const MapPlane plane(map.Get());
+    if (!plane.IsComplete()) return OVERLAY_FAILURE;
+    return call.RunOnMap(plane, tolerance_, PositionForm(plane, reference));
 }
-std::int32_t CoordinateArea::Overlay(IArray*, IArray*, IArray*, IArray*, IArray*, IArray*) {
-    return OVERLAY_FAILURE;
+
+std::int32_t CoordinateArea::OverlayPixels(IMapCoordOperations* map, IArray* first, IArray* second,
+                                           IArray* neither, IArray* onlySecond, IArray* onlyFirst,
+                                           IArray* both) {
+    const MapPlane plane(map);
+    const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
+    std::int32_t datum = 0;
+    if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
+    return plane.GetDatum(&datum) ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
 }
-std::int32_t CoordinateArea::OverlayPixels(IMapCoordOperations*, IArray*, IArray*, IArray*, IArray*, IArray*,
-                                           IArray*) {
-    return OVERLAY_FAILURE;
-}
-bool CoordinateArea::SplitPolygon(IMapCoordOperations*, IArray*, IArray*) {
-    return false;
+
+bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) {
+    const IRef<IMapCoordOperations> on(map);
+    const IRef<IArray> vertices(polygon);
+    const IRef<IArray> list(parts);
+    if (!on.IsValid() || !vertices.IsValid() || !list.IsValid()) return false;
+    Outline outline;
+    std::int32_t datum = 0;
+    if (!ReadValidPlaces(on.Get(), vertices.Get(), &outline)) return false;
+    if (!MapPlane(on.Get()).GetDatum(&datum)) return false;
+    list->Clear();
+    return AppendOutlines(SplitVertices(outline), PixelForm(datum), list.Get());
 }
 
 ICoordinateArea* CreateClassCoordinateArea() {

@@ -22,6 +22,6 @@ TEST(Setup, NamesThePackagesInOneLineWhereItCantInstallThem) {
     const std::vector<std::string> lines = LinesOf(outcome.err);
     ASSERT_EQ(lines.size(), 1u) << outcome.err;
     for (const char* package :
-         {"g++", "cmake", "ninja-build", "libgtest-dev", "libcli11-dev", "nlohmann-json3-dev"})
+         {"g++", "cmake", "ninja-build", "libgtest-dev", "libgeos-dev", "libcli11-dev", "nlohmann-json3-dev"})
         EXPECT_NE(lines[0].find(package), std::string::npos) << package;
 }

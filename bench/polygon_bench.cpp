@@ -1,0 +1,127 @@
+// Polygons: a point in one, taking one apart, laying two over each other; as a host calls it, with objects,
+// and from 10 to 10000 vertices on plain vertex lists.
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <random>
+
+#include "areas/polygon_inside.h"
+#include "areas/polygon_overlay.h"
+#include "areas/polygon_split.h"
+#include "tessara/array.h"
+#include "tessara/coord.h"
+#include "tessara/coordinate_area.h"
+#include "tessara/ref.h"
+
+namespace tessara::bench {
+namespace {
+
+constexpr double TURN = 6.283185307179586;
+constexpr double TOLERANCE = 2.220446049250313e-11;
+constexpr PlanePoint MIDDLE{500.0, 500.0};
+constexpr PlanePoint FAR{5000.0, 5000.0};
+
+// A vertex in each of equal sectors, at a random distance: spiky, and never crossing itself.
+Outline Star(std::int64_t count, double shift = 0.0) {
+    std::mt19937_64 random(static_cast<std::uint64_t>(count) + 1);
+    std::uniform_real_distribution<double> part(0.05, 0.95);
+    std::uniform_real_distribution<double> radius(250.0, 400.0);
+    Outline star;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double angle = TURN * (static_cast<double>(i) + part(random)) / static_cast<double>(count);
+        const double r = radius(random);
+        star.push_back({MIDDLE.x + shift + r * std::cos(angle), MIDDLE.y + r * std::sin(angle)});
+    }
+    return star;
+}
+
+// A wave over its own ground line, which it crosses with every second edge.
+Outline Wave(std::int64_t count) {
+    Outline wave{{static_cast<double>(count), 0.0}};
+    for (std::int64_t i = 0; i + 1 < count; ++i)
+        wave.push_back({static_cast<double>(i), i == 0 ? 0.0 : (i % 2 == 0 ? 3.0 : -2.0)});
+    return wave;
+}
+
+IRef<ICoord> Pixel(const PlanePoint& place) {
+    IRef<ICoord> coord(CreateClassCoord());
+    coord->SetPixel(place.x, place.y);
+    return coord;
+}
+
+IRef<IArray> Polygon(const Outline& outline) {
+    IRef<IArray> polygon(CreateClassArray());
+    for (const PlanePoint& place : outline)
+        polygon->Add(Pixel(place).Get());
+    return polygon;
+}
+
+void IsInsidePixels(benchmark::State& state, const PlanePoint& place) {
+    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const IRef<ICoord> point = Pixel(place);
+    const IRef<IArray> polygon = Polygon(Star(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(area->IsInsidePixels(point.Get(), polygon.Get()));
+}
+BENCHMARK_CAPTURE(IsInsidePixels, near, MIDDLE)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(IsInsidePixels, far, FAR)->Arg(1000)->Unit(benchmark::kMicrosecond);
+
+void Overlay(benchmark::State& state) {
+    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const IRef<IArray> first = Polygon(Star(state.range(0)));
+    const IRef<IArray> second = Polygon(Star(state.range(0), 100.0));
+    const IRef<IArray> parts[] = {IRef<IArray>(CreateClassArray()), IRef<IArray>(CreateClassArray()),
+                                  IRef<IArray>(CreateClassArray()), IRef<IArray>(CreateClassArray())};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(area->Overlay(first.Get(), second.Get(), parts[0].Get(), parts[1].Get(),
+                                               parts[2].Get(), parts[3].Get()));
+    }
+}
+BENCHMARK(Overlay)->Arg(200)->Unit(benchmark::kMicrosecond);
+
+void PointInStar(benchmark::State& state, const PlanePoint& place) {
+    const Outline star = Star(state.range(0));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(PointInPolygon(place, star, TOLERANCE));
+    state.SetComplexityN(state.range(0));
+}
+
+void Split(benchmark::State& state, Outline (*make)(std::int64_t)) {
+    const Outline outline = make(state.range(0));
+    std::size_t parts = 0;
+    for (auto _ : state) {
+        const std::vector<Outline> split = SplitVertices(outline);
+        parts = split.size();
+        benchmark::DoNotOptimize(split.data());
+    }
+    state.counters["parts"] = static_cast<double>(parts);
+    state.SetComplexityN(state.range(0));
+}
+
+Outline PlainStar(std::int64_t count) {
+    return Star(count);
+}
+
+void OverlayStars(benchmark::State& state) {
+    const Outline first = Star(state.range(0));
+    const Outline second = Star(state.range(0), 100.0);
+    OverlayParts parts;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(OverlayVertices(first, second, TOLERANCE, &parts));
+    state.counters["parts"] = static_cast<double>(parts.both.size() + parts.onlyFirst.size() +
+                                                  parts.onlySecond.size() + parts.neither.size());
+    state.SetComplexityN(state.range(0));
+}
+
+void Growing(benchmark::internal::Benchmark* rows) {
+    rows->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond)->Complexity();
+}
+BENCHMARK_CAPTURE(PointInStar, near, MIDDLE)->Apply(Growing);
+BENCHMARK_CAPTURE(PointInStar, far, FAR)->Apply(Growing);
+BENCHMARK_CAPTURE(Split, star, PlainStar)->Apply(Growing);
+BENCHMARK_CAPTURE(Split, wave, Wave)->Apply(Growing);
+BENCHMARK(OverlayStars)->Apply(Growing);
+
+}  // namespace
+}  // namespace tessara::bench

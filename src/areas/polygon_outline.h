@@ -1,0 +1,34 @@
+// Outlines of polygons in a plane.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "geometry/plane_lines.h"
+
+namespace tessara {
+
+// The vertices of a polygon in the order of its edges. It is closed when the last equals the first exactly;
+// an open one goes back from its last to its first all the same.
+using Outline = std::vector<PlanePoint>;
+
+[[nodiscard]] bool IsClosed(std::span<const PlanePoint> outline);
+
+// The same outline, closed and without a vertex that repeats the one before it.
+[[nodiscard]] Outline Tidied(std::span<const PlanePoint> outline);
+
+struct Box {
+    double left, top, right, bottom;
+
+    // Whether a point lies inside or outside by `margin` at most; so does one that is no number.
+    [[nodiscard]] bool Holds(const PlanePoint& p, double margin = 0.0) const;
+};
+
+// The box of the numbers among the coordinates; of none it is infinitely inside out.
+[[nodiscard]] Box BoxOf(std::span<const PlanePoint> points);
+[[nodiscard]] Box BoxOf(const PlanePoint& a, const PlanePoint& b);
+
+// The parameter of p, which lies on a-b, by the axis on which the edge is longer: 0.0 at a, 1.0 at b.
+[[nodiscard]] double ParameterOnEdge(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b);
+
+}  // namespace tessara

@@ -1,0 +1,29 @@
+// How two polygons in a plane lie to each other, and what they cut each other into.
+//
+// Which is which is asked of areas, not of vertices: where the outlines touch, they cut the plane into the
+// faces of a graph, and each face is inside a polygon or outside as a whole. So edges that run along each
+// other, vertices on edges and outlines in either direction need no rules of their own.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "areas/polygon_outline.h"
+
+namespace tessara {
+
+// Closed outlines.
+struct OverlayParts {
+    std::vector<Outline> neither, onlySecond, onlyFirst, both;
+};
+
+// The result is one of the numbers OVERLAY_... of coordinate_area.h; the parts are filled for
+// OVERLAY_CROSSING and otherwise emptied. Places closer together than the tolerance are one, and at least
+// than a few roundings of the largest coordinate. An outline that crosses itself counts by the even-odd rule
+// where the two touch.
+//
+// OVERLAY_FAILURE for coordinates that are no numbers or beyond 1e150, whose products are none.
+[[nodiscard]] std::int32_t OverlayVertices(const Outline& first, const Outline& second, double tolerance,
+                                           OverlayParts* parts);
+
+}  // namespace tessara

@@ -1,0 +1,53 @@
+#include "areas/polygon_pairs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace tessara {
+namespace {
+
+constexpr double ROUNDINGS = 8.0;
+
+// Infinities have none, which keeps them numbers.
+double Margin(double a, double b) {
+    const double size = 1.0 + std::fabs(a) + std::fabs(b);
+    return std::isfinite(size) ? ROUNDINGS * std::numeric_limits<double>::epsilon() * size : 0.0;
+}
+
+bool MeetInY(const Box& a, const Box& b) {
+    return a.top <= b.bottom && b.top <= a.bottom;
+}
+
+}  // namespace
+
+Box BoxOfEdge(const PlanePoint& a, const PlanePoint& b) {
+    const Box box = BoxOf(a, b);
+    const double marginX = Margin(box.left, box.right);
+    const double marginY = Margin(box.top, box.bottom);
+    return {box.left - marginX, box.top - marginY, box.right + marginX, box.bottom + marginY};
+}
+
+std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> outline) {
+    std::vector<Box> boxes;
+    for (std::size_t i = 1; i < outline.size(); ++i)
+        boxes.push_back(BoxOfEdge(outline[i - 1], outline[i]));
+    return boxes;
+}
+
+void VisitNearPairs(std::span<const Box> boxes, const std::function<void(std::size_t, std::size_t)>& visit) {
+    std::vector<std::size_t> byLeft(boxes.size());
+    std::iota(byLeft.begin(), byLeft.end(), std::size_t{0});
+    std::sort(byLeft.begin(), byLeft.end(),
+              [&](std::size_t a, std::size_t b) { return boxes[a].left < boxes[b].left; });
+    for (std::size_t k = 0; k < byLeft.size(); ++k) {
+        const Box& box = boxes[byLeft[k]];
+        for (std::size_t m = k + 1; m < byLeft.size() && boxes[byLeft[m]].left <= box.right; ++m) {
+            if (!MeetInY(box, boxes[byLeft[m]])) continue;
+            visit(std::min(byLeft[k], byLeft[m]), std::max(byLeft[k], byLeft[m]));
+        }
+    }
+}
+
+}  // namespace tessara

@@ -1,0 +1,338 @@
+#include "areas/polygon_overlay.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "support/outlines.h"
+#include "tessara/coordinate_area.h"
+
+namespace tessara {
+namespace {
+
+using testing::AreaOf;
+using testing::AreasOf;
+using testing::Closed;
+using testing::Rectangle;
+using testing::Reversed;
+using testing::SignedArea;
+using testing::StartingAt;
+
+constexpr double TOLERANCE = 2.220446049250313e-11;
+constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
+constexpr double INF = std::numeric_limits<double>::infinity();
+
+using Areas = std::vector<double>;
+
+// Two polygons and what their overlay must be, areas in ascending order.
+struct Example {
+    const char* name;
+    Outline first, second;
+    std::int32_t result;
+    Areas neither, onlySecond, onlyFirst, both;
+};
+
+const Outline SQUARE = Rectangle(0, 0, 4, 4);
+const Outline U{{0, 0}, {10, 0}, {10, 10}, {7, 10}, {7, 3}, {3, 3}, {3, 10}, {0, 10}};
+
+// Areas are width times height of the rectangles that a drawing shows.
+const std::vector<Example> EXAMPLES{
+    {"corners", SQUARE, Rectangle(2, 2, 6, 6), OVERLAY_CROSSING, {}, {12}, {12}, {4}},
+    {"cross", Rectangle(0, 2, 6, 4), Rectangle(2, 0, 4, 6), OVERLAY_CROSSING, {}, {4, 4}, {4, 4}, {4}},
+    {"equal", SQUARE, SQUARE, OVERLAY_EQUAL, {}, {}, {}, {}},
+    {"first inside", Rectangle(1, 1, 3, 3), SQUARE, OVERLAY_FIRST_INSIDE, {}, {}, {}, {}},
+    {"second inside", SQUARE, Rectangle(1, 1, 3, 3), OVERLAY_SECOND_INSIDE, {}, {}, {}, {}},
+    {"inside at an edge", SQUARE, Rectangle(0, 1, 2, 3), OVERLAY_SECOND_INSIDE, {}, {}, {}, {}},
+    {"inside with vertices on the edges",
+     {{2, 0}, {4, 2}, {2, 4}, {0, 2}},
+     SQUARE,
+     OVERLAY_FIRST_INSIDE,
+     {},
+     {},
+     {},
+     {}},
+    {"a common side", SQUARE, Rectangle(4, 0, 8, 4), OVERLAY_TOUCHING, {}, {}, {}, {}},
+    {"within a side", SQUARE, Rectangle(4, 1, 6, 3), OVERLAY_TOUCHING, {}, {}, {}, {}},
+    {"a part of a side", SQUARE, Rectangle(4, 2, 8, 6), OVERLAY_TOUCHING, {}, {}, {}, {}},
+    {"a common corner", Rectangle(0, 0, 1, 1), Rectangle(1, 1, 2, 2), OVERLAY_APART, {}, {}, {}, {}},
+    {"a vertex on a side", SQUARE, {{4, 2}, {6, 0}, {8, 2}, {6, 4}}, OVERLAY_APART, {}, {}, {}, {}},
+    {"apart", SQUARE, Rectangle(5, 5, 6, 6), OVERLAY_APART, {}, {}, {}, {}},
+    // The diamond's area is 8; half of it is in the square.
+    {"through two vertices", SQUARE, {{2, 2}, {4, 0}, {6, 2}, {4, 4}}, OVERLAY_CROSSING, {}, {4}, {12}, {4}},
+    // The triangles of the bow-tie have the area 4 each and are cut at x = 1 and x = 3.
+    {"bow-tie",
+     {{0, 0}, {4, 4}, {4, 0}, {0, 4}},
+     Rectangle(1, 1, 3, 3),
+     OVERLAY_CROSSING,
+     {},
+     {1, 1},
+     {3, 3},
+     {1, 1}},
+    {"U and a bar that closes its notch",
+     U,
+     Rectangle(-1, 5, 11, 7),
+     OVERLAY_CROSSING,
+     {8},
+     {2, 2, 8},
+     {9, 9, 42},
+     {6, 6}},
+    {"U and a bar on the floor of its notch",
+     U,
+     Rectangle(-1, 3, 11, 5),
+     OVERLAY_CROSSING,
+     {},
+     {2, 2, 8},
+     {15, 15, 30},
+     {6, 6}},
+    {"U and what fills its notch", U, Rectangle(3, 3, 7, 10), OVERLAY_TOUCHING, {}, {}, {}, {}},
+    {"two C that enclose a hole",
+     {{0, 0}, {6, 0}, {6, 2}, {2, 2}, {2, 4}, {6, 4}, {6, 6}, {0, 6}},
+     {{9, 0}, {9, 6}, {5, 6}, {5, 4.5}, {7, 4.5}, {7, 1.5}, {5, 1.5}, {5, 0}},
+     OVERLAY_CROSSING,
+     {11},
+     {15},
+     {25},
+     {1.5, 1.5}},
+    {"comb and bar",
+     {{0, 0}, {10, 0}, {10, 1}, {1, 1}, {1, 2}, {10, 2}, {10, 3}, {1, 3}, {1, 4}, {10, 4}, {10, 5}, {0, 5}},
+     Rectangle(4, -1, 6, 6),
+     OVERLAY_CROSSING,
+     {3, 3},
+     {2, 2, 2, 2},
+     {4, 4, 4, 14},
+     {2, 2, 2}},
+};
+
+void ExpectAreas(const std::vector<Outline>& parts, const Areas& expected, double scale = 1.0,
+                 double tolerance = 1e-12) {
+    const Areas areas = AreasOf(parts);
+    ASSERT_EQ(areas.size(), expected.size());
+    for (std::size_t i = 0; i < areas.size(); ++i)
+        EXPECT_NEAR(areas[i], expected[i] * scale, tolerance);
+}
+
+void ExpectNoParts(const OverlayParts& parts) {
+    EXPECT_TRUE(parts.neither.empty() && parts.onlySecond.empty() && parts.onlyFirst.empty() &&
+                parts.both.empty());
+}
+
+std::int32_t Swapped(std::int32_t result) {
+    if (result == OVERLAY_FIRST_INSIDE) return OVERLAY_SECOND_INSIDE;
+    return result == OVERLAY_SECOND_INSIDE ? OVERLAY_FIRST_INSIDE : result;
+}
+
+TEST(OverlayVertices, GivesTheResultAndTheAreasOfEachExample) {
+    for (const Example& example : EXAMPLES) {
+        SCOPED_TRACE(example.name);
+        OverlayParts parts;
+        EXPECT_EQ(OverlayVertices(example.first, example.second, TOLERANCE, &parts), example.result);
+        ExpectAreas(parts.neither, example.neither);
+        ExpectAreas(parts.onlySecond, example.onlySecond);
+        ExpectAreas(parts.onlyFirst, example.onlyFirst);
+        ExpectAreas(parts.both, example.both);
+    }
+}
+
+TEST(OverlayVertices, ExchangedPolygonsExchangeTheParts) {
+    for (const Example& example : EXAMPLES) {
+        SCOPED_TRACE(example.name);
+        OverlayParts parts;
+        EXPECT_EQ(OverlayVertices(example.second, example.first, TOLERANCE, &parts), Swapped(example.result));
+        ExpectAreas(parts.neither, example.neither);
+        ExpectAreas(parts.onlySecond, example.onlyFirst);
+        ExpectAreas(parts.onlyFirst, example.onlySecond);
+        ExpectAreas(parts.both, example.both);
+    }
+}
+
+TEST(OverlayVertices, StartDirectionAndClosingVertexDoNotMatter) {
+    for (const Example& example : EXAMPLES) {
+        SCOPED_TRACE(example.name);
+        for (std::size_t start = 0; start < example.first.size(); ++start) {
+            const Outline turned = StartingAt(start, example.first);
+            for (const Outline& first : {turned, Closed(turned), Reversed(turned)}) {
+                OverlayParts parts;
+                EXPECT_EQ(OverlayVertices(first, Reversed(example.second), TOLERANCE, &parts),
+                          example.result);
+                ExpectAreas(parts.both, example.both);
+                ExpectAreas(parts.onlyFirst, example.onlyFirst);
+            }
+        }
+    }
+}
+
+// Turned, scaled and moved, what touches exactly touches to a rounding only.
+TEST(OverlayVertices, TurnedScaledAndMovedExamplesStayWhatTheyAre) {
+    testing::Random random(7);
+    for (int k = 0; k < 60; ++k) {
+        const double angle = random.Between(0, 6.28);
+        const double scale = random.Between(0.5, 500);
+        const double reach = k % 2 == 0 ? 1e3 : 1e6;
+        const PlanePoint shift{random.Between(-reach, reach), random.Between(-reach, reach)};
+        const auto move = [&](Outline outline) {
+            for (PlanePoint& p : outline) {
+                p = {scale * (p.x * std::cos(angle) - p.y * std::sin(angle)) + shift.x,
+                     scale * (p.x * std::sin(angle) + p.y * std::cos(angle)) + shift.y};
+            }
+            return outline;
+        };
+        for (const Example& example : EXAMPLES) {
+            SCOPED_TRACE(example.name);
+            OverlayParts parts;
+            EXPECT_EQ(OverlayVertices(move(example.first), move(example.second), TOLERANCE, &parts),
+                      example.result);
+            // Coordinates to 1e6 are rounded to 1e-10, along outlines of at most 80 * 500.
+            const double square = scale * scale;
+            ExpectAreas(parts.neither, example.neither, square, 1e-5);
+            ExpectAreas(parts.onlySecond, example.onlySecond, square, 1e-5);
+            ExpectAreas(parts.onlyFirst, example.onlyFirst, square, 1e-5);
+            ExpectAreas(parts.both, example.both, square, 1e-5);
+        }
+    }
+}
+
+TEST(OverlayVertices, PartsAreClosedAndRunThroughTheCrossings) {
+    OverlayParts parts;
+    ASSERT_EQ(OverlayVertices(SQUARE, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_CROSSING);
+    ASSERT_EQ(parts.onlyFirst.size(), 1u);
+    Outline corner = parts.onlyFirst[0];
+    ASSERT_EQ(corner.size(), 7u);
+    EXPECT_EQ(corner.front(), corner.back());
+    corner.pop_back();
+    const auto start = std::find(corner.begin(), corner.end(), PlanePoint{0, 0});
+    ASSERT_NE(start, corner.end());
+    std::rotate(corner.begin(), start, corner.end());
+    EXPECT_EQ(corner, (Outline{{0, 0}, {4, 0}, {4, 2}, {2, 2}, {2, 4}, {0, 4}}));
+}
+
+TEST(OverlayVertices, APartThatEnclosesNothingKeepsItsWholeOutline) {
+    const Example& enclosing = EXAMPLES[EXAMPLES.size() - 2];
+    OverlayParts parts;
+    ASSERT_EQ(OverlayVertices(enclosing.first, enclosing.second, TOLERANCE, &parts), OVERLAY_CROSSING);
+    // The first C has 8 vertices and 8 crossings, 4 of them on the ends of its arms: of each arm the piece
+    // beyond x = 5 is in both, so that its 2 vertices at the tip go and its 2 crossings at x = 5 come.
+    EXPECT_EQ(parts.onlyFirst[0].size(), 12u + 1);
+    EXPECT_EQ(parts.onlySecond[0].size(), 8u + 1);
+}
+
+TEST(OverlayVertices, AnEmptyPolygonIsApartFromEverything) {
+    OverlayParts parts;
+    EXPECT_EQ(OverlayVertices({}, SQUARE, TOLERANCE, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(SQUARE, {}, TOLERANCE, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices({}, {}, TOLERANCE, &parts), OVERLAY_APART);
+    ExpectNoParts(parts);
+}
+
+TEST(OverlayVertices, PointsAndLinesHaveNoAreaToShare) {
+    OverlayParts parts;
+    const Outline crossing{{2, 2}, {9, 9}};
+    const Outline along{{0, 1}, {0, 3}};
+    for (const Outline& thin : {crossing, along, Closed(along), Outline{{0, 1}}, Outline{{4, 4}, {4, 4}}}) {
+        EXPECT_EQ(OverlayVertices(thin, SQUARE, TOLERANCE, &parts), OVERLAY_APART);
+        EXPECT_EQ(OverlayVertices(SQUARE, thin, TOLERANCE, &parts), OVERLAY_APART);
+        EXPECT_EQ(OverlayVertices(thin, thin, TOLERANCE, &parts), OVERLAY_APART);
+        ExpectNoParts(parts);
+    }
+    EXPECT_EQ(OverlayVertices({{1, 1}, {3, 3}}, SQUARE, TOLERANCE, &parts), OVERLAY_FIRST_INSIDE);
+    EXPECT_EQ(OverlayVertices(SQUARE, {{2, 2}}, TOLERANCE, &parts), OVERLAY_SECOND_INSIDE);
+}
+
+TEST(OverlayVertices, DeadEndsAndRepeatedVerticesLeaveNoTrace) {
+    const Outline flag{{0, 0}, {0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}, {0, 4}};
+    OverlayParts parts;
+    EXPECT_EQ(OverlayVertices(flag, SQUARE, TOLERANCE, &parts), OVERLAY_EQUAL);
+    ASSERT_EQ(OverlayVertices(flag, Rectangle(2, 2, 6, 8), TOLERANCE, &parts), OVERLAY_CROSSING);
+    ExpectAreas(parts.onlyFirst, {12});
+    ExpectAreas(parts.both, {4});
+    ExpectAreas(parts.onlySecond, {20});
+}
+
+TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
+    const Outline keyhole{{0, 0}, {8, 0}, {8, 8}, {0, 8}, {0, 4}, {2, 4},
+                          {2, 6}, {6, 6}, {6, 2}, {2, 2}, {2, 4}, {0, 4}};
+    OverlayParts parts;
+    EXPECT_EQ(OverlayVertices(keyhole, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_TOUCHING);
+    ASSERT_EQ(OverlayVertices(keyhole, Rectangle(4, 4, 10, 5), TOLERANCE, &parts), OVERLAY_CROSSING);
+    EXPECT_NEAR(AreaOf(parts.both), 2, 1e-12);
+    EXPECT_NEAR(AreaOf(parts.onlySecond), 4, 1e-12);
+    EXPECT_NEAR(AreaOf(parts.neither), 14, 1e-12);
+    EXPECT_NEAR(AreaOf(parts.onlyFirst), 46, 1e-12);
+}
+
+TEST(OverlayVertices, NearerThanTheToleranceIsTheSamePlace) {
+    OverlayParts parts;
+    const Outline nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
+    EXPECT_EQ(OverlayVertices(SQUARE, nearly, TOLERANCE, &parts), OVERLAY_CROSSING);
+    EXPECT_EQ(OverlayVertices(SQUARE, nearly, 0.1, &parts), OVERLAY_EQUAL);
+    EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), TOLERANCE, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), 0.1, &parts), OVERLAY_TOUCHING);
+    EXPECT_EQ(OverlayVertices(SQUARE, nearly, INF, &parts), OVERLAY_APART) << "everything is one place";
+}
+
+TEST(OverlayVertices, ARoundingIsNoDistanceWhateverTheTolerance) {
+    OverlayParts parts;
+    const double offset = 1e9 / 3;
+    const Outline square = Rectangle(offset, offset, offset + 4, offset + 4);
+    const Outline moved =
+        Rectangle(std::nextafter(offset, 0), offset, std::nextafter(offset + 4, 0), offset + 4);
+    EXPECT_EQ(OverlayVertices(square, moved, 0.0, &parts), OVERLAY_EQUAL);
+}
+
+TEST(OverlayVertices, NumbersWithoutProductsFail) {
+    for (const double bad : {NONE, INF, -INF, 1.1e150, -1e300}) {
+        for (std::size_t vertex = 0; vertex < SQUARE.size(); ++vertex) {
+            for (const bool isX : {true, false}) {
+                Outline broken = SQUARE;
+                (isX ? broken[vertex].x : broken[vertex].y) = bad;
+                OverlayParts parts{{SQUARE}, {SQUARE}, {SQUARE}, {SQUARE}};
+                EXPECT_EQ(OverlayVertices(broken, SQUARE, TOLERANCE, &parts), OVERLAY_FAILURE);
+                EXPECT_EQ(OverlayVertices(SQUARE, broken, TOLERANCE, &parts), OVERLAY_FAILURE);
+                ExpectNoParts(parts);
+            }
+        }
+    }
+}
+
+TEST(OverlayVertices, HugeAndTinyPolygonsAreOverlaid) {
+    for (const double unit : {1e-6, 1e12, 1e100, 1e149}) {
+        OverlayParts parts;
+        const auto scaled = [&](Outline outline) {
+            for (PlanePoint& p : outline)
+                p = {p.x * unit, p.y * unit};
+            return outline;
+        };
+        ASSERT_EQ(OverlayVertices(scaled(SQUARE), scaled(Rectangle(2, 2, 6, 6)), TOLERANCE, &parts),
+                  OVERLAY_CROSSING);
+        EXPECT_NEAR(AreaOf(parts.both) / unit / unit, 4, 1e-9);
+    }
+}
+
+TEST(OverlayVertices, EndsForEveryTangle) {
+    testing::Random random(8);
+    for (int k = 0; k < 300; ++k) {
+        Outline outlines[2];
+        for (Outline& outline : outlines) {
+            outline.resize(static_cast<std::size_t>(1 + random.Below(40)));
+            for (PlanePoint& p : outline)
+                p = {static_cast<double>(random.Below(7)), static_cast<double>(random.Below(7))};
+        }
+        OverlayParts parts;
+        const std::int32_t result = OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts);
+        EXPECT_GE(result, OVERLAY_APART);
+        EXPECT_LE(result, OVERLAY_TOUCHING);
+        // Parts lie side by side within the 6 by 6 field.
+        const double all =
+            AreaOf(parts.neither) + AreaOf(parts.onlySecond) + AreaOf(parts.onlyFirst) + AreaOf(parts.both);
+        EXPECT_LE(all, 36 + 1e-9);
+        for (const auto* list : {&parts.neither, &parts.onlySecond, &parts.onlyFirst, &parts.both}) {
+            for (const Outline& part : *list) {
+                EXPECT_GE(part.size(), 4u);
+                EXPECT_EQ(part.front(), part.back());
+                EXPECT_GT(SignedArea(part), 0.0);
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tessara
