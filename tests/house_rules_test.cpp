@@ -116,6 +116,23 @@ TEST(HouseRules, PublicHeadersIncludePublicHeadersOnly) {
     }
 }
 
+// What the contract says is written down a second time there, and that is worth something only without the
+// first.
+TEST(HouseRules, TheContractsOtherHostIncludesNothingOfTheLibrary) {
+    int contractFiles = 0;
+    for (const SourceFile& file : FilesBelow({"tests/hosts"})) {
+        if (!StartsWith(file.path, "tests/hosts/contract")) continue;
+        ++contractFiles;
+        for (const Include& include : file.Includes()) {
+            if (!include.isQuoted) continue;
+            const bool isItsOwn = StartsWith(include.name, "hosts/contract/");
+            EXPECT_TRUE(isItsOwn || include.name == "support/live_objects.h")
+                << file.path << ": " << include.name;
+        }
+    }
+    EXPECT_GT(contractFiles, 10);
+}
+
 TEST(HouseRules, TheKernelIncludesNothingAboveItself) {
     int kernelFiles = 0;
     for (const SourceFile& file : FilesBelow({"src", "include"})) {

@@ -8,7 +8,8 @@ namespace tessara {
 inline constexpr GUID IID_IArray = ParseGuid("71562280-B94E-40E4-8A40-0AC853189111");
 
 // Elements are held by their IUnknown: the list keeps them alive, and a reader asks each for the interface it
-// needs. Growing may throw std::length_error or std::bad_alloc; the list is then as it was.
+// needs. Growing may throw std::length_error or std::bad_alloc; the list is then as it was. A list is for one
+// thread at a time; its elements may stand in lists of other threads, too.
 class IArray : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IArray;

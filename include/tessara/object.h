@@ -5,6 +5,9 @@
 // holds its data and protects its destructor. CountedObject<Class> is the object itself: it answers the
 // queries by that list and adds the count as the last member. No class writes a query of its own, and none
 // can be made without a count.
+//
+// The count is atomic, so that objects may be held by several threads: whichever releases last deletes, and
+// sees everything that the others did before. The data of a class isn't guarded by anything.
 #pragma once
 
 #include <atomic>
@@ -12,6 +15,7 @@
 #include <new>
 #include <utility>
 
+#include "tessara/object_census.h"
 #include "tessara/unknown.h"
 
 namespace tessara {
@@ -41,7 +45,7 @@ ResultCode AnswerQuery(Class* object, const GUID* iid, void** out) {
 }
 
 template <class Class>
-class CountedObject final : public Class {
+class CountedObject final : public Class, private CensusMember<Class> {
   public:
     using Class::Class;
 

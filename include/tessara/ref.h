@@ -9,6 +9,9 @@
 //
 // An object fresh from a CreateClass function has the count 0: wrap it on the same line. Passed on bare, it
 // would be counted up and down by the first operation it meets, and be gone.
+//
+// Handles of one object may live on different threads, as its count is atomic. One handle is like a pointer:
+// it is for one thread at a time.
 #pragma once
 
 #include <utility>

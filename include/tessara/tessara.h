@@ -1,4 +1,17 @@
 // Everything a host needs.
+//
+// Threads: the library starts none and takes no lock; everything happens inside the call, on the caller's
+// thread. From any threads at the same time may be used
+//
+//   - the plain functions over records (tessara/kernel), on records that nobody writes meanwhile;
+//   - different objects, also of one class, and the creation functions;
+//   - the counts of one object: AddRef, Release, QueryInterface, and copies of handles;
+//   - the calculations of one built map, and the objects that the factories of singletons hand out, which
+//     keep nothing between calls.
+//
+// Anything else of one object is for one thread at a time, reading included: a coordinate or its text may
+// keep what was worked out. So is the component's life (tessara/component.h). An object handed from one
+// thread to another needs what any memory needs for that.
 #pragma once
 
 #include "tessara/array.h"

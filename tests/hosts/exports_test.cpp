@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "support/exports.h"
 #include "support/sanitized.h"
@@ -29,17 +30,43 @@ std::istringstream Ask(const std::string& command) {
     return std::istringstream(output);
 }
 
-std::set<std::string> ActualExports() {
-    std::istringstream lines = Ask("nm -D --defined-only -C");
-    std::set<std::string> names;
+// The lines of a kind that readelf gives for the library's dynamic section.
+std::vector<std::string> DynamicEntries(const std::string& kind) {
+    std::istringstream lines = Ask("readelf -d -W");
+    std::vector<std::string> values;
+    for (std::string line; std::getline(lines, line);) {
+        // 0x0000000000000001 (NEEDED)  Shared library: [libm.so.6]
+        if (line.find('(' + kind + ')') == std::string::npos) continue;
+        const std::size_t start = line.find('[') + 1;
+        values.push_back(line.substr(start, line.find(']') - start));
+    }
+    return values;
+}
+
+struct Export {
+    char type;  // as nm writes it: T is a function
+    std::string name;
+};
+
+std::vector<Export> ActualSymbols(const std::string& options) {
+    std::istringstream lines = Ask("nm -D --defined-only " + options);
+    std::vector<Export> symbols;
     for (std::string line; std::getline(lines, line);) {
         // Address, type, and the name, which may have spaces in it.
         std::istringstream words(line);
-        std::string address, type, name;
-        words >> address >> type >> std::ws;
-        std::getline(words, name);
-        names.insert(name);
+        std::string address;
+        Export symbol;
+        words >> address >> symbol.type >> std::ws;
+        std::getline(words, symbol.name);
+        symbols.push_back(symbol);
     }
+    return symbols;
+}
+
+std::set<std::string> ActualExports() {
+    std::set<std::string> names;
+    for (const Export& symbol : ActualSymbols("-C"))
+        names.insert(symbol.name);
     return names;
 }
 
@@ -64,16 +91,33 @@ TEST(Exports, TheLibraryNeedsTheStandardLibraryOnly) {
     if (testing::IS_SANITIZED) GTEST_SKIP() << "sanitizers bring libraries of their own";
     const std::set<std::string> standard{"libstdc++", "libc++", "libc++abi",       "libgcc_s",
                                          "libm",      "libc",   "ld-linux-x86-64", "ld-linux-aarch64"};
-    std::istringstream lines = Ask("readelf -d -W");
-    int needed = 0;
-    for (std::string line; std::getline(lines, line);) {
-        // 0x0000000000000001 (NEEDED)  Shared library: [libm.so.6]
-        if (line.find("(NEEDED)") == std::string::npos) continue;
-        const std::size_t start = line.find('[') + 1;
-        ++needed;
-        EXPECT_EQ(standard.count(line.substr(start, line.find(".so") - start)), 1u) << line;
-    }
-    EXPECT_GT(needed, 0);
+    const std::vector<std::string> needed = DynamicEntries("NEEDED");
+    EXPECT_FALSE(needed.empty());
+    for (const std::string& library : needed)
+        EXPECT_EQ(standard.count(library.substr(0, library.find(".so"))), 1u) << library;
+}
+
+// Nothing but functions: a variable that a program has copied into itself can't grow.
+TEST(Exports, AreAllFunctions) {
+    if (IsSanitized()) GTEST_SKIP() << "sanitizers export symbols of their own";
+    for (const Export& symbol : ActualSymbols("-C"))
+        EXPECT_EQ(symbol.type, 'T') << symbol.name;
+}
+
+// The names that programs are bound to, one for each symbol: a constructor has two.
+TEST(Exports, HaveTheStoredNamesInTheBinaryInterface) {
+    if (IsSanitized()) GTEST_SKIP() << "sanitizers export symbols of their own";
+    std::set<std::string> actual;
+    for (const Export& symbol : ActualSymbols(""))
+        actual.insert(symbol.name);
+    const std::set<std::string> stored = testing::ListedSymbols();
+    EXPECT_EQ(Difference(stored, actual), "") << "missing";
+    EXPECT_EQ(Difference(actual, stored), "") << "added";
+}
+
+// Programs find the library by this name as long as the contract holds.
+TEST(Exports, TheLibraryGoesByTheNameOfItsContract) {
+    EXPECT_EQ(DynamicEntries("SONAME"), std::vector<std::string>{"libtessara.so.1"});
 }
 
 }  // namespace

@@ -11,14 +11,25 @@
 
 namespace tessara::testing {
 
-[[nodiscard]] inline std::set<std::string> ListedExports() {
-    std::ifstream file(SourceDir() + "/tests/data/exports.txt");
-    std::set<std::string> names;
+// The lines of a list in tests/data, without its remarks.
+[[nodiscard]] inline std::set<std::string> ListedIn(const std::string& name) {
+    std::ifstream file(SourceDir() + "/tests/data/" + name);
+    std::set<std::string> lines;
     for (std::string line; std::getline(file, line);) {
-        if (!line.empty() && line[0] != '#') names.insert(line);
+        if (!line.empty() && line[0] != '#') lines.insert(line);
     }
-    EXPECT_FALSE(names.empty()) << "tests/data/exports.txt lists nothing";
-    return names;
+    EXPECT_FALSE(lines.empty()) << "tests/data/" << name << " lists nothing";
+    return lines;
+}
+
+// As a program's source spells them.
+[[nodiscard]] inline std::set<std::string> ListedExports() {
+    return ListedIn("exports.txt");
+}
+
+// As the linker spells them.
+[[nodiscard]] inline std::set<std::string> ListedSymbols() {
+    return ListedIn("symbols.txt");
 }
 
 }  // namespace tessara::testing
