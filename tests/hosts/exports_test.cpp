@@ -99,14 +99,14 @@ TEST(Exports, TheLibraryNeedsTheStandardLibraryOnly) {
 
 // Nothing but functions: a variable that a program has copied into itself can't grow.
 TEST(Exports, AreAllFunctions) {
-    if (IsSanitized()) GTEST_SKIP() << "sanitizers export symbols of their own";
+    if (testing::IS_SANITIZED) GTEST_SKIP() << "sanitizers export symbols of their own";
     for (const Export& symbol : ActualSymbols("-C"))
         EXPECT_EQ(symbol.type, 'T') << symbol.name;
 }
 
 // The names that programs are bound to, one for each symbol: a constructor has two.
 TEST(Exports, HaveTheStoredNamesInTheBinaryInterface) {
-    if (IsSanitized()) GTEST_SKIP() << "sanitizers export symbols of their own";
+    if (testing::IS_SANITIZED) GTEST_SKIP() << "sanitizers export symbols of their own";
     std::set<std::string> actual;
     for (const Export& symbol : ActualSymbols(""))
         actual.insert(symbol.name);
