@@ -65,8 +65,8 @@ bool ReadField(TextReader* reader, TextField field, tagKOORD* record) {
         case FieldKind::None:  // GCOVR_EXCL_START: no text has such a field
             break;
     }
-    return false;  // GCOVR_EXCL_STOP
-}
+    return false;
+}  // GCOVR_EXCL_STOP
 
 bool ReadFields(Axis axis, std::string_view text, tagKOORD* record) {
     TextReader reader(text);

@@ -34,8 +34,8 @@ std::string FieldText(const tagKOORD& record, TextField field, int decimals) {
         case FieldKind::None:  // GCOVR_EXCL_START: no text has such a field
             break;
     }
-    return {};  // GCOVR_EXCL_STOP
-}
+    return {};
+}  // GCOVR_EXCL_STOP
 
 bool HasNoMinutes(const tagKOORD& record) {
     if (record.type != KOORD_GEOREF) return false;
