@@ -269,7 +269,7 @@ std::string StepText(std::int32_t system, double step) {
 }
 
 std::string StepsText(const GridLayer& grid) {
-    const std::string east = StepText(grid.reference.system, grid.eastStep);
+    std::string east = StepText(grid.reference.system, grid.eastStep);
     if (grid.eastStep == grid.northStep) return east;
     return east + " by " + StepText(grid.reference.system, grid.northStep);
 }

@@ -231,6 +231,7 @@ constexpr std::array TYPES = {
 
 std::vector<std::string> TypeNames() {
     std::vector<std::string> names;
+    names.reserve(std::size(TYPES));
     for (const Type& type : TYPES)
         names.emplace_back(type.name);
     return names;

@@ -297,7 +297,7 @@ class WindowSearch {
         tagKOORD record;
         if (!System_Extreme(direction, static_cast<std::int32_t>(empty_.datum),
                             static_cast<std::int32_t>(empty_.type), &record)) {
-            return false;
+            return false;  // GCOVR_EXCL_LINE: where there are positions, there are extremes
         }
         const CKoord limit(record);
         const CKoord& extreme = extremes_[direction];

@@ -25,12 +25,8 @@ bool SettleLatitude(const EllipsoidAxes& ellipsoid, double p, double z, double* 
     double phi = std::atan2(z, (1.0 - ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
     for (int round = 0; round < MAX_ROUNDS; ++round) {
         const double N = NormalRadius(ellipsoid, phi / DEGREES_PER_RADIAN);
+        // The cosine is small at a pole, but never 0: no double is a right angle.
         const double cosPhi = std::cos(phi / DEGREES_PER_RADIAN);
-        if (cosPhi == 0.0) {
-            *latitude = phi;
-            *height = std::fabs(z) - N;
-            return true;
-        }
         const double newH = p / cosPhi - N;
         const double newPhi = std::atan2(z, (1.0 - N / (N + newH) * ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
         const double heightStep = std::fabs(newH - h);

@@ -133,7 +133,7 @@ bool ZoneBorderSearch(const ZoneWidth& width, double wide, double narrow, double
             atNarrow = at;
         }
     }
-    return miss < EAST_ACCEPTABLE;
+    return miss < EAST_ACCEPTABLE;  // GCOVR_EXCL_LINE: no width is known that takes all the trials
 }
 
 ZoneLimit MoveUtmrefToLimit(Compass direction, tagKOORD* record) {

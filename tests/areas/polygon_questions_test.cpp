@@ -232,6 +232,16 @@ TEST_F(PolygonQuestions, CoordinateEdgesWantOneReference) {
     EXPECT_FALSE(area->IsInsideCoordEdgesNoMap(CoordOf(GeodezRecord(48.5, 9, 0, 3)).Get(), whole.Get()));
 }
 
+TEST_F(PolygonQuestions, AnEdgeWithoutAMiddleFails) {
+    // There is no mean of the grid of one pole and that of the other.
+    map = DegreeMap(0.0, 0.0, 1.0);
+    const auto field = ListOf({In(KOORD_UPS, GeodezRecord(85, 0)), In(KOORD_UPS, GeodezRecord(85, 40)),
+                               In(KOORD_UPS, GeodezRecord(-85, 40))});
+    const auto point = CoordOf(GeodezRecord(0, 30));
+    EXPECT_TRUE(Ask(&ICoordinateArea::IsInsideOnMap, point, field));
+    EXPECT_FALSE(Ask(&ICoordinateArea::IsInsideCoordEdges, point, field));
+}
+
 TEST_F(PolygonQuestions, WithoutAMapEverySystemHasAPlane) {
     int systems = 0;
     for (const testing::Region& region : testing::REGIONS) {

@@ -67,10 +67,9 @@ void PolarWorldToPixel(const MapEqualArcParams& params, const GeodezPayload& at,
 
 KoordStatus MapDd_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     const auto params = Load<MapDdParams>(*map);
-    PutDegrees(*map,
-               {params.originLatitude - y / params.pixelsPerDegreeY,
-                x / params.pixelsPerDegreeX + params.originLongitude, 0.0},
-               out);
+    const double latitude = params.originLatitude - y / params.pixelsPerDegreeY;
+    const double longitude = x / params.pixelsPerDegreeX + params.originLongitude;
+    PutDegrees(*map, {latitude, longitude, 0.0}, out);
     return KOORD_OK;
 }
 
