@@ -28,7 +28,7 @@ bool TakeColumn(std::string_view* line, char separator, std::string* column) {
 }
 
 bool NeedsQuotes(const std::string& column, char separator) {
-    return column.find(separator) != std::string::npos || column.starts_with('"');
+    return column.find(separator) != std::string::npos || column.find_first_of("\"\r\n") != std::string::npos;
 }
 
 }  // namespace
@@ -38,6 +38,21 @@ char SeparatorOf(std::string_view line) {
         if (line.find(separator) != std::string_view::npos) return separator;
     }
     return '\t';
+}
+
+void OpenQuotes::Read(std::string_view text, char separator) {
+    for (const char c : text) {
+        const bool isQuote = c == '"' && (areOpen_ || columnIsEmpty_ || haveJustClosed_);
+        if (isQuote) {
+            // A quote right behind the closing one is a doubled quote.
+            if (haveJustClosed_) columnIsEmpty_ = false;
+            haveJustClosed_ = areOpen_;
+            areOpen_ = !areOpen_;
+        } else {
+            columnIsEmpty_ = c == separator && !areOpen_;
+            haveJustClosed_ = false;
+        }
+    }
 }
 
 std::vector<std::string> SplitColumns(std::string_view line, char separator) {

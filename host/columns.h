@@ -13,6 +13,18 @@ namespace tessara::program {
 // column.
 [[nodiscard]] char SeparatorOf(std::string_view line);
 
+// Follows a line, piece by piece, to tell whether it ends within quotes: the next line then belongs to it.
+class OpenQuotes {
+  public:
+    void Read(std::string_view text, char separator);
+    [[nodiscard]] bool AreOpen() const { return areOpen_; }
+
+  private:
+    bool areOpen_ = false;
+    bool columnIsEmpty_ = true;
+    bool haveJustClosed_ = false;
+};
+
 // Columns may stand in quotes, in which a quote is doubled and a separator is none.
 [[nodiscard]] std::vector<std::string> SplitColumns(std::string_view line, char separator);
 // The other way round; a column is put in quotes where it needs them.

@@ -26,7 +26,7 @@ std::uint64_t BytesOf(const std::vector<std::string>& files) {
 }  // namespace
 
 Console::Console(const std::vector<std::string>& files)
-    : progress_(STDERR_FILENO, BytesOf(files)), resultsShareTerminal_(isatty(STDOUT_FILENO) == 1) {}
+    : progress_(STDERR_FILENO, BytesOf(files)), resultsShareTerminal_(isatty(STDOUT_FILENO) != 0) {}
 
 void Console::Write(const std::string& results) {
     if (resultsShareTerminal_) progress_.Clear();

@@ -1,24 +1,26 @@
 // tessara convert
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "commands.h"
 #include "console.h"
 #include "conversion.h"
 #include "fields.h"
+#include "forms.h"
 #include "names.h"
 #include "positions.h"
+#include "record_files.h"
 #include "references.h"
+#include "rejects.h"
+#include "results.h"
 #include "text_files.h"
 #include "text_forms.h"
 
 namespace tessara::program {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr const char* FOOTER =
     R"(Reads lines `latitude longitude [height]` - degrees, positive north and east, and metres above the
@@ -33,9 +35,18 @@ in the form in which `tessara convert` writes them, and any others, which are ke
 tabs, semicolons or commas, and the texts of the targets take the place of the two. No ECEF, TM and GK-AT
 can be typed, of UPS the north only, of GEOREF the degrees.
 
-A line that can't be used is reported on standard error as `FILE:LINE: what is wrong`, and the exit
-status is 1; all other lines are written. On a terminal, work of more than two seconds shows on standard
-error how many lines are done, how many a second, and the time left.
+Files of other forms hold records; --input and --output name the form, or the ending of a file does:
+  csv      a header, then a record a line; quotes around a column may hold separators and line ends
+  jsonl    an object a line
+  geojson  a FeatureCollection of Points on WGS84, longitude first
+In a record the position stands in `latitude` (or `lat`), `longitude` (`lon`, `lng`, `long`) and `height`, or
+in the texts `north` and `east`, unless --columns names others. The results take its place, and all else is
+kept; a name that is taken gets the target behind it. GeoJSON has the position on WGS84 as its point, and the
+results for each --to among the properties. As lines only the results are written.
+
+A line that can't be used is reported on standard error as `FILE:LINE: what is wrong`, a feature of GeoJSON by
+its number, and the exit status is 1; all others are written. On a terminal, work of more than two seconds
+shows on standard error how many lines are done, how many a second, and the time left.
 
 Examples:
   echo 48.1375 11.5755 | tessara convert --to UTM          gives 32 N 691602.6597 5334791.1445
@@ -44,6 +55,9 @@ Examples:
   tessara convert --from GER positions.txt                 to degrees on WGS84
   echo 'N 5334791;32 691602' | tessara convert --from UTM --to UTMREF --display
   tessara convert --from UTMREF --columns north,east --to GEODEZ sites.csv
+  tessara convert --to UTM --rejects bad.csv sites.csv > utm.csv
+  tessara convert --output geojson sites.csv > sites.geojson
+  tessara convert --from UTM --to UTMREF --input jsonl < typed.jsonl
   tessara convert --json --to UTM positions.txt | jq '.results[0].easting')";
 
 // What works with texts only.
@@ -51,13 +65,8 @@ struct TextOptions {
     bool display = false;
     std::optional<double> northResolution;
     std::optional<double> eastResolution;
-    std::vector<std::string> columns;
-    std::optional<std::string> rejects;
-    std::optional<unsigned> jobs;
 
-    [[nodiscard]] bool AreGiven() const {
-        return display || northResolution || eastResolution || !columns.empty() || rejects || jobs;
-    }
+    [[nodiscard]] bool AreGiven() const { return display || northResolution || eastResolution; }
 };
 
 struct Options {
@@ -65,8 +74,39 @@ struct Options {
     std::string from = "WGS84";
     std::vector<std::string> to;
     bool json = false;
+    std::optional<std::string> input;
+    std::optional<std::string> output;
+    std::vector<std::string> columns;
+    std::optional<std::string> rejects;
+    std::optional<unsigned> jobs;
     TextOptions text;
 };
+
+// The form of each file. An object of --json tells about a line.
+Form FormOf(const std::string& file, const Options& options) {
+    if (options.input) return FormByName(*options.input);
+    return options.json ? Form::LINES : FormOfFile(file);
+}
+
+std::vector<std::pair<std::string, Form>> FilesWithForms(const Options& options) {
+    std::vector<std::pair<std::string, Form>> files;
+    for (const std::string& file : options.files)
+        files.emplace_back(file, FormOf(file, options));
+    if (files.empty()) files.emplace_back("-", FormOf("-", options));
+    return files;
+}
+
+Form OutputForm(const Options& options) {
+    return options.output ? FormByName(*options.output) : FilesWithForms(options).front().second;
+}
+
+// Lines to lines need no records.
+bool AreLinesOnly(const Options& options) {
+    const auto files = FilesWithForms(options);
+    return OutputForm(options) == Form::LINES &&
+           std::all_of(files.begin(), files.end(),
+                       [](const auto& file) { return file.second == Form::LINES; });
+}
 
 // What is wrong with a target on the command line; empty if nothing is.
 std::string CheckTarget(const std::string& target) {
@@ -109,35 +149,6 @@ std::vector<Conversion> Conversions(const Options& options) {
     return conversions;
 }
 
-// What is written of a position in one target.
-struct Result {
-    Reference target;
-    std::vector<Field> fields;
-};
-
-std::optional<Result> ConvertTo(const Conversion& conversion, const Position& position) {
-    const std::optional<CKoord> koord = conversion.Convert(position);
-    if (!koord) return std::nullopt;
-    Result result{conversion.Target(), FieldsOf(*koord)};
-    // The height is within x, y and z.
-    if (position.height && koord->type != KOORD_ECEF)
-        result.fields.push_back(HeightField(koord->GetHeight()));
-    if (!AreFinite(result.fields)) return std::nullopt;
-    return result;
-}
-
-std::string ToText(const std::vector<Result>& results) {
-    std::string text;
-    for (const Result& result : results) {
-        const char* separator = text.empty() ? "" : "\t";
-        for (const Field& field : result.fields) {
-            text += separator + field.Text();
-            separator = " ";
-        }
-    }
-    return text;
-}
-
 Json ToJson(const Result& result) {
     Json json{{"system", SystemName(result.target.system)}, {"datum", DatumName(result.target.datum)}};
     for (const Field& field : result.fields)
@@ -160,7 +171,13 @@ class Converter {
         ConvertStream(file, stream);
     }
 
-    [[nodiscard]] ExitCode Code() const { return console_.Code(); }
+    // What is wrong with the file for the rejects; empty if nothing is.
+    std::string OpenRejects(const Options& options) { return rejects_.Open(options.rejects, options.files); }
+
+    [[nodiscard]] ExitCode Code() {
+        if (const std::string wrong = rejects_.Finish(); !wrong.empty()) console_.Report(wrong + '\n');
+        return console_.Code();
+    }
 
   private:
     void ConvertStream(const std::string& file, std::istream& stream) {
@@ -174,23 +191,16 @@ class Converter {
     void ConvertLine(const std::string& file, int number, const std::string& text) {
         const std::string place = file + ":" + std::to_string(number);
         const Line line = ReadLine(text);
-        if (!line.error.empty()) return Report(place, line.error);
+        if (!line.error.empty()) return Reject(place, line.error, text);
         if (!line.position) return;
 
-        std::vector<Result> results;
-        std::string missing;
-        for (const Conversion& conversion : conversions_) {
-            if (std::optional<Result> result = ConvertTo(conversion, *line.position)) {
-                results.push_back(std::move(*result));
-            } else {
-                missing += (missing.empty() ? "" : ", ") + conversion.Target().Name();
-            }
-        }
-        if (!missing.empty()) return Report(place, "not convertible to " + missing);
+        Results all = ConvertToAll(conversions_, *line.position);
+        if (!all.error.empty()) return Reject(place, all.error, text);
+        AddHeights(*line.position, &all.results);
         if (json_) {
-            WriteJson(file, number, *line.position, results);
+            WriteJson(file, number, *line.position, all.results);
         } else {
-            console_.Write(ToText(results) + '\n');
+            console_.Write(LineOf(all.results) + '\n');
         }
     }
 
@@ -209,6 +219,11 @@ class Converter {
         console_.Write(json.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n');
     }
 
+    void Reject(const std::string& place, const std::string& error, const std::string& line) {
+        Report(place, error);
+        rejects_.Write(line + '\n');
+    }
+
     void Report(const std::string& place, const std::string& error) {
         console_.Report(place + ": " + error + '\n');
     }
@@ -217,28 +232,85 @@ class Converter {
     std::string from_;
     std::vector<Conversion> conversions_;
     Console console_;
+    Rejects rejects_;
 };
 
-ExitCode ConvertTexts(const Options& options) {
+TextConversion TextsOf(const Options& options) {
     const Reference from = *ReferenceByName(options.from, DATUM_WGS84);
     const TextOptions& text = options.text;
+    return {from,         Targets(options, from.datum), text.display,
+            options.json, text.northResolution,         text.eastResolution};
+}
+
+ExitCode ConvertTexts(const Options& options) {
     TextFiles files;
-    files.conversion = {from,         Targets(options, from.datum), text.display,
-                        options.json, text.northResolution,         text.eastResolution};
+    files.conversion = TextsOf(options);
     files.files = options.files;
-    if (!text.columns.empty()) files.columns = {text.columns[0], text.columns[1]};
-    files.rejects = text.rejects;
-    files.jobs = text.jobs.value_or(1);
+    if (!options.columns.empty()) files.columns = {options.columns[0], options.columns[1]};
+    files.rejects = options.rejects;
+    files.jobs = options.jobs.value_or(1);
     return ConvertTextFiles(files);
 }
 
-ExitCode Convert(const Options& options) {
-    if (NamesSystem(options.from)) return ConvertTexts(options);
+ExitCode ConvertRecords(const Options& options) {
+    RecordFiles files;
+    files.conversion.output = OutputForm(options);
+    if (NamesSystem(options.from)) {
+        files.conversion.texts = TextsOf(options);
+        files.conversion.to = files.conversion.texts->to;
+    } else {
+        files.conversion.datum = *DatumByName(options.from);
+        files.conversion.to = Targets(options, files.conversion.datum);
+    }
+    // The points of GeoJSON are degrees on WGS84 anyway.
+    if (options.to.empty() && files.conversion.output == Form::GEOJSON) files.conversion.to.clear();
+    files.files = FilesWithForms(options);
+    files.columns = options.columns;
+    files.rejects = options.rejects;
+    files.jobs = options.jobs.value_or(1);
+    return ConvertRecordFiles(files);
+}
+
+ExitCode ConvertDegrees(const Options& options) {
     Converter converter(options);
+    if (const std::string wrong = converter.OpenRejects(options); !wrong.empty()) {
+        std::cerr << wrong << '\n';
+        return EXIT_INCOMPLETE;
+    }
     for (const std::string& file : options.files)
         converter.ConvertFile(file);
     if (options.files.empty()) converter.ConvertFile("-");
     return converter.Code();
+}
+
+ExitCode Convert(const Options& options) {
+    if (!AreLinesOnly(options)) return ConvertRecords(options);
+    return NamesSystem(options.from) ? ConvertTexts(options) : ConvertDegrees(options);
+}
+
+// What doesn't go together; empty if all does.
+std::string WrongCombination(const Options& options) {
+    const auto files = FilesWithForms(options);
+    const auto isAny = [&files](Form form) {
+        return std::any_of(files.begin(), files.end(),
+                           [form](const auto& file) { return file.second == form; });
+    };
+    const bool areTexts = NamesSystem(options.from);
+    if (options.text.AreGiven() && !areTexts)
+        return "--display and --...-precision are for texts: name their system with --from";
+    if (options.json && !AreLinesOnly(options)) return "--json tells about lines; try --output jsonl";
+    if (isAny(Form::GEOJSON) && (areTexts || DatumByName(options.from) != DATUM_WGS84))
+        return "GeoJSON is in degrees on WGS84: leave --from out";
+    if (options.columns.size() == 3 && areTexts) return "texts have no height: --columns takes NORTH,EAST";
+    if (!options.columns.empty() && !areTexts && isAny(Form::LINES))
+        return "lines of degrees have no columns: try --input csv";
+    if (options.jobs && !areTexts && AreLinesOnly(options))
+        return "lines of degrees take no --jobs; texts and other forms do";
+    const bool areMixed = std::any_of(files.begin(), files.end(),
+                                      [&](const auto& file) { return file.second != files.front().second; });
+    if (options.rejects && areMixed)
+        return "--rejects is one file, of the form of the input: convert one form at a time";
+    return {};
 }
 
 void AddTextOptions(CLI::App& command, TextOptions& options) {
@@ -252,15 +324,33 @@ void AddTextOptions(CLI::App& command, TextOptions& options) {
     command.add_option("--east-precision", options.eastResolution, "The same for the east texts")
         ->check(CLI::PositiveNumber)
         ->group(group);
+}
+
+void AddFormOptions(CLI::App& command, Options& options) {
+    const std::string group = "Forms";
+    const CLI::IsMember isForm(std::vector<std::string>(std::begin(FORM_NAMES), std::end(FORM_NAMES)));
+    const std::string forms = "lines|csv|jsonl|geojson";
+    const auto addForm = [&](const char* name, std::optional<std::string>& form, const char* description) {
+        command.add_option(name, form, description)
+            ->check(CLI::Validator(isForm).description(""))
+            ->type_name(forms)
+            ->group(group);
+    };
+    addForm("--input", options.input,
+            "Form of the files. Without it their names tell: .csv, .jsonl or .ndjson, .geojson or .json, "
+            "else lines");
+    addForm("--output", options.output, "Form of what is written; without it, that of the first file");
     command
-        .add_option("--columns", options.columns,
-                    "The columns with the texts, by their names in the first line of the files")
-        ->type_name("NORTH,EAST")
+        .add_option(
+            "--columns", options.columns,
+            "The columns or members with the positions, by their names: the two texts, or latitude and "
+            "longitude and perhaps the height")
+        ->type_name("NORTH,EAST[,HEIGHT]")
         ->delimiter(',')
-        ->expected(2)
+        ->expected(2, 3)
+        ->allow_extra_args(false)
         ->group(group);
-    command
-        .add_option("--rejects", options.rejects, "Write the lines that can't be used to a file, unchanged")
+    command.add_option("--rejects", options.rejects, "Write what can't be used to a file, unchanged")
         ->type_name("FILE")
         ->group(group);
     command.add_option("--jobs", options.jobs, "How many cores to use")
@@ -272,7 +362,7 @@ void AddTextOptions(CLI::App& command, TextOptions& options) {
 
 void AddConvert(CLI::App& program, Action& action) {
     CLI::App* const command =
-        program.add_subcommand("convert", "Converts positions in degrees to other systems and datums");
+        program.add_subcommand("convert", "Converts positions to other systems and datums");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
     command->add_option("FILES", options->files, "Files to read; '-' is standard input");
@@ -291,11 +381,11 @@ void AddConvert(CLI::App& program, Action& action) {
         ->allow_extra_args(false)
         ->check(CheckTarget);
     command->add_flag("--json", options->json, "Write one JSON object for a position, numbers in full");
+    AddFormOptions(*command, *options);
     AddTextOptions(*command, options->text);
     command->callback([options, &action] {
-        if (options->text.AreGiven() && !NamesSystem(options->from))
-            throw CLI::ValidationError("--from", "texts are read by the system that --from names");
-
+        if (const std::string wrong = WrongCombination(*options); !wrong.empty())
+            throw CLI::ValidationError("tessara convert", wrong);
         action = [options] { return Convert(*options); };
     });
 }

@@ -24,15 +24,6 @@ std::vector<std::string_view> Words(std::string_view text) {
     return words;
 }
 
-// What a message shows of a word: not too much, and nothing that a terminal could take for a command.
-std::string Quote(std::string_view word) {
-    std::string shown(word.substr(0, LONGEST_QUOTE));
-    for (char& c : shown) {
-        if (c < ' ' || c > '~') c = '?';
-    }
-    return "'" + shown + (word.size() > LONGEST_QUOTE ? "...'" : "'");
-}
-
 std::string WrongAngle(const char* what, std::string_view word, double limit) {
     const std::optional<double> degrees = ParseNumber(word);
     if (!degrees) return WrongNumber(word);
@@ -47,6 +38,14 @@ std::string WrongCount(std::size_t count) {
 }
 
 }  // namespace
+
+std::string Quote(std::string_view word) {
+    std::string shown(word.substr(0, LONGEST_QUOTE));
+    for (char& c : shown) {
+        if (c < ' ' || c > '~') c = '?';
+    }
+    return "'" + shown + (word.size() > LONGEST_QUOTE ? "...'" : "'");
+}
 
 std::string WrongNumber(std::string_view word) {
     return ParseNumber(word) ? "" : Quote(word) + " is not a number";

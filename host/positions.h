@@ -20,6 +20,9 @@ struct Line {
     std::string error;
 };
 
+// What a message shows of a word: not too much, and nothing that a terminal could take for a command.
+[[nodiscard]] std::string Quote(std::string_view word);
+
 // What is wrong with a word as such a value; empty if nothing is. A latitude is within 90 degrees, a
 // longitude within 360.
 [[nodiscard]] std::string WrongNumber(std::string_view word);

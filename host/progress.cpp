@@ -30,7 +30,7 @@ std::string ClockText(double seconds) {
 
 Progress::Progress(int descriptor, std::uint64_t bytes, Clock clock)
     : descriptor_(descriptor),
-      isTerminal_(isatty(descriptor) == 1),
+      isTerminal_(isatty(descriptor) != 0),
       bytes_(bytes),
       clock_(std::move(clock)),
       start_(isTerminal_ ? clock_() : 0.0) {}
@@ -69,7 +69,7 @@ void Progress::Draw(const std::string& status) {
     const std::string line = "\r" + status + std::string(rest, ' ') + (status.empty() ? "\r" : "");
     width_ = status.size();
     // The status is no result: where it can't be written, nothing is lost.
-    if (::write(descriptor_, line.data(), line.size()) < 0) isTerminal_ = false;
+    if (::write(descriptor_, line.data(), static_cast<unsigned>(line.size())) < 0) isTerminal_ = false;
 }
 
 }  // namespace tessara::program

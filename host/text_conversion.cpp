@@ -4,6 +4,7 @@
 
 #include "fields.h"
 #include "names.h"
+#include "results.h"
 #include "tessara/host/text.h"
 
 namespace tessara::program {
@@ -54,7 +55,7 @@ std::string LineConverter::TextOf(const Target& target, bool isNorth) {
     return ToUtf8(text_->GetText());
 }
 
-std::optional<LineConverter::TargetTexts> LineConverter::ConvertTo(const Target& target) {
+std::optional<TargetTexts> LineConverter::ConvertTo(const Target& target) {
     position_.Held()->GetCoord(coord_.Get());
     if (!coord_->SetReference(target.libraryReference.Get())) return std::nullopt;
     if (!target.string->SetCoord(coord_.Get())) return std::nullopt;
@@ -63,8 +64,24 @@ std::optional<LineConverter::TargetTexts> LineConverter::ConvertTo(const Target&
 
     TargetTexts texts{TextOf(target, true), TextOf(target, false), {}};
     if (!IsNumeric(texts.north) || !IsNumeric(texts.east)) return std::nullopt;
-    if (conversion_.json) IRef<ICoordInternal>(coord_)->GetKoord(&texts.koord);
+    IRef<ICoordInternal>(coord_)->GetKoord(&texts.koord);
     return texts;
+}
+
+std::string LineConverter::ConvertPosition(const std::string& north, const std::string& east,
+                                           std::vector<TargetTexts>* results) {
+    std::string wrong = position_.Read(north, east);
+    if (!wrong.empty()) return wrong;
+
+    std::vector<Reference> missing;
+    for (const Target& target : targets_) {
+        if (std::optional<TargetTexts> texts = ConvertTo(target)) {
+            results->push_back(std::move(*texts));
+        } else {
+            missing.push_back(target.reference);
+        }
+    }
+    return missing.empty() ? "" : NotConvertibleTo(missing);
 }
 
 std::string LineConverter::Convert(std::string_view line, const LineFormat& format, const Place& place,
@@ -72,19 +89,9 @@ std::string LineConverter::Convert(std::string_view line, const LineFormat& form
     const std::vector<std::string> columns = SplitColumns(line, format.separator);
     if (columns.size() <= std::max(format.pair.north, format.pair.east))
         return "has " + std::to_string(columns.size()) + (columns.size() == 1 ? " column" : " columns");
-    std::string wrong = position_.Read(columns[format.pair.north], columns[format.pair.east]);
-    if (!wrong.empty()) return wrong;
-
     std::vector<TargetTexts> results;
-    std::string missing;
-    for (const Target& target : targets_) {
-        if (std::optional<TargetTexts> texts = ConvertTo(target)) {
-            results.push_back(std::move(*texts));
-        } else {
-            missing += (missing.empty() ? "" : ", ") + target.reference.Name();
-        }
-    }
-    if (!missing.empty()) return "not convertible to " + missing;
+    std::string wrong = ConvertPosition(columns[format.pair.north], columns[format.pair.east], &results);
+    if (!wrong.empty()) return wrong;
 
     if (conversion_.json) {
         *out += ToJson(columns, format, place, results);

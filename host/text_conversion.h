@@ -38,10 +38,21 @@ struct Place {
 // The names of the columns of the lines that are written.
 [[nodiscard]] std::string ConvertHeader(const TextConversion& conversion, const LineFormat& format);
 
+// What is written of a position in one target.
+struct TargetTexts {
+    std::string north;
+    std::string east;
+    CKoord koord;
+};
+
 // Does the conversion for one thread.
 class LineConverter {
   public:
     explicit LineConverter(const TextConversion& conversion);
+
+    // Gives the texts of a position in each target; otherwise says what is wrong.
+    std::string ConvertPosition(const std::string& north, const std::string& east,
+                                std::vector<TargetTexts>* results);
 
     // Appends the line that is to be written; otherwise says what is wrong.
     std::string Convert(std::string_view line, const LineFormat& format, const Place& place,
@@ -52,12 +63,6 @@ class LineConverter {
         Reference reference;
         IRef<ICoordinateReference> libraryReference;
         IRef<ICoordinateString> string;
-    };
-
-    struct TargetTexts {
-        std::string north;
-        std::string east;
-        CKoord koord;
     };
 
     [[nodiscard]] std::optional<TargetTexts> ConvertTo(const Target& target);

@@ -7,13 +7,12 @@
 #include <iostream>
 
 #include "console.h"
+#include "rejects.h"
 
 namespace tessara::program {
 namespace {
 
 constexpr std::size_t LINES_PER_BLOCK = 4096;
-
-constexpr const char* CANT_BE_WRITTEN = "can't be written";
 
 // Lines that are converted in one go.
 struct Block {
@@ -73,17 +72,7 @@ class FileConverter {
     explicit FileConverter(const TextFiles& options) : options_(options), console_(options.files) {}
 
     // What is wrong with the file for the rejects; empty if nothing is.
-    std::string OpenRejects() {
-        if (!options_.rejects) return {};
-        // Opening it empties it.
-        for (const std::string& file : options_.files) {
-            std::error_code error;
-            if (std::filesystem::equivalent(file, *options_.rejects, error))
-                return "is to be read, and can't take the rejects";
-        }
-        rejects_.open(*options_.rejects, std::ios::binary);
-        return rejects_.is_open() ? "" : CANT_BE_WRITTEN;
-    }
+    std::string OpenRejects() { return rejects_.Open(options_.rejects, options_.files); }
 
     void ConvertFile(const std::string& file) {
         if (file == "-") return ConvertStream(file, std::cin);
@@ -94,8 +83,7 @@ class FileConverter {
     }
 
     [[nodiscard]] ExitCode Code() {
-        if (options_.rejects && !rejects_.flush())
-            console_.Report(*options_.rejects + ": " + CANT_BE_WRITTEN + '\n');
+        if (const std::string wrong = rejects_.Finish(); !wrong.empty()) console_.Report(wrong + '\n');
         return console_.Code();
     }
 
@@ -144,7 +132,7 @@ class FileConverter {
         const Output output = running->front().get();
         running->pop_front();
         console_.Write(output.text);
-        if (options_.rejects) rejects_ << output.rejects;
+        rejects_.Write(output.rejects);
         if (!output.errors.empty()) console_.Report(output.errors);
         console_.Advance(output.lines, output.bytes);
     }
@@ -161,14 +149,14 @@ class FileConverter {
         if (headerIsWritten_) return true;
         if (!options_.conversion.json) console_.Write(ConvertHeader(options_.conversion, *format) + '\n');
         // The rejected lines are a file of the same form.
-        if (options_.rejects) rejects_ << line << '\n';
+        rejects_.Write(line + '\n');
         headerIsWritten_ = true;
         return true;
     }
 
     const TextFiles& options_;
     Console console_;
-    std::ofstream rejects_;
+    Rejects rejects_;
     bool headerIsWritten_ = false;
 };
 
@@ -177,7 +165,7 @@ class FileConverter {
 ExitCode ConvertTextFiles(const TextFiles& options) {
     FileConverter converter(options);
     if (const std::string wrong = converter.OpenRejects(); !wrong.empty()) {
-        std::cerr << *options.rejects << ": " << wrong << '\n';
+        std::cerr << wrong << '\n';
         return EXIT_INCOMPLETE;
     }
     for (const std::string& file : options.files)

@@ -92,3 +92,9 @@ TEST(Completion, OffersSystemsAndDatums) {
               (std::set<std::string>{"GK@GER", "GK@GEO"}));
     EXPECT_EQ(Completions({"tessara", "distance", "--datum", "NAD2"}), std::set<std::string>{"NAD27"});
 }
+
+TEST(Completion, OffersTheFormsOfFiles) {
+    EXPECT_EQ(Completions({"tessara", "convert", "--output", ""}),
+              (std::set<std::string>{"lines", "csv", "jsonl", "geojson"}));
+    EXPECT_EQ(Completions({"tessara", "convert", "--input", "js"}), std::set<std::string>{"jsonl"});
+}

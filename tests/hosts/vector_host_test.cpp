@@ -1,10 +1,10 @@
 // Vectors cross the border of the built library as values, in both directions.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
 #include "support/live_objects.h"
+#include "support/shared_library.h"
 #include "tessara/euclidean_vector.h"
 #include "tessara/ref.h"
 
@@ -13,19 +13,13 @@ namespace {
 
 class VectorHost : public testing::BalancedTest {
   protected:
-    VectorHost() : library_(dlopen(TESSARA_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
-        EXPECT_NE(library_, nullptr) << dlerror();
-    }
-    ~VectorHost() override { EXPECT_EQ(dlclose(library_), 0); }
-
     IRef<IVector> MakeArithmetic() {
-        void* const create = dlsym(library_, "CreateClassEuclideanVector");
-        EXPECT_NE(create, nullptr);
-        return IRef<IVector>(reinterpret_cast<decltype(CreateClassEuclideanVector)*>(create)());
+        return IRef<IVector>(
+            library_.Find<decltype(CreateClassEuclideanVector)>("CreateClassEuclideanVector")());
     }
 
   private:
-    void* library_;
+    const testing::SharedLibrary library_{TESSARA_LIBRARY};
 };
 
 TEST_F(VectorHost, UsesGrowsAndFreesWhatTheLibraryMade) {

@@ -1,0 +1,26 @@
+// Converts whole files of records, from one form to another. Memory is constant, whatever the size of a file.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "commands.h"
+#include "record_conversion.h"
+
+namespace tessara::program {
+
+struct RecordFiles {
+    RecordConversion conversion;
+    std::vector<std::pair<std::string, Form>> files;  // "-" is standard input
+    std::vector<std::string> columns;    // that hold the positions; empty where that is to be found out
+    std::optional<std::string> rejects;  // a file for the records that can't be used
+    unsigned jobs = 1;
+};
+
+// Writes to standard output what can be converted, in the order of the input, and to standard error what is
+// wrong with the rest.
+[[nodiscard]] ExitCode ConvertRecordFiles(const RecordFiles& options);
+
+}  // namespace tessara::program
