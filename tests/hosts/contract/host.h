@@ -1,7 +1,6 @@
 // What a host brings along: the loaded library, handles, a text, a rectangle and an object manager.
 #pragma once
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "hosts/contract/frame.h"
 #include "support/live_objects.h"
+#include "support/shared_library.h"
 
 namespace contract {
 
@@ -124,30 +124,15 @@ using Rect = HostObject<RectBody>;
     return Held<IRect>(new Rect(left, top, right, bottom));
 }
 
-class Library {
+class Library : public tessara::testing::SharedLibrary {
   public:
-    Library() : handle_(dlopen(TESSARA_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
-        EXPECT_NE(handle_, nullptr) << dlerror();
-    }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-    ~Library() { EXPECT_EQ(dlclose(handle_), 0); }
-
-    template <class Function>
-    [[nodiscard]] Function* Find(const std::string& name) const {
-        void* const address = dlsym(handle_, name.c_str());
-        EXPECT_NE(address, nullptr) << name;
-        return reinterpret_cast<Function*>(address);
-    }
+    Library() : SharedLibrary(TESSARA_LIBRARY) {}
 
     // Make<ICoord>("Coord")
     template <class I>
     [[nodiscard]] Held<I> Make(const std::string& className) const {
         return Held<I>(Find<I*()>("CreateClass" + className)());
     }
-
-  private:
-    void* handle_;
 };
 
 // Keeps the factories that the component registers, and makes objects by them.
