@@ -49,15 +49,12 @@ class Stage {
         if (object.IsValid() && objects_.size() < MOST_OBJECTS) objects_.push_back(object);
     }
 
-    // An object with the interface, if there is one: behind the drawn one, the next.
+    // An argument that no operation is called on: one of a host's own classes.
+    void AddHost(const IRef<IUnknown>& object) { hosts_.push_back(object); }
+
     template <class I>
     [[nodiscard]] IRef<I> Object() {
-        const std::size_t first = bytes_.Below(256);
-        for (std::size_t i = 0; i < objects_.size(); ++i) {
-            IRef<I> object(objects_[(first + i) % objects_.size()]);
-            if (object.IsValid()) return object;
-        }
-        return IRef<I>();
+        return OneWith<I>(objects_);
     }
 
     // Rarely something that isn't one.
@@ -81,8 +78,20 @@ class Stage {
   private:
     static constexpr std::size_t MOST_OBJECTS = 64;
 
+    // If there is one with the interface: behind the drawn one, the next.
+    template <class I>
+    [[nodiscard]] IRef<I> OneWith(const std::vector<IRef<IUnknown>>& objects) {
+        const std::size_t first = bytes_.Below(256);
+        for (std::size_t i = 0; i < objects.size(); ++i) {
+            IRef<I> object(objects[(first + i) % objects.size()]);
+            if (object.IsValid()) return object;
+        }
+        return IRef<I>();
+    }
+
     ByteReader& bytes_;
     std::vector<IRef<IUnknown>> objects_;
+    std::vector<IRef<IUnknown>> hosts_;
     SilentHost silent_;
     RefusingHost refusing_;
 };

@@ -448,11 +448,11 @@ void AddHostObjects(Stage& stage) {
     stage.Add(IRef<IUnknown>(NewObject<host::Rect>(sides.left, sides.top, sides.right, sides.bottom)));
     stage.Add(IRef<IUnknown>(DrawText(bytes, 12)));
     stage.Add(IRef<IUnknown>(DrawText(bytes, 12)));
-    stage.Add(IRef<IUnknown>(NewObject<testing::HostCoord>()));
-    stage.Add(IRef<IUnknown>(NewObject<testing::HostProjection>(DrawMap(bytes))));
+    stage.AddHost(IRef<IUnknown>(NewObject<testing::HostCoord>()));
+    stage.AddHost(IRef<IUnknown>(NewObject<testing::HostProjection>(DrawMap(bytes))));
     const std::int32_t datum = DrawDatum(bytes);
-    stage.Add(IRef<IUnknown>(testing::MakeHostReference(datum, DrawType(bytes))));
-    stage.Add(testing::MakeStranger());
+    stage.AddHost(IRef<IUnknown>(testing::MakeHostReference(datum, DrawType(bytes))));
+    stage.AddHost(testing::MakeStranger());
 }
 
 void AddPositions(Stage& stage) {
