@@ -1,0 +1,206 @@
+// Calls any operation of any interface with arguments drawn from bytes: its own objects or those of another
+// class, the same one twice, null, and objects of a host that answer no query.
+#pragma once
+
+#include <cstddef>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+#include "fuzz/draw.h"
+#include "tessara/vector.h"
+
+namespace tessara::fuzz {
+
+// Tells that it has an interface and writes none.
+class SilentHost final : public IUnknown {
+  public:
+    ResultCode QueryInterface(const GUID*, void**) override { return RESULT_OK; }
+    std::uint32_t AddRef() override { return 2; }
+    std::uint32_t Release() override { return 1; }
+};
+
+// Has no interface at all, not even IUnknown.
+class RefusingHost final : public IUnknown {
+  public:
+    ResultCode QueryInterface(const GUID*, void** out) override {
+        if (out != nullptr) *out = nullptr;
+        return RESULT_NO_INTERFACE;
+    }
+    std::uint32_t AddRef() override { return 2; }
+    std::uint32_t Release() override { return 1; }
+};
+
+// What the operations of one input are called on and with. Nothing leaves it, so that the counts of what it
+// made are its own.
+class Stage {
+  public:
+    explicit Stage(ByteReader& bytes) : bytes_(bytes) {}
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    [[nodiscard]] ByteReader& Bytes() { return bytes_; }
+
+    void Add(const IRef<IUnknown>& object) {
+        if (object.IsValid() && objects_.size() < MOST_OBJECTS) objects_.push_back(object);
+    }
+
+    // An argument that no operation is called on: one of a host's own classes.
+    void AddHost(const IRef<IUnknown>& object) { hosts_.push_back(object); }
+
+    template <class I>
+    [[nodiscard]] IRef<I> Object() {
+        return OneWith<I>(objects_);
+    }
+
+    // Rarely something that isn't one.
+    template <class I>
+    [[nodiscard]] I* Argument() {
+        switch (bytes_.Below(16)) {
+            case 0:
+                return nullptr;
+            case 1:
+                return reinterpret_cast<I*>(static_cast<IUnknown*>(&silent_));
+            case 2:
+                return reinterpret_cast<I*>(static_cast<IUnknown*>(&refusing_));
+            case 3:
+                return reinterpret_cast<I*>(objects_[bytes_.Below(256) % objects_.size()].Get());
+            // Held by the stage.
+            default:
+                return Object<I>().Get();
+        }
+    }
+
+  private:
+    static constexpr std::size_t MOST_OBJECTS = 64;
+
+    // If there is one with the interface: behind the drawn one, the next.
+    template <class I>
+    [[nodiscard]] IRef<I> OneWith(const std::vector<IRef<IUnknown>>& objects) {
+        const std::size_t first = bytes_.Below(256);
+        for (std::size_t i = 0; i < objects.size(); ++i) {
+            IRef<I> object(objects[(first + i) % objects.size()]);
+            if (object.IsValid()) return object;
+        }
+        return IRef<I>();
+    }
+
+    ByteReader& bytes_;
+    std::vector<IRef<IUnknown>> objects_;
+    std::vector<IRef<IUnknown>> hosts_;
+    SilentHost silent_;
+    RefusingHost refusing_;
+};
+
+// Lists may hold each other by now.
+inline Stage::~Stage() {
+    for (const IRef<IUnknown>& object : objects_) {
+        const IRef<IArray> list(object);
+        if (list.IsValid()) list->Clear();
+    }
+}
+
+// An argument, or the room for an output.
+template <class T>
+struct Slot;
+
+template <>
+struct Slot<double> {
+    double value;
+    explicit Slot(Stage& stage) : value(stage.Bytes().Number()) {}
+    double Get() { return value; }
+};
+
+template <>
+struct Slot<bool> {
+    bool value;
+    explicit Slot(Stage& stage) : value(stage.Bytes().Below(2) == 0) {}
+    bool Get() { return value; }
+};
+
+template <>
+struct Slot<std::int32_t> {
+    std::int32_t value;
+    explicit Slot(Stage& stage) : value(stage.Bytes().Integer()) {}
+    std::int32_t Get() { return value; }
+};
+
+// Indices and counts. A count of points is how many are made.
+template <>
+struct Slot<std::uint32_t> {
+    std::uint32_t value;
+    explicit Slot(Stage& stage) : value(stage.Bytes().Below(300)) {}
+    std::uint32_t Get() { return value; }
+};
+
+template <>
+struct Slot<const char*> {
+    std::string text;
+    bool isNull;
+    explicit Slot(Stage& stage) : text(stage.Bytes().Text(40)), isNull(stage.Bytes().Below(16) == 0) {}
+    const char* Get() { return isNull ? nullptr : text.c_str(); }
+};
+
+template <>
+struct Slot<const Vector&> {
+    Vector vector;
+    explicit Slot(Stage& stage) {
+        for (std::uint32_t left = stage.Bytes().Below(5); left > 0; --left)
+            vector.Append(stage.Bytes().Number());
+    }
+    const Vector& Get() { return vector; }
+};
+
+// Plain structs, in and out: null, or any bytes.
+template <class T>
+struct Slot<T*> {
+    static_assert(!std::is_base_of_v<IUnknown, T>);
+    std::remove_const_t<T> value{};
+    bool isNull;
+    explicit Slot(Stage& stage) : isNull(stage.Bytes().Below(16) == 0) {
+        using Value = std::remove_const_t<T>;
+        if constexpr (std::is_same_v<Value, Vector>)
+            value = Slot<const Vector&>(stage).vector;
+        else if constexpr (std::is_same_v<Value, CKoord>)
+            value = DrawRecord(stage.Bytes());
+        else if constexpr (std::is_same_v<Value, double>)
+            value = stage.Bytes().Number();
+        else if constexpr (std::is_same_v<Value, MapParam>)
+            value = DrawMap(stage.Bytes());
+        else
+            value = stage.Bytes().Raw<Value>();
+    }
+    T* Get() { return isNull ? nullptr : &value; }
+};
+
+template <class T>
+requires std::is_base_of_v<IUnknown, T>
+struct Slot<T*> {
+    T* object;
+    explicit Slot(Stage& stage) : object(stage.Argument<T>()) {}
+    T* Get() { return object; }
+};
+
+// Calls the operation on some object that has the interface. Only lists and vectors may throw.
+template <class I, class Result, class... Arguments>
+void Call(Stage& stage, Result (I::*operation)(Arguments...)) {
+    const IRef<I> object = stage.Object<I>();
+    if (!object.IsValid()) return;
+    // In braces, draws come in the order they are written in.
+    std::tuple<Slot<Arguments>...> slots{Slot<Arguments>(stage)...};
+    const auto call = [&](auto&... slot) { return (object.Get()->*operation)(slot.Get()...); };
+    try {
+        if constexpr (std::is_convertible_v<Result, IUnknown*>)
+            stage.Add(IRef<IUnknown>(std::apply(call, slots)));
+        else
+            std::apply(call, slots);
+    } catch (const std::length_error&) {
+    } catch (const std::out_of_range&) {
+    }
+}
+
+}  // namespace tessara::fuzz

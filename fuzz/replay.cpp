@@ -1,0 +1,58 @@
+// Runs a target over a stored corpus, without a fuzzer: replay_TARGET FILE_OR_DIRECTORY... An input that
+// takes too long is a failure; one that breaks the target ends the program, as it would end a fuzzer, and is
+// the one named last.
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "fuzz/byte_reader.h"
+#include "support/sanitized.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The sanitizers, whose build isn't optimised either, cost a factor of up to 10.
+constexpr double LIMIT_MS = tessara::testing::IS_SANITIZED ? 1000.0 : 100.0;
+
+std::vector<fs::path> FilesOf(int count, char** arguments) {
+    std::vector<fs::path> files;
+    for (int i = 1; i < count; ++i) {
+        if (!fs::is_directory(arguments[i])) {
+            files.emplace_back(arguments[i]);
+            continue;
+        }
+        for (const auto& entry : fs::directory_iterator(arguments[i]))
+            files.push_back(entry.path());
+    }
+    return files;
+}
+
+// Processor time: the machine may have other things to do.
+double RunOnce(const std::vector<char>& input) {
+    const std::clock_t start = std::clock();
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
+    return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const std::vector<fs::path> files = FilesOf(count, arguments);
+    int tooSlow = 0;
+    for (const fs::path& file : files) {
+        std::fprintf(stderr, "%s\r", file.filename().c_str());
+        std::ifstream stream(file, std::ios::binary);
+        const std::vector<char> input(std::istreambuf_iterator<char>(stream), {});
+        const double milliseconds = RunOnce(input);
+        if (milliseconds <= LIMIT_MS) continue;
+        ++tooSlow;
+        std::fprintf(stderr, "%s: %.0f ms, more than %.0f\n", file.c_str(), milliseconds, LIMIT_MS);
+    }
+    std::printf("%zu inputs, %d of them too slow\n", files.size(), tooSlow);
+    return files.empty() || tooSlow > 0 ? 1 : 0;
+}
