@@ -134,6 +134,7 @@ Output RecordConverter::ConvertTexts(const Record& record) {
 std::vector<RecordConverter::Value> RecordConverter::ValuesOf(const std::vector<Field>& fields) const {
     const bool areTexts = conversion_.output == Form::CSV;
     std::vector<Value> values;
+    values.reserve(fields.size());
     for (const Field& field : fields) {
         values.push_back(
             {field.name, areTexts ? Json(field.Text())
