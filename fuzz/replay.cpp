@@ -1,6 +1,7 @@
 // Runs a target over a stored corpus, without a fuzzer: replay_TARGET FILE_OR_DIRECTORY... An input that
 // takes too long is a failure; one that breaks the target ends the program, as it would end a fuzzer, and is
 // the one named last.
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -39,6 +40,15 @@ double RunOnce(const std::vector<char>& input) {
     return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
+// The best of some runs: on a machine under load even processor time has spikes, which an input that is slow
+// by itself shows every time.
+double MillisecondsFor(const std::vector<char>& input) {
+    double best = RunOnce(input);
+    for (int again = 0; again < 4 && best > LIMIT_MS; ++again)
+        best = std::min(best, RunOnce(input));
+    return best;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -48,7 +58,7 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "%s\r", file.filename().c_str());
         std::ifstream stream(file, std::ios::binary);
         const std::vector<char> input(std::istreambuf_iterator<char>(stream), {});
-        const double milliseconds = RunOnce(input);
+        const double milliseconds = MillisecondsFor(input);
         if (milliseconds <= LIMIT_MS) continue;
         ++tooSlow;
         std::fprintf(stderr, "%s: %.0f ms, more than %.0f\n", file.c_str(), milliseconds, LIMIT_MS);
