@@ -34,6 +34,14 @@ IRef<IFloatPoint> DrawPoint(ByteReader& bytes) {
     return point;
 }
 
+// A world of lines takes seconds: a hundred thousand are allowed. Steps that aren't legal draw nothing.
+bool MeansManyLines(GridMaker make, double step) {
+    const bool isAngular = make == &Factory::CreateGeodezGrid || make == &Factory::CreateGeodezminGrid ||
+                           make == &Factory::CreateGeogradGrid || make == &Factory::CreateGeorefGrid;
+    const double coarse = isAngular ? 1.0 : make == &Factory::CreateFloatPixelGrid ? 1000.0 : 1e5;
+    return std::fabs(step) < coarse && step != 0.0;
+}
+
 void DrawLines(const IRef<ICoordinateGrid>& grid) {
     const IRef<IArray> lines(CreateClassArray());
     grid->GetEastLines(lines.Get());
@@ -83,9 +91,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::int32_t datum = DrawDatum(bytes);
     const double eastStep = bytes.Number(), northStep = bytes.Number();
     const IRef<ICoordinateGrid> grid((factory.Get()->*make)(map.Get(), datum, eastStep, northStep));
+    const bool isCoarse = !MeansManyLines(make, eastStep) && !MeansManyLines(make, northStep);
     if (grid.IsValid()) {
         const IRef<IFloatPoint> a = DrawPoint(bytes), b = DrawPoint(bytes);
-        if (grid->SetWindowFromPoints(a.Get(), a.Get(), b.Get(), b.Get())) DrawLines(grid);
+        if (grid->SetWindowFromPoints(a.Get(), a.Get(), b.Get(), b.Get()) && isCoarse) DrawLines(grid);
     }
     SearchRect(bytes, map);
     ClipLine(bytes, map);
