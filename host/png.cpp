@@ -1,5 +1,17 @@
 #include "png.h"
 
+#if defined(_WIN32)
+
+namespace tessara::program {
+
+std::string WritePng(const std::string& /*svg*/, const std::string& /*file*/) {
+    return "a PNG is drawn by rsvg-convert, which isn't started on Windows; write an .svg, and convert that";
+}
+
+}  // namespace tessara::program
+
+#else
+
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -55,3 +67,5 @@ std::string WritePng(const std::string& svg, const std::string& file) {
 }
 
 }  // namespace tessara::program
+
+#endif
