@@ -13,12 +13,14 @@ using tessara::testing::RunProgram;
 
 namespace {
 
+constexpr const char* NO_TERMINALS = "there are no pseudo-terminals";
+
 // A terminal that keeps what is written to it.
 class Terminal {
   public:
     Terminal() {
         char name[64] = "";
-        EXPECT_EQ(openpty(&outside_, &inside_, name, nullptr, nullptr), 0);
+        if (openpty(&outside_, &inside_, name, nullptr, nullptr) != 0) return;
         EXPECT_EQ(fcntl(outside_, F_SETFL, O_NONBLOCK), 0);
         name_ = name;
     }
@@ -29,6 +31,8 @@ class Terminal {
         close(outside_);
     }
 
+    // False where the system has no pseudo-terminals, as in a bare chroot.
+    [[nodiscard]] bool IsThere() const { return inside_ >= 0; }
     [[nodiscard]] int Descriptor() const { return inside_; }
     // Its name among the files.
     [[nodiscard]] const std::string& Name() const { return name_; }
@@ -51,6 +55,10 @@ class Terminal {
 // Work that begins at second 100 of a clock that is set by hand.
 class ProgressTest : public ::testing::Test {
   protected:
+    void SetUp() override {
+        if (!terminal.IsThere()) GTEST_SKIP() << NO_TERMINALS;
+    }
+
     // Does work until a second after its start.
     void AdvanceAt(double second, std::uint64_t lines, std::uint64_t bytes) {
         now = 100.0 + second;
@@ -125,6 +133,7 @@ TEST_F(ProgressTest, IsWipedOutOnce) {
 
 TEST(Progress, AnUnknownAmountHasNoTimeLeftAndTheEndWipesTheLineOut) {
     const Terminal terminal;
+    if (!terminal.IsThere()) GTEST_SKIP() << NO_TERMINALS;
     double now = 0.0;
     {
         Progress progress(terminal.Descriptor(), 0, [&now] { return now; });
@@ -164,6 +173,7 @@ Outcome ConvertSlowly(const Terminal& terminal, const std::string& results) {
 
 TEST(ConvertProgress, StandsOnTheTerminalOfStandardErrorUntilTheEnd) {
     const Terminal terminal;
+    if (!terminal.IsThere()) GTEST_SKIP() << NO_TERMINALS;
     const Outcome outcome = ConvertSlowly(terminal, "");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(tessara::testing::LinesOf(outcome.out).size(), 8192u);
@@ -180,6 +190,7 @@ TEST(ConvertProgress, StandsOnTheTerminalOfStandardErrorUntilTheEnd) {
 
 TEST(ConvertProgress, KeepsAwayFromResultsOnTheSameTerminal) {
     const Terminal terminal;
+    if (!terminal.IsThere()) GTEST_SKIP() << NO_TERMINALS;
     const Outcome outcome = RunProgram("/bin/sh", {"-c", std::string("echo '48 11' | ") + TESSARA_PROGRAM +
                                                              " convert >" + terminal.Name() + " 2>&1"});
     EXPECT_EQ(outcome.status, 0);
