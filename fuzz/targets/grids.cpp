@@ -34,7 +34,7 @@ IRef<IFloatPoint> DrawPoint(ByteReader& bytes) {
     return point;
 }
 
-// A world of lines takes seconds: a hundred thousand are allowed. Steps that aren't legal draw nothing.
+// A world of lines takes seconds: a million are allowed. Steps that aren't legal draw nothing.
 bool MeansManyLines(GridMaker make, double step) {
     const bool isAngular = make == &Factory::CreateGeodezGrid || make == &Factory::CreateGeodezminGrid ||
                            make == &Factory::CreateGeogradGrid || make == &Factory::CreateGeorefGrid;

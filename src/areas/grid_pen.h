@@ -44,7 +44,7 @@ class GridPen {
     }
 
   private:
-    static constexpr int MOST_LINES = 100000;  // no map shows as many; they would fill the memory
+    static constexpr int MOST_LINES = 1000000;  // no map shows as many; they would fill the memory
 
     const MapPlane& map_;
     GridLineSink sink_;

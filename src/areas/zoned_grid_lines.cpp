@@ -204,8 +204,10 @@ class ZonedLines {
                                [&](const CKoord& place) { return DrawLine(share, Zones_East(place)); });
     }
 
-    // Zones narrow toward the poles, where a line may leave its zone before it leaves the window.
+    // Zones narrow toward the poles, where a line may leave its zone before it leaves the window. What would
+    // stand on the eastern border is no line of this zone.
     bool DrawLine(const Share& share, double easting) {
+        if (!(easting < share.atWidest.east)) return true;
         double top = north_;
         double bottom = south_;
         if (!share.atNorth.Enclose(easting) && !Clip(share, easting, Compass::North, &top)) return false;

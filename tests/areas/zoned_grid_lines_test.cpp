@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "objects/zone_borders.h"
+#include "objects/zones.h"
 #include "support/grids.h"
 #include "support/live_objects.h"
 #include "support/zoned_records.h"
@@ -94,6 +96,21 @@ TEST_F(ZonedGridLinesTest, LinesEndOnTheBorderWhereTheZoneNarrows) {
         EXPECT_NEAR(Utm(lines[clipped].front()).northing, 5314899.828, 0.03);
         EXPECT_NEAR(Utm(lines[clipped].back()).northing, 5313367.995, 2e-3);
     }
+}
+
+TEST_F(ZonedGridLinesTest, ALineOnTheEasternBorderIsTheBorder) {
+    // The border where the window is widest, at its southern end, by a step that reaches it from the centre.
+    SetBorderWindow(10000.0);
+    tagKOORD border = EastLinesOf(grid)[0].back();
+    ASSERT_TRUE(Zones_MoveToBorder(Compass::East, &border));
+    const double step = Zones_East(border) - 500000.0;
+    ASSERT_EQ(500000.0 + step, Zones_East(border));
+    SetBorderWindow(step);
+    // In zone 33 the first line is as far west of its centre, on the other side of the border.
+    const auto lines = EastLinesOf(grid);
+    ASSERT_FALSE(lines.empty());
+    for (const Line& line : lines)
+        EXPECT_EQ(Utm(line.front()).zone, 33);
 }
 
 TEST_F(ZonedGridLinesTest, ANorthLineRunsThroughAllZones) {
