@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -337,10 +338,16 @@ TEST(PointInPolygon, AThousandVerticesAreDecidedByTheRadius) {
 TEST(PointInVertices, WhereATurnOfTheRayIsLostRowsDecide) {
     const double far = 0x1p60;  // one pixel more is the same number
     const double step = 0x1p12;
-    const Outline triangle{{far - step, far - step}, {far + 2 * step, far}, {far - step, far + step}};
-    EXPECT_TRUE(PointInVertices({far, far}, triangle, TOLERANCE));
-    EXPECT_FALSE(PointInVertices({far - 2 * step, far}, triangle, TOLERANCE));
-    EXPECT_FALSE(PointInVertices({far + step, far + step}, triangle, TOLERANCE));
+    // Each edge is the first once.
+    Outline triangle{{far - step, far - step}, {far + 2 * step, far}, {far - step, far + step}};
+    for (int first = 0; first < 3; ++first) {
+        EXPECT_TRUE(PointInVertices({far, far}, triangle, TOLERANCE));
+        EXPECT_FALSE(PointInVertices({far - 2 * step, far}, triangle, TOLERANCE));
+        EXPECT_FALSE(PointInVertices({far + step, far + step}, triangle, TOLERANCE));
+        EXPECT_TRUE(PointInVertices({far, far - step / 2}, triangle, TOLERANCE)) << "beside the lower edge";
+        EXPECT_FALSE(PointInVertices({far, far - step}, triangle, TOLERANCE));
+        std::rotate(triangle.begin(), triangle.begin() + 1, triangle.end());
+    }
 }
 
 TEST(PointInPolygon, EndsForEveryNumber) {

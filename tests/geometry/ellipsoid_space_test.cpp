@@ -137,6 +137,7 @@ TEST(SpacePosition, FailsForTheCentreAndWhatIsNotFinite) {
     for (const EcefPayload& point : {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{-0.0, 0.0, -0.0},
                                      EcefPayload{NAN_VALUE, 0.0, 0.0}, EcefPayload{6378137.0, NAN_VALUE, 0.0},
                                      EcefPayload{6378137.0, 0.0, NAN_VALUE}, EcefPayload{INFINITE, 0.0, 0.0},
+                                     EcefPayload{0.0, NAN_VALUE, 6356752.0}, EcefPayload{0.0, INFINITE, 1.0},
                                      EcefPayload{0.0, 0.0, -INFINITE}, EcefPayload{1e200, 1e200, 0.0}}) {
         EXPECT_FALSE(SpacePosition(WGS84, point, &position));
     }

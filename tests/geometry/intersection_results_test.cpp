@@ -98,6 +98,24 @@ TEST_F(IntersectionResultsTest, WithoutMemoryForTheSecondTheFirstGoesAgain) {
     }
 }
 
+TEST_F(IntersectionResultsTest, AreUselessWithoutMemoryForBothLists) {
+    int useless = 0;
+    for (int nth = 1; nth <= 4; ++nth) {
+        IRef<IIntersectionResults> halfMade;
+        {
+            const testing::FailAllocation failure(nth);
+            halfMade = IRef<IIntersectionResults>(CreateClassIntersectionResults());
+        }
+        if (!halfMade.IsValid() || halfMade->GetCount() == 0) continue;
+        ++useless;
+        EXPECT_EQ(halfMade->GetCount(), -1) << nth;
+        EXPECT_FALSE(halfMade->Add(first.Get(), second.Get())) << nth;
+        EXPECT_FALSE(halfMade->RemoveAt(0)) << nth;
+        halfMade->Clear();
+    }
+    EXPECT_EQ(useless, 2) << "the first list, and the second";
+}
+
 TEST(IntersectionResults, AreUselessWithoutAnObjectManager) {
     const IRef<IIntersectionResults> results(CreateClassIntersectionResults());
     const auto record = MakeRecord();

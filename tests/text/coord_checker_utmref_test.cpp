@@ -140,6 +140,7 @@ TEST_F(CoordCheckerUtmref, RowsAreThoseOfTheColumnWithinTheBand) {
 TEST_F(CoordCheckerUtmref, AnEmptyPieceStandsForItsFirstChoice) {
     EXPECT_EQ(Columns({"", ""}), Columns({"1", "N"}));
     EXPECT_EQ(Columns({"", ""}), "ABCDEFGH");
+    EXPECT_EQ(Columns({"", "", "K"}), Columns({"1", "N"})) << "the column is asked for";
     EXPECT_EQ(Columns({"32", ""}), Columns({"32", "N"}));
     EXPECT_EQ(Rows({"", "", ""}), Rows({"1", "N", "E"}));
     EXPECT_EQ(Rows({"", "", "K"}), Rows({"2", "N", "K"}));

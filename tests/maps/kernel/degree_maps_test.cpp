@@ -62,6 +62,7 @@ TEST(EqualArcMap, MultipliesByDegreesPerPixelInThePlainForm) {
         EXPECT_NEAR(pixel.y, 50.0, PIXELS) << zone;
         EXPECT_EQ(ToWorld(map, 0.0, 0.0).Degrees().latitude, 48.0);
         EXPECT_EQ(ToWorld(map, 0.0, 0.0).Degrees().longitude, 11.0);
+        EXPECT_EQ(at.height, 0.0);
     }
 }
 

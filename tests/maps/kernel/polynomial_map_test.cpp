@@ -31,6 +31,7 @@ double ColumnReached(double slope, double offset, double column) {
     const WorldResult world = ToWorld(Map(MAP_POLYNOM, Linear(slope, offset)), column, 0.0);
     EXPECT_EQ(world.status, KOORD_OK);
     EXPECT_NEAR(world.Degrees().latitude, 50.0, DEGREES);
+    EXPECT_EQ(world.Degrees().height, 0.0);
     return (world.Degrees().longitude - 10.0) * 1000.0;
 }
 
