@@ -24,8 +24,6 @@ constexpr double EccentricitySquared(double f) {
 // Degrees of longitude that 0.1 metre subtends at a latitude, taken linearly in the distance from the pole,
 // within lowerBound..360. The constant is 0.1 * (180/pi)^2.
 double LongitudeTolerance(double latitude, double a, double lowerBound) {
-    constexpr double lowerBoundDoes = 89.0;  // degrees; up to there 0.1 metre is less than either bound
-    if (std::fabs(latitude) <= lowerBoundDoes) return lowerBound;
     if (!(std::fabs(latitude) <= NEAR_POLE)) return 360.0;
     const double tolerance = 328.28063500117446 / ((90.0 - std::fabs(latitude)) * a);
     if (tolerance > 360.0) return 360.0;
@@ -99,7 +97,7 @@ constexpr auto FROM_HUB =
         return StepOf(FromHubOf(DATUMS[static_cast<std::size_t>(datum)]));
     });
 
-// What a Molodensky step needs of the position it starts from.
+// What a Molodensky step needs of the position from which it starts.
 struct Place {
     Direction phi;
     double secant;             // 1 / cos phi
@@ -163,8 +161,8 @@ void Apply(const StepConstants& p, const Place& place, double latLon[2], bool ke
 }
 
 // Whether a step is so short, and its start so far from the poles and the ends of the longitudes, that it
-// crosses neither, that the lower bounds of the longitude tolerance count, and that FollowedBy is good for
-// it.
+// crosses neither, that 0.1 metre of longitude is less than what counts anyway, and that FollowedBy is good
+// for it.
 inline bool IsPlain(const double start[2], const Place& place, const Shift& shift) {
     constexpr double fewTermsDo = 5e-4;  // radians, three kilometres
     return std::fabs(start[0]) < 88.0 && std::fabs(start[1]) < 359.0 &&
@@ -181,7 +179,7 @@ inline Place FollowedBy(const Place& place, const Shift& shift, double e2) {
     const Direction north = turnOf(shift.phi);
     const Direction east = turnOf(shift.lambda);
     const Direction twice = Doubled(place.phi);
-    // By which parts w grows and cos phi shrinks. A part in a million of the first does.
+    // The parts by which w grows and cos phi shrinks. The first is so small that 1 / w needs six digits.
     const double x = 1.0 - place.w;
     const double perW = (1.0 + x) * (1.0 + x * x);
     const double h = -e2 * perW * north.sine * (twice.sine * north.cosine + twice.cosine * north.sine);

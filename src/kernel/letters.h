@@ -29,7 +29,6 @@ inline constexpr std::int32_t NO_LETTER = -1;
 // An alphabet of capital letters, which knows the place of each: a look-up instead of a search.
 class Alphabet {
   public:
-    // NOLINTNEXTLINE(google-explicit-constructor): a text of letters is one.
     consteval Alphabet(const char* letters) : letters_(letters) {
         indices_.fill(NO_LETTER);
         for (const char letter : letters_)
