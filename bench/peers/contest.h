@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <functional>
 #include <memory>
@@ -15,6 +17,11 @@
 #include "bench/positions.h"
 
 namespace tessara::bench {
+
+[[noreturn]] inline void Fail(const std::string& message) {
+    std::fprintf(stderr, "peers: %s\n", message.c_str());
+    std::exit(1);
+}
 
 // Grid values or a geocentric position in metres, a latitude and a longitude in degrees, or a distance.
 using Values = std::array<double, 3>;

@@ -46,10 +46,4 @@ constexpr long double Sine(long double x) {
     return sum;
 }
 
-inline constexpr long double HALF_PI = 1.57079632679489661923132169163975144L;
-
-constexpr long double Cosine(long double x) {
-    return Sine(HALF_PI - x);
-}
-
 }  // namespace tessara::compile_time

@@ -6,10 +6,12 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 
 #include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
+#include "tessara/kernel/constants.h"
 
 namespace tessara {
 
@@ -110,12 +112,14 @@ struct ConformalAngle {
     Direction direction;
 };
 
-// The conformal latitude chi of a latitude phi, whose direction has the length 1. Not a number beyond the
-// poles, where the tangent would be that of another latitude. The step is at most 0.0034, for which two or
-// three terms of sine and cosine are exact.
+// The conformal latitude chi of a latitude phi with its direction. Not a number beyond the poles, where the
+// tangent would be that of another latitude. The step is at most 0.0034, for which two or three terms of sine
+// and cosine are exact.
 [[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, Direction direction,
                                                          const LatitudeSeries& conformal) {
-    if (direction.cosine < 0.0) direction.cosine = std::numeric_limits<double>::quiet_NaN();
+    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+    if (direction.cosine < 0.0) direction.cosine = -direction.cosine;  // by a rounding, or beyond the pole
+    if (!(phi >= -HALF_PI && phi <= HALF_PI)) direction.cosine = none;
     const double step = LatitudeStep(conformal, Doubled(direction));
     const double y = step * step;
     const Direction turn{step * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
@@ -125,9 +129,11 @@ struct ConformalAngle {
 
 // The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a
 // step of at most `tolerance` radians and so short of its limit. This is what it is short by, to be added
-// to the limit. Each of its steps multiplies the distance by e2 cos^2 phi / (1 - e2 sin^2 phi), with a
-// term for the curvature; following the steps on these two numbers gives the last one to six digits.
-// `start` is the first value minus phi, `step` is phi - chi, `twice` the direction of twice chi.
+// to the limit. Each of its steps multiplies the distance by e2 cos^2 phi / (1 - e2 sin^2 phi), which is
+// below 0.007, with a term for the curvature that no longer shows after the second step; following the steps
+// on these two numbers gives the last one to six digits. Five are computed at once, which from a start of
+// 0.004 radians reach 1e-11, and counting those that were too long finds the last. `start` is the first value
+// minus phi, `step` is phi - chi, `twice` the direction of twice chi.
 [[nodiscard]] inline double RestOfIteration(double start, double step, Direction twice, double e2,
                                             double tolerance) {
     const double cosine = twice.cosine - 2.0 * step * twice.sine;  // of twice phi
@@ -136,14 +142,15 @@ struct ConformalAngle {
     const double perW = 1.0 + x * (1.0 + x);
     const double factor = 0.5 * e2 * (1.0 + cosine) * perW;
     const double curvature = 0.25 * e2 * sine * perW * (1.0 + factor);
-    double rest = start;
-    double change = 0.0;
-    do {
-        const double next = rest * (factor - curvature * rest);
-        change = std::fabs(rest - next);
-        rest = next;
-    } while (change > tolerance);
-    return rest;
+    const double square = factor * factor;
+    const double first = start * (factor - curvature * start);
+    const double second = first * (factor - curvature * first);
+    const double third = second * factor;
+    const double rests[] = {start, first, second, third, second * square, third * square};
+    std::size_t count = 1;
+    for (std::size_t i = 1; i + 1 < std::size(rests); ++i)
+        count += std::fabs(rests[i - 1] - rests[i]) > tolerance ? 1 : 0;
+    return rests[count];
 }
 
 }  // namespace tessara

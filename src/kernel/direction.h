@@ -82,4 +82,31 @@ struct Direction {
     return {2.0 * x.sine * x.cosine, (x.cosine - x.sine) * (x.cosine + x.sine)};
 }
 
+// c0 + c1 y + ... + c7 y^7, in pairs that wait for nothing but each other.
+[[nodiscard]] constexpr double EightTerms(const double (&c)[8], double y) {
+    const double y2 = y * y;
+    return (c[0] + c[1] * y + y2 * (c[2] + c[3] * y)) + y2 * y2 * (c[4] + c[5] * y + y2 * (c[6] + c[7] * y));
+}
+
+// The direction of an angle of up to one or two right angles without a call: that of a half or a quarter by
+// the power series, doubled. Sine and cosine are right to 3e-16 or 1e-15, which of a small one is not every
+// digit. The compiler finds the same bits as the processor.
+template <int RIGHT_ANGLES>
+[[nodiscard]] constexpr Direction DirectionByDoubling(double angle) {
+    constexpr double limit = 1.575 * RIGHT_ANGLES;
+    if (!(angle > -limit && angle < limit)) return DirectionOf(angle);
+    // 1 / (2k + 3)! and 1 / (2k + 2)! with alternating signs.
+    constexpr double sines[] = {1.0 / 6.0,          -1.0 / 120.0,         1.0 / 5040.0,
+                                -1.0 / 362880.0,    1.0 / 39916800.0,     -1.0 / 6227020800.0,
+                                1.0 / 1307674368e3, -1.0 / 355687428096e3};
+    constexpr double cosines[] = {1.0 / 2.0,           -1.0 / 24.0,         1.0 / 720.0,
+                                  -1.0 / 40320.0,      1.0 / 3628800.0,     -1.0 / 479001600.0,
+                                  1.0 / 87178291200.0, -1.0 / 20922789888e3};
+    const double x = angle / (2.0 * RIGHT_ANGLES);
+    const double y = x * x;
+    const Direction part{x - x * y * EightTerms(sines, y), 1.0 - y * EightTerms(cosines, y)};
+    static_assert(RIGHT_ANGLES == 1 || RIGHT_ANGLES == 2);
+    return RIGHT_ANGLES == 1 ? Doubled(part) : Doubled(Doubled(part));
+}
+
 }  // namespace tessara

@@ -17,7 +17,7 @@ struct LetteredGrid {
     TmParams projection;
     OriginNorthings originNorthings;
     Limits limits;               // the lower ones are 0
-    std::string_view squares;    // letters of the 500 km squares, row by row from the south-west
+    Alphabet squares;            // letters of the 500 km squares, row by row from the south-west
     std::int32_t squareColumns;  // how many make a row
     bool roundsFullValues;       // full values without letters count as whole metres
 };
@@ -44,7 +44,7 @@ constexpr LetteredGrid IRISH = {
 };
 
 // Letters of the 100 km squares within a 500 km square, row by row from the south-west.
-constexpr std::string_view SUB_SQUARES = "VWXYZQRSTULMNOPFGHJKABCDE";
+constexpr Alphabet SUB_SQUARES = "VWXYZQRSTULMNOPFGHJKABCDE";
 constexpr std::int32_t SUB_SQUARE_COLUMNS = 5;
 
 constexpr std::int32_t SQUARE = 500000;      // metres
@@ -59,8 +59,9 @@ double PreferFullValue(double address, double full) {
     return std::fabs(address - full) < 1.0 ? full : address;
 }
 
-KoordStatus FromGeodetic(const LetteredGrid& grid, const double latLon[2], LetterGridPayload* payload,
-                         const TmConstants* forward) {
+// The grid is a constant of each of the two conversions: its numbers are in the code.
+template <const LetteredGrid& grid>
+KoordStatus FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
     const DatumRow* datum = RowOf(forward->datum);
     if (!datum) return KOORD_ERR_DATUM;
     double easting, northing;
@@ -80,8 +81,8 @@ KoordStatus FromGeodetic(const LetteredGrid& grid, const double latLon[2], Lette
     const std::int32_t column = east / SUB_SQUARE % SUB_SQUARE_COLUMNS;
     const std::int32_t row = north / SUB_SQUARE % SUB_SQUARE_COLUMNS;
 
-    payload->square = LetterAt(grid.squares, square);
-    payload->subSquare = LetterAt(SUB_SQUARES, SUB_SQUARE_COLUMNS * row + column);
+    payload->square = grid.squares.LetterAt(square);
+    payload->subSquare = SUB_SQUARES.LetterAt(SUB_SQUARE_COLUMNS * row + column);
     payload->easting = east % SUB_SQUARE;
     payload->northing = north % SUB_SQUARE;
     payload->fullEasting = easting;
@@ -94,9 +95,10 @@ struct GridValues {
 };
 
 // The grid values that a payload's letters and metres stand for; false for letters that aren't the grid's.
-bool ResolveLetters(const LetteredGrid& grid, const LetterGridPayload& payload, GridValues* values) {
-    const std::int32_t square = LetterIndex(grid.squares, UpperCase(payload.square));
-    const std::int32_t subSquare = LetterIndex(SUB_SQUARES, UpperCase(payload.subSquare));
+template <const LetteredGrid& grid>
+bool ResolveLetters(const LetterGridPayload& payload, GridValues* values) {
+    const std::int32_t square = grid.squares.IndexOf(UpperCase(payload.square));
+    const std::int32_t subSquare = SUB_SQUARES.IndexOf(UpperCase(payload.subSquare));
     if (square == NO_LETTER || subSquare == NO_LETTER) return false;
 
     const double easting =
@@ -108,16 +110,17 @@ bool ResolveLetters(const LetteredGrid& grid, const LetterGridPayload& payload, 
     return true;
 }
 
-GridValues FullValues(const LetteredGrid& grid, const LetterGridPayload& payload) {
+template <const LetteredGrid& grid>
+GridValues FullValues(const LetterGridPayload& payload) {
     if (!grid.roundsFullValues) return {payload.fullEasting, payload.fullNorthing};
     return {std::trunc(payload.fullEasting + 0.5), std::trunc(payload.fullNorthing + 0.5)};
 }
 
-KoordStatus ToGeodetic(const LetteredGrid& grid, const LetterGridPayload* payload, double latLon[2],
-                       const TmConstants* inverse) {
-    GridValues values = FullValues(grid, *payload);
+template <const LetteredGrid& grid>
+KoordStatus ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants* inverse) {
+    GridValues values = FullValues<grid>(*payload);
     const bool hasLetters = payload->square != '\0' && payload->subSquare != '\0';
-    if (hasLetters && !ResolveLetters(grid, *payload, &values)) return KOORD_ERR_GRID_RANGE;
+    if (hasLetters && !ResolveLetters<grid>(*payload, &values)) return KOORD_ERR_GRID_RANGE;
     const DatumRow* datum = RowOf(inverse->datum);
     if (!datum) return KOORD_ERR_DATUM;
     TmInverseFromOrigin(values.easting, values.northing, grid.projection,
@@ -128,21 +131,21 @@ KoordStatus ToGeodetic(const LetteredGrid& grid, const LetterGridPayload* payloa
 }  // namespace
 
 KoordStatus BNG_FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
-    return FromGeodetic(BRITISH, latLon, payload, forward);
+    return FromGeodetic<BRITISH>(latLon, payload, forward);
 }
 
 KoordStatus ING_FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
-    return FromGeodetic(IRISH, latLon, payload, forward);
+    return FromGeodetic<IRISH>(latLon, payload, forward);
 }
 
 KoordStatus BNG_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants*,
                            const TmConstants* inverse) {
-    return ToGeodetic(BRITISH, payload, latLon, inverse);
+    return ToGeodetic<BRITISH>(payload, latLon, inverse);
 }
 
 KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants*,
                            const TmConstants* inverse) {
-    return ToGeodetic(IRISH, payload, latLon, inverse);
+    return ToGeodetic<IRISH>(payload, latLon, inverse);
 }
 
 }  // namespace tessara

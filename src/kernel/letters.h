@@ -2,6 +2,8 @@
 // alphabet's end, and upper-casing knows ASCII only, whatever the host's locale.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -23,6 +25,36 @@ inline constexpr std::int32_t NO_LETTER = -1;
 [[nodiscard]] constexpr char LetterAt(std::string_view alphabet, std::int32_t index) {
     return alphabet[static_cast<std::size_t>(index)];
 }
+
+// An alphabet of capital letters, which knows the place of each: a look-up instead of a search.
+class Alphabet {
+  public:
+    consteval Alphabet(const char* letters) : letters_(letters) {
+        indices_.fill(NO_LETTER);
+        for (const char letter : letters_)
+            indices_.at(PlaceOf(letter)) = static_cast<std::int8_t>(letters_.find(letter));
+    }
+
+    // The position of a letter, or NO_LETTER.
+    [[nodiscard]] constexpr std::int32_t IndexOf(char letter) const {
+        const std::size_t place = PlaceOf(letter);
+        return place < indices_.size() ? indices_[place] : NO_LETTER;
+    }
+
+    // The letter at a position that the alphabet has.
+    [[nodiscard]] constexpr char LetterAt(std::int32_t index) const {
+        return letters_[static_cast<std::size_t>(index)];
+    }
+
+  private:
+    // From A on; a byte that is no capital letter lies beyond them.
+    static constexpr std::size_t PlaceOf(char letter) {
+        return static_cast<std::uint8_t>(static_cast<unsigned char>(letter) - 'A');
+    }
+
+    std::string_view letters_;
+    std::array<std::int8_t, 26> indices_{};
+};
 
 [[nodiscard]] constexpr char UpperCase(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;

@@ -22,8 +22,10 @@ constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
 // The method's isometric latitude has the tangent of lat/2 + pi/4, and doubles near the sum are coarser than
 // the latitude: what doesn't move it off pi/4 lies on the equator and, as the double is short of pi/4, just
 // south of it; what doesn't move it beyond pi/2 isn't beyond the pole. Signs and limits are decided on this.
+// Of a latitude beyond half a turn the tangent sees the direction.
 double LatitudeAsSeen(double lat) {
     constexpr double justSouth = -6.123233995736766e-17;  // twice what the double is short by
+    if (!(std::fabs(lat) <= PI)) return std::atan2(std::sin(lat), std::cos(lat));
     const double sum = lat / 2.0 + QUARTER_PI;
     if (sum == QUARTER_PI) return justSouth;
     return sum == HALF_PI ? HALF_PI : lat;
@@ -40,10 +42,6 @@ Figure FigureOf(const TmConstants& c) {
     if (!row) return {std::nan(""), std::nan(""), ELLIPSOID_UNKNOWN};
     return {row->a, row->e2, row->ellipsoid};
 }
-
-struct LibraryFunctions {
-    static Direction DirectionOf(double angle) { return tessara::DirectionOf(angle); }
-};
 
 // Within a strip a latitude on the sphere and the transverse latitude of the same point differ by little, and
 // one follows from the other without a call into the mathematics library.
@@ -68,6 +66,35 @@ double ConformalLatitudeOf(double angle, Direction xi, double meridian, double s
     return angle - tangent * ArcTerms(-(tangent * tangent));
 }
 
+// The position in degrees of a point on the plane of an ellipsoid with the rectifying radius 1.
+void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralMeridian, double* lon,
+                   double* lat, const TmConstants& c) {
+    const Direction north = DirectionByDoubling<1>(ellipsoid.north);
+    const double sinhEast = SinhOfSmall(ellipsoid.east);
+    const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
+    const DoubleAngles angles{2.0 * north.sine * north.cosine,
+                              (north.cosine - north.sine) * (north.cosine + north.sine),
+                              2.0 * sinhEast * coshEast, 1.0 + 2.0 * sinhEast * sinhEast};
+    const Plane series = SineSeries(c.seriesCoef, angles);
+
+    // On the sphere.
+    const Direction xi = Difference(north, DirectionOfSmall(series.north));
+    const double sinhEta = SinhOfSmall(ellipsoid.east - series.east);
+    const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
+    const double meridian = std::sqrt(meridian2);
+    const double lambda = AtanOfSmall(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;
+    const double chi = ConformalLatitudeOf(ellipsoid.north - series.north, xi, meridian, sinhEta);
+
+    // Back to the ellipsoid.
+    const double perRadius2 = 1.0 / (1.0 + sinhEta * sinhEta);
+    const Direction twice{2.0 * xi.sine * meridian * perRadius2,
+                          (meridian2 - xi.sine * xi.sine) * perRadius2};
+    const double step = LatitudeStep(LATITUDE_SERIES[figure.ellipsoid], twice);
+    const double rest = RestOfIteration(-step, step, twice, figure.e2, LATITUDE_TOLERANCE);
+    *lon = lambda * DEGREES_PER_RADIAN;
+    *lat = (chi + (step + rest) - (HALF_PI_SHORT - HALF_PI)) * DEGREES_PER_RADIAN;
+}
+
 }  // namespace
 
 // Eastward a strip is narrow, and the functions of the longitude are short series.
@@ -80,8 +107,9 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
                 double* northing, const TmConstants* c) {
     const Figure figure = FigureOf(*c);
     const double phi = LatitudeAsSeen(lat);
-    const ConformalAngle conformal =
-        ConformalLatitude(phi, DirectionOf(phi), CONFORMAL_SERIES[figure.ellipsoid]);
+    // Far off the strip every digit of the latitude's cosine shows in the easting.
+    const Direction direction = IsSmall(dLon * dLon) ? DirectionByDoubling<1>(phi) : DirectionOf(phi);
+    const ConformalAngle conformal = ConformalLatitude(phi, direction, CONFORMAL_SERIES[figure.ellipsoid]);
     const Direction lambda = DirectionOfSmall(dLon);
     const double up = conformal.direction.sine;
     const double ahead = conformal.direction.cosine * lambda.cosine;
@@ -102,37 +130,14 @@ void TM_Inverse(double easting, double northing, double k, double falseEasting, 
                 double centralMeridian, double* lon, double* lat, const TmConstants* c) {
     const Figure figure = FigureOf(*c);
     const double perUnit = 1.0 / (k * figure.a * c->seriesCoef[0]);
-    const Plane ellipsoid{(northing - falseNorthing) * perUnit, (easting - falseEasting) * perUnit};
-    const Direction north = DirectionOf(ellipsoid.north);
-    const double sinhEast = SinhOfSmall(ellipsoid.east);
-    const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
-    const DoubleAngles angles{2.0 * north.sine * north.cosine,
-                              (north.cosine - north.sine) * (north.cosine + north.sine),
-                              2.0 * sinhEast * coshEast, 1.0 + 2.0 * sinhEast * sinhEast};
-    const Plane series = SineSeries(c->seriesCoef, angles);
-
-    // On the sphere.
-    const Direction xi = Difference(north, DirectionOfSmall(series.north));
-    const double sinhEta = SinhOfSmall(ellipsoid.east - series.east);
-    const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
-    const double meridian = std::sqrt(meridian2);
-    const double lambda = AtanOfSmall(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;
-    const double chi = ConformalLatitudeOf(ellipsoid.north - series.north, xi, meridian, sinhEta);
-
-    // Back to the ellipsoid.
-    const double perRadius2 = 1.0 / (1.0 + sinhEta * sinhEta);
-    const Direction twice{2.0 * xi.sine * meridian * perRadius2,
-                          (meridian2 - xi.sine * xi.sine) * perRadius2};
-    const double step = LatitudeStep(LATITUDE_SERIES[figure.ellipsoid], twice);
-    const double rest = RestOfIteration(-step, step, twice, figure.e2, LATITUDE_TOLERANCE);
-    *lon = lambda * DEGREES_PER_RADIAN;
-    *lat = (chi + (step + rest) - (HALF_PI_SHORT - HALF_PI)) * DEGREES_PER_RADIAN;
+    InverseOnUnit({(northing - falseNorthing) * perUnit, (easting - falseEasting) * perUnit}, figure,
+                  centralMeridian, lon, lat, *c);
 }
 
 double TmOriginNorthing(double degrees, const TmConstants& forward) {
     const Figure figure = FigureOf(forward);
-    return NorthingOnMeridian<LibraryFunctions>(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
-                                                CONFORMAL_SERIES[figure.ellipsoid], forward.seriesCoef);
+    return NorthingOnMeridian(LatitudeAsSeen(degrees * RADIANS_PER_DEGREE), figure.a,
+                              CONFORMAL_SERIES[figure.ellipsoid], forward.seriesCoef);
 }
 
 void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
@@ -146,9 +151,12 @@ void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double origi
 
 void TmInverseFromOrigin(double easting, double northing, const TmParams& p, double originNorth,
                          double latLon[2], const TmConstants& inverse) {
-    const double north = (northing - p.falseNorthing) / p.scale + originNorth;
-    const double east = (easting - p.falseEasting) / p.scale;
-    TM_Inverse(east, north, 1.0, 0.0, 0.0, 0.0, &latLon[1], &latLon[0], &inverse);
+    const Figure figure = FigureOf(inverse);
+    const double radius = figure.a * inverse.seriesCoef[0];
+    const double perUnit = 1.0 / (p.scale * radius);
+    const Plane ellipsoid{(northing - p.falseNorthing) * perUnit + originNorth / radius,
+                          (easting - p.falseEasting) * perUnit};
+    InverseOnUnit(ellipsoid, figure, 0.0, &latLon[1], &latLon[0], inverse);
     latLon[1] += p.originLongitude;
 }
 

@@ -1,7 +1,6 @@
 // The coefficients of the transverse Mercator series, for whoever computes constants from them.
 #pragma once
 
-#include "kernel/compile_time_math.h"
 #include "kernel/conformal_latitude.h"
 #include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
@@ -77,30 +76,21 @@ constexpr Plane SineSeries(const double c[5], const DoubleAngles& z) {
 }
 
 // What TM_Forward gives with scale 1 for the northing of a point on the central meridian, to the last bit: an
-// origin has its false northing exactly. The functions are those of the library or, for the compiler, ones
-// that are rounded right.
-template <class Functions>
+// origin has its false northing exactly.
 constexpr double NorthingOnMeridian(double phi, double a, const LatitudeSeries& conformal,
                                     const double c[5]) {
-    const auto [chi, direction] = ConformalLatitude(phi, Functions::DirectionOf(phi), conformal);
+    const auto [chi, direction] = ConformalLatitude(phi, DirectionByDoubling<1>(phi), conformal);
     const auto [up, ahead] = direction;
     const double twice = 2.0 / (up * up + ahead * ahead);
     const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), 0.0, 1.0};
     return a * (c[0] * chi + SineSeries(c, angles).north);
 }
 
-struct CompileTimeFunctions {
-    static constexpr Direction DirectionOf(double angle) {
-        return {static_cast<double>(compile_time::Sine(angle)),
-                static_cast<double>(compile_time::Cosine(angle))};
-    }
-};
-
 consteval double ComputeOriginNorthing(const EllipsoidFigure& figure, double degrees) {
     double coefficients[5];
     Evaluate(FORWARD_MATRIX, figure.EccentricitySquared(), coefficients);
-    return NorthingOnMeridian<CompileTimeFunctions>(degrees * RADIANS_PER_DEGREE, figure.a,
-                                                    ComputeConformalSeries(figure), coefficients);
+    return NorthingOnMeridian(degrees * RADIANS_PER_DEGREE, figure.a, ComputeConformalSeries(figure),
+                              coefficients);
 }
 
 // The northing of a latitude of origin, by the codes of the ellipsoids.

@@ -10,7 +10,7 @@
 #include "objects/axis_values.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
-#include "support/garbage.h"
+#include "support/garbage_records.h"
 #include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
@@ -509,7 +509,7 @@ TEST(AverageRecords, GarbageEnds) {
         tagKOORD records[2];
         const std::int32_t type = random.Below(KOORD_TYPE_COUNT);
         for (tagKOORD& record : records) {
-            record = testing::Garbage(random.Below(2) == 0 ? 2 : 8, type, random);
+            record = testing::ArbitraryPayload(random, random.Below(2) == 0 ? 2 : 8, type);
         }
         HasMean(records[0], records[1]);
     }

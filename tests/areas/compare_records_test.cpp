@@ -8,7 +8,7 @@
 
 #include "areas/system_extremes.h"
 #include "objects/default_koord.h"
-#include "support/garbage.h"
+#include "support/garbage_records.h"
 #include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
@@ -441,7 +441,7 @@ TEST(CompareRecords, GarbageEnds) {
         tagKOORD records[2];
         const std::int32_t type = random.Below(KOORD_TYPE_COUNT);
         for (tagKOORD& record : records) {
-            record = testing::Garbage(2, type, random);
+            record = testing::ArbitraryPayload(random, 2, type);
         }
         for (const Axis axis : {Axis::North, Axis::East}) {
             const std::int32_t order = Compare_Records(axis, records[0], records[1]);

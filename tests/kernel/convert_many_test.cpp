@@ -129,17 +129,38 @@ TEST(KoordConvertMany, SeesEveryParameterOfAProjection) {
 }
 
 TEST(KoordConvertMany, GivesWhatOneCallARecordGivesForGarbage) {
-    testing::Engine random(7);
+    testing::Random random(7);
     Records sources, targets;
     for (int i = 0; i < 20000; ++i) {
         // Runs of some length, or else the parameters never stay.
         const bool begins = i % 4 == 0;
-        sources.push_back(begins ? testing::Garbage(random) : sources.back());
-        targets.push_back(begins ? testing::Garbage(random) : targets.back());
-        if (!begins) testing::Mutate(random, i % 2 == 0 ? sources.back() : targets.back());
+        sources.push_back(begins ? testing::GarbageRecord(random) : sources.back());
+        targets.push_back(begins ? testing::GarbageRecord(random) : targets.back());
+        if (!begins) testing::Mutate(random, i % 2 == 0 ? &sources.back() : &targets.back());
     }
     ExpectAsOneCallARecord(sources, targets, 0);
     ExpectAsOneCallARecord(sources, targets, 1);
+}
+
+// Each record is its own target, or the source of the next one; what a failure leaves behind is read, too.
+TEST(KoordConvertMany, GivesWhatOneCallARecordGivesForGarbageThatOverlaps) {
+    testing::Random random(8);
+    for (const std::size_t ahead : {0u, 1u}) {
+        Records records;
+        for (int i = 0; i < 20000; ++i) {
+            records.push_back(i % 3 == 0 ? testing::GarbageRecord(random) : records.back());
+            if (i % 3 != 0) testing::Mutate(random, &records.back());
+        }
+        const std::size_t count = records.size() - ahead;
+        Records single = records;
+        Statuses singleStatus(count), status(count, UNTOUCHED);
+        for (std::size_t i = 0; i < count; ++i)
+            singleStatus[i] = KoordConvertEx(&single[i], &single[i + ahead], 0);
+        KoordConvertMany(records.data(), records.data() + ahead, count, 0, status.data());
+        EXPECT_EQ(status, singleStatus);
+        for (std::size_t i = 0; i < records.size(); ++i)
+            ASSERT_TRUE(SameBytes(records[i], single[i])) << i;
+    }
 }
 
 TEST(KoordConvertMany, AFailureEndsNothingAndTheFirstIsReturned) {

@@ -23,18 +23,17 @@ int Conversions() {
     return wanted != nullptr ? std::stoi(wanted) : DEFAULT_CONVERSIONS;
 }
 
-using testing::Below;
-using testing::Garbage;
+using testing::GarbageRecord;
 
 class GarbageRecords : public ::testing::TestWithParam<int> {};
 
 TEST_P(GarbageRecords, EndInTimeWithAnyTarget) {
-    testing::Engine random(static_cast<std::uint64_t>(GetParam()));
+    testing::Random random(static_cast<std::uint64_t>(GetParam()));
     const int conversions = Conversions();
     for (int i = 0; i < conversions; ++i) {
-        const tagKOORD source = Garbage(random);
-        const tagKOORD target = Garbage(random);
-        const auto check = static_cast<std::int32_t>(Below(random, 2));
+        const tagKOORD source = GarbageRecord(random);
+        const tagKOORD target = GarbageRecord(random);
+        const auto check = random.Below(2);
         const auto convert = [&source, &target, check] {
             tagKOORD result = target;
             KoordConvertEx(&source, &result, check);

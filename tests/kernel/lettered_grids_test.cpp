@@ -106,6 +106,18 @@ void ExpectRefused(const Grid& grid, const std::string& letters) {
     EXPECT_EQ(latLon[1], 2.0);
 }
 
+// Of a latitude the projection sees the tangent of its half, which a whole turn further is the same.
+TEST(BritishGrid, ALatitudeAWholeTurnFurtherIsTheSame) {
+    LetterGridPayload payload{};
+    LetterGridPayload turned{};
+    EXPECT_EQ(British().Forward(52.0, -1.0, &payload), KOORD_OK);
+    EXPECT_EQ(British().Forward(52.0 + 360.0, -1.0, &turned), KOORD_OK);
+    EXPECT_EQ(Letters(turned), Letters(payload));
+    EXPECT_NEAR(turned.fullEasting, payload.fullEasting, METRES);
+    EXPECT_NEAR(turned.fullNorthing, payload.fullNorthing, METRES);
+    EXPECT_EQ(British().Forward(52.0 + 180.0, -1.0, &turned), KOORD_ERR_GRID_RANGE);
+}
+
 // The water tower at Caister, worked example of the Ordnance Survey's guide: published to the millimetre and
 // to 1e-4 seconds.
 TEST(BritishGrid, GivesTheWorkedExampleCaister) {

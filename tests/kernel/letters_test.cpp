@@ -26,6 +26,23 @@ TEST(HasIndex, HoldsForThePositionsOfTheAlphabetOnly) {
     EXPECT_FALSE(HasIndex("VWXYZ", INT32_MAX));
 }
 
+constexpr Alphabet ALPHABET = "VWXYZA";
+
+TEST(Alphabet, KnowsThePlaceOfEachOfItsLetters) {
+    for (std::int32_t index = 0; index < 6; ++index)
+        EXPECT_EQ(ALPHABET.IndexOf(ALPHABET.LetterAt(index)), index);
+    EXPECT_EQ(ALPHABET.LetterAt(0), 'V');
+    EXPECT_EQ(ALPHABET.LetterAt(5), 'A');
+}
+
+TEST(Alphabet, HasNoPlaceForAnyOtherByte) {
+    const std::string_view letters = "VWXYZA";
+    for (int byte = 0; byte < 256; ++byte) {
+        const char letter = static_cast<char>(byte);
+        EXPECT_EQ(ALPHABET.IndexOf(letter), LetterIndex(letters, letter)) << byte;
+    }
+}
+
 TEST(UpperCase, ChangesTheSmallLettersOfAsciiOnly) {
     EXPECT_EQ(UpperCase('a'), 'A');
     EXPECT_EQ(UpperCase('z'), 'Z');

@@ -90,6 +90,20 @@ TEST(TmForward, IsItsWrittenForm) {
     }
 }
 
+// A tangent has two angles: beyond a quarter turn the written form gives the wrong one, and so does the
+// kernel. Of a latitude beyond half a turn its tangent sees the direction.
+TEST(TmForward, IsItsWrittenFormFarFromTheMeridianAndFromTheGlobe) {
+    Random random(1913);
+    for (int i = 0; i < TRIALS; ++i) {
+        const TmConstants c = ForwardConstants(random.Below(DATUM_COUNT));
+        const double lat = (random.Between(-89.0, 89.0) + 360.0 * (random.Below(5) - 2)) * DEGREE;
+        const double dLon = (random.Between(-75.0, 75.0) + 180.0 * (random.Below(9) - 4)) * DEGREE;
+        SCOPED_TRACE(::testing::Message() << "datum " << c.datum << " lat " << lat << " dLon " << dLon);
+        CompareForward(dLon, lat, 0.9996, c);
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
 TEST(TmInverse, IsItsWrittenForm) {
     Random random(1913);
     for (int i = 0; i < TRIALS; ++i) {
@@ -111,6 +125,30 @@ TEST(TmInverse, IsItsWrittenForm) {
         ExpectNear(actualLat, expectedLat, Degrees(expectedLat), "lat");
         // The meridians close up: the same shift on the ground is more of longitude.
         ExpectNear(actualLon, expectedLon, Degrees(expectedLon) / std::cos(lat * DEGREE), "lon");
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+// Northings of up to a turn and a half around the meridian, and eastings of up to 20 degrees.
+TEST(TmInverse, IsItsWrittenFormBeyondThePoles) {
+    Random random(1914);
+    for (int i = 0; i < TRIALS; ++i) {
+        const TmConstants c = InverseConstants(random.Below(DATUM_COUNT));
+        const double easting = random.Between(-2.2e6, 2.2e6);
+        const double northing = random.Between(-6e7, 6e7);
+        long double expectedLon = 0.0L;
+        long double expectedLat = 0.0L;
+        reference::TmInverse<long double>(easting, northing, 0.9996, 0.0L, 0.0L, 9.0L, &expectedLon,
+                                          &expectedLat, c);
+        const double atPole = std::cos(static_cast<double>(expectedLat) * DEGREE);
+        if (atPole < 0.01) continue;
+        double lon = 0.0;
+        double lat = 0.0;
+        TM_Inverse(easting, northing, 0.9996, 0.0, 0.0, 9.0, &lon, &lat, &c);
+        SCOPED_TRACE(::testing::Message() << "datum " << c.datum << ' ' << easting << ' ' << northing);
+        // The angle of the northing is a double of up to a turn and a half.
+        ExpectNear(lat, expectedLat, Degrees(540.0), "lat");
+        ExpectNear(lon, expectedLon, Degrees(540.0) / atPole, "lon");
         if (::testing::Test::HasFailure()) return;
     }
 }
@@ -295,6 +333,35 @@ TEST(Molodensky, IsItsWrittenForm) {
     }
 }
 
+// The last place of a longitude is 2.8e-14 degrees.
+TEST(Molodensky, OffThePolesIsItsWrittenFormToTheLastPlaces) {
+    constexpr double lastPlaces = 5e-14;
+    Random random(8351);
+    for (int i = 0; i < TRIALS; ++i) {
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        HubParams toHub;
+        HubParams fromHub;
+        Datum_LoadToHub(datum, &toHub);
+        Datum_LoadFromHub(datum, &fromHub);
+        const double lat = random.Between(-89.0, 89.0);
+        const double lon = random.Between(-180.0, 180.0);
+        double in[2] = {lat, lon};
+        long double expectedIn[2] = {lat, lon};
+        Molodensky_ToHub(in, &toHub);
+        reference::MolodenskyApply(toHub, expectedIn, true);
+        double out[2] = {lat, lon};
+        long double expectedOut[2] = {lat, lon};
+        Molodensky_FromHub(out, &fromHub, datum);
+        reference::MolodenskyFromHub(expectedOut, fromHub, toHub);
+        SCOPED_TRACE(::testing::Message() << "datum " << datum << ' ' << lat << ' ' << lon);
+        for (int k = 0; k < 2; ++k) {
+            ExpectNear(in[k], expectedIn[k], lastPlaces, "in");
+            ExpectNear(out[k], expectedOut[k], lastPlaces, "out");
+        }
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
 TEST(Molodensky, IsNotANumberWhereItsWrittenFormIsNot) {
     HubParams toHub;
     HubParams fromHub;
@@ -437,7 +504,7 @@ TEST(CHToGeodetic, IsItsWrittenForm) {
     const reference::Swiss<long double> swiss;
     Random random(1904);
     for (int i = 0; i < TRIALS; ++i) {
-        const double reach = i % 2 == 0 ? 10.0 : 1.0;
+        const double reach = i % 3 == 0 ? 25.0 : i % 3 == 1 ? 10.0 : 1.0;
         const GridPayload payload{6e5 + reach * random.Between(-4e5, 4e5),
                                   2e5 + reach * random.Between(-4e5, 4e5)};
         double actual[2];

@@ -10,7 +10,7 @@
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
-#include "support/garbage.h"
+#include "support/garbage_records.h"
 #include "support/plain_records.h"
 #include "support/positions.h"
 #include "support/random.h"
@@ -516,7 +516,8 @@ TEST(KoordShift, EverySystemShiftsFromItsDefaultPosition) {
 TEST(KoordShift, GarbageEnds) {
     Random random(17);
     for (int i = 0; i < 4000; ++i) {
-        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        tagKOORD record = testing::ArbitraryPayload(random, datum, random.Below(KOORD_TYPE_COUNT));
         tagKOORD moved = record;
         const Axis axis = i % 2 == 0 ? Axis::East : Axis::North;
         EXPECT_TRUE(Koord_Shift(axis, random.Between(-10.0, 10.0), &moved) || SameRecord(moved, record));

@@ -7,7 +7,7 @@
 
 #include "objects/axis_values.h"
 #include "objects/zones.h"
-#include "support/garbage.h"
+#include "support/garbage_records.h"
 #include "support/random.h"
 #include "support/records.h"
 #include "support/reference_file.h"
@@ -539,7 +539,8 @@ TEST(ZoneLimits, AnEastingThatIsNoNumberHasNoLimit) {
 TEST(ZoneBorders, GarbageEnds) {
     Random random(7);
     for (int i = 0; i < 3000; ++i) {
-        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        tagKOORD record = testing::ArbitraryPayload(random, datum, random.Below(KOORD_TYPE_COUNT));
         const auto direction = static_cast<Compass>(random.Below(COMPASS_COUNT));
         tagKOORD border = record;
         EXPECT_TRUE(Zones_MoveToBorder(direction, &border) || SameRecord(border, record));

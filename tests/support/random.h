@@ -1,6 +1,7 @@
 // Random numbers that are the same on every platform and in every run.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <random>
 
@@ -15,9 +16,17 @@ class Random {
         return low + (high - low) * static_cast<double>(engine_() >> 11) * 0x1p-53;
     }
 
+    [[nodiscard]] std::uint64_t Bits() { return engine_(); }
+    [[nodiscard]] std::int32_t AnyInt32() { return static_cast<std::int32_t>(engine_()); }
+
     // One of 0..count-1.
     [[nodiscard]] std::int32_t Below(std::int32_t count) {
         return static_cast<std::int32_t>(engine_() % static_cast<std::uint64_t>(count));
+    }
+
+    template <class T, std::size_t N>
+    [[nodiscard]] T OneOf(const T (&values)[N]) {
+        return values[engine_() % N];
     }
 
   private:

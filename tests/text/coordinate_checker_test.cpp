@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "support/garbage.h"
+#include "support/garbage_records.h"
 #include "support/legal_positions.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -234,7 +234,8 @@ TEST_F(CoordinateCheckerTest, NullAndForeignObjectsAreFailures) {
 TEST_F(CoordinateCheckerTest, GarbageIsAnswered) {
     testing::Random random(4300);
     for (int i = 0; i < 20000; ++i) {
-        tagKOORD record = testing::Garbage(random.Below(DATUM_COUNT), random.Below(KOORD_TYPE_COUNT), random);
+        const std::int32_t datum = random.Below(DATUM_COUNT);
+        tagKOORD record = testing::ArbitraryPayload(random, datum, random.Below(KOORD_TYPE_COUNT));
         const bool answer = Check(record);
         if (!answer || record.type <= KOORD_FLOATPIXEL) continue;
         tagKOORD position = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);

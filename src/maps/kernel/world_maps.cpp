@@ -19,7 +19,8 @@ struct PlanePoint {
 // of the parallel on the central meridian, never nearer to the origin than that. The centres are (0, F) and
 // (-C, 0), the radii E and D. The coefficients are multiplied out with D^2 - C^2 = A^2, F - E = |y0| and
 // F + E = A^3 / y0^2: beside the central meridian and the parallel of origin the squares themselves are so
-// large that their differences would be off by kilometres.
+// large that their differences would be off by kilometres. As |y0| is at most A and F + E at least A, T isn't
+// positive and w at least |Q|: what the method refuses are roundings, which are gone with the differences.
 bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
     const double s = 2.0 * std::atan2(lambda, PI);
     const double height = std::fabs(y0);
