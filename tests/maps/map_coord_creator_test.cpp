@@ -178,6 +178,26 @@ TEST_F(MapCoordCreatorTest, LeavesWhatHasNoPixel) {
     EXPECT_FALSE(munich->ConvertCoord(IRef<ICoord>(NewObject<HostCoord>()).Get()));
 }
 
+// Has two numbers to give, and takes no record.
+class HostPixel : public HostCoord {
+  public:
+    bool GetPixel(double* x, double* y) override {
+        *x = *y = 1.0;
+        return true;
+    }
+    bool GetReference(ICoordinateReference* target) override {
+        const IRef<ICoordinateReference> reference(target);
+        return reference.IsValid() && reference->SetDatum(2) && reference->SetSystem(KOORD_FLOATPIXEL);
+    }
+
+  protected:
+    ~HostPixel() = default;
+};
+
+TEST_F(MapCoordCreatorTest, APixelOfTheHostCantBeWritten) {
+    EXPECT_FALSE(munich->ConvertCoord(IRef<ICoord>(NewObject<HostPixel>()).Get()));
+}
+
 TEST_F(MapCoordCreatorTest, ConvertsAListUpToTheFirstFailure) {
     const IRef<ICoord> first = CoordOf(GeodezRecord(48.0, 11.0));
     const IRef<ICoord> pole = CoordOf(GeodezRecord(89.0, 11.0));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <cmath>
 #include <limits>
 
 #include "areas/system_extremes.h"
@@ -280,6 +281,16 @@ TEST(KoordShift, GridsEndOnTheirLimitsAndSnapOntoThem) {
         EXPECT_TRUE(Refuses(Axis::North, g.north - n + 0.0002, middle));
         EXPECT_TRUE(Refuses(Axis::North, g.south - n - 0.0002, middle));
     }
+}
+
+TEST(KoordShift, AToleranceBeyondALimitIsStillOnIt) {
+    // From the limit 0 the numbers are exact.
+    const tagKOORD corner = Grid(KOORD_LUREF, 0.0, 1e5);
+    EXPECT_TRUE(SameRecord(East(-1e-4, corner), corner));
+    EXPECT_TRUE(Refuses(Axis::East, std::nextafter(-1e-4, -1.0), corner));
+    const tagKOORD squares = LetterGrid(KOORD_BNG, "SV", 0.0, 1e5, 0.0, 1e5);
+    EXPECT_TRUE(SameRecord(East(-1e-4, squares), squares));
+    EXPECT_TRUE(Refuses(Axis::East, std::nextafter(-1e-4, -1.0), squares));
 }
 
 TEST(KoordShift, ProjectedWorldsShiftBetweenTheirExtremes) {
