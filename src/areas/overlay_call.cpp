@@ -1,6 +1,7 @@
 #include "areas/overlay_call.h"
 
 #include "areas/polygon_overlay.h"
+#include "areas/polygon_reading.h"
 #include "geometry/line_reading.h"
 #include "tessara/coordinate_area.h"
 

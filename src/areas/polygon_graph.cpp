@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <unordered_map>
 
 #include "areas/polygon_pairs.h"
@@ -17,7 +16,7 @@ class NodeTable {
 
     // The node at a place: one within the grain, or a new one.
     std::size_t At(const PlanePoint& place) {
-        const Cell home = CellOf(place);
+        const PlanePoint home = CellOf(place);
         for (const double x : {home.x - 1.0, home.x, home.x + 1.0}) {
             for (const double y : {home.y - 1.0, home.y, home.y + 1.0}) {
                 const auto [begin, end] = cells_.equal_range({x, y});
@@ -34,19 +33,8 @@ class NodeTable {
     [[nodiscard]] const std::vector<PlanePoint>& Nodes() const { return nodes_; }
 
   private:
-    struct Cell {
-        double x, y;
-        bool operator==(const Cell&) const = default;
-    };
-    struct CellHash {
-        std::size_t operator()(const Cell& cell) const {
-            const std::hash<double> hash;
-            return hash(cell.x) * 31 + hash(cell.y);
-        }
-    };
-
     // Cells are two grains wide, so that rounding can't put near places two cells apart.
-    [[nodiscard]] Cell CellOf(const PlanePoint& p) const {
+    [[nodiscard]] PlanePoint CellOf(const PlanePoint& p) const {
         return {std::floor(p.x / grain_ / 2.0), std::floor(p.y / grain_ / 2.0)};
     }
     [[nodiscard]] bool IsNear(std::size_t node, const PlanePoint& p) const {
@@ -55,7 +43,7 @@ class NodeTable {
 
     double grain_;
     std::vector<PlanePoint> nodes_;
-    std::unordered_multimap<Cell, std::size_t, CellHash> cells_;
+    std::unordered_multimap<PlanePoint, std::size_t, PlaceHash> cells_;
 };
 
 // An edge of one of the outlines.
