@@ -57,13 +57,12 @@ struct Segment {
     }
 };
 
-// Two segments that run along each other for a while.
-bool ShareTwoNodes(const Segment& a, const Segment& b) {
+bool ShareANode(const Segment& a, const Segment& b) {
     const bool isShorter = a.touched.size() <= b.touched.size();
     const Segment& few = isShorter ? a : b;
     const Segment& many = isShorter ? b : a;
-    return std::count_if(few.touched.begin(), few.touched.end(),
-                         [&](std::size_t node) { return many.Touches(node); }) >= 2;
+    return std::any_of(few.touched.begin(), few.touched.end(),
+                       [&](std::size_t node) { return many.Touches(node); });
 }
 
 // Makes the graph. What a vertex of one outline touches is found before crossings are looked for, so that the
@@ -134,8 +133,10 @@ class GraphMaker {
         VisitNearPairs(boxes, [&](std::size_t i, std::size_t j) { Cross(&segments_[i], &segments_[j]); });
     }
 
+    // Straight lines that meet in a node meet nowhere else, or they run along each other and have their ends
+    // as nodes. Where that is so to a rounding, the parameters of a crossing would be anything.
     void Cross(Segment* p, Segment* q) {
-        if (ShareTwoNodes(*p, *q)) return;
+        if (ShareANode(*p, *q)) return;
         // Copies: the table grows.
         const PlanePoint a = Place(p->from);
         const PlanePoint b = Place(p->to);
@@ -145,16 +146,9 @@ class GraphMaker {
         if (!(t >= 0.0 && t <= 1.0)) return;
         const double s = LineParameter(c, d, a, b);
         if (!(s >= 0.0 && s <= 1.0)) return;
-        const auto nodeOfCrossing = [&] {
-            if (t == 0.0) return p->from;
-            if (t == 1.0) return p->to;
-            if (s == 0.0) return q->from;
-            if (s == 1.0) return q->to;
-            PlanePoint place{};
-            PointOnSegments(a, b, c, d, t, &place);
-            return table_.At(place);
-        };
-        const std::size_t node = nodeOfCrossing();
+        PlanePoint place{};
+        PointOnSegments(a, b, c, d, t, &place);
+        const std::size_t node = table_.At(place);
         p->crossed.push_back(node);
         q->crossed.push_back(node);
     }

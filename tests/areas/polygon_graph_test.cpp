@@ -39,6 +39,22 @@ TEST(GraphOf, RunsOfBothOutlinesAlongOnePieceAreCounted) {
     EXPECT_EQ(shared, 1);
 }
 
+// The products that tell whether they are parallel are rounded, and so is the quotient that would tell where
+// they cross.
+TEST(GraphOf, EdgesOnOneLineFromOneNodeMeetNowhereElse) {
+    testing::Random random(3);
+    for (int k = 0; k < 3000; ++k) {
+        const PlanePoint direction{random.Between(-100, 100), random.Between(-100, 100)};
+        const auto at = [&](double t) { return PlanePoint{t * direction.x, t * direction.y}; };
+        const double first = random.Between(0.1, 1.9);
+        const double second = random.Between(2.1, 9);
+        const OutlineGraph graph = GraphOf({at(first), at(2)}, {at(second), at(2)}, 1e-12);
+        ASSERT_EQ(graph.nodes.size(), 3u) << k;
+        ASSERT_EQ(graph.pieces.size(), 2u) << k;
+        ASSERT_TRUE(graph.doOutlinesTouch);
+    }
+}
+
 TEST(GraphOf, AWayThereAndBackSeparatesNothing) {
     const OutlineGraph graph = GraphOf({{0, 0}, {4, 0}}, {{9, 9}}, GRAIN);
     ASSERT_EQ(graph.pieces.size(), 1u);

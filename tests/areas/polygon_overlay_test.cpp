@@ -191,6 +191,39 @@ TEST(OverlayVertices, TurnedScaledAndMovedExamplesStayWhatTheyAre) {
     }
 }
 
+// Upright, the edges of skylines run along each other exactly and end in each other's vertices exactly.
+// Turned, both is so to a rounding only, and nothing may change but the directions.
+TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
+    testing::Random random(9);
+    for (int k = 0; k < 4000; ++k) {
+        SCOPED_TRACE(k);
+        const auto skyline = [&] {
+            return testing::RandomSkyline(random, 1 + random.Below(8), random.Below(6), random.Below(3));
+        };
+        const double angle = random.Between(0, 6.28);
+        const double scale = random.Between(0.5, 2000);
+        const auto turn = [&](Outline outline) {
+            for (PlanePoint& p : outline) {
+                p = {scale * (p.x * std::cos(angle) - p.y * std::sin(angle)),
+                     scale * (p.x * std::sin(angle) + p.y * std::cos(angle))};
+            }
+            return outline;
+        };
+        const Outline first = skyline();
+        const Outline second = skyline();
+        OverlayParts upright;
+        OverlayParts turned;
+        ASSERT_EQ(OverlayVertices(turn(first), turn(second), TOLERANCE, &turned),
+                  OverlayVertices(first, second, TOLERANCE, &upright));
+        // A rounding of 1e-15 of the place along outlines of some 40, in units of the raster.
+        const double square = scale * scale;
+        EXPECT_NEAR(AreaOf(turned.neither) / square, AreaOf(upright.neither), 1e-11);
+        EXPECT_NEAR(AreaOf(turned.onlySecond) / square, AreaOf(upright.onlySecond), 1e-11);
+        EXPECT_NEAR(AreaOf(turned.onlyFirst) / square, AreaOf(upright.onlyFirst), 1e-11);
+        EXPECT_NEAR(AreaOf(turned.both) / square, AreaOf(upright.both), 1e-11);
+    }
+}
+
 TEST(OverlayVertices, PartsAreClosedAndRunThroughTheCrossings) {
     OverlayParts parts;
     ASSERT_EQ(OverlayVertices(SQUARE, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_CROSSING);
