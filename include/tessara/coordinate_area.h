@@ -167,10 +167,10 @@ class ICoordinateArea : public IUnknown {
                                        IArray* both) = 0;
     // Takes a polygon that crosses itself apart into simple ones: closed lists of FLOATPIXEL coordinates on
     // the map's datum, in place of what `parts` held. Edges are straight on the map. The walk along the
-    // polygon cuts off each loop when it comes back to a vertex or a crossing; what is left comes last. A
-    // polygon that doesn't cross itself is one part, and so are fewer than four vertices; an empty one has
-    // none. False for a null or wrong object, an invalid pixel and a position without a pixel; `parts` is
-    // then unchanged.
+    // polygon cuts off each loop when it comes back to a vertex or a crossing, also one that only goes there
+    // and back and has three vertices, the last one its first; what is left comes last. A polygon that
+    // doesn't cross itself is one part, and so are fewer than four vertices; an empty one has none. False for
+    // a null or wrong object, an invalid pixel and a position without a pixel; `parts` is then unchanged.
     virtual bool SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) = 0;
 
   protected:

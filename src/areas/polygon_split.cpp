@@ -10,7 +10,6 @@ namespace tessara {
 namespace {
 
 constexpr std::size_t FEWEST_OF_CROSSING = 5;
-constexpr std::size_t FEWEST_OF_PART = 3;
 
 // A place on an edge at which the walk stops, by its parameter on the edge.
 struct Stop {
@@ -122,7 +121,6 @@ class LoopCutter {
         path_.erase(first, path_.end());
         for (const PlanePoint& place : loop)
             positions_.erase(place);
-        if (loop.size() < FEWEST_OF_PART) return;
         loop.push_back(loop.front());
         parts_.push_back(std::move(loop));
     }

@@ -73,6 +73,13 @@ TEST_F(SplitPolygonTest, SmallPolygonsAreOnePart) {
     EXPECT_EQ(parts->GetCount(), 0u);
 }
 
+TEST_F(SplitPolygonTest, AWayThereAndBackIsAPartOfThreeVertices) {
+    ASSERT_TRUE(Split(PixelPolygon({{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}})));
+    ASSERT_EQ(parts->GetCount(), 2u);
+    EXPECT_EQ(OutlineOf(Part(parts, 0)), (Outline{{2, 4}, {2, 9}, {2, 4}}));
+    EXPECT_EQ(Part(parts, 1)->GetCount(), 6u);
+}
+
 TEST_F(SplitPolygonTest, AFailureLeavesTheParts) {
     const auto invalid = SquareWith(EmptyCoord(2, KOORD_FLOATPIXEL).Get());
     const auto torn = LineOf({GeodezRecord(48, 8), Nowhere(), GeodezRecord(49, 9)});
