@@ -137,11 +137,13 @@ class ICoordinateArea : public IUnknown {
     // lists get their parts in place of what they held, in no particular order, and are empty for every other
     // result.
     //
-    // The areas decide: polygons that only touch share none, and one inside the other may touch it from
-    // inside. Where the outlines touch, one that crosses itself counts by the even-odd rule. Vertices and
-    // crossings closer together than the tolerance, or than a few roundings, are one. A polygon inside
-    // another without touching it is OVERLAY_FIRST_INSIDE or OVERLAY_SECOND_INSIDE, and no ring is made of
-    // the two. An empty polygon shares no area with any.
+    // Where the outlines touch or cross, the areas decide: polygons that only touch share none, and one
+    // inside the other may touch it from inside. An outline that crosses itself then counts by the even-odd
+    // rule. Vertices and crossings closer together than a few roundings of the largest coordinate are one.
+    //
+    // Where they don't, OVERLAY_FIRST_INSIDE or OVERLAY_SECOND_INSIDE says that the first vertex of a polygon
+    // lies inside the other as IsInsidePixels tells it, within the tolerance of an edge, too; no ring is made
+    // of the two. An empty polygon shares no area with any.
     //
     // OVERLAY_FAILURE for a null or wrong object, an element that is no coordinate, a position without a
     // pixel and pixels that are no numbers or beyond 1e150. The lists are then as they were, or emptied where

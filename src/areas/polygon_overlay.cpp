@@ -20,14 +20,15 @@ bool AreUsable(const Outline& outline) {
     });
 }
 
-// How close together two places are one.
-double Grain(const Outline& first, const Outline& second, double tolerance) {
+// How close together two places are one. The tolerance for points on edges has no say here: what a host finds
+// near enough to point at may be larger than the polygons.
+double Grain(const Outline& first, const Outline& second) {
     double largest = 0.0;
     for (const Outline* outline : {&first, &second}) {
         for (const PlanePoint& p : *outline)
             largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
     }
-    return std::max(tolerance, ROUNDINGS * std::numeric_limits<double>::epsilon() * (1.0 + largest));
+    return ROUNDINGS * std::numeric_limits<double>::epsilon() * (1.0 + largest);
 }
 
 std::int32_t CompareApart(const Outline& first, const Outline& second, double tolerance) {
@@ -65,7 +66,7 @@ std::int32_t OverlayVertices(const Outline& first, const Outline& second, double
     *parts = {};
     if (first.empty() || second.empty()) return OVERLAY_APART;
     if (!AreUsable(first) || !AreUsable(second)) return OVERLAY_FAILURE;
-    const double grain = Grain(first, second, tolerance);
+    const double grain = Grain(first, second);
     const OutlineGraph graph = GraphOf(first, second, grain);
     if (!graph.doOutlinesTouch) return CompareApart(first, second, tolerance);
 

@@ -287,11 +287,16 @@ TEST_F(OverlayCallTest, InputsStayAsTheyAre) {
 }
 
 TEST_F(OverlayCallTest, TheObjectsToleranceCounts) {
-    const auto square = Rectangle(0, 0, 4, 4);
-    const auto nearly = Rectangle(0.01, 0.01, 4.01, 4.01);
-    EXPECT_EQ(Run(Kind::NoMap, square, nearly), OVERLAY_CROSSING);
-    ASSERT_TRUE(area->SetTolerance(0.1));
-    EXPECT_EQ(Run(Kind::NoMap, square, nearly), OVERLAY_EQUAL);
+    // The first vertex is 0.2 / 1.414 = 0.14 beyond the diamond's edge on x + y = 4.
+    const auto diamond = PixelPolygon({{0, -4}, {4, 0}, {0, 4}, {-4, 0}});
+    const auto beside = Rectangle(2.1, 2.1, 3, 3);
+    for (const Kind kind : KINDS) {
+        ASSERT_TRUE(area->SetTolerance(0.1));
+        EXPECT_EQ(Run(kind, beside, diamond), OVERLAY_APART);
+        ASSERT_TRUE(area->SetTolerance(0.2));
+        EXPECT_EQ(Run(kind, beside, diamond), OVERLAY_FIRST_INSIDE);
+        EXPECT_EQ(Run(kind, diamond, beside), OVERLAY_SECOND_INSIDE);
+    }
 }
 
 TEST_F(OverlayCallTest, ObjectsOfCountZeroMayBeArguments) {

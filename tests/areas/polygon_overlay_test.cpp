@@ -293,14 +293,31 @@ TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
     EXPECT_NEAR(AreaOf(parts.onlyFirst), 46, 1e-12);
 }
 
-TEST(OverlayVertices, NearerThanTheToleranceIsTheSamePlace) {
-    OverlayParts parts;
+// Whether outlines cross and into what they cut each other is asked of the outlines alone.
+TEST(OverlayVertices, TheToleranceMovesNoVertex) {
     const Outline nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
-    EXPECT_EQ(OverlayVertices(SQUARE, nearly, TOLERANCE, &parts), OVERLAY_CROSSING);
-    EXPECT_EQ(OverlayVertices(SQUARE, nearly, 0.1, &parts), OVERLAY_EQUAL);
-    EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), TOLERANCE, &parts), OVERLAY_APART);
-    EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), 0.1, &parts), OVERLAY_TOUCHING);
-    EXPECT_EQ(OverlayVertices(SQUARE, nearly, INF, &parts), OVERLAY_APART) << "everything is one place";
+    for (const double tolerance : {0.0, TOLERANCE, 0.1, 100.0, INF}) {
+        OverlayParts parts;
+        EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), tolerance, &parts), OVERLAY_APART);
+        EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4, 1, 6, 3), tolerance, &parts), OVERLAY_TOUCHING);
+        EXPECT_EQ(OverlayVertices(SQUARE, SQUARE, tolerance, &parts), OVERLAY_EQUAL);
+        ASSERT_EQ(OverlayVertices(SQUARE, nearly, tolerance, &parts), OVERLAY_CROSSING);
+        ExpectAreas(parts.both, {3.99 * 3.99});
+        ExpectAreas(parts.onlyFirst, {16 - 3.99 * 3.99});
+        ExpectAreas(parts.onlySecond, {16 - 3.99 * 3.99});
+    }
+}
+
+TEST(OverlayVertices, APolygonWithinTheToleranceOfAnotherIsInsideByItsFirstVertex) {
+    // (2.2, 2.2) is 0.4 / 1.414 = 0.28 beyond the diamond's edge on x + y = 4.
+    const Outline diamond{{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
+    const Outline beside = Rectangle(2.2, 2.2, 3, 3);
+    OverlayParts parts;
+    EXPECT_EQ(OverlayVertices(beside, diamond, 0.3, &parts), OVERLAY_FIRST_INSIDE);
+    EXPECT_EQ(OverlayVertices(diamond, beside, 0.3, &parts), OVERLAY_SECOND_INSIDE);
+    EXPECT_EQ(OverlayVertices(beside, diamond, 0.2, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(StartingAt(2, beside), diamond, 0.3, &parts), OVERLAY_APART);
+    ExpectNoParts(parts);
 }
 
 TEST(OverlayVertices, ARoundingIsNoDistanceWhateverTheTolerance) {
