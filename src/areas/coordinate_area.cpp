@@ -334,7 +334,8 @@ std::int32_t CoordinateArea::OverlayPixels(IMapCoordOperations* map, IArray* fir
     const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
     std::int32_t datum = 0;
     if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
-    return plane.GetDatum(&datum) ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
+    const bool isReady = call.HasEmptyPolygon() || plane.GetDatum(&datum);
+    return isReady ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
 }
 
 bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) {

@@ -299,6 +299,20 @@ TEST_F(OverlayCallTest, TheObjectsToleranceCounts) {
     }
 }
 
+TEST_F(OverlayCallTest, AMapWithoutADatumTakesEmptyPixelPolygonsOnly) {
+    map = testing::HundredPixelsADegree(5000);
+    const auto square = Rectangle(0, 0, 4, 4);
+    FillLists();
+    EXPECT_EQ(Run(Kind::Pixels, square, square), OVERLAY_FAILURE);
+    EXPECT_TRUE(AreListsEmpty());
+    FillLists();
+    EXPECT_EQ(Run(Kind::Pixels, square, PixelPolygon({})), OVERLAY_APART);
+    EXPECT_TRUE(AreListsEmpty());
+    FillLists();
+    EXPECT_EQ(Run(Kind::OnMap, square, square), OVERLAY_FAILURE);
+    EXPECT_TRUE(AreListsUntouched());
+}
+
 TEST_F(OverlayCallTest, ObjectsOfCountZeroMayBeArguments) {
     EXPECT_EQ(area->Overlay(CreateClassArray(), CreateClassArray(), CreateClassArray(), CreateClassArray(),
                             CreateClassArray(), CreateClassArray()),
