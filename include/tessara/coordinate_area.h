@@ -139,19 +139,20 @@ class ICoordinateArea : public IUnknown {
     //
     // Where the outlines touch or cross, the areas decide: polygons that only touch share none, and one
     // inside the other may touch it from inside. An outline that crosses itself then counts by the even-odd
-    // rule. Vertices and crossings closer together than a few roundings of the largest coordinate are one.
+    // rule. Vertices and crossings closer together than a few roundings of the largest coordinate are one,
+    // and somewhat farther ones if rounding makes a tangle of them.
     //
     // Where they don't, OVERLAY_FIRST_INSIDE or OVERLAY_SECOND_INSIDE says that the first vertex of a polygon
     // lies inside the other as IsInsidePixels tells it, within the tolerance of an edge, too; no ring is made
     // of the two. An empty polygon shares no area with any.
     //
     // OVERLAY_FAILURE for a null or wrong object, an element that is no coordinate, a position without a
-    // pixel and pixels that are no numbers or beyond 1e150. The lists are then as they were, or emptied where
-    // that is told.
+    // pixel, pixels that are no numbers or beyond 1e150, and a tangle that can't be undone. The lists are
+    // then as they were, or emptied where that is told.
 
     // Edges are straight on the map; parts are FLOATPIXEL on the map's datum. The coordinates of both
     // polygons must share datum and system, otherwise it is a failure. A failure leaves the lists as they
-    // were, unless the pixels are no numbers.
+    // were, unless the pixels are no numbers or a tangle.
     virtual std::int32_t OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
                                       IArray* neither, IArray* onlySecond, IArray* onlyFirst,
                                       IArray* both) = 0;

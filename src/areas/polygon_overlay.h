@@ -22,7 +22,8 @@ struct OverlayParts {
 // coordinate are one. Where the two touch, an outline that crosses itself counts by the even-odd rule. Where
 // they don't, PointInPolygon tells with the tolerance whether the first vertex of one lies inside the other.
 //
-// OVERLAY_FAILURE for coordinates that are no numbers or beyond 1e150, whose products are none.
+// OVERLAY_FAILURE for coordinates that are no numbers or beyond 1e150, whose products are none, and for
+// outlines that are a tangle still when places a billionth of the largest coordinate apart are one.
 [[nodiscard]] std::int32_t OverlayVertices(const Outline& first, const Outline& second, double tolerance,
                                            OverlayParts* parts);
 

@@ -224,6 +224,34 @@ TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
     }
 }
 
+// Copies that are off by less than a rounding up to a millionth of a pixel, with vertices of their own on the
+// edges: what crosses where is rounded to anything, but nearly all of the area is common.
+TEST(OverlayVertices, AnInexactCopyCoversNearlyTheSameArea) {
+    testing::Random random(10);
+    for (int k = 0; k < 8000; ++k) {
+        SCOPED_TRACE(k);
+        const double offset = k % 2 == 0 ? 0.0 : 1e5;
+        const Outline star = testing::RandomStar(random, 3 + random.Below(20), {offset, offset}, 100);
+        const double error = std::pow(10.0, random.Between(-16, -6));
+        const auto near = [&](double value) { return value + random.Between(-error, error); };
+        Outline copy;
+        for (std::size_t i = 0; i < star.size(); ++i) {
+            const PlanePoint& a = star[i];
+            const PlanePoint& b = star[(i + 1) % star.size()];
+            const double t = random.Between(0, 1);
+            copy.push_back({near(a.x), near(a.y)});
+            if (k % 3 == 0) copy.push_back({near(a.x + t * (b.x - a.x)), near(a.y + t * (b.y - a.y))});
+        }
+        OverlayParts parts;
+        const std::int32_t result = OverlayVertices(star, StartingAt(1, copy), TOLERANCE, &parts);
+        ASSERT_TRUE(result >= OVERLAY_EQUAL && result <= OVERLAY_CROSSING) << result;
+        // 1e-6 pixels along an outline of at most 22 edges of 200.
+        if (result == OVERLAY_CROSSING) {
+            EXPECT_NEAR(AreaOf(parts.both), testing::Area(star), 0.005);
+        }
+    }
+}
+
 TEST(OverlayVertices, PartsAreClosedAndRunThroughTheCrossings) {
     OverlayParts parts;
     ASSERT_EQ(OverlayVertices(SQUARE, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_CROSSING);
