@@ -137,19 +137,22 @@ class ICoordinateArea : public IUnknown {
     // lists get their parts in place of what they held, in no particular order, and are empty for every other
     // result.
     //
-    // The areas decide: polygons that only touch share none, and one inside the other may touch it from
-    // inside. Where the outlines touch, one that crosses itself counts by the even-odd rule. Vertices and
-    // crossings closer together than the tolerance, or than a few roundings, are one. A polygon inside
-    // another without touching it is OVERLAY_FIRST_INSIDE or OVERLAY_SECOND_INSIDE, and no ring is made of
-    // the two. An empty polygon shares no area with any.
+    // Where the outlines touch or cross, the areas decide: polygons that only touch share none, and one
+    // inside the other may touch it from inside. An outline that crosses itself then counts by the even-odd
+    // rule. Vertices and crossings closer together than a few roundings of the largest coordinate are one,
+    // and somewhat farther ones if rounding makes a tangle of them.
+    //
+    // Where they don't, OVERLAY_FIRST_INSIDE or OVERLAY_SECOND_INSIDE says that the first vertex of a polygon
+    // lies inside the other as IsInsidePixels tells it, within the tolerance of an edge, too; no ring is made
+    // of the two. An empty polygon shares no area with any.
     //
     // OVERLAY_FAILURE for a null or wrong object, an element that is no coordinate, a position without a
-    // pixel and pixels that are no numbers or beyond 1e150. The lists are then as they were, or emptied where
-    // that is told.
+    // pixel, pixels that are no numbers or beyond 1e150, and a tangle that can't be undone. The lists are
+    // then as they were, or emptied where that is told.
 
     // Edges are straight on the map; parts are FLOATPIXEL on the map's datum. The coordinates of both
     // polygons must share datum and system, otherwise it is a failure. A failure leaves the lists as they
-    // were, unless the pixels are no numbers.
+    // were, unless the pixels are no numbers or a tangle.
     virtual std::int32_t OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
                                       IArray* neither, IArray* onlySecond, IArray* onlyFirst,
                                       IArray* both) = 0;
@@ -167,10 +170,10 @@ class ICoordinateArea : public IUnknown {
                                        IArray* both) = 0;
     // Takes a polygon that crosses itself apart into simple ones: closed lists of FLOATPIXEL coordinates on
     // the map's datum, in place of what `parts` held. Edges are straight on the map. The walk along the
-    // polygon cuts off each loop when it comes back to a vertex or a crossing; what is left comes last. A
-    // polygon that doesn't cross itself is one part, and so are fewer than four vertices; an empty one has
-    // none. False for a null or wrong object, an invalid pixel and a position without a pixel; `parts` is
-    // then unchanged.
+    // polygon cuts off each loop when it comes back to a vertex or a crossing, also one that only goes there
+    // and back and has three vertices, the last one its first; what is left comes last. A polygon that
+    // doesn't cross itself is one part, and so are fewer than four vertices; an empty one has none. False for
+    // a null or wrong object, an invalid pixel and a position without a pixel; `parts` is then unchanged.
     virtual bool SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) = 0;
 
   protected:

@@ -15,6 +15,7 @@
 #include "areas/system_extremes.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
+#include "objects/reference.h"
 #include "tessara/array.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/rect.h"
@@ -333,7 +334,8 @@ std::int32_t CoordinateArea::OverlayPixels(IMapCoordOperations* map, IArray* fir
     const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
     std::int32_t datum = 0;
     if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
-    return plane.GetDatum(&datum) ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
+    const bool isReady = call.HasEmptyPolygon() || plane.GetDatum(&datum);
+    return isReady ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
 }
 
 bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) {
@@ -343,7 +345,7 @@ bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IAr
     if (!on.IsValid() || !vertices.IsValid() || !list.IsValid()) return false;
     Outline outline;
     std::int32_t datum = 0;
-    if (!ReadValidPlaces(on.Get(), vertices.Get(), &outline)) return false;
+    if (!ReadValidLineOnMap(on.Get(), vertices.Get(), &outline)) return false;
     if (!MapPlane(on.Get()).GetDatum(&datum)) return false;
     list->Clear();
     return AppendOutlines(SplitVertices(outline), PixelForm(datum), list.Get());

@@ -1,6 +1,7 @@
 #include "areas/overlay_call.h"
 
 #include "areas/polygon_overlay.h"
+#include "areas/polygon_reading.h"
 #include "geometry/line_reading.h"
 #include "tessara/coordinate_area.h"
 
@@ -18,6 +19,10 @@ OverlayCall::OverlayCall(IArray* first, IArray* second, IArray* neither, IArray*
 bool OverlayCall::IsComplete() const {
     return first_.IsValid() && second_.IsValid() && neither_.IsValid() && onlySecond_.IsValid() &&
            onlyFirst_.IsValid() && both_.IsValid();
+}
+
+bool OverlayCall::HasEmptyPolygon() const {
+    return first_->GetCount() == 0 || second_->GetCount() == 0;
 }
 
 bool OverlayCall::ReadStart(std::optional<CKoord>* start) const {
@@ -41,13 +46,11 @@ std::int32_t OverlayCall::RunOnMap(const MapPlane& map, double tolerance, const 
 }
 
 std::int32_t OverlayCall::RunOnPixels(double tolerance, const OutlineForm& form) const {
-    const bool isOneEmpty = first_->GetCount() == 0 || second_->GetCount() == 0;
     Outline first;
     Outline second;
-    const bool isRead = ReadPixelLine(first_.Get(), &first) && ReadPixelLine(second_.Get(), &second);
-    if (!isRead && !isOneEmpty) return Fail();
-    if (isOneEmpty) first.clear();
-    return FillLists(first, second, tolerance, form);
+    const bool isRead =
+        HasEmptyPolygon() || (ReadPixelLine(first_.Get(), &first) && ReadPixelLine(second_.Get(), &second));
+    return isRead ? FillLists(first, second, tolerance, form) : Fail();
 }
 
 std::int32_t OverlayCall::Fail() const {

@@ -17,13 +17,16 @@ class OverlayCall {
 
     // Whether all six are there.
     [[nodiscard]] bool IsComplete() const;
+    // Whether a polygon has no vertices.
+    [[nodiscard]] bool HasEmptyPolygon() const;
     // The first coordinate there is; false unless all of both polygons have its reference.
     bool ReadStart(std::optional<CKoord>* start) const;
 
     // Lays the polygons over each other as they lie on a map. What can't be read leaves the lists as they
     // were.
     [[nodiscard]] std::int32_t RunOnMap(const MapPlane& map, double tolerance, const OutlineForm& form) const;
-    // Takes them as valid pixels. Every failure empties the lists.
+    // Takes them as valid pixels, of which an empty polygon has none to read. Every failure empties the
+    // lists.
     [[nodiscard]] std::int32_t RunOnPixels(double tolerance, const OutlineForm& form) const;
     // Empties the lists.
     [[nodiscard]] std::int32_t Fail() const;

@@ -18,6 +18,7 @@ class HalfPieces {
     explicit HalfPieces(const OutlineGraph& graph) : graph_(graph), next_(graph.pieces.size() * 2) {
         const std::vector<std::size_t> around = AroundNodes();
         for (std::size_t begin = 0, end = 0; begin < around.size(); begin = end) {
+            ++nodeCount_;
             end = begin + 1;
             while (end < around.size() && Start(around[end]) == Start(around[begin]))
                 ++end;
@@ -28,6 +29,8 @@ class HalfPieces {
     }
 
     [[nodiscard]] std::size_t Count() const { return next_.size(); }
+    // Of nodes with pieces.
+    [[nodiscard]] std::size_t NodeCount() const { return nodeCount_; }
     [[nodiscard]] std::size_t Next(std::size_t half) const { return next_[half]; }
     [[nodiscard]] std::size_t Start(std::size_t half) const {
         const GraphPiece& piece = Piece(half);
@@ -56,6 +59,7 @@ class HalfPieces {
 
     const OutlineGraph& graph_;
     std::vector<std::size_t> next_;
+    std::size_t nodeCount_ = 0;
 };
 
 struct Cycle {
@@ -98,6 +102,11 @@ Cycles CyclesOf(const HalfPieces& graph) {
         cycles.all.push_back(MeasuredCycle(graph, std::move(halves)));
     }
     return cycles;
+}
+
+// Euler's formula for a graph in one piece.
+bool IsPlane(const HalfPieces& graph, const Cycles& cycles) {
+    return graph.NodeCount() + cycles.all.size() == graph.Count() / 2 + 2;
 }
 
 // From the cycle around the whole graph to each neighbour. That cycle has the graph on its right: the most
@@ -161,10 +170,11 @@ Outline OutlineOf(const HalfPieces& graph, const Cycle& cycle, const std::vector
 
 }  // namespace
 
-std::vector<GraphFace> FacesOf(const OutlineGraph& graph, double grain) {
-    if (graph.pieces.empty()) return {};
+std::optional<std::vector<GraphFace>> FacesOf(const OutlineGraph& graph, double grain) {
+    if (graph.pieces.empty()) return std::vector<GraphFace>{};
     const HalfPieces halves(graph);
     Cycles cycles = CyclesOf(halves);
+    if (!IsPlane(halves, cycles)) return std::nullopt;
     TellSides(halves, &cycles);
 
     std::vector<GraphFace> faces;

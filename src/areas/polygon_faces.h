@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "areas/polygon_graph.h"
@@ -15,6 +16,9 @@ struct GraphFace {
 
 // The bounded faces, without dead ends, and without those that aren't wider than the grain. The graph must be
 // in one piece, so that no face has a hole.
-[[nodiscard]] std::vector<GraphFace> FacesOf(const OutlineGraph& graph, double grain);
+//
+// Nothing if the graph isn't plane: among places that are hardly more than a grain apart, pieces may cross
+// without a node.
+[[nodiscard]] std::optional<std::vector<GraphFace>> FacesOf(const OutlineGraph& graph, double grain);
 
 }  // namespace tessara

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <unordered_map>
 
 #include "areas/polygon_pairs.h"
@@ -17,7 +16,7 @@ class NodeTable {
 
     // The node at a place: one within the grain, or a new one.
     std::size_t At(const PlanePoint& place) {
-        const Cell home = CellOf(place);
+        const PlanePoint home = CellOf(place);
         for (const double x : {home.x - 1.0, home.x, home.x + 1.0}) {
             for (const double y : {home.y - 1.0, home.y, home.y + 1.0}) {
                 const auto [begin, end] = cells_.equal_range({x, y});
@@ -34,19 +33,8 @@ class NodeTable {
     [[nodiscard]] const std::vector<PlanePoint>& Nodes() const { return nodes_; }
 
   private:
-    struct Cell {
-        double x, y;
-        bool operator==(const Cell&) const = default;
-    };
-    struct CellHash {
-        std::size_t operator()(const Cell& cell) const {
-            const std::hash<double> hash;
-            return hash(cell.x) * 31 + hash(cell.y);
-        }
-    };
-
     // Cells are two grains wide, so that rounding can't put near places two cells apart.
-    [[nodiscard]] Cell CellOf(const PlanePoint& p) const {
+    [[nodiscard]] PlanePoint CellOf(const PlanePoint& p) const {
         return {std::floor(p.x / grain_ / 2.0), std::floor(p.y / grain_ / 2.0)};
     }
     [[nodiscard]] bool IsNear(std::size_t node, const PlanePoint& p) const {
@@ -55,7 +43,7 @@ class NodeTable {
 
     double grain_;
     std::vector<PlanePoint> nodes_;
-    std::unordered_multimap<Cell, std::size_t, CellHash> cells_;
+    std::unordered_multimap<PlanePoint, std::size_t, PlaceHash> cells_;
 };
 
 // An edge of one of the outlines.
@@ -69,13 +57,12 @@ struct Segment {
     }
 };
 
-// Two segments that run along each other for a while.
-bool ShareTwoNodes(const Segment& a, const Segment& b) {
+bool ShareANode(const Segment& a, const Segment& b) {
     const bool isShorter = a.touched.size() <= b.touched.size();
     const Segment& few = isShorter ? a : b;
     const Segment& many = isShorter ? b : a;
-    return std::count_if(few.touched.begin(), few.touched.end(),
-                         [&](std::size_t node) { return many.Touches(node); }) >= 2;
+    return std::any_of(few.touched.begin(), few.touched.end(),
+                       [&](std::size_t node) { return many.Touches(node); });
 }
 
 // Makes the graph. What a vertex of one outline touches is found before crossings are looked for, so that the
@@ -146,8 +133,10 @@ class GraphMaker {
         VisitNearPairs(boxes, [&](std::size_t i, std::size_t j) { Cross(&segments_[i], &segments_[j]); });
     }
 
+    // Straight lines that meet in a node meet nowhere else, or they run along each other and have their ends
+    // as nodes. Where that is so to a rounding, the parameters of a crossing would be anything.
     void Cross(Segment* p, Segment* q) {
-        if (ShareTwoNodes(*p, *q)) return;
+        if (ShareANode(*p, *q)) return;
         // Copies: the table grows.
         const PlanePoint a = Place(p->from);
         const PlanePoint b = Place(p->to);
@@ -157,16 +146,9 @@ class GraphMaker {
         if (!(t >= 0.0 && t <= 1.0)) return;
         const double s = LineParameter(c, d, a, b);
         if (!(s >= 0.0 && s <= 1.0)) return;
-        const auto nodeOfCrossing = [&] {
-            if (t == 0.0) return p->from;
-            if (t == 1.0) return p->to;
-            if (s == 0.0) return q->from;
-            if (s == 1.0) return q->to;
-            PlanePoint place{};
-            PointOnSegments(a, b, c, d, t, &place);
-            return table_.At(place);
-        };
-        const std::size_t node = nodeOfCrossing();
+        PlanePoint place{};
+        PointOnSegments(a, b, c, d, t, &place);
+        const std::size_t node = table_.At(place);
         p->crossed.push_back(node);
         q->crossed.push_back(node);
     }

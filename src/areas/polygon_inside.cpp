@@ -46,10 +46,10 @@ Meeting MeetEdge(const PlanePoint& p, const PlanePoint& end, const PlanePoint& a
     const double t = LineParameter(p, end, a, b);
     if (t < 0.0) return Meeting::Misses;
     if (t == COLLINEAR_LINES || t == 0.0) {
-        return IsOnEdge(ParameterOnEdge(p, a, b)) ? Meeting::StartsOn : Meeting::Misses;
+        return IsOnEdge(ParameterOnSegment(p, a, b)) ? Meeting::StartsOn : Meeting::Misses;
     }
     const PlanePoint q{p.x + t * (end.x - p.x), p.y + t * (end.y - p.y)};
-    const double u = ParameterOnEdge(q, a, b);
+    const double u = ParameterOnSegment(q, a, b);
     if (std::fabs(u) < VERTEX_MARGIN || std::fabs(u - 1.0) < VERTEX_MARGIN) return Meeting::HitsVertex;
     return IsOnEdge(u) ? Meeting::Crosses : Meeting::Misses;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 namespace tessara {
@@ -42,11 +41,6 @@ Box BoxOf(std::span<const PlanePoint> points) {
 
 Box BoxOf(const PlanePoint& a, const PlanePoint& b) {
     return BoxOf(std::array{a, b});
-}
-
-double ParameterOnEdge(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
-    const bool isLongerInX = std::fabs(a.x - b.x) > std::fabs(a.y - b.y);
-    return isLongerInX ? (p.x - a.x) / (b.x - a.x) : (p.y - a.y) / (b.y - a.y);
 }
 
 }  // namespace tessara

@@ -1,6 +1,8 @@
 // Outlines of polygons in a plane.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -28,7 +30,12 @@ struct Box {
 [[nodiscard]] Box BoxOf(std::span<const PlanePoint> points);
 [[nodiscard]] Box BoxOf(const PlanePoint& a, const PlanePoint& b);
 
-// The parameter of p, which lies on a-b, by the axis on which the edge is longer: 0.0 at a, 1.0 at b.
-[[nodiscard]] double ParameterOnEdge(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b);
+// For tables of places. Equal places, which may differ in the sign of a zero, have equal hashes.
+struct PlaceHash {
+    std::size_t operator()(const PlanePoint& p) const {
+        const std::hash<double> hash;
+        return hash(p.x) * 31 + hash(p.y);
+    }
+};
 
 }  // namespace tessara

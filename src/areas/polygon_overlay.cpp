@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "areas/polygon_faces.h"
 #include "areas/polygon_inside.h"
@@ -12,7 +13,11 @@ namespace tessara {
 namespace {
 
 constexpr double LARGEST_PLACE = 1e150;
+// Some more than what the places and distances of nodes are rounded by.
 constexpr double ROUNDINGS = 8.0;
+// Places that the grain neither joins nor keeps clear of each other are joined by a coarser one.
+constexpr double COARSER = 16.0;
+constexpr int ATTEMPTS = 6;
 
 bool AreUsable(const Outline& outline) {
     return std::all_of(outline.begin(), outline.end(), [](const PlanePoint& p) {
@@ -20,14 +25,15 @@ bool AreUsable(const Outline& outline) {
     });
 }
 
-// How close together two places are one.
-double Grain(const Outline& first, const Outline& second, double tolerance) {
+// How close together two places are one. The tolerance for points on edges has no say here: what a host finds
+// near enough to point at may be larger than the polygons.
+double Grain(const Outline& first, const Outline& second) {
     double largest = 0.0;
     for (const Outline* outline : {&first, &second}) {
         for (const PlanePoint& p : *outline)
             largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
     }
-    return std::max(tolerance, ROUNDINGS * std::numeric_limits<double>::epsilon() * (1.0 + largest));
+    return ROUNDINGS * std::numeric_limits<double>::epsilon() * (1.0 + largest);
 }
 
 std::int32_t CompareApart(const Outline& first, const Outline& second, double tolerance) {
@@ -58,6 +64,14 @@ std::int32_t CompareParts(const OverlayParts& parts, const OutlineGraph& graph) 
     return parts.onlySecond.empty() ? OVERLAY_SECOND_INSIDE : OVERLAY_CROSSING;
 }
 
+// Fills the parts if the two cross.
+std::int32_t CompareFaces(std::vector<GraphFace> faces, const OutlineGraph& graph, OverlayParts* parts) {
+    OverlayParts found = SortedFaces(std::move(faces));
+    const std::int32_t result = CompareParts(found, graph);
+    if (result == OVERLAY_CROSSING) *parts = std::move(found);
+    return result;
+}
+
 }  // namespace
 
 std::int32_t OverlayVertices(const Outline& first, const Outline& second, double tolerance,
@@ -65,14 +79,15 @@ std::int32_t OverlayVertices(const Outline& first, const Outline& second, double
     *parts = {};
     if (first.empty() || second.empty()) return OVERLAY_APART;
     if (!AreUsable(first) || !AreUsable(second)) return OVERLAY_FAILURE;
-    const double grain = Grain(first, second, tolerance);
-    const OutlineGraph graph = GraphOf(first, second, grain);
-    if (!graph.doOutlinesTouch) return CompareApart(first, second, tolerance);
-
-    OverlayParts found = SortedFaces(FacesOf(graph, grain));
-    const std::int32_t result = CompareParts(found, graph);
-    if (result == OVERLAY_CROSSING) *parts = std::move(found);
-    return result;
+    double grain = Grain(first, second);
+    for (int attempt = 0; attempt < ATTEMPTS; ++attempt) {
+        const OutlineGraph graph = GraphOf(first, second, grain);
+        if (!graph.doOutlinesTouch) return CompareApart(first, second, tolerance);
+        std::optional<std::vector<GraphFace>> faces = FacesOf(graph, grain);
+        if (faces) return CompareFaces(std::move(*faces), graph, parts);
+        grain *= COARSER;
+    }
+    return OVERLAY_FAILURE;
 }
 
 }  // namespace tessara

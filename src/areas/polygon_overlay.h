@@ -18,11 +18,12 @@ struct OverlayParts {
 };
 
 // The result is one of the numbers OVERLAY_... of coordinate_area.h; the parts are filled for
-// OVERLAY_CROSSING and otherwise emptied. Places closer together than the tolerance are one, and at least
-// than a few roundings of the largest coordinate. An outline that crosses itself counts by the even-odd rule
-// where the two touch.
+// OVERLAY_CROSSING and otherwise emptied. Places closer together than a few roundings of the largest
+// coordinate are one. Where the two touch, an outline that crosses itself counts by the even-odd rule. Where
+// they don't, PointInPolygon tells with the tolerance whether the first vertex of one lies inside the other.
 //
-// OVERLAY_FAILURE for coordinates that are no numbers or beyond 1e150, whose products are none.
+// OVERLAY_FAILURE for coordinates that are no numbers or beyond 1e150, whose products are none, and for
+// outlines that are a tangle still when places a billionth of the largest coordinate apart are one.
 [[nodiscard]] std::int32_t OverlayVertices(const Outline& first, const Outline& second, double tolerance,
                                            OverlayParts* parts);
 

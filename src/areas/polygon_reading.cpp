@@ -2,8 +2,8 @@
 
 #include "areas/compare_records.h"
 #include "geometry/densify.h"
-#include "geometry/line_reading.h"
 #include "objects/koord_access.h"
+#include "objects/reference.h"
 #include "tessara/coordinate_transfer.h"
 
 namespace tessara {
@@ -32,22 +32,6 @@ bool AppendEdge(const MapPlane& map, const CKoord& from, const CKoord& to, Outli
 }
 
 }  // namespace
-
-Reference ReferenceOf(const tagKOORD& koord) {
-    return {static_cast<std::int32_t>(koord.datum), static_cast<std::int32_t>(koord.type)};
-}
-
-bool ReadValidPlaces(IMapCoordOperations* map, IArray* polygon, Outline* outline) {
-    const std::uint32_t count = polygon->GetCount();
-    outline->clear();
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const IRef<ICoord> vertex(polygon->GetAt(i));
-        PlanePoint place{};
-        if (!PixelOfCoord(map, vertex.Get(), &place)) return false;
-        outline->push_back(place);
-    }
-    return true;
-}
 
 bool ReadRecords(IArray* polygon, std::vector<CKoord>* records) {
     const std::uint32_t count = polygon->GetCount();

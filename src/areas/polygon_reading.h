@@ -1,5 +1,5 @@
-// Polygons of coordinates as outlines in the plane of a map's pixels, by how their edges run.
-// geometry/line_reading.h reads those whose edges are straight on the map.
+// Polygons of coordinates as outlines in the plane of a map's pixels, by the system in which their edges are
+// straight. geometry/line_reading.h reads those whose edges are straight on the map.
 #pragma once
 
 #include "areas/polygon_outline.h"
@@ -7,19 +7,6 @@
 #include "tessara/array.h"
 
 namespace tessara {
-
-// The datum and system of a coordinate.
-struct Reference {
-    std::int32_t datum;
-    std::int32_t system;
-
-    bool operator==(const Reference&) const = default;
-};
-
-[[nodiscard]] Reference ReferenceOf(const tagKOORD& koord);
-
-// The outline of a polygon on a map. Unlike for ReadLineOnMap a pixel must be valid.
-bool ReadValidPlaces(IMapCoordOperations* map, IArray* polygon, Outline* outline);
 
 // The records of a polygon, which must share a reference. False otherwise, and for an element that is no
 // coordinate.

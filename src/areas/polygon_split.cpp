@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
 #include <unordered_map>
 
 #include "areas/polygon_pairs.h"
@@ -11,7 +10,6 @@ namespace tessara {
 namespace {
 
 constexpr std::size_t FEWEST_OF_CROSSING = 5;
-constexpr std::size_t FEWEST_OF_PART = 3;
 
 // A place on an edge at which the walk stops, by its parameter on the edge.
 struct Stop {
@@ -71,7 +69,7 @@ class Edges {
     }
 
     void StopWithin(std::size_t edge, const PlanePoint& place) {
-        const double along = ParameterOnEdge(place, From(edge), To(edge));
+        const double along = ParameterOnSegment(place, From(edge), To(edge));
         if (along > 0.0 && along < 1.0) Add(edge, {along, place});
     }
 
@@ -98,14 +96,6 @@ Outline WithAllStops(const Outline& outline) {
     return edges.Walk();
 }
 
-struct PlaceHash {
-    std::size_t operator()(const PlanePoint& p) const {
-        // Adding 0.0 makes one of the two zeros, which are equal.
-        const std::hash<double> hash;
-        return hash(p.x + 0.0) * 31 + hash(p.y + 0.0);
-    }
-};
-
 // Walks along an outline and cuts off each loop as soon as it closes.
 class LoopCutter {
   public:
@@ -131,7 +121,6 @@ class LoopCutter {
         path_.erase(first, path_.end());
         for (const PlanePoint& place : loop)
             positions_.erase(place);
-        if (loop.size() < FEWEST_OF_PART) return;
         loop.push_back(loop.front());
         parts_.push_back(std::move(loop));
     }

@@ -4,7 +4,8 @@
 #include <functional>
 
 #include "areas/polygon_outline.h"
-#include "areas/polygon_reading.h"
+#include "geometry/map_plane.h"
+#include "objects/reference.h"
 #include "tessara/array.h"
 
 namespace tessara {

@@ -47,6 +47,11 @@ bool ReadLineOnMap(const MapPlane& map, IArray* line, std::vector<PlanePoint>* p
     });
 }
 
+bool ReadValidLineOnMap(IMapCoordOperations* map, IArray* line, std::vector<PlanePoint>* places) {
+    return ReadLine(line, places,
+                    [map](ICoord* coord, PlanePoint* place) { return PixelOfCoord(map, coord, place); });
+}
+
 bool ReadPixelLine(IArray* line, std::vector<PlanePoint>* places) {
     return ReadLine(line, places,
                     [](ICoord* coord, PlanePoint* place) { return PixelOfCoord(coord, place); });

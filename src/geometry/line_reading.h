@@ -19,6 +19,9 @@ bool PixelOfCoord(ICoord* coord, PlanePoint* point);
 // as soon as one has none.
 bool ReadLineOnMap(const MapPlane& map, IArray* line, std::vector<PlanePoint>* places);
 
+// The same of a line on a map whose pixels must be valid.
+bool ReadValidLineOnMap(IMapCoordOperations* map, IArray* line, std::vector<PlanePoint>* places);
+
 // The places of a line of valid pixels.
 bool ReadPixelLine(IArray* line, std::vector<PlanePoint>* places);
 

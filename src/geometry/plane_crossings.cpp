@@ -1,7 +1,6 @@
 #include "geometry/plane_crossings.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include "geometry/chain_boxes.h"
@@ -47,8 +46,7 @@ SegmentCrossings CrossSegments(const PlanePoint& a1, const PlanePoint& a2, const
                                const PlanePoint& b2) {
     const double t = LineParameter(a1, a2, b1, b2);
     if (t == COLLINEAR_LINES) {
-        const bool isLongerInX = std::fabs(a1.x - a2.x) > std::fabs(a1.y - a2.y);
-        return isLongerInX ? Overlap(a1.x, a2.x, b1.x, b2.x) : Overlap(a1.y, a2.y, b1.y, b2.y);
+        return IsLongerInX(a1, a2) ? Overlap(a1.x, a2.x, b1.x, b2.x) : Overlap(a1.y, a2.y, b1.y, b2.y);
     }
     SegmentCrossings crossings{};
     if (IsOnSegment(t)) Append({t, LineParameter(b1, b2, a1, a2)}, &crossings);

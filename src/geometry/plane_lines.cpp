@@ -18,12 +18,6 @@ bool IsMark(double t) {
     return std::fabs(t) == COLLINEAR_LINES;
 }
 
-// The parameter of p, which lies on a1-a2, by the axis on which the segment is longer.
-double ParameterOfPoint(const PlanePoint& p, const PlanePoint& a1, const PlanePoint& a2) {
-    if (!(std::fabs(a1.x - a2.x) > std::fabs(a1.y - a2.y))) return (p.y - a1.y) / (a2.y - a1.y);
-    return (p.x - a1.x) / (a2.x - a1.x);
-}
-
 double ParallelParameter(const PlanePoint& a1, const PlanePoint& a2, const PlanePoint& b1,
                          const PlanePoint& b2) {
     const bool isPoint = b1 == b2;
@@ -31,7 +25,7 @@ double ParallelParameter(const PlanePoint& a1, const PlanePoint& a2, const Plane
     const bool isOnLine = std::fabs(distance) < OnLineTolerance(isPoint ? b1 : a1);
     if (!isOnLine) return PARALLEL_LINES;
     if (a1 == a2) return 0.0;
-    return isPoint ? ParameterOfPoint(b1, a1, a2) : COLLINEAR_LINES;
+    return isPoint ? ParameterOnSegment(b1, a1, a2) : COLLINEAR_LINES;
 }
 
 // One axis of a place that was found on two segments, `a` and `b` being how far the segments go along it.
@@ -48,6 +42,14 @@ PlanePoint PlaceAt(double t, const PlanePoint& start, const PlanePoint& directio
 
 double OnLineTolerance(const PlanePoint& p) {
     return (Length(p) + 1.0) * std::numeric_limits<double>::epsilon();
+}
+
+bool IsLongerInX(const PlanePoint& a, const PlanePoint& b) {
+    return std::fabs(a.x - b.x) > std::fabs(a.y - b.y);
+}
+
+double ParameterOnSegment(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
+    return IsLongerInX(a, b) ? (p.x - a.x) / (b.x - a.x) : (p.y - a.y) / (b.y - a.y);
 }
 
 double LineParameter(const PlanePoint& a1, const PlanePoint& a2, const PlanePoint& b1, const PlanePoint& b2) {

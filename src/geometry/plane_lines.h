@@ -20,6 +20,12 @@ inline constexpr double COLLINEAR_LINES = -MISSING_NUMBER;  // they are one line
 // How far off a line a point of this size still counts as on it: a rounding of its distance from (0, 0).
 [[nodiscard]] double OnLineTolerance(const PlanePoint& p);
 
+// Whether a-b is longer along x than along y.
+[[nodiscard]] bool IsLongerInX(const PlanePoint& a, const PlanePoint& b);
+
+// The parameter of p, which lies on a-b, by the axis on which the segment is longer: 0.0 at a, 1.0 at b.
+[[nodiscard]] double ParameterOnSegment(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b);
+
 // Where the line through b1 and b2 crosses a1-a2: 0.0 at a1, 1.0 at a2. Of equal points b1 and b2 only that
 // point counts as the line; equal points a1 and a2 on the line have the parameter 0.0.
 [[nodiscard]] double LineParameter(const PlanePoint& a1, const PlanePoint& a2, const PlanePoint& b1,

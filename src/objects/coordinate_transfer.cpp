@@ -4,6 +4,7 @@
 
 #include "objects/axis_copy.h"
 #include "objects/koord_access.h"
+#include "objects/reference.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/geo_date.h"
 #include "tessara/kernel/constants.h"
@@ -15,20 +16,9 @@
 namespace tessara {
 namespace {
 
-struct ReferencePair {
-    std::int32_t datum;
-    std::int32_t system;
-
-    bool operator==(const ReferencePair&) const = default;
-};
-
-ReferencePair ReferenceOf(const CKoord& koord) {
-    return {static_cast<std::int32_t>(koord.datum), static_cast<std::int32_t>(koord.type)};
-}
-
 // What a target keeps: its own reference, but for the numbers that stand for none.
-ReferencePair WantedReference(const CKoord& source, const CKoord& target) {
-    ReferencePair wanted = ReferenceOf(target);
+Reference WantedReference(const CKoord& source, const CKoord& target) {
+    Reference wanted = ReferenceOf(target);
     if (wanted.datum == NO_DATUM) wanted.datum = ReferenceOf(source).datum;
     if (wanted.system == NO_SYSTEM) wanted.system = ReferenceOf(source).system;
     return wanted;
@@ -107,7 +97,7 @@ bool CoordinateTransfer::Transfer(ICoord* source, ICoord* target) {
     CKoord from;
     CKoord to;
     if (!KoordFromCoord(source, &from) || !result.IsValid() || !KoordFromCoord(target, &to)) return false;
-    const ReferencePair wanted = WantedReference(from, to);
+    const Reference wanted = WantedReference(from, to);
 
     if (!KoordToCoord(&from, target)) return false;
     if (ReferenceOf(from) == wanted) return true;

@@ -1,69 +1,30 @@
-// Overlays and splitting as operations of the class: which coordinates the parts are made of, and what the
-// lists hold after a failure.
+// Overlays as operations of the class: which coordinates the parts are made of, and what the lists hold after
+// a failure.
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "areas/coordinate_area.h"
-#include "support/lines.h"
-#include "support/live_objects.h"
-#include "support/objects.h"
-#include "support/outlines.h"
+#include "support/polygons.h"
 
 namespace tessara {
 namespace {
 
+using testing::AreasOf;
 using testing::At;
 using testing::CountOf;
-using testing::DegreeMap;
-using testing::Disguised;
-using testing::FloatPixel;
+using testing::DATUM_GER;
 using testing::LineOf;
 using testing::LongPixel;
-using testing::MakeStranger;
-using testing::MapOf;
 using testing::Nowhere;
-using testing::Pixel;
-using testing::PixelLine;
-using testing::PixelOf;
+using testing::OutlineOf;
+using testing::Part;
+using testing::PixelPolygon;
+using testing::PolarSquare;
 using testing::Utm32;
 
-constexpr std::int32_t DATUM_GER = 3;
-constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
 enum { NEITHER, ONLY_SECOND, ONLY_FIRST, BOTH };
 
-IRef<IArray> Pixels(const Outline& outline) {
-    std::vector<Pixel> pixels;
-    for (const PlanePoint& p : outline)
-        pixels.push_back({p.x, p.y});
-    return PixelLine(pixels);
-}
-
 IRef<IArray> Rectangle(double left, double top, double right, double bottom) {
-    return Pixels(testing::Rectangle(left, top, right, bottom));
-}
-
-IRef<IArray> Part(const IRef<IArray>& list, std::uint32_t index) {
-    return IRef<IArray>(list->GetAt(index));
-}
-
-Outline OutlineOf(const IRef<IArray>& part) {
-    Outline outline;
-    for (std::uint32_t i = 0; i < part->GetCount(); ++i) {
-        const Pixel pixel = PixelOf(At(part, i));
-        outline.push_back({pixel.x, pixel.y});
-    }
-    return outline;
-}
-
-std::vector<double> AreasOf(const IRef<IArray>& list) {
-    std::vector<Outline> outlines;
-    for (std::uint32_t i = 0; i < list->GetCount(); ++i)
-        outlines.push_back(OutlineOf(Part(list, i)));
-    std::vector<double> areas = testing::AreasOf(outlines);
-    for (double& area : areas)
-        area = std::round(area * 1e9) / 1e9;
-    return areas;
+    return PixelPolygon(testing::Rectangle(left, top, right, bottom));
 }
 
 IRef<IArray> Field(double south, double west, double north, double east, std::int32_t datum = DATUM_WGS84) {
@@ -71,7 +32,7 @@ IRef<IArray> Field(double south, double west, double north, double east, std::in
                    GeodezRecord(north, east, 0, datum), GeodezRecord(north, west, 0, datum)});
 }
 
-class OverlayCallTest : public testing::BalancedTest {
+class OverlayCallTest : public testing::PolygonTest {
   protected:
     enum class Kind { OnMap, NoMap, Pixels };
     static constexpr Kind KINDS[] = {Kind::OnMap, Kind::NoMap, Kind::Pixels};
@@ -96,33 +57,25 @@ class OverlayCallTest : public testing::BalancedTest {
         return Run(kind, map.Get(), first.Get(), second.Get());
     }
 
-    // Something that an overlay must take away or leave.
     void FillLists() {
-        for (const IRef<IArray>& list : lists) {
-            list->Clear();
-            list->Add(stranger.Get());
-        }
+        for (const IRef<IArray>& list : lists)
+            Fill(list);
     }
     [[nodiscard]] bool AreListsEmpty() const {
         return std::all_of(std::begin(lists), std::end(lists),
                            [](const IRef<IArray>& list) { return list->GetCount() == 0; });
     }
     [[nodiscard]] bool AreListsUntouched() const {
-        return std::all_of(std::begin(lists), std::end(lists), [&](const IRef<IArray>& list) {
-            return list->GetCount() == 1 && list->GetAt(0) == stranger.Get();
-        });
+        return std::all_of(std::begin(lists), std::end(lists),
+                           [&](const IRef<IArray>& list) { return IsUntouched(list); });
     }
 
-    IRef<ICoordinateArea> area{CreateClassCoordinateArea()};
-    IRef<IUnknown> stranger = MakeStranger();
     IRef<IArray> lists[4];
-    // 100 pixels a degree on the German datum: column 100 (longitude - 8), row 100 (51 - latitude).
-    IRef<IMapCoordOperations> map =
-        MapOf(testing::Map(MAP_DD, MapDdParams{8.0, 51.0, 100.0, 100.0}, DATUM_GER));
+    IRef<IMapCoordOperations> map = testing::HundredPixelsADegree();
 };
 
 TEST_F(OverlayCallTest, EachListGetsItsParts) {
-    const auto u = Pixels({{0, 0}, {10, 0}, {10, 10}, {7, 10}, {7, 3}, {3, 3}, {3, 10}, {0, 10}});
+    const auto u = PixelPolygon({{0, 0}, {10, 0}, {10, 10}, {7, 10}, {7, 3}, {3, 3}, {3, 10}, {0, 10}});
     const auto bar = Rectangle(-1, 5, 11, 7);
     for (const Kind kind : KINDS) {
         FillLists();
@@ -162,9 +115,9 @@ TEST_F(OverlayCallTest, OtherResultsLeaveTheListsEmpty) {
         {Rectangle(1, 1, 3, 3), square, OVERLAY_FIRST_INSIDE},
         {square, Rectangle(1, 1, 3, 3), OVERLAY_SECOND_INSIDE},
         {square, Rectangle(4, 1, 6, 3), OVERLAY_TOUCHING},
-        {square, PixelLine({}), OVERLAY_APART},
-        {PixelLine({}), square, OVERLAY_APART},
-        {PixelLine({}), PixelLine({}), OVERLAY_APART},
+        {square, PixelPolygon({}), OVERLAY_APART},
+        {PixelPolygon({}), square, OVERLAY_APART},
+        {PixelPolygon({}), PixelPolygon({}), OVERLAY_APART},
     };
     for (const Kind kind : KINDS) {
         for (const auto& [first, second, result] : cases) {
@@ -213,19 +166,9 @@ TEST_F(OverlayCallTest, PositionsWithoutAMapGiveOpenPartsInTheirReference) {
 }
 
 TEST_F(OverlayCallTest, PolarPositionsWithoutAMapKeepTheirGrid) {
-    const auto ups = [](double easting, double northing) {
-        UpsPayload payload{};
-        payload.hemisphere = 'N';
-        payload.easting = easting;
-        payload.northing = northing;
-        return Record(KOORD_UPS, payload);
-    };
-    const auto square = [&](double west, double south, double size) {
-        return LineOf({ups(west, south), ups(west + size, south), ups(west + size, south + size),
-                       ups(west, south + size)});
-    };
     // Straight edges on the grid are straight on the map: the common square is [2.0e6, 2.1e6] both ways.
-    ASSERT_EQ(Run(Kind::NoMap, square(1.9e6, 1.9e6, 2e5), square(2.0e6, 2.0e6, 2e5)), OVERLAY_CROSSING);
+    ASSERT_EQ(Run(Kind::NoMap, PolarSquare(1.9e6, 1.9e6, 2e5), PolarSquare(2.0e6, 2.0e6, 2e5)),
+              OVERLAY_CROSSING);
     const IRef<IArray> both = Part(lists[BOTH], 0);
     ASSERT_EQ(both->GetCount(), 4u);
     for (std::uint32_t i = 0; i < 4; ++i) {
@@ -261,11 +204,8 @@ TEST_F(OverlayCallTest, PositionsWithoutAPixelFailAndLeaveTheLists) {
 
 TEST_F(OverlayCallTest, PixelOverlaysEmptyTheListsWhenAVertexIsNoPixel) {
     const auto square = Rectangle(0, 0, 4, 4);
-    const auto invalid = Rectangle(0, 0, 4, 4);
-    invalid->Add(EmptyCoord(2, KOORD_FLOATPIXEL).Get());
-    const auto withNull = Rectangle(0, 0, 4, 4);
-    withNull->Add(nullptr);
-    for (const auto& broken : {Field(47, 9, 49, 11), invalid, withNull}) {
+    const auto invalid = SquareWith(EmptyCoord(2, KOORD_FLOATPIXEL).Get());
+    for (const auto& broken : {Field(47, 9, 49, 11), invalid, SquareWith(nullptr)}) {
         FillLists();
         EXPECT_EQ(Run(Kind::Pixels, square, broken), OVERLAY_FAILURE);
         EXPECT_TRUE(AreListsEmpty());
@@ -276,13 +216,13 @@ TEST_F(OverlayCallTest, PixelOverlaysEmptyTheListsWhenAVertexIsNoPixel) {
     FillLists();
     EXPECT_EQ(Run(Kind::NoMap, square, invalid), OVERLAY_FAILURE);
     EXPECT_TRUE(AreListsEmpty());
-    EXPECT_EQ(Run(Kind::Pixels, PixelLine({}), Field(47, 9, 49, 11)), OVERLAY_APART);
+    EXPECT_EQ(Run(Kind::Pixels, PixelPolygon({}), Field(47, 9, 49, 11)), OVERLAY_APART);
 }
 
 TEST_F(OverlayCallTest, NoNumbersFailAndEmptyTheLists) {
     const auto square = Rectangle(0, 0, 4, 4);
     for (const double bad : {NONE, HUGE_VAL, -1e300}) {
-        const auto broken = PixelLine({{0, 0}, {4, bad}, {4, 4}, {0, 4}});
+        const auto broken = PixelPolygon({{0, 0}, {4, bad}, {4, 4}, {0, 4}});
         for (const Kind kind : KINDS) {
             FillLists();
             EXPECT_EQ(Run(kind, square, broken), OVERLAY_FAILURE);
@@ -296,7 +236,7 @@ TEST_F(OverlayCallTest, NullAndForeignObjectsFailAndLeaveTheLists) {
     const auto other = Rectangle(2, 2, 6, 6);
     for (const Kind kind : KINDS) {
         FillLists();
-        for (IArray* const wrong : {static_cast<IArray*>(nullptr), Disguised<IArray>(stranger)}) {
+        for (IArray* const wrong : Wrong<IArray>()) {
             EXPECT_EQ(Run(kind, map.Get(), wrong, other.Get()), OVERLAY_FAILURE);
             EXPECT_EQ(Run(kind, map.Get(), square.Get(), wrong), OVERLAY_FAILURE);
             for (std::size_t odd = 0; odd < 4; ++odd) {
@@ -306,9 +246,8 @@ TEST_F(OverlayCallTest, NullAndForeignObjectsFailAndLeaveTheLists) {
             }
         }
         if (kind != Kind::NoMap) {
-            EXPECT_EQ(Run(kind, nullptr, square.Get(), other.Get()), OVERLAY_FAILURE);
-            EXPECT_EQ(Run(kind, Disguised<IMapCoordOperations>(stranger), square.Get(), other.Get()),
-                      OVERLAY_FAILURE);
+            for (IMapCoordOperations* const wrong : Wrong<IMapCoordOperations>())
+                EXPECT_EQ(Run(kind, wrong, square.Get(), other.Get()), OVERLAY_FAILURE);
         }
         EXPECT_TRUE(AreListsUntouched());
     }
@@ -348,94 +287,33 @@ TEST_F(OverlayCallTest, InputsStayAsTheyAre) {
 }
 
 TEST_F(OverlayCallTest, TheObjectsToleranceCounts) {
+    // The first vertex is 0.2 / 1.414 = 0.14 beyond the diamond's edge on x + y = 4.
+    const auto diamond = PixelPolygon({{0, -4}, {4, 0}, {0, 4}, {-4, 0}});
+    const auto beside = Rectangle(2.1, 2.1, 3, 3);
+    for (const Kind kind : KINDS) {
+        ASSERT_TRUE(area->SetTolerance(0.1));
+        EXPECT_EQ(Run(kind, beside, diamond), OVERLAY_APART);
+        ASSERT_TRUE(area->SetTolerance(0.2));
+        EXPECT_EQ(Run(kind, beside, diamond), OVERLAY_FIRST_INSIDE);
+        EXPECT_EQ(Run(kind, diamond, beside), OVERLAY_SECOND_INSIDE);
+    }
+}
+
+TEST_F(OverlayCallTest, AMapWithoutADatumTakesEmptyPixelPolygonsOnly) {
+    map = testing::HundredPixelsADegree(5000);
     const auto square = Rectangle(0, 0, 4, 4);
-    const auto nearly = Rectangle(0.01, 0.01, 4.01, 4.01);
-    EXPECT_EQ(Run(Kind::NoMap, square, nearly), OVERLAY_CROSSING);
-    ASSERT_TRUE(area->SetTolerance(0.1));
-    EXPECT_EQ(Run(Kind::NoMap, square, nearly), OVERLAY_EQUAL);
-}
-
-class SplitPolygonTest : public OverlayCallTest {
-  protected:
-    bool Split(const IRef<IArray>& polygon) {
-        return area->SplitPolygon(map.Get(), polygon.Get(), lists[0].Get());
-    }
-};
-
-TEST_F(SplitPolygonTest, ABowTieGivesTwoClosedTrianglesInTheOrderOfTheWalk) {
-    for (const bool isClosed : {false, true}) {
-        Outline bowTie{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
-        if (isClosed) bowTie.push_back(bowTie.front());
-        FillLists();
-        ASSERT_TRUE(Split(Pixels(bowTie)));
-        ASSERT_EQ(lists[0]->GetCount(), 2u);
-        EXPECT_EQ(OutlineOf(Part(lists[0], 0)), (Outline{{1, 1}, {2, 2}, {2, 0}, {1, 1}}));
-        EXPECT_EQ(OutlineOf(Part(lists[0], 1)), (Outline{{0, 0}, {1, 1}, {0, 2}, {0, 0}}));
-        const CKoord vertex = KoordOf(At(Part(lists[0], 0), 0));
-        EXPECT_EQ(vertex.type, static_cast<std::uint32_t>(KOORD_FLOATPIXEL));
-        EXPECT_EQ(vertex.datum, static_cast<std::uint32_t>(DATUM_GER));
-    }
-}
-
-TEST_F(SplitPolygonTest, PositionsAreSplitOnTheMap) {
-    // On the map (100, 200), (300, 100), (300, 200), (100, 100): a bow-tie that crosses in (200, 150).
-    ASSERT_TRUE(Split(LineOf({GeodezRecord(49, 9, 0, DATUM_GER), GeodezRecord(50, 11, 0, DATUM_GER),
-                              GeodezRecord(49, 11, 0, DATUM_GER), GeodezRecord(50, 9, 0, DATUM_GER)})));
-    ASSERT_EQ(lists[0]->GetCount(), 2u);
-    const Outline first = OutlineOf(Part(lists[0], 0));
-    ASSERT_EQ(first.size(), 4u);
-    EXPECT_NEAR(first[0].x, 200, 1e-9);
-    EXPECT_NEAR(first[0].y, 150, 1e-9);
-    EXPECT_EQ(AreasOf(lists[0]), (std::vector<double>{5000, 5000}));
-}
-
-TEST_F(SplitPolygonTest, WholeAndFractionalPixelsAndPositionsMix) {
-    const auto mixed = LineOf({LongPixel(100, 200), FloatPixel(300, 100), GeodezRecord(49, 11, 0, DATUM_GER),
-                               GeodezRecord(50, 9, 0, DATUM_GER)});
-    ASSERT_TRUE(Split(mixed));
-    EXPECT_EQ(AreasOf(lists[0]), (std::vector<double>{5000, 5000}));
-}
-
-TEST_F(SplitPolygonTest, SmallPolygonsAreOnePart) {
-    ASSERT_TRUE(Split(PixelLine({{0, 0}, {4, 0}, {4, 4}})));
-    ASSERT_EQ(lists[0]->GetCount(), 1u);
-    EXPECT_EQ(Part(lists[0], 0)->GetCount(), 4u);
-    ASSERT_TRUE(Split(PixelLine({{3, 4}})));
-    ASSERT_EQ(lists[0]->GetCount(), 1u);
-    EXPECT_EQ(Part(lists[0], 0)->GetCount(), 1u);
-    ASSERT_TRUE(Split(PixelLine({})));
-    EXPECT_EQ(lists[0]->GetCount(), 0u);
-}
-
-TEST_F(SplitPolygonTest, AFailureLeavesTheParts) {
-    const auto invalid = Rectangle(0, 0, 4, 4);
-    invalid->Add(EmptyCoord(2, KOORD_FLOATPIXEL).Get());
-    const auto withNull = Rectangle(0, 0, 4, 4);
-    withNull->Add(nullptr);
-    const auto withStranger = Rectangle(0, 0, 4, 4);
-    withStranger->Add(stranger.Get());
-    const auto torn = LineOf({GeodezRecord(48, 8), Nowhere(), GeodezRecord(49, 9)});
     FillLists();
-    for (const auto& polygon : {invalid, withNull, withStranger, torn})
-        EXPECT_FALSE(Split(polygon));
-    const auto square = Rectangle(0, 0, 4, 4);
-    for (IArray* const wrong : {static_cast<IArray*>(nullptr), Disguised<IArray>(stranger)}) {
-        EXPECT_FALSE(area->SplitPolygon(map.Get(), wrong, lists[0].Get()));
-        EXPECT_FALSE(area->SplitPolygon(map.Get(), square.Get(), wrong));
-    }
-    EXPECT_FALSE(area->SplitPolygon(nullptr, square.Get(), lists[0].Get()));
-    EXPECT_FALSE(area->SplitPolygon(Disguised<IMapCoordOperations>(stranger), square.Get(), lists[0].Get()));
+    EXPECT_EQ(Run(Kind::Pixels, square, square), OVERLAY_FAILURE);
+    EXPECT_TRUE(AreListsEmpty());
+    FillLists();
+    EXPECT_EQ(Run(Kind::Pixels, square, PixelPolygon({})), OVERLAY_APART);
+    EXPECT_TRUE(AreListsEmpty());
+    FillLists();
+    EXPECT_EQ(Run(Kind::OnMap, square, square), OVERLAY_FAILURE);
     EXPECT_TRUE(AreListsUntouched());
 }
 
-TEST_F(SplitPolygonTest, APolygonMayBecomeTheListOfItsParts) {
-    const auto bowTie = PixelLine({{0, 0}, {2, 2}, {2, 0}, {0, 2}});
-    ASSERT_TRUE(area->SplitPolygon(map.Get(), bowTie.Get(), bowTie.Get()));
-    EXPECT_EQ(AreasOf(bowTie), (std::vector<double>{1, 1}));
-}
-
-TEST_F(SplitPolygonTest, ObjectsOfCountZeroMayBeArguments) {
-    EXPECT_TRUE(area->SplitPolygon(map.Get(), CreateClassArray(), CreateClassArray()));
+TEST_F(OverlayCallTest, ObjectsOfCountZeroMayBeArguments) {
     EXPECT_EQ(area->Overlay(CreateClassArray(), CreateClassArray(), CreateClassArray(), CreateClassArray(),
                             CreateClassArray(), CreateClassArray()),
               OVERLAY_APART);

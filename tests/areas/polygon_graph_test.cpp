@@ -39,6 +39,22 @@ TEST(GraphOf, RunsOfBothOutlinesAlongOnePieceAreCounted) {
     EXPECT_EQ(shared, 1);
 }
 
+// The products that tell whether they are parallel are rounded, and so is the quotient that would tell where
+// they cross.
+TEST(GraphOf, EdgesOnOneLineFromOneNodeMeetNowhereElse) {
+    testing::Random random(3);
+    for (int k = 0; k < 3000; ++k) {
+        const PlanePoint direction{random.Between(-100, 100), random.Between(-100, 100)};
+        const auto at = [&](double t) { return PlanePoint{t * direction.x, t * direction.y}; };
+        const double first = random.Between(0.1, 1.9);
+        const double second = random.Between(2.1, 9);
+        const OutlineGraph graph = GraphOf({at(first), at(2)}, {at(second), at(2)}, 1e-12);
+        ASSERT_EQ(graph.nodes.size(), 3u) << k;
+        ASSERT_EQ(graph.pieces.size(), 2u) << k;
+        ASSERT_TRUE(graph.doOutlinesTouch);
+    }
+}
+
 TEST(GraphOf, AWayThereAndBackSeparatesNothing) {
     const OutlineGraph graph = GraphOf({{0, 0}, {4, 0}}, {{9, 9}}, GRAIN);
     ASSERT_EQ(graph.pieces.size(), 1u);
@@ -57,7 +73,7 @@ TEST(GraphOf, OutlinesTouchWithinTheGrain) {
 
 TEST(FacesOf, TellWhichOutlinesTheyAreIn) {
     const OutlineGraph graph = GraphOf(Rectangle(0, 0, 4, 4), Rectangle(2, 2, 6, 6), GRAIN);
-    const std::vector<GraphFace> faces = FacesOf(graph, GRAIN);
+    const std::vector<GraphFace> faces = FacesOf(graph, GRAIN).value();
     ASSERT_EQ(faces.size(), 3u);
     for (const GraphFace& face : faces) {
         EXPECT_EQ(face.outline.front(), face.outline.back());
@@ -70,23 +86,38 @@ TEST(FacesOf, TellWhichOutlinesTheyAreIn) {
 TEST(FacesOf, NoWiderThanTheGrainAreNone) {
     const Outline thin = Rectangle(0, 0, 4, 0.5);
     // 2 of area along a perimeter of 9 are 0.22 wide.
-    EXPECT_EQ(FacesOf(GraphOf(thin, {{0, 0}}, 0.2), 0.2).size(), 1u);
-    EXPECT_EQ(FacesOf(GraphOf(thin, {{0, 0}}, 0.25), 0.25).size(), 0u);
+    EXPECT_EQ(FacesOf(GraphOf(thin, {{0, 0}}, 0.2), 0.2)->size(), 1u);
+    EXPECT_EQ(FacesOf(GraphOf(thin, {{0, 0}}, 0.25), 0.25)->size(), 0u);
 }
 
 TEST(FacesOf, DeadEndsAreLeftOut) {
     // Poles at the first vertex, within an edge and into the square, the last with a branch.
     const Outline poles{{0, 0}, {-3, -3}, {0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4},
                         {2, 2}, {1, 1},   {2, 2}, {3, 1}, {2, 2}, {2, 4}, {0, 4}};
-    const std::vector<GraphFace> faces = FacesOf(GraphOf(poles, {{0, 0}}, GRAIN), GRAIN);
+    const std::vector<GraphFace> faces = FacesOf(GraphOf(poles, {{0, 0}}, GRAIN), GRAIN).value();
     ASSERT_EQ(faces.size(), 1u);
     EXPECT_NEAR(SignedArea(faces[0].outline), 16, 1e-12);
     EXPECT_EQ(faces[0].outline.size(), 5u + 1u) << "the corners, the foot of a pole and the closing vertex";
     EXPECT_EQ(faces[0].isIn, (std::array{true, false}));
 }
 
+TEST(FacesOf, PiecesThatCrossWithoutANodeHaveNone) {
+    // A square and its diagonals.
+    OutlineGraph graph{{{0, 0}, {4, 0}, {4, 4}, {0, 4}}, {}, true};
+    const std::size_t ends[][2] = {{0, 1}, {1, 2}, {2, 3}, {0, 3}, {0, 2}, {1, 3}};
+    for (const auto& [from, to] : ends)
+        graph.pieces.push_back({from, to, {1, 0}});
+    EXPECT_FALSE(FacesOf(graph, GRAIN).has_value());
+    // With a node where the diagonals cross they make four triangles.
+    graph.nodes.push_back({2, 2});
+    graph.pieces.resize(4);
+    for (std::size_t corner = 0; corner < 4; ++corner)
+        graph.pieces.push_back({corner, 4, {1, 0}});
+    EXPECT_EQ(FacesOf(graph, GRAIN).value().size(), 4u);
+}
+
 TEST(FacesOf, AGraphWithoutPiecesHasNone) {
-    EXPECT_TRUE(FacesOf(GraphOf({{1, 1}}, {{1, 1}}, GRAIN), GRAIN).empty());
+    EXPECT_TRUE(FacesOf(GraphOf({{1, 1}}, {{1, 1}}, GRAIN), GRAIN)->empty());
 }
 
 }  // namespace

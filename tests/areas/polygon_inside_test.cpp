@@ -316,9 +316,16 @@ TEST(PointInPolygon, TheMiddleOfAPentagramIsInside) {
 
 TEST(PointInPolygon, AWayThereAndBackIsOnTheOutline) {
     const Outline flagpole{{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}};
-    EXPECT_TRUE(PointInPolygon({2, 7}, flagpole, TOLERANCE));
-    EXPECT_FALSE(PointInPolygon({1, 7}, flagpole, TOLERANCE));
-    EXPECT_TRUE(PointInPolygon({1, 1}, flagpole, TOLERANCE));
+    const Outline flat{{0, 0}, {4, 0}, {8, 0}, {4, 0}};
+    for (const double tolerance : {0.0, TOLERANCE}) {
+        EXPECT_TRUE(PointInPolygon({2, 7}, flagpole, tolerance));
+        EXPECT_FALSE(PointInPolygon({1, 7}, flagpole, tolerance));
+        EXPECT_FALSE(PointInPolygon({3, 7}, flagpole, tolerance));
+        EXPECT_TRUE(PointInPolygon({1, 1}, flagpole, tolerance));
+        EXPECT_TRUE(PointInPolygon({6, 0}, flat, tolerance));
+        EXPECT_TRUE(PointInPolygon({1, 0}, flat, tolerance));
+        EXPECT_FALSE(PointInPolygon({9, 0}, flat, tolerance));
+    }
 }
 
 TEST(PointInPolygon, AThousandVerticesAreDecidedByTheRadius) {

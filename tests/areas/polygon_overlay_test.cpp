@@ -191,6 +191,67 @@ TEST(OverlayVertices, TurnedScaledAndMovedExamplesStayWhatTheyAre) {
     }
 }
 
+// Upright, the edges of skylines run along each other exactly and end in each other's vertices exactly.
+// Turned, both is so to a rounding only, and nothing may change but the directions.
+TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
+    testing::Random random(9);
+    for (int k = 0; k < 4000; ++k) {
+        SCOPED_TRACE(k);
+        const auto skyline = [&] {
+            return testing::RandomSkyline(random, 1 + random.Below(8), random.Below(6), random.Below(3));
+        };
+        const double angle = random.Between(0, 6.28);
+        const double scale = random.Between(0.5, 2000);
+        const auto turn = [&](Outline outline) {
+            for (PlanePoint& p : outline) {
+                p = {scale * (p.x * std::cos(angle) - p.y * std::sin(angle)),
+                     scale * (p.x * std::sin(angle) + p.y * std::cos(angle))};
+            }
+            return outline;
+        };
+        const Outline first = skyline();
+        const Outline second = skyline();
+        OverlayParts upright;
+        OverlayParts turned;
+        ASSERT_EQ(OverlayVertices(turn(first), turn(second), TOLERANCE, &turned),
+                  OverlayVertices(first, second, TOLERANCE, &upright));
+        // A rounding of 1e-15 of the place along outlines of some 40, in units of the raster.
+        const double square = scale * scale;
+        EXPECT_NEAR(AreaOf(turned.neither) / square, AreaOf(upright.neither), 1e-11);
+        EXPECT_NEAR(AreaOf(turned.onlySecond) / square, AreaOf(upright.onlySecond), 1e-11);
+        EXPECT_NEAR(AreaOf(turned.onlyFirst) / square, AreaOf(upright.onlyFirst), 1e-11);
+        EXPECT_NEAR(AreaOf(turned.both) / square, AreaOf(upright.both), 1e-11);
+    }
+}
+
+// Copies that are off by less than a rounding up to a millionth of a pixel, with vertices of their own on the
+// edges: what crosses where is rounded to anything, but nearly all of the area is common.
+TEST(OverlayVertices, AnInexactCopyCoversNearlyTheSameArea) {
+    testing::Random random(10);
+    for (int k = 0; k < 8000; ++k) {
+        SCOPED_TRACE(k);
+        const double offset = k % 2 == 0 ? 0.0 : 1e5;
+        const Outline star = testing::RandomStar(random, 3 + random.Below(20), {offset, offset}, 100);
+        const double error = std::pow(10.0, random.Between(-16, -6));
+        const auto near = [&](double value) { return value + random.Between(-error, error); };
+        Outline copy;
+        for (std::size_t i = 0; i < star.size(); ++i) {
+            const PlanePoint& a = star[i];
+            const PlanePoint& b = star[(i + 1) % star.size()];
+            const double t = random.Between(0, 1);
+            copy.push_back({near(a.x), near(a.y)});
+            if (k % 3 == 0) copy.push_back({near(a.x + t * (b.x - a.x)), near(a.y + t * (b.y - a.y))});
+        }
+        OverlayParts parts;
+        const std::int32_t result = OverlayVertices(star, StartingAt(1, copy), TOLERANCE, &parts);
+        ASSERT_TRUE(result >= OVERLAY_EQUAL && result <= OVERLAY_CROSSING) << result;
+        // 1e-6 pixels along an outline of at most 22 edges of 200.
+        if (result == OVERLAY_CROSSING) {
+            EXPECT_NEAR(AreaOf(parts.both), testing::Area(star), 0.005);
+        }
+    }
+}
+
 TEST(OverlayVertices, PartsAreClosedAndRunThroughTheCrossings) {
     OverlayParts parts;
     ASSERT_EQ(OverlayVertices(SQUARE, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_CROSSING);
@@ -260,14 +321,31 @@ TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
     EXPECT_NEAR(AreaOf(parts.onlyFirst), 46, 1e-12);
 }
 
-TEST(OverlayVertices, NearerThanTheToleranceIsTheSamePlace) {
-    OverlayParts parts;
+// Whether outlines cross and into what they cut each other is asked of the outlines alone.
+TEST(OverlayVertices, TheToleranceMovesNoVertex) {
     const Outline nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
-    EXPECT_EQ(OverlayVertices(SQUARE, nearly, TOLERANCE, &parts), OVERLAY_CROSSING);
-    EXPECT_EQ(OverlayVertices(SQUARE, nearly, 0.1, &parts), OVERLAY_EQUAL);
-    EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), TOLERANCE, &parts), OVERLAY_APART);
-    EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), 0.1, &parts), OVERLAY_TOUCHING);
-    EXPECT_EQ(OverlayVertices(SQUARE, nearly, INF, &parts), OVERLAY_APART) << "everything is one place";
+    for (const double tolerance : {0.0, TOLERANCE, 0.1, 100.0, INF}) {
+        OverlayParts parts;
+        EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), tolerance, &parts), OVERLAY_APART);
+        EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4, 1, 6, 3), tolerance, &parts), OVERLAY_TOUCHING);
+        EXPECT_EQ(OverlayVertices(SQUARE, SQUARE, tolerance, &parts), OVERLAY_EQUAL);
+        ASSERT_EQ(OverlayVertices(SQUARE, nearly, tolerance, &parts), OVERLAY_CROSSING);
+        ExpectAreas(parts.both, {3.99 * 3.99});
+        ExpectAreas(parts.onlyFirst, {16 - 3.99 * 3.99});
+        ExpectAreas(parts.onlySecond, {16 - 3.99 * 3.99});
+    }
+}
+
+TEST(OverlayVertices, APolygonWithinTheToleranceOfAnotherIsInsideByItsFirstVertex) {
+    // (2.2, 2.2) is 0.4 / 1.414 = 0.28 beyond the diamond's edge on x + y = 4.
+    const Outline diamond{{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
+    const Outline beside = Rectangle(2.2, 2.2, 3, 3);
+    OverlayParts parts;
+    EXPECT_EQ(OverlayVertices(beside, diamond, 0.3, &parts), OVERLAY_FIRST_INSIDE);
+    EXPECT_EQ(OverlayVertices(diamond, beside, 0.3, &parts), OVERLAY_SECOND_INSIDE);
+    EXPECT_EQ(OverlayVertices(beside, diamond, 0.2, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(StartingAt(2, beside), diamond, 0.3, &parts), OVERLAY_APART);
+    ExpectNoParts(parts);
 }
 
 TEST(OverlayVertices, ARoundingIsNoDistanceWhateverTheTolerance) {

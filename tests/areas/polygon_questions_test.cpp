@@ -1,38 +1,28 @@
 // The polygon operations of the class, on coordinates of all kinds.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <limits>
-
 #include "areas/coordinate_area.h"
-#include "support/lines.h"
-#include "support/live_objects.h"
-#include "support/objects.h"
+#include "support/polygons.h"
 #include "support/positions.h"
-#include "support/zones.h"
+#include "support/zoned_records.h"
 
 namespace tessara {
 namespace {
 
 using testing::At;
 using testing::CountOf;
-using testing::DegreeMap;
-using testing::Disguised;
 using testing::FloatPixel;
 using testing::LineOf;
 using testing::LongPixel;
-using testing::MakeStranger;
 using testing::MapOf;
 using testing::Nowhere;
-using testing::Pixel;
-using testing::PixelLine;
-using testing::PixelOf;
+using testing::PixelPolygon;
+using testing::PolarSquare;
+using testing::PolygonOf;
+using testing::Ups;
 using testing::Utm32;
 
-constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
-
-const std::vector<Pixel> SQUARE{{0, 0}, {4, 0}, {4, 4}, {0, 4}};
-const std::vector<Pixel> BOW_TIE{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
+const Outline SQUARE = testing::Rectangle(0, 0, 4, 4);
 
 IRef<ICoord> PixelAt(double x, double y, std::int32_t datum = DATUM_WGS84) {
     tagKOORD record = FloatPixel(x, y);
@@ -47,14 +37,7 @@ IRef<ICoord> In(std::int32_t system, const tagKOORD& record) {
     return coord;
 }
 
-IRef<IArray> ListOf(const std::vector<IRef<ICoord>>& coords) {
-    IRef<IArray> list(CreateClassArray());
-    for (const IRef<ICoord>& coord : coords)
-        list->Add(coord.Get());
-    return list;
-}
-
-class PolygonQuestions : public testing::BalancedTest {
+class PolygonQuestions : public testing::PolygonTest {
   protected:
     using OnMap = bool (ICoordinateArea::*)(IMapCoordOperations*, ICoord*, IArray*);
     using Plain = bool (ICoordinateArea::*)(ICoord*, IArray*);
@@ -82,14 +65,13 @@ class PolygonQuestions : public testing::BalancedTest {
         return isExpected;
     }
 
-    IRef<ICoordinateArea> area{CreateClassCoordinateArea()};
     // 100 metres a pixel: column (easting - 300000) / 100, row (5800000 - northing) / 100.
     IRef<IMapCoordOperations> map =
         MapOf(testing::Map(MAP_UTM, MapUtmParams{'N', 32, 300000.0, 5800000.0, 100.0, 100.0}));
 };
 
 TEST_F(PolygonQuestions, PixelsAreComparedAsTheyAre) {
-    const auto square = PixelLine(SQUARE);
+    const auto square = PixelPolygon(SQUARE);
     EXPECT_TRUE(AskAll(PixelAt(1, 1), square, true));
     EXPECT_TRUE(AskAll(PixelAt(4, 4), square, true)) << "a vertex";
     EXPECT_TRUE(AskAll(PixelAt(5, 1), square, false));
@@ -102,7 +84,7 @@ TEST_F(PolygonQuestions, PixelsAreComparedAsTheyAre) {
 
 TEST_F(PolygonQuestions, WholeAndFractionalPixelsOfAnyDatumMix) {
     const auto square =
-        ListOf({PixelAt(0, 0, 3), CoordOf(LongPixel(4, 0)), PixelAt(4, 4, 6), CoordOf(LongPixel(0, 4))});
+        PolygonOf({PixelAt(0, 0, 3), CoordOf(LongPixel(4, 0)), PixelAt(4, 4, 6), CoordOf(LongPixel(0, 4))});
     EXPECT_TRUE(area->IsInsidePixels(CoordOf(LongPixel(1, 1)).Get(), square.Get()));
     EXPECT_FALSE(area->IsInsidePixels(CoordOf(LongPixel(5, 1)).Get(), square.Get()));
     EXPECT_TRUE(area->IsInsideOnMap(map.Get(), PixelAt(1, 1, 7).Get(), square.Get()));
@@ -113,19 +95,18 @@ TEST_F(PolygonQuestions, WholeAndFractionalPixelsOfAnyDatumMix) {
 }
 
 TEST_F(PolygonQuestions, NothingIsInsideAnEmptyPolygon) {
-    EXPECT_TRUE(AskAll(PixelAt(1, 1), PixelLine({}), false));
+    EXPECT_TRUE(AskAll(PixelAt(1, 1), PixelPolygon({}), false));
 }
 
 TEST_F(PolygonQuestions, APolygonOfOneVertexHoldsThatVertex) {
-    EXPECT_TRUE(AskAll(PixelAt(1, 1), PixelLine({{1, 1}}), true));
-    EXPECT_TRUE(AskAll(PixelAt(1, 2), PixelLine({{1, 1}}), false));
+    EXPECT_TRUE(AskAll(PixelAt(1, 1), PixelPolygon({{1, 1}}), true));
+    EXPECT_TRUE(AskAll(PixelAt(1, 2), PixelPolygon({{1, 1}}), false));
 }
 
 TEST_F(PolygonQuestions, BothTrianglesOfABowTieAreInside) {
-    for (const auto& closing : {std::vector<Pixel>{}, std::vector<Pixel>{{0, 0}}}) {
-        std::vector<Pixel> pixels = BOW_TIE;
-        pixels.insert(pixels.end(), closing.begin(), closing.end());
-        const auto bowTie = PixelLine(pixels);
+    const Outline open{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
+    for (const Outline& outline : {open, testing::Closed(open)}) {
+        const auto bowTie = PixelPolygon(outline);
         EXPECT_TRUE(area->IsInsidePixels(PixelAt(0.25, 1).Get(), bowTie.Get()));
         EXPECT_TRUE(area->IsInsidePixels(PixelAt(1.75, 1).Get(), bowTie.Get()));
         EXPECT_FALSE(area->IsInsidePixels(PixelAt(1, 0.5).Get(), bowTie.Get()));
@@ -133,7 +114,7 @@ TEST_F(PolygonQuestions, BothTrianglesOfABowTieAreInside) {
 }
 
 TEST_F(PolygonQuestions, TheObjectsToleranceCounts) {
-    const auto diamond = PixelLine({{0, -4}, {4, 0}, {0, 4}, {-4, 0}});
+    const auto diamond = PixelPolygon({{0, -4}, {4, 0}, {0, 4}, {-4, 0}});
     // (2.2, 2.2) is 0.4 / 1.414 = 0.28 beyond the edge on x + y = 4.
     EXPECT_TRUE(AskAll(PixelAt(2.2, 2.2), diamond, false));
     ASSERT_TRUE(area->SetTolerance(0.3));
@@ -165,8 +146,8 @@ TEST_F(PolygonQuestions, EdgesAreStraightInTheCoordinatesOrOnTheMap) {
 TEST_F(PolygonQuestions, TransferredEdgesAreStraightInTheSystemOfTheMap) {
     map = MapOf(testing::WithReference(testing::Map(MAP_LAMBERT2, MapLambert2Params{46.0, 50.0, 9.0}),
                                        GeodezRecord(48, 9), 0, 0, 100000, 10.0));
-    const auto polygon = ListOf({In(KOORD_UTM, GeodezRecord(48, 7)), CoordOf(GeodezRecord(48, 11)),
-                                 In(KOORD_GK, GeodezRecord(49, 11)), CoordOf(GeodezRecord(49, 7))});
+    const auto polygon = PolygonOf({In(KOORD_UTM, GeodezRecord(48, 7)), CoordOf(GeodezRecord(48, 11)),
+                                    In(KOORD_GK, GeodezRecord(49, 11)), CoordOf(GeodezRecord(49, 7))});
     const auto between = CoordOf(GeodezRecord(48.008, 9));
     EXPECT_TRUE(area->IsInsideTransferred(map.Get(), between.Get(), polygon.Get()));
     EXPECT_FALSE(area->IsInsideMapEdges(map.Get(), between.Get(), polygon.Get()));
@@ -180,7 +161,7 @@ TEST_F(PolygonQuestions, TransferredEdgesAreStraightInTheSystemOfTheMap) {
 
 TEST_F(PolygonQuestions, PixelsAndPositionsMeetOnTheMap) {
     // (500000, 5700000) is the pixel (2000, 1000).
-    const auto pixels = PixelLine({{1990, 990}, {2010, 990}, {2010, 1010}, {1990, 1010}});
+    const auto pixels = PixelPolygon({{1990, 990}, {2010, 990}, {2010, 1010}, {1990, 1010}});
     for (const OnMap operation : ON_MAP) {
         EXPECT_TRUE(Ask(operation, CoordOf(Utm32(500000, 5700000)), pixels));
         EXPECT_FALSE(Ask(operation, CoordOf(Utm32(502000, 5700000)), pixels));
@@ -234,9 +215,9 @@ TEST_F(PolygonQuestions, CoordinateEdgesWantOneReference) {
 
 TEST_F(PolygonQuestions, AnEdgeWithoutAMiddleFails) {
     // There is no mean of the grid of one pole and that of the other.
-    map = DegreeMap(0.0, 0.0, 1.0);
-    const auto field = ListOf({In(KOORD_UPS, GeodezRecord(85, 0)), In(KOORD_UPS, GeodezRecord(85, 40)),
-                               In(KOORD_UPS, GeodezRecord(-85, 40))});
+    map = testing::DegreeMap(0.0, 0.0, 1.0);
+    const auto field = PolygonOf({In(KOORD_UPS, GeodezRecord(85, 0)), In(KOORD_UPS, GeodezRecord(85, 40)),
+                                  In(KOORD_UPS, GeodezRecord(-85, 40))});
     const auto point = CoordOf(GeodezRecord(0, 30));
     EXPECT_TRUE(Ask(&ICoordinateArea::IsInsideOnMap, point, field));
     EXPECT_FALSE(Ask(&ICoordinateArea::IsInsideCoordEdges, point, field));
@@ -252,7 +233,7 @@ TEST_F(PolygonQuestions, WithoutAMapEverySystemHasAPlane) {
         const auto at = [&](double north, double east) {
             return In(region.type, GeodezRecord(lat + north, lon + east, 0.0, region.datum));
         };
-        const auto field = ListOf({at(-0.05, -0.05), at(-0.05, 0.05), at(0.05, 0.05), at(0.05, -0.05)});
+        const auto field = PolygonOf({at(-0.05, -0.05), at(-0.05, 0.05), at(0.05, 0.05), at(0.05, -0.05)});
         const auto isInside = [&](double north, double east) {
             return area->IsInsideCoordEdgesNoMap(at(north, east).Get(), field.Get());
         };
@@ -264,68 +245,52 @@ TEST_F(PolygonQuestions, WithoutAMapEverySystemHasAPlane) {
 }
 
 TEST_F(PolygonQuestions, WithoutAMapAPolarPolygonHoldsThePole) {
-    const auto ups = [](double easting, double northing) {
-        UpsPayload payload{};
-        payload.hemisphere = 'N';
-        payload.easting = easting;
-        payload.northing = northing;
-        return Record(KOORD_UPS, payload);
-    };
-    const auto field = LineOf({ups(1.9e6, 1.9e6), ups(2.1e6, 1.9e6), ups(2.1e6, 2.1e6), ups(1.9e6, 2.1e6)});
-    EXPECT_TRUE(area->IsInsideCoordEdgesNoMap(CoordOf(ups(2.0e6, 2.0e6)).Get(), field.Get()));
-    EXPECT_TRUE(area->IsInsideCoordEdgesNoMap(CoordOf(ups(2.09e6, 1.91e6)).Get(), field.Get()));
-    EXPECT_FALSE(area->IsInsideCoordEdgesNoMap(CoordOf(ups(2.11e6, 2.0e6)).Get(), field.Get()));
+    const auto field = PolarSquare(1.9e6, 1.9e6, 2e5);
+    EXPECT_TRUE(area->IsInsideCoordEdgesNoMap(CoordOf(Ups('N', 2.0e6, 2.0e6)).Get(), field.Get()));
+    EXPECT_TRUE(area->IsInsideCoordEdgesNoMap(CoordOf(Ups('N', 2.09e6, 1.91e6)).Get(), field.Get()));
+    EXPECT_FALSE(area->IsInsideCoordEdgesNoMap(CoordOf(Ups('N', 2.11e6, 2.0e6)).Get(), field.Get()));
 }
 
 TEST_F(PolygonQuestions, InvalidPixelsHaveNoPlaceWithoutAMap) {
     const auto square =
-        ListOf({PixelAt(0, 0), EmptyCoord(2, KOORD_FLOATPIXEL), PixelAt(4, 4), PixelAt(0, 4)});
+        PolygonOf({PixelAt(0, 0), EmptyCoord(2, KOORD_FLOATPIXEL), PixelAt(4, 4), PixelAt(0, 4)});
     EXPECT_FALSE(area->IsInsidePixels(PixelAt(1, 2).Get(), square.Get()));
-    EXPECT_FALSE(area->IsInsidePixels(EmptyCoord(2, KOORD_FLOATPIXEL).Get(), PixelLine(SQUARE).Get()));
+    EXPECT_FALSE(area->IsInsidePixels(EmptyCoord(2, KOORD_FLOATPIXEL).Get(), PixelPolygon(SQUARE).Get()));
 }
 
 TEST_F(PolygonQuestions, NoNumbersAreInsideNothing) {
-    const auto broken = PixelLine({{0, 0}, {NONE, 0}, {4, NONE}, {HUGE_VAL, 4}, {0, -HUGE_VAL}});
-    EXPECT_TRUE(AskAll(PixelAt(NONE, 1), PixelLine(SQUARE), false));
-    EXPECT_TRUE(AskAll(PixelAt(1, -HUGE_VAL), PixelLine(SQUARE), false));
+    const auto broken = PixelPolygon({{0, 0}, {NONE, 0}, {4, NONE}, {HUGE_VAL, 4}, {0, -HUGE_VAL}});
+    EXPECT_TRUE(AskAll(PixelAt(NONE, 1), PixelPolygon(SQUARE), false));
+    EXPECT_TRUE(AskAll(PixelAt(1, -HUGE_VAL), PixelPolygon(SQUARE), false));
     EXPECT_TRUE(AskAll(PixelAt(NONE, NONE), broken, false));
 }
 
 TEST_F(PolygonQuestions, NullAndForeignObjectsFail) {
-    const IRef<IUnknown> stranger = MakeStranger();
     const IRef<ICoord> foreign(NewObject<testing::HostCoord>());
     const auto point = PixelAt(1, 1);
-    const auto square = PixelLine(SQUARE);
-    const auto withForeign = PixelLine(SQUARE);
-    withForeign->Add(foreign.Get());
-    const auto withStranger = PixelLine(SQUARE);
-    withStranger->Add(stranger.Get());
-    const auto withNull = PixelLine(SQUARE);
-    withNull->Add(nullptr);
-    for (const OnMap operation : ON_MAP) {
-        const auto ask = [&](IMapCoordOperations* m, ICoord* p, IArray* a) {
-            return (area.Get()->*operation)(m, p, a);
-        };
-        EXPECT_TRUE(ask(map.Get(), point.Get(), square.Get()));
-        EXPECT_FALSE(ask(nullptr, point.Get(), square.Get()));
-        EXPECT_FALSE(ask(Disguised<IMapCoordOperations>(stranger), point.Get(), square.Get()));
-        for (ICoord* const other :
-             {static_cast<ICoord*>(nullptr), Disguised<ICoord>(stranger), foreign.Get()})
-            EXPECT_FALSE(ask(map.Get(), other, square.Get()));
-        for (IArray* const other : {static_cast<IArray*>(nullptr), Disguised<IArray>(stranger),
-                                    withForeign.Get(), withStranger.Get(), withNull.Get()})
-            EXPECT_FALSE(ask(map.Get(), point.Get(), other));
-    }
-    for (const Plain operation : PLAIN) {
-        const auto ask = [&](ICoord* p, IArray* a) { return (area.Get()->*operation)(p, a); };
+    const auto square = PixelPolygon(SQUARE);
+    const IRef<IArray> broken[] = {SquareWith(nullptr), SquareWith(stranger.Get()),
+                                   SquareWith(foreign.Get())};
+    std::vector<ICoord*> wrongPoints = Wrong<ICoord>();
+    wrongPoints.push_back(foreign.Get());
+    std::vector<IArray*> wrongPolygons = Wrong<IArray>();
+    for (const IRef<IArray>& polygon : broken)
+        wrongPolygons.push_back(polygon.Get());
+
+    const auto expectFailures = [&](const auto& ask) {
         EXPECT_TRUE(ask(point.Get(), square.Get()));
-        for (ICoord* const other :
-             {static_cast<ICoord*>(nullptr), Disguised<ICoord>(stranger), foreign.Get()})
-            EXPECT_FALSE(ask(other, square.Get()));
-        for (IArray* const other : {static_cast<IArray*>(nullptr), Disguised<IArray>(stranger),
-                                    withForeign.Get(), withStranger.Get(), withNull.Get()})
-            EXPECT_FALSE(ask(point.Get(), other));
+        for (ICoord* const wrong : wrongPoints)
+            EXPECT_FALSE(ask(wrong, square.Get()));
+        for (IArray* const wrong : wrongPolygons)
+            EXPECT_FALSE(ask(point.Get(), wrong));
+    };
+    for (const OnMap operation : ON_MAP) {
+        expectFailures([&](ICoord* p, IArray* a) { return (area.Get()->*operation)(map.Get(), p, a); });
+        for (IMapCoordOperations* const wrong : Wrong<IMapCoordOperations>())
+            EXPECT_FALSE((area.Get()->*operation)(wrong, point.Get(), square.Get()));
     }
+    for (const Plain operation : PLAIN)
+        expectFailures([&](ICoord* p, IArray* a) { return (area.Get()->*operation)(p, a); });
     EXPECT_EQ(CountOf(point), 1u);
     EXPECT_EQ(CountOf(square), 1u);
     EXPECT_EQ(CountOf(map), 1u);

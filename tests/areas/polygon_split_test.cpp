@@ -121,18 +121,35 @@ TEST(SplitVertices, AKeyholeGivesTheOutlineAndItsHole) {
     const Outline keyhole{{0, 0}, {8, 0}, {8, 8}, {0, 8}, {0, 4}, {2, 4},
                           {2, 6}, {6, 6}, {6, 2}, {2, 2}, {2, 4}, {0, 4}};
     const std::vector<Outline> parts = SplitVertices(keyhole);
-    ASSERT_EQ(parts.size(), 2u);  // the way there and back along the cut is no part
+    ASSERT_EQ(parts.size(), 3u);
     EXPECT_DOUBLE_EQ(SignedArea(parts[0]), -16.0);
-    EXPECT_DOUBLE_EQ(SignedArea(parts[1]), 64.0);
+    ExpectOutline(parts[1], {{0, 4}, {2, 4}});  // the cut, there and back
+    ExpectOutline(parts[2], {{0, 0}, {8, 0}, {8, 8}, {0, 8}, {0, 4}});
+}
+
+TEST(SplitVertices, AWayThereAndBackIsAPartOfItsOwn) {
+    const Outline flagpole{{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}};
+    const std::vector<Outline> parts = SplitVertices(flagpole);
+    ASSERT_EQ(parts.size(), 2u);
+    ExpectOutline(parts[0], {{2, 4}, {2, 9}});
+    ExpectOutline(parts[1], {{0, 0}, {4, 0}, {4, 4}, {2, 4}, {0, 4}});
+}
+
+TEST(SplitVertices, AFlatOutlineIsWaysThereAndBack) {
+    const std::vector<Outline> parts = SplitVertices({{0, 0}, {4, 0}, {8, 0}, {4, 0}});
+    ASSERT_EQ(parts.size(), 2u);
+    ExpectOutline(parts[0], {{4, 0}, {8, 0}});
+    ExpectOutline(parts[1], {{0, 0}, {4, 0}});
 }
 
 TEST(SplitVertices, EdgesThatRunAlongEachOtherSplitWhereTheyStart) {
     // Out along y = 0 to (10, 0), and back along it from (7, 0) to (3, 0).
     const Outline fold{{0, 0}, {10, 0}, {10, 4}, {7, 0}, {3, 0}, {0, 4}};
     const std::vector<Outline> parts = SplitVertices(fold);
-    ASSERT_EQ(parts.size(), 2u);
+    ASSERT_EQ(parts.size(), 3u);
     ExpectOutline(parts[0], {{7, 0}, {10, 0}, {10, 4}});
-    ExpectOutline(parts[1], {{0, 0}, {3, 0}, {0, 4}});
+    ExpectOutline(parts[1], {{3, 0}, {7, 0}});  // what both run along
+    ExpectOutline(parts[2], {{0, 0}, {3, 0}, {0, 4}});
 }
 
 // Whatever is cut off and left over, the walk is the same, and with it the signed area.
@@ -149,7 +166,7 @@ TEST(SplitVertices, SignedAreasAddUpAndNoVertexIsVisitedTwice) {
         const std::vector<Outline> parts = SplitVertices(outline);
         double sum = 0.0;
         for (const Outline& part : parts) {
-            ASSERT_GE(part.size(), 4u);
+            ASSERT_GE(part.size(), 3u);
             EXPECT_EQ(part.front(), part.back());
             EXPECT_FALSE(HasRepeats(part));
             sum += SignedArea(part);

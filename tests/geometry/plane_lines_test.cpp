@@ -17,6 +17,17 @@ constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double LARGEST = std::numeric_limits<double>::max();
 
+TEST(ParameterOnSegment, IsTakenOnTheLongerAxis) {
+    EXPECT_TRUE(IsLongerInX({0, 0}, {3, -2}));
+    EXPECT_FALSE(IsLongerInX({0, 0}, {2, -3}));
+    EXPECT_FALSE(IsLongerInX({0, 0}, {3, 3})) << "y, when neither is";
+    // Beside the segment, so that the axes differ.
+    EXPECT_EQ(ParameterOnSegment({1, 9}, {0, 0}, {4, 2}), 0.25);
+    EXPECT_EQ(ParameterOnSegment({9, 1}, {0, 0}, {2, 4}), 0.25);
+    EXPECT_EQ(ParameterOnSegment({9, 1}, {0, 0}, {4, 4}), 0.25);
+    EXPECT_EQ(ParameterOnSegment({3, 0}, {4, 0}, {0, 0}), 0.25);
+}
+
 TEST(LineParameter, RunsFromZeroToOneAlongTheFirstSegment) {
     EXPECT_EQ(LineParameter({0, 0}, {4, 0}, {1, -1}, {1, 1}), 0.25);
     EXPECT_EQ(LineParameter({0, 0}, {4, 0}, {0, -1}, {0, 1}), 0.0);

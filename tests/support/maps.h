@@ -1,6 +1,7 @@
 // Maps, pixels and the two ways between pixel and world, for tests.
 #pragma once
 
+#include "support/plain_records.h"
 #include "support/records.h"
 #include "tessara/kernel/map.h"
 
@@ -24,14 +25,6 @@ inline MapParam WithReference(MapParam map, const tagKOORD& world, std::int32_t 
     map.scaleDenominator = scaleDenominator;
     map.resolution = resolution;
     return map;
-}
-
-inline tagKOORD FloatPixel(double x, double y) {
-    return Record(KOORD_FLOATPIXEL, FloatPixelPayload{x, y});
-}
-
-inline tagKOORD LongPixel(std::int32_t x, std::int32_t y) {
-    return Record(KOORD_LONGPIXEL, LongPixelPayload{x, y});
 }
 
 struct WorldResult {
