@@ -148,6 +148,9 @@ TEST_F(CoordCheckerUtmref, AnEmptyPieceStandsForItsFirstChoice) {
     EXPECT_EQ(Rows({"32", "U", ""}), Rows({"32", "U", "N"}));
     EXPECT_EQ(Rows({"33", "U", ""}), Rows({"33", "U", "W"}));
     EXPECT_EQ(Rows({"31", "U", ""}), Rows({"31", "U", "E"}));
+    // Far in the north a zone is hardly wider than the two columns beside its meridian.
+    EXPECT_EQ(Rows({"1", "X", ""}), Rows({"1", "X", "E"}));
+    EXPECT_NE(Rows({"1", "X", ""}), Rows({"1", "X", "F"}));
 }
 
 TEST_F(CoordCheckerUtmref, PiecesThatDontExistLeaveNoChoice) {
