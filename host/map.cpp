@@ -2,10 +2,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
 
 #include "commands.h"
+#include "input_files.h"
 #include "map_page.h"
 #include "png.h"
 
@@ -46,17 +46,18 @@ struct Options {
 };
 
 std::string ReadAll(const std::string& file) {
-    const auto read = [](std::istream& stream) {
-        return std::string(std::istreambuf_iterator<char>(stream), {});
-    };
-    if (file == "-") return read(std::cin);
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file)) throw DescriptionError("can't be read");
-    return read(stream);
+    std::string text;
+    const std::string wrong = ReadInput(file, [&text](std::istream& stream) {
+        char part[4096];
+        while (stream.read(part, sizeof part) || stream.gcount() > 0)
+            text.append(part, static_cast<std::size_t>(stream.gcount()));
+    });
+    if (!wrong.empty()) throw DescriptionError(wrong);
+    return text;
 }
 
 // Line and column of a mistake are in the parser's message.
-nlohmann::json ParseJson(const std::string& text) {
+nlohmann::json ParseDescription(const std::string& text) {
     try {
         return nlohmann::json::parse(text, nullptr, true, true);
     } catch (const nlohmann::json::exception& error) {
@@ -68,7 +69,7 @@ nlohmann::json ParseJson(const std::string& text) {
 }
 
 MapDescription Read(const std::string& file) {
-    const nlohmann::json json = ParseJson(ReadAll(file));
+    const nlohmann::json json = ParseDescription(ReadAll(file));
     return ReadMapDescription(json, file == "-" ? "" : std::filesystem::path(file).parent_path());
 }
 

@@ -1,15 +1,14 @@
 // Positions as texts: convert with a system in --from, check, utmref.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
+#include "host/files.h"
 #include "host/run_program.h"
 
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 using Json = nlohmann::json;
 
@@ -29,23 +28,6 @@ Outcome UtmToUtmref(std::vector<std::string> arguments, const std::string& input
     arguments.insert(arguments.end(), {"--from", "UTM", "--to", "UTMREF"});
     return ConvertTexts(arguments, input);
 }
-
-std::string ContentsOf(const std::filesystem::path& path) {
-    std::stringstream contents;
-    contents << std::ifstream(path, std::ios::binary).rdbuf();
-    return contents.str();
-}
-
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const std::string& name)
-        : path_(std::filesystem::temp_directory_path() / ("tessara-texts-" + name)) {}
-    ~TemporaryFile() { std::filesystem::remove(path_); }
-    [[nodiscard]] std::string Path() const { return path_.string(); }
-
-  private:
-    std::filesystem::path path_;
-};
 
 }  // namespace
 
@@ -139,19 +121,20 @@ TEST(ConvertTexts, NamesTheLimitWhenItRefuses) {
 }
 
 TEST(ConvertTexts, WritesLinesThatCantBeUsedToAFile) {
-    const TemporaryFile rejects("rejects");
+    const ScratchDirectory files;
     const Outcome outcome = UtmToUtmref(
-        {"--rejects", rejects.Path()},
+        {"--rejects", files.Path("rejects")},
         std::string("# first\nfoo;bar\n") + "N 5334791;32 691602\n" + "N 5334791;32 900000; \xFF \r\n\n");
     EXPECT_EQ(outcome.out, "U U 34791.000;32 P 91602.000\n");
-    EXPECT_EQ(ContentsOf(rejects.Path()), "foo;bar\nN 5334791;32 900000; \xFF \r\n");
+    EXPECT_EQ(files.Contents("rejects"), "foo;bar\nN 5334791;32 900000; \xFF \r\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
 TEST(ConvertTexts, RejectsOfACsvAreACsv) {
-    const TemporaryFile rejects("csv-rejects");
-    UtmToUtmref({"--rejects", rejects.Path(), "--columns", "n,e"}, "n,e\nN 1,x\nN 5334791,32 691602\n");
-    EXPECT_EQ(ContentsOf(rejects.Path()), "n,e\nN 1,x\n");
+    const ScratchDirectory files;
+    UtmToUtmref({"--rejects", files.Path("rejects"), "--columns", "n,e"},
+                "n,e\nN 1,x\nN 5334791,32 691602\n");
+    EXPECT_EQ(files.Contents("rejects"), "n,e\nN 1,x\n");
 }
 
 TEST(ConvertTexts, ReportsRejectsThatCantBeWritten) {
@@ -159,13 +142,13 @@ TEST(ConvertTexts, ReportsRejectsThatCantBeWritten) {
 }
 
 TEST(ConvertTexts, RejectsDontOverwriteAFileThatIsRead) {
-    const TemporaryFile file("input");
-    std::ofstream(file.Path()) << MUNICH_UTM << '\n';
-    const Outcome outcome = UtmToUtmref({"--rejects", file.Path(), file.Path()}, "");
+    const ScratchDirectory files;
+    const std::string file = files.File("input", std::string(MUNICH_UTM) + "\n");
+    const Outcome outcome = UtmToUtmref({"--rejects", file, file}, "");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, file.Path() + ": is to be read, and can't take the rejects\n");
-    EXPECT_EQ(ContentsOf(file.Path()), std::string(MUNICH_UTM) + "\n");
+    EXPECT_EQ(outcome.err, file + ": is to be read, and can't take the rejects\n");
+    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
 }
 
 TEST(ConvertTexts, JsonCarriesTextsAndNumbers) {
@@ -201,6 +184,40 @@ TEST(ConvertTexts, JobsKeepTheOrderOfTheLines) {
     EXPECT_EQ(four.out, one.out);
     EXPECT_EQ(four.err, one.err);
     EXPECT_EQ(LinesOf(one.err)[1].substr(0, 7), "-:1008:");
+}
+
+TEST(ConvertTexts, ReadsAHeaderBehindAByteOrderMark) {
+    EXPECT_EQ(UtmToUtmref({"--columns", "n,e"}, "\xEF\xBB\xBFn;e\r\nN 5334791;32 691602\r\n").out,
+              "n;e\nU U 34791.000;32 P 91602.000\n");
+}
+
+TEST(ConvertTexts, TakesNoTextForItsPartBeforeANul) {
+    const Outcome outcome =
+        UtmToUtmref({}, std::string("N 5334791\0x;32 691602\nN 5334791;32 691602\0\n", 43));
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(LinesOf(outcome.err).size(), 2u);
+    EXPECT_EQ(LinesOf(outcome.err).at(0),
+              "-:1: not readable as UTM, which is `hemisphere northing` and `zone easting`");
+}
+
+TEST(ConvertTexts, JsonHasAllColumnsOfAHeaderThatNamesSomeTwice) {
+    const Outcome outcome =
+        UtmToUtmref({"--json", "--columns", "n,e"}, "n,e,a,a,\nN 5334791,32 691602,1,2,3\n");
+    EXPECT_EQ(Json::parse(outcome.out)["columns"], (Json{{"a", "1"}, {"a 4", "2"}, {"5", "3"}}));
+}
+
+// A quadratic search for the names of the columns would take minutes.
+TEST(ConvertTexts, TakesVeryManyColumns) {
+    std::string line = "N 5334791;32 691602";
+    for (int i = 0; i < 300000; ++i)
+        line += ";x";
+    for (const std::vector<std::string>& form :
+         {std::vector<std::string>{}, {"--json"}, {"--output", "jsonl"}}) {
+        const Outcome outcome = UtmToUtmref(form, line + "\n");
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(LinesOf(outcome.out).size(), 1u);
+        EXPECT_GT(outcome.out.size(), line.size());
+    }
 }
 
 TEST(ConvertTexts, SurvivesAnyBytes) {
