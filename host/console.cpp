@@ -16,7 +16,7 @@ namespace {
 std::uint64_t BytesOf(const std::vector<std::string>& files) {
     std::uint64_t sum = 0;
     for (const std::string& file : files) {
-        const std::filesystem::path path = file == "-" ? "/dev/stdin" : file;
+        const std::filesystem::path path = PathOfInput(file);
         std::error_code error;
         if (!std::filesystem::is_regular_file(path, error)) return 0;
         const std::uintmax_t size = std::filesystem::file_size(path, error);

@@ -1,6 +1,6 @@
 #include "input_files.h"
 
-#include <filesystem>
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 
@@ -23,6 +23,18 @@ std::string ReadFile(const std::string& file, const ReadStream& read) {
 
 std::string ReadInput(const std::string& file, const ReadStream& read) {
     return file == "-" ? ReadToItsEnd(std::cin, read) : ReadFile(file, read);
+}
+
+std::filesystem::path PathOfInput(const std::string& file) {
+    return file == "-" ? "/dev/stdin" : file;
+}
+
+bool IsOneOf(const std::string& file, const std::vector<std::string>& inputs) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) return false;
+    return std::any_of(inputs.begin(), inputs.end(), [&](const std::string& input) {
+        return std::filesystem::equivalent(PathOfInput(input), file, error);
+    });
 }
 
 }  // namespace tessara::program

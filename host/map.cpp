@@ -74,11 +74,12 @@ MapDescription Read(const std::string& file) {
 }
 
 // What went wrong; empty if nothing did.
-std::string WriteOutput(const std::string& svg, const std::string& file) {
+std::string WriteOutput(const std::string& svg, const std::string& file, const std::string& description) {
     if (file == "-") {
         std::cout << svg;
         return {};
     }
+    if (IsOneOf(file, {description})) return file + ": is the description, and is left as it is";
     if (file.ends_with(".png")) return WritePng(svg, file);
     std::ofstream stream(file, std::ios::binary);
     stream << svg;
@@ -98,7 +99,7 @@ ExitCode DrawMap(const Options& options) {
     }
     for (const std::string& problem : page.problems)
         problems.push_back(options.description + ": " + problem);
-    const std::string failure = WriteOutput(page.svg, options.output);
+    const std::string failure = WriteOutput(page.svg, options.output, options.description);
     if (!failure.empty()) problems.push_back("tessara: " + failure);
     for (const std::string& problem : problems)
         std::cerr << problem << '\n';

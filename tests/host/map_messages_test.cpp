@@ -254,6 +254,15 @@ TEST(MapMessages, TellAnOutputThatCantBeWritten) {
     EXPECT_EQ(outcome.err, "tessara: /nowhere/map.svg: can't be written\n");
 }
 
+TEST(MapMessages, TellAnOutputThatIsTheDescription) {
+    const ScratchDirectory files;
+    const std::string file = files.File("map.json", MapWith(""));
+    const Outcome outcome = Tessara({"map", file, "-o", file});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "tessara: " + file + ": is the description, and is left as it is\n");
+    EXPECT_EQ(files.Contents("map.json"), MapWith(""));
+}
+
 TEST(MapMessages, NameTheProgramThatDrawsAPng) {
     const ScratchDirectory files;
     const std::string file = files.Path("map.png");

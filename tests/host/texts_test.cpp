@@ -8,6 +8,7 @@
 
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::RunProgram;
 using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 using Json = nlohmann::json;
@@ -149,6 +150,12 @@ TEST(ConvertTexts, RejectsDontOverwriteAFileThatIsRead) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, file + ": is to be read, and can't take the rejects\n");
     EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
+
+    const std::string convert = std::string(TESSARA_PROGRAM) + " convert --from UTM --rejects ";
+    const Outcome asInput = RunProgram("/bin/sh", {"-c", convert + file + " < " + file});
+    EXPECT_EQ(asInput.status, 1);
+    EXPECT_EQ(asInput.err, outcome.err);
+    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
 }
 
 TEST(ConvertTexts, JsonCarriesTextsAndNumbers) {
@@ -249,6 +256,11 @@ TEST(Utmref, ListsTheChoicesThatAreLeft) {
     EXPECT_EQ(zones.substr(0, 6), "1 2 3 ");
     EXPECT_EQ(zones.substr(zones.size() - 4), " 60\n");
     EXPECT_EQ(Tessara({"utmref", "32"}).out, "C D E F G H J K L M N P Q R S T U V W X\n");
+    // In band U zone 32 reaches 224 km to each side of easting 500000: columns K (200 to 300 km) to Q (700 to
+    // 800 km). Q begins 200 km beside the meridian, where the band lies from northing 5319 km (48 degrees) to
+    // some 5900 km (53.2 degrees, where the zone is 200 km wide on each side). With F for the first 100 km
+    // and 20 letters these are rows 53, F + 53 - 2 * 20 = U, to 59, E; on Bessel's ellipsoid ten letters
+    // on, J to Q.
     EXPECT_EQ(Tessara({"utmref", "032", "u"}).out, "K L M N P Q\n");
     EXPECT_EQ(Tessara({"utmref", "32", "U", "Q"}).out, "U V A B C D E\n");
     EXPECT_EQ(Tessara({"utmref", "32", "U", "Q", "--datum", "GER"}).out, "J K L M N P Q\n");
