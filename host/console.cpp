@@ -41,8 +41,8 @@ bool Console::OpenRejects(const std::optional<std::string>& file) {
 
 void Console::ReadFiles(const std::function<void(std::istream&, const std::string&)>& convert) {
     for (const std::string& file : files_) {
-        const std::string wrong = ReadInput(file, [&](std::istream& stream) { convert(stream, file); });
-        if (!wrong.empty()) Report(file + ": " + wrong + '\n');
+        std::string wrong = ReadInput(file, [&](std::istream& stream) { convert(stream, file); });
+        if (!wrong.empty()) Report(wrong.insert(0, file + ": ") += '\n');
     }
 }
 
