@@ -24,7 +24,7 @@ IRef<IMapCoordOperations> MakeSheet() {
     const IRef<IGeoDate> datum(CreateClassGeoDate());
     datum->SetDatum(DATUM_WGS84);
 
-    // Every map that isn't a polynomial one is built with a reference point; a grid map just keeps it.
+    // A reference point ties a map to the earth. A grid map has no need of one and just keeps it.
     const IRef<ICoord> corner(CreateClassCoord());
     const IRef<ICoordGeographic> place(CreateClassCoordGeographic());
     place->Set(11.356, 48.234, 0.0);

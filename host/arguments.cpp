@@ -7,10 +7,6 @@
 namespace tessara::program {
 namespace {
 
-std::string CheckDatum(const std::string& name) {
-    return DatumByName(name) ? "" : "no datum is called '" + name + "'; `tessara datums` lists them";
-}
-
 // `wrong` says what is wrong with the word, if anything is.
 void AddRequired(CLI::App& command, const std::string& name, double& number, const std::string& description,
                  std::string (*wrong)(std::string_view)) {
@@ -29,7 +25,7 @@ CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string&
     return command.add_option(option, name, description)
         ->type_name("DATUM")
         ->capture_default_str()
-        ->check(CheckDatum);
+        ->check(WrongDatum);
 }
 
 void AddLatitude(CLI::App& command, const std::string& name, double& degrees) {

@@ -1,6 +1,7 @@
 #include "columns.h"
 
 #include <algorithm>
+#include <set>
 
 namespace tessara::program {
 namespace {
@@ -78,6 +79,19 @@ std::string JoinColumns(const std::vector<std::string>& columns, char separator)
         line += '"';
     }
     return line;
+}
+
+std::vector<std::string> NamesOfColumns(const std::vector<std::string>& header) {
+    std::vector<std::string> names;
+    std::set<std::string> taken;
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        std::string name = header[i];
+        while (name.empty() || taken.contains(name))
+            name += (name.empty() ? "" : " ") + std::to_string(i + 1);
+        taken.insert(name);
+        names.push_back(std::move(name));
+    }
+    return names;
 }
 
 std::optional<ColumnPair> FindColumns(const std::vector<std::string>& header, std::string_view north,

@@ -30,6 +30,10 @@ class OpenQuotes {
 // The other way round; a column is put in quotes where it needs them.
 [[nodiscard]] std::string JoinColumns(const std::vector<std::string>& columns, char separator);
 
+// A name of its own for each column of a header: one without a name, or with that of another, gets the number
+// of its column.
+[[nodiscard]] std::vector<std::string> NamesOfColumns(const std::vector<std::string>& header);
+
 struct ColumnPair {
     std::size_t north = 0;
     std::size_t east = 1;

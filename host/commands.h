@@ -13,6 +13,8 @@ enum ExitCode : int {
     EXIT_USAGE = 2,
 };
 
+inline constexpr const char* OUTPUT_IS_LOST = "standard output can't be written";
+
 using Action = std::function<ExitCode()>;
 
 void AddConvert(CLI::App& program, Action& action);

@@ -1,30 +1,25 @@
 #include "conversion.h"
 
+#include "coords.h"
+
 namespace tessara::program {
 namespace {
 
-CKoord GeodezKoord(const Position& position, std::int32_t datum) {
+tagKOORD DegreesRecord(const Position& position, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);
     Store(record, GeodezPayload{position.latitude, position.longitude, position.height.value_or(0.0)});
-    return CKoord(record);
+    return record;
 }
 
 }  // namespace
 
 Conversion::Conversion(std::int32_t from, Reference to)
-    : from_(from), to_(to), reference_(CreateClassCoordinateReference()) {
-    reference_->SetDatum(to.datum);
-    reference_->SetSystem(to.system);
-}
+    : from_(from), to_(to), reference_(MakeReference(to)) {}
 
 std::optional<CKoord> Conversion::Convert(const Position& position) const {
-    const IRef<ICoord> coord(CreateClassCoord());
-    const IRef<ICoordInternal> inner(coord);
-    CKoord koord = GeodezKoord(position, from_);
-    inner->SetKoord(&koord);
+    const IRef<ICoord> coord = CoordOf(DegreesRecord(position, from_));
     if (!coord->SetReference(reference_.Get())) return std::nullopt;
-    inner->GetKoord(&koord);
-    return koord;
+    return KoordOf(coord.Get());
 }
 
 }  // namespace tessara::program

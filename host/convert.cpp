@@ -1,21 +1,15 @@
 // tessara convert
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iostream>
+#include <iterator>
 #include <memory>
 
 #include "commands.h"
-#include "console.h"
-#include "conversion.h"
-#include "fields.h"
+#include "degree_files.h"
 #include "forms.h"
 #include "names.h"
-#include "positions.h"
+#include "quote.h"
 #include "record_files.h"
 #include "references.h"
-#include "rejects.h"
-#include "results.h"
 #include "text_files.h"
 #include "text_forms.h"
 
@@ -88,24 +82,23 @@ Form FormOf(const std::string& file, const Options& options) {
     return options.json ? Form::LINES : FormOfFile(file);
 }
 
-std::vector<std::pair<std::string, Form>> FilesWithForms(const Options& options) {
-    std::vector<std::pair<std::string, Form>> files;
+// In the order of the files.
+std::vector<Form> FormsOf(const Options& options) {
+    std::vector<Form> forms;
     for (const std::string& file : options.files)
-        files.emplace_back(file, FormOf(file, options));
-    if (files.empty()) files.emplace_back("-", FormOf("-", options));
-    return files;
+        forms.push_back(FormOf(file, options));
+    return forms;
 }
 
 Form OutputForm(const Options& options) {
-    return options.output ? FormByName(*options.output) : FilesWithForms(options).front().second;
+    return options.output ? FormByName(*options.output) : FormsOf(options).front();
 }
 
 // Lines to lines need no records.
 bool AreLinesOnly(const Options& options) {
-    const auto files = FilesWithForms(options);
+    const std::vector<Form> forms = FormsOf(options);
     return OutputForm(options) == Form::LINES &&
-           std::all_of(files.begin(), files.end(),
-                       [](const auto& file) { return file.second == Form::LINES; });
+           std::all_of(forms.begin(), forms.end(), [](Form form) { return form == Form::LINES; });
 }
 
 // What is wrong with a target on the command line; empty if nothing is.
@@ -124,7 +117,8 @@ bool NamesSystem(const std::string& from) {
 std::string CheckFrom(const std::string& from) {
     if (DatumByName(from)) return {};
     if (!SystemByName(from) && from.find('@') == std::string::npos)
-        return "no datum is called '" + from + "'; `tessara datums` and `tessara systems` list what there is";
+        return "no datum is called " + Quote(from) +
+               "; `tessara datums` and `tessara systems` list what there is";
     std::string wrong = WrongReference(from);
     if (!wrong.empty()) return wrong;
     const std::int32_t system = ReferenceByName(from, DATUM_WGS84)->system;
@@ -140,100 +134,6 @@ std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
     if (targets.empty()) targets.push_back({KOORD_GEODEZ, DATUM_WGS84});
     return targets;
 }
-
-std::vector<Conversion> Conversions(const Options& options) {
-    const std::int32_t from = *DatumByName(options.from);
-    std::vector<Conversion> conversions;
-    for (const Reference& target : Targets(options, from))
-        conversions.emplace_back(from, target);
-    return conversions;
-}
-
-Json ToJson(const Result& result) {
-    Json json{{"system", SystemName(result.target.system)}, {"datum", DatumName(result.target.datum)}};
-    for (const Field& field : result.fields)
-        std::visit([&](const auto& value) { json[field.name] = value; }, field.value);
-    return json;
-}
-
-class Converter {
-  public:
-    explicit Converter(const Options& options)
-        : json_(options.json),
-          from_(DatumName(*DatumByName(options.from))),
-          conversions_(Conversions(options)),
-          console_(options.files) {}
-
-    void ConvertFile(const std::string& file) {
-        if (file == "-") return ConvertStream(file, std::cin);
-        std::ifstream stream(file);
-        if (!stream || std::filesystem::is_directory(file)) return Report(file, "can't be read");
-        ConvertStream(file, stream);
-    }
-
-    // What is wrong with the file for the rejects; empty if nothing is.
-    std::string OpenRejects(const Options& options) { return rejects_.Open(options.rejects, options.files); }
-
-    [[nodiscard]] ExitCode Code() {
-        if (const std::string wrong = rejects_.Finish(); !wrong.empty()) console_.Report(wrong + '\n');
-        return console_.Code();
-    }
-
-  private:
-    void ConvertStream(const std::string& file, std::istream& stream) {
-        std::string text;
-        for (int number = 1; std::getline(stream, text); ++number) {
-            ConvertLine(file, number, text);
-            console_.Advance(1, text.size() + 1);
-        }
-    }
-
-    void ConvertLine(const std::string& file, int number, const std::string& text) {
-        const std::string place = file + ":" + std::to_string(number);
-        const Line line = ReadLine(text);
-        if (!line.error.empty()) return Reject(place, line.error, text);
-        if (!line.position) return;
-
-        Results all = ConvertToAll(conversions_, *line.position);
-        if (!all.error.empty()) return Reject(place, all.error, text);
-        AddHeights(*line.position, &all.results);
-        if (json_) {
-            WriteJson(file, number, *line.position, all.results);
-        } else {
-            console_.Write(LineOf(all.results) + '\n');
-        }
-    }
-
-    void WriteJson(const std::string& file, int number, const Position& position,
-                   const std::vector<Result>& results) {
-        Json json{{"file", file},
-                  {"line", number},
-                  {"datum", from_},
-                  {"latitude", position.latitude},
-                  {"longitude", position.longitude}};
-        if (position.height) json["height"] = *position.height;
-        json["results"] = Json::array();
-        for (const Result& result : results)
-            json["results"].push_back(ToJson(result));
-        // The name of a file may be no UTF-8.
-        console_.Write(json.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n');
-    }
-
-    void Reject(const std::string& place, const std::string& error, const std::string& line) {
-        Report(place, error);
-        rejects_.Write(line + '\n');
-    }
-
-    void Report(const std::string& place, const std::string& error) {
-        console_.Report(place + ": " + error + '\n');
-    }
-
-    bool json_;
-    std::string from_;
-    std::vector<Conversion> conversions_;
-    Console console_;
-    Rejects rejects_;
-};
 
 TextConversion TextsOf(const Options& options) {
     const Reference from = *ReferenceByName(options.from, DATUM_WGS84);
@@ -264,7 +164,8 @@ ExitCode ConvertRecords(const Options& options) {
     }
     // The points of GeoJSON are degrees on WGS84 anyway.
     if (options.to.empty() && files.conversion.output == Form::GEOJSON) files.conversion.to.clear();
-    files.files = FilesWithForms(options);
+    files.files = options.files;
+    files.formOf = [&options](const std::string& file) { return FormOf(file, options); };
     files.columns = options.columns;
     files.rejects = options.rejects;
     files.jobs = options.jobs.value_or(1);
@@ -272,15 +173,13 @@ ExitCode ConvertRecords(const Options& options) {
 }
 
 ExitCode ConvertDegrees(const Options& options) {
-    Converter converter(options);
-    if (const std::string wrong = converter.OpenRejects(options); !wrong.empty()) {
-        std::cerr << wrong << '\n';
-        return EXIT_INCOMPLETE;
-    }
-    for (const std::string& file : options.files)
-        converter.ConvertFile(file);
-    if (options.files.empty()) converter.ConvertFile("-");
-    return converter.Code();
+    DegreeFiles files;
+    files.datum = *DatumByName(options.from);
+    files.to = Targets(options, files.datum);
+    files.json = options.json;
+    files.files = options.files;
+    files.rejects = options.rejects;
+    return ConvertDegreeFiles(files);
 }
 
 ExitCode Convert(const Options& options) {
@@ -290,10 +189,9 @@ ExitCode Convert(const Options& options) {
 
 // What doesn't go together; empty if all does.
 std::string WrongCombination(const Options& options) {
-    const auto files = FilesWithForms(options);
-    const auto isAny = [&files](Form form) {
-        return std::any_of(files.begin(), files.end(),
-                           [form](const auto& file) { return file.second == form; });
+    const std::vector<Form> forms = FormsOf(options);
+    const auto isAny = [&forms](Form form) {
+        return std::find(forms.begin(), forms.end(), form) != forms.end();
     };
     const bool areTexts = NamesSystem(options.from);
     if (options.text.AreGiven() && !areTexts)
@@ -306,8 +204,8 @@ std::string WrongCombination(const Options& options) {
         return "lines of degrees have no columns: try --input csv";
     if (options.jobs && !areTexts && AreLinesOnly(options))
         return "lines of degrees take no --jobs; texts and other forms do";
-    const bool areMixed = std::any_of(files.begin(), files.end(),
-                                      [&](const auto& file) { return file.second != files.front().second; });
+    const bool areMixed =
+        std::any_of(forms.begin(), forms.end(), [&](Form form) { return form != forms.front(); });
     if (options.rejects && areMixed)
         return "--rejects is one file, of the form of the input: convert one form at a time";
     return {};
@@ -384,6 +282,7 @@ void AddConvert(CLI::App& program, Action& action) {
     AddFormOptions(*command, *options);
     AddTextOptions(*command, options->text);
     command->callback([options, &action] {
+        if (options->files.empty()) options->files = {"-"};
         if (const std::string wrong = WrongCombination(*options); !wrong.empty())
             throw CLI::ValidationError("tessara convert", wrong);
         action = [options] { return Convert(*options); };

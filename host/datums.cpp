@@ -13,8 +13,7 @@ constexpr const char* FOOTER =
     R"(A line holds number, name, ellipsoid, and the translation from the datum to WGS84 along x, y and z in metres.
 An ellipsoid without a name is written as '-'.)";
 
-// No interface tells the ellipsoid or the translation of a datum. This listing, and nothing else of the
-// program, reads them from the table of the static kernel.
+// No interface tells the ellipsoid or the translation of a datum: they come from the static kernel.
 ExitCode ListDatums() {
     for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
         const DatumRow& row = *Datum_Row(datum);

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "numbers.h"
-#include "parse_json.h"
+#include "quote.h"
 
 namespace tessara::program {
 namespace {
@@ -71,31 +71,67 @@ bool IsWgs84(const Json& crs) {
     return crs.is_null() || name.ends_with("CRS84") || name.ends_with(":4326");
 }
 
+// Takes the features out of a collection while it is being parsed.
+class CollectionReader {
+  public:
+    CollectionReader(const std::string& file, RecordSink* sink) : file_(file), sink_(sink) {}
+
+    // False for what need not be kept.
+    bool Take(int depth, Json::parse_event_t event, const Json& parsed) {
+        using Event = Json::parse_event_t;
+        if (depth == MEMBER_DEPTH && event == Event::key) member_ = parsed.get<std::string>();
+        if (depth == MEMBER_DEPTH && event == Event::array_start) isInFeatures_ = member_ == "features";
+        const bool isWhole = event == Event::object_end || event == Event::array_end || event == Event::value;
+        if (!isWhole) return true;
+        if (depth == MEMBER_DEPTH) {
+            isInFeatures_ = false;
+            if (member_ == "crs") TakeCrs(parsed);
+        }
+        if (depth != FEATURE_DEPTH || !isInFeatures_) return true;
+        TakeFeature(parsed);
+        return false;
+    }
+
+    // What is wrong with the rest of the collection; empty if nothing is.
+    [[nodiscard]] std::string WrongRest(const Json& rest) const {
+        if (TextMember(rest, "type") != "FeatureCollection" || !Member(rest, "features").is_array())
+            return "is no GeoJSON FeatureCollection";
+        return isLate_ ? "isn't on WGS84: its 'crs' comes behind features, which were taken for WGS84" : "";
+    }
+
+  private:
+    void TakeCrs(const Json& crs) {
+        isElsewhere_ = !IsWgs84(crs);
+        isLate_ = isElsewhere_ && count_ > 0;
+    }
+
+    void TakeFeature(const Json& feature) {
+        Record record = RecordOf(feature, file_ + ": feature " + std::to_string(++count_));
+        if (isElsewhere_) record.error = "isn't on WGS84: the file has a 'crs'";
+        sink_->TakeRecord(std::move(record));
+    }
+
+    const std::string& file_;
+    RecordSink* sink_;
+    std::string member_;  // of the root, which is being read
+    std::size_t count_ = 0;
+    bool isInFeatures_ = false;
+    bool isElsewhere_ = false;
+    bool isLate_ = false;
+};
+
 }  // namespace
 
 void ReadGeoJson(std::istream& stream, const std::string& file, RecordSink* sink) {
-    std::string member;  // of the root, which is being read
-    std::size_t count = 0;
-    bool isElsewhere = false;
-    const auto take = [&](int depth, Json::parse_event_t event, Json& parsed) {
-        using Event = Json::parse_event_t;
-        if (depth == MEMBER_DEPTH && event == Event::key) member = parsed.get<std::string>();
-        const bool isWhole = event == Event::object_end || event == Event::array_end || event == Event::value;
-        if (depth == MEMBER_DEPTH && isWhole && member == "crs") isElsewhere = !IsWgs84(parsed);
-        if (depth != FEATURE_DEPTH || !isWhole || member != "features") return true;
-        Record record = RecordOf(parsed, file + ": feature " + std::to_string(++count));
-        if (isElsewhere) record.error = "isn't on WGS84: the file has a 'crs'";
-        sink->TakeRecord(std::move(record));
-        return false;
+    CollectionReader reader(file, sink);
+    const auto take = [&reader](int depth, Json::parse_event_t event, Json& parsed) {
+        return reader.Take(depth, event, parsed);
     };
-
-    Json root;
+    Json rest;
     Record whole;
     whole.place = file;
-    whole.error = ParseJson(stream, take, &root);
-    if (whole.error.empty() &&
-        (TextMember(root, "type") != "FeatureCollection" || !root.contains("features")))
-        whole.error = "is no GeoJSON FeatureCollection";
+    whole.error = ParseJson(stream, take, &rest);
+    if (whole.error.empty()) whole.error = reader.WrongRest(rest);
     if (!whole.error.empty()) sink->TakeRecord(std::move(whole));
 }
 

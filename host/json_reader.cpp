@@ -4,14 +4,13 @@
 #include <cmath>
 
 #include "numbers.h"
+#include "quote.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr std::size_t LONGEST_QUOTE = 40;
-
 // What a message shows of a value, with ASCII only.
-std::string Quote(const nlohmann::json& json) {
+std::string Show(const nlohmann::json& json) {
     if (json.is_object()) return "an object";
     if (json.is_array()) return "a list of " + std::to_string(json.size());
     std::string text = json.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
@@ -34,7 +33,7 @@ void JsonValue::Fail(const std::string& what) const {
 }
 
 void JsonValue::Expected(const std::string& what) const {
-    Fail("expected " + what + ", found " + Quote(*json_));
+    Fail("expected " + what + ", found " + Show(*json_));
 }
 
 std::string JsonValue::Text() const {
@@ -124,7 +123,7 @@ std::optional<JsonValue> JsonObject::Optional(const std::string& key) {
 void JsonObject::RefuseOthers() const {
     for (const auto& [key, value] : value_.json_->items()) {
         if (known_.contains(key)) continue;
-        Fail("no key is called " + Quote(key) + " here; there are " +
+        Fail("no key is called " + Show(key) + " here; there are " +
              Join(known_, [](const std::string& name) { return name; }));
     }
 }

@@ -49,12 +49,14 @@ int Main(std::vector<std::string> arguments) {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
         program.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
-        return program.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;
+        // A help text is an error to the parser, too.
+        if (program.exit(error) != 0) return EXIT_USAGE;
+        action = [] { return EXIT_DONE; };
     }
 
     const ExitCode code = action();
     if (!std::cout.flush()) {
-        std::cerr << "tessara: standard output can't be written\n";
+        std::cerr << "tessara: " << OUTPUT_IS_LOST << '\n';
         return EXIT_INCOMPLETE;
     }
     return code;

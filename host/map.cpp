@@ -2,10 +2,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
 
 #include "commands.h"
+#include "input_files.h"
 #include "map_page.h"
 #include "png.h"
 
@@ -46,17 +46,18 @@ struct Options {
 };
 
 std::string ReadAll(const std::string& file) {
-    const auto read = [](std::istream& stream) {
-        return std::string(std::istreambuf_iterator<char>(stream), {});
-    };
-    if (file == "-") return read(std::cin);
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file)) throw DescriptionError("can't be read");
-    return read(stream);
+    std::string text;
+    const std::string wrong = ReadInput(file, [&text](std::istream& stream) {
+        char part[4096];
+        while (stream.read(part, sizeof part) || stream.gcount() > 0)
+            text.append(part, static_cast<std::size_t>(stream.gcount()));
+    });
+    if (!wrong.empty()) throw DescriptionError(wrong);
+    return text;
 }
 
 // Line and column of a mistake are in the parser's message.
-nlohmann::json ParseJson(const std::string& text) {
+nlohmann::json ParseDescription(const std::string& text) {
     try {
         return nlohmann::json::parse(text, nullptr, true, true);
     } catch (const nlohmann::json::exception& error) {
@@ -68,16 +69,17 @@ nlohmann::json ParseJson(const std::string& text) {
 }
 
 MapDescription Read(const std::string& file) {
-    const nlohmann::json json = ParseJson(ReadAll(file));
+    const nlohmann::json json = ParseDescription(ReadAll(file));
     return ReadMapDescription(json, file == "-" ? "" : std::filesystem::path(file).parent_path());
 }
 
 // What went wrong; empty if nothing did.
-std::string WriteOutput(const std::string& svg, const std::string& file) {
+std::string WriteOutput(const std::string& svg, const std::string& file, const std::string& description) {
     if (file == "-") {
         std::cout << svg;
         return {};
     }
+    if (IsOneOf(file, {description})) return file + ": is the description, and is left as it is";
     if (file.ends_with(".png")) return WritePng(svg, file);
     std::ofstream stream(file, std::ios::binary);
     stream << svg;
@@ -97,7 +99,7 @@ ExitCode DrawMap(const Options& options) {
     }
     for (const std::string& problem : page.problems)
         problems.push_back(options.description + ": " + problem);
-    const std::string failure = WriteOutput(page.svg, options.output);
+    const std::string failure = WriteOutput(page.svg, options.output, options.description);
     if (!failure.empty()) problems.push_back("tessara: " + failure);
     for (const std::string& problem : problems)
         std::cerr << problem << '\n';

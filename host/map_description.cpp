@@ -6,12 +6,10 @@
 #include "map_projection.h"
 #include "names.h"
 #include "text_forms.h"
-#include "typed_position.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr double PIXEL_LIMIT = 1e9;
 constexpr double WIDEST_WINDOW = 1e6;
 constexpr double LONGEST_RADIUS = 2e7;  // metres; half around the earth
 constexpr double MM_PER_METRE = 1000.0;
@@ -55,33 +53,25 @@ class DescriptionReader {
         if (sheet.references.empty()) root_.Fail("'reference' is missing" + needs);
     }
 
-    static std::int32_t ReadDatum(const JsonValue& value) {
-        const std::optional<std::int32_t> datum = DatumByName(value.Text());
-        if (!datum) value.Fail("no datum is called '" + value.Text() + "'; `tessara datums` lists them");
-        return *datum;
-    }
-
     // One point, or a list of them.
     void ReadReferences() {
         const auto value = root_.Optional("reference");
         if (!value) return;
-        if (value->IsObject()) return ReadReference(*value);
+        if (value->IsObject()) return ReadReferencePoint(*value);
         for (const JsonValue& point : value->List())
-            ReadReference(point);
+            ReadReferencePoint(point);
     }
 
-    void ReadReference(const JsonValue& value) {
+    void ReadReferencePoint(const JsonValue& value) {
         JsonObject object(value);
-        const std::vector<JsonValue> pixel = object.Required("pixel").ListOf(2);
-        const double x = pixel[0].NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT);
-        const double y = pixel[1].NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT);
+        const FloatPixelPayload pixel = ReadPixel(object.Required("pixel"));
         const JsonValue place = object.Required("place");
         const Site site = ReadSite(place, description_.sheet.datum);
         double column = 0.0;
         double row = 0.0;
         if (site.coord->GetPixel(&column, &row)) place.Fail("a pixel is no place on the earth");
         object.RefuseOthers();
-        description_.sheet.references.push_back({site, x, y});
+        description_.sheet.references.push_back({site, pixel.x, pixel.y});
     }
 
     static Window ReadWindow(const JsonValue& value) {
@@ -118,10 +108,8 @@ class DescriptionReader {
         return layer;
     }
 
-    [[nodiscard]] Reference ReadReferenceName(const JsonValue& value) const {
-        const std::string wrong = WrongReference(value.Text());
-        if (!wrong.empty()) value.Fail(wrong);
-        return *ReferenceByName(value.Text(), description_.sheet.datum);
+    [[nodiscard]] Reference ReferenceIn(const JsonValue& value) const {
+        return ReadReference(value, description_.sheet.datum);
     }
 
     [[nodiscard]] std::vector<Site> Sites(JsonObject& object, const char* key, std::size_t least) const {
@@ -130,7 +118,7 @@ class DescriptionReader {
 
     void ReadGrid(JsonObject& object, Layer& layer) {
         const JsonValue system = object.Required("system");
-        GridLayer grid{ReadReferenceName(system), 0.0, 0.0};
+        GridLayer grid{ReferenceIn(system), 0.0, 0.0};
         if (!HasGrid(grid.reference.system))
             system.Fail(SystemName(grid.reference.system) + " has no grid lines");
         if (const auto step = object.Optional("step")) {
@@ -144,7 +132,7 @@ class DescriptionReader {
 
     void ReadBorders(JsonObject& object, Layer& layer) {
         const JsonValue system = object.Required("system");
-        const Reference reference = ReadReferenceName(system);
+        const Reference reference = ReferenceIn(system);
         const IRef<ICoord> coord(CreateClassCoord());
         const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
         if (!coord->SetReference(MakeReference(reference).Get()) || !zones->HasZones(coord.Get()))
@@ -169,7 +157,7 @@ class DescriptionReader {
         if (!from) return ReadDegreesFile(file, description_.sheet.datum, &description_.problems);
         if (const auto datum = DatumByName(from->Text()))
             return ReadDegreesFile(file, *datum, &description_.problems);
-        const Reference reference = ReadReferenceName(*from);
+        const Reference reference = ReferenceIn(*from);
         const std::string never = WhyNeverTyped(reference.system);
         if (!never.empty()) from->Fail(SystemName(reference.system) + " can't be typed: " + never);
         return ReadTextsFile(file, reference, &description_.problems);
@@ -183,7 +171,7 @@ class DescriptionReader {
         LineLayer line{Sites(object, "places", 2), LineLayer::Straight::ON_MAP, {}};
         if (const auto system = object.Optional("straightIn")) {
             line.straight = LineLayer::Straight::IN_SYSTEM;
-            line.reference = ReadReferenceName(*system);
+            line.reference = ReferenceIn(*system);
             if (IsPixel(line.reference.system)) system->Fail("without it a line is straight in pixels");
         }
         layer.content = std::move(line);

@@ -75,6 +75,10 @@ struct Drawing {
     std::vector<std::string> problems;  // what can't be drawn
 };
 
+// Picture units: how far a chain of points may lie beside its line, and within which two places are one.
+inline constexpr double LINE_TOLERANCE = 0.25;
+inline constexpr double SAME_PLACE = 1.0;
+
 inline constexpr double LABEL_SIZE = 12.0;
 inline constexpr double NAME_SIZE = 14.0;
 

@@ -2,10 +2,12 @@
 
 #include <cmath>
 
+#include "coords.h"
 #include "fields.h"
 #include "numbers.h"
+#include "references.h"
 #include "tessara/host/text.h"
-#include "typed_position.h"
+#include "utf8.h"
 
 namespace tessara::program {
 namespace {
@@ -39,22 +41,10 @@ double ResolutionOf(std::int32_t system, double step) {
     return (1.0 + SLACK) * std::pow(10.0, -DecimalsOf(step));
 }
 
-CKoord KoordOf(ICoord* coord) {
-    CKoord koord;
-    const IRef<ICoordInternal> inner(coord);
-    if (inner.IsValid()) inner->GetKoord(&koord);
-    return koord;
-}
-
-bool IsDegrees(std::uint32_t system) {
-    return system == KOORD_GEODEZ || system == KOORD_GEOGRAD || system == KOORD_GEODEZMIN;
-}
-
 // Degrees in parts and letters become decimal ones.
 CKoord AsNumbers(const CKoord& koord) {
-    if (!IsDegrees(koord.type) && koord.type != KOORD_GEOREF) return koord;
-    const IRef<ICoord> coord(CreateClassCoord());
-    IRef<ICoordInternal>(coord)->SetKoord(&koord);
+    if (!IsDegrees(static_cast<std::int32_t>(koord.type)) && koord.type != KOORD_GEOREF) return koord;
+    const IRef<ICoord> coord = CoordOf(koord);
     coord->SetReference(MakeReference({KOORD_GEODEZ, static_cast<std::int32_t>(koord.datum)}).Get());
     return KoordOf(coord.Get());
 }
@@ -77,14 +67,14 @@ std::optional<double> AxisValue(ICoord* coord, Axis axis) {
 }
 
 std::string AxisText(ICoord* coord, Axis axis, double step) {
-    const std::uint32_t system = KoordOf(coord).type;
+    const auto system = static_cast<std::int32_t>(KoordOf(coord).type);
     if (system == KOORD_BNG || system == KOORD_ING || system == KOORD_VDG)
         return FormatNumber(AxisValue(coord, axis).value_or(NAN), DecimalsOf(step));
 
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
     const IRef<ITessaraString> text(NewObject<host::Text>());
     string->SetCoord(coord);
-    const double resolution = ResolutionOf(static_cast<std::int32_t>(system), step);
+    const double resolution = ResolutionOf(system, step);
     string->SetNorthPrecision(resolution);
     string->SetEastPrecision(resolution);
     if (IsDegrees(system)) {
@@ -93,7 +83,7 @@ std::string AxisText(ICoord* coord, Axis axis, double step) {
     } else {
         axis == Axis::NORTH ? string->GetNorthText(text.Get()) : string->GetEastText(text.Get());
     }
-    return ToUtf8(text->GetText());
+    return Latin1ToUtf8(text->GetText());
 }
 
 }  // namespace tessara::program

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "coords.h"
 #include "map_grid_labels.h"
 #include "map_grid_lines.h"
 #include "map_styles.h"
@@ -52,7 +53,6 @@ constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
 constexpr double BESIDE_BORDER = 1.5;  // metres
 
 constexpr double LABEL_CLEARANCE = 4.0;  // picture units
-constexpr double SAME_PLACE = 1.0;
 
 IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
                                double northStep) {
@@ -93,10 +93,7 @@ bool LiesOn(Neighbour border, ICoord* coord) {
 std::string ZonesBeside(ICoord* coord, std::int32_t west, std::int32_t east) {
     const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
     const auto zone = [&](std::int32_t delta) {
-        const IRef<ICoord> copy(CreateClassCoord());
-        CKoord koord;
-        IRef<ICoordInternal>(coord)->GetKoord(&koord);
-        IRef<ICoordInternal>(copy)->SetKoord(&koord);
+        const IRef<ICoord> copy = CoordOf(KoordOf(coord));
         const bool isThere = delta == 0 || zones->MoveToZone(delta, copy.Get());
         return isThere ? std::to_string(zones->GetZoneNumber(copy.Get())) : std::string("-");
     };
@@ -119,8 +116,8 @@ class GridDrawer {
         : sheet_(sheet), layer_(layer), reference_(reference), isGraticule_(IsGraticule(sheet, reference)) {}
 
     void DrawLines(ICoordinateGrid& grid, Axis axis, const Style& style) {
-        const std::string name = axis == Axis::EAST ? "east" : "north";
-        const double step = axis == Axis::EAST ? grid.GetEastStep() : grid.GetNorthStep();
+        const std::string name = NameOf(axis);
+        const double step = StepOf(grid, axis);
         Shape lines{Rank::GRID, "grid " + name, {}, style};
         FrameLabels labels{"grid-label " + name, style.stroke, {}};
         std::int64_t index = 0;
@@ -153,31 +150,6 @@ class GridDrawer {
         drawing_.frameLabels.push_back(std::move(labels));
     }
 
-    std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
-        const bool isEast = axis == Axis::EAST;
-        const double step = isEast ? grid.GetEastStep() : grid.GetNorthStep();
-        const std::string kind = isEast ? "east" : "north";
-        if (isGraticule_) {
-            std::optional<std::vector<GridLine>> lines = PlaceGraticule(sheet_, reference_, axis, step);
-            if (!lines) AddProblem(TooMany(kind));
-            return lines.value_or(std::vector<GridLine>());
-        }
-        const IRef<IArray> lines(CreateClassArray());
-        const bool isComplete = isEast ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
-        if (lines->GetCount() > MOST_LINES) {
-            AddProblem(TooMany(kind));
-            return {};
-        }
-        if (!isComplete)
-            AddProblem("not all " + kind + " lines of " + reference_.Name() + " have a place on the map");
-        return PlaceLines(sheet_, lines.Get());
-    }
-
-    [[nodiscard]] std::string TooMany(const std::string& kind) const {
-        return "there are more than " + std::to_string(MOST_LINES) + " " + kind + " lines of " +
-               reference_.Name() + "; a greater step is needed";
-    }
-
     void KeepBorders(ICoordinateGrid& grid) {
         for (GridLine& line : LinesOf(grid, Axis::EAST)) {
             const std::string border = BorderText(line);
@@ -194,6 +166,36 @@ class GridDrawer {
     [[nodiscard]] Drawing Take() { return std::move(drawing_); }
 
   private:
+    static std::string NameOf(Axis axis) { return axis == Axis::EAST ? "east" : "north"; }
+    static double StepOf(ICoordinateGrid& grid, Axis axis) {
+        return axis == Axis::EAST ? grid.GetEastStep() : grid.GetNorthStep();
+    }
+
+    std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
+        std::optional<std::vector<GridLine>> lines = FindLines(grid, axis);
+        if (!lines) {
+            AddProblem("there are more than " + std::to_string(MOST_LINES) + " " + NameOf(axis) +
+                       " lines of " + reference_.Name() + "; a greater step is needed");
+        }
+        return std::move(lines).value_or(std::vector<GridLine>());
+    }
+
+    // Nothing where there are too many.
+    std::optional<std::vector<GridLine>> FindLines(ICoordinateGrid& grid, Axis axis) {
+        const double step = StepOf(grid, axis);
+        if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step);
+        if (AreTooMany(sheet_, reference_, axis, step)) return std::nullopt;
+        const IRef<IArray> lines(CreateClassArray());
+        const bool isComplete =
+            axis == Axis::EAST ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
+        if (lines->GetCount() > MOST_LINES) return std::nullopt;
+        if (!isComplete) {
+            AddProblem("not all " + NameOf(axis) + " lines of " + reference_.Name() +
+                       " have a place on the map");
+        }
+        return PlaceLines(sheet_, lines.Get());
+    }
+
     // Where a line meets the frame; at its ends if it doesn't.
     void AddLabels(const GridLine& line, Axis axis, const std::string& text, std::int64_t ordinal,
                    FrameLabels* labels) {
@@ -248,7 +250,7 @@ std::string DegreesText(double step) {
     };
     for (const Unit& unit : {Unit{1.0, "\u00B0"}, Unit{60.0, "'"}, Unit{3600.0, "''"}}) {
         const double count = std::round(step * unit.parts);
-        if (std::abs(step * unit.parts - count) < 1e-6) return FormatPlain(count) + unit.sign;
+        if (count > 0.0 && std::abs(step * unit.parts - count) < 1e-6) return FormatPlain(count) + unit.sign;
     }
     return FormatPlain(step) + "\u00B0";
 }
@@ -291,9 +293,7 @@ Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& gri
     }
     drawer.DrawLines(*lines.Get(), Axis::NORTH, style);
     drawer.DrawLines(*lines.Get(), Axis::EAST, style);
-    if (drawer.HasBorders()) {
-        drawer.DrawBorders(BorderStyle({}));
-    }
+    if (drawer.HasBorders()) drawer.DrawBorders(BorderStyle({}));
     return drawer.Take();
 }
 

@@ -2,21 +2,23 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "clipping.h"
+#include "map_drawing.h"
 #include "tessara/host/rect.h"
-#include "typed_position.h"
 
 namespace tessara::program {
 namespace {
 
 constexpr double HALF_TURN = 180.0;
-constexpr double PIECE = 5.0;  // degrees; of a line that is drawn in pieces
+constexpr double RADIANS_PER_DEGREE = std::numbers::pi / 180.0;
+constexpr double LEAST_METRES_PER_DEGREE = 1e5;  // a tenth less than on any ellipsoid
+constexpr double PIECE = 5.0;                    // degrees; of a line that is drawn in pieces
 constexpr int MOST_HALVINGS = 6;
-constexpr double ANOTHER_PLACE = 1.0;    // degrees of latitude
-constexpr double SHORTEST_LINE = 1.0;    // picture units
-constexpr double SLACK = 1e-9;           // of rounding, in steps
-constexpr double LINE_TOLERANCE = 0.25;  // picture units
+constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
+constexpr double SHORTEST_LINE = 1.0;  // picture units
+constexpr double SLACK = 1e-9;         // of rounding, in steps
 
 // The pole is a line of equal north value, too.
 bool IsSeen(const Polyline& piece) {
@@ -57,25 +59,75 @@ std::vector<Polyline> Clip(const MapSheet& sheet, const std::vector<Polyline>& p
     return pieces;
 }
 
+// The extremes of the window in a reference.
+struct Extremes {
+    IRef<ICoord> north, east, south, west;
+};
+
+std::optional<Extremes> ExtremesOf(const MapSheet& sheet, const Reference& reference) {
+    const auto whole = [](double pixel) { return static_cast<std::int32_t>(std::lround(pixel)); };
+    const Window& window = sheet.MapWindow();
+    const IRef<IRect> rect(NewObject<host::Rect>(whole(window.left), whole(window.top), whole(window.right),
+                                                 whole(window.bottom)));
+    const auto empty = [&reference] {
+        IRef<ICoord> coord(CreateClassCoord());
+        coord->SetReference(MakeReference(reference).Get());
+        return coord;
+    };
+    const Extremes extremes{empty(), empty(), empty(), empty()};
+    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const bool isThere =
+        area->GetMapRectExtremes(sheet.Map(), rect.Get(), extremes.north.Get(), extremes.east.Get(),
+                                 extremes.south.Get(), extremes.west.Get());
+    return isThere ? std::optional(extremes) : std::nullopt;
+}
+
 struct Extent {  // degrees
     double north, east, south, west;
 };
 
 std::optional<Extent> ExtentOf(const MapSheet& sheet, std::int32_t datum) {
-    const auto whole = [](double pixel) { return static_cast<std::int32_t>(std::lround(pixel)); };
-    const Window& window = sheet.MapWindow();
-    const IRef<IRect> rect(NewObject<host::Rect>(whole(window.left), whole(window.top), whole(window.right),
-                                                 whole(window.bottom)));
-    const IRef<ICoord> points[] = {DegreesCoord(0.0, 0.0, datum), DegreesCoord(0.0, 0.0, datum),
-                                   DegreesCoord(0.0, 0.0, datum), DegreesCoord(0.0, 0.0, datum)};
-    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
-    if (!area->GetMapRectExtremes(sheet.Map(), rect.Get(), points[0].Get(), points[1].Get(), points[2].Get(),
-                                  points[3].Get()))
-        return std::nullopt;
-    const auto value = [&points](std::size_t i, Axis axis) {
-        return AxisValue(points[i].Get(), axis).value_or(0.0);
+    const std::optional<Extremes> extremes = ExtremesOf(sheet, {KOORD_GEODEZ, datum});
+    if (!extremes) return std::nullopt;
+    const auto value = [](const IRef<ICoord>& coord, Axis axis) {
+        return AxisValue(coord.Get(), axis).value_or(0.0);
     };
-    return Extent{value(0, Axis::NORTH), value(1, Axis::EAST), value(2, Axis::NORTH), value(3, Axis::EAST)};
+    return Extent{value(extremes->north, Axis::NORTH), value(extremes->east, Axis::EAST),
+                  value(extremes->south, Axis::NORTH), value(extremes->west, Axis::EAST)};
+}
+
+bool HasZones(const Reference& reference) {
+    const IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference(reference).Get());
+    return IRef<IZoneCoordOperations>(CreateClassZoneCoordOperations())->HasZones(coord.Get());
+}
+
+double DegreesAcross(const Extent& extent, Axis axis) {
+    return axis == Axis::EAST ? extent.east - extent.west : extent.north - extent.south;
+}
+
+// At least, in metres along the widest parallel or along a meridian.
+double MetresAcross(const Extent& extent, Axis axis) {
+    const double metres = DegreesAcross(extent, axis) * LEAST_METRES_PER_DEGREE;
+    if (axis == Axis::NORTH) return metres;
+    const double widest = std::clamp(0.0, extent.south, std::max(extent.south, extent.north));
+    return metres * std::max(0.0, std::cos(widest * RADIANS_PER_DEGREE));
+}
+
+// At least, in units of the system.
+double WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
+    const bool isEast = axis == Axis::EAST;
+    if (IsPixel(reference.system)) return isEast ? sheet.MapWindow().Width() : sheet.MapWindow().Height();
+    const bool isInDegrees = IsDegrees(reference.system) || reference.system == KOORD_GEOREF;
+    if (isInDegrees || HasZones(reference)) {
+        const std::optional<Extent> extent = ExtentOf(sheet, reference.datum);
+        if (!extent) return 0.0;
+        return isInDegrees ? DegreesAcross(*extent, axis) : MetresAcross(*extent, axis);
+    }
+    const std::optional<Extremes> extremes = ExtremesOf(sheet, reference);
+    if (!extremes) return 0.0;
+    return isEast ? IRef<ICoordInternal>(extremes->west)->EastDifference(extremes->east.Get())
+                  : IRef<ICoordInternal>(extremes->south)->NorthDifference(extremes->north.Get());
 }
 
 Extent OnceAround(const MapSheet& sheet, Extent extent) {
@@ -145,10 +197,12 @@ std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines) {
     return placed;
 }
 
+bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step) {
+    return WayAcross(sheet, reference, axis) > step * MOST_LINES;
+}
+
 bool IsGraticule(const MapSheet& sheet, const Reference& reference) {
-    const bool isInDegrees = reference.system == KOORD_GEODEZ || reference.system == KOORD_GEOGRAD ||
-                             reference.system == KOORD_GEODEZMIN;
-    if (!isInDegrees) return false;
+    if (!IsDegrees(reference.system)) return false;
     const std::optional<Extent> extent = ExtentOf(sheet, reference.datum);
     return extent && extent->east - extent->west > HALF_TURN;
 }

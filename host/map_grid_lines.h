@@ -22,6 +22,10 @@ struct GridLine {
 // More lines than anyone can tell apart.
 inline constexpr std::uint32_t MOST_LINES = 2000;
 
+// Whether the window is so wide that there are more, as far as its extremes tell: making them to count them
+// would take long.
+[[nodiscard]] bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step);
+
 // Whether the window reaches more than half around the earth and the system is one of degrees. Its lines are
 // then drawn piece by piece, once around: what comes again, and what has no pixel, as a pole may have none,
 // is left out. Nothing where there are more than MOST_LINES.

@@ -8,12 +8,10 @@
 #include "names.h"
 #include "numbers.h"
 #include "tessara/kernel/geodesic.h"
-#include "typed_position.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr double LINE_TOLERANCE = 0.25;  // picture units
 constexpr double HALF_TURN = 180.0;
 constexpr int RING_STEPS = 180;
 constexpr double METRES_PER_KM = 1000.0;

@@ -26,7 +26,6 @@ constexpr double ENTRY_GAP = 28.0;
 
 constexpr double MARKER_RADIUS = 4.0;
 constexpr double FRAME_CLEARANCE = 5.0;
-constexpr double SAME_PLACE = 1.0;
 constexpr double LINE_HEIGHT = 1.3;
 constexpr double FARTHEST_ABOVE = 48.0;    // three rows of labels
 constexpr double FARTHEST_BESIDE = 160.0;  // two columns

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "typed_position.h"
+#include "coords.h"
 
 namespace tessara::program {
 namespace {
@@ -27,9 +27,7 @@ IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
 }
 
 GeodezPayload DegreesIn(const IRef<ICoord>& coord) {
-    CKoord koord;
-    IRef<ICoordInternal>(coord)->GetKoord(&koord);
-    return Load<GeodezPayload>(koord);
+    return Load<GeodezPayload>(KoordOf(coord.Get()));
 }
 
 bool IsPixelCoord(ICoord* coord) {

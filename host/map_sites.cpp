@@ -1,25 +1,16 @@
 #include "map_sites.h"
 
-#include <fstream>
-
 #include "columns.h"
+#include "coords.h"
+#include "input_files.h"
+#include "line_reader.h"
 #include "names.h"
 #include "positions.h"
 #include "typed_position.h"
+#include "utf8.h"
 
 namespace tessara::program {
 namespace {
-
-constexpr double LATITUDE_LIMIT = 90.0;
-constexpr double LONGITUDE_LIMIT = 360.0;
-constexpr double PIXEL_LIMIT = 1e9;
-
-IRef<ICoord> CoordOf(const tagKOORD& record) {
-    IRef<ICoord> coord(CreateClassCoord());
-    const CKoord koord(record);
-    IRef<ICoordInternal>(coord)->SetKoord(&koord);
-    return coord;
-}
 
 IRef<ICoord> ReadDegrees(const JsonValue& value, std::int32_t datum) {
     const std::vector<JsonValue> degrees = value.ListOf(2);
@@ -27,20 +18,14 @@ IRef<ICoord> ReadDegrees(const JsonValue& value, std::int32_t datum) {
     return DegreesCoord(latitude, degrees[1].NumberIn(-LONGITUDE_LIMIT, LONGITUDE_LIMIT), datum);
 }
 
-IRef<ICoord> ReadPixel(const JsonValue& value, std::int32_t datum) {
-    const std::vector<JsonValue> numbers = value.ListOf(2);
+IRef<ICoord> ReadPixelCoord(const JsonValue& value, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_FLOATPIXEL);
-    const double x = numbers[0].NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT);
-    Store(record, FloatPixelPayload{x, numbers[1].NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT)});
+    Store(record, ReadPixel(value));
     return CoordOf(record);
 }
 
 IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
-    const JsonValue system = object.Required("system");
-    const std::string wrongSystem = WrongReference(system.Text());
-    if (!wrongSystem.empty()) system.Fail(wrongSystem);
-
-    TypedPosition position(*ReferenceByName(system.Text(), datum));
+    TypedPosition position(ReadReference(object.Required("system"), datum));
     const std::string north = object.Required("north").Text();
     const std::string wrong = position.Read(north, object.Required("east").Text());
     if (!wrong.empty()) object.Fail(wrong);
@@ -50,26 +35,15 @@ IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
     return coord;
 }
 
-std::int32_t ReadDatum(JsonObject& object, std::int32_t defaultDatum) {
-    const std::optional<JsonValue> name = object.Optional("datum");
-    if (!name) return defaultDatum;
-    const std::optional<std::int32_t> datum = DatumByName(name->Text());
-    if (!datum) name->Fail("no datum is called '" + name->Text() + "'; `tessara datums` lists them");
-    return *datum;
-}
-
 IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
-    if (const std::optional<JsonValue> degrees = object.Optional("at"))
-        return ReadDegrees(*degrees, ReadDatum(object, mapDatum));
-    if (const std::optional<JsonValue> pixel = object.Optional("pixel")) return ReadPixel(*pixel, mapDatum);
+    if (const std::optional<JsonValue> degrees = object.Optional("at")) {
+        const std::optional<JsonValue> datum = object.Optional("datum");
+        return ReadDegrees(*degrees, datum ? ReadDatum(*datum) : mapDatum);
+    }
+    if (const std::optional<JsonValue> pixel = object.Optional("pixel"))
+        return ReadPixelCoord(*pixel, mapDatum);
     if (object.Optional("system")) return ReadTexts(object, mapDatum);
     object.Fail("a place has 'at', 'pixel', or 'system', 'north' and 'east'");
-}
-
-// A name for the picture, which is UTF-8; a file may hold anything.
-std::string ToName(const std::string& bytes) {
-    constexpr auto replace = nlohmann::json::error_handler_t::replace;
-    return nlohmann::json::parse(nlohmann::json(bytes).dump(-1, ' ', false, replace)).get<std::string>();
 }
 
 // The text between the blanks on both sides.
@@ -89,10 +63,11 @@ SiteLine ReadDegreesLine(const std::string& text, std::int32_t datum) {
     const Line line = ReadLine(text);
     if (!line.position) return {std::nullopt, line.error};
     const std::size_t comment = text.find('#');
-    return {Site{DegreesCoord(line.position->latitude, line.position->longitude, datum),
-                 comment == std::string::npos ? "" : ToName(Trim(std::string_view(text).substr(comment + 1))),
-                 {}},
-            {}};
+    return {
+        Site{DegreesCoord(line.position->latitude, line.position->longitude, datum),
+             comment == std::string::npos ? "" : RepairUtf8(Trim(std::string_view(text).substr(comment + 1))),
+             {}},
+        {}};
 }
 
 SiteLine ReadTextLine(const std::string& text, TypedPosition& position) {
@@ -103,31 +78,47 @@ SiteLine ReadTextLine(const std::string& text, TypedPosition& position) {
     if (!wrong.empty()) return {std::nullopt, wrong};
     IRef<ICoord> coord(CreateClassCoord());
     position.Held()->GetCoord(coord.Get());
-    return {Site{std::move(coord), columns.size() > 2 ? ToName(Trim(columns[2])) : "", {}}, {}};
+    return {Site{std::move(coord), columns.size() > 2 ? RepairUtf8(Trim(columns[2])) : "", {}}, {}};
 }
 
 template <class ReadText>
 std::vector<Site> ReadLines(const std::filesystem::path& file, ReadText readText,
                             std::vector<std::string>* problems) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file)) {
-        problems->push_back(file.string() + ": can't be read");
-        return {};
-    }
     std::vector<Site> sites;
-    std::string text;
-    for (int number = 1; std::getline(stream, text); ++number) {
-        const std::string where = file.string() + ":" + std::to_string(number);
-        SiteLine line = readText(text);
-        if (!line.error.empty()) problems->push_back(where + ": " + line.error);
-        if (!line.site) continue;
-        line.site->where = where;
-        sites.push_back(std::move(*line.site));
-    }
+    const std::string wrong = ReadFile(file.string(), [&](std::istream& stream) {
+        LineReader lines(stream);
+        for (std::string text; lines.Next(&text);) {
+            const std::string where = file.string() + ":" + std::to_string(lines.Number());
+            SiteLine line = readText(text);
+            if (!line.error.empty()) problems->push_back(where + ": " + line.error);
+            if (!line.site) continue;
+            line.site->where = where;
+            sites.push_back(std::move(*line.site));
+        }
+    });
+    if (!wrong.empty()) problems->push_back(file.string() + ": " + wrong);
     return sites;
 }
 
 }  // namespace
+
+std::int32_t ReadDatum(const JsonValue& value) {
+    const std::string wrong = WrongDatum(value.Text());
+    if (!wrong.empty()) value.Fail(wrong);
+    return *DatumByName(value.Text());
+}
+
+Reference ReadReference(const JsonValue& value, std::int32_t mapDatum) {
+    const std::string wrong = WrongReference(value.Text());
+    if (!wrong.empty()) value.Fail(wrong);
+    return *ReferenceByName(value.Text(), mapDatum);
+}
+
+FloatPixelPayload ReadPixel(const JsonValue& value) {
+    const std::vector<JsonValue> numbers = value.ListOf(2);
+    const double x = numbers[0].NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT);
+    return {x, numbers[1].NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT)};
+}
 
 IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);

@@ -17,6 +17,16 @@ struct Site {
     std::string where;  // in the description, for messages
 };
 
+// Farther away than any pixel of a map.
+inline constexpr double PIXEL_LIMIT = 1e9;
+
+// A datum and a system by their names; a system is on the datum of the map where it names none.
+[[nodiscard]] std::int32_t ReadDatum(const JsonValue& value);
+[[nodiscard]] Reference ReadReference(const JsonValue& value, std::int32_t mapDatum);
+
+// A column and a row.
+[[nodiscard]] FloatPixelPayload ReadPixel(const JsonValue& value);
+
 // One of
 //     [48.1375, 11.5755]
 //     {"at": [48.1375, 11.5755], "datum": "WGS84", "name": "Munich"}

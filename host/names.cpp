@@ -1,5 +1,6 @@
 #include "names.h"
 
+#include "quote.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
 
@@ -40,6 +41,14 @@ std::optional<std::int32_t> SystemByName(const std::string& name) {
 
 std::optional<std::int32_t> DatumByName(const std::string& name) {
     return NumberOf(name, DATUM_COUNT, DatumName);
+}
+
+std::string WrongSystem(const std::string& name) {
+    return SystemByName(name) ? "" : "no system is called " + Quote(name) + "; `tessara systems` lists them";
+}
+
+std::string WrongDatum(const std::string& name) {
+    return DatumByName(name) ? "" : "no datum is called " + Quote(name) + "; `tessara datums` lists them";
 }
 
 }  // namespace tessara::program

@@ -18,4 +18,8 @@ namespace tessara::program {
 [[nodiscard]] std::optional<std::int32_t> SystemByName(const std::string& name);
 [[nodiscard]] std::optional<std::int32_t> DatumByName(const std::string& name);
 
+// What is wrong with a name; empty if nothing is.
+[[nodiscard]] std::string WrongSystem(const std::string& name);
+[[nodiscard]] std::string WrongDatum(const std::string& name);
+
 }  // namespace tessara::program

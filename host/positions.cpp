@@ -4,14 +4,12 @@
 #include <vector>
 
 #include "numbers.h"
+#include "quote.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr double LATITUDE_LIMIT = 90.0;
-constexpr double LONGITUDE_LIMIT = 360.0;
 constexpr std::string_view BLANKS = " \t\r\v\f";
-constexpr std::size_t LONGEST_QUOTE = 40;
 
 std::vector<std::string_view> Words(std::string_view text) {
     std::vector<std::string_view> words;
@@ -38,14 +36,6 @@ std::string WrongCount(std::size_t count) {
 }
 
 }  // namespace
-
-std::string Quote(std::string_view word) {
-    std::string shown(word.substr(0, LONGEST_QUOTE));
-    for (char& c : shown) {
-        if (c < ' ' || c > '~') c = '?';
-    }
-    return "'" + shown + (word.size() > LONGEST_QUOTE ? "...'" : "'");
-}
 
 std::string WrongNumber(std::string_view word) {
     return ParseNumber(word) ? "" : Quote(word) + " is not a number";

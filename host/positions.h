@@ -1,7 +1,6 @@
 // Input: lines `latitude longitude [height]`.
 #pragma once
 
-#include <istream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,11 +19,11 @@ struct Line {
     std::string error;
 };
 
-// What a message shows of a word: not too much, and nothing that a terminal could take for a command.
-[[nodiscard]] std::string Quote(std::string_view word);
+// Degrees to both sides of zero.
+inline constexpr double LATITUDE_LIMIT = 90.0;
+inline constexpr double LONGITUDE_LIMIT = 360.0;
 
-// What is wrong with a word as such a value; empty if nothing is. A latitude is within 90 degrees, a
-// longitude within 360.
+// What is wrong with a word as such a value; empty if nothing is.
 [[nodiscard]] std::string WrongNumber(std::string_view word);
 [[nodiscard]] std::string WrongLatitude(std::string_view word);
 [[nodiscard]] std::string WrongLongitude(std::string_view word);

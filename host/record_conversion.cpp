@@ -155,7 +155,7 @@ Json RecordConverter::MembersWith(const Values& values, const std::optional<doub
     const auto put = [&](std::string name, const std::string& suffix, const Json& value) {
         while (members.contains(name) || (record.members.contains(name) && !isPosition(name)))
             name += suffix;
-        members[name] = value;
+        AddMember(std::move(name), value, &members);
     };
     const auto putResults = [&] {
         for (std::size_t i = 0; i < values.size(); ++i) {
@@ -169,7 +169,7 @@ Json RecordConverter::MembersWith(const Values& values, const std::optional<doub
     if (record.position) putResults();
     for (const auto& member : record.members.items()) {
         if (member.key() == names.north) putResults();
-        if (!isPosition(member.key())) members[member.key()] = member.value();
+        if (!isPosition(member.key())) AddMember(member.key(), member.value(), &members);
     }
     return members;
 }

@@ -1,19 +1,16 @@
 #include "record_files.h"
 
-#include <deque>
-#include <filesystem>
-#include <fstream>
-#include <future>
-#include <iostream>
+#include <utility>
 
 #include "console.h"
+#include "ordered_jobs.h"
 #include "record_writer.h"
-#include "rejects.h"
 
 namespace tessara::program {
 namespace {
 
 constexpr std::size_t RECORDS_PER_BLOCK = 1024;
+constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 20;  // of long records there are fewer
 
 // Records that are converted in one go.
 struct Block {
@@ -29,38 +26,26 @@ Block ConvertBlock(const RecordConversion& conversion, std::vector<Record> recor
     return block;
 }
 
-std::vector<std::string> NamesOf(const RecordFiles& options) {
-    std::vector<std::string> names;
-    for (const auto& [file, form] : options.files)
-        names.push_back(file);
-    return names;
-}
-
-// As many blocks as there are jobs are on their way; they are written in their order.
 class FileConverter final : public RecordSink {
   public:
-    explicit FileConverter(const RecordFiles& options)
+    FileConverter(const RecordFiles& options, Console& console)
         : options_(options),
-          console_(NamesOf(options)),
+          console_(console),
           writer_(options.conversion.output),
-          rejectedFeatures_(options.files.front().second) {}
+          rejectedFeatures_(options.formOf(options.files.front())),
+          jobs_(options.jobs, [this](const Block& block) { Write(block); }) {}
 
-    // What is wrong with the file for the rejects; empty if nothing is.
-    std::string OpenRejects() { return rejects_.Open(options_.rejects, NamesOf(options_)); }
-
-    void ConvertFile(const std::string& file, Form form) {
-        if (file == "-") return ConvertStream(std::cin, file, form);
-        std::ifstream stream(file, std::ios::binary);
-        if (!stream || std::filesystem::is_directory(file))
-            return console_.Report(file + ": can't be read\n");
-        ConvertStream(stream, file, form);
+    void ConvertStream(std::istream& stream, const std::string& file) {
+        ReadRecords(stream, file,
+                    {options_.formOf(file), options_.conversion.texts.has_value(), options_.columns}, this);
+        Start();
+        jobs_.Finish();
     }
 
-    [[nodiscard]] ExitCode Finish() {
+    // What ends the files.
+    void Finish() {
         console_.Write(writer_.Finish());
-        rejects_.Write(rejectedFeatures_.Finish());
-        if (const std::string wrong = rejects_.Finish(); !wrong.empty()) console_.Report(wrong + '\n');
-        return console_.Code();
+        console_.Reject(rejectedFeatures_.Finish());
     }
 
     void TakeHeader(const Record& header) override {
@@ -68,34 +53,25 @@ class FileConverter final : public RecordSink {
         writer_.AppendHeader(header, RecordConverter(options_.conversion).ConvertHeader(header), &text);
         console_.Write(text);
         // The rejected records are a file of the same form.
-        if (!hasHeader_) rejects_.Write(header.source + '\n');
+        if (!hasHeader_) console_.Reject(header.source + '\n');
         hasHeader_ = true;
     }
 
     void TakeRecord(Record record) override {
+        bytes_ += record.source.size();
         records_.push_back(std::move(record));
-        if (records_.size() == RECORDS_PER_BLOCK) Start();
+        if (records_.size() == RECORDS_PER_BLOCK || bytes_ >= BYTES_PER_BLOCK) Start();
     }
 
   private:
-    void ConvertStream(std::istream& stream, const std::string& file, Form form) {
-        ReadRecords(stream, file, {form, options_.conversion.texts.has_value(), options_.columns}, this);
-        Start();
-        while (!running_.empty())
-            WriteFirst();
-    }
-
     void Start() {
-        const auto policy = options_.jobs > 1 ? std::launch::async : std::launch::deferred;
-        running_.push_back(std::async(policy, [this, taken = std::exchange(records_, {})]() mutable {
+        bytes_ = 0;
+        jobs_.Start([this, taken = std::exchange(records_, {})]() mutable {
             return ConvertBlock(options_.conversion, std::move(taken));
-        }));
-        if (running_.size() >= options_.jobs) WriteFirst();
+        });
     }
 
-    void WriteFirst() {
-        const Block block = running_.front().get();
-        running_.pop_front();
+    void Write(const Block& block) {
         std::string text;
         std::string errors;
         std::uint64_t bytes = 0;
@@ -120,30 +96,29 @@ class FileConverter final : public RecordSink {
     void Reject(const Record& record) {
         std::string text = record.source.empty() ? "" : record.source + '\n';
         if (!record.feature.is_null()) rejectedFeatures_.AppendFeature(record.feature, &text);
-        rejects_.Write(text);
+        console_.Reject(text);
     }
 
     const RecordFiles& options_;
-    Console console_;
+    Console& console_;
     RecordWriter writer_;
-    Rejects rejects_;
     RecordWriter rejectedFeatures_;
     bool hasHeader_ = false;
     std::vector<Record> records_;
-    std::deque<std::future<Block>> running_;
+    std::size_t bytes_ = 0;  // of the records
+    OrderedJobs<Block> jobs_;
 };
 
 }  // namespace
 
 ExitCode ConvertRecordFiles(const RecordFiles& options) {
-    FileConverter converter(options);
-    if (const std::string wrong = converter.OpenRejects(); !wrong.empty()) {
-        std::cerr << wrong << '\n';
-        return EXIT_INCOMPLETE;
-    }
-    for (const auto& [file, form] : options.files)
-        converter.ConvertFile(file, form);
-    return converter.Finish();
+    Console console(options.files);
+    if (!console.OpenRejects(options.rejects)) return EXIT_INCOMPLETE;
+    FileConverter converter(options, console);
+    console.ReadFiles(
+        [&](std::istream& stream, const std::string& file) { converter.ConvertStream(stream, file); });
+    converter.Finish();
+    return console.Finish();
 }
 
 }  // namespace tessara::program

@@ -1,9 +1,9 @@
 // Converts whole files of records, from one form to another. Memory is constant, whatever the size of a file.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "commands.h"
@@ -13,7 +13,8 @@ namespace tessara::program {
 
 struct RecordFiles {
     RecordConversion conversion;
-    std::vector<std::pair<std::string, Form>> files;  // "-" is standard input
+    std::vector<std::string> files;  // one at least; "-" is standard input
+    std::function<Form(const std::string& file)> formOf;
     std::vector<std::string> columns;    // that hold the positions; empty where that is to be found out
     std::optional<std::string> rejects;  // a file for the records that can't be used
     unsigned jobs = 1;

@@ -1,17 +1,13 @@
 #include "record_writer.h"
 
-#include <algorithm>
+#include <vector>
 
 #include "columns.h"
 #include "geojson.h"
+#include "quote.h"
 
 namespace tessara::program {
 namespace {
-
-// What comes out of a CSV file may be no UTF-8.
-std::string Dump(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
 
 // A feature keeps what it has besides, like an id, but for the box around its old geometry.
 Json FeatureOf(const Record& record, const Output& output) {
@@ -28,9 +24,12 @@ void RecordWriter::AppendHeader(const Record& header, const Output& output, std:
     if (form_ != Form::CSV || columns_) return;
     separator_ = header.separator;
     columns_.emplace();
-    for (const auto& member : output.members.items())
-        columns_->push_back(member.key());
-    *text += JoinColumns(*columns_, separator_) + '\n';
+    std::vector<std::string> names;
+    for (const auto& member : output.members.items()) {
+        columns_->emplace(member.key(), names.size());
+        names.push_back(member.key());
+    }
+    *text += JoinColumns(names, separator_) + '\n';
 }
 
 std::string RecordWriter::Append(const Record& record, const Output& output, std::string* text) {
@@ -63,14 +62,12 @@ std::string RecordWriter::Finish() {
 
 // Columns that a record doesn't have stay empty.
 std::string RecordWriter::AppendRow(const Json& members, std::string* text) {
+    std::vector<std::string> row(columns_->size());
     for (const auto& member : members.items()) {
-        if (std::find(columns_->begin(), columns_->end(), member.key()) == columns_->end())
+        const auto column = columns_->find(member.key());
+        if (column == columns_->end())
             return "has " + Quote(member.key()) + ", which the first record hasn't: CSV has no column for it";
-    }
-    std::vector<std::string> row;
-    for (const std::string& column : *columns_) {
-        const auto member = members.find(column);
-        row.push_back(member != members.end() ? TextOf(*member) : "");
+        row[column->second] = TextOf(member.value());
     }
     *text += JoinColumns(row, separator_) + '\n';
     return {};

@@ -1,9 +1,10 @@
 // Writes records in one of the forms.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
-#include <vector>
+#include <unordered_map>
 
 #include "record_conversion.h"
 
@@ -29,8 +30,8 @@ class RecordWriter {
     std::string AppendRow(const Json& members, std::string* text);
 
     Form form_;
-    char separator_ = ',';  // as the first file has it
-    std::optional<std::vector<std::string>> columns_;
+    char separator_ = ',';                                                 // as the first file has it
+    std::optional<std::unordered_map<std::string, std::size_t>> columns_;  // their places, by their names
     bool hasFeatures_ = false;
 };
 

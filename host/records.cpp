@@ -5,8 +5,8 @@
 
 #include "columns.h"
 #include "geojson.h"
+#include "line_reader.h"
 #include "numbers.h"
-#include "parse_json.h"
 
 namespace tessara::program {
 namespace {
@@ -14,7 +14,6 @@ namespace {
 // More than that is no record, but a quote that isn't closed.
 constexpr std::size_t LONGEST_CSV_RECORD = std::size_t{1} << 20;
 
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::string_view BLANKS = " \t\r";
 
 using Names = std::vector<std::string_view>;
@@ -24,11 +23,6 @@ const Names EAST_NAMES{"east"};
 const Names LATITUDE_NAMES{"latitude", "lat"};
 const Names LONGITUDE_NAMES{"longitude", "lon", "lng", "long"};
 const Names HEIGHT_NAMES{"height"};
-
-std::string_view WithoutCarriageReturn(std::string_view line) {
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-}
 
 bool IsBlank(std::string_view line) {
     return line.find_first_not_of(BLANKS) == std::string_view::npos;
@@ -80,41 +74,34 @@ std::string WrongNames(const PositionNames& names, const ReadOptions& options, c
     return isHeightMissing ? "has no " + what + " '" + wanted[2] + "'" : "";
 }
 
-// Names each member once: one without a name, or with that of another, gets the number of its column.
 Json MembersOf(const std::vector<std::string>& header) {
     Json members = Json::object();
-    for (std::size_t i = 0; i < header.size(); ++i) {
-        std::string name = header[i];
-        while (name.empty() || members.contains(name))
-            name += (name.empty() ? "" : " ") + std::to_string(i + 1);
-        members[name] = "";
-    }
+    for (std::string& name : NamesOfColumns(header))
+        AddMember(std::move(name), "", &members);
     return members;
 }
 
-class LineReader {
+std::string PlaceOf(const std::string& file, std::size_t line) {
+    return file + ":" + std::to_string(line);
+}
+
+// The records of a CSV file, as they stand there.
+class CsvReader {
   public:
-    LineReader(std::istream& stream, const std::string& file) : stream_(stream), file_(file) {}
+    explicit CsvReader(std::istream& stream) : lines_(stream) {}
 
-    // The next line, as it stands there.
-    bool Next(std::string* line) {
-        if (!std::getline(stream_, *line)) return false;
-        if (++number_ == 1 && line->starts_with(BYTE_ORDER_MARK)) line->erase(0, BYTE_ORDER_MARK.size());
-        return true;
-    }
-
-    // The next line that isn't blank, with those lines after it that belong to the same CSV record.
-    bool NextCsv(std::optional<char> known, std::string* text) {
+    // The next line that isn't blank, with those lines after it that belong to the same record.
+    bool Next(std::optional<char> known, std::string* text) {
         do {
-            if (!Next(text)) return false;
+            if (!lines_.Next(text)) return false;
         } while (IsBlank(*text));
-        start_ = number_;
+        start_ = lines_.Number();
         const char separator = known ? *known : SeparatorOf(*text);
         OpenQuotes quotes;
         quotes.Read(*text, separator);
         isUnclosed_ = false;
         for (std::string line; quotes.AreOpen();) {
-            isUnclosed_ = text->size() > LONGEST_CSV_RECORD || !Next(&line);
+            isUnclosed_ = text->size() > LONGEST_CSV_RECORD || !lines_.Next(&line);
             if (isUnclosed_) break;
             quotes.Read(line, separator);
             *text += '\n';
@@ -123,20 +110,12 @@ class LineReader {
         return true;
     }
 
+    // Of the record that was read last.
     [[nodiscard]] bool IsUnclosed() const { return isUnclosed_; }
-
-    [[nodiscard]] std::string Place() const { return PlaceOf(number_); }
-    // Of the first line of a CSV record.
-    [[nodiscard]] std::string CsvPlace() const { return PlaceOf(start_); }
+    [[nodiscard]] std::size_t FirstLine() const { return start_; }
 
   private:
-    [[nodiscard]] std::string PlaceOf(std::size_t number) const {
-        return file_ + ":" + std::to_string(number);
-    }
-
-    std::istream& stream_;
-    const std::string& file_;
-    std::size_t number_ = 0;
+    LineReader lines_;
     std::size_t start_ = 0;
     bool isUnclosed_ = false;
 };
@@ -156,26 +135,26 @@ void FillCsv(const Json& header, char separator, Record* record) {
 }
 
 void ReadCsv(std::istream& stream, const std::string& file, const ReadOptions& options, RecordSink* sink) {
-    LineReader lines(stream, file);
+    CsvReader records(stream);
     Record header;
-    if (!lines.NextCsv(std::nullopt, &header.source)) return;
+    if (!records.Next(std::nullopt, &header.source)) return;
     const char separator = SeparatorOf(header.source);
     header.separator = separator;
-    header.place = lines.CsvPlace();
+    header.place = PlaceOf(file, records.FirstLine());
     header.members = MembersOf(SplitColumns(WithoutCarriageReturn(header.source), separator));
     header.names = FindNames(header.members, options);
-    header.error =
-        lines.IsUnclosed() ? "opens a quote that isn't closed" : WrongNames(header.names, options, "column");
+    header.error = records.IsUnclosed() ? "opens a quote that isn't closed"
+                                        : WrongNames(header.names, options, "column");
     if (!header.error.empty()) {
         header.source.clear();
         return sink->TakeRecord(std::move(header));
     }
     sink->TakeHeader(header);
 
-    for (Record record; lines.NextCsv(separator, &record.source); record = Record()) {
-        record.place = lines.CsvPlace();
+    for (Record record; records.Next(separator, &record.source); record = Record()) {
+        record.place = PlaceOf(file, records.FirstLine());
         record.names = header.names;
-        if (lines.IsUnclosed()) {
+        if (records.IsUnclosed()) {
             record.error = "opens a quote that isn't closed";
         } else {
             FillCsv(header.members, separator, &record);
@@ -186,10 +165,10 @@ void ReadCsv(std::istream& stream, const std::string& file, const ReadOptions& o
 
 void ReadJsonLines(std::istream& stream, const std::string& file, const ReadOptions& options,
                    RecordSink* sink) {
-    LineReader lines(stream, file);
+    LineReader lines(stream);
     for (Record record; lines.Next(&record.source); record = Record()) {
         if (IsBlank(record.source)) continue;
-        record.place = lines.Place();
+        record.place = PlaceOf(file, lines.Number());
         record.error = ParseJson(record.source, &record.members);
         if (record.error.empty() && !record.members.is_object()) record.error = "is no JSON object";
         if (record.error.empty()) {
@@ -202,11 +181,11 @@ void ReadJsonLines(std::istream& stream, const std::string& file, const ReadOpti
 
 // Lines `latitude longitude [height]`.
 void ReadDegrees(std::istream& stream, const std::string& file, RecordSink* sink) {
-    LineReader lines(stream, file);
+    LineReader lines(stream);
     for (Record record; lines.Next(&record.source); record = Record()) {
         const Line line = ReadLine(record.source);
         if (!line.position && line.error.empty()) continue;
-        record.place = lines.Place();
+        record.place = PlaceOf(file, lines.Number());
         record.position = line.position;
         record.error = line.error;
         sink->TakeRecord(std::move(record));
@@ -215,18 +194,21 @@ void ReadDegrees(std::istream& stream, const std::string& file, RecordSink* sink
 
 // Columns without a header: the north text, the east text, and others, which are called by their numbers.
 void ReadTexts(std::istream& stream, const std::string& file, RecordSink* sink) {
-    LineReader lines(stream, file);
+    LineReader lines(stream);
     std::optional<char> separator;
     for (Record record; lines.Next(&record.source); record = Record()) {
         if (IsBlank(record.source) || record.source.starts_with('#')) continue;
         if (!separator) separator = SeparatorOf(record.source);
-        record.place = lines.Place();
+        record.place = PlaceOf(file, lines.Number());
         record.names = {"north", "east", {}};
         const std::vector<std::string> columns =
             SplitColumns(WithoutCarriageReturn(record.source), *separator);
         if (columns.size() < 2) record.error = "has 1 column";
         for (std::size_t i = 0; i < columns.size(); ++i)
-            record.members[i == 0 ? "north" : i == 1 ? "east" : std::to_string(i + 1)] = columns[i];
+            AddMember(i == 0   ? "north"
+                      : i == 1 ? "east"
+                               : std::to_string(i + 1),
+                      columns[i], &record.members);
         sink->TakeRecord(std::move(record));
     }
 }
@@ -237,7 +219,7 @@ std::string TextOf(const Json& member) {
     if (member.is_null()) return {};
     if (member.is_string()) return member.get<std::string>();
     if (member.is_number_float()) return FormatNumber(member.get<double>());
-    return member.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return Dump(member);
 }
 
 void ReadRecords(std::istream& stream, const std::string& file, const ReadOptions& options,

@@ -1,19 +1,16 @@
 // Records of a file: a position, and other members, which are kept.
 #pragma once
 
-#include <functional>
 #include <istream>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "forms.h"
+#include "json.h"
 #include "positions.h"
 
 namespace tessara::program {
-
-using Json = nlohmann::ordered_json;
 
 // The members that hold a position: degrees and perhaps a height, or the two texts.
 struct PositionNames {

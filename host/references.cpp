@@ -34,15 +34,23 @@ std::optional<Reference> ReferenceByName(const std::string& name, std::int32_t d
 
 std::string WrongReference(const std::string& name) {
     const Halves halves = Split(name);
-    if (!SystemByName(halves.system))
-        return "no system is called '" + halves.system + "'; `tessara systems` lists them";
-    if (halves.datum && !DatumByName(*halves.datum))
-        return "no datum is called '" + *halves.datum + "'; `tessara datums` lists them";
-    return {};
+    std::string wrong = WrongSystem(halves.system);
+    return wrong.empty() && halves.datum ? WrongDatum(*halves.datum) : wrong;
+}
+
+IRef<ICoordinateReference> MakeReference(const Reference& reference) {
+    IRef<ICoordinateReference> made(CreateClassCoordinateReference());
+    made->SetDatum(reference.datum);
+    made->SetSystem(reference.system);
+    return made;
 }
 
 bool IsPixel(std::int32_t system) {
     return system == KOORD_LONGPIXEL || system == KOORD_FLOATPIXEL;
+}
+
+bool IsDegrees(std::int32_t system) {
+    return system == KOORD_GEODEZ || system == KOORD_GEOGRAD || system == KOORD_GEODEZMIN;
 }
 
 }  // namespace tessara::program

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "tessara/tessara.h"
+
 namespace tessara::program {
 
 struct Reference {
@@ -21,6 +23,11 @@ struct Reference {
 // What is wrong with such a name; empty if nothing is.
 [[nodiscard]] std::string WrongReference(const std::string& name);
 
+// The library's form of a reference.
+[[nodiscard]] IRef<ICoordinateReference> MakeReference(const Reference& reference);
+
 [[nodiscard]] bool IsPixel(std::int32_t system);
+// Whether it is latitude and longitude in one of their spellings, codes aside.
+[[nodiscard]] bool IsDegrees(std::int32_t system);
 
 }  // namespace tessara::program

@@ -1,6 +1,6 @@
 #include "rejects.h"
 
-#include <filesystem>
+#include "input_files.h"
 
 namespace tessara::program {
 namespace {
@@ -12,11 +12,7 @@ constexpr const char* CANT_BE_WRITTEN = ": can't be written";
 std::string Rejects::Open(const std::optional<std::string>& file, const std::vector<std::string>& inputs) {
     if (!file) return {};
     // Opening it empties it.
-    for (const std::string& input : inputs) {
-        std::error_code error;
-        if (std::filesystem::equivalent(input, *file, error))
-            return *file + ": is to be read, and can't take the rejects";
-    }
+    if (IsOneOf(*file, inputs)) return *file + ": is to be read, and can't take the rejects";
     file_ = file;
     stream_.open(*file, std::ios::binary);
     return stream_.is_open() ? "" : *file + CANT_BE_WRITTEN;

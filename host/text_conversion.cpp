@@ -1,25 +1,28 @@
 #include "text_conversion.h"
 
-#include <nlohmann/json.hpp>
-
 #include "fields.h"
+#include "json.h"
 #include "names.h"
 #include "results.h"
 #include "tessara/host/text.h"
+#include "utf8.h"
 
 namespace tessara::program {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // A system may have values for a position that aren't numbers; there is no such position in it then.
 bool IsNumeric(const std::string& text) {
     return text.find("nan") == std::string::npos && text.find("inf") == std::string::npos;
 }
 
-// A column of the input as it is called: by the header, or by its place from 1 on.
-std::string ColumnName(const LineFormat& format, std::size_t column) {
-    return column < format.header.size() ? format.header[column] : std::to_string(column + 1);
+// What a line has besides its position. Columns are called by the header, or by their places from 1 on.
+Json OtherColumns(const std::vector<std::string>& columns, const LineFormat& format) {
+    Json others = Json::object();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (i == format.pair.north || i == format.pair.east) continue;
+        AddMember(i < format.names.size() ? format.names[i] : std::to_string(i + 1), columns[i], &others);
+    }
+    return others;
 }
 
 }  // namespace
@@ -28,8 +31,8 @@ std::string ConvertHeader(const TextConversion& conversion, const LineFormat& fo
     std::vector<std::string> names;
     for (const Reference& target : conversion.to) {
         const std::string suffix = conversion.to.size() > 1 ? " " + target.Name() : "";
-        names.push_back(ColumnName(format, format.pair.north) + suffix);
-        names.push_back(ColumnName(format, format.pair.east) + suffix);
+        names.push_back(format.header[format.pair.north] + suffix);
+        names.push_back(format.header[format.pair.east] + suffix);
     }
     return JoinColumns(ReplacePair(format.header, format.pair, names), format.separator);
 }
@@ -52,7 +55,7 @@ std::string LineConverter::TextOf(const Target& target, bool isNorth) {
         isNorth ? &ICoordinateString::GetNorthDisplayText : &ICoordinateString::GetEastDisplayText;
     // A failed display leaves the plain text, or an empty one.
     (target.string.Get()->*(conversion_.display ? display : plain))(text_.Get());
-    return ToUtf8(text_->GetText());
+    return Latin1ToUtf8(text_->GetText());
 }
 
 std::optional<TargetTexts> LineConverter::ConvertTo(const Target& target) {
@@ -115,10 +118,7 @@ std::string LineConverter::ToJson(const std::vector<std::string>& columns, const
               {"datum", DatumName(conversion_.from.datum)},
               {"north", columns[format.pair.north]},
               {"east", columns[format.pair.east]}};
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (i != format.pair.north && i != format.pair.east)
-            json["columns"][ColumnName(format, i)] = columns[i];
-    }
+    if (Json others = OtherColumns(columns, format); !others.empty()) json["columns"] = std::move(others);
     json["results"] = Json::array();
     for (std::size_t i = 0; i < results.size(); ++i) {
         const Reference& target = conversion_.to[i];
@@ -130,8 +130,7 @@ std::string LineConverter::ToJson(const std::vector<std::string>& columns, const
             std::visit([&](const auto& value) { result["fields"][field.name] = value; }, field.value);
         json["results"].push_back(result);
     }
-    // Columns and the name of a file may be no UTF-8.
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return Dump(json);
 }
 
 }  // namespace tessara::program

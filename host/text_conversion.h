@@ -26,7 +26,8 @@ struct TextConversion {
 struct LineFormat {
     char separator = '\t';
     ColumnPair pair;
-    std::vector<std::string> header;  // empty without one
+    std::vector<std::string> header;  // as it stands there; empty without one
+    std::vector<std::string> names;   // of its columns, no two alike
 };
 
 // Where a line stands.

@@ -9,7 +9,7 @@ namespace {
 
 // Fields by one character each: a letter 'a', a pair of letters 'A', a whole number 'w', a number 'n'. What
 // may be missing isn't listed.
-struct Form {
+struct TextForm {
     std::int32_t system;
     const char* northFields;
     const char* eastFields;
@@ -18,7 +18,7 @@ struct Form {
 
 constexpr const char* NORTHING_EASTING = "`northing` and `easting`";
 
-constexpr Form FORMS[] = {
+constexpr TextForm FORMS[] = {
     {KOORD_LONGPIXEL, "w", "w", "`row` and `column`"},
     {KOORD_FLOATPIXEL, "n", "n", "`row` and `column`"},
     {KOORD_UTM, "an", "wn", "`hemisphere northing` and `zone easting`"},
@@ -43,9 +43,9 @@ constexpr Form FORMS[] = {
     {KOORD_LUREF, "n", "n", NORTHING_EASTING},
 };
 
-const Form* FindForm(std::int32_t system) {
-    const Form* const form =
-        std::find_if(std::begin(FORMS), std::end(FORMS), [&](const Form& f) { return f.system == system; });
+const TextForm* FindForm(std::int32_t system) {
+    const TextForm* const form = std::find_if(std::begin(FORMS), std::end(FORMS),
+                                              [&](const TextForm& f) { return f.system == system; });
     return form != std::end(FORMS) ? form : nullptr;
 }
 
@@ -101,12 +101,12 @@ bool HasFields(std::string_view fields, std::string_view text) {
 }  // namespace
 
 bool AreReadable(std::int32_t system, std::string_view north, std::string_view east) {
-    const Form* const form = FindForm(system);
+    const TextForm* const form = FindForm(system);
     return form != nullptr && HasFields(form->northFields, north) && HasFields(form->eastFields, east);
 }
 
 std::string FormsOf(std::int32_t system) {
-    const Form* const form = FindForm(system);
+    const TextForm* const form = FindForm(system);
     return form != nullptr ? form->words : "";
 }
 

@@ -27,10 +27,4 @@ class TypedPosition {
     IRef<ITessaraString> east_;
 };
 
-// The library's form of a reference.
-[[nodiscard]] IRef<ICoordinateReference> MakeReference(const Reference& reference);
-
-// A text of the library, which is Latin-1, as UTF-8.
-[[nodiscard]] std::string ToUtf8(std::string_view latin1);
-
 }  // namespace tessara::program

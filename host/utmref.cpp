@@ -52,7 +52,8 @@ bool FindChoices(const Options& options, const IRef<IArray>& list) {
 ExitCode WriteChoices(const Options& options) {
     const IRef<IArray> list(CreateClassArray());
     if (!FindChoices(options, list)) {
-        std::cerr << "tessara: there is no such zone, band or column\n";
+        std::cerr << "tessara: there is no such zone, band or column; without the last piece its choices are "
+                     "listed\n";
         return EXIT_USAGE;
     }
     for (std::uint32_t i = 0; i < list->GetCount(); ++i)

@@ -1,15 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 
+#include "host/files.h"
 #include "host/run_program.h"
 
+using tessara::testing::ExpectDone;
+using tessara::testing::ExpectUsageError;
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
 using tessara::testing::RunProgram;
+using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 using Json = nlohmann::json;
 
@@ -27,40 +28,6 @@ std::vector<std::string> Convert(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "convert");
     return arguments;
 }
-
-void ExpectDone(const Outcome& outcome, const std::string& out) {
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, out);
-    EXPECT_EQ(outcome.err, "");
-}
-
-void ExpectUsageError(const Outcome& outcome, const std::string& words) {
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
-}
-
-// A directory of files for one test.
-class ConvertFiles : public ::testing::Test {
-  protected:
-    ConvertFiles()
-        : directory_(std::filesystem::temp_directory_path() /
-                     ("tessara-convert-" +
-                      std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()))) {
-        std::filesystem::create_directories(directory_);
-    }
-    ~ConvertFiles() override { std::filesystem::remove_all(directory_); }
-
-    [[nodiscard]] std::string File(const std::string& name, const std::string& text) const {
-        const std::string path = Path(name);
-        std::ofstream(path, std::ios::binary) << text;
-        return path;
-    }
-    [[nodiscard]] std::string Path(const std::string& name) const { return (directory_ / name).string(); }
-
-  private:
-    std::filesystem::path directory_;
-};
 
 }  // namespace
 
@@ -212,6 +179,43 @@ TEST(Convert, FailsWhenItsOutputIsLost) {
     EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n");
 }
 
+// The input has no end.
+TEST(Convert, StopsWhenItsOutputIsLost) {
+    for (const char* arguments :
+         {"convert", "convert --from GEODEZ", "convert --output csv", "convert --output geojson --jobs 2"}) {
+        const Outcome outcome = RunProgram(
+            "/bin/sh", {"-c", std::string("yes '48 11' | tr ' ' '\\t' | timeout 30 " TESSARA_PROGRAM " ") +
+                                  arguments + " >/dev/full"});
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n") << arguments;
+    }
+}
+
+TEST(Convert, EndsQuietlyWhereNobodyReadsItsOutput) {
+    const Outcome outcome =
+        RunProgram("/bin/sh", {"-c", "yes '48 11' | timeout 30 " TESSARA_PROGRAM " convert | head -n 1"});
+    EXPECT_EQ(outcome.out, "48.000000000 11.000000000\n");
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST(Convert, TakesAByteOrderMarkForNoPartOfALine) {
+    ExpectDone(Tessara(Convert({}),
+                       "\xEF\xBB\xBF"
+                       "48 11\n"),
+               "48.000000000 11.000000000\n");
+}
+
+TEST(Convert, ReportsAStandardInputThatBreaks) {
+    for (const char* arguments :
+         {"convert", "convert --from UTM", "convert --from UTM --columns n,e", "convert --input csv",
+          "convert --input jsonl", "convert --input geojson", "map -"}) {
+        const Outcome outcome =
+            RunProgram("/bin/sh", {"-c", std::string(TESSARA_PROGRAM " ") + arguments + " < /"});
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.err, "-: can't be read to its end\n") << arguments;
+    }
+}
+
 TEST(ConvertUsage, KnowsTheNamesOfSystemsAndDatumsOnly) {
     ExpectUsageError(Tessara(Convert({"--to", "XYZ"}), MUNICH), "no system is called 'XYZ'");
     ExpectUsageError(Tessara(Convert({"--to", "UTM@XYZ"}), MUNICH), "no datum is called 'XYZ'");
@@ -232,42 +236,48 @@ TEST(ConvertUsage, KnowsItsOptionsOnly) {
     ExpectUsageError(Tessara(Convert({"--to"}), MUNICH), "--to");
 }
 
-TEST_F(ConvertFiles, AreReadInTheirOrderAndStandardInputAmongThem) {
-    const std::string first = File("first", "1 1");
-    const std::string last = File("last", "3 3\n");
+TEST(ConvertFiles, AreReadInTheirOrderAndStandardInputAmongThem) {
+    const ScratchDirectory files;
+    const std::string first = files.File("first", "1 1");
+    const std::string last = files.File("last", "3 3\n");
     ExpectDone(Tessara(Convert({first, "-", last}), "2 2\n"),
                "1.000000000 1.000000000\n2.000000000 2.000000000\n3.000000000 3.000000000\n");
 }
 
-TEST_F(ConvertFiles, MayStandOnEitherSideOfTheTargets) {
-    const std::string file = File("positions", MUNICH);
+TEST(ConvertFiles, MayStandOnEitherSideOfTheTargets) {
+    const ScratchDirectory files;
+    const std::string file = files.File("positions", MUNICH);
     ExpectDone(Tessara(Convert({file, "--to", "UTM"})), std::string(MUNICH_UTM) + "\n");
     ExpectDone(Tessara(Convert({"--to", "UTM", file})), std::string(MUNICH_UTM) + "\n");
 }
 
-TEST_F(ConvertFiles, AreNamedInMessages) {
-    const std::string file = File("positions", "1 1\nx y\n");
+TEST(ConvertFiles, AreNamedInMessages) {
+    const ScratchDirectory files;
+    const std::string file = files.File("positions", "1 1\nx y\n");
     const Outcome outcome = Tessara(Convert({file}));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, file + ":2: 'x' is not a number\n");
 }
 
-TEST_F(ConvertFiles, ThatCantBeReadAreReportedAndTheOthersConverted) {
-    const std::string missing = Path("missing");
-    const std::string directory = Path("");
-    const std::string file = File("positions", "1 1");
+TEST(ConvertFiles, ThatCantBeReadAreReportedAndTheOthersConverted) {
+    const ScratchDirectory files;
+    const std::string missing = files.Path("missing");
+    const std::string directory = files.Path("");
+    const std::string file = files.File("positions", "1 1");
     const Outcome outcome = Tessara(Convert({missing, directory, file}));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "1.000000000 1.000000000\n");
     EXPECT_EQ(outcome.err, missing + ": can't be read\n" + directory + ": can't be read\n");
 }
 
-TEST_F(ConvertFiles, MayBeEmpty) {
-    ExpectDone(Tessara(Convert({File("empty", "")})), "");
+TEST(ConvertFiles, MayBeEmpty) {
+    const ScratchDirectory files;
+    ExpectDone(Tessara(Convert({files.File("empty", "")})), "");
 }
 
-TEST_F(ConvertFiles, AreNamedInJsonWhateverTheirBytes) {
-    const Outcome outcome = Tessara(Convert({"--json", File("k\xf6ln", "1 1")}));
+TEST(ConvertFiles, AreNamedInJsonWhateverTheirBytes) {
+    const ScratchDirectory files;
+    const Outcome outcome = Tessara(Convert({"--json", files.File("k\xf6ln", "1 1")}));
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_TRUE(Json::parse(outcome.out)["file"].get<std::string>().ends_with("k\xef\xbf\xbdln"));
 }

@@ -3,24 +3,17 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fstream>
 #include <sstream>
 
+#include "host/files.h"
 #include "host/run_program.h"
 
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::ReadFile;
 using tessara::testing::RunProgram;
 
 namespace {
-
-std::string ReadFile(const std::string& name) {
-    std::ifstream file(TESSARA_SOURCE_DIR "/" + name);
-    std::ostringstream text;
-    text << file.rdbuf();
-    EXPECT_FALSE(text.str().empty()) << name;
-    return text.str();
-}
 
 // The numbers of a line, which stand apart by blanks; words are skipped.
 std::vector<double> NumbersOf(const std::string& line) {
@@ -38,7 +31,7 @@ std::vector<double> NumbersOf(const std::string& line) {
 std::vector<std::string> ReadmeBlocks(const std::string& language) {
     std::vector<std::string> blocks;
     bool inside = false;
-    for (const std::string& line : LinesOf(ReadFile("README.md"))) {
+    for (const std::string& line : LinesOf(ReadFile(TESSARA_SOURCE_DIR "/README.md"))) {
         if (inside && line == "```") {
             inside = false;
         } else if (inside) {
@@ -264,7 +257,8 @@ TEST(Examples, MidpointAcrossZonesIsLaidOutFromTheBorder) {
 
 TEST(Readme, ShowsTheFirstHostAsItIs) {
     const std::vector<std::string> blocks = ReadmeBlocks("cpp");
-    EXPECT_EQ(std::count(blocks.begin(), blocks.end(), ReadFile("examples/first_host.cpp")), 1);
+    EXPECT_EQ(
+        std::count(blocks.begin(), blocks.end(), ReadFile(TESSARA_SOURCE_DIR "/examples/first_host.cpp")), 1);
 }
 
 TEST(Readme, ShowsWhatItsCommandsWrite) {

@@ -2,14 +2,17 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "host/files.h"
 #include "host/run_program.h"
 
+using tessara::testing::ExpectDone;
+using tessara::testing::ExpectUsageError;
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 using Json = nlohmann::ordered_json;
 
@@ -38,44 +41,6 @@ Outcome Convert(std::vector<std::string> arguments, const std::string& input) {
     arguments.insert(arguments.begin(), "convert");
     return Tessara(arguments, input);
 }
-
-void ExpectDone(const Outcome& outcome, const std::string& out) {
-    EXPECT_EQ(outcome.out, out);
-    EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.status, 0);
-}
-
-void ExpectUsageError(const Outcome& outcome, const std::string& words) {
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
-}
-
-// A directory of files for one test.
-class FormFiles : public ::testing::Test {
-  protected:
-    FormFiles()
-        : directory_(std::filesystem::temp_directory_path() /
-                     ("tessara-forms-" +
-                      std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()))) {
-        std::filesystem::create_directories(directory_);
-    }
-    ~FormFiles() override { std::filesystem::remove_all(directory_); }
-
-    [[nodiscard]] std::string Path(const std::string& name) const { return (directory_ / name).string(); }
-    [[nodiscard]] std::string File(const std::string& name, const std::string& text) const {
-        std::ofstream(Path(name), std::ios::binary) << text;
-        return Path(name);
-    }
-    [[nodiscard]] std::string Contents(const std::string& name) const {
-        std::stringstream contents;
-        contents << std::ifstream(Path(name), std::ios::binary).rdbuf();
-        return contents.str();
-    }
-
-  private:
-    std::filesystem::path directory_;
-};
 
 }  // namespace
 
@@ -168,6 +133,21 @@ TEST(Csv, GivesColumnsWithoutANameOrWithOneThatIsTakenTheirNumber) {
                "latitude,longitude,3,a,a 5\n48.000000000,11.000000000,x,y,z\n");
 }
 
+// A search of each column among all others would take minutes.
+TEST(Csv, TakesVeryManyColumns) {
+    std::string header = "lat,lon";
+    std::string row = "48,11";
+    for (int i = 0; i < 300000; ++i) {
+        header += i % 2 == 0 ? ",a" : ",";
+        row += ",1";
+    }
+    const Outcome outcome = Convert({"--input", "csv"}, header + "\n" + row + "\n");
+    EXPECT_EQ(outcome.err, "");
+    ASSERT_EQ(LinesOf(outcome.out).size(), 2u);
+    EXPECT_EQ(LinesOf(outcome.out)[1], "48.000000000,11.000000000" + row.substr(5));
+    EXPECT_EQ(LinesOf(outcome.out)[0].substr(0, 31), "latitude,longitude,a,4,a 5,6,a ");
+}
+
 TEST(Csv, WritesTheHeaderOfAFileWithoutRecords) {
     ExpectDone(Convert({"--input", "csv", "--to", "UTM"}, "name,lat,lon\n"),
                "name,zone,hemisphere,easting,northing\n");
@@ -253,6 +233,20 @@ TEST(JsonLines, RefuseNestingWithoutEnd) {
     const Outcome outcome = Convert({"--input", "jsonl"}, R"({"lat":1,"lon":2,"x":)" + deep + "}\n");
     EXPECT_EQ(outcome.err, "-:1: is nested too deeply\n");
     EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(JsonLines, RefuseMembersWithoutEnd) {
+    std::string members = R"("lat":1,"lon":2)";
+    for (int i = 0; i < 9998; ++i)
+        members += ",\"" + std::to_string(i) + "\":0";
+    EXPECT_EQ(Convert({"--input", "jsonl"}, "{" + members + "}\n").err, "");
+    EXPECT_EQ(Convert({"--input", "jsonl"}, "{" + members + ",\"x\":0}\n").err,
+              "-:1: has more than 10000 members\n");
+    // Each object has its own.
+    EXPECT_EQ(Convert({"--input", "jsonl"},
+                      R"({"a":{)" + members + R"(},"b":{)" + members + R"(},"lat":1,"lon":2})")
+                  .err,
+              "");
 }
 
 TEST(GeoJson, IsWrittenWithLongitudeFirstAndTheOtherColumnsAsProperties) {
@@ -347,8 +341,21 @@ TEST(GeoJson, RefusesAnotherReferenceSystem) {
     EXPECT_EQ(outcome.err, "-: feature 1: isn't on WGS84: the file has a 'crs'\n");
 }
 
+// Features are written while the file is being read.
+TEST(GeoJson, ReportsAnotherReferenceSystemBehindTheFeatures) {
+    const Outcome outcome =
+        Convert({"--input", "geojson", "--output", "lines"},
+                R"({"type":"FeatureCollection","features":[)" + Feature("11,48", "{}") +
+                    R"(],"crs":{"type":"name","properties":{"name":"urn:ogc:def:crs:EPSG::31468"}}})");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "-: isn't on WGS84: its 'crs' comes behind features, which were taken for WGS84\n");
+}
+
 TEST(GeoJson, ReportsFilesThatAreNoCollection) {
     for (const std::string text : {"[]", "{}", "7", R"({"type":"FeatureCollection"})",
+                                   R"({"type":"FeatureCollection","features":null})",
+                                   R"({"type":"FeatureCollection","features":{"a":{"type":"Feature"}}})",
                                    R"({"type":"Feature","geometry":null,"properties":null})"}) {
         const Outcome outcome = Convert({"--input", "geojson", "--output", "csv"}, text);
         EXPECT_EQ(outcome.err, "-: is no GeoJSON FeatureCollection\n") << text;
@@ -409,65 +416,76 @@ TEST(Forms, BytesThatAreNoUtf8AreReplacedInJson) {
     EXPECT_EQ(Json::parse(outcome.out)["n\xEF\xBF\xBD"], "K\xEF\xBF\xBDln");
 }
 
-TEST_F(FormFiles, AreToldByTheEndingsOfTheirNames) {
+TEST(FormFiles, AreToldByTheEndingsOfTheirNames) {
+    const ScratchDirectory files;
     const std::string object = "{\"lat\":48,\"lon\":11}\n";
     const std::string point = Collection(Feature("11,48", "{}"));
     for (const std::string& file :
-         {File("a.csv", "lat,lon\n48,11\n"), File("a.jsonl", object), File("a.ndjson", object),
-          File("a.geojson", point), File("a.json", point), File("a.txt", "48 11\n"), File("csv", "48 11\n")})
+         {files.File("a.csv", "lat,lon\n48,11\n"), files.File("a.jsonl", object),
+          files.File("a.ndjson", object), files.File("a.geojson", point), files.File("a.json", point),
+          files.File("a.txt", "48 11\n"), files.File("csv", "48 11\n")})
         ExpectDone(Convert({"--output", "lines", file}, ""), "48.000000000 11.000000000\n");
 }
 
-TEST_F(FormFiles, AreWrittenInTheFormOfTheFirst) {
-    const std::string csv = File("a.csv", "lat,lon\n48,11\n");
-    const std::string geojson = File("b.geojson", Collection(Feature("12,49", "{}")));
+TEST(FormFiles, AreWrittenInTheFormOfTheFirst) {
+    const ScratchDirectory files;
+    const std::string csv = files.File("a.csv", "lat,lon\n48,11\n");
+    const std::string geojson = files.File("b.geojson", Collection(Feature("12,49", "{}")));
     ExpectDone(Convert({csv, geojson}, ""),
                "latitude,longitude\n48.000000000,11.000000000\n49.000000000,12.000000000\n");
     ExpectDone(Convert({geojson, csv}, ""),
                Collection(Feature("12.0,49.0", "{}") + ",\n" + Feature("11.0,48.0", "{}")));
 }
 
-TEST_F(FormFiles, InputNamesTheFormWhateverTheEnding) {
-    ExpectDone(Convert({"--input", "lines", File("a.csv", "48 11\n")}, ""), "48.000000000 11.000000000\n");
+TEST(FormFiles, InputNamesTheFormWhateverTheEnding) {
+    const ScratchDirectory files;
+    ExpectDone(Convert({"--input", "lines", files.File("a.csv", "48 11\n")}, ""),
+               "48.000000000 11.000000000\n");
 }
 
-TEST_F(FormFiles, RejectsHaveTheFormOfTheInput) {
-    Convert({"--input", "csv", "--rejects", Path("csv")}, "lat,lon,n\n48,11,a\n91,11,\"b\nc\"\n");
-    EXPECT_EQ(Contents("csv"), "lat,lon,n\n91,11,\"b\nc\"\n");
-    Convert({"--input", "jsonl", "--rejects", Path("jsonl")}, "{\"lat\":1,\"lon\":2}\n{\"lat\": 1}\nx\n");
-    EXPECT_EQ(Contents("jsonl"), "{\"lat\": 1}\nx\n");
+TEST(FormFiles, RejectsHaveTheFormOfTheInput) {
+    const ScratchDirectory files;
+    Convert({"--input", "csv", "--rejects", files.Path("csv")}, "lat,lon,n\n48,11,a\n91,11,\"b\nc\"\n");
+    EXPECT_EQ(files.Contents("csv"), "lat,lon,n\n91,11,\"b\nc\"\n");
+    Convert({"--input", "jsonl", "--rejects", files.Path("jsonl")},
+            "{\"lat\":1,\"lon\":2}\n{\"lat\": 1}\nx\n");
+    EXPECT_EQ(files.Contents("jsonl"), "{\"lat\": 1}\nx\n");
     const std::string bad = Feature("11,91", R"({"a":1})");
-    Convert({"--input", "geojson", "--rejects", Path("geojson")},
+    Convert({"--input", "geojson", "--rejects", files.Path("geojson")},
             Collection(Feature("11,48", "{}") + "," + bad));
-    EXPECT_EQ(Contents("geojson"), Collection(bad));
-    Convert({"--rejects", Path("lines")}, "48 11\n91 11 # x\nabc\n");
-    EXPECT_EQ(Contents("lines"), "91 11 # x\nabc\n");
+    EXPECT_EQ(files.Contents("geojson"), Collection(bad));
+    Convert({"--rejects", files.Path("lines")}, "48 11\n91 11 # x\nabc\n");
+    EXPECT_EQ(files.Contents("lines"), "91 11 # x\nabc\n");
 }
 
-TEST_F(FormFiles, RejectsDontOverwriteAFileThatIsRead) {
-    const std::string file = File("a.csv", "lat,lon\n48,11\n");
+TEST(FormFiles, RejectsDontOverwriteAFileThatIsRead) {
+    const ScratchDirectory files;
+    const std::string file = files.File("a.csv", "lat,lon\n48,11\n");
     const Outcome outcome = Convert({"--rejects", file, file}, "");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, file + ": is to be read, and can't take the rejects\n");
-    EXPECT_EQ(Contents("a.csv"), "lat,lon\n48,11\n");
+    EXPECT_EQ(files.Contents("a.csv"), "lat,lon\n48,11\n");
 }
 
-TEST_F(FormFiles, ThatCantBeReadAreReported) {
-    const Outcome outcome = Convert({Path("missing.csv"), File("a.csv", "lat,lon\n48,11\n")}, "");
-    EXPECT_EQ(outcome.err, Path("missing.csv") + ": can't be read\n");
+TEST(FormFiles, ThatCantBeReadAreReported) {
+    const ScratchDirectory files;
+    const Outcome outcome = Convert({files.Path("missing.csv"), files.File("a.csv", "lat,lon\n48,11\n")}, "");
+    EXPECT_EQ(outcome.err, files.Path("missing.csv") + ": can't be read\n");
     EXPECT_EQ(outcome.out, "latitude,longitude\n48.000000000,11.000000000\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
-TEST_F(FormFiles, WhatDoesntGoTogetherIsWrongUsage) {
-    const std::string geojson = Path("a.geojson");
+TEST(FormFiles, WhatDoesntGoTogetherIsWrongUsage) {
+    const ScratchDirectory files;
+    const std::string geojson = files.Path("a.geojson");
     ExpectUsageError(Convert({"--from", "GER", geojson}, ""), "leave --from out");
     ExpectUsageError(Convert({"--from", "UTM", geojson}, ""), "leave --from out");
     ExpectUsageError(Convert({"--json", "--output", "csv"}, ""), "try --output jsonl");
     ExpectUsageError(Convert({"--columns", "a,b"}, ""), "try --input csv");
     ExpectUsageError(Convert({"--input", "csv", "--from", "UTM", "--columns", "a,b,c"}, ""), "NORTH,EAST");
-    ExpectUsageError(Convert({"--rejects", Path("r"), geojson, Path("a.csv")}, ""), "one form at a time");
+    ExpectUsageError(Convert({"--rejects", files.Path("r"), geojson, files.Path("a.csv")}, ""),
+                     "one form at a time");
     ExpectUsageError(Convert({"--input", "xml"}, ""), "--input");
     ExpectUsageError(Convert({"--output", "shape"}, ""), "--output");
-    EXPECT_FALSE(std::filesystem::exists(Path("r")));
+    EXPECT_FALSE(std::filesystem::exists(files.Path("r")));
 }

@@ -1,15 +1,15 @@
 // The man page and the shell's completion, against what the program itself says.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
 
+#include "host/files.h"
 #include "host/run_program.h"
 
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::ReadFile;
 using tessara::testing::RunProgram;
 using tessara::testing::Tessara;
 
@@ -38,11 +38,8 @@ std::set<std::string> OptionsOf(const std::string& command) {
 }
 
 std::string ManPage() {
-    std::ifstream file(TESSARA_SOURCE_DIR "/host/tessara.1.in");
-    std::ostringstream text;
-    text << file.rdbuf();
     // A hyphen that is to stay one is written "\-".
-    return std::regex_replace(text.str(), std::regex(R"(\\-)"), "-");
+    return std::regex_replace(ReadFile(TESSARA_SOURCE_DIR "/host/tessara.1.in"), std::regex(R"(\\-)"), "-");
 }
 
 // What is offered for the last of the words.

@@ -1,9 +1,9 @@
 // What `tessara map` says about descriptions that it can't use, and about what it can't draw of others.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
+#include <filesystem>
 
+#include "host/files.h"
 #include "host/run_program.h"
 #include "host/svg_reader.h"
 
@@ -11,6 +11,7 @@ using tessara::testing::ElementsOf;
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
 using tessara::testing::RunProgram;
+using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 
 namespace {
@@ -39,13 +40,6 @@ void ExpectRefused(const Mistake& mistake) {
     EXPECT_EQ(outcome.status, 1) << mistake.description;
     EXPECT_EQ(outcome.out, "") << mistake.description;
     EXPECT_EQ(outcome.err, "-: " + mistake.message + "\n");
-}
-
-// A file of its own for each test, away from the sources.
-std::string Write(const std::string& name, const std::string& text) {
-    const std::string path = ::testing::TempDir() + name;
-    std::ofstream(path) << text;
-    return path;
 }
 
 }  // namespace
@@ -185,9 +179,9 @@ TEST(MapMessages, SayWhatIsWrongWithALayer) {
 }
 
 TEST(MapMessages, TellLinesOfAFileThatCantBeUsedAndDrawTheOthers) {
-    const std::string positions =
-        Write("map_positions.txt", "48.1375 11.5755 # Munich\n91 11\n\n48 11.5 1 2\n");
-    const std::string texts = Write("map_texts.txt", "N 5334791;32 691602;hall\nN 1;99 1\nN 5334791\n");
+    const ScratchDirectory files;
+    const std::string positions = files.File("positions", "48.1375 11.5755 # Munich\n91 11\n\n48 11.5 1 2\n");
+    const std::string texts = files.File("texts", "N 5334791;32 691602;hall\nN 1;99 1\nN 5334791\n");
     const Outcome outcome = Draw(MapWith(R"({"type": "positions", "file": ")" + positions +
                                          R"("}, {"type": "positions", "from": "UTM", "file": ")" + texts +
                                          R"("}, {"type": "positions", "file": "nowhere.txt"})"));
@@ -234,15 +228,44 @@ TEST(MapMessages, TellAStepThatIsTooSmall) {
         "-: layers[0]: there are more than 2000 east lines of GEODEZ@WGS84; a greater step is needed\n");
 }
 
+// A million lines would take minutes.
+TEST(MapMessages, TellAStepThatIsFarTooSmallBeforeAnyLineIsMade) {
+    for (const std::string system :
+         {"UTM", "UTM@GER", "UTMREF", "GK@GER", "GEODEZ", "GEOREF", "FLOATPIXEL", "VDG"}) {
+        const Outcome outcome =
+            Draw(MapWith(R"({"type": "grid", "system": ")" + system + R"(", "step": 1e-9})"));
+        const std::string name = system.find('@') == std::string::npos ? system + "@WGS84" : system;
+        EXPECT_EQ(LinesOf(outcome.err),
+                  (std::vector<std::string>{"-: layers[0]: there are more than 2000 north lines of " + name +
+                                                "; a greater step is needed",
+                                            "-: layers[0]: there are more than 2000 east lines of " + name +
+                                                "; a greater step is needed"}));
+    }
+}
+
+TEST(MapMessages, ShowNoControlCharacters) {
+    ExpectRefused(
+        {R"({"datum": "\u001b[2J"})", "datum: no datum is called '?[2J'; `tessara datums` lists them"});
+}
+
 TEST(MapMessages, TellAnOutputThatCantBeWritten) {
     const Outcome outcome = Tessara({"map", "-", "-o", "/nowhere/map.svg"}, MapWith(""));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "tessara: /nowhere/map.svg: can't be written\n");
 }
 
+TEST(MapMessages, TellAnOutputThatIsTheDescription) {
+    const ScratchDirectory files;
+    const std::string file = files.File("map.json", MapWith(""));
+    const Outcome outcome = Tessara({"map", file, "-o", file});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "tessara: " + file + ": is the description, and is left as it is\n");
+    EXPECT_EQ(files.Contents("map.json"), MapWith(""));
+}
+
 TEST(MapMessages, NameTheProgramThatDrawsAPng) {
-    const std::string file = ::testing::TempDir() + "map_without_rsvg.png";
-    std::remove(file.c_str());
+    const ScratchDirectory files;
+    const std::string file = files.Path("map.png");
     const Outcome outcome =
         RunProgram(TESSARA_PROGRAM, {"map", "-", "-o", file}, {MapWith(""), {"PATH=/nowhere"}, {}});
     EXPECT_EQ(outcome.status, 1);
@@ -250,7 +273,7 @@ TEST(MapMessages, NameTheProgramThatDrawsAPng) {
         outcome.err,
         "tessara: a PNG is drawn by rsvg-convert, which isn't installed (Debian: librsvg2-bin); an .svg "
         "needs none\n");
-    EXPECT_FALSE(std::ifstream(file).is_open());
+    EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST(MapUsage, WantsADescriptionAndASizeInRange) {

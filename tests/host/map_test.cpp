@@ -5,11 +5,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
 #include <set>
 #include <sstream>
 
+#include "host/files.h"
 #include "host/run_program.h"
 #include "host/svg_reader.h"
 
@@ -46,13 +45,6 @@ std::string Draw(const std::string& map, const std::string& layers, const std::s
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     return outcome.out;
-}
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
 }
 
 struct Label {
@@ -500,10 +492,24 @@ TEST(MapPicture, OfTheReadmeIsWhatTheProgramDraws) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_TRUE(outcome.out == ReadFile(TESSARA_SOURCE_DIR "/docs/map.svg"))
-        << "tessara map examples/data/upper_bavaria.json -o docs/map.svg draws it anew";
+        << "scripts/pictures draws it anew";
     EXPECT_LT(outcome.out.size(), 200000u);
     ExpectNoTextOverText(outcome.out);
     EXPECT_NE(ReadFile(TESSARA_SOURCE_DIR "/README.md").find("(docs/map.svg)"), std::string::npos);
+}
+
+TEST(MapPicture, OfTheManualIsWhatTheProgramDraws) {
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(TESSARA_SOURCE_DIR "/docs/pictures")) {
+        std::filesystem::path picture = entry.path();
+        if (picture.extension() != ".json") continue;
+        const Outcome outcome = Tessara({"map", picture.string()});
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_TRUE(outcome.out == ReadFile(picture.replace_extension(".svg")))
+            << picture << ": scripts/pictures draws it anew";
+        ++count;
+    }
+    EXPECT_GT(count, 0u);
 }
 
 TEST(MapPicture, OfTheHelpTextIsDrawn) {
@@ -517,7 +523,8 @@ TEST(MapPicture, OfTheHelpTextIsDrawn) {
 }
 
 TEST(MapOutput, GoesToAFile) {
-    const std::string file = ::testing::TempDir() + "map_output.svg";
+    const ScratchDirectory files;
+    const std::string file = files.Path("map.svg");
     const Outcome outcome = Tessara({"map", "-", "-o", file}, UTM_MAP + "]}");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, "");
@@ -527,8 +534,8 @@ TEST(MapOutput, GoesToAFile) {
 TEST(MapOutput, IsAPngWhereTheNameSaysSo) {
     if (RunProgram("/bin/sh", {"-c", "command -v rsvg-convert"}).status != 0)
         GTEST_SKIP() << "rsvg-convert isn't installed";
-    const std::string file = ::testing::TempDir() + "map_output.png";
-    std::remove(file.c_str());
+    const ScratchDirectory files;
+    const std::string file = files.Path("map.png");
     const Outcome outcome = Tessara({"map", "-", "-o", file}, UTM_MAP + "]}");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_TRUE(ReadFile(file).starts_with("\x89PNG\r\n"));

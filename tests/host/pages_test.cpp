@@ -2,24 +2,19 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "host/files.h"
+
+using tessara::testing::ReadFile;
 
 namespace {
 
 namespace fs = std::filesystem;
 
 const fs::path ROOT = TESSARA_SOURCE_DIR;
-
-std::string TextOf(const fs::path& file) {
-    std::ifstream stream(file);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
 
 std::vector<fs::path> Pages() {
     std::vector<fs::path> pages{ROOT / "README.md", ROOT / "CHANGELOG.md", ROOT / "CONTRIBUTING.md"};
@@ -43,7 +38,7 @@ std::vector<std::string> LinksOf(const std::string& text) {
 TEST(Pages, LinksLeadToFiles) {
     std::size_t count = 0;
     for (const fs::path& page : Pages()) {
-        for (const std::string& link : LinksOf(TextOf(page))) {
+        for (const std::string& link : LinksOf(ReadFile(page))) {
             EXPECT_TRUE(fs::exists(page.parent_path() / link)) << page << ": " << link;
             ++count;
         }
@@ -52,7 +47,7 @@ TEST(Pages, LinksLeadToFiles) {
 }
 
 TEST(Pages, NameEveryExample) {
-    const std::string page = TextOf(ROOT / "docs" / "examples.md");
+    const std::string page = ReadFile(ROOT / "docs" / "examples.md");
     for (const auto& entry : fs::directory_iterator(ROOT / "examples")) {
         if (entry.path().extension() != ".cpp") continue;
         EXPECT_NE(page.find("| `" + entry.path().stem().string() + "` |"), std::string::npos) << entry.path();
@@ -60,7 +55,7 @@ TEST(Pages, NameEveryExample) {
 }
 
 TEST(Pages, NameEveryPageOnTheMainPage) {
-    const std::string main = TextOf(ROOT / "docs" / "index.md");
+    const std::string main = ReadFile(ROOT / "docs" / "index.md");
     for (const fs::path& page : Pages()) {
         const std::string name = fs::relative(page, ROOT / "docs").generic_string();
         if (name == "index.md" || name.starts_with("..") || name == "tables/measured.md") continue;

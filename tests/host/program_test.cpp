@@ -8,7 +8,8 @@ using tessara::testing::Tessara;
 
 namespace {
 
-const std::vector<std::string> COMMANDS{"convert", "systems", "datums", "distance", "direct"};
+const std::vector<std::string> COMMANDS{"convert", "systems", "datums", "distance",
+                                        "direct",  "check",   "utmref", "map"};
 
 bool Contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
@@ -53,7 +54,10 @@ TEST(Program, WantsOneOfItsCommands) {
     }
 }
 
-TEST(Program, FailsWhenAListingIsLost) {
-    for (const char* command : {"systems", "datums"})
-        EXPECT_EQ(RunProgram(TESSARA_PROGRAM, {command}, {{}, {}, "/dev/full"}).status, 1) << command;
+TEST(Program, FailsWhenWhatItTellsIsLost) {
+    for (const char* command : {"systems", "datums", "--help", "--version"}) {
+        const Outcome outcome = RunProgram(TESSARA_PROGRAM, {command}, {{}, {}, "/dev/full"});
+        EXPECT_EQ(outcome.status, 1) << command;
+        EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n") << command;
+    }
 }

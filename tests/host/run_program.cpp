@@ -100,6 +100,18 @@ Outcome Tessara(const std::vector<std::string>& arguments, const std::string& in
     return RunProgram(TESSARA_PROGRAM, arguments, {input, {}, {}});
 }
 
+void ExpectDone(const Outcome& outcome, const std::string& out) {
+    EXPECT_EQ(outcome.out, out);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.status, 0);
+}
+
+void ExpectUsageError(const Outcome& outcome, const std::string& words) {
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
+}
+
 std::vector<std::string> LinesOf(const std::string& text) {
     std::istringstream stream(text);
     std::vector<std::string> lines;

@@ -25,6 +25,12 @@ struct RunOptions {
 // The program `tessara`.
 [[nodiscard]] Outcome Tessara(const std::vector<std::string>& arguments, const std::string& input = {});
 
+// All went well, and this is what it wrote.
+void ExpectDone(const Outcome& outcome, const std::string& out);
+
+// The call was refused, with these words among those that say why.
+void ExpectUsageError(const Outcome& outcome, const std::string& words);
+
 // The lines of a text, without their ends.
 [[nodiscard]] std::vector<std::string> LinesOf(const std::string& text);
 

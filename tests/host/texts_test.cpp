@@ -1,15 +1,15 @@
 // Positions as texts: convert with a system in --from, check, utmref.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
+#include "host/files.h"
 #include "host/run_program.h"
 
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::RunProgram;
+using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 using Json = nlohmann::json;
 
@@ -29,23 +29,6 @@ Outcome UtmToUtmref(std::vector<std::string> arguments, const std::string& input
     arguments.insert(arguments.end(), {"--from", "UTM", "--to", "UTMREF"});
     return ConvertTexts(arguments, input);
 }
-
-std::string ContentsOf(const std::filesystem::path& path) {
-    std::stringstream contents;
-    contents << std::ifstream(path, std::ios::binary).rdbuf();
-    return contents.str();
-}
-
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const std::string& name)
-        : path_(std::filesystem::temp_directory_path() / ("tessara-texts-" + name)) {}
-    ~TemporaryFile() { std::filesystem::remove(path_); }
-    [[nodiscard]] std::string Path() const { return path_.string(); }
-
-  private:
-    std::filesystem::path path_;
-};
 
 }  // namespace
 
@@ -139,19 +122,20 @@ TEST(ConvertTexts, NamesTheLimitWhenItRefuses) {
 }
 
 TEST(ConvertTexts, WritesLinesThatCantBeUsedToAFile) {
-    const TemporaryFile rejects("rejects");
+    const ScratchDirectory files;
     const Outcome outcome = UtmToUtmref(
-        {"--rejects", rejects.Path()},
+        {"--rejects", files.Path("rejects")},
         std::string("# first\nfoo;bar\n") + "N 5334791;32 691602\n" + "N 5334791;32 900000; \xFF \r\n\n");
     EXPECT_EQ(outcome.out, "U U 34791.000;32 P 91602.000\n");
-    EXPECT_EQ(ContentsOf(rejects.Path()), "foo;bar\nN 5334791;32 900000; \xFF \r\n");
+    EXPECT_EQ(files.Contents("rejects"), "foo;bar\nN 5334791;32 900000; \xFF \r\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
 TEST(ConvertTexts, RejectsOfACsvAreACsv) {
-    const TemporaryFile rejects("csv-rejects");
-    UtmToUtmref({"--rejects", rejects.Path(), "--columns", "n,e"}, "n,e\nN 1,x\nN 5334791,32 691602\n");
-    EXPECT_EQ(ContentsOf(rejects.Path()), "n,e\nN 1,x\n");
+    const ScratchDirectory files;
+    UtmToUtmref({"--rejects", files.Path("rejects"), "--columns", "n,e"},
+                "n,e\nN 1,x\nN 5334791,32 691602\n");
+    EXPECT_EQ(files.Contents("rejects"), "n,e\nN 1,x\n");
 }
 
 TEST(ConvertTexts, ReportsRejectsThatCantBeWritten) {
@@ -159,13 +143,19 @@ TEST(ConvertTexts, ReportsRejectsThatCantBeWritten) {
 }
 
 TEST(ConvertTexts, RejectsDontOverwriteAFileThatIsRead) {
-    const TemporaryFile file("input");
-    std::ofstream(file.Path()) << MUNICH_UTM << '\n';
-    const Outcome outcome = UtmToUtmref({"--rejects", file.Path(), file.Path()}, "");
+    const ScratchDirectory files;
+    const std::string file = files.File("input", std::string(MUNICH_UTM) + "\n");
+    const Outcome outcome = UtmToUtmref({"--rejects", file, file}, "");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, file.Path() + ": is to be read, and can't take the rejects\n");
-    EXPECT_EQ(ContentsOf(file.Path()), std::string(MUNICH_UTM) + "\n");
+    EXPECT_EQ(outcome.err, file + ": is to be read, and can't take the rejects\n");
+    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
+
+    const std::string convert = std::string(TESSARA_PROGRAM) + " convert --from UTM --rejects ";
+    const Outcome asInput = RunProgram("/bin/sh", {"-c", convert + file + " < " + file});
+    EXPECT_EQ(asInput.status, 1);
+    EXPECT_EQ(asInput.err, outcome.err);
+    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
 }
 
 TEST(ConvertTexts, JsonCarriesTextsAndNumbers) {
@@ -203,6 +193,40 @@ TEST(ConvertTexts, JobsKeepTheOrderOfTheLines) {
     EXPECT_EQ(LinesOf(one.err)[1].substr(0, 7), "-:1008:");
 }
 
+TEST(ConvertTexts, ReadsAHeaderBehindAByteOrderMark) {
+    EXPECT_EQ(UtmToUtmref({"--columns", "n,e"}, "\xEF\xBB\xBFn;e\r\nN 5334791;32 691602\r\n").out,
+              "n;e\nU U 34791.000;32 P 91602.000\n");
+}
+
+TEST(ConvertTexts, TakesNoTextForItsPartBeforeANul) {
+    const Outcome outcome =
+        UtmToUtmref({}, std::string("N 5334791\0x;32 691602\nN 5334791;32 691602\0\n", 43));
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(LinesOf(outcome.err).size(), 2u);
+    EXPECT_EQ(LinesOf(outcome.err).at(0),
+              "-:1: not readable as UTM, which is `hemisphere northing` and `zone easting`");
+}
+
+TEST(ConvertTexts, JsonHasAllColumnsOfAHeaderThatNamesSomeTwice) {
+    const Outcome outcome =
+        UtmToUtmref({"--json", "--columns", "n,e"}, "n,e,a,a,\nN 5334791,32 691602,1,2,3\n");
+    EXPECT_EQ(Json::parse(outcome.out)["columns"], (Json{{"a", "1"}, {"a 4", "2"}, {"5", "3"}}));
+}
+
+// A quadratic search for the names of the columns would take minutes.
+TEST(ConvertTexts, TakesVeryManyColumns) {
+    std::string line = "N 5334791;32 691602";
+    for (int i = 0; i < 300000; ++i)
+        line += ";x";
+    for (const std::vector<std::string>& form :
+         {std::vector<std::string>{}, {"--json"}, {"--output", "jsonl"}}) {
+        const Outcome outcome = UtmToUtmref(form, line + "\n");
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(LinesOf(outcome.out).size(), 1u);
+        EXPECT_GT(outcome.out.size(), line.size());
+    }
+}
+
 TEST(ConvertTexts, SurvivesAnyBytes) {
     std::string bytes;
     for (int i = 0; i < 100000; ++i)
@@ -232,6 +256,11 @@ TEST(Utmref, ListsTheChoicesThatAreLeft) {
     EXPECT_EQ(zones.substr(0, 6), "1 2 3 ");
     EXPECT_EQ(zones.substr(zones.size() - 4), " 60\n");
     EXPECT_EQ(Tessara({"utmref", "32"}).out, "C D E F G H J K L M N P Q R S T U V W X\n");
+    // In band U zone 32 reaches 224 km to each side of easting 500000: columns K (200 to 300 km) to Q (700 to
+    // 800 km). Q begins 200 km beside the meridian, where the band lies from northing 5319 km (48 degrees) to
+    // some 5900 km (53.2 degrees, where the zone is 200 km wide on each side). With F for the first 100 km
+    // and 20 letters these are rows 53, F + 53 - 2 * 20 = U, to 59, E; on Bessel's ellipsoid ten letters
+    // on, J to Q.
     EXPECT_EQ(Tessara({"utmref", "032", "u"}).out, "K L M N P Q\n");
     EXPECT_EQ(Tessara({"utmref", "32", "U", "Q"}).out, "U V A B C D E\n");
     EXPECT_EQ(Tessara({"utmref", "32", "U", "Q", "--datum", "GER"}).out, "J K L M N P Q\n");
