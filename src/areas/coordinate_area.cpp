@@ -344,7 +344,7 @@ bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IAr
     Outline outline;
     std::int32_t datum = 0;
     if (!ReadValidPlaces(on.Get(), vertices.Get(), &outline)) return false;
-    if (!MapPlane(on.Get()).GetDatum(&datum)) return false;
+    if (!MapPlane::DatumOf(on.Get(), &datum)) return false;
     list->Clear();
     return AppendOutlines(SplitVertices(outline), PixelForm(datum), list.Get());
 }

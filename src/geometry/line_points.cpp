@@ -74,7 +74,7 @@ bool WritePlace(IMapCoordOperations* map, const PlanePoint& place, ICoord* out) 
     if (!reference.IsValid() || !out->GetReference(reference.Get())) return false;
     if (!IsPixelType(reference->GetSystem())) return map->FloatPixelToCoord(place.x, place.y, out);
     std::int32_t datum = 0;
-    if (!MapPlane(map).GetDatum(&datum)) return false;
+    if (!MapPlane::DatumOf(map, &datum)) return false;
     if (reference->GetDatum() != datum) {
         if (!reference->SetDatum(datum) || !out->SetReference(reference.Get())) return false;
     }

@@ -5,11 +5,12 @@
 
 namespace tessara {
 
-MapPlane::MapPlane(IMapCoordOperations* map) : map_(map), scratch_(CreateClassCoord()) {}
+MapPlane::MapPlane(IMapCoordOperations* map)
+    : map_(map), scratch_(map_.IsValid() ? CreateClassCoord() : nullptr) {}
 
-bool MapPlane::GetDatum(std::int32_t* datum) const {
+bool MapPlane::DatumOf(IMapCoordOperations* map, std::int32_t* datum) {
     const IRef<IGeoDate> date(CreateClassGeoDate());
-    if (!date.IsValid() || !map_->GetGeoDate(date.Get())) return false;
+    if (!date.IsValid() || !map->GetGeoDate(date.Get())) return false;
     *datum = date->GetDatum();
     return true;
 }

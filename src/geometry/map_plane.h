@@ -17,7 +17,8 @@ class MapPlane {
     [[nodiscard]] bool IsComplete() const { return map_.IsValid() && scratch_.IsValid(); }
 
     // The map's datum.
-    bool GetDatum(std::int32_t* datum) const;
+    static bool DatumOf(IMapCoordOperations* map, std::int32_t* datum);
+    bool GetDatum(std::int32_t* datum) const { return DatumOf(map_.Get(), datum); }
 
     // Where a record lies: a pixel by its numbers, a position by the map. False if it has no pixel; *point is
     // then unchanged.
