@@ -150,6 +150,7 @@ TEST_F(RectExtentsTest, ThePlainRectangleIsTheSame) {
     ICoord* const point = results[0].Get();
     ASSERT_TRUE(inner->GetRectExtremes(map.Get(), &rect, results[NORTH].Get(), results[EAST].Get(),
                                        results[SOUTH].Get(), results[WEST].Get()));
+    // Degrees, some units of the last place.
     EXPECT_NEAR(Degrees(NORTH).latitude, 50.0, 1e-12);
     EXPECT_NEAR(Degrees(EAST).longitude, 15.0, 1e-12);
     EXPECT_NEAR(Degrees(SOUTH).latitude, 48.0, 1e-12);
@@ -400,6 +401,7 @@ TEST_F(RectExtentsTest, AWindowOfOnePixelIsThatPixel) {
     Ask(KOORD_GEODEZ);
     ASSERT_TRUE(Extremes(100, 100, 100, 100));
     for (int i = 0; i < 4; ++i) {
+        // Degrees, some units of the last place.
         EXPECT_NEAR(Degrees(i).latitude, 49.0, 1e-12);
         EXPECT_NEAR(Degrees(i).longitude, 10.0, 1e-12);
     }
