@@ -15,6 +15,7 @@
 #include "areas/system_extremes.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
+#include "objects/map_datum.h"
 #include "objects/reference.h"
 #include "tessara/array.h"
 #include "tessara/map_coord_operations.h"
@@ -346,7 +347,7 @@ bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IAr
     Outline outline;
     std::int32_t datum = 0;
     if (!ReadValidLineOnMap(on.Get(), vertices.Get(), &outline)) return false;
-    if (!MapPlane(on.Get()).GetDatum(&datum)) return false;
+    if (!ReadMapDatum(on.Get(), &datum)) return false;
     list->Clear();
     return AppendOutlines(SplitVertices(outline), PixelForm(datum), list.Get());
 }

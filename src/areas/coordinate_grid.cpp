@@ -13,6 +13,7 @@
 #include "objects/convert_records.h"
 #include "objects/default_koord.h"
 #include "objects/koord_access.h"
+#include "objects/map_datum.h"
 #include "objects/zones.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
@@ -93,14 +94,14 @@ struct LongPixelPlace {
 };
 
 // A pixel is rounded whatever its datum is; a position goes through the map.
-bool FindPixel(IMapCoordOperations* map, ICoord* coord, LongPixelPlace* place) {
+bool FindPixel(IMapCoordOperations* map, const MapPlane& plane, ICoord* coord, LongPixelPlace* place) {
     CKoord koord;
     if (!KoordFromCoord(coord, &koord)) return false;
     if (!IsPixelType(static_cast<std::int32_t>(koord.type))) {
         return map->CoordToLongPixel(coord, &place->x, &place->y);
     }
     PlanePoint point{};
-    if (!MapPlane(map).ToPlane(koord, &point)) return false;
+    if (!plane.ToPlane(koord, &point)) return false;
     if (!IsWithin(point.x, INT32_MIN, INT32_MAX) || !IsWithin(point.y, INT32_MIN, INT32_MAX)) return false;
     *place = {RoundPixel(point.x), RoundPixel(point.y)};
     return true;
@@ -145,7 +146,7 @@ bool CoordinateGrid::SetWindowFromPoints(IFloatPoint* a, IFloatPoint* b, IFloatP
     const IRef<IFloatPoint> points[] = {IRef<IFloatPoint>(a), IRef<IFloatPoint>(b), IRef<IFloatPoint>(c),
                                         IRef<IFloatPoint>(d)};
     std::int32_t datum = 0;
-    if (!map_.IsValid() || !MapPlane(map_.Get()).GetDatum(&datum)) return false;
+    if (!map_.IsValid() || !ReadMapDatum(map_.Get(), &datum)) return false;
     IRef<ICoord> coords[std::size(points)];
     for (std::size_t i = 0; i < std::size(points); ++i) {
         if (!points[i].IsValid()) return false;
@@ -159,19 +160,20 @@ bool CoordinateGrid::SetWindowFromPoints(IFloatPoint* a, IFloatPoint* b, IFloatP
 
 bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) {
     const IRef<ICoord> coords[] = {IRef<ICoord>(a), IRef<ICoord>(b), IRef<ICoord>(c), IRef<ICoord>(d)};
-    if (!map_.IsValid()) return false;
+    const MapPlane plane(map_.Get());
+    if (!plane.IsComplete()) return false;
     PixelRect rect{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
     for (const IRef<ICoord>& coord : coords) {
         LongPixelPlace at{};
-        if (!FindPixel(map_.Get(), coord.Get(), &at)) return false;
+        if (!FindPixel(map_.Get(), plane, coord.Get(), &at)) return false;
         rect = {std::min(rect.left, at.x), std::min(rect.top, at.y), std::max(rect.right, at.x),
                 std::max(rect.bottom, at.y)};
     }
     Extremes extremes;
     if (!ExtentOfRect(map_.Get(), rect, datum_, DrawingSystem(system_), &extremes)) return false;
     if (!KeepWithinCodes(datum_, system_, &extremes)) return false;
-    window_ = GridWindow{extremes, FindZoneGap(MapPlane(map_.Get()), rect, extremes), eastStep_, northStep_,
-                         FinestStep(system_)};
+    window_ =
+        GridWindow{extremes, FindZoneGap(plane, rect, extremes), eastStep_, northStep_, FinestStep(system_)};
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "geometry/line_crossings.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
+#include "objects/map_datum.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/intersection_results.h"
@@ -74,7 +75,7 @@ bool WritePlace(IMapCoordOperations* map, const PlanePoint& place, ICoord* out) 
     if (!reference.IsValid() || !out->GetReference(reference.Get())) return false;
     if (!IsPixelType(reference->GetSystem())) return map->FloatPixelToCoord(place.x, place.y, out);
     std::int32_t datum = 0;
-    if (!MapPlane(map).GetDatum(&datum)) return false;
+    if (!ReadMapDatum(map, &datum)) return false;
     if (reference->GetDatum() != datum) {
         if (!reference->SetDatum(datum) || !out->SetReference(reference.Get())) return false;
     }

@@ -1,17 +1,15 @@
 #include "geometry/map_plane.h"
 
 #include "objects/koord_access.h"
-#include "tessara/geo_date.h"
+#include "objects/map_datum.h"
 
 namespace tessara {
 
-MapPlane::MapPlane(IMapCoordOperations* map) : map_(map), scratch_(CreateClassCoord()) {}
+MapPlane::MapPlane(IMapCoordOperations* map)
+    : map_(map), scratch_(map_.IsValid() ? CreateClassCoord() : nullptr) {}
 
 bool MapPlane::GetDatum(std::int32_t* datum) const {
-    const IRef<IGeoDate> date(CreateClassGeoDate());
-    if (!date.IsValid() || !map_->GetGeoDate(date.Get())) return false;
-    *datum = date->GetDatum();
-    return true;
+    return ReadMapDatum(map_.Get(), datum);
 }
 
 bool MapPlane::ToPlane(const CKoord& koord, PlanePoint* point) const {

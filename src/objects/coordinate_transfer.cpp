@@ -4,9 +4,9 @@
 
 #include "objects/axis_copy.h"
 #include "objects/koord_access.h"
+#include "objects/map_datum.h"
 #include "objects/reference.h"
 #include "tessara/coordinate_reference.h"
-#include "tessara/geo_date.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/map.h"
 #include "tessara/map_coord_operations.h"
@@ -58,13 +58,6 @@ constexpr std::array<std::int32_t, MAP_TYPE_COUNT> MAP_SYSTEMS{{
     KOORD_LUREF,        // LUREF
     KOORD_GEODEZ,       // WAGNER-IV
 }};
-
-bool ReadMapDatum(IMapCoordOperations* map, std::int32_t* datum) {
-    const IRef<IGeoDate> date(CreateClassGeoDate());
-    if (!date.IsValid() || !map->GetGeoDate(date.Get())) return false;
-    *datum = date->GetDatum();
-    return true;
-}
 
 bool ReadMapReference(IMapCoordOperations* map, ICoordinateReference* reference) {
     std::int32_t datum = NO_DATUM;

@@ -252,6 +252,7 @@ TEST_F(GridLinesTest, BetweenItsPointsALineKeepsItsValueToAQuarterOfAPixel) {
     for (const PlacedGrid& placed : AllGrids()) {
         if (placed.place.system == KOORD_FLOATPIXEL) continue;
         for (const Axis axis : {Axis::East, Axis::North}) {
+            int places = 0;
             for (const Line& line : LinesOn(axis, placed)) {
                 if (!IsGridLine(axis, line, placed)) continue;
                 const auto pixels = PixelsFor(placed, line);
@@ -276,9 +277,11 @@ TEST_F(GridLinesTest, BetweenItsPointsALineKeepsItsValueToAQuarterOfAPixel) {
                         const double tolerance = 0.36 * perPixel + 2.0 * RoundingOf(placed.place.system);
                         EXPECT_NEAR(ValueOf(axis, there), ValueOf(axis, line[i]), tolerance)
                             << placed.place.name;
+                        ++places;
                     }
                 }
             }
+            EXPECT_GT(places, 0) << placed.place.name;
         }
     }
 }

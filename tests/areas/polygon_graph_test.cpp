@@ -78,6 +78,7 @@ TEST(FacesOf, TellWhichOutlinesTheyAreIn) {
     for (const GraphFace& face : faces) {
         EXPECT_EQ(face.outline.front(), face.outline.back());
         const bool isBoth = face.isIn[0] && face.isIn[1];
+        // Square units, some roundings of their sum.
         EXPECT_NEAR(SignedArea(face.outline), isBoth ? 4 : 12, 1e-12);
         EXPECT_TRUE(face.isIn[0] || face.isIn[1]);
     }

@@ -315,6 +315,7 @@ TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
     OverlayParts parts;
     EXPECT_EQ(OverlayVertices(keyhole, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_TOUCHING);
     ASSERT_EQ(OverlayVertices(keyhole, Rectangle(4, 4, 10, 5), TOLERANCE, &parts), OVERLAY_CROSSING);
+    // Square units, some roundings of their sum.
     EXPECT_NEAR(AreaOf(parts.both), 2, 1e-12);
     EXPECT_NEAR(AreaOf(parts.onlySecond), 4, 1e-12);
     EXPECT_NEAR(AreaOf(parts.neither), 14, 1e-12);
@@ -382,6 +383,7 @@ TEST(OverlayVertices, HugeAndTinyPolygonsAreOverlaid) {
         };
         ASSERT_EQ(OverlayVertices(scaled(SQUARE), scaled(Rectangle(2, 2, 6, 6)), TOLERANCE, &parts),
                   OVERLAY_CROSSING);
+        // Square units: crossings closer together than the tolerance, 2e-11, are one.
         EXPECT_NEAR(AreaOf(parts.both) / unit / unit, 4, 1e-9);
     }
 }

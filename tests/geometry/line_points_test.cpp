@@ -125,6 +125,7 @@ TEST_F(LinePointsTest, TheFootHasTheReferenceThatIsAskedFor) {
     const IRef<ICoord> degrees = EmptyCoord(2, KOORD_GEODEZ);
     degrees->SetHeight(80.0);
     ASSERT_TRUE(Foot(GeodezRecord(60, 5), GeodezRecord(50, 0), GeodezRecord(50, 10), degrees));
+    // Degrees and pixels, some units of the last place.
     EXPECT_NEAR(PayloadOf<GeodezPayload>(degrees).latitude, 50.0, 1e-12);
     EXPECT_NEAR(PayloadOf<GeodezPayload>(degrees).longitude, 5.0, 1e-12);
     EXPECT_EQ(degrees->GetHeight(), 80.0);

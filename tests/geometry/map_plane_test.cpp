@@ -30,6 +30,7 @@ TEST_F(MapPlaneTest, PixelsLieWhereTheirNumbersSay) {
 TEST_F(MapPlaneTest, PositionsLieWhereTheMapSays) {
     PlanePoint point{};
     EXPECT_TRUE(plane.ToPlane(GeodezRecord(49, 8), &point));
+    // Pixels: degrees of the map, times a hundred.
     EXPECT_NEAR(point.x, 200.0, 1e-9);
     EXPECT_NEAR(point.y, 100.0, 1e-9);
     EXPECT_FALSE(plane.ToPlane(testing::Nowhere(), &point));
@@ -39,6 +40,7 @@ TEST_F(MapPlaneTest, PositionsLieWhereTheMapSays) {
 TEST_F(MapPlaneTest, PointsHaveAPositionInTheRecordsReference) {
     CKoord koord(GeodezRecord(0, 0, 70.0));
     EXPECT_TRUE(plane.ToWorld({200, 100}, &koord));
+    // Degrees, some units of the last place.
     EXPECT_NEAR(Load<GeodezPayload>(koord).latitude, 49.0, 1e-12);
     EXPECT_NEAR(Load<GeodezPayload>(koord).longitude, 8.0, 1e-12);
     EXPECT_EQ(koord.GetHeight(), 70.0);

@@ -160,6 +160,7 @@ TEST_F(PlaneArcTest, PointsLieInThePlaneAtTheRadiusAndEquallyFarApart) {
         const double step = Distance(XyzOf(PointAt(0)), XyzOf(PointAt(1)));
         for (std::uint32_t k = 0; k < 8; ++k) {
             const Offset offset = OffsetAt(k);
+            // Metres: positions of 6.4e6 m, some roundings of their latitude, longitude and height.
             EXPECT_NEAR(offset.up, 0.0, 1e-6);
             EXPECT_NEAR(std::hypot(offset.east, offset.north), radius, 1e-6);
         }

@@ -98,6 +98,7 @@ TEST(IntersectPlane, ARayAlongTheEastAxisLiesInThePlane) {
     const Tripod axes = TripodAt(0.8, 0.3);
     const PlaneHit hit = IntersectPlane(5.0 * axes.east, axes.east, axes.east, axes.north);
     EXPECT_EQ(hit.t, RAY_IN_PLANE);
+    // Of 5, some units of the last place.
     EXPECT_NEAR(hit.x, 5.0, 1e-14);
     EXPECT_EQ(hit.y, 0.0);
 }

@@ -79,6 +79,7 @@ TEST_F(PointAtDistance, GeodesicReachesEveryDistanceUpTo6340Kilometres) {
             i % 2 == 0 ? random.Between(0.0, 6.34e6) : std::pow(10.0, random.Between(-3.0, 6.8));
         ASSERT_TRUE(Geodesic(Place(latitude, longitude), random.Between(-360.0, 360.0), distance))
             << latitude << " " << longitude << " " << distance;
+        // Metres: what the search is content with, and the rounding of 6.4e6 m.
         ASSERT_NEAR(GeodesicTo(GeodezRecord(latitude, longitude)), distance, 0.01);
         ASSERT_NEAR(testing::HeightAboveWgs84(XyzOf(out)), 0.0, 1e-6);
     }

@@ -134,6 +134,7 @@ TEST_F(TangentPlaneTest, APointInThePlaneHasNoHeightAboveIt) {
     EXPECT_EQ(origin.z, 0.0);
     EXPECT_FALSE(std::signbit(origin.z));
     const PlanePlace above = PlaceOf(Place(48.0, 16.0, 125.0));
+    // Metres, ten units of the last place of 6.4e6 m.
     EXPECT_NEAR(above.x, 0.0, 1e-8);
     EXPECT_NEAR(above.z, 125.0, 1e-8);
 }
@@ -146,6 +147,7 @@ TEST_F(TangentPlaneTest, TheFrameIsTheOriginAndItsAxes) {
     Vector east;
     Vector north;
     ASSERT_TRUE(plane->GetFrame(out.Get(), &east, &north));
+    // Degrees: a tenth of a millimetre, through UTM and back.
     EXPECT_NEAR(PayloadOf<GeodezPayload>(out).latitude, 48.0, 1e-9);
     EXPECT_EQ(out->GetHeight(), 200.0);
     Vector expectedEast;
@@ -310,6 +312,7 @@ TEST_F(TangentPlaneTest, ProjectAlongMovesOntoThePlane) {
     ASSERT_TRUE(plane->GetNormal(&normal));
     const PlanePlace place = PlaceOf(p);
     const double t = plane->ProjectAlong(p.Get(), &normal, out.Get());
+    // Metres; the foot is a position again, whose latitude is good to 7e-9 degrees, 0.8 mm.
     EXPECT_NEAR(t, -place.z, 1e-8);
     const PlanePlace foot = PlaceOf(out);
     EXPECT_NEAR(foot.x, place.x, 2e-3);
@@ -380,6 +383,7 @@ TEST_F(TangentPlaneTest, MapsOfTheOriginAreTheOrigin) {
         const IRef<ICoord> p = Place(-12.0, 100.0);
         ASSERT_TRUE(byChord ? plane->MapByChord(p.Get(), out.Get())
                             : plane->MapByGeodesic(p.Get(), out.Get()));
+        // Degrees: the last step in latitude is up to 1e-6, and what is left is e2 = 0.0067 of it.
         EXPECT_NEAR(PayloadOf<GeodezPayload>(out).latitude, -12.0, 1e-8);
         EXPECT_NEAR(PayloadOf<GeodezPayload>(out).longitude, 100.0, 1e-8);
     }

@@ -263,6 +263,8 @@ TEST(GeoJson, HasTheResultsForTargetsAmongTheProperties) {
     EXPECT_EQ(feature["geometry"]["coordinates"], Json::parse("[11.5755,48.1375]"));
     EXPECT_EQ(feature["properties"]["zone"], 32);
     EXPECT_EQ(feature["properties"]["hemisphere"], "N");
+    // echo 48.1375 11.5755 | cs2cs -f %.4f EPSG:4326 EPSG:32632: 691602.6597 5334791.1445. Metres: half a
+    // unit of the last digit, and the accuracy of the series.
     EXPECT_NEAR(feature["properties"]["northing"].get<double>(), 5334791.1445, 0.00006);
     EXPECT_EQ(feature["properties"]["id"], "7");
 }

@@ -130,6 +130,7 @@ TEST_F(ContractRecords, EarthCentred) {
     const auto coord = Coord(NewRecord(WGS84, ECEF).With<double>(0, 0.0).With<double>(8, 6378137.0));
     const auto place = Make<ICoordGeographic>("CoordGeographic");
     ASSERT_TRUE(coord->GetGeographic(place));
+    // Degrees; the polar axis is given to a tenth of a millimetre.
     EXPECT_NEAR(place->GetLongitude(), 90.0, 1e-12);
     EXPECT_NEAR(place->GetLatitude(), 0.0, 1e-12);
     const auto pole = Coord(NewRecord(WGS84, ECEF).With<double>(16, 6356752.3142));

@@ -1,6 +1,7 @@
 // The dynamic symbols of the shared library are a contract: what is listed is there, and nothing else.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <set>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "support/exports.h"
+#include "support/interfaces.h"
 #include "support/sanitized.h"
 
 namespace tessara {
@@ -113,6 +115,15 @@ TEST(Exports, HaveTheStoredNamesInTheBinaryInterface) {
     const std::set<std::string> stored = testing::ListedSymbols();
     EXPECT_EQ(Difference(stored, actual), "") << "missing";
     EXPECT_EQ(Difference(actual, stored), "") << "added";
+}
+
+// A program calls an operation by its place in the table, and passes and takes what the declaration says.
+TEST(Exports, InterfacesHaveTheStoredOperations) {
+    const std::vector<std::string> stored = testing::LinesListedIn("interfaces.txt");
+    const std::vector<testing::DeclaredOperation> declared = testing::DeclaredOperations();
+    for (std::size_t i = 0; i < std::min(stored.size(), declared.size()); ++i)
+        ASSERT_EQ(declared[i].declaration, stored[i]) << "line " << i + 1 << " of those without remarks";
+    EXPECT_EQ(declared.size(), stored.size());
 }
 
 // Programs find the library by this name as long as the contract holds.

@@ -90,6 +90,7 @@ TEST_P(AustrianGrids, HaveTheFalseEastingOnTheMeridian) {
     for (const std::int32_t meridian : {28, 31, 34}) {
         const BmnPayload payload = To(47.5, meridian - FERRO);
         EXPECT_EQ(payload.meridian, meridian);
+        // Metres: the meridian in degrees is rounded.
         EXPECT_NEAR(payload.easting, FalseEasting(meridian), 1e-8);
         EXPECT_LT(To(47.5, meridian - FERRO - 0.1).easting, FalseEasting(meridian));
         EXPECT_GT(To(47.5, meridian - FERRO + 0.1).easting, FalseEasting(meridian));

@@ -196,6 +196,7 @@ TEST(KoordConvert, AZeroWantedMeridianIsAWantedMeridian) {
         << "9 degrees are beyond the strip's million";
     tagKOORD natural = NaturalTarget(KOORD_GK);
     EXPECT_EQ(KoordConvert(&source, &natural), KOORD_OK);
+    // Metres, a rounding of the longitude.
     EXPECT_NEAR(Load<GkPayload>(natural).easting, 3500000.0, 1e-6);
 }
 

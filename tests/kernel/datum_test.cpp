@@ -155,6 +155,7 @@ TEST(MolodenskyStep, ReflectsALatitudeThatPassesAPole) {
 
 TEST(MolodenskyStep, PassesThePoleWhenItNeedNotStayOnTheGlobe) {
     const Position position = Step(UnitSphere(-2.0 * DEGREE, 0.0, 0.0), 89.0, 0.0, 0);
+    // Degrees, some units of the last place.
     EXPECT_NEAR(position.Latitude(), 89.0 + 2.0 * std::sin(89.0 * DEGREE), 1e-12);
     EXPECT_EQ(position.Longitude(), 0.0);
 }
@@ -163,6 +164,7 @@ TEST(MolodenskyStep, TakesWholeTurnsOffALongitudeShift) {
     const double shift = 2e-5 / std::cos(89.9999 * DEGREE) * 57.29577951308232;
     ASSERT_GT(shift, 360.0 + 180.0);
     ASSERT_LT(shift, 720.0);
+    // Degrees: so near the pole the rounding of the cosine counts 1e6-fold.
     EXPECT_NEAR(Step(UnitSphere(0.0, 2e-5, 0.0), 89.9999, 0.0).Longitude(), shift - 720.0, 1e-9);
     EXPECT_NEAR(Step(UnitSphere(0.0, -2e-5, 0.0), 89.9999, 0.0).Longitude(), 720.0 - shift, 1e-9);
 }
@@ -342,6 +344,7 @@ TEST(DatumShift, TakesBothStepsBetweenAlikeRows) {
     const Position shifted = Shift({{35.0, 139.0}}, TOY_M, TOY_A);
     EXPECT_EQ(shifted.Latitude(), expected.Latitude());
     EXPECT_EQ(shifted.Longitude(), expected.Longitude());
+    // Degrees, a tenth of a millimetre: the way back doesn't start where the way there did.
     EXPECT_NEAR(shifted.Latitude(), 35.0, 1e-9);
     EXPECT_NEAR(shifted.Longitude(), 139.0, 1e-9);
 }

@@ -44,6 +44,7 @@ Position Inverse(double easting, double northing, std::int32_t datum = DATUM_RDN
 
 TEST(DutchGrid, HasItsOriginInAmersfoort) {
     const GridPayload payload = Forward(AMERSFOORT_LATITUDE, AMERSFOORT_LONGITUDE);
+    // Metres and degrees, some units of the last place.
     EXPECT_NEAR(payload.easting, 155000.0, 1e-8);
     EXPECT_NEAR(payload.northing, 463000.0, 1e-8);
     const Position position = Inverse(155000.0, 463000.0);
@@ -218,6 +219,7 @@ TEST(RDHelpers, ReturnFromEveryLatitude) {
     for (int degrees = -89; degrees <= 89; ++degrees) {
         const double lat = degrees * RADIANS_PER_DEGREE;
         const double b = RD_GaussLatitude(lat, e, 1.0005, 0.996);
+        // Radians: near the pole the tangent's rounding counts more.
         EXPECT_NEAR(RD_LatitudeFromGauss(b, e, 1.0005, 0.996), lat, 1e-13);
     }
 }

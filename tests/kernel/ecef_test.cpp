@@ -103,6 +103,7 @@ TEST(Ecef, RoundTripGivesThePositionAndHeightZero) {
 
 TEST(EcefToGeodetic, TheLongitudeFallsIntoItsQuadrant) {
     const double r = 4e6;
+    // Degrees, some units of the last place.
     EXPECT_NEAR(ToGeodetic(r, r, r).longitude, 45.0, 1e-12);
     EXPECT_NEAR(ToGeodetic(-r, r, r).longitude, 135.0, 1e-12);
     EXPECT_NEAR(ToGeodetic(-r, -r, r).longitude, -135.0, 1e-12);
@@ -123,6 +124,7 @@ TEST(EcefToGeodetic, OnTheAxisHasNoLongitude) {
     const GeodezPayload north = ToGeodetic(0.0, 0.0, 6356852.314245);
     EXPECT_EQ(north.latitude, HALF_PI * DEGREES_PER_RADIAN);
     EXPECT_TRUE(std::isnan(north.longitude));
+    // Metres; the axis is given to the micrometre.
     EXPECT_NEAR(north.height, 100.0, 1e-6);
 }
 
@@ -130,17 +132,20 @@ TEST(EcefToGeodetic, OnTheSouthernAxisTheHeightCountsFromTheNorthPole) {
     const GeodezPayload south = ToGeodetic(0.0, 0.0, -WGS84_B);
     EXPECT_EQ(south.latitude, -HALF_PI * DEGREES_PER_RADIAN);
     EXPECT_TRUE(std::isnan(south.longitude));
+    // Metres, as GRID_TOLERANCE.
     EXPECT_NEAR(south.height, -2.0 * WGS84_B, 1e-5);
 }
 
 TEST(EcefToGeodetic, TheCentreIsOnTheNorthernAxis) {
     const GeodezPayload centre = ToGeodetic(0.0, 0.0, 0.0);
     EXPECT_GT(centre.latitude, 0.0);
+    // Metres, as GRID_TOLERANCE.
     EXPECT_NEAR(centre.height, -WGS84_B, 1e-5);
 }
 
 TEST(EcefToGeodetic, OnTheSpheresAxisThereIsNoHeight) {
     const GeodezPayload pole = ToGeodetic(0.0, 0.0, 6371000.0, DATUM_SPHERE);
+    // Degrees, some units of the last place.
     EXPECT_NEAR(pole.latitude, 90.0, 1e-12);
     EXPECT_TRUE(std::isnan(pole.height));
 }

@@ -80,6 +80,7 @@ TEST_P(FixedGrids, HaveTheFalseValuesAtTheOrigin) {
     EXPECT_EQ(grid.easting, GetParam().falseEasting);
     EXPECT_EQ(grid.northing, GetParam().falseNorthing);
     const Geodetic position = From(GetParam().falseEasting, GetParam().falseNorthing);
+    // Degrees, some units of the last place; the latitude comes out of the series.
     EXPECT_NEAR(position.lat, GetParam().originLat, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
     EXPECT_NEAR(position.lon, GetParam().originLon, 1e-13);
 }

@@ -146,6 +146,7 @@ TEST(GeodesicInverseCore, CoincidentPointsAreAtDistanceZeroAndFaceEastAndWest) {
 TEST(GeodesicInverseCore, FollowsTheEquatorUpToTheAntipodalLimit) {
     for (const double dLon : {1e-6, 1.0, 90.0, 179.0, 179.3}) {
         const GeodesicResult r = Inverse(0.0, 0.0, 0.0, dLon);
+        // Metres and degrees: the equator is a circle, up to rounding.
         EXPECT_NEAR(r.distance, WGS84_A * PI * dLon / 180.0, 1e-6) << dLon;
         EXPECT_NEAR(r.azimuth12, 90.0, 1e-12) << dLon;
         EXPECT_NEAR(r.azimuth21, 270.0, 1e-12) << dLon;
@@ -169,6 +170,7 @@ TEST(GeodesicInverseCore, FollowsAMeridian) {
 TEST(GeodesicInverseCore, BothWaysAreOne) {
     const GeodesicResult there = Inverse(48.0, 11.0, -33.0, 151.0);
     const GeodesicResult back = Inverse(-33.0, 151.0, 48.0, 11.0);
+    // Metres and degrees: each way ends an iteration of its own.
     EXPECT_NEAR(there.distance, back.distance, 1e-6);
     EXPECT_NEAR(there.azimuth12, back.azimuth21, 1e-9);
     EXPECT_NEAR(there.azimuth21, back.azimuth12, 1e-9);
@@ -176,6 +178,7 @@ TEST(GeodesicInverseCore, BothWaysAreOne) {
 
 TEST(GeodesicInverseCore, WholeTurnsOfALongitudeDontCount) {
     const GeodesicResult r = Inverse(48.0, 11.0, -33.0, 151.0);
+    // Metres: the turns are taken off with a rounding.
     EXPECT_NEAR(Inverse(48.0, 371.0, -33.0, 151.0).distance, r.distance, 1e-6);
     EXPECT_NEAR(Inverse(48.0, 11.0, -33.0, -929.0).distance, r.distance, 1e-6);
 }
@@ -202,6 +205,7 @@ TEST(GeodesicInverseCore, TheSearchFindsAWayNearTheAntipode) {
 
 TEST(GeodesicInverseCore, TheSearchTakesWholeTurnsOffLongitudes) {
     const double distance = Inverse(10.0, 0.0, -10.0, 179.9).distance;
+    // Metres: two searches of which each ends within a centimetre.
     EXPECT_NEAR(Inverse(10.0, 720.0, -10.0, 179.9).distance, distance, 0.02);
     EXPECT_NEAR(Inverse(10.0, -720.0, -10.0, 179.9).distance, distance, 0.02);
     EXPECT_NEAR(Inverse(10.0, 0.0, -10.0, 179.9 + 360e6).distance, distance, 0.02);
@@ -277,12 +281,14 @@ TEST(GeodesicInverseCore, EndsForAnyDoubles) {
 }
 
 TEST(GeodesicDirectCore, DoesntWrapTheLongitude) {
+    // Degrees, a tenth of a millimetre.
     EXPECT_NEAR(Direct(0.0, 179.5, 2.0 * PI / 180.0 * WGS84_A, 90.0).longitude, 181.5, 1e-9);
     EXPECT_NEAR(Direct(0.0, -179.5, 2.0 * PI / 180.0 * WGS84_A, 270.0).longitude, -181.5, 1e-9);
 }
 
 TEST(GeodesicDirectCore, DistanceZeroStaysWhereItIs) {
     const GeodesicResult r = Direct(48.0, 11.0, 0.0, 30.0);
+    // Degrees, a tenth of a millimetre.
     EXPECT_NEAR(r.latitude, 48.0, 1e-9);
     EXPECT_NEAR(r.longitude, 11.0, 1e-9);
     EXPECT_NEAR(r.backAzimuth, 210.0, 1e-9);
@@ -291,11 +297,13 @@ TEST(GeodesicDirectCore, DistanceZeroStaysWhereItIs) {
 TEST(GeodesicDirectCore, ANegativeDistanceGoesTheOtherWay) {
     const GeodesicResult r = Direct(48.0, 11.0, -1e6, 30.0);
     const GeodesicResult turned = Direct(48.0, 11.0, 1e6, 210.0);
+    // Degrees, a tenth of a millimetre.
     EXPECT_NEAR(r.latitude, turned.latitude, 1e-9);
     EXPECT_NEAR(r.longitude, turned.longitude, 1e-9);
 }
 
 TEST(GeodesicDirectCore, ReachesThePoleAndCrossesIt) {
+    // Degrees, a millimetre: at the pole the sine of the latitude hardly changes.
     EXPECT_NEAR(Direct(0.0, 0.0, HALF_MERIDIAN / 2.0, 0.0).latitude, 90.0, 1e-8);
     const GeodesicResult beyond = Direct(80.0, 10.0, 2.0 * Inverse(80.0, 10.0, 90.0, 10.0).distance, 0.0);
     EXPECT_NEAR(beyond.latitude, 80.0, 1e-8);

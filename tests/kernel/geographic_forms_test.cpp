@@ -77,6 +77,7 @@ TEST(GeogradFromGeodetic, ACarryFromTheLastMinuteReachesTheDegrees) {
 TEST(GeogradFromGeodetic, SecondsBelowTheLastStay) {
     const GeogradPayload p = Geograd(10.0 + 20.0 / 60.0 + 59.9985 / 3600.0, 0.0);
     EXPECT_EQ(p.latMinutes, 20);
+    // Seconds: 10 degrees are 36000 of them, rounded to 7e-12.
     EXPECT_NEAR(p.latSeconds, 59.9985, 1e-9);
 }
 
@@ -129,6 +130,7 @@ TEST(GeogradToGeodetic, NegativeDegreesWithAWestLetterAreEast) {
 TEST(GeodezMinFromGeodetic, KeepsTheMinutesWholeAndTheHeight) {
     const GeodezMinPayload p = GeodezMin(-48.5125, 11.2575, 512.25);
     EXPECT_EQ(p.latDegrees, 48);
+    // Minutes: 48 degrees are 2880 of them, rounded to 5e-13.
     EXPECT_NEAR(p.latMinutes, 30.75, 1e-11);
     EXPECT_EQ(p.latHemisphere, 'S');
     EXPECT_EQ(p.lonDegrees, 11);
@@ -140,6 +142,7 @@ TEST(GeodezMinFromGeodetic, KeepsTheMinutesWholeAndTheHeight) {
 TEST(GeodezMinFromGeodetic, NeverCarries) {
     const GeodezMinPayload p = GeodezMin(10.9999999, 0.0, 0.0);
     EXPECT_EQ(p.latDegrees, 10);
+    // Minutes, some units of the last place of the degrees.
     EXPECT_NEAR(p.latMinutes, 59.999994, 1e-9);
 }
 

@@ -114,6 +114,7 @@ TEST(LambertCCInit, KeepsTheParametersInDegreesAndRadians) {
 TEST(LambertCC, TheOriginIsAtTheFalseCoordinates) {
     const LambertCC lcc = Cone(44.0, 49.0, 46.5, 3.0, 1.0, 700000.0, 6600000.0);
     const Plane p = Forward(lcc, 46.5, 3.0);
+    // Metres, ten units of the last place of the northing.
     EXPECT_NEAR(p.easting, 700000.0, 1e-8);
     EXPECT_NEAR(p.northing, 6600000.0, 1e-8);
 }
@@ -121,6 +122,7 @@ TEST(LambertCC, TheOriginIsAtTheFalseCoordinates) {
 TEST(LambertCC, EqualParallelsMakeATangentConeWithAScale) {
     const LambertCC plain = Cone(29.65, 29.65, 29.65, 45.0, 1.0);
     const LambertCC scaled = Cone(29.65, 29.65, 29.65, 45.0, 0.5, 1000.0, 2000.0);
+    // Of 1, and metres: ten units of the last place of the radius.
     EXPECT_NEAR(plain.n, std::sin(29.65 / 180.0 * PI), 1e-14);
     const Plane p = Forward(plain, 33.0, 47.0);
     const Plane q = Forward(scaled, 33.0, 47.0);
@@ -146,6 +148,7 @@ TEST(LambertCC, ParallelsInTheSouthMirrorThoseInTheNorth) {
     EXPECT_LT(south.n, 0.0);
     const Plane p = Forward(north, 37.0, 8.0);
     const Plane q = Forward(south, -37.0, 8.0);
+    // Metres: powers of numbers that are each other's inverse, rounded by themselves.
     EXPECT_NEAR(q.easting, p.easting, 1e-7);
     EXPECT_NEAR(q.northing, -p.northing, 1e-7);
 }
@@ -288,6 +291,7 @@ TEST(LambertFR, TheOriginOfEachZoneIsAtItsFalseCoordinates) {
     for (std::int32_t zone = 1; zone <= 4; ++zone) {
         const LambertFR lambert = Zone(zone);
         const Plane p = Forward(lambert, lambert.lat0, lambert.lon0);
+        // Metres: a power of the isometric latitude, back to the radius it came from.
         EXPECT_NEAR(p.easting, lambert.x0, 1e-7) << zone;
         EXPECT_NEAR(p.northing, lambert.y0, 1e-7) << zone;
     }

@@ -44,6 +44,7 @@ Position Inverse(double easting, double northing) {
 
 TEST(SwissGrid, HasItsOriginInBern) {
     const GridPayload payload = Forward(BERN_LATITUDE, BERN_LONGITUDE);
+    // Metres and degrees, some units of the last place.
     EXPECT_NEAR(payload.easting, 600000.0, 1e-8);
     EXPECT_NEAR(payload.northing, 200000.0, 1e-8);
     const Position position = Inverse(600000.0, 200000.0);

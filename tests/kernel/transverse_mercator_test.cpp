@@ -244,6 +244,7 @@ TEST(IsometricLatitudeTm, IsTheClosedForm) {
     for (const double e : {0.0, 0.0818, 0.3}) {
         for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
             const double s = std::sin(degrees * DEGREE);
+            // Radians: at 89 degrees the tangent's rounding counts more.
             EXPECT_NEAR(Isometric(degrees * DEGREE, e), std::atanh(s) - e * std::atanh(e * s), 1e-13);
         }
     }
@@ -259,6 +260,7 @@ TEST(LatitudeFromIsometric, InvertsTheIsometricLatitude) {
     for (const double e : {0.0, 0.0818, 0.3}) {
         for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
             const double lat = degrees * DEGREE;
+            // Radians: the search ends with a step below 1e-11; a quarter turn is rounded.
             EXPECT_NEAR(FromIsometric(Isometric(lat, e), e), lat, 1e-11);
         }
     }
@@ -269,6 +271,7 @@ TEST(LatitudeFromIsometric, InvertsTheIsometricLatitude) {
 TEST(LatitudeFromIsometric, EndsOnWhatIsNotANumberAndOnTolerancesOutOfReach) {
     EXPECT_TRUE(std::isnan(FromIsometric(NOT_A_NUMBER, 0.0818)));
     EXPECT_TRUE(std::isnan(FromIsometric(1.0, NOT_A_NUMBER)));
+    // Radians. A tolerance that is no number ends the search at its start, which is off by e2.
     EXPECT_NEAR(FromIsometric(1.0, 0.0818, 0.0), FromIsometric(1.0, 0.0818), 1e-11);
     EXPECT_NEAR(FromIsometric(1.0, 0.0818, -1.0), FromIsometric(1.0, 0.0818), 1e-11);
     EXPECT_NEAR(FromIsometric(1.0, 0.0818, NOT_A_NUMBER), FromIsometric(1.0, 0.0818), 1e-2);
@@ -328,6 +331,7 @@ TEST(TmForward, IsSymmetricToTheMeridianAndTheEquator) {
     const Grid grid = Forward(2.5, 51.0, c);
     EXPECT_EQ(Forward(-2.5, 51.0, c).easting, -grid.easting);
     EXPECT_EQ(Forward(-2.5, 51.0, c).northing, grid.northing);
+    // Metres, ten units of the last place of the northing.
     EXPECT_NEAR(Forward(2.5, -51.0, c).easting, grid.easting, 1e-8);
     EXPECT_NEAR(Forward(2.5, -51.0, c).northing, -grid.northing, 1e-8);
 }
@@ -373,6 +377,7 @@ TEST(TmInverse, IsTheClosedFormOnTheSphere) {
     for (double x = -0.6; x <= 0.6; x += 0.1) {
         for (double d = -1.5; d <= 1.5; d += 0.25) {
             const Geodetic position = Inverse(x * 6371000.0, d * 6371000.0, c);
+            // Radians, some units of the last place.
             EXPECT_NEAR(position.lat / 57.29577951308232, std::asin(std::sin(d) / std::cosh(x)), 1e-14);
             EXPECT_NEAR(position.lon / 57.29577951308232, std::atan(std::sinh(x) / std::cos(d)), 1e-14);
         }
@@ -384,6 +389,7 @@ TEST(TmInverse, AddsTheCentralMeridian) {
     double lon = 0.0;
     double lat = 0.0;
     TM_Inverse(500000.0, 5540000.0, 1.0, 500000.0, 0.0, -69.0, &lon, &lat, &inverse);
+    // Degrees, some units of the last place.
     EXPECT_NEAR(lon, -69.0, 1e-12);
 }
 

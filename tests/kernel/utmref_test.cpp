@@ -447,6 +447,7 @@ TEST(UtmrefToGeodetic, DoesNotSnapFartherInside) {
 TEST(UtmrefToGeodetic, TakesMetresOutsideTheSquareAsTheyAre) {
     const Datum wgs84(DATUM_WGS84);
     const UtmPayload utm = wgs84.GridValue(Payload(31, "UEP", -1000, 123456));
+    // Metres, through degrees and back.
     EXPECT_NEAR(utm.easting, 499000.0, 1e-5);
     EXPECT_NEAR(utm.northing, 5423456.0, 1e-5);
 }

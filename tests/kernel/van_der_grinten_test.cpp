@@ -104,6 +104,7 @@ TEST(Vdg, TheEquatorIsAStraightLineTrueToScale) {
     for (const double lon : {-180.0, -90.0, 1.0, 180.0}) {
         const VdgPayload p = FromGeodetic(0.0, lon);
         EXPECT_EQ(p.y, 0.0) << lon;
+        // Metres, some units of the last place of the radius.
         EXPECT_NEAR(p.x, RADIUS * lon / 180.0, 1e-6) << lon;
         const Position back = ToGeodetic(p);
         EXPECT_EQ(back.latitude, 0.0) << lon;
@@ -165,6 +166,7 @@ TEST(VdgFromGeodetic, ThePoleItselfGivesNoPosition) {
 }
 
 TEST(VdgToGeodetic, ThePoleReadsBack) {
+    // Degrees: three roots of the cubic meet there, and half of the digits are lost.
     EXPECT_NEAR(ToGeodetic({0.0, 0.0, 0.0, RADIUS}).latitude, 90.0, 1e-5);
     EXPECT_NEAR(ToGeodetic({0.0, 0.0, 0.0, -RADIUS}).latitude, -90.0, 1e-5);
 }

@@ -89,6 +89,7 @@ TEST(WagnerIVForward, TheOriginIsAtZeroAndTheEquatorToOneScale) {
 
 TEST(WagnerIV, ThePolesAreLinesOfHalfTheEquatorsLength) {
     const Plane pole = Forward(90.0, 180.0);
+    // Metres, and degrees: near 1 an arc sine loses half of its digits.
     EXPECT_NEAR(pole.x, Forward(0.0, 180.0).x / 2.0, GRID_TOLERANCE);
     EXPECT_NEAR(pole.y, SPHERE_RADIUS * HEIGHT * std::sqrt(0.75), 0.01);
     EXPECT_EQ(Forward(-90.0, 180.0).y, -pole.y);
@@ -113,6 +114,7 @@ TEST(WagnerIVForward, IsTrueToArea) {
 TEST(WagnerIVInverse, BeyondAPolesLineThereIsThePole) {
     const double pole = SPHERE_RADIUS * HEIGHT * std::sqrt(0.75);
     for (const double y : {pole * 1.001, pole * 1.1}) {
+        // Degrees, some units of the last place.
         EXPECT_NEAR(Inverse(y, 0.0).latitude, 90.0, 1e-12) << y;
         EXPECT_NEAR(Inverse(-y, 0.0).latitude, -90.0, 1e-12) << y;
     }

@@ -206,6 +206,7 @@ TEST(GkToGeodetic, FailsForAStripWithoutMeridian) {
         EXPECT_EQ(position.lat, 0.0);
         EXPECT_EQ(position.lon, 0.0);
     }
+    // Degrees, some units of the last place.
     EXPECT_NEAR(FromGk(GridValues(60.5e6, 5e6)).lon, 180.0, 1e-12);
     EXPECT_NEAR(FromGk(GridValues(-60.5e6, 5e6)).lon, -180.0, 1e-12);
 }
@@ -268,6 +269,7 @@ TEST(Gk6FromGeodetic, WarnsAndFailsAsTheStripsOfThreeDegreesDo) {
 }
 
 TEST(Gk6FromGeodetic, KnowsNoStripsOfKkj) {
+    // Metres and degrees, some units of the last place.
     EXPECT_NEAR(ToGk6(62.0, 27.0, NO_WANTED_ZONE, DATUM_KKJ).easting, 5500000.0, 1e-8);
     EXPECT_NEAR(FromGk6(GridValues(5500000.0, 6900000.0), DATUM_KKJ).lon, 27.0, 1e-12);
 }
@@ -278,6 +280,7 @@ TEST(Gk6ToGeodetic, DoesNotWrapOnKkj) {
 }
 
 TEST(Gk6ToGeodetic, ReadsStripZeroOnTheMeridianMinusThree) {
+    // Degrees, some units of the last place.
     EXPECT_NEAR(FromGk6(GridValues(500000.0, 5e6)).lon, -3.0, 1e-12);
     EXPECT_NEAR(FromGk6(GridValues(-500000.0, 5e6)).lon, -3.0, 1e-12);
 }
@@ -289,6 +292,7 @@ TEST(Gk6ToGeodetic, FailsForAStripWithoutMeridian) {
         EXPECT_EQ(position.lat, 0.0);
         EXPECT_EQ(position.lon, 0.0);
     }
+    // Degrees, some units of the last place.
     EXPECT_NEAR(FromGk6(GridValues(30.5e6, 5e6)).lon, 177.0, 1e-12);
     EXPECT_NEAR(FromGk6(GridValues(-30.5e6, 5e6)).lon, -177.0, 1e-12);
 }

@@ -197,6 +197,7 @@ TEST(UtmFromGeodetic, ReachesAWantedZoneAcrossTheDateLineWestward) {
     const Utm utm = ToUtm(50.0, -179.0, 60);
     EXPECT_EQ(utm.status, KOORD_OK);
     EXPECT_EQ(utm.zone, 60);
+    // Metres: 187 degrees are rounded where 7 aren't.
     EXPECT_NEAR(utm.easting, ToUtm(50.0, 7.0, 31).easting, 1e-7);
     EXPECT_NEAR(utm.northing, ToUtm(50.0, 7.0, 31).northing, 1e-7);
 }
@@ -298,6 +299,7 @@ TEST(UtmToGeodetic, FailsForAZoneThatIsNone) {
 TEST(UtmToGeodetic, TakesTheMeridianOfTheZone) {
     for (std::int32_t zone = 1; zone <= 60; ++zone) {
         const Geodetic position = FromUtm(UtmValues(zone, 'N', 500000.0, 5000000.0));
+        // Degrees, some units of the last place.
         EXPECT_NEAR(position.lon, 6.0 * zone - 183.0, 1e-12);
     }
 }

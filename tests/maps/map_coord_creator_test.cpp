@@ -98,6 +98,7 @@ TEST_F(MapCoordCreatorTest, MakesThePixelOfAPosition) {
     ASSERT_TRUE(coord.IsValid());
     EXPECT_EQ(KoordOf(coord).type, static_cast<std::uint32_t>(KOORD_FLOATPIXEL));
     EXPECT_EQ(KoordOf(coord).datum, 2u);
+    // Pixels: the position goes through degrees.
     EXPECT_NEAR(PayloadOf<FloatPixelPayload>(coord).x, 4000.0, 1e-4);
     EXPECT_NEAR(PayloadOf<FloatPixelPayload>(coord).y, 2000.0, 1e-4);
     EXPECT_EQ(coord->GetHeight(), 520.0);

@@ -295,6 +295,7 @@ TEST_F(MapTest, ConvertsIntoTheReferenceOfTheCoordinate) {
     ASSERT_TRUE(MapOf(MunichSheet())->LongPixelToCoord(4000, 2000, out.Get()));
     const auto utm = PayloadOf<UtmPayload>(out);
     EXPECT_EQ(utm.zone, 32);
+    // Metres: the position goes through degrees.
     EXPECT_NEAR(utm.easting, 685000.0, 1e-4);
     EXPECT_NEAR(utm.northing, 5340000.0, 1e-4);
 }

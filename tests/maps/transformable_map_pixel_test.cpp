@@ -188,6 +188,7 @@ TEST_F(ClipLineTest, AGapBesideTheMiddleIsWalkedTo) {
     EXPECT_EQ(Clip(ArcticMap(), KOORD_UTM, FromPole(800.0), FromPole(-3000.0)), 1);
     EXPECT_GT(first->GetY(), 1000.0);
     EXPECT_LT(second->GetY(), 1000.0);
+    // Pixels: the walk's step, and the half pixel of the cut.
     EXPECT_NEAR(DistanceFromPole(first), RADIUS_84, 2.0);
     EXPECT_NEAR(DistanceFromPole(second), RADIUS_84, 2.0);
 }
@@ -212,6 +213,7 @@ TEST_F(ClipLineTest, ReadsItsEndsBeforeItWrites) {
     EXPECT_EQ(clipper->ClipLineToValid(MapOf(DegreeMap()).Get(), ReferenceOf(DATUM_WGS84, KOORD_UTM).Get(),
                                        a.Get(), b.Get(), a.Get(), b.Get()),
               2);
+    // Pixels: the edge is found to half of one.
     EXPECT_NEAR(a->GetY(), -84.0, 0.5);
     EXPECT_EQ(b->GetY(), -50.0);
 }

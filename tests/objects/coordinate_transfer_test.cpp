@@ -40,6 +40,7 @@ TEST_F(CoordinateTransferTest, ANewCoordinateTakesWgs84Degrees) {
     const IRef<ICoord> target(CreateClassCoord());
     ASSERT_TRUE(transfer->Transfer(source.Get(), target.Get()));
     EXPECT_EQ(KoordOf(target).type, static_cast<std::uint32_t>(KOORD_GEODEZ));
+    // Degrees, some units of the last place.
     EXPECT_NEAR(PayloadOf<GeodezPayload>(target).longitude, 9.0, 1e-12);
     EXPECT_TRUE(HoldsPosition(target));
 }

@@ -427,6 +427,7 @@ TEST(KoordShift, IrishGridShiftsLoseFractions) {
     const tagKOORD record = LetterGrid(KOORD_ING, none, 0.0, 0.0, 200000.3, 300000.4);
     const auto east = Load<LetterGridPayload>(East(10.0, record));
     EXPECT_EQ(east.square, 'I');
+    // Metres, a projection there and back.
     EXPECT_NEAR(east.fullEasting, 200010.0, 1e-3);
     EXPECT_NEAR(east.fullNorthing, 300000.0, 1e-3);
 }
@@ -498,17 +499,20 @@ TEST(KoordShift, OutAndBackRestoresAPixel) {
 TEST(KoordShift, NoShiftLeavesTheZone) {
     for (const std::int32_t type : testing::ZONED_TYPES) {
         Random random(60u + static_cast<std::uint64_t>(type));
+        int shifts = 0;
         for (int i = 0; i < 500; ++i) {
             const tagKOORD record = testing::RandomZoned(type, random);
             tagKOORD moved = record;
             const double way = random.Between(-4e5, 4e5);
             if (!Koord_Shift(Axis::East, way, &moved)) continue;
+            ++shifts;
             EXPECT_EQ(Zones_Number(moved), Zones_Number(record));
             tagKOORD border = moved;
             ASSERT_TRUE(Zones_MoveToBorder(DirectionOf(Axis::East, way), &border));
             const double room = Zones_East(border) - Zones_East(moved);
             EXPECT_GE(way >= 0.0 ? room : -room, -1e-6) << type;  // metres
         }
+        EXPECT_GT(shifts, 100) << type;
     }
 }
 
@@ -609,6 +613,7 @@ TEST(KoordDifference, DegreesOfCodesAreDegrees) {
               0.25);
     EXPECT_EQ(Koord_Difference(Axis::East, Record(KOORD_GEOGRAD, seconds), Record(KOORD_GEOGRAD, other)),
               -1.0);
+    // Degrees, some units of the last place.
     EXPECT_NEAR(
         Koord_Difference(Axis::East, Record(KOORD_GEOREF, GeorefPayload{4, 'N', 'K', 'F', 'B', 123, 0}),
                          Record(KOORD_GEOREF, GeorefPayload{3, 'N', 'K', 'G', 'B', 15, 0})),
@@ -658,18 +663,21 @@ TEST(KoordDifference, AShiftIsTheDifferenceItMakes) {
     for (const Region& region : REGIONS) {
         if (region.type == KOORD_ECEF || region.type == KOORD_UTMREF || region.type == KOORD_GEOREF) continue;
         Random random(80u + static_cast<std::uint64_t>(region.type));
+        int shifts = 0;
         for (int i = 0; i < 100; ++i) {
             const tagKOORD record = RandomIn(region, random);
             const Axis axis = i % 2 == 0 ? Axis::East : Axis::North;
             const double way = random.Between(-0.5, 0.5);
             tagKOORD moved = record;
             if (!Koord_Shift(axis, way, &moved)) continue;
+            ++shifts;
             // Metres or degrees. In ING the shift ends on whole metres; BNG is projected there and back.
             double tolerance = 1e-6;
             if (region.type == KOORD_BNG) tolerance = 5e-6;
             if (region.type == KOORD_ING) tolerance = 0.51;
             EXPECT_NEAR(Koord_Difference(axis, record, moved), way, tolerance) << region.type;
         }
+        EXPECT_GT(shifts, 50) << region.type;
     }
 }
 

@@ -50,6 +50,7 @@ TEST_F(MapTransferTest, BringsAPixelOfTheMapIntoItsSystem) {
         const IRef<ICoord> target(CreateClassCoord());
         ASSERT_TRUE(transfer->TransferToMap(map.Get(), CoordOf(pixel).Get(), target.Get()));
         EXPECT_EQ(KoordOf(target).type, static_cast<std::uint32_t>(KOORD_UTM));
+        // Metres: the position goes through degrees.
         EXPECT_NEAR(PayloadOf<UtmPayload>(target).easting, 685000.0, 1e-4);
         EXPECT_NEAR(PayloadOf<UtmPayload>(target).northing, 5340000.0, 1e-4);
     }

@@ -1,18 +1,22 @@
-// Where objects are counted by class, every test ends with none alive.
+#include "support/object_census_check.h"
+
 #include <gtest/gtest.h>
 
 #include "tessara/object_census.h"
 
+namespace tessara::testing {
+
 #if defined(TESSARA_COUNT_OBJECTS)
 
-namespace tessara::testing {
+void ExpectNoLivingObjects() {
+    for (const CensusEntry* entry = CensusEntry::First(); entry != nullptr; entry = entry->Next())
+        EXPECT_EQ(entry->Living(), 0) << entry->ClassName() << " objects are alive";
+}
+
 namespace {
 
 class CensusCheck : public ::testing::EmptyTestEventListener {
-    void OnTestEnd(const ::testing::TestInfo&) override {
-        for (const CensusEntry* entry = CensusEntry::First(); entry != nullptr; entry = entry->Next())
-            EXPECT_EQ(entry->Living(), 0) << entry->ClassName() << " objects are alive";
-    }
+    void OnTestEnd(const ::testing::TestInfo&) override { ExpectNoLivingObjects(); }
 };
 
 [[maybe_unused]] const bool isRegistered = [] {
@@ -21,6 +25,11 @@ class CensusCheck : public ::testing::EmptyTestEventListener {
 }();
 
 }  // namespace
-}  // namespace tessara::testing
+
+#else
+
+void ExpectNoLivingObjects() {}
 
 #endif
+
+}  // namespace tessara::testing

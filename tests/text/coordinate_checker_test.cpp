@@ -233,14 +233,17 @@ TEST_F(CoordinateCheckerTest, NullAndForeignObjectsAreFailures) {
 // Whatever the bytes of a record are, the answer comes.
 TEST_F(CoordinateCheckerTest, GarbageIsAnswered) {
     testing::Random random(4300);
+    int legal = 0;
     for (int i = 0; i < 20000; ++i) {
         const std::int32_t datum = random.Below(DATUM_COUNT);
         tagKOORD record = testing::ArbitraryPayload(random, datum, random.Below(KOORD_TYPE_COUNT));
         const bool answer = Check(record);
         if (!answer || record.type <= KOORD_FLOATPIXEL) continue;
+        ++legal;
         tagKOORD position = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
         EXPECT_EQ(KoordConvert(&record, &position), KOORD_OK) << "legal, but not convertible";
     }
+    EXPECT_GT(legal, 0);
 }
 
 }  // namespace

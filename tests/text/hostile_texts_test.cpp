@@ -120,17 +120,22 @@ TEST_P(MutatedTexts, AreRefusedOrALegalPosition) {
     const LegalArea& area = GetParam();
     testing::Random random(static_cast<std::uint64_t>(area.system) + 77);
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
+    int positions = 0, refusals = 0;
     for (int i = 0; i < 10000 && !HasFailure(); ++i) {
         const TextPair texts = testing::PlainTextsOf(testing::RandomLegal(area, &random));
         const TextPair mutated{Mutated(texts.north, &random), Mutated(texts.east, &random)};
         const CKoord before = testing::KoordOf(string);
         if (testing::Parse(string, area.system, mutated.north, mutated.east)) {
             EXPECT_TRUE(testing::IsLegal(testing::KoordOf(string))) << mutated;
+            ++positions;
         } else {
             const CKoord after = testing::KoordOf(string);
             EXPECT_EQ(std::memcmp(&before, &after, sizeof(tagKOORD)), 0) << mutated;
+            ++refusals;
         }
     }
+    EXPECT_GT(positions, 0);
+    EXPECT_GT(refusals, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, MutatedTexts, ::testing::ValuesIn(testing::LEGAL_AREAS),

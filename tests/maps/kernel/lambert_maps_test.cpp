@@ -17,6 +17,7 @@ MapParam AustriaMap() {
 
 TEST(Lambert2Map, TheReferencePixelIsTheOriginOfTheProjection) {
     const GeodezPayload at = ToWorld(AustriaMap(), 4000.0, 3000.0).Degrees();
+    // Degrees: a micrometre, the rounding of the cone's radius.
     EXPECT_NEAR(at.latitude, 47.5, 1e-11);
     EXPECT_NEAR(at.longitude, 13.333333333333334, 1e-11);
 }

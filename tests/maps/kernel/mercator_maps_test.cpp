@@ -53,6 +53,7 @@ TEST(MercatorMap, APositionCloseToAPoleIsBroughtOffIt) {
 
 TEST(MercatorMap, ALatitudeBeyondThePoleIsFoldedBack) {
     const MapParam map = MercatorMap(54.0);
+    // Pixels: 180 - 100 degrees, rounded.
     EXPECT_NEAR(ToPixel(map, GeodezRecord(100.0, 10.0)).y, ToPixel(map, GeodezRecord(80.0, 10.0)).y, 1e-6);
 }
 
@@ -143,6 +144,7 @@ TEST(AzylMap, RowsAreDistancesAlongTheMeridian) {
 TEST(AzylMap, ReadsPositionsNorthAndSouthOfTheReference) {
     const GeodezPayload north =
         ToWorld(AzylMap(), 500.0 + ONE_DEGREE_EAST / 5.0, 500.0 - TO_49 / 5.0).Degrees();
+    // Degrees: a tenth of a millimetre, as the arcs are given.
     EXPECT_NEAR(north.latitude, 49.0, 1e-9);
     EXPECT_NEAR(north.longitude, 17.0, 1e-9);
     const GeodezPayload south =

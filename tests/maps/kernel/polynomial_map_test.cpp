@@ -161,6 +161,7 @@ TEST(PolynomialMap, ComesBackToThePixelOfAScannedSheetAsWellAsItWasFitted) {
 }
 
 TEST(PolynomialMap, DoesNotRefineWhatAgreesWithinATenth) {
+    // Columns, some units of the last place of the degrees.
     EXPECT_NEAR(ColumnReached(1.0, 0.05, 100.0), 100.0, 1e-9);
     EXPECT_NEAR(ColumnReached(1.0, -0.09, 100.0), 100.0, 1e-9);
 }

@@ -1,0 +1,95 @@
+#include "faults/operation.h"
+
+namespace tessara::testing {
+namespace {
+
+using Scene = FaultScene;
+using enum OutOfMemory;
+
+// A list of texts of the lettered squares, around those that are entered.
+template <auto Fill>
+bool FillsAround(Scene& s) {
+    return (s.utmrefChecker.Get()->*Fill)(s.list.Get(), DATUM_WGS84, s.zone.Get(), s.band.Get(),
+                                          s.column.Get(), s.row.Get());
+}
+
+template <auto Write>
+bool Writes(Scene& s) {
+    return (s.string.Get()->*Write)(s.text.Get());
+}
+
+// To the nanometre: a text with more than a std::string has room for inside.
+template <auto Write>
+bool WritesFinely(Scene& s) {
+    return (s.fineString.Get()->*Write)(s.text.Get()) && s.text->GetLength() > 15;
+}
+
+constexpr FaultyOperation OPERATIONS[] = {
+    {"ICoordinateString::SetCoord", NEVER, [](Scene& s) { return s.string->SetCoord(s.utm.Get()); }},
+    {"ICoordinateString::GetCoord", NEVER, [](Scene& s) { return s.string->GetCoord(s.out.Get()); }},
+    {"ICoordinateString::ParseCoord", NEVER,
+     [](Scene& s) { return s.string->ParseCoord(s.degreeReference.Get(), s.north.Get(), s.east.Get()); }},
+    {"ICoordinateString::ParseCoord of long texts", MAY_THROW,
+     [](Scene& s) {
+         return s.string->ParseCoord(s.degreeReference.Get(), s.longNorth.Get(), s.longEast.Get());
+     }},
+    {"ICoordinateString::SetNorthPrecision", NEVER,
+     [](Scene& s) { return s.string->SetNorthPrecision(0.1); }},
+    {"ICoordinateString::SetEastPrecision", NEVER, [](Scene& s) { return s.string->SetEastPrecision(0.1); }},
+    {"ICoordinateString::SetDefaultNorthPrecision", NEVER,
+     [](Scene& s) { return s.string->SetDefaultNorthPrecision(); }},
+    {"ICoordinateString::SetDefaultEastPrecision", NEVER,
+     [](Scene& s) { return s.string->SetDefaultEastPrecision(); }},
+    {"ICoordinateString::GetNorthText", NEVER, Writes<&ICoordinateString::GetNorthText>},
+    {"ICoordinateString::GetNorthText of many decimals", MAY_THROW,
+     WritesFinely<&ICoordinateString::GetNorthText>},
+    {"ICoordinateString::GetEastText", NEVER, Writes<&ICoordinateString::GetEastText>},
+    {"ICoordinateString::GetEastText of many decimals", MAY_THROW,
+     WritesFinely<&ICoordinateString::GetEastText>},
+    {"ICoordinateString::GetCartesianTexts", MAY_THROW,
+     [](Scene& s) { return s.string->GetCartesianTexts(s.text.Get(), s.text2.Get(), s.text3.Get()); }},
+    {"ICoordinateString::GetGeographicTexts", MAY_THROW,
+     [](Scene& s) { return s.string->GetGeographicTexts(s.text.Get(), s.text2.Get(), s.text3.Get()); }},
+    {"ICoordinateString::GetNorthDisplayText", NEVER, Writes<&ICoordinateString::GetNorthDisplayText>},
+    {"ICoordinateString::GetEastDisplayText", NEVER, Writes<&ICoordinateString::GetEastDisplayText>},
+    {"ICoordinateString::GetEastDisplayText of many decimals", MAY_THROW,
+     WritesFinely<&ICoordinateString::GetEastDisplayText>},
+
+    {"ICoordinateChecker::CheckCoord", NEVER, [](Scene& s) { return s.checker->CheckCoord(s.utm.Get()); }},
+    {"ICoordinateChecker::CheckInSystemArea", NEVER,
+     [](Scene& s) { return s.checker->CheckInSystemArea(s.utm.Get()); }},
+    {"ICoordinateChecker::CheckConvertible", NEVER,
+     [](Scene& s) { return s.checker->CheckConvertible(s.utm.Get(), s.gk.Get()); }},
+
+    {"ICoordCheckerUTMREF::CheckCoord", NEVER,
+     [](Scene& s) { return s.utmrefChecker->CheckCoord(s.utmref.Get()); }},
+    {"ICoordCheckerUTMREF::GetZoneList", MAY_THROW,
+     [](Scene& s) { return s.utmrefChecker->GetZoneList(s.list.Get()); }},
+    {"ICoordCheckerUTMREF::GetBandList", MAY_THROW,
+     [](Scene& s) { return s.utmrefChecker->GetBandList(s.list.Get()); }},
+    {"ICoordCheckerUTMREF::GetColumnList", MAY_THROW, FillsAround<&ICoordCheckerUTMREF::GetColumnList>},
+    {"ICoordCheckerUTMREF::GetColumnListOf", MAY_THROW,
+     [](Scene& s) { return s.utmrefChecker->GetColumnListOf(s.list.Get(), s.utmref.Get()); }},
+    {"ICoordCheckerUTMREF::GetRowList", MAY_THROW, FillsAround<&ICoordCheckerUTMREF::GetRowList>},
+    {"ICoordCheckerUTMREF::GetRowListOf", MAY_THROW,
+     [](Scene& s) { return s.utmrefChecker->GetRowListOf(s.list.Get(), s.utmref.Get()); }},
+    {"ICoordCheckerUTMREF::SplitCoord", NEVER,
+     [](Scene& s) {
+         return s.utmrefChecker->SplitCoord(s.utmref.Get(), s.text.Get(), s.text2.Get(), s.text3.Get(),
+                                            s.text4.Get(), s.text5.Get(), s.text6.Get());
+     }},
+    {"ICoordCheckerUTMREF::ComposeCoord", NEVER,
+     [](Scene& s) {
+         CKoord koord(MakeKoord(DATUM_WGS84, KOORD_UTMREF));
+         return s.utmrefChecker->ComposeCoord(s.zone.Get(), s.band.Get(), s.column.Get(), s.row.Get(),
+                                              s.easting.Get(), s.northing.Get(), &koord);
+     }},
+};
+
+}  // namespace
+
+OperationTable TextOperations() {
+    return OPERATIONS;
+}
+
+}  // namespace tessara::testing

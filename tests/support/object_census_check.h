@@ -1,0 +1,9 @@
+// Where objects are counted by class (tessara/object_census.h), every test ends with none alive.
+#pragma once
+
+namespace tessara::testing {
+
+// Fails the test for each class of which objects are alive.
+void ExpectNoLivingObjects();
+
+}  // namespace tessara::testing
