@@ -30,10 +30,8 @@ bool MoveToSystemLimit(Compass direction, ICoord* point) {
     CKoord koord;
     tagKOORD extreme;
     if (!KoordFromCoord(coord.Get(), &koord)) return false;
-    if (!System_Extreme(direction, static_cast<std::int32_t>(koord.datum),
-                        static_cast<std::int32_t>(koord.type), &extreme)) {
-        return false;
-    }
+    const Reference reference = ReferenceOf(koord);
+    if (!System_Extreme(direction, reference.datum, reference.system, &extreme)) return false;
     const CKoord limit(extreme);
     return KoordToCoord(&limit, coord.Get());
 }
@@ -161,25 +159,16 @@ bool CoordinateArea::GetSystemWest(ICoord* point) {
 }
 
 bool CoordinateArea::GetSystemExtremes(ICoord* north, ICoord* east, ICoord* south, ICoord* west) {
-    const IRef<ICoord> points[] = {IRef<ICoord>(north), IRef<ICoord>(east), IRef<ICoord>(south),
-                                   IRef<ICoord>(west)};
-    CKoord first;
-    if (!KoordFromCoord(points[0].Get(), &first)) return false;
-    for (const IRef<ICoord>& point : points) {
-        CKoord koord;
-        if (!KoordFromCoord(point.Get(), &koord)) return false;
-        if (koord.datum != first.datum || koord.type != first.type) return false;
-    }
-    SystemExtremes extremes;
-    if (!System_Extremes(static_cast<std::int32_t>(first.datum), static_cast<std::int32_t>(first.type),
-                         &extremes)) {
-        return false;
-    }
-    for (std::size_t i = 0; i < extremes.size(); ++i) {
-        const CKoord extreme(extremes[i]);
-        if (!KoordToCoord(&extreme, points[i].Get())) return false;
-    }
-    return true;
+    const Results results(north, east, south, west);
+    Reference reference{};
+    SystemExtremes limits;
+    if (!results.ReadReference(&reference)) return false;
+    if (!System_Extremes(reference.datum, reference.system, &limits)) return false;
+    Extremes extremes;
+    extremes.Start(limits.front());
+    for (const Compass direction : DIRECTIONS)
+        extremes.Set(direction, limits[static_cast<std::size_t>(direction)]);
+    return results.Write(extremes);
 }
 
 bool CoordinateArea::SetTolerance(double tolerance) {
