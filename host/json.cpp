@@ -1,6 +1,8 @@
 #include "json.h"
 
 #include <array>
+#include <cstddef>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -28,20 +30,47 @@ class Guard {
     std::array<std::size_t, DEEPEST_NESTING + 2> members_{};  // of the object that is open at each depth
 };
 
-template <class Input>
-std::string Parse(Input&& input, const Json::parser_callback_t& take, Json* json) {
+// Counts what is read: the parser doesn't tell where it came upon a number that is too large.
+template <class Iterator>
+class CountingIterator {
+  public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char*;
+    using reference = char;
+
+    CountingIterator(Iterator at, std::size_t* count) : at_(at), count_(count) {}
+
+    char operator*() const { return *at_; }
+    CountingIterator& operator++() {
+        ++at_;
+        ++*count_;
+        return *this;
+    }
+    bool operator==(const CountingIterator& other) const { return at_ == other.at_; }
+
+  private:
+    Iterator at_;
+    std::size_t* count_;
+};
+
+template <class Iterator>
+std::string Parse(Iterator begin, Iterator end, const Json::parser_callback_t& take, Json* json) {
+    std::size_t count = 0;
     Guard guard;
     const auto takeUnlessTooMuch = [&](int depth, Json::parse_event_t event, Json& parsed) {
         guard.Look(depth, event);
         return !take || take(depth, event, parsed);
     };
     try {
-        *json = Json::parse(std::forward<Input>(input), takeUnlessTooMuch);
+        *json =
+            Json::parse(CountingIterator(begin, &count), CountingIterator(end, &count), takeUnlessTooMuch);
         return {};
     } catch (const Json::parse_error& error) {
         return "is no JSON at byte " + std::to_string(error.byte);
     } catch (const Json::exception&) {
-        return "has a number that is too large";
+        return "has a number that is too large, before byte " + std::to_string(count);
     } catch (const std::length_error& error) {
         return error.what();
     } catch (const std::ios_base::failure&) {
@@ -52,11 +81,12 @@ std::string Parse(Input&& input, const Json::parser_callback_t& take, Json* json
 }  // namespace
 
 std::string ParseJson(const std::string& text, Json* json) {
-    return Parse(text, nullptr, json);
+    return Parse(text.begin(), text.end(), nullptr, json);
 }
 
 std::string ParseJson(std::istream& stream, const Json::parser_callback_t& take, Json* json) {
-    return Parse(stream, take, json);
+    using Iterator = std::istreambuf_iterator<char>;
+    return Parse(Iterator(stream), Iterator(), take, json);
 }
 
 void AddMember(std::string name, Json value, Json* object) {

@@ -52,6 +52,8 @@ constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
 // How far a point of a border may lie beside it: UTMREF has whole metres.
 constexpr double BESIDE_BORDER = 1.5;  // metres
 
+constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // each is compared with all others
+
 constexpr double LABEL_CLEARANCE = 4.0;  // picture units
 
 IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
@@ -172,7 +174,13 @@ class GridDrawer {
     }
 
     std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
-        std::optional<std::vector<GridLine>> lines = FindLines(grid, axis);
+        PointBudget budget;
+        std::optional<std::vector<GridLine>> lines = FindLines(grid, axis, &budget);
+        if (budget.IsSpent()) {
+            AddProblem("the " + NameOf(axis) + " lines of " + reference_.Name() + " take more than " +
+                       std::to_string(PointBudget::MOST_POINTS) + " points; a greater step is needed");
+            return {};
+        }
         if (!lines) {
             AddProblem("there are more than " + std::to_string(MOST_LINES) + " " + NameOf(axis) +
                        " lines of " + reference_.Name() + "; a greater step is needed");
@@ -181,19 +189,20 @@ class GridDrawer {
     }
 
     // Nothing where there are too many.
-    std::optional<std::vector<GridLine>> FindLines(ICoordinateGrid& grid, Axis axis) {
+    std::optional<std::vector<GridLine>> FindLines(ICoordinateGrid& grid, Axis axis, PointBudget* budget) {
         const double step = StepOf(grid, axis);
-        if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step);
+        if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step, budget);
         if (AreTooMany(sheet_, reference_, axis, step)) return std::nullopt;
         const IRef<IArray> lines(CreateClassArray());
         const bool isComplete =
             axis == Axis::EAST ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
         if (lines->GetCount() > MOST_LINES) return std::nullopt;
-        if (!isComplete) {
+        std::vector<GridLine> placed = PlaceLines(sheet_, lines.Get(), budget);
+        if (!isComplete && !budget->IsSpent()) {
             AddProblem("not all " + NameOf(axis) + " lines of " + reference_.Name() +
                        " have a place on the map");
         }
-        return PlaceLines(sheet_, lines.Get());
+        return placed;
     }
 
     // Where a line meets the frame; at its ends if it doesn't.
@@ -205,7 +214,8 @@ class GridDrawer {
                 const Side side = SideOf(end, sheet_.Width(), sheet_.Height(), axis == Axis::EAST);
                 if (side == Side::INSIDE) continue;
                 ++count;
-                if (IsNew(end, *labels)) labels->labels.push_back({end, side, text, ordinal});
+                if (labels->labels.size() < MOST_LABELS && IsNew(end, *labels))
+                    labels->labels.push_back({end, side, text, ordinal});
             }
         }
         if (count > 0 || line.pieces.empty()) return;

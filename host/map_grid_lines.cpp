@@ -20,6 +20,8 @@ constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
 constexpr double SHORTEST_LINE = 1.0;  // picture units
 constexpr double SLACK = 1e-9;         // of rounding, in steps
 
+constexpr std::size_t POINTS_OF_A_FAILURE = 10;  // what a piece takes that isn't on the map, roughly
+
 // The pole is a line of equal north value, too.
 bool IsSeen(const Polyline& piece) {
     return std::any_of(piece.begin(), piece.end(), [&](const PicturePoint& point) {
@@ -30,6 +32,7 @@ bool IsSeen(const Polyline& piece) {
 // Nothing also where the map shows another place on the pixel, as polar maps do for the other hemisphere.
 std::optional<PicturePoint> ShownPointOf(const MapSheet& sheet, ICoord* coord) {
     const std::optional<PicturePoint> at = sheet.PointOf(coord);
+    if (sheet.HasRowsOfLatitude()) return at;
     const std::optional<GeodezPayload> degrees = sheet.NearDegreesOf(coord);
     if (!at || !degrees) return at;
     const std::optional<GeodezPayload> shown = sheet.DegreesAt(*at);
@@ -138,8 +141,8 @@ Extent OnceAround(const MapSheet& sheet, Extent extent) {
 
 class GraticuleLine {
   public:
-    GraticuleLine(const MapSheet& sheet, const Reference& reference)
-        : sheet_(sheet), reference_(reference), lines_(CreateClassLinePoints()) {
+    GraticuleLine(const MapSheet& sheet, const Reference& reference, PointBudget* budget)
+        : sheet_(sheet), reference_(reference), lines_(CreateClassLinePoints()), budget_(*budget) {
         lines_->SetPixelTolerance(LINE_TOLERANCE / sheet.Zoom());
     }
 
@@ -157,11 +160,16 @@ class GraticuleLine {
     // Of a piece that isn't on the map as a whole the parts that are.
     void AddPiece(Axis axis, double value, double from, double to, int halvings,
                   std::vector<Polyline>* parts) const {
+        if (budget_.IsSpent()) return;
         const IRef<IArray> chain(CreateClassArray());
         if (lines_->DensifyCoordStraight(sheet_.Map(), At(axis, value, from).Get(), At(axis, value, to).Get(),
                                          chain.Get())) {
+            budget_.Take(chain->GetCount());
             Append(sheet_, chain.Get(), parts);
-        } else if (halvings > 0) {
+            return;
+        }
+        budget_.Take(POINTS_OF_A_FAILURE);
+        if (halvings > 0) {
             const double middle = (from + to) / 2.0;
             AddPiece(axis, value, from, middle, halvings - 1, parts);
             AddPiece(axis, value, middle, to, halvings - 1, parts);
@@ -180,11 +188,16 @@ class GraticuleLine {
     const MapSheet& sheet_;
     Reference reference_;
     IRef<ILinePoints> lines_;
+    PointBudget& budget_;
 };
 
 }  // namespace
 
-std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines) {
+std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudget* budget) {
+    for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+        const IRef<IArray> points(lines->GetAt(i));
+        if (points.IsValid() && !budget->Take(points->GetCount())) return {};
+    }
     std::vector<GridLine> placed;
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
         const IRef<IArray> points(lines->GetAt(i));
@@ -208,7 +221,7 @@ bool IsGraticule(const MapSheet& sheet, const Reference& reference) {
 }
 
 std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const Reference& reference,
-                                                    Axis axis, double step) {
+                                                    Axis axis, double step, PointBudget* budget) {
     const std::optional<Extent> whole = ExtentOf(sheet, reference.datum);
     if (!whole) return std::nullopt;
     const Extent extent = OnceAround(sheet, *whole);
@@ -217,9 +230,9 @@ std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const
     const double last = std::floor((isEast ? extent.east : extent.north) / step + SLACK);
     if (!(last - first < MOST_LINES)) return std::nullopt;
 
-    const GraticuleLine line(sheet, reference);
+    const GraticuleLine line(sheet, reference, budget);
     std::vector<GridLine> lines;
-    for (double i = first; i <= last; ++i) {
+    for (double i = first; i <= last && !budget->IsSpent(); ++i) {
         const double from = isEast ? extent.south : extent.west;
         lines.push_back(line.Draw(axis, i * step + 0.0, from, isEast ? extent.north : extent.east));
     }

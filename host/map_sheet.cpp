@@ -46,6 +46,7 @@ MapSheet::MapSheet(const SheetDescription& description, const Window& window, do
     : map_(MakeMap(description)),
       datum_(description.datum),
       window_(window),
+      hasRowsOfLatitude_(description.projection->GetProjectionType() == MAP_MERCATOR),
       zoom_(size / std::max(window.Width(), window.Height())),
       centreLongitude_(0.0) {
     if (!map_.IsValid()) throw DescriptionError("no map can be made of this");

@@ -43,6 +43,8 @@ class MapSheet {
     // converted.
     [[nodiscard]] std::optional<GeodezPayload> NearDegreesOf(ICoord* coord) const;
     [[nodiscard]] GeodezPayload Near(GeodezPayload degrees) const;
+    // Whether each row of the map shows one latitude, so that no place has the pixel of another.
+    [[nodiscard]] bool HasRowsOfLatitude() const { return hasRowsOfLatitude_; }
     // What lies in the middle of the window; 0 if that is nothing.
     [[nodiscard]] double CentreLongitude() const { return centreLongitude_; }
     // What lies at a point of the picture.
@@ -55,6 +57,7 @@ class MapSheet {
     IRef<IMapCoordOperations> map_;
     std::int32_t datum_;
     Window window_;
+    bool hasRowsOfLatitude_;
     double zoom_;
     double centreLongitude_;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -20,14 +21,21 @@ class GridPen {
 
     // Adds the chain from a place to another to the end of a line. False as densify.h says; the line is then
     // unchanged.
-    bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line) const {
+    bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line) {
         GridLine piece;
         if (!DensifyOnMap(map_, from, to, mode, DEFAULT_PIXEL_TOLERANCE, &piece)) return false;
+        if (!Spend(piece.size())) return false;
         line->insert(line->end(), piece.begin(), piece.end());
         return true;
     }
 
-    bool Finish(const GridLine& line) { return count_++ < MOST_LINES && sink_(line); }
+    bool Finish(const GridLine& line) { return sink_(line); }
+
+    // Counts what a line takes, in points. False when the pen has done as much as it ever does.
+    bool Spend(std::size_t points) {
+        spent_ += points;
+        return spent_ <= MOST_POINTS;
+    }
 
     // A line of one piece.
     bool Draw(const CKoord& from, const CKoord& to, DensifyMode mode = DensifyMode::CoordStraight) {
@@ -44,11 +52,12 @@ class GridPen {
     }
 
   private:
-    static constexpr int MOST_LINES = 1000000;  // no map shows as many; they would fill the memory
+    // A million straight lines: no map shows as many. More points would fill the memory.
+    static constexpr std::size_t MOST_POINTS = 2000000;
 
     const MapPlane& map_;
     GridLineSink sink_;
-    int count_ = 0;
+    std::size_t spent_ = 0;
 };
 
 }  // namespace tessara

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -16,6 +17,9 @@
 
 namespace tessara {
 namespace {
+
+// What the search for the end of a line takes, roughly.
+constexpr std::size_t POINTS_OF_A_SEARCH = 10;
 
 // The eastings of a zone's borders at one northing.
 struct Borders {
@@ -216,7 +220,8 @@ class ZonedLines {
     }
 
     // Moves an end of a line to where it meets the border of the zone.
-    static bool Clip(const Share& share, double easting, Compass direction, double* end) {
+    bool Clip(const Share& share, double easting, Compass direction, double* end) {
+        if (!pen_.Spend(POINTS_OF_A_SEARCH)) return false;
         tagKOORD place = share.zone.At(easting, share.widest);
         const ZoneLimit limit = Zones_MoveToLimit(direction, &place);
         if (limit == ZoneLimit::Border) *end = Axis_SignedNorthing(place);
@@ -233,12 +238,12 @@ class ZonedLines {
 
     // From border to border, or from and to the ends of the window. At this northing the window may end
     // beyond the border: then the zone has no piece.
-    bool AppendPiece(const Zone& zone, double northing, GridLine* line) const {
+    bool AppendPiece(const Zone& zone, double northing, GridLine* line) {
         const std::optional<Borders> borders = zone.BordersAt(northing);
         if (!borders) return false;
         const double left = IsFirst(zone) ? std::max(Zones_East(west_), borders->west) : borders->west;
         const double right = IsLast(zone) ? std::min(Zones_East(east_), borders->east) : borders->east;
-        if (!(left < right)) return true;
+        if (!(left < right)) return pen_.Spend(1);
         return pen_.Append(zone.At(left, northing), zone.At(right, northing), DensifyMode::CoordStraight,
                            line);
     }

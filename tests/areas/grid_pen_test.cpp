@@ -5,13 +5,30 @@
 namespace tessara {
 namespace {
 
-TEST(GridPen, EndsAfterAMillionLines) {
+// Pixels need no map.
+CKoord Pixel(double x) {
+    CKoord koord(MakeKoord(DATUM_WGS84, KOORD_FLOATPIXEL));
+    Store(koord, FloatPixelPayload{x, 0.0});
+    return koord;
+}
+
+TEST(GridPen, EndsAfterAMillionStraightLines) {
+    const MapPlane plane(nullptr);
+    int count = 0;
+    GridPen pen(plane, [&count](const GridLine& line) { return line.size() == 2 && ++count > 0; });
+    while (count < 1000000)
+        ASSERT_TRUE(pen.Draw(Pixel(0.0), Pixel(1.0))) << count;
+    EXPECT_FALSE(pen.Draw(Pixel(0.0), Pixel(1.0)));
+    EXPECT_EQ(count, 1000000);
+}
+
+TEST(GridPen, EndsAlsoWhereNoLineComesOfTheWork) {
     const MapPlane plane(nullptr);
     GridPen pen(plane, [](const GridLine&) { return true; });
-    const GridLine line;
-    for (int i = 0; i < 1000000; ++i)
-        ASSERT_TRUE(pen.Finish(line)) << i;
-    EXPECT_FALSE(pen.Finish(line));
+    EXPECT_TRUE(pen.Spend(1999998));
+    EXPECT_TRUE(pen.Draw(Pixel(0.0), Pixel(1.0)));
+    EXPECT_FALSE(pen.Spend(1));
+    EXPECT_FALSE(pen.Draw(Pixel(0.0), Pixel(1.0)));
 }
 
 TEST(GridPen, HandsOnWhetherALineIsTaken) {

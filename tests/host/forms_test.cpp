@@ -224,7 +224,7 @@ TEST(JsonLines, ReportEachBadLine) {
               "-:4: has no members 'latitude' and 'longitude'; --columns tells how they are called");
     EXPECT_EQ(lines[3], "-:5: 'true' is not a number");
     EXPECT_EQ(lines[4], "-:6: '' is not a number");
-    EXPECT_EQ(lines[5], "-:7: has a number that is too large");
+    EXPECT_EQ(lines[5], "-:7: has a number that is too large, before byte 13");
     EXPECT_EQ(lines[6], "-:8: latitude '-90.5' is outside -90..90");
 }
 
@@ -364,6 +364,16 @@ TEST(GeoJson, ReportsFilesThatAreNoCollection) {
         EXPECT_EQ(outcome.status, 1) << text;
     }
     EXPECT_EQ(Convert({"--input", "geojson"}, "").err, "-: is no JSON at byte 1\n");
+}
+
+TEST(GeoJson, TellWhereANumberIsTooLarge) {
+    const std::string start = R"({"type":"FeatureCollection","features":[{"type":"Feature",)"
+                              R"("geometry":{"type":"Point","coordinates":[1,)";
+    const std::string number = "1e999";
+    const Outcome outcome = Convert({"--input", "geojson"}, start + number + "]}}]}");
+    EXPECT_EQ(outcome.err, "-: has a number that is too large, before byte " +
+                               std::to_string(start.size() + number.size() + 1) + "\n");
+    EXPECT_EQ(outcome.status, 1);
 }
 
 TEST(GeoJson, WritesWhatStandsBeforeTheEndOfABrokenFile) {

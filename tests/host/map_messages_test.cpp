@@ -243,6 +243,20 @@ TEST(MapMessages, TellAStepThatIsFarTooSmallBeforeAnyLineIsMade) {
     }
 }
 
+// On pixels a hundred kilometres wide and a hundredth of a millimetre high all lines are bent without end.
+TEST(MapMessages, TellLinesThatTakeTooManyPoints) {
+    const Outcome outcome =
+        Draw(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
+        "originLongitude": 3, "originLatitude": 46.5, "falseEasting": 700000, "falseNorthing": 6600000,
+        "metresPerPixelX": 1e5, "metresPerPixelY": 1e-5, "pixelX": 500, "pixelY": 400}, )" +
+             WINDOW + R"(, "layers": [{"type": "grid", "system": "UTM", "step": 10000}]})");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("-: layers[0]: the north lines of UTM@WGS84 take more than 1000000 points; a "
+                               "greater step is needed\n"),
+              std::string::npos)
+        << outcome.err;
+}
+
 TEST(MapMessages, ShowNoControlCharacters) {
     ExpectRefused(
         {R"({"datum": "\u001b[2J"})", "datum: no datum is called '?[2J'; `tessara datums` lists them"});

@@ -44,10 +44,10 @@ constexpr double MOST_NORTHERN_ROW = 1.570639247162217;        // radians; 89.99
 constexpr double MOST_NORTHERN_POSITION = 1.5692255304681018;  // radians; 89.91 degrees
 constexpr double LATITUDE_TOLERANCE = 1e-9;                    // radians
 constexpr int ROUNDS_AT_LIMIT = 20;
-// Standard parallels below 60 degrees take up to some five thousand steps, most of those on maps far fewer;
-// from there on the steps may turn in circles.
-constexpr int MOST_ROUNDS = 10000;
-constexpr int BISECTIONS = 200;
+// Standard parallels below 59.5 degrees take fewer. Just below 60 degrees steps creep, and bisecting gives
+// the latitude that they would settle at; beyond, they may wander about for ever.
+constexpr int MOST_ROUNDS = 1000;
+constexpr int BISECTIONS = 64;
 
 // Distance from the equator in the plane, metres on the standard parallel.
 double MercatorNorthing(const Cylinder& cylinder, double phi) {
@@ -73,6 +73,12 @@ double BisectLatitude(const Cylinder& cylinder, double northing) {
     return (south + north) / 2.0;
 }
 
+// R. P. Brent, "An improved Monte Carlo factorization algorithm", BIT 20, 1980: the steps at which a circle's
+// start is moved on.
+bool IsPowerOf2(int i) {
+    return (i & (i - 1)) == 0;
+}
+
 // The latitude in radians that lies `south` metres below the reference's in the plane; NaN if there is none.
 // A step overshoots by the ratio of the meridian's radius of curvature to the radius of the standard
 // parallel: it converges while that is below 2, for standard parallels up to about 60 degrees.
@@ -80,6 +86,7 @@ double MercatorLatitude(const Cylinder& cylinder, double reference, double south
     const double start = MercatorNorthing(cylinder, reference);
     double phi = reference;
     double northing = start;
+    double mark = NAN;  // an earlier latitude: coming back to it, the steps turn in a circle
     for (int i = 0; i < MOST_ROUNDS; ++i) {
         const double distance = south + (northing - start);
         const double parallel = std::cos(phi) * PrimeVertical(cylinder.a, cylinder.e2, phi);
@@ -89,6 +96,9 @@ double MercatorLatitude(const Cylinder& cylinder, double reference, double south
         northing = MercatorNorthing(cylinder, phi);
         if (i > ROUNDS_AT_LIMIT && std::fabs(phi) == MOST_NORTHERN_ROW) return phi;
         if (!(std::fabs(delta) > LATITUDE_TOLERANCE)) return phi;
+        if (i <= ROUNDS_AT_LIMIT) continue;
+        if (phi == mark) break;  // and the limit isn't on the circle
+        if (IsPowerOf2(i)) mark = phi;
     }
     return BisectLatitude(cylinder, start - south);
 }

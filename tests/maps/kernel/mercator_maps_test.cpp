@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "support/maps.h"
+#include "support/random.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -83,6 +86,49 @@ TEST(MercatorMap, FindsTheLatitudeAlsoWhereItsStepsDoNotConverge) {
         EXPECT_NEAR(pixel.x, x, PIXELS) << row.parallel;
         EXPECT_NEAR(pixel.y, y, PIXELS) << row.parallel;
     }
+}
+
+// The row's latitude by steps without any other end than theirs: the latitude in radians, if they have ended
+// after 5000 of them.
+std::optional<double> StepToLatitude(double standardParallel, double south) {
+    const double a = 6378137.0;
+    const double e2 = (2.0 - 1.0 / 298.257223563) / 298.257223563;
+    const double e = std::sqrt(e2);
+    const double limit = 1.570639247162217;
+    const auto normal = [&](double phi) { return a / std::sqrt(1.0 - e2 * std::pow(std::sin(phi), 2)); };
+    const double phi0 = standardParallel / 57.29577951308232;
+    const double radius = std::cos(phi0) * normal(phi0);
+    const auto northing = [&](double phi) {
+        return radius * (std::asinh(std::tan(phi)) - e * std::atanh(e * std::sin(phi)));
+    };
+    double phi = phi0;
+    for (int i = 0; i < 5000; ++i) {
+        const double distance = south + northing(phi) - northing(phi0);
+        const double step = distance * std::cos(phi) * normal(phi) / (radius * radius);
+        phi = std::clamp(phi - step, -limit, limit);
+        if (std::fabs(step) <= 1e-9 || (i > 20 && std::fabs(phi) == limit)) return phi;
+    }
+    return std::nullopt;
+}
+
+TEST(MercatorMap, KeepsWhereItsStepsEndHoweverManyTheyTake) {
+    Random random(1);
+    int endless = 0;
+    for (const double parallel : {0.0, 30.0, 54.0, 59.0, 59.5, 59.8, 60.0, 60.5, 64.0, 76.0, 79.0, 85.0}) {
+        const MapParam map = MercatorMap(parallel);
+        for (int i = 0; i < 20; ++i) {
+            const double row = std::round(random.Between(-5e5, 5e5));
+            const std::optional<double> end = StepToLatitude(parallel, (row - 2000.0) * 10.0);
+            const double latitude = ToWorld(map, 1000.0, row).Degrees().latitude;
+            if (end) {
+                EXPECT_NEAR(latitude, *end * 57.29577951308232, SEARCH) << parallel << ' ' << row;
+            } else {
+                ++endless;
+                EXPECT_NEAR(ToPixel(map, GeodezRecord(latitude, 10.0)).y, row, 1e-3) << parallel;
+            }
+        }
+    }
+    EXPECT_GT(endless, 20);
 }
 
 TEST(MercatorMap, EndsOnParametersThatAreNone) {
