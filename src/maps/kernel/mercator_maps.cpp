@@ -44,9 +44,10 @@ constexpr double MOST_NORTHERN_ROW = 1.570639247162217;        // radians; 89.99
 constexpr double MOST_NORTHERN_POSITION = 1.5692255304681018;  // radians; 89.91 degrees
 constexpr double LATITUDE_TOLERANCE = 1e-9;                    // radians
 constexpr int ROUNDS_AT_LIMIT = 20;
-// Standard parallels below 59.5 degrees take fewer. Just below 60 degrees steps creep, and bisecting gives
-// the latitude that they would settle at; beyond, they may wander about for ever.
-constexpr int MOST_ROUNDS = 1000;
+// Standard parallels below 59.5 degrees take some hundred steps. Up to 60 degrees steps creep, each a little
+// shorter than the one before; beyond, they may turn in circles or wander about for ever.
+constexpr int ROUNDS_TO_WANDER = 1000;
+constexpr int MOST_ROUNDS = 10000;
 constexpr int BISECTIONS = 64;
 
 // Distance from the equator in the plane, metres on the standard parallel.
@@ -87,15 +88,19 @@ double MercatorLatitude(const Cylinder& cylinder, double reference, double south
     double phi = reference;
     double northing = start;
     double mark = NAN;  // an earlier latitude: coming back to it, the steps turn in a circle
+    double last = 0.0;
     for (int i = 0; i < MOST_ROUNDS; ++i) {
         const double distance = south + (northing - start);
         const double parallel = std::cos(phi) * PrimeVertical(cylinder.a, cylinder.e2, phi);
         const double k = cylinder.radius / parallel;
         const double delta = distance / cylinder.radius / k;
+        const double step = std::fabs(delta);
         phi = Clamp(phi - delta);
         northing = MercatorNorthing(cylinder, phi);
         if (i > ROUNDS_AT_LIMIT && std::fabs(phi) == MOST_NORTHERN_ROW) return phi;
-        if (!(std::fabs(delta) > LATITUDE_TOLERANCE)) return phi;
+        if (!(step > LATITUDE_TOLERANCE)) return phi;
+        if (i > ROUNDS_TO_WANDER && !(step < last)) break;
+        last = step;
         if (i <= ROUNDS_AT_LIMIT) continue;
         if (phi == mark) break;  // and the limit isn't on the circle
         if (IsPowerOf2(i)) mark = phi;
