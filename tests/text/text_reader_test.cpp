@@ -58,7 +58,9 @@ TEST(TextReader, ANumberTooSmallForADoubleIsZeroAndOneTooLargeIsNone) {
              "1e-999", "+1e-999", ".5E-400", "0." + zeros + "1", "0." + zeros + "1e5", "1" + zeros + "e-999",
              "1e-" + nines, "0e" + nines, "0e-" + nines, "0." + zeros + "e+" + nines}) {
         EXPECT_EQ(NumberIn(text), 0.0) << text;
-        EXPECT_EQ(NumberIn("-" + text.substr(text.front() == '+' ? 1 : 0)), 0.0) << text;
+        std::string negative = "-";
+        negative += text.substr(text.front() == '+' ? 1 : 0);
+        EXPECT_EQ(NumberIn(negative), 0.0) << text;
     }
     EXPECT_TRUE(std::signbit(*NumberIn("-1e-999")));
     EXPECT_EQ(NumberIn("5e-324"), 5e-324) << "the smallest double";
