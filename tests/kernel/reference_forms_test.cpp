@@ -301,14 +301,23 @@ void ExpectNearPosition(const double actual[2], const long double expected[2], c
     }
 }
 
+// Into the hub and out of it.
+struct Hubs {
+    HubParams to, from;
+};
+
+Hubs HubsOf(std::int32_t datum) {
+    Hubs hubs{};
+    EXPECT_EQ(Datum_LoadToHub(datum, &hubs.to), KOORD_OK);
+    EXPECT_EQ(Datum_LoadFromHub(datum, &hubs.from), KOORD_OK);
+    return hubs;
+}
+
 TEST(Molodensky, IsItsWrittenForm) {
     Random random(8350);
     for (int i = 0; i < TRIALS; ++i) {
         const std::int32_t datum = random.Below(DATUM_COUNT);
-        HubParams toHub;
-        HubParams fromHub;
-        Datum_LoadToHub(datum, &toHub);
-        Datum_LoadFromHub(datum, &fromHub);
+        const auto [toHub, fromHub] = HubsOf(datum);
         // Every fourth position lies within a shift of a pole, where latitudes are reflected.
         const double lat = i % 4 == 0 ? 90.0 - random.Between(0.0, 0.01) : random.Between(-90.0, 90.0);
         const double lon = random.Between(-180.0, 180.0);
@@ -339,10 +348,7 @@ TEST(Molodensky, OffThePolesIsItsWrittenFormToTheLastPlaces) {
     Random random(8351);
     for (int i = 0; i < TRIALS; ++i) {
         const std::int32_t datum = random.Below(DATUM_COUNT);
-        HubParams toHub;
-        HubParams fromHub;
-        Datum_LoadToHub(datum, &toHub);
-        Datum_LoadFromHub(datum, &fromHub);
+        const auto [toHub, fromHub] = HubsOf(datum);
         const double lat = random.Between(-89.0, 89.0);
         const double lon = random.Between(-180.0, 180.0);
         double in[2] = {lat, lon};
@@ -363,10 +369,7 @@ TEST(Molodensky, OffThePolesIsItsWrittenFormToTheLastPlaces) {
 }
 
 TEST(Molodensky, IsNotANumberWhereItsWrittenFormIsNot) {
-    HubParams toHub;
-    HubParams fromHub;
-    Datum_LoadToHub(3, &toHub);
-    Datum_LoadFromHub(3, &fromHub);
+    const auto [toHub, fromHub] = HubsOf(3);
     for (const double lat : {0.0, -0.0, 90.0, -90.0, 89.9999995, 91.0, -1e9, 1e300, INFINITE, NOT_A_NUMBER}) {
         for (const double lon : {0.0, -0.0, 180.0, -180.0, 400.0, 1e300, -INFINITE, NOT_A_NUMBER}) {
             double actual[2] = {lat, lon};
