@@ -52,7 +52,7 @@ class ICoordinateGrid : public IUnknown {
     //
     // No line in the window is true, with an empty list. False without a window, for a null or wrong object,
     // and if a point of a line has no place on the map; lines made before that stay in the list. False also
-    // where the lines of an axis have more than 2000000 points.
+    // where the lines of an axis have more than 20000000 points.
     virtual bool GetEastLines(IArray* lines) = 0;
     // The same for each north value, from west to east; the lines from south to north. A line through several
     // zones is one line, whose point on a border comes twice, once in each zone.

@@ -52,8 +52,9 @@ class GridPen {
     }
 
   private:
-    // A million straight lines: no map shows as many. More points would fill the memory.
-    static constexpr std::size_t MOST_POINTS = 2000000;
+    // The grid of a kilometre on a map of the world at 1:1000000 has some fifteen million. As objects these
+    // points fill three gigabytes.
+    static constexpr std::size_t MOST_POINTS = 20000000;
 
     const MapPlane& map_;
     GridLineSink sink_;
