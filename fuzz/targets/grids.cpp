@@ -34,11 +34,11 @@ IRef<IFloatPoint> DrawPoint(ByteReader& bytes) {
     return point;
 }
 
-// A world of lines takes seconds: a million are allowed. Steps that aren't legal draw nothing.
+// A world of lines takes a minute: twenty million points are allowed. Steps that aren't legal draw nothing.
 bool MeansManyLines(GridMaker make, double step) {
     const bool isAngular = make == &Factory::CreateGeodezGrid || make == &Factory::CreateGeodezminGrid ||
                            make == &Factory::CreateGeogradGrid || make == &Factory::CreateGeorefGrid;
-    const double coarse = isAngular ? 1.0 : make == &Factory::CreateFloatPixelGrid ? 1000.0 : 1e5;
+    const double coarse = isAngular ? 1.0 : 1e5;
     return std::fabs(step) < coarse && step != 0.0;
 }
 
