@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "maps/kernel/map_types.h"
 #include "support/maps.h"
 #include "support/random.h"
 #include "tessara/kernel/convert.h"
@@ -218,6 +219,11 @@ TEST(AzylMap, APositionWithoutAGeodesicHasNoPixel) {
     const tagKOORD world = GeodezRecord(NOT_A_NUMBER, 16.0);
     EXPECT_EQ(MapWorldToPixel(&map, &world, &pixel), GEODESIC_NO_SOLUTION);
     EXPECT_EQ(Load<FloatPixelPayload>(pixel).x, 1.0);
+    double x = 3.0;
+    double y = 4.0;
+    EXPECT_EQ(MapAzyl_WorldToPixel(&map, &world, &x, &y), GEODESIC_NO_SOLUTION);
+    EXPECT_EQ(x, 3.0);
+    EXPECT_EQ(y, 4.0);
 }
 
 }  // namespace
