@@ -55,6 +55,23 @@ TEST(MercatorMap, APositionCloseToAPoleIsBroughtOffIt) {
                 4000.0 - ToPixel(equator, GeodezRecord(90.0, 10.0)).y, 1e-6);
 }
 
+TEST(MercatorMap, APositionIsBroughtOffThePoleFrom89Point91Degrees) {
+    const MapParam map = MercatorMap(54.0);
+    for (double side : {1.0, -1.0}) {
+        const auto row = [&](double latitude) { return ToPixel(map, GeodezRecord(side * latitude, 10.0)).y; };
+        EXPECT_NEAR(row(89.910001), row(89.910001 * 0.999), 1e-3);  // a row is 1e-7 degrees up there
+        // Just below it keeps its place, which lies beyond 89.9 degrees.
+        EXPECT_LT(side * row(89.909999), side * row(89.9));
+    }
+}
+
+TEST(MercatorMap, TheRowOfAReferenceCloseToAPoleIsNotBroughtOffIt) {
+    const MapParam map =
+        WithReference(MercatorMap(54.0), GeodezRecord(89.95, 10.0), 1000, 2000, 100000, 10.0);
+    EXPECT_EQ(ToPixel(map, GeodezRecord(89.95, 11.0)).y, 2000.0);
+    EXPECT_GT(ToPixel(map, GeodezRecord(89.96, 11.0)).y, 2000.0);  // 89.87004 degrees
+}
+
 TEST(MercatorMap, ALatitudeBeyondThePoleIsFoldedBack) {
     const MapParam map = MercatorMap(54.0);
     // Pixels: 180 - 100 degrees, rounded.
