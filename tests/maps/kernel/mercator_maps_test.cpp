@@ -220,6 +220,11 @@ TEST(AzylMap, ReadsPositionsNorthAndSouthOfTheReference) {
     EXPECT_NEAR(south.longitude, 15.0, 1e-9);
 }
 
+TEST(AzylMap, TheHeightOfTheReferenceIsNotThatOfItsPixels) {
+    const MapParam map = WithReference(AzylMap(), GeodezRecord(48.0, 16.0, 123.0), 500, 500, 50000, 10.0);
+    EXPECT_EQ(ToWorld(map, 0.0, 0.0).Degrees().height, 0.0);
+}
+
 TEST(AzylMap, AReferenceThatCannotBeConvertedGivesLatitudeAndLongitudeZero) {
     MapParam map = AzylMap();
     map.reference.world = MakeKoord(DATUM_WGS84, KOORD_FLOATPIXEL);

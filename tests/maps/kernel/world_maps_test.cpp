@@ -198,6 +198,11 @@ TEST(WagnerMap, AReferenceThatCannotBeConvertedGivesLatitudeAndLongitudeZero) {
     EXPECT_EQ(ToPixel(map, OnSphere(1.0, 2.0)).status, KOORD_ERR_TYPE);
 }
 
+TEST(WagnerMap, ItsPixelsHaveTheHeightOfTheReference) {
+    const MapParam map = WagnerMap(GeodezRecord(30.0, 20.0, 123.0, DATUM_SPHERE));
+    EXPECT_EQ(ToWorld(map, 10.0, 20.0, SphereTarget()).Degrees().height, 123.0);
+}
+
 TEST(WagnerMap, APixelWithoutAPlaceGivesTheReference) {
     MapParam map = WagnerMap(OnSphere(30.0, 20.0));
     map.resolution = 0.0;
