@@ -35,7 +35,7 @@ class IMapCoordOperations : public IUnknown {
     // The reference point of a map that has exactly one; false otherwise.
     virtual bool GetReferencePoint(IReferencePoint* out) = 0;
     // All reference points, as IReferencePoint, in place of what the list held; an empty list if there are
-    // none. False for null or without memory; the list then keeps what it has got.
+    // none. False for null or without memory; a list that can't grow throws. It keeps what it has got then.
     virtual bool GetReferencePoints(IArray* out) = 0;
     // N of the scale 1:N, and 1/N; a map without a scale has N 0 and an infinite scale.
     virtual std::int32_t GetScaleDenominator() = 0;
@@ -48,8 +48,9 @@ class IMapCoordOperations : public IUnknown {
 
     // The position of a pixel, in the reference that `out` has, in its natural zone and with its system's
     // default parameters; the height stays. PixelCoordToCoord takes a pixel of any datum for one of this map.
-    // False if the pixel has no position or `out` can't hold it, is a pixel, or is null or wrong; `out` is
-    // then the default position of its reference, or unchanged if it has none.
+    // False if the pixel has no position or `out` can't hold it or is a pixel; `out` is then the default
+    // position of its reference, or unchanged if it has none. False also for an empty map, a `pixel` that
+    // isn't one, and a null or wrong argument, with `out` unchanged.
     virtual bool FloatPixelToCoord(double x, double y, ICoord* out) = 0;
     virtual bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) = 0;
     virtual bool PixelCoordToCoord(ICoord* pixel, ICoord* out) = 0;

@@ -1,6 +1,6 @@
 // Which pixels of a rectangle or a line can be shown at all, when a map doesn't cover the whole world or a
 // coordinate system is valid in a part of the map only? Pixels are probed through the map, and the positions
-// found are judged by ICoordinateChecker.
+// found are judged by ICoordinateChecker: in a rectangle by CheckInSystemArea, on a line by CheckCoord.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -42,7 +42,7 @@ class ITransformableMapPixel : public IUnknown {
     // pixel of the edge of validity. Any other is walked in steps of one pixel, which takes time in
     // proportion to its length; of several gaps only the first is found, and a piece found by the walk is
     // given up to the first point past `b`. Failure is a null or wrong argument, a reference that can't be
-    // set, an end that isn't finite, and a walk of more than ten million pixels.
+    // set, missing memory, an end that isn't finite, and a walk of more than ten million pixels.
     virtual std::int32_t ClipLineToValid(IMapCoordOperations* map, ICoordinateReference* reference,
                                          IFloatPoint* a, IFloatPoint* b, IFloatPoint* first,
                                          IFloatPoint* second) = 0;

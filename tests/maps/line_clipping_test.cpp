@@ -64,6 +64,15 @@ TEST(ClipLine, HalvesAlsoALineShorterThanHalfAPixel) {
     EXPECT_EQ(end.second.x, 0.25);
 }
 
+// 0.5 is valid and half a pixel from the end: 0.75, which is valid too, isn't looked at.
+TEST(ClipLine, StopsAtExactlyHalfAPixel) {
+    const auto test = Where([](double x) { return x <= 0.8; });
+    EXPECT_EQ(ClipLine({0.0, 0.0}, {1.0, 0.0}, test).second.x, 0.5);
+    EXPECT_EQ(ClipLine({1.0, 0.0}, {0.0, 0.0}, test).first.x, 0.5);
+    const auto onRow = [](const PixelPoint& p, PixelPoint*) { return p.y <= 0.8; };
+    EXPECT_EQ(ClipLine({0.0, 0.0}, {0.0, 1.0}, onRow).second.y, 0.5);
+}
+
 TEST(ClipLine, AGapInTheMiddleIsCutFromBothSides) {
     const ClippedLine line =
         ClipLine({0.0, 0.0}, {1000.0, 0.0}, Where([](double x) { return x <= 300.0 || x >= 800.0; }));

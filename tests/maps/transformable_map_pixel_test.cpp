@@ -8,6 +8,7 @@
 #include "support/live_objects.h"
 #include "support/map_objects.h"
 #include "support/objects.h"
+#include "support/sheets.h"
 #include "tessara/float_point.h"
 #include "tessara/host/rect.h"
 
@@ -36,6 +37,15 @@ MapParam DegreeMap() {
 // The arctic, a kilometre a pixel, with the pole at (1000, 1000).
 MapParam ArcticMap() {
     return Map(MAP_UPS, MapUpsParams{'N', 1000000.0, 3000000.0, 1000.0, 1000.0});
+}
+
+// A metre a pixel, with 44.995 north, 17.733 east at (0, 0), just south of the Austrian grids' 45 degrees:
+// echo "17.733333333334 44.995" | cs2cs -f %.6f +proj=longlat +a=6377397.155 +rf=299.1528128 +to +proj=tmerc
+// +lon_0=16.333333333334 +x_0=750000 +y_0=-5000000 +a=6377397.155 +rf=299.1528128
+// That is north of the least northing of the system, which 45 degrees have on the meridian itself:
+// -15560.735.
+MapParam SouthOfAustriaMap() {
+    return Map(MAP_BMN, MapBmnParams{34, 860381.829302, -15162.737414, 1.0, 1.0}, DATUM_MGI);
 }
 
 class FindValidCoordTest : public BalancedTest {
@@ -69,6 +79,12 @@ TEST_F(FindValidCoordTest, ThenTheQuarters) {
     ExpectDegrees(coord, 82.0, 6.0);
 }
 
+// The lowest centre of the quarters lies at -168, that of their quarters at -79.
+TEST_F(FindValidCoordTest, ThenTheQuartersOfTheQuarters) {
+    ASSERT_TRUE(Find(RectOf(0, -702, 8, 10)));
+    ExpectDegrees(coord, 79.0, 7.0);
+}
+
 TEST_F(FindValidCoordTest, SwappedEdgesMakeNoDifference) {
     ASSERT_TRUE(Find(RectOf(8, -76, 0, -100)));
     ExpectDegrees(coord, 82.0, 6.0);
@@ -81,6 +97,12 @@ TEST_F(FindValidCoordTest, ThenTheDefaultPosition) {
     EXPECT_EQ(PayloadOf<UtmPayload>(coord).easting, 500000.0);
 }
 
+// The lowest of the 21 lies at -150, and there is no fourth level, which would look at -25.
+TEST_F(FindValidCoordTest, ThenTheDefaultPositionAndNoSmallerQuarters) {
+    ASSERT_TRUE(Find(RectOf(-10, -1900, 10, 100)));
+    ExpectDegrees(coord, 0.0, -3.0);
+}
+
 // Without that, the strip along the lower edge is searched: an eighth of the height, 12525 rows, whose lowest
 // centres in six levels lie 12525 / 64 = 195.7 rows above the edge, at about 4 degrees south.
 TEST_F(FindValidCoordTest, ThenTheRim) {
@@ -90,6 +112,12 @@ TEST_F(FindValidCoordTest, ThenTheRim) {
     EXPECT_NEAR(geographic->GetLatitude(), -4.3, 1.0);
     EXPECT_GE(geographic->GetLongitude(), 100.0);
     EXPECT_LE(geographic->GetLongitude(), 140.0);
+}
+
+TEST_F(FindValidCoordTest, HoldsAPositionToTheAreaOfItsSystemOnly) {
+    map = MapOf(SouthOfAustriaMap());
+    coord = EmptyCoord(DATUM_MGI, KOORD_BMN);
+    EXPECT_TRUE(Find(RectOf(0, 0, 1, 1)));
 }
 
 TEST_F(FindValidCoordTest, AndGivesUp) {
@@ -205,6 +233,20 @@ TEST_F(ClipLineTest, ALineOfOnePointIsValidOrNot) {
     EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(5.0, -50.0), PointAt(5.0, -50.0)), 0);
     ExpectPoints(5.0, -50.0, 5.0, -50.0);
     EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(5.0, -86.0), PointAt(5.0, -86.0)), 3);
+}
+
+// The area of the system alone would take it.
+TEST_F(ClipLineTest, HoldsAPositionToTheLimitsOfLatitudeToo) {
+    const IRef<IFloatPoint> point = PointAt(0.0, 0.0);
+    const IRef<ICoordinateReference> bmn = ReferenceOf(DATUM_MGI, KOORD_BMN);
+    EXPECT_EQ(clipper->ClipLineToValid(MapOf(SouthOfAustriaMap()).Get(), bmn.Get(), point.Get(), point.Get(),
+                                       first.Get(), second.Get()),
+              3);
+    // Five kilometres to the north it is valid.
+    const IRef<IFloatPoint> north = PointAt(0.0, -5000.0);
+    EXPECT_EQ(clipper->ClipLineToValid(MapOf(SouthOfAustriaMap()).Get(), bmn.Get(), north.Get(), north.Get(),
+                                       first.Get(), second.Get()),
+              0);
 }
 
 TEST_F(ClipLineTest, ReadsItsEndsBeforeItWrites) {

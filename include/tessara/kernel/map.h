@@ -27,8 +27,9 @@
 //   the circles of latitude degenerate to a line: within a hundredth of a degree of it a position may be off
 //   by some 0.0004 degrees. At a pole a millionth of a degree is kilometres in the plane, so that rounding
 //   decides where a pixel there comes back to.
-// - A map number that isn't finite (a resolution or a pixel size of 0 makes such numbers) gives positions and
-//   pixels that are none: a whole pixel is then -2147483648.
+// - No number of a map is checked. A resolution, a scale or a pixel size of 0, or a number that isn't finite,
+//   gives positions and pixels without a meaning, which may look like any other; a whole pixel for one that
+//   isn't finite is -2147483648.
 //
 // Pure functions of their arguments: no state, no allocation, any thread at any time. Nothing is kept between
 // calls, so that the constants of a projection are worked out for each pixel.
@@ -221,7 +222,8 @@ inline void Store(MapParam& map, const Params& params) {
 
 // The position of a pixel. `pixel` is a LONGPIXEL or FLOATPIXEL; its datum isn't read. `world` says with its
 // datum and type (and parameters, as for KoordConvert) what is wanted. A geographic target isn't range
-// checked, and neither is the map's own system; any other is.
+// checked, and neither is the map's own system; any other is. The height is 0, on a WAGNER-IV map that of the
+// reference.
 //
 // KOORD_OK, or
 //   KOORD_ERR_PIXEL_TYPE  `pixel` isn't a pixel; found before
@@ -232,7 +234,8 @@ inline void Store(MapParam& map, const Params& params) {
 //   any other status of the conversion into `world`
 // `world` is unchanged but for a failure late in that conversion, which may leave it partly written.
 //
-// AZYL and WAGNER-IV maps whose reference can't be converted give latitude 0, longitude 0, and KOORD_OK.
+// AZYL and WAGNER-IV maps whose reference can't be converted give latitude 0, longitude 0, and KOORD_OK; a
+// WAGNER-IV map gives the position of its reference, and KOORD_OK, for a row that isn't finite.
 KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD* world);
 
 // The pixel of a position. The type of `pixel` says which form is wanted: FLOATPIXEL, or LONGPIXEL, rounded

@@ -3,7 +3,8 @@
 //
 // X_PixelToWorld fills *out, which comes in with every byte zero, in the type's native system. Only GAUKRU
 // and GAUKRU6 have a status there. Every other type gives up without one: *out stays as it is, and a record
-// of type 0 can't be converted any further.
+// of type 0 can't be converted any further; AZYL and WAGNER-IV leave what they have reached, a record in
+// degrees.
 #pragma once
 
 #include "tessara/kernel/map.h"

@@ -176,11 +176,6 @@ KoordStatus MapAzyl_WorldToPixel(const MapParam* map, const tagKOORD* in, double
     KoordStatus status = PlacesOf(*map, *in, &places);
     if (status != KOORD_OK) return status;
     const auto& [at, reference] = places;
-    const Cylinder cylinder = CylinderOf(*map, Load<MapAzylParams>(*map).standardParallel);
-    const double pixelsPerMetre = PixelsPerMetre(*map);
-    *x = (at.longitude - reference.longitude) / DEGREES_PER_RADIAN * cylinder.radius * pixelsPerMetre +
-         map->reference.pixelX;
-
     tagKOORD below;
     PutDegrees(*map, {at.latitude, reference.longitude, at.height}, &below);
     double distance = 0.0;
@@ -189,6 +184,11 @@ KoordStatus MapAzyl_WorldToPixel(const MapParam* map, const tagKOORD* in, double
     status = Geodesic_Inverse(&map->reference.world, &below, DatumOf(*map), &distance, &azimuth, &back);
     if (status != KOORD_OK) return status;
     if (std::cos(azimuth / DEGREES_PER_RADIAN) < 0.0) distance = -distance;
+
+    const Cylinder cylinder = CylinderOf(*map, Load<MapAzylParams>(*map).standardParallel);
+    const double pixelsPerMetre = PixelsPerMetre(*map);
+    *x = (at.longitude - reference.longitude) / DEGREES_PER_RADIAN * cylinder.radius * pixelsPerMetre +
+         map->reference.pixelX;
     *y = -distance * pixelsPerMetre + map->reference.pixelY;
     return KOORD_OK;
 }

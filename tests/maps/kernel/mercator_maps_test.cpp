@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "maps/kernel/map_types.h"
 #include "support/maps.h"
 #include "support/random.h"
 #include "tessara/kernel/convert.h"
@@ -52,6 +53,23 @@ TEST(MercatorMap, APositionCloseToAPoleIsBroughtOffIt) {
     const MapParam equator = MercatorMap(0.0);
     EXPECT_NEAR(ToPixel(equator, GeodezRecord(-90.0, 10.0)).y,
                 4000.0 - ToPixel(equator, GeodezRecord(90.0, 10.0)).y, 1e-6);
+}
+
+TEST(MercatorMap, APositionIsBroughtOffThePoleFrom89Point91Degrees) {
+    const MapParam map = MercatorMap(54.0);
+    for (double side : {1.0, -1.0}) {
+        const auto row = [&](double latitude) { return ToPixel(map, GeodezRecord(side * latitude, 10.0)).y; };
+        EXPECT_NEAR(row(89.910001), row(89.910001 * 0.999), 1e-3);  // a row is 1e-7 degrees up there
+        // Just below it keeps its place, which lies beyond 89.9 degrees.
+        EXPECT_LT(side * row(89.909999), side * row(89.9));
+    }
+}
+
+TEST(MercatorMap, TheRowOfAReferenceCloseToAPoleIsNotBroughtOffIt) {
+    const MapParam map =
+        WithReference(MercatorMap(54.0), GeodezRecord(89.95, 10.0), 1000, 2000, 100000, 10.0);
+    EXPECT_EQ(ToPixel(map, GeodezRecord(89.95, 11.0)).y, 2000.0);
+    EXPECT_GT(ToPixel(map, GeodezRecord(89.96, 11.0)).y, 2000.0);  // 89.87004 degrees
 }
 
 TEST(MercatorMap, ALatitudeBeyondThePoleIsFoldedBack) {
@@ -202,6 +220,11 @@ TEST(AzylMap, ReadsPositionsNorthAndSouthOfTheReference) {
     EXPECT_NEAR(south.longitude, 15.0, 1e-9);
 }
 
+TEST(AzylMap, TheHeightOfTheReferenceIsNotThatOfItsPixels) {
+    const MapParam map = WithReference(AzylMap(), GeodezRecord(48.0, 16.0, 123.0), 500, 500, 50000, 10.0);
+    EXPECT_EQ(ToWorld(map, 0.0, 0.0).Degrees().height, 0.0);
+}
+
 TEST(AzylMap, AReferenceThatCannotBeConvertedGivesLatitudeAndLongitudeZero) {
     MapParam map = AzylMap();
     map.reference.world = MakeKoord(DATUM_WGS84, KOORD_FLOATPIXEL);
@@ -218,6 +241,11 @@ TEST(AzylMap, APositionWithoutAGeodesicHasNoPixel) {
     const tagKOORD world = GeodezRecord(NOT_A_NUMBER, 16.0);
     EXPECT_EQ(MapWorldToPixel(&map, &world, &pixel), GEODESIC_NO_SOLUTION);
     EXPECT_EQ(Load<FloatPixelPayload>(pixel).x, 1.0);
+    double x = 3.0;
+    double y = 4.0;
+    EXPECT_EQ(MapAzyl_WorldToPixel(&map, &world, &x, &y), GEODESIC_NO_SOLUTION);
+    EXPECT_EQ(x, 3.0);
+    EXPECT_EQ(y, 4.0);
 }
 
 }  // namespace

@@ -39,6 +39,18 @@ TEST(VanDerGrintenMap, APositionOnTheParallelOfOriginLiesBesideTheReference) {
     EXPECT_EQ(ToPixel(VdgMap(), GeodezRecord(0.0, 0.0)).y, 1000.0);
 }
 
+// The two lines are 1e-7 radians wide on either side, 5.7296e-6 degrees.
+TEST(VanDerGrintenMap, TheCentralMeridianAndTheParallelOfOriginHaveAWidth) {
+    for (double side : {1.0, -1.0}) {
+        EXPECT_EQ(ToPixel(VdgMap(), GeodezRecord(45.0, side * 5.729e-6)).x, 2000.0);
+        EXPECT_GT((ToPixel(VdgMap(), GeodezRecord(45.0, side * 5.730e-6)).x - 2000.0) * side, 0.0);
+        for (double longitude : {0.0, 90.0}) {
+            EXPECT_EQ(ToPixel(VdgMap(), GeodezRecord(side * 5.729e-6, longitude)).y, 1000.0);
+            EXPECT_GT((1000.0 - ToPixel(VdgMap(), GeodezRecord(side * 5.730e-6, longitude)).y) * side, 0.0);
+        }
+    }
+}
+
 TEST(VanDerGrintenMap, TheFourQuadrantsAreSymmetric) {
     const PixelResult northEast = ToPixel(VdgMap(), GeodezRecord(48.0, 16.0));
     EXPECT_NEAR(northEast.x, 2000.0 + 163.2914135996, PIXELS);
@@ -184,6 +196,11 @@ TEST(WagnerMap, AReferenceThatCannotBeConvertedGivesLatitudeAndLongitudeZero) {
     EXPECT_EQ(world.Degrees().latitude, 0.0);
     EXPECT_EQ(world.Degrees().longitude, 0.0);
     EXPECT_EQ(ToPixel(map, OnSphere(1.0, 2.0)).status, KOORD_ERR_TYPE);
+}
+
+TEST(WagnerMap, ItsPixelsHaveTheHeightOfTheReference) {
+    const MapParam map = WagnerMap(GeodezRecord(30.0, 20.0, 123.0, DATUM_SPHERE));
+    EXPECT_EQ(ToWorld(map, 10.0, 20.0, SphereTarget()).Degrees().height, 123.0);
 }
 
 TEST(WagnerMap, APixelWithoutAPlaceGivesTheReference) {
