@@ -44,7 +44,7 @@ class ICoordCheckerUTMREF : public IUnknown {
     // GetColumnList for the pieces of a coordinate.
     virtual bool GetColumnListOf(IArray* list, ICoord* coord) = 0;
     // The row letters of such squares in a column, from south to north. An empty zone stands for the first
-    // one that has the column, an empty column for the westernmost one in the middle of a zone: E, N or W.
+    // one that has the column, an empty column for the first one east of the central meridian: E, N or W.
     // The contents of the row play no role. False, with an empty list, as above and for a column that the
     // zone doesn't have in that band.
     virtual bool GetRowList(IArray* list, std::int32_t datum, ITessaraString* zone, ITessaraString* band,

@@ -61,7 +61,8 @@ class ICoordinateString : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateString;
 
-    // Takes a copy of a coordinate. False for a null or foreign object; both precisions may then be unset.
+    // Takes a copy of a coordinate. False for a null or foreign object, which may unset both precisions, and
+    // for a datum or system that no reference takes; what was held stays.
     virtual bool SetCoord(ICoord* coord) = 0;
     // Copies the held coordinate out. False for a null or foreign object.
     virtual bool GetCoord(ICoord* coord) = 0;
@@ -85,11 +86,12 @@ class ICoordinateString : public IUnknown {
     virtual bool GetNorthText(ITessaraString* text) = 0;
     virtual bool GetEastText(ITessaraString* text) = 0;
     // Earth-centred metres on the coordinate's datum, with the decimals of the finer precision, none for an
-    // unset one. False for null or wrong objects and a position that doesn't convert; the texts are then
-    // empty.
+    // unset one. A pixel lies nowhere without a map: its values are zeros. False for null or wrong objects
+    // and a position that doesn't convert; the texts are then empty, but unchanged if one of them is null or
+    // wrong.
     virtual bool GetCartesianTexts(ITessaraString* x, ITessaraString* y, ITessaraString* z) = 0;
     // Degrees and metres on the coordinate's datum. Latitude and longitude have as many decimals as the north
-    // and east texts of the held system, the height has three. False as above.
+    // and east texts of the held system, the height has three. Zeros and false as above.
     virtual bool GetGeographicTexts(ITessaraString* latitude, ITessaraString* longitude,
                                     ITessaraString* height) = 0;
     // The forms for a screen, with the byte 0xB0 as degree sign, the apostrophe for minutes and two of them

@@ -26,9 +26,10 @@ class ICoordinateTransfer : public IUnknown {
     virtual bool TransferNorth(ICoord* source, ICoord* target) = 0;
     virtual bool TransferEast(ICoord* source, ICoord* target) = 0;
     // Brings a world position, or a pixel of the map, into the coordinate system and datum of the map: the
-    // grid of a grid map, degrees for most others. False for null and wrong objects and a position that can't
-    // be brought there; the target may then have the map's reference. A map that is none asks for no system:
-    // false for a pixel and for a target with a position; one without takes the source's system.
+    // grid of a grid map, degrees for most others. Source and target may be one. False for null and wrong
+    // objects and a position that can't be brought there; the target may then have the map's reference. A map
+    // that is none asks for no system: false for a pixel and for a target with a position; one without takes
+    // the source's system.
     virtual bool TransferToMap(IMapCoordOperations* map, ICoord* source, ICoord* target) = 0;
     // Carries a pixel of one map to a pixel of another. The target keeps its system if it is a pixel one and
     // becomes FLOATPIXEL otherwise; it takes the datum of the target map. False for null and wrong objects, a

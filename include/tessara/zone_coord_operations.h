@@ -34,8 +34,9 @@ class IZoneCoordOperations : public IUnknown {
     virtual std::int32_t GetWestBorder(ICoord* coord, ICoord* out) = 0;
     // As GetEastNeighbour, on the west border.
     virtual bool GetWestNeighbour(ICoord* coord, ICoord* out) = 0;
-    // The point of the zone's central line at the coordinate's northing. False for a system without zones or
-    // a zone that doesn't exist.
+    // The point of the zone's central line at the coordinate's northing. False for a system without zones, a
+    // UTMREF zone outside 1..60 and a BMN or OEM meridian other than 28, 31 and 34; in UTM, GK, GK6 and GK-AT
+    // the number of the zone isn't looked at.
     virtual bool GetZoneCentre(ICoord* coord, ICoord* out) = 0;
     // The zone: 1..60 in UTM and UTMREF, the strip number in GK and GK6, the meridian 28, 31 or 34 in BMN,
     // OEM and GK-AT. -2147483648 for other systems and for what can't be read.
@@ -44,8 +45,8 @@ class IZoneCoordOperations : public IUnknown {
     virtual std::int32_t GetZoneFactor(ICoord* coord) = 0;
     // Relabels the same grid values into the zone `delta` steps east; it doesn't convert. UTM zones and
     // strips close around the earth. Any wanted zone or meridian is cleared. False for systems without zones,
-    // for an Austrian meridian outside 28..34 and for letters that don't exist; the coordinate is then
-    // unchanged.
+    // for an Austrian meridian that would lie outside 28..34, for a UTMREF of a zone outside 1..60, for
+    // letters that don't exist and for an easting without a strip; the coordinate is then unchanged.
     virtual bool MoveToZone(std::int32_t delta, ICoord* coord) = 0;
     // GetEastNeighbour and GetWestNeighbour where the zone is widest: on the equator, for the Austrian
     // systems at their southern limit, 45 degrees on the central meridian.

@@ -1,13 +1,13 @@
 #include "objects/coordinate_system.h"
 
 #include "objects/name_text.h"
-#include "tessara/kernel/koord.h"
+#include "objects/reference.h"
 #include "tessara/kernel/names.h"
 
 namespace tessara {
 
 bool CoordinateSystem::SetSystem(std::int32_t system) {
-    if (system < NO_SYSTEM || system >= KOORD_TYPE_COUNT) return false;
+    if (!IsReferenceSystem(system)) return false;
     system_ = system;
     return true;
 }

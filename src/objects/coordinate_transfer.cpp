@@ -83,6 +83,13 @@ bool MakePixelOf(IMapCoordOperations* map, ICoord* coord) {
            coord->SetReference(reference.Get());
 }
 
+// The target may be the pixel itself and lose it with its reference, so the pixel is copied first.
+bool TransferPixel(IMapCoordOperations* map, ICoord* source, ICoordinateReference* wanted, ICoord* target) {
+    const IRef<ICoord> pixel(CreateClassCoord());
+    return CopyCoord(source, pixel.Get()) && target->SetReference(wanted) &&
+           map->PixelCoordToCoord(pixel.Get(), target);
+}
+
 }  // namespace
 
 bool CoordinateTransfer::Transfer(ICoord* source, ICoord* target) {
@@ -117,8 +124,10 @@ bool CoordinateTransfer::TransferToMap(IMapCoordOperations* map, ICoord* source,
         return false;
     }
     if (!ReadMapReference(on.Get(), wanted.Get()) || !from->GetReference(given.Get())) return false;
-    if (!result->SetReference(wanted.Get())) return false;
-    return IsPixelType(given->GetSystem()) ? on->PixelCoordToCoord(source, target) : Transfer(source, target);
+    if (IsPixelType(given->GetSystem())) {
+        return TransferPixel(on.Get(), from.Get(), wanted.Get(), result.Get());
+    }
+    return result->SetReference(wanted.Get()) && Transfer(source, target);
 }
 
 bool CoordinateTransfer::TransferBetweenMaps(IMapCoordOperations* sourceMap, ICoord* source,

@@ -1,5 +1,6 @@
 #include "objects/default_koord.h"
 
+#include "objects/reference.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
@@ -141,11 +142,10 @@ bool FillDefaultPayload(tagKOORD& record) {
 }  // namespace
 
 bool DefaultKoord(std::int32_t datum, std::int32_t system, CKoord* koord) {
-    const bool datumIsLegal = (datum >= 0 && datum < DATUM_COUNT) || datum == NO_DATUM;
     CKoord fresh;  // payload and height are zero
     fresh.datum = static_cast<std::uint32_t>(datum);
     fresh.type = static_cast<std::uint32_t>(system);
-    if (!datumIsLegal || !FillDefaultPayload(fresh)) return false;
+    if (!IsReferenceDatum(datum) || !FillDefaultPayload(fresh)) return false;
     *koord = fresh;
     return true;
 }

@@ -1,13 +1,13 @@
 #include "objects/geo_date.h"
 
 #include "objects/name_text.h"
+#include "objects/reference.h"
 #include "tessara/kernel/datum.h"
 
 namespace tessara {
 
 bool GeoDate::SetDatum(std::int32_t datum) {
-    const bool exists = datum >= 0 && datum < DATUM_COUNT;
-    if (!exists && datum != NO_DATUM) return false;
+    if (!IsReferenceDatum(datum)) return false;
     datum_ = datum;
     return true;
 }

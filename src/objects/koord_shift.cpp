@@ -107,6 +107,24 @@ void AddNorthing(double delta, tagKOORD* record) {
     }
 }
 
+// Across the equator both northings count from it.
+double UtmNorthApart(const tagKOORD& from, const tagKOORD& to) {
+    if (Load<UtmPayload>(from).hemisphere == Load<UtmPayload>(to).hemisphere) {
+        return Axis_Value(Axis::North, to) - Axis_Value(Axis::North, from);
+    }
+    return Axis_SignedNorthing(to) - Axis_SignedNorthing(from);
+}
+
+// Whether a move to the north or south ends beyond `limit`. UTM compares where it ends, and so a move by what
+// is left to the limit ends on it.
+bool EndsBeyond(const tagKOORD& limit, const tagKOORD& record, const tagKOORD& moved, double delta) {
+    if (record.type == KOORD_UTM) {
+        const double room = UtmNorthApart(moved, limit);
+        return delta >= 0.0 ? room < 0.0 : room > 0.0;
+    }
+    return GoesBeyond(Axis_Value(Axis::North, limit), Axis_Value(Axis::North, record), delta);
+}
+
 bool ShiftNorthInZone(double delta, tagKOORD* record) {
     const Compass direction = DirectionOf(Axis::North, delta);
     tagKOORD moved = *record;
@@ -115,7 +133,7 @@ bool ShiftNorthInZone(double delta, tagKOORD* record) {
     const bool found =
         Zones_IsWellInside(moved) ? MoveToSystemLimit(direction, &limit) : MoveToFurthest(direction, &limit);
     if (!found) return false;
-    if (GoesBeyond(Axis_SignedNorthing(limit), Axis_SignedNorthing(*record), delta)) return false;
+    if (EndsBeyond(limit, *record, moved, delta)) return false;
     *record = moved;
     return true;
 }
@@ -191,14 +209,6 @@ double UtmrefApart(Axis axis, const UtmrefPayload& from, const UtmrefPayload& to
     const double first = isEast ? from.easting : from.northing;
     const double last = isEast ? to.easting : to.northing;
     return squares + (last - first);
-}
-
-// Across the equator both northings count from it.
-double UtmNorthApart(const tagKOORD& from, const tagKOORD& to) {
-    if (Load<UtmPayload>(from).hemisphere == Load<UtmPayload>(to).hemisphere) {
-        return Axis_Value(Axis::North, to) - Axis_Value(Axis::North, from);
-    }
-    return Axis_SignedNorthing(to) - Axis_SignedNorthing(from);
 }
 
 bool AreInOneZone(const tagKOORD& first, const tagKOORD& second) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
@@ -16,6 +17,14 @@ struct Reference {
 
 [[nodiscard]] inline Reference ReferenceOf(const tagKOORD& koord) {
     return {static_cast<std::int32_t>(koord.datum), static_cast<std::int32_t>(koord.type)};
+}
+
+// The numbers that an ICoordinateReference takes, those for none among them.
+[[nodiscard]] constexpr bool IsReferenceDatum(std::int32_t datum) {
+    return (datum >= 0 && datum < DATUM_COUNT) || datum == NO_DATUM;
+}
+[[nodiscard]] constexpr bool IsReferenceSystem(std::int32_t system) {
+    return system >= NO_SYSTEM && system < KOORD_TYPE_COUNT;
 }
 
 }  // namespace tessara

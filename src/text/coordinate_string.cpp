@@ -4,6 +4,7 @@
 #include <new>
 
 #include "objects/koord_access.h"
+#include "objects/reference.h"
 #include "tessara/coordinate_transfer.h"
 #include "text/check_record.h"
 #include "text/display_text.h"
@@ -75,7 +76,9 @@ bool CoordinateString::SetCoord(ICoord* coord) {
         UnsetPrecisionsForForeign(coord);
         return false;
     }
-    UnsetPrecisionsIfOther(static_cast<std::int32_t>(koord.type));
+    const Reference reference = ReferenceOf(koord);
+    if (!IsReferenceDatum(reference.datum) || !IsReferenceSystem(reference.system)) return false;
+    UnsetPrecisionsIfOther(reference.system);
     return KoordToCoord(&koord, coord_.Get()) && coord_->GetReference(reference_.Get());
 }
 

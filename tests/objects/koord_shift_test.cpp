@@ -130,6 +130,27 @@ TEST(KoordShift, OnTheCentralMeridianUtmEndsWithTheSystem) {
     EXPECT_TRUE(Refuses(Axis::North, -86.0, south));
 }
 
+// What counts is where the move ends: the limit less the way is rounded and may fall a hair short of the
+// start.
+TEST(KoordShift, AUtmNorthingMayEndExactlyOnItsLimit) {
+    SystemExtremes extremes;
+    ASSERT_TRUE(System_Extremes(2, KOORD_UTM, &extremes));
+    const double north = Load<UtmPayload>(extremes[static_cast<std::size_t>(Compass::North)]).northing;
+    const double south = Load<UtmPayload>(extremes[static_cast<std::size_t>(Compass::South)]).northing;
+    Random random(84);
+    for (int i = 0; i < 1000; ++i) {
+        const double start = random.Between(0.0, 1000.0);
+        tagKOORD record = Utm(32, 'N', 5e5, start);
+        EXPECT_EQ(Koord_Shift(Axis::North, north - start, &record), start + (north - start) <= north)
+            << start;
+        const double way = south - (start + 1.0e7);
+        record = Utm(32, 'N', 5e5, start);
+        EXPECT_EQ(Koord_Shift(Axis::North, way, &record), start + 1.0e7 + way >= south) << start;
+        EXPECT_TRUE(Refuses(Axis::North, north - start + 1e-6, Utm(32, 'N', 5e5, start))) << start;
+        EXPECT_TRUE(Refuses(Axis::North, way - 1e-6, Utm(32, 'N', 5e5, start))) << start;
+    }
+}
+
 TEST(KoordShift, CrossesTheEquatorNorthward) {
     EXPECT_TRUE(SameRecord(North(1000.0, Utm(32, 'S', 5e5, 9999500.0)), Utm(32, 'N', 5e5, 500.0)));
     EXPECT_TRUE(SameRecord(North(1000.0, Utm(32, 's', 5e5, 9999500.0)), Utm(32, 'N', 5e5, 500.0)));

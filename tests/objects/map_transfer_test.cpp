@@ -56,6 +56,19 @@ TEST_F(MapTransferTest, BringsAPixelOfTheMapIntoItsSystem) {
     }
 }
 
+TEST_F(MapTransferTest, APixelMayBecomeItsOwnPosition) {
+    const IRef<IMapCoordOperations> map = MapOf(MunichSheet());
+    for (const tagKOORD& pixel : {LongPixel(4000, 2000), FloatPixel(4000.0, 2000.0)}) {
+        const IRef<ICoord> coord = CoordOf(pixel);
+        ASSERT_TRUE(transfer->TransferToMap(map.Get(), coord.Get(), coord.Get()));
+        EXPECT_EQ(KoordOf(coord).type, static_cast<std::uint32_t>(KOORD_UTM));
+        EXPECT_TRUE(HoldsPosition(coord));
+        // Metres: the position goes through degrees.
+        EXPECT_NEAR(PayloadOf<UtmPayload>(coord).easting, 685000.0, 1e-4);
+        EXPECT_NEAR(PayloadOf<UtmPayload>(coord).northing, 5340000.0, 1e-4);
+    }
+}
+
 TEST_F(MapTransferTest, ToAMapThatIsNoneItFails) {
     const IRef<ICoord> source = CoordOf(GeodezRecord(48.0, 11.0));
     const IRef<ICoord> pixel = CoordOf(LongPixel(1, 2));

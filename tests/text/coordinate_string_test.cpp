@@ -5,6 +5,7 @@
 #include "frame/tessara_string.h"
 #include "support/legal_positions.h"
 #include "support/live_objects.h"
+#include "support/plain_records.h"
 #include "support/texts.h"
 #include "support/zones.h"
 
@@ -156,6 +157,21 @@ TEST_F(CoordinateStringTest, ACoordinateThatCantBeCopiedUnsetsThePrecisionsAllTh
     EXPECT_EQ(PlainTextsOf(string), (TextPair{"48.5000000", "11.5000000"}));
 }
 
+TEST_F(CoordinateStringTest, ARecordThatNoReferenceTakesLeavesWhatIsHeld) {
+    const tagKOORD record = GeodezRecord(48.5, 11.5, 7.0, DATUM_GER);
+    const IRef<ICoordinateString> string = StringOf(record);
+    testing::SetResolution(string, 0.1);
+    for (const tagKOORD& wrong : {MakeKoord(239, KOORD_GEODEZ), MakeKoord(-1, KOORD_UTM),
+                                  MakeKoord(DATUM_WGS84, 24), MakeKoord(DATUM_WGS84, -2)}) {
+        EXPECT_FALSE(string->SetCoord(CoordOf(wrong).Get())) << wrong.datum << ' ' << wrong.type;
+        const CKoord held = testing::KoordOf(string);
+        EXPECT_EQ(std::memcmp(&held, &record, sizeof record), 0) << wrong.datum << ' ' << wrong.type;
+        EXPECT_EQ(PlainTextsOf(string), (TextPair{"48.5", "11.5"})) << wrong.datum << ' ' << wrong.type;
+    }
+    EXPECT_TRUE(string->SetCoord(CoordOf(MakeKoord(NO_DATUM, KOORD_GEODEZ)).Get()));
+    EXPECT_TRUE(string->SetCoord(CoordOf(MakeKoord(DATUM_WGS84, KOORD_LAMBERTCC)).Get()));
+}
+
 TEST_F(CoordinateStringTest, DefaultPrecisionsFollowTheSystem) {
     const IRef<ICoordinateString> string = StringOf(GeodezRecord(48.5, 11.5));
     testing::SetResolution(string, 0.1);
@@ -233,6 +249,22 @@ TEST_F(CoordinateStringTest, ViewsOfWhatDoesntConvertAreEmpty) {
     a->AssignText("a");
     EXPECT_FALSE(string->GetGeographicTexts(a.Get(), b.Get(), c.Get()));
     EXPECT_TRUE(a->IsEmpty());
+}
+
+// No map is asked, so the views are those of the system's default position.
+TEST_F(CoordinateStringTest, ViewsOfAPixelAreZeros) {
+    for (const tagKOORD& pixel : {testing::LongPixel(7, 8), testing::FloatPixel(7.5, 8.5)}) {
+        const IRef<ICoordinateString> string = StringOf(pixel);
+        const IRef<ITessaraString> a = MakeText();
+        const IRef<ITessaraString> b = MakeText();
+        const IRef<ITessaraString> c = MakeText();
+        EXPECT_TRUE(string->GetCartesianTexts(a.Get(), b.Get(), c.Get()));
+        for (const auto& text : {a, b, c})
+            EXPECT_STREQ(text->GetText(), "0");
+        EXPECT_TRUE(string->GetGeographicTexts(a.Get(), b.Get(), c.Get()));
+        for (const auto& text : {a, b, c})
+            EXPECT_EQ(std::stod(text->GetText()), 0.0);
+    }
 }
 
 TEST_F(CoordinateStringTest, ReadsWhatItWrote) {
