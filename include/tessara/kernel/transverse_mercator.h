@@ -18,7 +18,7 @@
 namespace tessara {
 
 // Constants of one datum, for one direction. The calculations read `arcCoef`, `seriesCoef` and `datum`; the
-// others serve classical meridian arc formulas.
+// others serve classical meridian arc formulas. With a `datum` outside 0..238 every result is NaN.
 struct TmConstants {
     double polarRadius;   // a*a/b, metres
     double secondEcc2;    // a*a/(b*b) - 1
