@@ -8,7 +8,8 @@
 // within 30. One coefficient of the inverse matrix, 1/61440 at the fourth power of row 1, costs a
 // steady 1.2e-11 degrees (1.3e-6 m) on the way back.
 //
-// Longitude differences of 90 degrees and more are outside the method and give a wrong quadrant.
+// Longitude differences of 90 degrees and more are outside the method and give a wrong quadrant; eastings of
+// such points and beyond give positions of no meaning.
 #pragma once
 
 #include <cstdint>
