@@ -1,5 +1,6 @@
 #include "tessara/kernel/transverse_mercator.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "kernel/conformal_latitude.h"
@@ -66,6 +67,13 @@ double ConformalLatitudeOf(double angle, Direction xi, double meridian, double s
     return angle - tangent * ArcTerms(-(tangent * tangent));
 }
 
+// sinh, bounded so that its square is a number: far off the globe the series swells until it isn't, and the
+// position is still one a quarter turn off the meridian.
+double BoundedSinh(double x) {
+    constexpr double bound = 1e150;
+    return IsSmall(x * x) ? SinhOfSmall(x) : std::clamp(std::sinh(x), -bound, bound);
+}
+
 // The position in degrees of a point on the plane of an ellipsoid with the rectifying radius 1.
 void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralMeridian, double* lon,
                    double* lat, const TmConstants& c) {
@@ -79,7 +87,7 @@ void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralM
 
     // On the sphere.
     const Direction xi = Difference(north, DirectionOfSmall(series.north));
-    const double sinhEta = SinhOfSmall(ellipsoid.east - series.east);
+    const double sinhEta = BoundedSinh(ellipsoid.east - series.east);
     const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
     const double meridian = std::sqrt(meridian2);
     const double lambda = AtanOfSmall(sinhEta / xi.cosine) + centralMeridian * RADIANS_PER_DEGREE;

@@ -105,19 +105,19 @@ std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone
 
 bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
     switch (ellipsoidCode) {
-        case 2:   // International
-        case 5:   // WGS84
-        case 8:   // Australian
-        case 11:  // the Everests, from Brunei
-        case 12:
-        case 13:
-        case 14:
-        case 15:
-        case 16:  // to Malaysia 1969
-        case 17:  // GRS 1980
-        case 23:  // South American 1969
-        case 24:  // WGS72
-        case 25:  // user-defined
+        case ELLIPSOID_INTERNATIONAL:
+        case ELLIPSOID_WGS84:
+        case ELLIPSOID_AUSTRALIAN:
+        case ELLIPSOID_EVEREST_BRUNEI:
+        case ELLIPSOID_EVEREST_INDIA_1830:
+        case ELLIPSOID_EVEREST_INDIA_1956:
+        case ELLIPSOID_EVEREST_PAKISTAN:
+        case ELLIPSOID_EVEREST_MALAYSIA_1948:
+        case ELLIPSOID_EVEREST_MALAYSIA_1969:
+        case ELLIPSOID_GRS_1980:
+        case ELLIPSOID_SOUTH_AMERICAN_1969:
+        case ELLIPSOID_WGS72:
+        case ELLIPSOID_USER_DEFINED:
             return true;
         default:
             return false;

@@ -10,6 +10,7 @@
 #include "support/reference_file.h"
 #include "support/tm_constants.h"
 #include "support/tm_grids.h"
+#include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
@@ -120,6 +121,22 @@ TEST_P(FixedGrids, GiveNoNumbersForPositionsThatAreNone) {
     for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
         EXPECT_TRUE(std::isnan(From(bad, 1e5).lat));
         EXPECT_TRUE(std::isnan(From(1e5, bad).lat));
+    }
+}
+
+TEST_P(FixedGrids, FailForConstantsWithoutADatumAndChangeNothing) {
+    for (const std::int32_t datum : {-1, DATUM_COUNT, INT32_MIN, INT32_MAX}) {
+        TmConstants forward = ForwardConstants(NTL);
+        TmConstants inverse = InverseConstants(NTL);
+        forward.datum = inverse.datum = datum;
+        double latLon[2] = {49.0, 6.0};
+        GridPayload grid{1.0, 2.0};
+        EXPECT_EQ(GetParam().fromGeodetic(latLon, &grid, &forward), KOORD_ERR_DATUM) << datum;
+        EXPECT_EQ(grid.easting, 1.0);
+        EXPECT_EQ(grid.northing, 2.0);
+        EXPECT_EQ(GetParam().toGeodetic(&grid, latLon, &forward, &inverse), KOORD_ERR_DATUM) << datum;
+        EXPECT_EQ(latLon[0], 49.0);
+        EXPECT_EQ(latLon[1], 6.0);
     }
 }
 

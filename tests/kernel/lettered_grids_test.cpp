@@ -375,6 +375,22 @@ TEST(LetteredGridToGeodetic, DoesNotRefusePositionsOutsideTheGrid) {
     ExpectSamePosition(British(), Address("SV", -1000.0, 250000.0), -1000.0, 250000.0);
 }
 
+TEST(LetteredGrid, FailsForConstantsWithoutADatumAndChangesNothing) {
+    for (Grid grid : {British(), Irish()}) {
+        LetterGridPayload payload = FullValues(200000.0, 250000.0);
+        const LetterGridPayload before = payload;
+        for (const std::int32_t datum : {-1, DATUM_COUNT, INT32_MIN, INT32_MAX}) {
+            grid.forward.datum = grid.inverse.datum = datum;
+            EXPECT_EQ(grid.Forward(53.5, -8.0, &payload), KOORD_ERR_DATUM) << datum;
+            EXPECT_EQ(std::memcmp(&payload, &before, sizeof payload), 0);
+            double latLon[2] = {1.0, 2.0};
+            EXPECT_EQ(grid.Inverse(payload, latLon), KOORD_ERR_DATUM) << datum;
+            EXPECT_EQ(latLon[0], 1.0);
+            EXPECT_EQ(latLon[1], 2.0);
+        }
+    }
+}
+
 TEST(LetteredGridToGeodetic, EndsWithAnyPayload) {
     std::mt19937_64 random(1936);
     for (const Grid& grid : {British(), Irish()}) {

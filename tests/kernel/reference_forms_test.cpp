@@ -193,7 +193,8 @@ TEST(TmInverse, IsNotANumberWhereItsWrittenFormIsNot) {
     const TmConstants c = InverseConstants(3);
     for (const double north :
          {0.0, 1e5, -5e6, 1e7, 1.2e7, 3e7, 1e12, 1e300, -INFINITE, INFINITE, NOT_A_NUMBER}) {
-        for (const double east : {0.0, 1e5, -4e5, 2e6, 1e7, 1e300, -1e300, INFINITE, NOT_A_NUMBER}) {
+        for (const double east :
+             {0.0, 1e5, -4e5, 2e6, 1e7, 3e7, -1e8, 4e8, 1e300, -1e300, INFINITE, NOT_A_NUMBER}) {
             for (const double k : {1.0, -1.0, 0.0, INFINITE, NOT_A_NUMBER}) {
                 double lon = 0.0, lat = 0.0, refLon = 0.0, refLat = 0.0;
                 TM_Inverse(east, north, k, 0.0, 0.0, 9.0, &lon, &lat, &c);

@@ -8,7 +8,8 @@
 // The Luxembourg grid is EPSG 2169.
 //
 // `latLon` is latitude and longitude in degrees, `forward` and `inverse` are the constants of the datum. The
-// functions know no limits and always return KOORD_OK; a latitude of +-90 gives NaN.
+// functions know no limits; a latitude of +-90 gives NaN. They return KOORD_OK, or KOORD_ERR_DATUM for
+// constants without a datum: the outputs are unchanged then.
 #pragma once
 
 #include "tessara/kernel/koord.h"
@@ -21,7 +22,7 @@ namespace tessara {
 KoordStatus POMilitary_FromGeodetic(const double latLon[2], GridPayload* payload, const TmConstants* forward);
 KoordStatus LUREF_FromGeodetic(const double latLon[2], GridPayload* payload, const TmConstants* forward);
 
-// The way back needs both sets of constants: the origin is on the forward series.
+// The way back takes both sets of constants, of the same datum: the origin is on the forward series.
 KoordStatus POMilitary_ToGeodetic(const GridPayload* payload, double latLon[2], const TmConstants* forward,
                                   const TmConstants* inverse);
 KoordStatus LUREF_ToGeodetic(const GridPayload* payload, double latLon[2], const TmConstants* forward,

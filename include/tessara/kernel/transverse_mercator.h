@@ -8,7 +8,8 @@
 // within 30. One coefficient of the inverse matrix, 1/61440 at the fourth power of row 1, costs a
 // steady 1.2e-11 degrees (1.3e-6 m) on the way back.
 //
-// Longitude differences of 90 degrees and more are outside the method and give a wrong quadrant.
+// Longitude differences of 90 degrees and more are outside the method and give a wrong quadrant; eastings of
+// such points and beyond give positions of no meaning.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +19,7 @@
 namespace tessara {
 
 // Constants of one datum, for one direction. The calculations read `arcCoef`, `seriesCoef` and `datum`; the
-// others serve classical meridian arc formulas.
+// others serve classical meridian arc formulas. With a `datum` outside 0..238 every result is NaN.
 struct TmConstants {
     double polarRadius;   // a*a/b, metres
     double secondEcc2;    // a*a/(b*b) - 1

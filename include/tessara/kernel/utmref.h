@@ -33,8 +33,9 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
 // which holds inverse constants. Letters are upper-case. A position within 1e-5 degrees of longitude +-180.0,
 // latitude 84.0 or -80.0 is snapped onto that limit.
 //
-// KOORD_ERR_GENERAL for a letter that isn't in its alphabet or a square that doesn't touch the band,
-// KOORD_ERR_UTM_ZONE for a zone outside 1..60. `latLon` is unchanged then; otherwise KOORD_OK.
+// KOORD_ERR_GENERAL for a letter that isn't in its alphabet, a square that doesn't touch the band or
+// constants without a datum, KOORD_ERR_UTM_ZONE for a zone outside 1..60. `latLon` is unchanged then;
+// otherwise KOORD_OK.
 KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], const TmConstants* inverse);
 
 }  // namespace tessara
