@@ -95,6 +95,8 @@ KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const
 }
 
 KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse) {
+    const bool isNearTheThree = payload->meridian > MERIDIANS[0] - 3 && payload->meridian < MERIDIANS[2] + 3;
+    if (!isNearTheThree) return KOORD_ERR_MERIDIAN;
     return ToGeodetic(GKAT, payload, latLon, inverse);
 }
 

@@ -29,8 +29,9 @@ KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const 
 KoordStatus OEM_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 
-// KOORD_OK, or KOORD_ERR_MERIDIAN for a meridian that is none of the three; latLon is then 0, 0. A result
-// within 1e-7 degrees of the limits of the system (AUSTRIAN_LIMITS) is that limit.
+// KOORD_OK, or KOORD_ERR_MERIDIAN for a meridian that is none of the three; latLon is then 0, 0, but
+// unchanged by GKAT_ToGeodetic for a meridian outside 26..36. A result within 1e-7 degrees of the limits of
+// the system (AUSTRIAN_LIMITS) is that limit.
 KoordStatus BMN_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus OEM_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
