@@ -175,6 +175,14 @@ TEST_F(RectExtentsTest, PixelsAreTheCorners) {
     }
 }
 
+TEST_F(RectExtentsTest, PixelsNeedNothingOfTheMap) {
+    map = IRef<IMapCoordOperations>(CreateClassMapCoordOperations());
+    Ask(KOORD_LONGPIXEL);
+    ASSERT_TRUE(Extremes(0, 0, 600, 200));
+    EXPECT_EQ(PixelOf(results[EAST]).x, 600.0);
+    EXPECT_EQ(PixelOf(results[SOUTH]).y, 200.0);
+}
+
 TEST_F(RectExtentsTest, ALimitOfTheSystemInTheWindowIsItsExtreme) {
     // All of the earth and more, ten pixels a degree.
     map = DegreeMap(-200.0, 100.0, 10.0);
