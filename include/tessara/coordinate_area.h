@@ -60,18 +60,18 @@ class ICoordinateArea : public IUnknown {
 
     // The extremes of a rectangle of a map, in the point's reference (those of all four, which must agree):
     // whole positions, so that the north extreme comes with the easting where the rectangle reaches furthest
-    // north. The sides may be swapped. In a pixel system they are the corners of the rectangle.
+    // north. The sides may be swapped. In a pixel system they are its corners, whatever the map shows.
     //
     // The corners and the lines of pixels between them are searched, to a quarter of a pixel, or half of one
     // where they cross the border of a zone or the meridian 180, and the limits of the system and the middles
-    // and borders of its zones that lie inside. A corner that the map or the
-    // system can't show moves toward the centre, a quarter, a half or all of the way; then the pieces of the
-    // sides that can be shown are searched, and up to four narrower rectangles, a quarter of the size off
-    // each side. Where the system ends amid the rectangle its edge isn't followed: besides the places told,
-    // an extreme there is not found.
+    // and borders of its zones that lie inside. A corner that the map or the system can't show moves toward
+    // the centre, a quarter, a half or all of the way; then the pieces of the sides that can be shown are
+    // searched, and up to four narrower rectangles, a quarter of the size off each side. Where the system
+    // ends amid the rectangle its edge isn't followed: besides the places told, no extreme is found there.
     //
-    // False for a null or wrong object, an empty map, and a rectangle without any valid position; ECEF and TM
-    // positions are never valid. The points are then unchanged.
+    // False for a null or wrong object. In other systems than pixels false, too, for an empty map and a
+    // rectangle without any valid position; ECEF and TM positions are never valid. The points are then
+    // unchanged.
     virtual bool GetMapRectNorth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
     virtual bool GetMapRectEast(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
     virtual bool GetMapRectSouth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;

@@ -50,7 +50,7 @@ class IEllipsoidOfRevolution : public IUnknown {
     //
     // The iteration ends at a step of 0.01 m and 1e-6 degrees, and the height isn't computed again for the
     // last latitude. For heights from -10 to 100 km this leaves the latitude good to 1e-8 degrees, and the
-    // height to the smaller of 0.112 m times the tangent of the latitude and 0.7 % of itself:
+    // height to the smaller of 0.114 m times the tangent of the latitude and 0.7 % of itself:
     //
     //     latitude, degrees    10     30     45     60     70     80     85     89
     //     height, metres     0.02   0.06   0.11   0.19   0.31   0.64    1.3    6.4

@@ -33,8 +33,8 @@ class ILinePoints : public IUnknown {
 
     // The densifiers fill `out` with a chain of new coordinates from a to b: pieces are halved until their
     // middles lie within the tolerance, at most 6 times (65 points; 7 times and 129 points of a geodesic).
-    // The ends keep their heights, points between them have the height 0.0. False, with `out` empty, if a and
-    // b differ in datum or system, a point has no pixel, or a middle no position. A TM line has no middles.
+    // The ends keep their heights, points between have 0.0, in ECEF what x, y and z give. False, with `out`
+    // empty, if a and b differ in datum or system, a point has no pixel, or a middle no position, as in TM.
 
     // The line that is straight on the map: each point's position lies on it, to the system's last digit, and
     // within the area of its system. A line of pixels is its two ends.

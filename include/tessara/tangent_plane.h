@@ -57,7 +57,7 @@ class ITangentPlane : public IUnknown {
     virtual bool MapByGeodesic(ICoord* p, ICoord* out) = 0;
     // The same with the straight-line distance.
     virtual bool MapByChord(ICoord* p, ICoord* out) = 0;
-    // The foot of `p` in the plane and its height above it.
+    // The foot of `p` in the plane and its height above it. A `p` that isn't finite leaves *x and *y 0.0.
     virtual bool GetPlaneCoords(ICoord* p, double* x, double* y, double* z) = 0;
     // The way back, into the reference that `out` has. It undoes GetPlaneCoords as well as
     // IEllipsoidOfRevolution::EcefVectorToCoord finds latitude and height.

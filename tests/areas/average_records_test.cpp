@@ -262,6 +262,18 @@ TEST(AverageUtm, BesideABorderOnTheEquator) {
     ExpectUtm(MeanOf(Utm(32, 'N', 5e5, 0.0), Utm(33, 'N', 5e5, 0.0)), 33, 'N', 5e5 - 333978.557, 0.0);
 }
 
+TEST(AverageUtm, TheBorderIsTakenAHairInsideTheZone) {
+    // cs2cs +proj=longlat to +proj=utm +zone=33 of 12.00000001 0, 1e-8 degrees from the border:
+    // 166021.444195, against 166021.443081 of the border itself. On the equator the first point tried is
+    // exact: 1e-5 m, the projections' rounding.
+    const double inside = 166021.444195;
+    const tagKOORD east = MeanOf(Utm(32, 'N', 5e5, 0.0), Utm(33, 'N', 5e5, 0.0));
+    EXPECT_NEAR(Load<UtmPayload>(east).easting, inside, 1e-5);
+    // (400000 + 500000) / 2 - 500000 = -50000 from the mirror image, in zone 32.
+    const tagKOORD west = MeanOf(Utm(32, 'N', 4e5, 0.0), Utm(33, 'N', 5e5, 0.0));
+    EXPECT_NEAR(Load<UtmPayload>(west).easting, 1e6 - inside - 50000.0, 1e-5);
+}
+
 TEST(AverageUtm, BesideABorderAcrossTheEquator) {
     const auto payload = Load<UtmPayload>(MeanOf(Utm(32, 'N', 6.0e5, 4.0e5), Utm(33, 'S', 3.5e5, 9.8e6)));
     EXPECT_EQ(payload.zone, 32);

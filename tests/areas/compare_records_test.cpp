@@ -285,10 +285,20 @@ TEST(CompareRecords, BeyondTheOutermostCentralLineAWantedZoneStays) {
     EXPECT_EQ(EastWest(UtmAt(0.0, 181.0, 60), UtmAt(0.0, -179.0)), 1);
     // West of the central line of zone 60 the wanted zone is brought home.
     EXPECT_EQ(EastWest(UtmAt(0.0, 173.0, 60), UtmAt(0.0, 173.5)), -1);
+    // East of that of zone 1 likewise.
+    EXPECT_EQ(EastWest(UtmAt(0.0, -173.0, 1), UtmAt(0.0, -173.5)), 1);
 
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, 181.0, 180), StripAt(KOORD_GK, 0.0, 180.5)), 1);
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, -181.0, -180), StripAt(KOORD_GK, 0.0, -180.5)), -1);
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, 179.0, 180), StripAt(KOORD_GK, 0.0, 179.5)), -1);
+    // The system ends at 181.5 degrees: what lies beyond has no other place than the strip it wants.
+    EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, 181.7, 180), StripAt(KOORD_GK, 0.0, 181.0)), 1);
+    EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, -181.7, -180), StripAt(KOORD_GK, 0.0, 179.0)), -1);
+}
+
+TEST(CompareRecords, TheOutermostMeridiansOfGk6AreBroughtHomeToo) {
+    EXPECT_EQ(EastWest(StripAt(KOORD_GK6, 48.0, -173.0, -177), StripAt(KOORD_GK6, 48.0, -173.5)), 1);
+    EXPECT_EQ(EastWest(StripAt(KOORD_GK6, 48.0, 173.0, 177), StripAt(KOORD_GK6, 48.0, 173.5)), -1);
 }
 
 TEST(CompareRecords, TheAustrianSystemsStayBeyondTheirEasternMeridianOnly) {
@@ -298,6 +308,15 @@ TEST(CompareRecords, TheAustrianSystemsStayBeyondTheirEasternMeridianOnly) {
     // The other wanted meridians are brought home, and so is a number that is no meridian.
     EXPECT_EQ(EastWest(BmnAt(47.0, 9.5, 28), BmnAt(47.0, 9.4)), 1);
     EXPECT_EQ(EastWest(Austrian(KOORD_BMN, 28, 1.5e5, 2e5, 30), Austrian(KOORD_BMN, 28, 1.6e5, 2e5)), -1);
+    for (std::int16_t wanted = 27; wanted <= 35; ++wanted) {
+        // At 13 degrees, but written on the meridian 34.
+        tagKOORD record = BmnAt(47.0, 13.0, 34);
+        auto payload = Load<BmnPayload>(record);
+        payload.wantedMeridian = wanted;
+        Store(record, payload);
+        const bool isBroughtHome = wanted > 27 && wanted < 35;
+        EXPECT_EQ(EastWest(record, BmnAt(47.0, 13.2)), isBroughtHome ? -1 : 1) << wanted;
+    }
 }
 
 TEST(CompareRecords, AWantedZoneThatDoesntConvertIsntComparable) {
@@ -322,6 +341,18 @@ TEST(CompareRecords, UtmrefComparesItsSquares) {
     // The rows close in a ring: N 7000000 (R) lies north of N 5400000 (A).
     EXPECT_EQ(NorthSouth(Utmref(32, 'W', "NR", 0, 0), Utmref(32, 'U', "NA", 0, 0)), 1);
     EXPECT_EQ(NorthSouth(Utmref(32, 'N', "NF", 0, 0), Utmref(32, 'M', "NE", 0, 99999)), 1);
+}
+
+TEST(CompareRecords, UtmrefsBeyondTheLimitsOfUtmAreComparable) {
+    // Northings 9329000 and 9328500 at 3 degrees east, where UTM ends at 9328094.
+    tagKOORD codes[2];
+    for (int i = 0; i < 2; ++i) {
+        codes[i] = Utmref(31, 'X', "EP", 0, 0);
+        const tagKOORD utm = Utm(31, 'N', 5e5 + 100.0 * i, 9329000.0 - 500.0 * i);
+        ASSERT_EQ(KoordConvertEx(&utm, &codes[i], 0), KOORD_OK);
+    }
+    EXPECT_EQ(EastWest(codes[0], codes[1]), -1);
+    EXPECT_EQ(NorthSouth(codes[0], codes[1]), 1);
 }
 
 TEST(CompareRecords, UtmrefsWithoutAPlaceArentComparable) {

@@ -175,6 +175,14 @@ TEST_F(RectExtentsTest, PixelsAreTheCorners) {
     }
 }
 
+TEST_F(RectExtentsTest, PixelsNeedNothingOfTheMap) {
+    map = IRef<IMapCoordOperations>(CreateClassMapCoordOperations());
+    Ask(KOORD_LONGPIXEL);
+    ASSERT_TRUE(Extremes(0, 0, 600, 200));
+    EXPECT_EQ(PixelOf(results[EAST]).x, 600.0);
+    EXPECT_EQ(PixelOf(results[SOUTH]).y, 200.0);
+}
+
 TEST_F(RectExtentsTest, ALimitOfTheSystemInTheWindowIsItsExtreme) {
     // All of the earth and more, ten pixels a degree.
     map = DegreeMap(-200.0, 100.0, 10.0);
@@ -196,6 +204,17 @@ TEST_F(RectExtentsTest, ALimitOfTheSystemInTheWindowIsItsExtreme) {
     EXPECT_NEAR(Utm(EAST).easting, 833978.557, 0.01);
     EXPECT_EQ(Utm(WEST).zone, 1);
     EXPECT_NEAR(Utm(WEST).easting, 166021.443, 0.01);
+}
+
+TEST_F(RectExtentsTest, TheLimitOfTheSystemCountsInTheExtremesOwnZone) {
+    // Degrees 8..10 east and 82.73..84.73 north, where UTM ends at 84: its own northernmost place, 3 degrees
+    // east, lies elsewhere. The edge of the system is found to half a pixel, 5 km, but its limit exactly.
+    map = DegreeMap(8.0, 84.73, 10.0);
+    Ask(KOORD_UTM);
+    ASSERT_TRUE(Extremes(0, 0, 20, 20));
+    EXPECT_EQ(Utm(NORTH).zone, 32);
+    EXPECT_EQ(Utm(NORTH).easting, 500000.0);
+    EXPECT_NEAR(Utm(NORTH).northing, 9328093.831, 0.01);  // cs2cs of 9 84, see above
 }
 
 TEST_F(RectExtentsTest, WhereTheSystemsEdgeEndsAmidTheWindowItReachesFurthest) {
@@ -299,9 +318,10 @@ class SquareMap : public IMapCoordOperations {
 
 TEST_F(RectExtentsTest, WithoutAnyCornerTheMovedPointsAreTheExtremes) {
     // From (-400, -400) a quarter of the way to the centre is (-300, -300), half of it (-200, -200). Where
-    // only the centre itself is left, the narrower window's corner (-200, -200) moves to (-150, -150).
-    const double reaches[][2] = {
-        {399.0, 300.0}, {300.0, 300.0}, {299.0, 200.0}, {200.0, 200.0}, {199.0, 150.0}};
+    // only the centre itself is left, the narrower window's corner (-200, -200) moves to (-150, -150). The
+    // fourth and last window's is (-25, -25), a quarter of the way (-19, -19) and half of it (-13, -13).
+    const double reaches[][2] = {{399.0, 300.0}, {300.0, 300.0}, {299.0, 200.0}, {200.0, 200.0},
+                                 {199.0, 150.0}, {19.0, 19.0},   {12.0, 0.0}};
     for (const auto& [halfSide, moved] : reaches) {
         map = IRef<IMapCoordOperations>(NewObject<SquareMap>(halfSide));
         Ask(KOORD_GEODEZ);

@@ -157,6 +157,19 @@ TEST(SystemExtremes, TheEndsOfTheStripsLieInTheOutermostStrips) {
     EXPECT_EQ(strip(gk6[3]), -30);
 }
 
+TEST(SystemExtremes, TheEndsOfTheStripsLieAHairInside) {
+    const auto easting = [](const tagKOORD& record) { return Load<GkPayload>(record).easting; };
+    // cs2cs +proj=longlat +ellps=WGS84 to +proj=tmerc +lon_0=180 (177) +x_0=500000 +over of 181.499999999 0
+    // (179.999999999 0), 1e-9 degrees or 1.1e-4 m from the end: 666998.442255 (834112.201689). In the west
+    // the mirror image counts. 1e-5 m, the projections' rounding.
+    const SystemExtremes gk = ExtremesOf(KOORD_GK);
+    EXPECT_NEAR(easting(gk[1]), 60e6 + 666998.442255, 1e-5);
+    EXPECT_NEAR(easting(gk[3]), -60e6 - (1e6 - 666998.442255), 1e-5);
+    const SystemExtremes gk6 = ExtremesOf(KOORD_GK6);
+    EXPECT_NEAR(easting(gk6[1]), 30e6 + 834112.201689, 1e-5);
+    EXPECT_NEAR(easting(gk6[3]), -30e6 - (1e6 - 834112.201689), 1e-5);
+}
+
 TEST(SystemExtremes, GkOnKkjEndsElsewhereInTheWest) {
     const double kkj[4][2] = {{80, 0}, {0, 181.5}, {-80, 0}, {0, -162.5}};
     ExpectPositions(KOORD_GK, DATUM_KKJ, kkj, SNAP);

@@ -215,6 +215,10 @@ TEST_F(ZonedGridLinesTest, TheBorderOfTheFirstZoneIsDrawnNearItsFirstLine) {
     grid = GridOf(KOORD_UTM, map, 20000.0, 20000.0);
     ASSERT_TRUE(SetWindow(grid, 0, 0, 1500, 1000));
     ExpectEastLines({{33, 0.0}, {33, 280000.0}});
+    // A quarter of this step, of which 280000 is the thirteenth from the central line, is 4.23 km.
+    grid = GridOf(KOORD_UTM, map, 220000.0 / 13.0, 20000.0);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 1500, 1000));
+    ExpectEastLines({{33, 280000.0}});
 }
 
 TEST_F(ZonedGridLinesTest, StripsAreWalkedOverGreenwich) {

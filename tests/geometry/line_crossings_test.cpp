@@ -187,6 +187,17 @@ TEST_F(LineCrossingsTest, TwoSystemsCrossInPixels) {
     EXPECT_EQ(KoordOf(At(points, 0)).datum, 2u);
 }
 
+TEST_F(LineCrossingsTest, TwoSystemsOfAnotherDatumCrossOnTheMaps) {
+    const auto a = LineOf({GeodezRecord(48, 8, 0.0, DATUM_GER), GeodezRecord(46, 10, 0.0, DATUM_GER)});
+    CKoord utm[2] = {Utm32(4e5, 5.1e6), Utm32(6e5, 5.3e6)};
+    for (CKoord& koord : utm)
+        koord.datum = DATUM_GER;
+    ASSERT_TRUE(CrossOn(a, LineOf({utm[0], utm[1]})));
+    ASSERT_EQ(points->GetCount(), 1u);
+    EXPECT_EQ(KoordOf(At(points, 0)).type, KOORD_FLOATPIXEL);
+    EXPECT_EQ(KoordOf(At(points, 0)).datum, 2u);
+}
+
 TEST_F(LineCrossingsTest, TwoDatumsCrossOnTheMaps) {
     const auto a = LineOf({GeodezRecord(48, 8, 0.0, DATUM_GER), GeodezRecord(46, 10, 0.0, DATUM_GER)});
     const auto b = LineOf({GeodezRecord(46, 8), GeodezRecord(48, 10)});

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -198,6 +199,34 @@ TEST_F(LineDensifyingTest, EntriesAreObjectsOfTheirOwn) {
     EXPECT_EQ(At(chain, 2)->GetHeight(), 0.0);
 }
 
+TEST_F(LineDensifyingTest, EndsKeepTheirHeightsAndMiddlesHaveNone) {
+    const IRef<ICoord> from = CoordOf(Utm32(5e5, 5.3e6));
+    const IRef<ICoord> to = CoordOf(Utm32(7e5, 5.31e6));
+    from->SetHeight(500.0);
+    to->SetHeight(600.0);
+    for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[3]}) {
+        ASSERT_TRUE((lines.Get()->*operation)(map.Get(), from.Get(), to.Get(), chain.Get()));
+        const std::uint32_t last = chain->GetCount() - 1;
+        ASSERT_GT(last, 1u);
+        EXPECT_EQ(At(chain, 0)->GetHeight(), 500.0);
+        EXPECT_EQ(At(chain, last)->GetHeight(), 600.0);
+        for (std::uint32_t i = 1; i < last; ++i)
+            EXPECT_EQ(At(chain, i)->GetHeight(), 0.0);
+    }
+}
+
+TEST_F(LineDensifyingTest, AStraightLineOfEcefRunsThroughTheEarth) {
+    const EcefPayload a{6378137.0, 0.0, 0.0};
+    const EcefPayload b{0.0, 3189068.5, 5523628.0};
+    ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Record(KOORD_ECEF, a), Record(KOORD_ECEF, b)));
+    double lowest = 0.0;
+    for (std::uint32_t i = 0; i < chain->GetCount(); ++i)
+        lowest = std::min(lowest, At(chain, i)->GetHeight());
+    // The middle is (3189068.5, 1594534.25, 2761814), 4510024 m from the centre. The ellipsoid is 6370000 m
+    // from it there, within 8000 m.
+    EXPECT_NEAR(lowest, 4510024.0 - 6370000.0, 9000.0);
+}
+
 TEST_F(LineDensifyingTest, PixelsAreStraightAsTheyAre) {
     ASSERT_TRUE(lines->SetPixelTolerance(0.0));
     for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[2]}) {
@@ -210,6 +239,15 @@ TEST_F(LineDensifyingTest, PixelsAreStraightAsTheyAre) {
 
 TEST_F(LineDensifyingTest, EqualEndsAreAChainOfTwo) {
     for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[3]}) {
+        ASSERT_TRUE(Densify(operation, Utm32(6e5, 5.3e6), Utm32(6e5, 5.3e6)));
+        EXPECT_EQ(chain->GetCount(), 2u);
+    }
+}
+
+TEST_F(LineDensifyingTest, WhatIsStraightNeedsNoTolerance) {
+    ASSERT_TRUE(lines->SetPixelTolerance(0.0));
+    for (const Operation operation : {ON_MAP[0], ON_MAP[1]}) {
+        // The middle of equal ends is that end, and its pixel the middle of theirs, bit for bit.
         ASSERT_TRUE(Densify(operation, Utm32(6e5, 5.3e6), Utm32(6e5, 5.3e6)));
         EXPECT_EQ(chain->GetCount(), 2u);
     }
@@ -307,6 +345,15 @@ TEST_F(LineDensifyingTest, AnotherReferencesLineHasThirtyThreePoints) {
         EXPECT_NEAR(easting[i], easting[0] + i * (easting[32] - easting[0]) / 32.0, 1e-3);
         EXPECT_NEAR(northing[i], northing[0] + i * (northing[32] - northing[0]) / 32.0, 1e-3);
     }
+}
+
+TEST_F(LineDensifyingTest, ADifferenceOnOneAxisDividesAPiece) {
+    // Along the equator the middles of degrees and of eastings both have the northing 0, along the central
+    // meridian both have the easting 500000.
+    ASSERT_TRUE(Across(Utm32(5e5, 0.0), Utm32(7e5, 0.0), 2, KOORD_GEODEZ));
+    EXPECT_EQ(chain->GetCount(), 33u);
+    ASSERT_TRUE(Across(Utm32(5e5, 1e6), Utm32(5e5, 5e6), 2, KOORD_GEODEZ));
+    EXPECT_EQ(chain->GetCount(), 33u);
 }
 
 TEST_F(LineDensifyingTest, TheOwnReferencesLineIsItsEnds) {

@@ -65,6 +65,12 @@ TEST_F(LinePointsTest, ThePrecisionIsThatOfTheNumbers) {
     EXPECT_FALSE(IsOn(FloatPixel(3, 4 + 0x1p-48), line));
 }
 
+TEST_F(LinePointsTest, APointAsFarOffAsThePrecisionIsStillOnTheLine) {
+    // At (3, 0) the tolerance is 4 * 2^-52 = 2^-50, two units in the last place of 3.
+    EXPECT_TRUE(IsOn(FloatPixel(3, 0), PixelLine({{3 + 0x1p-50, 0}})));
+    EXPECT_FALSE(IsOn(FloatPixel(3, 0), PixelLine({{3 + 0x3p-51, 0}})));
+}
+
 TEST_F(LinePointsTest, AnEmptyLineHasNoPoints) {
     EXPECT_FALSE(IsOn(FloatPixel(0, 0), PixelLine({})));
 }

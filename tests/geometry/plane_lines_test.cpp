@@ -57,6 +57,18 @@ TEST(LineParameter, LinesCloserThanTheRoundingOfTheirPlaceAreCollinear) {
     EXPECT_EQ(OnLineTolerance({3.0, 4.0}), 6.0 * 0x1p-52);
 }
 
+TEST(LineParameter, LinesAsFarApartAsTheRoundingAreParallel) {
+    // At (3, 0) the tolerance is 4 * 2^-52 = 2^-50.
+    EXPECT_EQ(LineParameter({3, 0}, {4, 0}, {0, 0x1p-50}, {1, 0x1p-50}), -LARGEST);
+    EXPECT_EQ(LineParameter({3, 0}, {4, 0}, {0, 0x1p-51}, {1, 0x1p-51}), LARGEST);
+}
+
+TEST(LineParameter, OfASegmentAndAPointTheToleranceIsThatOfThePoint) {
+    // 2^-52 at (0, 0), some 2^-32 at (1e6, 0).
+    EXPECT_EQ(LineParameter({1e6, 0x1p-40}, {2e6, 0x1p-40}, {0, 0}, {0, 0}), -LARGEST);
+    EXPECT_EQ(LineParameter({0, 0x1p-40}, {2e6, 0x1p-40}, {1e6, 0}, {1e6, 0}), 0.5);
+}
+
 TEST(LineParameter, APointOnTheLineOfTheOtherSegmentHasParameterZero) {
     EXPECT_EQ(LineParameter({2, 2}, {2, 2}, {0, 0}, {1, 1}), 0.0);  // beyond the segment, on its line
     EXPECT_EQ(LineParameter({2, 3}, {2, 3}, {0, 0}, {1, 1}), -LARGEST);
@@ -115,6 +127,15 @@ TEST(FootPoint, DropsThePerpendicularAlsoBeyondTheSegment) {
     EXPECT_NEAR(foot.y, -0.6, 1e-15);
 }
 
+TEST(FootPoint, AlongAnAxisNothingIsSquared) {
+    // The square of 1e200 is infinite.
+    PlanePoint foot{};
+    EXPECT_TRUE(FootPoint({0.5e200, 5}, {0, 3}, {1e200, 3}, &foot));
+    EXPECT_EQ(foot, (PlanePoint{0.5e200, 3}));
+    EXPECT_TRUE(FootPoint({5, 0.5e200}, {3, 0}, {3, 1e200}, &foot));
+    EXPECT_EQ(foot, (PlanePoint{3, 0.5e200}));
+}
+
 TEST(FootPoint, OfEqualPointsIsThatPoint) {
     PlanePoint foot{};
     EXPECT_FALSE(FootPoint({2, 2}, {1, 1}, {1, 1}, &foot));
@@ -152,6 +173,10 @@ TEST(PointOnSegments, MarksHaveNoPlace) {
 TEST(PointOnSegments, IsTheFirstPlaceWhereItLiesOnBoth) {
     PlanePoint place{};
     EXPECT_TRUE(PointOnSegments({0, 0}, {4, 4}, {0, 2}, {2, 0}, 0.25, &place));
+    EXPECT_EQ(place, (PlanePoint{1, 1}));
+    // On the second segment it is 49 * (1 / 49), in doubles less than 1, but the distance from it is 0.
+    ASSERT_LT(LineParameter({0, 0}, {49, 49}, {0, 1}, {2, 1}) * 49.0, 1.0);
+    EXPECT_TRUE(PointOnSegments({0, 1}, {2, 1}, {0, 0}, {49, 49}, 0.5, &place));
     EXPECT_EQ(place, (PlanePoint{1, 1}));
 }
 

@@ -105,6 +105,29 @@ TEST_F(PointAtDistance, ChordReachesEveryDistanceUpToNearlyTheDiameter) {
     }
 }
 
+// Below the normal of a point t along the horizontal line the geodesic from the start is R asin(t / R), t^3 /
+// (6 R^2) longer than t. With R = 6.378e6 m, the equator's, that is 0.01 m at 13.46 km: up to there the
+// distance itself is near enough, from there on a shorter one is sought.
+TEST_F(PointAtDistance, AShortGeodesicIsTakenAsItIs) {
+    const IRef<ICoord> start = Place(0.0, 16.0);
+    Vector east;
+    ASSERT_TRUE(ellipsoid->GetDirection(start.Get(), 90.0, &east));
+    ASSERT_TRUE(Geodesic(start, 90.0, 13400.0));
+    // 1e-4 m: what the kernel's ECEF conversion leaves 14 m above the ground.
+    EXPECT_NEAR(Dot(Minus(XyzOf(out), XyzAt(start)), east), 13400.0, 1e-4);
+    ASSERT_TRUE(Geodesic(start, 90.0, 13520.0));
+    EXPECT_LT(Dot(Minus(XyzOf(out), XyzAt(start)), east), 13520.0 - 1e-3);
+}
+
+// A point t along the horizontal line lies t^2 / (2 R) above the ground, 0.01 m at 357.2 m.
+TEST_F(PointAtDistance, AShortChordStaysInTheHorizontalPlane) {
+    const IRef<ICoord> start = Place(0.0, 16.0);
+    ASSERT_TRUE(Chord(start, 90.0, 356.0));
+    EXPECT_NEAR(out->GetHeight(), 356.0 * 356.0 / (2.0 * 6378137.0), 1e-6);
+    ASSERT_TRUE(Chord(start, 90.0, 359.0));
+    EXPECT_LT(std::fabs(out->GetHeight()), 0.01);
+}
+
 TEST_F(PointAtDistance, ZeroIsTheFootOfTheStart) {
     const IRef<ICoord> start = Place(48.0, 16.0);
     ASSERT_TRUE(Geodesic(start, 60.0, 0.0));

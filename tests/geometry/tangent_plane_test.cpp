@@ -504,6 +504,17 @@ TEST_F(TangentPlaneTest, NumbersThatAreNotFiniteFail) {
     EXPECT_EQ(PayloadOf<GeodezPayload>(out).latitude, 1.0);
 }
 
+TEST_F(TangentPlaneTest, APointThatIsNotFiniteHasThePlaceOfARayThatMisses) {
+    SetOrigin(48.0, 16.0);
+    double x = 1.0;
+    double y = 2.0;
+    double z = 3.0;
+    EXPECT_FALSE(plane->GetPlaneCoords(Place(48.0, 16.0, NAN_VALUE).Get(), &x, &y, &z));
+    EXPECT_EQ(x, 0.0);
+    EXPECT_EQ(y, 0.0);
+    EXPECT_EQ(z, 3.0);
+}
+
 class TangentPlaneWithoutManager : public testing::BalancedTest {};
 
 TEST_F(TangentPlaneWithoutManager, TakesNoOrigin) {
