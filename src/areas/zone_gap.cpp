@@ -16,6 +16,12 @@ bool IsOutermost(std::int32_t step, tagKOORD place) {
     return !Zones_Move(step, &place) || (step > 0) != (Zones_Number(place) > number);
 }
 
+// The outermost strips of GK are the same on the ground, and so a window over the end of the numbers may lie
+// in the last but one.
+bool IsAtTheEnd(std::int32_t step, tagKOORD place) {
+    return IsOutermost(step, place) || (Zones_Move(step, &place) && IsOutermost(step, place));
+}
+
 double SampleAt(std::int32_t from, std::int32_t to, int sample) {
     return from + (static_cast<double>(to) - from) * sample / SAMPLES_OF_A_SIDE;
 }
@@ -42,14 +48,15 @@ std::optional<ZoneGap> FindZoneGap(const MapPlane& map, const PixelRect& window,
     const CKoord& west = extremes[Compass::West];
     const CKoord& east = extremes[Compass::East];
     if (!Zones_Exist(static_cast<std::int32_t>(west.type))) return std::nullopt;
-    if (!IsOutermost(-1, west) || !IsOutermost(1, east)) return std::nullopt;
+    if (!IsAtTheEnd(-1, west) || !IsAtTheEnd(1, east)) return std::nullopt;
 
     const std::vector<std::int32_t> seen = ZonesSeen(map, window, west);
     const auto widest = std::adjacent_find(seen.begin(), seen.end(), [&](std::int32_t a, std::int32_t b) {
         return b - a > (Zones_Number(east) - Zones_Number(west)) / 2;
     });
     if (widest == seen.end()) return std::nullopt;
-    return ZoneGap{*widest + 2, *(widest + 1) - 2};
+    const ZoneGap gap{*widest + 2, *(widest + 1) - 2};
+    return gap.first <= gap.last ? std::optional(gap) : std::nullopt;
 }
 
 }  // namespace tessara

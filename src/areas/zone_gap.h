@@ -18,9 +18,9 @@ struct ZoneGap {
     [[nodiscard]] bool Holds(std::int32_t zone) const { return zone >= first && zone <= last; }
 };
 
-// Nothing unless the extremes take in all zones of the system, and most of them lie outside the window.
-// Beside a zone of the window its neighbour is never in the gap: it may reach into the window by less than is
-// seen.
+// Nothing unless the extremes take in all zones of the system, or all but the outermost, and most of them lie
+// outside the window. Beside a zone of the window its neighbour is never in the gap: it may reach into the
+// window by less than is seen.
 [[nodiscard]] std::optional<ZoneGap> FindZoneGap(const MapPlane& map, const PixelRect& window,
                                                  const Extremes& extremes);
 

@@ -29,6 +29,15 @@ TEST(ZoneGap, AWindowOverTheDateLineLeavesOutTheRestOfTheWorld) {
     EXPECT_FALSE(utm->Holds(2) || utm->Holds(59));
 }
 
+// GK ends at 181.5 degrees, and there a column of the window already lies in strip -59: -60 and 60, which
+// have the same meridian, are one on the ground.
+TEST(ZoneGap, AWindowOverTheEndOfTheStripsLeavesOutTheRestOfTheWorld) {
+    const auto gk = GapOf(DegreeMap(178.0, 10.0, 100.0), {0, 0, 400, 200}, KOORD_GK);
+    ASSERT_TRUE(gk);
+    EXPECT_EQ(gk->first, -57);
+    EXPECT_EQ(gk->last, 57);
+}
+
 TEST(ZoneGap, OtherWindowsHaveNone) {
     EXPECT_FALSE(GapOf(DateLineMap(), {0, 0, 80, 200}, KOORD_UTM)) << "west of the line";
     EXPECT_FALSE(GapOf(DateLineMap(), {120, 0, 200, 200}, KOORD_UTM)) << "east of it";
@@ -39,6 +48,8 @@ TEST(ZoneGap, OtherWindowsHaveNone) {
         EXPECT_FALSE(GapOf(world, {0, 0, 3600, 1800}, system)) << "all zones of " << system;
     const auto austria = DegreeMap(8.0, 51.5, 100.0);
     EXPECT_FALSE(GapOf(austria, {0, 0, 1100, 700}, KOORD_BMN)) << "all three meridians";
+    EXPECT_FALSE(GapOf(austria, {100, 100, 500, 600}, KOORD_BMN)) << "the western two";
+    EXPECT_FALSE(GapOf(austria, {500, 100, 900, 600}, KOORD_BMN)) << "the eastern two";
 }
 
 }  // namespace
