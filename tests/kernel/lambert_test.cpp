@@ -191,6 +191,16 @@ TEST(LambertCCInit, AnUnknownDatumFailsAndLeavesZeros) {
     }
 }
 
+TEST(LambertCCInverse, AConeOfAnUnknownDatumGivesNoPosition) {
+    LambertCC lcc = Cone(30.0, 60.0, 45.0, 10.0);
+    for (const std::int32_t datum : {-1, DATUM_COUNT, INT32_MIN, INT32_MAX}) {
+        lcc.datum = datum;
+        const Position position = Inverse(lcc, 1000.0, 2000.0);
+        EXPECT_TRUE(std::isnan(position.latitude)) << datum;
+        EXPECT_TRUE(std::isnan(position.longitude)) << datum;
+    }
+}
+
 TEST(LambertCC, WithoutAConeThereIsNoPosition) {
     const LambertCC cones[] = {LambertCC{},                  // nothing set
                                Cone(30.0, -30.0, 0.0, 0.0),  // opposite parallels
