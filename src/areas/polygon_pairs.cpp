@@ -5,6 +5,8 @@
 #include <limits>
 #include <numeric>
 
+#include "areas/box_tree.h"
+
 namespace tessara {
 namespace {
 
@@ -16,8 +18,16 @@ double Margin(double a, double b) {
     return std::isfinite(size) ? ROUNDINGS * std::numeric_limits<double>::epsilon() * size : 0.0;
 }
 
-bool MeetInY(const Box& a, const Box& b) {
-    return a.top <= b.bottom && b.top <= a.bottom;
+bool Meet(const Box& a, const Box& b) {
+    return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
+}
+
+std::vector<std::size_t> ByLeft(const std::vector<Box>& boxes) {
+    std::vector<std::size_t> byLeft(boxes.size());
+    std::iota(byLeft.begin(), byLeft.end(), std::size_t{0});
+    std::sort(byLeft.begin(), byLeft.end(),
+              [&](std::size_t a, std::size_t b) { return boxes[a].left < boxes[b].left; });
+    return byLeft;
 }
 
 }  // namespace
@@ -36,17 +46,24 @@ std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> outline) {
     return boxes;
 }
 
-void VisitNearPairs(std::span<const Box> boxes, const std::function<void(std::size_t, std::size_t)>& visit) {
-    std::vector<std::size_t> byLeft(boxes.size());
-    std::iota(byLeft.begin(), byLeft.end(), std::size_t{0});
-    std::sort(byLeft.begin(), byLeft.end(),
-              [&](std::size_t a, std::size_t b) { return boxes[a].left < boxes[b].left; });
-    for (std::size_t k = 0; k < byLeft.size(); ++k) {
-        const Box& box = boxes[byLeft[k]];
-        for (std::size_t m = k + 1; m < byLeft.size() && boxes[byLeft[m]].left <= box.right; ++m) {
-            if (!MeetInY(box, boxes[byLeft[m]])) continue;
+void VisitNearPairs(const std::vector<Box>& boxes,
+                    const std::function<void(std::size_t, std::size_t)>& visit) {
+    const std::vector<std::size_t> byLeft = ByLeft(boxes);
+    std::vector<Box> sorted;
+    sorted.reserve(boxes.size());
+    for (const std::size_t i : byLeft)
+        sorted.push_back(boxes[i]);
+    const BoxTree tree(sorted);
+    std::vector<std::size_t> later;
+    for (std::size_t k = 0; k < sorted.size(); ++k) {
+        later.clear();
+        tree.Search([&](const Box& box) { return Meet(sorted[k], box); },
+                    [&](std::size_t m) {
+                        if (m > k) later.push_back(m);
+                    });
+        std::sort(later.begin(), later.end());
+        for (const std::size_t m : later)
             visit(std::min(byLeft[k], byLeft[m]), std::max(byLeft[k], byLeft[m]));
-        }
     }
 }
 

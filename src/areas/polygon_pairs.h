@@ -14,7 +14,8 @@ namespace tessara {
 [[nodiscard]] std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> outline);
 [[nodiscard]] Box BoxOfEdge(const PlanePoint& a, const PlanePoint& b);
 
-// Visits every pair of boxes that meet, the smaller index first, each pair once, in no particular order.
-void VisitNearPairs(std::span<const Box> boxes, const std::function<void(std::size_t, std::size_t)>& visit);
+// Visits every pair of boxes that meet once, the smaller index first, ordered by the left borders.
+void VisitNearPairs(const std::vector<Box>& boxes,
+                    const std::function<void(std::size_t, std::size_t)>& visit);
 
 }  // namespace tessara

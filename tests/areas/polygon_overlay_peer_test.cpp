@@ -43,6 +43,23 @@ class Peer {
     Shape Difference(const Shape& a, const Shape& b) {
         return Own(GEOSDifference_r(context_, a.get(), b.get()));
     }
+    // The faces into which the edges of both cut the plane.
+    Shape Faces(const Shape& a, const Shape& b) {
+        const Shape borders[] = {Border(a), Border(b)};
+        const Shape pieces = Own(GEOSUnion_r(context_, borders[0].get(), borders[1].get()));
+        const GEOSGeometry* lines[] = {pieces.get()};
+        return Own(GEOSPolygonize_r(context_, lines, 1));
+    }
+    int CountOf(const Shape& a) { return GEOSGetNumGeometries_r(context_, a.get()); }
+    // A part of a collection, which keeps it.
+    Shape PartOf(const Shape& a, int index) {
+        return {a, const_cast<GEOSGeometry*>(GEOSGetGeometryN_r(context_, a.get(), index))};
+    }
+    Shape PointWithin(const Shape& a) { return Own(GEOSPointOnSurface_r(context_, a.get())); }
+    // By the even-odd rule, if the polygon crosses itself.
+    bool Contains(const Shape& polygon, const Shape& point) {
+        return GEOSContains_r(context_, polygon.get(), point.get()) == 1;
+    }
     double AreaOf(const Shape& a) {
         double area = -1.0;
         EXPECT_EQ(GEOSArea_r(context_, a.get(), &area), 1);
@@ -170,6 +187,47 @@ TEST(OverlayPeer, RandomSkylinesAreWhatGeosFinds) {
     }
     for (const int result : tally.results)
         EXPECT_GT(result, 30);
+}
+
+// Vertices anywhere, so that nearly a quarter of all pairs of edges cross.
+TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
+    Peer peer;
+    Random random(13);
+    for (int k = 0; k < 20; ++k) {
+        SCOPED_TRACE(k);
+        Outline outlines[2];
+        for (Outline& outline : outlines) {
+            outline.resize(static_cast<std::size_t>(20 + random.Below(60)));
+            for (PlanePoint& p : outline)
+                p = {random.Between(0, 1000), random.Between(0, 1000)};
+        }
+        OverlayParts parts;
+        ASSERT_EQ(OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts), OVERLAY_CROSSING);
+
+        const Peer::Shape first = peer.Polygon(outlines[0]);
+        const Peer::Shape second = peer.Polygon(outlines[1]);
+        const Peer::Shape faces = peer.Faces(first, second);
+        std::array<std::array<std::size_t, 2>, 2> counts{};
+        std::array<std::array<double, 2>, 2> areas{};
+        for (int i = 0; i < peer.CountOf(faces); ++i) {
+            const Peer::Shape face = peer.PartOf(faces, i);
+            const Peer::Shape within = peer.PointWithin(face);
+            const std::size_t isInFirst = peer.Contains(first, within) ? 1u : 0u;
+            const std::size_t isInSecond = peer.Contains(second, within) ? 1u : 0u;
+            ++counts[isInFirst][isInSecond];
+            areas[isInFirst][isInSecond] += peer.AreaOf(face);
+        }
+        const std::vector<Outline>* const lists[2][2] = {{&parts.neither, &parts.onlySecond},
+                                                         {&parts.onlyFirst, &parts.both}};
+        for (const std::size_t isInFirst : {0u, 1u}) {
+            for (const std::size_t isInSecond : {0u, 1u}) {
+                const std::vector<Outline>& list = *lists[isInFirst][isInSecond];
+                EXPECT_EQ(list.size(), counts[isInFirst][isInSecond]);
+                // Crossings are rounded to 1e-13, along edges of 1e5 in all.
+                EXPECT_NEAR(AreaOf(list), areas[isInFirst][isInSecond], 1e-7);
+            }
+        }
+    }
 }
 
 }  // namespace
