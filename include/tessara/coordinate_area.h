@@ -126,7 +126,9 @@ class ICoordinateArea : public IUnknown {
     // A valid pixel in a polygon of valid pixels, of whatever datums.
     virtual bool IsInsidePixels(ICoord* point, IArray* polygon) = 0;
 
-    // How close to an edge, in pixels, a point counts as on it; 2.220446049250313e-11 in a new object. False
+    // How close to an edge, in pixels, a point counts as on it; 2.220446049250313e-11 in a new object. Its
+    // distance from the line through the edge and, beyond an end, along either axis is less: 0.0 leaves only
+    // points exactly on the outline, 0.5 widens a rectangle by just under half a pixel on every side. False
     // for a negative tolerance or a NaN, which change nothing.
     virtual bool SetTolerance(double tolerance) = 0;
     virtual double GetTolerance() = 0;

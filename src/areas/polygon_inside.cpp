@@ -28,9 +28,15 @@ bool AnyEdge(const Outline& outline, const Test& test) {
     return false;
 }
 
+// Differences keep a tolerance that would be lost in the borders of a box far from (0, 0).
+bool IsNearBox(const PlanePoint& p, const Box& box, double tolerance) {
+    return box.left - p.x < tolerance && p.x - box.right < tolerance && box.top - p.y < tolerance &&
+           p.y - box.bottom < tolerance;
+}
+
 bool IsOnOutline(const PlanePoint& p, const Outline& outline, double tolerance) {
     return AnyEdge(outline, [&](const PlanePoint& a, const PlanePoint& b) {
-        return BoxOf(a, b).Holds(p) && std::fabs(SignedDistance(p, a, b)) < tolerance;
+        return IsNearBox(p, BoxOf(a, b), tolerance) && std::fabs(SignedDistance(p, a, b)) < tolerance;
     });
 }
 

@@ -1,5 +1,5 @@
-// Whether a point lies inside a polygon in a plane. A point on a vertex, or closer to an edge than the
-// tolerance and within the edge's box, is inside.
+// Whether a point lies inside a polygon in a plane. A point on a vertex or an edge is inside, and so is one
+// that is less than the tolerance off the line of an edge and, on both axes, off the edge's box.
 #pragma once
 
 #include "areas/polygon_outline.h"

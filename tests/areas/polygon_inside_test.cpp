@@ -243,10 +243,51 @@ TEST(PointInVertices, APointNearerToAnEdgeThanTheToleranceIsInside) {
     EXPECT_FALSE(PointInVertices({2.4, 2.4}, diamond, 0.5));
 }
 
-TEST(PointInVertices, AnEdgeEndsWhereItsBoxEnds) {
-    // 0.25 to the right of the right side: near enough, but outside the side's box, which has no width.
-    EXPECT_FALSE(PointInVertices({4.25, 2}, Rectangle(0, 0, 4, 4), 0.5));
-    EXPECT_TRUE(PointInVertices({4, 2}, Rectangle(0, 0, 4, 4), 0.5));
+// Both tests of a polygon.
+bool IsInside(const PlanePoint& p, const Outline& outline, double tolerance) {
+    const bool isInside = PointInVertices(p, outline, tolerance);
+    EXPECT_EQ(PointInPolygon(p, outline, tolerance), isInside);
+    return isInside;
+}
+
+TEST(PointInVertices, ARectangleIsWiderByTheTolerance) {
+    for (const Outline& square : {Rectangle(0, 0, 4, 4), testing::Reversed(Rectangle(0, 0, 4, 4))}) {
+        for (const double along : {0.0, 0.25, 2.0, 4.0}) {
+            for (const double off : {0.25, 0.49}) {
+                EXPECT_TRUE(IsInside({4 + off, along}, square, 0.5));
+                EXPECT_TRUE(IsInside({-off, along}, square, 0.5));
+                EXPECT_TRUE(IsInside({along, 4 + off}, square, 0.5));
+                EXPECT_TRUE(IsInside({along, -off}, square, 0.5));
+            }
+            // A point as far off as the tolerance is outside.
+            for (const double off : {0.5, 0.51}) {
+                EXPECT_FALSE(IsInside({4 + off, along}, square, 0.5));
+                EXPECT_FALSE(IsInside({-off, along}, square, 0.5));
+                EXPECT_FALSE(IsInside({along, 4 + off}, square, 0.5));
+                EXPECT_FALSE(IsInside({along, -off}, square, 0.5));
+            }
+        }
+        EXPECT_TRUE(IsInside({4.4, 4.4}, square, 0.5)) << "the corner of the grown box";
+        EXPECT_FALSE(IsInside({4.6, 4.4}, square, 0.5));
+    }
+}
+
+TEST(PointInVertices, AnEdgeEndsWhereItsBoxGrownByTheToleranceEnds) {
+    const Outline flag{{0, 0}, {4, 4}, {0, 8}, {0, 0}};
+    // On the line of the edge from (0, 0) to (4, 4), beyond its end.
+    EXPECT_TRUE(IsInside({4.25, 4.25}, flag, 0.5));
+    EXPECT_FALSE(IsInside({4.5, 4.5}, flag, 0.5));
+    EXPECT_FALSE(IsInside({4.75, 4.75}, flag, 0.5));
+    EXPECT_FALSE(IsInside({4.25, 4.25}, flag, 0.0));
+}
+
+// Where the tolerance is lost beside the coordinates, points exactly on an edge are on it still.
+TEST(PointInVertices, ATinyToleranceCountsFarFromTheOrigin) {
+    const double far = 0x1p40;  // neighbouring numbers are 2e-4 apart
+    const Outline square = Rectangle(far, far, far + 4, far + 4);
+    EXPECT_TRUE(IsInside({far + 4, far + 2}, square, TOLERANCE));
+    EXPECT_FALSE(IsInside({std::nextafter(far + 4, INF), far + 2}, square, TOLERANCE));
+    EXPECT_TRUE(IsInside({std::nextafter(far + 4, INF), far + 2}, square, 0.001));
 }
 
 TEST(PointInVertices, ToleranceZeroLeavesExactPointsOnEdgesInside) {
@@ -254,6 +295,7 @@ TEST(PointInVertices, ToleranceZeroLeavesExactPointsOnEdgesInside) {
     EXPECT_TRUE(PointInVertices({2, 2}, {{0, 0}, {4, 4}, {0, 4}}, 0.0));
     EXPECT_TRUE(PointInVertices({2, 0}, Rectangle(0, 0, 4, 4), 0.0));
     EXPECT_TRUE(PointInVertices({4, 2}, Rectangle(0, 0, 4, 4), 0.0));
+    EXPECT_FALSE(PointInVertices({std::nextafter(4, INF), 2}, Rectangle(0, 0, 4, 4), 0.0));
     EXPECT_FALSE(PointInVertices({2 + 1e-15, 2}, {{0, 0}, {4, 4}, {0, 4}}, 0.0));
 }
 

@@ -327,7 +327,6 @@ TEST(OverlayVertices, TheToleranceMovesNoVertex) {
     const Outline nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
     for (const double tolerance : {0.0, TOLERANCE, 0.1, 100.0, INF}) {
         OverlayParts parts;
-        EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4.01, 1, 6, 3), tolerance, &parts), OVERLAY_APART);
         EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4, 1, 6, 3), tolerance, &parts), OVERLAY_TOUCHING);
         EXPECT_EQ(OverlayVertices(SQUARE, SQUARE, tolerance, &parts), OVERLAY_EQUAL);
         ASSERT_EQ(OverlayVertices(SQUARE, nearly, tolerance, &parts), OVERLAY_CROSSING);
@@ -347,6 +346,14 @@ TEST(OverlayVertices, APolygonWithinTheToleranceOfAnotherIsInsideByItsFirstVerte
     EXPECT_EQ(OverlayVertices(beside, diamond, 0.2, &parts), OVERLAY_APART);
     EXPECT_EQ(OverlayVertices(StartingAt(2, beside), diamond, 0.3, &parts), OVERLAY_APART);
     ExpectNoParts(parts);
+
+    // Its left side is 0.01 beside the square's right one, 4.01 from the square's first vertex.
+    const Outline right = Rectangle(4.01, 1, 6, 3);
+    EXPECT_EQ(OverlayVertices(SQUARE, right, TOLERANCE, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(SQUARE, right, 0.01 - 1e-9, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(SQUARE, right, 0.1, &parts), OVERLAY_SECOND_INSIDE);
+    EXPECT_EQ(OverlayVertices(SQUARE, right, 5, &parts), OVERLAY_FIRST_INSIDE);
+    EXPECT_EQ(OverlayVertices(SQUARE, right, INF, &parts), OVERLAY_FIRST_INSIDE);
 }
 
 TEST(OverlayVertices, ARoundingIsNoDistanceWhateverTheTolerance) {

@@ -124,6 +124,19 @@ TEST_F(PolygonQuestions, TheObjectsToleranceCounts) {
     EXPECT_FALSE(area->IsInsidePixels(PixelAt(2 + 1e-12, 2 + 1e-12).Get(), diamond.Get()));
 }
 
+TEST_F(PolygonQuestions, HalfAPixelOfToleranceWidensARectangle) {
+    const auto square = PixelPolygon(SQUARE);
+    ASSERT_TRUE(area->SetTolerance(0.5));
+    for (const PlanePoint& p : Outline{{4.4, 2}, {-0.4, 2}, {2, 4.4}, {2, -0.4}}) {
+        EXPECT_TRUE(AskAll(PixelAt(p.x, p.y), square, true));
+        EXPECT_TRUE(area->IsInsideTransferred(map.Get(), PixelAt(p.x, p.y).Get(), square.Get()));
+    }
+    for (const PlanePoint& p : Outline{{4.6, 2}, {-0.6, 2}, {2, 4.6}, {2, -0.6}})
+        EXPECT_TRUE(AskAll(PixelAt(p.x, p.y), square, false));
+    ASSERT_TRUE(area->SetTolerance(0.0));
+    EXPECT_TRUE(AskAll(PixelAt(4.4, 2), square, false));
+}
+
 // The parallel of 48 degrees from 7 to 11 degrees east bends on the map: cs2cs +proj=latlong to +proj=utm
 // +zone=32 gives the northings 5318235.614 at its ends and 5316300.224 in its middle, at the easting 500000.
 TEST_F(PolygonQuestions, EdgesAreStraightInTheCoordinatesOrOnTheMap) {
