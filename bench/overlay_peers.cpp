@@ -22,6 +22,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bench/outlines.h"
 #include "tessara/array.h"
 #include "tessara/coord.h"
 #include "tessara/coordinate_area.h"
@@ -161,21 +162,6 @@ class Geos {
     bool areSimple_;
 };
 
-// A vertex in each of equal sectors, at a random distance.
-Outline Star(std::size_t count, double centre) {
-    constexpr double turn = 6.283185307179586;
-    std::mt19937_64 random(count);
-    std::uniform_real_distribution<double> part(0.05, 0.95);
-    std::uniform_real_distribution<double> radius(250.0, 400.0);
-    Outline star;
-    for (std::size_t i = 0; i < count; ++i) {
-        const double angle = turn * (static_cast<double>(i) + part(random)) / static_cast<double>(count);
-        const double r = radius(random);
-        star.push_back({centre + r * std::cos(angle), 500.0 + r * std::sin(angle)});
-    }
-    return star;
-}
-
 // Vertices anywhere: nearly a quarter of all pairs of edges cross.
 Outline Tangle(std::size_t count, std::uint64_t seed) {
     std::mt19937_64 random(seed);
@@ -203,9 +189,9 @@ Outline Line(std::size_t count, std::uint64_t seed) {
 
 std::vector<Input> Inputs() {
     return {
-        {"stars 100", Star(100, 500), Star(100, 600), true},
-        {"stars 1000", Star(1000, 500), Star(1000, 600), true},
-        {"stars 10000", Star(10000, 500), Star(10000, 600), true},
+        {"stars 100", Star<Outline>(100, 500), Star<Outline>(100, 600), true},
+        {"stars 1000", Star<Outline>(1000, 500), Star<Outline>(1000, 600), true},
+        {"stars 10000", Star<Outline>(10000, 500), Star<Outline>(10000, 600), true},
         {"tangles 100", Tangle(100, 1), Tangle(100, 2), false},
         {"tangles 300", Tangle(300, 1), Tangle(300, 2), false},
         {"tangles 1000", Tangle(1000, 1), Tangle(1000, 2), false},

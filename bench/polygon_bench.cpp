@@ -3,12 +3,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
-#include <random>
-
 #include "areas/polygon_inside.h"
 #include "areas/polygon_overlay.h"
 #include "areas/polygon_split.h"
+#include "bench/outlines.h"
 #include "tessara/array.h"
 #include "tessara/coord.h"
 #include "tessara/coordinate_area.h"
@@ -17,23 +15,12 @@
 namespace tessara::bench {
 namespace {
 
-constexpr double TURN = 6.283185307179586;
 constexpr double TOLERANCE = 2.220446049250313e-11;
 constexpr PlanePoint MIDDLE{500.0, 500.0};
 constexpr PlanePoint FAR{5000.0, 5000.0};
 
-// A vertex in each of equal sectors, at a random distance: spiky, and never crossing itself.
-Outline Star(std::int64_t count, double shift = 0.0) {
-    std::mt19937_64 random(static_cast<std::uint64_t>(count) + 1);
-    std::uniform_real_distribution<double> part(0.05, 0.95);
-    std::uniform_real_distribution<double> radius(250.0, 400.0);
-    Outline star;
-    for (std::int64_t i = 0; i < count; ++i) {
-        const double angle = TURN * (static_cast<double>(i) + part(random)) / static_cast<double>(count);
-        const double r = radius(random);
-        star.push_back({MIDDLE.x + shift + r * std::cos(angle), MIDDLE.y + r * std::sin(angle)});
-    }
-    return star;
+Outline StarAt(std::int64_t count, double shift = 0.0) {
+    return Star<Outline>(count, MIDDLE.x + shift);
 }
 
 // A wave over its own ground line, which it crosses with every second edge.
@@ -60,7 +47,7 @@ IRef<IArray> Polygon(const Outline& outline) {
 void IsInsidePixels(benchmark::State& state, const PlanePoint& place) {
     const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
     const IRef<ICoord> point = Pixel(place);
-    const IRef<IArray> polygon = Polygon(Star(state.range(0)));
+    const IRef<IArray> polygon = Polygon(StarAt(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(area->IsInsidePixels(point.Get(), polygon.Get()));
 }
@@ -69,8 +56,8 @@ BENCHMARK_CAPTURE(IsInsidePixels, far, FAR)->Arg(1000)->Unit(benchmark::kMicrose
 
 void Overlay(benchmark::State& state) {
     const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
-    const IRef<IArray> first = Polygon(Star(state.range(0)));
-    const IRef<IArray> second = Polygon(Star(state.range(0), 100.0));
+    const IRef<IArray> first = Polygon(StarAt(state.range(0)));
+    const IRef<IArray> second = Polygon(StarAt(state.range(0), 100.0));
     const IRef<IArray> parts[] = {IRef<IArray>(CreateClassArray()), IRef<IArray>(CreateClassArray()),
                                   IRef<IArray>(CreateClassArray()), IRef<IArray>(CreateClassArray())};
     for (auto _ : state) {
@@ -81,7 +68,7 @@ void Overlay(benchmark::State& state) {
 BENCHMARK(Overlay)->Arg(200)->Unit(benchmark::kMicrosecond);
 
 void PointInStar(benchmark::State& state, const PlanePoint& place) {
-    const Outline star = Star(state.range(0));
+    const Outline star = StarAt(state.range(0));
     for (auto _ : state)
         benchmark::DoNotOptimize(PointInPolygon(place, star, TOLERANCE));
     state.SetComplexityN(state.range(0));
@@ -100,12 +87,12 @@ void Split(benchmark::State& state, Outline (*make)(std::int64_t)) {
 }
 
 Outline PlainStar(std::int64_t count) {
-    return Star(count);
+    return StarAt(count);
 }
 
 void OverlayStars(benchmark::State& state) {
-    const Outline first = Star(state.range(0));
-    const Outline second = Star(state.range(0), 100.0);
+    const Outline first = StarAt(state.range(0));
+    const Outline second = StarAt(state.range(0), 100.0);
     OverlayParts parts;
     for (auto _ : state)
         benchmark::DoNotOptimize(OverlayVertices(first, second, TOLERANCE, &parts));

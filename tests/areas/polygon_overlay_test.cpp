@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <limits>
 
 #include "support/outlines.h"
@@ -419,6 +420,70 @@ TEST(OverlayVertices, EndsForEveryTangle) {
                 EXPECT_GT(SignedArea(part), 0.0);
             }
         }
+    }
+}
+
+// By the even-odd rule an odd number of rounds is one round, and an even number covers nothing.
+TEST(OverlayVertices, ThousandsOfEdgesOnTopOfEachOtherCount) {
+    const Outline pentagram{{0, 0}, {10, 3}, {4, 9}, {8, -2}, {1, 7}};
+    const auto rounds = [&](int count) {
+        Outline outline;
+        for (int i = 0; i < count; ++i)
+            outline.insert(outline.end(), pentagram.begin(), pentagram.end());
+        return outline;
+    };
+    OverlayParts parts;
+    EXPECT_EQ(OverlayVertices(rounds(2001), pentagram, TOLERANCE, &parts), OVERLAY_EQUAL);
+    EXPECT_EQ(OverlayVertices(rounds(2001), Reversed(rounds(1001)), TOLERANCE, &parts), OVERLAY_EQUAL);
+    EXPECT_EQ(OverlayVertices(rounds(2000), pentagram, TOLERANCE, &parts), OVERLAY_APART);
+    EXPECT_EQ(OverlayVertices(rounds(2000), rounds(2000), TOLERANCE, &parts), OVERLAY_APART);
+}
+
+TEST(OverlayVertices, OutlinesOnOneLineHaveNoAreaToShare) {
+    testing::Random random(14);
+    for (const double slope : {0.0, 0.5, 1.0 / 3.0}) {
+        Outline outlines[2];
+        for (Outline& outline : outlines) {
+            outline.resize(300);
+            for (PlanePoint& p : outline) {
+                const double x = random.Between(0, 1000);
+                p = {x, slope * x};
+            }
+        }
+        OverlayParts parts;
+        EXPECT_EQ(OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts), OVERLAY_APART);
+        ExpectNoParts(parts);
+    }
+}
+
+TEST(OverlayVertices, EndsForRandomBits) {
+    testing::Random random(15);
+    const auto bits = [&] {
+        std::uint64_t word = 0;
+        for (int i = 0; i < 4; ++i)
+            word = word << 16 | static_cast<std::uint64_t>(random.Below(0x10000));
+        return std::bit_cast<double>(word);
+    };
+    const auto isUsable = [](double value) { return std::fabs(value) <= 1e150; };
+    for (int k = 0; k < 300; ++k) {
+        const bool areAllUsable = k % 2 == 0;
+        bool isEachUsable = true;
+        const auto coordinate = [&] {
+            double value = bits();
+            while (areAllUsable && !isUsable(value))
+                value = bits();
+            isEachUsable &= isUsable(value);
+            return value;
+        };
+        Outline outlines[2];
+        for (Outline& outline : outlines) {
+            outline.resize(static_cast<std::size_t>(1 + random.Below(20)));
+            for (PlanePoint& p : outline)
+                p = {coordinate(), coordinate()};
+        }
+        OverlayParts parts;
+        const std::int32_t result = OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts);
+        EXPECT_EQ(result != OVERLAY_FAILURE, isEachUsable) << k;
     }
 }
 
