@@ -89,6 +89,8 @@ class NodesOnSegment {
           b_(b),
           grain_(grain),
           box_(BoxOf(a, b)),
+          near_{box_.left - SLACK * grain, box_.top - SLACK * grain, box_.right + SLACK * grain,
+                box_.bottom + SLACK * grain},
           dx_(b.x - a.x),
           dy_(b.y - a.y),
           slack_(SLACK * grain * std::hypot(dx_, dy_)) {}
@@ -98,9 +100,8 @@ class NodesOnSegment {
     }
     // Whether a box may hold such a node: it doesn't lie on one side of the line as a whole.
     [[nodiscard]] bool MayMeet(const Box& box) const {
-        const double reach = SLACK * grain_;
-        if (box.left > box_.right + reach || box.right < box_.left - reach) return false;
-        if (box.top > box_.bottom + reach || box.bottom < box_.top - reach) return false;
+        if (box.left > near_.right || box.right < near_.left) return false;
+        if (box.top > near_.bottom || box.bottom < near_.top) return false;
         const double x = (box.left + box.right) / 2.0;
         const double y = (box.top + box.bottom) / 2.0;
         const double offset = std::fabs(dx_ * (y - a_.y) - dy_ * (x - a_.x));
@@ -113,7 +114,7 @@ class NodesOnSegment {
 
     PlanePoint a_, b_;
     double grain_;
-    Box box_;
+    Box box_, near_;
     double dx_, dy_, slack_;
 };
 
