@@ -2,7 +2,7 @@
 // raster lies on a plane about the pole and distances from the pole are true.
 #include <cmath>
 
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 
 namespace tessara {
 namespace {

@@ -1,7 +1,7 @@
 // Maps whose raster is parallel to the axes of a grid. The relation is linear and the projection is the
 // grid's own business.
 #include "kernel/numeric.h"
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 

@@ -1,6 +1,6 @@
 // Maps on Lambert's conformal cone: LAMBERT2 and LAMBERTCC with parameters of their own, LAMBERTFR with those
 // of the French zones.
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 #include "tessara/kernel/lambert.h"
 
 namespace tessara {

@@ -2,7 +2,7 @@
 #include <array>
 
 #include "kernel/numeric.h"
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {

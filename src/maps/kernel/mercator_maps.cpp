@@ -3,7 +3,7 @@
 // AZYL, whose rows are true distances along the meridian.
 #include <cmath>
 
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 #include "tessara/kernel/polynomial.h"
 
 namespace tessara {

@@ -1,7 +1,7 @@
 // Maps of the whole earth, tied to the raster by a reference point: VAN_DER_GRINTEN and WAGNER-IV.
 #include <cmath>
 
-#include "maps/kernel/map_types.h"
+#include "maps/kernel/map_parts.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/wagner_iv.h"
 

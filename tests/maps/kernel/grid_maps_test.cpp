@@ -4,9 +4,9 @@
 #include <cstring>
 #include <limits>
 
-#include "maps/kernel/map_types.h"
 #include "support/maps.h"
 #include "tessara/kernel/convert.h"
+#include "tessara/kernel/map_types.h"
 
 namespace tessara::testing {
 namespace {

@@ -5,11 +5,11 @@
 #include <limits>
 #include <optional>
 
-#include "maps/kernel/map_types.h"
 #include "support/maps.h"
 #include "support/random.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/geodesic.h"
+#include "tessara/kernel/map_types.h"
 
 namespace tessara::testing {
 namespace {

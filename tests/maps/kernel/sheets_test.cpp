@@ -8,8 +8,8 @@
 #include <limits>
 #include <map>
 
-#include "maps/kernel/map_types.h"
 #include "support/reference_file.h"
+#include "tessara/kernel/map_types.h"
 
 namespace tessara::testing {
 namespace {
