@@ -1,5 +1,5 @@
-// A range ring around a position, and the geodesic to a far one on a world map. Rings are made by a class
-// that gets its helpers from the host's object manager; tessara/host has one ready-made.
+// A range ring around a position, and the geodesic to a far one on a world map. The class that makes rings
+// gets its helpers from the host's object manager, where there is one; tessara/host has one ready-made.
 #include <iomanip>
 #include <iostream>
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "geometry/creation.h"
 #include "support/legal_positions.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
@@ -234,7 +235,7 @@ const Operation QUICK[] = {
             ->IntersectPixelLines(p.Line(), p.Line(), New(CreateClassIntersectionResults).Get());
     },
     [](Pool& p) {
-        const IRef<ILineIntersectionParameters> parameters(CLSID_LineIntersectionParameters);
+        const auto parameters = New(NewLineIntersectionParameters);
         parameters->SetLineStart(p.Coord());
         parameters->SetLineEnd(p.Coord());
         const auto results = New(CreateClassIntersectionResults);

@@ -214,15 +214,15 @@ TEST_F(Threads, ReadOneMap) {
 // The services that the factories hand out as one object keep nothing between calls.
 TEST_F(Threads, ShareTheSingletons) {
     const ManagedLibrary library;
-    const IRef<ICoordinateCompare> compare(CLSID_CoordinateCompare);
-    const IRef<ICoordinateNeighbor> neighbor(CLSID_CoordinateNeighbor);
-    const IRef<ICoordinateTransfer> transfer(CLSID_CoordinateTransfer);
-    const IRef<IZoneCoordOperations> zones(CLSID_ZoneCoordOperations);
-    const IRef<IVector> vectors(CLSID_EuclideanVector);
-    const IRef<IEllipsoidOfRevolution> ellipsoid(CLSID_EllipsoidOfRevolution);
-    const IRef<ICircleOnTangentPlane> circle(CLSID_CircleOnTangentPlane);
-    const IRef<IEllipseOnTangentPlane> ellipse(CLSID_EllipseOnTangentPlane);
-    const IRef<IProjectionFactory> projections(CLSID_ProjectionFactory);
+    const auto compare = library.Make<ICoordinateCompare>(CLSID_CoordinateCompare);
+    const auto neighbor = library.Make<ICoordinateNeighbor>(CLSID_CoordinateNeighbor);
+    const auto transfer = library.Make<ICoordinateTransfer>(CLSID_CoordinateTransfer);
+    const auto zones = library.Make<IZoneCoordOperations>(CLSID_ZoneCoordOperations);
+    const auto vectors = library.Make<IVector>(CLSID_EuclideanVector);
+    const auto ellipsoid = library.Make<IEllipsoidOfRevolution>(CLSID_EllipsoidOfRevolution);
+    const auto circle = library.Make<ICircleOnTangentPlane>(CLSID_CircleOnTangentPlane);
+    const auto ellipse = library.Make<IEllipseOnTangentPlane>(CLSID_EllipseOnTangentPlane);
+    const auto projections = library.Make<IProjectionFactory>(CLSID_ProjectionFactory);
     ExpectSameAtOnce<double>([&] {
         std::vector<double> numbers;
         const IRef<ICoord> coord = CoordOf(Utm32(600000.0, 5500000.0));
@@ -253,7 +253,7 @@ TEST_F(Threads, MakeObjectsThroughOneFactory) {
     std::vector<MClassFactory*> factories;
     for (MClassFactory* factory = FirstClassFactory(); factory != nullptr; factory = factory->Next()) {
         factories.push_back(factory);
-        const IRef<IUnknown> first(*factory->ClassId());
+        const auto first = library.Make<IUnknown>(*factory->ClassId());
         EXPECT_TRUE(first.IsValid()) << factory->ClassName();
     }
     AtOnce([&](int) {

@@ -26,8 +26,8 @@ class ICircleOnTangentPlane : public IUnknown {
     // of the centre, in directions that are those of its WGS84 position.
     //
     // False, with `out` empty, for a count below 2, a centre without a position, and numbers that aren't
-    // finite; likewise for a null or wrong object, and always in an object that was made while the library
-    // had no object manager, from which it gets its ellipsoid and vector arithmetic.
+    // finite; likewise for a null or wrong object. The ellipsoid and the vector arithmetic come from the
+    // host's object manager, if there is one: always false in an object to which it didn't give them.
     virtual bool MakeCircle(ICoord* centre, double startAngle, double endAngle, double radius, IArray* out,
                             std::uint32_t count, bool clockwise) = 0;
 };

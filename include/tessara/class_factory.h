@@ -25,15 +25,14 @@ class IClassFactory : public IUnknown {
     ~IClassFactory() = default;
 };
 
-// A class factory in the library's list of classes. A host keeps the pointer that RegisterClass hands it: a
-// query on a factory answers IUnknown, ITypeInfoDesc and ITerminator, and no id leads back to IClassFactory.
+// A class factory in the library's list of classes; the library alone makes them. A host keeps the pointer
+// that RegisterClass hands it: a query on a factory answers IUnknown, ITypeInfoDesc and ITerminator, and no
+// id leads back to IClassFactory.
 class MClassFactory : public IClassFactory {
   public:
     // No id leads here: the factory answers as plain IUnknown.
     static constexpr const GUID& Iid = IID_IUnknown;
 
-    // Links itself in at the head of the class list.
-    MClassFactory(const GUID* classId, const char* className);
     MClassFactory(const MClassFactory&) = delete;
     MClassFactory& operator=(const MClassFactory&) = delete;
 
@@ -42,6 +41,8 @@ class MClassFactory : public IClassFactory {
     [[nodiscard]] MClassFactory* Next() const { return next_; }
 
   protected:
+    // For the library's own factories, and not exported: links the new one in at the head of the class list.
+    MClassFactory(const GUID* classId, const char* className);
     ~MClassFactory() = default;
 
   private:

@@ -3,7 +3,7 @@
 //     ITessaraComponent* component = nullptr;
 //     GetTessaraComponent(manager, &component);
 //     component->Initialize();                 // registers every class
-//     ... manager->CreateInstance(&CLSID_Coord, &IID_ICoord, &out) ...
+//     const IRef<ICoord> coord(CLSID_Coord, manager);
 //     component->Terminate();                  // unregisters them and ends the singletons
 //
 // The library keeps a second reference on the manager until it is unloaded. A host whose manager ends earlier
@@ -13,6 +13,7 @@
 #pragma once
 
 #include "tessara/class_factory.h"
+#include "tessara/ref.h"
 #include "tessara/unknown.h"
 
 namespace tessara {
@@ -40,6 +41,14 @@ class IObjectManager : public IUnknown {
   protected:
     ~IObjectManager() = default;
 };
+
+template <class I, class Unknown>
+IRef<I, Unknown>::IRef(const GUID& classId, IObjectManager* manager) {
+    if (manager == nullptr) return;
+    void* face = nullptr;
+    manager->CreateInstance(&classId, &IidOf<I>, &face);
+    this->pointer_ = static_cast<I*>(face);
+}
 
 // Receives the classes of EnumerateClasses. Only its fourth operation is called; the result is ignored.
 class IClassSink : public IUnknown {

@@ -17,8 +17,8 @@ inline constexpr GUID IID_IEllipsoidOfRevolution = ParseGuid("EC4DDAC3-5262-4775
 //
 // Every operation gives false for a null or wrong object and a null pointer. Vector outputs are emptied at
 // the start, and mean nothing after a failure. An object gets its vector arithmetic when it is made, and the
-// references that it reads when it is used, from the host's object manager: without one it can do nothing but
-// GetNormal and gives false for the rest.
+// references that it reads when it is used, from the host's object manager, or from the library itself if
+// there is no manager at all. With a manager that doesn't give them everything but GetNormal is false.
 //
 // Directions at a coordinate (GetLocalAxes, GetNormal, GetDirection) are those of its WGS84 position, while
 // vectors (CoordToEcefVector) lie in the space of its own datum. For a coordinate of another datum than WGS84

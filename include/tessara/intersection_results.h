@@ -10,16 +10,17 @@ class ILineIntersectionParameters;
 inline constexpr GUID CLSID_IntersectionResults = ParseGuid("4770F202-2EF5-4ADA-9318-56B81E8C3093");
 inline constexpr GUID IID_IIntersectionResults = ParseGuid("73D3361D-E2DC-42D3-A4E4-DDBA41154279");
 
-// The two lists inside come from the host's object manager. An object that was made while the library had
-// none stays without them: Add and RemoveAt are false, the count is -1.
+// The two lists inside come from the host's object manager, as CLSID_HostArray, or are the library's own if
+// there is no manager at all. An object to which a manager gave none stays without them: Add and RemoveAt are
+// false, the count is -1.
 class IIntersectionResults : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IIntersectionResults;
 
     virtual ~IIntersectionResults() = default;
 
-    // Appends a crossing as the first and as the second line see it. False for null or a foreign object;
-    // nothing is added then.
+    // Appends a crossing as the first and as the second line see it. False for null, a foreign object and
+    // without memory; nothing is added then.
     virtual bool Add(ILineIntersectionParameters* first, ILineIntersectionParameters* second) = 0;
     // False for an index at or past the count.
     virtual bool RemoveAt(std::uint32_t index) = 0;

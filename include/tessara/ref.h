@@ -14,6 +14,7 @@
 // it is for one thread at a time.
 #pragma once
 
+#include <cassert>
 #include <utility>
 
 #include "tessara/unknown.h"
@@ -21,10 +22,6 @@
 namespace tessara {
 
 namespace ObjectManagerUtils {
-
-// Makes an object of a registered class through the host's object manager; *out is null without a manager or
-// without the class. For the library's own code: hosts ask their manager.
-void CreateByClassId(const GUID& classId, const GUID& iid, void** out);
 
 // The holder: a pointer that is null or owns one count.
 template <const GUID& UnknownId, class I>
@@ -88,8 +85,11 @@ class CPPRef : public Holder {
     [[nodiscard]] bool IsValid() const { return this->pointer_ != nullptr; }
     // The raw pointer, no count taken.
     [[nodiscard]] I* Get() const { return this->pointer_; }
-    // Without any test.
-    I* operator->() const { return this->pointer_; }
+    // An empty handle is the caller's mistake: debug builds stop at it, others don't test.
+    I* operator->() const {
+        assert(IsValid());
+        return this->pointer_;
+    }
 
     // Empties the handle and gives the address of its pointer, for a function that fills an I**.
     [[nodiscard]] I** ReleaseAndGetAddress() {
@@ -99,6 +99,8 @@ class CPPRef : public Holder {
 };
 
 }  // namespace ObjectManagerUtils
+
+class IObjectManager;
 
 template <class I, class Unknown = IUnknown>
 class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounterMT<IID_IUnknown, I>> {
@@ -112,12 +114,9 @@ class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounter
     // Asks the object behind another handle.
     template <class Other>
     explicit IRef(const IRef<Other, Unknown>& other) : IRef(other.Get()) {}
-    // A new object of a registered class; empty without an object manager.
-    explicit IRef(const GUID& classId) {
-        void* face = nullptr;
-        ObjectManagerUtils::CreateByClassId(classId, IidOf<I>, &face);
-        this->pointer_ = static_cast<I*>(face);
-    }
+    // Asks an object manager for an object of a class; empty without a manager, for a class that it doesn't
+    // know, and for one without I. Stands in component.h, which has the manager's interface.
+    IRef(const GUID& classId, IObjectManager* manager);
 };
 
 }  // namespace tessara

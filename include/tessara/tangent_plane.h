@@ -17,10 +17,9 @@ inline constexpr GUID IID_ITangentPlane = ParseGuid("B74B889B-9FA1-4829-8F0C-698
 // that hasn't three elements, and as long as no origin is set. Outputs are unchanged on failure where nothing
 // else is said, but for a coordinate that can't take the result over into its reference.
 //
-// The plane works through the ellipsoid in space (ellipsoid_of_revolution.h), and so with an object manager
-// only: the library must have one when the plane is made and while it is used. The remarks on datums hold
-// here, too: points in space lie in the datum of each coordinate, the axes are those of the WGS84 position of
-// the origin.
+// The plane works through the ellipsoid in space (ellipsoid_of_revolution.h), whose remarks on the object
+// manager and on datums hold here, too: points in space lie in the datum of each coordinate, the axes are
+// those of the WGS84 position of the origin.
 class ITangentPlane : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ITangentPlane;

@@ -61,7 +61,7 @@ class COMClassFactory : public MClassFactory, public ITypeInfoDesc, public ITerm
   public:
     using Faces = FaceList<MClassFactory, ITypeInfoDesc, ITerminator>;
 
-    using MClassFactory::MClassFactory;
+    COMClassFactory(const GUID* classId, const char* className) : MClassFactory(classId, className) {}
     virtual ~COMClassFactory() = default;
 
     ResultCode CreateInstance(IUnknown* outer, const GUID* iid, void** out) override {

@@ -1,6 +1,7 @@
 #include "tessara/component.h"
 
 #include "frame/class_factory.h"
+#include "frame/managed_object.h"
 #include "tessara/object.h"
 #include "tessara/ref.h"
 
@@ -74,9 +75,8 @@ bool CTessaraComponent::EnumerateClasses(IClassSink* sink) {
 
 }  // namespace
 
-void ObjectManagerUtils::CreateByClassId(const GUID& classId, const GUID& iid, void** out) {
-    *out = nullptr;
-    if (g_objectManager.IsValid()) g_objectManager->CreateInstance(&classId, &iid, out);
+IObjectManager* HostObjectManager() {
+    return g_objectManager.Get();
 }
 
 ResultCode GetTessaraComponent(IUnknown* objectManager, ITessaraComponent** out) {

@@ -1,6 +1,7 @@
 // An object of count 0 on its way to a caller: gone again unless it is handed out.
 #pragma once
 
+#include <cassert>
 #include <utility>
 
 #include "tessara/ref.h"
@@ -19,7 +20,10 @@ class Fresh {
     ~Fresh() { const IRef<I> last(object_); }
 
     [[nodiscard]] bool IsValid() const { return object_ != nullptr; }
-    I* operator->() const { return object_; }
+    I* operator->() const {
+        assert(IsValid());
+        return object_;
+    }
 
     [[nodiscard]] I* HandOut() { return std::exchange(object_, nullptr); }
 

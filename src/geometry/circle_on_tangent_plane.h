@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/managed_object.h"
 #include "tessara/circle_on_tangent_plane.h"
 #include "tessara/ellipsoid_of_revolution.h"
 #include "tessara/euclidean_vector.h"
@@ -19,8 +20,9 @@ class CircleOnTangentPlane : public ICircleOnTangentPlane {
     ~CircleOnTangentPlane() override = default;
 
   private:
-    IRef<IEllipsoidOfRevolution> ellipsoid_{CLSID_EllipsoidOfRevolution};
-    IRef<IVector> vectors_{CLSID_EuclideanVector};
+    IRef<IEllipsoidOfRevolution> ellipsoid_ =
+        ManagedPart(CLSID_EllipsoidOfRevolution, CreateClassEllipsoidOfRevolution);
+    IRef<IVector> vectors_ = ManagedPart(CLSID_EuclideanVector, CreateClassEuclideanVector);
 };
 
 }  // namespace tessara

@@ -1,5 +1,6 @@
 #include "geometry/coord_reading.h"
 
+#include "frame/managed_object.h"
 #include "tessara/coord_geographic.h"
 
 namespace tessara {
@@ -18,7 +19,7 @@ IRef<ICoordinateReference> ReadReference(ICoord* p, IRef<ICoordinateReference> i
 }
 
 IRef<ICoordinateReference> ManagedReference() {
-    return IRef<ICoordinateReference>(CLSID_CoordinateReference);
+    return ManagedObject(CLSID_CoordinateReference, CreateClassCoordinateReference);
 }
 
 }  // namespace tessara

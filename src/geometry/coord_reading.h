@@ -19,7 +19,7 @@ bool ReadWgs84Position(ICoord* p, GeodezPayload* position);
 // The coordinate's reference, read into the object given; empty for null or a foreign object.
 [[nodiscard]] IRef<ICoordinateReference> ReadReference(ICoord* p, IRef<ICoordinateReference> into);
 
-// Such an object of the host's object manager: empty without one.
+// Such an object of the host's object manager, or of the library's own class without one.
 [[nodiscard]] IRef<ICoordinateReference> ManagedReference();
 
 [[nodiscard]] inline bool IsSpatial(const Vector* v) {

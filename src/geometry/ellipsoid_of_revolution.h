@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/managed_object.h"
 #include "tessara/ellipsoid_of_revolution.h"
 #include "tessara/euclidean_vector.h"
 #include "tessara/object.h"
@@ -35,7 +36,7 @@ class EllipsoidOfRevolution : public IEllipsoidOfRevolution {
     // origin + t direction.
     Vector Along(const Vector& origin, double t, const Vector& direction) const;
 
-    IRef<IVector> vectors_{CLSID_EuclideanVector};
+    IRef<IVector> vectors_ = ManagedPart(CLSID_EuclideanVector, CreateClassEuclideanVector);
 };
 
 }  // namespace tessara

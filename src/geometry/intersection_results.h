@@ -1,7 +1,7 @@
 #pragma once
 
+#include "frame/managed_object.h"
 #include "tessara/array.h"
-#include "tessara/component.h"
 #include "tessara/intersection_results.h"
 #include "tessara/object.h"
 #include "tessara/ref.h"
@@ -25,8 +25,8 @@ class IntersectionResults : public IIntersectionResults {
   private:
     [[nodiscard]] bool HasLists() const { return firstList_.IsValid() && secondList_.IsValid(); }
 
-    IRef<IArray> firstList_{CLSID_HostArray};
-    IRef<IArray> secondList_{CLSID_HostArray};
+    IRef<IArray> firstList_ = ManagedPart(CLSID_HostArray, CreateClassArray);
+    IRef<IArray> secondList_ = ManagedPart(CLSID_HostArray, CreateClassArray);
 };
 
 }  // namespace tessara

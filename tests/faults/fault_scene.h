@@ -67,7 +67,8 @@ struct FaultScene {
                          longText = MakeText("longer than the room that a text has inside"),
                          longNorth = MakeText("48.250000000000000000000"),
                          longEast = MakeText("11.500000000000000000000");
-    IRef<ILineIntersectionParameters> parameters{CLSID_LineIntersectionParameters};
+    IRef<ILineIntersectionParameters> parameters =
+        library.Make<ILineIntersectionParameters>(CLSID_LineIntersectionParameters);
 
     // Outputs.
     IRef<ICoord> out{CreateClassCoord()}, out2{CreateClassCoord()}, out3{CreateClassCoord()},

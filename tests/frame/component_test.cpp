@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/managed_object.h"
 #include "support/factories.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -247,24 +248,26 @@ TEST_F(Component, ObjectsAreMadeThroughTheManager) {
     auto* const kit = NewObject<host::ObjectManager>(CreateClassArray);
     const IRef<IObjectManager> manager(kit);
     component = Get(manager.Get());
-    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord).IsValid()) << "nothing is registered yet";
+    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, kit).IsValid()) << "nothing is registered yet";
+    EXPECT_EQ(HostObjectManager(), manager.Get());
     component->Initialize();
     EXPECT_EQ(kit->ClassCount(), ClassNames("").size());
     {
-        const IRef<ICoord> coord(CLSID_Coord);
+        const IRef<ICoord> coord(CLSID_Coord, kit);
         ASSERT_TRUE(coord.IsValid());
         EXPECT_EQ(CountOf(coord), 1u);
-        const IRef<ICoordInternal> internal(CLSID_Coord);
+        const IRef<ICoordInternal> internal(CLSID_Coord, kit);
         EXPECT_TRUE(internal.IsValid()) << "by its second face";
-        const IRef<IArray> array(CLSID_HostArray);
+        const IRef<IArray> array(CLSID_HostArray, kit);
         ASSERT_TRUE(array.IsValid());
         EXPECT_EQ(CountOf(array), 1u);
-        EXPECT_FALSE(IRef<IArray>(CLSID_Coord).IsValid());
-        EXPECT_FALSE(IRef<ICoord>(IID_ICoord).IsValid()) << "no class of this id";
+        EXPECT_FALSE(IRef<IArray>(CLSID_Coord, kit).IsValid());
+        EXPECT_FALSE(IRef<ICoord>(IID_ICoord, kit).IsValid()) << "no class of this id";
     }
     component->Terminate();
     EXPECT_EQ(kit->ClassCount(), 0u);
-    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord).IsValid()) << "the library has no manager any more";
+    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, kit).IsValid());
+    EXPECT_EQ(HostObjectManager(), nullptr) << "the library has no manager any more";
 }
 
 }  // namespace

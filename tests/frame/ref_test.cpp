@@ -284,9 +284,20 @@ TEST_F(Ref, IsEmptyAlreadyWhileItsObjectDies) {
     EXPECT_TRUE(sawItEmpty);
 }
 
+// A class id alone says nothing about who makes the object, so that a host needs no function of the library.
+static_assert(!std::is_constructible_v<IRef<ICoord>, const GUID&>);
+static_assert(!std::is_convertible_v<const GUID&, IRef<ICoord>>);
+
 TEST_F(Ref, OfAClassIdIsEmptyWithoutAnObjectManager) {
-    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord).IsValid());
+    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, nullptr).IsValid());
 }
+
+#if !defined(NDEBUG)
+TEST(RefDeathTest, AnEmptyHandleStopsADebugBuild) {
+    const IRef<ICoord> empty;
+    EXPECT_DEATH(empty->GetHeight(), "IsValid");
+}
+#endif
 
 }  // namespace
 }  // namespace tessara

@@ -378,36 +378,42 @@ std::vector<bool> AllResults(IEllipsoidOfRevolution* ellipsoid) {
 
 TEST_F(EllipsoidOfRevolutionTest, WorksWhereTheManagerMakesItToo) {
     EXPECT_EQ(AllResults(ellipsoid.Get()), std::vector<bool>(8, true));
-    const IRef<IEllipsoidOfRevolution> managed(CLSID_EllipsoidOfRevolution);
+    const auto managed = library.Make<IEllipsoidOfRevolution>(CLSID_EllipsoidOfRevolution);
     ASSERT_TRUE(managed.IsValid());
     EXPECT_EQ(AllResults(managed.Get()), std::vector<bool>(8, true));
-    EXPECT_EQ(IRef<IEllipsoidOfRevolution>(CLSID_EllipsoidOfRevolution).Get(), managed.Get());
+    EXPECT_EQ(library.Make<IEllipsoidOfRevolution>(CLSID_EllipsoidOfRevolution).Get(), managed.Get());
 }
 
+const std::vector<bool> EVERYTHING(8, true);
 const std::vector<bool> ONLY_THE_NORMAL = {true, false, false, false, false, false, false, false};
 
 class EllipsoidOfRevolutionWithoutManager : public testing::BalancedTest {};
 
-TEST_F(EllipsoidOfRevolutionWithoutManager, OnlyTheNormalIsLeft) {
+TEST_F(EllipsoidOfRevolutionWithoutManager, WorksByTheLibrarysOwnParts) {
     const IRef<IEllipsoidOfRevolution> ellipsoid(CreateClassEllipsoidOfRevolution());
-    EXPECT_EQ(AllResults(ellipsoid.Get()), ONLY_THE_NORMAL);
-    {
-        const testing::ManagedLibrary later;
-        // The references come now; the arithmetic would have had to come at construction.
-        EXPECT_EQ(AllResults(ellipsoid.Get()),
-                  (std::vector<bool>{true, false, false, true, true, true, false, false}));
-    }
-    EXPECT_EQ(AllResults(ellipsoid.Get()), ONLY_THE_NORMAL);
-}
-
-TEST_F(EllipsoidOfRevolutionWithoutManager, TheArithmeticOutlivesItAndTheReferencesDont) {
-    IRef<IEllipsoidOfRevolution> ellipsoid;
+    EXPECT_EQ(AllResults(ellipsoid.Get()), EVERYTHING);
+    IRef<IEllipsoidOfRevolution> left;
     {
         const testing::ManagedLibrary library;
-        ellipsoid = IRef<IEllipsoidOfRevolution>(CreateClassEllipsoidOfRevolution());
+        left = IRef<IEllipsoidOfRevolution>(CreateClassEllipsoidOfRevolution());
     }
-    EXPECT_EQ(AllResults(ellipsoid.Get()),
-              (std::vector<bool>{true, true, true, false, false, false, false, false}));
+    EXPECT_EQ(AllResults(left.Get()), EVERYTHING) << "the manager has gone";
+}
+
+TEST_F(EllipsoidOfRevolutionWithoutManager, AManagerThatGivesNothingLeavesOnlyTheNormal) {
+    const IRef<IEllipsoidOfRevolution> before(CreateClassEllipsoidOfRevolution());
+    IRef<IEllipsoidOfRevolution> within;
+    {
+        const testing::ManagedLibrary library{testing::MakeEmptyHandedManager()};
+        within = IRef<IEllipsoidOfRevolution>(CreateClassEllipsoidOfRevolution());
+        EXPECT_EQ(AllResults(within.Get()), ONLY_THE_NORMAL);
+        // The arithmetic came at construction; the references would have to come now.
+        EXPECT_EQ(AllResults(before.Get()),
+                  (std::vector<bool>{true, true, true, false, false, false, false, false}));
+    }
+    // The references come now; the arithmetic would have had to come at construction.
+    EXPECT_EQ(AllResults(within.Get()),
+              (std::vector<bool>{true, false, false, true, true, true, false, false}));
 }
 
 // Arithmetic without results, as a manager of a host may offer it.

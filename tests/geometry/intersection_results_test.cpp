@@ -116,7 +116,19 @@ TEST_F(IntersectionResultsTest, AreUselessWithoutMemoryForBothLists) {
     EXPECT_EQ(useless, 2) << "the first list, and the second";
 }
 
-TEST(IntersectionResults, AreUselessWithoutAnObjectManager) {
+TEST(IntersectionResults, HaveListsOfTheirOwnWithoutAnObjectManager) {
+    const IRef<IIntersectionResults> results(CreateClassIntersectionResults());
+    const auto first = MakeRecord();
+    const auto second = MakeRecord();
+    EXPECT_EQ(results->GetCount(), 0);
+    ASSERT_TRUE(results->Add(first.Get(), second.Get()));
+    EXPECT_EQ(results->GetCount(), 1);
+    EXPECT_EQ(IRef<ILineIntersectionParameters>(results->GetFirstAt(0)).Get(), first.Get());
+    EXPECT_EQ(IRef<ILineIntersectionParameters>(results->GetSecondAt(0)).Get(), second.Get());
+}
+
+TEST(IntersectionResults, AreUselessWithAManagerThatGivesNoList) {
+    const testing::ManagedLibrary library{testing::MakeEmptyHandedManager()};
     const IRef<IIntersectionResults> results(CreateClassIntersectionResults());
     const auto record = MakeRecord();
     ASSERT_TRUE(results.IsValid());

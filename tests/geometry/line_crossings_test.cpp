@@ -252,13 +252,9 @@ TEST_F(LineCrossingsTest, ACrossingWithoutAPositionEndsTheWork) {
 }
 
 TEST_F(LineCrossingsTest, RecordsNeedTheirLists) {
-    // Without an object manager the results have no lists.
-    IRef<IIntersectionResults> useless;
-    {
-        ITessaraComponent* component = nullptr;
-        GetTessaraComponent(nullptr, &component);
-        useless = IRef<IIntersectionResults>(CreateClassIntersectionResults());
-    }
+    // From a manager that gives none the results have none.
+    const testing::ManagedLibrary emptyHanded{testing::MakeEmptyHandedManager()};
+    const IRef<IIntersectionResults> useless(CreateClassIntersectionResults());
     EXPECT_FALSE(lines->IntersectPixelLines(square.Get(), across.Get(), useless.Get()));
     EXPECT_TRUE(lines->IntersectPixelLines(square.Get(), PixelLine({{9, 9}}).Get(), useless.Get()));
 }

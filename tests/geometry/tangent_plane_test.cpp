@@ -517,7 +517,24 @@ TEST_F(TangentPlaneTest, APointThatIsNotFiniteHasThePlaceOfARayThatMisses) {
 
 class TangentPlaneWithoutManager : public testing::BalancedTest {};
 
-TEST_F(TangentPlaneWithoutManager, TakesNoOrigin) {
+TEST_F(TangentPlaneWithoutManager, WorksByTheLibrarysOwnParts) {
+    const IRef<ITangentPlane> plane(CreateClassTangentPlane());
+    const IRef<ICoord> origin = Place(48.0, 16.0, 100.0);
+    ASSERT_TRUE(plane->SetOrigin(origin.Get()));
+    // 100 m above the origin the normal leads to the origin itself.
+    double x = 1.0, y = 1.0, z = 0.0;
+    ASSERT_TRUE(plane->GetPlaneCoords(Place(48.0, 16.0, 200.0).Get(), &x, &y, &z));
+    EXPECT_NEAR(x, 0.0, 1e-8);  // the rounding of 6.4e6 m, 9e-10 m, a few times
+    EXPECT_NEAR(y, 0.0, 1e-8);
+    EXPECT_NEAR(z, 100.0, 1e-8);
+    const IRef<ICoord> out = Place(0.0, 0.0);
+    EXPECT_TRUE(plane->PlaneCoordsToCoord(10.0, 20.0, 0.0, out.Get()));
+    EXPECT_TRUE(plane->MapByGeodesic(Place(48.1, 16.0).Get(), out.Get()));
+    EXPECT_TRUE(plane->MapByChord(Place(48.1, 16.0).Get(), out.Get()));
+}
+
+TEST_F(TangentPlaneWithoutManager, TakesNoOriginWithAManagerThatGivesNothing) {
+    const testing::ManagedLibrary library{testing::MakeEmptyHandedManager()};
     const IRef<ITangentPlane> plane(CreateClassTangentPlane());
     EXPECT_FALSE(plane->SetOrigin(Place(48.0, 16.0).Get()));
     ExpectWithoutOrigin(plane.Get());

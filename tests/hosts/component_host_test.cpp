@@ -50,11 +50,7 @@ class Host {
 
     template <class I>
     [[nodiscard]] IRef<I> Make(const GUID& classId) const {
-        IRef<I> object;
-        void* face = nullptr;
-        manager_->CreateInstance(&classId, &IidOf<I>, &face);
-        *object.ReleaseAndGetAddress() = static_cast<I*>(face);
-        return object;
+        return IRef<I>(classId, manager_.Get());
     }
 
   private:

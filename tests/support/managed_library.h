@@ -9,6 +9,22 @@
 
 namespace tessara::testing {
 
+// A manager that takes every class and gives no object.
+class EmptyHandedManager : public host::ObjectManager {
+  public:
+    ResultCode CreateInstance(const GUID*, const GUID*, void** out) override {
+        *out = nullptr;
+        return RESULT_FAIL;
+    }
+
+  protected:
+    ~EmptyHandedManager() = default;
+};
+
+[[nodiscard]] inline IRef<IObjectManager> MakeEmptyHandedManager() {
+    return IRef<IObjectManager>(NewObject<EmptyHandedManager>());
+}
+
 // While it lives, the library has a manager; the default one makes every class of the class table.
 class ManagedLibrary {
   public:
@@ -24,6 +40,12 @@ class ManagedLibrary {
     }
     ManagedLibrary(const ManagedLibrary&) = delete;
     ManagedLibrary& operator=(const ManagedLibrary&) = delete;
+
+    // A new object of a class, as the host gets it; a singleton's one object.
+    template <class I>
+    [[nodiscard]] IRef<I> Make(const GUID& classId) const {
+        return IRef<I>(classId, manager_.Get());
+    }
 
   private:
     IRef<IObjectManager> manager_;
