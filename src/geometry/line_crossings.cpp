@@ -33,6 +33,9 @@ class Sink {
   public:
     explicit Sink(IUnknown* out) : points_(out), records_(out) {}
 
+    // False for an object that has been a list of either kind, and is none any more.
+    [[nodiscard]] bool IsValid() const { return points_.IsValid() || records_.IsValid(); }
+
     void Clear() const {
         if (points_.IsValid()) points_->Clear();
         if (records_.IsValid()) records_->Clear();
@@ -134,6 +137,7 @@ bool CrossOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB, IUnknown
     Line b(lineB);
     if (!plane.IsComplete() || !a.coords.IsValid() || !b.coords.IsValid()) return false;
     if (a.IsEmpty() || b.IsEmpty()) return true;
+    if (!sink.IsValid()) return false;
 
     const IRef<ICoordinateReference> reference = CommonReference(plane, a, b);
     if (!reference.IsValid()) return false;
@@ -149,6 +153,7 @@ bool CrossPixels(IArray* lineA, IArray* lineB, IUnknown* out) {
     Line b(lineB);
     if (!a.coords.IsValid() || !b.coords.IsValid()) return false;
     if (a.IsEmpty() || b.IsEmpty()) return true;
+    if (!sink.IsValid()) return false;
 
     const IRef<ICoordinateReference> reference = BaseOf(a.coords.Get());
     if (!reference.IsValid() || !IsPixelType(reference->GetSystem())) return false;

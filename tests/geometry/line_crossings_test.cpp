@@ -7,6 +7,7 @@
 #include "support/live_objects.h"
 #include "support/managed_library.h"
 #include "support/objects.h"
+#include "support/refused_queries.h"
 #include "tessara/intersection_results.h"
 #include "tessara/line_intersection_parameters.h"
 
@@ -285,6 +286,29 @@ TEST_F(LineCrossingsTest, NullAndForeignObjectsFail) {
     EXPECT_EQ(CountOf(stranger), 1u);
     EXPECT_EQ(CountOf(map), 1u);
 }
+
+#if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
+// The list answers when the operation asks for it and not when its crossings are to go into it.
+TEST_F(LineCrossingsTest, AListThatIsNoneAnyMoreFails) {
+    for (const bool isEmpty : {false, true}) {
+        const IRef<IArray> other = isEmpty ? IRef<IArray>(CreateClassArray()) : across;
+        testing::RefusedQueries queries;
+        const IRef<IIntersectionResults> records(CreateClassIntersectionResults());
+        const IRef<IArray> list(CreateClassArray());
+        queries.TakeOver(records.Get());
+        queries.TakeOver(list.Get());
+        const auto refuse = [&] { queries.Refuse(2, testing::Refusal::FROM_THEN_ON); };
+        refuse();
+        EXPECT_EQ(lines->IntersectOnMap(map.Get(), square.Get(), other.Get(), records.Get()), isEmpty);
+        refuse();
+        EXPECT_EQ(lines->IntersectOnMapToArray(map.Get(), square.Get(), other.Get(), list.Get()), isEmpty);
+        refuse();
+        EXPECT_EQ(lines->IntersectPixelLines(square.Get(), other.Get(), records.Get()), isEmpty);
+        refuse();
+        EXPECT_EQ(lines->IntersectPixelLinesToArray(square.Get(), other.Get(), list.Get()), isEmpty);
+    }
+}
+#endif
 
 // An object of count 0 ends in the operation that it is given to, at its end and no earlier.
 TEST_F(LineCrossingsTest, TakesObjectsFreshFromTheirCreation) {

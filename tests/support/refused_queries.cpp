@@ -1,0 +1,73 @@
+#include "support/refused_queries.h"
+
+#if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
+
+#include <cstddef>
+#include <iterator>
+
+namespace tessara::testing {
+namespace {
+
+constinit RefusedQueries* g_queries = nullptr;
+
+void**& TableIn(IUnknown* object) {
+    return *reinterpret_cast<void***>(object);
+}
+
+}  // namespace
+
+RefusedQueries::RefusedQueries() {
+    g_queries = this;
+}
+
+RefusedQueries::~RefusedQueries() {
+    g_queries = nullptr;
+}
+
+void RefusedQueries::Refuse(int nth, Refusal refusal) {
+    asked_ = 0;
+    nth_ = nth;
+    refusal_ = refusal;
+}
+
+// The table of an object that was taken over; its first operation says that it is one.
+RefusedQueries::Table* RefusedQueries::TableOf(IUnknown* object) {
+    void** const operations = TableIn(object);
+    if (operations[0] != reinterpret_cast<void*>(&Ask)) return nullptr;
+    return reinterpret_cast<Table*>(reinterpret_cast<std::byte*>(operations) - offsetof(Table, operations));
+}
+
+// A table doesn't say where it ends: what follows it is copied along and never called.
+__attribute__((no_sanitize("address", "undefined"))) void RefusedQueries::TakeOver(IUnknown* object) {
+    if (object == nullptr || TableOf(object) != nullptr) return;
+    void* const* const original = TableIn(object);
+    Table& table = tables_.emplace_back();
+    table.original = original;
+    table.offsetToTop = original[-2];
+    table.typeInfo = original[-1];
+    for (std::size_t i = 0; i < std::size(table.operations); ++i)
+        table.operations[i] = original[i];
+    table.operations[0] = reinterpret_cast<void*>(&Ask);
+    TableIn(object) = table.operations;
+}
+
+ResultCode RefusedQueries::Ask(IUnknown* object, const GUID* iid, void** out) {
+    ++g_queries->asked_;
+    const bool isRefused =
+        g_queries->nth_ > 0 && (g_queries->refusal_ == Refusal::ONCE ? g_queries->asked_ == g_queries->nth_
+                                                                     : g_queries->asked_ >= g_queries->nth_);
+    if (isRefused) {
+        *out = nullptr;
+        return RESULT_NO_INTERFACE;
+    }
+    using Query = ResultCode (*)(IUnknown*, const GUID*, void**);
+    const auto query = reinterpret_cast<Query>(TableOf(object)->original[0]);
+    const ResultCode result = query(object, iid, out);
+    // Another face of the object has a table of its own.
+    if (result == RESULT_OK) g_queries->TakeOver(static_cast<IUnknown*>(*out));
+    return result;
+}
+
+}  // namespace tessara::testing
+
+#endif
