@@ -53,11 +53,11 @@ class CoordinateArea : public ICoordinateArea, public ICoordinateAreaInternal {
                                IArray* onlySecond, IArray* onlyFirst, IArray* both) override;
     bool SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) override;
 
+    // An operation of the class, behind those of the interface.
+    virtual ~CoordinateArea() = default;
+
     bool GetRectExtremes(IMapCoordOperations* map, const PixelRect* rect, ICoord* north, ICoord* east,
                          ICoord* south, ICoord* west) override;
-
-  protected:
-    virtual ~CoordinateArea() = default;
 
   private:
     double tolerance_ = 2.220446049250313e-11;

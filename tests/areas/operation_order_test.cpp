@@ -1,6 +1,7 @@
 // The operations of the grid interfaces stand in their places.
 #include <gtest/gtest.h>
 
+#include "areas/coordinate_area.h"
 #include "support/operation_order.h"
 #include "tessara/tessara.h"
 
@@ -26,6 +27,12 @@ TEST(OperationOrder, GridFactory) {
                   &I::CreateGkAtGrid, &I::CreateUpsGrid, &I::CreatePoMilitaryGrid, &I::CreateTmGrid,
                   &I::CreateVdgGrid, &I::CreateBngGrid, &I::CreateIngGrid, &I::CreateRdGrid,
                   &I::CreateLurefGrid);
+}
+
+// A destructor has two places in the table.
+TEST(OperationOrder, TheDestructorOfAnAreaStandsBehindItsInterface) {
+    EXPECT_EQ(testing::PlaceOf(&CoordinateArea::SplitPolygon), 34);
+    EXPECT_EQ(testing::PlaceOf(&CoordinateArea::GetRectExtremes), 37);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The operations of the map interfaces stand in their places: hosts call them by number.
 #include <gtest/gtest.h>
 
+#include "maps/map_coord_operations.h"
 #include "support/operation_order.h"
 #include "tessara/tessara.h"
 
@@ -55,6 +56,12 @@ TEST(OperationOrder, ReferencePointsAndSearches) {
     ExpectInOrder(3, &I::SetFloat, &I::SetLong, &I::GetFloat, &I::GetLong);
     ExpectInOrder(3, &ITransformableMapPixel::FindValidCoordInRect, &ITransformableMapPixel::ClipLineToValid);
     ExpectInOrder(3, &ITransformableInternal::FindValidCoordInPixelRect);
+}
+
+// A destructor has two places in the table.
+TEST(OperationOrder, TheDestructorOfAMapStandsBehindItsInterface) {
+    EXPECT_EQ(testing::PlaceOf(&MapCoordOperations::CoordToPixelCoord), 16);
+    EXPECT_EQ(testing::PlaceOf(&MapCoordOperations::GetMapParam), 19);
 }
 
 }  // namespace
