@@ -5,12 +5,24 @@
 //     const Vector normal = vectors->Normalize(up);
 //
 // Vectors cross the border of the library in both directions, as arguments by reference and as results by
-// value. So they have nothing of a standard library in them: the layout is a pointer, two 32-bit counts and
-// the function that frees the numbers, and whichever module got them from its heap frees them. A host built
-// with another standard library, compiler of the same binary interface or heap needs no care. The exceptions
-// of this class are thrown by the code of this header, in the module that uses the subscript or has no memory
-// left; the library tests sizes first and never lets an out_of_range pass. A vector that the library made
-// must not outlive it.
+// value. So they have nothing of a standard library in them, and a host that doesn't use this header can
+// write them from this table (64-bit pointers):
+//
+//     byte  0   double* items           the numbers; null in a vector without room
+//           8   uint32  size            how many there are
+//          12   uint32  capacity        how many there is room for, at least `size`
+//          16   void (*free)(double*)   gives the numbers back; not called for null
+//
+// The module that allocates the numbers stores its own function in `free`, and whoever ends the vector, the
+// other module included, calls it, once. So neither side needs the other's heap or standard library. What is
+// passed in belongs to the caller before and after the call; the library reads `size` numbers of it. For an
+// output (Vector*) the library calls `free` of the numbers that are there, and stores numbers and a `free` of
+// its own. A result is the caller's to end: it comes as the platform's C++ binary interface returns a class
+// with a destructor, in 24 bytes whose address the caller passes as a hidden first argument.
+//
+// The exceptions of this class are thrown by the code of this header, in the module that uses the subscript
+// or has no memory left; the library tests sizes first and never lets an out_of_range pass. A vector that the
+// library made must not outlive it, as its `free` is a function of the library.
 #pragma once
 
 #include <algorithm>

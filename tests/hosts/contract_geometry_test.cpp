@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <initializer_list>
 #include <string>
 
@@ -47,6 +48,40 @@ TEST_F(ContractGeometry, VectorArithmetic) {
     ExpectItems(vectors->Scale(a, 2.0), {6.0, 8.0, 0.0});
     EXPECT_EQ(vectors->Add(a, Sequence(1.0, 2.0)).size, 0u);
     EXPECT_EQ(vectors->Dot(a, Sequence(1.0, 2.0)), -LARGEST);
+}
+
+// A vector whose numbers come from another heap than the library's, and how many such were freed.
+int g_freed = 0;
+
+Sequence FromTheHostsHeap(double x, double y) {
+    Sequence v;
+    v.items = static_cast<double*>(std::malloc(2 * sizeof(double)));
+    v.items[0] = x;
+    v.items[1] = y;
+    v.size = v.capacity = 2;
+    v.free = [](double* items) {
+        ++g_freed;
+        std::free(items);
+    };
+    return v;
+}
+
+TEST_F(ContractGeometry, NumbersAreFreedByTheFunctionThatCameWithThem) {
+    const auto vectors = Make<IVector>("EuclideanVector");
+    const auto ellipsoid = Make<IEllipsoidOfRevolution>("EllipsoidOfRevolution");
+    g_freed = 0;
+    {
+        const Sequence argument = FromTheHostsHeap(3.0, 4.0);
+        EXPECT_EQ(vectors->Length(argument), 5.0);
+        EXPECT_EQ(g_freed, 0) << "an argument stays the caller's";
+    }
+    EXPECT_EQ(g_freed, 1);
+    Sequence output = FromTheHostsHeap(1.0, 2.0);
+    const auto hosts = output.free;
+    EXPECT_TRUE(ellipsoid->GetNormal(Geodez(0.0, 0.0), &output));
+    EXPECT_EQ(g_freed, 2) << "what an output held goes back to the host";
+    EXPECT_NE(output.free, hosts);
+    ExpectItems(output, {1.0, 0.0, 0.0});
 }
 
 // At latitude 0, longitude 0 the axes are those of space: up is x, east is y, north is z.

@@ -47,7 +47,9 @@
 namespace tessara {
 
 // A point of known position and pixel. `world` is a record of any datum and type that can be converted. Nodes
-// behind the first are made and freed by the object that holds the map.
+// behind the first belong to the map object that holds the record, which ends each with `delete`: a chain
+// that is given to one (map_param_internal.h) has its nodes from `new` of the C++ runtime that the library
+// uses. Records that no object holds own nothing, and the kernel reads the first node only.
 struct MapReferenceNode {
     tagKOORD world{};
     std::int32_t pixelX = 0;
