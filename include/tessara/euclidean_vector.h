@@ -11,7 +11,7 @@ inline constexpr GUID IID_IVector = ParseGuid("3C41A22E-B213-4CC6-89DB-0BA5F769A
 
 // Pure functions of their arguments, for vectors of any length. Sums run in the order of the elements. Where
 // two vectors must be of one size and aren't, a vector result is empty and a number is MISSING_NUMBER.
-// Without memory for a result they throw std::bad_alloc.
+// Without memory for a vector result they throw std::bad_alloc, and TripleProduct gives MISSING_NUMBER.
 class IVector : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IVector;

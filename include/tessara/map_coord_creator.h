@@ -11,7 +11,7 @@ class ICoord;
 inline constexpr GUID IID_IMapCoordCreator = ParseGuid("CBEE70FA-A9C5-45F1-A78F-E6B2CF1C6CA1");
 
 // Comes from IMapCoordCreatorFactory. Everything it hands out has the reference FLOATPIXEL in the map's
-// datum, and count 0. A new list or coordinate is null without memory, too; a list that can't grow throws.
+// datum, and count 0. A new list or coordinate is null without memory, too.
 // A creator whose map has a datum that doesn't exist, or for which memory ran short, stays inert: it gives
 // null, and converts nothing but pixels.
 class IMapCoordCreator : public IUnknown {

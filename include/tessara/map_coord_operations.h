@@ -35,7 +35,7 @@ class IMapCoordOperations : public IUnknown {
     // The reference point of a map that has exactly one; false otherwise.
     virtual bool GetReferencePoint(IReferencePoint* out) = 0;
     // All reference points, as IReferencePoint, in place of what the list held; an empty list if there are
-    // none. False for null or without memory; a list that can't grow throws. It keeps what it has got then.
+    // none. False for null or without memory; the list keeps what it has got then.
     virtual bool GetReferencePoints(IArray* out) = 0;
     // N of the scale 1:N, and 1/N; a map without a scale has N 0 and an infinite scale.
     virtual std::int32_t GetScaleDenominator() = 0;

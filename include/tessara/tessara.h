@@ -12,6 +12,10 @@
 // Anything else of one object is for one thread at a time, reading included: a coordinate or its text may
 // keep what was worked out. So is the component's life (tessara/component.h). An object handed from one
 // thread to another needs what any memory needs for that.
+//
+// Memory: an operation for which it runs short fails like any other, with the result that its header names
+// for failure. Only what grows without a result to tell it by lets std::bad_alloc pass: IArray::Add,
+// ITessaraString::AssignText, and vectors, which IVector returns.
 #pragma once
 
 #include "tessara/array.h"

@@ -18,9 +18,9 @@ class ITessaraString : public IUnknown {
 
     virtual ~ITessaraString() = default;
     // Takes the text of another ITessaraString, given by any of its interfaces. False if the object is null
-    // or has no such interface; the text is then unchanged.
+    // or has no such interface, and without memory; the text is then unchanged.
     virtual bool Assign(IUnknown* text) = 0;
-    // Null clears.
+    // Null clears. Without memory it throws std::bad_alloc, and the text is unchanged.
     virtual void AssignText(const char* text) = 0;
     // Valid until the next change.
     virtual const char* GetText() = 0;

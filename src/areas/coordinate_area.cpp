@@ -1,6 +1,7 @@
 #include "areas/coordinate_area.h"
 
 #include <array>
+#include <new>
 #include <optional>
 
 #include "areas/extremes.h"
@@ -86,22 +87,26 @@ bool ReadRect(IRect* rect, PixelRect* read) {
     return true;
 }
 
-bool WriteRectExtremes(IMapCoordOperations* map, const PixelRect& rect, const Results& results) {
+bool WriteRectExtremes(IMapCoordOperations* map, const PixelRect& rect, const Results& results) try {
     const IRef<IMapCoordOperations> on(map);
     Reference reference{};
     if (!on.IsValid() || !results.ReadReference(&reference)) return false;
     Extremes extremes;
     const bool isComplete = ExtentOfRect(on.Get(), rect, reference.datum, reference.system, &extremes);
     return results.Write(extremes) && isComplete;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool WriteLineExtremes(IMapCoordOperations* map, IArray* line, const Results& results) {
+bool WriteLineExtremes(IMapCoordOperations* map, IArray* line, const Results& results) try {
     const IRef<IArray> coords(line);
     Reference reference{};
     if (!coords.IsValid() || !results.ReadReference(&reference)) return false;
     Extremes extremes;
     const bool isComplete = ExtentOfLine(map, coords.Get(), reference.datum, reference.system, &extremes);
     return results.Write(extremes) && isComplete;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool MoveToRectExtreme(Compass direction, IMapCoordOperations* map, IRect* rect, ICoord* point) {
@@ -128,7 +133,7 @@ bool ReadPlace(const MapPlane& map, ICoord* point, PlanePoint* place) {
 // Whether a point is inside the outline that `read(plane, polygon, &outline)` makes of a polygon.
 template <class Reader>
 bool IsInside(IMapCoordOperations* map, ICoord* point, IArray* polygon, double tolerance,
-              const Reader& read) {
+              const Reader& read) try {
     const IRef<IMapCoordOperations> on(map);
     const IRef<ICoord> probe(point);
     const IRef<IArray> vertices(polygon);
@@ -138,6 +143,8 @@ bool IsInside(IMapCoordOperations* map, ICoord* point, IArray* polygon, double t
     Outline outline;
     return ReadPlace(plane, probe.Get(), &place) && read(plane, vertices.Get(), &outline) &&
            PointInPolygon(place, outline, tolerance);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace
@@ -255,7 +262,7 @@ bool CoordinateArea::IsInsideCoordEdges(IMapCoordOperations* map, ICoord* point,
     return IsInside(map, point, polygon, tolerance_, read);
 }
 
-bool CoordinateArea::IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) {
+bool CoordinateArea::IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) try {
     const IRef<ICoord> probe(point);
     const IRef<IArray> vertices(polygon);
     CKoord koord;
@@ -266,6 +273,8 @@ bool CoordinateArea::IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) {
     if (IsPixelType(ReferenceOf(koord).system)) return IsInsidePixels(probe.Get(), vertices.Get());
     const IRef<IMapCoordOperations> map = MakeHelperMap(koord);
     return IsInsideCoordEdges(map.Get(), probe.Get(), vertices.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordinateArea::IsInsideMapEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
@@ -283,18 +292,20 @@ bool CoordinateArea::IsInsideOnMap(IMapCoordOperations* map, ICoord* point, IArr
     return IsInside(map, point, polygon, tolerance_, ReadLineOnMap);
 }
 
-bool CoordinateArea::IsInsidePixels(ICoord* point, IArray* polygon) {
+bool CoordinateArea::IsInsidePixels(ICoord* point, IArray* polygon) try {
     const IRef<ICoord> probe(point);
     const IRef<IArray> vertices(polygon);
     PlanePoint place{};
     Outline outline;
     return probe.IsValid() && vertices.IsValid() && PixelOfCoord(probe.Get(), &place) &&
            ReadPixelLine(vertices.Get(), &outline) && PointInPolygon(place, outline, tolerance_);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 std::int32_t CoordinateArea::OverlayOnMap(IMapCoordOperations* map, IArray* first, IArray* second,
                                           IArray* neither, IArray* onlySecond, IArray* onlyFirst,
-                                          IArray* both) {
+                                          IArray* both) try {
     const MapPlane plane(map);
     const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
     std::optional<CKoord> start;
@@ -302,10 +313,12 @@ std::int32_t CoordinateArea::OverlayOnMap(IMapCoordOperations* map, IArray* firs
     if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
     if (!call.ReadStart(&start) || !plane.GetDatum(&datum)) return OVERLAY_FAILURE;
     return call.RunOnMap(plane, tolerance_, PixelForm(datum));
+} catch (const std::bad_alloc&) {
+    return OVERLAY_FAILURE;
 }
 
 std::int32_t CoordinateArea::Overlay(IArray* first, IArray* second, IArray* neither, IArray* onlySecond,
-                                     IArray* onlyFirst, IArray* both) {
+                                     IArray* onlyFirst, IArray* both) try {
     const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
     std::optional<CKoord> start;
     if (!call.IsComplete() || !call.ReadStart(&start)) return OVERLAY_FAILURE;
@@ -315,20 +328,24 @@ std::int32_t CoordinateArea::Overlay(IArray* first, IArray* second, IArray* neit
     const MapPlane plane(map.Get());
     if (!plane.IsComplete()) return OVERLAY_FAILURE;
     return call.RunOnMap(plane, tolerance_, PositionForm(plane, reference));
+} catch (const std::bad_alloc&) {
+    return OVERLAY_FAILURE;
 }
 
 std::int32_t CoordinateArea::OverlayPixels(IMapCoordOperations* map, IArray* first, IArray* second,
                                            IArray* neither, IArray* onlySecond, IArray* onlyFirst,
-                                           IArray* both) {
+                                           IArray* both) try {
     const MapPlane plane(map);
     const OverlayCall call(first, second, neither, onlySecond, onlyFirst, both);
     std::int32_t datum = 0;
     if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
     const bool isReady = call.HasEmptyPolygon() || plane.GetDatum(&datum);
     return isReady ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
+} catch (const std::bad_alloc&) {
+    return OVERLAY_FAILURE;
 }
 
-bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) {
+bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IArray* parts) try {
     const IRef<IMapCoordOperations> on(map);
     const IRef<IArray> vertices(polygon);
     const IRef<IArray> list(parts);
@@ -337,8 +354,11 @@ bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IAr
     std::int32_t datum = 0;
     if (!ReadValidLineOnMap(on.Get(), vertices.Get(), &outline)) return false;
     if (!ReadMapDatum(on.Get(), &datum)) return false;
+    const std::vector<Outline> simple = SplitVertices(outline);
     list->Clear();
-    return AppendOutlines(SplitVertices(outline), PixelForm(datum), list.Get());
+    return AppendOutlines(simple, PixelForm(datum), list.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 ICoordinateArea* CreateClassCoordinateArea() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "areas/compare_records.h"
 #include "areas/creation.h"
@@ -158,7 +159,7 @@ bool CoordinateGrid::SetWindowFromPoints(IFloatPoint* a, IFloatPoint* b, IFloatP
     return SetWindow(coords[0].Get(), coords[1].Get(), coords[2].Get(), coords[3].Get());
 }
 
-bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) {
+bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
     const IRef<ICoord> coords[] = {IRef<ICoord>(a), IRef<ICoord>(b), IRef<ICoord>(c), IRef<ICoord>(d)};
     const MapPlane plane(map_.Get());
     if (!plane.IsComplete()) return false;
@@ -175,6 +176,8 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) {
     window_ =
         GridWindow{extremes, FindZoneGap(plane, rect, extremes), eastStep_, northStep_, FinestStep(system_)};
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordinateGrid::Draw(Axis axis, const GridLineSink& sink) const {
@@ -185,7 +188,7 @@ bool CoordinateGrid::Draw(Axis axis, const GridLineSink& sink) const {
     return DrawGridLines(axis, *window_, &pen);
 }
 
-bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const {
+bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const try {
     const IRef<IArray> out(lines);
     if (!map_.IsValid() || !out.IsValid()) return false;
     out->Clear();
@@ -194,9 +197,11 @@ bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const {
             return AddCoord(koord, system_, points);
         });
     });
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const {
+bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
     const IRef<IArray> out(lines);
     if (!map_.IsValid() || !out.IsValid()) return false;
     out->Clear();
@@ -212,6 +217,8 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const {
                    return AddPixel(plane, koord, system_, points);
                });
            });
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordinateGrid::GetEastLines(IArray* lines) {

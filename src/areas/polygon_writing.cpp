@@ -1,5 +1,7 @@
 #include "areas/polygon_writing.h"
 
+#include <new>
+
 #include "objects/koord_access.h"
 
 namespace tessara {
@@ -39,13 +41,15 @@ OutlineForm PositionForm(const MapPlane& map, const Reference& reference) {
     return {write, false};
 }
 
-bool AppendOutlines(const std::vector<Outline>& outlines, const OutlineForm& form, IArray* list) {
+bool AppendOutlines(const std::vector<Outline>& outlines, const OutlineForm& form, IArray* list) try {
     for (const Outline& outline : outlines) {
         const IRef<IArray> part = ListOf(outline, form);
         if (!part.IsValid()) return false;
         list->Add(part.Get());
     }
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace tessara

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <new>
 
 #include "geometry/coord_reading.h"
 #include "geometry/ellipsoid_space.h"
@@ -70,7 +71,7 @@ bool SeekParameter(double distance, double wanted, Measure measure, IsMet isMet)
 
 }  // namespace
 
-bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north) {
+bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north) try {
     const IRef<ICoord> coord(p);
     GeodezPayload position{};
     Vector normal;
@@ -80,9 +81,11 @@ bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north)
     *east = {-std::sin(lambda), std::cos(lambda), 0.0};
     *north = vectors_->Cross(normal, *east);
     return IsSpatial(north);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) {
+bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) try {
     const IRef<ICoord> coord(p);
     GeodezPayload position{};
     if (!Empty({normal}) || !ReadWgs84Position(coord.Get(), &position)) return false;
@@ -90,9 +93,11 @@ bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) {
     const double lambda = position.longitude / DEGREES_PER_RADIAN;
     *normal = {std::cos(phi) * std::cos(lambda), std::cos(phi) * std::sin(lambda), std::sin(phi)};
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* direction) {
+bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* direction) try {
     const IRef<ICoord> coord(p);
     Vector east;
     Vector north;
@@ -103,9 +108,11 @@ bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* dire
     for (std::uint32_t i = 0; i < 3; ++i)
         (*direction)[i] = sinAzimuth * east[i] + cosAzimuth * north[i];
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) {
+bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) try {
     const IRef<ICoord> coord(p);
     if (!Empty({xyz})) return false;
     const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
@@ -122,6 +129,8 @@ bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) {
     }
     *xyz = VectorOf(SpacePoint(ellipsoid, Load<GeodezPayload>(record)));
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool EllipsoidOfRevolution::EcefVectorToCoord(const Vector* xyz, ICoord* out) {
@@ -165,7 +174,7 @@ bool EllipsoidOfRevolution::IntersectLine(ICoord* origin, const Vector* directio
 }
 
 bool EllipsoidOfRevolution::PointAtGeodesicDistance(ICoord* start, double azimuth, double distance,
-                                                    ICoord* out) {
+                                                    ICoord* out) try {
     const IRef<ICoord> coord(start);
     const IRef<ICoord> result(out);
     const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
@@ -193,10 +202,12 @@ bool EllipsoidOfRevolution::PointAtGeodesicDistance(ICoord* start, double azimut
     };
     return SeekParameter(distance, distance, geodesicDistance,
                          [](double miss) { return miss < SEARCH_TOLERANCE; });
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool EllipsoidOfRevolution::PointAtChordDistance(ICoord* start, double azimuth, double distance,
-                                                 ICoord* out) {
+                                                 ICoord* out) try {
     const IRef<ICoord> coord(start);
     const IRef<ICoord> result(out);
     const IRef<ICoordinateReference> reference = ReadReference(coord.Get(), ManagedReference());
@@ -217,6 +228,8 @@ bool EllipsoidOfRevolution::PointAtChordDistance(ICoord* start, double azimuth, 
     };
     return SeekParameter(distance, 0.0, height, [](double miss) { return miss <= SEARCH_TOLERANCE; }) &&
            EcefVectorToCoord(&end, result.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool EllipsoidOfRevolution::GetTripod(ICoord* start, double azimuth, Tripod* tripod) {

@@ -1,6 +1,7 @@
 #include "geometry/euclidean_vector.h"
 
 #include <cmath>
+#include <new>
 
 #include "tessara/kernel/constants.h"
 
@@ -64,8 +65,10 @@ Vector EuclideanVector::Cross(const Vector& a, const Vector& b) {
     });
 }
 
-double EuclideanVector::TripleProduct(const Vector& a, const Vector& b, const Vector& c) {
+double EuclideanVector::TripleProduct(const Vector& a, const Vector& b, const Vector& c) try {
     return Dot(Cross(a, b), c);
+} catch (const std::bad_alloc&) {
+    return MISSING_NUMBER;
 }
 
 Vector EuclideanVector::Scale(const Vector& v, double s) {

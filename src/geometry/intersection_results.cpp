@@ -1,5 +1,7 @@
 #include "geometry/intersection_results.h"
 
+#include <new>
+
 #include "tessara/line_intersection_parameters.h"
 
 namespace tessara {
@@ -11,21 +13,28 @@ IUnknown* EntryAt(const IRef<IArray>& list, std::uint32_t index) {
     return list.IsValid() && index < list->GetCount() ? list->GetAt(index) : nullptr;
 }
 
+// False without memory, and for an object that the list takes for none.
+bool Append(IUnknown* object, const IRef<IArray>& list) try {
+    const std::uint32_t index = list->GetCount();
+    list->Add(object);
+    return list->GetAt(index) != nullptr;
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
 }  // namespace
 
 bool IntersectionResults::Add(ILineIntersectionParameters* first, ILineIntersectionParameters* second) {
     const IRef<ILineIntersectionParameters> onFirst(first);
     const IRef<ILineIntersectionParameters> onSecond(second);
     if (!HasLists() || !onFirst.IsValid() || !onSecond.IsValid()) return false;
-    firstList_->Add(onFirst.Get());
-    try {
-        secondList_->Add(onSecond.Get());
-    } catch (...) {
-        // Without memory for the second of a pair its first goes again.
-        firstList_->RemoveAt(firstList_->GetCount() - 1);
-        throw;
-    }
-    return true;
+    const std::uint32_t firstIndex = firstList_->GetCount();
+    const std::uint32_t secondIndex = secondList_->GetCount();
+    if (Append(onFirst.Get(), firstList_) && Append(onSecond.Get(), secondList_)) return true;
+    // One of a pair doesn't stay alone.
+    firstList_->RemoveAt(firstIndex);
+    secondList_->RemoveAt(secondIndex);
+    return false;
 }
 
 bool IntersectionResults::RemoveAt(std::uint32_t index) {

@@ -1,5 +1,7 @@
 #include "geometry/line_crossings.h"
 
+#include <new>
+
 #include "geometry/creation.h"
 #include "geometry/line_reading.h"
 #include "geometry/plane_crossings.h"
@@ -129,7 +131,7 @@ IRef<ICoordinateReference> CommonReference(const MapPlane& map, const Line& a, c
 
 }  // namespace
 
-bool CrossOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB, IUnknown* out) {
+bool CrossOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB, IUnknown* out) try {
     const IRef<IMapCoordOperations> on(map);
     const MapPlane plane(on.Get());
     const Sink sink(out);
@@ -145,9 +147,11 @@ bool CrossOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB, IUnknown
     if (!ReadLineOnMap(plane, b.coords.Get(), &b.places)) return false;
     sink.Clear();
     return PutCrossings(a, b, reference.Get(), sink, on.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool CrossPixels(IArray* lineA, IArray* lineB, IUnknown* out) {
+bool CrossPixels(IArray* lineA, IArray* lineB, IUnknown* out) try {
     const Sink sink(out);
     Line a(lineA);
     Line b(lineB);
@@ -160,6 +164,8 @@ bool CrossPixels(IArray* lineA, IArray* lineB, IUnknown* out) {
     sink.Clear();
     if (!ReadPixelLine(a.coords.Get(), &a.places) || !ReadPixelLine(b.coords.Get(), &b.places)) return false;
     return PutCrossings(a, b, reference.Get(), sink, nullptr);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace tessara

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "geometry/line_crossings.h"
 #include "geometry/line_reading.h"
@@ -31,11 +32,14 @@ bool FillChain(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
     out->Clear();
     CKoord from;
     CKoord to;
-    std::vector<CKoord> chain;
-    if (!KoordFromCoord(a, &from) || !KoordFromCoord(b, &to) || !densify(from, to, &chain)) return false;
-    const bool isFilled = AddAll(chain, out);
-    if (!isFilled) out->Clear();
-    return isFilled;
+    if (!KoordFromCoord(a, &from) || !KoordFromCoord(b, &to)) return false;
+    try {
+        std::vector<CKoord> chain;
+        if (densify(from, to, &chain) && AddAll(chain, out)) return true;
+    } catch (const std::bad_alloc&) {  // a failure like the others
+    }
+    out->Clear();
+    return false;
 }
 
 bool IsInBox(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
@@ -154,7 +158,7 @@ bool LinePoints::IntersectPixelLinesToArray(IArray* lineA, IArray* lineB, IArray
     return list.IsValid() && CrossPixels(lineA, lineB, list.Get());
 }
 
-bool LinePoints::IsPointOnLine(IMapCoordOperations* map, ICoord* point, IArray* line) {
+bool LinePoints::IsPointOnLine(IMapCoordOperations* map, ICoord* point, IArray* line) try {
     const MapPlane plane(map);
     const IRef<IArray> coords(line);
     const IRef<ICoord> probe(point);
@@ -164,6 +168,8 @@ bool LinePoints::IsPointOnLine(IMapCoordOperations* map, ICoord* point, IArray* 
     std::vector<PlanePoint> chain;
     return KoordFromCoord(probe.Get(), &koord) && plane.ToPlane(koord, &p) &&
            ReadLineOnMap(plane, coords.Get(), &chain) && IsOnChain(p, chain);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 double LinePoints::GetSignedDistance(IMapCoordOperations* map, ICoord* point, ICoord* a, ICoord* b) {

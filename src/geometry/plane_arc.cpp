@@ -1,6 +1,7 @@
 #include "geometry/plane_arc.h"
 
 #include <cmath>
+#include <new>
 
 #include "geometry/coord_reading.h"
 #include "objects/koord_access.h"
@@ -72,7 +73,7 @@ IRef<ICoord> PointAt(IVector* vectors, const PlaneFrame& frame, const PlaneOffse
 }
 
 bool AddPoints(IVector* vectors, const PlaneFrame& frame, const PlaneEllipse& ellipse,
-               const ArcAngles& angles, IArray* out) {
+               const ArcAngles& angles, IArray* out) try {
     const double start = WithinTurn(angles.start);
     const double step = StepOf(start, WithinTurn(angles.end), angles);
     for (std::uint32_t i = 0; i < angles.count; ++i) {
@@ -82,6 +83,8 @@ bool AddPoints(IVector* vectors, const PlaneFrame& frame, const PlaneEllipse& el
         out->Add(point.Get());
     }
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <new>
+#include <utility>
 
 #include "geometry/coord_reading.h"
 #include "geometry/plane_ray.h"
@@ -43,10 +44,16 @@ bool TangentPlane::SetOrigin(ICoord* p) {
 bool TangentPlane::GetFrame(ICoord* origin, Vector* east, Vector* north) {
     const IRef<ICoord> coord(origin);
     if (east == nullptr || north == nullptr || !IsSpatial(&east_) || !IsSpatial(&north_)) return false;
-    if (!GetOrigin(coord.Get())) return false;
-    *east = east_;
-    *north = north_;
-    return true;
+    try {
+        Vector eastCopy = east_;
+        Vector northCopy = north_;
+        if (!GetOrigin(coord.Get())) return false;
+        *east = std::move(eastCopy);
+        *north = std::move(northCopy);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 bool TangentPlane::GetOrigin(ICoord* out) {
@@ -82,7 +89,7 @@ double TangentPlane::IntersectRay(const Vector* point, const Vector* direction, 
     return hit.t;
 }
 
-double TangentPlane::ProjectAlong(ICoord* p, const Vector* direction, ICoord* out) {
+double TangentPlane::ProjectAlong(ICoord* p, const Vector* direction, ICoord* out) try {
     const IRef<ICoord> coord(p);
     const IRef<ICoord> result(out);
     Vector point;
@@ -94,6 +101,8 @@ double TangentPlane::ProjectAlong(ICoord* p, const Vector* direction, ICoord* ou
     if (t == RAY_IN_PLANE) return transfer_->Transfer(coord.Get(), result.Get()) ? t : MISSING_NUMBER;
     const Vector hit = vectors_->Add(point, vectors_->Scale(*direction, t));
     return ellipsoid_->EcefVectorToCoord(&hit, result.Get()) ? t : MISSING_NUMBER;
+} catch (const std::bad_alloc&) {
+    return MISSING_NUMBER;
 }
 
 bool TangentPlane::MapByGeodesic(ICoord* p, ICoord* out) {
@@ -118,12 +127,14 @@ bool TangentPlane::MapByGeodesic(ICoord* p, ICoord* out) {
            PointInPlane(coord.Get(), distance, result.Get());
 }
 
-bool TangentPlane::MapByChord(ICoord* p, ICoord* out) {
+bool TangentPlane::MapByChord(ICoord* p, ICoord* out) try {
     const IRef<ICoord> coord(p);
     const IRef<ICoord> result(out);
     Vector point;
     if (!ellipsoid_->CoordToEcefVector(coord.Get(), &point)) return false;
     return PointInPlane(coord.Get(), vectors_->Length(vectors_->Subtract(originXyz_, point)), result.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool TangentPlane::GetPlaneCoords(ICoord* p, double* x, double* y, double* z) {
@@ -138,7 +149,7 @@ bool TangentPlane::GetPlaneCoords(ICoord* p, double* x, double* y, double* z) {
     return true;
 }
 
-bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out) {
+bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out) try {
     const IRef<ICoord> result(out);
     Vector normal;
     if (!GetNormal(&normal)) return false;
@@ -146,6 +157,8 @@ bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out)
     const Vector inPlane = vectors_->Add(east, vectors_->Scale(north_, y));
     const Vector point = vectors_->Add(inPlane, vectors_->Scale(normal, z));
     return ellipsoid_->EcefVectorToCoord(&point, result.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 // The place at a distance from the origin, in the azimuth of p.

@@ -1,5 +1,7 @@
 #include "maps/map_coord_creator.h"
 
+#include <new>
+
 #include "frame/fresh.h"
 #include "maps/creation.h"
 #include "objects/koord_access.h"
@@ -34,7 +36,7 @@ ICoord* MapCoordCreator::CreateCoord() {
     return coord.HandOut();
 }
 
-IArray* MapCoordCreator::CreateCoords(std::uint32_t count) {
+IArray* MapCoordCreator::CreateCoords(std::uint32_t count) try {
     if (count == 0) return nullptr;
     Fresh<IArray> coords(CreateClassArray());
     if (!coords.IsValid()) return nullptr;
@@ -44,6 +46,8 @@ IArray* MapCoordCreator::CreateCoords(std::uint32_t count) {
         coords->Add(coord.Get());
     }
     return coords.HandOut();
+} catch (const std::bad_alloc&) {
+    return nullptr;
 }
 
 ICoord* MapCoordCreator::CreateCoordFrom(ICoord* source) {
@@ -61,7 +65,7 @@ ICoord* MapCoordCreator::CreateCoordFrom(ICoord* source) {
     return coord.HandOut();
 }
 
-IArray* MapCoordCreator::CreateCoordsFrom(IArray* source) {
+IArray* MapCoordCreator::CreateCoordsFrom(IArray* source) try {
     const IRef<IArray> from(source);
     const std::uint32_t count = from.IsValid() ? from->GetCount() : 0;
     if (count == 0) return nullptr;
@@ -74,6 +78,8 @@ IArray* MapCoordCreator::CreateCoordsFrom(IArray* source) {
         coords->Add(coord.Get());
     }
     return coords.HandOut();
+} catch (const std::bad_alloc&) {
+    return nullptr;
 }
 
 bool MapCoordCreator::ConvertCoord(ICoord* coord) {

@@ -1,5 +1,7 @@
 #include "maps/map_coord_operations.h"
 
+#include <new>
+
 #include "maps/creation.h"
 #include "objects/default_koord.h"
 #include "objects/koord_access.h"
@@ -45,7 +47,7 @@ bool MapCoordOperations::GetReferencePoint(IReferencePoint* out) {
     return point.IsValid() && map_->referenceCount == 1 && FillPoint(map_->reference, point.Get());
 }
 
-bool MapCoordOperations::GetReferencePoints(IArray* out) {
+bool MapCoordOperations::GetReferencePoints(IArray* out) try {
     const IRef<IArray> points(out);
     if (!points.IsValid()) return false;
     points->Clear();
@@ -56,6 +58,8 @@ bool MapCoordOperations::GetReferencePoints(IArray* out) {
         points->Add(point.Get());
     }
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool MapCoordOperations::GetGeoDate(IGeoDate* out) {

@@ -1,6 +1,7 @@
 #include "text/coord_checker_utmref.h"
 
 #include <array>
+#include <new>
 
 #include "frame/tessara_string.h"
 #include "objects/koord_access.h"
@@ -16,7 +17,7 @@ using Choices = std::vector<std::string>;
 using FindChoices = bool (*)(std::int32_t datum, const UtmrefPieces& pieces, Choices* choices);
 
 // Appends the choices to a list; false without memory for one of them.
-bool Fill(const Choices& choices, const IRef<IArray>& list) {
+bool Fill(const Choices& choices, const IRef<IArray>& list) try {
     for (const std::string& choice : choices) {
         const IRef<ITessaraString> text(NewObject<TessaraString>());
         if (!text.IsValid()) return false;
@@ -24,6 +25,8 @@ bool Fill(const Choices& choices, const IRef<IArray>& list) {
         list->Add(text.Get());
     }
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool Refill(const Choices& choices, IArray* list) {
@@ -70,17 +73,21 @@ class Texts {
     std::array<IRef<ITessaraString>, COUNT> held_;
 };
 
-bool RefillForTexts(FindChoices find, std::int32_t datum, const Texts<4>& texts, IArray* list) {
+bool RefillForTexts(FindChoices find, std::int32_t datum, const Texts<4>& texts, IArray* list) try {
     UtmrefPieces pieces;
     return texts.Read({&pieces.zone, &pieces.band, &pieces.column, &pieces.row}) &&
            RefillFor(find, datum, pieces, list);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool RefillForCoord(FindChoices find, ICoord* coord, IArray* list) {
+bool RefillForCoord(FindChoices find, ICoord* coord, IArray* list) try {
     CKoord koord;
     UtmrefPieces pieces;
     if (!KoordFromCoord(coord, &koord) || !Utmref_Split(koord, &pieces)) return false;
     return RefillFor(find, static_cast<std::int32_t>(koord.datum), pieces, list);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace
@@ -90,12 +97,16 @@ bool CoordCheckerUTMREF::CheckCoord(ICoord* coord) {
     return KoordFromCoord(coord, &koord) && Utmref_HasExistingPieces(koord);
 }
 
-bool CoordCheckerUTMREF::GetZoneList(IArray* list) {
+bool CoordCheckerUTMREF::GetZoneList(IArray* list) try {
     return Refill(Utmref_ZoneChoices(), list);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
-bool CoordCheckerUTMREF::GetBandList(IArray* list) {
+bool CoordCheckerUTMREF::GetBandList(IArray* list) try {
     return Refill(Utmref_BandChoices(), list);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordCheckerUTMREF::GetColumnList(IArray* list, std::int32_t datum, ITessaraString* zone,
@@ -118,23 +129,27 @@ bool CoordCheckerUTMREF::GetRowListOf(IArray* list, ICoord* coord) {
 
 bool CoordCheckerUTMREF::SplitCoord(ICoord* coord, ITessaraString* zone, ITessaraString* band,
                                     ITessaraString* column, ITessaraString* row, ITessaraString* easting,
-                                    ITessaraString* northing) {
+                                    ITessaraString* northing) try {
     const Texts<6> texts({zone, band, column, row, easting, northing});
     CKoord koord;
     UtmrefPieces pieces;
     return KoordFromCoord(coord, &koord) && Utmref_Split(koord, &pieces) &&
            texts.Write(
                {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordCheckerUTMREF::ComposeCoord(ITessaraString* zone, ITessaraString* band, ITessaraString* column,
                                       ITessaraString* row, ITessaraString* easting, ITessaraString* northing,
-                                      CKoord* target) {
+                                      CKoord* target) try {
     const Texts<6> texts({zone, band, column, row, easting, northing});
     UtmrefPieces pieces;
     const bool haveTexts = texts.Read(
         {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
     return haveTexts && target != nullptr && Utmref_Compose(pieces, target);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 ICoordCheckerUTMREF* CreateClassCoordCheckerUTMREF() {

@@ -36,8 +36,16 @@ class ThreeTexts {
         return true;
     }
 
-    void Write(int i, double value, int decimals) {
-        texts_[i]->AssignText(FixedText(value, decimals).c_str());
+    // Without memory false, and the texts are empty.
+    bool Write(const double (&values)[3], const int (&decimals)[3]) {
+        try {
+            for (int i = 0; i < 3; ++i)
+                texts_[i]->AssignText(FixedText(values[i], decimals[i]).c_str());
+        } catch (const std::bad_alloc&) {
+            Clear();
+            return false;
+        }
+        return true;
     }
 
   private:
@@ -87,7 +95,7 @@ bool CoordinateString::GetCoord(ICoord* coord) {
 }
 
 bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraString* north,
-                                  ITessaraString* east) {
+                                  ITessaraString* east) try {
     const IRef<ICoordinateReference> wanted(reference);
     const IRef<ITessaraString> northSource(north);
     const IRef<ITessaraString> eastSource(east);
@@ -103,6 +111,8 @@ bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraStrin
     if (!Check_Record(parsed)) return false;
     UnsetPrecisionsIfOther(system);
     return KoordToCoord(&parsed, coord_.Get()) && coord_->GetReference(reference_.Get());
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordinateString::SetPrecision(Axis axis, double resolution) {
@@ -138,7 +148,7 @@ bool CoordinateString::MakePlainText(Axis axis, std::string* text) {
            Text_Write(axis, koord, Precision_Decimals(PrecisionOf(axis)), text);
 }
 
-bool CoordinateString::GetText(Axis axis, ITessaraString* text) {
+bool CoordinateString::GetText(Axis axis, ITessaraString* text) try {
     const IRef<ITessaraString> target(text);
     if (!target.IsValid()) return false;
     target->Clear();
@@ -146,6 +156,8 @@ bool CoordinateString::GetText(Axis axis, ITessaraString* text) {
     if (!MakePlainText(axis, &plain)) return false;
     target->AssignText(plain.c_str());
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordinateString::GetNorthText(ITessaraString* text) {
@@ -156,7 +168,7 @@ bool CoordinateString::GetEastText(ITessaraString* text) {
     return GetText(Axis::East, text);
 }
 
-bool CoordinateString::GetDisplayText(Axis axis, ITessaraString* text) {
+bool CoordinateString::GetDisplayText(Axis axis, ITessaraString* text) try {
     const IRef<ITessaraString> target(text);
     if (!target.IsValid() || !GetText(axis, text)) return false;
 
@@ -170,6 +182,8 @@ bool CoordinateString::GetDisplayText(Axis axis, ITessaraString* text) {
     if (!Text_Display(axis, System(), PrecisionOf(axis), plain, &display)) return false;
     target->AssignText(display.c_str());
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool CoordinateString::GetNorthDisplayText(ITessaraString* text) {
@@ -197,10 +211,7 @@ bool CoordinateString::GetCartesianTexts(ITessaraString* x, ITessaraString* y, I
     if (!texts.Clear() || !ConvertHeld(KOORD_ECEF, &koord)) return false;
     const int decimals = std::max(Precision_Decimals(northPrecision_), Precision_Decimals(eastPrecision_));
     const auto ecef = Load<EcefPayload>(koord);
-    texts.Write(0, ecef.x, decimals);
-    texts.Write(1, ecef.y, decimals);
-    texts.Write(2, ecef.z, decimals);
-    return true;
+    return texts.Write({ecef.x, ecef.y, ecef.z}, {decimals, decimals, decimals});
 }
 
 bool CoordinateString::GetGeographicTexts(ITessaraString* latitude, ITessaraString* longitude,
@@ -213,10 +224,9 @@ bool CoordinateString::GetGeographicTexts(ITessaraString* latitude, ITessaraStri
     CKoord koord;
     if (!ConvertHeld(KOORD_GEODEZ, &koord)) return false;
     const auto position = Load<GeodezPayload>(koord);
-    texts.Write(0, position.latitude, Precision_Decimals(northPrecision_));
-    texts.Write(1, position.longitude, Precision_Decimals(eastPrecision_));
-    texts.Write(2, koord.GetHeight(), HEIGHT_DECIMALS);
-    return true;
+    return texts.Write(
+        {position.latitude, position.longitude, koord.GetHeight()},
+        {Precision_Decimals(northPrecision_), Precision_Decimals(eastPrecision_), HEIGHT_DECIMALS});
 }
 
 ICoordinateString* CreateClassCoordinateString() {

@@ -145,6 +145,51 @@ struct FaultScene {
         return made.IsValid();
     }
 
+    // Calls visit(object) for each object that is an argument of some operation, and for each element of the
+    // lists.
+    template <class Visitor>
+    void ForEachArgument(const Visitor& visit) const {
+        for (IUnknown* object : std::initializer_list<IUnknown*>{map.Get(),
+                                                                 otherMap.Get(),
+                                                                 mapOfTwoPoints.Get(),
+                                                                 rect.Get(),
+                                                                 gk.Get(),
+                                                                 degreeReference.Get(),
+                                                                 utmReference.Get(),
+                                                                 longPixelReference.Get(),
+                                                                 swissReference.Get(),
+                                                                 system.Get(),
+                                                                 geographic.Get(),
+                                                                 projection.Get(),
+                                                                 datum.Get(),
+                                                                 point.Get(),
+                                                                 corner.Get(),
+                                                                 otherCorner.Get(),
+                                                                 parameters.Get(),
+                                                                 results.Get(),
+                                                                 onePair.Get(),
+                                                                 referenceOut.Get(),
+                                                                 datumOut.Get(),
+                                                                 projectionOut.Get(),
+                                                                 pointOut.Get(),
+                                                                 cornerOut.Get(),
+                                                                 cornerOut2.Get()})
+            visit(object);
+        for (const auto* coord : {&degrees, &moreDegrees, &utm, &moreUtm, &utmref, &ecef, &pixel, &morePixel,
+                                  &inSquare, &out, &out2, &out3, &out4, &outOnOtherDatum, &outInUtm})
+            visit(coord->Get());
+        for (const auto* piece : {&zone, &band, &column, &row, &easting, &northing, &north, &east, &longText,
+                                  &longNorth, &longEast, &text, &text2, &text3, &text4, &text5, &text6})
+            visit(piece->Get());
+        for (const auto* chain :
+             {&square, &moreSquare, &bow, &utmLine, &moreUtmLine, &utmPolygon, &moreUtmPolygon, &polarPolygon,
+              &morePolarPolygon, &single, &degreeLine, &points, &list, &list2, &list3, &list4}) {
+            visit(chain->Get());
+            for (std::uint32_t i = 0; i < (*chain)->GetCount(); ++i)
+                visit((*chain)->GetAt(i));
+        }
+    }
+
     // What no failure may change: the bytes of all positions, maps and numbers, the elements of all lists,
     // the texts, and the counts.
     [[nodiscard]] std::string Inputs() const {
@@ -189,6 +234,10 @@ struct FaultScene {
         for (const auto* chain : {&list, &list2, &list3, &list4})
             AppendList(*chain, &bytes);
         Append(results->GetCount(), &bytes);
+        for (std::int32_t i = 0; i < results->GetCount(); ++i) {
+            const auto index = static_cast<std::uint32_t>(i);
+            Append(results->GetFirstAt(index) != nullptr && results->GetSecondAt(index) != nullptr, &bytes);
+        }
         return bytes;
     }
 

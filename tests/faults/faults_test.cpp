@@ -1,5 +1,5 @@
-// Operations with every one of their allocations failing in turn: they tell the failure or, where lists,
-// vectors and texts grow, let std::bad_alloc pass; nothing leaks and no input changes.
+// Operations with every one of their allocations failing in turn: they tell the failure or, where a list, a
+// vector or a text grows without a result, let std::bad_alloc pass; nothing leaks and no input changes.
 #include <gtest/gtest.h>
 
 #include <new>

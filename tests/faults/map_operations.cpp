@@ -10,7 +10,7 @@ template <class Params>
 bool GivesFrom(Scene& s, MapType type, bool (IProjection::*get)(Params*)) {
     const MapParam map = CountedRecord(type);
     Params params;
-    return IRef<IMapParamInternal>(s.projection)->SetMapParam(&map) && (s.projection.Get()->*get)(&params);
+    return FaceOf<IMapParamInternal>(s.projection)->SetMapParam(&map) && (s.projection.Get()->*get)(&params);
 }
 
 // A projection of the type gives its parameters.
@@ -33,19 +33,22 @@ bool MakesProjection(Scene& s) {
 template <class I>
 bool CopiesRecord(const IRef<I>& from, const IRef<I>& to) {
     MapParam record;
-    return IRef<IMapParamInternal>(from)->GetMapParam(&record) &&
-           IRef<IMapParamInternal>(to)->SetMapParam(&record);
+    return FaceOf<IMapParamInternal>(from)->GetMapParam(&record) &&
+           FaceOf<IMapParamInternal>(to)->SetMapParam(&record);
 }
 
+constexpr const char* EMPTIES_THE_POINT = "it empties the point";
+constexpr const char* TRIES_ANOTHER_PIXEL = "a pixel without a position, and it tries another one";
+
 constexpr FaultyOperation OPERATIONS[] = {
-    {"IMapCoordOperations::GetMapDefinition", MAY_THROW,
+    {"IMapCoordOperations::GetMapDefinition", TOLD,
      [](Scene& s) {
          return s.map->GetMapDefinition(s.list.Get(), &s.integer, &s.number, s.datumOut.Get(),
                                         s.projectionOut.Get());
      }},
     {"IMapCoordOperations::GetReferencePoint", TOLD,
      [](Scene& s) { return s.map->GetReferencePoint(s.pointOut.Get()); }},
-    {"IMapCoordOperations::GetReferencePoints", MAY_THROW,
+    {"IMapCoordOperations::GetReferencePoints", TOLD,
      [](Scene& s) { return s.mapOfTwoPoints->GetReferencePoints(s.list.Get()); }},
     {"IMapCoordOperations::GetScaleDenominator", NEVER,
      [](Scene& s) { return s.map->GetScaleDenominator() == 500000; }},
@@ -94,10 +97,9 @@ constexpr FaultyOperation OPERATIONS[] = {
          const IRef<IMapCoordCreator> creator(s.creators->CreateMapCoordCreator(s.map.Get()));
          return creator.IsValid() && s.Keep(creator->CreateCoord());
      }},
-    {"IMapCoordCreator::CreateCoords", MAY_THROW,
-     [](Scene& s) { return s.Keep(s.creator->CreateCoords(3)); }},
+    {"IMapCoordCreator::CreateCoords", TOLD, [](Scene& s) { return s.Keep(s.creator->CreateCoords(3)); }},
     {"IMapCoordCreator::CreateCoord", TOLD, [](Scene& s) { return s.Keep(s.creator->CreateCoord()); }},
-    {"IMapCoordCreator::CreateCoordsFrom", MAY_THROW,
+    {"IMapCoordCreator::CreateCoordsFrom", TOLD,
      [](Scene& s) { return s.Keep(s.creator->CreateCoordsFrom(s.utmLine.Get())); }},
     {"IMapCoordCreator::CreateCoordFrom", TOLD,
      [](Scene& s) { return s.Keep(s.creator->CreateCoordFrom(s.utm.Get())); }},
@@ -109,15 +111,18 @@ constexpr FaultyOperation OPERATIONS[] = {
     {"IMapParamInternal::SetMapParam", NEVER,
      [](Scene& s) { return CopiesRecord(s.projection, s.projectionOut); }},
 
-    {"IReferencePoint::SetFloat", NEVER, [](Scene& s) { return s.point->SetFloat(s.utm.Get(), 1.0, 2.0); }},
-    {"IReferencePoint::SetLong", NEVER, [](Scene& s) { return s.point->SetLong(s.utm.Get(), 1, 2); }},
+    {"IReferencePoint::SetFloat", NEVER, [](Scene& s) { return s.point->SetFloat(s.utm.Get(), 1.0, 2.0); },
+     nullptr, EMPTIES_THE_POINT},
+    {"IReferencePoint::SetLong", NEVER, [](Scene& s) { return s.point->SetLong(s.utm.Get(), 1, 2); }, nullptr,
+     EMPTIES_THE_POINT},
     {"IReferencePoint::GetFloat", NEVER,
      [](Scene& s) { return s.point->GetFloat(s.out.Get(), &s.number, &s.number2); }},
     {"IReferencePoint::GetLong", NEVER,
      [](Scene& s) { return s.point->GetLong(s.out.Get(), &s.integer, &s.integer2); }},
 
     {"ITransformableMapPixel::FindValidCoordInRect", TOLD,
-     [](Scene& s) { return s.transformable->FindValidCoordInRect(s.map.Get(), s.rect.Get(), s.out.Get()); }},
+     [](Scene& s) { return s.transformable->FindValidCoordInRect(s.map.Get(), s.rect.Get(), s.out.Get()); },
+     nullptr, TRIES_ANOTHER_PIXEL},
     {"ITransformableMapPixel::ClipLineToValid", TOLD,
      [](Scene& s) {
          return s.transformable->ClipLineToValid(s.map.Get(), s.utmReference.Get(), s.corner.Get(),
@@ -129,7 +134,8 @@ constexpr FaultyOperation OPERATIONS[] = {
          const PixelRect rect{100, 100, 220, 180};
          return IRef<ITransformableInternal>(s.transformable)
              ->FindValidCoordInPixelRect(s.map.Get(), &rect, s.out.Get());
-     }},
+     },
+     nullptr, TRIES_ANOTHER_PIXEL},
 
     {"IProjection::GetProjectionType", NEVER,
      [](Scene& s) { return s.projection->GetProjectionType() == MAP_UTM; }},

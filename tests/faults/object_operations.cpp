@@ -6,8 +6,8 @@ namespace {
 using Scene = FaultScene;
 using enum OutOfMemory;
 
-IRef<ICoordInternal> Internal(const IRef<ICoord>& coord) {
-    return IRef<ICoordInternal>(coord);
+ICoordInternal* Internal(const IRef<ICoord>& coord) {
+    return FaceOf<ICoordInternal>(coord);
 }
 
 constexpr FaultyOperation OPERATIONS[] = {

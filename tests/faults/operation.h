@@ -11,7 +11,8 @@ namespace tessara::testing {
 enum class OutOfMemory {
     NEVER,      // it allocates nothing
     TOLD,       // its result is a failure
-    MAY_THROW,  // or it lets std::bad_alloc pass: lists, vectors and texts grow
+    MAY_THROW,  // it lets std::bad_alloc pass: a list, a vector or a text grows, and has no result to tell it
+                // by
 };
 
 struct FaultyOperation {
@@ -20,9 +21,17 @@ struct FaultyOperation {
     bool (*call)(FaultScene& scene);  // whether it succeeds
     // What it can do without, if there is such a thing: its result is then as with memory.
     const char* spares = nullptr;
+    // What it does about a refused query, where that is no failure that leaves everything as it was.
+    const char* refusal = nullptr;
 };
 
 using OperationTable = std::span<const FaultyOperation>;
+
+// Another face of an object, without a query.
+template <class Face, class I>
+[[nodiscard]] Face* FaceOf(const IRef<I>& object) {
+    return dynamic_cast<Face*>(object.Get());
+}
 
 [[nodiscard]] OperationTable FrameOperations();
 [[nodiscard]] OperationTable ObjectOperations();

@@ -86,14 +86,13 @@ TEST_F(IntersectionResultsTest, WithoutMemoryForTheSecondTheFirstGoesAgain) {
     for (int nth = 1; nth <= 2; ++nth) {
         for (int pair = 0; pair < 20; ++pair) {
             const std::int32_t before = results->GetCount();
-            try {
+            const auto add = [&] { return results->Add(first.Get(), second.Get()); };
+            const bool isAdded = [&] {
                 const testing::FailAllocation failure(nth);
-                ASSERT_TRUE(results->Add(first.Get(), second.Get()));
-                EXPECT_EQ(results->GetCount(), before + 1);
-            } catch (const std::bad_alloc&) {
-                EXPECT_EQ(results->GetCount(), before);
-                ASSERT_TRUE(results->Add(first.Get(), second.Get()));
-            }
+                return add();
+            }();
+            EXPECT_EQ(results->GetCount(), isAdded ? before + 1 : before);
+            ASSERT_TRUE(isAdded || add());
         }
     }
 }

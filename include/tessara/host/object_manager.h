@@ -5,6 +5,7 @@
 #pragma once
 
 #include <algorithm>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -28,7 +29,11 @@ class ObjectManager : public IObjectManager {
     ResultCode RegisterClass(const GUID* classId, MClassFactory* factory) override {
         if (classId == nullptr || factory == nullptr) return RESULT_FAIL;
         UnregisterClass(classId);
-        classes_.emplace_back(*classId, factory);
+        try {
+            classes_.emplace_back(*classId, factory);
+        } catch (const std::bad_alloc&) {
+            return RESULT_OUT_OF_MEMORY;
+        }
         return RESULT_OK;
     }
 

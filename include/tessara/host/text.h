@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -18,7 +19,11 @@ class Text : public ITessaraString {
     bool Assign(IUnknown* text) override {
         const IRef<ITessaraString> other(text);
         if (!other.IsValid()) return false;
-        AssignText(other->GetText());
+        try {
+            AssignText(other->GetText());
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
         return true;
     }
 
