@@ -13,7 +13,6 @@
 #pragma once
 
 #include "tessara/class_factory.h"
-#include "tessara/ref.h"
 #include "tessara/unknown.h"
 
 namespace tessara {
@@ -41,14 +40,6 @@ class IObjectManager : public IUnknown {
   protected:
     ~IObjectManager() = default;
 };
-
-template <class I, class Unknown>
-IRef<I, Unknown>::IRef(const GUID& classId, IObjectManager* manager) {
-    if (manager == nullptr) return;
-    void* face = nullptr;
-    manager->CreateInstance(&classId, &IidOf<I>, &face);
-    this->pointer_ = static_cast<I*>(face);
-}
 
 // Receives the classes of EnumerateClasses. Only its fourth operation is called; the result is ignored.
 class IClassSink : public IUnknown {

@@ -100,8 +100,6 @@ class CPPRef : public Holder {
 
 }  // namespace ObjectManagerUtils
 
-class IObjectManager;
-
 template <class I, class Unknown = IUnknown>
 class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounterMT<IID_IUnknown, I>> {
     using Base = ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounterMT<IID_IUnknown, I>>;
@@ -114,9 +112,15 @@ class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounter
     // Asks the object behind another handle.
     template <class Other>
     explicit IRef(const IRef<Other, Unknown>& other) : IRef(other.Get()) {}
-    // Asks an object manager for an object of a class; empty without a manager, for a class that it doesn't
-    // know, and for one without I. Stands in component.h, which has the manager's interface.
-    IRef(const GUID& classId, IObjectManager* manager);
+    // Asks an object manager (IObjectManager of component.h) for an object of a class; empty without a
+    // manager, for a class that it doesn't know, and for one without I.
+    template <class Manager>
+    IRef(const GUID& classId, Manager* manager) {
+        if (manager == nullptr) return;
+        void* face = nullptr;
+        manager->CreateInstance(&classId, &IidOf<I>, &face);
+        this->pointer_ = static_cast<I*>(face);
+    }
 };
 
 }  // namespace tessara

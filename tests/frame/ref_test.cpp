@@ -9,6 +9,7 @@
 #include "support/live_objects.h"
 #include "support/objects.h"
 #include "tessara/array.h"
+#include "tessara/component.h"
 #include "tessara/float_point.h"
 
 namespace tessara {
@@ -289,7 +290,8 @@ static_assert(!std::is_constructible_v<IRef<ICoord>, const GUID&>);
 static_assert(!std::is_convertible_v<const GUID&, IRef<ICoord>>);
 
 TEST_F(Ref, OfAClassIdIsEmptyWithoutAnObjectManager) {
-    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, nullptr).IsValid());
+    IObjectManager* const nobody = nullptr;
+    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, nobody).IsValid());
 }
 
 #if !defined(NDEBUG)
