@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 #include "objects/axis_values.h"
 #include "objects/convert_records.h"
@@ -162,6 +163,11 @@ std::int32_t CompareUps(const tagKOORD& first, const tagKOORD& second) {
     return Order(Axis_Value(Axis::North, first), Axis_Value(Axis::North, second));
 }
 
+// A record may hold what is no number, as the longitude of a point on the earth's axis, and is where it is.
+bool AreSame(const tagKOORD& first, const tagKOORD& second) {
+    return std::memcmp(&first, &second, sizeof first) == 0;
+}
+
 bool HaveSameParameters(const tagKOORD& first, const tagKOORD& second) {
     if (first.type == KOORD_TM) {
         const auto a = Load<TmPayload>(first);
@@ -202,7 +208,9 @@ std::int32_t Compare_Records(Axis axis, const tagKOORD& first, const tagKOORD& s
     tagKOORD a = first;
     tagKOORD b = second;
     if (!Prepare(axis, &a) || !Prepare(axis, &b)) return NOT_COMPARABLE;
-    if (!Axis_IsNumber(static_cast<std::int32_t>(a.type)) || !HaveSameParameters(a, b)) return NOT_COMPARABLE;
+    if (!Axis_IsNumber(static_cast<std::int32_t>(a.type))) return NOT_COMPARABLE;
+    if (AreSame(first, second)) return 0;
+    if (!HaveSameParameters(a, b)) return NOT_COMPARABLE;
     return axis == Axis::North ? CompareNorthSouth(a, b) : CompareEastWest(a, b);
 }
 

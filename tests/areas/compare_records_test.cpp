@@ -181,7 +181,6 @@ TEST(CompareRecords, ANaNIsNeverNorthOrEast) {
 
 TEST(CompareRecords, DefaultPositionsEqualThemselves) {
     for (std::int32_t type = 0; type <= KOORD_LUREF; ++type) {
-        if (type == KOORD_ECEF) continue;
         CKoord koord;
         ASSERT_TRUE(DefaultKoord(2, type, &koord));
         EXPECT_EQ(NorthSouth(koord, koord), 0) << type;
@@ -189,10 +188,27 @@ TEST(CompareRecords, DefaultPositionsEqualThemselves) {
     }
 }
 
-TEST(CompareRecords, TheCentreOfTheEarthLiesInNoDirection) {
+TEST(CompareRecords, ThePolarAxisEqualsOnlyItselfInTheEast) {
+    // On the axis there is no longitude: no other point of it lies east, but each is where it is.
     const tagKOORD centre = Record(KOORD_ECEF, EcefPayload{0.0, 0.0, 0.0});
-    EXPECT_EQ(EastWest(centre, centre), -1);
-    EXPECT_EQ(NorthSouth(centre, centre), 0);
+    const tagKOORD pole = Record(KOORD_ECEF, EcefPayload{0.0, 0.0, 6356752.0});
+    for (const tagKOORD& point : {centre, pole}) {
+        EXPECT_EQ(EastWest(point, point), 0);
+        EXPECT_EQ(NorthSouth(point, point), 0);
+    }
+    EXPECT_EQ(EastWest(centre, pole), -1);
+    EXPECT_EQ(EastWest(pole, centre), -1);
+}
+
+TEST(CompareRecords, ARecordOfTheSameBytesIsEqualWhateverItHolds) {
+    const tagKOORD nan = GeodezRecord(NaN, NaN);
+    EXPECT_EQ(NorthSouth(nan, nan), 0);
+    EXPECT_EQ(EastWest(nan, nan), 0);
+    TmPayload tm{};
+    tm.easting = NaN;
+    tm.scale = NaN;
+    EXPECT_EQ(EastWest(Record(KOORD_TM, tm), Record(KOORD_TM, tm)), 0);
+    EXPECT_EQ(NorthSouth(Record(KOORD_TM, tm), Record(KOORD_TM, tm)), 0);
 }
 
 TEST(CompareRecords, TheDefaultUtmrefDoesntExistInTheOtherLettering) {
