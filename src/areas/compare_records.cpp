@@ -111,9 +111,11 @@ bool MoveToNaturalZone(tagKOORD* record) {
     return ConvertTo(static_cast<std::int32_t>(record->type), record);
 }
 
-// Becomes the UTM record of its own zone, in whole metres of easting.
+// Becomes the UTM record of its own zone, in whole metres of easting. Its letters name that zone, which it
+// stays in: a metre at the border may lie in the next one by no more than a rounding.
 bool ReadUtmref(tagKOORD* record) {
     if (!ConvertInZone(KOORD_UTM, 0, record)) return false;
+    Zones_Want(NO_WANTED_ZONE, record);
     Zones_SetEast(std::trunc(Zones_East(*record)), record);
     return true;
 }

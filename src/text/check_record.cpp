@@ -1,16 +1,22 @@
 #include "text/check_record.h"
 
+#include <algorithm>
+
 #include "areas/compare_records.h"
 #include "areas/system_extremes.h"
+#include "objects/convert_records.h"
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
+#include "tessara/kernel/limits.h"
 #include "text/utmref_pieces.h"
 
 namespace tessara {
 namespace {
+
+constexpr std::int32_t UNCHECKED = 0;
 
 bool IsKernelReference(std::int32_t datum, std::int32_t system) {
     return datum >= 0 && datum < DATUM_COUNT && system >= 0 && system < KOORD_TYPE_COUNT;
@@ -23,7 +29,21 @@ bool IsWithin(Compass direction, const tagKOORD& limit, const tagKOORD& inner) {
                                    : Compare_Records(axis, inner, limit) >= 0;
 }
 
+// A reference may name a metre from half a metre outside its zone, to which a position inside was rounded,
+// and from some more where half a metre of northing moves the border.
+constexpr double REFERENCE_REACH = 0.55;  // metres
+
+bool IsReferenceWithinBorder(Compass side, const tagKOORD& reference) {
+    tagKOORD utm = reference;
+    if (!ConvertInZone(KOORD_UTM, UNCHECKED, &utm)) return false;
+    Zones_Want(NO_WANTED_ZONE, &utm);
+    tagKOORD border = utm;
+    return Zones_MoveToBorder(side, &border) &&
+           SignOf(side) * (Zones_East(utm) - Zones_East(border)) <= REFERENCE_REACH;
+}
+
 bool IsWithinBorder(Compass side, const tagKOORD& record) {
+    if (record.type == KOORD_UTMREF) return IsReferenceWithinBorder(side, record);
     tagKOORD border = record;
     return Zones_MoveToBorder(side, &border) && IsWithin(side, border, record);
 }
@@ -39,11 +59,18 @@ bool IsWithinZone(const tagKOORD& record) {
     return IsWithinBorder(side > 0 ? Compass::East : Compass::West, record);
 }
 
-// To degrees on the record's own datum and back: the kernel's range tests judge the values.
+// To degrees on the record's own datum and back: the kernel's range tests judge the values. A reference that
+// lies within its zone ends at 180 degrees, whatever its rounding adds.
 bool SurvivesRoundTrip(const tagKOORD& record) {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
+    if (KoordConvert(&record, &geodez) != KOORD_OK) return false;
+    if (record.type == KOORD_UTMREF) {
+        auto position = Load<GeodezPayload>(geodez);
+        position.longitude = std::clamp(position.longitude, UTM_LIMITS.west, UTM_LIMITS.east);
+        Store(geodez, position);
+    }
     tagKOORD back = record;
-    return KoordConvert(&record, &geodez) == KOORD_OK && KoordConvert(&geodez, &back) == KOORD_OK;
+    return KoordConvert(&geodez, &back) == KOORD_OK;
 }
 
 }  // namespace

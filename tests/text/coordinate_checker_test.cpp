@@ -131,6 +131,29 @@ TEST_F(CoordinateCheckerTest, AUtmrefHasTheLettersOfAnExistingSquare) {
     EXPECT_TRUE(Check(Utmref(32, 'U', "MU", 0, 0)));
 }
 
+// The whole metres around a border, zone by zone: a reference whose position lies within its zone, and one
+// that a position within the zone is rounded to, is a position of that zone.
+TEST_F(CoordinateCheckerTest, NoReferenceWithinItsZoneIsRefusedAtTheBorder) {
+    testing::Random random(2704);
+    for (int i = 0; i < 6000; ++i) {
+        const double side = i % 2 == 0 ? 1.0 : -1.0;
+        const double central = 6.0 * (1 + i / 2 % 60) - 183.0;
+        const double latitude = random.Between(-79.9, 83.9);
+        const double longitude = central + side * (3.0 - random.Between(0.0, 3e-5));
+        UtmrefPayload wanted{};
+        wanted.wantedZone = static_cast<std::int16_t>(1 + i / 2 % 60);
+        for (const std::int32_t datum : {DATUM_WGS84, 3}) {
+            const tagKOORD degrees = GeodezRecord(latitude, longitude, 0.0, datum);
+            tagKOORD reference = Record(KOORD_UTMREF, wanted, datum);
+            ASSERT_EQ(KoordConvert(&degrees, &reference), KOORD_OK);
+            auto payload = Load<UtmrefPayload>(reference);
+            payload.wantedZone = NO_WANTED_ZONE;
+            Store(reference, payload);
+            EXPECT_TRUE(Check(reference)) << latitude << ' ' << longitude << " datum " << datum;
+        }
+    }
+}
+
 // Longitudes from cs2cs with +proj=tmerc +ellps=bessel: on the meridian 9, northing 5500000, the offsets
 // 108355 and 108356 lie at 10.49998949 and 10.50000333 degrees; on 31 east of Ferro, 13.3333333, northing
 // 5200000, the offsets 114218 and 114219 at 14.83332373 and 14.83333686.

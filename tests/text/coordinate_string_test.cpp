@@ -291,6 +291,15 @@ TEST_F(CoordinateStringTest, HoldsOnlyLegalPositions) {
     EXPECT_TRUE(Parse(string, KOORD_FLOATPIXEL, "1", "2", NO_DATUM));
 }
 
+// `echo 10UBB9125896894 | GeoConvert -p 6` gives the longitude -125.99999936; a metre is 0.0000144 degrees.
+TEST_F(CoordinateStringTest, AReferenceAtTheBorderOfItsZoneIsRead) {
+    const IRef<ICoordinateString> string(CreateClassCoordinateString());
+    EXPECT_TRUE(Parse(string, KOORD_UTMREF, "U B 96894", "10 B 91258"));
+    EXPECT_TRUE(Parse(string, KOORD_UTMREF, "U B 96894", "10 B 91259"));
+    EXPECT_TRUE(Parse(string, KOORD_UTMREF, "U B 96894", "10 B 91260"));
+    EXPECT_FALSE(Parse(string, KOORD_UTMREF, "U B 96894", "10 B 91256")) << "outside the zone";
+}
+
 // Letters are taken as they stand, and only S and W turn the sign.
 TEST_F(CoordinateStringTest, ASmallHemisphereIsNorthInDegreesMinutesAndSeconds) {
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
