@@ -243,8 +243,9 @@ KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD
 // The pixel of a position. The type of `pixel` says which form is wanted: FLOATPIXEL, or LONGPIXEL, rounded
 // half away from zero (-2147483648 for a value that doesn't fit); its datum is neither read nor written. A
 // position beside the map has a pixel like any other. `world` is converted into the map's system: a grid map
-// refuses what its system refuses, but a UTM map takes positions beyond 180 degrees, and a GAUKRU or GAUKRU6
-// map positions beside its strip's million.
+// refuses what its system refuses, but a UTM map takes positions beyond 180 degrees, however far from its zone
+// (more than 90 degrees away a pixel is that of another place), and a GAUKRU or GAUKRU6 map positions beside
+// its strip's million.
 //
 // KOORD_OK, or
 //   KOORD_ERR_MAP_TYPE       a type outside 2..21; found before anything else

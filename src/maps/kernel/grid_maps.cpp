@@ -24,6 +24,13 @@ void PixelFromGrid(const Params& map, const Payload& grid, double* x, double* y)
     *y = (map.originNorthing - grid.northing) / map.metresPerPixelY;
 }
 
+// Whether a conversion that didn't end well has written a grid value all the same: it leaves zeros where a
+// position has no meridian.
+template <class Payload>
+bool IsWritten(const Payload& grid) {
+    return grid.easting != 0.0 || grid.northing != 0.0;
+}
+
 // A position in the system of a grid already isn't held to the limits of that system.
 std::int32_t RangeCheck(const tagKOORD& in, KoordType native) {
     return in.type == static_cast<std::uint32_t>(native) ? 0 : 1;
@@ -104,8 +111,8 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
     GkPayload grid{};
     grid.wantedMeridian = params.meridian;
     const KoordStatus status = ToGrid(map, in, form.native, RangeCheck(in, form.native), &grid);
-    // A position beside the strip has its grid value and a pixel; one without any meridian is left at zero.
-    const bool isBeside = status == KOORD_ERR_GK_EAST && (grid.easting != 0.0 || grid.northing != 0.0);
+    // A position beside the strip has its grid value and a pixel.
+    const bool isBeside = status == KOORD_ERR_GK_EAST && IsWritten(grid);
     if (status != KOORD_OK && !isBeside) return status;
     PixelFromGrid(params, grid, x, y);
     return KOORD_OK;
@@ -113,13 +120,14 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
 
 // UTM.
 
-// A position beyond the limits of longitude still has a place in the map's zone.
+// A position beyond the limits of longitude still has a place in the map's zone, however far that is.
 KoordStatus ToUtm(const MapParam& map, const tagKOORD& in, UtmPayload* grid) {
     const UtmPayload wanted = *grid;
     const KoordStatus status = ToGrid(map, in, KOORD_UTM, RangeCheck(in, KOORD_UTM), grid);
     if (status != KOORD_ERR_EAST_LOW && status != KOORD_ERR_EAST_HIGH) return status;
     *grid = wanted;
-    return ToGrid(map, in, KOORD_UTM, 0, grid);
+    const KoordStatus beyond = ToGrid(map, in, KOORD_UTM, 0, grid);
+    return beyond == KOORD_ERR_ZONE_DISTANT && IsWritten(*grid) ? KOORD_OK : beyond;
 }
 
 TmPayload TmConstantsOf(const MapTmParams& params) {

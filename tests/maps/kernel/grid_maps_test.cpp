@@ -229,6 +229,26 @@ TEST(UtmMap, APositionBeyondTheDateLineHasAPixel) {
     }
 }
 
+// printf "17 -10\n19 -10\n" | cs2cs -f %.6f +proj=longlat +ellps=WGS84 +to +proj=tmerc +lon_0=9 +k=0.9996
+// +x_0=500000
+// More than 90 degrees from the meridian the projection takes a position for the one opposite the centre of
+// the earth from where it would be, mirrored at the meridian: 172 degrees east of it for 8, and north for
+// south.
+TEST(UtmMap, APositionBeyondTheDateLineHasAPixelHoweverFarTheZone) {
+    const MapParam map = UtmMap('N', 32, 0.0, 0.0, 1.0);
+    const struct {
+        double longitude, easting, northing;
+    } rows[] = {{181.0, 1379471.015075, -1116126.292536}, {-181.0, 1601255.226892, -1122228.282913}};
+    for (const auto& row : rows) {
+        const PixelResult pixel = ToPixel(map, GeodezRecord(10.0, row.longitude));
+        EXPECT_EQ(pixel.status, KOORD_OK) << row.longitude;
+        EXPECT_NEAR(pixel.x, row.easting, METRES);
+        EXPECT_NEAR(pixel.y, -row.northing, METRES);
+    }
+    // Within the limits of longitude it is too far away.
+    EXPECT_EQ(ToPixel(map, GeodezRecord(10.0, 180.0)).status, KOORD_ERR_ZONE_DISTANT);
+}
+
 TEST(UtmMap, APositionTooFarNorthOrSouthHasNone) {
     const MapParam map = UtmMap('N', 32, 0.0, 0.0, 1.0);
     EXPECT_EQ(ToPixel(map, GeodezRecord(85.0, 10.0)).status, KOORD_ERR_NORTH_HIGH);
