@@ -150,17 +150,17 @@ void LambertCC_Inverse(double easting, double northing, double latLon[2], const 
 }
 
 void LambertFR_Init(std::int32_t zone, std::int32_t datum, LambertFR* lambert) {
-    *lambert = LambertFR{};
     lambert->zone = zone;
     lambert->datum = datum;
     lambert->lon0 = PARIS;
     lambert->e = std::sqrt(Datum_EccentricitySquared(datum));
-    if (zone < 1 || zone > FRENCH_ZONE_COUNT) return;
-    const FrenchZone& row = FRENCH_ZONES[zone - 1];
-    lambert->lat0 = row.lat0;
-    lambert->radius0 = row.radius0;
-    lambert->x0 = row.x0;
-    lambert->y0 = row.y0;
+    if (zone >= 1 && zone <= FRENCH_ZONE_COUNT) {
+        const FrenchZone& row = FRENCH_ZONES[zone - 1];
+        lambert->lat0 = row.lat0;
+        lambert->radius0 = row.radius0;
+        lambert->x0 = row.x0;
+        lambert->y0 = row.y0;
+    }
     lambert->n = std::sin(lambert->lat0 * RADIANS_PER_DEGREE);
 }
 

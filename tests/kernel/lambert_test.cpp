@@ -9,6 +9,7 @@
 #include "support/doubles.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
 
 namespace tessara {
 namespace {
@@ -230,7 +231,7 @@ TEST(LambertCC, EndsForAnyDoubles) {
 }
 
 LambertFR Zone(std::int32_t zone, std::int32_t datum = DATUM_NTF) {
-    LambertFR lambert;
+    LambertFR lambert{};
     LambertFR_Init(zone, datum, &lambert);
     return lambert;
 }
@@ -322,7 +323,33 @@ TEST(LambertFR, RoundTripGivesThePosition) {
     }
 }
 
-TEST(LambertFRInit, AnUnknownZoneHasNoParallelOfOrigin) {
+TEST(LambertFRInit, AnUnknownZoneKeepsTheParallelOfOriginThatIsThere) {
+    for (const std::int32_t zone : {0, 5, -1, INT32_MIN, INT32_MAX}) {
+        LambertFR lambert{};
+        lambert.lat0 = 30.0;
+        lambert.x0 = 1.0;
+        lambert.y0 = 2.0;
+        lambert.radius0 = 3.0;
+        LambertFR_Init(zone, DATUM_NTF, &lambert);
+        EXPECT_TRUE(lambert.lat0 == 30.0 && lambert.x0 == 1.0 && lambert.y0 == 2.0 && lambert.radius0 == 3.0);
+        EXPECT_EQ(lambert.zone, zone);
+        EXPECT_EQ(lambert.datum, DATUM_NTF);
+        EXPECT_EQ(lambert.lon0, 2.33722917);
+        EXPECT_EQ(lambert.e, std::sqrt(Datum_EccentricitySquared(DATUM_NTF)));
+        EXPECT_NEAR(lambert.n, 0.5, 1e-15);  // sin 30 degrees
+    }
+}
+
+// Setting a record up for another datum by a number that is no zone keeps the zone it was set up for.
+TEST(LambertFRInit, AnUnknownZoneAfterAKnownOneProjectsLikeIt) {
+    LambertFR lambert = Zone(2);
+    LambertFR_Init(9, DATUM_NTF, &lambert);
+    const Plane expected = Forward(Zone(2), 48.0, 3.0);
+    EXPECT_EQ(Forward(lambert, 48.0, 3.0).easting, expected.easting);
+    EXPECT_EQ(Forward(lambert, 48.0, 3.0).northing, expected.northing);
+}
+
+TEST(LambertFRInit, AnUnknownZoneInAnEmptyRecordGivesNoPosition) {
     for (const std::int32_t zone : {0, 5, -1, INT32_MIN, INT32_MAX}) {
         const LambertFR lambert = Zone(zone);
         EXPECT_EQ(lambert.zone, zone);

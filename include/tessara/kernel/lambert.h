@@ -47,8 +47,9 @@ struct LambertFR {
     double radius0;  // metres
 };
 
-// A zone outside 1..4 has no parallel of origin: projecting with it gives no position. A datum id outside
-// 0..238 makes every result NaN.
+// Sets the record up. A zone outside 1..4 leaves `lat0`, `x0`, `y0` and `radius0` as they are, which must
+// have been set then, and sets the rest, `n` from the `lat0` that is there; in a record of zeros, projecting
+// gives no position. A datum id outside 0..238 makes every result NaN.
 void LambertFR_Init(std::int32_t zone, std::int32_t datum, LambertFR* lambert);
 void LambertFR_Forward(const double latLon[2], double* x, double* y, const LambertFR* lambert);
 // The apex of the cone gives NaN; beyond it the angle is taken as if it were before.
