@@ -43,7 +43,7 @@ namespace tessara {
 }
 
 // The direction of a latitude on the sphere from the exponential of its isometric latitude.
-[[nodiscard]] inline Direction DirectionOfExponential(double t) {
+[[nodiscard]] constexpr Direction DirectionOfExponential(double t) {
     const auto [cosine, minusSine] = DoubledOfTangent(t);
     return {-minusSine, cosine};
 }

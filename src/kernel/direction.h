@@ -60,7 +60,7 @@ struct Direction {
 }
 
 // Twice the angle of a tangent from 0 up to infinity.
-[[nodiscard]] inline Direction DoubledOfTangent(double t) {
+[[nodiscard]] constexpr Direction DoubledOfTangent(double t) {
     if (t > 1.0) {
         const double u = 1.0 / t;
         const double scale = 1.0 / (1.0 + u * u);

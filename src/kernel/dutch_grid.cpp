@@ -26,10 +26,34 @@ constexpr double LATITUDE_TOLERANCE = 1e-14;  // radians
 // Each step gains two digits or more. Only a latitude that flickers in its last bit gets this far.
 constexpr int MAX_ITERATIONS = 50;
 
+constexpr double ORIGIN_PHI = ORIGIN_LATITUDE * RADIANS_PER_DEGREE;
+
+consteval Direction OriginDirection() {
+    const long double sine = compile_time::Sine(ORIGIN_PHI);
+    return {static_cast<double>(sine), static_cast<double>(compile_time::Sqrt(1.0L - sine * sine))};
+}
+
+constexpr Direction ORIGIN = OriginDirection();
+
+// The direction of a latitude, that of the origin bit by bit as it stands above.
+Direction LatitudeDirection(double phi) {
+    const double away = phi - ORIGIN_PHI;
+    return IsSmall(away * away) ? Sum(ORIGIN, DirectionOfSmall(away)) : DirectionOf(phi);
+}
+
+// tan(phi/2 + pi/4), the exponential of the isometric latitude on the sphere.
+constexpr double ExponentialOf(Direction phi) {
+    return phi.sine < 0.0 ? phi.cosine / (1.0 - phi.sine) : (1.0 + phi.sine) / phi.cosine;
+}
+
+constexpr double ORIGIN_EXPONENTIAL = ExponentialOf(ORIGIN);
+
 // The Gaussian sphere of an ellipsoid at the origin.
 struct GaussSphere {
     double n, logM;       // exponent and logarithm of the factor of the conformal map onto the sphere
-    double sinB0, cosB0;  // of the origin's latitude on the sphere
+    double share;         // by which the ellipsoid shortens the origin's isometric latitude
+    double exponential;   // of the origin on the sphere
+    double sinB0, cosB0;  // of the origin's latitude there, bit by bit what the exponential gives
     double radius;        // metres
 };
 
@@ -45,8 +69,15 @@ consteval GaussSphere ComputeSphere(const EllipsoidFigure& figure) {
     const long double scale = ct::Sqrt(sinPhi0 * sinPhi0 + cos2 * (1.0L + w));
     const long double sinB0 = sinPhi0 / scale;
     const long double psi0 = ct::Atanh(sinPhi0) - e * ct::Atanh(e * sinPhi0);
-    return {static_cast<double>(n), static_cast<double>(n * psi0 - ct::Atanh(sinB0)),
-            static_cast<double>(sinB0), static_cast<double>(ct::Sqrt(cos2 * (1.0L + w)) / scale),
+    const long double cosB0 = ct::Sqrt(cos2 * (1.0L + w)) / scale;
+    const auto exponential = static_cast<double>((1.0L + sinB0) / cosB0);
+    const Direction b0 = DirectionOfExponential(exponential);
+    return {static_cast<double>(n),
+            static_cast<double>(n * psi0 - ct::Atanh(sinB0)),
+            EllipsoidShare(ORIGIN.sine, figure.EccentricitySquared()),
+            exponential,
+            b0.sine,
+            b0.cosine,
             static_cast<double>(figure.a * ct::Sqrt(1.0L - e2) / (1.0L - e2 * sinPhi0 * sinPhi0))};
 }
 
@@ -97,9 +128,13 @@ void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t 
     if (!row) return SetToNaN(&payload->easting, &payload->northing);
     const GaussSphere& sphere = SPHERES[row->ellipsoid];
     const Direction l = DirectionOfSmall((latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n);
-    const Direction phi = DirectionOf(latLon[0] * RADIANS_PER_DEGREE);
-    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, row->e2);
-    const Direction b = DirectionOfExponential(std::exp(sphere.n * psi - sphere.logM));
+
+    // The latitude on the sphere by its isometric distance from the origin's. At the origin that is 0 to the
+    // last bit, and so are x and y.
+    const Direction phi = LatitudeDirection(latLon[0] * RADIANS_PER_DEGREE);
+    const double share = EllipsoidShare(phi.sine, row->e2) - sphere.share;
+    const double distance = sphere.n * (std::log(ExponentialOf(phi) / ORIGIN_EXPONENTIAL) - share);
+    const Direction b = DirectionOfExponential(sphere.exponential * std::exp(distance));
 
     const double denominator = 1.0 + sphere.sinB0 * b.sine + sphere.cosB0 * b.cosine * l.cosine;
     double x = 0.0;

@@ -52,6 +52,14 @@ TEST(DutchGrid, HasItsOriginInAmersfoort) {
     EXPECT_NEAR(position.lon, AMERSFOORT_LONGITUDE, 1e-13);
 }
 
+TEST(DutchGrid, HasItsOriginExactlyOnEveryDatum) {
+    for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
+        const GridPayload payload = Forward(AMERSFOORT_LATITUDE, AMERSFOORT_LONGITUDE, datum);
+        EXPECT_EQ(payload.easting, 155000.0) << datum;
+        EXPECT_EQ(payload.northing, 463000.0) << datum;
+    }
+}
+
 // The worked example of IOGP Publication 373-7-2 for Oblique Stereographic. Its scale has three digits less,
 // which is a tenth of a millimetre here.
 TEST(DutchGrid, GivesTheWorkedExampleOfTheGeodesyRegister) {
