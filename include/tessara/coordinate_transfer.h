@@ -21,8 +21,10 @@ class ICoordinateTransfer : public IUnknown {
     // the result is true. The source's validity isn't looked at.
     virtual bool Transfer(ICoord* source, ICoord* target) = 0;
     // Copies the north or the east part of a position between two coordinates of one datum and one system,
-    // with whatever belongs to that axis (zone, hemisphere, letters). False for unequal references, systems
-    // outside 0..22 and null or wrong objects; the target is then unchanged.
+    // with whatever belongs to that axis (zone, hemisphere, letters). The row letters of UTMREF stand five
+    // apart in odd and even zones: TransferEast walks the target's row from the zone that the target had to
+    // the source's, which it takes, so that the northing stays (row F of zone 33 becomes L in zone 32). False
+    // for unequal references, systems outside 0..22 and null or wrong objects; the target is then unchanged.
     virtual bool TransferNorth(ICoord* source, ICoord* target) = 0;
     virtual bool TransferEast(ICoord* source, ICoord* target) = 0;
     // Brings a world position, or a pixel of the map, into the coordinate system and datum of the map: the

@@ -148,6 +148,11 @@ struct Position {
     double latitude, longitude;  // degrees
 };
 
+// Whole turns don't count.
+bool Coincide(Position p1, Position p2) {
+    return p1.latitude == p2.latitude && std::remainder(p2.longitude - p1.longitude, 360.0) == 0.0;
+}
+
 // The iteration on the longitude. It converges except near the antipode.
 GeodesicResult InverseByIteration(Position p1, Position p2, const Ellipsoid& ellipsoid) {
     const Latitudes latitudes(ellipsoid.ReducedLatitude(ToRadians(p1.latitude)),
@@ -161,6 +166,7 @@ GeodesicResult InverseByIteration(Position p1, Position p2, const Ellipsoid& ell
             const double x = std::atan2(arc.A, arc.B);
             const double y = -std::atan2(arc.C, arc.E);
             GeodesicResult result{};
+            if (Coincide(p1, p2)) return result;
             result.distance = LengthOf(arc, ellipsoid);
             result.azimuth12 = ToAzimuth(x + y);
             result.azimuth21 = ToAzimuth(y - x);
