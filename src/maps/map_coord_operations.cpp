@@ -82,9 +82,10 @@ CKoord MapCoordOperations::EmptyPixel(std::int32_t type) {
 bool MapCoordOperations::ToWorld(const tagKOORD& pixel, ICoord* out) {
     const IRef<ICoord> target(out);
     if (map_->type == MAP_UNKNOWN || !target.IsValid()) return false;
-    const double height = target->GetHeight();
     CKoord world;
-    if (!KoordFromCoord(out, &world) || !ResetToDefault(&world) || !KoordToCoord(&world, out)) return false;
+    if (!KoordFromCoord(out, &world)) return false;
+    const double height = IsEarthCentre(world) ? 0.0 : target->GetHeight();
+    if (!ResetToDefault(&world) || !KoordToCoord(&world, out)) return false;
     if (IsPixel(world) || MapPixelToWorld(&*map_, &pixel, &world) != KOORD_OK) return false;
     world.SetHeight(height);
     return KoordToCoord(&world, out);

@@ -54,6 +54,7 @@ bool Coord::SetHeight(double height) {
 }
 
 double Coord::GetHeight() {
+    if (!valid_ && IsEarthCentre(koord_)) return 0.0;
     return koord_.GetHeight();
 }
 

@@ -155,4 +155,10 @@ bool ResetToDefault(CKoord* koord) {
                         koord);
 }
 
+bool IsEarthCentre(const tagKOORD& record) {
+    if (record.type != KOORD_ECEF) return false;
+    const auto [x, y, z] = Load<EcefPayload>(record);
+    return x == 0.0 && y == 0.0 && z == 0.0;
+}
+
 }  // namespace tessara

@@ -12,4 +12,8 @@ bool DefaultKoord(std::int32_t datum, std::int32_t system, CKoord* koord);
 // The same for the record's own reference.
 bool ResetToDefault(CKoord* koord);
 
+// Whether a record is the default of ECEF, the earth's centre: x, y and z make that a height of 6356 km below
+// the pole, which nobody has set.
+[[nodiscard]] bool IsEarthCentre(const tagKOORD& record);
+
 }  // namespace tessara

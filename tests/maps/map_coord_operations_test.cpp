@@ -10,6 +10,8 @@
 #include "support/live_objects.h"
 #include "support/map_objects.h"
 #include "support/objects.h"
+#include "support/zoned_records.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
 namespace {
@@ -334,6 +336,39 @@ TEST_F(MapTest, KeepsTheHeight) {
     koord.SetHeight(123.0);
     ASSERT_TRUE(IRef<ICoordInternal>(ecef)->SetKoord(&koord));
     ASSERT_TRUE(degrees->FloatPixelToCoord(11.0, -48.0, ecef.Get()));
+    EXPECT_NEAR(ecef->GetHeight(), 123.0, 1e-3);
+}
+
+// Where no position is, there is no height to keep: the default of ECEF is the earth's centre, and also what
+// a pixel without a position leaves behind.
+TEST_F(MapTest, APixelFillsAFreshEcefCoordinateOnEveryDatum) {
+    const IRef<IMapCoordOperations> nowhere =
+        MapOf(Map(MAP_GAUKRU, MapGkParams{0, -6, -2500000.0, 5400000.0, 1.0, 1.0}));
+    for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
+        const IRef<IMapCoordOperations> map = MapOf(DegreeMap(datum));
+        const IRef<ICoord> ecef = EmptyCoord(datum, KOORD_ECEF);
+        for (const bool isReused : {false, true}) {
+            if (isReused) {
+                EXPECT_FALSE(nowhere->FloatPixelToCoord(0.0, 0.0, ecef.Get()));
+            }
+            ASSERT_TRUE(map->FloatPixelToCoord(11.0, -48.0, ecef.Get())) << datum;
+            const tagKOORD degreesOfPixel = GeodezRecord(48.0, 11.0, 0.0, datum);
+            tagKOORD expected = MakeKoord(datum, KOORD_ECEF);
+            ASSERT_EQ(KoordConvert(&degreesOfPixel, &expected), KOORD_OK);
+            const auto at = PayloadOf<EcefPayload>(ecef);
+            // Metres: there and back through degrees.
+            EXPECT_NEAR(at.x, Load<EcefPayload>(expected).x, 1e-6) << datum;
+            EXPECT_NEAR(at.y, Load<EcefPayload>(expected).y, 1e-6) << datum;
+            EXPECT_NEAR(at.z, Load<EcefPayload>(expected).z, 1e-6) << datum;
+            EXPECT_NEAR(ecef->GetHeight(), 0.0, 1e-6) << datum;
+        }
+    }
+}
+
+TEST_F(MapTest, AnEcefCoordinateWithoutAPositionKeepsTheHeightThatItWasGiven) {
+    const IRef<ICoord> ecef = EmptyCoord(3, KOORD_ECEF);
+    ecef->SetHeight(123.0);
+    ASSERT_TRUE(MapOf(DegreeMap(3))->FloatPixelToCoord(11.0, -48.0, ecef.Get()));
     EXPECT_NEAR(ecef->GetHeight(), 123.0, 1e-3);
 }
 

@@ -152,6 +152,13 @@ TEST_F(CoordTest, HasAHeightWithOrWithoutAPosition) {
     EXPECT_TRUE(std::isnan(utm->GetHeight()));
 }
 
+TEST_F(CoordTest, WithoutAPositionTheHeightIsZeroInEverySystem) {
+    for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
+        for (std::int32_t system = 0; system <= KOORD_LUREF; ++system)
+            EXPECT_EQ(EmptyCoord(datum, system)->GetHeight(), 0.0) << datum << ' ' << system;
+    }
+}
+
 // Out to WGS84 degrees.
 
 TEST_F(CoordTest, GetGeographicGivesAWgs84PositionAsItStands) {
