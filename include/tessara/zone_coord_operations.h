@@ -28,7 +28,7 @@ class IZoneCoordOperations : public IUnknown {
     // easting differs from the coordinate's by 1e-5 m at most, in bad cases 1e-3 m.
     virtual std::int32_t GetEastBorder(ICoord* coord, ICoord* out) = 0;
     // The point of the zone's own east border at the coordinate's northing. False, and `out` unchanged, as -1
-    // above, and for a northing that no border has.
+    // above, and for a northing that no border has, as beyond the poles.
     virtual bool GetEastNeighbour(ICoord* coord, ICoord* out) = 0;
     // As GetEastBorder, on a walk due grid south.
     virtual std::int32_t GetWestBorder(ICoord* coord, ICoord* out) = 0;

@@ -12,6 +12,7 @@
 #include "objects/zone_meridian.h"
 #include "objects/zones.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/limits.h"
 #include "tessara/kernel/utmref.h"
@@ -22,11 +23,12 @@ namespace {
 // A border may lie outside the limits of the system by its outset.
 constexpr std::int32_t UNCHECKED = 0;
 
-constexpr double BORDER_OUTSET = 1e-9;    // degrees
-constexpr double LATITUDE_STEP = 1e-12;   // degrees; smaller steps end the search for a border point
-constexpr int BORDER_ROUNDS = 20;         // a border point takes six at most
-constexpr double EAST_TOLERANCE = 1e-5;   // metres; closer to an easting than this is on it
-constexpr double EAST_ACCEPTABLE = 1e-3;  // metres; good enough when the trials are used up
+constexpr double BORDER_OUTSET = 1e-9;       // degrees
+constexpr double LATITUDE_STEP = 1e-12;      // degrees; smaller steps end the search for a border point
+constexpr int BORDER_ROUNDS = 20;            // a border point takes six at most
+constexpr double NORTHING_TOLERANCE = 0.05;  // metres; more than a latitude that snaps to a limit costs
+constexpr double EAST_TOLERANCE = 1e-5;      // metres; closer to an easting than this is on it
+constexpr double EAST_ACCEPTABLE = 1e-3;     // metres; good enough when the trials are used up
 constexpr int EAST_TRIALS = 20;
 
 constexpr double WELL_INSIDE = 1e-4;         // degrees; more than a metre at latitude 84
@@ -83,6 +85,16 @@ double WidestNorthing(const tagKOORD& record) {
 double EastOfCentre(const tagKOORD& record) {
     tagKOORD centre = record;
     return Zones_MoveToCentre(&centre) ? Zones_East(record) - Zones_East(centre) : NO_VALUE;
+}
+
+// Whether the point of a meridian at a latitude has the border's northing. Beyond a pole it hasn't: the way
+// back from a northing there ends on this side of the pole, and from it no way leads there.
+bool IsOnMeridian(double longitude, double latitude, const tagKOORD& border) {
+    tagKOORD point = MakeKoord(DatumOf(border), KOORD_GEODEZ);
+    Store(point, GeodezPayload{latitude, longitude, 0.0});
+    tagKOORD there = border;
+    if (KoordConvertEx(&point, &there, UNCHECKED) != KOORD_OK) return false;
+    return std::fabs(Axis_SignedNorthing(there) - Axis_SignedNorthing(border)) < NORTHING_TOLERANCE;
 }
 
 // How wide a zone is, from its central line to one of its borders, by northing.
@@ -179,6 +191,7 @@ bool Zones_MoveToBorder(Compass side, tagKOORD* record) {
     }
     // Near a limit the kernel's snapping may keep the latitude jumping by as much.
     if (!(step <= LIMIT_TOLERANCE_DEGREES)) return false;
+    if (!IsOnMeridian(longitude, position.latitude, border)) return false;
     Zones_SetEast(Zones_East(border), record);
     Zones_Want(NO_WANTED_ZONE, record);
     return true;

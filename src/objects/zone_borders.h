@@ -11,8 +11,8 @@
 namespace tessara {
 
 // Moves the record onto the east or west border of its zone, at its own northing, written in its own zone and
-// wanting none. Any other direction, a system without zones, a zone that doesn't exist and a position that
-// doesn't convert give false; the record is then unchanged.
+// wanting none. Any other direction, a system without zones, a zone that doesn't exist, a northing beyond the
+// poles and a position that doesn't convert give false; the record is then unchanged.
 //
 // A border is drawn 1e-9 degrees, a tenth of a millimetre, outside the zone, so that a position exactly on it
 // never lies beyond it.

@@ -226,6 +226,32 @@ TEST(ZoneBorders, RandomUtmrefBordersAreTheRoundedOnesOfUtm) {
     }
 }
 
+// On their central lines, from cs2cs at latitude 90: UTM 9997964.943 on WGS84, GK 10000855.764 on Bessel's
+// ellipsoid. All meridians of a zone meet there, and beyond there is none.
+TEST(ZoneBorders, NoBorderRunsBeyondThePoles) {
+    const auto atNorthing = [](std::int32_t type, double northing) {
+        if (type != KOORD_UTM) return Strip(type, type == KOORD_GK ? 3500000.0 : 2500000.0, northing);
+        return Utm(32, northing < 0.0 ? 'S' : 'N', 500000.0, northing < 0.0 ? northing + 1.0e7 : northing);
+    };
+    for (const std::int32_t type : {KOORD_UTM, KOORD_GK, KOORD_GK6}) {
+        const double pole = type == KOORD_UTM ? 9997964.943 : 10000855.764;
+        for (const Compass side : {Compass::East, Compass::West}) {
+            for (const double sign : {1.0, -1.0}) {
+                for (const double before : {2.0e6, 1.0e5, 1000.0}) {
+                    tagKOORD record = atNorthing(type, sign * (pole - before));
+                    EXPECT_TRUE(Zones_MoveToBorder(side, &record)) << type << ' ' << sign * before;
+                }
+                for (const double beyond : {1.0, 1000.0, 1.0e5, 1.0e6, 4.0e6, 1.2e7, 2.5e7, 4.1e7, 1e300}) {
+                    const tagKOORD none = atNorthing(type, sign * (pole + beyond));
+                    tagKOORD record = none;
+                    EXPECT_FALSE(Zones_MoveToBorder(side, &record)) << type << ' ' << sign * beyond;
+                    EXPECT_TRUE(SameRecord(record, none));
+                }
+            }
+        }
+    }
+}
+
 TEST(ZoneBorders, OnlyTheSidesHaveBorderPoints) {
     tagKOORD record = Utm(32, 'N', 500000.0, 5500000.0);
     EXPECT_FALSE(Zones_MoveToBorder(Compass::North, &record));
