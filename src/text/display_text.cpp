@@ -39,11 +39,14 @@ class Tokens {
     bool complete_ = true;
 };
 
-// The metres within a square, five digits before the point, as many of them as the precision stands for.
+// The metres within a square, in as many characters as the precision stands for: the leading ones of five
+// digits or, with decimals, filled up with zeros and cut as a whole.
 std::string DigitGroup(const std::string& metres, int precision) {
-    const std::size_t point = std::min(metres.find('.'), metres.size());
-    const std::string digits = ZeroFilled(metres.substr(0, point), SQUARE_PRECISION) + metres.substr(point);
-    return digits.substr(0, static_cast<std::size_t>(std::max(SQUARE_PRECISION - precision, 0)));
+    const int width = std::max(SQUARE_PRECISION - precision, 0);
+    const std::string group = precision < 0
+                                  ? ZeroFilled(metres, width)
+                                  : ZeroFilled(metres.substr(0, metres.find('.')), SQUARE_PRECISION);
+    return group.substr(0, static_cast<std::size_t>(width));
 }
 
 bool DisplayUtmref(int precision, const PlainTexts& plain, std::string* display) {

@@ -109,7 +109,7 @@ TEST_F(CoordinateStringTest, ShowsAWholeReferenceOnBothAxes) {
     EXPECT_EQ(DisplayTextsOf(record, 100.0), (TextPair{"32UQA078426", "32UQA078426"}));
     EXPECT_EQ(DisplayTextsOf(record, 100000.0), (TextPair{"32UQA", "32UQA"}));
     EXPECT_EQ(DisplayTextsOf(Utmref(42, 7), 1.0).east, "32UQA0004200007");
-    EXPECT_EQ(DisplayTextsOf(record).east, "32UQA07819.0042661.00") << "in millimetres";
+    EXPECT_EQ(DisplayTextsOf(record).east, "32UQA7819.00042661.00") << "in millimetres";
 }
 
 // Each text cuts both groups by its own precision.

@@ -42,11 +42,22 @@ TEST(TextDisplay, DigitGroupsStandForMetresWhateverTheirSize) {
     EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, 2, plain), "32UQA000000");
 }
 
-// Five digits, a point and what is left of the width of 5 minus the precision.
+// With decimals a group is 5 minus the precision characters wide, the point among them: fewer are filled up
+// with zeros, more are cut.
 TEST(TextDisplay, AFinerPrecisionShowsDecimalsInADigitGroup) {
-    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, -3, {"U A 42661.000", "32 Q 12345.000"}),
-              "32UQA12345.0042661.00");
-    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, -1, {"U A 42661.0", "32 Q 42.0"}), "32UQA00042.42661.");
+    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, -3, {"U A 42661.000", "32 Q 7819.000"}),
+              "32UQA7819.00042661.00");
+    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, -3, {"U A 7.000", "32 Q 12345.000"}),
+              "32UQA12345.000007.000");
+    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, -1, {"U A 42661.0", "32 Q 42.0"}), "32UQA0042.042661.");
+    EXPECT_EQ(North(KOORD_BNG, -3, "107819.250 TQ 7819.250"), "TQ7819.250107819.250");
+    EXPECT_EQ(North(KOORD_ING, -3, "312345.000 O 12345.000"), "O12345.00312345.000");
+}
+
+// A precision of the other axis may bring decimals where only the leading digits are shown.
+TEST(TextDisplay, DecimalsThatTheOtherAxisBringsAreCutWithTheirDigits) {
+    EXPECT_EQ(Display(Axis::East, KOORD_UTMREF, 0, {"U A 42.125", "32 Q 7819"}), "32UQA0781900042");
+    EXPECT_EQ(Display(Axis::East, KOORD_UTMREF, 2, {"U A 7819.125", "32 Q 7819"}), "32UQA078078");
 }
 
 TEST(TextDisplay, DegreesHaveTheirSign) {
