@@ -139,6 +139,27 @@ TEST_F(TangentPlaneTest, APointInThePlaneHasNoHeightAboveIt) {
     EXPECT_NEAR(above.z, 125.0, 1e-8);
 }
 
+TEST_F(TangentPlaneTest, NoPointOfThePlaneHasAHeightAboveIt) {
+    Random random(6303);
+    for (int i = 0; i < 500; ++i) {
+        const IRef<ICoord> origin = Place(random.Between(-90.0, 90.0), random.Between(-180.0, 180.0));
+        ASSERT_TRUE(plane->SetOrigin(origin.Get()));
+        const IRef<ICoord> frame(CreateClassCoord());
+        Vector east;
+        Vector north;
+        ASSERT_TRUE(plane->GetFrame(frame.Get(), &east, &north));
+        const double x = random.Between(-1e5, 1e5);
+        const double y = random.Between(-1e5, 1e5);
+        const Vector xyz = Moved(Moved(XyzAt(origin), x, east), y, north);
+        const PlanePlace place = PlaceOf(CoordOf(Record(KOORD_ECEF, EcefPayload{xyz[0], xyz[1], xyz[2]})));
+        // The point is rounded to 1e-9 m, which the elimination may count some ten thousandfold, as near the
+        // equator, where it divides by the sine of the latitude.
+        EXPECT_NEAR(place.x, x, 1e-4);
+        EXPECT_NEAR(place.y, y, 1e-4);
+        EXPECT_NEAR(place.z, 0.0, 1e-4);
+    }
+}
+
 TEST_F(TangentPlaneTest, TheFrameIsTheOriginAndItsAxes) {
     const IRef<ICoord> origin = Place(48.0, 16.0, 200.0);
     ASSERT_TRUE(origin->SetReference(ReferenceOf(DATUM_WGS84, KOORD_UTM).Get()));

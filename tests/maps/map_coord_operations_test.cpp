@@ -489,9 +489,55 @@ TEST_F(MapTest, APositionWithoutAPixelWritesNothing) {
     EXPECT_EQ(PayloadOf<FloatPixelPayload>(pixel).x, 5.0);
 }
 
+// A UTM sheet is tied to its grid: what is known of three of its pixels, however wrong, plays no part.
+TEST_F(MapTest, AUtmMapCalculatesWithoutItsReferencePoints) {
+    const IRef<IMapCoordOperations> tied = ThreePointMap();
+    const IRef<IMapCoordOperations> plain = MapOf(MunichSheet());
+    ASSERT_EQ(RecordOf(tied).referenceCount, 3u);
+    for (const auto& [x, y] : {std::pair{0.0, 0.0}, std::pair{1200.5, -30.25}, std::pair{-7.0, 9000.0}}) {
+        const IRef<ICoord> fromTied = EmptyCoord(DATUM_WGS84, KOORD_UTM);
+        const IRef<ICoord> fromPlain = EmptyCoord(DATUM_WGS84, KOORD_UTM);
+        ASSERT_TRUE(tied->FloatPixelToCoord(x, y, fromTied.Get()));
+        ASSERT_TRUE(plain->FloatPixelToCoord(x, y, fromPlain.Get()));
+        EXPECT_TRUE(SameRecord(KoordOf(fromTied), KoordOf(fromPlain)));
+        // Metres and pixels: UTM is good to 2e-6 m there and back.
+        EXPECT_NEAR(PayloadOf<UtmPayload>(fromTied).easting, 675000.0 + 2.5 * x, 4e-6);
+        EXPECT_NEAR(PayloadOf<UtmPayload>(fromTied).northing, 5345000.0 - 2.5 * y, 4e-6);
+        ASSERT_TRUE(tied->CoordToFloatPixel(fromTied.Get(), &fx, &fy));
+        EXPECT_NEAR(fx, x, 4e-6);
+        EXPECT_NEAR(fy, y, 4e-6);
+    }
+}
+
+// Eastings: echo "180.001 10" | cs2cs -f %.3f +proj=longlat +ellps=WGS84 +to +proj=tmerc +lon_0=177 +k=0.9996
+// +x_0=500000, and likewise with the meridians 9 and -177.
 TEST_F(MapTest, APositionBesideTheZoneHasAPixel) {
-    const IRef<IMapCoordOperations> map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 60, 0.0, 0.0, 1.0, 1.0}));
-    EXPECT_TRUE(map->CoordToFloatPixel(CoordOf(GeodezRecord(10.0, 180.001)).Get(), &fx, &fy));
+    const struct {
+        std::int16_t zone;
+        double longitude, easting;
+    } rows[] = {{60, 180.001, 829038.474}, {60, 181.0, 938719.288}, {1, -180.001, 170961.526},
+                {32, 12.5, 883810.155},    {32, 4.0, -48636.649},   {32, 181.0, 1379471.015}};
+    for (const auto& row : rows) {
+        const IRef<IMapCoordOperations> map =
+            MapOf(Map(MAP_UTM, MapUtmParams{'N', row.zone, 0.0, 0.0, 1.0, 1.0}));
+        ASSERT_TRUE(map->CoordToFloatPixel(CoordOf(GeodezRecord(10.0, row.longitude)).Get(), &fx, &fy));
+        EXPECT_NEAR(fx, row.easting, 1e-3) << row.zone << ' ' << row.longitude;
+    }
+}
+
+// A strip ends at its million: beyond it a pixel has no position, but a position beside it has a pixel.
+TEST_F(MapTest, APixelBesideTheStripHasNoPosition) {
+    const IRef<IMapCoordOperations> map =
+        MapOf(Map(MAP_GAUKRU, MapGkParams{0, 9, 3000000.0, 5400000.0, 1.0, 1.0}, 3));
+    const IRef<ICoord> out = EmptyCoord(3, KOORD_GK);
+    EXPECT_TRUE(map->FloatPixelToCoord(0.0, 0.0, out.Get()));
+    EXPECT_FALSE(map->FloatPixelToCoord(-1.0, 0.0, out.Get()));
+    EXPECT_FALSE(map->LongPixelToCoord(1000000, 0, out.Get()));
+    GkPayload beside{};
+    beside.easting = 2999999.0;
+    beside.northing = 5400000.0;
+    beside.wantedMeridian = 9;
+    EXPECT_TRUE(map->CoordToFloatPixel(CoordOf(Record(KOORD_GK, beside, 3)).Get(), &fx, &fy));
 }
 
 TEST_F(MapTest, NeedsAPositionAndAPlaceForThePixel) {

@@ -4,13 +4,14 @@
 
 #include "support/coords.h"
 #include "support/records.h"
+#include "support/zones.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_transfer.h"
 
 namespace tessara {
 namespace {
 
-class CoordinateTransferTest : public testing::Test {
+class CoordinateTransferTest : public ::testing::Test {
   protected:
     IRef<ICoordinateTransfer> transfer{CreateClassCoordinateTransfer()};
 
@@ -146,6 +147,46 @@ TEST_F(CoordinateTransferTest, AnAxisIsCopiedAndTheHeightStaysTheTargets) {
     ASSERT_TRUE(transfer->TransferNorth(source.Get(), target.Get()));
     EXPECT_EQ(PayloadOf<GeodezPayload>(target).latitude, 48.0);
     EXPECT_EQ(target->GetHeight(), 7.0);
+}
+
+// On the equator row F of zone 33 begins at 500 km, and so does row L of zone 32.
+TEST_F(CoordinateTransferTest, ARowIsRelettredForTheZoneItIsBroughtTo) {
+    const IRef<ICoord> source = CoordOf(testing::Utmref(32, 'N', "NA", 12345, 0));
+    const IRef<ICoord> target = CoordOf(testing::Utmref(33, 'N', "WF", 1, 54321));
+    const IRef<ICoord> other = CoordOf(testing::Utmref(33, 'N', "WF", 1, 54321));
+    ASSERT_TRUE(transfer->TransferEast(source.Get(), target.Get()));
+    EXPECT_TRUE(testing::SameRecord(KoordOf(target), testing::Utmref(32, 'N', "NL", 12345, 54321)));
+    ASSERT_TRUE(transfer->TransferEast(other.Get(), target.Get()));
+    EXPECT_TRUE(testing::SameRecord(KoordOf(target), KoordOf(other))) << "and back";
+    // The northing of the ground: both lie 554321 m north of the equator.
+    const IRef<ICoord> utm = EmptyCoord(DATUM_WGS84, KOORD_UTM);
+    ASSERT_TRUE(transfer->TransferEast(source.Get(), target.Get()));
+    ASSERT_TRUE(transfer->Transfer(target.Get(), utm.Get()));
+    EXPECT_NEAR(PayloadOf<UtmPayload>(utm).northing, 554321.0, 1e-3);
+}
+
+// The renewal reads full values without letters, which are whole metres in the Irish grid: 315000.25 and
+// 234000.75 become 315000 and 234001.
+TEST_F(CoordinateTransferTest, AnAxisOfTheIrishGridComesInWholeMetres) {
+    LetterGridPayload from{};
+    from.fullEasting = 215000.125;
+    from.fullNorthing = 234000.75;
+    LetterGridPayload to{};
+    to.fullEasting = 315000.25;
+    to.fullNorthing = 134000.5;
+    const IRef<ICoord> source = CoordOf(Record(KOORD_ING, from, 97));
+    const IRef<ICoord> target = CoordOf(Record(KOORD_ING, to, 97));
+    ASSERT_TRUE(transfer->TransferNorth(source.Get(), target.Get()));
+    const auto moved = PayloadOf<LetterGridPayload>(target);
+    EXPECT_EQ(std::string({moved.square, moved.subSquare}), "IO");
+    // Metres: the full values go through the projection and back.
+    EXPECT_NEAR(moved.fullEasting, 315000.0, 4e-6);
+    EXPECT_NEAR(moved.fullNorthing, 234001.0, 4e-6);
+    // The British grid keeps the fractions.
+    const IRef<ICoord> british = CoordOf(Record(KOORD_BNG, to));
+    ASSERT_TRUE(transfer->TransferNorth(CoordOf(Record(KOORD_BNG, from)).Get(), british.Get()));
+    EXPECT_NEAR(PayloadOf<LetterGridPayload>(british).fullEasting, 315000.25, 4e-6);
+    EXPECT_NEAR(PayloadOf<LetterGridPayload>(british).fullNorthing, 234000.75, 4e-6);
 }
 
 TEST_F(CoordinateTransferTest, AnAxisOfTheFreeLambertIsRefused) {
