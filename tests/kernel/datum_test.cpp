@@ -405,6 +405,54 @@ double OutAndBack(const Position& start, std::int32_t from, std::int32_t to) {
                     std::fabs(std::remainder(end.Longitude() - start.Longitude(), 360.0)));
 }
 
+// The shift of three parameters without an approximation: through space, on the ellipsoid at both ends.
+Position ShiftThroughSpace(Position from, const DatumRow& source, const DatumRow& target) {
+    using Real = long double;
+    const Real degree = std::acos(Real(-1)) / 180;
+    const auto radius = [](const DatumRow& row, Real sine) {
+        return row.a / std::sqrt(1 - row.f * (2 - row.f) * sine * sine);
+    };
+    const Real phi = from.Latitude() * degree;
+    const Real lambda = from.Longitude() * degree;
+    const Real n = radius(source, std::sin(phi));
+    const Real x = n * std::cos(phi) * std::cos(lambda) + (source.dx - target.dx);
+    const Real y = n * std::cos(phi) * std::sin(lambda) + (source.dy - target.dy);
+    const Real z = n * std::sin(phi) * (1 - source.f) * (1 - source.f) + (source.dz - target.dz);
+
+    const Real e2 = target.f * (2 - target.f);
+    Real latitude = std::atan2(z, std::hypot(x, y) * (1 - e2));
+    for (int i = 0; i < 8; ++i) {  // each round gains two digits and more
+        const Real sine = std::sin(latitude);
+        latitude = std::atan2(z + e2 * radius(target, sine) * sine, std::hypot(x, y));
+    }
+    return {{static_cast<double>(latitude / degree), static_cast<double>(std::atan2(y, x) / degree)}};
+}
+
+// The figures of accuracy.md, in metres on the ground.
+TEST(DatumShift, LeavesTheExactShiftTowardThePoles) {
+    const auto worstUpTo = [](double limit, std::int32_t datum) {
+        double worst = 0.0;
+        for (int i = -20; i <= 20; ++i) {
+            for (double longitude = -180.0; longitude < 180.0; longitude += 3.0) {
+                const Position start{{limit * i / 20.0, longitude}};
+                const Position exact = ShiftThroughSpace(start, *Datum_Row(DATUM_WGS84), *Datum_Row(datum));
+                const Position found = Shift(start, DATUM_WGS84, datum);
+                const double along = std::remainder(found.Longitude() - exact.Longitude(), 360.0) *
+                                     std::cos(exact.Latitude() * DEGREE);
+                worst = std::fmax(worst, 111320.0 * std::hypot(found.Latitude() - exact.Latitude(), along));
+            }
+        }
+        return worst;
+    };
+    constexpr std::int32_t CH1903 = 7;
+    EXPECT_NEAR(worstUpTo(60.0, GER), 0.12, 0.01);
+    EXPECT_NEAR(worstUpTo(85.0, GER), 0.42, 0.03);
+    EXPECT_NEAR(worstUpTo(89.9, GER), 19.0, 4.0);
+    EXPECT_NEAR(worstUpTo(60.0, CH1903), 0.14, 0.01);
+    EXPECT_NEAR(worstUpTo(85.0, CH1903), 0.50, 0.03);
+    EXPECT_NEAR(worstUpTo(89.9, CH1903), 23.0, 4.0);
+}
+
 // The accuracy that datum.h states, for all datums but the sphere.
 TEST(DatumShift, ReturnsFromAnotherDatumToWhereItStarted) {
     Random random(20);
