@@ -6,6 +6,7 @@
 #include <limits>
 #include <new>
 
+#include "objects/zones.h"
 #include "support/grids.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -319,6 +320,22 @@ TEST_F(CoordinateGridTest, AStepLargerThanTheWindowGivesALineOrNone) {
             ASSERT_TRUE(SetWindow(odd, 0, 0, 1600, 1200)) << place.name;
             EXPECT_TRUE(odd->GetEastLines(lines.Get())) << place.name << " " << step;
             EXPECT_LE(lines->GetCount(), 3u) << place.name << " " << step << ": a line and two borders";
+            EXPECT_TRUE(odd->GetNorthLines(lines.Get())) << place.name << " " << step;
+            EXPECT_LE(lines->GetCount(), 1u) << place.name << " " << step;
+        }
+    }
+}
+
+// Only the line through the anchor can be there. With zones, borders are lines of the grid too.
+TEST_F(CoordinateGridTest, WithoutZonesAStepLargerThanTheWindowGivesOneLineAtMost) {
+    for (const GridPlace& place : GRID_PLACES) {
+        if (Zones_Exist(place.system)) continue;
+        const auto cone = ConeMap(place);
+        for (const double step : {1e6, 1e9, 1e30}) {
+            const auto odd = GridOf(place.system, cone, step, step, place.datum);
+            ASSERT_TRUE(SetWindow(odd, 0, 0, 1600, 1200)) << place.name;
+            EXPECT_TRUE(odd->GetEastLines(lines.Get())) << place.name << " " << step;
+            EXPECT_LE(lines->GetCount(), 1u) << place.name << " " << step;
             EXPECT_TRUE(odd->GetNorthLines(lines.Get())) << place.name << " " << step;
             EXPECT_LE(lines->GetCount(), 1u) << place.name << " " << step;
         }
