@@ -99,7 +99,8 @@ class ICoordinateString : public IUnknown {
     //
     //   UTM        northing; zone and easting without a blank
     //   UTMREF     the whole reference in both, "32UQA0781942661": as many digits of each group as the
-    //              precision stands for, and the decimals of a finer one
+    //              precision stands for; with decimals a group is filled up with zeros, or cut, to 5 minus
+    //              the precision characters, its point among them: "7819.000" at -3
     //   GEODEZ     the plain text with a degree sign
     //   GEOGRAD    degrees, minutes, seconds, letter; without the seconds from precision 2 on, and without
     //              the minutes from 4 on
