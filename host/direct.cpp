@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "arguments.h"
+#include "azimuths.h"
 #include "commands.h"
 #include "names.h"
 #include "numbers.h"
@@ -38,7 +39,7 @@ ExitCode WriteDirect(const Options& o) {
     }
     std::cout << FormatNumber(end.latitude, DEGREE_DECIMALS) << ' '
               << FormatNumber(std::remainder(end.longitude, 360.0), DEGREE_DECIMALS) << ' '
-              << FormatNumber(end.backAzimuth, DEGREE_DECIMALS) << '\n';
+              << FormatAzimuth(end.backAzimuth) << '\n';
     return EXIT_DONE;
 }
 

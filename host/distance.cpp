@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "arguments.h"
+#include "azimuths.h"
 #include "commands.h"
 #include "names.h"
 #include "numbers.h"
@@ -35,9 +36,8 @@ ExitCode WriteDistance(const Options& o) {
         std::cerr << "tessara: no way is found between these positions\n";
         return EXIT_INCOMPLETE;
     }
-    std::cout << FormatNumber(way.distance, METRE_DECIMALS) << ' '
-              << FormatNumber(way.azimuth12, DEGREE_DECIMALS) << ' '
-              << FormatNumber(way.azimuth21, DEGREE_DECIMALS) << '\n';
+    std::cout << FormatNumber(way.distance, METRE_DECIMALS) << ' ' << FormatAzimuth(way.azimuth12) << ' '
+              << FormatAzimuth(way.azimuth21) << '\n';
     return EXIT_DONE;
 }
 

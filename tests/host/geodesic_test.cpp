@@ -63,6 +63,18 @@ TEST(Distance, IsZeroBetweenEqualPositions) {
     EXPECT_EQ(Numbers(Tessara({"distance", "48", "11", "48", "11"}))[0], 0.0);
 }
 
+// From a position to its antipode over the pole, and back from it: due north both ways.
+TEST(Distance, AnAzimuthOfAWholeTurnIsZero) {
+    const Outcome line = Tessara({"distance", "0", "0", "0", "180"});
+    EXPECT_EQ(line.out.substr(line.out.find(' ')), " 0.000000000 0.000000000\n");
+}
+
+TEST(Direct, AnAzimuthOfAWholeTurnIsZero) {
+    // Due south, a hair to the east: the way back is due north, a hair to the west.
+    const Outcome end = Tessara({"direct", "10", "20", "179.9999999999", "1000"});
+    EXPECT_EQ(end.out.substr(end.out.rfind(' ')), " 0.000000000\n");
+}
+
 TEST(Direct, FindsTheEndOfThePublishedLine) {
     const std::vector<double> end = Numbers(Tessara({"direct", "-37.951033416667", "144.424867888889",
                                                      "306.868158333", "54972.271", "--datum", "NAD83"}));
