@@ -15,13 +15,14 @@
 #include <vector>
 
 #include "areas/compare_records.h"
+#include "areas/leads_back.h"
 #include "areas/system_extremes.h"
 #include "geometry/densify.h"
 #include "geometry/map_plane.h"
 #include "kernel/numeric.h"
 #include "maps/pixel_search.h"
 #include "objects/axis_copy.h"
-#include "objects/koord_access.h"
+#include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
 #include "tessara/kernel/convert.h"
@@ -80,7 +81,7 @@ class WindowSearch {
   public:
     WindowSearch(IMapCoordOperations* map, const PixelRect& window, std::int32_t datum, std::int32_t system,
                  Extremes* extremes)
-        : plane_(map), map_(map), window_(window), empty_(MakeKoord(datum, system)), extremes_(*extremes) {}
+        : plane_(map), window_(window), empty_(MakeKoord(datum, system)), extremes_(*extremes) {}
 
     bool Run() {
         if (!plane_.IsComplete()) return false;
@@ -125,13 +126,21 @@ class WindowSearch {
 
     // With any valid position of the window.
     bool StartAnywhere() {
-        const IRef<ITransformableMapPixel> finder(CreateClassTransformableMapPixel());
-        const IRef<ITransformableInternal> inner(finder);
-        const IRef<ICoord> seed(CreateClassCoord());
+        const auto startAt = [this](std::int32_t x, std::int32_t y) {
+            const std::optional<Found> found = FindValid(PixelAt(x, y));
+            if (found) extremes_.Start(found->koord);
+            return found.has_value();
+        };
+        return FindValidPixel(window_, LEVELS_IN_RECTANGLE, startAt) || StartAtDefault() ||
+               FindValidPixelOnRim(window_, LEVELS_ON_RIM, startAt);
+    }
+
+    // With the default position of the system, which helps where the system is a small part of the window.
+    bool StartAtDefault() {
         CKoord koord;
-        const bool isFound = inner.IsValid() && KoordToCoord(&empty_, seed.Get()) &&
-                             inner->FindValidCoordInPixelRect(map_.Get(), &window_, seed.Get()) &&
-                             KoordFromCoord(seed.Get(), &koord);
+        const bool isFound = DefaultKoord(static_cast<std::int32_t>(empty_.datum),
+                                          static_cast<std::int32_t>(empty_.type), &koord) &&
+                             IsInWindow(Axis::East, koord) && IsInWindow(Axis::North, koord);
         if (isFound) extremes_.Start(koord);
         return isFound;
     }
@@ -303,18 +312,24 @@ class WindowSearch {
         const CKoord& extreme = extremes_[direction];
         if (Compare_Records(AxisOf(direction), extreme, limit) == 0) return true;
         const std::optional<CKoord> beside = PlaceOfLimit(direction, extreme, limit);
-        if (beside && IsInWindow(*beside)) extremes_.Set(direction, *beside);
-        if (extremes_.IsFurther(direction, limit) && IsInWindow(limit)) extremes_.Set(direction, limit);
+        if (beside && IsInWindow(AxisOf(direction), *beside)) extremes_.Set(direction, *beside);
+        if (extremes_.IsFurther(direction, limit) && IsInWindow(AxisOf(direction), limit))
+            extremes_.Set(direction, limit);
         return true;
     }
 
-    [[nodiscard]] bool IsInWindow(const CKoord& koord) const {
+    // Whether the value of a place on an axis occurs in the window, all edges included: the extreme beside
+    // which a limit is tried often lies on one of them.
+    [[nodiscard]] bool IsInWindow(Axis axis, const CKoord& place) const {
         PlanePoint pixel{};
-        return plane_.ToPlane(koord, &pixel) && IsInside(window_, RoundPixel(pixel.x), RoundPixel(pixel.y));
+        if (!plane_.ToPlane(place, &pixel)) return false;
+        const std::int32_t x = RoundPixel(pixel.x);
+        const std::int32_t y = RoundPixel(pixel.y);
+        return x >= window_.left && x <= window_.right && y >= window_.top && y <= window_.bottom &&
+               LeadsBack(plane_, axis, place, pixel);
     }
 
     MapPlane plane_;
-    IRef<IMapCoordOperations> map_;
     PixelRect window_;
     CKoord empty_;  // a record of the reference without a position
     Extremes& extremes_;

@@ -7,6 +7,10 @@
 
 namespace tessara {
 
+// How finely a whole rectangle and its rim are searched.
+inline constexpr int LEVELS_IN_RECTANGLE = 3;
+inline constexpr int LEVELS_ON_RIM = 6;
+
 using WholePixelTest = std::function<bool(std::int32_t x, std::int32_t y)>;
 
 // With left <= right and top <= bottom.

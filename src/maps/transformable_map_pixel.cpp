@@ -16,9 +16,6 @@
 namespace tessara {
 namespace {
 
-constexpr int LEVELS_IN_RECTANGLE = 3;
-constexpr int LEVELS_ON_RIM = 6;
-
 // Tries pixels in one coordinate, which holds the last position found.
 class Prober {
   public:
