@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::int32_t UNCHECKED = 0;  // a border lies a hair outside its zone
 
-// The limit of a zone or the meridian 180 may lead to the other side of itself; a hair beside, a place lies
-// on one side. Half a pixel shows how steep the values are.
+// On the border of a zone or the meridian 180 itself a place may be written for either side. A hair beside,
+// it lies on one. Half a pixel shows how steep the values are.
 constexpr double HAIR = 1.0 / 64.0;  // pixels; a border is drawn a tenth of a millimetre outside its zone
 constexpr double HALF = 0.5;
 
-constexpr PlanePoint OFFSETS[] = {{0.0, 0.0},  {HAIR, 0.0},  {-HAIR, 0.0}, {0.0, HAIR}, {0.0, -HAIR},
-                                  {HALF, 0.0}, {-HALF, 0.0}, {0.0, HALF},  {0.0, -HALF}};
+constexpr PlanePoint OFFSETS[] = {{HAIR, 0.0}, {-HAIR, 0.0}, {0.0, HAIR}, {0.0, -HAIR},
+                                  {HALF, 0.0}, {-HALF, 0.0}, {0.0, HALF}, {0.0, -HALF}};
 
 // The letters of UTMREF come again every 2000 km, the northing of UTM doesn't.
 bool SpellOut(CKoord* koord) {

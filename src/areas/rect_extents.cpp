@@ -9,6 +9,7 @@
 // of a zone, a longitude at 180 degrees. There, too, the sides are walked by pieces.
 #include "areas/rect_extents.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -22,6 +23,7 @@
 #include "kernel/numeric.h"
 #include "maps/pixel_search.h"
 #include "objects/axis_copy.h"
+#include "objects/convert_records.h"
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
@@ -35,7 +37,9 @@ namespace {
 
 constexpr int NARROWING_PASSES = 4;
 constexpr int SAMPLES_OF_A_SIDE = 64;
-constexpr int COARSE_STEP = 8;        // samples
+constexpr int COARSE_STEP = 8;               // samples
+constexpr std::size_t FEWEST_OF_FINEST = 8;  // a chain has its ends and a middle from each of six divisions
+constexpr double ONE_PIXEL = 1.0;
 constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a piece is walked, pixels
 
 // Each side in by a quarter of the size. Widths may exceed 32 bits.
@@ -95,6 +99,7 @@ class WindowSearch {
         }
         WalkRim(corners);
         if (!areCornersValid || HasJumps()) WalkSidesByPieces();
+        if (IsInDegrees()) TryDateLine();
         PixelRect narrow = window_;
         for (int pass = 0; pass < NARROWING_PASSES && !areCornersValid; ++pass) {
             const PixelRect next = Narrowed(narrow);
@@ -192,30 +197,82 @@ class WindowSearch {
 
     void WalkSide(const Found& from, const Found& to) {
         std::vector<CKoord> chain;
-        if (DensifyOnMap(plane_, from.koord, to.koord, DensifyMode::MapStraight, DEFAULT_PIXEL_TOLERANCE,
-                         &chain)) {
-            for (const CKoord& koord : chain)
-                extremes_.Extend(koord);
-            return;
-        }
+        const bool isWalked = IsFoundAgain(from) && IsFoundAgain(to) &&
+                              DensifyOnMap(plane_, from.koord, to.koord, DensifyMode::MapStraight,
+                                           DEFAULT_PIXEL_TOLERANCE, &chain);
+        if (!isWalked) SampleSide(from.pixel, to.pixel, &chain);
+        for (const CKoord& koord : chain)
+            extremes_.Extend(koord);
+        SearchFinestPieces(from.pixel, to.pixel, chain);
+    }
+
+    // A map that shows a place twice finds it once, and a pole on a line of pixels at one of them. A chain
+    // begins where its ends are found.
+    [[nodiscard]] bool IsFoundAgain(const Found& found) const {
+        PlanePoint pixel{};
+        return plane_.ToPlane(found.koord, &pixel) && std::fabs(pixel.x - found.pixel.x) <= ONE_PIXEL &&
+               std::fabs(pixel.y - found.pixel.y) <= ONE_PIXEL;
+    }
+
+    void SampleSide(const PlanePoint& from, const PlanePoint& to, std::vector<CKoord>* chain) const {
         for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
-            const auto sample = FindValid(PlaceOnSide(from.pixel, to.pixel, k));
-            if (sample) extremes_.Extend(sample->koord);
+            const auto sample = FindValid(PlaceOnSide(from, to, k));
+            if (sample) chain->push_back(sample->koord);
         }
+    }
+
+    // A chain has an end to its pieces. Close by a pole that is too early, and the side reaches further
+    // between two places of the chain than at them.
+    void SearchFinestPieces(const PlanePoint& from, const PlanePoint& to, const std::vector<CKoord>& chain) {
+        if (chain.size() < FEWEST_OF_FINEST) return;
+        for (const Compass direction : DIRECTIONS) {
+            const auto furthest = std::find_if(chain.begin(), chain.end(), [&](const CKoord& koord) {
+                return Compare_Records(AxisOf(direction), koord, extremes_[direction]) == 0;
+            });
+            PlanePoint place{};
+            if (furthest == chain.end() || !plane_.ToPlane(*furthest, &place)) continue;
+            const double share = 1.0 / SAMPLES_OF_A_SIDE;
+            const PlanePoint step{(to.x - from.x) * share, (to.y - from.y) * share};
+            const auto isFinest = [&](const CKoord& neighbour) {
+                PlanePoint next{};
+                return plane_.ToPlane(neighbour, &next) &&
+                       std::fabs(next.x - place.x) <= 1.5 * std::fabs(step.x) + END_OF_PIECE &&
+                       std::fabs(next.y - place.y) <= 1.5 * std::fabs(step.y) + END_OF_PIECE;
+            };
+            const bool isSplitUp = (furthest != chain.begin() && isFinest(furthest[-1])) ||
+                                   (furthest + 1 != chain.end() && isFinest(furthest[1]));
+            if (isSplitUp) SearchAround(direction, place, step);
+        }
+    }
+
+    // Looks half as far to both sides of the furthest place so far, again and again.
+    void SearchAround(Compass direction, PlanePoint place, PlanePoint step) {
+        while (std::fabs(step.x) > DEFAULT_PIXEL_TOLERANCE || std::fabs(step.y) > DEFAULT_PIXEL_TOLERANCE) {
+            step = {step.x / 2.0, step.y / 2.0};
+            for (const double side : {1.0, -1.0}) {
+                const auto found = FindValid(InWindow({place.x + side * step.x, place.y + side * step.y}));
+                if (!found || !extremes_.IsFurther(direction, found->koord)) continue;
+                extremes_.Set(direction, found->koord);
+                place = found->pixel;
+                break;
+            }
+        }
+    }
+
+    // The closest place of the window.
+    [[nodiscard]] PlanePoint InWindow(const PlanePoint& pixel) const {
+        return {std::clamp<double>(pixel.x, window_.left, window_.right),
+                std::clamp<double>(pixel.y, window_.top, window_.bottom)};
+    }
+
+    [[nodiscard]] bool IsInDegrees() const {
+        return empty_.type == KOORD_GEODEZ || empty_.type == KOORD_GEOGRAD || empty_.type == KOORD_GEODEZMIN;
     }
 
     // Whether the system's values jump somewhere.
     [[nodiscard]] bool HasJumps() const {
-        switch (empty_.type) {
-            case KOORD_GEODEZ:
-            case KOORD_GEOGRAD:
-            case KOORD_GEODEZMIN:
-            case KOORD_GEOREF:
-            case KOORD_VDG:
-                return true;
-            default:
-                return Zones_Exist(static_cast<std::int32_t>(empty_.type));
-        }
+        return IsInDegrees() || empty_.type == KOORD_GEOREF || empty_.type == KOORD_VDG ||
+               Zones_Exist(static_cast<std::int32_t>(empty_.type));
     }
 
     // Walks what is valid of each side of the window, from jump to jump, as far as samples tell.
@@ -247,13 +304,24 @@ class WindowSearch {
             const PlanePoint place = PlaceOnSide(from, to, k);
             const std::optional<Found> sample = FindValid(place);
             if (start && !(sample && IsWithoutJump(*last, *sample))) {
-                WalkSide(*start, EndOfPiece(*last, place));
+                WalkSide(*start, WalkedTo(*last, place));
                 start.reset();
             }
-            if (sample && !start) start = k == 0 ? sample : EndOfPiece(*sample, PlaceOnSide(from, to, k - 1));
+            if (sample && !start) start = k == 0 ? sample : WalkedTo(*sample, PlaceOnSide(from, to, k - 1));
             last = sample;
         }
         if (start) WalkSide(*start, *last);
+    }
+
+    // The end of a piece. Another piece may hide between there and the next sample: that is walked, too.
+    Found WalkedTo(const Found& inside, const PlanePoint& beyond) {
+        const Found end = EndOfPiece(inside, beyond);
+        const auto towards = [](double here, double there) {
+            return here + std::clamp(there - here, -ONE_PIXEL, ONE_PIXEL);
+        };
+        const auto next = FindValid({towards(end.pixel.x, beyond.x), towards(end.pixel.y, beyond.y)});
+        if (next && !IsWithoutJump(end, *next)) WalkSide(*next, EndOfPiece(*next, beyond));
+        return end;
     }
 
     // Whether two places lie in one zone or, without zones, in one of the halves that Greenwich makes.
@@ -316,6 +384,18 @@ class WindowSearch {
         if (extremes_.IsFurther(direction, limit) && IsInWindow(AxisOf(direction), limit))
             extremes_.Set(direction, limit);
         return true;
+    }
+
+    // Where degrees end at the meridian 180 because the map's do, the meridian itself is the extreme.
+    void TryDateLine() {
+        for (const Compass direction : {Compass::East, Compass::West}) {
+            tagKOORD meridian = MakeKoord(static_cast<std::int32_t>(empty_.datum), KOORD_GEODEZ);
+            Store(meridian, GeodezPayload{0.0, SignOf(direction) * 180.0, 0.0});
+            CKoord place = extremes_[direction];
+            if (!ConvertTo(static_cast<std::int32_t>(empty_.type), &meridian)) continue;
+            if (!CopyAxis(Axis::East, meridian, &place) || !extremes_.IsFurther(direction, place)) continue;
+            if (IsInWindow(Axis::East, place)) extremes_.Set(direction, place);
+        }
     }
 
     // Whether the value of a place on an axis occurs in the window, all edges included: the extreme beside
