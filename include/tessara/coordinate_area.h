@@ -63,15 +63,17 @@ class ICoordinateArea : public IUnknown {
     // north. The sides may be swapped. In a pixel system they are its corners, whatever the map shows.
     //
     // The corners and the lines of pixels between them are searched, to a quarter of a pixel, or half of one
-    // where they cross the border of a zone or the meridian 180, and the limits of the system and the middles
-    // and borders of its zones that lie inside. A corner that the map or the system can't show moves toward
+    // where they cross the border of a zone, and the limits of the system, the meridian 180 where degrees end
+    // at it, and the middles and borders of zones that lie inside, on the edges or by their rounded pixels. A
+    // map repeats itself, and so a limit counts only if its pixel leads back to it: a window over Greenwich
+    // doesn't reach to longitude 360. A corner that the map or the system can't show moves toward
     // the centre, a quarter, a half or all of the way; then the pieces of the sides that can be shown are
     // searched, and up to four narrower rectangles, a quarter of the size off each side. Where the system
     // ends amid the rectangle its edge isn't followed: besides the places told, no extreme is found there.
     //
     // False for a null or wrong object. In other systems than pixels false, too, for an empty map and a
-    // rectangle without any valid position; ECEF and TM positions are never valid. The points are then
-    // unchanged.
+    // rectangle without any valid position; ECEF and TM positions are never valid, and UPS ones only in the
+    // north. The points are then unchanged.
     virtual bool GetMapRectNorth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
     virtual bool GetMapRectEast(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;
     virtual bool GetMapRectSouth(IMapCoordOperations* map, IRect* rect, ICoord* point) = 0;

@@ -40,8 +40,8 @@ class ICoordinateGrid : public IUnknown {
     // The window for all lines from now on: the smallest rectangle of whole pixels around four points of the
     // map, given as pixels or as coordinates of any system; pixels count whatever their datum is. False for a
     // null or foreign object, a position without a pixel, a pixel outside the range of 32 bits, and a window
-    // without any valid position in the grid's system; TM has none anywhere. The window is then the one
-    // before.
+    // without any valid position in the grid's system; TM has none anywhere, and UPS none in the south. The
+    // window is then the one before.
     virtual bool SetWindowFromPoints(IFloatPoint* a, IFloatPoint* b, IFloatPoint* c, IFloatPoint* d) = 0;
     virtual bool SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) = 0;
 

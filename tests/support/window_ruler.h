@@ -1,0 +1,127 @@
+// Places of a window measured along the axes of a system, and the lines of a grid by which they are measured.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "objects/axis_values.h"
+#include "objects/convert_records.h"
+#include "objects/zones.h"
+#include "support/lines.h"
+#include "tessara/transformable_map_pixel.h"
+
+namespace tessara::testing {
+
+// The value of a record on an axis as one number that grows eastward or northward. A zone weighs more than
+// any easting.
+inline constexpr double ZONE_WEIGHT = 1e8;
+
+inline double KeyOf(Axis axis, tagKOORD record) {
+    switch (record.type) {
+        case KOORD_UTMREF:
+            if (!ConvertInZone(KOORD_UTM, 0, &record)) return NAN;
+            break;
+        case KOORD_GEOGRAD:
+        case KOORD_GEODEZMIN:
+        case KOORD_GEOREF:
+            if (!ConvertTo(KOORD_GEODEZ, &record)) return NAN;
+            break;
+        default:
+            break;
+    }
+    if (axis == Axis::North) return Axis_SignedNorthing(record);
+    if (!Zones_Exist(static_cast<std::int32_t>(record.type))) return Axis_Value(axis, record);
+    return Zones_Number(record) * ZONE_WEIGHT + Zones_East(record);
+}
+
+// To what the system's own form rounds.
+inline double UnitOf(std::int32_t system) {
+    switch (system) {
+        case KOORD_UTMREF:
+            return 1.0;
+        case KOORD_GEOREF:
+            return 1.0 / 6000.0;
+        case KOORD_BNG:
+        case KOORD_ING:
+            return 1e-5;  // what letters leave
+        default:
+            return 1e-7;  // degrees or metres: what conversions leave
+    }
+}
+
+inline bool IsInDegrees(std::int32_t system) {
+    return system == KOORD_GEODEZ || system == KOORD_GEOGRAD || system == KOORD_GEODEZMIN ||
+           system == KOORD_GEOREF;
+}
+
+struct Sampled {
+    double east, north;
+};
+
+inline double ValueOn(Axis axis, const Sampled& at) {
+    return axis == Axis::East ? at.east : at.north;
+}
+
+// 1, 2 or 5 and zeros, about so much.
+inline double RoundStep(double about) {
+    const double power = std::pow(10.0, std::floor(std::log10(about)));
+    const double rest = about / power;
+    return (rest < 2.0 ? 1.0 : rest < 5.0 ? 2.0 : 5.0) * power;
+}
+
+// Where lines of equal easting begin in a zone.
+inline double CentreOf(std::int32_t system, double zone) {
+    switch (system) {
+        case KOORD_BMN:
+            return 150000.0 + (zone - 28.0) * 100000.0;
+        case KOORD_OEM:
+            return 450000.0 + (zone - 28.0) * 100000.0;
+        case KOORD_GKAT:
+            return 0.0;
+        default:
+            return 500000.0;
+    }
+}
+
+// Whether a piece comes into the rectangle grown by a margin.
+inline bool Meets(const PixelRect& rect, double margin, const Pixel& a, const Pixel& b) {
+    double first = 0.0, last = 1.0;
+    const auto cut = [&](double from, double to, double low, double high) {
+        if (from == to) return from >= low && from <= high;
+        const double t = (low - from) / (to - from), u = (high - from) / (to - from);
+        first = std::max(first, std::min(t, u));
+        last = std::min(last, std::max(t, u));
+        return first <= last;
+    };
+    return cut(a.x, b.x, rect.left - margin, rect.right + margin) &&
+           cut(a.y, b.y, rect.top - margin, rect.bottom + margin);
+}
+
+// What the lines of an axis are measured by.
+struct Ruler {
+    Axis axis;
+    double step;
+    bool isZoned;
+    std::int32_t system;
+    double anchor;  // of the system without zones
+
+    [[nodiscard]] double ZoneOf(double key) const {
+        return isZoned && axis == Axis::East ? std::floor(key / ZONE_WEIGHT + 0.5) : 0.0;
+    }
+    // In steps from the anchor.
+    [[nodiscard]] double CountOf(double key) const {
+        if (!isZoned || axis == Axis::North) return (key - anchor) / step;
+        const double zone = ZoneOf(key);
+        return (key - zone * ZONE_WEIGHT - CentreOf(system, zone)) / step;
+    }
+};
+
+// A zone and a number of steps.
+using LineName = std::pair<int, long long>;
+
+inline LineName NameOf(const Ruler& ruler, double key, double count) {
+    return {static_cast<int>(ruler.ZoneOf(key)), static_cast<long long>(count)};
+}
+
+}  // namespace tessara::testing
