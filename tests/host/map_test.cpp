@@ -108,6 +108,20 @@ void ExpectNoTextOverText(const std::string& svg) {
 
 }  // namespace
 
+// A UTM map shows Greenwich where it would show 360 degrees, too.
+TEST(MapGrid, OverGreenwichDegreesEndAtTheWindow) {
+    const std::string london =
+        R"({"projection": {"type": "UTM", "zone": 30, "hemisphere": "N", "originEasting": 650000,
+                           "originNorthing": 5720000, "metresPerPixelX": 10, "metresPerPixelY": 10},
+            "window": {"left": 0, "top": 0, "right": 10000, "bottom": 4000}, "layers": [)";
+    const std::string svg =
+        Draw(london, R"({"type": "grid", "system": "GEOGRAD", "step": 0.16666666666666666})");
+    // cs2cs from +proj=utm +zone=30 to +proj=latlong of the corners: -0.8506 to 0.6082 east, 51.2166 to
+    // 51.6110 north. Lines of ten minutes: 50' W to 30' E, 51 degrees 20' to 30'.
+    EXPECT_EQ(LinesOf(svg, "layer0 grid east").size(), 9u);
+    EXPECT_EQ(LinesOf(svg, "layer0 grid north").size(), 2u);
+}
+
 TEST(MapGrid, DrawsUtmLinesAtTheirPixels) {
     const std::string svg = Draw(UTM_MAP, R"({"type": "grid", "system": "UTM", "step": 10000})");
     // 670000 is 10000 / 50 = 200 columns east of the left side, 5330000 200 rows below the top; the lines on
