@@ -9,8 +9,9 @@
 // A line is drawn over the whole extent of the window in the grid's system, so that it may begin or end
 // beside the window. Each is a single densified piece (tessara/line_points.h): straight in the grid's system,
 // it lies within a quarter of a pixel as long as 64 pieces are enough for that. Where zones meet, the border
-// between them is a line of the grid, too, and lines end on it. A window over the date line, which is the end
-// of all zones, takes whole zones to both sides. Points of lines have the height 0.0.
+// between them is a line of the grid, too, and lines end on it. A window has the lines of those zones whose
+// area meets it; over the date line the first zones come behind the last. Points of lines have the height
+// 0.0.
 //
 // IArray receives one IArray for each line, with the line's points in order, in place of what it held.
 // UTMREF points are rounded to whole metres and GEOREF points to hundredths of a minute, after the line was
@@ -46,19 +47,19 @@ class ICoordinateGrid : public IUnknown {
     virtual bool SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) = 0;
 
     // One line of ICoord in the grid's reference for each east value, from north to south; the lines from
-    // west to east. A border between two zones comes once, after the lines of the western zone. The outer
-    // border of the first or last zone is drawn if the window touches it, and that of the first also if its
-    // first line stands less than a quarter of a step east of it.
+    // west to east. A border between two zones comes once, after the lines of the western zone, if the window
+    // touches it.
     //
     // No line in the window is true, with an empty list. False without a window, for a null or wrong object,
     // and if a point of a line has no place on the map; lines made before that stay in the list. False also
-    // where the lines of an axis have more than 20000000 points.
+    // where the lines of an axis have more than 20000000 points, and, before any is made, where they lie
+    // closer than a thousandth of a pixel on average.
     virtual bool GetEastLines(IArray* lines) = 0;
     // The same for each north value, from west to east; the lines from south to north. A line through several
     // zones is one line, whose point on a border comes twice, once in each zone.
     virtual bool GetNorthLines(IArray* lines) = 0;
-    // The same lines as IFloatPoint: x and y of the pixels, z 0.0. If the lines can't be made the list is
-    // empty.
+    // The same lines as IFloatPoint: x and y of the pixels, z 0.0. On a map that goes on over the date line
+    // they are the pixels closest to the window. If the lines can't be made the list is empty.
     virtual bool GetEastLinePixels(IArray* lines) = 0;
     virtual bool GetNorthLinePixels(IArray* lines) = 0;
 

@@ -6,6 +6,7 @@
 
 #include "areas/compare_records.h"
 #include "areas/creation.h"
+#include "areas/date_line_map.h"
 #include "areas/rect_extents.h"
 #include "areas/system_extremes.h"
 #include "kernel/numeric.h"
@@ -170,11 +171,14 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
         rect = {std::min(rect.left, at.x), std::min(rect.top, at.y), std::max(rect.right, at.x),
                 std::max(rect.bottom, at.y)};
     }
+    const std::int32_t system = DrawingSystem(system_);
+    const IRef<IMapCoordOperations> map = system == KOORD_GEODEZ ? map_ : MapOverDateLine(map_, rect);
     Extremes extremes;
-    if (!ExtentOfRect(map_.Get(), rect, datum_, DrawingSystem(system_), &extremes)) return false;
+    if (!map.IsValid() || !ExtentOfRect(map.Get(), rect, datum_, system, &extremes)) return false;
     if (!KeepWithinCodes(datum_, system_, &extremes)) return false;
-    window_ =
-        GridWindow{extremes, FindZoneGap(plane, rect, extremes), eastStep_, northStep_, FinestStep(system_)};
+    windowMap_ = map;
+    window_ = GridWindow{extremes,  rect,       FindZoneArc(MapPlane(map.Get()), rect, extremes),
+                         eastStep_, northStep_, FinestStep(system_)};
     return true;
 } catch (const std::bad_alloc&) {
     return false;
@@ -182,9 +186,9 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
 
 bool CoordinateGrid::Draw(Axis axis, const GridLineSink& sink) const {
     if (!window_) return false;
-    const MapPlane plane(map_.Get());
+    const MapPlane plane(windowMap_.Get());
     if (!plane.IsComplete()) return false;
-    GridPen pen(plane, sink);
+    GridPen pen(plane, window_->rect, sink);
     return DrawGridLines(axis, *window_, &pen);
 }
 
@@ -211,7 +215,7 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
         return true;
     });
     if (!isDrawn) return false;
-    const MapPlane plane(map_.Get());
+    const MapPlane plane(windowMap_.Get());
     return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](const GridLine& line) {
                return AddLine(line, out.Get(), [&](const CKoord& koord, IArray* points) {
                    return AddPixel(plane, koord, system_, points);

@@ -45,6 +45,7 @@ class CoordinateGrid : public ICoordinateGrid {
     double eastStep_ = 0.0;
     double northStep_ = 0.0;
     std::optional<GridWindow> window_;
+    IRef<IMapCoordOperations> windowMap_;  // on which the window's lines are drawn
 };
 
 }  // namespace tessara

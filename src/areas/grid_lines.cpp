@@ -1,10 +1,16 @@
 #include "areas/grid_lines.h"
 
+#include <cmath>
+#include <vector>
+
+#include "areas/average_records.h"
 #include "areas/grid_steps.h"
 #include "areas/zoned_grid_lines.h"
 #include "objects/axis_copy.h"
 #include "objects/default_koord.h"
+#include "objects/koord_shift.h"
 #include "objects/zones.h"
+#include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
@@ -18,13 +24,40 @@ struct Layout {
 constexpr Layout EAST_LINES{Compass::West, Compass::East, Compass::North, Compass::South};
 constexpr Layout NORTH_LINES{Compass::South, Compass::North, Compass::West, Compass::East};
 
+constexpr int HALVINGS = 4;
+
+// Adds places between two, and the second.
+void AddPlaces(const CKoord& from, const CKoord& to, int halvings, std::vector<CKoord>* places) {
+    tagKOORD middle;
+    if (halvings > 0 && Average_Records(from, to, &middle)) {
+        AddPlaces(from, CKoord(middle), halvings - 1, places);
+        AddPlaces(CKoord(middle), to, halvings - 1, places);
+        return;
+    }
+    places->push_back(to);
+}
+
+// Whether lines from one extreme to the other lie too closely.
+bool AreTooDense(Axis axis, const CKoord& first, const CKoord& last, double step, const GridPen& pen) {
+    const double distance = Koord_Difference(axis, first, last);
+    if (distance == UNKNOWN_DIFFERENCE) return false;
+    const double count = std::fabs(distance) / step;
+    CKoord end = first;
+    if (!pen.AreMany(count) || !CopyAxis(axis, last, &end)) return false;
+    std::vector<CKoord> places{first};
+    AddPlaces(first, end, HALVINGS, &places);
+    return count > GridPen::LINES_OF_A_PIXEL * pen.WayThrough(places);
+}
+
 // The lines of a system without zones.
 bool DrawPlainLines(Axis axis, const GridWindow& window, GridPen* pen) {
     const Layout& layout = axis == Axis::East ? EAST_LINES : NORTH_LINES;
     const Axis across = axis == Axis::East ? Axis::North : Axis::East;
     const Extremes& extremes = window.extremes;
-    const GridSteps steps(axis, axis == Axis::East ? window.eastStep : window.northStep, window.finestStep);
+    const double step = axis == Axis::East ? window.eastStep : window.northStep;
+    if (AreTooDense(axis, extremes[layout.first], extremes[layout.last], step, *pen)) return false;
 
+    const GridSteps steps(axis, step, window.finestStep);
     CKoord place = extremes[layout.first];
     const FirstLine found = steps.MoveToFirst(&place);
     if (found != FirstLine::Found) return found == FirstLine::None;

@@ -5,19 +5,20 @@
 
 #include "areas/extremes.h"
 #include "areas/grid_pen.h"
-#include "areas/zone_gap.h"
+#include "areas/zone_arc.h"
 
 namespace tessara {
 
 struct GridWindow {
     Extremes extremes;  // of the window, in the system of the grid
-    std::optional<ZoneGap> gap;
+    PixelRect rect;     // with left <= right and top <= bottom
+    std::optional<ZoneArc> arc;
     double eastStep, northStep;
     double finestStep;  // 0.0, or the unit to which the lines will be rounded
 };
 
 // The lines of equal value on the axis. The system of the extremes must keep its values as numbers, BNG and
-// ING included.
+// ING included. False, without a line, where they lie closer than a thousandth of a pixel on average.
 bool DrawGridLines(Axis axis, const GridWindow& window, GridPen* pen);
 
 }  // namespace tessara

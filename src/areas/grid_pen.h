@@ -1,13 +1,13 @@
 // Draws the lines of a grid on a map and hands them on.
 #pragma once
 
-#include <cmath>
 #include <cstddef>
 #include <functional>
 #include <utility>
 #include <vector>
 
 #include "geometry/densify.h"
+#include "tessara/transformable_map_pixel.h"
 
 namespace tessara {
 
@@ -17,17 +17,13 @@ using GridLineSink = std::function<bool(const GridLine&)>;
 
 class GridPen {
   public:
-    GridPen(const MapPlane& map, GridLineSink sink) : map_(map), sink_(std::move(sink)) {}
+    // The window has left <= right and top <= bottom.
+    GridPen(const MapPlane& map, const PixelRect& window, GridLineSink sink)
+        : map_(map), window_(window), sink_(std::move(sink)) {}
 
     // Adds the chain from a place to another to the end of a line. False as densify.h says; the line is then
     // unchanged.
-    bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line) {
-        GridLine piece;
-        if (!DensifyOnMap(map_, from, to, mode, DEFAULT_PIXEL_TOLERANCE, &piece)) return false;
-        if (!Spend(piece.size())) return false;
-        line->insert(line->end(), piece.begin(), piece.end());
-        return true;
-    }
+    bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line);
 
     bool Finish(const GridLine& line) { return sink_(line); }
 
@@ -38,25 +34,41 @@ class GridPen {
     }
 
     // A line of one piece.
-    bool Draw(const CKoord& from, const CKoord& to, DensifyMode mode = DensifyMode::CoordStraight) {
-        GridLine line;
-        return Append(from, to, mode, &line) && Finish(line);
-    }
+    bool Draw(const CKoord& from, const CKoord& to);
+
+    // The same, but true and no line where the line passes by the window: a zone's share of the extremes is
+    // wider than its share of the window. At the limit of its pieces a line may lie beside its chain, so that
+    // one that passes the window by less than such a piece is drawn, too.
+    bool DrawNearWindow(const CKoord& from, const CKoord& to);
+
+    // A line along the border of a zone, where it touches the window, to half a pixel.
+    bool DrawBorder(const CKoord& from, const CKoord& to);
+
+    // Whether a border does. False also where it has no place on the map.
+    [[nodiscard]] bool IsBorderInWindow(const CKoord& from, const CKoord& to) const;
 
     // Whether two places lie no more than a pixel apart on each axis.
-    [[nodiscard]] bool IsWithinAPixel(const CKoord& a, const CKoord& b) const {
-        PlanePoint p{};
-        PlanePoint q{};
-        return map_.ToPlane(a, &p) && map_.ToPlane(b, &q) && std::fabs(p.x - q.x) <= 1.0 &&
-               std::fabs(p.y - q.y) <= 1.0;
-    }
+    [[nodiscard]] bool IsWithinAPixel(const CKoord& a, const CKoord& b) const;
+
+    // Whether so many lines are more than any window of this size can tell apart: then it's worth while to
+    // measure how closely they lie.
+    [[nodiscard]] bool AreMany(double lines) const;
+
+    // How far, in pixels, it is through some places. One that has none on the map is as far away as the
+    // window is wide.
+    [[nodiscard]] double WayThrough(const std::vector<CKoord>& places) const;
+
+    // Of lines no further apart, on average, nobody sees any.
+    static constexpr double LINES_OF_A_PIXEL = 1000.0;
 
   private:
-    // The grid of a kilometre on a map of the world at 1:1000000 has some fifteen million. As objects these
-    // points fill three gigabytes.
+    bool DrawWithin(double margin, const CKoord& from, const CKoord& to, DensifyMode mode);
+
+    // The grid of a kilometre on a map of the world at 1:1000000 has some fifteen million.
     static constexpr std::size_t MOST_POINTS = 20000000;
 
     const MapPlane& map_;
+    PixelRect window_;
     GridLineSink sink_;
     std::size_t spent_ = 0;
 };

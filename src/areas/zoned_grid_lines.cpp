@@ -18,6 +18,8 @@
 namespace tessara {
 namespace {
 
+constexpr int PLACES_OF_A_WAY = 16;
+
 // What the search for the end of a line takes, roughly.
 constexpr std::size_t POINTS_OF_A_SEARCH = 10;
 
@@ -44,6 +46,12 @@ class Zone {
         tagKOORD moved = centre_;
         if (!Zones_Move(1, &moved) || Zones_Number(moved) <= Number()) return std::nullopt;
         return Of(CKoord(moved));
+    }
+
+    // The one that lies `delta` steps east on the ground, also over the date line.
+    [[nodiscard]] std::optional<Zone> Beside(std::int32_t delta) const {
+        tagKOORD moved = centre_;
+        return ZoneArc_Move(delta, &moved) ? Of(CKoord(moved)) : std::nullopt;
     }
 
     [[nodiscard]] std::int32_t Number() const { return Zones_Number(centre_); }
@@ -78,47 +86,78 @@ class Zone {
     tagKOORD centre_;
 };
 
-// The zones of the window from west to east.
-std::vector<Zone> ZonesOf(const GridWindow& window) {
-    const std::int32_t last = Zones_Number(window.extremes[Compass::East]);
+// The zones between the window's extremes.
+std::vector<Zone> ZonesBetween(const CKoord& west, const CKoord& east) {
+    const std::int32_t last = Zones_Number(east);
     std::vector<Zone> zones;
-    for (auto zone = Zone::Of(window.extremes[Compass::West]); zone && zone->Number() <= last;
-         zone = zone->Next()) {
+    for (auto zone = Zone::Of(west); zone && zone->Number() <= last; zone = zone->Next())
         zones.push_back(*zone);
-    }
-    if (!window.gap) return zones;
-    // Over the date line the western zones are those of the highest numbers.
-    const ZoneGap gap = *window.gap;
-    const auto westernmost =
-        std::find_if(zones.begin(), zones.end(), [&](const Zone& zone) { return zone.Number() > gap.last; });
-    std::rotate(zones.begin(), westernmost, zones.end());
-    zones.erase(std::remove_if(zones.begin(), zones.end(),
-                               [&](const Zone& zone) { return gap.Holds(zone.Number()); }),
-                zones.end());
     return zones;
 }
+
+std::vector<Zone> ZonesOf(const CKoord& place, const ZoneArc& arc) {
+    std::vector<Zone> zones;
+    const auto isThere = [&](std::int32_t number) {
+        return !zones.empty() && zones.back().Number() == number;
+    };
+    auto zone = Zone::Of(place);
+    const std::int32_t circle = ZoneArc_Circle(static_cast<std::int32_t>(place.type));
+    for (std::int32_t i = 0; i < circle && zone && zone->Number() != arc.first; ++i)
+        zone = zone->Beside(1);
+    for (std::int32_t i = 0; i < circle && zone && !isThere(arc.last); ++i, zone = zone->Beside(1))
+        zones.push_back(*zone);
+    return zones;
+}
+
+// Where the window ends in an outermost zone.
+struct WindowEnd {
+    std::int32_t zone;
+    double east;
+};
 
 class ZonedLines {
   public:
     ZonedLines(const GridWindow& window, GridPen* pen)
-        : west_(window.extremes[Compass::West]),
-          east_(window.extremes[Compass::East]),
-          southPlace_(window.extremes[Compass::South]),
+        : southPlace_(window.extremes[Compass::South]),
           northPlace_(window.extremes[Compass::North]),
-          zones_(ZonesOf(window)),
-          isOverDateLine_(window.gap.has_value()),
           south_(Axis_SignedNorthing(southPlace_)),
           north_(Axis_SignedNorthing(northPlace_)),
           eastStep_(window.eastStep),
+          northStep_(window.northStep),
           eastSteps_(Axis::East, window.eastStep, window.finestStep),
           northSteps_(Axis::North, window.northStep, window.finestStep),
-          pen_(*pen) {}
+          pen_(*pen) {
+        const CKoord& west = window.extremes[Compass::West];
+        const CKoord& east = window.extremes[Compass::East];
+        if (window.arc) {
+            zones_ = ZonesOf(west, *window.arc);
+            westEnd_ = WindowEnd{window.arc->first, window.arc->west};
+            eastEnd_ = WindowEnd{window.arc->last, window.arc->east};
+            ExtendArc();
+        } else {
+            zones_ = ZonesBetween(west, east);
+            westEnd_ = WindowEnd{Zones_Number(west), Zones_East(west)};
+            eastEnd_ = WindowEnd{Zones_Number(east), Zones_East(east)};
+            westPlace_ = west;
+            eastPlace_ = east;
+        }
+    }
 
     bool DrawEastLines() {
-        return ForEachZone([this](const Zone& zone) { return DrawZone(zone); });
+        std::vector<Share> shares;
+        const bool areKnown = ForEachZone([&](const Zone& zone) {
+            const std::optional<Share> share = ShareOf(zone);
+            if (share) shares.push_back(*share);
+            return share.has_value();
+        });
+        if (!areKnown || AreTooDense(shares)) return false;
+        return std::all_of(shares.begin(), shares.end(),
+                           [this](const Share& share) { return DrawZone(share); }) &&
+               DrawLastBorder(shares);
     }
 
     bool DrawNorthLines() {
+        if (AreNorthLinesTooDense()) return false;
         CKoord place = southPlace_;
         const FirstLine found = northSteps_.MoveToFirst(&place);
         if (found != FirstLine::Found) return found == FirstLine::None;
@@ -130,7 +169,7 @@ class ZonedLines {
   private:
     // One zone's share of the window.
     struct Share {
-        const Zone& zone;
+        Zone zone;
         double widest;  // the northing at which the zone is widest in the window
         Borders atNorth, atSouth, atWidest;
     };
@@ -141,12 +180,75 @@ class ZonedLines {
         return !zones_.empty() && std::all_of(zones_.begin(), zones_.end(), visit);
     }
 
-    // Over the date line no zone is: there the extremes are ends of the system and not of the window.
-    [[nodiscard]] bool IsFirst(const Zone& zone) const {
-        return !isOverDateLine_ && zone.Number() == Zones_Number(west_);
+    // What the samples missed at the ends of the arc.
+    void ExtendArc() {
+        const auto circle =
+            static_cast<std::size_t>(ZoneArc_Circle(static_cast<std::int32_t>(southPlace_.type)));
+        const auto goesOn = [&](const Zone& zone, double Borders::*side) {
+            return zones_.size() < circle && TouchesBorder(zone, side);
+        };
+        while (!zones_.empty() && goesOn(zones_.back(), &Borders::east)) {
+            const auto next = zones_.back().Beside(1);
+            if (!next) break;
+            zones_.push_back(*next);
+            eastEnd_.reset();
+        }
+        while (!zones_.empty() && goesOn(zones_.front(), &Borders::west)) {
+            const auto next = zones_.front().Beside(-1);
+            if (!next) break;
+            zones_.insert(zones_.begin(), *next);
+            westEnd_.reset();
+        }
     }
-    [[nodiscard]] bool IsLast(const Zone& zone) const {
-        return !isOverDateLine_ && zone.Number() == Zones_Number(east_);
+
+    [[nodiscard]] bool TouchesBorder(const Zone& zone, double Borders::*side) const {
+        const auto atNorth = zone.BordersAt(north_);
+        const auto atSouth = zone.BordersAt(south_);
+        return atNorth && atSouth &&
+               pen_.IsBorderInWindow(zone.At((*atNorth).*side, north_), zone.At((*atSouth).*side, south_));
+    }
+
+    // None where the window takes the outermost zone whole.
+    [[nodiscard]] bool IsFirst(const Zone& zone) const { return westEnd_ && zone.Number() == westEnd_->zone; }
+    [[nodiscard]] bool IsLast(const Zone& zone) const { return eastEnd_ && zone.Number() == eastEnd_->zone; }
+
+    // Between which east values a zone has lines, at its widest northing.
+    [[nodiscard]] Borders LinesOf(const Share& share) const {
+        return {IsFirst(share.zone) ? westEnd_->east : share.atWidest.west,
+                IsLast(share.zone) ? std::min(eastEnd_->east, share.atWidest.east) : share.atWidest.east};
+    }
+
+    [[nodiscard]] bool AreTooDense(const std::vector<Share>& shares) const {
+        double width = 0.0;
+        for (const Share& share : shares)
+            width += std::max(0.0, LinesOf(share).east - LinesOf(share).west);
+        if (!pen_.AreMany(width / eastStep_)) return false;
+        double way = 0.0;
+        for (const Share& share : shares) {
+            const Borders lines = LinesOf(share);
+            way += pen_.WayThrough(Places([&](double part) {
+                return share.zone.At(lines.west + part * (lines.east - lines.west), share.widest);
+            }));
+        }
+        return width / eastStep_ > GridPen::LINES_OF_A_PIXEL * way;
+    }
+
+    [[nodiscard]] bool AreNorthLinesTooDense() const {
+        const double count = (north_ - south_) / northStep_;
+        if (zones_.empty() || !pen_.AreMany(count)) return false;
+        const auto zone = Zone::Of(southPlace_);
+        const double way = pen_.WayThrough(Places([&](double part) {
+            return zone ? zone->At(Zones_East(southPlace_), south_ + part * (north_ - south_)) : southPlace_;
+        }));
+        return count > GridPen::LINES_OF_A_PIXEL * way;
+    }
+
+    template <class PlaceAt>
+    static std::vector<CKoord> Places(const PlaceAt& placeAt) {
+        std::vector<CKoord> places;
+        for (int i = 0; i <= PLACES_OF_A_WAY; ++i)
+            places.push_back(placeAt(static_cast<double>(i) / PLACES_OF_A_WAY));
+        return places;
     }
 
     [[nodiscard]] std::optional<Share> ShareOf(const Zone& zone) const {
@@ -160,51 +262,60 @@ class ZonedLines {
         return Share{zone, widest, *atNorth, *atSouth, *atWidest};
     }
 
-    bool DrawZone(const Zone& zone) {
-        const std::optional<Share> share = ShareOf(zone);
-        if (!share) return false;
-        const double start = IsFirst(zone) ? Zones_East(west_) : share->atWidest.west;
-        CKoord place = zone.At(start, share->widest);
-        const FirstLine found = eastSteps_.MoveToFirst(&place);
-        if (found == FirstLine::Failed) return false;
-
-        const bool hasLines = found == FirstLine::Found;
-        if (HasWestBorder(*share, hasLines ? &place : nullptr) && !DrawBorder(*share, &Borders::west)) {
-            return false;
-        }
-        if (hasLines && !DrawLines(*share, place)) return false;
-        return !HasEastBorder(*share) || DrawBorder(*share, &Borders::east);
-    }
-
     // Inside the window the border belongs to the eastern of two zones.
-    [[nodiscard]] bool HasWestBorder(const Share& share, const CKoord* firstLine) const {
-        if (!IsFirst(share.zone) || Touches(share.zone, west_, &Borders::west)) return true;
-        if (firstLine == nullptr) return false;
-        return std::fabs(Zones_East(*firstLine) - share.atWidest.west) < eastStep_ / 4.0;
+    bool DrawZone(const Share& share) {
+        if (!DrawWestBorder(share)) return false;
+        CKoord place = share.zone.At(LinesOf(share).west, share.widest);
+        const FirstLine found = eastSteps_.MoveToFirst(&place);
+        if (found != FirstLine::Found) return found == FirstLine::None;
+        return DrawLines(share, place);
     }
 
-    [[nodiscard]] bool HasEastBorder(const Share& share) const {
-        return IsLast(share.zone) && Touches(share.zone, east_, &Borders::east);
+    bool DrawWestBorder(const Share& share) {
+        const bool isOutside = IsFirst(share.zone) && !Reaches(share, westPlace_, &Borders::west);
+        return isOutside || DrawBorder(share, &Borders::west);
     }
 
-    // Whether an extreme of the window lies on a border of its zone, to a pixel: the edge of a system is
-    // searched no finer than that.
-    [[nodiscard]] bool Touches(const Zone& zone, const CKoord& extreme, double Borders::*side) const {
-        const double northing = Axis_SignedNorthing(extreme);
-        const auto borders = zone.BordersAt(northing);
-        return borders && pen_.IsWithinAPixel(extreme, zone.At((*borders).*side, northing));
+    // Around a pole it is the western border of the first zone, which has been drawn.
+    bool DrawLastBorder(const std::vector<Share>& shares) {
+        const Share& last = shares.back();
+        if (IsLast(last.zone) && !Reaches(last, eastPlace_, &Borders::east)) return true;
+        if (shares.size() > 1 && IsSameBorder(shares.front(), last)) return true;
+        return DrawBorder(last, &Borders::east);
+    }
+
+    [[nodiscard]] bool IsSameBorder(const Share& first, const Share& last) const {
+        const auto isSame = [&](double northing, const Borders& west, const Borders& east) {
+            return pen_.IsWithinAPixel(first.zone.At(west.west, northing), last.zone.At(east.east, northing));
+        };
+        return isSame(north_, first.atNorth, last.atNorth) && isSame(south_, first.atSouth, last.atSouth);
+    }
+
+    // Whether a window that ends inside a zone may reach its border: by its east value at the northings where
+    // the zone is narrow, or at the extreme to a pixel. The edge of a system is searched no finer than that.
+    [[nodiscard]] bool Reaches(const Share& share, const std::optional<CKoord>& extreme,
+                               double Borders::*side) const {
+        const bool isWest = side == &Borders::west;
+        const double atNorth = share.atNorth.*side;
+        const double atSouth = share.atSouth.*side;
+        if (isWest ? westEnd_->east <= std::max(atNorth, atSouth)
+                   : eastEnd_->east >= std::min(atNorth, atSouth))
+            return TouchesBorder(share.zone, side);
+        if (!extreme) return false;
+        const double northing = Axis_SignedNorthing(*extreme);
+        const auto borders = share.zone.BordersAt(northing);
+        return borders && pen_.IsWithinAPixel(*extreme, share.zone.At((*borders).*side, northing));
     }
 
     bool DrawBorder(const Share& share, double Borders::*side) {
-        return pen_.Draw(share.zone.At(share.atNorth.*side, north_),
-                         share.zone.At(share.atSouth.*side, south_), DensifyMode::CoordStraightZoned);
+        return pen_.DrawBorder(share.zone.At(share.atNorth.*side, north_),
+                               share.zone.At(share.atSouth.*side, south_));
     }
 
     // From a place on the first line to the end of the zone or the window.
     bool DrawLines(const Share& share, const CKoord& first) {
-        const CKoord border = share.zone.At(share.atWidest.east, share.widest);
-        const bool endsInside = IsLast(share.zone) && Compare_Records(Axis::East, east_, border) < 0;
-        return eastSteps_.Walk(first, endsInside ? east_ : border,
+        const CKoord last = share.zone.At(LinesOf(share).east, share.widest);
+        return eastSteps_.Walk(first, last,
                                [&](const CKoord& place) { return DrawLine(share, Zones_East(place)); });
     }
 
@@ -216,7 +327,7 @@ class ZonedLines {
         double bottom = south_;
         if (!share.atNorth.Enclose(easting) && !Clip(share, easting, Compass::North, &top)) return false;
         if (!share.atSouth.Enclose(easting) && !Clip(share, easting, Compass::South, &bottom)) return false;
-        return pen_.Draw(share.zone.At(easting, top), share.zone.At(easting, bottom));
+        return pen_.DrawNearWindow(share.zone.At(easting, top), share.zone.At(easting, bottom));
     }
 
     // Moves an end of a line to where it meets the border of the zone.
@@ -241,21 +352,20 @@ class ZonedLines {
     bool AppendPiece(const Zone& zone, double northing, GridLine* line) {
         const std::optional<Borders> borders = zone.BordersAt(northing);
         if (!borders) return false;
-        const double left = IsFirst(zone) ? std::max(Zones_East(west_), borders->west) : borders->west;
-        const double right = IsLast(zone) ? std::min(Zones_East(east_), borders->east) : borders->east;
+        const double left = IsFirst(zone) ? std::max(westEnd_->east, borders->west) : borders->west;
+        const double right = IsLast(zone) ? std::min(eastEnd_->east, borders->east) : borders->east;
         if (!(left < right)) return pen_.Spend(1);
         return pen_.Append(zone.At(left, northing), zone.At(right, northing), DensifyMode::CoordStraight,
                            line);
     }
 
-    const CKoord& west_;
-    const CKoord& east_;
     const CKoord& southPlace_;
     const CKoord& northPlace_;
     std::vector<Zone> zones_;
-    bool isOverDateLine_;
+    std::optional<WindowEnd> westEnd_, eastEnd_;
+    std::optional<CKoord> westPlace_, eastPlace_;  // the window's extremes where they are its ends
     double south_, north_;
-    double eastStep_;
+    double eastStep_, northStep_;
     GridSteps eastSteps_, northSteps_;
     GridPen& pen_;
 };

@@ -1,6 +1,7 @@
 #include "geometry/densify.h"
 
 #include <cmath>
+#include <functional>
 
 #include "areas/average_records.h"
 #include "areas/compare_records.h"
@@ -28,6 +29,15 @@ std::int32_t SystemOf(const CKoord& koord) {
 
 bool IsPixel(const CKoord& koord) {
     return IsPixelType(SystemOf(koord));
+}
+
+PlanePoint PixelOf(const CKoord& koord) {
+    if (koord.type == KOORD_LONGPIXEL) {
+        const auto at = Load<LongPixelPayload>(koord);
+        return {static_cast<double>(at.x), static_cast<double>(at.y)};
+    }
+    const auto at = Load<FloatPixelPayload>(koord);
+    return {at.x, at.y};
 }
 
 bool ShareReference(const CKoord& a, const CKoord& b) {
@@ -108,19 +118,20 @@ class MapDivider {
 };
 
 bool WalkOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMode mode, double tolerance,
-               std::vector<CKoord>* chain) {
+               const std::function<void(const MapKnot&)>& add) {
     if (!ShareReference(a, b)) return false;
-    chain->push_back(a);
     if (IsPixel(a)) {
-        chain->push_back(b);
+        add({a, PixelOf(a)});
+        add({b, PixelOf(b)});
         return true;
     }
     MapKnot left{a};
     MapKnot right{b};
     if (!map.ToPlane(a, &left.pixel) || !map.ToPlane(b, &right.pixel)) return false;
+    add(left);
     return WalkChain<GEODESIC_DEPTH_LIMIT>(left, right, MapDivider(map, mode, tolerance),
-                                           [chain](const MapKnot& knot) {
-                                               chain->push_back(knot.koord);
+                                           [&add](const MapKnot& knot) {
+                                               add(knot);
                                                return true;
                                            });
 }
@@ -188,9 +199,14 @@ bool EmptyUnless(bool isDone, std::vector<CKoord>* chain) {
 }  // namespace
 
 bool DensifyOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMode mode,
-                  double pixelTolerance, std::vector<CKoord>* chain) {
+                  double pixelTolerance, std::vector<CKoord>* chain, std::vector<PlanePoint>* pixels) {
     chain->clear();
-    return EmptyUnless(WalkOnMap(map, a, b, mode, pixelTolerance, chain), chain);
+    if (pixels != nullptr) pixels->clear();
+    const bool isDone = WalkOnMap(map, a, b, mode, pixelTolerance, [chain, pixels](const MapKnot& knot) {
+        chain->push_back(knot.koord);
+        if (pixels != nullptr) pixels->push_back(knot.pixel);
+    });
+    return EmptyUnless(isDone, chain);
 }
 
 bool DensifyGeodesicOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, double pixelTolerance,

@@ -16,9 +16,11 @@ enum class DensifyMode { MapStraight, CoordStraight, CoordStraightZoned, Geodesi
 inline constexpr double DEFAULT_PIXEL_TOLERANCE = 0.25;
 
 // The chain from a to b, in their reference; Geodesic takes positions in GEODEZ. False, with the chain empty,
-// if the two differ in datum or system or a step fails.
+// if the two differ in datum or system or a step fails. `pixels`, where it is wanted, gets the places of the
+// chain's points on the map.
 bool DensifyOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMode mode,
-                  double pixelTolerance, std::vector<CKoord>* chain);
+                  double pixelTolerance, std::vector<CKoord>* chain,
+                  std::vector<PlanePoint>* pixels = nullptr);
 
 // The geodesic between records of any reference, pixels of the map included.
 bool DensifyGeodesicOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, double pixelTolerance,

@@ -296,19 +296,40 @@ TEST_F(CoordinateGridTest, HasAsManyLinesAsTheWindowTakes) {
     EXPECT_EQ(lines->GetCount(), 100003u);
 }
 
-TEST_F(CoordinateGridTest, AStepTooSmallToMoveALineGivesOneLineInAZone) {
+// Closer than a thousandth of a pixel on average: some of these would be a billion lines.
+TEST_F(CoordinateGridTest, RefusesStepsFarBelowAPixelBeforeItDrawsALine) {
     for (const GridPlace& place : GRID_PLACES) {
-        // Where a window ends at 0.0 every step moves a line.
-        if (place.system == KOORD_FLOATPIXEL || place.system == KOORD_LUREF) continue;
         const auto cone = ConeMap(place);
-        for (const double step : {5e-324, 1e-200}) {
+        for (const double step : {5e-324, 1e-200, 1e-12, 1e-9}) {
             const auto odd = GridOf(place.system, cone, step, step, place.datum);
-            ASSERT_TRUE(SetWindow(odd, 0, 0, 1600, 1200)) << place.name;
-            EXPECT_TRUE(odd->GetEastLines(lines.Get())) << place.name << " " << step;
-            EXPECT_LE(lines->GetCount(), 3u) << place.name << " " << step << ": two zones and their border";
-            EXPECT_TRUE(odd->GetNorthLines(lines.Get())) << place.name << " " << step;
-            EXPECT_LE(lines->GetCount(), 1u) << place.name << " " << step;
+            ASSERT_TRUE(SetWindow(odd, 800, 600, 810, 610)) << place.name;
+            for (const LineOperation operation : LINE_OPERATIONS) {
+                lines->Add(stranger.Get());
+                EXPECT_FALSE(GetLines(odd, operation, lines.Get())) << place.name << " " << step;
+                EXPECT_EQ(lines->GetCount(), 0u) << place.name << " " << step;
+            }
         }
+    }
+}
+
+TEST_F(CoordinateGridTest, DrawsAThousandLinesToAPixel) {
+    // Columns 0 to 4 and rows 0 to 2.
+    const auto countAt = [&](double step, LineOperation operation) {
+        grid = GridOf(KOORD_FLOATPIXEL, map, step, step);
+        EXPECT_TRUE(SetWindow(grid, 0, 0, 4, 2));
+        return GetLines(grid, operation, lines.Get()) ? static_cast<int>(lines->GetCount()) : -1;
+    };
+    const double step = 1.0 / 1000.0;
+    EXPECT_NEAR(countAt(step, &ICoordinateGrid::GetEastLines), 4001, 1);
+    EXPECT_NEAR(countAt(step, &ICoordinateGrid::GetNorthLines), 2001, 1);
+    EXPECT_EQ(countAt(step * 0.99, &ICoordinateGrid::GetEastLines), -1);
+    EXPECT_EQ(countAt(step * 0.99, &ICoordinateGrid::GetNorthLines), -1);
+    // Ten metres a pixel, twenty pixels: centimetres are as close as that.
+    for (const double metres : {0.0101, 0.0099}) {
+        grid = GridOf(KOORD_UTM, map, metres, metres);
+        ASSERT_TRUE(SetWindow(grid, 0, 0, 20, 20));
+        EXPECT_EQ(grid->GetEastLines(lines.Get()), metres > 0.01);
+        EXPECT_EQ(grid->GetNorthLines(lines.Get()), metres > 0.01);
     }
 }
 

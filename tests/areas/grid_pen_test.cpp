@@ -16,7 +16,7 @@ CKoord Pixel(double x) {
 TEST(GridPen, EndsAfterTwentyMillionPoints) {
     const MapPlane plane(nullptr);
     int count = 0;
-    GridPen pen(plane, [&count](const GridLine& line) { return line.size() == 2 && ++count > 0; });
+    GridPen pen(plane, {0, 0, 10, 10}, [&count](const GridLine& line) { return line.size() == 2 && ++count > 0; });
     EXPECT_TRUE(pen.Spend(19999990));
     for (int i = 0; i < 5; ++i)
         EXPECT_TRUE(pen.Draw(Pixel(0.0), Pixel(1.0))) << i;
@@ -26,7 +26,7 @@ TEST(GridPen, EndsAfterTwentyMillionPoints) {
 
 TEST(GridPen, EndsAlsoWhereNoLineComesOfTheWork) {
     const MapPlane plane(nullptr);
-    GridPen pen(plane, [](const GridLine&) { return true; });
+    GridPen pen(plane, {0, 0, 10, 10}, [](const GridLine&) { return true; });
     EXPECT_TRUE(pen.Spend(19999999));
     EXPECT_TRUE(pen.Spend(1));
     EXPECT_FALSE(pen.Spend(1));
@@ -35,7 +35,7 @@ TEST(GridPen, EndsAlsoWhereNoLineComesOfTheWork) {
 
 TEST(GridPen, HandsOnWhetherALineIsTaken) {
     const MapPlane plane(nullptr);
-    GridPen pen(plane, [](const GridLine& line) { return line.empty(); });
+    GridPen pen(plane, {0, 0, 10, 10}, [](const GridLine& line) { return line.empty(); });
     EXPECT_TRUE(pen.Finish({}));
     EXPECT_FALSE(pen.Finish({CKoord()}));
 }

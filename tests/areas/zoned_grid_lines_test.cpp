@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
@@ -205,20 +206,35 @@ TEST_F(ZonedGridLinesTest, AWindowInsideAZoneHasNoBorder) {
         EXPECT_NEAR(std::remainder(Utm(line.front()).easting, 5000.0), 0.0, 1e-6);
 }
 
-TEST_F(ZonedGridLinesTest, TheBorderOfTheFirstZoneIsDrawnNearItsFirstLine) {
-    // At 5300000 the western border of zone 33 lies at 275420 (longitude 12.0000, cs2cs): the line 280000 is
-    // 4.6 km east of it, more than a quarter of 10 km and less than one of 20 km.
+TEST_F(ZonedGridLinesTest, ABorderIsDrawnWhereTheWindowTouchesItAndNowhereElse) {
+    // At 5300000 the western border of zone 33 lies at 275420 (longitude 12.0000, cs2cs), and 400 m further
+    // east at 5310000: the window ends 2.2 km east of it.
     map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 33, 278000.0, 5310000.0, 10.0, 10.0}));
-    grid = GridOf(KOORD_UTM, map, 10000.0, 10000.0);
-    ASSERT_TRUE(SetWindow(grid, 0, 0, 1500, 1000));
-    ExpectEastLines({{33, 280000.0}, {33, 290000.0}});
+    for (const double step : {10000.0, 20000.0, 1e6}) {
+        grid = GridOf(KOORD_UTM, map, step, step);
+        ASSERT_TRUE(SetWindow(grid, 0, 0, 1500, 1000));
+        for (const Line& line : EastLinesOf(grid)) {
+            for (const CKoord& koord : line)
+                EXPECT_NEAR(std::remainder(Utm(koord).easting - 500000.0, step), 0.0, 1e-6) << step;
+        }
+    }
+    // 300 pixels further west it lies inside.
     grid = GridOf(KOORD_UTM, map, 20000.0, 20000.0);
-    ASSERT_TRUE(SetWindow(grid, 0, 0, 1500, 1000));
+    ASSERT_TRUE(SetWindow(grid, -300, 0, 1500, 1000));
     ExpectEastLines({{33, 0.0}, {33, 280000.0}});
-    // A quarter of this step, of which 280000 is the thirteenth from the central line, is 4.23 km.
-    grid = GridOf(KOORD_UTM, map, 220000.0 / 13.0, 20000.0);
-    ASSERT_TRUE(SetWindow(grid, 0, 0, 1500, 1000));
-    ExpectEastLines({{33, 280000.0}});
+}
+
+TEST_F(ZonedGridLinesTest, AStepLargerThanTheWindowHasTheCentralLineOrNone) {
+    map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 495000.0, 5310000.0, 10.0, 10.0}));
+    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 1000, 1000));
+    ExpectEastLines({{32, 500000.0}});
+    EXPECT_TRUE(NorthLinesOf(grid).empty());
+    map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 450000.0, 5310000.0, 10.0, 10.0}));
+    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 1000, 1000));
+    EXPECT_TRUE(EastLinesOf(grid).empty());
+    EXPECT_TRUE(NorthLinesOf(grid).empty());
 }
 
 TEST_F(ZonedGridLinesTest, StripsAreWalkedOverGreenwich) {
@@ -306,6 +322,82 @@ TEST_F(ZonedGridLinesTest, AWindowOverTheDateLineHasTheZonesAroundIt) {
             const double next = PixelOn(map, koord).x;
             EXPECT_GT(next, x - 1e-3) << "from west to east without a way back";
             x = next;
+        }
+    }
+}
+
+// Maps on which longitudes go on over 180 degrees, each with the date line in its middle.
+std::vector<IRef<IMapCoordOperations>> DateLineMaps() {
+    const auto mercator = [](double longitude) {
+        return MapOf(WithReference(Map(MAP_MERCATOR, MapMercatorParams{-17.0, 0.0, 0.0}),
+                                   GeodezRecord(-17.0, longitude), 500, 400, 5000000, 10.0));
+    };
+    const auto cone = [](double longitude) {
+        return MapOf(Map(MAP_LAMBERTCC, MapLambertCcParams{-15.0, -19.0, longitude, -17.0, 0.0, 0.0, 500.0,
+                                                           500.0, 500.0, 400.0}));
+    };
+    return {mercator(180.0),
+            mercator(-180.0),
+            MapOf(Map(MAP_DD, MapDdParams{178.0, -15.4, 250.0, 250.0})),
+            MapOf(Map(MAP_DD, MapDdParams{-182.0, -15.4, 250.0, 250.0})),
+            cone(180.0),
+            cone(-180.0),
+            MapOf(Map(MAP_UTM, MapUtmParams{'S', 60, 600000.0, 8320000.0, 500.0, 500.0}))};
+}
+
+TEST_F(ZonedGridLinesTest, LinesGoOnOverTheDateLine) {
+    for (const auto& sheet : DateLineMaps()) {
+        grid = GridOf(KOORD_UTM, sheet, 50000.0, 50000.0);
+        ASSERT_TRUE(SetWindow(grid, 0, 0, 1000, 800));
+        std::set<int> zones;
+        for (const Line& line : EastLinesOf(grid))
+            zones.insert(Utm(line.front()).zone);
+        EXPECT_EQ(zones, (std::set<int>{1, 60})) << "and no other zone's";
+
+        const IRef<IArray> lines(CreateClassArray());
+        ASSERT_TRUE(grid->GetEastLinePixels(lines.Get()));
+        // 178 to 182 degrees are 426 km or more: three or four lines on both sides, and the border.
+        EXPECT_GE(lines->GetCount(), 7u);
+        double before = -HUGE_VAL;
+        for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+            const IRef<IArray> line = LineAt(lines, i);
+            const IRef<IFloatPoint> end(line->GetAt(line->GetCount() - 1));
+            EXPECT_GT(end->GetX(), before) << "from west to east, the border once";
+            EXPECT_GT(end->GetX(), -20.0) << "the window, and a little of what is beside it";
+            EXPECT_LT(end->GetX(), 1020.0);
+            before = end->GetX();
+        }
+        ASSERT_TRUE(grid->GetNorthLinePixels(lines.Get()));
+        ASSERT_GE(lines->GetCount(), 6u);
+        for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+            double x = -HUGE_VAL;
+            const IRef<IArray> line = LineAt(lines, i);
+            for (std::uint32_t k = 0; k < line->GetCount(); ++k) {
+                const double next = IRef<IFloatPoint>(line->GetAt(k))->GetX();
+                EXPECT_GT(next, x - 1e-3) << "without a way back";
+                x = next;
+            }
+            EXPECT_GT(x, 999.0);
+            EXPECT_LT(IRef<IFloatPoint>(line->GetAt(0))->GetX(), 1.0);
+        }
+    }
+}
+
+TEST_F(ZonedGridLinesTest, OverTheEndOfTheStripsEachIsThereOnce) {
+    // 178 to 182 degrees: GK has strips around 177, 180 and -177 and their borders at 178.5 and -178.5, GK6
+    // those around 177 and -177.
+    for (const auto& sheet : DateLineMaps()) {
+        for (const auto& [system, strips] :
+             {std::pair{KOORD_GK, std::vector<int>{59, 60, -59}}, {KOORD_GK6, {30, -30}}}) {
+            grid = GridOf(system, sheet, 50000.0, 50000.0);
+            ASSERT_TRUE(SetWindow(grid, 0, 0, 1000, 800));
+            std::vector<int> found;
+            for (const Line& line : EastLinesOf(grid)) {
+                const int strip = Zones_Number(line.front());
+                if (found.empty() || found.back() != strip) found.push_back(strip);
+            }
+            EXPECT_EQ(found, strips);
+            EXPECT_GE(NorthLinesOf(grid).size(), 6u);
         }
     }
 }
