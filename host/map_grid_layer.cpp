@@ -51,6 +51,8 @@ constexpr std::array<CreateGrid, KOORD_TYPE_COUNT> CREATE = {
 constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
 // How far a point of a border may lie beside it: UTMREF has whole metres.
 constexpr double BESIDE_BORDER = 1.5;  // metres
+constexpr double BESIDE = 0.01;        // degrees
+constexpr double FULL_TURN = 360.0;
 
 constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // each is compared with all others
 
@@ -92,24 +94,43 @@ bool LiesOn(Neighbour border, ICoord* coord) {
     return std::abs(IRef<ICoordInternal>(coord)->EastDifference(at.Get())) <= BESIDE_BORDER;
 }
 
-std::string ZonesBeside(ICoord* coord, std::int32_t west, std::int32_t east) {
+// The zone in which a place lies, as the ground has it: over the date line numbers begin anew.
+std::string ZoneAt(const Reference& reference, double latitude, double longitude) {
+    const IRef<ICoord> degrees =
+        DegreesCoord(latitude, std::remainder(longitude, FULL_TURN), reference.datum);
+    const IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference(reference).Get());
+    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    if (!transfer->Transfer(degrees.Get(), coord.Get())) return "-";
     const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
-    const auto zone = [&](std::int32_t delta) {
-        const IRef<ICoord> copy = CoordOf(KoordOf(coord));
-        const bool isThere = delta == 0 || zones->MoveToZone(delta, copy.Get());
-        return isThere ? std::to_string(zones->GetZoneNumber(copy.Get())) : std::string("-");
-    };
-    return "zone " + zone(west) + " | " + zone(east);
+    return std::to_string(zones->GetZoneNumber(coord.Get()));
+}
+
+std::optional<GeodezPayload> DegreesOf(ICoord* coord, std::int32_t datum) {
+    const IRef<ICoord> degrees = DegreesCoord(0.0, 0.0, datum);
+    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    if (!transfer->Transfer(coord, degrees.Get())) return std::nullopt;
+    return Load<GeodezPayload>(KoordOf(degrees.Get()));
+}
+
+// Borders are meridians. In their middle no limit of the system is near.
+std::string ZonesBeside(const GridLine& border, const Reference& reference) {
+    const auto first = DegreesOf(border.first.Get(), reference.datum);
+    const auto last = DegreesOf(border.last.Get(), reference.datum);
+    if (!first || !last) return {};
+    const double latitude = (first->latitude + last->latitude) / 2.0;
+    return "zone " + ZoneAt(reference, latitude, first->longitude - BESIDE) + " | " +
+           ZoneAt(reference, latitude, first->longitude + BESIDE);
 }
 
 // The two zones that a line parts; empty for a line that is no border.
-std::string BorderText(const GridLine& line) {
+std::string BorderText(const GridLine& line, const Reference& reference) {
     const auto isOn = [&line](Neighbour border) {
         return LiesOn(border, line.first.Get()) && LiesOn(border, line.last.Get());
     };
-    if (isOn(&IZoneCoordOperations::GetWestNeighbour)) return ZonesBeside(line.first.Get(), -1, 0);
-    if (isOn(&IZoneCoordOperations::GetEastNeighbour)) return ZonesBeside(line.first.Get(), 0, 1);
-    return {};
+    const bool isBorder =
+        isOn(&IZoneCoordOperations::GetWestNeighbour) || isOn(&IZoneCoordOperations::GetEastNeighbour);
+    return isBorder ? ZonesBeside(line, reference) : "";
 }
 
 class GridDrawer {
@@ -124,7 +145,7 @@ class GridDrawer {
         FrameLabels labels{"grid-label " + name, style.stroke, {}};
         std::int64_t index = 0;
         for (const GridLine& line : LinesOf(grid, axis)) {
-            const std::string border = axis == Axis::EAST ? BorderText(line) : "";
+            const std::string border = axis == Axis::EAST ? BorderText(line, reference_) : "";
             if (!border.empty()) {
                 borders_.emplace_back(line, border);
                 continue;
@@ -154,7 +175,7 @@ class GridDrawer {
 
     void KeepBorders(ICoordinateGrid& grid) {
         for (GridLine& line : LinesOf(grid, Axis::EAST)) {
-            const std::string border = BorderText(line);
+            const std::string border = BorderText(line, reference_);
             if (!border.empty()) borders_.emplace_back(std::move(line), border);
         }
     }

@@ -16,7 +16,7 @@ constexpr double RADIANS_PER_DEGREE = std::numbers::pi / 180.0;
 constexpr double LEAST_METRES_PER_DEGREE = 1e5;  // a tenth less than on any ellipsoid
 constexpr double PIECE = 5.0;                    // degrees; of a line that is drawn in pieces
 constexpr int MOST_HALVINGS = 6;
-constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
+constexpr int HALVINGS_TO_AN_END = 16;
 constexpr double SHORTEST_LINE = 1.0;  // picture units
 constexpr double SLACK = 1e-9;         // of rounding, in steps
 
@@ -29,28 +29,49 @@ bool IsSeen(const Polyline& piece) {
     });
 }
 
-// Nothing also where the map shows another place on the pixel, as polar maps do for the other hemisphere.
-std::optional<PicturePoint> ShownPointOf(const MapSheet& sheet, ICoord* coord) {
-    const std::optional<PicturePoint> at = sheet.PointOf(coord);
-    if (sheet.HasRowsOfLatitude()) return at;
-    const std::optional<GeodezPayload> degrees = sheet.NearDegreesOf(coord);
-    if (!at || !degrees) return at;
-    const std::optional<GeodezPayload> shown = sheet.DegreesAt(*at);
-    const bool isOther = shown && std::abs(shown->latitude - degrees->latitude) > ANOTHER_PLACE;
-    return isOther ? std::nullopt : at;
-}
+// Adds the points of chains to parts, of which the last goes on. Between a point that the map shows and one
+// that it doesn't, the part goes on to where it ends.
+class PartWriter {
+  public:
+    PartWriter(const MapSheet& sheet, std::vector<Polyline>* parts) : sheet_(sheet), parts_(*parts) {}
 
-// Adds the points of a chain to parts, of which the last goes on.
-void Append(const MapSheet& sheet, IArray* chain, std::vector<Polyline>* parts) {
-    for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
-        const auto at = ShownPointOf(sheet, IRef<ICoord>(chain->GetAt(i)).Get());
-        if (!at) {
-            parts->emplace_back();
-        } else if (parts->back().empty() || !(parts->back().back() == *at)) {
-            parts->back().push_back(*at);
+    void Append(IArray* chain) {
+        IRef<ICoord> last;
+        bool isLastShown = false;
+        for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
+            const IRef<ICoord> coord(chain->GetAt(i));
+            const auto at = sheet_.ShownPointOf(coord.Get());
+            const bool isShown = at.has_value();
+            if (last.IsValid() && isShown && !isLastShown) Add(EndOfShown(coord, last));
+            if (last.IsValid() && !isShown && isLastShown) Add(EndOfShown(last, coord));
+            if (isShown) {
+                Add(at);
+            } else {
+                parts_.emplace_back();
+            }
+            last = coord;
+            isLastShown = isShown;
         }
     }
-}
+
+  private:
+    void Add(const std::optional<PicturePoint>& at) {
+        if (at && (parts_.back().empty() || !(parts_.back().back() == *at))) parts_.back().push_back(*at);
+    }
+
+    [[nodiscard]] std::optional<PicturePoint> EndOfShown(IRef<ICoord> shown, IRef<ICoord> hidden) const {
+        const IRef<ICoordinateAverage> average(CreateClassCoordinateAverage());
+        for (int i = 0; i < HALVINGS_TO_AN_END; ++i) {
+            const IRef<ICoord> middle(CreateClassCoord());
+            if (!average->Average(shown.Get(), hidden.Get(), middle.Get())) break;
+            (sheet_.ShownPointOf(middle.Get()) ? shown : hidden) = middle;
+        }
+        return sheet_.ShownPointOf(shown.Get());
+    }
+
+    const MapSheet& sheet_;
+    std::vector<Polyline>& parts_;
+};
 
 std::vector<Polyline> Clip(const MapSheet& sheet, const std::vector<Polyline>& parts) {
     std::vector<Polyline> pieces;
@@ -165,7 +186,7 @@ class GraticuleLine {
         if (lines_->DensifyCoordStraight(sheet_.Map(), At(axis, value, from).Get(), At(axis, value, to).Get(),
                                          chain.Get())) {
             budget_.Take(chain->GetCount());
-            Append(sheet_, chain.Get(), parts);
+            PartWriter(sheet_, parts).Append(chain.Get());
             return;
         }
         budget_.Take(POINTS_OF_A_FAILURE);
@@ -203,7 +224,7 @@ std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudg
         const IRef<IArray> points(lines->GetAt(i));
         if (!points.IsValid() || points->GetCount() < 2) continue;
         std::vector<Polyline> parts(1);
-        Append(sheet, points.Get(), &parts);
+        PartWriter(sheet, &parts).Append(points.Get());
         placed.push_back({IRef<ICoord>(points->GetAt(0)), IRef<ICoord>(points->GetAt(points->GetCount() - 1)),
                           Clip(sheet, parts)});
     }

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
+#include "map_curves.h"
 #include "map_grid_layer.h"
 #include "map_styles.h"
 #include "names.h"
@@ -12,8 +14,6 @@
 namespace tessara::program {
 namespace {
 
-constexpr double HALF_TURN = 180.0;
-constexpr int RING_STEPS = 180;
 constexpr double METRES_PER_KM = 1000.0;
 
 constexpr double MARKER_CLEARANCE = 6.0;
@@ -157,40 +157,6 @@ class LayerDrawer {
         AddLines(Rank::OUTLINE, classes, {outline}, style);
     }
 
-    // Breaks a chain of degrees where it goes on at the other rim of a map of the world.
-    [[nodiscard]] std::vector<Polyline> Chain(const std::vector<GeodezPayload>& chain) const {
-        std::vector<Polyline> lines(1);
-        const auto add = [&](const GeodezPayload& degrees) {
-            const std::optional<PicturePoint> point = sheet_.PointOf(degrees);
-            if (point) lines.back().push_back(*point);
-            if (!point && !lines.back().empty()) lines.emplace_back();
-        };
-        std::optional<GeodezPayload> last;
-        for (const GeodezPayload& degrees : chain) {
-            const GeodezPayload near = sheet_.Near(degrees);
-            if (last && std::abs(near.longitude - last->longitude) > HALF_TURN) {
-                const auto [leaving, arriving] = AtRim(*last, near);
-                add(leaving);
-                lines.emplace_back();
-                add(arriving);
-            }
-            add(near);
-            last = near;
-        }
-        return lines;
-    }
-
-    // Where a chain leaves the map between two of its points, and where it comes back.
-    [[nodiscard]] std::pair<GeodezPayload, GeodezPayload> AtRim(const GeodezPayload& from,
-                                                                const GeodezPayload& to) const {
-        const double side = std::copysign(HALF_TURN, from.longitude - to.longitude);
-        const double rim = sheet_.CentreLongitude() + side;
-        const double way = to.longitude + 2.0 * side - from.longitude;
-        const double part = way == 0.0 ? 0.0 : (rim - from.longitude) / way;
-        const double latitude = from.latitude + part * (to.latitude - from.latitude);
-        return {{latitude, rim, 0.0}, {latitude, rim - 2.0 * side, 0.0}};
-    }
-
     std::vector<Polyline> Way(const LineLayer& line, const Site& from, const Site& to) {
         std::vector<Polyline> way;
         switch (line.straight) {
@@ -214,18 +180,15 @@ class LayerDrawer {
         const auto a = sheet_.NearDegreesOf(from.coord.Get());
         const auto b = sheet_.NearDegreesOf(to.coord.Get());
         if (!a || !b) return {};
-        const IRef<IArray> points(CreateClassArray());
-        const IRef<ICoord> begin = DegreesCoord(a->latitude, a->longitude, sheet_.Datum());
-        // The end on that side of the globe on which the way goes on without a jump.
-        const double east = std::remainder(b->longitude - a->longitude, 360.0);
-        const IRef<ICoord> end = DegreesCoord(b->latitude, a->longitude + east, sheet_.Datum());
-        if (!lines_->DensifyGeodesic(sheet_.Map(), begin.Get(), end.Get(), points.Get())) return {};
-        std::vector<GeodezPayload> chain;
-        for (std::uint32_t i = 0; i < points->GetCount(); ++i) {
-            const auto degrees = sheet_.NearDegreesOf(IRef<ICoord>(points->GetAt(i)).Get());
-            if (degrees) chain.push_back(*degrees);
-        }
-        return Chain(chain);
+        const auto [axisA, axisB] = Axes();
+        const GeodesicResult way =
+            Geodesic_InverseCore(a->latitude, a->longitude, b->latitude, b->longitude, axisA, axisB);
+        if (!(way.distance >= 0.0)) return {};
+        // From either end to the middle: near the antipode the way has a bend there.
+        return TraceCurve([&](double part) {
+            return part < 0.5 ? PlaceAt(*a, part * way.distance, way.azimuth12)
+                              : PlaceAt(*b, (1.0 - part) * way.distance, way.azimuth21);
+        });
     }
 
     std::vector<Polyline> InSystem(const Reference& reference, const Site& from, const Site& to) {
@@ -255,20 +218,23 @@ class LayerDrawer {
         return isThere ? std::optional(copy) : std::nullopt;
     }
 
-    // The interfaces offer no geodesic by azimuth and distance, the static kernel does.
-    [[nodiscard]] GeodezPayload At(const GeodezPayload& centre, double radius, double azimuth) const {
+    [[nodiscard]] std::pair<double, double> Axes() const {
         double axes[2];
         Geodesic_LoadAxes(axes, sheet_.Datum());
+        return {axes[0], axes[1]};
+    }
+
+    // The interfaces offer no geodesic by azimuth and distance, the static kernel does.
+    [[nodiscard]] std::optional<PicturePoint> PlaceAt(const GeodezPayload& centre, double radius,
+                                                      double azimuth) const {
+        const auto [axisA, axisB] = Axes();
         const GeodesicResult end =
-            Geodesic_DirectCore(centre.latitude, centre.longitude, radius, azimuth, axes[0], axes[1]);
-        return {end.latitude, end.longitude, 0.0};
+            Geodesic_DirectCore(centre.latitude, centre.longitude, radius, azimuth, axisA, axisB);
+        return sheet_.ShownPointOf(DegreesCoord(end.latitude, end.longitude, sheet_.Datum()).Get());
     }
 
     [[nodiscard]] std::vector<Polyline> Ring(const GeodezPayload& centre, double radius) const {
-        std::vector<GeodezPayload> chain;
-        for (int i = 0; i <= RING_STEPS; ++i)
-            chain.push_back(At(centre, radius, 360.0 * (i % RING_STEPS) / RING_STEPS));
-        return Chain(chain);
+        return TraceCurve([&](double part) { return PlaceAt(centre, radius, 360.0 * std::fmod(part, 1.0)); });
     }
 
     void AddRadius(const GeodezPayload& centre, double radius) {
@@ -276,8 +242,7 @@ class LayerDrawer {
                                                          : FormatPlain(radius) + " m";
         InnerLabel label{{}, "radius", ColourOf(BLACK)};
         for (const double azimuth : {0.0, 180.0, 90.0, 270.0}) {
-            const std::optional<PicturePoint> point =
-                sheet_.PointOf(sheet_.Near(At(centre, radius, azimuth)));
+            const std::optional<PicturePoint> point = PlaceAt(centre, radius, azimuth);
             if (!point) continue;
             label.candidates.push_back(TextAbove(*point, 2.0, text, LABEL_SIZE));
             label.candidates.push_back(TextBelow(*point, 2.0, text, LABEL_SIZE));

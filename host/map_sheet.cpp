@@ -10,6 +10,8 @@ namespace {
 
 // A longitude that is half around the earth stays on its side in spite of rounding.
 constexpr double HALF_TURN = 180.0 + 1e-7;
+constexpr double ANOTHER_PLACE = 1.0;    // degrees of latitude
+constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far more than any map's rounding
 
 IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
     const IRef<IGeoDate> datum(CreateClassGeoDate());
@@ -55,10 +57,12 @@ MapSheet::MapSheet(const SheetDescription& description, const Window& window, do
 }
 
 std::optional<GeodezPayload> MapSheet::DegreesAt(const PicturePoint& point) const {
+    return DegreesAtPixel({point.x / zoom_ + window_.left, point.y / zoom_ + window_.top});
+}
+
+std::optional<GeodezPayload> MapSheet::DegreesAtPixel(const PicturePoint& pixel) const {
     const IRef<ICoord> there = EmptyDegrees();
-    const double x = point.x / zoom_ + window_.left;
-    const double y = point.y / zoom_ + window_.top;
-    if (!map_->FloatPixelToCoord(x, y, there.Get())) return std::nullopt;
+    if (!map_->FloatPixelToCoord(pixel.x, pixel.y, there.Get())) return std::nullopt;
     const GeodezPayload degrees = DegreesIn(there);
     const bool isPlace = std::isfinite(degrees.latitude) && std::isfinite(degrees.longitude);
     return isPlace ? std::optional(degrees) : std::nullopt;
@@ -80,8 +84,14 @@ std::optional<PicturePoint> MapSheet::PointOf(ICoord* coord) const {
     return pixel ? std::optional(PointOfPixel(*pixel)) : std::nullopt;
 }
 
-std::optional<PicturePoint> MapSheet::PointOf(const GeodezPayload& degrees) const {
-    return PointOf(DegreesCoord(degrees.latitude, degrees.longitude, datum_).Get());
+std::optional<PicturePoint> MapSheet::ShownPointOf(ICoord* coord) const {
+    const std::optional<PicturePoint> at = NearPointOf(coord);
+    if (hasRowsOfLatitude_) return at;
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    if (!at || !degrees) return at;
+    const std::optional<GeodezPayload> shown = DegreesAt(*at);
+    const bool isOther = shown && std::abs(shown->latitude - degrees->latitude) > ANOTHER_PLACE;
+    return isOther ? std::nullopt : at;
 }
 
 IRef<ICoord> MapSheet::EmptyDegrees() const {
@@ -90,12 +100,17 @@ IRef<ICoord> MapSheet::EmptyDegrees() const {
     return coord;
 }
 
-std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
+std::optional<GeodezPayload> MapSheet::DegreesOf(ICoord* coord) const {
     const IRef<ICoord> copy = EmptyDegrees();
     const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
     const bool isThere = IsPixelCoord(coord) ? map_->PixelCoordToCoord(coord, copy.Get())
                                              : transfer->Transfer(coord, copy.Get());
-    return isThere ? std::optional(Near(DegreesIn(copy))) : std::nullopt;
+    return isThere ? std::optional(DegreesIn(copy)) : std::nullopt;
+}
+
+std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    return degrees ? std::optional(Near(*degrees)) : std::nullopt;
 }
 
 GeodezPayload MapSheet::Near(GeodezPayload degrees) const {
@@ -104,11 +119,20 @@ GeodezPayload MapSheet::Near(GeodezPayload degrees) const {
     return degrees;
 }
 
+// A position that is near as it stands keeps its numbers, and so does one from whose other longitude the map
+// doesn't lead back: a cone ends half a turn from its own meridian.
 std::optional<PicturePoint> MapSheet::NearPixelOf(ICoord* coord) const {
-    if (IsPixelCoord(coord)) return PixelOf(coord);
-    const std::optional<GeodezPayload> degrees = NearDegreesOf(coord);
-    if (!degrees) return PixelOf(coord);
-    return PixelOf(DegreesCoord(degrees->latitude, degrees->longitude, datum_).Get());
+    const std::optional<PicturePoint> asItStands = PixelOf(coord);
+    if (IsPixelCoord(coord)) return asItStands;
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    if (!degrees) return asItStands;
+    const GeodezPayload near = Near(*degrees);
+    if (near.longitude == degrees->longitude) return asItStands;
+    const std::optional<PicturePoint> other =
+        PixelOf(DegreesCoord(near.latitude, near.longitude, datum_).Get());
+    const std::optional<GeodezPayload> back = other ? DegreesAtPixel(*other) : std::nullopt;
+    const bool leadsBack = back && std::abs(back->longitude - near.longitude) <= SAME_LONGITUDE;
+    return leadsBack ? other : asItStands;
 }
 
 std::optional<PicturePoint> MapSheet::NearPointOf(ICoord* coord) const {

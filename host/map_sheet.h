@@ -36,15 +36,14 @@ class MapSheet {
     [[nodiscard]] std::optional<PicturePoint> PointOf(ICoord* coord) const;
     // The same on the window's side of the globe.
     [[nodiscard]] std::optional<PicturePoint> NearPointOf(ICoord* coord) const;
-    [[nodiscard]] std::optional<PicturePoint> PointOf(const GeodezPayload& degrees) const;
+    // That one, or nothing where the map shows another place on the pixel, as polar maps do for the other
+    // hemisphere.
+    [[nodiscard]] std::optional<PicturePoint> ShownPointOf(ICoord* coord) const;
     [[nodiscard]] PicturePoint PointOfPixel(const PicturePoint& pixel) const;
 
     // The place as degrees on the map's datum, on the window's side of the globe; nothing for what can't be
     // converted.
     [[nodiscard]] std::optional<GeodezPayload> NearDegreesOf(ICoord* coord) const;
-    [[nodiscard]] GeodezPayload Near(GeodezPayload degrees) const;
-    // Whether each row of the map shows one latitude, so that no place has the pixel of another.
-    [[nodiscard]] bool HasRowsOfLatitude() const { return hasRowsOfLatitude_; }
     // What lies in the middle of the window; 0 if that is nothing.
     [[nodiscard]] double CentreLongitude() const { return centreLongitude_; }
     // What lies at a point of the picture.
@@ -52,12 +51,15 @@ class MapSheet {
 
   private:
     [[nodiscard]] std::optional<PicturePoint> PixelOf(ICoord* coord) const;
+    [[nodiscard]] std::optional<GeodezPayload> DegreesOf(ICoord* coord) const;
+    [[nodiscard]] GeodezPayload Near(GeodezPayload degrees) const;
+    [[nodiscard]] std::optional<GeodezPayload> DegreesAtPixel(const PicturePoint& pixel) const;
     [[nodiscard]] IRef<ICoord> EmptyDegrees() const;
 
     IRef<IMapCoordOperations> map_;
     std::int32_t datum_;
     Window window_;
-    bool hasRowsOfLatitude_;
+    bool hasRowsOfLatitude_;  // each row of the map shows one latitude: no place has the pixel of another
     double zoom_;
     double centreLongitude_;
 };

@@ -36,6 +36,17 @@ const std::string WORLD_MAP =
                        "pixelsPerDegreeY": 10},
         "window": {"left": 0, "top": 0, "right": 3600, "bottom": 1800}, "layers": [)";
 
+// The whole earth in a circle around (1750, 1750), 12 km a pixel. To be drawn 3500 wide.
+const std::string VAN_DER_GRINTEN_MAP =
+    R"({"projection": {"type": "VAN_DER_GRINTEN", "originLongitude": 0, "originLatitude": 0},
+        "scale": 120000000, "resolution": 10, "reference": {"place": [0, 0], "pixel": [1750, 1750]},
+        "window": {"left": 0, "top": 0, "right": 3500, "bottom": 3500}, "layers": [)";
+constexpr double RIM = 3.141592653589793 * 6378137.0 / 12000.0;  // its radius, half the equator
+
+double FromMiddle(const SvgPoint& point) {
+    return std::hypot(point.x - 1750.0, point.y - 1750.0);
+}
+
 // A hundredth of a unit is what a picture's numbers are rounded to; a chain of points is drawn to a quarter.
 constexpr double ROUNDING = 0.011;
 constexpr double CHAIN = 0.25 + ROUNDING;
@@ -228,6 +239,78 @@ TEST(MapBorders, OfAGridAndALayerHaveOneLabelAtEachEnd) {
     EXPECT_EQ(ElementsOf(svg, "text", "border-label").size(), 2u);
 }
 
+// 178 to 182 degrees, 250 pixels a degree; on the others, about as much around 17 degrees south.
+const std::vector<std::string> DATE_LINE_MAPS = {
+    R"({"projection": {"type": "DD", "originLongitude": 178, "originLatitude": -15.4, "pixelsPerDegreeX": 250,
+                       "pixelsPerDegreeY": 250},)",
+    R"({"projection": {"type": "DD", "originLongitude": -182, "originLatitude": -15.4, "pixelsPerDegreeX": 250,
+                       "pixelsPerDegreeY": 250},)",
+    R"({"projection": {"type": "MERCATOR", "standardParallel": -17}, "scale": 5000000, "resolution": 10,
+        "reference": {"place": [-17, 180], "pixel": [500, 400]},)",
+    R"({"projection": {"type": "LAMBERTCC", "parallel1": -15, "parallel2": -19, "originLongitude": -180,
+                       "originLatitude": -17, "falseEasting": 0, "falseNorthing": 0, "metresPerPixelX": 500,
+                       "metresPerPixelY": 500, "pixelX": 500, "pixelY": 400},)"};
+
+TEST(MapGrid, GoesOnOverTheDateLine) {
+    for (const std::string& map : DATE_LINE_MAPS) {
+        const std::string svg =
+            Draw(map + R"("window": {"left": 0, "top": 0, "right": 1000, "bottom": 800}, "layers": [)",
+                 R"({"type": "grid", "system": "UTM", "step": 50000})");
+        EXPECT_EQ(TextsOf(svg, "border-label"), std::set<std::string>{"zone 60 | 1"}) << map;
+        const std::vector<SvgLine> borders = LinesOf(svg, "border");
+        ASSERT_EQ(borders.size(), 1u) << map;
+        for (const SvgPoint& point : borders[0])
+            EXPECT_NEAR(point.x, 500.0, CHAIN) << map;
+        for (const SvgLine& line : LinesOf(svg, "grid north")) {
+            double x = -1.0;
+            for (const SvgPoint& point : line) {
+                EXPECT_GT(point.x, x - ROUNDING) << map << ": without a way back";
+                x = point.x;
+            }
+        }
+        const std::set<std::string> texts = TextsOf(svg, "grid-label east");
+        for (const char* text : {"60 650000", "60 700000", "60 750000", "1 250000", "1 300000", "1 350000"})
+            EXPECT_TRUE(texts.contains(text)) << map << text;
+    }
+    // echo -17 -179.5 | GeoConvert -u -p 3: 01s 233821.407 8118746.355. Of a grid from there in steps of half
+    // its distance from the central line, 266178.593, two lines meet in it.
+    const std::string svg = Draw(
+        DATE_LINE_MAPS[0] + R"("window": {"left": 0, "top": 0, "right": 1000, "bottom": 800}, "layers": [)",
+        R"({"type": "grid", "system": "UTM", "eastStep": 133089.2965, "northStep": 940626.8225})");
+    EXPECT_LT(DistanceTo(LinesOf(svg, "grid east"), {625.0, 400.0}), CHAIN);
+    EXPECT_LT(DistanceTo(LinesOf(svg, "grid north"), {625.0, 400.0}), CHAIN);
+}
+
+TEST(MapBorders, NameTheZonesOnBothSidesOfTheDateLine) {
+    for (const std::string& map : DATE_LINE_MAPS) {
+        const std::string svg =
+            Draw(map + R"("window": {"left": 0, "top": 0, "right": 1000, "bottom": 800}, "layers": [)",
+                 R"({"type": "borders", "system": "GK6"})");
+        EXPECT_EQ(TextsOf(svg, "border-label"), std::set<std::string>{"zone 30 | -30"}) << map;
+    }
+}
+
+// The northing of this map falls to 0 at its lower edge, where it turns around: what lies beyond has the
+// pixels of what lies before.
+TEST(MapGrid, RunsToTheEdgeOfAPolarMap) {
+    const std::string svg = Draw(
+        R"({"projection": {"type": "UPS", "hemisphere": "N", "originEasting": 500000, "originNorthing": 3000000,
+                           "metresPerPixelX": 3000, "metresPerPixelY": 3000},
+            "window": {"left": 0, "top": 0, "right": 1000, "bottom": 1000}, "layers": [)",
+        R"({"type": "grid", "system": "GEODEZ", "eastStep": 10, "northStep": 5},
+           {"type": "borders", "system": "UTM"})");
+    // Lines run from the pole at (500, 333.33) straight down and beside it: at the edge, 666.67 below the
+    // pole, the meridian of n degrees stands 666.67 tan n to the side.
+    for (const double degrees : {-30.0, -20.0, -10.0, 0.0, 10.0, 20.0, 30.0}) {
+        const double x = 500.0 + 2000.0 / 3.0 * std::tan(degrees * 0.0174532925199433);
+        EXPECT_LT(DistanceTo(LinesOf(svg, "layer0 grid east"), {x, 1000.0}), CHAIN) << degrees;
+    }
+    for (const double degrees : {-24.0, -18.0, -12.0, -6.0, 0.0, 6.0, 12.0, 18.0, 24.0}) {
+        const double x = 500.0 + 2000.0 / 3.0 * std::tan(degrees * 0.0174532925199433);
+        EXPECT_LT(DistanceTo(LinesOf(svg, "layer1 border"), {x, 1000.0}), 1.0) << degrees;
+    }
+}
+
 TEST(MapGrid, ThinsOutLabelsThatHaveNoRoom) {
     // 1000 units, and a line every 10.
     const std::string svg = Draw(UTM_MAP, R"({"type": "grid", "system": "UTM", "step": 500})");
@@ -343,6 +426,32 @@ TEST(MapGeodesic, GoesOnAtTheOtherRimOfTheMap) {
     EXPECT_LT(DistanceTo(LinesOf(svg, "geodesic"), {3550.0, 900.0}), ROUNDING);
 }
 
+TEST(MapGeodesic, CrossesGreenwichOnAPolarMapWhereItDoes) {
+    const std::string svg = Draw(
+        R"({"projection": {"type": "UPS", "hemisphere": "N", "originEasting": 500000, "originNorthing": 3500000,
+                           "metresPerPixelX": 3000, "metresPerPixelY": 3000},
+            "window": {"left": 0, "top": 0, "right": 1000, "bottom": 1000}, "layers": [)",
+        R"({"type": "geodesic", "places": [[82.5, -62.3], [78.22, 15.65]]})");
+    const std::vector<SvgLine> lines = LinesOf(svg, "geodesic");
+    ASSERT_EQ(lines.size(), 1u);
+    // echo 82.5 -62.3 66.809752248 949732.829 | GeodSolve -p 9: 81.169073700 0. Its northing is
+    // 1017689.797: echo 0 81.169073700 | cs2cs -f %.3f +proj=longlat +datum=WGS84
+    //     +to +proj=stere +lat_0=90 +k=0.994 +x_0=2000000 +y_0=2000000 +datum=WGS84
+    EXPECT_LT(DistanceTo(lines, {500.0, (3500000.0 - 1017689.797) / 3000.0}), CHAIN);
+}
+
+TEST(MapGeodesic, LeavesTheMapAtItsRim) {
+    const std::string svg =
+        Draw(VAN_DER_GRINTEN_MAP, R"({"type": "geodesic", "places": [[50, 8], [60, -170]]},
+        {"type": "geodesic", "places": [[35.77, 140.39], [37.62, -122.38]]})",
+             "3500");
+    EXPECT_EQ(LinesOf(svg, "layer0 geodesic").size(), 1u) << "over the north";
+    const std::vector<SvgLine> lines = LinesOf(svg, "layer1 geodesic");
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NEAR(FromMiddle(lines[0].back()), RIM, 1.0);
+    EXPECT_NEAR(FromMiddle(lines[1].front()), RIM, 1.0);
+}
+
 TEST(MapLine, IsStraightOnTheMapOrInASystem) {
     const std::string svg = Draw(UTM_MAP, R"(
         {"type": "line", "places": [{"pixel": [100, 100]}, {"pixel": [900, 700]}]},
@@ -353,6 +462,36 @@ TEST(MapLine, IsStraightOnTheMapOrInASystem) {
     // has the northing 5319368.173, most of a pixel further up.
     EXPECT_LT(DistanceTo(LinesOf(svg, "layer1 line"), {529.6527, 413.50872}), CHAIN);
     EXPECT_GT(LinesOf(svg, "layer1 line").at(0).size(), 2u);
+}
+
+TEST(MapRings, OverAPoleRunSmoothlyFromRimToRim) {
+    for (const auto& [centre, radius] : {std::pair{"[75, 30]", "2500000"},
+                                         {"[75, 30]", "5000000"},
+                                         {"[-85, -100]", "1500000"},
+                                         {"[10, 160]", "9000000"}}) {
+        const std::string svg =
+            Draw(VAN_DER_GRINTEN_MAP,
+                 std::string(R"({"type": "rings", "centre": )") + centre + R"(, "radii": [)" + radius + "]}",
+                 "3500");
+        // A ring begins to the north of its centre, also in the middle of the map.
+        std::size_t ends = 0;
+        for (const SvgLine& line : LinesOf(svg, "ring")) {
+            for (const SvgPoint& end : {line.front(), line.back()})
+                ends += std::abs(FromMiddle(end) - RIM) < 1.0 ? 1U : 0U;
+        }
+        EXPECT_EQ(ends, 2u) << centre << radius;
+    }
+    // echo 10 160 AZIMUTH 9000000 | GeodSolve -p 9, and what
+    // cs2cs -f %.3f +proj=longlat +R=6378137 +to +proj=vandg +R=6378137 makes of it: 0, 10, 20, 350, 100
+    // degrees
+    const std::string svg =
+        Draw(VAN_DER_GRINTEN_MAP, R"({"type": "rings", "centre": [10, 160], "radii": [9000000]})", "3500");
+    for (const auto& [x, y] : {std::pair{-557213.443, 17376573.511},
+                               {-7290216.744, 13587102.812},
+                               {-9389903.443, 10801921.074},
+                               {4554980.716, 12765891.708},
+                               {-13432282.910, -934107.705}})
+        EXPECT_LT(DistanceTo(LinesOf(svg, "ring"), {1750.0 + x / 12000.0, 1750.0 - y / 12000.0}), CHAIN) << x;
 }
 
 TEST(MapRings, AreAtTheirDistanceInAllDirections) {
