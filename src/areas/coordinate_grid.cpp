@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <utility>
+#include <vector>
 
 #include "areas/compare_records.h"
 #include "areas/creation.h"
 #include "areas/date_line_map.h"
+#include "areas/grid_line_array.h"
+#include "areas/record_chain.h"
 #include "areas/rect_extents.h"
 #include "areas/system_extremes.h"
 #include "kernel/numeric.h"
@@ -109,33 +113,48 @@ bool FindPixel(IMapCoordOperations* map, const MapPlane& plane, ICoord* coord, L
     return true;
 }
 
-bool AddCoord(CKoord koord, std::int32_t system, IArray* line) {
+IRef<IUnknown> MakeCoord(const tagKOORD& record) {
+    const CKoord koord(record);
     const IRef<ICoord> coord(CreateClassCoord());
-    if (!ToGridSystem(system, &koord) || !KoordToCoord(&koord, coord.Get())) return false;
-    line->Add(coord.Get());
-    return true;
+    return KoordToCoord(&koord, coord.Get()) ? IRef<IUnknown>(coord) : IRef<IUnknown>();
 }
 
-bool AddPixel(const MapPlane& map, CKoord koord, std::int32_t system, IArray* line) {
+IRef<IUnknown> MakeFloatPoint(const tagKOORD& record) {
     const IRef<IFloatPoint> point(CreateClassFloatPoint());
-    PlanePoint pixel{};
-    if (!point.IsValid() || !ToGridSystem(system, &koord) || !map.ToPlane(koord, &pixel)) return false;
+    if (!point.IsValid()) return {};
+    const auto pixel = Load<FloatPixelPayload>(record);
     point->SetX(pixel.x);
     point->SetY(pixel.y);
     point->SetZ(0.0);
-    line->Add(point.Get());
-    return true;
+    return IRef<IUnknown>(point);
 }
 
-// Adds one line to the lines, if add(koord, line) is true for each of its points.
-template <class AddPoint>
-bool AddLine(const GridLine& line, IArray* lines, const AddPoint& add) {
-    const IRef<IArray> points(CreateClassArray());
-    if (!points.IsValid()) return false;
-    const bool isComplete =
-        std::all_of(line.begin(), line.end(), [&](const CKoord& koord) { return add(koord, points.Get()); });
-    if (isComplete) lines->Add(points.Get());
-    return isComplete;
+// Adds one line to the lines. False without memory.
+bool AddLine(RecordChain chain, GridLineArray::PointMaker maker, IArray* lines) {
+    chain.Finish();
+    const IRef<IArray> line(NewObject<GridLineArray>(std::move(chain), maker));
+    if (line.IsValid()) lines->Add(line.Get());
+    return line.IsValid();
+}
+
+// A line of the drawing system in the one of the grid.
+bool ToGridSystem(std::int32_t system, const GridLine& line, RecordChain* chain) {
+    return std::all_of(line.begin(), line.end(), [&](CKoord koord) {
+        if (!ToGridSystem(system, &koord)) return false;
+        chain->Append(koord);
+        return true;
+    });
+}
+
+bool ToPixels(const MapPlane& map, const RecordChain& line, RecordChain* pixels) {
+    return line.ForEach([&](const tagKOORD& record) {
+        PlanePoint place{};
+        if (!map.ToPlane(CKoord(record), &place)) return false;
+        tagKOORD pixel = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_FLOATPIXEL);
+        Store(pixel, FloatPixelPayload{place.x, place.y});
+        pixels->Append(pixel);
+        return true;
+    });
 }
 
 bool IsStep(double step) {
@@ -197,9 +216,8 @@ bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const try {
     if (!map_.IsValid() || !out.IsValid()) return false;
     out->Clear();
     return Draw(axis, [&](const GridLine& line) {
-        return AddLine(line, out.Get(), [this](const CKoord& koord, IArray* points) {
-            return AddCoord(koord, system_, points);
-        });
+        RecordChain chain;
+        return ToGridSystem(system_, line, &chain) && AddLine(std::move(chain), MakeCoord, out.Get());
     });
 } catch (const std::bad_alloc&) {
     return false;
@@ -209,17 +227,20 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
     const IRef<IArray> out(lines);
     if (!map_.IsValid() || !out.IsValid()) return false;
     out->Clear();
-    std::vector<GridLine> drawn;
+    std::vector<RecordChain> drawn;
     const bool isDrawn = Draw(axis, [&](const GridLine& line) {
-        drawn.push_back(line);
-        return true;
+        drawn.emplace_back();
+        const bool isConverted = ToGridSystem(system_, line, &drawn.back());
+        drawn.back().Finish();
+        return isConverted;
     });
     if (!isDrawn) return false;
     const MapPlane plane(windowMap_.Get());
-    return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](const GridLine& line) {
-               return AddLine(line, out.Get(), [&](const CKoord& koord, IArray* points) {
-                   return AddPixel(plane, koord, system_, points);
-               });
+    return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](RecordChain& line) {
+               RecordChain pixels;
+               const bool isPlaced = ToPixels(plane, line, &pixels);
+               line = RecordChain();
+               return isPlaced && AddLine(std::move(pixels), MakeFloatPoint, out.Get());
            });
 } catch (const std::bad_alloc&) {
     return false;
