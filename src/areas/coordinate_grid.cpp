@@ -195,8 +195,10 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
     Extremes extremes;
     if (!map.IsValid() || !ExtentOfRect(map.Get(), rect, datum_, system, &extremes)) return false;
     if (!KeepWithinCodes(datum_, system_, &extremes)) return false;
+    const MapPlane windowPlane(map.Get());
+    if (!windowPlane.IsComplete()) return false;
     windowMap_ = map;
-    window_ = GridWindow{extremes,  rect,       FindZoneArc(MapPlane(map.Get()), rect, extremes),
+    window_ = GridWindow{extremes,  rect,       FindZoneArc(windowPlane, rect, extremes),
                          eastStep_, northStep_, FinestStep(system_)};
     return true;
 } catch (const std::bad_alloc&) {

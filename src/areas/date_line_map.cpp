@@ -6,9 +6,8 @@
 #include "areas/window_samples.h"
 #include "geometry/map_plane.h"
 #include "kernel/numeric.h"
+#include "objects/default_koord.h"
 #include "objects/koord_access.h"
-#include "objects/map_datum.h"
-#include "objects/reference_change.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/object.h"
 
@@ -22,9 +21,7 @@ constexpr double HALF_TURN = 180.0;
 constexpr double ON_ITS_SIDE = HALF_TURN + 1e-7;  // what lies half around the earth stays where it is
 constexpr double SAME_LONGITUDE = 1e-3;           // degrees; far more than any map's rounding
 
-std::optional<double> LongitudeAt(const MapPlane& plane, const PlanePoint& pixel) {
-    std::int32_t datum = 0;
-    if (!plane.GetDatum(&datum)) return std::nullopt;
+std::optional<double> LongitudeAt(const MapPlane& plane, std::int32_t datum, const PlanePoint& pixel) {
     CKoord place(MakeKoord(datum, KOORD_GEODEZ));
     if (!plane.ToWorld(pixel, &place)) return std::nullopt;
     return Load<GeodezPayload>(place).longitude;
@@ -35,8 +32,8 @@ class DateLineMap : public IMapCoordOperations {
     using Faces = FaceList<IMapCoordOperations>;
 
     // The longitude in the middle of the window.
-    DateLineMap(IRef<IMapCoordOperations> map, double middle)
-        : map_(std::move(map)), plane_(map_.Get()), middle_(middle) {}
+    DateLineMap(IRef<IMapCoordOperations> map, MapPlane plane, std::int32_t datum, double middle)
+        : map_(std::move(map)), plane_(std::move(plane)), datum_(datum), middle_(middle) {}
 
     bool GetMapDefinition(IArray* points, std::int32_t* scaleDenominator, double* resolution, IGeoDate* datum,
                           IProjection* projection) override {
@@ -56,16 +53,14 @@ class DateLineMap : public IMapCoordOperations {
         CKoord wanted;
         if (!KoordFromCoord(target.Get(), &wanted)) return false;
         if (map_->FloatPixelToCoord(x, y, target.Get())) return true;
-        std::int32_t datum = 0;
-        CKoord place(MakeKoord(plane_.GetDatum(&datum) ? datum : 0, KOORD_GEODEZ));
+        CKoord place(MakeKoord(datum_, KOORD_GEODEZ));
         if (!plane_.ToWorld({x, y}, &place)) return false;
         auto position = Load<GeodezPayload>(place);
         if (!(std::fabs(position.longitude) > HALF_TURN)) return false;
         position.longitude = std::remainder(position.longitude, FULL_TURN);
         Store(place, position);
-        const ReferenceChange change(static_cast<std::int32_t>(wanted.datum),
-                                     static_cast<std::int32_t>(wanted.type));
-        return change.Apply(place, &wanted) && KoordToCoord(&wanted, target.Get());
+        return ResetToDefault(&wanted) && KoordConvert(&place, &wanted) == KOORD_OK &&
+               KoordToCoord(&wanted, target.Get());
     }
     bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) override {
         return FloatPixelToCoord(x, y, out);
@@ -105,9 +100,8 @@ class DateLineMap : public IMapCoordOperations {
     // longitude: a cone ends half a turn from its own meridian.
     std::optional<PlanePoint> PlaceOnOtherTurn(ICoord* coord) const {
         CKoord koord;
-        std::int32_t datum = 0;
-        if (!KoordFromCoord(coord, &koord) || !plane_.GetDatum(&datum)) return std::nullopt;
-        tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
+        if (!KoordFromCoord(coord, &koord)) return std::nullopt;
+        tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);
         if (KoordConvertEx(&koord, &degrees, UNCHECKED) != KOORD_OK) return std::nullopt;
         auto position = Load<GeodezPayload>(degrees);
         const double east = position.longitude - middle_;
@@ -116,13 +110,14 @@ class DateLineMap : public IMapCoordOperations {
         Store(degrees, position);
         PlanePoint found{};
         if (!plane_.ToPlane(CKoord(degrees), &found)) return std::nullopt;
-        const std::optional<double> back = LongitudeAt(plane_, found);
+        const std::optional<double> back = LongitudeAt(plane_, datum_, found);
         const bool leadsBack = back && std::fabs(*back - position.longitude) <= SAME_LONGITUDE;
         return leadsBack ? std::optional(found) : std::nullopt;
     }
 
     IRef<IMapCoordOperations> map_;
     MapPlane plane_;
+    std::int32_t datum_;
     double middle_;
 };
 
@@ -130,17 +125,19 @@ class DateLineMap : public IMapCoordOperations {
 
 IRef<IMapCoordOperations> MapOverDateLine(const IRef<IMapCoordOperations>& map, const PixelRect& window) {
     const MapPlane plane(map.Get());
-    if (!plane.IsComplete()) return map;
+    std::int32_t datum = 0;
+    if (!plane.IsComplete() || !plane.GetDatum(&datum)) return {};
     const auto at = [&](int column, int row) {
-        return LongitudeAt(plane, PlaceInWindow(window, static_cast<double>(column) / SAMPLES_OF_A_SIDE,
-                                                static_cast<double>(row) / SAMPLES_OF_A_SIDE));
+        return LongitudeAt(plane, datum,
+                           PlaceInWindow(window, static_cast<double>(column) / SAMPLES_OF_A_SIDE,
+                                         static_cast<double>(row) / SAMPLES_OF_A_SIDE));
     };
     for (int row = 0; row <= SAMPLES_OF_A_SIDE; ++row) {
         for (int column = 0; column <= SAMPLES_OF_A_SIDE; ++column) {
             const std::optional<double> longitude = at(column, row);
             if (!longitude || !(std::fabs(*longitude) > HALF_TURN)) continue;
             const double middle = at(SAMPLES_OF_A_SIDE / 2, SAMPLES_OF_A_SIDE / 2).value_or(*longitude);
-            return IRef<IMapCoordOperations>(NewObject<DateLineMap>(map, middle));
+            return IRef<IMapCoordOperations>(NewObject<DateLineMap>(map, plane, datum, middle));
         }
     }
     return map;

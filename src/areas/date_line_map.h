@@ -11,7 +11,7 @@ namespace tessara {
 
 // A map of the same pixels on which every pixel of the window has a position, also in systems that end at the
 // date line, and positions have the pixel closest to the window. The map itself where all of the window lies
-// between -180 and 180 degrees; an empty handle without memory.
+// between -180 and 180 degrees; an empty handle without memory and for a map without a datum.
 [[nodiscard]] IRef<IMapCoordOperations> MapOverDateLine(const IRef<IMapCoordOperations>& map,
                                                         const PixelRect& window);
 

@@ -13,8 +13,8 @@ namespace tessara {
 class RecordChain {
   public:
     void Append(const tagKOORD& record);
-    // Gives back what was taken in advance; nothing is to be appended after this.
-    void Finish() { bytes_.shrink_to_fit(); }
+    // Gives back what was taken in advance. A chain that is done is as small as it can be.
+    void Finish() { bytes_ = std::vector<std::uint8_t>(bytes_.begin(), bytes_.end()); }
 
     [[nodiscard]] std::size_t Size() const { return size_; }
 

@@ -4,11 +4,14 @@
 #include <cmath>
 #include <set>
 
+#include "objects/convert_records.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
 #include "support/grids.h"
 #include "support/live_objects.h"
+#include "support/random.h"
 #include "support/zoned_records.h"
+#include "tessara/kernel/constants.h"
 
 namespace tessara::testing {
 namespace {
@@ -381,6 +384,72 @@ TEST_F(ZonedGridLinesTest, LinesGoOnOverTheDateLine) {
             EXPECT_LT(IRef<IFloatPoint>(line->GetAt(0))->GetX(), 1.0);
         }
     }
+}
+
+// Any place of such a window, moved to the next line of its zone, lies on a line that was drawn.
+TEST_F(ZonedGridLinesTest, LinesReachAllOverWindowsOverTheDateLine) {
+    Random random(180);
+    int found = 0;
+    for (int n = 0; n < 60; ++n) {
+        const double middle = random.Between(-1.0, 1.0) + (n % 2 == 0 ? 180.0 : -180.0);
+        const double latitude = random.Between(-70.0, 70.0);
+        const double degrees = std::exp(random.Between(std::log(0.2), std::log(15.0)));  // wide
+        const double metres = degrees * 111000.0 * std::cos(latitude * RADIANS_PER_DEGREE) / 1000.0;
+        const double parallel = latitude + (latitude < 0.0 ? -2.0 : 2.0);
+        const IRef<IMapCoordOperations> sheets[] = {
+            MapOf(Map(MAP_DD, MapDdParams{middle - degrees / 2.0, latitude + degrees * 0.4, 1000.0 / degrees,
+                                          1000.0 / degrees})),
+            MapOf(WithReference(Map(MAP_MERCATOR, MapMercatorParams{30.0, 0.0, 0.0}),
+                                GeodezRecord(latitude, middle), 500, 400,
+                                static_cast<std::int32_t>(metres * 10000.0), 10.0)),
+            MapOf(Map(MAP_LAMBERTCC,
+                      MapLambertCcParams{latitude, parallel, middle + random.Between(-20.0, 20.0), latitude,
+                                         0.0, 0.0, metres, metres, 500.0, 400.0}))};
+        for (const auto& sheet : sheets) {
+            const std::int32_t system = n % 3 == 0 ? KOORD_GK6 : n % 3 == 1 ? KOORD_GK : KOORD_UTM;
+            const double step = metres * 120.0;
+            grid = GridOf(system, sheet, step, step);
+            ASSERT_TRUE(SetWindow(grid, 0, 0, 1000, 800)) << n;
+            const IRef<IArray> lines(CreateClassArray());
+            ASSERT_TRUE(grid->GetEastLinePixels(lines.Get())) << n;
+            std::vector<std::vector<Pixel>> chains;
+            for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+                chains.emplace_back();
+                const IRef<IArray> line = LineAt(lines, i);
+                for (std::uint32_t k = 0; k < line->GetCount(); ++k) {
+                    const IRef<IFloatPoint> point(line->GetAt(k));
+                    chains.back().push_back({point->GetX(), point->GetY()});
+                }
+            }
+            for (int k = 0; k < 40; ++k) {
+                const auto there = EmptyCoord(DATUM_WGS84, KOORD_GEODEZ);
+                ASSERT_TRUE(sheet->FloatPixelToCoord(random.Between(0.0, 1000.0), random.Between(0.0, 800.0),
+                                                     there.Get()));
+                CKoord koord = KoordOf(there);
+                const double turn = 360.0 * std::round(Load<GeodezPayload>(koord).longitude / 360.0);
+                CKoord onSide = CKoord(GeodezRecord(Load<GeodezPayload>(koord).latitude,
+                                                    Load<GeodezPayload>(koord).longitude - turn));
+                if (!ConvertTo(system, &onSide)) continue;
+                const std::int32_t zone = Zones_Number(onSide);
+                tagKOORD centre = onSide;
+                ASSERT_TRUE(Zones_MoveToCentre(&centre));
+                const double anchor = Zones_East(centre);
+                Zones_SetEast(anchor + step * std::round((Zones_East(onSide) - anchor) / step), &onSide);
+                GeodezPayload moved{};
+                ASSERT_TRUE(ToGeodez(onSide, &moved));
+                CKoord natural = CKoord(GeodezRecord(moved.latitude, moved.longitude));
+                if (!ConvertTo(system, &natural) || Zones_Number(natural) != zone) continue;
+                const Pixel at = PixelOn(sheet, GeodezRecord(moved.latitude, moved.longitude + turn));
+                if (!(at.x > 1.0 && at.x < 999.0 && at.y > 1.0 && at.y < 799.0)) continue;
+                double nearest = HUGE_VAL;
+                for (const auto& chain : chains)
+                    nearest = std::min(nearest, DistanceToChain(at, chain));
+                ++found;
+                EXPECT_LE(nearest, 0.37) << n << " system " << system << " at " << at.x << " " << at.y;
+            }
+        }
+    }
+    EXPECT_GT(found, 3000);
 }
 
 TEST_F(ZonedGridLinesTest, OverTheEndOfTheStripsEachIsThereOnce) {
