@@ -2,51 +2,56 @@
 
 #include <algorithm>
 
-#include "tessara/kernel/koord.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/systems.h"
 
 namespace tessara::program {
 namespace {
 
-// Fields by one character each: a letter 'a', a pair of letters 'A', a whole number 'w', a number 'n'. What
-// may be missing isn't listed.
+// How the two texts of a system are described to who types them, and why some can't be typed, in part or at
+// all.
 struct TextForm {
     std::int32_t system;
-    const char* northFields;
-    const char* eastFields;
     const char* words;
+    const char* whyNever = "";
+    const char* whyPartly = "";
 };
 
 constexpr const char* NORTHING_EASTING = "`northing` and `easting`";
 
 constexpr TextForm FORMS[] = {
-    {KOORD_LONGPIXEL, "w", "w", "`row` and `column`"},
-    {KOORD_FLOATPIXEL, "n", "n", "`row` and `column`"},
-    {KOORD_UTM, "an", "wn", "`hemisphere northing` and `zone easting`"},
-    {KOORD_UTMREF, "aa", "wa", "`band row northing` and `zone column easting`"},
-    {KOORD_GEODEZ, "n", "n", "`latitude` and `longitude`"},
-    {KOORD_GEOGRAD, "awwn", "awwn", "`N|S degrees minutes seconds` and `E|W degrees minutes seconds`"},
-    {KOORD_GEOREF, "aaw", "aaw", "`letter letter minutes`, for the latitude and for the longitude"},
-    {KOORD_GK, "n", "n", NORTHING_EASTING},
-    {KOORD_BMN, "n", "n", NORTHING_EASTING},
-    {KOORD_OEM, "n", "n", NORTHING_EASTING},
-    {KOORD_CH, "n", "n", NORTHING_EASTING},
-    {KOORD_GEODEZMIN, "awn", "awn", "`N|S degrees minutes` and `E|W degrees minutes`"},
-    {KOORD_GK6, "n", "n", NORTHING_EASTING},
-    {KOORD_GKAT, "n", "n", NORTHING_EASTING},
-    {KOORD_UPS, "an", "n", "`hemisphere northing` and `easting`"},
-    {KOORD_PO_MILITARY, "n", "n", NORTHING_EASTING},
-    {KOORD_TM, "n", "n", NORTHING_EASTING},
-    {KOORD_VDG, "nn", "nn", "`origin-latitude y` and `origin-longitude x`"},
-    {KOORD_BNG, "nAn", "nAn", "`whole-northing square northing` and `whole-easting square easting`"},
-    {KOORD_ING, "nan", "nan", "`whole-northing square northing` and `whole-easting square easting`"},
-    {KOORD_RD, "n", "n", NORTHING_EASTING},
-    {KOORD_LUREF, "n", "n", NORTHING_EASTING},
+    {KOORD_LONGPIXEL, "`row` and `column`"},
+    {KOORD_FLOATPIXEL, "`row` and `column`"},
+    {KOORD_UTM, "`hemisphere northing` and `zone easting`"},
+    {KOORD_UTMREF, "`band row northing` and `zone column easting`"},
+    {KOORD_GEODEZ, "`latitude` and `longitude`"},
+    {KOORD_GEOGRAD, "`N|S degrees minutes seconds` and `E|W degrees minutes seconds`"},
+    {KOORD_GEOREF, "`letter letter minutes`, for the latitude and for the longitude", "",
+     "whole degrees can be typed"},
+    {KOORD_GK, NORTHING_EASTING},
+    {KOORD_BMN, NORTHING_EASTING},
+    {KOORD_OEM, NORTHING_EASTING},
+    {KOORD_CH, NORTHING_EASTING},
+    {KOORD_ECEF, "", "three values don't fit into a north and an east text"},
+    {KOORD_GEODEZMIN, "`N|S degrees minutes` and `E|W degrees minutes`"},
+    {KOORD_GK6, NORTHING_EASTING},
+    {KOORD_GKAT, NORTHING_EASTING, "the texts don't tell which of the three meridians is meant"},
+    {KOORD_UPS, "`hemisphere northing` and `easting`", "", "only the north can be typed"},
+    {KOORD_PO_MILITARY, NORTHING_EASTING},
+    {KOORD_TM, NORTHING_EASTING, "the parameters of the projection aren't in the texts"},
+    {KOORD_VDG, "`origin-latitude y` and `origin-longitude x`", "", "only the origin 0, 0 can be typed"},
+    {KOORD_BNG, "`whole-northing square northing` and `whole-easting square easting`"},
+    {KOORD_ING, "`whole-northing square northing` and `whole-easting square easting`"},
+    {KOORD_RD, NORTHING_EASTING},
+    {KOORD_LUREF, NORTHING_EASTING},
 };
 
-const TextForm* FindForm(std::int32_t system) {
+constexpr TextForm NO_FORM{NO_SYSTEM, ""};
+
+const TextForm& FormOf(std::int32_t system) {
     const TextForm* const form = std::find_if(std::begin(FORMS), std::end(FORMS),
                                               [&](const TextForm& f) { return f.system == system; });
-    return form != std::end(FORMS) ? form : nullptr;
+    return form != std::end(FORMS) ? *form : NO_FORM;
 }
 
 bool IsDigit(char c) {
@@ -89,51 +94,49 @@ bool SkipLetters(std::size_t most, std::string_view* text) {
     return true;
 }
 
-bool HasFields(std::string_view fields, std::string_view text) {
-    return std::all_of(fields.begin(), fields.end(), [&](char field) {
-        SkipBlanks(&text);
-        if (field == 'a') return SkipLetters(1, &text);
-        if (field == 'A') return SkipLetters(2, &text);
-        return SkipNumber(field == 'w', &text);
-    });
+// The metres of a military reference may be missing, and so isn't asked for.
+bool SkipField(FieldKind kind, std::string_view* text) {
+    SkipBlanks(text);
+    switch (kind) {
+        case FieldKind::Letter:
+            return SkipLetters(1, text);
+        case FieldKind::LetterPair:
+            return SkipLetters(2, text);
+        case FieldKind::Whole16:
+        case FieldKind::Whole32:
+        case FieldKind::Minutes:
+            return SkipNumber(true, text);
+        case FieldKind::Number:
+            return SkipNumber(false, text);
+        case FieldKind::Metres:
+        case FieldKind::None:
+            break;
+    }
+    return true;
+}
+
+bool HasFields(std::span<const RecordField> fields, std::string_view text) {
+    return std::all_of(fields.begin(), fields.end(),
+                       [&](RecordField field) { return SkipField(field.kind, &text); });
 }
 
 }  // namespace
 
 bool AreReadable(std::int32_t system, std::string_view north, std::string_view east) {
-    const TextForm* const form = FindForm(system);
-    return form != nullptr && HasFields(form->northFields, north) && HasFields(form->eastFields, east);
+    return *FormOf(system).words != '\0' && HasFields(System_NorthText(system), north) &&
+           HasFields(System_EastText(system), east);
 }
 
 std::string FormsOf(std::int32_t system) {
-    const TextForm* const form = FindForm(system);
-    return form != nullptr ? form->words : "";
+    return FormOf(system).words;
 }
 
 std::string WhyNeverTyped(std::int32_t system) {
-    switch (system) {
-        case KOORD_ECEF:
-            return "three values don't fit into a north and an east text";
-        case KOORD_TM:
-            return "the parameters of the projection aren't in the texts";
-        case KOORD_GKAT:
-            return "the texts don't tell which of the three meridians is meant";
-        default:
-            return {};
-    }
+    return FormOf(system).whyNever;
 }
 
 std::string WhyPartlyTyped(std::int32_t system) {
-    switch (system) {
-        case KOORD_GEOREF:
-            return "whole degrees can be typed";
-        case KOORD_UPS:
-            return "only the north can be typed";
-        case KOORD_VDG:
-            return "only the origin 0, 0 can be typed";
-        default:
-            return {};
-    }
+    return FormOf(system).whyPartly;
 }
 
 }  // namespace tessara::program

@@ -8,6 +8,7 @@
 
 #include "objects/axis_copy.h"
 #include "objects/axis_values.h"
+#include "objects/same_parameters.h"
 #include "objects/convert_records.h"
 #include "objects/zone_meridian.h"
 #include "objects/zones.h"
@@ -48,13 +49,6 @@ bool MeanOfUps(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean) {
     UpsPayload payload{};
     payload.hemisphere = hemisphere;
     Store(*mean, payload);
-    return MeanOfValues(first, second, mean);
-}
-
-bool MeanOfVdg(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean) {
-    const auto a = Load<VdgPayload>(first);
-    const auto b = Load<VdgPayload>(second);
-    if (a.originLongitude != b.originLongitude || a.originLatitude != b.originLatitude) return false;
     return MeanOfValues(first, second, mean);
 }
 
@@ -193,7 +187,7 @@ bool MeanOfStrips(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean)
     StripEasting a;
     StripEasting b;
     if (!Zones_SplitStrip(first, &a) || !Zones_SplitStrip(second, &b)) return false;
-    const bool isGk6 = first.type == KOORD_GK6;
+    const bool isGk6 = SystemOf(first).zones.rule == ZoneRule::Strips6;
     const StripCase stripCase = isGk6 ? Gk6Case(a.strip, b.strip) : GkCase(a.strip, b.strip);
     const std::int64_t sum = std::int64_t{a.strip} + b.strip;
     StripEasting parts{static_cast<std::int32_t>(sum / 2), Mean(a.offset, b.offset)};
@@ -235,43 +229,42 @@ bool MeanOfAustrian(const tagKOORD& first, const tagKOORD& second, tagKOORD* mea
     return MeanBesideBorder(Mean(a.easting - CentreEast(first), b.easting - CentreEast(second)), mean);
 }
 
-bool MeanOf(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean) {
-    switch (first.type) {
-        case KOORD_LONGPIXEL:
-        case KOORD_FLOATPIXEL:
-        case KOORD_GEODEZ:
-        case KOORD_CH:
-        case KOORD_PO_MILITARY:
-        case KOORD_RD:
-        case KOORD_LUREF:
-            return MeanOfValues(first, second, mean);
-        case KOORD_UTM:
+bool MeanOfZoned(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean) {
+    switch (SystemOf(first).zones.rule) {
+        case ZoneRule::Utm:
             return MeanOfUtm(first, second, mean);
-        case KOORD_UTMREF:
-            return MeanOfUtmref(first, second, mean);
-        case KOORD_GEOGRAD:
-        case KOORD_GEOREF:
-        case KOORD_GEODEZMIN:
-            return MeanThroughGeodez(first, second, mean);
-        case KOORD_GK:
-        case KOORD_GK6:
+        case ZoneRule::Strips3:
+        case ZoneRule::Strips6:
             return MeanOfStrips(first, second, mean);
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return MeanOfAustrian(first, second, mean);
-        case KOORD_ECEF:
-            return MeanOfEcef(first, second, mean);
-        case KOORD_UPS:
-            return MeanOfUps(first, second, mean);
-        case KOORD_VDG:
-            return MeanOfVdg(first, second, mean);
-        case KOORD_BNG:
-        case KOORD_ING:
-            return MeanOfLetterGrid(first, second, mean);
         default:
-            return false;
+            return MeanOfAustrian(first, second, mean);
     }
+}
+
+bool MeanOf(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean) {
+    const SystemRow& row = SystemOf(first);
+    if (!row.hasMidpoint) return false;
+    switch (row.form) {
+        case Form::Pixels:
+            return MeanOfValues(first, second, mean);
+        case Form::Values:
+            return HaveSameParameters(first, second) && MeanOfValues(first, second, mean);
+        case Form::Zoned:
+            return MeanOfZoned(first, second, mean);
+        case Form::Squares:
+            return MeanOfUtmref(first, second, mean);
+        case Form::Parts:
+            return MeanThroughGeodez(first, second, mean);
+        case Form::Cartesian:
+            return MeanOfEcef(first, second, mean);
+        case Form::Polar:
+            return MeanOfUps(first, second, mean);
+        case Form::LetterGrid:
+            return MeanOfLetterGrid(first, second, mean);
+        case Form::None:
+            break;
+    }
+    return false;
 }
 
 }  // namespace

@@ -1,30 +1,17 @@
 #include "areas/system_extremes.h"
 
-#include <limits>
 #include <utility>
 
 #include "objects/axis_values.h"
 #include "objects/default_koord.h"
 #include "objects/zones.h"
+#include "systems/system_row.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/geodesic.h"
-#include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
-
-constexpr double MAX_PIXEL = std::numeric_limits<double>::max();
-
-// Pixel rows grow southward.
-constexpr Limits LONGPIXEL_LIMITS{INT32_MIN, INT32_MAX, INT32_MAX, INT32_MIN};
-constexpr Limits FLOATPIXEL_LIMITS{-MAX_PIXEL, MAX_PIXEL, MAX_PIXEL, -MAX_PIXEL};
-
-// Keeps a point inside a zone that it would otherwise leave, in degrees.
-constexpr double INSET = 1e-09;
-
-constexpr double AUSTRIAN_MIDDLE =
-    13.333333333333332;  // the central meridian 31 east of Ferro, from Greenwich
 
 tagKOORD& At(Compass direction, SystemExtremes* extremes) {
     return (*extremes)[static_cast<std::size_t>(direction)];
@@ -46,27 +33,6 @@ bool FromLimits(const Limits& limits, SystemExtremes* extremes) {
     return true;
 }
 
-// A position in degrees and the zone it is wanted in.
-struct Corner {
-    double latitude;
-    double longitude;
-    std::int16_t wantedZone = NO_WANTED_ZONE;
-};
-
-using Corners = std::array<Corner, COMPASS_COUNT>;
-
-constexpr Corners GEODEZ_CORNERS{{{90.0, 0.0}, {0.0, 360.0}, {-90.0, 0.0}, {0.0, -360.0}}};
-constexpr Corners UTM_CORNERS{{{84.0, 3.0}, {0.0, 180.0, 60}, {-80.0, 3.0}, {0.0, -180.0, 1}}};
-constexpr Corners GK_CORNERS{{{80.0, 0.0}, {0.0, 181.5 - INSET}, {-80.0, 0.0}, {0.0, -181.5 + INSET}}};
-constexpr Corners GK_KKJ_CORNERS{{{80.0, 0.0}, {0.0, 181.5 - INSET}, {-80.0, 0.0}, {0.0, -162.5 + INSET}}};
-constexpr Corners GK6_CORNERS{{{80.0, 3.0}, {0.0, 180.0 - INSET}, {-80.0, 3.0}, {0.0, -180.0 + INSET}}};
-constexpr Corners AUSTRIAN_CORNERS{{{AUSTRIAN_LIMITS.north, AUSTRIAN_MIDDLE},
-                                    {AUSTRIAN_LIMITS.south, AUSTRIAN_LIMITS.east - INSET},
-                                    {AUSTRIAN_LIMITS.south, AUSTRIAN_MIDDLE},
-                                    {AUSTRIAN_LIMITS.south, AUSTRIAN_LIMITS.west + INSET}}};
-constexpr Corners UPS_CORNERS{{{80.0, 0.0}, {80.0, 90.0}, {80.0, 180.0}, {80.0, -90.0}}};
-constexpr Corners VDG_CORNERS{{{85.0, 0.0}, {0.0, 180.0}, {-85.0, 0.0}, {0.0, -180.0}}};
-
 bool FromCorner(const Corner& corner, tagKOORD* extreme) {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(extreme->datum), KOORD_GEODEZ);
     Store(geodez, GeodezPayload{corner.latitude, corner.longitude, 0.0});
@@ -82,9 +48,9 @@ bool FromCorners(const Corners& corners, SystemExtremes* extremes) {
 }
 
 // Degrees need no datum.
-bool FromDegrees(SystemExtremes* extremes) {
+bool FromDegrees(const Corners& corners, SystemExtremes* extremes) {
     for (std::size_t i = 0; i < extremes->size(); ++i) {
-        const double position[3] = {GEODEZ_CORNERS[i].latitude, GEODEZ_CORNERS[i].longitude, 0.0};
+        const double position[3] = {corners[i].latitude, corners[i].longitude, 0.0};
         tagKOORD& extreme = (*extremes)[i];
         if (extreme.type == KOORD_GEOGRAD) {
             GeogradPayload payload{};
@@ -108,15 +74,16 @@ bool OfGeoref(SystemExtremes* extremes) {
 }
 
 // The earth's centre lies south of every position: the south extreme stays 0, 0, 0.
-bool OfEcef(SystemExtremes* extremes) {
-    return FromCorner({90.0, 0.0}, &At(Compass::North, extremes)) &&
-           FromCorner({0.0, 90.0}, &At(Compass::East, extremes)) &&
-           FromCorner({0.0, 0.0}, &At(Compass::West, extremes));
+bool OfEcef(const Corners& corners, SystemExtremes* extremes) {
+    const tagKOORD centre = At(Compass::South, extremes);
+    if (!FromCorners(corners, extremes)) return false;
+    At(Compass::South, extremes) = centre;
+    return true;
 }
 
 // Which side of the pole lies up the northing is read from the grid itself.
-bool OfUps(SystemExtremes* extremes) {
-    if (!FromCorners(UPS_CORNERS, extremes)) return false;
+bool OfUps(const Corners& corners, SystemExtremes* extremes) {
+    if (!FromCorners(corners, extremes)) return false;
     tagKOORD& north = At(Compass::North, extremes);
     tagKOORD& south = At(Compass::South, extremes);
     if (Axis_Value(Axis::North, south) > Axis_Value(Axis::North, north)) std::swap(north, south);
@@ -145,54 +112,29 @@ bool OfTm(SystemExtremes* extremes) {
 }
 
 // Fills four default records.
-bool Fill(std::int32_t datum, std::int32_t system, SystemExtremes* extremes) {
-    switch (system) {
-        case KOORD_LONGPIXEL:
-            return FromLimits(LONGPIXEL_LIMITS, extremes);
-        case KOORD_FLOATPIXEL:
-            return FromLimits(FLOATPIXEL_LIMITS, extremes);
-        case KOORD_UTM:
-        case KOORD_UTMREF:
-            return FromCorners(UTM_CORNERS, extremes);
-        case KOORD_GEODEZ:
-            return FromCorners(GEODEZ_CORNERS, extremes);
-        case KOORD_GEOGRAD:
-        case KOORD_GEODEZMIN:
-            return FromDegrees(extremes);
-        case KOORD_GEOREF:
+bool Fill(std::int32_t datum, const SystemRow& row, SystemExtremes* extremes) {
+    const bool isOnKkj = datum == DATUM_KKJ && row.extremes.cornersOnKkj != nullptr;
+    const Corners* const corners = isOnKkj ? row.extremes.cornersOnKkj : row.extremes.corners;
+    switch (row.extremes.rule) {
+        case ExtremesRule::Limits:
+            return FromLimits(row.limits, extremes);
+        case ExtremesRule::Positions:
+            return FromCorners(*corners, extremes);
+        case ExtremesRule::Degrees:
+            return FromDegrees(*corners, extremes);
+        case ExtremesRule::Letters:
             return OfGeoref(extremes);
-        case KOORD_GK:
-            return FromCorners(datum == DATUM_KKJ ? GK_KKJ_CORNERS : GK_CORNERS, extremes);
-        case KOORD_GK6:
-            return FromCorners(GK6_CORNERS, extremes);
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return FromCorners(AUSTRIAN_CORNERS, extremes);
-        case KOORD_CH:
-            return FromLimits(CH_LIMITS, extremes);
-        case KOORD_ECEF:
-            return OfEcef(extremes);
-        case KOORD_UPS:
-            return OfUps(extremes);
-        case KOORD_PO_MILITARY:
-            return FromLimits(PO_MILITARY_LIMITS, extremes);
-        case KOORD_TM:
+        case ExtremesRule::Cartesian:
+            return OfEcef(*corners, extremes);
+        case ExtremesRule::Polar:
+            return OfUps(*corners, extremes);
+        case ExtremesRule::Quadrants:
             return OfTm(extremes);
-        case KOORD_VDG:
-            return FromCorners(VDG_CORNERS, extremes);
-        case KOORD_BNG:
-            return FromLimits(BNG_LIMITS, extremes);
-        case KOORD_ING:
-            return FromLimits(ING_LIMITS, extremes);
-        case KOORD_RD:
-            return FromLimits(RD_LIMITS, extremes);
-        case KOORD_LUREF:
-            return FromLimits(LUREF_LIMITS, extremes);
-        default:  // GCOVR_EXCL_START: such a system has no default record either
-            return false;
-    }  // GCOVR_EXCL_STOP
-}
+        case ExtremesRule::None:  // GCOVR_EXCL_START: such a system has no default record either
+            break;
+    }
+    return false;
+}  // GCOVR_EXCL_STOP
 
 }  // namespace
 
@@ -201,7 +143,7 @@ bool System_Extremes(std::int32_t datum, std::int32_t system, SystemExtremes* ex
     if (!DefaultKoord(datum, system, &fresh)) return false;
     SystemExtremes filled;
     filled.fill(fresh);
-    if (!Fill(datum, system, &filled)) return false;
+    if (!Fill(datum, SystemOf(system), &filled)) return false;
     *extremes = filled;
     return true;
 }

@@ -12,8 +12,8 @@ namespace {
 constexpr double FERRO = 17.666666666666;  // degrees by which Ferro lies west of Greenwich
 
 // The federal grid, on which the other two are defined.
-constexpr std::int32_t MERIDIANS[3] = {28, 31, 34};
-constexpr double FALSE_EASTINGS[3] = {150000.0, 450000.0, 750000.0};
+constexpr double FALSE_EASTINGS[3] = {BMN_FIRST_CENTRE, BMN_FIRST_CENTRE + AUSTRIAN_CENTRE_STEP,
+                                      BMN_FIRST_CENTRE + 2.0 * AUSTRIAN_CENTRE_STEP};
 constexpr double FALSE_NORTHING = -5.0e6;
 
 // What a grid adds to the values of the federal grid, metres.
@@ -23,13 +23,14 @@ struct AustrianGrid {
 };
 
 constexpr AustrianGrid BMN{{0.0, 0.0, 0.0}, 0.0};
-constexpr AustrianGrid OEM{{300000.0, 300000.0, 300000.0}, 5.0e6};
-constexpr AustrianGrid GKAT{{-150000.0, -450000.0, -750000.0}, 5.0e6};
+constexpr double OEM_SHIFT = OEM_FIRST_CENTRE - BMN_FIRST_CENTRE;
+constexpr AustrianGrid OEM{{OEM_SHIFT, OEM_SHIFT, OEM_SHIFT}, 5.0e6};
+constexpr AustrianGrid GKAT{{-FALSE_EASTINGS[0], -FALSE_EASTINGS[1], -FALSE_EASTINGS[2]}, 5.0e6};
 
 // Which of the three meridians it is, or -1.
 int MeridianIndex(std::int32_t meridian) {
     for (int i = 0; i < 3; ++i) {
-        if (MERIDIANS[i] == meridian) return i;
+        if (AUSTRIAN_MERIDIANS[i] == meridian) return i;
     }
     return -1;
 }
@@ -38,12 +39,12 @@ KoordStatus FromGeodetic(const AustrianGrid& grid, const double latLon[2], BmnPa
                          const TmConstants* forward) {
     int i = MeridianIndex(payload->wantedMeridian);
     if (i < 0) i = MeridianIndex(BMN_NaturalMeridian(latLon[1]));
-    const double dLon = (latLon[1] + FERRO - MERIDIANS[i]) * RADIANS_PER_DEGREE;
+    const double dLon = (latLon[1] + FERRO - AUSTRIAN_MERIDIANS[i]) * RADIANS_PER_DEGREE;
     double easting;
     double northing;
     TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, 1.0, FALSE_EASTINGS[i], FALSE_NORTHING, &easting,
                &northing, forward);
-    payload->meridian = static_cast<std::int16_t>(MERIDIANS[i]);
+    payload->meridian = AUSTRIAN_MERIDIANS[i];
     payload->easting = easting + grid.eastShifts[i];
     payload->northing = northing + grid.northShift;
     return KOORD_OK;
@@ -58,7 +59,7 @@ KoordStatus ToGeodetic(const AustrianGrid& grid, const BmnPayload* payload, doub
     double lon;
     double lat;
     TM_Inverse(payload->easting - grid.eastShifts[i], payload->northing - grid.northShift, 1.0,
-               FALSE_EASTINGS[i], FALSE_NORTHING, MERIDIANS[i], &lon, &lat, inverse);
+               FALSE_EASTINGS[i], FALSE_NORTHING, AUSTRIAN_MERIDIANS[i], &lon, &lat, inverse);
     lon -= FERRO;
     const Limits& limits = AUSTRIAN_LIMITS;
     latLon[0] = SnapToEither(limits.south, limits.north, lat, LIMIT_TOLERANCE_DEGREES);
@@ -70,8 +71,8 @@ KoordStatus ToGeodetic(const AustrianGrid& grid, const BmnPayload* payload, doub
 
 std::int32_t BMN_NaturalMeridian(double lon) {
     const double east = lon + FERRO;
-    if (east < 29.5) return 28;
-    return east < 32.5 ? 31 : 34;
+    if (east < 29.5) return AUSTRIAN_MERIDIANS[0];
+    return AUSTRIAN_MERIDIANS[east < 32.5 ? 1 : 2];
 }
 
 KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward) {
@@ -95,7 +96,7 @@ KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const
 }
 
 KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse) {
-    const bool isNearTheThree = payload->meridian > MERIDIANS[0] - 3 && payload->meridian < MERIDIANS[2] + 3;
+    const bool isNearTheThree = payload->meridian > AUSTRIAN_MERIDIANS[0] - 3 && payload->meridian < AUSTRIAN_MERIDIANS[2] + 3;
     if (!isNearTheThree) return KOORD_ERR_MERIDIAN;
     return ToGeodetic(GKAT, payload, latLon, inverse);
 }

@@ -40,13 +40,6 @@ constexpr std::array<NameRow, 18> MAP_TYPES{{
     {13, "VAN_DER_GRINTEN"},
 }};
 
-constexpr std::array<NameRow, 23> COORDINATE_TYPES{{
-    {0, "LONGPIXEL"},  {1, "FLOATPIXEL"}, {2, "UTM"},    {3, "UTMREF"}, {4, "GEODEZ"},       {5, "GEOGRAD"},
-    {6, "GEOREF"},     {7, "GK"},         {8, "BMN"},    {9, "OEM"},    {10, "CH"},          {11, "ECEF"},
-    {12, "GEODEZMIN"}, {13, "GK6"},       {14, "GK-AT"}, {15, "UPS"},   {16, "PO_MILITARY"}, {17, "TM"},
-    {18, "VDG"},       {19, "BNG"},       {20, "ING"},   {21, "RD"},    {22, "LUREF"},
-}};
-
 const char* Find(std::span<const NameRow> table, std::int32_t number) {
     for (const NameRow& row : table) {
         if (row.number == static_cast<std::uint32_t>(number)) return row.name;
@@ -64,20 +57,12 @@ std::span<const NameRow> MapType_Names() {
     return MAP_TYPES;
 }
 
-std::span<const NameRow> CoordinateType_Names() {
-    return COORDINATE_TYPES;
-}
-
 const char* Projection_Name(std::int32_t projection) {
     return Find(PROJECTIONS, projection);
 }
 
 const char* MapType_Name(std::int32_t mapType) {
     return Find(MAP_TYPES, mapType);
-}
-
-const char* CoordinateType_Name(std::int32_t type) {
-    return Find(COORDINATE_TYPES, type);
 }
 
 }  // namespace tessara

@@ -18,7 +18,7 @@
 namespace tessara {
 namespace {
 
-constexpr std::int32_t SQUARE_METRES = 100000;
+constexpr auto WHOLE_SQUARE = static_cast<std::int32_t>(SQUARE_METRES);
 
 constexpr std::int32_t LAST_BAND = 9;
 // From meridian distances to the northings of a band: the scale on the central meridian, and that toward the
@@ -35,7 +35,7 @@ std::int32_t BandIndex(double latitude) {
 // The 100 km square, counted from the grid's origin, in which a grid value lies; negative for a value that
 // the grid doesn't have.
 std::int32_t SquareNumber(double metres) {
-    return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / UTMREF_SQUARE) : -1;
+    return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / SQUARE_METRES) : -1;
 }
 
 void RoundToMetres(UtmPayload* utm) {
@@ -92,11 +92,11 @@ std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone
     // South of the equator the letters run backward from the last one.
     const std::int32_t fromGridOrigin = position - Utmref_RowShift(zone);
     const std::int32_t fromEquator = band.south ? -1 - fromGridOrigin : fromGridOrigin;
-    const std::int32_t firstRow = std::max(TruncateToInt32(std::ceil(nearNorthing / UTMREF_SQUARE) - 1.0), 0);
+    const std::int32_t firstRow = std::max(TruncateToInt32(std::ceil(nearNorthing / SQUARE_METRES) - 1.0), 0);
     const std::int32_t ahead = (fromEquator - firstRow) % UTMREF_ROW_CYCLE;
     const std::int32_t row = firstRow + (ahead + UTMREF_ROW_CYCLE) % UTMREF_ROW_CYCLE;
 
-    const double nearEdge = row * UTMREF_SQUARE;
+    const double nearEdge = row * SQUARE_METRES;
     const bool isBeyond = band.south ? nearEdge >= farNorthing : nearEdge > farNorthing;
     return isBeyond ? NO_LETTER : row;
 }
@@ -150,8 +150,8 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     payload->column = LetterAt(columns, column);
     payload->row =
         LetterAt(Utmref_RowLetters(datum->ellipsoid), (row + Utmref_RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
-    payload->easting = TruncateToInt32(utm.easting) % SQUARE_METRES;
-    payload->northing = TruncateToInt32(utm.northing) % SQUARE_METRES;
+    payload->easting = TruncateToInt32(utm.easting) % WHOLE_SQUARE;
+    payload->northing = TruncateToInt32(utm.northing) % WHOLE_SQUARE;
     return KOORD_OK;
 }
 
@@ -166,12 +166,12 @@ KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], co
     if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
 
     const double southernEdge =
-        band.south ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * UTMREF_SQUARE : row * UTMREF_SQUARE;
+        band.south ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * SQUARE_METRES : row * SQUARE_METRES;
     UtmPayload utm{};
     utm.hemisphere = band.south ? 'S' : 'N';
     utm.wantedZone = payload->wantedZone;
     utm.zone = payload->zone;
-    utm.easting = (column + 1) * UTMREF_SQUARE + payload->easting;
+    utm.easting = (column + 1) * SQUARE_METRES + payload->easting;
     utm.northing = southernEdge + payload->northing;
     const KoordStatus status = UTM_ToGeodetic(&utm, latLon, inverse);
     if (status != KOORD_OK) return status;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "kernel/letters.h"
+#include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
 #include "tessara/kernel/utmref.h"
 
@@ -20,7 +21,6 @@ inline constexpr std::string_view UTMREF_ROWS_AL = "LMNPQRSTUVABCDEFGHJK";
 
 inline constexpr std::int32_t UTMREF_ROW_CYCLE = 20;
 inline constexpr std::int32_t UTMREF_EVEN_ZONE_ROW_SHIFT = 5;
-inline constexpr double UTMREF_SQUARE = 100000.0;  // metres
 inline constexpr double UTMREF_BAND_DEGREES = 8.0;
 
 [[nodiscard]] constexpr std::string_view Utmref_ColumnLetters(std::int32_t zone) {

@@ -11,12 +11,8 @@
 namespace tessara {
 namespace {
 
-constexpr double FALSE_EASTING = 500000.0;
-
-constexpr std::int32_t UTM_ZONES = 60;
 constexpr double UTM_SCALE = 0.9996;
 
-constexpr double STRIP_MILLION = 1.0e6;
 constexpr double STRIP_EASTING_END = 999999.999999;
 constexpr double STRIP_SCALE = 1.0;
 
@@ -35,14 +31,6 @@ constexpr StripSystem GK6{6, 3, 0, GK6_NaturalMeridian, GK6_LIMITS};
 // The 6 degree meridian of a longitude, counted from Greenwich eastward for side 1 and westward for -1.
 double SixDegreeMeridian(double lon, double side) {
     return std::trunc((lon + side * 6.0) / 6.0) * 6.0 - side * 3.0;
-}
-
-std::int32_t UtmMeridian(std::int32_t zone) {
-    return 6 * zone - 183;
-}
-
-bool IsUtmZone(std::int32_t zone) {
-    return zone >= 1 && zone <= UTM_ZONES;
 }
 
 bool IsStripMeridian(const StripSystem& system, std::int32_t meridian) {
@@ -84,7 +72,7 @@ KoordStatus FromGeodetic(const StripSystem& system, const double latLon[2], GkPa
 
     const double dLon = WrapTurns((latLon[1] - meridian) * RADIANS_PER_DEGREE, TWO_PI);
     double easting;
-    TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, STRIP_SCALE, FALSE_EASTING, 0.0, &easting,
+    TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, STRIP_SCALE, ZONE_FALSE_EASTING, 0.0, &easting,
                &payload->northing, forward);
     const std::int32_t origin = StripOrigin(system, forward->datum);
     payload->easting = WithStrip(system, NumberedMeridian(meridian, origin), easting);
@@ -105,7 +93,7 @@ KoordStatus ToGeodetic(const StripSystem& system, const GkPayload* payload, doub
 
     double lon;
     double lat;
-    TM_Inverse(easting, payload->northing, STRIP_SCALE, FALSE_EASTING, 0.0, meridian, &lon, &lat, inverse);
+    TM_Inverse(easting, payload->northing, STRIP_SCALE, ZONE_FALSE_EASTING, 0.0, meridian, &lon, &lat, inverse);
     const std::int32_t origin = StripOrigin(system, inverse->datum);
     if (origin != 0) {
         lon += origin;
@@ -143,12 +131,12 @@ KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const 
     if (isAcrossDateLine) meridian += meridian < 0 ? 360 : -360;
 
     std::int64_t zone = (meridian - 3) / 6 + 31;
-    if (zone == 0) zone = UTM_ZONES;
-    if (zone > UTM_ZONES) zone %= UTM_ZONES;
+    if (zone == 0) zone = UTM_ZONE_COUNT;
+    if (zone > UTM_ZONE_COUNT) zone %= UTM_ZONE_COUNT;
     payload->zone = static_cast<std::int16_t>(zone);
 
     const double dLon = (latLon[1] - static_cast<double>(meridian)) * RADIANS_PER_DEGREE;
-    TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, UTM_SCALE, FALSE_EASTING, 0.0, &payload->easting,
+    TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, UTM_SCALE, ZONE_FALSE_EASTING, 0.0, &payload->easting,
                &payload->northing, forward);
     if (latLon[0] == 0.0 && payload->northing < 0.0) payload->northing = 0.0;
     payload->hemisphere = payload->northing < 0.0 ? 'S' : 'N';
@@ -161,7 +149,7 @@ KoordStatus UTM_ToGeodetic(const UtmPayload* payload, double latLon[2], const Tm
     const bool isSouth = payload->hemisphere == 'S' || payload->hemisphere == 's';
     double lon;
     double lat;
-    TM_Inverse(payload->easting, payload->northing, UTM_SCALE, FALSE_EASTING,
+    TM_Inverse(payload->easting, payload->northing, UTM_SCALE, ZONE_FALSE_EASTING,
                isSouth ? UTM_SOUTHERN_FALSE_NORTHING : 0.0, UtmMeridian(payload->zone), &lon, &lat, inverse);
     latLon[0] = SnapToEither(UTM_LIMITS.south, UTM_LIMITS.north, lat, LIMIT_TOLERANCE_DEGREES);
     latLon[1] = SnapToEither(UTM_LIMITS.west, UTM_LIMITS.east, lon, LIMIT_TOLERANCE_DEGREES);

@@ -1,19 +1,14 @@
 #include "objects/axis_copy.h"
 
 #include "kernel/letters.h"
+#include "objects/axis_values.h"
+#include "objects/zones.h"
+#include "systems/fields.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
 namespace {
-
-template <class Payload, class... Fields>
-void CopyFields(const tagKOORD& source, tagKOORD* target, Fields Payload::*... fields) {
-    const auto from = Load<Payload>(source);
-    auto to = Load<Payload>(*target);
-    ((to.*fields = from.*fields), ...);
-    Store(*target, to);
-}
 
 // One step around the ring of the row letters, which leaves out I and O.
 char StepRow(char row, int direction) {
@@ -36,10 +31,7 @@ char RowInZone(char row, int fromZone, int toZone) {
     return walked;
 }
 
-void CopyUtmrefEast(const tagKOORD& source, tagKOORD* target) {
-    const int oldZone = Load<UtmrefPayload>(*target).zone;
-    CopyFields(source, target, &UtmrefPayload::zone, &UtmrefPayload::column, &UtmrefPayload::easting,
-               &UtmrefPayload::wantedZone);
+void KeepRowOnItsGround(std::int32_t oldZone, tagKOORD* target) {
     auto payload = Load<UtmrefPayload>(*target);
     payload.row = RowInZone(payload.row, oldZone, payload.zone);
     Store(*target, payload);
@@ -67,147 +59,18 @@ void RenewLetters(tagKOORD* target) {
     Store(*target, Load<LetterGridPayload>(scratch));
 }
 
-bool CopyEast(const tagKOORD& source, tagKOORD* target) {
-    switch (source.type) {
-        case KOORD_LONGPIXEL:
-            CopyFields(source, target, &LongPixelPayload::x);
-            return true;
-        case KOORD_FLOATPIXEL:
-            CopyFields(source, target, &FloatPixelPayload::x);
-            return true;
-        case KOORD_UTM:
-            CopyFields(source, target, &UtmPayload::zone, &UtmPayload::easting, &UtmPayload::wantedZone);
-            return true;
-        case KOORD_UTMREF:
-            CopyUtmrefEast(source, target);
-            return true;
-        case KOORD_GEODEZ:
-            CopyFields(source, target, &GeodezPayload::longitude);
-            return true;
-        case KOORD_GEOGRAD:
-            CopyFields(source, target, &GeogradPayload::lonDegrees, &GeogradPayload::lonMinutes,
-                       &GeogradPayload::lonSeconds, &GeogradPayload::lonHemisphere);
-            return true;
-        case KOORD_GEOREF:
-            RaiseGeorefPrecision(source, target);
-            CopyFields(source, target, &GeorefPayload::lonZone, &GeorefPayload::lonDegree,
-                       &GeorefPayload::lonMinutes);
-            return true;
-        case KOORD_GK:
-        case KOORD_GK6:
-            CopyFields(source, target, &GkPayload::easting, &GkPayload::wantedMeridian);
-            return true;
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            CopyFields(source, target, &BmnPayload::wantedMeridian, &BmnPayload::meridian,
-                       &BmnPayload::easting);
-            return true;
-        case KOORD_CH:
-        case KOORD_PO_MILITARY:
-        case KOORD_RD:
-        case KOORD_LUREF:
-            CopyFields(source, target, &GridPayload::easting);
-            return true;
-        case KOORD_ECEF:
-            CopyFields(source, target, &EcefPayload::x, &EcefPayload::y);
-            return true;
-        case KOORD_GEODEZMIN:
-            CopyFields(source, target, &GeodezMinPayload::lonDegrees, &GeodezMinPayload::lonMinutes,
-                       &GeodezMinPayload::lonHemisphere);
-            return true;
-        case KOORD_UPS:
-            CopyFields(source, target, &UpsPayload::easting);
-            return true;
-        case KOORD_TM:
-            CopyFields(source, target, &TmPayload::falseEasting, &TmPayload::originLongitude,
-                       &TmPayload::easting);
-            return true;
-        case KOORD_VDG:
-            CopyFields(source, target, &VdgPayload::x);
-            return true;
-        case KOORD_BNG:
-        case KOORD_ING:
-            CopyFields(source, target, &LetterGridPayload::fullEasting);
-            RenewLetters(target);
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool CopyNorth(const tagKOORD& source, tagKOORD* target) {
-    switch (source.type) {
-        case KOORD_LONGPIXEL:
-            CopyFields(source, target, &LongPixelPayload::y);
-            return true;
-        case KOORD_FLOATPIXEL:
-            CopyFields(source, target, &FloatPixelPayload::y);
-            return true;
-        case KOORD_UTM:
-            CopyFields(source, target, &UtmPayload::hemisphere, &UtmPayload::northing);
-            return true;
-        case KOORD_UTMREF:
-            CopyFields(source, target, &UtmrefPayload::band, &UtmrefPayload::row, &UtmrefPayload::northing);
-            return true;
-        case KOORD_GEODEZ:
-            CopyFields(source, target, &GeodezPayload::latitude);
-            return true;
-        case KOORD_GEOGRAD:
-            CopyFields(source, target, &GeogradPayload::latDegrees, &GeogradPayload::latMinutes,
-                       &GeogradPayload::latSeconds, &GeogradPayload::latHemisphere);
-            return true;
-        case KOORD_GEOREF:
-            RaiseGeorefPrecision(source, target);
-            CopyFields(source, target, &GeorefPayload::latZone, &GeorefPayload::latDegree,
-                       &GeorefPayload::latMinutes);
-            return true;
-        case KOORD_GK:
-        case KOORD_GK6:
-            CopyFields(source, target, &GkPayload::letter, &GkPayload::northing);
-            return true;
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            CopyFields(source, target, &BmnPayload::northing);
-            return true;
-        case KOORD_CH:
-        case KOORD_PO_MILITARY:
-        case KOORD_RD:
-        case KOORD_LUREF:
-            CopyFields(source, target, &GridPayload::northing);
-            return true;
-        case KOORD_ECEF:
-            CopyFields(source, target, &EcefPayload::z);
-            return true;
-        case KOORD_GEODEZMIN:
-            CopyFields(source, target, &GeodezMinPayload::latDegrees, &GeodezMinPayload::latMinutes,
-                       &GeodezMinPayload::latHemisphere);
-            return true;
-        case KOORD_UPS:
-            CopyFields(source, target, &UpsPayload::hemisphere, &UpsPayload::northing);
-            return true;
-        case KOORD_TM:
-            CopyFields(source, target, &TmPayload::falseNorthing, &TmPayload::originLatitude,
-                       &TmPayload::northing);
-            return true;
-        case KOORD_VDG:
-            CopyFields(source, target, &VdgPayload::y);
-            return true;
-        case KOORD_BNG:
-        case KOORD_ING:
-            CopyFields(source, target, &LetterGridPayload::fullNorthing);
-            RenewLetters(target);
-            return true;
-        default:
-            return false;
-    }
-}
-
 }  // namespace
 
 bool CopyAxis(Axis axis, const tagKOORD& source, tagKOORD* target) {
-    return axis == Axis::East ? CopyEast(source, target) : CopyNorth(source, target);
+    const SystemRow& row = SystemOf(source);
+    if (row.form == Form::None) return false;
+    const std::int32_t oldZone = Zones_Number(*target);
+    for (const RecordField field : AxisRowOf(axis, source).travels)
+        CopyField(field, source, target);
+    if (row.form == Form::Squares && axis == Axis::East) KeepRowOnItsGround(oldZone, target);
+    if (row.form == Form::LetterGrid) RenewLetters(target);
+    if (row.type == KOORD_GEOREF) RaiseGeorefPrecision(source, target);
+    return true;
 }
 
 }  // namespace tessara

@@ -5,9 +5,16 @@
 #include <cstdint>
 
 #include "objects/axis.h"
+#include "systems/system_row.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
+
+// What the table of systems says of an axis of a record.
+[[nodiscard]] inline const AxisRow& AxisRowOf(Axis axis, const tagKOORD& record) {
+    const SystemRow& row = SystemOf(record);
+    return axis == Axis::East ? row.east : row.north;
+}
 
 // Whether the system keeps one number for each axis. UTMREF, GEOGRAD, GEOREF and GEODEZMIN spread them over
 // several fields, ECEF has no such axes, and LAMBERTCC is outside the object layer's systems.

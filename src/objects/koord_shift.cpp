@@ -17,8 +17,6 @@ namespace {
 
 constexpr std::int32_t CHECKED = 1;  // conversions test the limits of the system
 
-constexpr double SQUARE_SIZE = 100000.0;
-
 // Closer to a limit than this counts as on it.
 double ToleranceOf(std::uint32_t system) {
     return system == KOORD_GEODEZ ? 1.0e-7 : 1.0e-4;
@@ -199,7 +197,7 @@ double SquaresApart(char from, char to) {
     const std::int32_t first = LetterIndex(SQUARE_LETTERS, UpperCase(from));
     const std::int32_t last = LetterIndex(SQUARE_LETTERS, UpperCase(to));
     if (first == NO_LETTER || last == NO_LETTER) return UNKNOWN_DIFFERENCE;
-    return (last - first) * SQUARE_SIZE;
+    return (last - first) * SQUARE_METRES;
 }
 
 double UtmrefApart(Axis axis, const UtmrefPayload& from, const UtmrefPayload& to) {
@@ -222,58 +220,50 @@ bool Koord_Shift(Axis axis, double delta, tagKOORD* record) {
     if (delta == 0.0) return true;
     if (std::isnan(delta)) return false;
     const CallDepth depth;
-    switch (record->type) {
-        case KOORD_LONGPIXEL:
-        case KOORD_FLOATPIXEL:
+    switch (SystemOf(*record).form) {
+        case Form::Pixels:
             return ShiftPixel(axis, delta, record);
-        case KOORD_UTM:
-        case KOORD_GK:
-        case KOORD_GK6:
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
+        case Form::Zoned:
             return axis == Axis::East ? ShiftEastInZone(delta, record) : ShiftNorthInZone(delta, record);
-        case KOORD_UTMREF:
+        case Form::Squares:
             return ShiftUtmref(axis, delta, record);
-        case KOORD_GEOGRAD:
-        case KOORD_GEOREF:
-        case KOORD_GEODEZMIN:
+        case Form::Parts:
             return ShiftDegrees(axis, delta, record);
-        case KOORD_BNG:
-        case KOORD_ING:
+        case Form::LetterGrid:
             return ShiftLetterGrid(axis, delta, record);
-        default:
-            return Axis_IsNumber(static_cast<std::int32_t>(record->type)) &&
-                   ShiftInSystem(axis, delta, record) != Step::Refused;
+        case Form::Values:
+        case Form::Polar:
+            return ShiftInSystem(axis, delta, record) != Step::Refused;
+        case Form::Cartesian:
+        case Form::None:
+            break;
     }
+    return false;
 }
 
 double Koord_Difference(Axis axis, const tagKOORD& from, const tagKOORD& to) {
     if (from.datum != to.datum || from.type != to.type) return UNKNOWN_DIFFERENCE;
-    const auto system = static_cast<std::int32_t>(from.type);
-    if (Zones_Exist(system) && !AreInOneZone(from, to)) return UNKNOWN_DIFFERENCE;
-    switch (system) {
-        case KOORD_LONGPIXEL:
-        case KOORD_FLOATPIXEL:
-            if (axis == Axis::East) return Axis_Value(axis, to) - Axis_Value(axis, from);
-            return Axis_Value(axis, from) - Axis_Value(axis, to);  // rows grow southward
-        case KOORD_UTM:
-            if (axis == Axis::North) return UtmNorthApart(from, to);
-            return Axis_Value(axis, to) - Axis_Value(axis, from);
-        case KOORD_UTMREF:
-            return UtmrefApart(axis, Load<UtmrefPayload>(from), Load<UtmrefPayload>(to));
-        case KOORD_GEOGRAD:
-        case KOORD_GEOREF:
-        case KOORD_GEODEZMIN:
-            return DegreesApart(axis, from, to);
-        case KOORD_GK:
-        case KOORD_GK6:
+    const SystemRow& row = SystemOf(from);
+    const bool hasZones = row.zones.rule != ZoneRule::None;
+    if (hasZones && !AreInOneZone(from, to)) return UNKNOWN_DIFFERENCE;
+    switch (row.form) {
+        case Form::Zoned:
             if (axis == Axis::East) return Zones_East(to) - Zones_East(from);
-            return Axis_Value(axis, to) - Axis_Value(axis, from);
+            if (row.type == KOORD_UTM) return UtmNorthApart(from, to);
+            break;
+        case Form::Squares:
+            return UtmrefApart(axis, Load<UtmrefPayload>(from), Load<UtmrefPayload>(to));
+        case Form::Parts:
+            return DegreesApart(axis, from, to);
+        case Form::Cartesian:
+        case Form::None:
+            return UNKNOWN_DIFFERENCE;
         default:
-            if (!Axis_IsNumber(system)) return UNKNOWN_DIFFERENCE;
-            return Axis_Value(axis, to) - Axis_Value(axis, from);
+            break;
     }
+    const bool growsSouthward = row.form == Form::Pixels && axis == Axis::North;
+    if (growsSouthward) return Axis_Value(axis, from) - Axis_Value(axis, to);
+    return Axis_Value(axis, to) - Axis_Value(axis, from);
 }
 
 }  // namespace tessara

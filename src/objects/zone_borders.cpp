@@ -39,14 +39,15 @@ constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
 std::int32_t DatumOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.datum);
 }
-std::int32_t SystemOf(const tagKOORD& record) {
+std::int32_t TypeOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.type);
 }
 
 // The wanted zone that keeps a position in the record's own zone. Strips want their true meridian, whatever
 // they are numbered from.
 std::int16_t WantedForOwnZone(const tagKOORD& record, double centralMeridian) {
-    if (record.type != KOORD_GK && record.type != KOORD_GK6) {
+    const ZoneRule rule = SystemOf(record).zones.rule;
+    if (rule != ZoneRule::Strips3 && rule != ZoneRule::Strips6) {
         return static_cast<std::int16_t>(Zones_Number(record));
     }
     return TruncateToInt16(std::round(centralMeridian / 3.0) * 3.0);
@@ -68,17 +69,10 @@ bool MoveUtmrefToEquator(tagKOORD* record) {
 
 // The northing at which a zone of UTM, GK, GK6 or the Austrian systems is widest.
 double WidestNorthing(const tagKOORD& record) {
-    switch (record.type) {
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT: {
-            tagKOORD south;
-            if (!System_Extreme(Compass::South, DatumOf(record), SystemOf(record), &south)) return NO_VALUE;
-            return Axis_Value(Axis::North, south);
-        }
-        default:
-            return 0.0;
-    }
+    if (SystemOf(record).limits.south <= 0.0) return 0.0;
+    tagKOORD south;
+    if (!System_Extreme(Compass::South, DatumOf(record), TypeOf(record), &south)) return NO_VALUE;
+    return Axis_Value(Axis::North, south);
 }
 
 // How far east of the central line of its zone a record lies; NaN in a zone that doesn't exist.
@@ -174,14 +168,14 @@ bool MoveUtmrefToBorder(Compass side, tagKOORD* record) {
 bool Zones_MoveToBorder(Compass side, tagKOORD* record) {
     const CallDepth depth;
     if (AxisOf(side) != Axis::East) return false;
-    if (record->type == KOORD_UTMREF) return MoveUtmrefToBorder(side, record);
+    if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToBorder(side, record);
 
     tagKOORD border = *record;
     GeodezPayload position;
     if (!Zones_MoveToCentre(&border) || !ToGeodez(border, &position)) return false;
     Zones_Want(WantedForOwnZone(*record, position.longitude), &border);
     const double longitude =
-        position.longitude + SignOf(side) * (Zones_HalfWidth(SystemOf(*record)) + BORDER_OUTSET);
+        position.longitude + SignOf(side) * (Zones_HalfWidth(TypeOf(*record)) + BORDER_OUTSET);
 
     double step = DBL_MAX;
     for (int round = 0; step > LATITUDE_STEP && round < BORDER_ROUNDS; ++round) {
@@ -200,7 +194,7 @@ bool Zones_MoveToBorder(Compass side, tagKOORD* record) {
 ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record) {
     const CallDepth depth;
     if (AxisOf(direction) != Axis::North) return ZoneLimit::Failure;
-    if (record->type == KOORD_UTMREF) return MoveUtmrefToLimit(direction, record);
+    if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToLimit(direction, record);
 
     // No walk starts at what is no position.
     GeodezPayload position;
@@ -210,7 +204,7 @@ ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record) {
     if (offset == 0.0) return ZoneLimit::SystemFirst;
 
     tagKOORD limit;
-    if (!System_Extreme(direction, DatumOf(*record), SystemOf(*record), &limit)) return ZoneLimit::Failure;
+    if (!System_Extreme(direction, DatumOf(*record), TypeOf(*record), &limit)) return ZoneLimit::Failure;
     const double widest = WidestNorthing(*record);
     const double last = Axis_SignedNorthing(limit);
     const double target = std::fabs(offset);
@@ -228,7 +222,7 @@ ZoneLimit Zones_MoveToLimit(Compass direction, tagKOORD* record) {
 }
 
 bool Zones_IsWellInside(const tagKOORD& record) {
-    const double halfWidth = Zones_HalfWidth(SystemOf(record));
+    const double halfWidth = Zones_HalfWidth(TypeOf(record));
     // Far outside a zone the inverse projection means nothing. (UTMREF can't say so.)
     if (std::fabs(EastOfCentre(record)) > halfWidth * EQUATOR_DEGREE) return false;
     tagKOORD centre = record;
@@ -241,8 +235,8 @@ bool Zones_IsWellInside(const tagKOORD& record) {
 }
 
 bool Zones_MoveToEquator(tagKOORD* record) {
-    if (!Zones_Exist(SystemOf(*record))) return false;
-    if (record->type == KOORD_UTMREF) return MoveUtmrefToEquator(record);
+    if (!Zones_Exist(TypeOf(*record))) return false;
+    if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToEquator(record);
     const double northing = WidestNorthing(*record);
     if (std::isnan(northing)) return false;
     Axis_SetValue(Axis::North, northing, record);

@@ -1,31 +1,39 @@
 #include "objects/zones.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "kernel/utmref_letters.h"
+#include "objects/axis_values.h"
+#include "systems/fields.h"
+#include "systems/system_row.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
 
-constexpr std::int32_t STRIP_FACTOR = 1000000;
-constexpr double HALF_STRIP = 500000.0;
-constexpr std::int16_t UTM_ZONES = 60;
-constexpr double AUSTRIAN_STEP = 300000.0;  // from one meridian's false easting to the next
+constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
+
+constexpr std::int32_t AUSTRIAN_STEP = AUSTRIAN_MERIDIANS[1] - AUSTRIAN_MERIDIANS[0];
+
+constexpr auto STRIP_FACTOR = static_cast<std::int32_t>(STRIP_MILLION);
 
 // Columns of three zones share the letters of the squares, eight each; rows form a ring of twenty.
 constexpr std::int32_t COLUMNS_PER_ZONE = 8;
 constexpr std::int32_t ROWS_PER_PARITY = 5;         // even zones start five rows on
 constexpr char CENTRE_COLUMN[3] = {'W', 'E', 'N'};  // by the zone's remainder by 3
 
-template <class Payload, class Value>
-void SetField(Value Payload::*field, Value value, tagKOORD* record) {
-    auto payload = Load<Payload>(*record);
-    payload.*field = value;
-    Store(*record, payload);
+const ZoneRow& ZonesOf(const tagKOORD& record) {
+    return SystemOf(record).zones;
+}
+
+bool HasStrips(const tagKOORD& record) {
+    const ZoneRule rule = ZonesOf(record).rule;
+    return rule == ZoneRule::Strips3 || rule == ZoneRule::Strips6;
 }
 
 // Moves a letter along its alphabet. A letter that stays isn't looked at; false for one that isn't in the
@@ -49,15 +57,11 @@ bool StepAround(std::string_view ring, std::int32_t steps, char* letter) {
     return true;
 }
 
-bool IsUtmZone(std::int16_t zone) {
-    return zone >= 1 && zone <= UTM_ZONES;
-}
-
 std::int16_t StepUtmZone(std::int16_t zone, std::int32_t delta) {
     const std::int64_t sum = std::int64_t{zone} + delta;
-    if (sum >= 1 && sum <= UTM_ZONES) return static_cast<std::int16_t>(sum);
-    const std::int64_t rest = sum % UTM_ZONES;
-    return static_cast<std::int16_t>(rest >= 1 ? rest : rest + UTM_ZONES);
+    if (sum >= 1 && sum <= UTM_ZONE_COUNT) return static_cast<std::int16_t>(sum);
+    const std::int64_t rest = sum % UTM_ZONE_COUNT;
+    return static_cast<std::int16_t>(rest >= 1 ? rest : rest + UTM_ZONE_COUNT);
 }
 
 // Takes whole periods off until the strip lies within -limit..limit.
@@ -95,7 +99,7 @@ bool MoveStrip(std::int32_t delta, tagKOORD* record) {
     StripEasting parts;
     if (!Zones_SplitStrip(*record, &parts)) return false;
     const std::int64_t sum = std::int64_t{parts.strip} + delta;
-    if (record->type == KOORD_GK) {
+    if (ZonesOf(*record).rule == ZoneRule::Strips3) {
         parts.strip = static_cast<std::int32_t>(CloseAround(sum, 60));
     } else {
         parts.strip = static_cast<std::int32_t>(CloseAround(sum, 30));
@@ -111,19 +115,43 @@ bool MoveStrip(std::int32_t delta, tagKOORD* record) {
 
 bool MoveAustrian(std::int32_t delta, tagKOORD* record) {
     auto payload = Load<BmnPayload>(*record);
-    const std::int64_t meridian = payload.meridian + std::int64_t{3} * delta;
-    if (meridian < 28 || meridian > 34) return false;
-    if (record->type != KOORD_GKAT) payload.easting += delta * AUSTRIAN_STEP;
+    const std::int64_t meridian = payload.meridian + std::int64_t{AUSTRIAN_STEP} * delta;
+    if (meridian < AUSTRIAN_MERIDIANS[0] || meridian > AUSTRIAN_MERIDIANS[2]) return false;
+    const double centreStep = ZonesOf(*record).centreStep;
+    if (centreStep != 0.0) payload.easting += delta * centreStep;
     payload.meridian = static_cast<std::int16_t>(meridian);
     payload.wantedMeridian = NO_WANTED_ZONE;
     Store(*record, payload);
     return true;
 }
 
-bool MoveAustrianToCentre(tagKOORD* record, double firstCentre) {
+bool MoveUtmrefToCentre(tagKOORD* record) {
+    auto payload = Load<UtmrefPayload>(*record);
+    if (!IsUtmZone(payload.zone)) return false;
+    payload.column = CENTRE_COLUMN[payload.zone % 3];
+    payload.easting = 0;
+    Store(*record, payload);
+    return true;
+}
+
+void MoveStripToCentre(tagKOORD* record) {
+    auto payload = Load<GkPayload>(*record);
+    const double zero = std::trunc(payload.easting / STRIP_MILLION) * STRIP_MILLION;
+    payload.easting = zero < 0.0 ? zero - ZONE_FALSE_EASTING : zero + ZONE_FALSE_EASTING;
+    Store(*record, payload);
+}
+
+// The grid whose central lines have one easting asks for no meridian.
+bool MoveAustrianToCentre(tagKOORD* record) {
+    const ZoneRow& zones = ZonesOf(*record);
     auto payload = Load<BmnPayload>(*record);
-    if (payload.meridian != 28 && payload.meridian != 31 && payload.meridian != 34) return false;
-    payload.easting = firstCentre + (payload.meridian - 28) / 3 * AUSTRIAN_STEP;
+    payload.easting = zones.firstCentre;
+    if (zones.centreStep != 0.0) {
+        const auto* const found =
+            std::find(std::begin(AUSTRIAN_MERIDIANS), std::end(AUSTRIAN_MERIDIANS), payload.meridian);
+        if (found == std::end(AUSTRIAN_MERIDIANS)) return false;
+        payload.easting += static_cast<double>(found - AUSTRIAN_MERIDIANS) * zones.centreStep;
+    }
     Store(*record, payload);
     return true;
 }
@@ -131,36 +159,14 @@ bool MoveAustrianToCentre(tagKOORD* record, double firstCentre) {
 }  // namespace
 
 bool Zones_Exist(std::int32_t system) {
-    switch (system) {
-        case KOORD_UTM:
-        case KOORD_UTMREF:
-        case KOORD_GK:
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GK6:
-        case KOORD_GKAT:
-            return true;
-        default:
-            return false;
-    }
+    return SystemOf(system).zones.rule != ZoneRule::None;
 }
 
 std::int32_t Zones_Number(const tagKOORD& record) {
-    switch (record.type) {
-        case KOORD_UTM:
-            return Load<UtmPayload>(record).zone;
-        case KOORD_UTMREF:
-            return Load<UtmrefPayload>(record).zone;
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return Load<BmnPayload>(record).meridian;
-        case KOORD_GK:
-        case KOORD_GK6:
-            return TruncateToInt32(Load<GkPayload>(record).easting / STRIP_FACTOR);
-        default:
-            return UNKNOWN_ZONE;
-    }
+    const ZoneRow& zones = ZonesOf(record);
+    if (zones.rule == ZoneRule::None) return UNKNOWN_ZONE;
+    if (HasStrips(record)) return TruncateToInt32(Axis_Value(Axis::East, record) / STRIP_MILLION);
+    return ValueOf<std::int16_t>(record, zones.number);
 }
 
 std::int32_t Zones_Factor(const tagKOORD& record) {
@@ -168,7 +174,7 @@ std::int32_t Zones_Factor(const tagKOORD& record) {
 }
 
 bool Zones_SplitStrip(const tagKOORD& record, StripEasting* parts) {
-    if (record.type != KOORD_GK && record.type != KOORD_GK6) return false;
+    if (!HasStrips(record)) return false;
     const std::int32_t strip = Zones_Number(record);
     if (strip == UNKNOWN_ZONE) return false;
     const double easting = Load<GkPayload>(record).easting;
@@ -182,142 +188,71 @@ double Zones_JoinStrip(const StripEasting& parts) {
 }
 
 double Zones_East(const tagKOORD& record) {
-    const double none = std::numeric_limits<double>::quiet_NaN();
-    switch (record.type) {
-        case KOORD_UTM:
-            return Load<UtmPayload>(record).easting;
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return Load<BmnPayload>(record).easting;
-        default:
-            StripEasting parts;
-            return Zones_SplitStrip(record, &parts) ? parts.offset : none;
+    if (HasStrips(record)) {
+        StripEasting parts;
+        return Zones_SplitStrip(record, &parts) ? parts.offset : NO_VALUE;
     }
+    const SystemRow& row = SystemOf(record);
+    return row.form == Form::Zoned ? Axis_Value(Axis::East, record) : NO_VALUE;
 }
 
 void Zones_SetEast(double east, tagKOORD* record) {
-    switch (record->type) {
-        case KOORD_UTM:
-            return SetField(&UtmPayload::easting, east, record);
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return SetField(&BmnPayload::easting, east, record);
-        default:
-            StripEasting parts;
-            if (!Zones_SplitStrip(*record, &parts)) return;
-            SetField(&GkPayload::easting, Zones_JoinStrip({parts.strip, east}), record);
+    if (HasStrips(*record)) {
+        StripEasting parts;
+        if (!Zones_SplitStrip(*record, &parts)) return;
+        Axis_SetValue(Axis::East, Zones_JoinStrip({parts.strip, east}), record);
+    } else if (SystemOf(*record).form == Form::Zoned) {
+        Axis_SetValue(Axis::East, east, record);
     }
 }
 
 double Zones_HalfWidth(std::int32_t system) {
-    switch (system) {
-        case KOORD_UTM:
-        case KOORD_UTMREF:
-        case KOORD_GK6:
-            return 3.0;
-        case KOORD_GK:
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return 1.5;
-        default:
-            return 0.0;
-    }
+    return SystemOf(system).zones.halfWidth;
 }
 
 std::int16_t Zones_Wanted(const tagKOORD& record) {
-    switch (record.type) {
-        case KOORD_UTM:
-            return Load<UtmPayload>(record).wantedZone;
-        case KOORD_UTMREF:
-            return Load<UtmrefPayload>(record).wantedZone;
-        case KOORD_GK:
-        case KOORD_GK6:
-            return Load<GkPayload>(record).wantedMeridian;
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return Load<BmnPayload>(record).wantedMeridian;
-        default:
-            return NO_WANTED_ZONE;
-    }
+    const ZoneRow& zones = ZonesOf(record);
+    return zones.rule != ZoneRule::None ? ValueOf<std::int16_t>(record, zones.wanted) : NO_WANTED_ZONE;
 }
 
 void Zones_Want(std::int16_t wanted, tagKOORD* record) {
-    switch (record->type) {
-        case KOORD_UTM:
-            return SetField(&UtmPayload::wantedZone, wanted, record);
-        case KOORD_UTMREF:
-            return SetField(&UtmrefPayload::wantedZone, wanted, record);
-        case KOORD_GK:
-        case KOORD_GK6:
-            return SetField(&GkPayload::wantedMeridian, wanted, record);
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
-            return SetField(&BmnPayload::wantedMeridian, wanted, record);
-        default:
-            return;
-    }
+    const ZoneRow& zones = ZonesOf(*record);
+    if (zones.rule != ZoneRule::None) SetValue(record, zones.wanted, wanted);
 }
 
 bool Zones_MoveToCentre(tagKOORD* record) {
-    switch (record->type) {
-        case KOORD_UTM: {
-            auto payload = Load<UtmPayload>(*record);
-            payload.easting = 500000.0;
-            Store(*record, payload);
+    const SystemRow& row = SystemOf(*record);
+    switch (row.zones.rule) {
+        case ZoneRule::Utm:
+            if (row.form == Form::Squares) return MoveUtmrefToCentre(record);
+            Axis_SetValue(Axis::East, row.zones.firstCentre, record);
             return true;
-        }
-        case KOORD_UTMREF: {
-            auto payload = Load<UtmrefPayload>(*record);
-            if (!IsUtmZone(payload.zone)) return false;
-            payload.column = CENTRE_COLUMN[payload.zone % 3];
-            payload.easting = 0;
-            Store(*record, payload);
+        case ZoneRule::Strips3:
+        case ZoneRule::Strips6:
+            MoveStripToCentre(record);
             return true;
-        }
-        case KOORD_GK:
-        case KOORD_GK6: {
-            auto payload = Load<GkPayload>(*record);
-            const double zero = std::trunc(payload.easting / STRIP_FACTOR) * STRIP_FACTOR;
-            payload.easting = zero < 0.0 ? zero - HALF_STRIP : zero + HALF_STRIP;
-            Store(*record, payload);
-            return true;
-        }
-        case KOORD_BMN:
-            return MoveAustrianToCentre(record, 150000.0);
-        case KOORD_OEM:
-            return MoveAustrianToCentre(record, 450000.0);
-        case KOORD_GKAT: {
-            auto payload = Load<BmnPayload>(*record);
-            payload.easting = 0.0;
-            Store(*record, payload);
-            return true;
-        }
-        default:
-            return false;
+        case ZoneRule::Austrian:
+            return MoveAustrianToCentre(record);
+        case ZoneRule::None:
+            break;
     }
+    return false;
 }
 
 bool Zones_Move(std::int32_t delta, tagKOORD* record) {
-    switch (record->type) {
-        case KOORD_UTM:
-            return MoveUtm(delta, record);
-        case KOORD_UTMREF:
-            return MoveUtmref(delta, record);
-        case KOORD_GK:
-        case KOORD_GK6:
+    const SystemRow& row = SystemOf(*record);
+    switch (row.zones.rule) {
+        case ZoneRule::Utm:
+            return row.form == Form::Squares ? MoveUtmref(delta, record) : MoveUtm(delta, record);
+        case ZoneRule::Strips3:
+        case ZoneRule::Strips6:
             return MoveStrip(delta, record);
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
+        case ZoneRule::Austrian:
             return MoveAustrian(delta, record);
-        default:
-            return false;
+        case ZoneRule::None:
+            break;
     }
+    return false;
 }
 
 }  // namespace tessara

@@ -12,42 +12,42 @@ namespace tessara {
 namespace {
 
 template <class Value>
-bool ReadWhole(TextReader* reader, TextField field, tagKOORD* record) {
+bool ReadWhole(TextReader* reader, RecordField field, tagKOORD* record) {
     Value value;
     if (!reader->ReadWhole(&value)) return false;
     SetValue(record, field, value);
     return true;
 }
 
-bool ReadMetres(TextReader* reader, TextField field, tagKOORD* record) {
+bool ReadMetres(TextReader* reader, RecordField field, tagKOORD* record) {
     std::int32_t metres;
     if (!reader->ReadWholeOrNothing(&metres)) return false;
     SetValue(record, field, metres);
     return true;
 }
 
-bool ReadNumber(TextReader* reader, TextField field, tagKOORD* record) {
+bool ReadNumber(TextReader* reader, RecordField field, tagKOORD* record) {
     double value;
     if (!reader->ReadNumber(&value)) return false;
     SetValue(record, field, value);
     return true;
 }
 
-bool ReadLetter(TextReader* reader, TextField field, tagKOORD* record) {
+bool ReadLetter(TextReader* reader, RecordField field, tagKOORD* record) {
     char letter;
     if (!reader->ReadLetter(&letter)) return false;
     SetValue(record, field, letter);
     return true;
 }
 
-bool ReadLetterPair(TextReader* reader, TextField field, tagKOORD* record) {
+bool ReadLetterPair(TextReader* reader, RecordField field, tagKOORD* record) {
     std::array<char, 2> letters;
     if (!reader->ReadLetterPair(&letters[0], &letters[1])) return false;
     SetValue(record, field, letters);
     return true;
 }
 
-bool ReadField(TextReader* reader, TextField field, tagKOORD* record) {
+bool ReadField(TextReader* reader, RecordField field, tagKOORD* record) {
     switch (field.kind) {
         case FieldKind::Letter:
             return ReadLetter(reader, field, record);
@@ -70,8 +70,8 @@ bool ReadField(TextReader* reader, TextField field, tagKOORD* record) {
 
 bool ReadFields(Axis axis, std::string_view text, tagKOORD* record) {
     TextReader reader(text);
-    const std::span<const TextField> fields = TextFieldsOf(axis, record->type);
-    for (const TextField field : fields) {
+    const std::span<const RecordField> fields = TextFieldsOf(axis, record->type);
+    for (const RecordField field : fields) {
         if (!ReadField(&reader, field, record)) return false;
     }
     return !fields.empty();

@@ -4,13 +4,12 @@
 #include <iterator>
 
 #include "areas/system_extremes.h"
+#include "objects/axis_values.h"
 #include "objects/koord_shift.h"
+#include "systems/fields.h"
 
 namespace tessara {
 namespace {
-
-constexpr double SQUARE_METRES = 100000.0;
-constexpr double SEXAGESIMAL = 60.0;
 
 // Half a unit of the last place, by decimals.
 constexpr double HALF_UNITS[] = {0.5, 0.5e-1, 0.5e-2, 0.5e-3, 0.5e-4, 0.5e-5, 0.5e-6, 0.5e-7};
@@ -19,40 +18,14 @@ double HalfUnit(int decimals) {
     return HALF_UNITS[std::clamp<int>(decimals, 0, static_cast<int>(std::size(HALF_UNITS)) - 1)];
 }
 
-// The value of a text that counts up to a carry.
-struct Counter {
-    double value;
-    double limit;
-    double perShiftUnit;  // how many of the value's units are one unit of a shift
-};
-
-// False for the systems in which nothing carries.
-bool FindCounter(Axis axis, const tagKOORD& record, Counter* counter) {
-    const bool isNorth = axis == Axis::North;
-    switch (record.type) {
-        case KOORD_UTMREF: {
-            const auto p = Load<UtmrefPayload>(record);
-            *counter = {static_cast<double>(isNorth ? p.northing : p.easting), SQUARE_METRES, 1.0};
-            return true;
-        }
-        case KOORD_GEOGRAD: {
-            const auto p = Load<GeogradPayload>(record);
-            *counter = {isNorth ? p.latSeconds : p.lonSeconds, SEXAGESIMAL, 3600.0};
-            return true;
-        }
-        case KOORD_GEODEZMIN: {
-            const auto p = Load<GeodezMinPayload>(record);
-            *counter = {isNorth ? p.latMinutes : p.lonMinutes, SEXAGESIMAL, 60.0};
-            return true;
-        }
-        default:
-            return false;
-    }
-}
-
+// The number of a text that counts up to a carry is its last one.
 bool Carries(Axis axis, double half, const tagKOORD& record) {
-    Counter counter;
-    return FindCounter(axis, record, &counter) && half + counter.value >= counter.limit;
+    const double carry = SystemOf(record).text.carry;
+    if (carry == 0.0) return false;
+    const RecordField counter = *std::find_if(
+        AxisRowOf(axis, record).text.rbegin(), AxisRowOf(axis, record).text.rend(),
+        [](RecordField field) { return field.kind == FieldKind::Number || field.kind == FieldKind::Metres; });
+    return half + NumberOf(record, counter) >= carry;
 }
 
 // Onto the limit of the system, or back where there is none.
@@ -67,12 +40,11 @@ void MoveBeforeLimit(Axis axis, double half, tagKOORD* record) {
 }  // namespace
 
 tagKOORD Text_CarryRounding(Axis axis, int decimals, const tagKOORD& record) {
-    Counter counter;
     const double half = HalfUnit(decimals);
     tagKOORD shown = record;
-    if (!Carries(axis, half, shown) || !FindCounter(axis, shown, &counter)) return shown;
+    if (!Carries(axis, half, shown)) return shown;
 
-    const double step = half / counter.perShiftUnit;
+    const double step = half / SystemOf(record).text.unitsPerDegree;
     if (!Koord_Shift(axis, step, &shown)) {
         MoveBeforeLimit(axis, step, &shown);
         return shown;

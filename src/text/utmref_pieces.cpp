@@ -13,7 +13,6 @@ namespace tessara {
 namespace {
 
 constexpr std::int32_t FIRST_ZONE = 1;
-constexpr std::int32_t LAST_ZONE = 60;
 constexpr std::size_t GROUP_DIGITS = 5;
 
 constexpr std::string_view DEFAULT_BAND = "N";
@@ -30,7 +29,7 @@ std::int32_t ZoneOf(std::string_view text) {
         if (digit < '0' || digit > '9') return NO_ZONE;
         zone = 10 * zone + (digit - '0');
     }
-    return zone <= LAST_ZONE ? zone : NO_ZONE;
+    return zone <= UTM_ZONE_COUNT ? zone : NO_ZONE;
 }
 
 // The capital letter that a text is; 0 for any other text.
@@ -117,7 +116,7 @@ std::vector<std::string> TextsOf(std::string_view letters) {
 
 std::vector<std::string> Utmref_ZoneChoices() {
     std::vector<std::string> choices;
-    for (std::int32_t zone = FIRST_ZONE; zone <= LAST_ZONE; ++zone)
+    for (std::int32_t zone = FIRST_ZONE; zone <= UTM_ZONE_COUNT; ++zone)
         choices.push_back(WholeText(zone));
     return choices;
 }

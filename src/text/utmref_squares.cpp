@@ -18,7 +18,6 @@
 namespace tessara {
 namespace {
 
-constexpr double CENTRAL_EASTING = 500000.0;
 constexpr double HALF_WIDTH = 3.0;  // degrees
 constexpr double METRES_PER_DEGREE = 111000.0;
 // A reference is rounded to whole metres, so a square may be named from half a metre outside.
@@ -82,14 +81,14 @@ class HalfZone {
         utm.wantedZone = ZONE;
         const double latLon[2] = {latitude, CENTRAL_MERIDIAN + fromMeridian};
         UTM_FromGeodetic(latLon, &utm, &forward_);
-        return {utm.easting - CENTRAL_EASTING, utm.northing};
+        return {utm.easting - ZONE_FALSE_EASTING, utm.northing};
     }
 
     [[nodiscard]] double LatitudeAt(Point point) const {
         UtmPayload utm{};
         utm.hemisphere = 'N';
         utm.zone = ZONE;
-        utm.easting = CENTRAL_EASTING + point.offset;
+        utm.easting = ZONE_FALSE_EASTING + point.offset;
         utm.northing = point.northing;
         double latLon[2]{};
         UTM_ToGeodetic(&utm, latLon, &inverse_);
@@ -107,10 +106,10 @@ struct ColumnSpan {
 };
 
 ColumnSpan SpanOf(std::int32_t column) {
-    const double west = (column + 1) * UTMREF_SQUARE - CENTRAL_EASTING;
-    const double east = west + UTMREF_SQUARE;
+    const double west = (column + 1) * SQUARE_METRES - ZONE_FALSE_EASTING;
+    const double east = west + SQUARE_METRES;
     const double inner = std::max({0.0, west, -east});
-    return {inner, inner + UTMREF_SQUARE};
+    return {inner, inner + SQUARE_METRES};
 }
 
 struct RowSpan {
@@ -134,7 +133,7 @@ RowSpan RowsOf(const HalfZone& zone, const UtmrefBand& band, const ColumnSpan& c
     const double high = band.south ? UTM_SOUTHERN_FALSE_NORTHING - nearest : furthest;
     const auto row = [](double northing) {
         const double inGrid = std::clamp(northing, 0.0, UTM_SOUTHERN_FALSE_NORTHING - 1.0);
-        return TruncateToInt32(inGrid / UTMREF_SQUARE);
+        return TruncateToInt32(inGrid / SQUARE_METRES);
     };
     return {row(low - REACH), row(high + REACH)};
 }

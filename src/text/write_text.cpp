@@ -8,14 +8,14 @@ namespace tessara {
 namespace {
 
 // Both letters of a square, to the right of two places where they are fewer.
-std::string LetterPairText(const tagKOORD& record, TextField field) {
-    const TextField behind{FieldKind::Letter, static_cast<std::uint8_t>(field.offset + 1)};
+std::string LetterPairText(const tagKOORD& record, RecordField field) {
+    const RecordField behind{FieldKind::Letter, static_cast<std::uint8_t>(field.offset + 1)};
     std::string pair{ValueOf<char>(record, field), ValueOf<char>(record, behind)};
     pair.resize(std::strlen(pair.c_str()));
     return std::string(2 - pair.size(), ' ') + pair;
 }
 
-std::string FieldText(const tagKOORD& record, TextField field, int decimals) {
+std::string FieldText(const tagKOORD& record, RecordField field, int decimals) {
     switch (field.kind) {
         case FieldKind::Letter:
             return std::string(1, ValueOf<char>(record, field));
@@ -46,13 +46,13 @@ bool HasNoMinutes(const tagKOORD& record) {
 }  // namespace
 
 bool Text_Write(Axis axis, const tagKOORD& record, int decimals, std::string* text) {
-    const std::span<const TextField> fields = TextFieldsOf(axis, record.type);
+    const std::span<const RecordField> fields = TextFieldsOf(axis, record.type);
     if (fields.empty()) return false;
     text->clear();
     if (HasNoMinutes(record)) return true;
 
     const tagKOORD shown = Text_CarryRounding(axis, decimals, record);
-    for (const TextField field : fields) {
+    for (const RecordField field : fields) {
         if (!text->empty()) *text += ' ';
         *text += FieldText(shown, field, decimals);
     }

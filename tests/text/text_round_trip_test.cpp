@@ -24,7 +24,7 @@ constexpr double FINEST = 1e-12;
 // Half a unit of the seventh decimal, and what eight digits before the point leave of it.
 constexpr double LAST_DIGIT = 0.6e-7;
 
-void ExpectSameField(TextField field, const tagKOORD& read, const tagKOORD& written) {
+void ExpectSameField(RecordField field, const tagKOORD& read, const tagKOORD& written) {
     switch (field.kind) {
         case FieldKind::Number:
             EXPECT_NEAR(ValueOf<double>(read, field), ValueOf<double>(written, field), LAST_DIGIT);
@@ -44,7 +44,7 @@ void ExpectSameField(TextField field, const tagKOORD& read, const tagKOORD& writ
 // In all that was typed, and in the zone, which some systems have to tell from the rest.
 void ExpectSamePosition(const tagKOORD& read, const tagKOORD& written) {
     for (const Axis axis : {Axis::North, Axis::East}) {
-        for (const TextField field : TextFieldsOf(axis, written.type))
+        for (const RecordField field : TextFieldsOf(axis, written.type))
             ExpectSameField(field, read, written);
     }
     EXPECT_EQ(Zones_Number(read), Zones_Number(written));

@@ -23,6 +23,31 @@ inline constexpr double WGS84_F = 0.0033528106647474805;
 // What UTM counts the northings of the southern hemisphere up by: there the equator is at 10000000 metres.
 inline constexpr double UTM_SOUTHERN_FALSE_NORTHING = 1.0e7;
 
+// Zones and strips count their eastings from half a million west of the central meridian.
+inline constexpr double ZONE_FALSE_EASTING = 500000.0;
+inline constexpr std::int16_t UTM_ZONE_COUNT = 60;
+inline constexpr std::int16_t DEFAULT_UTM_ZONE = 30;  // of a position that nothing is known of
+
+// The central meridian of a UTM zone, in whole degrees.
+[[nodiscard]] constexpr std::int32_t UtmMeridian(std::int32_t zone) {
+    return 6 * zone - 183;
+}
+[[nodiscard]] constexpr bool IsUtmZone(std::int32_t zone) {
+    return zone >= 1 && zone <= UTM_ZONE_COUNT;
+}
+
+// A strip's number stands in the millions of its easting.
+inline constexpr double STRIP_MILLION = 1.0e6;
+
+// The Austrian meridians, degrees east of Ferro, and the eastings of their central lines.
+inline constexpr std::int16_t AUSTRIAN_MERIDIANS[3] = {28, 31, 34};
+inline constexpr double BMN_FIRST_CENTRE = 150000.0;
+inline constexpr double OEM_FIRST_CENTRE = 450000.0;
+inline constexpr double AUSTRIAN_CENTRE_STEP = 300000.0;
+
+// The side of the squares of UTMREF, BNG and ING.
+inline constexpr double SQUARE_METRES = 100000.0;
+
 inline constexpr std::int32_t NO_DATUM = 999;
 inline constexpr std::int32_t NO_SYSTEM = -1;
 inline constexpr std::int16_t NO_WANTED_ZONE = -1000;  // also "no wanted meridian"

@@ -1,0 +1,22 @@
+// Whether two records of one system mean the same projection.
+#pragma once
+
+#include <cstring>
+
+#include "systems/system_row.h"
+
+namespace tessara {
+
+// The parameters are the first numbers of the payload; equal numbers are equal parameters, and no NaN is.
+[[nodiscard]] inline bool HaveSameParameters(const tagKOORD& first, const tagKOORD& second) {
+    for (std::size_t i = 0; i < SystemOf(first).parameterBytes; i += sizeof(double)) {
+        double a;
+        double b;
+        std::memcpy(&a, first.payload + i, sizeof a);
+        std::memcpy(&b, second.payload + i, sizeof b);
+        if (!(a == b)) return false;
+    }
+    return true;
+}
+
+}  // namespace tessara

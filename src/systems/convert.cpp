@@ -1,0 +1,104 @@
+#include "tessara/kernel/convert.h"
+
+#include <cstddef>
+#include <cstring>
+
+#include "kernel/datum_rows.h"
+#include "kernel/datum_shift.h"
+#include "systems/reading.h"
+#include "systems/system_row.h"
+#include "tessara/kernel/range_checks.h"
+
+namespace tessara {
+namespace {
+
+// A conversion between two projections on datums of the table, prepared for any number of positions.
+class Conversion {
+  public:
+    void Prepare(const tagKOORD& source, const tagKOORD& target) {
+        PrepareProjection(source, &source_);
+        PrepareProjection(target, &target_);
+    }
+
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) const {
+        double position[3] = {};
+        KoordStatus status = SystemOf(source).read(source, source_, position);
+        if (status != KOORD_OK) return status;
+        if (source.datum != target->datum) ShiftBetween(DatumOf(source), DatumOf(*target), position);
+
+        std::int32_t detail = KOORD_OK;
+        if (checkRange == 1 && target->type != KOORD_GEODEZ) {
+            const auto type = static_cast<std::int32_t>(target->type);
+            if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
+        }
+        const SystemRow& system = SystemOf(*target);
+        status = system.write(position, target_, target);
+        if (detail != KOORD_CHECK_AFTER || (status == KOORD_OK && system.range.holdsOnceWritten)) {
+            return status;
+        }
+        return Range_CheckRecord(target, &detail) == KOORD_OK ? status : detail;
+    }
+
+  private:
+    Projection source_, target_;
+};
+
+bool HaveDatums(const tagKOORD& source, const tagKOORD& target) {
+    return RowOf(DatumOf(source)) != nullptr && RowOf(DatumOf(target)) != nullptr;
+}
+
+// A conversion that is prepared anew only where another projection begins.
+class RunOfConversions {
+  public:
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) {
+        if (!isPrepared_ || !HaveSameProjection(source, firstSource_) ||
+            !HaveSameProjection(*target, firstTarget_)) {
+            isPrepared_ = HaveDatums(source, *target);
+            if (!isPrepared_) return KOORD_ERR_DATUM;
+            conversion_.Prepare(source, *target);
+            firstSource_ = source;
+            firstTarget_ = *target;
+        }
+        return conversion_.Convert(source, target, checkRange);
+    }
+
+  private:
+    static bool HaveSameProjection(const tagKOORD& record, const tagKOORD& other) {
+        return record.datum == other.datum && record.type == other.type &&
+               std::memcmp(record.payload, other.payload, SystemOf(record).parameterBytes) == 0;
+    }
+
+    bool isPrepared_ = false;
+    Conversion conversion_;
+    tagKOORD firstSource_, firstTarget_;  // copies: the caller's may overlap
+};
+
+}  // namespace
+
+KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target) {
+    return KoordConvertEx(source, target, 1);
+}
+
+KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange) {
+    if (source == nullptr || target == nullptr) return KOORD_ERR_GENERAL;
+    if (!HaveDatums(*source, *target)) return KOORD_ERR_DATUM;
+    Conversion conversion;
+    conversion.Prepare(*source, *target);
+    return conversion.Convert(*source, target, checkRange);
+}
+
+KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
+                             std::int32_t checkRange, KoordStatus* status) {
+    const bool hasRecords = source != nullptr && target != nullptr;
+    KoordStatus first = KOORD_OK;
+    RunOfConversions run;
+    for (std::size_t i = 0; i < count; ++i) {
+        const KoordStatus result =
+            hasRecords ? run.Convert(source[i], &target[i], checkRange) : KOORD_ERR_GENERAL;
+        if (status != nullptr) status[i] = result;
+        if (first == KOORD_OK) first = result;
+    }
+    return first;
+}
+
+}  // namespace tessara

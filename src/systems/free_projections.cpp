@@ -1,0 +1,80 @@
+#include "systems/free_projections.h"
+
+#include "kernel/transverse_mercator_constants.h"
+#include "systems/reading.h"
+#include "tessara/kernel/ecef.h"
+#include "tessara/kernel/van_der_grinten.h"
+
+namespace tessara {
+namespace {
+
+TmParams ParamsOf(const TmPayload& p) {
+    return {p.originLongitude, p.originLatitude, p.falseEasting, p.falseNorthing, p.scale};
+}
+
+}  // namespace
+
+KoordStatus RefuseToRead(const tagKOORD& /*source*/, const Projection& /*projection*/, double* /*position*/) {
+    return KOORD_ERR_TYPE;
+}
+
+KoordStatus RefuseToWrite(const double* /*position*/, const Projection& /*projection*/,
+                          tagKOORD* /*target*/) {
+    return KOORD_ERR_TYPE;
+}
+
+void GEODEZ_ToGeodetic(const GeodezPayload* payload, double* position) {
+    position[0] = payload->latitude;
+    position[1] = payload->longitude;
+    position[2] = payload->height;
+}
+
+void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload) {
+    *payload = {position[0], position[1], position[2]};
+}
+
+KoordStatus VDG_ReadPayload(const VdgPayload* payload, double* latLon, std::int32_t datum) {
+    return VDG_ToGeodetic(payload, datum, latLon);
+}
+
+KoordStatus ECEF_Read(const tagKOORD& source, const Projection& /*projection*/, double* position) {
+    tagKOORD work = MakeKoord(DatumOf(source), KOORD_GEODEZ);
+    const KoordStatus status = ECEF_ToGeodetic(&source, &work);
+    const auto payload = Load<GeodezPayload>(work);
+    GEODEZ_ToGeodetic(&payload, position);
+    return status;
+}
+
+KoordStatus ECEF_Write(const double* position, const Projection& /*projection*/, tagKOORD* target) {
+    tagKOORD work = MakeKoord(DatumOf(*target), KOORD_GEODEZ);
+    Store(work, GeodezPayload{position[0], position[1], position[2]});
+    return ECEF_FromGeodetic(&work, target);
+}
+
+KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double* position) {
+    const auto p = Load<TmPayload>(source);
+    TmInverseFromOrigin(p.easting, p.northing, ParamsOf(p), projection.originNorth, position,
+                        *TmInverseConstants(DatumOf(source)));
+    return KOORD_OK;
+}
+
+KoordStatus TM_Write(const double* position, const Projection& projection, tagKOORD* target) {
+    auto* p = PayloadIn<TmPayload>(target);
+    TmForwardFromOrigin(position, ParamsOf(*p), projection.originNorth, &p->easting, &p->northing,
+                        *TmForwardConstants(DatumOf(*target)));
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection, double* position) {
+    const auto p = Load<LambertCCPayload>(source);
+    LambertCC_Inverse(p.easting, p.northing, position, &projection.cone);
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target) {
+    auto* p = PayloadIn<LambertCCPayload>(target);
+    LambertCC_Forward(position, &p->easting, &p->northing, &projection.cone);
+    return KOORD_OK;
+}
+
+}  // namespace tessara

@@ -1,0 +1,25 @@
+// The conversions whose functions have another shape than Read and Write take.
+#pragma once
+
+#include "systems/projection.h"
+#include "tessara/kernel/koord.h"
+#include "tessara/kernel/koord_status.h"
+
+namespace tessara {
+
+// A type that nothing is read from or written to: KOORD_ERR_TYPE.
+KoordStatus RefuseToRead(const tagKOORD& source, const Projection& projection, double* position);
+KoordStatus RefuseToWrite(const double* position, const Projection& projection, tagKOORD* target);
+
+void GEODEZ_ToGeodetic(const GeodezPayload* payload, double* position);
+void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload);
+KoordStatus VDG_ReadPayload(const VdgPayload* payload, double* latLon, std::int32_t datum);
+
+KoordStatus ECEF_Read(const tagKOORD& source, const Projection& projection, double* position);
+KoordStatus ECEF_Write(const double* position, const Projection& projection, tagKOORD* target);
+KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double* position);
+KoordStatus TM_Write(const double* position, const Projection& projection, tagKOORD* target);
+KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection, double* position);
+KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target);
+
+}  // namespace tessara

@@ -1,0 +1,28 @@
+#include "systems/projection.h"
+
+#include "kernel/transverse_mercator_constants.h"
+#include "systems/reading.h"
+
+namespace tessara {
+namespace {
+
+LambertCC ConeOf(const LambertCCPayload& p, std::int32_t datum) {
+    constexpr double scale = 1.0;
+    LambertCC cone{};
+    LambertCC_Init(datum, p.parallel1, p.parallel2, scale, p.falseEasting, p.falseNorthing, p.originLatitude,
+                   p.originLongitude, &cone);
+    return cone;
+}
+
+}  // namespace
+
+void PrepareProjection(const tagKOORD& record, Projection* projection) {
+    if (record.type == KOORD_TM) {
+        projection->originNorth =
+            TmOriginNorthing(Load<TmPayload>(record).originLatitude, *TmForwardConstants(DatumOf(record)));
+    } else if (record.type == KOORD_LAMBERTCC) {
+        projection->cone = ConeOf(Load<LambertCCPayload>(record), DatumOf(record));
+    }
+}
+
+}  // namespace tessara

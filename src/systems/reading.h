@@ -1,0 +1,118 @@
+// How a row of the table of systems names its conversions: Read<UTM_ToGeodetic>, Write<UTM_FromGeodetic>. What a
+// conversion takes besides the position and the payload - nothing, the datum, the constants of one or both
+// directions - follows from its signature.
+#pragma once
+
+#include <new>
+
+#include "kernel/transverse_mercator_constants.h"
+#include "systems/projection.h"
+#include "tessara/kernel/koord.h"
+#include "tessara/kernel/koord_status.h"
+#include "tessara/kernel/transverse_mercator.h"
+
+namespace tessara {
+
+[[nodiscard]] inline std::int32_t DatumOf(const tagKOORD& record) {
+    return static_cast<std::int32_t>(record.datum);
+}
+
+// The payload as an object in the record itself. A local copy would be written field by field and read back
+// in longer pieces, which a processor can't do before the fields have reached memory.
+template <class Payload>
+[[nodiscard]] Payload* PayloadIn(tagKOORD* record) {
+    return ::new (static_cast<void*>(record->payload)) Payload(Load<Payload>(*record));
+}
+
+namespace reading {
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*toGeodetic)(const Payload*, double*, const TmConstants*),
+                 const tagKOORD& source, double* position) {
+    const auto payload = Load<Payload>(source);
+    return toGeodetic(&payload, position, TmInverseConstants(DatumOf(source)));
+}
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*toGeodetic)(const Payload*, double*, const TmConstants*, const TmConstants*),
+                 const tagKOORD& source, double* position) {
+    const auto payload = Load<Payload>(source);
+    return toGeodetic(&payload, position, TmForwardConstants(DatumOf(source)),
+                      TmInverseConstants(DatumOf(source)));
+}
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*toGeodetic)(const Payload*, double*, std::int32_t), const tagKOORD& source,
+                 double* position) {
+    const auto payload = Load<Payload>(source);
+    return toGeodetic(&payload, position, DatumOf(source));
+}
+
+template <class Payload>
+KoordStatus Call(void (*toGeodetic)(const Payload*, double*, std::int32_t), const tagKOORD& source,
+                 double* position) {
+    const auto payload = Load<Payload>(source);
+    toGeodetic(&payload, position, DatumOf(source));
+    return KOORD_OK;
+}
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*toGeodetic)(const Payload*, double*), const tagKOORD& source,
+                 double* position) {
+    const auto payload = Load<Payload>(source);
+    return toGeodetic(&payload, position);
+}
+
+template <class Payload>
+KoordStatus Call(void (*toGeodetic)(const Payload*, double*), const tagKOORD& source, double* position) {
+    const auto payload = Load<Payload>(source);
+    toGeodetic(&payload, position);
+    return KOORD_OK;
+}
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*fromGeodetic)(const double*, Payload*, const TmConstants*),
+                 const double* position, tagKOORD* target) {
+    return fromGeodetic(position, PayloadIn<Payload>(target), TmForwardConstants(DatumOf(*target)));
+}
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*fromGeodetic)(const double*, Payload*, std::int32_t), const double* position,
+                 tagKOORD* target) {
+    return fromGeodetic(position, PayloadIn<Payload>(target), DatumOf(*target));
+}
+
+template <class Payload>
+KoordStatus Call(void (*fromGeodetic)(const double*, Payload*, std::int32_t), const double* position,
+                 tagKOORD* target) {
+    fromGeodetic(position, PayloadIn<Payload>(target), DatumOf(*target));
+    return KOORD_OK;
+}
+
+template <class Payload>
+KoordStatus Call(KoordStatus (*fromGeodetic)(const double*, Payload*), const double* position,
+                 tagKOORD* target) {
+    return fromGeodetic(position, PayloadIn<Payload>(target));
+}
+
+template <class Payload>
+KoordStatus Call(void (*fromGeodetic)(const double*, Payload*), const double* position, tagKOORD* target) {
+    fromGeodetic(position, PayloadIn<Payload>(target));
+    return KOORD_OK;
+}
+
+}  // namespace reading
+
+// A record to latitude, longitude and height on its own datum.
+template <auto toGeodetic>
+KoordStatus Read(const tagKOORD& source, const Projection& /*projection*/, double* position) {
+    return reading::Call(toGeodetic, source, position);
+}
+
+// A position on the target's datum to the target's form.
+template <auto fromGeodetic>
+KoordStatus Write(const double* position, const Projection& /*projection*/, tagKOORD* target) {
+    return reading::Call(fromGeodetic, position, target);
+}
+
+}  // namespace tessara
