@@ -12,6 +12,7 @@
 #include "numbers.h"
 #include "tessara/coordinate_grid.h"
 #include "tessara/coordinate_grid_factory.h"
+#include "tessara/kernel/systems.h"
 
 namespace tessara::program {
 namespace {
@@ -287,18 +288,16 @@ std::string DegreesText(double step) {
 }
 
 std::string StepText(std::int32_t system, double step) {
-    switch (system) {
-        case KOORD_GEODEZ:
-            return FormatPlain(step) + "\u00B0";
-        case KOORD_GEOGRAD:
-        case KOORD_GEODEZMIN:
-        case KOORD_GEOREF:
+    if (system == KOORD_GEODEZ) return FormatPlain(step) + "\u00B0";
+    switch (System_Unit(system)) {
+        case tessara::Unit::Degree:
             return DegreesText(step);
-        case KOORD_FLOATPIXEL:
+        case tessara::Unit::Pixel:
             return FormatPlain(step) + " pixels";
-        default:
-            return FormatPlain(step) + " m";
+        case tessara::Unit::Metre:
+            break;
     }
+    return FormatPlain(step) + " m";
 }
 
 std::string StepsText(const GridLayer& grid) {

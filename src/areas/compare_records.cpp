@@ -7,6 +7,7 @@
 #include "objects/axis_values.h"
 #include "objects/convert_records.h"
 #include "objects/default_koord.h"
+#include "objects/same_parameters.h"
 #include "objects/zones.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/zone_systems.h"
@@ -51,37 +52,7 @@ bool ReadLetterGrid(tagKOORD* record) {
     return RenewLetters(record);
 }
 
-// The wanted zones or meridians that mean a zone of the system, and the two that end it: a point that lies
-// beyond the central line of an outermost zone stays there, since its natural zone would put it at the other
-// end of the numbering.
-struct WantedRange {
-    std::int32_t first;
-    std::int32_t last;
-    std::int32_t step;
-    std::int32_t outerWest;
-    std::int32_t outerEast;
-};
-
-constexpr WantedRange UTM_WANTED{1, 60, 1, 1, 60};
-constexpr WantedRange GK_WANTED{-180, 180, 3, -180, 180};
-// No GK6 meridian stands on the date line, and west of the first Austrian meridian the system just ends.
-constexpr WantedRange GK6_WANTED{-177, 177, 6, NO_WANTED_ZONE, NO_WANTED_ZONE};
-constexpr WantedRange AUSTRIAN_WANTED{28, 34, 1, NO_WANTED_ZONE, 34};
-
-const WantedRange& WantedRangeOf(std::int32_t system) {
-    switch (system) {
-        case KOORD_UTM:
-            return UTM_WANTED;
-        case KOORD_GK:
-            return GK_WANTED;
-        case KOORD_GK6:
-            return GK6_WANTED;
-        default:
-            return AUSTRIAN_WANTED;
-    }
-}
-
-bool IsWanted(const WantedRange& range, std::int32_t wanted) {
+bool IsWanted(const WantedZones& range, std::int32_t wanted) {
     return wanted >= range.first && wanted <= range.last && (wanted - range.first) % range.step == 0;
 }
 
@@ -89,13 +60,13 @@ bool IsWanted(const WantedRange& range, std::int32_t wanted) {
 bool IsNaturalUtm(const tagKOORD& record, double longitude) {
     if (record.type != KOORD_UTM) return false;
     const auto payload = Load<UtmPayload>(record);
-    return payload.wantedZone == payload.zone && UTM_NaturalMeridian(longitude) == 6 * payload.zone - 183;
+    return payload.wantedZone == payload.zone && UTM_NaturalMeridian(longitude) == UtmMeridian(payload.zone);
 }
 
 // A record that wants a zone is rewritten in its natural one, so that two eastings mean the same.
 bool MoveToNaturalZone(tagKOORD* record) {
     const std::int32_t wanted = Zones_Wanted(*record);
-    const WantedRange& range = WantedRangeOf(static_cast<std::int32_t>(record->type));
+    const WantedZones& range = SystemOf(*record).zones.wantedZones;
     if (!IsWanted(range, wanted)) return true;
 
     if (wanted == range.outerWest || wanted == range.outerEast) {
@@ -122,25 +93,16 @@ bool ReadUtmref(tagKOORD* record) {
 
 // Brings a record into the form whose values are compared.
 bool Prepare(Axis axis, tagKOORD* record) {
-    switch (record->type) {
-        case KOORD_UTMREF:
-            return ReadUtmref(record) && Prepare(axis, record);
-        case KOORD_UTM:
-        case KOORD_GK:
-        case KOORD_GK6:
-        case KOORD_BMN:
-        case KOORD_OEM:
-        case KOORD_GKAT:
+    switch (SystemOf(*record).form) {
+        case Form::Zoned:
             return axis == Axis::North || MoveToNaturalZone(record);
-        case KOORD_GEOGRAD:
-        case KOORD_GEODEZMIN:
-            return ReadCode(record);
-        case KOORD_GEOREF:
-            return ReadGeoref(axis, record);
-        case KOORD_ECEF:
+        case Form::Squares:
+            return ReadUtmref(record) && Prepare(axis, record);
+        case Form::Parts:
+            return record->type == KOORD_GEOREF ? ReadGeoref(axis, record) : ReadCode(record);
+        case Form::Cartesian:
             return ConvertTo(KOORD_GEODEZ, record);
-        case KOORD_BNG:
-        case KOORD_ING:
+        case Form::LetterGrid:
             return ReadLetterGrid(record);
         default:
             return true;
@@ -170,28 +132,12 @@ bool AreSame(const tagKOORD& first, const tagKOORD& second) {
     return std::memcmp(&first, &second, sizeof first) == 0;
 }
 
-bool HaveSameParameters(const tagKOORD& first, const tagKOORD& second) {
-    if (first.type == KOORD_TM) {
-        const auto a = Load<TmPayload>(first);
-        const auto b = Load<TmPayload>(second);
-        return a.originLongitude == b.originLongitude && a.originLatitude == b.originLatitude &&
-               a.falseEasting == b.falseEasting && a.falseNorthing == b.falseNorthing && a.scale == b.scale;
-    }
-    if (first.type == KOORD_VDG) {
-        const auto a = Load<VdgPayload>(first);
-        const auto b = Load<VdgPayload>(second);
-        return a.originLongitude == b.originLongitude && a.originLatitude == b.originLatitude;
-    }
-    return true;
-}
-
 std::int32_t CompareNorthSouth(const tagKOORD& first, const tagKOORD& second) {
-    switch (first.type) {
-        case KOORD_LONGPIXEL:
-        case KOORD_FLOATPIXEL:
+    switch (SystemOf(first).form) {
+        case Form::Pixels:
             // Rows grow southward.
             return Order(Axis_Value(Axis::North, second), Axis_Value(Axis::North, first));
-        case KOORD_UPS:
+        case Form::Polar:
             return CompareUps(first, second);
         default:
             return Order(Axis_SignedNorthing(first), Axis_SignedNorthing(second));

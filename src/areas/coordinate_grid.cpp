@@ -21,6 +21,7 @@
 #include "objects/koord_access.h"
 #include "objects/map_datum.h"
 #include "objects/zones.h"
+#include "systems/system_row.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/float_point.h"
@@ -35,28 +36,8 @@ constexpr std::int32_t UNCHECKED = 0;  // a border lies a hair outside its zone
 // Codes and rounded parts would bend a line, and whole metres or degrees can't be told apart finely enough to
 // find one. Lines in such a system are drawn in the exact one behind it.
 std::int32_t DrawingSystem(std::int32_t system) {
-    switch (system) {
-        case KOORD_UTMREF:
-            return KOORD_UTM;
-        case KOORD_GEOGRAD:
-        case KOORD_GEODEZMIN:
-        case KOORD_GEOREF:
-            return KOORD_GEODEZ;
-        default:
-            return system;
-    }
-}
-
-// The unit of the codes' numbers.
-double FinestStep(std::int32_t system) {
-    switch (system) {
-        case KOORD_UTMREF:
-            return 1.0;
-        case KOORD_GEOREF:
-            return 1.0 / 6000.0;
-        default:
-            return 0.0;
-    }
+    const std::int32_t exact = SystemOf(system).exact;
+    return exact != NO_SYSTEM ? exact : system;
 }
 
 // From the drawing system.
@@ -199,7 +180,7 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
     if (!windowPlane.IsComplete()) return false;
     windowMap_ = map;
     window_ = GridWindow{extremes,  rect,       FindZoneArc(windowPlane, rect, extremes),
-                         eastStep_, northStep_, FinestStep(system_)};
+                         eastStep_, northStep_, SystemOf(system_).finestStep};
     return true;
 } catch (const std::bad_alloc&) {
     return false;

@@ -27,6 +27,7 @@
 #include "objects/default_koord.h"
 #include "objects/zone_borders.h"
 #include "objects/zones.h"
+#include "systems/system_row.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/ref.h"
@@ -271,8 +272,7 @@ class WindowSearch {
 
     // Whether the system's values jump somewhere.
     [[nodiscard]] bool HasJumps() const {
-        return IsInDegrees() || empty_.type == KOORD_GEOREF || empty_.type == KOORD_VDG ||
-               Zones_Exist(static_cast<std::int32_t>(empty_.type));
+        return SystemOf(empty_).wraps || Zones_Exist(static_cast<std::int32_t>(empty_.type));
     }
 
     // Walks what is valid of each side of the window, from jump to jump, as far as samples tell.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tessara/kernel/koord.h"
+#include "systems/system_row.h"
 #include "text/number_text.h"
 
 namespace tessara {
@@ -85,34 +85,35 @@ std::string DisplayLetterGrid(int precision, Tokens* tokens) {
 // The forms that take the text of their own axis only.
 std::string DisplayAxis(Axis axis, std::int32_t system, int precision, const std::string& plain,
                         Tokens* tokens) {
-    switch (system) {
-        case KOORD_UTM:
+    switch (SystemOf(system).text.display) {
+        case DisplayStyle::Zoned:
             return (axis == Axis::East ? tokens->At(0) : std::string()) + tokens->At(1);
-        case KOORD_GEODEZ:
+        case DisplayStyle::Degrees:
             return plain + DEGREE_SIGN;
-        case KOORD_GEOGRAD:
+        case DisplayStyle::Seconds:
             return DisplayGeograd(precision, tokens);
-        case KOORD_GEODEZMIN:
+        case DisplayStyle::Minutes:
             return DisplayGeodezMin(precision, tokens);
-        case KOORD_GEOREF:
+        case DisplayStyle::Letters:
             return tokens->At(0) + tokens->At(1) + tokens->At(2);
-        case KOORD_BNG:
-        case KOORD_ING:
+        case DisplayStyle::Square:
             return DisplayLetterGrid(precision, tokens);
-        default:
-            return plain;
+        case DisplayStyle::Plain:
+        case DisplayStyle::Reference:
+            break;
     }
+    return plain;
 }
 
 }  // namespace
 
 bool Text_DisplaysBothAxes(std::int32_t system) {
-    return system == KOORD_UTMREF;
+    return SystemOf(system).text.display == DisplayStyle::Reference;
 }
 
 bool Text_Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
                   std::string* display) {
-    if (system == KOORD_UTMREF) return DisplayUtmref(precision, plain, display);
+    if (Text_DisplaysBothAxes(system)) return DisplayUtmref(precision, plain, display);
     const std::string& text = axis == Axis::North ? plain.north : plain.east;
     Tokens tokens(text);
     *display = DisplayAxis(axis, system, precision, text, &tokens);
