@@ -3,9 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "areas/polygon_inside.h"
-#include "areas/polygon_overlay.h"
-#include "areas/polygon_split.h"
+#include "polygons/polygon_inside.h"
+#include "polygons/polygon_overlay.h"
+#include "polygons/polygon_split.h"
 #include "bench/outlines.h"
 #include "tessara/array.h"
 #include "tessara/coord.h"

@@ -41,15 +41,15 @@ foreach(name tessara tessara-kernel)
     COMPONENT development)
 endforeach()
 
-if(TESSARA_BUILD_HOST)
+if(TESSARA_BUILD_PROGRAM)
   install(TARGETS tessara_program COMPONENT program)
-  configure_file(host/tessara.1.in tessara.1 @ONLY)
+  configure_file(program/tessara.1.in tessara.1 @ONLY)
   install(
     FILES ${CMAKE_CURRENT_BINARY_DIR}/tessara.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
     COMPONENT program)
   install(
-    FILES host/tessara.bash-completion
+    FILES program/tessara.bash-completion
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME tessara
     COMPONENT program)

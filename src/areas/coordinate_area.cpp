@@ -7,17 +7,17 @@
 #include "areas/extremes.h"
 #include "areas/helper_map.h"
 #include "areas/line_extents.h"
-#include "areas/overlay_call.h"
-#include "areas/polygon_inside.h"
-#include "areas/polygon_reading.h"
-#include "areas/polygon_split.h"
-#include "areas/polygon_writing.h"
 #include "areas/rect_extents.h"
-#include "areas/system_extremes.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
 #include "objects/map_datum.h"
-#include "objects/reference.h"
+#include "polygons/overlay_call.h"
+#include "polygons/polygon_inside.h"
+#include "polygons/polygon_reading.h"
+#include "polygons/polygon_split.h"
+#include "polygons/polygon_writing.h"
+#include "records/reference.h"
+#include "records/system_extremes.h"
 #include "tessara/array.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/rect.h"
@@ -32,7 +32,7 @@ bool MoveToSystemLimit(Compass direction, ICoord* point) {
     tagKOORD extreme;
     if (!KoordFromCoord(coord.Get(), &koord)) return false;
     const Reference reference = ReferenceOf(koord);
-    if (!System_Extreme(direction, reference.datum, reference.system, &extreme)) return false;
+    if (!FindSystemExtreme(direction, reference.datum, reference.system, &extreme)) return false;
     const CKoord limit(extreme);
     return KoordToCoord(&limit, coord.Get());
 }
@@ -170,7 +170,7 @@ bool CoordinateArea::GetSystemExtremes(ICoord* north, ICoord* east, ICoord* sout
     Reference reference{};
     SystemExtremes limits;
     if (!results.ReadReference(&reference)) return false;
-    if (!System_Extremes(reference.datum, reference.system, &limits)) return false;
+    if (!FindSystemExtremes(reference.datum, reference.system, &limits)) return false;
     Extremes extremes;
     extremes.Start(limits.front());
     for (const Compass direction : DIRECTIONS)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "objects/axis.h"
+#include "records/axis.h"
 #include "tessara/coordinate_area.h"
 #include "tessara/object.h"
 

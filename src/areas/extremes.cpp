@@ -1,7 +1,7 @@
 #include "areas/extremes.h"
 
-#include "areas/compare_records.h"
-#include "objects/axis_copy.h"
+#include "records/axis_copy.h"
+#include "records/compare_records.h"
 
 namespace tessara {
 
@@ -11,7 +11,7 @@ void Extremes::Start(const CKoord& koord) {
 }
 
 bool Extremes::IsFurther(Compass direction, const CKoord& koord) const {
-    const std::int32_t order = Compare_Records(AxisOf(direction), koord, (*this)[direction]);
+    const std::int32_t order = CompareRecords(AxisOf(direction), koord, (*this)[direction]);
     return order == (SignOf(direction) > 0.0 ? 1 : -1);
 }
 

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "objects/axis.h"
+#include "records/axis.h"
 #include "tessara/ckoord.h"
 
 namespace tessara {

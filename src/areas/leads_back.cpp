@@ -5,10 +5,10 @@
 #include <limits>
 #include <optional>
 
-#include "objects/convert_records.h"
-#include "objects/koord_shift.h"
+#include "records/check_record.h"
+#include "records/convert_records.h"
+#include "records/koord_shift.h"
 #include "tessara/kernel/constants.h"
-#include "text/check_record.h"
 
 namespace tessara {
 namespace {
@@ -36,8 +36,8 @@ bool SpellOut(CKoord* koord) {
 std::optional<double> DistanceOf(const MapPlane& map, Axis axis, const CKoord& place, const CKoord& spelt,
                                  const PlanePoint& pixel) {
     CKoord back(MakeKoord(static_cast<std::int32_t>(place.datum), static_cast<std::int32_t>(place.type)));
-    if (!map.ToWorld(pixel, &back) || !Check_InSystemArea(back) || !SpellOut(&back)) return std::nullopt;
-    const double difference = Koord_Difference(axis, spelt, back);
+    if (!map.ToWorld(pixel, &back) || !IsInSystemArea(back) || !SpellOut(&back)) return std::nullopt;
+    const double difference = koord::Difference(axis, spelt, back);
     if (difference == UNKNOWN_DIFFERENCE) return std::nullopt;
     return std::fabs(difference);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "geometry/map_plane.h"
-#include "objects/axis.h"
+#include "records/axis.h"
 #include "tessara/ckoord.h"
 
 namespace tessara {

@@ -15,23 +15,23 @@
 #include <optional>
 #include <vector>
 
-#include "areas/compare_records.h"
 #include "areas/leads_back.h"
-#include "areas/system_extremes.h"
 #include "geometry/densify.h"
 #include "geometry/map_plane.h"
 #include "kernel/numeric.h"
 #include "maps/pixel_search.h"
-#include "objects/axis_copy.h"
-#include "objects/convert_records.h"
-#include "objects/default_koord.h"
-#include "objects/zone_borders.h"
-#include "objects/zones.h"
+#include "records/axis_copy.h"
+#include "records/check_record.h"
+#include "records/compare_records.h"
+#include "records/convert_records.h"
+#include "records/default_koord.h"
+#include "records/system_extremes.h"
+#include "records/zone_borders.h"
+#include "records/zones.h"
 #include "systems/system_row.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/ref.h"
-#include "text/check_record.h"
 
 namespace tessara {
 namespace {
@@ -153,7 +153,7 @@ class WindowSearch {
 
     [[nodiscard]] std::optional<Found> FindValid(const PlanePoint& pixel) const {
         Found found{pixel, empty_};
-        const bool isValid = plane_.ToWorld(found.pixel, &found.koord) && Check_InSystemArea(found.koord);
+        const bool isValid = plane_.ToWorld(found.pixel, &found.koord) && IsInSystemArea(found.koord);
         return isValid ? std::optional<Found>(found) : std::nullopt;
     }
 
@@ -228,7 +228,7 @@ class WindowSearch {
         if (chain.size() < FEWEST_OF_FINEST) return;
         for (const Compass direction : DIRECTIONS) {
             const auto furthest = std::find_if(chain.begin(), chain.end(), [&](const CKoord& koord) {
-                return Compare_Records(AxisOf(direction), koord, extremes_[direction]) == 0;
+                return CompareRecords(AxisOf(direction), koord, extremes_[direction]) == 0;
             });
             PlanePoint place{};
             if (furthest == chain.end() || !plane_.ToPlane(*furthest, &place)) continue;
@@ -272,7 +272,7 @@ class WindowSearch {
 
     // Whether the system's values jump somewhere.
     [[nodiscard]] bool HasJumps() const {
-        return SystemOf(empty_).wraps || Zones_Exist(static_cast<std::int32_t>(empty_.type));
+        return SystemOf(empty_).wraps || zones::Exist(static_cast<std::int32_t>(empty_.type));
     }
 
     // Walks what is valid of each side of the window, from jump to jump, as far as samples tell.
@@ -326,8 +326,8 @@ class WindowSearch {
 
     // Whether two places lie in one zone or, without zones, in one of the halves that Greenwich makes.
     [[nodiscard]] bool IsWithoutJump(const Found& a, const Found& b) const {
-        if (Zones_Exist(static_cast<std::int32_t>(empty_.type)))
-            return Zones_Number(a.koord) == Zones_Number(b.koord);
+        if (zones::Exist(static_cast<std::int32_t>(empty_.type)))
+            return zones::Number(a.koord) == zones::Number(b.koord);
         return IsInEasternHalf(a) == IsInEasternHalf(b);
     }
 
@@ -358,11 +358,11 @@ class WindowSearch {
                                                             const CKoord& limit) {
         CKoord place = extreme;
         const Axis axis = AxisOf(direction);
-        const bool hasZones = Zones_Exist(static_cast<std::int32_t>(place.type));
-        if (hasZones && axis == Axis::North && !Zones_MoveToCentre(&place)) return std::nullopt;
+        const bool hasZones = zones::Exist(static_cast<std::int32_t>(place.type));
+        if (hasZones && axis == Axis::North && !zones::MoveToCentre(&place)) return std::nullopt;
         if (!CopyAxis(axis, limit, &place)) return std::nullopt;
         if (hasZones && axis == Axis::East) {
-            if (!Zones_MoveToCentre(&place) || !Zones_MoveToBorder(direction, &place)) return std::nullopt;
+            if (!zones::MoveToCentre(&place) || !zones::MoveToBorder(direction, &place)) return std::nullopt;
         }
         return place;
     }
@@ -372,13 +372,13 @@ class WindowSearch {
     // has no limit.
     bool TrySystemExtreme(Compass direction) {
         tagKOORD record;
-        if (!System_Extreme(direction, static_cast<std::int32_t>(empty_.datum),
-                            static_cast<std::int32_t>(empty_.type), &record)) {
+        if (!FindSystemExtreme(direction, static_cast<std::int32_t>(empty_.datum),
+                               static_cast<std::int32_t>(empty_.type), &record)) {
             return false;  // GCOVR_EXCL_LINE: where there are positions, there are extremes
         }
         const CKoord limit(record);
         const CKoord& extreme = extremes_[direction];
-        if (Compare_Records(AxisOf(direction), extreme, limit) == 0) return true;
+        if (CompareRecords(AxisOf(direction), extreme, limit) == 0) return true;
         const std::optional<CKoord> beside = PlaceOfLimit(direction, extreme, limit);
         if (beside && IsInWindow(AxisOf(direction), *beside)) extremes_.Set(direction, *beside);
         if (extremes_.IsFurther(direction, limit) && IsInWindow(AxisOf(direction), limit))

@@ -3,14 +3,14 @@
 #include <cmath>
 #include <functional>
 
-#include "areas/average_records.h"
-#include "areas/compare_records.h"
 #include "geometry/chain_walk.h"
 #include "objects/reference_change.h"
-#include "objects/zone_borders.h"
-#include "objects/zones.h"
+#include "records/average_records.h"
+#include "records/check_record.h"
+#include "records/compare_records.h"
+#include "records/zone_borders.h"
+#include "records/zones.h"
 #include "tessara/kernel/geodesic.h"
-#include "text/check_record.h"
 
 namespace tessara {
 namespace {
@@ -46,7 +46,7 @@ bool ShareReference(const CKoord& a, const CKoord& b) {
 
 bool Average(const CKoord& a, const CKoord& b, CKoord* mean) {
     tagKOORD record;
-    if (!Average_Records(a, b, &record)) return false;
+    if (!AverageRecords(a, b, &record)) return false;
     *mean = CKoord(record);
     return true;
 }
@@ -65,9 +65,9 @@ bool GeodesicMiddle(const CKoord& a, const CKoord& b, CKoord* middle) {
 // Onto the border of its zone, on the side on which it lies. On the central line it has no side.
 bool MoveToZoneBorder(CKoord* koord) {
     tagKOORD centre = *koord;
-    if (!Zones_MoveToCentre(&centre)) return false;
-    const std::int32_t order = Compare_Records(Axis::East, *koord, centre);
-    return order != 0 && Zones_MoveToBorder(order > 0 ? Compass::East : Compass::West, koord);
+    if (!zones::MoveToCentre(&centre)) return false;
+    const std::int32_t order = CompareRecords(Axis::East, *koord, centre);
+    return order != 0 && zones::MoveToBorder(order > 0 ? Compass::East : Compass::West, koord);
 }
 
 // A place on the line, as a position and on the map.
@@ -90,8 +90,7 @@ class MapDivider {
         if (IsNear(bent.pixel, straight)) return Division::Finished;
         if (mode_ == DensifyMode::MapStraight) {
             bent.pixel = straight;
-            if (!map_.ToWorld(straight, &bent.koord) || !Check_InSystemArea(bent.koord))
-                return Division::Failed;
+            if (!map_.ToWorld(straight, &bent.koord) || !IsInSystemArea(bent.koord)) return Division::Failed;
         }
         *middle = bent;
         return Division::Split;
@@ -160,8 +159,8 @@ bool WalkAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, 
                              toOwn.Apply(middle->target, &middle->koord);
         if (!isFound) return Division::Failed;
         if (depth >= ACROSS_REFERENCES_DEPTH_LIMIT) return Division::Finished;
-        const bool isSame = Compare_Records(Axis::East, own, middle->koord) == 0 &&
-                            Compare_Records(Axis::North, own, middle->koord) == 0;
+        const bool isSame = CompareRecords(Axis::East, own, middle->koord) == 0 &&
+                            CompareRecords(Axis::North, own, middle->koord) == 0;
         return isSame ? Division::Finished : Division::Split;
     };
     chain->push_back(a);

@@ -96,7 +96,8 @@ KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const
 }
 
 KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse) {
-    const bool isNearTheThree = payload->meridian > AUSTRIAN_MERIDIANS[0] - 3 && payload->meridian < AUSTRIAN_MERIDIANS[2] + 3;
+    const bool isNearTheThree =
+        payload->meridian > AUSTRIAN_MERIDIANS[0] - 3 && payload->meridian < AUSTRIAN_MERIDIANS[2] + 3;
     if (!isNearTheThree) return KOORD_ERR_MERIDIAN;
     return ToGeodetic(GKAT, payload, latLon, inverse);
 }

@@ -90,7 +90,7 @@ std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone
     const double farNorthing = distances[EdgeIndex(band.farEdge)] * LARGEST_SCALE;
 
     // South of the equator the letters run backward from the last one.
-    const std::int32_t fromGridOrigin = position - Utmref_RowShift(zone);
+    const std::int32_t fromGridOrigin = position - utmref::RowShift(zone);
     const std::int32_t fromEquator = band.south ? -1 - fromGridOrigin : fromGridOrigin;
     const std::int32_t firstRow = std::max(TruncateToInt32(std::ceil(nearNorthing / SQUARE_METRES) - 1.0), 0);
     const std::int32_t ahead = (fromEquator - firstRow) % UTMREF_ROW_CYCLE;
@@ -139,7 +139,7 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
     if (status != KOORD_OK) return status;
 
-    const std::string_view columns = Utmref_ColumnLetters(utm.zone);
+    const std::string_view columns = utmref::ColumnLetters(utm.zone);
     const std::int32_t column = SquareNumber(utm.easting) - 1;
     const std::int32_t row = SquareNumber(utm.northing);
     if (!HasIndex(columns, column) || row < 0) return KOORD_ERR_GENERAL;
@@ -149,7 +149,7 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     payload->band = LetterAt(bands, BandIndex(rounded[0]));
     payload->column = LetterAt(columns, column);
     payload->row =
-        LetterAt(Utmref_RowLetters(datum->ellipsoid), (row + Utmref_RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
+        LetterAt(utmref::RowLetters(datum->ellipsoid), (row + utmref::RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
     payload->easting = TruncateToInt32(utm.easting) % WHOLE_SQUARE;
     payload->northing = TruncateToInt32(utm.northing) % WHOLE_SQUARE;
     return KOORD_OK;
@@ -159,10 +159,10 @@ KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], co
     const DatumRow* datum = RowOf(inverse->datum);
     if (datum == nullptr) return KOORD_ERR_GENERAL;
     UtmrefBand band;
-    if (!Utmref_FindBand(payload->band, &band)) return KOORD_ERR_GENERAL;
-    const std::int32_t row = FindRow(payload->row, Utmref_RowLetters(datum->ellipsoid), payload->zone, band,
+    if (!utmref::FindBand(payload->band, &band)) return KOORD_ERR_GENERAL;
+    const std::int32_t row = FindRow(payload->row, utmref::RowLetters(datum->ellipsoid), payload->zone, band,
                                      EDGE_DISTANCES[datum->ellipsoid]);
-    const std::int32_t column = LetterIndex(Utmref_ColumnLetters(payload->zone), payload->column);
+    const std::int32_t column = LetterIndex(utmref::ColumnLetters(payload->zone), payload->column);
     if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
 
     const double southernEdge =

@@ -23,27 +23,29 @@ inline constexpr std::int32_t UTMREF_ROW_CYCLE = 20;
 inline constexpr std::int32_t UTMREF_EVEN_ZONE_ROW_SHIFT = 5;
 inline constexpr double UTMREF_BAND_DEGREES = 8.0;
 
-[[nodiscard]] constexpr std::string_view Utmref_ColumnLetters(std::int32_t zone) {
-    return UTMREF_COLUMNS_BY_ZONE[(zone % 3 + 3) % 3];
-}
-
-[[nodiscard]] inline std::string_view Utmref_RowLetters(std::uint32_t ellipsoid) {
-    return UTMREF_UsesSchemeAA(static_cast<std::int32_t>(ellipsoid)) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
-}
-
-// How many letters on the rows of a zone begin.
-[[nodiscard]] constexpr std::int32_t Utmref_RowShift(std::int32_t zone) {
-    return zone % 2 == 0 ? UTMREF_EVEN_ZONE_ROW_SHIFT : 0;
-}
-
 struct UtmrefBand {
     bool south;
     double nearEdge;  // degrees from the equator
     double farEdge;
 };
 
+namespace utmref {
+
+[[nodiscard]] constexpr std::string_view ColumnLetters(std::int32_t zone) {
+    return UTMREF_COLUMNS_BY_ZONE[(zone % 3 + 3) % 3];
+}
+
+[[nodiscard]] inline std::string_view RowLetters(std::uint32_t ellipsoid) {
+    return UTMREF_UsesSchemeAA(static_cast<std::int32_t>(ellipsoid)) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
+}
+
+// How many letters on the rows of a zone begin.
+[[nodiscard]] constexpr std::int32_t RowShift(std::int32_t zone) {
+    return zone % 2 == 0 ? UTMREF_EVEN_ZONE_ROW_SHIFT : 0;
+}
+
 // False for a letter that names no band.
-[[nodiscard]] constexpr bool Utmref_FindBand(char letter, UtmrefBand* band) {
+[[nodiscard]] constexpr bool FindBand(char letter, UtmrefBand* band) {
     const std::int32_t northIndex = LetterIndex(UTMREF_NORTH_BANDS, letter);
     const std::int32_t southIndex = LetterIndex(UTMREF_SOUTH_BANDS, letter);
     if (northIndex == NO_LETTER && southIndex == NO_LETTER) return false;
@@ -54,5 +56,7 @@ struct UtmrefBand {
         letter == UTMREF_NORTH_BANDS.back() ? UTM_LIMITS.north : band->nearEdge + UTMREF_BAND_DEGREES;
     return true;
 }
+
+}  // namespace utmref
 
 }  // namespace tessara

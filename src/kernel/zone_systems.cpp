@@ -93,7 +93,8 @@ KoordStatus ToGeodetic(const StripSystem& system, const GkPayload* payload, doub
 
     double lon;
     double lat;
-    TM_Inverse(easting, payload->northing, STRIP_SCALE, ZONE_FALSE_EASTING, 0.0, meridian, &lon, &lat, inverse);
+    TM_Inverse(easting, payload->northing, STRIP_SCALE, ZONE_FALSE_EASTING, 0.0, meridian, &lon, &lat,
+               inverse);
     const std::int32_t origin = StripOrigin(system, inverse->datum);
     if (origin != 0) {
         lon += origin;

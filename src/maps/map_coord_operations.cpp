@@ -3,8 +3,8 @@
 #include <new>
 
 #include "maps/creation.h"
-#include "objects/default_koord.h"
 #include "objects/koord_access.h"
+#include "records/default_koord.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/geo_date.h"

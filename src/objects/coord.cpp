@@ -1,10 +1,10 @@
 #include "objects/coord.h"
 
 #include "kernel/numeric.h"
-#include "objects/default_koord.h"
 #include "objects/koord_access.h"
-#include "objects/koord_shift.h"
-#include "objects/zones.h"
+#include "records/default_koord.h"
+#include "records/koord_shift.h"
+#include "records/zones.h"
 #include "tessara/coord_geographic.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/kernel/constants.h"
@@ -84,7 +84,7 @@ bool Coord::SetGeographic(ICoordGeographic* source) {
         CKoord wgs84;
         Store(wgs84, position);
         // The default record wants no zone: the new position finds its natural one.
-        if (Zones_Exist(SystemOf(koord_))) ResetToDefault(&koord_);
+        if (zones::Exist(SystemOf(koord_))) ResetToDefault(&koord_);
         if (KoordConvert(&wgs84, &koord_) != KOORD_OK) return false;
     }
     koord_.SetHeight(position.height);
@@ -166,11 +166,11 @@ bool Coord::GetKoord(CKoord* koord) {
 }
 
 bool Coord::ShiftEast(double delta) {
-    return valid_ && Koord_Shift(Axis::East, delta, &koord_);
+    return valid_ && koord::Shift(Axis::East, delta, &koord_);
 }
 
 bool Coord::ShiftNorth(double delta) {
-    return valid_ && Koord_Shift(Axis::North, delta, &koord_);
+    return valid_ && koord::Shift(Axis::North, delta, &koord_);
 }
 
 double Coord::EastDifference(ICoord* other) {
@@ -184,7 +184,7 @@ double Coord::NorthDifference(ICoord* other) {
 double Coord::DifferenceTo(ICoord* other, Axis axis) {
     CKoord to;
     if (!valid_ || !KoordFromCoord(other, &to)) return UNKNOWN_DIFFERENCE;
-    return Koord_Difference(axis, koord_, to);
+    return koord::Difference(axis, koord_, to);
 }
 
 ICoord* CreateClassCoord() {

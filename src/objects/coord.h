@@ -1,6 +1,6 @@
 #pragma once
 
-#include "objects/axis.h"
+#include "records/axis.h"
 #include "tessara/ckoord.h"
 #include "tessara/coord.h"
 #include "tessara/object.h"

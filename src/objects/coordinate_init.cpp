@@ -1,7 +1,7 @@
 #include "objects/coordinate_init.h"
 
-#include "objects/default_koord.h"
 #include "objects/koord_access.h"
+#include "records/default_koord.h"
 #include "tessara/ref.h"
 
 namespace tessara {

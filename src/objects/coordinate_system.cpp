@@ -1,7 +1,7 @@
 #include "objects/coordinate_system.h"
 
 #include "objects/name_text.h"
-#include "objects/reference.h"
+#include "records/reference.h"
 #include "tessara/kernel/names.h"
 
 namespace tessara {

@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "objects/axis_copy.h"
 #include "objects/koord_access.h"
 #include "objects/map_datum.h"
-#include "objects/reference.h"
+#include "records/axis_copy.h"
+#include "records/reference.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/map.h"

@@ -1,7 +1,7 @@
 #include "objects/geo_date.h"
 
 #include "objects/name_text.h"
-#include "objects/reference.h"
+#include "records/reference.h"
 #include "tessara/kernel/datum.h"
 
 namespace tessara {

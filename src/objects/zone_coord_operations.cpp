@@ -1,8 +1,8 @@
 #include "objects/zone_coord_operations.h"
 
 #include "objects/koord_access.h"
-#include "objects/zone_borders.h"
-#include "objects/zones.h"
+#include "records/zone_borders.h"
+#include "records/zones.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/ref.h"
@@ -16,7 +16,7 @@ bool WriteBorder(Compass side, ICoord* coord, ICoord* out) {
     const IRef<ICoord> source(coord);
     const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToBorder(side, &koord) &&
+    return KoordFromCoord(source.Get(), &koord) && zones::MoveToBorder(side, &koord) &&
            KoordToCoord(&koord, target.Get());
 }
 
@@ -24,8 +24,8 @@ bool WriteBorderAtEquator(Compass side, ICoord* coord, ICoord* out) {
     const IRef<ICoord> source(coord);
     const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToEquator(&koord) &&
-           Zones_MoveToBorder(side, &koord) && KoordToCoord(&koord, target.Get());
+    return KoordFromCoord(source.Get(), &koord) && zones::MoveToEquator(&koord) &&
+           zones::MoveToBorder(side, &koord) && KoordToCoord(&koord, target.Get());
 }
 
 ZoneLimit WriteLimit(Compass direction, ICoord* coord, ICoord* out) {
@@ -33,7 +33,7 @@ ZoneLimit WriteLimit(Compass direction, ICoord* coord, ICoord* out) {
     const IRef<ICoord> target(out);
     CKoord koord;
     if (!target.IsValid() || !KoordFromCoord(source.Get(), &koord)) return ZoneLimit::Failure;
-    const ZoneLimit found = Zones_MoveToLimit(direction, &koord);
+    const ZoneLimit found = zones::MoveToLimit(direction, &koord);
     if (found != ZoneLimit::Border) return found;
     return KoordToCoord(&koord, target.Get()) ? found : ZoneLimit::Failure;
 }
@@ -44,7 +44,7 @@ bool ZoneCoordOperations::HasZones(ICoord* coord) {
     const IRef<ICoord> source(coord);
     const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
     if (!source.IsValid() || !reference.IsValid()) return false;
-    return source->GetReference(reference.Get()) && Zones_Exist(reference->GetSystem());
+    return source->GetReference(reference.Get()) && zones::Exist(reference->GetSystem());
 }
 
 std::int32_t ZoneCoordOperations::GetEastBorder(ICoord* coord, ICoord* out) {
@@ -75,24 +75,24 @@ bool ZoneCoordOperations::GetZoneCentre(ICoord* coord, ICoord* out) {
     const IRef<ICoord> source(coord);
     const IRef<ICoord> target(out);
     CKoord koord;
-    return KoordFromCoord(source.Get(), &koord) && Zones_MoveToCentre(&koord) &&
+    return KoordFromCoord(source.Get(), &koord) && zones::MoveToCentre(&koord) &&
            KoordToCoord(&koord, target.Get());
 }
 
 std::int32_t ZoneCoordOperations::GetZoneNumber(ICoord* coord) {
     CKoord koord;
-    return KoordFromCoord(coord, &koord) ? Zones_Number(koord) : UNKNOWN_ZONE;
+    return KoordFromCoord(coord, &koord) ? zones::Number(koord) : UNKNOWN_ZONE;
 }
 
 std::int32_t ZoneCoordOperations::GetZoneFactor(ICoord* coord) {
     CKoord koord;
-    return KoordFromCoord(coord, &koord) ? Zones_Factor(koord) : UNKNOWN_ZONE;
+    return KoordFromCoord(coord, &koord) ? zones::Factor(koord) : UNKNOWN_ZONE;
 }
 
 bool ZoneCoordOperations::MoveToZone(std::int32_t delta, ICoord* coord) {
     const IRef<ICoord> target(coord);
     CKoord koord;
-    return KoordFromCoord(target.Get(), &koord) && Zones_Move(delta, &koord) &&
+    return KoordFromCoord(target.Get(), &koord) && zones::Move(delta, &koord) &&
            KoordToCoord(&koord, target.Get());
 }
 

@@ -1,5 +1,5 @@
-// What a record's datum, type and parameters determine before any position is known, where it takes computing:
-// everything else stands in tables.
+// What a record's datum, type and parameters determine before any position is known, where it takes
+// computing: everything else stands in tables.
 #pragma once
 
 #include "tessara/kernel/koord.h"

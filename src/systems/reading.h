@@ -1,6 +1,6 @@
-// How a row of the table of systems names its conversions: Read<UTM_ToGeodetic>, Write<UTM_FromGeodetic>. What a
-// conversion takes besides the position and the payload - nothing, the datum, the constants of one or both
-// directions - follows from its signature.
+// How a row of the table of systems names its conversions: Read<UTM_ToGeodetic>, Write<UTM_FromGeodetic>.
+// What a conversion takes besides the position and the payload - nothing, the datum, the constants of one or
+// both directions - follows from its signature.
 #pragma once
 
 #include <new>

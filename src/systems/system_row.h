@@ -1,5 +1,5 @@
-// What a coordinate type is. One row of the table in systems.cpp holds all that the rest of the library must know
-// of a type; whoever asks "which systems do ..." reads it there.
+// What a coordinate type is. One row of the table in systems.cpp holds all that the rest of the library must
+// know of a type; whoever asks "which systems do ..." reads it there.
 #pragma once
 
 #include <array>
@@ -38,8 +38,8 @@ struct WantedZones {
     std::int32_t first;
     std::int32_t last;
     std::int32_t step;
-    // The two that end the system: a point beyond the central line of an outermost zone stays in it, since its
-    // natural zone would put it at the other end of the numbering.
+    // The two that end the system: a point beyond the central line of an outermost zone stays in it, since
+    // its natural zone would put it at the other end of the numbering.
     std::int32_t outerWest;
     std::int32_t outerEast;
 };
@@ -80,7 +80,8 @@ struct SystemRow;
 
 struct RangeRow {
     RangeTest test = RangeTest::Refused;
-    // Whether what could be written is in range: the conversion itself refuses the rest, or nothing is refused.
+    // Whether what could be written is in range: the conversion itself refuses the rest, or nothing is
+    // refused.
     bool holdsOnceWritten = false;
     // The verdict on a record; null for a type without one.
     KoordStatus (*check)(const tagKOORD& record, const SystemRow& row) = nullptr;

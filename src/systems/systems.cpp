@@ -209,10 +209,10 @@ constexpr SystemRow LetterGrid(std::int32_t type, const char* name, const Limits
 
 // Between the whole numbers of the grid and the metres in the square stand both letters, or the second one.
 constexpr SystemRow WithSquareText(SystemRow row, RecordField square) {
-    row.east.text = {{FIELD(Number, LetterGridPayload, fullEasting), square,
-                      FIELD(Number, LetterGridPayload, easting)}};
-    row.north.text = {{FIELD(Number, LetterGridPayload, fullNorthing), square,
-                       FIELD(Number, LetterGridPayload, northing)}};
+    row.east.text = {
+        {FIELD(Number, LetterGridPayload, fullEasting), square, FIELD(Number, LetterGridPayload, easting)}};
+    row.north.text = {
+        {FIELD(Number, LetterGridPayload, fullNorthing), square, FIELD(Number, LetterGridPayload, northing)}};
     return row;
 }
 
@@ -415,14 +415,11 @@ constexpr SystemRow Geograd() {
                  .display = DisplayStyle::Seconds,
                  .carry = 60.0,
                  .unitsPerDegree = 3600.0},
-        .outputs = {{OUTPUT("latDegrees", Whole16, P, latDegrees),
-                     OUTPUT("latMinutes", Whole16, P, latMinutes),
-                     OUTPUT("latSeconds", Seconds, P, latSeconds),
-                     LETTERS("latHemisphere", P, latHemisphere, 1),
-                     OUTPUT("lonDegrees", Whole16, P, lonDegrees),
-                     OUTPUT("lonMinutes", Whole16, P, lonMinutes),
-                     OUTPUT("lonSeconds", Seconds, P, lonSeconds),
-                     LETTERS("lonHemisphere", P, lonHemisphere, 1)}},
+        .outputs =
+            {{OUTPUT("latDegrees", Whole16, P, latDegrees), OUTPUT("latMinutes", Whole16, P, latMinutes),
+              OUTPUT("latSeconds", Seconds, P, latSeconds), LETTERS("latHemisphere", P, latHemisphere, 1),
+              OUTPUT("lonDegrees", Whole16, P, lonDegrees), OUTPUT("lonMinutes", Whole16, P, lonMinutes),
+              OUTPUT("lonSeconds", Seconds, P, lonSeconds), LETTERS("lonHemisphere", P, lonHemisphere, 1)}},
     };
 }
 
@@ -468,8 +465,7 @@ constexpr SystemRow Gk() {
     row.read = Read<GK_ToGeodetic>;
     row.write = Write<GK_FromGeodetic>;
     row.defaultPayload = DefaultGk(3);
-    row.extremes = {
-        .rule = ExtremesRule::Positions, .corners = &GK_CORNERS, .cornersOnKkj = &GK_KKJ_CORNERS};
+    row.extremes = {.rule = ExtremesRule::Positions, .corners = &GK_CORNERS, .cornersOnKkj = &GK_KKJ_CORNERS};
     return row;
 }
 
@@ -547,12 +543,10 @@ constexpr SystemRow GeodezMin() {
                  .display = DisplayStyle::Minutes,
                  .carry = 60.0,
                  .unitsPerDegree = 60.0},
-        .outputs = {{OUTPUT("latDegrees", Whole16, P, latDegrees),
-                     OUTPUT("latMinutes", Minutes, P, latMinutes),
-                     LETTERS("latHemisphere", P, latHemisphere, 1),
-                     OUTPUT("lonDegrees", Whole16, P, lonDegrees),
-                     OUTPUT("lonMinutes", Minutes, P, lonMinutes),
-                     LETTERS("lonHemisphere", P, lonHemisphere, 1)}},
+        .outputs =
+            {{OUTPUT("latDegrees", Whole16, P, latDegrees), OUTPUT("latMinutes", Minutes, P, latMinutes),
+              LETTERS("latHemisphere", P, latHemisphere, 1), OUTPUT("lonDegrees", Whole16, P, lonDegrees),
+              OUTPUT("lonMinutes", Minutes, P, lonMinutes), LETTERS("lonHemisphere", P, lonHemisphere, 1)}},
     };
 }
 
@@ -671,8 +665,8 @@ constexpr SystemRow Bng() {
 }
 
 constexpr SystemRow Ing() {
-    SystemRow row = WithSquareText(LetterGrid(KOORD_ING, "ING", ING_LIMITS),
-                                   FIELD(Letter, LetterGridPayload, subSquare));
+    SystemRow row =
+        WithSquareText(LetterGrid(KOORD_ING, "ING", ING_LIMITS), FIELD(Letter, LetterGridPayload, subSquare));
     row.read = Read<ING_ToGeodetic>;
     row.write = Write<ING_FromGeodetic>;
     return row;
@@ -706,9 +700,9 @@ constexpr SystemRow LambertCc() {
 #undef LETTERS
 
 constexpr std::array<SystemRow, KOORD_TYPE_COUNT> ROWS{
-    LongPixel(), FloatPixel(), Utm(),   Utmref(), Geodez(),    Geograd(), Georef(),     Gk(),
-    Bmn(),       Oem(),        Ch(),    Ecef(),   GeodezMin(), Gk6(),     GkAt(),       Ups(),
-    PoMilitary(), Tm(),        Vdg(),   Bng(),    Ing(),       Rd(),      Luref(),      LambertCc(),
+    LongPixel(),  FloatPixel(), Utm(), Utmref(), Geodez(),    Geograd(), Georef(), Gk(),
+    Bmn(),        Oem(),        Ch(),  Ecef(),   GeodezMin(), Gk6(),     GkAt(),   Ups(),
+    PoMilitary(), Tm(),         Vdg(), Bng(),    Ing(),       Rd(),      Luref(),  LambertCc(),
 };
 
 constexpr bool StandInTheirPlaces() {

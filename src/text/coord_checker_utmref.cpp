@@ -5,6 +5,7 @@
 
 #include "frame/tessara_string.h"
 #include "objects/koord_access.h"
+#include "records/utmref_squares.h"
 #include "tessara/array.h"
 #include "tessara/ref.h"
 #include "text/text_of.h"
@@ -84,7 +85,7 @@ bool RefillForTexts(FindChoices find, std::int32_t datum, const Texts<4>& texts,
 bool RefillForCoord(FindChoices find, ICoord* coord, IArray* list) try {
     CKoord koord;
     UtmrefPieces pieces;
-    if (!KoordFromCoord(coord, &koord) || !Utmref_Split(koord, &pieces)) return false;
+    if (!KoordFromCoord(coord, &koord) || !utmref::Split(koord, &pieces)) return false;
     return RefillFor(find, static_cast<std::int32_t>(koord.datum), pieces, list);
 } catch (const std::bad_alloc&) {
     return false;
@@ -94,37 +95,37 @@ bool RefillForCoord(FindChoices find, ICoord* coord, IArray* list) try {
 
 bool CoordCheckerUTMREF::CheckCoord(ICoord* coord) {
     CKoord koord;
-    return KoordFromCoord(coord, &koord) && Utmref_HasExistingPieces(koord);
+    return KoordFromCoord(coord, &koord) && utmref::NamesSquare(koord);
 }
 
 bool CoordCheckerUTMREF::GetZoneList(IArray* list) try {
-    return Refill(Utmref_ZoneChoices(), list);
+    return Refill(utmref::ZoneChoices(), list);
 } catch (const std::bad_alloc&) {
     return false;
 }
 
 bool CoordCheckerUTMREF::GetBandList(IArray* list) try {
-    return Refill(Utmref_BandChoices(), list);
+    return Refill(utmref::BandChoices(), list);
 } catch (const std::bad_alloc&) {
     return false;
 }
 
 bool CoordCheckerUTMREF::GetColumnList(IArray* list, std::int32_t datum, ITessaraString* zone,
                                        ITessaraString* band, ITessaraString* column, ITessaraString* row) {
-    return RefillForTexts(Utmref_ColumnChoices, datum, Texts<4>({zone, band, column, row}), list);
+    return RefillForTexts(utmref::ColumnChoices, datum, Texts<4>({zone, band, column, row}), list);
 }
 
 bool CoordCheckerUTMREF::GetColumnListOf(IArray* list, ICoord* coord) {
-    return RefillForCoord(Utmref_ColumnChoices, coord, list);
+    return RefillForCoord(utmref::ColumnChoices, coord, list);
 }
 
 bool CoordCheckerUTMREF::GetRowList(IArray* list, std::int32_t datum, ITessaraString* zone,
                                     ITessaraString* band, ITessaraString* column, ITessaraString* row) {
-    return RefillForTexts(Utmref_RowChoices, datum, Texts<4>({zone, band, column, row}), list);
+    return RefillForTexts(utmref::RowChoices, datum, Texts<4>({zone, band, column, row}), list);
 }
 
 bool CoordCheckerUTMREF::GetRowListOf(IArray* list, ICoord* coord) {
-    return RefillForCoord(Utmref_RowChoices, coord, list);
+    return RefillForCoord(utmref::RowChoices, coord, list);
 }
 
 bool CoordCheckerUTMREF::SplitCoord(ICoord* coord, ITessaraString* zone, ITessaraString* band,
@@ -133,7 +134,7 @@ bool CoordCheckerUTMREF::SplitCoord(ICoord* coord, ITessaraString* zone, ITessar
     const Texts<6> texts({zone, band, column, row, easting, northing});
     CKoord koord;
     UtmrefPieces pieces;
-    return KoordFromCoord(coord, &koord) && Utmref_Split(koord, &pieces) &&
+    return KoordFromCoord(coord, &koord) && utmref::Split(koord, &pieces) &&
            texts.Write(
                {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
 } catch (const std::bad_alloc&) {
@@ -147,7 +148,7 @@ bool CoordCheckerUTMREF::ComposeCoord(ITessaraString* zone, ITessaraString* band
     UtmrefPieces pieces;
     const bool haveTexts = texts.Read(
         {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
-    return haveTexts && target != nullptr && Utmref_Compose(pieces, target);
+    return haveTexts && target != nullptr && utmref::Compose(pieces, target);
 } catch (const std::bad_alloc&) {
     return false;
 }

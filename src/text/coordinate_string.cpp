@@ -4,9 +4,9 @@
 #include <new>
 
 #include "objects/koord_access.h"
-#include "objects/reference.h"
+#include "records/check_record.h"
+#include "records/reference.h"
 #include "tessara/coordinate_transfer.h"
-#include "text/check_record.h"
 #include "text/display_text.h"
 #include "text/number_text.h"
 #include "text/read_text.h"
@@ -106,9 +106,9 @@ bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraStrin
 
     const std::int32_t system = wanted->GetSystem();
     tagKOORD record = MakeKoord(wanted->GetDatum(), system);
-    if (!Text_Read(northText, eastText, &record)) return false;
+    if (!text::Read(northText, eastText, &record)) return false;
     const CKoord parsed(record);
-    if (!Check_Record(parsed)) return false;
+    if (!IsLegalRecord(parsed)) return false;
     UnsetPrecisionsIfOther(system);
     return KoordToCoord(&parsed, coord_.Get()) && coord_->GetReference(reference_.Get());
 } catch (const std::bad_alloc&) {
@@ -116,12 +116,12 @@ bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraStrin
 }
 
 bool CoordinateString::SetPrecision(Axis axis, double resolution) {
-    PrecisionOf(axis) = Precision_OfResolution(resolution, System());
+    PrecisionOf(axis) = precision::OfResolution(resolution, System());
     return true;
 }
 
 bool CoordinateString::SetDefaultPrecision(Axis axis) {
-    PrecisionOf(axis) = Precision_Default(System());
+    PrecisionOf(axis) = precision::Default(System());
     return true;
 }
 
@@ -145,7 +145,7 @@ bool CoordinateString::MakePlainText(Axis axis, std::string* text) {
     if (PrecisionOf(axis) == PRECISION_UNSET) SetDefaultPrecision(axis);
     CKoord koord;
     return KoordFromCoord(coord_.Get(), &koord) &&
-           Text_Write(axis, koord, Precision_Decimals(PrecisionOf(axis)), text);
+           text::Write(axis, koord, precision::Decimals(PrecisionOf(axis)), text);
 }
 
 bool CoordinateString::GetText(Axis axis, ITessaraString* text) try {
@@ -176,10 +176,10 @@ bool CoordinateString::GetDisplayText(Axis axis, ITessaraString* text) try {
     std::string& own = axis == Axis::North ? plain.north : plain.east;
     std::string& other = axis == Axis::North ? plain.east : plain.north;
     if (!TextOf(text, &own)) return false;
-    if (Text_DisplaysBothAxes(System()) && !MakePlainText(OtherAxis(axis), &other)) return false;
+    if (text::DisplaysBothAxes(System()) && !MakePlainText(OtherAxis(axis), &other)) return false;
 
     std::string display;
-    if (!Text_Display(axis, System(), PrecisionOf(axis), plain, &display)) return false;
+    if (!text::Display(axis, System(), PrecisionOf(axis), plain, &display)) return false;
     target->AssignText(display.c_str());
     return true;
 } catch (const std::bad_alloc&) {
@@ -209,7 +209,7 @@ bool CoordinateString::GetCartesianTexts(ITessaraString* x, ITessaraString* y, I
     ThreeTexts texts(x, y, z);
     CKoord koord;
     if (!texts.Clear() || !ConvertHeld(KOORD_ECEF, &koord)) return false;
-    const int decimals = std::max(Precision_Decimals(northPrecision_), Precision_Decimals(eastPrecision_));
+    const int decimals = std::max(precision::Decimals(northPrecision_), precision::Decimals(eastPrecision_));
     const auto ecef = Load<EcefPayload>(koord);
     return texts.Write({ecef.x, ecef.y, ecef.z}, {decimals, decimals, decimals});
 }
@@ -226,7 +226,7 @@ bool CoordinateString::GetGeographicTexts(ITessaraString* latitude, ITessaraStri
     const auto position = Load<GeodezPayload>(koord);
     return texts.Write(
         {position.latitude, position.longitude, koord.GetHeight()},
-        {Precision_Decimals(northPrecision_), Precision_Decimals(eastPrecision_), HEIGHT_DECIMALS});
+        {precision::Decimals(northPrecision_), precision::Decimals(eastPrecision_), HEIGHT_DECIMALS});
 }
 
 ICoordinateString* CreateClassCoordinateString() {

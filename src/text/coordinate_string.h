@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "objects/axis.h"
+#include "records/axis.h"
 #include "tessara/coord.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/coordinate_string.h"

@@ -107,13 +107,13 @@ std::string DisplayAxis(Axis axis, std::int32_t system, int precision, const std
 
 }  // namespace
 
-bool Text_DisplaysBothAxes(std::int32_t system) {
+bool text::DisplaysBothAxes(std::int32_t system) {
     return SystemOf(system).text.display == DisplayStyle::Reference;
 }
 
-bool Text_Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
-                  std::string* display) {
-    if (Text_DisplaysBothAxes(system)) return DisplayUtmref(precision, plain, display);
+bool text::Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
+                   std::string* display) {
+    if (text::DisplaysBothAxes(system)) return DisplayUtmref(precision, plain, display);
     const std::string& text = axis == Axis::North ? plain.north : plain.east;
     Tokens tokens(text);
     *display = DisplayAxis(axis, system, precision, text, &tokens);

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "objects/axis.h"
+#include "records/axis.h"
 
 namespace tessara {
 
@@ -15,13 +15,17 @@ struct PlainTexts {
     std::string east;
 };
 
-// Whether the display text of one axis shows the other axis too: the whole reference of UTMREF.
-[[nodiscard]] bool Text_DisplaysBothAxes(std::int32_t system);
+namespace text {
 
-// The display text of an axis. Only the plain text of the axis is looked at where Text_DisplaysBothAxes is
+// Whether the display text of one axis shows the other axis too: the whole reference of UTMREF.
+[[nodiscard]] bool DisplaysBothAxes(std::int32_t system);
+
+// The display text of an axis. Only the plain text of the axis is looked at where DisplaysBothAxes is
 // false. False if a text lacks the words that the form needs.
-bool Text_Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
-                  std::string* display);
+bool Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
+             std::string* display);
+
+}  // namespace text
 
 // Word n of a text, from 0 on; words stand apart by blanks. Word 0 of an empty text is empty. False if there
 // are fewer than n separations.

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "objects/zones.h"
+#include "records/zones.h"
 #include "tessara/kernel/constants.h"
 #include "text/text_layout.h"
 #include "text/text_reader.h"
@@ -87,8 +87,8 @@ void FindAustrianMeridian(tagKOORD* record) {
         auto strip = payload;
         strip.meridian = meridian;
         Store(centre, strip);
-        if (!Zones_MoveToCentre(&centre)) continue;
-        const double distance = std::fabs(Zones_East(*record) - Zones_East(centre));
+        if (!zones::MoveToCentre(&centre)) continue;
+        const double distance = std::fabs(zones::East(*record) - zones::East(centre));
         if (!(distance < nearest)) continue;
         nearest = distance;
         payload.meridian = meridian;
@@ -98,10 +98,10 @@ void FindAustrianMeridian(tagKOORD* record) {
 
 }  // namespace
 
-bool Text_Read(std::string_view north, std::string_view east, tagKOORD* record) {
+bool text::Read(std::string_view north, std::string_view east, tagKOORD* record) {
     if (record->type == KOORD_ECEF) return false;
     if (!ReadFields(Axis::North, north, record) || !ReadFields(Axis::East, east, record)) return false;
-    Zones_Want(NO_WANTED_ZONE, record);
+    zones::Want(NO_WANTED_ZONE, record);
     if (record->type == KOORD_BMN || record->type == KOORD_OEM) FindAustrianMeridian(record);
     return true;
 }

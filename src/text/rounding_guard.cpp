@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "areas/system_extremes.h"
-#include "objects/axis_values.h"
-#include "objects/koord_shift.h"
+#include "records/axis_values.h"
+#include "records/koord_shift.h"
+#include "records/system_extremes.h"
 #include "systems/fields.h"
 
 namespace tessara {
@@ -32,25 +32,25 @@ bool Carries(Axis axis, double half, const tagKOORD& record) {
 void MoveBeforeLimit(Axis axis, double half, tagKOORD* record) {
     const Compass direction = axis == Axis::North ? Compass::North : Compass::East;
     const bool hasLimit =
-        record->type != KOORD_UTMREF && System_Extreme(direction, static_cast<std::int32_t>(record->datum),
-                                                       static_cast<std::int32_t>(record->type), record);
-    if (!hasLimit) Koord_Shift(axis, -half, record);
+        record->type != KOORD_UTMREF && FindSystemExtreme(direction, static_cast<std::int32_t>(record->datum),
+                                                          static_cast<std::int32_t>(record->type), record);
+    if (!hasLimit) koord::Shift(axis, -half, record);
 }
 
 }  // namespace
 
-tagKOORD Text_CarryRounding(Axis axis, int decimals, const tagKOORD& record) {
+tagKOORD text::CarryRounding(Axis axis, int decimals, const tagKOORD& record) {
     const double half = HalfUnit(decimals);
     tagKOORD shown = record;
     if (!Carries(axis, half, shown)) return shown;
 
     const double step = half / SystemOf(record).text.unitsPerDegree;
-    if (!Koord_Shift(axis, step, &shown)) {
+    if (!koord::Shift(axis, step, &shown)) {
         MoveBeforeLimit(axis, step, &shown);
         return shown;
     }
     // A shift that was to end on the carry may end a hair before it, and the text would still show it.
-    if (Carries(axis, half, shown)) Koord_Shift(axis, step, &shown);
+    if (Carries(axis, half, shown)) koord::Shift(axis, step, &shown);
     return shown;
 }
 

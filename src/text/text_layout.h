@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "objects/axis.h"
+#include "records/axis.h"
 #include "systems/fields.h"
 
 namespace tessara {

@@ -23,18 +23,18 @@ std::int16_t PrecisionOf(double value) {
 
 }  // namespace
 
-std::int16_t Precision_OfResolution(double resolution, std::int32_t system) {
+std::int16_t precision::OfResolution(double resolution, std::int32_t system) {
     const TextRow& text = SystemOf(system).text;
     if (text.unitsPerDegree == 1.0) return PrecisionOf(resolution);
     const double value = resolution * text.unitsPerDegree;
     return static_cast<std::int16_t>(PrecisionOf(value) + (value >= text.carry ? 1 : 0));
 }
 
-std::int16_t Precision_Default(std::int32_t system) {
+std::int16_t precision::Default(std::int32_t system) {
     return SystemOf(system).text.defaultPrecision;
 }
 
-int Precision_Decimals(std::int16_t precision) {
+int precision::Decimals(std::int16_t precision) {
     return precision < 0 ? -precision : 0;
 }
 

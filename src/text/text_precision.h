@@ -6,15 +6,19 @@
 
 namespace tessara {
 
+namespace precision {
+
 // The precision of a resolution in units of the system, degrees in the angular ones: the greatest power of
 // ten at most as large, from -7 to 5. GEOGRAD counts in seconds and GEODEZMIN in minutes, one step coarser
 // from 60 on.
-[[nodiscard]] std::int16_t Precision_OfResolution(double resolution, std::int32_t system);
+[[nodiscard]] std::int16_t OfResolution(double resolution, std::int32_t system);
 
 // What a system shows where nobody asked for a precision; PRECISION_UNSET for a system without texts.
-[[nodiscard]] std::int16_t Precision_Default(std::int32_t system);
+[[nodiscard]] std::int16_t Default(std::int32_t system);
 
 // How many decimals that is; none for PRECISION_UNSET.
-[[nodiscard]] int Precision_Decimals(std::int16_t precision);
+[[nodiscard]] int Decimals(std::int16_t precision);
+
+}  // namespace precision
 
 }  // namespace tessara

@@ -4,10 +4,10 @@
 #include <string_view>
 
 #include "kernel/utmref_letters.h"
+#include "records/utmref_squares.h"
 #include "tessara/kernel/constants.h"
 #include "text/number_text.h"
 #include "text/text_reader.h"
-#include "text/utmref_squares.h"
 
 namespace tessara {
 namespace {
@@ -44,7 +44,7 @@ bool HasLetter(const std::string& letters, std::string_view text) {
 
 bool IsBand(char letter) {
     UtmrefBand band;
-    return Utmref_FindBand(letter, &band);
+    return utmref::FindBand(letter, &band);
 }
 
 bool IsDigitGroup(std::string_view text) {
@@ -69,7 +69,7 @@ Square SquareOf(const UtmrefPieces& pieces) {
 // The first zone whose letters have a column; NO_ZONE for a letter of none.
 std::int32_t FirstZoneWith(char column) {
     for (std::int32_t zone = FIRST_ZONE; zone < FIRST_ZONE + 3; ++zone) {
-        if (LetterIndex(Utmref_ColumnLetters(zone), column) != NO_LETTER) return zone;
+        if (LetterIndex(utmref::ColumnLetters(zone), column) != NO_LETTER) return zone;
     }
     return NO_ZONE;
 }
@@ -82,15 +82,15 @@ Square SquareWithDefaults(const UtmrefPieces& pieces, bool withColumn) {
         square.zone = fromColumn ? FirstZoneWith(square.column) : FIRST_ZONE;
     }
     if (pieces.band.empty()) square.band = DEFAULT_BAND.front();
-    if (pieces.column.empty()) square.column = LetterAt(Utmref_ColumnLetters(square.zone), DEFAULT_COLUMN);
+    if (pieces.column.empty()) square.column = LetterAt(utmref::ColumnLetters(square.zone), DEFAULT_COLUMN);
     return square;
 }
 
 bool ArePossible(std::int32_t datum, const UtmrefPieces& pieces) {
     const Square square = SquareOf(pieces);
     return square.zone != NO_ZONE && IsBand(square.band) &&
-           HasLetter(Utmref_Columns(datum, square.zone, square.band), pieces.column) &&
-           HasLetter(Utmref_Rows(datum, square.zone, square.band, square.column), pieces.row) &&
+           HasLetter(utmref::Columns(datum, square.zone, square.band), pieces.column) &&
+           HasLetter(utmref::Rows(datum, square.zone, square.band, square.column), pieces.row) &&
            IsDigitGroup(pieces.easting) && IsDigitGroup(pieces.northing);
 }
 
@@ -114,35 +114,36 @@ std::vector<std::string> TextsOf(std::string_view letters) {
 
 }  // namespace
 
-std::vector<std::string> Utmref_ZoneChoices() {
+std::vector<std::string> utmref::ZoneChoices() {
     std::vector<std::string> choices;
     for (std::int32_t zone = FIRST_ZONE; zone <= UTM_ZONE_COUNT; ++zone)
         choices.push_back(WholeText(zone));
     return choices;
 }
 
-std::vector<std::string> Utmref_BandChoices() {
+std::vector<std::string> utmref::BandChoices() {
     std::string letters(UTMREF_SOUTH_BANDS.rbegin(), UTMREF_SOUTH_BANDS.rend());
     letters += UTMREF_NORTH_BANDS;
     return TextsOf(letters);
 }
 
-bool Utmref_ColumnChoices(std::int32_t datum, const UtmrefPieces& pieces, std::vector<std::string>* choices) {
+bool utmref::ColumnChoices(std::int32_t datum, const UtmrefPieces& pieces,
+                           std::vector<std::string>* choices) {
     const Square square = SquareWithDefaults(pieces, false);
     if (!IsKernelDatum(datum) || square.zone == NO_ZONE || !IsBand(square.band)) return false;
-    *choices = TextsOf(Utmref_Columns(datum, square.zone, square.band));
+    *choices = TextsOf(utmref::Columns(datum, square.zone, square.band));
     return true;
 }
 
-bool Utmref_RowChoices(std::int32_t datum, const UtmrefPieces& pieces, std::vector<std::string>* choices) {
+bool utmref::RowChoices(std::int32_t datum, const UtmrefPieces& pieces, std::vector<std::string>* choices) {
     const Square square = SquareWithDefaults(pieces, true);
     if (!IsKernelDatum(datum) || square.zone == NO_ZONE || !IsBand(square.band)) return false;
-    const std::string rows = Utmref_Rows(datum, square.zone, square.band, square.column);
+    const std::string rows = utmref::Rows(datum, square.zone, square.band, square.column);
     *choices = TextsOf(rows);
     return !rows.empty();
 }
 
-bool Utmref_Split(const tagKOORD& record, UtmrefPieces* pieces) {
+bool utmref::Split(const tagKOORD& record, UtmrefPieces* pieces) {
     if (record.type != KOORD_UTMREF || !IsKernelDatum(static_cast<std::int32_t>(record.datum))) return false;
     const auto payload = Load<UtmrefPayload>(record);
     *pieces = {WholeText(payload.zone), LetterText(payload.band),      LetterText(payload.column),
@@ -150,7 +151,7 @@ bool Utmref_Split(const tagKOORD& record, UtmrefPieces* pieces) {
     return true;
 }
 
-bool Utmref_Compose(const UtmrefPieces& pieces, tagKOORD* target) {
+bool utmref::Compose(const UtmrefPieces& pieces, tagKOORD* target) {
     const auto datum = static_cast<std::int32_t>(target->datum);
     if (!IsKernelDatum(datum) || !ArePossible(datum, pieces)) return false;
     target->type = KOORD_UTMREF;
@@ -164,11 +165,6 @@ bool Utmref_Compose(const UtmrefPieces& pieces, tagKOORD* target) {
     if (!ReadGroup(pieces.northing, &payload.northing)) return false;
     Store(*target, payload);
     return true;
-}
-
-bool Utmref_HasExistingPieces(const tagKOORD& record) {
-    UtmrefPieces pieces;
-    return Utmref_Split(record, &pieces) && ArePossible(static_cast<std::int32_t>(record.datum), pieces);
 }
 
 }  // namespace tessara

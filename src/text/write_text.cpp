@@ -45,13 +45,13 @@ bool HasNoMinutes(const tagKOORD& record) {
 
 }  // namespace
 
-bool Text_Write(Axis axis, const tagKOORD& record, int decimals, std::string* text) {
+bool text::Write(Axis axis, const tagKOORD& record, int decimals, std::string* text) {
     const std::span<const RecordField> fields = TextFieldsOf(axis, record.type);
     if (fields.empty()) return false;
     text->clear();
     if (HasNoMinutes(record)) return true;
 
-    const tagKOORD shown = Text_CarryRounding(axis, decimals, record);
+    const tagKOORD shown = text::CarryRounding(axis, decimals, record);
     for (const RecordField field : fields) {
         if (!text->empty()) *text += ' ';
         *text += FieldText(shown, field, decimals);

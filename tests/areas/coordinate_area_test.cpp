@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "areas/system_extremes.h"
+#include "records/system_extremes.h"
 #include "support/coords.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -32,7 +32,7 @@ class CoordinateAreaTest : public testing::BalancedTest {
 TEST_F(CoordinateAreaTest, WritesEachExtremeOfThePointsSystem) {
     for (std::int32_t system = 0; system <= KOORD_LUREF; ++system) {
         SystemExtremes extremes;
-        ASSERT_TRUE(System_Extremes(3, system, &extremes));
+        ASSERT_TRUE(FindSystemExtremes(3, system, &extremes));
         for (std::size_t i = 0; i < extremes.size(); ++i) {
             const IRef<ICoord> point = EmptyCoord(3, system);
             const Operation operation = SYSTEM_LIMITS[i];
@@ -54,7 +54,7 @@ TEST_F(CoordinateAreaTest, ThePointBecomesValidAndLosesItsHeight) {
 
 TEST_F(CoordinateAreaTest, WritesAllFourAtOnce) {
     SystemExtremes extremes;
-    ASSERT_TRUE(System_Extremes(2, KOORD_UTM, &extremes));
+    ASSERT_TRUE(FindSystemExtremes(2, KOORD_UTM, &extremes));
     IRef<ICoord> points[4];
     for (IRef<ICoord>& point : points)
         point = EmptyCoord(2, KOORD_UTM);

@@ -8,10 +8,10 @@
 #include <tuple>
 #include <vector>
 
-#include "areas/compare_records.h"
 #include "areas/coordinate_area.h"
 #include "areas/extremes.h"
-#include "objects/axis.h"
+#include "records/axis.h"
+#include "records/compare_records.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -491,7 +491,7 @@ class WindowsInASystem : public RectExtentsTest,
     bool IsBeyond(Compass direction, const CKoord& koord) {
         const std::int32_t outward = SignOf(direction) > 0.0 ? 1 : -1;
         const CKoord extreme = KoordOf(results[static_cast<int>(direction)]);
-        return Compare_Records(AxisOf(direction), koord, extreme) == outward;
+        return CompareRecords(AxisOf(direction), koord, extreme) == outward;
     }
 
     // Whether the place and also all pixels around it are valid and lie further out than the extreme, which

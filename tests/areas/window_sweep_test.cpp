@@ -15,15 +15,15 @@
 
 #include "areas/coordinate_area.h"
 #include "areas/extremes.h"
-#include "objects/default_koord.h"
-#include "objects/zones.h"
+#include "records/check_record.h"
+#include "records/default_koord.h"
+#include "records/zones.h"
 #include "support/edge_windows.h"
 #include "support/grids.h"
 #include "support/live_objects.h"
 #include "support/sanitized.h"
 #include "support/window_ruler.h"
 #include "tessara/host/rect.h"
-#include "text/check_record.h"
 
 namespace tessara::testing {
 namespace {
@@ -61,7 +61,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
 
     bool FindValid(double x, double y, Sampled* at) const {
         tagKOORD koord;
-        if (!Locate(x, y, &koord) || !Check_InSystemArea(koord)) return false;
+        if (!Locate(x, y, &koord) || !IsInSystemArea(koord)) return false;
         *at = {KeyOf(Axis::East, koord), KeyOf(Axis::North, koord)};
         return true;
     }
@@ -111,7 +111,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
                 for (const Compass direction : DIRECTIONS)
                     isFurther = isFurther || Outward(direction, at) > reach[Index(direction)];
                 if (!isFurther) continue;
-                if (!Check_InSystemArea(koord)) {
+                if (!IsInSystemArea(koord)) {
                     at = {NAN, NAN};
                     continue;
                 }
@@ -291,7 +291,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         for (const Sampled& at : field) {
             const double key = ValueOn(axis, at);
             if (std::isnan(key) || !IsReached(at)) continue;
-            const int zone = axis == Axis::East && Zones_Exist(system)
+            const int zone = axis == Axis::East && zones::Exist(system)
                                  ? static_cast<int>(std::lround(key / ZONE_WEIGHT))
                                  : 0;
             auto& [low, high] = ranges.try_emplace(zone, key, key).first->second;
@@ -493,18 +493,18 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
     void CheckGrids() {
         const double eastWidth = WidthOf(Axis::East), northWidth = WidthOf(Axis::North);
         if (!(eastWidth > 100.0 * UnitOf(system) && northWidth > 100.0 * UnitOf(system))) return;
-        const Ruler eastRuler{Axis::East, RoundStep(eastWidth / 3.0), Zones_Exist(system), system,
+        const Ruler eastRuler{Axis::East, RoundStep(eastWidth / 3.0), zones::Exist(system), system,
                               KeyOf(Axis::East, fresh)};
-        const Ruler northRuler{Axis::North, RoundStep(northWidth / 3.0), Zones_Exist(system), system,
+        const Ruler northRuler{Axis::North, RoundStep(northWidth / 3.0), zones::Exist(system), system,
                                KeyOf(Axis::North, fresh)};
         const auto grid = GridOf(system, map, eastRuler.step, northRuler.step, window.datum);
         const PixelRect& r = window.rect;
         if (!SetWindow(grid, r.left, r.top, r.right, r.bottom))
             return Report(REFUSED, false, "no window where there are extents");
         ++grids;
-        const bool isKnown = Zones_Exist(system) ? !ARE_ZONED_GRIDS_EXACT
-                                                 : !ARE_DATE_LINE_GRIDS_EXACT &&
-                                                       (IsOverDateLine(eastRuler) || EndsAtTheCodes());
+        const bool isKnown = zones::Exist(system) ? !ARE_ZONED_GRIDS_EXACT
+                                                  : !ARE_DATE_LINE_GRIDS_EXACT &&
+                                                        (IsOverDateLine(eastRuler) || EndsAtTheCodes());
         CheckLines(eastRuler, grid, isKnown);
         CheckLines(northRuler, grid, isKnown);
     }

@@ -5,7 +5,7 @@
 #include <climits>
 #include <cmath>
 
-#include "objects/default_koord.h"
+#include "records/default_koord.h"
 #include "support/doubles.h"
 #include "support/live_objects.h"
 #include "support/reference_file.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "objects/default_koord.h"
+#include "records/default_koord.h"
 #include "support/live_objects.h"
 #include "support/zoned_records.h"
 

@@ -1,8 +1,8 @@
 // The border operations of the zone object; zone_borders_test.cpp has the borders themselves.
 #include <gtest/gtest.h>
 
-#include "objects/axis_values.h"
 #include "objects/zone_coord_operations.h"
+#include "records/axis_values.h"
 #include "support/coords.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -101,11 +101,11 @@ TEST_F(ZoneCoordBorders, AtTheEquatorTheZoneIsWidest) {
         const IRef<ICoord> out(CreateClassCoord());
         const Axis axis = Axis::East;
         ASSERT_TRUE(zones->GetEastNeighbourAtEquator(CoordOf(c.record).Get(), out.Get()));
-        EXPECT_NEAR(Axis_Value(axis, KoordOf(out)), c.east, TOLERANCE);
+        EXPECT_NEAR(axes::Value(axis, KoordOf(out)), c.east, TOLERANCE);
         const double foot = c.record.type == KOORD_BMN ? -15560.735 : 0.0;
-        EXPECT_NEAR(Axis_Value(Axis::North, KoordOf(out)), foot, TOLERANCE);
+        EXPECT_NEAR(axes::Value(Axis::North, KoordOf(out)), foot, TOLERANCE);
         ASSERT_TRUE(zones->GetWestNeighbourAtEquator(CoordOf(c.record).Get(), out.Get()));
-        EXPECT_NEAR(Axis_Value(axis, KoordOf(out)), c.west, TOLERANCE);
+        EXPECT_NEAR(axes::Value(axis, KoordOf(out)), c.west, TOLERANCE);
     }
 }
 

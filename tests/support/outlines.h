@@ -7,7 +7,7 @@
 #include <cmath>
 #include <vector>
 
-#include "areas/polygon_outline.h"
+#include "polygons/polygon_outline.h"
 #include "support/random.h"
 
 namespace tessara::testing {

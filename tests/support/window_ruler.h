@@ -5,9 +5,9 @@
 #include <cmath>
 #include <utility>
 
-#include "objects/axis_values.h"
-#include "objects/convert_records.h"
-#include "objects/zones.h"
+#include "records/axis_values.h"
+#include "records/convert_records.h"
+#include "records/zones.h"
 #include "support/lines.h"
 #include "tessara/transformable_map_pixel.h"
 
@@ -30,9 +30,9 @@ inline double KeyOf(Axis axis, tagKOORD record) {
         default:
             break;
     }
-    if (axis == Axis::North) return Axis_SignedNorthing(record);
-    if (!Zones_Exist(static_cast<std::int32_t>(record.type))) return Axis_Value(axis, record);
-    return Zones_Number(record) * ZONE_WEIGHT + Zones_East(record);
+    if (axis == Axis::North) return axes::SignedNorthing(record);
+    if (!zones::Exist(static_cast<std::int32_t>(record.type))) return axes::Value(axis, record);
+    return zones::Number(record) * ZONE_WEIGHT + zones::East(record);
 }
 
 // To what the system's own form rounds.

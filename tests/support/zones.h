@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "objects/zones.h"
+#include "records/zones.h"
 #include "support/random.h"
 #include "support/zoned_records.h"
 #include "tessara/kernel/constants.h"
@@ -13,7 +13,7 @@
 namespace tessara::testing {
 
 [[nodiscard]] inline tagKOORD Wanting(std::int16_t wanted, tagKOORD record) {
-    Zones_Want(wanted, &record);
+    zones::Want(wanted, &record);
     return record;
 }
 

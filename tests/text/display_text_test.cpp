@@ -9,7 +9,7 @@ namespace {
 
 std::string Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain) {
     std::string display;
-    return Text_Display(axis, system, precision, plain, &display) ? display : "(false)";
+    return text::Display(axis, system, precision, plain, &display) ? display : "(false)";
 }
 
 // The display text of the north axis, of which only its own text is known.

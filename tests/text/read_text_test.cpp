@@ -13,7 +13,7 @@ namespace {
 // The record that two texts are, on WGS84.
 std::optional<tagKOORD> Read(std::int32_t system, std::string_view north, std::string_view east) {
     tagKOORD record = MakeKoord(DATUM_WGS84, system);
-    return Text_Read(north, east, &record) ? std::optional(record) : std::nullopt;
+    return text::Read(north, east, &record) ? std::optional(record) : std::nullopt;
 }
 
 template <class Payload>

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "objects/zones.h"
+#include "records/zones.h"
 #include "support/legal_positions.h"
 #include "support/texts.h"
 #include "text/text_layout.h"
@@ -47,7 +47,7 @@ void ExpectSamePosition(const tagKOORD& read, const tagKOORD& written) {
         for (const RecordField field : TextFieldsOf(axis, written.type))
             ExpectSameField(field, read, written);
     }
-    EXPECT_EQ(Zones_Number(read), Zones_Number(written));
+    EXPECT_EQ(zones::Number(read), zones::Number(written));
 }
 
 class TextRoundTrip : public ::testing::TestWithParam<LegalArea> {

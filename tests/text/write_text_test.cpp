@@ -28,8 +28,8 @@ std::ostream& operator<<(std::ostream& stream, const Written& texts) {
 
 Written Write(const tagKOORD& record, int decimals) {
     Written texts;
-    if (!Text_Write(Axis::North, record, decimals, &texts.north)) texts.north = "(false)";
-    if (!Text_Write(Axis::East, record, decimals, &texts.east)) texts.east = "(false)";
+    if (!text::Write(Axis::North, record, decimals, &texts.north)) texts.north = "(false)";
+    if (!text::Write(Axis::East, record, decimals, &texts.east)) texts.east = "(false)";
     return texts;
 }
 

@@ -1,0 +1,34 @@
+#include "files/forms.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace tessara::program {
+namespace {
+
+struct Ending {
+    std::string_view text;
+    Form form;
+};
+
+constexpr Ending ENDINGS[] = {
+    {".csv", Form::CSV},         {".jsonl", Form::JSONL},  {".ndjson", Form::JSONL},
+    {".geojson", Form::GEOJSON}, {".json", Form::GEOJSON},
+};
+
+}  // namespace
+
+Form FormByName(const std::string& name) {
+    const auto* const found = std::find(std::begin(FORM_NAMES), std::end(FORM_NAMES), name);
+    return found != std::end(FORM_NAMES) ? static_cast<Form>(found - std::begin(FORM_NAMES)) : Form::LINES;
+}
+
+Form FormOfFile(const std::string& file) {
+    for (const Ending& ending : ENDINGS) {
+        if (file.ends_with(ending.text)) return ending.form;
+    }
+    return Form::LINES;
+}
+
+}  // namespace tessara::program

@@ -1,0 +1,77 @@
+// The program `tessara`: coordinate calculations on the command line.
+#include <algorithm>
+#include <iostream>
+
+#include "commands/commands.h"
+#include "conversion/numbers.h"
+
+namespace tessara::program {
+namespace {
+
+constexpr const char* DESCRIPTION =
+    "Coordinate calculations: positions on any of 239 geodetic datums, in national and world systems.";
+
+constexpr const char* FOOTER = R"(Examples:
+  echo 48.1375 11.5755 | tessara convert --to UTM --to GK@GER
+  tessara convert --json --to UTMREF positions.txt
+  tessara systems
+  tessara distance 40.64 -73.78 51.47 -0.45
+
+Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 wrong
+usage. `tessara COMMAND --help` says more about a command.)";
+
+// A negative number that begins with its point is a number, and no option.
+std::vector<std::string> ReadArguments(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    for (std::string& argument : arguments) {
+        if (argument.starts_with("-.") && ParseNumber(argument)) argument.insert(1, "0");
+    }
+    return arguments;
+}
+
+int Main(std::vector<std::string> arguments) {
+    CLI::App program(DESCRIPTION, "tessara");
+    program.footer(FOOTER);
+    program.set_version_flag("--version", "tessara " TESSARA_VERSION);
+    program.require_subcommand(1);
+
+    Action action;
+    AddConvert(program, action);
+    AddSystems(program, action);
+    AddDatums(program, action);
+    AddDistance(program, action);
+    AddDirect(program, action);
+    AddCheck(program, action);
+    AddUtmref(program, action);
+    AddMap(program, action);
+
+    try {
+        std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
+        program.parse(std::move(arguments));
+    } catch (const CLI::ParseError& error) {
+        // A help text is an error to the parser, too.
+        if (program.exit(error) != 0) return EXIT_USAGE;
+        action = [] { return EXIT_DONE; };
+    }
+
+    const ExitCode code = action();
+    if (!std::cout.flush()) {
+        std::cerr << "tessara: " << OUTPUT_IS_LOST << '\n';
+        return EXIT_INCOMPLETE;
+    }
+    return code;
+}
+
+}  // namespace
+}  // namespace tessara::program
+
+int main(int argc, char** argv) {
+    namespace program = tessara::program;
+    std::ios::sync_with_stdio(false);
+    try {
+        return program::Main(program::ReadArguments(argc, argv));
+    } catch (const std::exception& error) {
+        std::cerr << "tessara: " << error.what() << '\n';
+        return program::EXIT_INCOMPLETE;
+    }
+}

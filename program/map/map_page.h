@@ -1,0 +1,20 @@
+// The page: window and frame, the layers by importance, texts that keep clear of each other, a title and a
+// legend.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "map/map_description.h"
+
+namespace tessara::program {
+
+struct MapPage {
+    std::string svg;
+    std::vector<std::string> problems;  // what couldn't be drawn
+};
+
+// The longer side of the window becomes `size` units long. Throws DescriptionError if there is no such map.
+[[nodiscard]] MapPage DrawMapPage(const MapDescription& description, double size);
+
+}  // namespace tessara::program

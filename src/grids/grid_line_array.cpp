@@ -1,0 +1,50 @@
+#include "grids/grid_line_array.h"
+
+#include <new>
+
+namespace tessara {
+
+// From the first time on that a point is wanted, the points are objects: the same ones each time. False
+// without memory, with the chain as it was.
+bool GridLineArray::Unpack() {
+    if (points_.IsValid()) return true;
+    try {
+        const IRef<IArray> points(CreateClassArray());
+        const bool isComplete = points.IsValid() && chain_.ForEach([&](const tagKOORD& record) {
+            const IRef<IUnknown> point = maker_(record);
+            if (point.IsValid()) points->Add(point.Get());
+            return point.IsValid();
+        });
+        if (!isComplete) return false;
+        points_ = points;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    chain_ = RecordChain();
+    return true;
+}
+
+void GridLineArray::Add(IUnknown* object) {
+    const IRef<IUnknown> held(object);
+    if (!Unpack()) throw std::bad_alloc();
+    points_->Add(held.Get());
+}
+
+void GridLineArray::RemoveAt(std::uint32_t index) {
+    if (index < GetCount() && Unpack()) points_->RemoveAt(index);
+}
+
+std::uint32_t GridLineArray::GetCount() {
+    return points_.IsValid() ? points_->GetCount() : static_cast<std::uint32_t>(chain_.Size());
+}
+
+IUnknown* GridLineArray::GetAt(std::uint32_t index) {
+    return index < GetCount() && Unpack() ? points_->GetAt(index) : nullptr;
+}
+
+void GridLineArray::Clear() {
+    chain_ = RecordChain();
+    if (points_.IsValid()) points_->Clear();
+}
+
+}  // namespace tessara

@@ -1,0 +1,39 @@
+// One of the lines that a grid hands out. A grid may have millions of points, and a reader looks at few lines
+// at a time: a line keeps its points in few bytes until it is asked for one.
+#pragma once
+
+#include <utility>
+
+#include "grids/record_chain.h"
+#include "tessara/array.h"
+#include "tessara/object.h"
+#include "tessara/ref.h"
+
+namespace tessara {
+
+class GridLineArray : public IArray {
+  public:
+    using Faces = FaceList<IArray>;
+    // Makes the object of a point; null without memory.
+    using PointMaker = IRef<IUnknown> (*)(const tagKOORD&);
+
+    GridLineArray(RecordChain chain, PointMaker maker) : chain_(std::move(chain)), maker_(maker) {}
+
+    void Add(IUnknown* object) override;
+    void RemoveAt(std::uint32_t index) override;
+    std::uint32_t GetCount() override;
+    IUnknown* GetAt(std::uint32_t index) override;
+    void Clear() override;
+
+  protected:
+    ~GridLineArray() = default;
+
+  private:
+    bool Unpack();
+
+    RecordChain chain_;
+    PointMaker maker_;
+    IRef<IArray> points_;  // empty as long as the chain holds them
+};
+
+}  // namespace tessara

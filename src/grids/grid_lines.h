@@ -1,0 +1,24 @@
+// The lines of a grid over a window, as coordinate_grid.h tells.
+#pragma once
+
+#include <optional>
+
+#include "areas/extremes.h"
+#include "grids/grid_pen.h"
+#include "grids/zone_arc.h"
+
+namespace tessara {
+
+struct GridWindow {
+    Extremes extremes;  // of the window, in the system of the grid
+    PixelRect rect;     // with left <= right and top <= bottom
+    std::optional<ZoneArc> arc;
+    double eastStep, northStep;
+    double finestStep;  // 0.0, or the unit to which the lines will be rounded
+};
+
+// The lines of equal value on the axis. The system of the extremes must keep its values as numbers, BNG and
+// ING included. False, without a line, where they lie closer than a thousandth of a pixel on average.
+bool DrawGridLines(Axis axis, const GridWindow& window, GridPen* pen);
+
+}  // namespace tessara

@@ -1,0 +1,155 @@
+#include "grids/zone_arc.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "grids/window_samples.h"
+#include "records/zones.h"
+
+namespace tessara {
+namespace {
+
+constexpr int LINES_OF_A_SIDE = 8;
+constexpr int SAMPLES_OF_A_ZONE = 4;  // where a line goes through all of them
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+
+// Zones are counted from longitude -180 eastward. The outermost strips of GK have one meridian and are the
+// same on the ground, and GK6 has no strip 0. Nothing for a zone that doesn't exist.
+std::optional<std::int32_t> IndexOf(const tagKOORD& place) {
+    const std::int32_t number = zones::Number(place);
+    const auto system = static_cast<std::int32_t>(place.type);
+    if (number < -60 || number > 60) return std::nullopt;
+    const std::int32_t circle = ZonesAroundEarth(system);
+    std::int32_t index = (number + 60) % 120;
+    if (system == KOORD_UTM) index = number - 1;
+    if (system == KOORD_GK6) index = number < 0 ? number + 30 : number + 29;
+    return index >= 0 && index < circle ? std::optional(index) : std::nullopt;
+}
+
+std::int32_t NumberAt(std::int32_t system, std::int32_t index) {
+    switch (system) {
+        case KOORD_UTM:
+            return index + 1;
+        case KOORD_GK6:
+            return index < 30 ? index - 30 : index - 29;
+        default:
+            return index == 0 ? 60 : index - 60;
+    }
+}
+
+struct Sighting {
+    bool isSeen = false;
+    double west = INFINITE;
+    double east = -INFINITE;
+};
+
+// The zones that are seen along some rows and columns of the window, its sides among them.
+class Survey {
+  public:
+    Survey(const MapPlane& map, const PixelRect& window, const CKoord& empty)
+        : map_(map), window_(window), empty_(empty), zones_(static_cast<std::size_t>(Circle())) {
+        for (int line = 0; line <= LINES_OF_A_SIDE; ++line) {
+            const double part = static_cast<double>(line) / LINES_OF_A_SIDE;
+            Look([part](double along) { return std::pair(along, part); });
+            Look([part](double along) { return std::pair(part, along); });
+        }
+    }
+
+    [[nodiscard]] const Sighting& At(std::int32_t index) const {
+        return zones_[static_cast<std::size_t>(index)];
+    }
+    // Between two samples the window goes no further beyond them than this.
+    [[nodiscard]] double Margin() const { return margin_ > 0.0 ? margin_ : INFINITE; }
+
+  private:
+    [[nodiscard]] std::int32_t Circle() const {
+        return ZonesAroundEarth(static_cast<std::int32_t>(empty_.type));
+    }
+
+    template <class PlaceAt>
+    void Look(const PlaceAt& placeAt) {
+        const int samples = SAMPLES_OF_A_ZONE * Circle();
+        std::optional<CKoord> last;
+        for (int i = 0; i <= samples; ++i) {
+            const auto [across, down] = placeAt(static_cast<double>(i) / samples);
+            CKoord place = empty_;
+            const bool isThere =
+                map_.ToWorld(PlaceInWindow(window_, across, down), &place) && IndexOf(place).has_value();
+            if (isThere) Note(place, last);
+            last = isThere ? std::optional(place) : std::nullopt;
+        }
+    }
+
+    void Note(const CKoord& place, const std::optional<CKoord>& last) {
+        const double east = zones::East(place);
+        Sighting& zone = zones_[static_cast<std::size_t>(*IndexOf(place))];
+        zone.isSeen = true;
+        zone.west = std::min(zone.west, east);
+        zone.east = std::max(zone.east, east);
+        const bool isInZone = last && zones::Number(*last) == zones::Number(place);
+        if (isInZone) margin_ = std::max(margin_, std::fabs(zones::East(*last) - east));
+    }
+
+    const MapPlane& map_;
+    const PixelRect& window_;
+    const CKoord& empty_;
+    std::vector<Sighting> zones_;
+    double margin_ = 0.0;
+};
+
+}  // namespace
+
+std::int32_t ZonesAroundEarth(std::int32_t system) {
+    switch (system) {
+        case KOORD_UTM:
+        case KOORD_GK6:
+            return 60;
+        case KOORD_GK:
+            return 120;
+        default:
+            return 0;
+    }
+}
+
+bool MoveAroundEarth(std::int32_t delta, tagKOORD* record) {
+    const auto system = static_cast<std::int32_t>(record->type);
+    const std::int32_t circle = ZonesAroundEarth(system);
+    if (circle == 0) return zones::Move(delta, record);
+    const std::optional<std::int32_t> index = IndexOf(*record);
+    if (!index) return false;
+    const std::int32_t to = NumberAt(system, (*index + delta + circle) % circle);
+    return zones::Move(to - zones::Number(*record), record);
+}
+
+std::optional<ZoneArc> FindZoneArc(const MapPlane& map, const PixelRect& window, const Extremes& extremes) {
+    const CKoord& west = extremes[Compass::West];
+    const auto system = static_cast<std::int32_t>(west.type);
+    const std::int32_t circle = ZonesAroundEarth(system);
+    if (circle == 0 || !IndexOf(west) || !IndexOf(extremes[Compass::East])) return std::nullopt;
+    const std::int32_t first = zones::Number(west);
+    const std::int32_t last = zones::Number(extremes[Compass::East]);
+    if (last - first <= circle / 2) return std::nullopt;
+
+    const Survey survey(map, window, west);
+    // The longest run of zones that aren't seen; twice around, since it may go over the end of the numbers.
+    std::int32_t longest = 0;
+    std::int32_t end = 0;
+    for (std::int32_t i = 0, run = 0; i < 2 * circle; ++i) {
+        run = survey.At(i % circle).isSeen ? 0 : run + 1;
+        if (run <= longest) continue;
+        longest = run;
+        end = i;
+    }
+    if (longest == 0 || longest >= circle) return std::nullopt;
+    const std::int32_t begins = (end + 1) % circle;
+    const std::int32_t ends = (end - longest + circle) % circle;
+    const ZoneArc arc{NumberAt(system, begins), NumberAt(system, ends),
+                      survey.At(begins).west - survey.Margin(), survey.At(ends).east + survey.Margin()};
+    if (arc.first == first && arc.last == last) return std::nullopt;
+    return arc;
+}
+
+}  // namespace tessara

@@ -1,0 +1,297 @@
+#include "polygons/polygon_graph.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <unordered_map>
+#include <utility>
+
+#include "polygons/box_tree.h"
+#include "polygons/polygon_pairs.h"
+
+namespace tessara {
+namespace {
+
+// The nodes so far, found by place.
+class NodeTable {
+  public:
+    explicit NodeTable(double grain) : grain_(grain) {}
+
+    // The node at a place: the oldest one within the grain, or a new one.
+    std::size_t At(const PlanePoint& place) {
+        std::size_t node = nodes_.size();
+        const PlanePoint first = CellOf({place.x - Reach(), place.y - Reach()});
+        const PlanePoint last = CellOf({place.x + Reach(), place.y + Reach()});
+        for (double x = first.x; x <= last.x; x += 1.0) {
+            for (double y = first.y; y <= last.y; y += 1.0)
+                node = std::min(node, OldestIn({x, y}, place));
+        }
+        if (node < nodes_.size()) return node;
+        cells_.emplace(CellOf(place), node);
+        nodes_.push_back(place);
+        return node;
+    }
+
+    [[nodiscard]] const std::vector<PlanePoint>& Nodes() const { return nodes_; }
+
+  private:
+    // So wide that the cells beside a place's own are seldom within reach, and so narrow that few nodes fit.
+    static constexpr double GRAINS_IN_CELL = 16.0;
+
+    // Rounding can't put near places farther apart.
+    [[nodiscard]] double Reach() const { return 2.0 * grain_; }
+    [[nodiscard]] PlanePoint CellOf(const PlanePoint& p) const {
+        return {std::floor(p.x / grain_ / GRAINS_IN_CELL), std::floor(p.y / grain_ / GRAINS_IN_CELL)};
+    }
+    // The oldest node of a cell within the grain, or the count of nodes.
+    [[nodiscard]] std::size_t OldestIn(const PlanePoint& cell, const PlanePoint& place) const {
+        std::size_t oldest = nodes_.size();
+        const auto [begin, end] = cells_.equal_range(cell);
+        for (auto entry = begin; entry != end; ++entry) {
+            if (IsNear(entry->second, place)) oldest = std::min(oldest, entry->second);
+        }
+        return oldest;
+    }
+    [[nodiscard]] bool IsNear(std::size_t node, const PlanePoint& p) const {
+        return std::fabs(nodes_[node].x - p.x) <= grain_ && std::fabs(nodes_[node].y - p.y) <= grain_;
+    }
+
+    double grain_;
+    std::vector<PlanePoint> nodes_;
+    std::unordered_multimap<PlanePoint, std::size_t, PlaceHash> cells_;
+};
+
+// An edge, however often the outlines run along it, in either direction.
+struct Segment {
+    std::size_t from, to;
+    std::array<std::size_t, 2> runs;   // of each outline
+    std::vector<std::size_t> touched;  // the nodes that lie on it, sorted, its ends among them
+    std::vector<std::size_t> crossed;  // where it crosses others, also more than once
+
+    [[nodiscard]] bool Touches(std::size_t node) const {
+        return std::binary_search(touched.begin(), touched.end(), node);
+    }
+};
+
+bool ShareANode(const Segment& a, const Segment& b) {
+    const bool isShorter = a.touched.size() <= b.touched.size();
+    const Segment& few = isShorter ? a : b;
+    const Segment& many = isShorter ? b : a;
+    return std::any_of(few.touched.begin(), few.touched.end(),
+                       [&](std::size_t node) { return many.Touches(node); });
+}
+
+// Which nodes lie on a line from a to b to the grain.
+class NodesOnSegment {
+  public:
+    NodesOnSegment(const PlanePoint& a, const PlanePoint& b, double grain)
+        : a_(a),
+          b_(b),
+          grain_(grain),
+          box_(BoxOf(a, b)),
+          near_{box_.left - SLACK * grain, box_.top - SLACK * grain, box_.right + SLACK * grain,
+                box_.bottom + SLACK * grain},
+          dx_(b.x - a.x),
+          dy_(b.y - a.y),
+          slack_(SLACK * grain * std::hypot(dx_, dy_)) {}
+
+    [[nodiscard]] bool Holds(const PlanePoint& p) const {
+        return box_.Holds(p, grain_) && std::fabs(SignedDistance(p, a_, b_)) <= grain_;
+    }
+    // Whether a box may hold such a node: it doesn't lie on one side of the line as a whole.
+    [[nodiscard]] bool MayMeet(const Box& box) const {
+        if (box.left > near_.right || box.right < near_.left) return false;
+        if (box.top > near_.bottom || box.bottom < near_.top) return false;
+        const double x = (box.left + box.right) / 2.0;
+        const double y = (box.top + box.bottom) / 2.0;
+        const double offset = std::fabs(dx_ * (y - a_.y) - dy_ * (x - a_.x));
+        return offset <= std::fabs(dx_) * (y - box.top) + std::fabs(dy_) * (x - box.left) + slack_;
+    }
+
+  private:
+    // The grain is some roundings of the largest place; what is compared here has a few more.
+    static constexpr double SLACK = 4.0;
+
+    PlanePoint a_, b_;
+    double grain_;
+    Box box_, near_;
+    double dx_, dy_, slack_;
+};
+
+// Makes the graph. What a vertex of one outline touches is found before crossings are looked for, so that the
+// rounding of a crossing never decides about touching.
+class GraphMaker {
+  public:
+    explicit GraphMaker(double grain) : grain_(grain), table_(grain) {}
+
+    void AddOutline(std::size_t outline, const Outline& vertices) {
+        const std::size_t first = NodeOf(outline, vertices.front());
+        std::size_t last = first;
+        for (std::size_t i = 1; i < vertices.size(); ++i)
+            last = AddEdge(outline, last, NodeOf(outline, vertices[i]));
+        AddEdge(outline, last, first);
+    }
+
+    OutlineGraph Make() {
+        PutNodesOnSegments();
+        PutCrossingsOnSegments();
+        PutNodesOnSegments();
+        return {table_.Nodes(), Pieces(), DoOutlinesTouch()};
+    }
+
+  private:
+    // Where many segments run along each other, their pieces are merged before they fill the memory.
+    static constexpr std::size_t FEWEST_TO_MERGE = 1 << 20;
+
+    std::size_t NodeOf(std::size_t outline, const PlanePoint& vertex) {
+        const std::size_t node = table_.At(vertex);
+        vertices_.push_back({node, outline});
+        return node;
+    }
+
+    std::size_t AddEdge(std::size_t outline, std::size_t from, std::size_t to) {
+        if (from == to) return to;
+        const std::pair<std::size_t, std::size_t> ends(std::min(from, to), std::max(from, to));
+        const auto [found, isNew] = byEnds_.try_emplace(ends, segments_.size());
+        if (isNew) segments_.push_back({from, to, {}, {}, {}});
+        ++segments_[found->second].runs[outline];
+        return to;
+    }
+
+    [[nodiscard]] const PlanePoint& Place(std::size_t node) const { return table_.Nodes()[node]; }
+
+    void PutNodesOnSegments() {
+        std::vector<Box> places;
+        places.reserve(table_.Nodes().size());
+        for (const PlanePoint& p : table_.Nodes())
+            places.push_back({p.x, p.y, p.x, p.y});
+        const BoxTree tree(places);
+        for (Segment& segment : segments_) {
+            const NodesOnSegment on(Place(segment.from), Place(segment.to), grain_);
+            segment.touched.clear();
+            tree.Search([&](const Box& box) { return on.MayMeet(box); },
+                        [&](std::size_t node) {
+                            if (on.Holds(Place(node))) segment.touched.push_back(node);
+                        });
+            std::sort(segment.touched.begin(), segment.touched.end());
+        }
+    }
+
+    void PutCrossingsOnSegments() {
+        std::vector<Box> boxes;
+        for (const Segment& segment : segments_)
+            boxes.push_back(BoxOfEdge(Place(segment.from), Place(segment.to)));
+        VisitNearPairs(boxes, [&](std::size_t i, std::size_t j) { Cross(&segments_[i], &segments_[j]); });
+    }
+
+    // Straight lines that meet in a node meet nowhere else, or they run along each other and have their ends
+    // as nodes. Where that is so to a rounding, the parameters of a crossing would be anything.
+    void Cross(Segment* p, Segment* q) {
+        // Copies: the table grows.
+        const PlanePoint a = Place(p->from);
+        const PlanePoint b = Place(p->to);
+        const PlanePoint c = Place(q->from);
+        const PlanePoint d = Place(q->to);
+        const double t = LineParameter(a, b, c, d);
+        if (!(t >= 0.0 && t <= 1.0)) return;
+        const double s = LineParameter(c, d, a, b);
+        if (!(s >= 0.0 && s <= 1.0) || ShareANode(*p, *q)) return;
+        PlanePoint place{};
+        PointOnSegments(a, b, c, d, t, &place);
+        const std::size_t node = table_.At(place);
+        p->crossed.push_back(node);
+        q->crossed.push_back(node);
+    }
+
+    // The nodes of a segment from its start to its end.
+    [[nodiscard]] std::vector<std::size_t> InOrder(const Segment& segment) const {
+        const PlanePoint& a = Place(segment.from);
+        const PlanePoint& b = Place(segment.to);
+        std::vector<std::pair<double, std::size_t>> within;
+        for (const std::vector<std::size_t>* nodes : {&segment.touched, &segment.crossed}) {
+            for (const std::size_t node : *nodes) {
+                if (node == segment.from || node == segment.to) continue;
+                const PlanePoint& p = Place(node);
+                within.emplace_back((p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y), node);
+            }
+        }
+        std::sort(within.begin(), within.end());
+        within.erase(std::unique(within.begin(), within.end()), within.end());
+        std::vector<std::size_t> inOrder{segment.from};
+        for (const auto& [along, node] : within)
+            inOrder.push_back(node);
+        inOrder.push_back(segment.to);
+        return inOrder;
+    }
+
+    [[nodiscard]] std::vector<GraphPiece> Pieces() const {
+        std::vector<GraphPiece> pieces;
+        std::size_t limit = FEWEST_TO_MERGE;
+        for (const Segment& segment : segments_) {
+            const std::vector<std::size_t> nodes = InOrder(segment);
+            for (std::size_t i = 1; i < nodes.size(); ++i)
+                pieces.push_back(
+                    {std::min(nodes[i - 1], nodes[i]), std::max(nodes[i - 1], nodes[i]), segment.runs});
+            if (pieces.size() < limit) continue;
+            Merge(&pieces);
+            limit = std::max(FEWEST_TO_MERGE, 2 * pieces.size());
+        }
+        Merge(&pieces);
+        return pieces;
+    }
+
+    // Adds up the runs along the same piece.
+    static void Merge(std::vector<GraphPiece>* pieces) {
+        std::sort(pieces->begin(), pieces->end(), [](const GraphPiece& a, const GraphPiece& b) {
+            return a.from != b.from ? a.from < b.from : a.to < b.to;
+        });
+        std::size_t count = 0;
+        for (const GraphPiece& piece : *pieces) {
+            GraphPiece* last = count == 0 ? nullptr : &(*pieces)[count - 1];
+            const bool isSame = last != nullptr && last->from == piece.from && last->to == piece.to;
+            if (!isSame) {
+                (*pieces)[count++] = piece;
+                continue;
+            }
+            last->runs[0] += piece.runs[0];
+            last->runs[1] += piece.runs[1];
+        }
+        pieces->resize(count);
+    }
+
+    [[nodiscard]] bool DoOutlinesTouch() const {
+        std::vector<std::array<bool, 2>> isOn(table_.Nodes().size(), {false, false});
+        for (const auto& [node, outline] : vertices_)
+            isOn[node][outline] = true;
+        for (const Segment& segment : segments_) {
+            for (const std::vector<std::size_t>* nodes : {&segment.touched, &segment.crossed}) {
+                for (const std::size_t node : *nodes) {
+                    isOn[node][0] |= segment.runs[0] > 0;
+                    isOn[node][1] |= segment.runs[1] > 0;
+                }
+            }
+        }
+        return std::any_of(isOn.begin(), isOn.end(), [](const auto& on) { return on[0] && on[1]; });
+    }
+
+    struct Vertex {
+        std::size_t node, outline;
+    };
+
+    double grain_;
+    NodeTable table_;
+    std::vector<Vertex> vertices_;
+    std::vector<Segment> segments_;
+    std::map<std::pair<std::size_t, std::size_t>, std::size_t> byEnds_;  // numbers of segments
+};
+
+}  // namespace
+
+OutlineGraph GraphOf(const Outline& first, const Outline& second, double grain) {
+    GraphMaker maker(grain);
+    maker.AddOutline(0, first);
+    maker.AddOutline(1, second);
+    return maker.Make();
+}
+
+}  // namespace tessara

@@ -1,0 +1,131 @@
+#include "polygons/polygon_inside.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <optional>
+
+#include "polygons/polygon_split.h"
+
+namespace tessara {
+namespace {
+
+// How close to a vertex, as a part of the edge, a ray counts as through it: more than what rounding moves
+// their crossing.
+constexpr double VERTEX_MARGIN = 1e-9;
+// A turned ray meets other vertices than the ones before it, so that one for each is enough.
+constexpr std::size_t SPARE_RAYS = 16;
+
+bool IsVertex(const PlanePoint& p, const Outline& outline) {
+    return std::find(outline.begin(), outline.end(), p) != outline.end();
+}
+
+template <class Test>
+bool AnyEdge(const Outline& outline, const Test& test) {
+    for (std::size_t i = 1; i < outline.size(); ++i) {
+        if (test(outline[i - 1], outline[i])) return true;
+    }
+    return false;
+}
+
+// Differences keep a tolerance that would be lost in the borders of a box far from (0, 0).
+bool IsNearBox(const PlanePoint& p, const Box& box, double tolerance) {
+    return box.left - p.x < tolerance && p.x - box.right < tolerance && box.top - p.y < tolerance &&
+           p.y - box.bottom < tolerance;
+}
+
+bool IsOnOutline(const PlanePoint& p, const Outline& outline, double tolerance) {
+    return AnyEdge(outline, [&](const PlanePoint& a, const PlanePoint& b) {
+        return IsNearBox(p, BoxOf(a, b), tolerance) && std::fabs(SignedDistance(p, a, b)) < tolerance;
+    });
+}
+
+bool IsOnEdge(double u) {
+    return u >= 0.0 && u <= 1.0;
+}
+
+// What a ray does at an edge.
+enum class Meeting { Misses, Crosses, StartsOn, HitsVertex };
+
+// `end` is the point of the ray at the parameter 1.0.
+Meeting MeetEdge(const PlanePoint& p, const PlanePoint& end, const PlanePoint& a, const PlanePoint& b) {
+    const double t = LineParameter(p, end, a, b);
+    if (t < 0.0) return Meeting::Misses;
+    if (t == COLLINEAR_LINES || t == 0.0) {
+        return IsOnEdge(ParameterOnSegment(p, a, b)) ? Meeting::StartsOn : Meeting::Misses;
+    }
+    const PlanePoint q{p.x + t * (end.x - p.x), p.y + t * (end.y - p.y)};
+    const double u = ParameterOnSegment(q, a, b);
+    if (std::fabs(u) < VERTEX_MARGIN || std::fabs(u - 1.0) < VERTEX_MARGIN) return Meeting::HitsVertex;
+    return IsOnEdge(u) ? Meeting::Crosses : Meeting::Misses;
+}
+
+// Whether the point is inside by one ray; nothing if the ray meets a vertex.
+std::optional<bool> IsInsideByRay(const PlanePoint& p, const PlanePoint& end, const Outline& outline) {
+    bool isInside = false;
+    for (std::size_t i = 1; i < outline.size(); ++i) {
+        switch (MeetEdge(p, end, outline[i - 1], outline[i])) {
+            case Meeting::Misses:
+                break;
+            case Meeting::Crosses:
+                isInside = !isInside;
+                break;
+            case Meeting::StartsOn:
+                return true;
+            case Meeting::HitsVertex:
+                return std::nullopt;
+        }
+    }
+    return isInside;
+}
+
+// An edge belongs to the rows from its upper end to before its lower end, so that no vertex needs a rule.
+bool IsInsideByRows(const PlanePoint& p, const Outline& outline) {
+    bool isInside = false;
+    for (std::size_t i = 1; i < outline.size(); ++i) {
+        const PlanePoint& a = outline[i - 1];
+        const PlanePoint& b = outline[i];
+        if ((a.y > p.y) == (b.y > p.y)) continue;
+        const double x = a.x + (p.y - a.y) / (b.y - a.y) * (b.x - a.x);
+        if (x > p.x) isInside = !isInside;
+    }
+    return isInside;
+}
+
+bool IsInsideByRays(const PlanePoint& p, const Outline& outline) {
+    PlanePoint end{p.x + 1.0, p.y};
+    if (end.x == p.x) return IsInsideByRows(p, outline);
+    for (std::size_t ray = 0; ray < outline.size() + SPARE_RAYS; ++ray) {
+        const std::optional<bool> isInside = IsInsideByRay(p, end, outline);
+        if (isInside) return *isInside;
+        end.y += 1.0;
+    }
+    return IsInsideByRows(p, outline);
+}
+
+// The fewest vertices of a polygon that can cross itself.
+std::size_t FewestOfCrossing(const Outline& polygon) {
+    return IsClosed(polygon) ? 5 : 4;
+}
+
+}  // namespace
+
+bool PointInVertices(const PlanePoint& point, const Outline& polygon, double tolerance) {
+    if (IsVertex(point, polygon)) return true;
+    if (!BoxOf(polygon).Holds(point, tolerance)) return false;
+    const Outline outline = Tidied(polygon);
+    return IsOnOutline(point, outline, tolerance) || IsInsideByRays(point, outline);
+}
+
+bool PointInPolygon(const PlanePoint& point, const Outline& polygon, double tolerance) {
+    if (polygon.size() < FewestOfCrossing(polygon)) return PointInVertices(point, polygon, tolerance);
+    if (IsVertex(point, polygon)) return true;
+    if (!BoxOf(polygon).Holds(point, tolerance)) return false;
+    // Asked of the whole edges: where they are cut, the pieces are bent by a rounding.
+    if (IsOnOutline(point, Tidied(polygon), tolerance)) return true;
+    const std::vector<Outline> parts = SplitVertices(polygon);
+    return std::any_of(parts.begin(), parts.end(),
+                       [&](const Outline& part) { return PointInVertices(point, part, tolerance); });
+}
+
+}  // namespace tessara

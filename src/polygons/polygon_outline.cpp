@@ -1,0 +1,46 @@
+#include "polygons/polygon_outline.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace tessara {
+
+bool IsClosed(std::span<const PlanePoint> outline) {
+    return !outline.empty() && outline.front() == outline.back();
+}
+
+Outline Tidied(std::span<const PlanePoint> outline) {
+    Outline tidied;
+    tidied.reserve(outline.size() + 1);
+    for (const PlanePoint& vertex : outline) {
+        if (tidied.empty() || vertex != tidied.back()) tidied.push_back(vertex);
+    }
+    if (!tidied.empty() && !IsClosed(tidied)) tidied.push_back(tidied.front());
+    return tidied;
+}
+
+bool Box::Holds(const PlanePoint& p, double margin) const {
+    const bool isBeyond =
+        p.x > right + margin || p.x < left - margin || p.y > bottom + margin || p.y < top - margin;
+    return !isBeyond;
+}
+
+Box BoxOf(std::span<const PlanePoint> points) {
+    constexpr double INF = std::numeric_limits<double>::infinity();
+    Box box{INF, INF, -INF, -INF};
+    for (const PlanePoint& p : points) {
+        // In this order a NaN loses every comparison.
+        box.left = std::min(box.left, p.x);
+        box.top = std::min(box.top, p.y);
+        box.right = std::max(box.right, p.x);
+        box.bottom = std::max(box.bottom, p.y);
+    }
+    return box;
+}
+
+Box BoxOf(const PlanePoint& a, const PlanePoint& b) {
+    return BoxOf(std::array{a, b});
+}
+
+}  // namespace tessara

@@ -1,0 +1,21 @@
+// Finds the pairs of edges that can meet at all, so that only they are looked at closely.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "polygons/polygon_outline.h"
+
+namespace tessara {
+
+// The boxes of the edges between neighbouring vertices, each wider than rounding can move a crossing.
+[[nodiscard]] std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> outline);
+[[nodiscard]] Box BoxOfEdge(const PlanePoint& a, const PlanePoint& b);
+
+// Visits every pair of boxes that meet once, the smaller index first, ordered by the left borders.
+void VisitNearPairs(const std::vector<Box>& boxes,
+                    const std::function<void(std::size_t, std::size_t)>& visit);
+
+}  // namespace tessara

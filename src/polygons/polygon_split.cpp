@@ -1,0 +1,149 @@
+#include "polygons/polygon_split.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <unordered_map>
+
+#include "polygons/polygon_pairs.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::size_t FEWEST_OF_CROSSING = 5;
+
+// A place on an edge at which the walk stops, by its parameter on the edge.
+struct Stop {
+    double along;
+    PlanePoint place;
+};
+
+// The edges of a tidy outline and the stops that are found on them.
+class Edges {
+  public:
+    explicit Edges(const Outline& outline) : outline_(outline), stops_(outline.size() - 1) {}
+
+    // Finds the stops on two edges that aren't neighbours.
+    void Meet(std::size_t i, std::size_t j) {
+        const double t = LineParameter(From(i), To(i), From(j), To(j));
+        if (t == COLLINEAR_LINES) return MeetAlong(i, j);
+        if (!IsOn(t)) return;
+        const double s = LineParameter(From(j), To(j), From(i), To(i));
+        if (!IsOn(s) || (t == 0.0 && s == 0.0)) return;
+        PlanePoint place{};
+        if (t == 0.0) {
+            place = From(i);
+        } else if (s == 0.0) {
+            place = From(j);
+        } else {
+            PointOnSegments(From(i), To(i), From(j), To(j), t, &place);
+        }
+        Add(i, {t, place});
+        Add(j, {s, place});
+    }
+
+    // The outline through all stops.
+    Outline Walk() {
+        Outline walk{outline_.front()};
+        for (std::size_t i = 0; i < stops_.size(); ++i) {
+            std::stable_sort(stops_[i].begin(), stops_[i].end(),
+                             [](const Stop& a, const Stop& b) { return a.along < b.along; });
+            for (const Stop& stop : stops_[i])
+                Append(stop.place, &walk);
+            Append(To(i), &walk);
+        }
+        return walk;
+    }
+
+  private:
+    // The end of an edge is the start of the next one, which stops there.
+    static bool IsOn(double parameter) { return parameter >= 0.0 && parameter < 1.0; }
+
+    static void Append(const PlanePoint& place, Outline* walk) {
+        if (place != walk->back()) walk->push_back(place);
+    }
+
+    // Each starts on the other, or the vertex is met by the edge that starts at the other end.
+    void MeetAlong(std::size_t i, std::size_t j) {
+        StopWithin(j, From(i));
+        StopWithin(i, From(j));
+    }
+
+    void StopWithin(std::size_t edge, const PlanePoint& place) {
+        const double along = ParameterOnSegment(place, From(edge), To(edge));
+        if (along > 0.0 && along < 1.0) Add(edge, {along, place});
+    }
+
+    void Add(std::size_t edge, const Stop& stop) {
+        if (stop.place != From(edge) && stop.place != To(edge)) stops_[edge].push_back(stop);
+    }
+
+    [[nodiscard]] const PlanePoint& From(std::size_t edge) const { return outline_[edge]; }
+    [[nodiscard]] const PlanePoint& To(std::size_t edge) const { return outline_[edge + 1]; }
+
+    const Outline& outline_;
+    std::vector<std::vector<Stop>> stops_;
+};
+
+bool AreNeighbours(std::size_t i, std::size_t j, std::size_t edgeCount) {
+    return j - i == 1 || (i == 0 && j == edgeCount - 1);
+}
+
+Outline WithAllStops(const Outline& outline) {
+    Edges edges(outline);
+    VisitNearPairs(BoxesOfEdges(outline), [&](std::size_t i, std::size_t j) {
+        if (!AreNeighbours(i, j, outline.size() - 1)) edges.Meet(i, j);
+    });
+    return edges.Walk();
+}
+
+// Walks along an outline and cuts off each loop as soon as it closes.
+class LoopCutter {
+  public:
+    void Visit(const PlanePoint& place) {
+        const auto found = positions_.find(place);
+        if (found != positions_.end()) {
+            CutFrom(found->second);
+        }
+        positions_.emplace(place, path_.size());
+        path_.push_back(place);
+    }
+
+    // What is left closes at its start.
+    std::vector<Outline> Finish() {
+        CutFrom(0);
+        return std::move(parts_);
+    }
+
+  private:
+    void CutFrom(std::size_t start) {
+        const auto first = path_.begin() + static_cast<std::ptrdiff_t>(start);
+        Outline loop(first, path_.end());
+        path_.erase(first, path_.end());
+        for (const PlanePoint& place : loop)
+            positions_.erase(place);
+        loop.push_back(loop.front());
+        parts_.push_back(std::move(loop));
+    }
+
+    Outline path_;
+    std::unordered_map<PlanePoint, std::size_t, PlaceHash> positions_;
+    std::vector<Outline> parts_;
+};
+
+std::vector<Outline> CutLoops(const Outline& walk) {
+    LoopCutter cutter;
+    for (std::size_t i = 0; i + 1 < walk.size(); ++i)
+        cutter.Visit(walk[i]);
+    return cutter.Finish();
+}
+
+}  // namespace
+
+std::vector<Outline> SplitVertices(const Outline& polygon) {
+    Outline outline = Tidied(polygon);
+    if (outline.empty()) return {};
+    if (outline.size() < FEWEST_OF_CROSSING) return {std::move(outline)};
+    return CutLoops(WithAllStops(outline));
+}
+
+}  // namespace tessara

@@ -1,0 +1,55 @@
+#include "polygons/polygon_writing.h"
+
+#include <new>
+
+#include "objects/koord_access.h"
+
+namespace tessara {
+namespace {
+
+// Empty if a place has no coordinate.
+IRef<IArray> ListOf(const Outline& outline, const OutlineForm& form) {
+    IRef<IArray> list(CreateClassArray());
+    if (!list.IsValid()) return {};
+    const std::size_t count = form.isClosed ? outline.size() : outline.size() - 1;
+    for (std::size_t i = 0; i < count; ++i) {
+        const IRef<ICoord> coord(CreateClassCoord());
+        CKoord koord;
+        if (!form.write(outline[i], &koord) || !KoordToCoord(&koord, coord.Get())) return {};
+        list->Add(coord.Get());
+    }
+    return list;
+}
+
+}  // namespace
+
+OutlineForm PixelForm(std::int32_t datum) {
+    const auto write = [datum](const PlanePoint& place, CKoord* koord) {
+        tagKOORD record = MakeKoord(datum, KOORD_FLOATPIXEL);
+        Store(record, FloatPixelPayload{place.x, place.y});
+        *koord = CKoord(record);
+        return true;
+    };
+    return {write, true};
+}
+
+OutlineForm PositionForm(const MapPlane& map, const Reference& reference) {
+    const auto write = [&map, reference](const PlanePoint& place, CKoord* koord) {
+        *koord = CKoord(MakeKoord(reference.datum, reference.system));
+        return map.ToWorld(place, koord);
+    };
+    return {write, false};
+}
+
+bool AppendOutlines(const std::vector<Outline>& outlines, const OutlineForm& form, IArray* list) try {
+    for (const Outline& outline : outlines) {
+        const IRef<IArray> part = ListOf(outline, form);
+        if (!part.IsValid()) return false;
+        list->Add(part.Get());
+    }
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+}  // namespace tessara

@@ -1,0 +1,165 @@
+#include "records/compare_records.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+
+#include "records/axis_values.h"
+#include "records/convert_records.h"
+#include "records/default_koord.h"
+#include "records/same_parameters.h"
+#include "records/zones.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/zone_systems.h"
+
+namespace tessara {
+namespace {
+
+std::int32_t Order(double first, double second) {
+    if (first == second) return 0;
+    return first > second ? 1 : -1;
+}
+
+// Position codes mean the same on every datum: they are read on one that always exists.
+bool ReadCode(tagKOORD* record) {
+    record->datum = DATUM_WGS84;
+    return ConvertTo(KOORD_GEODEZ, record);
+}
+
+// Only the letters of the axis count. The rest is the default's, and so is the precision, which reads no
+// minutes: GEOREF positions compare by whole degrees.
+bool ReadGeoref(Axis axis, tagKOORD* record) {
+    const auto given = Load<GeorefPayload>(*record);
+    CKoord fresh;
+    if (!DefaultKoord(DATUM_WGS84, KOORD_GEOREF, &fresh)) return false;
+    auto payload = Load<GeorefPayload>(fresh);
+    if (axis == Axis::East) {
+        payload.lonZone = given.lonZone;
+        payload.lonDegree = given.lonDegree;
+        payload.lonMinutes = given.lonMinutes;
+    } else {
+        payload.latZone = given.latZone;
+        payload.latDegree = given.latDegree;
+        payload.latMinutes = given.latMinutes;
+    }
+    Store(*record, payload);
+    return ReadCode(record);
+}
+
+// Fills the values of the whole grid from the letters.
+bool ReadLetterGrid(tagKOORD* record) {
+    record->datum = DATUM_WGS84;
+    return RenewLetters(record);
+}
+
+bool IsWanted(const WantedZones& range, std::int32_t wanted) {
+    return wanted >= range.first && wanted <= range.last && (wanted - range.first) % range.step == 0;
+}
+
+// Whether a UTM record stands in the zone that it wants and lies in, where converting could only add noise.
+bool IsNaturalUtm(const tagKOORD& record, double longitude) {
+    if (record.type != KOORD_UTM) return false;
+    const auto payload = Load<UtmPayload>(record);
+    return payload.wantedZone == payload.zone && UTM_NaturalMeridian(longitude) == UtmMeridian(payload.zone);
+}
+
+// A record that wants a zone is rewritten in its natural one, so that two eastings mean the same.
+bool MoveToNaturalZone(tagKOORD* record) {
+    const std::int32_t wanted = zones::Wanted(*record);
+    const WantedZones& range = SystemOf(*record).zones.wantedZones;
+    if (!IsWanted(range, wanted)) return true;
+
+    if (wanted == range.outerWest || wanted == range.outerEast) {
+        tagKOORD centre = *record;
+        if (!zones::MoveToCentre(&centre)) return false;
+        const std::int32_t side = Order(zones::East(*record), zones::East(centre));
+        if (wanted == range.outerWest && side < 0) return true;
+        if (wanted == range.outerEast && side > 0) return true;
+    }
+    GeodezPayload position;
+    if (!ToGeodez(*record, &position)) return false;
+    if (IsNaturalUtm(*record, position.longitude)) return true;
+    return ConvertTo(static_cast<std::int32_t>(record->type), record);
+}
+
+// Becomes the UTM record of its own zone, in whole metres of easting. Its letters name that zone, which it
+// stays in: a metre at the border may lie in the next one by no more than a rounding.
+bool ReadUtmref(tagKOORD* record) {
+    if (!ConvertInZone(KOORD_UTM, 0, record)) return false;
+    zones::Want(NO_WANTED_ZONE, record);
+    zones::SetEast(std::trunc(zones::East(*record)), record);
+    return true;
+}
+
+// Brings a record into the form whose values are compared.
+bool Prepare(Axis axis, tagKOORD* record) {
+    switch (SystemOf(*record).form) {
+        case Form::Zoned:
+            return axis == Axis::North || MoveToNaturalZone(record);
+        case Form::Squares:
+            return ReadUtmref(record) && Prepare(axis, record);
+        case Form::Parts:
+            return record->type == KOORD_GEOREF ? ReadGeoref(axis, record) : ReadCode(record);
+        case Form::Cartesian:
+            return ConvertTo(KOORD_GEODEZ, record);
+        case Form::LetterGrid:
+            return ReadLetterGrid(record);
+        default:
+            return true;
+    }
+}
+
+std::int32_t CompareZoned(const tagKOORD& first, const tagKOORD& second) {
+    const std::int32_t firstZone = zones::Number(first);
+    const std::int32_t secondZone = zones::Number(second);
+    if (firstZone == UNKNOWN_ZONE || secondZone == UNKNOWN_ZONE) return NOT_COMPARABLE;
+    if (firstZone != secondZone) return firstZone > secondZone ? 1 : -1;
+    return Order(zones::East(first), zones::East(second));
+}
+
+std::int32_t CompareUps(const tagKOORD& first, const tagKOORD& second) {
+    const char firstLetter = Load<UpsPayload>(first).hemisphere;
+    const char secondLetter = Load<UpsPayload>(second).hemisphere;
+    const auto isNorth = [](char letter) { return letter == 'N' || letter == 'n'; };
+    const auto isSouth = [](char letter) { return letter == 'S' || letter == 's'; };
+    if (isNorth(firstLetter) && isSouth(secondLetter)) return 1;
+    if (isSouth(firstLetter) && isNorth(secondLetter)) return -1;
+    return Order(axes::Value(Axis::North, first), axes::Value(Axis::North, second));
+}
+
+// A record may hold what is no number, as the longitude of a point on the earth's axis, and is where it is.
+bool AreSame(const tagKOORD& first, const tagKOORD& second) {
+    return std::memcmp(&first, &second, sizeof first) == 0;
+}
+
+std::int32_t CompareNorthSouth(const tagKOORD& first, const tagKOORD& second) {
+    switch (SystemOf(first).form) {
+        case Form::Pixels:
+            // Rows grow southward.
+            return Order(axes::Value(Axis::North, second), axes::Value(Axis::North, first));
+        case Form::Polar:
+            return CompareUps(first, second);
+        default:
+            return Order(axes::SignedNorthing(first), axes::SignedNorthing(second));
+    }
+}
+
+std::int32_t CompareEastWest(const tagKOORD& first, const tagKOORD& second) {
+    if (zones::Exist(static_cast<std::int32_t>(first.type))) return CompareZoned(first, second);
+    return Order(axes::Value(Axis::East, first), axes::Value(Axis::East, second));
+}
+
+}  // namespace
+
+std::int32_t CompareRecords(Axis axis, const tagKOORD& first, const tagKOORD& second) {
+    if (first.datum != second.datum || first.type != second.type) return NOT_COMPARABLE;
+    tagKOORD a = first;
+    tagKOORD b = second;
+    if (!Prepare(axis, &a) || !Prepare(axis, &b)) return NOT_COMPARABLE;
+    if (!axes::IsNumber(static_cast<std::int32_t>(a.type))) return NOT_COMPARABLE;
+    if (AreSame(first, second)) return 0;
+    if (!HaveSameParameters(a, b)) return NOT_COMPARABLE;
+    return axis == Axis::North ? CompareNorthSouth(a, b) : CompareEastWest(a, b);
+}
+
+}  // namespace tessara

@@ -1,0 +1,249 @@
+#include "records/zone_borders.h"
+
+#include <cfloat>
+#include <cmath>
+#include <limits>
+
+#include "kernel/numeric.h"
+#include "records/axis_values.h"
+#include "records/call_depth.h"
+#include "records/convert_records.h"
+#include "records/system_extremes.h"
+#include "records/zone_meridian.h"
+#include "records/zones.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
+#include "tessara/kernel/datum.h"
+#include "tessara/kernel/limits.h"
+#include "tessara/kernel/utmref.h"
+
+namespace tessara {
+namespace {
+
+// A border may lie outside the limits of the system by its outset.
+constexpr std::int32_t UNCHECKED = 0;
+
+constexpr double BORDER_OUTSET = 1e-9;       // degrees
+constexpr double LATITUDE_STEP = 1e-12;      // degrees; smaller steps end the search for a border point
+constexpr int BORDER_ROUNDS = 20;            // a border point takes six at most
+constexpr double NORTHING_TOLERANCE = 0.05;  // metres; more than a latitude that snaps to a limit costs
+constexpr double EAST_TOLERANCE = 1e-5;      // metres; closer to an easting than this is on it
+constexpr double EAST_ACCEPTABLE = 1e-3;     // metres; good enough when the trials are used up
+constexpr int EAST_TRIALS = 20;
+
+constexpr double WELL_INSIDE = 1e-4;         // degrees; more than a metre at latitude 84
+constexpr double EQUATOR_DEGREE = 112000.0;  // metres, more than a degree of any ellipsoid's equator
+
+constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
+
+std::int32_t DatumOf(const tagKOORD& record) {
+    return static_cast<std::int32_t>(record.datum);
+}
+std::int32_t TypeOf(const tagKOORD& record) {
+    return static_cast<std::int32_t>(record.type);
+}
+
+// The wanted zone that keeps a position in the record's own zone. Strips want their true meridian, whatever
+// they are numbered from.
+std::int16_t WantedForOwnZone(const tagKOORD& record, double centralMeridian) {
+    const ZoneRule rule = SystemOf(record).zones.rule;
+    if (rule != ZoneRule::Strips3 && rule != ZoneRule::Strips6) {
+        return static_cast<std::int16_t>(zones::Number(record));
+    }
+    return TruncateToInt16(std::round(centralMeridian / 3.0) * 3.0);
+}
+
+// The squares of the equator have the first row letter of their scheme, five rows on in even zones.
+bool MoveUtmrefToEquator(tagKOORD* record) {
+    const DatumRow* const datum = Datum_Row(DatumOf(*record));
+    if (datum == nullptr) return false;
+    const bool usesAA = UTMREF_UsesSchemeAA(static_cast<std::int32_t>(datum->ellipsoid));
+    auto payload = Load<UtmrefPayload>(*record);
+    const bool isOdd = payload.zone % 2 != 0;
+    payload.band = 'N';
+    payload.row = usesAA ? (isOdd ? 'A' : 'F') : (isOdd ? 'L' : 'R');
+    payload.northing = 0;
+    Store(*record, payload);
+    return true;
+}
+
+// The northing at which a zone of UTM, GK, GK6 or the Austrian systems is widest.
+double WidestNorthing(const tagKOORD& record) {
+    if (SystemOf(record).limits.south <= 0.0) return 0.0;
+    tagKOORD south;
+    if (!FindSystemExtreme(Compass::South, DatumOf(record), TypeOf(record), &south)) return NO_VALUE;
+    return axes::Value(Axis::North, south);
+}
+
+// How far east of the central line of its zone a record lies; NaN in a zone that doesn't exist.
+double EastOfCentre(const tagKOORD& record) {
+    tagKOORD centre = record;
+    return zones::MoveToCentre(&centre) ? zones::East(record) - zones::East(centre) : NO_VALUE;
+}
+
+// Whether the point of a meridian at a latitude has the border's northing. Beyond a pole it hasn't: the way
+// back from a northing there ends on this side of the pole, and from it no way leads there.
+bool IsOnMeridian(double longitude, double latitude, const tagKOORD& border) {
+    tagKOORD point = MakeKoord(DatumOf(border), KOORD_GEODEZ);
+    Store(point, GeodezPayload{latitude, longitude, 0.0});
+    tagKOORD there = border;
+    if (KoordConvertEx(&point, &there, UNCHECKED) != KOORD_OK) return false;
+    return std::fabs(axes::SignedNorthing(there) - axes::SignedNorthing(border)) < NORTHING_TOLERANCE;
+}
+
+// How wide a zone is, from its central line to one of its borders, by northing.
+class ZoneWidth {
+  public:
+    ZoneWidth(const tagKOORD& record, Compass side) : record_(record), side_(side) {}
+
+    // In metres; NaN where there is no border.
+    double At(double signedNorthing) const {
+        tagKOORD border = record_;
+        axes::SetSignedNorthing(signedNorthing, &border);
+        return zones::MoveToBorder(side_, &border) ? std::fabs(EastOfCentre(border)) : NO_VALUE;
+    }
+
+  private:
+    const tagKOORD& record_;
+    Compass side_;
+};
+
+// Interpolates for the northing at which the zone is `target` wide, between a wide end and a narrow one. A
+// short first step toward the narrow end is lengthened, since the width falls slowly there and a plain
+// interpolation would creep. That isn't done any more once it has come near.
+bool ZoneBorderSearch(const ZoneWidth& width, double wide, double narrow, double target, double* northing) {
+    double atWide = width.At(wide);
+    double atNarrow = width.At(narrow);
+    bool guard = true;
+    double miss = DBL_MAX;
+    for (int trial = 0; trial < EAST_TRIALS; ++trial) {
+        const double span = std::fabs(atNarrow - atWide);
+        double ratio = span == 0.0 ? DBL_MAX : std::fabs(target - atWide) / span;
+        if (ratio > 1.0) ratio = 0.5;
+        const bool isGuarded = ratio < 0.2 && guard;
+        if (isGuarded) ratio = (0.2 - ratio) / 2.0 + ratio;
+
+        const double middle = (narrow - wide) * ratio + wide;
+        const double at = width.At(middle);
+        *northing = middle;
+        miss = std::fabs(at - target);
+        if (miss < EAST_TOLERANCE) {
+            if (!isGuarded || at == target) return true;
+            guard = false;
+        }
+        if (at > target) {
+            wide = middle;
+            atWide = at;
+        } else {
+            narrow = middle;
+            atNarrow = at;
+        }
+    }
+    return miss < EAST_ACCEPTABLE;  // GCOVR_EXCL_LINE: no width is known that takes all the trials
+}
+
+ZoneLimit MoveUtmrefToLimit(Compass direction, tagKOORD* record) {
+    tagKOORD moved = *record;
+    if (!ConvertInZone(KOORD_UTM, UNCHECKED, &moved)) return ZoneLimit::Failure;
+    const ZoneLimit found = zones::MoveToLimit(direction, &moved);
+    if (found != ZoneLimit::Border) return found;
+    if (!ConvertInZone(KOORD_UTMREF, UNCHECKED, &moved)) return ZoneLimit::Failure;
+    zones::Want(NO_WANTED_ZONE, &moved);
+    *record = moved;
+    return ZoneLimit::Border;
+}
+
+bool MoveUtmrefToBorder(Compass side, tagKOORD* record) {
+    tagKOORD moved = *record;
+    if (!ConvertInZone(KOORD_UTM, UNCHECKED, &moved)) return false;
+    if (!zones::MoveToBorder(side, &moved)) return false;
+    if (!ConvertInZone(KOORD_UTMREF, UNCHECKED, &moved)) return false;
+    zones::Want(NO_WANTED_ZONE, &moved);
+    *record = moved;
+    return true;
+}
+
+}  // namespace
+
+bool zones::MoveToBorder(Compass side, tagKOORD* record) {
+    const CallDepth depth;
+    if (AxisOf(side) != Axis::East) return false;
+    if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToBorder(side, record);
+
+    tagKOORD border = *record;
+    GeodezPayload position;
+    if (!zones::MoveToCentre(&border) || !ToGeodez(border, &position)) return false;
+    zones::Want(WantedForOwnZone(*record, position.longitude), &border);
+    const double longitude =
+        position.longitude + SignOf(side) * (zones::HalfWidth(TypeOf(*record)) + BORDER_OUTSET);
+
+    double step = DBL_MAX;
+    for (int round = 0; step > LATITUDE_STEP && round < BORDER_ROUNDS; ++round) {
+        const double latitude = position.latitude;
+        if (!zones::StepAlongMeridian(longitude, latitude, UNCHECKED, &border, &position)) return false;
+        step = std::fabs(position.latitude - latitude);
+    }
+    // Near a limit the kernel's snapping may keep the latitude jumping by as much.
+    if (!(step <= LIMIT_TOLERANCE_DEGREES)) return false;
+    if (!IsOnMeridian(longitude, position.latitude, border)) return false;
+    zones::SetEast(zones::East(border), record);
+    zones::Want(NO_WANTED_ZONE, record);
+    return true;
+}
+
+ZoneLimit zones::MoveToLimit(Compass direction, tagKOORD* record) {
+    const CallDepth depth;
+    if (AxisOf(direction) != Axis::North) return ZoneLimit::Failure;
+    if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToLimit(direction, record);
+
+    // No walk starts at what is no position.
+    GeodezPayload position;
+    if (!ToGeodez(*record, &position) || std::isnan(position.latitude)) return ZoneLimit::Failure;
+    const double offset = EastOfCentre(*record);
+    if (std::isnan(offset)) return ZoneLimit::Failure;
+    if (offset == 0.0) return ZoneLimit::SystemFirst;
+
+    tagKOORD limit;
+    if (!FindSystemExtreme(direction, DatumOf(*record), TypeOf(*record), &limit)) return ZoneLimit::Failure;
+    const double widest = WidestNorthing(*record);
+    const double last = axes::SignedNorthing(limit);
+    const double target = std::fabs(offset);
+    const ZoneWidth width(*record, DirectionOf(Axis::East, offset));
+    if (!(target <= width.At(widest))) return ZoneLimit::Failure;
+    const double atLast = width.At(last);
+    if (std::isnan(atLast)) return ZoneLimit::Failure;
+    if (atLast >= target) return ZoneLimit::SystemFirst;
+
+    double northing;
+    if (!ZoneBorderSearch(width, widest, last, target, &northing)) return ZoneLimit::Failure;
+    axes::SetSignedNorthing(northing, record);
+    zones::Want(NO_WANTED_ZONE, record);
+    return ZoneLimit::Border;
+}
+
+bool zones::IsWellInside(const tagKOORD& record) {
+    const double halfWidth = zones::HalfWidth(TypeOf(record));
+    // Far outside a zone the inverse projection means nothing. (UTMREF can't say so.)
+    if (std::fabs(EastOfCentre(record)) > halfWidth * EQUATOR_DEGREE) return false;
+    tagKOORD centre = record;
+    GeodezPayload position;
+    GeodezPayload middle;
+    if (!zones::MoveToCentre(&centre) || !ToGeodez(record, &position) || !ToGeodez(centre, &middle))
+        return false;
+    const double degrees = std::remainder(position.longitude - middle.longitude, 360.0);
+    return std::fabs(degrees) < halfWidth - WELL_INSIDE;
+}
+
+bool zones::MoveToEquator(tagKOORD* record) {
+    if (!zones::Exist(TypeOf(*record))) return false;
+    if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToEquator(record);
+    const double northing = WidestNorthing(*record);
+    if (std::isnan(northing)) return false;
+    axes::SetValue(Axis::North, northing, record);
+    // The hemisphere stays: the equator of a southern position is written as 10000000.
+    const double falseNorthing = northing - axes::SignedNorthing(*record);
+    axes::SetValue(Axis::North, northing + falseNorthing, record);
+    return true;
+}
+
+}  // namespace tessara

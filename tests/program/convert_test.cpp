@@ -1,0 +1,335 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program/files.h"
+#include "program/run_program.h"
+
+using tessara::testing::ExpectDone;
+using tessara::testing::ExpectUsageError;
+using tessara::testing::LinesOf;
+using tessara::testing::Outcome;
+using tessara::testing::RunProgram;
+using tessara::testing::ScratchDirectory;
+using tessara::testing::Tessara;
+using Json = nlohmann::json;
+
+namespace {
+
+// Munich on Bessel's ellipsoid, in the third-degree strip of 12 degrees east:
+//   echo 11.5755 48.1375 | cs2cs -f %.4f +proj=longlat +ellps=bessel +to +proj=tmerc +lon_0=12 +x_0=4500000
+//   +ellps=bessel
+constexpr const char* MUNICH = "48.1375 11.5755";
+constexpr const char* MUNICH_GK = "4468409.6792 5333259.5202";
+// echo 48.1375 11.5755 | GeoConvert -u -p 4
+constexpr const char* MUNICH_UTM = "32 N 691602.6597 5334791.1445";
+
+std::vector<std::string> Convert(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "convert");
+    return arguments;
+}
+
+}  // namespace
+
+TEST(Convert, WritesTheFieldsOfATarget) {
+    ExpectDone(Tessara(Convert({"--to", "UTM"}), MUNICH), std::string(MUNICH_UTM) + "\n");
+}
+
+TEST(Convert, PartsTheTargetsByTabs) {
+    ExpectDone(Tessara(Convert({"--from", "GER", "--to", "GK", "--to", "GEOGRAD"}), MUNICH),
+               std::string(MUNICH_GK) + "\t48 8 15.00000 N 11 34 31.80000 E\n");
+}
+
+TEST(Convert, WritesDegreesOnWgs84WithoutATarget) {
+    ExpectDone(Tessara(Convert({}), "48.1375 11.5755"), "48.137500000 11.575500000\n");
+}
+
+TEST(Convert, TakesATargetWithoutDatumOnTheDatumOfThePositions) {
+    const Outcome named = Tessara(Convert({"--from", "GER", "--to", "GK@GER"}), MUNICH);
+    ExpectDone(named, std::string(MUNICH_GK) + "\n");
+    ExpectDone(Tessara(Convert({"--from", "GER", "--to", "GK"}), MUNICH), named.out);
+}
+
+TEST(Convert, ShiftsBetweenDatums) {
+    const Outcome outcome = Tessara(Convert({"--to", "GEODEZ@GER", "--json"}), MUNICH);
+    ASSERT_EQ(outcome.status, 0);
+    const Json result = Json::parse(outcome.out)["results"][0];
+    // echo 11.5755 48.1375 | cs2cs -f %.10f +proj=longlat +datum=WGS84 +to +proj=longlat +ellps=bessel
+    // +towgs84=604,21,415 The shift along the ellipsoid leaves the height out of account: 5e-7 degrees, or 5
+    // cm.
+    EXPECT_NEAR(result["latitude"].get<double>(), 48.1384061798, 5e-7);
+    EXPECT_NEAR(result["longitude"].get<double>(), 11.5768521901, 5e-7);
+}
+
+TEST(Convert, TakesNamesInUpperAndLowerCase) {
+    ExpectDone(Tessara(Convert({"--from", "ger", "--to", "gk@Ger"}), MUNICH), std::string(MUNICH_GK) + "\n");
+}
+
+TEST(Convert, WritesTheHeightOfALineThatGaveOne) {
+    ExpectDone(
+        Tessara(Convert({"--to", "UTM", "--to", "GEODEZ"}), "48.1375 11.5755 520.25\n48.1375 11.5755\n"),
+        std::string(MUNICH_UTM) + " 520.2500\t48.137500000 11.575500000 520.2500\n" + MUNICH_UTM +
+            "\t48.137500000 11.575500000\n");
+}
+
+TEST(Convert, PutsTheHeightIntoEarthCentredCoordinates) {
+    // echo 11.5755 48.1375 520 | cs2cs -f %.4f +proj=longlat +datum=WGS84 +to +proj=geocent +datum=WGS84
+    ExpectDone(Tessara(Convert({"--to", "ECEF"}), "48.1375 11.5755 520"),
+               "4177951.7880 855748.7081 4727480.1959\n");
+}
+
+TEST(Convert, SkipsBlankLinesAndComments) {
+    ExpectDone(Tessara(Convert({}), "# heading\n\n   \t\n48 11 # Munich\n  # end"),
+               "48.000000000 11.000000000\n");
+}
+
+TEST(Convert, TakesTabsSignsExponentsAndForeignLineEnds) {
+    ExpectDone(Tessara(Convert({}), "\t+48.5\t-1.15e1 \r\n-.5 +0\r\n"),
+               "48.500000000 -11.500000000\n-0.500000000 0.000000000\n");
+}
+
+TEST(Convert, WritesNoNegativeZero) {
+    ExpectDone(Tessara(Convert({}), "-0.0 -0.0000000001"), "0.000000000 0.000000000\n");
+}
+
+TEST(Convert, WritesNoSixtiethMinute) {
+    ExpectDone(Tessara(Convert({"--to", "GEODEZMIN"}), "47.9999999999 0"), "47 59.9999999 N 0 0.0000000 E\n");
+}
+
+TEST(Convert, ReportsEachBadLineAndWritesAllOthers) {
+    const Outcome outcome = Tessara(Convert({}),
+                                    "48 11\n"
+                                    "abc 11\n"
+                                    "48 11x\n"
+                                    "48\n"
+                                    "48 11 500 7\n"
+                                    "90.000001 0\n"
+                                    "-91 0\n"
+                                    "0 360.5\n"
+                                    "nan 0\n"
+                                    "0 inf\n"
+                                    "0 1e999\n"
+                                    "48,5 11\n"
+                                    "0 +-1\n"
+                                    "90 -360\n");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "48.000000000 11.000000000\n90.000000000 -360.000000000\n");
+    EXPECT_EQ(LinesOf(outcome.err), (std::vector<std::string>{
+                                        "-:2: 'abc' is not a number",
+                                        "-:3: '11x' is not a number",
+                                        "-:4: expected latitude longitude [height], found 1 value",
+                                        "-:5: expected latitude longitude [height], found 4 values",
+                                        "-:6: latitude '90.000001' is outside -90..90",
+                                        "-:7: latitude '-91' is outside -90..90",
+                                        "-:8: longitude '360.5' is outside -360..360",
+                                        "-:9: 'nan' is not a number",
+                                        "-:10: 'inf' is not a number",
+                                        "-:11: '1e999' is not a number",
+                                        "-:12: '48,5' is not a number",
+                                        "-:13: '+-1' is not a number",
+                                    }));
+}
+
+TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
+    // UTM ends at 84 degrees, UPS begins at 80.
+    const Outcome outcome =
+        Tessara(Convert({"--to", "UTM", "--to", "UPS", "--to", "GK@GER"}), "48 11\n85 11\n82 11\n");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(LinesOf(outcome.err), (std::vector<std::string>{"-:1: not convertible to UPS@WGS84",
+                                                              "-:2: not convertible to UTM@WGS84, GK@GER",
+                                                              "-:3: not convertible to GK@GER"}));
+}
+
+TEST(Convert, TakesAPositionWithoutFiniteFieldsForNone) {
+    const Outcome outcome = Tessara(Convert({"--to", "TM"}), "90 10\n");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "-:1: not convertible to TM@WGS84\n");
+}
+
+TEST(Convert, ShowsNoControlCharactersAndNoEndlessWords) {
+    const std::string word(10000, 'a');
+    const Outcome outcome = Tessara(Convert({}), std::string("\x1b[2Jx\0y 1\n", 10) + word + " 1\n");
+    EXPECT_EQ(LinesOf(outcome.err), (std::vector<std::string>{
+                                        "-:1: '?[2Jx?y' is not a number",
+                                        "-:2: '" + std::string(40, 'a') + "...' is not a number",
+                                    }));
+}
+
+TEST(Convert, WritesOneLineForEachOfManyPositions) {
+    std::string input;
+    for (int i = 0; i < 5000; ++i)
+        input += std::to_string(i % 80) + " " + std::to_string(i % 180) + "\n";
+    const Outcome outcome = Tessara(Convert({"--to", "UTM"}), input);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(LinesOf(outcome.out).size(), 5000u);
+}
+
+TEST(Convert, IsTheSameUnderEveryLocale) {
+    for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=tlh_QO", "LC_NUMERIC=fr_FR"}) {
+        const Outcome outcome = RunProgram(TESSARA_PROGRAM, Convert({"--to", "UTM"}), {MUNICH, {locale}, {}});
+        ExpectDone(outcome, std::string(MUNICH_UTM) + "\n");
+    }
+}
+
+TEST(Convert, FailsWhenItsOutputIsLost) {
+    const Outcome outcome = RunProgram(TESSARA_PROGRAM, Convert({}), {MUNICH, {}, "/dev/full"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n");
+}
+
+// The input has no end.
+TEST(Convert, StopsWhenItsOutputIsLost) {
+    for (const char* arguments :
+         {"convert", "convert --from GEODEZ", "convert --output csv", "convert --output geojson --jobs 2"}) {
+        const Outcome outcome = RunProgram(
+            "/bin/sh", {"-c", std::string("yes '48 11' | tr ' ' '\\t' | timeout 30 " TESSARA_PROGRAM " ") +
+                                  arguments + " >/dev/full"});
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n") << arguments;
+    }
+}
+
+TEST(Convert, EndsQuietlyWhereNobodyReadsItsOutput) {
+    const Outcome outcome =
+        RunProgram("/bin/sh", {"-c", "yes '48 11' | timeout 30 " TESSARA_PROGRAM " convert | head -n 1"});
+    EXPECT_EQ(outcome.out, "48.000000000 11.000000000\n");
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST(Convert, TakesAByteOrderMarkForNoPartOfALine) {
+    ExpectDone(Tessara(Convert({}),
+                       "\xEF\xBB\xBF"
+                       "48 11\n"),
+               "48.000000000 11.000000000\n");
+}
+
+TEST(Convert, ReportsAStandardInputThatBreaks) {
+    for (const char* arguments :
+         {"convert", "convert --from UTM", "convert --from UTM --columns n,e", "convert --input csv",
+          "convert --input jsonl", "convert --input geojson", "map -"}) {
+        const Outcome outcome =
+            RunProgram("/bin/sh", {"-c", std::string(TESSARA_PROGRAM " ") + arguments + " < /"});
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.err, "-: can't be read to its end\n") << arguments;
+    }
+}
+
+TEST(ConvertUsage, KnowsTheNamesOfSystemsAndDatumsOnly) {
+    ExpectUsageError(Tessara(Convert({"--to", "XYZ"}), MUNICH), "no system is called 'XYZ'");
+    ExpectUsageError(Tessara(Convert({"--to", "UTM@XYZ"}), MUNICH), "no datum is called 'XYZ'");
+    ExpectUsageError(Tessara(Convert({"--from", "XYZ"}), MUNICH), "no datum is called 'XYZ'");
+    ExpectUsageError(Tessara(Convert({"--to", ""}), MUNICH), "no system is called ''");
+    ExpectUsageError(Tessara(Convert({"--to", "@GER"}), MUNICH), "no system is called ''");
+    ExpectUsageError(Tessara(Convert({"--to", "UTM@"}), MUNICH), "no datum is called ''");
+    ExpectUsageError(Tessara(Convert({"--to", "LAMBERTCC"}), MUNICH), "no system is called 'LAMBERTCC'");
+}
+
+TEST(ConvertUsage, OffersNoPixels) {
+    ExpectUsageError(Tessara(Convert({"--to", "LONGPIXEL"}), MUNICH), "by a map only");
+    ExpectUsageError(Tessara(Convert({"--to", "floatpixel"}), MUNICH), "by a map only");
+}
+
+TEST(ConvertUsage, KnowsItsOptionsOnly) {
+    ExpectUsageError(Tessara(Convert({"--frm", "GER"}), MUNICH), "--frm");
+    ExpectUsageError(Tessara(Convert({"--to"}), MUNICH), "--to");
+}
+
+TEST(ConvertFiles, AreReadInTheirOrderAndStandardInputAmongThem) {
+    const ScratchDirectory files;
+    const std::string first = files.File("first", "1 1");
+    const std::string last = files.File("last", "3 3\n");
+    ExpectDone(Tessara(Convert({first, "-", last}), "2 2\n"),
+               "1.000000000 1.000000000\n2.000000000 2.000000000\n3.000000000 3.000000000\n");
+}
+
+TEST(ConvertFiles, MayStandOnEitherSideOfTheTargets) {
+    const ScratchDirectory files;
+    const std::string file = files.File("positions", MUNICH);
+    ExpectDone(Tessara(Convert({file, "--to", "UTM"})), std::string(MUNICH_UTM) + "\n");
+    ExpectDone(Tessara(Convert({"--to", "UTM", file})), std::string(MUNICH_UTM) + "\n");
+}
+
+TEST(ConvertFiles, AreNamedInMessages) {
+    const ScratchDirectory files;
+    const std::string file = files.File("positions", "1 1\nx y\n");
+    const Outcome outcome = Tessara(Convert({file}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, file + ":2: 'x' is not a number\n");
+}
+
+TEST(ConvertFiles, ThatCantBeReadAreReportedAndTheOthersConverted) {
+    const ScratchDirectory files;
+    const std::string missing = files.Path("missing");
+    const std::string directory = files.Path("");
+    const std::string file = files.File("positions", "1 1");
+    const Outcome outcome = Tessara(Convert({missing, directory, file}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "1.000000000 1.000000000\n");
+    EXPECT_EQ(outcome.err, missing + ": can't be read\n" + directory + ": can't be read\n");
+}
+
+TEST(ConvertFiles, MayBeEmpty) {
+    const ScratchDirectory files;
+    ExpectDone(Tessara(Convert({files.File("empty", "")})), "");
+}
+
+TEST(ConvertFiles, AreNamedInJsonWhateverTheirBytes) {
+    const ScratchDirectory files;
+    const Outcome outcome = Tessara(Convert({"--json", files.File("k\xf6ln", "1 1")}));
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_TRUE(Json::parse(outcome.out)["file"].get<std::string>().ends_with("k\xef\xbf\xbdln"));
+}
+
+TEST(ConvertJson, IsOneObjectForAPosition) {
+    const Outcome outcome =
+        Tessara(Convert({"--json", "--from", "GER", "--to", "GK", "--to", "UTMREF@WGS84"}),
+                "# comment\n48.1375 11.5755 520.5\n48.1375 11.5755\n");
+    ASSERT_EQ(outcome.status, 0);
+    const std::vector<std::string> lines = LinesOf(outcome.out);
+    ASSERT_EQ(lines.size(), 2u);
+
+    const Json first = Json::parse(lines[0]);
+    EXPECT_EQ(first["file"], "-");
+    EXPECT_EQ(first["line"], 2);
+    EXPECT_EQ(first["datum"], "GER");
+    EXPECT_EQ(first["latitude"], 48.1375);
+    EXPECT_EQ(first["longitude"], 11.5755);
+    EXPECT_EQ(first["height"], 520.5);
+    ASSERT_EQ(first["results"].size(), 2u);
+
+    const Json& gk = first["results"][0];
+    EXPECT_EQ(gk["system"], "GK");
+    EXPECT_EQ(gk["datum"], "GER");
+    EXPECT_NEAR(gk["easting"].get<double>(), 4468409.6792, 0.00006);  // cs2cs wrote 4 decimals
+    EXPECT_NEAR(gk["northing"].get<double>(), 5333259.5202, 0.00006);
+    EXPECT_EQ(gk["height"], 520.5);
+
+    const Json& utmref = first["results"][1];
+    EXPECT_EQ(utmref["system"], "UTMREF");
+    EXPECT_EQ(utmref["datum"], "WGS84");
+    EXPECT_EQ(utmref["zone"], 32);
+    EXPECT_EQ(utmref["band"], "U");
+    EXPECT_EQ(utmref["square"], "PU");
+    EXPECT_TRUE(utmref["easting"].is_number_integer());
+
+    const Json second = Json::parse(lines[1]);
+    EXPECT_EQ(second["line"], 3);
+    EXPECT_FALSE(second.contains("height"));
+    EXPECT_FALSE(second["results"][0].contains("height"));
+}
+
+TEST(ConvertJson, KeepsAllDigits) {
+    const Outcome outcome = Tessara(Convert({"--json"}), "48.12345678901234 11.98765432109876");
+    const Json result = Json::parse(outcome.out)["results"][0];
+    EXPECT_EQ(result["latitude"].get<double>(), 48.12345678901234);
+    EXPECT_EQ(result["longitude"].get<double>(), 11.98765432109876);
+}
+
+TEST(ConvertJson, LeavesOutBadLines) {
+    const Outcome outcome = Tessara(Convert({"--json"}), "x\n1 2\n");
+    EXPECT_EQ(outcome.status, 1);
+    ASSERT_EQ(LinesOf(outcome.out).size(), 1u);
+    EXPECT_EQ(Json::parse(outcome.out)["line"], 2);
+}

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "program/run_program.h"
+
+using tessara::testing::Outcome;
+using tessara::testing::Tessara;
+
+namespace {
+
+std::vector<double> Numbers(const Outcome& outcome) {
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    std::istringstream stream(outcome.out);
+    std::vector<double> numbers;
+    for (double number = 0.0; stream >> number;)
+        numbers.push_back(number);
+    numbers.resize(3);
+    return numbers;
+}
+
+constexpr double Degrees(double degrees, double minutes, double seconds) {
+    return degrees + minutes / 60.0 + seconds / 3600.0;
+}
+
+// Half of the last digit of an azimuth that is published to a hundredth of a second.
+constexpr double HALF_A_HUNDREDTH_OF_A_SECOND = 0.005 / 3600.0;
+
+}  // namespace
+
+// Geocentric Datum of Australia Technical Manual, chapter 4: Flinders Peak to Buninyong on GRS 1980.
+TEST(Distance, AgreesWithThePublishedLineOfASurvey) {
+    const std::vector<double> line =
+        Numbers(Tessara({"distance", "-37.951033416667", "144.424867888889", "-37.652821138889",
+                         "143.926495527778", "--datum", "NAD83"}));
+    EXPECT_NEAR(line[0], 54972.271, 0.0005);
+    EXPECT_NEAR(line[1], Degrees(306, 52, 5.37), HALF_A_HUNDREDTH_OF_A_SECOND);
+    EXPECT_NEAR(line[2], Degrees(127, 10, 25.07), HALF_A_HUNDREDTH_OF_A_SECOND);
+}
+
+// PROJ, manual page of geod: Boston to Portland on Clarke 1866, 2587.504 statute miles of the U.S. survey
+// foot, which is 1200/3937 m; azimuths to a thousandth of a second.
+TEST(Distance, AgreesAcrossAContinent) {
+    const std::vector<double> line =
+        Numbers(Tessara({"distance", "42.25", "-71.116666666667", "45.516666666667", "-123.683333333333",
+                         "--datum", "NAD27"}));
+    EXPECT_NEAR(line[0] / (5280.0 * 1200.0 / 3937.0), 2587.504, 0.0005);
+    EXPECT_NEAR(line[1], 360.0 - Degrees(66, 31, 50.141), HALF_A_HUNDREDTH_OF_A_SECOND / 10.0);
+    EXPECT_NEAR(line[2], Degrees(75, 39, 13.083), HALF_A_HUNDREDTH_OF_A_SECOND / 10.0);
+}
+
+// GeographicLib, manual page of GeodSolve: New York to Singapore on WGS84; the azimuth there points onward.
+TEST(Distance, AgreesHalfRoundTheWorld) {
+    const std::vector<double> line = Numbers(
+        Tessara({"distance", "40.639722222222", "-73.778888888889", "1.359166666667", "103.989444444444"}));
+    EXPECT_NEAR(line[0], 15347628.0, 0.5);
+    EXPECT_NEAR(line[1], Degrees(3, 18, 29.9), 10.0 * HALF_A_HUNDREDTH_OF_A_SECOND);
+    EXPECT_NEAR(line[2], Degrees(177, 29, 9.2) + 180.0, 10.0 * HALF_A_HUNDREDTH_OF_A_SECOND);
+}
+
+TEST(Distance, IsZeroBetweenEqualPositions) {
+    EXPECT_EQ(Numbers(Tessara({"distance", "48", "11", "48", "11"}))[0], 0.0);
+}
+
+// From a position to its antipode over the pole, and back from it: due north both ways.
+TEST(Distance, AnAzimuthOfAWholeTurnIsZero) {
+    const Outcome line = Tessara({"distance", "0", "0", "0", "180"});
+    EXPECT_EQ(line.out.substr(line.out.find(' ')), " 0.000000000 0.000000000\n");
+}
+
+TEST(Direct, AnAzimuthOfAWholeTurnIsZero) {
+    // Due south, a hair to the east: the way back is due north, a hair to the west.
+    const Outcome end = Tessara({"direct", "10", "20", "179.9999999999", "1000"});
+    EXPECT_EQ(end.out.substr(end.out.rfind(' ')), " 0.000000000\n");
+}
+
+TEST(Direct, FindsTheEndOfThePublishedLine) {
+    const std::vector<double> end = Numbers(Tessara({"direct", "-37.951033416667", "144.424867888889",
+                                                     "306.868158333", "54972.271", "--datum", "NAD83"}));
+    // The azimuth is published to 0.005 seconds, which is 1.4e-3 m over the line, and the line to 0.5 mm:
+    // 2e-8 degrees.
+    EXPECT_NEAR(end[0], -37.652821138889, 2e-8);
+    EXPECT_NEAR(end[1], 143.926495527778, 2e-8);
+    EXPECT_NEAR(end[2], Degrees(127, 10, 25.07), HALF_A_HUNDREDTH_OF_A_SECOND);
+}
+
+TEST(Direct, IsTheWayBackOfADistance) {
+    const std::vector<double> line = Numbers(Tessara({"distance", "10", "20", "-30", "50"}));
+    std::ostringstream azimuth, distance;
+    azimuth.precision(12), distance.precision(12);
+    azimuth << line[1], distance << line[0];
+    const std::vector<double> end = Numbers(Tessara({"direct", "10", "20", azimuth.str(), distance.str()}));
+    // Azimuth and distance are written to 1e-9 degrees and 1e-4 m: half of that is 1e-4 m over 5500 km, and
+    // the method is good to a millimetre, which is 1e-8 degrees.
+    EXPECT_NEAR(end[0], -30.0, 1e-8);
+    EXPECT_NEAR(end[1], 50.0, 1e-8);
+    EXPECT_NEAR(end[2], line[2], 1e-8);
+}
+
+TEST(Direct, CrossesTheDateLine) {
+    const std::vector<double> end = Numbers(Tessara({"direct", "0", "179.5", "90", "111319.4908"}));
+    // One degree of the equator is pi/180 * 6378137 m = 111319.4908 m.
+    EXPECT_NEAR(end[0], 0.0, 1e-9);
+    EXPECT_NEAR(end[1], -179.5, 1e-9);
+}
+
+TEST(Direct, TakesNegativeNumbersInEveryForm) {
+    const Outcome plain = Tessara({"direct", "-0.5", "-0.25", "-90", "-1000"});
+    EXPECT_EQ(plain.status, 0);
+    EXPECT_EQ(Tessara({"direct", "-.5", "-.25", "-9e1", "-1e3"}).out, plain.out);
+}
+
+TEST(GeodesicUsage, WantsNumbersInRange) {
+    for (const std::vector<std::string>& arguments : {
+             std::vector<std::string>{"distance", "1", "2", "3"},
+             {"distance", "1", "2", "3", "4", "5"},
+             {"distance", "91", "2", "3", "4"},
+             {"distance", "1", "361", "3", "4"},
+             {"distance", "1", "2", "-90.1", "4"},
+             {"distance", "1", "2", "3", "x"},
+             {"distance", "1", "2", "3", "4", "--datum", "XYZ"},
+             {"direct", "1", "2", "nan", "4"},
+             {"direct", "1", "2", "3", "inf"},
+             {"direct", "1", "2", "3"},
+         }) {
+        const Outcome outcome = Tessara(arguments);
+        EXPECT_EQ(outcome.status, 2) << ::testing::PrintToString(arguments);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err, "");
+    }
+}

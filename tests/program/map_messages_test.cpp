@@ -1,0 +1,302 @@
+// What `tessara map` says about descriptions that it can't use, and about what it can't draw of others.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "program/files.h"
+#include "program/run_program.h"
+#include "program/svg_reader.h"
+
+using tessara::testing::ElementsOf;
+using tessara::testing::LinesOf;
+using tessara::testing::Outcome;
+using tessara::testing::RunProgram;
+using tessara::testing::ScratchDirectory;
+using tessara::testing::Tessara;
+
+namespace {
+
+const std::string UTM =
+    R"("projection": {"type": "UTM", "zone": 32, "hemisphere": "N", "originEasting": 660000,
+                      "originNorthing": 5340000, "metresPerPixelX": 50, "metresPerPixelY": 50})";
+const std::string WINDOW = R"("window": {"left": 0, "top": 0, "right": 1000, "bottom": 800})";
+
+std::string MapWith(const std::string& layer) {
+    return "{" + UTM + ", " + WINDOW + R"(, "layers": [)" + layer + "]}";
+}
+
+Outcome Draw(const std::string& description) {
+    return Tessara({"map", "-"}, description);
+}
+
+// A description and what is wrong with it.
+struct Mistake {
+    std::string description;
+    std::string message;
+};
+
+void ExpectRefused(const Mistake& mistake) {
+    const Outcome outcome = Draw(mistake.description);
+    EXPECT_EQ(outcome.status, 1) << mistake.description;
+    EXPECT_EQ(outcome.out, "") << mistake.description;
+    EXPECT_EQ(outcome.err, "-: " + mistake.message + "\n");
+}
+
+}  // namespace
+
+TEST(MapMessages, SayWhereTextIsNoJson) {
+    const Outcome outcome = Draw("{\n  \"window\": 1,,\n}");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.err.starts_with("-: no JSON: parse error at line 2, column 15")) << outcome.err;
+}
+
+TEST(MapMessages, NameAFileThatCantBeRead) {
+    for (const std::string file : {"nowhere.json", TESSARA_SOURCE_DIR}) {
+        const Outcome outcome = Tessara({"map", file});
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.err, file + ": can't be read\n");
+    }
+}
+
+TEST(MapMessages, SayWhatIsWrongWithTheMap) {
+    const std::string types =
+        "UTM, GAUKRU, GAUKRU6, BMN, CH, STEREOGR_NL, UPS, TM, PO_MILITARY, LUREF, DD, EQUALARC, POLYNOM, "
+        "LAMBERT2, LAMBERTFR, LAMBERTCC, MERCATOR, AZYL, VAN_DER_GRINTEN, WAGNER-IV";
+    const std::string grid = R"("originEasting": 1, "originNorthing": 1, "metresPerPixelX": 1)";
+    for (const Mistake& mistake : {
+             Mistake{"[]", "expected an object, found a list of 0"},
+             {"{}", "'projection' is missing"},
+             {"{" + UTM + "}", "'window' is missing"},
+             {R"({"projection": {}})", "projection: 'type' is missing"},
+             {R"({"projection": {"type": "MOLLWEIDE"}})",
+              "projection.type: expected one of " + types + R"(, found "MOLLWEIDE")"},
+             {R"({"projection": {"type": "UTM", "hemisphere": "n"}})",
+              R"(projection.hemisphere: expected one of N, S, found "n")"},
+             {R"({"projection": {"type": "UTM", "hemisphere": "N", "zone": 61}})",
+              "projection.zone: expected a whole number in 1..60, found 61"},
+             {R"({"projection": {"type": "UTM", "hemisphere": "N", "zone": 31.5}})",
+              "projection.zone: expected a whole number in 1..60, found 31.5"},
+             {R"({"projection": {"type": "CH", "originEasting": "x"}})",
+              R"(projection.originEasting: expected a number, found "x")"},
+             {R"({"projection": {"type": "CH", "originEasting": 1e10}})",
+              "projection.originEasting: expected a number in -1000000000..1000000000, found 10000000000.0"},
+             {R"({"projection": {"type": "CH", )" + grid + "}}",
+              "projection: 'metresPerPixelY' is missing, and so are a scale and a resolution for it"},
+             {R"({"projection": {"type": "CH", )" + grid + R"(, "metresPerPixelY": 0}})",
+              "projection.metresPerPixelY: expected a number above 0, found 0"},
+             {R"({"projection": {"type": "CH", )" + grid + R"(, "metresPerPixelY": 1, "zone": 1}})",
+              R"(projection: no key is called "zone" here; there are metresPerPixelX, metresPerPixelY, )"
+              "originEasting, originNorthing, type"},
+             {R"({"projection": {"type": "GAUKRU", "meridian": 10}})",
+              "projection.meridian: no strip has the meridian 10; they are 0 and every 3 degrees from there"},
+             {R"({"projection": {"type": "GAUKRU6", "meridian": 12}})",
+              "projection.meridian: no strip has the meridian 12; they are 3 and every 6 degrees from there"},
+             {R"({"projection": {"type": "BMN", "meridian": 16}})",
+              "projection.meridian: expected one of 28, 31, 34, found 16"},
+             {R"({"projection": {"type": "EQUALARC", "zone": 1}})",
+              "projection.zone: expected one of 0, 9, 18, found 1"},
+             {R"({"projection": {"type": "POLYNOM", "order": 5}})",
+              "projection.order: expected one of 3, 4, 6, 10, found 5"},
+             {R"({"projection": {"type": "POLYNOM", "order": 3, "latFromPixel": [1, 2]}})",
+              "projection.latFromPixel: expected a list of 3, found a list of 2"},
+             {R"({"projection": {"type": "LAMBERTFR", "zone": 5}})",
+              "projection.zone: expected a whole number in 1..4, found 5"},
+             {R"({"projection": {"type": "MERCATOR", "standardParallel": 91}})",
+              "projection.standardParallel: expected a number in -90..90, found 91"},
+             {R"({"projection": {"type": "MERCATOR", "standardParallel": 54}})",
+              "'scale' is missing; MERCATOR maps need one"},
+             {R"({"scale": 1000, "projection": {"type": "AZYL", "standardParallel": 54}})",
+              "'resolution' is missing; AZYL maps need one"},
+             {R"({"scale": 1000, "resolution": 10, "projection": {"type": "AZYL", "standardParallel": 54}})",
+              "'reference' is missing; AZYL maps need one"},
+             {R"({"scale": 0})", "scale: expected a whole number in 1..2147483647, found 0"},
+             {R"({"resolution": -1})", "resolution: expected a number above 0, found -1"},
+             {R"({"datum": "XYZ"})", "datum: no datum is called 'XYZ'; `tessara datums` lists them"},
+             {R"({"title": 1})", "title: expected a text, found 1"},
+             {"{" + UTM + R"(, "reference": {"pixel": [0, 0]}})", "reference: 'place' is missing"},
+             {"{" + UTM + R"(, "reference": [{"pixel": [0], "place": [48, 11]}]})",
+              "reference[0].pixel: expected a list of 2, found a list of 1"},
+             {"{" + UTM + R"(, "reference": {"pixel": [0, 0], "place": {"pixel": [1, 2]}}})",
+              "reference.place: a pixel is no place on the earth"},
+             {"{" + UTM + R"(, "window": {"left": 0, "top": 8, "right": 10, "bottom": 0}})",
+              "window: it is empty: rows grow downward, columns to the right"},
+             {"{" + UTM + R"(, "window": {"left": 0, "top": 0, "right": 1000001, "bottom": 10}})",
+              "window: it is wider than a million pixels"},
+             {"{" + UTM + ", " + WINDOW + R"(, "layer": []})",
+              R"(no key is called "layer" here; there are datum, layers, projection, reference, resolution, )"
+              "scale, title, window"},
+         })
+        ExpectRefused(mistake);
+}
+
+TEST(MapMessages, SayWhatIsWrongWithALayer) {
+    const std::string square = R"([{"pixel": [1, 1]}, {"pixel": [9, 1]}, {"pixel": [9, 9]}])";
+    for (const Mistake& mistake : {
+             Mistake{R"({"type": "grit"})",
+                     ".type: expected one of grid, borders, positions, geodesic, line, rings, polygon, "
+                     R"(overlay, found "grit")"},
+             {"3", ": expected an object, found 3"},
+             {R"({"type": "grid", "system": "UTN", "step": 1})",
+              ".system: no system is called 'UTN'; `tessara systems` lists them"},
+             {R"({"type": "grid", "system": "UTM@X", "step": 1})",
+              ".system: no datum is called 'X'; `tessara datums` lists them"},
+             {R"({"type": "grid", "system": "ECEF", "step": 1})", ".system: ECEF has no grid lines"},
+             {R"({"type": "grid", "system": "TM", "step": 1})", ".system: TM has no grid lines"},
+             {R"({"type": "grid", "system": "UTM"})", ": 'eastStep' is missing"},
+             {R"({"type": "grid", "system": "UTM", "step": 0})", ".step: expected a number above 0, found 0"},
+             {R"({"type": "grid", "system": "UTM", "step": 1, "colour": "mauve"})",
+              ".colour: expected one of black, orange, sky blue, bluish green, yellow, blue, vermillion, "
+              R"(reddish purple, found "mauve")"},
+             {R"({"type": "borders", "system": "GEODEZ"})", ".system: GEODEZ has no zones"},
+             {R"({"type": "positions"})", ": positions have either 'places' or a 'file'"},
+             {R"({"type": "positions", "places": [], "file": "x"})",
+              ": positions have either 'places' or a 'file'"},
+             {R"({"type": "positions", "file": "x", "from": "ECEF"})",
+              ".from: ECEF can't be typed: three values don't fit into a north and an east text"},
+             {R"({"type": "positions", "places": [[91, 11]]})",
+              ".places[0][0]: expected a number in -90..90, found 91"},
+             {R"({"type": "positions", "places": [{"name": "x"}]})",
+              ".places[0]: a place has 'at', 'pixel', or 'system', 'north' and 'east'"},
+             {R"({"type": "positions", "places": [{"at": [48, 11], "datum": "X"}]})",
+              ".places[0].datum: no datum is called 'X'; `tessara datums` lists them"},
+             {R"({"type": "positions", "places": [{"at": [48, 11], "nam": "x"}]})",
+              R"(.places[0]: no key is called "nam" here; there are at, datum, name)"},
+             {R"({"type": "positions", "places": [{"system": "UTM", "north": "N 1", "east": "99 1"}]})",
+              ".places[0]: not a legal position of UTM@WGS84"},
+             {R"({"type": "geodesic", "places": [[48, 11]]})",
+              ".places: expected 2 places at least, found 1"},
+             {R"({"type": "line", "places": [[48, 11], [48, 12]], "straightIn": "FLOATPIXEL"})",
+              ".straightIn: without it a line is straight in pixels"},
+             {R"({"type": "rings", "centre": [48, 11], "radii": [0]})",
+              ".radii[0]: expected a number above 0, found 0"},
+             {R"({"type": "rings", "centre": [48, 11], "radii": [3e7]})",
+              ".radii[0]: it is longer than 20000 km"},
+             {R"({"type": "polygon", "places": [[48, 11], [48, 12]]})",
+              ".places: expected 3 places at least, found 2"},
+             {R"({"type": "overlay", "first": )" + square + "}", ": 'second' is missing"},
+         })
+        ExpectRefused({MapWith(mistake.description), "layers[0]" + mistake.message});
+}
+
+TEST(MapMessages, TellLinesOfAFileThatCantBeUsedAndDrawTheOthers) {
+    const ScratchDirectory files;
+    const std::string positions = files.File("positions", "48.1375 11.5755 # Munich\n91 11\n\n48 11.5 1 2\n");
+    const std::string texts = files.File("texts", "N 5334791;32 691602;hall\nN 1;99 1\nN 5334791\n");
+    const Outcome outcome = Draw(MapWith(R"({"type": "positions", "file": ")" + positions +
+                                         R"("}, {"type": "positions", "from": "UTM", "file": ")" + texts +
+                                         R"("}, {"type": "positions", "file": "nowhere.txt"})"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, positions + ":2: latitude '91' is outside -90..90\n" + positions +
+                               ":4: expected latitude longitude [height], found 4 values\n" + texts +
+                               ":2: not a legal position of UTM@WGS84\n" + texts +
+                               ":3: expected a north and an east text, found one column\n"
+                               "nowhere.txt: can't be read\n");
+    EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer0 position").size(), 1u);
+    EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer1 position").size(), 1u);
+}
+
+TEST(MapMessages, TellPlacesWithoutAPixelAndDrawTheOthers) {
+    // The pole has no UTM coordinates, and neither has the other side of the globe in zone 32.
+    const Outcome outcome = Draw(MapWith(R"({"type": "positions", "places": [[90, 0], [48.1375, 11.5755]]},
+                        {"type": "line", "places": [[90, 0], [48, 11]]},
+                        {"type": "polygon", "places": [[90, 0], [48, 11], [48, 12]]},
+                        {"type": "grid", "system": "RD", "step": 1000})"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "-: layers[0].places[0]: the place has no pixel on the map\n"
+              "-: layers[1].places[0]: the place has no pixel on the map\n"
+              "-: layers[2].places[0]: the place has no pixel on the map\n"
+              "-: layers[3]: the window has no place in RD@WGS84\n");
+    EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer0 position").size(), 1u);
+}
+
+TEST(MapMessages, TellAStepThatIsTooSmall) {
+    const Outcome outcome =
+        Draw(MapWith(R"({"type": "grid", "system": "UTM", "eastStep": 10, "northStep": 10000})"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "-: layers[0]: there are more than 2000 east lines of UTM@WGS84; a greater step is needed\n");
+    EXPECT_EQ(LinesOf(outcome.out, "grid north").size(), 5u);
+
+    const std::string world =
+        R"({"projection": {"type": "DD", "originLongitude": -180, "originLatitude": 90, "pixelsPerDegreeX": 10,
+                           "pixelsPerDegreeY": 10},
+            "window": {"left": 0, "top": 0, "right": 3600, "bottom": 1800},
+            "layers": [{"type": "grid", "system": "GEODEZ", "eastStep": 1e-9, "northStep": 30}]})";
+    EXPECT_EQ(
+        Draw(world).err,
+        "-: layers[0]: there are more than 2000 east lines of GEODEZ@WGS84; a greater step is needed\n");
+}
+
+// A million lines would take minutes.
+TEST(MapMessages, TellAStepThatIsFarTooSmallBeforeAnyLineIsMade) {
+    for (const std::string system :
+         {"UTM", "UTM@GER", "UTMREF", "GK@GER", "GEODEZ", "GEOREF", "FLOATPIXEL", "VDG"}) {
+        const Outcome outcome =
+            Draw(MapWith(R"({"type": "grid", "system": ")" + system + R"(", "step": 1e-9})"));
+        const std::string name = system.find('@') == std::string::npos ? system + "@WGS84" : system;
+        EXPECT_EQ(LinesOf(outcome.err),
+                  (std::vector<std::string>{"-: layers[0]: there are more than 2000 north lines of " + name +
+                                                "; a greater step is needed",
+                                            "-: layers[0]: there are more than 2000 east lines of " + name +
+                                                "; a greater step is needed"}));
+    }
+}
+
+// On pixels a hundred kilometres wide and a hundredth of a millimetre high all lines are bent without end.
+TEST(MapMessages, TellLinesThatTakeTooManyPoints) {
+    const Outcome outcome =
+        Draw(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
+        "originLongitude": 3, "originLatitude": 46.5, "falseEasting": 700000, "falseNorthing": 6600000,
+        "metresPerPixelX": 1e5, "metresPerPixelY": 1e-5, "pixelX": 500, "pixelY": 400}, )" +
+             WINDOW + R"(, "layers": [{"type": "grid", "system": "UTM", "step": 10000}]})");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("-: layers[0]: the north lines of UTM@WGS84 take more than 1000000 points; a "
+                               "greater step is needed\n"),
+              std::string::npos)
+        << outcome.err;
+}
+
+TEST(MapMessages, ShowNoControlCharacters) {
+    ExpectRefused(
+        {R"({"datum": "\u001b[2J"})", "datum: no datum is called '?[2J'; `tessara datums` lists them"});
+}
+
+TEST(MapMessages, TellAnOutputThatCantBeWritten) {
+    const Outcome outcome = Tessara({"map", "-", "-o", "/nowhere/map.svg"}, MapWith(""));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "tessara: /nowhere/map.svg: can't be written\n");
+}
+
+TEST(MapMessages, TellAnOutputThatIsTheDescription) {
+    const ScratchDirectory files;
+    const std::string file = files.File("map.json", MapWith(""));
+    const Outcome outcome = Tessara({"map", file, "-o", file});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "tessara: " + file + ": is the description, and is left as it is\n");
+    EXPECT_EQ(files.Contents("map.json"), MapWith(""));
+}
+
+TEST(MapMessages, NameTheProgramThatDrawsAPng) {
+    const ScratchDirectory files;
+    const std::string file = files.Path("map.png");
+    const Outcome outcome =
+        RunProgram(TESSARA_PROGRAM, {"map", "-", "-o", file}, {MapWith(""), {"PATH=/nowhere"}, {}});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(
+        outcome.err,
+        "tessara: a PNG is drawn by rsvg-convert, which isn't installed (Debian: librsvg2-bin); an .svg "
+        "needs none\n");
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST(MapUsage, WantsADescriptionAndASizeInRange) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"map"},
+                                                      {"map", "-", "--size", "99"},
+                                                      {"map", "-", "--size", "x"},
+                                                      {"map", "-", "-", "-"}}) {
+        const Outcome outcome = Tessara(arguments);
+        EXPECT_EQ(outcome.status, 2) << ::testing::PrintToString(arguments);
+        EXPECT_EQ(outcome.out, "");
+    }
+}

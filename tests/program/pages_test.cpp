@@ -1,0 +1,64 @@
+// The pages of the manual: their links lead somewhere, and none of the examples is left out.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "program/files.h"
+
+using tessara::testing::ReadFile;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path ROOT = TESSARA_SOURCE_DIR;
+
+std::vector<fs::path> Pages() {
+    std::vector<fs::path> pages{ROOT / "README.md", ROOT / "CHANGELOG.md", ROOT / "CONTRIBUTING.md"};
+    for (const auto& entry : fs::recursive_directory_iterator(ROOT / "docs")) {
+        if (entry.path().extension() == ".md") pages.push_back(entry.path());
+    }
+    return pages;
+}
+
+// What stands in round brackets behind the square ones, but for addresses of other places.
+std::vector<std::string> LinksOf(const std::string& text) {
+    static const std::regex link(R"(\]\(([^)#:]+)\))");
+    std::vector<std::string> links;
+    for (std::sregex_iterator found(text.begin(), text.end(), link), none; found != none; ++found)
+        links.push_back((*found)[1]);
+    return links;
+}
+
+}  // namespace
+
+TEST(Pages, LinksLeadToFiles) {
+    std::size_t count = 0;
+    for (const fs::path& page : Pages()) {
+        for (const std::string& link : LinksOf(ReadFile(page))) {
+            EXPECT_TRUE(fs::exists(page.parent_path() / link)) << page << ": " << link;
+            ++count;
+        }
+    }
+    EXPECT_GT(count, 20u);
+}
+
+TEST(Pages, NameEveryExample) {
+    const std::string page = ReadFile(ROOT / "docs" / "examples.md");
+    for (const auto& entry : fs::directory_iterator(ROOT / "examples")) {
+        if (entry.path().extension() != ".cpp") continue;
+        EXPECT_NE(page.find("| `" + entry.path().stem().string() + "` |"), std::string::npos) << entry.path();
+    }
+}
+
+TEST(Pages, NameEveryPageOnTheMainPage) {
+    const std::string main = ReadFile(ROOT / "docs" / "index.md");
+    for (const fs::path& page : Pages()) {
+        const std::string name = fs::relative(page, ROOT / "docs").generic_string();
+        if (name == "index.md" || name.starts_with("..") || name == "tables/measured.md") continue;
+        EXPECT_NE(main.find("](" + name + ")"), std::string::npos) << name;
+    }
+}
