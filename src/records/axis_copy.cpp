@@ -65,7 +65,7 @@ bool CopyAxis(Axis axis, const tagKOORD& source, tagKOORD* target) {
     const SystemRow& row = SystemOf(source);
     if (row.form == Form::None) return false;
     const std::int32_t oldZone = zones::Number(*target);
-    for (const RecordField field : AxisRowOf(axis, source).travels)
+    for (const RecordField field : AxisRowOf(axis, source).travels.All())
         CopyField(field, source, target);
     if (row.form == Form::Squares && axis == Axis::East) KeepRowOnItsGround(oldZone, target);
     if (row.form == Form::LetterGrid) RenewLetters(target);

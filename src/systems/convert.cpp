@@ -5,9 +5,9 @@
 
 #include "kernel/datum_rows.h"
 #include "kernel/datum_shift.h"
+#include "systems/range_checks.h"
 #include "systems/reading.h"
 #include "systems/system_row.h"
-#include "tessara/kernel/range_checks.h"
 
 namespace tessara {
 namespace {
@@ -16,30 +16,33 @@ namespace {
 class Conversion {
   public:
     void Prepare(const tagKOORD& source, const tagKOORD& target) {
+        from_ = &SystemOf(source);
+        to_ = &SystemOf(target);
         PrepareProjection(source, &source_);
         PrepareProjection(target, &target_);
     }
 
     KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) const {
         double position[3] = {};
-        KoordStatus status = SystemOf(source).read(source, source_, position);
+        KoordStatus status = from_->read(source, source_, position);
         if (status != KOORD_OK) return status;
         if (source.datum != target->datum) ShiftBetween(DatumOf(source), DatumOf(*target), position);
 
-        std::int32_t detail = KOORD_OK;
+        KoordStatus verdict = KOORD_OK;
         if (checkRange == 1 && target->type != KOORD_GEODEZ) {
-            const auto type = static_cast<std::int32_t>(target->type);
-            if (Range_CheckGeodetic(position, type, &detail) != KOORD_OK) return detail;
+            verdict = CheckPosition(position, *to_);
+            if (verdict != KOORD_OK && verdict != KOORD_CHECK_AFTER) return verdict;
         }
-        const SystemRow& system = SystemOf(*target);
-        status = system.write(position, target_, target);
-        if (detail != KOORD_CHECK_AFTER || (status == KOORD_OK && system.range.holdsOnceWritten)) {
-            return status;
-        }
-        return Range_CheckRecord(target, &detail) == KOORD_OK ? status : detail;
+        status = to_->write(position, target_, target);
+        const bool isDone = status == KOORD_OK && to_->range.holdsOnceWritten;
+        if (verdict != KOORD_CHECK_AFTER || isDone) return status;
+        verdict = to_->range.check(*target, *to_);
+        return verdict == KOORD_OK ? status : verdict;
     }
 
   private:
+    const SystemRow* from_;
+    const SystemRow* to_;
     Projection source_, target_;
 };
 

@@ -16,13 +16,13 @@ LambertCC ConeOf(const LambertCCPayload& p, std::int32_t datum) {
 
 }  // namespace
 
-void PrepareProjection(const tagKOORD& record, Projection* projection) {
-    if (record.type == KOORD_TM) {
-        projection->originNorth =
-            TmOriginNorthing(Load<TmPayload>(record).originLatitude, *TmForwardConstants(DatumOf(record)));
-    } else if (record.type == KOORD_LAMBERTCC) {
-        projection->cone = ConeOf(Load<LambertCCPayload>(record), DatumOf(record));
-    }
+void PrepareOrigin(const tagKOORD& record, Projection* projection) {
+    projection->originNorth =
+        TmOriginNorthing(Load<TmPayload>(record).originLatitude, *TmForwardConstants(DatumOf(record)));
+}
+
+void PrepareCone(const tagKOORD& record, Projection* projection) {
+    projection->cone = ConeOf(Load<LambertCCPayload>(record), DatumOf(record));
 }
 
 }  // namespace tessara

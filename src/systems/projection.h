@@ -13,7 +13,13 @@ struct Projection {
     LambertCC cone;      // LAMBERTCC
 };
 
+void PrepareOrigin(const tagKOORD& record, Projection* projection);
+void PrepareCone(const tagKOORD& record, Projection* projection);
+
 // For a record whose datum is 0..238.
-void PrepareProjection(const tagKOORD& record, Projection* projection);
+inline void PrepareProjection(const tagKOORD& record, Projection* projection) {
+    if (record.type == KOORD_TM) PrepareOrigin(record, projection);
+    if (record.type == KOORD_LAMBERTCC) PrepareCone(record, projection);
+}
 
 }  // namespace tessara

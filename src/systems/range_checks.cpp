@@ -62,23 +62,6 @@ KoordStatus CheckPolar(double latitude) {
     return CheckAxis(std::fabs(latitude), UPS_LATITUDE, Either(outside));
 }
 
-KoordStatus GeodeticVerdict(const double latLon[2], std::int32_t type) {
-    const SystemRow& row = SystemOf(type);
-    switch (row.range.test) {
-        case RangeTest::Before:
-            return CheckGeodetic(latLon, row.limits);
-        case RangeTest::BeforePolar:
-            return CheckPolar(latLon[0]);
-        case RangeTest::None:
-            return KOORD_OK;
-        case RangeTest::After:
-            return KOORD_CHECK_AFTER;
-        case RangeTest::Refused:
-            break;
-    }
-    return KOORD_ERR_TYPE;
-}
-
 KoordStatus CheckLatitudeLongitude(const double latLon[2]) {
     return First(CheckAxis(latLon[0], NorthRange(GEOGRAPHIC_LIMITS), Either(KOORD_ERR_GEO_LAT)),
                  CheckAxis(latLon[1], EastRange(GEOGRAPHIC_LIMITS), Either(KOORD_ERR_GEO_LON)));
@@ -120,6 +103,22 @@ KoordStatus CheckMetres(double easting, double northing, const Limits& limits, c
 }
 
 }  // namespace
+
+KoordStatus CheckPosition(const double latLon[2], const SystemRow& row) {
+    switch (row.range.test) {
+        case RangeTest::Before:
+            return CheckGeodetic(latLon, row.limits);
+        case RangeTest::BeforePolar:
+            return CheckPolar(latLon[0]);
+        case RangeTest::None:
+            return KOORD_OK;
+        case RangeTest::After:
+            return KOORD_CHECK_AFTER;
+        case RangeTest::Refused:
+            break;
+    }
+    return KOORD_ERR_TYPE;
+}
 
 KoordStatus AcceptRecord(const tagKOORD& /*record*/, const SystemRow& /*row*/) {
     return KOORD_OK;
@@ -205,7 +204,7 @@ KoordStatus CheckLetterGrid(const tagKOORD& record, const SystemRow& row) {
 }
 
 KoordStatus Range_CheckGeodetic(const double latLon[2], std::int32_t type, std::int32_t* detail) {
-    *detail = GeodeticVerdict(latLon, type);
+    *detail = CheckPosition(latLon, SystemOf(type));
     return *detail == KOORD_OK || *detail == KOORD_CHECK_AFTER ? KOORD_OK : KOORD_ERR_GENERAL;
 }
 

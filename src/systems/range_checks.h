@@ -17,6 +17,9 @@ KoordStatus CheckGeodez(const tagKOORD& record, const SystemRow& row);
 KoordStatus CheckGeograd(const tagKOORD& record, const SystemRow& row);
 KoordStatus CheckGeodezMin(const tagKOORD& record, const SystemRow& row);
 KoordStatus CheckGeoref(const tagKOORD& record, const SystemRow& row);
+// What a system says of a position in degrees: KOORD_OK, KOORD_CHECK_AFTER, or the status of its refusal.
+KoordStatus CheckPosition(const double latLon[2], const SystemRow& row);
+
 // A record of two plain numbers.
 KoordStatus CheckGrid(const tagKOORD& record, const SystemRow& row);
 // The numbers within the square if there are letters, else those of the whole grid.

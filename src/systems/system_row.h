@@ -2,10 +2,12 @@
 // know of a type; whoever asks "which systems do ..." reads it there.
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <span>
 
 #include "systems/projection.h"
 #include "tessara/kernel/constants.h"
@@ -54,11 +56,27 @@ struct ZoneRow {
     double centreStep = 0.0;   // metres; from one zone's central line to the next
 };
 
+// A few fields in their order.
+template <class Field, std::size_t most>
+class FieldList {
+  public:
+    constexpr FieldList() = default;
+    constexpr FieldList(std::initializer_list<Field> fields) : count_(fields.size()) {
+        std::copy(fields.begin(), fields.end(), fields_.begin());
+    }
+
+    [[nodiscard]] constexpr std::span<const Field> All() const { return {fields_.data(), count_}; }
+
+  private:
+    std::array<Field, most> fields_{};
+    std::size_t count_ = 0;
+};
+
 // One axis of a record.
 struct AxisRow {
-    RecordField value{};                   // the number that grows along the axis
-    std::array<RecordField, 4> travels{};  // what is copied when a record takes the axis of another
-    std::array<RecordField, 4> text{};     // what the text is made of, in its order
+    RecordField value{};                  // the number that grows along the axis
+    FieldList<RecordField, 4> travels{};  // what is copied when a record takes the axis of another
+    FieldList<RecordField, 4> text{};     // what the text is made of, in its order
 };
 
 // What a range test answers below and above its range.
@@ -136,20 +154,22 @@ struct TextRow {
     double unitsPerDegree = 1.0;  // of that number; 1.0 too where it is metres
 };
 
+// What a conversion reads stands first and close together.
 struct SystemRow {
     std::int32_t type;
-    const char* name = nullptr;  // null for a type that the objects don't know
-    Form form = Form::None;
-    Unit unit = Unit::Metre;
-    bool wraps = false;        // whether its numbers jump somewhere besides at the borders of zones
-    bool hasMidpoint = false;  // whether two of its records have one
-    Limits limits{};           // degrees or, for grids, metres
     RangeRow range{};
     // Between a record and latitude, longitude and height on its own datum. The caller zeroes `position`.
     KoordStatus (*read)(const tagKOORD& source, const Projection& projection, double* position) = nullptr;
     KoordStatus (*write)(const double* position, const Projection& projection, tagKOORD* target) = nullptr;
+    Limits limits{};  // degrees or, for grids, metres
     // How many bytes at the start of the payload describe the projection and are inputs of a conversion.
     std::uint8_t parameterBytes = 0;
+
+    const char* name = nullptr;  // null for a type that the objects don't know
+    Form form = Form::None;
+    Unit unit = Unit::Metre;
+    bool wraps = false;              // whether its numbers jump somewhere besides at the borders of zones
+    bool hasMidpoint = false;        // whether two of its records have one
     std::int32_t exact = NO_SYSTEM;  // the system behind its letters and whole parts, where it has them
     double finestStep = 0.0;         // the unit of its whole numbers, in degrees or metres
     double neighborStep = 0.0;       // to a position's neighbour; 0.0 without neighbours
@@ -159,7 +179,7 @@ struct SystemRow {
     PayloadBytes defaultPayload{};
     ExtremesRow extremes{};
     TextRow text{};
-    std::array<OutputField, 8> outputs{};  // the fields as programs list them
+    FieldList<OutputField, 8> outputs{};  // the fields as programs list them
 };
 
 // By KoordType.

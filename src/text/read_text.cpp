@@ -70,7 +70,7 @@ bool ReadField(TextReader* reader, RecordField field, tagKOORD* record) {
 
 bool ReadFields(Axis axis, std::string_view text, tagKOORD* record) {
     TextReader reader(text);
-    const std::span<const RecordField> fields = TextFieldsOf(axis, record->type);
+    const std::span<const RecordField> fields = TextFieldsOf(axis, *record);
     for (const RecordField field : fields) {
         if (!ReadField(&reader, field, record)) return false;
     }

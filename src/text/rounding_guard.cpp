@@ -18,16 +18,6 @@ double HalfUnit(int decimals) {
     return HALF_UNITS[std::clamp<int>(decimals, 0, static_cast<int>(std::size(HALF_UNITS)) - 1)];
 }
 
-// The number of a text that counts up to a carry is its last one.
-bool Carries(Axis axis, double half, const tagKOORD& record) {
-    const double carry = SystemOf(record).text.carry;
-    if (carry == 0.0) return false;
-    const RecordField counter = *std::find_if(
-        AxisRowOf(axis, record).text.rbegin(), AxisRowOf(axis, record).text.rend(),
-        [](RecordField field) { return field.kind == FieldKind::Number || field.kind == FieldKind::Metres; });
-    return half + NumberOf(record, counter) >= carry;
-}
-
 // Onto the limit of the system, or back where there is none.
 void MoveBeforeLimit(Axis axis, double half, tagKOORD* record) {
     const Compass direction = axis == Axis::North ? Compass::North : Compass::East;
@@ -40,17 +30,23 @@ void MoveBeforeLimit(Axis axis, double half, tagKOORD* record) {
 }  // namespace
 
 tagKOORD text::CarryRounding(Axis axis, int decimals, const tagKOORD& record) {
-    const double half = HalfUnit(decimals);
     tagKOORD shown = record;
-    if (!Carries(axis, half, shown)) return shown;
+    const SystemRow& row = SystemOf(record);
+    if (row.text.carry == 0.0) return shown;
 
-    const double step = half / SystemOf(record).text.unitsPerDegree;
+    // The number of a text that counts up to a carry is its last one.
+    const RecordField counter = (axis == Axis::East ? row.east : row.north).text.All().back();
+    const double half = HalfUnit(decimals);
+    const auto carries = [&] { return half + NumberOf(shown, counter) >= row.text.carry; };
+    if (!carries()) return shown;
+
+    const double step = half / row.text.unitsPerDegree;
     if (!koord::Shift(axis, step, &shown)) {
         MoveBeforeLimit(axis, step, &shown);
         return shown;
     }
     // A shift that was to end on the carry may end a hair before it, and the text would still show it.
-    if (Carries(axis, half, shown)) koord::Shift(axis, step, &shown);
+    if (carries()) koord::Shift(axis, step, &shown);
     return shown;
 }
 

@@ -3,15 +3,14 @@
 
 #include <span>
 
-#include "records/axis.h"
+#include "records/axis_values.h"
 #include "systems/fields.h"
 
 namespace tessara {
 
 // The fields of one text, in their order; none for a system without texts.
-[[nodiscard]] inline std::span<const RecordField> TextFieldsOf(Axis axis, std::uint32_t system) {
-    const auto type = static_cast<std::int32_t>(system);
-    return axis == Axis::North ? System_NorthText(type) : System_EastText(type);
+[[nodiscard]] inline std::span<const RecordField> TextFieldsOf(Axis axis, const tagKOORD& record) {
+    return AxisRowOf(axis, record).text.All();
 }
 
 }  // namespace tessara

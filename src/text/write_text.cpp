@@ -46,7 +46,7 @@ bool HasNoMinutes(const tagKOORD& record) {
 }  // namespace
 
 bool text::Write(Axis axis, const tagKOORD& record, int decimals, std::string* text) {
-    const std::span<const RecordField> fields = TextFieldsOf(axis, record.type);
+    const std::span<const RecordField> fields = TextFieldsOf(axis, record);
     if (fields.empty()) return false;
     text->clear();
     if (HasNoMinutes(record)) return true;

@@ -44,7 +44,7 @@ void ExpectSameField(RecordField field, const tagKOORD& read, const tagKOORD& wr
 // In all that was typed, and in the zone, which some systems have to tell from the rest.
 void ExpectSamePosition(const tagKOORD& read, const tagKOORD& written) {
     for (const Axis axis : {Axis::North, Axis::East}) {
-        for (const RecordField field : TextFieldsOf(axis, written.type))
+        for (const RecordField field : TextFieldsOf(axis, written))
             ExpectSameField(field, read, written);
     }
     EXPECT_EQ(zones::Number(read), zones::Number(written));
