@@ -3,10 +3,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/outlines.h"
 #include "polygons/polygon_inside.h"
 #include "polygons/polygon_overlay.h"
 #include "polygons/polygon_split.h"
-#include "bench/outlines.h"
 #include "tessara/array.h"
 #include "tessara/coord.h"
 #include "tessara/coordinate_area.h"

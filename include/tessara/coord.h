@@ -25,8 +25,8 @@ class ICoord : public IUnknown {
     // Column and row. False if the coordinate is invalid or no pixel, or a pointer is null; nothing is
     // written then.
     virtual bool GetPixel(double* x, double* y) = 0;
-    // Metres above the ellipsoid, for every system and also without a position, where it is 0 until it is set.
-    // Always true.
+    // Metres above the ellipsoid, for every system and also without a position, where it is 0 until it is
+    // set. Always true.
     virtual bool SetHeight(double height) = 0;
     virtual double GetHeight() = 0;
     // The position in WGS84 degrees; the height crosses a datum unchanged. False if the coordinate is

@@ -28,10 +28,9 @@ class ICoordinateCompare : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateCompare;
 
-    // 1: the first lies north of the second; 0: equal on this axis, as any position is to itself; -1: south of
-    // it, also with a NaN.
-    // -2: not comparable, for null or foreign objects, two datums or systems, different parameters, or a
-    // position that can't be resolved. Mind that -2 is negative, too.
+    // 1: the first lies north of the second; 0: equal on this axis, as any position is to itself; -1: south
+    // of it, also with a NaN. -2: not comparable, for null or foreign objects, two datums or systems,
+    // different parameters, or a position that can't be resolved. Mind that -2 is negative, too.
     virtual std::int32_t CompareNorthSouth(ICoord* first, ICoord* second) = 0;
     // The same for east (1) and west (-1).
     virtual std::int32_t CompareEastWest(ICoord* first, ICoord* second) = 0;

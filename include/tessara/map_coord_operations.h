@@ -47,10 +47,11 @@ class IMapCoordOperations : public IUnknown {
     virtual bool GetProjection(IProjection* out) = 0;
 
     // The position of a pixel, in the reference that `out` has, in its natural zone and with its system's
-    // default parameters; the height stays, where ECEF's default, the earth's centre, has 0. PixelCoordToCoord takes a pixel of any datum for one of this map.
-    // False if the pixel has no position or `out` can't hold it or is a pixel; `out` is then the default
-    // position of its reference, or unchanged if it has none. False also for an empty map, a `pixel` that
-    // isn't one, and a null or wrong argument, with `out` unchanged.
+    // default parameters; the height stays, where ECEF's default, the earth's centre, has 0.
+    // PixelCoordToCoord takes a pixel of any datum for one of this map. False if the pixel has no position or
+    // `out` can't hold it or is a pixel; `out` is then the default position of its reference, or unchanged if
+    // it has none. False also for an empty map, a `pixel` that isn't one, and a null or wrong argument, with
+    // `out` unchanged.
     virtual bool FloatPixelToCoord(double x, double y, ICoord* out) = 0;
     virtual bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) = 0;
     virtual bool PixelCoordToCoord(ICoord* pixel, ICoord* out) = 0;

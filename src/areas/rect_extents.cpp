@@ -315,7 +315,7 @@ class WindowSearch {
 
     // The end of a piece. Another piece may hide between there and the next sample: that is walked, too.
     Found WalkedTo(const Found& inside, const PlanePoint& beyond) {
-        const Found end = EndOfPiece(inside, beyond);
+        Found end = EndOfPiece(inside, beyond);
         const auto towards = [](double here, double there) {
             return here + std::clamp(there - here, -ONE_PIXEL, ONE_PIXEL);
         };

@@ -62,7 +62,10 @@ class Survey {
         return zones_[static_cast<std::size_t>(index)];
     }
     // Between two samples the window goes no further beyond them than this.
-    [[nodiscard]] double Margin() const { return margin_ > 0.0 ? margin_ : INFINITE; }
+    [[nodiscard]] double Margin() const {
+        if (margin_ > 0.0) return margin_;
+        return INFINITE;
+    }
 
   private:
     [[nodiscard]] std::int32_t Circle() const {

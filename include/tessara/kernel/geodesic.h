@@ -44,8 +44,8 @@ void Geodesic_LoadAxes(double axes[2], std::int32_t datum);
 
 // Distance and azimuths of the shortest way from point 1 to point 2; azimuth21 is the direction back at
 // point 2. A negative distance says that there is no solution; the azimuths then mean nothing. An argument
-// that isn't finite has none. Coincident points, whole turns of longitude apart or not, have distance 0.0 and,
-// as no direction is theirs, azimuths 0.0.
+// that isn't finite has none. Coincident points, whole turns of longitude apart or not, have distance 0.0
+// and, as no direction is theirs, azimuths 0.0.
 //
 // Near the antipode the iteration may not converge. If the latitudes then add up to less than 5 degrees and
 // the longitude is within about 26 degrees of the antipode's, the way is put together from two geodesics that

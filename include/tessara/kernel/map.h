@@ -14,10 +14,10 @@
 //   metres from the origin: to the right of and below the origin pixel the way back is off by up to 0.5 m,
 //   to the left and above by up to 1.5 m, because half a metre is added whatever the sign and the rest is
 //   cut; on POLYNOM maps, which return within a tenth of a pixel, or as far off as their pairs of
-//   polynomials disagree where refining doesn't help; and on WAGNER-IV maps, which are drawn on the sphere, for
-//   positions on another datum. Theirs is the error of the shift to the sphere and back: up to 1.3 m within a
-//   sixth of a degree of the equator, where the shift is less than 0.001 degrees and isn't refined, 0.15 m from
-//   there to 75 degrees of latitude and 1 m beyond.
+//   polynomials disagree where refining doesn't help; and on WAGNER-IV maps, which are drawn on the sphere,
+//   for positions on another datum. Theirs is the error of the shift to the sphere and back: up to 1.3 m
+//   within a sixth of a degree of the equator, where the shift is less than 0.001 degrees and isn't refined,
+//   0.15 m from there to 75 degrees of latitude and 1 m beyond.
 // - GAUKRU and GAUKRU6 maps with a meridian west of Greenwich never turn a pixel of their strip into a
 //   position (KOORD_ERR_GK_EAST), nor do GAUKRU maps on the datum KKJ whose eastings have the strip numbers
 //   that this library uses there, which count from 18 degrees east. The way to the pixel works on both.
@@ -246,9 +246,9 @@ KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD
 // The pixel of a position. The type of `pixel` says which form is wanted: FLOATPIXEL, or LONGPIXEL, rounded
 // half away from zero (-2147483648 for a value that doesn't fit); its datum is neither read nor written. A
 // position beside the map has a pixel like any other. `world` is converted into the map's system: a grid map
-// refuses what its system refuses, but a UTM map takes positions beyond 180 degrees, however far from its zone
-// (more than 90 degrees away a pixel is that of another place), and a GAUKRU or GAUKRU6 map positions beside
-// its strip's million.
+// refuses what its system refuses, but a UTM map takes positions beyond 180 degrees, however far from its
+// zone (more than 90 degrees away a pixel is that of another place), and a GAUKRU or GAUKRU6 map positions
+// beside its strip's million.
 //
 // KOORD_OK, or
 //   KOORD_ERR_MAP_TYPE       a type outside 2..21; found before anything else

@@ -1,5 +1,5 @@
-// The coordinate types as data: names, units, and the fields of their records. A program that lists, writes or
-// reads positions of any system walks these instead of switching over types:
+// The coordinate types as data: names, units, and the fields of their records. A program that lists, writes
+// or reads positions of any system walks these instead of switching over types:
 //
 //     for (const OutputField& field : System_Outputs(KOORD_UTM)) std::cout << field.name << ' ';
 //
