@@ -72,7 +72,7 @@ struct Options {
     std::optional<std::string> output;
     std::vector<std::string> columns;
     std::optional<std::string> rejects;
-    std::optional<unsigned> jobs;
+    unsigned jobs = 1;
     TextOptions text;
 };
 
@@ -135,6 +135,10 @@ std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
     return targets;
 }
 
+InputFiles FilesOf(const Options& options) {
+    return {options.files, options.rejects, options.jobs};
+}
+
 TextConversion TextsOf(const Options& options) {
     const Reference from = *ReferenceByName(options.from, DATUM_WGS84);
     const TextOptions& text = options.text;
@@ -143,43 +147,33 @@ TextConversion TextsOf(const Options& options) {
 }
 
 ExitCode ConvertTexts(const Options& options) {
-    TextFiles files;
-    files.conversion = TextsOf(options);
-    files.files = options.files;
-    if (!options.columns.empty()) files.columns = {options.columns[0], options.columns[1]};
-    files.rejects = options.rejects;
-    files.jobs = options.jobs.value_or(1);
-    return ConvertTextFiles(files);
+    TextLines lines{TextsOf(options), std::nullopt};
+    if (!options.columns.empty()) lines.columns = {options.columns[0], options.columns[1]};
+    return ConvertTextFiles(FilesOf(options), lines);
 }
 
 ExitCode ConvertRecords(const Options& options) {
-    RecordFiles files;
-    files.conversion.output = OutputForm(options);
+    FileRecords records;
+    RecordConversion& conversion = records.conversion;
+    conversion.output = OutputForm(options);
     if (NamesSystem(options.from)) {
-        files.conversion.texts = TextsOf(options);
-        files.conversion.to = files.conversion.texts->to;
+        conversion.texts = TextsOf(options);
+        conversion.to = conversion.texts->to;
     } else {
-        files.conversion.datum = *DatumByName(options.from);
-        files.conversion.to = Targets(options, files.conversion.datum);
+        conversion.datum = *DatumByName(options.from);
+        conversion.to = Targets(options, conversion.datum);
     }
     // The points of GeoJSON are degrees on WGS84 anyway.
-    if (options.to.empty() && files.conversion.output == Form::GEOJSON) files.conversion.to.clear();
-    files.files = options.files;
-    files.formOf = [&options](const std::string& file) { return FormOf(file, options); };
-    files.columns = options.columns;
-    files.rejects = options.rejects;
-    files.jobs = options.jobs.value_or(1);
-    return ConvertRecordFiles(files);
+    if (options.to.empty() && conversion.output == Form::GEOJSON) conversion.to.clear();
+    records.formOf = [&options](const std::string& file) { return FormOf(file, options); };
+    records.rejects = FormOf(options.files.front(), options);
+    records.columns = options.columns;
+    return ConvertRecordFiles(FilesOf(options), records);
 }
 
 ExitCode ConvertDegrees(const Options& options) {
-    DegreeFiles files;
-    files.datum = *DatumByName(options.from);
-    files.to = Targets(options, files.datum);
-    files.json = options.json;
-    files.files = options.files;
-    files.rejects = options.rejects;
-    return ConvertDegreeFiles(files);
+    const std::int32_t datum = *DatumByName(options.from);
+    return ConvertDegreeFiles(FilesOf(options), {datum, Targets(options, datum), options.json});
 }
 
 ExitCode Convert(const Options& options) {
@@ -202,8 +196,6 @@ std::string WrongCombination(const Options& options) {
     if (options.columns.size() == 3 && areTexts) return "texts have no height: --columns takes NORTH,EAST";
     if (!options.columns.empty() && !areTexts && isAny(Form::LINES))
         return "lines of degrees have no columns: try --input csv";
-    if (options.jobs && !areTexts && AreLinesOnly(options))
-        return "lines of degrees take no --jobs; texts and other forms do";
     const bool areMixed =
         std::any_of(forms.begin(), forms.end(), [&](Form form) { return form != forms.front(); });
     if (options.rejects && areMixed)

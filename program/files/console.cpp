@@ -46,6 +46,15 @@ void Console::ReadFiles(const std::function<void(std::istream&, const std::strin
     }
 }
 
+void Console::Take(const Outcome& outcome) {
+    for (const Outcome::Run& run : outcome.Runs()) {
+        Write(run.results);
+        Reject(run.rejects);
+        if (!run.messages.empty()) Report(run.messages);
+    }
+    progress_.Advance(outcome.Lines(), outcome.Bytes());
+}
+
 void Console::Write(const std::string& results) {
     if (resultsShareTerminal_) progress_.Clear();
     std::cout << results;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "files/exit_code.h"
+#include "files/outcome.h"
 #include "files/progress.h"
 #include "files/rejects.h"
 
@@ -28,14 +29,14 @@ class Console {
     // read.
     void ReadFiles(const std::function<void(std::istream&, const std::string&)>& convert);
 
+    // All of it, each to its place.
+    void Take(const Outcome& outcome);
     // To standard output. Throws if it doesn't take them: there is no use in going on.
     void Write(const std::string& results);
     // To standard error: what can't be done, in whole lines.
     void Report(const std::string& messages);
     // To the file for them.
     void Reject(const std::string& input) { rejects_.Write(input); }
-    // Tells how much more of the files is done.
-    void Advance(std::uint64_t lines, std::uint64_t bytes) { progress_.Advance(lines, bytes); }
 
     // Whether there was anything to report.
     [[nodiscard]] ExitCode Finish();

@@ -1,97 +1,39 @@
 #include "files/degree_files.h"
 
-#include "conversion/conversion.h"
-#include "conversion/names.h"
-#include "conversion/results.h"
-#include "files/console.h"
-#include "files/json.h"
-#include "files/line_reader.h"
-
 namespace tessara::program {
 namespace {
 
-std::vector<Conversion> Conversions(const DegreeFiles& options) {
-    std::vector<Conversion> conversions;
-    for (const Reference& target : options.to)
-        conversions.emplace_back(options.datum, target);
-    return conversions;
-}
-
-Json ToJson(const Result& result) {
-    Json json{{"system", SystemName(result.target.system)}, {"datum", DatumName(result.target.datum)}};
-    for (const Field& field : result.fields)
-        std::visit([&](const auto& value) { json[field.name] = value; }, field.value);
-    return json;
-}
-
-// Where a line stands.
-struct LinePlace {
-    const std::string& file;
-    std::size_t line;
-};
-
-class DegreeConverter {
+class DegreeStages {
   public:
-    DegreeConverter(const DegreeFiles& options, Console& console)
-        : console_(console),
-          json_(options.json),
-          datum_(DatumName(options.datum)),
-          conversions_(Conversions(options)) {}
+    using Block = LineBlock;
 
-    void ConvertStream(std::istream& stream, const std::string& file) {
+    DegreeStages(const DegreeConversion& conversion, Console& console)
+        : conversion_(conversion), console_(console) {}
+
+    void Read(std::istream& stream, const std::string& file, const std::function<void(LineBlock)>& take) {
         LineReader lines(stream);
-        for (std::string text; lines.Next(&text);) {
-            ConvertLine({file, lines.Number()}, text);
-            console_.Advance(1, text.size() + 1);
-        }
+        ReadLines(&lines, {file, 1, 0, {}}, take);
     }
+
+    [[nodiscard]] Outcome Convert(const LineBlock& block) const {
+        const DegreeConverter converter(conversion_);
+        return ConvertLines(block, [&](std::string_view line, const Place& place, std::string* out) {
+            return converter.Convert(line, place, out);
+        });
+    }
+
+    void Write(const Outcome& outcome) { console_.Take(outcome); }
+    void Finish() {}
 
   private:
-    void ConvertLine(const LinePlace& place, const std::string& text) {
-        const Line line = ReadLine(text);
-        if (!line.error.empty()) return Reject(place, line.error, text);
-        if (!line.position) return;
-
-        Results all = ConvertToAll(conversions_, *line.position);
-        if (!all.error.empty()) return Reject(place, all.error, text);
-        AddHeights(*line.position, &all.results);
-        console_.Write((json_ ? JsonOf(place, *line.position, all.results) : LineOf(all.results)) + '\n');
-    }
-
-    [[nodiscard]] std::string JsonOf(const LinePlace& place, const Position& position,
-                                     const std::vector<Result>& results) const {
-        Json json{{"file", place.file},
-                  {"line", place.line},
-                  {"datum", datum_},
-                  {"latitude", position.latitude},
-                  {"longitude", position.longitude}};
-        if (position.height) json["height"] = *position.height;
-        json["results"] = Json::array();
-        for (const Result& result : results)
-            json["results"].push_back(ToJson(result));
-        return Dump(json);
-    }
-
-    void Reject(const LinePlace& place, const std::string& error, const std::string& line) {
-        console_.Report(place.file + ":" + std::to_string(place.line) + ": " + error + '\n');
-        console_.Reject(line + '\n');
-    }
-
+    const DegreeConversion& conversion_;
     Console& console_;
-    bool json_;
-    std::string datum_;
-    std::vector<Conversion> conversions_;
 };
 
 }  // namespace
 
-ExitCode ConvertDegreeFiles(const DegreeFiles& options) {
-    Console console(options.files);
-    if (!console.OpenRejects(options.rejects)) return EXIT_INCOMPLETE;
-    DegreeConverter converter(options, console);
-    console.ReadFiles(
-        [&](std::istream& stream, const std::string& file) { converter.ConvertStream(stream, file); });
-    return console.Finish();
+ExitCode ConvertDegreeFiles(const InputFiles& files, const DegreeConversion& conversion) {
+    return ConvertFiles<DegreeStages>(files, conversion);
 }
 
 }  // namespace tessara::program

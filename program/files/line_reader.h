@@ -19,6 +19,9 @@ class LineReader {
         return true;
     }
 
+    // Whether something of the next line is there, so that reading it needs no waiting. False at the end.
+    [[nodiscard]] bool HasMore() { return stream_.rdbuf()->in_avail() > 0; }
+
     // Of the line that was read last.
     [[nodiscard]] std::size_t Number() const { return number_; }
 

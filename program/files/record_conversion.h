@@ -56,7 +56,7 @@ class RecordConverter {
     const RecordConversion& conversion_;
     std::vector<Conversion> degrees_;
     std::optional<TextConversion> texts_;
-    std::optional<LineConverter> textConverter_;
+    std::optional<TextConverter> textConverter_;
 };
 
 }  // namespace tessara::program

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "files/console.h"
-#include "files/ordered_jobs.h"
 #include "files/record_writer.h"
 
 namespace tessara::program {
@@ -12,34 +10,79 @@ namespace {
 constexpr std::size_t RECORDS_PER_BLOCK = 1024;
 constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 20;  // of long records there are fewer
 
-// Records that are converted in one go.
-struct Block {
-    std::vector<Record> records;
+using Records = std::vector<Record>;
+
+// Gives records in blocks that are converted in one go.
+class Blocks final : public RecordSink {
+  public:
+    Blocks(std::function<void(const Record&)> takeHeader, const std::function<void(Records)>& take)
+        : takeHeader_(std::move(takeHeader)), take_(take) {}
+
+    void TakeHeader(const Record& header) override { takeHeader_(header); }
+
+    void TakeRecord(Record record) override {
+        bytes_ += record.source.size();
+        records_.push_back(std::move(record));
+        if (records_.size() == RECORDS_PER_BLOCK || bytes_ >= BYTES_PER_BLOCK) Give();
+    }
+
+    void Give() {
+        bytes_ = 0;
+        take_(std::exchange(records_, {}));
+    }
+
+  private:
+    std::function<void(const Record&)> takeHeader_;
+    const std::function<void(Records)>& take_;
+    Records records_;
+    std::size_t bytes_ = 0;  // of the records
+};
+
+struct ConvertedRecords {
+    Records records;
     std::vector<Output> outputs;
 };
 
-Block ConvertBlock(const RecordConversion& conversion, std::vector<Record> records) {
-    RecordConverter converter(conversion);
-    Block block{std::move(records), {}};
-    for (const Record& record : block.records)
-        block.outputs.push_back(converter.Convert(record));
-    return block;
-}
-
-class FileConverter final : public RecordSink {
+class RecordStages {
   public:
-    FileConverter(const RecordFiles& options, Console& console)
+    using Block = Records;
+
+    RecordStages(const FileRecords& options, Console& console)
         : options_(options),
           console_(console),
           writer_(options.conversion.output),
-          rejectedFeatures_(options.formOf(options.files.front())),
-          jobs_(options.jobs, [this](const Block& block) { Write(block); }) {}
+          rejectedFeatures_(options.rejects) {}
 
-    void ConvertStream(std::istream& stream, const std::string& file) {
+    void Read(std::istream& stream, const std::string& file, const std::function<void(Records)>& take) {
+        Blocks blocks([this](const Record& header) { TakeHeader(header); }, take);
         ReadRecords(stream, file,
-                    {options_.formOf(file), options_.conversion.texts.has_value(), options_.columns}, this);
-        Start();
-        jobs_.Finish();
+                    {options_.formOf(file), options_.conversion.texts.has_value(), options_.columns},
+                    &blocks);
+        blocks.Give();
+    }
+
+    [[nodiscard]] ConvertedRecords Convert(Records records) const {
+        RecordConverter converter(options_.conversion);
+        ConvertedRecords converted{std::move(records), {}};
+        for (const Record& record : converted.records)
+            converted.outputs.push_back(converter.Convert(record));
+        return converted;
+    }
+
+    void Write(const ConvertedRecords& converted) {
+        Outcome outcome;
+        std::string text;
+        for (std::size_t i = 0; i < converted.records.size(); ++i) {
+            const Record& record = converted.records[i];
+            text.clear();
+            std::string wrong = converted.outputs[i].error;
+            if (wrong.empty()) wrong = writer_.Append(record, converted.outputs[i], &text);
+            outcome.Add(text);
+            if (!wrong.empty()) outcome.Refuse(record.place + ": " + wrong + '\n', Rejected(record));
+            // Nobody counts the bytes of a feature, which has no source.
+            outcome.Count(1, record.source.empty() ? 0 : record.source.size() + 1);
+        }
+        console_.Take(outcome);
     }
 
     // What ends the files.
@@ -48,7 +91,8 @@ class FileConverter final : public RecordSink {
         console_.Reject(rejectedFeatures_.Finish());
     }
 
-    void TakeHeader(const Record& header) override {
+  private:
+    void TakeHeader(const Record& header) {
         std::string text;
         writer_.AppendHeader(header, RecordConverter(options_.conversion).ConvertHeader(header), &text);
         console_.Write(text);
@@ -57,68 +101,24 @@ class FileConverter final : public RecordSink {
         hasHeader_ = true;
     }
 
-    void TakeRecord(Record record) override {
-        bytes_ += record.source.size();
-        records_.push_back(std::move(record));
-        if (records_.size() == RECORDS_PER_BLOCK || bytes_ >= BYTES_PER_BLOCK) Start();
-    }
-
-  private:
-    void Start() {
-        bytes_ = 0;
-        jobs_.Start([this, taken = std::exchange(records_, {})]() mutable {
-            return ConvertBlock(options_.conversion, std::move(taken));
-        });
-    }
-
-    void Write(const Block& block) {
-        std::string text;
-        std::string errors;
-        std::uint64_t bytes = 0;
-        for (std::size_t i = 0; i < block.records.size(); ++i) {
-            const Record& record = block.records[i];
-            std::string wrong = block.outputs[i].error;
-            if (wrong.empty()) wrong = writer_.Append(record, block.outputs[i], &text);
-            if (!wrong.empty()) {
-                errors += record.place + ": " + wrong + '\n';
-                Reject(record);
-            }
-            bytes += record.source.size() + 1;
-        }
-        console_.Write(text);
-        if (!errors.empty()) console_.Report(errors);
-        // Nobody counts the bytes of a feature.
-        const bool areFeatures = !block.records.empty() && !block.records.back().feature.is_null();
-        console_.Advance(block.records.size(), areFeatures ? 0 : bytes);
-    }
-
     // What is wrong with a file as a whole comes without a source.
-    void Reject(const Record& record) {
+    std::string Rejected(const Record& record) {
         std::string text = record.source.empty() ? "" : record.source + '\n';
         if (!record.feature.is_null()) rejectedFeatures_.AppendFeature(record.feature, &text);
-        console_.Reject(text);
+        return text;
     }
 
-    const RecordFiles& options_;
+    const FileRecords& options_;
     Console& console_;
     RecordWriter writer_;
     RecordWriter rejectedFeatures_;
     bool hasHeader_ = false;
-    std::vector<Record> records_;
-    std::size_t bytes_ = 0;  // of the records
-    OrderedJobs<Block> jobs_;
 };
 
 }  // namespace
 
-ExitCode ConvertRecordFiles(const RecordFiles& options) {
-    Console console(options.files);
-    if (!console.OpenRejects(options.rejects)) return EXIT_INCOMPLETE;
-    FileConverter converter(options, console);
-    console.ReadFiles(
-        [&](std::istream& stream, const std::string& file) { converter.ConvertStream(stream, file); });
-    converter.Finish();
-    return console.Finish();
+ExitCode ConvertRecordFiles(const InputFiles& files, const FileRecords& records) {
+    return ConvertFiles<RecordStages>(files, records);
 }
 
 }  // namespace tessara::program

@@ -37,7 +37,7 @@ std::string ConvertHeader(const TextConversion& conversion, const LineFormat& fo
     return JoinColumns(ReplacePair(format.header, format.pair, names), format.separator);
 }
 
-LineConverter::LineConverter(const TextConversion& conversion)
+TextConverter::TextConverter(const TextConversion& conversion)
     : conversion_(conversion),
       position_(conversion.from),
       coord_(CreateClassCoord()),
@@ -48,7 +48,7 @@ LineConverter::LineConverter(const TextConversion& conversion)
     }
 }
 
-std::string LineConverter::TextOf(const Target& target, bool isNorth) {
+std::string TextConverter::TextOf(const Target& target, bool isNorth) {
     using Operation = bool (ICoordinateString::*)(ITessaraString*);
     const Operation plain = isNorth ? &ICoordinateString::GetNorthText : &ICoordinateString::GetEastText;
     const Operation display =
@@ -58,7 +58,7 @@ std::string LineConverter::TextOf(const Target& target, bool isNorth) {
     return Latin1ToUtf8(text_->GetText());
 }
 
-std::optional<TargetTexts> LineConverter::ConvertTo(const Target& target) {
+std::optional<TargetTexts> TextConverter::ConvertTo(const Target& target) {
     position_.Held()->GetCoord(coord_.Get());
     if (!coord_->SetReference(target.libraryReference.Get())) return std::nullopt;
     if (!target.string->SetCoord(coord_.Get())) return std::nullopt;
@@ -71,7 +71,7 @@ std::optional<TargetTexts> LineConverter::ConvertTo(const Target& target) {
     return texts;
 }
 
-std::string LineConverter::ConvertPosition(const std::string& north, const std::string& east,
+std::string TextConverter::ConvertPosition(const std::string& north, const std::string& east,
                                            std::vector<TargetTexts>* results) {
     std::string wrong = position_.Read(north, east);
     if (!wrong.empty()) return wrong;
@@ -87,7 +87,7 @@ std::string LineConverter::ConvertPosition(const std::string& north, const std::
     return missing.empty() ? "" : NotConvertibleTo(missing);
 }
 
-std::string LineConverter::Convert(std::string_view line, const LineFormat& format, const Place& place,
+std::string TextConverter::Convert(std::string_view line, const LineFormat& format, const Place& place,
                                    std::string* out) {
     const std::vector<std::string> columns = SplitColumns(line, format.separator);
     if (columns.size() <= std::max(format.pair.north, format.pair.east))
@@ -110,7 +110,7 @@ std::string LineConverter::Convert(std::string_view line, const LineFormat& form
     return {};
 }
 
-std::string LineConverter::ToJson(const std::vector<std::string>& columns, const LineFormat& format,
+std::string TextConverter::ToJson(const std::vector<std::string>& columns, const LineFormat& format,
                                   const Place& place, const std::vector<TargetTexts>& results) const {
     Json json{{"file", place.file},
               {"line", place.line},

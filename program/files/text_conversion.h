@@ -10,6 +10,7 @@
 #include "conversion/references.h"
 #include "conversion/typed_position.h"
 #include "files/columns.h"
+#include "files/line_blocks.h"
 
 namespace tessara::program {
 
@@ -30,12 +31,6 @@ struct LineFormat {
     std::vector<std::string> names;   // of its columns, no two alike
 };
 
-// Where a line stands.
-struct Place {
-    std::string file;
-    std::size_t line;
-};
-
 // The names of the columns of the lines that are written.
 [[nodiscard]] std::string ConvertHeader(const TextConversion& conversion, const LineFormat& format);
 
@@ -47,9 +42,9 @@ struct TargetTexts {
 };
 
 // Does the conversion for one thread.
-class LineConverter {
+class TextConverter {
   public:
-    explicit LineConverter(const TextConversion& conversion);
+    explicit TextConverter(const TextConversion& conversion);
 
     // Gives the texts of a position in each target; otherwise says what is wrong.
     std::string ConvertPosition(const std::string& north, const std::string& east,

@@ -166,6 +166,42 @@ TEST(Convert, WritesOneLineForEachOfManyPositions) {
     EXPECT_EQ(LinesOf(outcome.out).size(), 5000u);
 }
 
+// More lines than the jobs take at a time, with bad ones among them.
+TEST(Convert, JobsKeepTheOrderOfTheLines) {
+    std::string input;
+    for (int i = 0; i < 30000; ++i) {
+        input += i % 1000 == 7 ? "no position" : "48 " + std::to_string(i / 200) + " " + std::to_string(i);
+        input += '\n';
+    }
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--to", "UTM"}, std::vector<std::string>{"--json"}}) {
+        std::vector<std::string> withJobs = arguments;
+        withJobs.insert(withJobs.end(), {"--jobs", "4"});
+        const Outcome one = Tessara(Convert(arguments), input);
+        const Outcome four = Tessara(Convert(withJobs), input);
+        EXPECT_EQ(LinesOf(one.out).size(), 30000u - 30u);
+        EXPECT_EQ(LinesOf(one.err).size(), 30u);
+        EXPECT_EQ(LinesOf(one.err)[1], "-:1008: 'no' is not a number");
+        EXPECT_EQ(four.out, one.out);
+        EXPECT_EQ(four.err, one.err);
+        EXPECT_EQ(four.status, 1);
+    }
+}
+
+// Nothing follows a line until its message is there.
+TEST(Convert, AnswersALineBeforeTheNextIsThere) {
+    const ScratchDirectory files;
+    for (const char* arguments : {"convert", "convert --from GEODEZ"}) {
+        const std::string script =
+            std::string("cd '") + files.Path("") +
+            "' && rm -f in err && mkfifo in err && { timeout 10 " TESSARA_PROGRAM " " + arguments +
+            " < in 2> err & } && exec 3> in 4< err && echo bad >&3 && read -r message <&4 "
+            "&& echo \"$message\"";
+        const Outcome outcome = RunProgram("/bin/sh", {"-c", script});
+        EXPECT_EQ(outcome.out.substr(0, 5), "-:1: ") << arguments;
+    }
+}
+
 TEST(Convert, IsTheSameUnderEveryLocale) {
     for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=tlh_QO", "LC_NUMERIC=fr_FR"}) {
         const Outcome outcome = RunProgram(TESSARA_PROGRAM, Convert({"--to", "UTM"}), {MUNICH, {locale}, {}});

@@ -172,7 +172,6 @@ TEST(ConvertTexts, JsonCarriesTextsAndNumbers) {
 
 TEST(ConvertTexts, OptionsForTextsNeedASystem) {
     EXPECT_EQ(ConvertTexts({"--display", "--to", "UTM"}, "48 11").status, 2);
-    EXPECT_EQ(ConvertTexts({"--jobs", "2", "--to", "UTM"}, "48 11").status, 2);
     EXPECT_EQ(UtmToUtmref({"--jobs", "0"}, "").status, 2);
     EXPECT_EQ(UtmToUtmref({"--north-precision", "-1"}, "").status, 2);
 }

@@ -1,0 +1,49 @@
+// What comes of a piece of input: results, and messages about what can't be used, in the order of the input.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessara::program {
+
+class Outcome {
+  public:
+    // Results, and what can't be used behind them.
+    struct Run {
+        std::string results;
+        std::string messages;
+        std::string rejects;
+    };
+
+    void Add(std::string_view results) {
+        if (results.empty()) return;
+        if (runs_.empty() || !runs_.back().messages.empty()) runs_.emplace_back();
+        runs_.back().results += results;
+    }
+
+    // A message is a whole line; `input` is what goes to the file of rejects.
+    void Refuse(std::string_view message, std::string_view input) {
+        if (runs_.empty()) runs_.emplace_back();
+        runs_.back().messages += message;
+        runs_.back().rejects += input;
+    }
+
+    // Tells how much input it comes from.
+    void Count(std::uint64_t lines, std::uint64_t bytes) {
+        lines_ += lines;
+        bytes_ += bytes;
+    }
+
+    [[nodiscard]] const std::vector<Run>& Runs() const { return runs_; }
+    [[nodiscard]] std::uint64_t Lines() const { return lines_; }
+    [[nodiscard]] std::uint64_t Bytes() const { return bytes_; }
+
+  private:
+    std::vector<Run> runs_;
+    std::uint64_t lines_ = 0;
+    std::uint64_t bytes_ = 0;
+};
+
+}  // namespace tessara::program
