@@ -1,5 +1,4 @@
-// The page: window and frame, the layers by importance, texts that keep clear of each other, a title and a
-// legend.
+// The page as SVG: window and frame, the layers by importance, texts and legend.
 #pragma once
 
 #include <string>
