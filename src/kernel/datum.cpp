@@ -17,10 +17,6 @@ constexpr double WORTH_REFINING = 0.001;       // degrees; a step up to this sta
 constexpr double REFINED = 0.0001;             // degrees; an iteration up to this is the last
 constexpr int REFINEMENTS = 4;
 
-constexpr double EccentricitySquared(double f) {
-    return 2.0 * f - f * f;
-}
-
 // Degrees of longitude that 0.1 metre subtends at a latitude, taken linearly in the distance from the pole,
 // within lowerBound..360. The constant is 0.1 * (180/pi)^2.
 double LongitudeTolerance(double latitude, double a, double lowerBound) {
@@ -43,28 +39,6 @@ bool HasPassedPole(double latitude) {
 
 double ReflectAtPole(double latitude) {
     return (latitude > 0.0 ? 180.0 : -180.0) - latitude;
-}
-
-constexpr HubParams ToHubOf(const DatumRow& row) {
-    return {.f = row.f,
-            .a = row.a,
-            .e2 = EccentricitySquared(row.f),
-            .df = WGS84_F - row.f,
-            .da = WGS84_A - row.a,
-            .dx = row.dx,
-            .dy = row.dy,
-            .dz = row.dz};
-}
-
-constexpr HubParams FromHubOf(const DatumRow& row) {
-    return {.f = WGS84_F,
-            .a = WGS84_A,
-            .e2 = EccentricitySquared(WGS84_F),
-            .df = -(WGS84_F - row.f),
-            .da = -(WGS84_A - row.a),
-            .dx = -row.dx,
-            .dy = -row.dy,
-            .dz = -row.dz};
 }
 
 // What of a Molodensky step doesn't depend on the position.
@@ -266,31 +240,6 @@ double Datum_SemiMajorAxis(std::int32_t datum) {
 double Datum_EccentricitySquared(std::int32_t datum) {
     const DatumRow* row = RowOf(datum);
     return row ? row->e2 : -1.0;
-}
-
-KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p) {
-    const DatumRow* row = RowOf(datum);
-    if (!row) return KOORD_ERR_DATUM;
-    *p = ToHubOf(*row);
-    return KOORD_OK;
-}
-
-KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p) {
-    const DatumRow* row = RowOf(datum);
-    if (!row) return KOORD_ERR_DATUM;
-    *p = FromHubOf(*row);
-    return KOORD_OK;
-}
-
-KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHub, const HubParams* fromHub,
-                        std::int32_t sourceDatum, std::int32_t targetDatum) {
-    if (!RowOf(sourceDatum) || !RowOf(targetDatum)) return KOORD_ERR_DATUM;
-    double position[2] = {in[0], in[1]};
-    if (sourceDatum != DATUM_WGS84) Molodensky_ToHub(position, toHub);
-    if (targetDatum != DATUM_WGS84) Molodensky_FromHub(position, fromHub, targetDatum);
-    out[0] = position[0];
-    out[1] = position[1];
-    return KOORD_OK;
 }
 
 void ShiftBetween(std::int32_t sourceDatum, std::int32_t targetDatum, double latLon[2]) {

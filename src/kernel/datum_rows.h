@@ -288,6 +288,29 @@ static_assert(DATUMS[DATUM_WGS84].a == WGS84_A && DATUMS[DATUM_WGS84].f == WGS84
     return datum >= 0 && datum < DATUM_COUNT ? &DATUMS[static_cast<std::size_t>(datum)] : nullptr;
 }
 
+// The steps from a datum to the hub WGS84 and back.
+constexpr HubParams ToHubOf(const DatumRow& row) {
+    return {.f = row.f,
+            .a = row.a,
+            .e2 = row.e2,
+            .df = WGS84_F - row.f,
+            .da = WGS84_A - row.a,
+            .dx = row.dx,
+            .dy = row.dy,
+            .dz = row.dz};
+}
+
+constexpr HubParams FromHubOf(const DatumRow& row) {
+    return {.f = WGS84_F,
+            .a = WGS84_A,
+            .e2 = DATUMS[DATUM_WGS84].e2,
+            .df = -(WGS84_F - row.f),
+            .da = -(WGS84_A - row.a),
+            .dx = -row.dx,
+            .dy = -row.dy,
+            .dz = -row.dz};
+}
+
 // compute(figure) for each datum's ellipsoid and the datum's number.
 template <class Constants>
 consteval std::array<Constants, DATUM_COUNT> ForEachDatum(Constants (*compute)(const EllipsoidFigure&,

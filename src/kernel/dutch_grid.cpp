@@ -20,11 +20,8 @@ constexpr double FALSE_EASTING = 155000.0;
 constexpr double FALSE_NORTHING = 463000.0;
 constexpr double SCALE = 0.99990790084;
 
-constexpr double ON_AXIS = 0.001;             // metres
-constexpr double AT_ANTIPODE = 0.0001;        // of the stereographic denominator, which is 2 at the origin
-constexpr double LATITUDE_TOLERANCE = 1e-14;  // radians
-// Each step gains two digits or more. Only a latitude that flickers in its last bit gets this far.
-constexpr int MAX_ITERATIONS = 50;
+constexpr double ON_AXIS = 0.001;       // metres
+constexpr double AT_ANTIPODE = 0.0001;  // of the stereographic denominator, which is 2 at the origin
 
 constexpr double ORIGIN_PHI = ORIGIN_LATITUDE * RADIANS_PER_DEGREE;
 
@@ -97,31 +94,6 @@ void SetToNaN(double* one, double* other) {
 }
 
 }  // namespace
-
-double RD_MeanRadius(double lat, double a, double e2) {
-    const double sinLat = std::sin(lat);
-    const double w = 1.0 - e2 * sinLat * sinLat;
-    const double meridian = (1.0 - e2) * a / std::pow(w, 1.5);
-    const double primeVertical = a / std::sqrt(w);
-    return std::sqrt(meridian * primeVertical);
-}
-
-double RD_GaussLatitude(double lat, double e, double n, double m) {
-    const double eSin = e * std::sin(lat);
-    const double onSphere = std::exp(n * std::log(std::tan(lat / 2.0 + QUARTER_PI)));
-    const double ofEllipsoid = std::exp((n * e / 2.0) * std::log((1.0 - eSin) / (1.0 + eSin)));
-    return 2.0 * std::atan(onSphere * ofEllipsoid / m) - HALF_PI;
-}
-
-double RD_LatitudeFromGauss(double b, double e, double n, double m) {
-    double lat = b;
-    double step = 1.0;
-    for (int i = 0; i < MAX_ITERATIONS && std::fabs(step) > LATITUDE_TOLERANCE; ++i) {
-        step = RD_GaussLatitude(lat, e, n, m) - b;
-        lat -= step;
-    }
-    return lat;
-}
 
 void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t datum) {
     const DatumRow* row = RowOf(datum);

@@ -16,8 +16,6 @@ namespace {
 // The literal has one digit less than the double nearest to pi/2.
 constexpr double HALF_PI_SHORT = 1.570796326794897;
 
-// Real ellipsoids need about five iterations; the bound ends a tolerance that can't be reached.
-constexpr int LATITUDE_ITERATIONS = 100;
 constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
 
 // The method's isometric latitude has the tangent of lat/2 + pi/4, and doubles near the sum are coarser than
@@ -166,47 +164,6 @@ void TmInverseFromOrigin(double easting, double northing, const TmParams& p, dou
                           (easting - p.falseEasting) * perUnit};
     InverseOnUnit(ellipsoid, figure, 0.0, &latLon[1], &latLon[0], inverse);
     latLon[1] += p.originLongitude;
-}
-
-KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* easting, double* northing,
-                            const TmConstants* forward) {
-    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
-    TmForwardFromOrigin(latLon, *p, originNorth, easting, northing, *forward);
-    return KOORD_OK;
-}
-
-KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
-                            const TmConstants* forward, const TmConstants* inverse) {
-    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
-    TmInverseFromOrigin(easting, northing, *p, originNorth, latLon, *inverse);
-    return KOORD_OK;
-}
-
-void TM_Arc(double lat, const double arcCoef[5], double* result) {
-    double arc = arcCoef[0] * lat;
-    for (int j = 1; j <= 4; ++j)
-        arc += arcCoef[j] * std::sin(2.0 * j * lat);
-    *result = arc;
-}
-
-void IsometricLatitude_Tm(double lat, double e, double* psi) {
-    const double eSin = e * std::sin(lat);
-    *psi = std::log(std::tan(lat / 2.0 + QUARTER_PI) * std::pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
-}
-
-void LatitudeFromIsometric(double psi, double e, double tolerance, double* lat) {
-    const double t = std::exp(psi);
-    double phi = 2.0 * std::atan(t) - HALF_PI_SHORT;
-    double step = 0.0;
-    int i = 0;
-    do {
-        const double eSin = e * std::sin(phi);
-        const double next =
-            2.0 * std::atan(t * std::pow((1.0 + eSin) / (1.0 - eSin), e / 2.0)) - HALF_PI_SHORT;
-        step = std::fabs(phi - next);
-        phi = next;
-    } while (step > tolerance && ++i < LATITUDE_ITERATIONS);
-    *lat = phi;
 }
 
 }  // namespace tessara

@@ -2,13 +2,11 @@
 
 #include <cmath>
 
-#include "kernel/compile_time_math.h"
 #include "kernel/conformal_latitude.h"
-#include "kernel/datum_rows.h"
 #include "kernel/direction.h"
 #include "kernel/numeric.h"
+#include "kernel/ups_constants.h"
 #include "tessara/kernel/constants.h"
-#include "tessara/kernel/datum.h"
 
 namespace tessara {
 namespace {
@@ -28,54 +26,12 @@ double LatitudeStep(Direction twice, const UpsConstants& c) {
            ((c.s2 - c.s6) + x * (2.0 * c.s4 - 4.0 * c.s8) + x * x * (4.0 * c.s6 + x * (8.0 * c.s8)));
 }
 
-consteval UpsConstants Compute(const EllipsoidFigure& figure) {
-    const double a = figure.a;
-    const double f = figure.Flattening();
-    const double b = (1.0 - f) * a;
-    const double e2 = (a * a - b * b) / (a * a);
-    const bool isSphere = f == 0.0 || e2 < 0.0;
-    UpsConstants c{};
-    c.a = a;
-    c.inverseFlattening = isSphere ? 0.0 : 1.0 / f;
-    c.b = isSphere ? a : b;
-    c.e2 = isSphere ? 0.0 : e2;
-    const long double e = compile_time::Sqrt(c.e2);
-    c.e = static_cast<double>(e);
-    // ((1 - e) / (1 + e))^(e/2) is exp(-e atanh e).
-    c.poleRadius = static_cast<double>(2.0 * a * compile_time::Exp(-e * compile_time::Atanh(e)) /
-                                       compile_time::Sqrt(1.0L - e * e));
-
-    const double d = c.e2;
-    const double d2 = d * d;
-    const double d3 = d2 * d;
-    const double d4 = d2 * d2;
-    c.s2 = d / 2.0 + 5.0 * d2 / 24.0 + d3 / 12.0 + 13.0 * d4 / 360.0;
-    c.s4 = 7.0 * d2 / 48.0 + 29.0 * d3 / 240.0 + 811.0 * d4 / 11520.0;
-    c.s6 = 7.0 * d3 / 120.0 + 81.0 * d4 / 1120.0;
-    c.s8 = 4279.0 * d4 / 161280.0;
-    return c;
-}
-
-constexpr auto CONSTANTS = ForEachEllipsoid<UpsConstants>(Compute);
-
-const UpsConstants* ConstantsOf(std::int32_t datum) {
-    const DatumRow* row = RowOf(datum);
-    return row ? &CONSTANTS[row->ellipsoid] : nullptr;
-}
-
 }  // namespace
-
-KoordStatus UPS_LoadConstants(std::int32_t datum, UpsConstants* c) {
-    const UpsConstants* constants = ConstantsOf(datum);
-    if (!constants) return KOORD_ERR_DATUM;
-    *c = *constants;
-    return KOORD_OK;
-}
 
 // tan(pi/4 - phi/2) is cos phi / (1 + sin phi), and the power of the ellipsoid's ratio is exp q of its share
 // q in the isometric latitude.
 KoordStatus UPS_FromGeodetic(const double latLon[2], UpsPayload* payload, std::int32_t datum) {
-    const UpsConstants* c = ConstantsOf(datum);
+    const UpsConstants* c = UpsConstantsOf(datum);
     if (!c) return KOORD_ERR_DATUM;
     const bool isSouth = latLon[0] < 0.0;
     const Direction phi = DirectionOf(std::fabs(latLon[0]) * RADIANS_PER_DEGREE);
@@ -91,7 +47,7 @@ KoordStatus UPS_FromGeodetic(const double latLon[2], UpsPayload* payload, std::i
 }
 
 KoordStatus UPS_ToGeodetic(const UpsPayload* payload, double latLon[2], std::int32_t datum) {
-    const UpsConstants* c = ConstantsOf(datum);
+    const UpsConstants* c = UpsConstantsOf(datum);
     if (!c) return KOORD_ERR_DATUM;
     const double sign = payload->hemisphere == 'S' ? 1.0 : -1.0;
     const double dx = SnapTo(0.0, payload->easting - FALSE_ORIGIN, AXIS_TOLERANCE);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "support/datum_steps.h"
 #include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
@@ -18,6 +19,9 @@ namespace {
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
 using ::tessara::testing::ReferenceRow;
+using ::tessara::testing::Step;
+using ::tessara::testing::UnitSphere;
+using Position = ::tessara::testing::LatLon;
 
 constexpr double DEGREE = 0.0174532925199433;
 
@@ -31,13 +35,6 @@ constexpr std::int32_t TOY_A = 78;
 constexpr std::int32_t NAR_E = 133;
 constexpr std::int32_t KUS = 205;
 
-struct Position {
-    double latLon[2];
-
-    [[nodiscard]] double Latitude() const { return latLon[0]; }
-    [[nodiscard]] double Longitude() const { return latLon[1]; }
-};
-
 Position Shift(Position position, std::int32_t from, std::int32_t to) {
     HubParams toHub{};
     HubParams fromHub{};
@@ -45,17 +42,6 @@ Position Shift(Position position, std::int32_t from, std::int32_t to) {
     EXPECT_EQ(Datum_LoadFromHub(to, &fromHub), KOORD_OK);
     EXPECT_EQ(Datum_Shift(position.latLon, position.latLon, &toHub, &fromHub, from, to), KOORD_OK);
     return position;
-}
-
-Position Step(const HubParams& params, double latitude, double longitude, std::int32_t keepOnGlobe = 1) {
-    Position position{{latitude, longitude}};
-    Molodensky_Apply(&params, position.latLon, keepOnGlobe);
-    return position;
-}
-
-// A unit sphere that is moved without changing its shape: N = M = 1, so a translation is an angle.
-HubParams UnitSphere(double dx, double dy, double dz) {
-    return {.f = 0.0, .a = 1.0, .e2 = 0.0, .df = 0.0, .da = 0.0, .dx = dx, .dy = dy, .dz = dz};
 }
 
 TEST(DatumReaders, GiveAxisAndEccentricity) {
@@ -70,44 +56,6 @@ TEST(DatumReaders, GiveMinusOneOutsideTheTable) {
     for (const std::int32_t datum : {-1, 239, INT32_MIN, INT32_MAX}) {
         EXPECT_EQ(Datum_SemiMajorAxis(datum), -1.0);
         EXPECT_EQ(Datum_EccentricitySquared(datum), -1.0);
-    }
-}
-
-TEST(DatumLoad, TakesTheStepIntoTheHubFromTheRow) {
-    HubParams p{};
-    ASSERT_EQ(Datum_LoadToHub(GER, &p), KOORD_OK);
-    const double f = 1.0 / 299.1528128;
-    EXPECT_EQ(p.f, f);
-    EXPECT_EQ(p.a, 6377397.155);
-    EXPECT_EQ(p.e2, 2.0 * f - f * f);
-    EXPECT_EQ(p.df, 0.0033528106647474805 - f);
-    EXPECT_EQ(p.da, 6378137.0 - 6377397.155);
-    EXPECT_EQ(p.dx, 604.0);
-    EXPECT_EQ(p.dy, 21.0);
-    EXPECT_EQ(p.dz, 415.0);
-}
-
-TEST(DatumLoad, NegatesTheDifferencesOnTheWayOut) {
-    HubParams p{};
-    ASSERT_EQ(Datum_LoadFromHub(GER, &p), KOORD_OK);
-    const double f = 0.0033528106647474805;
-    EXPECT_EQ(p.f, f);
-    EXPECT_EQ(p.a, 6378137.0);
-    EXPECT_EQ(p.e2, 2.0 * f - f * f);
-    EXPECT_EQ(p.df, 1.0 / 299.1528128 - f);
-    EXPECT_EQ(p.da, 6377397.155 - 6378137.0);
-    EXPECT_EQ(p.dx, -604.0);
-    EXPECT_EQ(p.dy, -21.0);
-    EXPECT_EQ(p.dz, -415.0);
-}
-
-TEST(DatumLoad, FailsOutsideTheTableAndChangesNothing) {
-    for (const std::int32_t datum : {-1, 239, INT32_MIN, INT32_MAX}) {
-        HubParams p = UnitSphere(1.0, 2.0, 3.0);
-        EXPECT_EQ(Datum_LoadToHub(datum, &p), KOORD_ERR_DATUM);
-        EXPECT_EQ(Datum_LoadFromHub(datum, &p), KOORD_ERR_DATUM);
-        EXPECT_EQ(p.a, 1.0);
-        EXPECT_EQ(p.dz, 3.0);
     }
 }
 
@@ -284,42 +232,6 @@ TEST(MolodenskyFromHub, StaysOnTheGlobeNearThePoles) {
             }
         }
     }
-}
-
-TEST(DatumShift, FailsOutsideTheTableAndChangesNothing) {
-    const HubParams p = UnitSphere(0.0, 0.0, 0.0);
-    const double in[2] = {48.0, 11.0};
-    for (const std::int32_t bad : {-1, 239, INT32_MIN, INT32_MAX}) {
-        double out[2] = {1.0, 2.0};
-        EXPECT_EQ(Datum_Shift(in, out, &p, &p, bad, GER), KOORD_ERR_DATUM);
-        EXPECT_EQ(Datum_Shift(in, out, &p, &p, GER, bad), KOORD_ERR_DATUM);
-        EXPECT_EQ(out[0], 1.0);
-        EXPECT_EQ(out[1], 2.0);
-    }
-}
-
-TEST(DatumShift, SkipsTheStepOfTheHub) {
-    HubParams toHub{};
-    HubParams fromHub{};
-    ASSERT_EQ(Datum_LoadToHub(GER, &toHub), KOORD_OK);
-    ASSERT_EQ(Datum_LoadFromHub(GER, &fromHub), KOORD_OK);
-    const HubParams unused = UnitSphere(NOT_A_NUMBER, NOT_A_NUMBER, NOT_A_NUMBER);
-    const double in[2] = {48.0, 11.0};
-    double out[2] = {};
-
-    ASSERT_EQ(Datum_Shift(in, out, &toHub, &unused, GER, DATUM_WGS84), KOORD_OK);
-    EXPECT_EQ(out[0], Step(toHub, 48.0, 11.0).Latitude());
-    EXPECT_EQ(out[1], Step(toHub, 48.0, 11.0).Longitude());
-
-    Position expected{{48.0, 11.0}};
-    Molodensky_FromHub(expected.latLon, &fromHub, GER);
-    ASSERT_EQ(Datum_Shift(in, out, &unused, &fromHub, DATUM_WGS84, GER), KOORD_OK);
-    EXPECT_EQ(out[0], expected.Latitude());
-    EXPECT_EQ(out[1], expected.Longitude());
-
-    ASSERT_EQ(Datum_Shift(in, out, &unused, &unused, DATUM_WGS84, DATUM_WGS84), KOORD_OK);
-    EXPECT_EQ(out[0], 48.0);
-    EXPECT_EQ(out[1], 11.0);
 }
 
 TEST(DatumShift, ChangesNothingBetweenWgs84AndARowLikeIt) {

@@ -205,38 +205,5 @@ TEST(RDToGeodetic, EndsForAnyValueAndNearThePoles) {
         EXPECT_FALSE(std::fabs(Inverse(pole.easting, pole.northing + i * 1e-4).lat) > 90.0 + 1e-9);
 }
 
-// IOGP Publication 373-7-2 gives the steps of its example to nine digits: R, n, c (m is 1/sqrt(c)) and the
-// latitudes on the sphere of the origin and of 53 degrees.
-TEST(RDHelpers, GiveTheStepsOfTheWorkedExample) {
-    const double f = 1.0 / 299.1528128;
-    const double e2 = 2.0 * f - f * f;
-    const double e = std::sqrt(e2);
-    const double n = 1.000475857;
-    const double m = 1.0 / std::sqrt(1.007576465);
-    const double origin = AMERSFOORT_LATITUDE * RADIANS_PER_DEGREE;
-    const double example = 53.0 * RADIANS_PER_DEGREE;
-    EXPECT_NEAR(RD_MeanRadius(origin, 6377397.155, e2), 6382644.571, 0.001);
-    EXPECT_NEAR(RD_GaussLatitude(origin, e, n, m), 0.909684757, 1e-9);
-    EXPECT_NEAR(RD_GaussLatitude(example, e, n, m), 0.924394997, 1e-9);
-    EXPECT_NEAR(RD_LatitudeFromGauss(0.909684757, e, n, m), origin, 2e-9);
-    EXPECT_NEAR(RD_LatitudeFromGauss(0.924394997, e, n, m), example, 2e-9);
-}
-
-TEST(RDHelpers, ReturnFromEveryLatitude) {
-    const double e = 0.0816968312;
-    for (int degrees = -89; degrees <= 89; ++degrees) {
-        const double lat = degrees * RADIANS_PER_DEGREE;
-        const double b = RD_GaussLatitude(lat, e, 1.0005, 0.996);
-        // Radians: near the pole the tangent's rounding counts more.
-        EXPECT_NEAR(RD_LatitudeFromGauss(b, e, 1.0005, 0.996), lat, 1e-13);
-    }
-}
-
-TEST(RDHelpers, LetANaNEndTheIteration) {
-    EXPECT_TRUE(std::isnan(RD_LatitudeFromGauss(NOT_A_NUMBER, 0.08, 1.0005, 0.996)));
-    EXPECT_TRUE(std::isnan(RD_LatitudeFromGauss(0.9, NOT_A_NUMBER, 1.0005, 0.996)));
-    EXPECT_TRUE(std::isnan(RD_LatitudeFromGauss(2.0, 0.08, 1.0005, 0.996)));  // beyond the pole
-}
-
 }  // namespace
 }  // namespace tessara

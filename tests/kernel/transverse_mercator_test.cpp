@@ -58,18 +58,6 @@ double Arc(double lat, const double arcCoef[5]) {
     return result;
 }
 
-double Isometric(double lat, double e) {
-    double psi = 0.0;
-    IsometricLatitude_Tm(lat, e, &psi);
-    return psi;
-}
-
-double FromIsometric(double psi, double e, double tolerance = 1e-11) {
-    double lat = 0.0;
-    LatitudeFromIsometric(psi, e, tolerance, &lat);
-    return lat;
-}
-
 TEST(TmConstants, FailOutsideTheDatumTableAndChangeNothing) {
     for (const std::int32_t datum : {-1, 239, INT32_MIN, INT32_MAX}) {
         TmConstants c{};
@@ -219,64 +207,6 @@ TEST(TmConstants, LeadFromALatitudeToItsArcAndBack) {
     }
 }
 
-TEST(TmArc, IsTheLengthOfTheMeridian) {
-    const TmConstants c = ForwardConstants(DATUM_WGS84);
-    // The quadrant of WGS84 is 10001965.729 m.
-    EXPECT_NEAR(WGS84_A * Arc(HALF_PI, c.arcCoef), 10001965.729, 5e-4);
-    EXPECT_EQ(Arc(0.0, c.arcCoef), 0.0);
-    // Simpson's rule on the radius of curvature (1 - e2) / (1 - e2 sin^2)^1.5.
-    const double e2 = Datum_EccentricitySquared(DATUM_WGS84);
-    const auto radius = [e2](double lat) {
-        return (1.0 - e2) / std::pow(1.0 - e2 * std::sin(lat) * std::sin(lat), 1.5);
-    };
-    for (const double degrees : {1.0, 30.0, 45.0, 60.0, 89.0}) {
-        const double lat = degrees * DEGREE;
-        constexpr int steps = 200;
-        double sum = radius(0.0) + radius(lat);
-        for (int i = 1; i < steps; ++i)
-            sum += (i % 2 == 1 ? 4.0 : 2.0) * radius(lat * i / steps);
-        // A relative 1e-11: the fifth power of e2 is left over.
-        EXPECT_NEAR(Arc(lat, c.arcCoef), sum * lat / steps / 3.0, 1e-12) << degrees;
-    }
-}
-
-TEST(IsometricLatitudeTm, IsTheClosedForm) {
-    for (const double e : {0.0, 0.0818, 0.3}) {
-        for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
-            const double s = std::sin(degrees * DEGREE);
-            // Radians: at 89 degrees the tangent's rounding counts more.
-            EXPECT_NEAR(Isometric(degrees * DEGREE, e), std::atanh(s) - e * std::atanh(e * s), 1e-13);
-        }
-    }
-}
-
-// 90 degrees times the degree factor is a little more than pi/2.
-TEST(IsometricLatitudeTm, IsNotANumberAtAndBeyondThePoles) {
-    for (const double degrees : {90.0, -90.0, 95.0, -100.0, NOT_A_NUMBER, INFINITE})
-        EXPECT_TRUE(std::isnan(Isometric(degrees * DEGREE, 0.0818))) << degrees;
-}
-
-TEST(LatitudeFromIsometric, InvertsTheIsometricLatitude) {
-    for (const double e : {0.0, 0.0818, 0.3}) {
-        for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
-            const double lat = degrees * DEGREE;
-            // Radians: the search ends with a step below 1e-11; a quarter turn is rounded.
-            EXPECT_NEAR(FromIsometric(Isometric(lat, e), e), lat, 1e-11);
-        }
-    }
-    EXPECT_NEAR(FromIsometric(INFINITE, 0.0818), 1.5707963267948966, 2e-15);
-    EXPECT_NEAR(FromIsometric(-INFINITE, 0.0818), -1.5707963267948966, 2e-15);
-}
-
-TEST(LatitudeFromIsometric, EndsOnWhatIsNotANumberAndOnTolerancesOutOfReach) {
-    EXPECT_TRUE(std::isnan(FromIsometric(NOT_A_NUMBER, 0.0818)));
-    EXPECT_TRUE(std::isnan(FromIsometric(1.0, NOT_A_NUMBER)));
-    // Radians. A tolerance that is no number ends the search at its start, which is off by e2.
-    EXPECT_NEAR(FromIsometric(1.0, 0.0818, 0.0), FromIsometric(1.0, 0.0818), 1e-11);
-    EXPECT_NEAR(FromIsometric(1.0, 0.0818, -1.0), FromIsometric(1.0, 0.0818), 1e-11);
-    EXPECT_NEAR(FromIsometric(1.0, 0.0818, NOT_A_NUMBER), FromIsometric(1.0, 0.0818), 1e-2);
-}
-
 TEST(TmForward, HasNoEastingOnTheCentralMeridian) {
     for (const std::int32_t datum : {KUGEL, DATUM_WGS84, GER}) {
         const TmConstants c = ForwardConstants(datum);
@@ -413,103 +343,6 @@ TEST(TmForward, IsNotANumberForConstantsOfNoDatum) {
         EXPECT_TRUE(std::isnan(Forward(1.0, 50.0, c).easting));
         EXPECT_TRUE(std::isnan(Inverse(1.0, 50.0, c).lat));
     }
-}
-
-TEST(TmParam, AgreesWithProj) {
-    for (const ReferenceRow& row : ReadReferenceFile("kernel/transverse_mercator.txt")) {
-        SCOPED_TRACE(row.place);
-        const auto datum = static_cast<std::int32_t>(row.Number(0));
-        const TmParams params{row.Number(3), row.Number(4), row.Number(5), row.Number(6), row.Number(7)};
-        const double lat = row.Number(8);
-        const double lon = row.Number(9);
-        const TmConstants forward = ForwardConstants(datum);
-        const TmConstants inverse = InverseConstants(datum);
-
-        const double latLon[2] = {lat, lon};
-        double easting = 0.0;
-        double northing = 0.0;
-        EXPECT_EQ(TM_ForwardParam(latLon, &params, &easting, &northing, &forward), KOORD_OK);
-        EXPECT_NEAR(easting, row.Number(10), REFERENCE_TOLERANCE);
-        EXPECT_NEAR(northing, row.Number(11), REFERENCE_TOLERANCE);
-
-        double back[2] = {};
-        EXPECT_EQ(TM_InverseParam(row.Number(10), row.Number(11), &params, back, &forward, &inverse),
-                  KOORD_OK);
-        EXPECT_NEAR(back[0], lat, REFERENCE_TOLERANCE / METRES_PER_DEGREE);
-        EXPECT_NEAR(back[1], lon, REFERENCE_TOLERANCE / METRES_PER_DEGREE / std::cos(lat * DEGREE));
-    }
-}
-
-// Ordnance Survey, "A guide to coordinate systems in Great Britain", annexe C: 52 39' 27.2531" N, 1
-// 43' 4.5177" E is 651409.903 E, 313177.270 N.
-TEST(TmParam, AgreesWithTheWorkedExampleOfTheOrdnanceSurvey) {
-    const TmParams nationalGrid{-2.0, 49.0, 400000.0, -100000.0, 0.9996012717};
-    const double latLon[2] = {52.0 + 39.0 / 60.0 + 27.2531 / 3600.0, 1.0 + 43.0 / 60.0 + 4.5177 / 3600.0};
-    const TmConstants airy = ForwardConstants(98);
-    double easting = 0.0;
-    double northing = 0.0;
-    TM_ForwardParam(latLon, &nationalGrid, &easting, &northing, &airy);
-    // Published to a millimetre; a unit of the last digit of the seconds is 3 mm.
-    EXPECT_NEAR(easting, 651409.903, 2e-3);
-    EXPECT_NEAR(northing, 313177.270, 2e-3);
-}
-
-TEST(TmParam, HasTheFalseValuesAtTheOrigin) {
-    const TmParams params{-8.0, 53.5, 200000.0, 250000.0, 1.000035};
-    const TmConstants forward = ForwardConstants(97);
-    const TmConstants inverse = InverseConstants(97);
-    double latLon[2] = {53.5, -8.0};
-    double easting = 0.0;
-    double northing = 0.0;
-    TM_ForwardParam(latLon, &params, &easting, &northing, &forward);
-    EXPECT_EQ(easting, 200000.0);
-    EXPECT_EQ(northing, 250000.0);
-    TM_InverseParam(200000.0, 250000.0, &params, latLon, &forward, &inverse);
-    EXPECT_NEAR(latLon[0], 53.5, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
-    EXPECT_EQ(latLon[1], -8.0);
-}
-
-TEST(TmParam, ReturnsToWhereItStarted) {
-    Random random(24);
-    for (int i = 0; i < 2000; ++i) {
-        const std::int32_t datum = random.Below(DATUM_COUNT);
-        const TmConstants forward = ForwardConstants(datum);
-        const TmConstants inverse = InverseConstants(datum);
-        const TmParams params{random.Between(-180.0, 180.0), random.Between(-80.0, 80.0),
-                              random.Between(-1e6, 1e6), random.Between(-1e7, 1e7), random.Between(0.9, 1.1)};
-        const double lat = random.Between(-84.0, 84.0);
-        const double lon = params.originLongitude + random.Between(-6.0, 6.0);
-        const double latLon[2] = {lat, lon};
-        double easting = 0.0;
-        double northing = 0.0;
-        TM_ForwardParam(latLon, &params, &easting, &northing, &forward);
-        double back[2] = {};
-        TM_InverseParam(easting, northing, &params, back, &forward, &inverse);
-        EXPECT_NEAR(back[0], lat, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE);
-        EXPECT_NEAR(back[1], lon, ROUND_TRIP_TOLERANCE / METRES_PER_DEGREE / std::cos(lat * DEGREE));
-    }
-}
-
-TEST(TmParam, EndsOnParametersThatAreNone) {
-    const TmConstants forward = ForwardConstants(GER);
-    const TmConstants inverse = InverseConstants(GER);
-    double latLon[2] = {50.0, 9.0};
-    double easting = 0.0;
-    double northing = 0.0;
-    const TmParams cleared{};
-    EXPECT_EQ(TM_InverseParam(0.0, 0.0, &cleared, latLon, &forward, &inverse), KOORD_OK);
-    EXPECT_TRUE(std::isnan(latLon[0]));
-    const TmParams atThePole{9.0, 90.0, 0.0, 0.0, 1.0};
-    latLon[0] = 50.0;
-    EXPECT_EQ(TM_ForwardParam(latLon, &atThePole, &easting, &northing, &forward), KOORD_OK);
-    EXPECT_TRUE(std::isnan(northing));
-    EXPECT_EQ(TM_InverseParam(0.0, 0.0, &atThePole, latLon, &forward, &inverse), KOORD_OK);
-    EXPECT_TRUE(std::isnan(latLon[0]));
-    const TmParams garbage{NOT_A_NUMBER, INFINITE, 1e300, -1e300, -0.0};
-    latLon[0] = 50.0;
-    EXPECT_EQ(TM_ForwardParam(latLon, &garbage, &easting, &northing, &forward), KOORD_OK);
-    EXPECT_EQ(TM_InverseParam(1.0, 2.0, &garbage, latLon, &forward, &inverse), KOORD_OK);
-    EXPECT_TRUE(std::isnan(latLon[0]));
 }
 
 }  // namespace

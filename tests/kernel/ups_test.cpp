@@ -40,49 +40,6 @@ Position ToGeodetic(char hemisphere, double easting, double northing, std::int32
     return {latLon[0], latLon[1]};
 }
 
-UpsConstants Constants(std::int32_t datum) {
-    UpsConstants c{};
-    EXPECT_EQ(UPS_LoadConstants(datum, &c), KOORD_OK);
-    return c;
-}
-
-TEST(UpsLoadConstants, GivesThoseOfTheEllipsoid) {
-    const UpsConstants c = Constants(DATUM_WGS84);
-    EXPECT_EQ(c.a, 6378137.0);
-    EXPECT_NEAR(c.inverseFlattening, 298.257223563, 1e-12);
-    EXPECT_NEAR(c.b, 6356752.314245, 1e-6);      // published, to the micrometre
-    EXPECT_NEAR(c.e2, 0.00669437999014, 1e-14);  // published
-    EXPECT_NEAR(c.e, 0.081819190842622, 1e-14);  // published
-    // 2a (1-e)^(e/2-1/2) / (1+e)^(e/2+1/2), the form of DMA TM 8358.2.
-    const double expected =
-        2.0 * c.a * std::pow(1.0 - c.e, c.e / 2.0 - 0.5) / std::pow(1.0 + c.e, c.e / 2.0 + 0.5);
-    EXPECT_NEAR(c.poleRadius, expected, 1e-8);
-}
-
-TEST(UpsLoadConstants, TheSeriesLeadsFromTheConformalLatitude) {
-    const UpsConstants c = Constants(DATUM_WGS84);
-    for (const double phi : {0.1, 0.5, 0.9, 1.4, 1.55}) {
-        const double eSin = c.e * std::sin(phi);
-        const double chi = 2.0 * std::atan(std::tan(QUARTER_PI + phi / 2.0) *
-                                           std::pow((1.0 - eSin) / (1.0 + eSin), c.e / 2.0)) -
-                           HALF_PI;
-        const double series = chi + c.s2 * std::sin(2.0 * chi) + c.s4 * std::sin(4.0 * chi) +
-                              c.s6 * std::sin(6.0 * chi) + c.s8 * std::sin(8.0 * chi);
-        EXPECT_NEAR(series, phi, 1e-11) << phi;  // radians; the next term is of the order of e^10
-    }
-}
-
-TEST(UpsLoadConstants, OnTheSphereEverythingEllipsoidalIsZero) {
-    const UpsConstants c = Constants(DATUM_SPHERE);
-    EXPECT_EQ(c.a, 6371000.0);
-    EXPECT_EQ(c.b, c.a);
-    EXPECT_EQ(c.inverseFlattening, 0.0);
-    EXPECT_EQ(c.e2, 0.0);
-    EXPECT_EQ(c.e, 0.0);
-    EXPECT_EQ(c.poleRadius, 2.0 * c.a);
-    EXPECT_TRUE(c.s2 == 0.0 && c.s4 == 0.0 && c.s6 == 0.0 && c.s8 == 0.0);
-}
-
 TEST(UpsFromGeodetic, AgreesWithAnIndependentProgram) {
     for (const ReferenceRow& row : ReadReferenceFile("kernel/ups.txt")) {
         const UpsPayload p = FromGeodetic(row.Number(1), row.Number(2), std::stoi(row.Text(0)));

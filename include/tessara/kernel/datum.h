@@ -14,6 +14,7 @@
 
 #include <cstdint>
 
+#include "tessara/kernel/classical_formulas.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord_status.h"
 
@@ -76,16 +77,6 @@ struct HubParams {
 // Semi-major axis in metres and eccentricity squared; -1.0 for an id outside 0..238.
 [[nodiscard]] double Datum_SemiMajorAxis(std::int32_t datum);
 [[nodiscard]] double Datum_EccentricitySquared(std::int32_t datum);
-
-// Parameters for the way from a datum to WGS84 and back. KOORD_ERR_DATUM for an id outside 0..238 (*p is then
-// unchanged), else KOORD_OK.
-KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p);
-KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p);
-
-// Shifts latitude and longitude in degrees; `in` and `out` may be the same. KOORD_ERR_DATUM if either id is
-// outside 0..238 (`out` is then unchanged), else KOORD_OK. The longitude isn't brought into -180..180.
-KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHub, const HubParams* fromHub,
-                        std::int32_t sourceDatum, std::int32_t targetDatum);
 
 // One Molodensky step in place, degrees. With `keepOnGlobe` other than 0 a latitude that passes a pole is
 // reflected and its longitude turned by half a circle. A position that isn't a number stays none.

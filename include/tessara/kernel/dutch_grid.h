@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "tessara/kernel/classical_formulas.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
@@ -19,13 +20,5 @@ void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t 
 // Metres to degrees. Points within a millimetre of the origin in both axes give the origin; values far
 // outside the grid may give NaN.
 void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t datum);
-
-// Geometric mean of the radii of curvature at a latitude in radians, metres.
-[[nodiscard]] double RD_MeanRadius(double lat, double a, double e2);
-
-// Latitude on the Gaussian sphere of a latitude on an ellipsoid of eccentricity e, and back; radians. n and m
-// are the sphere's exponent and factor.
-[[nodiscard]] double RD_GaussLatitude(double lat, double e, double n, double m);
-[[nodiscard]] double RD_LatitudeFromGauss(double b, double e, double n, double m);
 
 }  // namespace tessara

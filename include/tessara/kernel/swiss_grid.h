@@ -6,22 +6,11 @@
 // The calculation is fixed to the Bessel ellipsoid of this grid, whatever the datum of the record says.
 #pragma once
 
+#include "tessara/kernel/classical_formulas.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"
 
 namespace tessara {
-
-struct CHConstants {
-    double lon0, lat0;  // origin in Bern, radians
-    double degPerRad;
-    double e;       // eccentricity of the ellipsoid
-    double radius;  // of the sphere, metres
-    double b0;      // latitude of the origin on the sphere, radians
-    double alpha;   // longitude on the sphere per longitude on the ellipsoid
-    double k;       // integration constant of the conformal sphere
-};
-
-void CH_LoadConstants(CHConstants* constants);
 
 // Degrees to metres, with the origin at 600000, 200000. Values within 0.0001 m of the grid's limits (easting
 // -200000 and 1500000, northing -300000 and 600000) are snapped onto them; values outside aren't refused.

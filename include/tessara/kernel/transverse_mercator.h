@@ -14,6 +14,7 @@
 
 #include <cstdint>
 
+#include "tessara/kernel/classical_formulas.h"
 #include "tessara/kernel/koord_status.h"
 
 namespace tessara {
@@ -50,19 +51,5 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
 // Metres in, degrees out; `centralMeridian` in degrees. `c` holds inverse constants.
 void TM_Inverse(double easting, double northing, double k, double falseEasting, double falseNorthing,
                 double centralMeridian, double* lon, double* lat, const TmConstants* c);
-
-// Degrees to a grid with a latitude of origin and a scale, and back. Always KOORD_OK.
-KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* easting, double* northing,
-                            const TmConstants* forward);
-KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
-                            const TmConstants* forward, const TmConstants* inverse);
-
-// Rectifying arc of a latitude in radians on a unit ellipsoid.
-void TM_Arc(double lat, const double arcCoef[5], double* result);
-// Isometric latitude of a latitude in radians on an ellipsoid of eccentricity e (0.0: the sphere).
-void IsometricLatitude_Tm(double lat, double e, double* psi);
-// The latitude in radians of an isometric latitude, iterated until a step is at most `tolerance` radians. A
-// NaN ends the iteration.
-void LatitudeFromIsometric(double psi, double e, double tolerance, double* lat);
 
 }  // namespace tessara

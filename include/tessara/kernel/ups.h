@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "tessara/kernel/classical_formulas.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"
 
@@ -22,7 +23,6 @@ struct UpsConstants {
 
 // Each gives KOORD_ERR_DATUM for an id outside 0..238 (the outputs are then unchanged), else KOORD_OK;
 // latitudes and longitudes are degrees.
-KoordStatus UPS_LoadConstants(std::int32_t datum, UpsConstants* c);
 // Any latitude is projected, into the hemisphere of its sign.
 KoordStatus UPS_FromGeodetic(const double latLon[2], UpsPayload* payload, std::int32_t datum);
 // Only the letter "S" means south. A negative northing is read by its magnitude; within 0.0001 m of an axis

@@ -1,0 +1,151 @@
+#include "tessara/kernel/classical_formulas.h"
+
+#include <cmath>
+
+#include "kernel/datum_rows.h"
+#include "kernel/swiss_sphere.h"
+#include "kernel/transverse_mercator_constants.h"
+#include "kernel/ups_constants.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
+#include "tessara/kernel/transverse_mercator.h"
+#include "tessara/kernel/ups.h"
+
+namespace tessara {
+namespace {
+
+// The literal has one digit less than the double nearest to pi/2.
+constexpr double HALF_PI_SHORT = 1.570796326794897;
+
+// Real ellipsoids need about five iterations; the bound ends a tolerance that can't be reached.
+constexpr int LATITUDE_ITERATIONS = 100;
+
+constexpr double GAUSS_TOLERANCE = 1e-14;  // radians
+// Each step gains two digits or more. Only a latitude that flickers in its last bit gets this far.
+constexpr int GAUSS_ITERATIONS = 50;
+
+double LogTan(double lat) {
+    return std::log(std::tan(lat / 2.0 + QUARTER_PI));
+}
+
+// ln((1 + e sin phi)/(1 - e sin phi)), the ellipsoid's share of the isometric latitude.
+double LogRatio(double e, double lat) {
+    const double eSin = e * std::sin(lat);
+    return std::log((1.0 + eSin) / (1.0 - eSin));
+}
+
+}  // namespace
+
+KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p) {
+    const DatumRow* row = RowOf(datum);
+    if (!row) return KOORD_ERR_DATUM;
+    *p = ToHubOf(*row);
+    return KOORD_OK;
+}
+
+KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p) {
+    const DatumRow* row = RowOf(datum);
+    if (!row) return KOORD_ERR_DATUM;
+    *p = FromHubOf(*row);
+    return KOORD_OK;
+}
+
+KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHub, const HubParams* fromHub,
+                        std::int32_t sourceDatum, std::int32_t targetDatum) {
+    if (!RowOf(sourceDatum) || !RowOf(targetDatum)) return KOORD_ERR_DATUM;
+    double position[2] = {in[0], in[1]};
+    if (sourceDatum != DATUM_WGS84) Molodensky_ToHub(position, toHub);
+    if (targetDatum != DATUM_WGS84) Molodensky_FromHub(position, fromHub, targetDatum);
+    out[0] = position[0];
+    out[1] = position[1];
+    return KOORD_OK;
+}
+
+KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* easting, double* northing,
+                            const TmConstants* forward) {
+    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
+    TmForwardFromOrigin(latLon, *p, originNorth, easting, northing, *forward);
+    return KOORD_OK;
+}
+
+KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
+                            const TmConstants* forward, const TmConstants* inverse) {
+    const double originNorth = TmOriginNorthing(p->originLatitude, *forward);
+    TmInverseFromOrigin(easting, northing, *p, originNorth, latLon, *inverse);
+    return KOORD_OK;
+}
+
+void TM_Arc(double lat, const double arcCoef[5], double* result) {
+    double arc = arcCoef[0] * lat;
+    for (int j = 1; j <= 4; ++j)
+        arc += arcCoef[j] * std::sin(2.0 * j * lat);
+    *result = arc;
+}
+
+void IsometricLatitude_Tm(double lat, double e, double* psi) {
+    const double eSin = e * std::sin(lat);
+    *psi = std::log(std::tan(lat / 2.0 + QUARTER_PI) * std::pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
+}
+
+void LatitudeFromIsometric(double psi, double e, double tolerance, double* lat) {
+    const double t = std::exp(psi);
+    double phi = 2.0 * std::atan(t) - HALF_PI_SHORT;
+    double step = 0.0;
+    int i = 0;
+    do {
+        const double eSin = e * std::sin(phi);
+        const double next =
+            2.0 * std::atan(t * std::pow((1.0 + eSin) / (1.0 - eSin), e / 2.0)) - HALF_PI_SHORT;
+        step = std::fabs(phi - next);
+        phi = next;
+    } while (step > tolerance && ++i < LATITUDE_ITERATIONS);
+    *lat = phi;
+}
+
+KoordStatus UPS_LoadConstants(std::int32_t datum, UpsConstants* c) {
+    const UpsConstants* constants = UpsConstantsOf(datum);
+    if (!constants) return KOORD_ERR_DATUM;
+    *c = *constants;
+    return KOORD_OK;
+}
+
+void CH_LoadConstants(CHConstants* c) {
+    c->degPerRad = 45.0 / std::atan(1.0);
+    c->lon0 = swiss::ORIGIN_LONGITUDE / c->degPerRad;
+    c->lat0 = swiss::ORIGIN_LATITUDE / c->degPerRad;
+    c->e = std::sqrt(swiss::E2);
+    c->alpha = std::sqrt(1.0 + swiss::SECOND_E2 * std::pow(std::cos(c->lat0), 4.0));
+
+    const double sinLat0 = std::sin(c->lat0);
+    const double sinB0 = sinLat0 / c->alpha;
+    c->b0 = std::atan(sinB0 / std::sqrt(1.0 - sinB0 * sinB0));
+    c->radius = std::sqrt(swiss::ONE_MINUS_E2) * swiss::A / (1.0 - swiss::E2 * sinLat0 * sinLat0);
+    c->k = LogTan(c->b0) - c->alpha * LogTan(c->lat0) + (c->alpha * c->e / 2.0) * LogRatio(c->e, c->lat0);
+}
+
+double RD_MeanRadius(double lat, double a, double e2) {
+    const double sinLat = std::sin(lat);
+    const double w = 1.0 - e2 * sinLat * sinLat;
+    const double meridian = (1.0 - e2) * a / std::pow(w, 1.5);
+    const double primeVertical = a / std::sqrt(w);
+    return std::sqrt(meridian * primeVertical);
+}
+
+double RD_GaussLatitude(double lat, double e, double n, double m) {
+    const double eSin = e * std::sin(lat);
+    const double onSphere = std::exp(n * std::log(std::tan(lat / 2.0 + QUARTER_PI)));
+    const double ofEllipsoid = std::exp((n * e / 2.0) * std::log((1.0 - eSin) / (1.0 + eSin)));
+    return 2.0 * std::atan(onSphere * ofEllipsoid / m) - HALF_PI;
+}
+
+double RD_LatitudeFromGauss(double b, double e, double n, double m) {
+    double lat = b;
+    double step = 1.0;
+    for (int i = 0; i < GAUSS_ITERATIONS && std::fabs(step) > GAUSS_TOLERANCE; ++i) {
+        step = RD_GaussLatitude(lat, e, n, m) - b;
+        lat -= step;
+    }
+    return lat;
+}
+
+}  // namespace tessara
