@@ -10,7 +10,6 @@
 #include "areas/rect_extents.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
-#include "objects/map_datum.h"
 #include "polygons/overlay_call.h"
 #include "polygons/polygon_inside.h"
 #include "polygons/polygon_reading.h"

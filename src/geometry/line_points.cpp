@@ -7,7 +7,6 @@
 #include "geometry/line_crossings.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
-#include "objects/map_datum.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/intersection_results.h"

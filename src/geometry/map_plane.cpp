@@ -1,7 +1,6 @@
 #include "geometry/map_plane.h"
 
 #include "objects/koord_access.h"
-#include "objects/map_datum.h"
 
 namespace tessara {
 

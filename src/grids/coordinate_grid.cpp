@@ -14,7 +14,6 @@
 #include "kernel/numeric.h"
 #include "maps/owned_map_param.h"
 #include "objects/koord_access.h"
-#include "objects/map_datum.h"
 #include "records/axis_copy.h"
 #include "records/compare_records.h"
 #include "records/convert_records.h"

@@ -9,8 +9,8 @@
 #include <iterator>
 #include <limits>
 
-#include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
+#include "kernel/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
@@ -37,13 +37,13 @@ namespace tessara {
 
 // The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
 // are taken as they are. That on the ellipsoid is smaller by the share.
-[[nodiscard]] inline double SphericalIsometricLatitude(Direction phi) {
+[[nodiscard]] inline double SphericalIsometricLatitude(SinCos phi) {
     if (phi.sine < 0.0) return -std::log((1.0 - phi.sine) / phi.cosine);
     return std::log((1.0 + phi.sine) / phi.cosine);
 }
 
 // The direction of a latitude on the sphere from the exponential of its isometric latitude.
-[[nodiscard]] constexpr Direction DirectionOfExponential(double t) {
+[[nodiscard]] constexpr SinCos SinCosOfExponential(double t) {
     const auto [cosine, minusSine] = DoubledOfTangent(t);
     return {-minusSine, cosine};
 }
@@ -100,7 +100,7 @@ inline constexpr auto LATITUDE_SERIES = ForEachEllipsoid<LatitudeSeries>(Compute
 inline constexpr auto CONFORMAL_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeConformalSeries);
 
 // What a series gives for sine and cosine of twice the angle.
-[[nodiscard]] constexpr double LatitudeStep(const LatitudeSeries& p, Direction twice) {
+[[nodiscard]] constexpr double LatitudeStep(const LatitudeSeries& p, SinCos twice) {
     const double x = twice.cosine;
     const double x2 = x * x;
     return twice.sine * (p[0] + p[1] * x + x2 * (p[2] + p[3] * x + x2 * (p[4] + p[5] * x)));
@@ -109,21 +109,21 @@ inline constexpr auto CONFORMAL_SERIES = ForEachEllipsoid<LatitudeSeries>(Comput
 // A conformal latitude with its direction, which has the length 1.
 struct ConformalAngle {
     double chi;
-    Direction direction;
+    SinCos direction;
 };
 
 // The conformal latitude chi of a latitude phi with its direction. Not a number beyond the poles, where the
 // tangent would be that of another latitude. The step is at most 0.0034, for which two or three terms of sine
 // and cosine are exact.
-[[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, Direction direction,
+[[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, SinCos direction,
                                                          const LatitudeSeries& conformal) {
     constexpr double none = std::numeric_limits<double>::quiet_NaN();
     if (direction.cosine < 0.0) direction.cosine = -direction.cosine;  // by a rounding, or beyond the pole
     if (!(phi >= -HALF_PI && phi <= HALF_PI)) direction.cosine = none;
     const double step = LatitudeStep(conformal, Doubled(direction));
     const double y = step * step;
-    const Direction turn{step * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
-                         1.0 - y * (1.0 / 2.0 - y * (1.0 / 24.0))};
+    const SinCos turn{step * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
+                      1.0 - y * (1.0 / 2.0 - y * (1.0 / 24.0))};
     return {phi + step, Sum(direction, turn)};
 }
 
@@ -134,7 +134,7 @@ struct ConformalAngle {
 // on these two numbers gives the last one to six digits. Five are computed at once, which from a start of
 // 0.004 radians reach 1e-11, and counting those that were too long finds the last. `start` is the first value
 // minus phi, `step` is phi - chi, `twice` the direction of twice chi.
-[[nodiscard]] inline double RestOfIteration(double start, double step, Direction twice, double e2,
+[[nodiscard]] inline double RestOfIteration(double start, double step, SinCos twice, double e2,
                                             double tolerance) {
     const double cosine = twice.cosine - 2.0 * step * twice.sine;  // of twice phi
     const double sine = twice.sine + 2.0 * step * twice.cosine;

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "kernel/datum_rows.h"
-#include "kernel/datum_shift.h"
-#include "kernel/direction.h"
-#include "kernel/whole_turns.h"
+#include "kernel/ellipsoids.h"
+#include "kernel/numeric.h"
+#include "kernel/sin_cos.h"
 
 namespace tessara {
 namespace {
@@ -73,7 +74,7 @@ constexpr auto FROM_HUB =
 
 // What a Molodensky step needs of the position from which it starts.
 struct Place {
-    Direction phi;
+    SinCos phi;
     double secant;             // 1 / cos phi
     double outward, eastward;  // the translation's part parallel to the equator, seen from this meridian
     double w, rootW;           // 1 - e2 sin^2 phi, on the ellipsoid of the step
@@ -85,7 +86,7 @@ inline Place Opposite(const Place& place, double e2) {
     return {place.phi, place.secant, -place.outward, -place.eastward, w, std::sqrt(w)};
 }
 
-inline Place PlaceOf(Direction phi, Direction lambda, const StepConstants& p) {
+inline Place PlaceOf(SinCos phi, SinCos lambda, const StepConstants& p) {
     const double w = 1.0 - phi.sine * phi.sine * p.e2;
     return {phi,
             1.0 / phi.cosine,
@@ -99,8 +100,8 @@ inline Place PlaceAt(const double latLon[2], const StepConstants& p) {
     constexpr double lastDigitsCount = 85.0;  // degrees; from there on the cosine is a small divisor
     const double phi = latLon[0] * RADIANS_PER_DEGREE;
     const double lambda = latLon[1] * RADIANS_PER_DEGREE;
-    if (!(std::fabs(latLon[0]) < lastDigitsCount)) return PlaceOf(DirectionOf(phi), DirectionOf(lambda), p);
-    return PlaceOf(DirectionByDoubling<1>(phi), DirectionByDoubling<2>(lambda), p);
+    if (!(std::fabs(latLon[0]) < lastDigitsCount)) return PlaceOf(SinCosOf(phi), SinCosOf(lambda), p);
+    return PlaceOf(SinCosByDoubling<1>(phi), SinCosByDoubling<2>(lambda), p);
 }
 
 // A change of latitude and longitude.
@@ -148,11 +149,11 @@ inline bool IsPlain(const double start[2], const Place& place, const Shift& shif
 inline Place FollowedBy(const Place& place, const Shift& shift, double e2) {
     const auto turnOf = [](double angle) {
         const double y = angle * angle;
-        return Direction{angle - angle * y * (1.0 / 6.0), 1.0 - 0.5 * y};
+        return SinCos{angle - angle * y * (1.0 / 6.0), 1.0 - 0.5 * y};
     };
-    const Direction north = turnOf(shift.phi);
-    const Direction east = turnOf(shift.lambda);
-    const Direction twice = Doubled(place.phi);
+    const SinCos north = turnOf(shift.phi);
+    const SinCos east = turnOf(shift.lambda);
+    const SinCos twice = Doubled(place.phi);
     // The parts by which w grows and cos phi shrinks. The first is so small that 1 / w needs six digits.
     const double x = 1.0 - place.w;
     const double perW = (1.0 + x) * (1.0 + x * x);
@@ -182,12 +183,12 @@ void Refine(const Place& start, const StepConstants& back, Shift* shift) {
 // The same on positions, across the poles and the ends of the longitudes.
 void RefinePosition(const double start[2], const StepConstants& back, double a, double latLon[2]) {
     const double tolerance = LongitudeTolerance(latLon[0], a, REFINED);
-    const Direction phi = DirectionOf(start[0] * RADIANS_PER_DEGREE);
-    const Direction lambda = DirectionOf(start[1] * RADIANS_PER_DEGREE);
+    const SinCos phi = SinCosOf(start[0] * RADIANS_PER_DEGREE);
+    const SinCos lambda = SinCosOf(start[1] * RADIANS_PER_DEGREE);
     for (int i = 0; i < REFINEMENTS; ++i) {
         // By sums: next to a pole an angle from 0 has not the digits of an angle from there.
-        const Direction north = DirectionOf((latLon[0] - start[0]) * RADIANS_PER_DEGREE);
-        const Direction east = DirectionOf((latLon[1] - start[1]) * RADIANS_PER_DEGREE);
+        const SinCos north = SinCosOf((latLon[0] - start[0]) * RADIANS_PER_DEGREE);
+        const SinCos east = SinCosOf((latLon[1] - start[1]) * RADIANS_PER_DEGREE);
         double returned[2] = {latLon[0], latLon[1]};
         Apply(back, PlaceOf(Sum(phi, north), Sum(lambda, east), back), returned, false);
         const double dLatitude = start[0] - returned[0];
@@ -231,6 +232,20 @@ void FromHub(const StepConstants& step, std::int32_t datum, double latLon[2]) {
 }
 
 }  // namespace
+
+const DatumRow* Datum_Row(std::int32_t datum) {
+    return RowOf(datum);
+}
+
+const char* Datum_Name(std::int32_t datum) {
+    const DatumRow* row = Datum_Row(datum);
+    return row ? row->name : nullptr;
+}
+
+const char* Ellipsoid_Name(std::int32_t ellipsoid) {
+    const auto code = static_cast<std::size_t>(static_cast<std::uint32_t>(ellipsoid));
+    return code < ELLIPSOIDS.size() ? ELLIPSOIDS[code].name : nullptr;
+}
 
 double Datum_SemiMajorAxis(std::int32_t datum) {
     const DatumRow* row = RowOf(datum);

@@ -321,4 +321,8 @@ consteval std::array<Constants, DATUM_COUNT> ForEachDatum(Constants (*compute)(c
     return table;
 }
 
+// Datum_Shift between two datums 0..238, in degrees, with the constants of their rows, which are computed at
+// compile time.
+void ShiftBetween(std::int32_t sourceDatum, std::int32_t targetDatum, double latLon[2]);
+
 }  // namespace tessara

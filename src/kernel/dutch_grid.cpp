@@ -5,8 +5,8 @@
 #include "kernel/compile_time_math.h"
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
-#include "kernel/direction.h"
 #include "kernel/numeric.h"
+#include "kernel/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/limits.h"
@@ -25,21 +25,21 @@ constexpr double AT_ANTIPODE = 0.0001;  // of the stereographic denominator, whi
 
 constexpr double ORIGIN_PHI = ORIGIN_LATITUDE * RADIANS_PER_DEGREE;
 
-consteval Direction OriginDirection() {
+consteval SinCos OriginSinCos() {
     const long double sine = compile_time::Sine(ORIGIN_PHI);
     return {static_cast<double>(sine), static_cast<double>(compile_time::Sqrt(1.0L - sine * sine))};
 }
 
-constexpr Direction ORIGIN = OriginDirection();
+constexpr SinCos ORIGIN = OriginSinCos();
 
 // The direction of a latitude, that of the origin bit by bit as it stands above.
-Direction LatitudeDirection(double phi) {
+SinCos LatitudeSinCos(double phi) {
     const double away = phi - ORIGIN_PHI;
-    return IsSmall(away * away) ? Sum(ORIGIN, DirectionOfSmall(away)) : DirectionOf(phi);
+    return IsSmall(away * away) ? Sum(ORIGIN, SinCosOfSmall(away)) : SinCosOf(phi);
 }
 
 // tan(phi/2 + pi/4), the exponential of the isometric latitude on the sphere.
-constexpr double ExponentialOf(Direction phi) {
+constexpr double ExponentialOf(SinCos phi) {
     return phi.sine < 0.0 ? phi.cosine / (1.0 - phi.sine) : (1.0 + phi.sine) / phi.cosine;
 }
 
@@ -68,7 +68,7 @@ consteval GaussSphere ComputeSphere(const EllipsoidFigure& figure) {
     const long double psi0 = ct::Atanh(sinPhi0) - e * ct::Atanh(e * sinPhi0);
     const long double cosB0 = ct::Sqrt(cos2 * (1.0L + w)) / scale;
     const auto exponential = static_cast<double>((1.0L + sinB0) / cosB0);
-    const Direction b0 = DirectionOfExponential(exponential);
+    const SinCos b0 = SinCosOfExponential(exponential);
     return {static_cast<double>(n),
             static_cast<double>(n * psi0 - ct::Atanh(sinB0)),
             EllipsoidShare(ORIGIN.sine, figure.EccentricitySquared()),
@@ -81,10 +81,10 @@ consteval GaussSphere ComputeSphere(const EllipsoidFigure& figure) {
 constexpr auto SPHERES = ForEachEllipsoid<GaussSphere>(ComputeSphere);
 
 // Sine and cosine of the bearing of a point from the origin, clockwise from grid north.
-Direction BearingOf(double x, double y) {
+SinCos BearingOf(double x, double y) {
     if (IsWithin(x, -ON_AXIS, ON_AXIS)) return {0.0, y <= 0.0 ? -1.0 : 1.0};
     const double distance = std::sqrt(x * x + y * y);
-    if (!std::isfinite(distance)) return DirectionOf(HALF_PI - std::atan(y / x) + (x < 0.0 ? PI : 0.0));
+    if (!std::isfinite(distance)) return SinCosOf(HALF_PI - std::atan(y / x) + (x < 0.0 ? PI : 0.0));
     return {x / distance, y / distance};
 }
 
@@ -99,14 +99,14 @@ void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t 
     const DatumRow* row = RowOf(datum);
     if (!row) return SetToNaN(&payload->easting, &payload->northing);
     const GaussSphere& sphere = SPHERES[row->ellipsoid];
-    const Direction l = DirectionOfSmall((latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n);
+    const SinCos l = SinCosOfSmall((latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n);
 
     // The latitude on the sphere by its isometric distance from the origin's. At the origin that is 0 to the
     // last bit, and so are x and y.
-    const Direction phi = LatitudeDirection(latLon[0] * RADIANS_PER_DEGREE);
+    const SinCos phi = LatitudeSinCos(latLon[0] * RADIANS_PER_DEGREE);
     const double share = EllipsoidShare(phi.sine, row->e2) - sphere.share;
     const double distance = sphere.n * (std::log(ExponentialOf(phi) / ORIGIN_EXPONENTIAL) - share);
-    const Direction b = DirectionOfExponential(sphere.exponential * std::exp(distance));
+    const SinCos b = SinCosOfExponential(sphere.exponential * std::exp(distance));
 
     const double denominator = 1.0 + sphere.sinB0 * b.sine + sphere.cosB0 * b.cosine * l.cosine;
     double x = 0.0;
@@ -132,12 +132,12 @@ void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t da
     const double x = (payload->easting - FALSE_EASTING) / SCALE;
     const double y = (payload->northing - FALSE_NORTHING) / SCALE;
 
-    Direction b{sphere.sinB0, sphere.cosB0};
+    SinCos b{sphere.sinB0, sphere.cosB0};
     double l = 0.0;
     const bool isOrigin = IsWithin(x, -ON_AXIS, ON_AXIS) && IsWithin(y, -ON_AXIS, ON_AXIS);
     if (!isOrigin) {
-        const Direction bearing = BearingOf(x, y);
-        const Direction psi = DoubledOfTangent(std::sqrt(x * x + y * y) / 2.0 / sphere.radius);
+        const SinCos bearing = BearingOf(x, y);
+        const SinCos psi = DoubledOfTangent(std::sqrt(x * x + y * y) / 2.0 / sphere.radius);
         b.sine = psi.cosine * sphere.sinB0 + psi.sine * sphere.cosB0 * bearing.cosine;
         b.cosine = std::sqrt((1.0 - b.sine) * (1.0 + b.sine));
         l = std::asin(psi.sine * bearing.sine / b.cosine);
@@ -146,7 +146,7 @@ void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t da
     // Where the iteration of RD_LatitudeFromGauss ends, in closed form.
     const double t = std::exp((SphericalIsometricLatitude(b) + sphere.logM) / sphere.n);
     const double chi = 2.0 * std::atan(t) - HALF_PI;
-    const double step = LatitudeStep(LATITUDE_SERIES[row->ellipsoid], Doubled(DirectionOfExponential(t)));
+    const double step = LatitudeStep(LATITUDE_SERIES[row->ellipsoid], Doubled(SinCosOfExponential(t)));
     latLon[0] = (chi + step) * DEGREES_PER_RADIAN;
     latLon[1] = (ORIGIN_LONGITUDE * RADIANS_PER_DEGREE + l / sphere.n) * DEGREES_PER_RADIAN;
 }

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "kernel/datum_rows.h"
-#include "kernel/direction.h"
+#include "kernel/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
@@ -24,23 +24,23 @@ double LongitudeOf(double x, double y) {
     return y < 0.0 ? lon - PI : lon + PI;
 }
 
-Direction DirectionOfTangent(double tangent) {
+SinCos SinCosOfTangent(double tangent) {
     constexpr double squareOverflows = 1e150;
-    if (!(std::fabs(tangent) < squareOverflows)) return DirectionOf(std::atan(tangent));
+    if (!(std::fabs(tangent) < squareOverflows)) return SinCosOf(std::atan(tangent));
     const double cosine = 1.0 / std::sqrt(1.0 + tangent * tangent);
     return {tangent * cosine, cosine};
 }
 
 struct Latitude {
     double angle;
-    Direction direction;
+    SinCos direction;
 };
 
 // `p` is the distance from the axis. Only a step above the tolerance goes on: a negative one ends the
 // iteration too.
 Latitude LatitudeOf(double p, double z, const DatumRow& row) {
     const double tangent = z / ((1.0 - row.e2) * p);
-    Latitude lat{std::atan(tangent), DirectionOfTangent(tangent)};
+    Latitude lat{std::atan(tangent), SinCosOfTangent(tangent)};
     double step = 0.0;
     int count = 0;
     do {
@@ -49,7 +49,7 @@ Latitude LatitudeOf(double p, double z, const DatumRow& row) {
         const double nByA = N / row.a;
         step = (s / c - (N * row.e2 * s + z) / p) / (1.0 / (c * c) - N / p * (nByA * nByA) * row.e2 * c);
         lat.angle -= step;
-        lat.direction = Difference(lat.direction, DirectionOfSmall(step));
+        lat.direction = Difference(lat.direction, SinCosOfSmall(step));
     } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
     return lat;
 }
@@ -62,8 +62,8 @@ KoordStatus ECEF_FromGeodetic(const tagKOORD* work, tagKOORD* target) {
     const auto position = Load<GeodezPayload>(*work);
     const double lat = position.latitude * RADIANS_PER_DEGREE;
     const double lon = position.longitude * RADIANS_PER_DEGREE;
-    const Direction phi = DirectionOf(lat);
-    const Direction lambda = DirectionOf(lon);
+    const SinCos phi = SinCosOf(lat);
+    const SinCos lambda = SinCosOf(lon);
     const double N = NormalRadius(*row, phi.sine);
     EcefPayload ecef{};
     ecef.x = N * phi.cosine * lambda.cosine;

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
-#include "kernel/direction.h"
-#include "kernel/whole_turns.h"
+#include "kernel/numeric.h"
+#include "kernel/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/datum.h"
@@ -44,13 +44,9 @@ struct Ellipsoid {
     Ellipsoid(double majorAxis, double minorAxis)
         : a(majorAxis), b(minorAxis), n((a - b) / (a + b)), c(a / b * a), q(c / b - 1.0) {}
 
-    [[nodiscard]] double ReducedLatitude(double p) const {
-        return p + LatitudeStep(DirectionOf(2.0 * p), -n);
-    }
+    [[nodiscard]] double ReducedLatitude(double p) const { return p + LatitudeStep(SinCosOf(2.0 * p), -n); }
     // `twice` is the direction of 2u.
-    [[nodiscard]] double GeodeticLatitude(double u, Direction twice) const {
-        return u + LatitudeStep(twice, n);
-    }
+    [[nodiscard]] double GeodeticLatitude(double u, SinCos twice) const { return u + LatitudeStep(twice, n); }
 
     // The expansion parameter of the geodesic whose azimuth at the equator has the sine `sa`.
     [[nodiscard]] double ExpansionParameter(double sa) const {
@@ -60,7 +56,7 @@ struct Ellipsoid {
 
   private:
     // k sin 2x + k^2/2 sin 4x + k^3/3 sin 6x from the direction of 2x.
-    static double LatitudeStep(Direction twice, double k) {
+    static double LatitudeStep(SinCos twice, double k) {
         const auto [s, c] = twice;
         return k * s * (1.0 + k * (c + k / 3.0 * (3.0 - 4.0 * s * s)));
     }
@@ -73,17 +69,15 @@ double ArcFactor(double K) {
 
 // Two reduced latitudes, by half their sum and half their difference.
 struct Latitudes {
-    Direction first, sum, difference;
+    SinCos first, sum, difference;
 
     Latitudes(double U1, double U2)
-        : first(DirectionOf(U1)),
-          sum(DirectionOf((U2 + U1) / 2.0)),
-          difference(DirectionOf((U2 - U1) / 2.0)) {}
+        : first(SinCosOf(U1)), sum(SinCosOf((U2 + U1) / 2.0)), difference(SinCosOf((U2 - U1) / 2.0)) {}
 };
 
 // The direction of (x, y), of length h; as for the arctangent that of (0, 0) is 0.
-Direction DirectionTo(double y, double x, double h) {
-    return h == 0.0 ? Direction{0.0, 1.0} : Direction{y / h, x / h};
+SinCos SinCosOfSides(double y, double x, double h) {
+    return h == 0.0 ? SinCos{0.0, 1.0} : SinCos{y / h, x / h};
 }
 
 // A geodesic between two points, on the auxiliary sphere where it is a great circle. Half-angle formulas
@@ -92,14 +86,14 @@ Direction DirectionTo(double y, double x, double h) {
 struct SphericalArc {
     double A, B, C, E;
     double sigma;  // its length
-    Direction sigmaDirection;
+    SinCos sigmaSinCos;
     double K;                // expansion parameter
-    Direction m;             // of twice the arc from the great circle's northernmost point to its middle
+    SinCos m;                // of twice the arc from the great circle's northernmost point to its middle
     double longitudeExcess;  // by which the longitude on the sphere exceeds that on the ellipsoid
 };
 
 SphericalArc ArcOfLongitude(double lam, const Latitudes& latitudes, const Ellipsoid& ellipsoid) {
-    const auto [sh, ch] = DirectionOf(lam / 2.0);
+    const auto [sh, ch] = SinCosOf(lam / 2.0);
     SphericalArc arc;
     arc.A = ch * latitudes.difference.cosine;
     arc.B = sh * latitudes.sum.sine;
@@ -109,20 +103,20 @@ SphericalArc ArcOfLongitude(double lam, const Latitudes& latitudes, const Ellips
     const double cosHalf = std::sqrt(arc.A * arc.A + arc.B * arc.B);
     const double sinHalf = std::sqrt(arc.C * arc.C + arc.E * arc.E);
     arc.sigma = 2.0 * std::atan2(sinHalf, cosHalf);
-    arc.sigmaDirection = Doubled({sinHalf, cosHalf});
-    const Direction azimuth =
-        Difference(DirectionTo(arc.A, arc.B, cosHalf), DirectionTo(arc.C, arc.E, sinHalf));
+    arc.sigmaSinCos = Doubled({sinHalf, cosHalf});
+    const SinCos azimuth =
+        Difference(SinCosOfSides(arc.A, arc.B, cosHalf), SinCosOfSides(arc.C, arc.E, sinHalf));
     const double sinU1 = latitudes.first.sine;
     const double sa = azimuth.sine * latitudes.first.cosine;
     const double ca = azimuth.cosine * latitudes.first.cosine;
-    const Direction g = DirectionTo(ca, sinU1, std::sqrt(ca * ca + sinU1 * sinU1));
-    arc.m = Difference(arc.sigmaDirection, Doubled(g));
+    const SinCos g = SinCosOfSides(ca, sinU1, std::sqrt(ca * ca + sinU1 * sinU1));
+    arc.m = Difference(arc.sigmaSinCos, Doubled(g));
 
     const double K = ellipsoid.ExpansionParameter(sa);
     const double f = ellipsoid.q / (1.0 + ellipsoid.q) * sa;
     const double T = (1.0 + ellipsoid.n - K / 2.0 - K * K / 4.0) * 0.5 * arc.sigma -
-                     K * arc.m.cosine * arc.sigmaDirection.sine / 4.0 +
-                     Doubled(arc.m).cosine * K * K * Doubled(arc.sigmaDirection).sine / 16.0;
+                     K * arc.m.cosine * arc.sigmaSinCos.sine / 4.0 +
+                     Doubled(arc.m).cosine * K * K * Doubled(arc.sigmaSinCos).sine / 16.0;
     arc.K = K;
     arc.longitudeExcess = T * f;
     return arc;
@@ -130,12 +124,12 @@ SphericalArc ArcOfLongitude(double lam, const Latitudes& latitudes, const Ellips
 
 double LengthOf(const SphericalArc& arc, const Ellipsoid& ellipsoid) {
     const double K = arc.K;
-    const Direction sigma2 = Doubled(arc.sigmaDirection);
-    const Direction m2 = Doubled(arc.m);
+    const SinCos sigma2 = Doubled(arc.sigmaSinCos);
+    const SinCos m2 = Doubled(arc.m);
     return ArcFactor(K) * ellipsoid.c / (1.0 + ellipsoid.q) *
-           (arc.sigma + (K - 3.0 * K * K * K / 8.0) * arc.m.cosine * arc.sigmaDirection.sine -
+           (arc.sigma + (K - 3.0 * K * K * K / 8.0) * arc.m.cosine * arc.sigmaSinCos.sine -
             m2.cosine * K * K * sigma2.sine / 8.0 +
-            Sum(m2, arc.m).cosine * K * K * K * Sum(sigma2, arc.sigmaDirection).sine / 24.0);
+            Sum(m2, arc.m).cosine * K * K * K * Sum(sigma2, arc.sigmaSinCos).sine / 24.0);
 }
 
 GeodesicResult NoSolution() {
@@ -260,24 +254,24 @@ GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, doub
     const double n = ellipsoid.n;
     const double q = ellipsoid.q;
     const double U1 = ellipsoid.ReducedLatitude(ToRadians(lat));
-    const Direction halfR = DirectionOf((HALF_PI - U1) / 2.0);  // half the distance from the pole
-    const Direction r = Doubled(halfR);
-    const Direction h = DirectionOf(ToRadians(azimuth) / 2.0);
-    const Direction A = Doubled(h);
+    const SinCos halfR = SinCosOf((HALF_PI - U1) / 2.0);  // half the distance from the pole
+    const SinCos r = Doubled(halfR);
+    const SinCos h = SinCosOf(ToRadians(azimuth) / 2.0);
+    const SinCos A = Doubled(h);
     const double sa = r.sine * A.sine;
     const double ca = r.sine * A.cosine;
-    const Direction g2 = Doubled(DirectionTo(ca, r.cosine, std::sqrt(ca * ca + r.cosine * r.cosine)));
+    const SinCos g2 = Doubled(SinCosOfSides(ca, r.cosine, std::sqrt(ca * ca + r.cosine * r.cosine)));
 
     // The arc on the auxiliary sphere by a reverted series. Its angles differ by a few thousandths from those
     // that are known: t from 2g, sigma from s0.
     const double K = ellipsoid.ExpansionParameter(sa);
-    const Direction t = Sum(g2, DirectionOfSmall(K * g2.sine - K * K / 8.0 * Doubled(g2).sine));
+    const SinCos t = Sum(g2, SinCosOfSmall(K * g2.sine - K * K / 8.0 * Doubled(g2).sine));
     const double s0 = (1.0 + q) * distance / ellipsoid.c / ArcFactor(K);
-    const Direction halfArc = DirectionOf(s0 / 2.0);
-    const Direction arc = Doubled(halfArc);
-    const Direction arc2 = Doubled(arc);
-    const Direction w2 = Difference(arc, t);
-    const Direction w4 = Doubled(w2);
+    const SinCos halfArc = SinCosOf(s0 / 2.0);
+    const SinCos arc = Doubled(halfArc);
+    const SinCos arc2 = Doubled(arc);
+    const SinCos w2 = Difference(arc, t);
+    const SinCos w4 = Doubled(w2);
     const double K3 = K * K * K;
     const double correction = -(K - 9.0 * K3 / 16.0) * w2.cosine * arc.sine +
                               5.0 * K * K / 8.0 * w4.cosine * arc2.sine -
@@ -285,16 +279,16 @@ GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, doub
     const double sigma = s0 + correction;
 
     // The triangle of the two points and the pole by half sums and half differences.
-    const Direction halfSigma = Sum(halfArc, DirectionOfSmall(correction / 2.0));
-    const Direction d = Difference(halfSigma, halfR);
-    const Direction v = Sum(halfSigma, halfR);
+    const SinCos halfSigma = Sum(halfArc, SinCosOfSmall(correction / 2.0));
+    const SinCos d = Difference(halfSigma, halfR);
+    const SinCos v = Sum(halfSigma, halfR);
     const double P = h.cosine * d.cosine;
     const double Q = h.cosine * d.sine;
     const double R = h.sine * v.cosine;
     const double S = h.sine * v.sine;
-    const Direction halfR2{std::sqrt(Q * Q + S * S), std::sqrt(P * P + R * R)};
+    const SinCos halfR2{std::sqrt(Q * Q + S * S), std::sqrt(P * P + R * R)};
     const double U2 = HALF_PI - 2.0 * std::atan2(halfR2.sine, halfR2.cosine);
-    const Direction r2 = Doubled(halfR2);
+    const SinCos r2 = Doubled(halfR2);
     const double F = std::atan2(P, R);
     const double G = std::atan2(Q, S);
     const double C = q / (1.0 + q) * sa *

@@ -5,10 +5,10 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
-#include "kernel/direction.h"
+#include "kernel/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
-#include "tessara/kernel/projection_math.h"
+#include "tessara/kernel/formulas.h"
 
 namespace tessara {
 namespace {
@@ -31,7 +31,7 @@ constexpr FrenchZone FRENCH_ZONES[] = {
 };
 constexpr std::int32_t FRENCH_ZONE_COUNT = 4;
 
-// Direction of the vector in 0..2 pi, clockwise from the first axis.
+// SinCos of the vector in 0..2 pi, clockwise from the first axis.
 double Bearing(double u, double v) {
     if (v == 0.0) return u >= 0.0 ? 0.0 : PI;
     const double bearing = HALF_PI - std::atan(u / v);
@@ -43,14 +43,14 @@ bool HasOneParallel(const LambertCC& lcc) {
 }
 
 // Of a parallel on a unit ellipsoid.
-double ParallelRadius(Direction phi, double e2) {
+double ParallelRadius(SinCos phi, double e2) {
     return phi.cosine / std::sqrt(1.0 - phi.sine * phi.sine * e2);
 }
 
 // exp of the negative isometric latitude, which is cos phi / (1 + sin phi) on the sphere. The method's own
 // form sees the sine only: a latitude whose sine is rounded to that of the pole lies at the pole, and one
 // beyond it is reflected.
-double ExponentialOf(Direction phi, double e2) {
+double ExponentialOf(SinCos phi, double e2) {
     if (phi.sine == 1.0) return 0.0;
     if (phi.sine == -1.0) return std::numeric_limits<double>::infinity();
     const double q = EllipsoidShare(phi.sine, e2);
@@ -108,9 +108,9 @@ KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel
     lcc->scale = scale;
     lcc->lat0 = lat0 * RADIANS_PER_DEGREE;
     lcc->lon0 = lon0 * RADIANS_PER_DEGREE;
-    const Direction phi1 = DirectionOf(lcc->parallel1);
-    const Direction phi2 = DirectionOf(lcc->parallel2);
-    lcc->t0 = ExponentialOf(DirectionOf(lcc->lat0), lcc->e2);
+    const SinCos phi1 = SinCosOf(lcc->parallel1);
+    const SinCos phi2 = SinCosOf(lcc->parallel2);
+    lcc->t0 = ExponentialOf(SinCosOf(lcc->lat0), lcc->e2);
     lcc->t1 = ExponentialOf(phi1, lcc->e2);
     lcc->t2 = ExponentialOf(phi2, lcc->e2);
     lcc->m1 = ParallelRadius(phi1, lcc->e2);
@@ -122,9 +122,9 @@ KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel
 }
 
 void LambertCC_Forward(const double latLon[2], double* easting, double* northing, const LambertCC* lcc) {
-    const double t = ExponentialOf(DirectionOf(latLon[0] * RADIANS_PER_DEGREE), lcc->e2);
+    const double t = ExponentialOf(SinCosOf(latLon[0] * RADIANS_PER_DEGREE), lcc->e2);
     const double theta = (latLon[1] * RADIANS_PER_DEGREE - lcc->lon0) * lcc->n;
-    const Direction bearing = DirectionOf(theta);
+    const SinCos bearing = SinCosOf(theta);
     const double rho = lcc->a * lcc->F * std::pow(t, lcc->n);
     const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
     *easting = bearing.sine * rho * scale + lcc->falseEasting;

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "kernel/conformal_latitude.h"
-#include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
 #include "kernel/numeric.h"
+#include "kernel/sin_cos.h"
 #include "kernel/swiss_sphere.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
@@ -18,7 +18,7 @@ constexpr double FALSE_NORTHING = 200000.0;
 constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
 
 // tanh and 1/cosh of a northing in radii. The exponential overflows where nothing is left of the map.
-Direction OffCylinder(double northing) {
+SinCos OffCylinder(double northing) {
     if (IsSmall(northing * northing)) {
         const double sinh = SinhOfSmall(northing);
         const double cosine = 1.0 / std::sqrt(1.0 + sinh * sinh);
@@ -35,10 +35,10 @@ KoordStatus CH_FromGeodetic(const double latLon[2], GridPayload* payload) {
     const swiss::Sphere& c = swiss::SPHERE;
 
     // To the sphere.
-    const Direction phi = DirectionOf(latLon[0] / DEGREES_PER_RADIAN);
+    const SinCos phi = SinCosOf(latLon[0] / DEGREES_PER_RADIAN);
     const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, swiss::E2);
-    const Direction b = DirectionOfExponential(std::exp(c.alpha * psi + c.k));
-    const Direction l = DirectionOfSmall(c.alpha * (latLon[1] / DEGREES_PER_RADIAN - c.lon0));
+    const SinCos b = SinCosOfExponential(std::exp(c.alpha * psi + c.k));
+    const SinCos l = SinCosOfSmall(c.alpha * (latLon[1] / DEGREES_PER_RADIAN - c.lon0));
 
     // Turn the origin onto the equator.
     const double x = l.cosine * b.cosine * c.cosB0 + b.sine * c.sinB0;
@@ -59,19 +59,19 @@ KoordStatus CH_ToGeodetic(const GridPayload* payload, double latLon[2]) {
     const swiss::Sphere& c = swiss::SPHERE;
 
     // Off the cylinder.
-    const Direction bBar = OffCylinder((payload->northing - FALSE_NORTHING) / c.radius);
-    const Direction lBar = DirectionOfSmall((payload->easting - FALSE_EASTING) / c.radius);
+    const SinCos bBar = OffCylinder((payload->northing - FALSE_NORTHING) / c.radius);
+    const SinCos lBar = SinCosOfSmall((payload->easting - FALSE_EASTING) / c.radius);
 
     // Turn the origin back to its place.
     const double x = lBar.cosine * bBar.cosine * c.cosB0 - c.sinB0 * bBar.sine;
     const double y = lBar.sine * bBar.cosine;
     const double z = c.cosB0 * bBar.sine + lBar.cosine * bBar.cosine * c.sinB0;
     const double l = AtanOfSmall(y / x);
-    const Direction b{z, std::sqrt(x * x + y * y)};
+    const SinCos b{z, std::sqrt(x * x + y * y)};
 
     // To the ellipsoid: the limit of the iteration from b, and what it stops short by.
     const double t = std::exp((SphericalIsometricLatitude(b) - c.k) / c.alpha);
-    const Direction twice = Doubled(DirectionOfExponential(t));
+    const SinCos twice = Doubled(SinCosOfExponential(t));
     const double step = LatitudeStep(LATITUDE_SERIES[ELLIPSOID_BESSEL], twice);
     const double lat = 2.0 * (std::atan(t) - QUARTER_PI) + step;
     const double start = std::atan(b.sine / b.cosine) - lat;

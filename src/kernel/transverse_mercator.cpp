@@ -56,7 +56,7 @@ double TransverseLatitude(const ConformalAngle& conformal, double dLon, double c
 
 // atan(xi.sine / meridian), the conformal latitude of a point whose transverse latitude is `angle`, with the
 // direction xi, and whose distance from the meridian has the hyperbolic sine sinhEta.
-double ConformalLatitudeOf(double angle, Direction xi, double meridian, double sinhEta) {
+double ConformalLatitudeOf(double angle, SinCos xi, double meridian, double sinhEta) {
     constexpr double offThePoles = 1.5;  // radians
     const double sinh2 = sinhEta * sinhEta;
     if (!IsSmall(sinh2) || !(std::fabs(angle) < offThePoles)) return std::atan(xi.sine / meridian);
@@ -75,7 +75,7 @@ double BoundedSinh(double x) {
 // The position in degrees of a point on the plane of an ellipsoid with the rectifying radius 1.
 void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralMeridian, double* lon,
                    double* lat, const TmConstants& c) {
-    const Direction north = DirectionByDoubling<1>(ellipsoid.north);
+    const SinCos north = SinCosByDoubling<1>(ellipsoid.north);
     const double sinhEast = SinhOfSmall(ellipsoid.east);
     const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
     const DoubleAngles angles{2.0 * north.sine * north.cosine,
@@ -84,7 +84,7 @@ void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralM
     const Plane series = SineSeries(c.seriesCoef, angles);
 
     // On the sphere.
-    const Direction xi = Difference(north, DirectionOfSmall(series.north));
+    const SinCos xi = Difference(north, SinCosOfSmall(series.north));
     const double sinhEta = BoundedSinh(ellipsoid.east - series.east);
     const double meridian2 = sinhEta * sinhEta + xi.cosine * xi.cosine;
     const double meridian = std::sqrt(meridian2);
@@ -93,8 +93,7 @@ void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralM
 
     // Back to the ellipsoid.
     const double perRadius2 = 1.0 / (1.0 + sinhEta * sinhEta);
-    const Direction twice{2.0 * xi.sine * meridian * perRadius2,
-                          (meridian2 - xi.sine * xi.sine) * perRadius2};
+    const SinCos twice{2.0 * xi.sine * meridian * perRadius2, (meridian2 - xi.sine * xi.sine) * perRadius2};
     const double step = LatitudeStep(LATITUDE_SERIES[figure.ellipsoid], twice);
     const double rest = RestOfIteration(-step, step, twice, figure.e2, LATITUDE_TOLERANCE);
     *lon = lambda * DEGREES_PER_RADIAN;
@@ -114,9 +113,9 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
     const Figure figure = FigureOf(*c);
     const double phi = LatitudeAsSeen(lat);
     // Far off the strip every digit of the latitude's cosine shows in the easting.
-    const Direction direction = IsSmall(dLon * dLon) ? DirectionByDoubling<1>(phi) : DirectionOf(phi);
+    const SinCos direction = IsSmall(dLon * dLon) ? SinCosByDoubling<1>(phi) : SinCosOf(phi);
     const ConformalAngle conformal = ConformalLatitude(phi, direction, CONFORMAL_SERIES[figure.ellipsoid]);
-    const Direction lambda = DirectionOfSmall(dLon);
+    const SinCos lambda = SinCosOfSmall(dLon);
     const double up = conformal.direction.sine;
     const double ahead = conformal.direction.cosine * lambda.cosine;
     const double aside = conformal.direction.cosine * lambda.sine;

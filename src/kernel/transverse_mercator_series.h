@@ -2,8 +2,8 @@
 #pragma once
 
 #include "kernel/conformal_latitude.h"
-#include "kernel/direction.h"
 #include "kernel/ellipsoids.h"
+#include "kernel/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
@@ -79,7 +79,7 @@ constexpr Plane SineSeries(const double c[5], const DoubleAngles& z) {
 // origin has its false northing exactly.
 constexpr double NorthingOnMeridian(double phi, double a, const LatitudeSeries& conformal,
                                     const double c[5]) {
-    const auto [chi, direction] = ConformalLatitude(phi, DirectionByDoubling<1>(phi), conformal);
+    const auto [chi, direction] = ConformalLatitude(phi, SinCosByDoubling<1>(phi), conformal);
     const auto [up, ahead] = direction;
     const double twice = 2.0 / (up * up + ahead * ahead);
     const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), 0.0, 1.0};

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "kernel/conformal_latitude.h"
-#include "kernel/direction.h"
 #include "kernel/numeric.h"
+#include "kernel/sin_cos.h"
 #include "kernel/ups_constants.h"
 #include "tessara/kernel/constants.h"
 
@@ -20,7 +20,7 @@ constexpr double LONGITUDE_AT_POLE = 180.0;  // degrees, of the north pole
 
 // The sum of s2 sin 2chi + s4 sin 4chi + s6 sin 6chi + s8 sin 8chi as sin 2chi times a polynomial in cos
 // 2chi.
-double LatitudeStep(Direction twice, const UpsConstants& c) {
+double LatitudeStep(SinCos twice, const UpsConstants& c) {
     const double x = twice.cosine;
     return twice.sine *
            ((c.s2 - c.s6) + x * (2.0 * c.s4 - 4.0 * c.s8) + x * x * (4.0 * c.s6 + x * (8.0 * c.s8)));
@@ -34,8 +34,8 @@ KoordStatus UPS_FromGeodetic(const double latLon[2], UpsPayload* payload, std::i
     const UpsConstants* c = UpsConstantsOf(datum);
     if (!c) return KOORD_ERR_DATUM;
     const bool isSouth = latLon[0] < 0.0;
-    const Direction phi = DirectionOf(std::fabs(latLon[0]) * RADIANS_PER_DEGREE);
-    const Direction lambda = DirectionOf(latLon[1] * RADIANS_PER_DEGREE);
+    const SinCos phi = SinCosOf(std::fabs(latLon[0]) * RADIANS_PER_DEGREE);
+    const SinCos lambda = SinCosOf(latLon[1] * RADIANS_PER_DEGREE);
     const double q = EllipsoidShare(phi.sine, c->e2);
     const double t = phi.cosine / (1.0 + phi.sine) * (CoshOfShare(q) + SinhOfShare(q));
     const double r = SCALE * c->poleRadius * t;

@@ -4,7 +4,7 @@
 
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
-#include "tessara/kernel/projection_math.h"
+#include "tessara/kernel/formulas.h"
 
 namespace tessara {
 namespace {

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "kernel/numeric.h"
-#include "kernel/whole_turns.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 

@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "kernel/numeric.h"
-#include "kernel/whole_turns.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/tessara_string.h"
 #include "maps/creation.h"
-#include "objects/name_text.h"
 #include "tessara/kernel/names.h"
 
 namespace tessara {

@@ -1,6 +1,6 @@
 #include "objects/coordinate_system.h"
 
-#include "objects/name_text.h"
+#include "frame/tessara_string.h"
 #include "records/reference.h"
 #include "tessara/kernel/names.h"
 

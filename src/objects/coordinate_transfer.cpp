@@ -3,7 +3,6 @@
 #include <array>
 
 #include "objects/koord_access.h"
-#include "objects/map_datum.h"
 #include "records/axis_copy.h"
 #include "records/reference.h"
 #include "tessara/coordinate_reference.h"

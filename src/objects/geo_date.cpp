@@ -1,6 +1,6 @@
 #include "objects/geo_date.h"
 
-#include "objects/name_text.h"
+#include "frame/tessara_string.h"
 #include "records/reference.h"
 #include "tessara/kernel/datum.h"
 

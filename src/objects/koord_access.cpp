@@ -1,5 +1,6 @@
 #include "objects/koord_access.h"
 
+#include "tessara/geo_date.h"
 #include "tessara/ref.h"
 
 namespace tessara {
@@ -19,6 +20,13 @@ bool CopyCoord(ICoord* source, ICoord* target) {
     const IRef<ICoord> to(target);
     CKoord koord;
     return KoordFromCoord(from.Get(), &koord) && KoordToCoord(&koord, to.Get());
+}
+
+bool ReadMapDatum(IMapCoordOperations* map, std::int32_t* datum) {
+    const IRef<IGeoDate> date(CreateClassGeoDate());
+    if (!date.IsValid() || !map->GetGeoDate(date.Get())) return false;
+    *datum = date->GetDatum();
+    return true;
 }
 
 }  // namespace tessara

@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "kernel/datum_rows.h"
-#include "kernel/datum_shift.h"
 #include "systems/range_checks.h"
 #include "systems/reading.h"
 #include "systems/system_row.h"

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "kernel/conformal_latitude.h"
-#include "kernel/datum_shift.h"
+#include "kernel/datum_rows.h"
 #include "kernel/swiss_sphere.h"
 #include "support/datum_steps.h"
 #include "support/doubles.h"
@@ -339,7 +339,7 @@ TEST(IsometricLatitudeTm, IsThatWithoutTangentAndPower) {
     for (const std::int32_t datum : {KUGEL, GER, DATUM_WGS84}) {
         const double e2 = Datum_EccentricitySquared(datum);
         for (double degrees = -89.0; degrees <= 89.0; degrees += 4.45) {
-            const Direction phi = DirectionOf(degrees * DEGREE);
+            const SinCos phi = SinCosOf(degrees * DEGREE);
             // Radians: at 89 degrees the tangent's rounding counts more.
             EXPECT_NEAR(Isometric(degrees * DEGREE, std::sqrt(e2)),
                         SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, e2), 1e-13);
@@ -353,7 +353,7 @@ TEST(LatitudeFromIsometric, EndsWhereTheSeriesLeads) {
         const DatumRow* row = Datum_Row(datum);
         for (double psi = -4.5; psi <= 4.5; psi += 0.15) {
             const double t = std::exp(psi);
-            const Direction twice = Doubled(DirectionOfExponential(t));
+            const SinCos twice = Doubled(SinCosOfExponential(t));
             const double series =
                 2.0 * std::atan(t) - HALF_PI + LatitudeStep(LATITUDE_SERIES[row->ellipsoid], twice);
             EXPECT_NEAR(FromIsometric(psi, std::sqrt(row->e2)), series, 1e-13) << datum << ' ' << psi;

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "support/live_objects.h"
+#include "support/map_objects.h"
+#include "support/maps.h"
 #include "support/zoned_records.h"
 
 namespace tessara {
@@ -95,6 +97,24 @@ TEST_F(KoordAccess, CopyFailsForAnythingElse) {
 TEST_F(KoordAccess, ACoordinateThatNobodyHoldsLivesUntilTheEndOfTheCopy) {
     ICoord* const fresh = CreateClassCoord();
     EXPECT_TRUE(CopyCoord(fresh, fresh));
+}
+
+using ReadMapDatumTest = testing::BalancedTest;
+
+TEST_F(ReadMapDatumTest, TellsTheDatumThatAMapDrawsOn) {
+    std::int32_t datum = 0;
+    EXPECT_TRUE(ReadMapDatum(
+        testing::MapOf(testing::Map(MAP_DD, MapDdParams{10.0, 50.0, 100.0, 100.0}, 3)).Get(), &datum));
+    EXPECT_EQ(datum, 3);
+}
+
+TEST_F(ReadMapDatumTest, LeavesTheNumberWithoutMemory) {
+    const IRef<IMapCoordOperations> map =
+        testing::MapOf(testing::Map(MAP_DD, MapDdParams{10.0, 50.0, 100.0, 100.0}));
+    std::int32_t datum = 17;
+    const testing::FailAllocation failure(1);
+    EXPECT_FALSE(ReadMapDatum(map.Get(), &datum));
+    EXPECT_EQ(datum, 17);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
-#include "tessara/kernel/polynomial.h"
+#include "tessara/kernel/formulas.h"
 
 namespace tessara {
 namespace {

@@ -1,4 +1,4 @@
-#include "kernel/direction.h"
+#include "kernel/sin_cos.h"
 
 #include <gtest/gtest.h>
 
@@ -20,43 +20,43 @@ double LargestError(double reach) {
     long double largest = 0.0L;
     for (int i = 0; i < 100000; ++i) {
         const double angle = random.Between(-reach, reach);
-        const Direction actual = DirectionByDoubling<RIGHT_ANGLES>(angle);
+        const SinCos actual = SinCosByDoubling<RIGHT_ANGLES>(angle);
         largest = std::fmax(largest, std::fabs(actual.sine - std::sin(static_cast<long double>(angle))));
         largest = std::fmax(largest, std::fabs(actual.cosine - std::cos(static_cast<long double>(angle))));
     }
     return static_cast<double>(largest);
 }
 
-TEST(DirectionByDoubling, IsRightToSomeRoundings) {
+TEST(SinCosByDoubling, IsRightToSomeRoundings) {
     EXPECT_LT(LargestError<1>(HALF_PI), 3e-16);
     EXPECT_LT(LargestError<2>(PI), 1e-15);
 }
 
-TEST(DirectionByDoubling, IsThatOfTheLibraryBeyondItsReach) {
+TEST(SinCosByDoubling, IsThatOfTheLibraryBeyondItsReach) {
     for (const double angle : {3.2, -7.0, 1e5, 1e300}) {
-        EXPECT_EQ(DirectionByDoubling<1>(angle).sine, std::sin(angle));
-        EXPECT_EQ(DirectionByDoubling<2>(angle).cosine, std::cos(angle));
+        EXPECT_EQ(SinCosByDoubling<1>(angle).sine, std::sin(angle));
+        EXPECT_EQ(SinCosByDoubling<2>(angle).cosine, std::cos(angle));
     }
     for (const double none : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
-        EXPECT_TRUE(std::isnan(DirectionByDoubling<1>(none).sine));
-        EXPECT_TRUE(std::isnan(DirectionByDoubling<2>(none).cosine));
+        EXPECT_TRUE(std::isnan(SinCosByDoubling<1>(none).sine));
+        EXPECT_TRUE(std::isnan(SinCosByDoubling<2>(none).cosine));
     }
 }
 
-TEST(DirectionByDoubling, IsExactAtZeroAndSymmetric) {
-    EXPECT_EQ(DirectionByDoubling<1>(0.0).sine, 0.0);
-    EXPECT_EQ(DirectionByDoubling<1>(0.0).cosine, 1.0);
+TEST(SinCosByDoubling, IsExactAtZeroAndSymmetric) {
+    EXPECT_EQ(SinCosByDoubling<1>(0.0).sine, 0.0);
+    EXPECT_EQ(SinCosByDoubling<1>(0.0).cosine, 1.0);
     for (const double angle : {1e-300, 0.1, 0.7, 1.5}) {
-        EXPECT_EQ(DirectionByDoubling<1>(-angle).sine, -DirectionByDoubling<1>(angle).sine);
-        EXPECT_EQ(DirectionByDoubling<2>(-angle).cosine, DirectionByDoubling<2>(angle).cosine);
+        EXPECT_EQ(SinCosByDoubling<1>(-angle).sine, -SinCosByDoubling<1>(angle).sine);
+        EXPECT_EQ(SinCosByDoubling<2>(-angle).cosine, SinCosByDoubling<2>(angle).cosine);
     }
 }
 
 // Constants of the compiler meet values of the processor where an origin has its false northing exactly.
-TEST(DirectionByDoubling, HasTheSameBitsAtCompileTime) {
-    constexpr Direction compiled = DirectionByDoubling<1>(49.0 * RADIANS_PER_DEGREE);
+TEST(SinCosByDoubling, HasTheSameBitsAtCompileTime) {
+    constexpr SinCos compiled = SinCosByDoubling<1>(49.0 * RADIANS_PER_DEGREE);
     volatile double degrees = 49.0;
-    const Direction computed = DirectionByDoubling<1>(degrees * RADIANS_PER_DEGREE);
+    const SinCos computed = SinCosByDoubling<1>(degrees * RADIANS_PER_DEGREE);
     EXPECT_EQ(compiled.sine, computed.sine);
     EXPECT_EQ(compiled.cosine, computed.cosine);
 }

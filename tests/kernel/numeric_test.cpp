@@ -1,4 +1,4 @@
-#include "kernel/whole_turns.h"
+#include "kernel/numeric.h"
 
 #include <gtest/gtest.h>
 

@@ -7,11 +7,11 @@
 namespace tessara {
 
 // Where only the direction counts, both may be times the same positive factor.
-struct Direction {
+struct SinCos {
     double sine, cosine;
 };
 
-[[nodiscard]] inline Direction DirectionOf(double angle) {
+[[nodiscard]] inline SinCos SinCosOf(double angle) {
     return {std::sin(angle), std::cos(angle)};
 }
 
@@ -32,10 +32,10 @@ struct Direction {
                       y * (1.0 / 24.0 + y * (1.0 / 720.0 + y * (1.0 / 40320.0 + y * (1.0 / 3628800.0)))));
 }
 
-// The same as DirectionOf for any angle, and fast for a small one.
-[[nodiscard]] inline Direction DirectionOfSmall(double angle) {
+// The same as SinCosOf for any angle, and fast for a small one.
+[[nodiscard]] inline SinCos SinCosOfSmall(double angle) {
     const double y = angle * angle;
-    if (!IsSmall(y)) return DirectionOf(angle);
+    if (!IsSmall(y)) return SinCosOf(angle);
     return {angle * SineTerms(-y), CosineTerms(-y)};
 }
 
@@ -60,7 +60,7 @@ struct Direction {
 }
 
 // Twice the angle of a tangent from 0 up to infinity.
-[[nodiscard]] constexpr Direction DoubledOfTangent(double t) {
+[[nodiscard]] constexpr SinCos DoubledOfTangent(double t) {
     if (t > 1.0) {
         const double u = 1.0 / t;
         const double scale = 1.0 / (1.0 + u * u);
@@ -70,15 +70,15 @@ struct Direction {
     return {2.0 * t * scale, (1.0 - t * t) * scale};
 }
 
-[[nodiscard]] constexpr Direction Sum(Direction x, Direction y) {
+[[nodiscard]] constexpr SinCos Sum(SinCos x, SinCos y) {
     return {x.sine * y.cosine + x.cosine * y.sine, x.cosine * y.cosine - x.sine * y.sine};
 }
 
-[[nodiscard]] constexpr Direction Difference(Direction x, Direction y) {
+[[nodiscard]] constexpr SinCos Difference(SinCos x, SinCos y) {
     return {x.sine * y.cosine - x.cosine * y.sine, x.cosine * y.cosine + x.sine * y.sine};
 }
 
-[[nodiscard]] constexpr Direction Doubled(Direction x) {
+[[nodiscard]] constexpr SinCos Doubled(SinCos x) {
     return {2.0 * x.sine * x.cosine, (x.cosine - x.sine) * (x.cosine + x.sine)};
 }
 
@@ -92,9 +92,9 @@ struct Direction {
 // the power series, doubled. Sine and cosine are right to 3e-16 or 1e-15, which of a small one is not every
 // digit. The compiler finds the same bits as the processor.
 template <int RIGHT_ANGLES>
-[[nodiscard]] constexpr Direction DirectionByDoubling(double angle) {
+[[nodiscard]] constexpr SinCos SinCosByDoubling(double angle) {
     constexpr double limit = 1.575 * RIGHT_ANGLES;
-    if (!(angle > -limit && angle < limit)) return DirectionOf(angle);
+    if (!(angle > -limit && angle < limit)) return SinCosOf(angle);
     // 1 / (2k + 3)! and 1 / (2k + 2)! with alternating signs.
     constexpr double sines[] = {1.0 / 6.0,          -1.0 / 120.0,         1.0 / 5040.0,
                                 -1.0 / 362880.0,    1.0 / 39916800.0,     -1.0 / 6227020800.0,
@@ -104,7 +104,7 @@ template <int RIGHT_ANGLES>
                                   1.0 / 87178291200.0, -1.0 / 20922789888e3};
     const double x = angle / (2.0 * RIGHT_ANGLES);
     const double y = x * x;
-    const Direction part{x - x * y * EightTerms(sines, y), 1.0 - y * EightTerms(cosines, y)};
+    const SinCos part{x - x * y * EightTerms(sines, y), 1.0 - y * EightTerms(cosines, y)};
     static_assert(RIGHT_ANGLES == 1 || RIGHT_ANGLES == 2);
     return RIGHT_ANGLES == 1 ? Doubled(part) : Doubled(Doubled(part));
 }
