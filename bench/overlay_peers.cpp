@@ -1,8 +1,8 @@
-// Overlays beside GEOS: the same two outlines, one thread, processor time, medians of three runs in which the
+// Overlays beside GEOS: the same two rings, one thread, processor time, medians of three runs in which the
 // two take turns. Ours is Overlay of the shared library, with the lists of coordinates that it makes. GEOS
 // has two ways, of which the ratio takes the faster: to cut the plane along both borders (union of the
-// borders, polygonize), which works for every outline but doesn't tell which face is in which; and the
-// intersection with both differences, for outlines that don't cross themselves. Before anything is timed, the
+// borders, polygonize), which works for every ring but doesn't tell which face is in which; and the
+// intersection with both differences, for rings that don't cross themselves. Before anything is timed, the
 // two must find as many faces and the same areas.
 //
 //     overlay_peers [NAME ...]     only the inputs whose names begin with a NAME
@@ -22,7 +22,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bench/outlines.h"
+#include "bench/rings.h"
 #include "tessara/array.h"
 #include "tessara/coord.h"
 #include "tessara/coordinate_area.h"
@@ -34,11 +34,11 @@ namespace {
 struct Place {
     double x, y;
 };
-using Outline = std::vector<Place>;
+using Ring = std::vector<Place>;
 
 struct Input {
     const char* name;
-    Outline first, second;
+    Ring first, second;
     bool areSimple;  // whether neither crosses itself
 };
 
@@ -79,9 +79,9 @@ class Ours {
     }
 
   private:
-    static IRef<IArray> Polygon(const Outline& outline) {
+    static IRef<IArray> Polygon(const Ring& ring) {
         IRef<IArray> polygon(CreateClassArray());
-        for (const Place& place : outline) {
+        for (const Place& place : ring) {
             const IRef<ICoord> coord(CreateClassCoord());
             coord->SetPixel(place.x, place.y);
             polygon->Add(coord.Get());
@@ -146,15 +146,15 @@ class Geos {
         if (geometry == nullptr) Fail("GEOS fails");
         return {geometry, [context = Context()](GEOSGeometry* last) { GEOSGeom_destroy_r(context, last); }};
     }
-    [[nodiscard]] Shape Polygon(const Outline& outline) const {
-        const auto count = static_cast<unsigned>(outline.size());
+    [[nodiscard]] Shape Polygon(const Ring& ring) const {
+        const auto count = static_cast<unsigned>(ring.size());
         GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(Context(), count + 1, 2);
         for (unsigned i = 0; i <= count; ++i) {
-            const Place& place = outline[i % count];
+            const Place& place = ring[i % count];
             GEOSCoordSeq_setXY_r(Context(), sequence, i, place.x, place.y);
         }
-        GEOSGeometry* ring = GEOSGeom_createLinearRing_r(Context(), sequence);
-        return Own(GEOSGeom_createPolygon_r(Context(), ring, nullptr, 0));
+        GEOSGeometry* shell = GEOSGeom_createLinearRing_r(Context(), sequence);
+        return Own(GEOSGeom_createPolygon_r(Context(), shell, nullptr, 0));
     }
 
     std::unique_ptr<std::remove_pointer_t<GEOSContextHandle_t>, void (*)(GEOSContextHandle_t)> context_;
@@ -163,25 +163,25 @@ class Geos {
 };
 
 // Vertices anywhere: nearly a quarter of all pairs of edges cross.
-Outline Tangle(std::size_t count, std::uint64_t seed) {
+Ring Tangle(std::size_t count, std::uint64_t seed) {
     std::mt19937_64 random(seed);
     std::uniform_real_distribution<double> anywhere(0.0, 1000.0);
-    Outline tangle(count);
+    Ring tangle(count);
     for (Place& place : tangle)
         place = {anywhere(random), anywhere(random)};
     return tangle;
 }
 
 // Vertices on a raster of 12 by 12, so that edges run along each other.
-Outline Raster(std::size_t count, std::uint64_t seed) {
-    Outline raster = Tangle(count, seed);
+Ring Raster(std::size_t count, std::uint64_t seed) {
+    Ring raster = Tangle(count, seed);
     for (Place& place : raster)
         place = {std::floor(place.x * 0.012), std::floor(place.y * 0.012)};
     return raster;
 }
 
-Outline Line(std::size_t count, std::uint64_t seed) {
-    Outline line = Tangle(count, seed);
+Ring Line(std::size_t count, std::uint64_t seed) {
+    Ring line = Tangle(count, seed);
     for (Place& place : line)
         place.y = place.x / 2.0;
     return line;
@@ -189,9 +189,9 @@ Outline Line(std::size_t count, std::uint64_t seed) {
 
 std::vector<Input> Inputs() {
     return {
-        {"stars 100", Star<Outline>(100, 500), Star<Outline>(100, 600), true},
-        {"stars 1000", Star<Outline>(1000, 500), Star<Outline>(1000, 600), true},
-        {"stars 10000", Star<Outline>(10000, 500), Star<Outline>(10000, 600), true},
+        {"stars 100", Star<Ring>(100, 500), Star<Ring>(100, 600), true},
+        {"stars 1000", Star<Ring>(1000, 500), Star<Ring>(1000, 600), true},
+        {"stars 10000", Star<Ring>(10000, 500), Star<Ring>(10000, 600), true},
         {"tangles 100", Tangle(100, 1), Tangle(100, 2), false},
         {"tangles 300", Tangle(300, 1), Tangle(300, 2), false},
         {"tangles 1000", Tangle(1000, 1), Tangle(1000, 2), false},

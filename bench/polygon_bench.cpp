@@ -3,7 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "bench/outlines.h"
+#include "bench/rings.h"
 #include "polygons/polygon_inside.h"
 #include "polygons/polygon_overlay.h"
 #include "polygons/polygon_split.h"
@@ -19,13 +19,13 @@ constexpr double TOLERANCE = 2.220446049250313e-11;
 constexpr PlanePoint MIDDLE{500.0, 500.0};
 constexpr PlanePoint FAR{5000.0, 5000.0};
 
-Outline StarAt(std::int64_t count, double shift = 0.0) {
-    return Star<Outline>(count, MIDDLE.x + shift);
+Ring StarAt(std::int64_t count, double shift = 0.0) {
+    return Star<Ring>(count, MIDDLE.x + shift);
 }
 
 // A wave over its own ground line, which it crosses with every second edge.
-Outline Wave(std::int64_t count) {
-    Outline wave{{static_cast<double>(count), 0.0}};
+Ring Wave(std::int64_t count) {
+    Ring wave{{static_cast<double>(count), 0.0}};
     for (std::int64_t i = 0; i + 1 < count; ++i)
         wave.push_back({static_cast<double>(i), i == 0 ? 0.0 : (i % 2 == 0 ? 3.0 : -2.0)});
     return wave;
@@ -37,9 +37,9 @@ IRef<ICoord> Pixel(const PlanePoint& place) {
     return coord;
 }
 
-IRef<IArray> Polygon(const Outline& outline) {
+IRef<IArray> Polygon(const Ring& ring) {
     IRef<IArray> polygon(CreateClassArray());
-    for (const PlanePoint& place : outline)
+    for (const PlanePoint& place : ring)
         polygon->Add(Pixel(place).Get());
     return polygon;
 }
@@ -68,17 +68,17 @@ void Overlay(benchmark::State& state) {
 BENCHMARK(Overlay)->Arg(200)->Unit(benchmark::kMicrosecond);
 
 void PointInStar(benchmark::State& state, const PlanePoint& place) {
-    const Outline star = StarAt(state.range(0));
+    const Ring star = StarAt(state.range(0));
     for (auto _ : state)
         benchmark::DoNotOptimize(PointInPolygon(place, star, TOLERANCE));
     state.SetComplexityN(state.range(0));
 }
 
-void Split(benchmark::State& state, Outline (*make)(std::int64_t)) {
-    const Outline outline = make(state.range(0));
+void Split(benchmark::State& state, Ring (*make)(std::int64_t)) {
+    const Ring ring = make(state.range(0));
     std::size_t parts = 0;
     for (auto _ : state) {
-        const std::vector<Outline> split = SplitVertices(outline);
+        const std::vector<Ring> split = SplitVertices(ring);
         parts = split.size();
         benchmark::DoNotOptimize(split.data());
     }
@@ -86,13 +86,13 @@ void Split(benchmark::State& state, Outline (*make)(std::int64_t)) {
     state.SetComplexityN(state.range(0));
 }
 
-Outline PlainStar(std::int64_t count) {
+Ring PlainStar(std::int64_t count) {
     return StarAt(count);
 }
 
 void OverlayStars(benchmark::State& state) {
-    const Outline first = StarAt(state.range(0));
-    const Outline second = StarAt(state.range(0), 100.0);
+    const Ring first = StarAt(state.range(0));
+    const Ring second = StarAt(state.range(0), 100.0);
     OverlayParts parts;
     for (auto _ : state)
         benchmark::DoNotOptimize(OverlayVertices(first, second, TOLERANCE, &parts));

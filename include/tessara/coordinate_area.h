@@ -104,8 +104,8 @@ class ICoordinateArea : public IUnknown {
     virtual bool GetLineExtremes(IArray* line, ICoord* north, ICoord* east, ICoord* south, ICoord* west) = 0;
 
     // Whether a point lies inside a polygon. The polygon is closed by itself. A point on a vertex or nearer
-    // to an edge than the tolerance is inside; of an outline that crosses itself the inside is that of the
-    // outlines that SplitPolygon makes of it, together.
+    // to an edge than the tolerance is inside; of a ring that crosses itself the inside is that of the
+    // rings that SplitPolygon makes of it, together.
     //
     // The operations differ in how the edges run between the vertices. All are false for a null or wrong
     // object, an empty polygon, an element that is no coordinate, and a position that has no pixel.
@@ -130,7 +130,7 @@ class ICoordinateArea : public IUnknown {
 
     // How close to an edge, in pixels, a point counts as on it; 2.220446049250313e-11 in a new object. Its
     // distance from the line through the edge and, beyond an end, along either axis is less: 0.0 leaves only
-    // points exactly on the outline, 0.5 widens a rectangle by just under half a pixel on every side. False
+    // points exactly on the ring, 0.5 widens a rectangle by just under half a pixel on every side. False
     // for a negative tolerance or a NaN, which change nothing.
     virtual bool SetTolerance(double tolerance) = 0;
     virtual double GetTolerance() = 0;
@@ -141,8 +141,8 @@ class ICoordinateArea : public IUnknown {
     // lists get their parts in place of what they held, in no particular order, and are empty for every other
     // result.
     //
-    // Where the outlines touch or cross, the areas decide: polygons that only touch share none, and one
-    // inside the other may touch it from inside. An outline that crosses itself then counts by the even-odd
+    // Where the rings touch or cross, the areas decide: polygons that only touch share none, and one
+    // inside the other may touch it from inside. A ring that crosses itself then counts by the even-odd
     // rule. Vertices and crossings closer together than a few roundings of the largest coordinate are one,
     // and somewhat farther ones if rounding makes a tangle of them.
     //

@@ -129,7 +129,7 @@ bool ReadPlace(const MapPlane& map, ICoord* point, PlanePoint* place) {
     return KoordFromCoord(point, &koord) && map.ToPlane(koord, place);
 }
 
-// Whether a point is inside the outline that `read(plane, polygon, &outline)` makes of a polygon.
+// Whether a point is inside the ring that `read(plane, polygon, &ring)` makes of a polygon.
 template <class Reader>
 bool IsInside(IMapCoordOperations* map, ICoord* point, IArray* polygon, double tolerance,
               const Reader& read) try {
@@ -139,9 +139,9 @@ bool IsInside(IMapCoordOperations* map, ICoord* point, IArray* polygon, double t
     const MapPlane plane(on.Get());
     if (!plane.IsComplete() || !probe.IsValid() || !vertices.IsValid()) return false;
     PlanePoint place{};
-    Outline outline;
-    return ReadPlace(plane, probe.Get(), &place) && read(plane, vertices.Get(), &outline) &&
-           PointInPolygon(place, outline, tolerance);
+    Ring ring;
+    return ReadPlace(plane, probe.Get(), &place) && read(plane, vertices.Get(), &ring) &&
+           PointInPolygon(place, ring, tolerance);
 } catch (const std::bad_alloc&) {
     return false;
 }
@@ -254,9 +254,9 @@ bool CoordinateArea::GetLineExtremes(IArray* line, ICoord* north, ICoord* east, 
 }
 
 bool CoordinateArea::IsInsideCoordEdges(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
-    const auto read = [](const MapPlane& plane, IArray* vertices, Outline* outline) {
+    const auto read = [](const MapPlane& plane, IArray* vertices, Ring* ring) {
         std::vector<CKoord> records;
-        return ReadRecords(vertices, &records) && ReadCoordEdges(plane, records, outline);
+        return ReadRecords(vertices, &records) && ReadCoordEdges(plane, records, ring);
     };
     return IsInside(map, point, polygon, tolerance_, read);
 }
@@ -281,8 +281,8 @@ bool CoordinateArea::IsInsideMapEdges(IMapCoordOperations* map, ICoord* point, I
 }
 
 bool CoordinateArea::IsInsideTransferred(IMapCoordOperations* map, ICoord* point, IArray* polygon) {
-    const auto read = [&](const MapPlane&, IArray* vertices, Outline* outline) {
-        return ReadTransferredEdges(map, vertices, outline);
+    const auto read = [&](const MapPlane&, IArray* vertices, Ring* ring) {
+        return ReadTransferredEdges(map, vertices, ring);
     };
     return IsInside(map, point, polygon, tolerance_, read);
 }
@@ -295,9 +295,9 @@ bool CoordinateArea::IsInsidePixels(ICoord* point, IArray* polygon) try {
     const IRef<ICoord> probe(point);
     const IRef<IArray> vertices(polygon);
     PlanePoint place{};
-    Outline outline;
+    Ring ring;
     return probe.IsValid() && vertices.IsValid() && PixelOfCoord(probe.Get(), &place) &&
-           ReadPixelLine(vertices.Get(), &outline) && PointInPolygon(place, outline, tolerance_);
+           ReadPixelLine(vertices.Get(), &ring) && PointInPolygon(place, ring, tolerance_);
 } catch (const std::bad_alloc&) {
     return false;
 }
@@ -349,13 +349,13 @@ bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IAr
     const IRef<IArray> vertices(polygon);
     const IRef<IArray> list(parts);
     if (!on.IsValid() || !vertices.IsValid() || !list.IsValid()) return false;
-    Outline outline;
+    Ring ring;
     std::int32_t datum = 0;
-    if (!ReadValidLineOnMap(on.Get(), vertices.Get(), &outline)) return false;
+    if (!ReadValidLineOnMap(on.Get(), vertices.Get(), &ring)) return false;
     if (!ReadMapDatum(on.Get(), &datum)) return false;
-    const std::vector<Outline> simple = SplitVertices(outline);
+    const std::vector<Ring> simple = SplitVertices(ring);
     list->Clear();
-    return AppendOutlines(simple, PixelForm(datum), list.Get());
+    return AppendRings(simple, PixelForm(datum), list.Get());
 } catch (const std::bad_alloc&) {
     return false;
 }

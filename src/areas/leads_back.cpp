@@ -13,7 +13,7 @@
 namespace tessara {
 namespace {
 
-constexpr std::int32_t UNCHECKED = 0;  // a border lies a hair outside its zone
+constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border lies a hair outside its zone
 
 // On the border of a zone or the meridian 180 itself a place may be written for either side. A hair beside,
 // it lies on one. Half a pixel shows how steep the values are.

@@ -30,17 +30,17 @@ class LineWalk {
         return IsPixel(koord) ? CarryToWorld(koord, carried) : CarryToPixel(koord, carried);
     }
 
-    // The edge between two of the line's coordinates, as a chain in the reference.
-    bool WalkEdge(const CKoord& from, const CKoord& to, std::vector<CKoord>* chain) const {
+    // The edge between two of the line's coordinates, as a polyline in the reference.
+    bool WalkEdge(const CKoord& from, const CKoord& to, std::vector<CKoord>* polyline) const {
         if (from.datum != to.datum || from.type != to.type) return false;
         CKoord a;
         CKoord b;
         if (!Carry(from, &a) || !Carry(to, &b)) return false;
         if (map_.IsValid() && IsPixel(from)) {
-            return DensifyOnMap(plane_, a, b, DensifyMode::MapStraight, DEFAULT_PIXEL_TOLERANCE, chain);
+            return DensifyOnMap(plane_, a, b, DensifyMode::MapStraight, DEFAULT_PIXEL_TOLERANCE, polyline);
         }
         return DensifyAcrossReferences(a, b, static_cast<std::int32_t>(from.datum),
-                                       static_cast<std::int32_t>(from.type), chain);
+                                       static_cast<std::int32_t>(from.type), polyline);
     }
 
   private:
@@ -83,11 +83,11 @@ bool ExtentOfLine(IMapCoordOperations* map, IArray* line, std::int32_t datum, st
     if (count == 0 || !RecordAt(line, 0, &from) || !walk.Carry(from, &first)) return false;
     extremes->Start(first);
 
-    std::vector<CKoord> chain;
+    std::vector<CKoord> polyline;
     for (std::uint32_t i = 1; i < count; ++i) {
         CKoord to;
-        if (!RecordAt(line, i, &to) || !walk.WalkEdge(from, to, &chain)) return false;
-        for (const CKoord& koord : chain) {
+        if (!RecordAt(line, i, &to) || !walk.WalkEdge(from, to, &polyline)) return false;
+        for (const CKoord& koord : polyline) {
             if (!extremes->ExtendAxes(koord)) return false;
         }
         from = to;

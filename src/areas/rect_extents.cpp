@@ -38,8 +38,9 @@ namespace {
 
 constexpr int NARROWING_PASSES = 4;
 constexpr int SAMPLES_OF_A_SIDE = 64;
-constexpr int COARSE_STEP = 8;               // samples
-constexpr std::size_t FEWEST_OF_FINEST = 8;  // a chain has its ends and a middle from each of six divisions
+constexpr int COARSE_STEP = 8;  // samples
+// A polyline has its ends and a middle from each of six divisions.
+constexpr std::size_t FEWEST_OF_FINEST = 8;
 constexpr double ONE_PIXEL = 1.0;
 constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a piece is walked, pixels
 
@@ -197,17 +198,17 @@ class WindowSearch {
     }
 
     void WalkSide(const Found& from, const Found& to) {
-        std::vector<CKoord> chain;
+        std::vector<CKoord> polyline;
         const bool isWalked = IsFoundAgain(from) && IsFoundAgain(to) &&
                               DensifyOnMap(plane_, from.koord, to.koord, DensifyMode::MapStraight,
-                                           DEFAULT_PIXEL_TOLERANCE, &chain);
-        if (!isWalked) SampleSide(from.pixel, to.pixel, &chain);
-        for (const CKoord& koord : chain)
+                                           DEFAULT_PIXEL_TOLERANCE, &polyline);
+        if (!isWalked) SampleSide(from.pixel, to.pixel, &polyline);
+        for (const CKoord& koord : polyline)
             extremes_.Extend(koord);
-        SearchFinestPieces(from.pixel, to.pixel, chain);
+        SearchFinestPieces(from.pixel, to.pixel, polyline);
     }
 
-    // A map that shows a place twice finds it once, and a pole on a line of pixels at one of them. A chain
+    // A map that shows a place twice finds it once, and a pole on a line of pixels at one of them. A polyline
     // begins where its ends are found.
     [[nodiscard]] bool IsFoundAgain(const Found& found) const {
         PlanePoint pixel{};
@@ -215,23 +216,24 @@ class WindowSearch {
                std::fabs(pixel.y - found.pixel.y) <= ONE_PIXEL;
     }
 
-    void SampleSide(const PlanePoint& from, const PlanePoint& to, std::vector<CKoord>* chain) const {
+    void SampleSide(const PlanePoint& from, const PlanePoint& to, std::vector<CKoord>* polyline) const {
         for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
             const auto sample = FindValid(PlaceOnSide(from, to, k));
-            if (sample) chain->push_back(sample->koord);
+            if (sample) polyline->push_back(sample->koord);
         }
     }
 
-    // A chain has an end to its pieces. Close by a pole that is too early, and the side reaches further
-    // between two places of the chain than at them.
-    void SearchFinestPieces(const PlanePoint& from, const PlanePoint& to, const std::vector<CKoord>& chain) {
-        if (chain.size() < FEWEST_OF_FINEST) return;
+    // A polyline has an end to its pieces. Close by a pole that is too early, and the side reaches further
+    // between two places of the polyline than at them.
+    void SearchFinestPieces(const PlanePoint& from, const PlanePoint& to,
+                            const std::vector<CKoord>& polyline) {
+        if (polyline.size() < FEWEST_OF_FINEST) return;
         for (const Compass direction : DIRECTIONS) {
-            const auto furthest = std::find_if(chain.begin(), chain.end(), [&](const CKoord& koord) {
+            const auto furthest = std::find_if(polyline.begin(), polyline.end(), [&](const CKoord& koord) {
                 return CompareRecords(AxisOf(direction), koord, extremes_[direction]) == 0;
             });
             PlanePoint place{};
-            if (furthest == chain.end() || !plane_.ToPlane(*furthest, &place)) continue;
+            if (furthest == polyline.end() || !plane_.ToPlane(*furthest, &place)) continue;
             const double share = 1.0 / SAMPLES_OF_A_SIDE;
             const PlanePoint step{(to.x - from.x) * share, (to.y - from.y) * share};
             const auto isFinest = [&](const CKoord& neighbour) {
@@ -240,8 +242,8 @@ class WindowSearch {
                        std::fabs(next.x - place.x) <= 1.5 * std::fabs(step.x) + END_OF_PIECE &&
                        std::fabs(next.y - place.y) <= 1.5 * std::fabs(step.y) + END_OF_PIECE;
             };
-            const bool isSplitUp = (furthest != chain.begin() && isFinest(furthest[-1])) ||
-                                   (furthest + 1 != chain.end() && isFinest(furthest[1]));
+            const bool isSplitUp = (furthest != polyline.begin() && isFinest(furthest[-1])) ||
+                                   (furthest + 1 != polyline.end() && isFinest(furthest[1]));
             if (isSplitUp) SearchAround(direction, place, step);
         }
     }

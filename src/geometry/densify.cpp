@@ -3,7 +3,7 @@
 #include <cmath>
 #include <functional>
 
-#include "geometry/chain_walk.h"
+#include "geometry/polyline_walk.h"
 #include "objects/reference_change.h"
 #include "records/average_records.h"
 #include "records/check_record.h"
@@ -128,11 +128,11 @@ bool WalkOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMod
     MapKnot right{b};
     if (!map.ToPlane(a, &left.pixel) || !map.ToPlane(b, &right.pixel)) return false;
     add(left);
-    return WalkChain<GEODESIC_DEPTH_LIMIT>(left, right, MapDivider(map, mode, tolerance),
-                                           [&add](const MapKnot& knot) {
-                                               add(knot);
-                                               return true;
-                                           });
+    return WalkPolyline<GEODESIC_DEPTH_LIMIT>(left, right, MapDivider(map, mode, tolerance),
+                                              [&add](const MapKnot& knot) {
+                                                  add(knot);
+                                                  return true;
+                                              });
 }
 
 // A place on the line, in its own reference and in the one in which it is straight.
@@ -142,7 +142,7 @@ struct ReferenceKnot {
 };
 
 bool WalkAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, std::int32_t system,
-                          std::vector<CKoord>* chain) {
+                          std::vector<CKoord>* polyline) {
     if (!ShareReference(a, b) || IsPixelType(system) || IsPixel(a)) return false;
     const ReferenceChange toTarget(datum, system);
     const ReferenceChange toOwn(DatumOf(a), SystemOf(a));
@@ -163,11 +163,12 @@ bool WalkAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, 
                             CompareRecords(Axis::North, own, middle->koord) == 0;
         return isSame ? Division::Finished : Division::Split;
     };
-    chain->push_back(a);
-    return WalkChain<ACROSS_REFERENCES_DEPTH_LIMIT>(left, right, divide, [chain](const ReferenceKnot& knot) {
-        chain->push_back(knot.koord);
-        return true;
-    });
+    polyline->push_back(a);
+    return WalkPolyline<ACROSS_REFERENCES_DEPTH_LIMIT>(left, right, divide,
+                                                       [polyline](const ReferenceKnot& knot) {
+                                                           polyline->push_back(knot.koord);
+                                                           return true;
+                                                       });
 }
 
 bool ToGeodezRecord(const MapPlane& map, const CKoord& koord, CKoord* geodez) {
@@ -177,10 +178,10 @@ bool ToGeodezRecord(const MapPlane& map, const CKoord& koord, CKoord* geodez) {
     return map.ToPlane(koord, &pixel) && map.ToWorld(pixel, geodez);
 }
 
-bool ToFloatPixels(const MapPlane& map, std::vector<CKoord>* chain) {
+bool ToFloatPixels(const MapPlane& map, std::vector<CKoord>* polyline) {
     std::int32_t datum = 0;
     if (!map.GetDatum(&datum)) return false;
-    for (CKoord& koord : *chain) {
+    for (CKoord& koord : *polyline) {
         PlanePoint pixel{};
         if (!map.ToPlane(koord, &pixel)) return false;
         koord = CKoord(MakeKoord(datum, KOORD_FLOATPIXEL));
@@ -189,40 +190,40 @@ bool ToFloatPixels(const MapPlane& map, std::vector<CKoord>* chain) {
     return true;
 }
 
-// A chain that couldn't be finished is none.
-bool EmptyUnless(bool isDone, std::vector<CKoord>* chain) {
-    if (!isDone) chain->clear();
+// A polyline that couldn't be finished is none.
+bool EmptyUnless(bool isDone, std::vector<CKoord>* polyline) {
+    if (!isDone) polyline->clear();
     return isDone;
 }
 
 }  // namespace
 
 bool DensifyOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMode mode,
-                  double pixelTolerance, std::vector<CKoord>* chain, std::vector<PlanePoint>* pixels) {
-    chain->clear();
+                  double pixelTolerance, std::vector<CKoord>* polyline, std::vector<PlanePoint>* pixels) {
+    polyline->clear();
     if (pixels != nullptr) pixels->clear();
-    const bool isDone = WalkOnMap(map, a, b, mode, pixelTolerance, [chain, pixels](const MapKnot& knot) {
-        chain->push_back(knot.koord);
+    const bool isDone = WalkOnMap(map, a, b, mode, pixelTolerance, [polyline, pixels](const MapKnot& knot) {
+        polyline->push_back(knot.koord);
         if (pixels != nullptr) pixels->push_back(knot.pixel);
     });
-    return EmptyUnless(isDone, chain);
+    return EmptyUnless(isDone, polyline);
 }
 
 bool DensifyGeodesicOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, double pixelTolerance,
-                          std::vector<CKoord>* chain) {
-    chain->clear();
+                          std::vector<CKoord>* polyline) {
+    polyline->clear();
     CKoord from;
     CKoord to;
     if (!ToGeodezRecord(map, a, &from) || !ToGeodezRecord(map, b, &to)) return false;
-    if (!DensifyOnMap(map, from, to, DensifyMode::Geodesic, pixelTolerance, chain)) return false;
+    if (!DensifyOnMap(map, from, to, DensifyMode::Geodesic, pixelTolerance, polyline)) return false;
     const bool isPixelLine = IsPixel(a) && IsPixel(b);
-    return !isPixelLine || EmptyUnless(ToFloatPixels(map, chain), chain);
+    return !isPixelLine || EmptyUnless(ToFloatPixels(map, polyline), polyline);
 }
 
 bool DensifyAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, std::int32_t system,
-                             std::vector<CKoord>* chain) {
-    chain->clear();
-    return EmptyUnless(WalkAcrossReferences(a, b, datum, system, chain), chain);
+                             std::vector<CKoord>* polyline) {
+    polyline->clear();
+    return EmptyUnless(WalkAcrossReferences(a, b, datum, system, polyline), polyline);
 }
 
 }  // namespace tessara

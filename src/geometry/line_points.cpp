@@ -4,7 +4,7 @@
 #include <cmath>
 #include <new>
 
-#include "geometry/line_crossings.h"
+#include "geometry/line_intersections.h"
 #include "geometry/line_reading.h"
 #include "objects/koord_access.h"
 #include "tessara/array.h"
@@ -16,8 +16,8 @@ namespace tessara {
 namespace {
 
 // Appends a new coordinate for each record.
-bool AddAll(const std::vector<CKoord>& chain, IArray* out) {
-    for (const CKoord& koord : chain) {
+bool AddAll(const std::vector<CKoord>& polyline, IArray* out) {
+    for (const CKoord& koord : polyline) {
         const IRef<ICoord> coord(CreateClassCoord());
         if (!KoordToCoord(&koord, coord.Get())) return false;
         out->Add(coord.Get());
@@ -25,16 +25,17 @@ bool AddAll(const std::vector<CKoord>& chain, IArray* out) {
     return true;
 }
 
-// Fills `out` with the chain that `densify(a, b, &chain)` makes of the records; empties it if that fails.
+// Fills `out` with the polyline that `densify(a, b, &polyline)` makes of the records; empties it if that
+// fails.
 template <class Densifier>
-bool FillChain(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
+bool FillPolyline(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
     out->Clear();
     CKoord from;
     CKoord to;
     if (!KoordFromCoord(a, &from) || !KoordFromCoord(b, &to)) return false;
     try {
-        std::vector<CKoord> chain;
-        if (densify(from, to, &chain) && AddAll(chain, out)) return true;
+        std::vector<CKoord> polyline;
+        if (densify(from, to, &polyline) && AddAll(polyline, out)) return true;
     } catch (const std::bad_alloc&) {  // a failure like the others
     }
     out->Clear();
@@ -46,14 +47,14 @@ bool IsInBox(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
            p.y <= std::max(a.y, b.y);
 }
 
-bool IsOnChain(const PlanePoint& p, const std::vector<PlanePoint>& chain) {
+bool IsOnPolyline(const PlanePoint& p, const std::vector<PlanePoint>& polyline) {
     const double tolerance = OnLineTolerance(p);
     const auto isOnLine = [&](const PlanePoint& a, const PlanePoint& b) {
         return std::fabs(SignedDistance(p, a, b)) <= tolerance;
     };
-    if (chain.size() == 1) return isOnLine(chain.front(), chain.front());
-    for (std::size_t i = 1; i < chain.size(); ++i) {
-        if (IsInBox(p, chain[i - 1], chain[i]) && isOnLine(chain[i - 1], chain[i])) return true;
+    if (polyline.size() == 1) return isOnLine(polyline.front(), polyline.front());
+    for (std::size_t i = 1; i < polyline.size(); ++i) {
+        if (IsInBox(p, polyline[i - 1], polyline[i]) && isOnLine(polyline[i - 1], polyline[i])) return true;
     }
     return false;
 }
@@ -99,12 +100,12 @@ bool LinePoints::Densify(DensifyMode mode, IMapCoordOperations* map, ICoord* a, 
     const IRef<ICoord> to(b);
     const IRef<IArray> points(out);
     if (!plane.IsComplete() || !from.IsValid() || !to.IsValid() || !points.IsValid()) return false;
-    return FillChain(from.Get(), to.Get(), points.Get(),
-                     [&](const auto& start, const auto& end, auto* chain) {
-                         return mode == DensifyMode::Geodesic
-                                    ? DensifyGeodesicOnMap(plane, start, end, pixelTolerance_, chain)
-                                    : DensifyOnMap(plane, start, end, mode, pixelTolerance_, chain);
-                     });
+    return FillPolyline(from.Get(), to.Get(), points.Get(),
+                        [&](const auto& start, const auto& end, auto* polyline) {
+                            return mode == DensifyMode::Geodesic
+                                       ? DensifyGeodesicOnMap(plane, start, end, pixelTolerance_, polyline)
+                                       : DensifyOnMap(plane, start, end, mode, pixelTolerance_, polyline);
+                        });
 }
 
 bool LinePoints::DensifyMapStraight(IMapCoordOperations* map, ICoord* a, ICoord* b, IArray* out) {
@@ -129,9 +130,9 @@ bool LinePoints::DensifyInReference(ICoord* a, ICoord* b, ICoordinateReference* 
     const IRef<ICoordinateReference> straight(reference);
     const IRef<IArray> points(out);
     if (!from.IsValid() || !to.IsValid() || !straight.IsValid() || !points.IsValid()) return false;
-    return FillChain(
-        from.Get(), to.Get(), points.Get(), [&](const auto& start, const auto& end, auto* chain) {
-            return DensifyAcrossReferences(start, end, straight->GetDatum(), straight->GetSystem(), chain);
+    return FillPolyline(
+        from.Get(), to.Get(), points.Get(), [&](const auto& start, const auto& end, auto* polyline) {
+            return DensifyAcrossReferences(start, end, straight->GetDatum(), straight->GetSystem(), polyline);
         });
 }
 
@@ -164,9 +165,9 @@ bool LinePoints::IsPointOnLine(IMapCoordOperations* map, ICoord* point, IArray* 
     if (!plane.IsComplete() || !coords.IsValid() || !probe.IsValid()) return false;
     CKoord koord;
     PlanePoint p{};
-    std::vector<PlanePoint> chain;
+    std::vector<PlanePoint> polyline;
     return KoordFromCoord(probe.Get(), &koord) && plane.ToPlane(koord, &p) &&
-           ReadLineOnMap(plane, coords.Get(), &chain) && IsOnChain(p, chain);
+           ReadLineOnMap(plane, coords.Get(), &polyline) && IsOnPolyline(p, polyline);
 } catch (const std::bad_alloc&) {
     return false;
 }

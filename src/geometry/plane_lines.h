@@ -3,15 +3,10 @@
 // comparisons without a tolerance.
 #pragma once
 
+#include "maps/plane_point.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
-
-struct PlanePoint {
-    double x, y;
-
-    bool operator==(const PlanePoint&) const = default;
-};
 
 // What LineParameter says of parallel lines.
 inline constexpr double PARALLEL_LINES = MISSING_NUMBER;    // they have no point in common
@@ -40,7 +35,7 @@ inline constexpr double COLLINEAR_LINES = -MISSING_NUMBER;  // they are one line
 bool FootPoint(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b, PlanePoint* foot);
 
 // The place at the parameter t of a1-a2, reconciled with the place on b1-b2: an axis on which only a changes
-// takes b's value, one on which both change their mean. So a crossing with an axis-parallel segment lies
+// takes b's value, one on which both change their mean. So an intersection with an axis-parallel segment lies
 // exactly on it. False if t is one of the marks, *place is then unchanged, and if the two differed.
 bool PointOnSegments(const PlanePoint& a1, const PlanePoint& a2, const PlanePoint& b1, const PlanePoint& b2,
                      double t, PlanePoint* place);

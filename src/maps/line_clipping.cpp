@@ -7,15 +7,15 @@ namespace {
 
 constexpr double EDGE_TOLERANCE = 0.5;  // pixels
 
-bool IsFinite(const PixelPoint& p) {
+bool IsFinite(const PlanePoint& p) {
     return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-PixelPoint Middle(const PixelPoint& a, const PixelPoint& b) {
+PlanePoint Middle(const PlanePoint& a, const PlanePoint& b) {
     return {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
 }
 
-double Length(const PixelPoint& a, const PixelPoint& b) {
+double Length(const PlanePoint& a, const PlanePoint& b) {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
     return std::sqrt(dx * dx + dy * dy);
@@ -25,18 +25,18 @@ double Length(const PixelPoint& a, const PixelPoint& b) {
 // over.
 class Walk {
   public:
-    Walk(const PixelPoint& from, const PixelPoint& to)
+    Walk(const PlanePoint& from, const PlanePoint& to)
         : from_(from), to_(to), at_(from), stepsLeft_(std::ceil(Length(from, to)) + 2.0) {
         const double length = Length(from, to);
         step_ = {(to.x - from.x) / length, (to.y - from.y) / length};
     }
 
-    [[nodiscard]] const PixelPoint& At() const { return at_; }
+    [[nodiscard]] const PlanePoint& At() const { return at_; }
 
     // False once the point has passed the end. Where doubles are too coarse for a step, the walk is over,
     // too.
     bool Step() {
-        const PixelPoint before = at_;
+        const PlanePoint before = at_;
         at_ = {at_.x + step_.x, at_.y + step_.y};
         stepsLeft_ -= 1.0;
         return !IsPast(from_.x, to_.x, at_.x) && !IsPast(from_.y, to_.y, at_.y) && at_ != before &&
@@ -49,13 +49,13 @@ class Walk {
         return (to > from && at > to) || (to < from && at < to);
     }
 
-    PixelPoint from_, to_, at_, step_;
+    PlanePoint from_, to_, at_, step_;
     double stepsLeft_;
 };
 
 class Clipper {
   public:
-    Clipper(const PixelPoint& a, const PixelPoint& b, const PixelTest& test) : a_(a), b_(b), test_(test) {}
+    Clipper(const PlanePoint& a, const PlanePoint& b, const PixelTest& test) : a_(a), b_(b), test_(test) {}
 
     [[nodiscard]] ClippedLine Clip() const {
         const bool isAValid = IsValid(a_);
@@ -63,7 +63,7 @@ class Clipper {
         if (isAValid != IsValid(b_)) {
             return isAValid ? Piece(a_, Edge(a_, b_)) : Piece(Edge(b_, a_), b_);
         }
-        const PixelPoint middle = Middle(a_, b_);
+        const PlanePoint middle = Middle(a_, b_);
         const bool isMiddleValid = IsValid(middle);
         if (isAValid != isMiddleValid) {
             return isAValid ? Gap(Edge(a_, middle), Edge(b_, middle))
@@ -74,25 +74,25 @@ class Clipper {
     }
 
   private:
-    [[nodiscard]] bool IsValid(const PixelPoint& p) const {
-        PixelPoint back{};
+    [[nodiscard]] bool IsValid(const PlanePoint& p) const {
+        PlanePoint back{};
         return test_(p, &back);
     }
 
     [[nodiscard]] ClippedLine All() const { return {CLIP_ALL_VALID, a_, b_}; }
     static ClippedLine None() { return {CLIP_NONE_VALID, {}, {}}; }
-    static ClippedLine Gap(const PixelPoint& first, const PixelPoint& second) {
+    static ClippedLine Gap(const PlanePoint& first, const PlanePoint& second) {
         return {CLIP_ONE_GAP, first, second};
     }
-    static ClippedLine Piece(const PixelPoint& first, const PixelPoint& second) {
+    static ClippedLine Piece(const PlanePoint& first, const PlanePoint& second) {
         return {CLIP_ONE_PIECE, first, second};
     }
 
     // The valid point next to the edge between a valid and an invalid one; the middle is looked at however
     // short the line is. It ends also where doubles have no number in between.
-    [[nodiscard]] PixelPoint Edge(PixelPoint valid, PixelPoint invalid) const {
+    [[nodiscard]] PlanePoint Edge(PlanePoint valid, PlanePoint invalid) const {
         do {
-            const PixelPoint middle = Middle(valid, invalid);
+            const PlanePoint middle = Middle(valid, invalid);
             if (middle == valid || middle == invalid) break;
             (IsValid(middle) ? valid : invalid) = middle;
         } while (std::fabs(valid.x - invalid.x) > EDGE_TOLERANCE ||
@@ -104,7 +104,7 @@ class Clipper {
     // and ends with the last valid one.
     [[nodiscard]] ClippedLine WalkToGap() const {
         Walk walk(a_, b_);
-        PixelPoint last = a_;
+        PlanePoint last = a_;
         while (IsValid(walk.At())) {
             last = walk.At();
             if (!walk.Step()) return All();
@@ -120,11 +120,11 @@ class Clipper {
     // past the end; else it is that one pixel.
     [[nodiscard]] ClippedLine WalkToPiece() const {
         Walk walk(a_, b_);
-        PixelPoint back{};
+        PlanePoint back{};
         while (!test_(walk.At(), &back)) {
             if (!walk.Step()) return None();
         }
-        const PixelPoint first = walk.At();
+        const PlanePoint first = walk.At();
         const bool leadsBack = IsValid(back);
         while (walk.Step()) {
             if (!leadsBack) return Piece(first, first);
@@ -132,14 +132,14 @@ class Clipper {
         return Piece(first, walk.At());
     }
 
-    const PixelPoint a_;
-    const PixelPoint b_;
+    const PlanePoint a_;
+    const PlanePoint b_;
     const PixelTest& test_;
 };
 
 }  // namespace
 
-ClippedLine ClipLine(const PixelPoint& a, const PixelPoint& b, const PixelTest& test) {
+ClippedLine ClipLine(const PlanePoint& a, const PlanePoint& b, const PixelTest& test) {
     if (!IsFinite(a) || !IsFinite(b)) return {CLIP_FAILED, {}, {}};
     return Clipper(a, b, test).Clip();
 }

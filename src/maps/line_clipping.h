@@ -4,16 +4,12 @@
 #include <cstdint>
 #include <functional>
 
+#include "maps/plane_point.h"
+
 namespace tessara {
 
-struct PixelPoint {
-    double x, y;
-
-    bool operator==(const PixelPoint&) const = default;
-};
-
 // Whether a pixel is valid, and where its position lies on the map (*back, written for valid pixels).
-using PixelTest = std::function<bool(const PixelPoint& pixel, PixelPoint* back)>;
+using PixelTest = std::function<bool(const PlanePoint& pixel, PlanePoint* back)>;
 
 enum ClipResult : std::int32_t {
     CLIP_FAILED = -1,
@@ -25,7 +21,7 @@ enum ClipResult : std::int32_t {
 
 struct ClippedLine {
     ClipResult result;
-    PixelPoint first, second;  // both zero without any
+    PlanePoint first, second;  // both zero without any
 };
 
 // A line longer than this isn't walked: CLIP_FAILED.
@@ -34,6 +30,6 @@ inline constexpr double LONGEST_WALK = 1e7;  // pixels
 // Looks at the ends and the middle first. An edge of validity between a valid and an invalid one of these is
 // found by bisection to half a pixel; otherwise the line is walked in steps of one pixel, and at most one gap
 // or one piece is found. An end that isn't finite is CLIP_FAILED.
-[[nodiscard]] ClippedLine ClipLine(const PixelPoint& a, const PixelPoint& b, const PixelTest& test);
+[[nodiscard]] ClippedLine ClipLine(const PlanePoint& a, const PlanePoint& b, const PixelTest& test);
 
 }  // namespace tessara

@@ -35,7 +35,7 @@ class Prober {
     }
 
     // The same, with a position that passes every check.
-    bool operator()(const PixelPoint& pixel, PixelPoint* back) const {
+    bool operator()(const PlanePoint& pixel, PlanePoint* back) const {
         return map_->FloatPixelToCoord(pixel.x, pixel.y, coord_.Get()) &&
                map_->CoordToFloatPixel(coord_.Get(), &back->x, &back->y) &&
                checker_->CheckCoord(coord_.Get());
@@ -64,11 +64,11 @@ IRef<ICoord> CoordOf(ICoordinateReference* reference) {
     return isMade ? coord : IRef<ICoord>();
 }
 
-PixelPoint PointOf(IFloatPoint* point) {
+PlanePoint PointOf(IFloatPoint* point) {
     return {point->GetX(), point->GetY()};
 }
 
-void PutPoint(const PixelPoint& point, IFloatPoint* out) {
+void PutPoint(const PlanePoint& point, IFloatPoint* out) {
     out->SetX(point.x);
     out->SetY(point.y);
 }

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "polygons/polygon_outline.h"
+#include "polygons/polygon_ring.h"
 
 namespace tessara {
 

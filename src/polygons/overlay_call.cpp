@@ -37,17 +37,17 @@ bool OverlayCall::ReadStart(std::optional<CKoord>* start) const {
     return true;
 }
 
-std::int32_t OverlayCall::RunOnMap(const MapPlane& map, double tolerance, const OutlineForm& form) const {
-    Outline first;
-    Outline second;
+std::int32_t OverlayCall::RunOnMap(const MapPlane& map, double tolerance, const RingForm& form) const {
+    Ring first;
+    Ring second;
     const bool isRead =
         ReadLineOnMap(map, first_.Get(), &first) && ReadLineOnMap(map, second_.Get(), &second);
     return isRead ? FillLists(first, second, tolerance, form) : OVERLAY_FAILURE;
 }
 
-std::int32_t OverlayCall::RunOnPixels(double tolerance, const OutlineForm& form) const {
-    Outline first;
-    Outline second;
+std::int32_t OverlayCall::RunOnPixels(double tolerance, const RingForm& form) const {
+    Ring first;
+    Ring second;
     const bool isRead =
         HasEmptyPolygon() || (ReadPixelLine(first_.Get(), &first) && ReadPixelLine(second_.Get(), &second));
     return isRead ? FillLists(first, second, tolerance, form) : Fail();
@@ -63,15 +63,15 @@ void OverlayCall::ClearLists() const {
         (*list)->Clear();
 }
 
-std::int32_t OverlayCall::FillLists(const Outline& first, const Outline& second, double tolerance,
-                                    const OutlineForm& form) const {
+std::int32_t OverlayCall::FillLists(const Ring& first, const Ring& second, double tolerance,
+                                    const RingForm& form) const {
     OverlayParts parts;
     const std::int32_t result = OverlayVertices(first, second, tolerance, &parts);
     ClearLists();
-    const bool isWritten = AppendOutlines(parts.neither, form, neither_.Get()) &&
-                           AppendOutlines(parts.onlySecond, form, onlySecond_.Get()) &&
-                           AppendOutlines(parts.onlyFirst, form, onlyFirst_.Get()) &&
-                           AppendOutlines(parts.both, form, both_.Get());
+    const bool isWritten = AppendRings(parts.neither, form, neither_.Get()) &&
+                           AppendRings(parts.onlySecond, form, onlySecond_.Get()) &&
+                           AppendRings(parts.onlyFirst, form, onlyFirst_.Get()) &&
+                           AppendRings(parts.both, form, both_.Get());
     return isWritten ? result : Fail();
 }
 

@@ -24,17 +24,17 @@ class OverlayCall {
 
     // Lays the polygons over each other as they lie on a map. What can't be read leaves the lists as they
     // were.
-    [[nodiscard]] std::int32_t RunOnMap(const MapPlane& map, double tolerance, const OutlineForm& form) const;
+    [[nodiscard]] std::int32_t RunOnMap(const MapPlane& map, double tolerance, const RingForm& form) const;
     // Takes them as valid pixels, of which an empty polygon has none to read. Every failure empties the
     // lists.
-    [[nodiscard]] std::int32_t RunOnPixels(double tolerance, const OutlineForm& form) const;
+    [[nodiscard]] std::int32_t RunOnPixels(double tolerance, const RingForm& form) const;
     // Empties the lists.
     [[nodiscard]] std::int32_t Fail() const;
 
   private:
     void ClearLists() const;
-    [[nodiscard]] std::int32_t FillLists(const Outline& first, const Outline& second, double tolerance,
-                                         const OutlineForm& form) const;
+    [[nodiscard]] std::int32_t FillLists(const Ring& first, const Ring& second, double tolerance,
+                                         const RingForm& form) const;
 
     IRef<IArray> first_, second_;
     IRef<IArray> neither_, onlySecond_, onlyFirst_, both_;

@@ -1,4 +1,4 @@
-// The faces into which the graph of two outlines cuts the plane.
+// The faces into which the graph of two rings cuts the plane.
 #pragma once
 
 #include <array>
@@ -10,15 +10,15 @@
 namespace tessara {
 
 struct GraphFace {
-    Outline outline;           // closed, the face on its left in axes with y upward
-    std::array<bool, 2> isIn;  // whether it is inside each outline, by the even-odd rule
+    Ring ring;                 // closed, the face on its left in axes with y upward
+    std::array<bool, 2> isIn;  // whether it is inside each ring, by the even-odd rule
 };
 
-// The bounded faces, without dead ends, and without those that aren't wider than the grain. The graph must be
-// in one piece, so that no face has a hole.
+// The bounded faces, without dead ends, and without those that aren't wider than the snap tolerance. The
+// graph must be in one piece, so that no face has a hole.
 //
-// Nothing if the graph isn't plane: among places that are hardly more than a grain apart, pieces may cross
-// without a node.
-[[nodiscard]] std::optional<std::vector<GraphFace>> FacesOf(const OutlineGraph& graph, double grain);
+// Nothing if the graph isn't plane: among places that are hardly more than a snap tolerance apart, pieces may
+// cross without a node.
+[[nodiscard]] std::optional<std::vector<GraphFace>> FacesOf(const RingGraph& graph, double snapTolerance);
 
 }  // namespace tessara

@@ -15,9 +15,9 @@ namespace {
 // The nodes so far, found by place.
 class NodeTable {
   public:
-    explicit NodeTable(double grain) : grain_(grain) {}
+    explicit NodeTable(double snapTolerance) : snapTolerance_(snapTolerance) {}
 
-    // The node at a place: the oldest one within the grain, or a new one.
+    // The node at a place: the oldest one within the snap tolerance, or a new one.
     std::size_t At(const PlanePoint& place) {
         std::size_t node = nodes_.size();
         const PlanePoint first = CellOf({place.x - Reach(), place.y - Reach()});
@@ -36,14 +36,15 @@ class NodeTable {
 
   private:
     // So wide that the cells beside a place's own are seldom within reach, and so narrow that few nodes fit.
-    static constexpr double GRAINS_IN_CELL = 16.0;
+    static constexpr double SNAP_TOLERANCES_IN_CELL = 16.0;
 
     // Rounding can't put near places farther apart.
-    [[nodiscard]] double Reach() const { return 2.0 * grain_; }
+    [[nodiscard]] double Reach() const { return 2.0 * snapTolerance_; }
     [[nodiscard]] PlanePoint CellOf(const PlanePoint& p) const {
-        return {std::floor(p.x / grain_ / GRAINS_IN_CELL), std::floor(p.y / grain_ / GRAINS_IN_CELL)};
+        return {std::floor(p.x / snapTolerance_ / SNAP_TOLERANCES_IN_CELL),
+                std::floor(p.y / snapTolerance_ / SNAP_TOLERANCES_IN_CELL)};
     }
-    // The oldest node of a cell within the grain, or the count of nodes.
+    // The oldest node of a cell within the snap tolerance, or the count of nodes.
     [[nodiscard]] std::size_t OldestIn(const PlanePoint& cell, const PlanePoint& place) const {
         std::size_t oldest = nodes_.size();
         const auto [begin, end] = cells_.equal_range(cell);
@@ -53,18 +54,19 @@ class NodeTable {
         return oldest;
     }
     [[nodiscard]] bool IsNear(std::size_t node, const PlanePoint& p) const {
-        return std::fabs(nodes_[node].x - p.x) <= grain_ && std::fabs(nodes_[node].y - p.y) <= grain_;
+        return std::fabs(nodes_[node].x - p.x) <= snapTolerance_ &&
+               std::fabs(nodes_[node].y - p.y) <= snapTolerance_;
     }
 
-    double grain_;
+    double snapTolerance_;
     std::vector<PlanePoint> nodes_;
     std::unordered_multimap<PlanePoint, std::size_t, PlaceHash> cells_;
 };
 
-// An edge, however often the outlines run along it, in either direction.
+// An edge, however often the rings run along it, in either direction.
 struct Segment {
     std::size_t from, to;
-    std::array<std::size_t, 2> runs;   // of each outline
+    std::array<std::size_t, 2> runs;   // of each ring
     std::vector<std::size_t> touched;  // the nodes that lie on it, sorted, its ends among them
     std::vector<std::size_t> crossed;  // where it crosses others, also more than once
 
@@ -81,22 +83,22 @@ bool ShareANode(const Segment& a, const Segment& b) {
                        [&](std::size_t node) { return many.Touches(node); });
 }
 
-// Which nodes lie on a line from a to b to the grain.
+// Which nodes lie on a line from a to b to the snap tolerance.
 class NodesOnSegment {
   public:
-    NodesOnSegment(const PlanePoint& a, const PlanePoint& b, double grain)
+    NodesOnSegment(const PlanePoint& a, const PlanePoint& b, double snapTolerance)
         : a_(a),
           b_(b),
-          grain_(grain),
+          snapTolerance_(snapTolerance),
           box_(BoxOf(a, b)),
-          near_{box_.left - SLACK * grain, box_.top - SLACK * grain, box_.right + SLACK * grain,
-                box_.bottom + SLACK * grain},
+          near_{box_.left - SLACK * snapTolerance, box_.top - SLACK * snapTolerance,
+                box_.right + SLACK * snapTolerance, box_.bottom + SLACK * snapTolerance},
           dx_(b.x - a.x),
           dy_(b.y - a.y),
-          slack_(SLACK * grain * std::hypot(dx_, dy_)) {}
+          slack_(SLACK * snapTolerance * std::hypot(dx_, dy_)) {}
 
     [[nodiscard]] bool Holds(const PlanePoint& p) const {
-        return box_.Holds(p, grain_) && std::fabs(SignedDistance(p, a_, b_)) <= grain_;
+        return box_.Holds(p, snapTolerance_) && std::fabs(SignedDistance(p, a_, b_)) <= snapTolerance_;
     }
     // Whether a box may hold such a node: it doesn't lie on one side of the line as a whole.
     [[nodiscard]] bool MayMeet(const Box& box) const {
@@ -109,52 +111,52 @@ class NodesOnSegment {
     }
 
   private:
-    // The grain is some roundings of the largest place; what is compared here has a few more.
+    // The snap tolerance is some roundings of the largest place; what is compared here has a few more.
     static constexpr double SLACK = 4.0;
 
     PlanePoint a_, b_;
-    double grain_;
+    double snapTolerance_;
     Box box_, near_;
     double dx_, dy_, slack_;
 };
 
-// Makes the graph. What a vertex of one outline touches is found before crossings are looked for, so that the
-// rounding of a crossing never decides about touching.
+// Makes the graph. What a vertex of one ring touches is found before intersections are looked for, so that
+// the rounding of an intersection never decides about touching.
 class GraphMaker {
   public:
-    explicit GraphMaker(double grain) : grain_(grain), table_(grain) {}
+    explicit GraphMaker(double snapTolerance) : snapTolerance_(snapTolerance), table_(snapTolerance) {}
 
-    void AddOutline(std::size_t outline, const Outline& vertices) {
-        const std::size_t first = NodeOf(outline, vertices.front());
+    void AddRing(std::size_t ring, const Ring& vertices) {
+        const std::size_t first = NodeOf(ring, vertices.front());
         std::size_t last = first;
         for (std::size_t i = 1; i < vertices.size(); ++i)
-            last = AddEdge(outline, last, NodeOf(outline, vertices[i]));
-        AddEdge(outline, last, first);
+            last = AddEdge(ring, last, NodeOf(ring, vertices[i]));
+        AddEdge(ring, last, first);
     }
 
-    OutlineGraph Make() {
+    RingGraph Make() {
         PutNodesOnSegments();
-        PutCrossingsOnSegments();
+        PutIntersectionsOnSegments();
         PutNodesOnSegments();
-        return {table_.Nodes(), Pieces(), DoOutlinesTouch()};
+        return {table_.Nodes(), Pieces(), DoRingsTouch()};
     }
 
   private:
     // Where many segments run along each other, their pieces are merged before they fill the memory.
     static constexpr std::size_t FEWEST_TO_MERGE = 1 << 20;
 
-    std::size_t NodeOf(std::size_t outline, const PlanePoint& vertex) {
+    std::size_t NodeOf(std::size_t ring, const PlanePoint& vertex) {
         const std::size_t node = table_.At(vertex);
-        vertices_.push_back({node, outline});
+        vertices_.push_back({node, ring});
         return node;
     }
 
-    std::size_t AddEdge(std::size_t outline, std::size_t from, std::size_t to) {
+    std::size_t AddEdge(std::size_t ring, std::size_t from, std::size_t to) {
         if (from == to) return to;
         const std::pair<std::size_t, std::size_t> ends(std::min(from, to), std::max(from, to));
         const auto [found, isNew] = byEnds_.try_emplace(ends, segments_.size());
         if (isNew) segments_.push_back({from, to, {}, {}, {}});
-        ++segments_[found->second].runs[outline];
+        ++segments_[found->second].runs[ring];
         return to;
     }
 
@@ -167,7 +169,7 @@ class GraphMaker {
             places.push_back({p.x, p.y, p.x, p.y});
         const BoxTree tree(places);
         for (Segment& segment : segments_) {
-            const NodesOnSegment on(Place(segment.from), Place(segment.to), grain_);
+            const NodesOnSegment on(Place(segment.from), Place(segment.to), snapTolerance_);
             segment.touched.clear();
             tree.Search([&](const Box& box) { return on.MayMeet(box); },
                         [&](std::size_t node) {
@@ -177,7 +179,7 @@ class GraphMaker {
         }
     }
 
-    void PutCrossingsOnSegments() {
+    void PutIntersectionsOnSegments() {
         std::vector<Box> boxes;
         for (const Segment& segment : segments_)
             boxes.push_back(BoxOfEdge(Place(segment.from), Place(segment.to)));
@@ -185,7 +187,7 @@ class GraphMaker {
     }
 
     // Straight lines that meet in a node meet nowhere else, or they run along each other and have their ends
-    // as nodes. Where that is so to a rounding, the parameters of a crossing would be anything.
+    // as nodes. Where that is so to a rounding, the parameters of an intersection would be anything.
     void Cross(Segment* p, Segment* q) {
         // Copies: the table grows.
         const PlanePoint a = Place(p->from);
@@ -259,10 +261,10 @@ class GraphMaker {
         pieces->resize(count);
     }
 
-    [[nodiscard]] bool DoOutlinesTouch() const {
+    [[nodiscard]] bool DoRingsTouch() const {
         std::vector<std::array<bool, 2>> isOn(table_.Nodes().size(), {false, false});
-        for (const auto& [node, outline] : vertices_)
-            isOn[node][outline] = true;
+        for (const auto& [node, ring] : vertices_)
+            isOn[node][ring] = true;
         for (const Segment& segment : segments_) {
             for (const std::vector<std::size_t>* nodes : {&segment.touched, &segment.crossed}) {
                 for (const std::size_t node : *nodes) {
@@ -275,10 +277,10 @@ class GraphMaker {
     }
 
     struct Vertex {
-        std::size_t node, outline;
+        std::size_t node, ring;
     };
 
-    double grain_;
+    double snapTolerance_;
     NodeTable table_;
     std::vector<Vertex> vertices_;
     std::vector<Segment> segments_;
@@ -287,10 +289,10 @@ class GraphMaker {
 
 }  // namespace
 
-OutlineGraph GraphOf(const Outline& first, const Outline& second, double grain) {
-    GraphMaker maker(grain);
-    maker.AddOutline(0, first);
-    maker.AddOutline(1, second);
+RingGraph GraphOf(const Ring& first, const Ring& second, double snapTolerance) {
+    GraphMaker maker(snapTolerance);
+    maker.AddRing(0, first);
+    maker.AddRing(1, second);
     return maker.Make();
 }
 

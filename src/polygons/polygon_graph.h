@@ -1,4 +1,4 @@
-// The plane graph of two outlines: nodes at their vertices, crossings and touching places, and the pieces of
+// The plane graph of two rings: nodes at their vertices, intersections and touching places, and the pieces of
 // edges between them.
 #pragma once
 
@@ -6,27 +6,27 @@
 #include <cstddef>
 #include <vector>
 
-#include "polygons/polygon_outline.h"
+#include "polygons/polygon_ring.h"
 
 namespace tessara {
 
-// A piece of an edge between two nodes, and how often each outline runs along it, in either direction.
+// A piece of an edge between two nodes, and how often each ring runs along it, in either direction.
 struct GraphPiece {
     std::size_t from, to;  // from < to
     std::array<std::size_t, 2> runs;
 
-    // Whether the two sides of the piece are inside and outside of an outline. Run along twice they aren't.
-    [[nodiscard]] bool Separates(std::size_t outline) const { return runs[outline] % 2 == 1; }
+    // Whether the two sides of the piece are inside and outside of a ring. Run along twice they aren't.
+    [[nodiscard]] bool Separates(std::size_t ring) const { return runs[ring] % 2 == 1; }
 };
 
-struct OutlineGraph {
+struct RingGraph {
     std::vector<PlanePoint> nodes;
     std::vector<GraphPiece> pieces;
-    bool doOutlinesTouch;  // whether they have a node in common
+    bool doRingsTouch;  // whether they have a node in common
 };
 
-// Places within `grain` of each other on both axes become one node, and a node within `grain` of an edge lies
-// on it.
-[[nodiscard]] OutlineGraph GraphOf(const Outline& first, const Outline& second, double grain);
+// Places within `snapTolerance` of each other on both axes become one node, and a node within `snapTolerance`
+// of an edge lies on it.
+[[nodiscard]] RingGraph GraphOf(const Ring& first, const Ring& second, double snapTolerance);
 
 }  // namespace tessara

@@ -11,19 +11,19 @@ namespace tessara {
 namespace {
 
 // How close to a vertex, as a part of the edge, a ray counts as through it: more than what rounding moves
-// their crossing.
+// their intersection.
 constexpr double VERTEX_MARGIN = 1e-9;
 // A turned ray meets other vertices than the ones before it, so that one for each is enough.
 constexpr std::size_t SPARE_RAYS = 16;
 
-bool IsVertex(const PlanePoint& p, const Outline& outline) {
-    return std::find(outline.begin(), outline.end(), p) != outline.end();
+bool IsVertex(const PlanePoint& p, const Ring& ring) {
+    return std::find(ring.begin(), ring.end(), p) != ring.end();
 }
 
 template <class Test>
-bool AnyEdge(const Outline& outline, const Test& test) {
-    for (std::size_t i = 1; i < outline.size(); ++i) {
-        if (test(outline[i - 1], outline[i])) return true;
+bool AnyEdge(const Ring& ring, const Test& test) {
+    for (std::size_t i = 1; i < ring.size(); ++i) {
+        if (test(ring[i - 1], ring[i])) return true;
     }
     return false;
 }
@@ -34,8 +34,8 @@ bool IsNearBox(const PlanePoint& p, const Box& box, double tolerance) {
            p.y - box.bottom < tolerance;
 }
 
-bool IsOnOutline(const PlanePoint& p, const Outline& outline, double tolerance) {
-    return AnyEdge(outline, [&](const PlanePoint& a, const PlanePoint& b) {
+bool IsOnRing(const PlanePoint& p, const Ring& ring, double tolerance) {
+    return AnyEdge(ring, [&](const PlanePoint& a, const PlanePoint& b) {
         return IsNearBox(p, BoxOf(a, b), tolerance) && std::fabs(SignedDistance(p, a, b)) < tolerance;
     });
 }
@@ -61,10 +61,10 @@ Meeting MeetEdge(const PlanePoint& p, const PlanePoint& end, const PlanePoint& a
 }
 
 // Whether the point is inside by one ray; nothing if the ray meets a vertex.
-std::optional<bool> IsInsideByRay(const PlanePoint& p, const PlanePoint& end, const Outline& outline) {
+std::optional<bool> IsInsideByRay(const PlanePoint& p, const PlanePoint& end, const Ring& ring) {
     bool isInside = false;
-    for (std::size_t i = 1; i < outline.size(); ++i) {
-        switch (MeetEdge(p, end, outline[i - 1], outline[i])) {
+    for (std::size_t i = 1; i < ring.size(); ++i) {
+        switch (MeetEdge(p, end, ring[i - 1], ring[i])) {
             case Meeting::Misses:
                 break;
             case Meeting::Crosses:
@@ -80,11 +80,11 @@ std::optional<bool> IsInsideByRay(const PlanePoint& p, const PlanePoint& end, co
 }
 
 // An edge belongs to the rows from its upper end to before its lower end, so that no vertex needs a rule.
-bool IsInsideByRows(const PlanePoint& p, const Outline& outline) {
+bool IsInsideByRows(const PlanePoint& p, const Ring& ring) {
     bool isInside = false;
-    for (std::size_t i = 1; i < outline.size(); ++i) {
-        const PlanePoint& a = outline[i - 1];
-        const PlanePoint& b = outline[i];
+    for (std::size_t i = 1; i < ring.size(); ++i) {
+        const PlanePoint& a = ring[i - 1];
+        const PlanePoint& b = ring[i];
         if ((a.y > p.y) == (b.y > p.y)) continue;
         const double x = a.x + (p.y - a.y) / (b.y - a.y) * (b.x - a.x);
         if (x > p.x) isInside = !isInside;
@@ -92,40 +92,40 @@ bool IsInsideByRows(const PlanePoint& p, const Outline& outline) {
     return isInside;
 }
 
-bool IsInsideByRays(const PlanePoint& p, const Outline& outline) {
+bool IsInsideByRays(const PlanePoint& p, const Ring& ring) {
     PlanePoint end{p.x + 1.0, p.y};
-    if (end.x == p.x) return IsInsideByRows(p, outline);
-    for (std::size_t ray = 0; ray < outline.size() + SPARE_RAYS; ++ray) {
-        const std::optional<bool> isInside = IsInsideByRay(p, end, outline);
+    if (end.x == p.x) return IsInsideByRows(p, ring);
+    for (std::size_t ray = 0; ray < ring.size() + SPARE_RAYS; ++ray) {
+        const std::optional<bool> isInside = IsInsideByRay(p, end, ring);
         if (isInside) return *isInside;
         end.y += 1.0;
     }
-    return IsInsideByRows(p, outline);
+    return IsInsideByRows(p, ring);
 }
 
 // The fewest vertices of a polygon that can cross itself.
-std::size_t FewestOfCrossing(const Outline& polygon) {
+std::size_t FewestOfCrossing(const Ring& polygon) {
     return IsClosed(polygon) ? 5 : 4;
 }
 
 }  // namespace
 
-bool PointInVertices(const PlanePoint& point, const Outline& polygon, double tolerance) {
+bool PointInVertices(const PlanePoint& point, const Ring& polygon, double tolerance) {
     if (IsVertex(point, polygon)) return true;
     if (!BoxOf(polygon).Holds(point, tolerance)) return false;
-    const Outline outline = Tidied(polygon);
-    return IsOnOutline(point, outline, tolerance) || IsInsideByRays(point, outline);
+    const Ring ring = Tidied(polygon);
+    return IsOnRing(point, ring, tolerance) || IsInsideByRays(point, ring);
 }
 
-bool PointInPolygon(const PlanePoint& point, const Outline& polygon, double tolerance) {
+bool PointInPolygon(const PlanePoint& point, const Ring& polygon, double tolerance) {
     if (polygon.size() < FewestOfCrossing(polygon)) return PointInVertices(point, polygon, tolerance);
     if (IsVertex(point, polygon)) return true;
     if (!BoxOf(polygon).Holds(point, tolerance)) return false;
     // Asked of the whole edges: where they are cut, the pieces are bent by a rounding.
-    if (IsOnOutline(point, Tidied(polygon), tolerance)) return true;
-    const std::vector<Outline> parts = SplitVertices(polygon);
+    if (IsOnRing(point, Tidied(polygon), tolerance)) return true;
+    const std::vector<Ring> parts = SplitVertices(polygon);
     return std::any_of(parts.begin(), parts.end(),
-                       [&](const Outline& part) { return PointInVertices(point, part, tolerance); });
+                       [&](const Ring& part) { return PointInVertices(point, part, tolerance); });
 }
 
 }  // namespace tessara

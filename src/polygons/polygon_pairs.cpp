@@ -39,10 +39,10 @@ Box BoxOfEdge(const PlanePoint& a, const PlanePoint& b) {
     return {box.left - marginX, box.top - marginY, box.right + marginX, box.bottom + marginY};
 }
 
-std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> outline) {
+std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> ring) {
     std::vector<Box> boxes;
-    for (std::size_t i = 1; i < outline.size(); ++i)
-        boxes.push_back(BoxOfEdge(outline[i - 1], outline[i]));
+    for (std::size_t i = 1; i < ring.size(); ++i)
+        boxes.push_back(BoxOfEdge(ring[i - 1], ring[i]));
     return boxes;
 }
 

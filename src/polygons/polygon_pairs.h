@@ -6,12 +6,12 @@
 #include <span>
 #include <vector>
 
-#include "polygons/polygon_outline.h"
+#include "polygons/polygon_ring.h"
 
 namespace tessara {
 
-// The boxes of the edges between neighbouring vertices, each wider than rounding can move a crossing.
-[[nodiscard]] std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> outline);
+// The boxes of the edges between neighbouring vertices, each wider than rounding can move an intersection.
+[[nodiscard]] std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> ring);
 [[nodiscard]] Box BoxOfEdge(const PlanePoint& a, const PlanePoint& b);
 
 // Visits every pair of boxes that meet once, the smaller index first, ordered by the left borders.

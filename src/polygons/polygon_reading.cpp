@@ -13,20 +13,20 @@ bool IsSamePlace(const CKoord& a, const CKoord& b) {
     return CompareRecords(Axis::East, a, b) == 0 && CompareRecords(Axis::North, a, b) == 0;
 }
 
-bool AppendPlace(const MapPlane& map, const CKoord& koord, Outline* outline) {
+bool AppendPlace(const MapPlane& map, const CKoord& koord, Ring* ring) {
     PlanePoint place{};
     if (!map.ToPlane(koord, &place)) return false;
-    outline->push_back(place);
+    ring->push_back(place);
     return true;
 }
 
 // All of an edge but its start.
-bool AppendEdge(const MapPlane& map, const CKoord& from, const CKoord& to, Outline* outline) {
-    std::vector<CKoord> chain;
-    if (!DensifyOnMap(map, from, to, DensifyMode::CoordStraight, DEFAULT_PIXEL_TOLERANCE, &chain))
+bool AppendEdge(const MapPlane& map, const CKoord& from, const CKoord& to, Ring* ring) {
+    std::vector<CKoord> polyline;
+    if (!DensifyOnMap(map, from, to, DensifyMode::CoordStraight, DEFAULT_PIXEL_TOLERANCE, &polyline))
         return false;
-    for (std::size_t i = 1; i < chain.size(); ++i) {
-        if (!AppendPlace(map, chain[i], outline)) return false;
+    for (std::size_t i = 1; i < polyline.size(); ++i) {
+        if (!AppendPlace(map, polyline[i], ring)) return false;
     }
     return true;
 }
@@ -46,18 +46,18 @@ bool ReadRecords(IArray* polygon, std::vector<CKoord>* records) {
     return true;
 }
 
-bool ReadCoordEdges(const MapPlane& map, const std::vector<CKoord>& records, Outline* outline) {
-    outline->clear();
+bool ReadCoordEdges(const MapPlane& map, const std::vector<CKoord>& records, Ring* ring) {
+    ring->clear();
     if (records.empty()) return true;
-    if (!AppendPlace(map, records.front(), outline)) return false;
+    if (!AppendPlace(map, records.front(), ring)) return false;
     for (std::size_t i = 1; i < records.size(); ++i) {
-        if (!AppendEdge(map, records[i - 1], records[i], outline)) return false;
+        if (!AppendEdge(map, records[i - 1], records[i], ring)) return false;
     }
     const bool isClosed = IsSamePlace(records.front(), records.back());
-    return isClosed || AppendEdge(map, records.back(), records.front(), outline);
+    return isClosed || AppendEdge(map, records.back(), records.front(), ring);
 }
 
-bool ReadTransferredEdges(IMapCoordOperations* map, IArray* polygon, Outline* outline) {
+bool ReadTransferredEdges(IMapCoordOperations* map, IArray* polygon, Ring* ring) {
     const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
     if (!transfer.IsValid()) return false;
     const std::uint32_t count = polygon->GetCount();
@@ -70,7 +70,7 @@ bool ReadTransferredEdges(IMapCoordOperations* map, IArray* polygon, Outline* ou
         if (!KoordFromCoord(carried.Get(), &koord)) return false;
         records.push_back(koord);
     }
-    return ReadCoordEdges(MapPlane(map), records, outline);
+    return ReadCoordEdges(MapPlane(map), records, ring);
 }
 
 }  // namespace tessara

@@ -1,9 +1,9 @@
-// Polygons of coordinates as outlines in the plane of a map's pixels, by the system in which their edges are
+// Polygons of coordinates as rings in the plane of a map's pixels, by the system in which their edges are
 // straight. geometry/line_reading.h reads those whose edges are straight on the map.
 #pragma once
 
 #include "geometry/map_plane.h"
-#include "polygons/polygon_outline.h"
+#include "polygons/polygon_ring.h"
 #include "tessara/array.h"
 
 namespace tessara {
@@ -12,10 +12,10 @@ namespace tessara {
 // coordinate.
 bool ReadRecords(IArray* polygon, std::vector<CKoord>* records);
 
-// The outline of records whose edges are straight in their own system, followed to a quarter of a pixel.
-bool ReadCoordEdges(const MapPlane& map, const std::vector<CKoord>& records, Outline* outline);
+// The ring of records whose edges are straight in their own system, followed to a quarter of a pixel.
+bool ReadCoordEdges(const MapPlane& map, const std::vector<CKoord>& records, Ring* ring);
 
 // The same of a polygon whose edges are straight in the system in which the map is drawn.
-bool ReadTransferredEdges(IMapCoordOperations* map, IArray* polygon, Outline* outline);
+bool ReadTransferredEdges(IMapCoordOperations* map, IArray* polygon, Ring* ring);
 
 }  // namespace tessara

@@ -17,10 +17,10 @@ struct Stop {
     PlanePoint place;
 };
 
-// The edges of a tidy outline and the stops that are found on them.
+// The edges of a tidy ring and the stops that are found on them.
 class Edges {
   public:
-    explicit Edges(const Outline& outline) : outline_(outline), stops_(outline.size() - 1) {}
+    explicit Edges(const Ring& ring) : ring_(ring), stops_(ring.size() - 1) {}
 
     // Finds the stops on two edges that aren't neighbours.
     void Meet(std::size_t i, std::size_t j) {
@@ -41,9 +41,9 @@ class Edges {
         Add(j, {s, place});
     }
 
-    // The outline through all stops.
-    Outline Walk() {
-        Outline walk{outline_.front()};
+    // The ring through all stops.
+    Ring Walk() {
+        Ring walk{ring_.front()};
         for (std::size_t i = 0; i < stops_.size(); ++i) {
             std::stable_sort(stops_[i].begin(), stops_[i].end(),
                              [](const Stop& a, const Stop& b) { return a.along < b.along; });
@@ -58,7 +58,7 @@ class Edges {
     // The end of an edge is the start of the next one, which stops there.
     static bool IsOn(double parameter) { return parameter >= 0.0 && parameter < 1.0; }
 
-    static void Append(const PlanePoint& place, Outline* walk) {
+    static void Append(const PlanePoint& place, Ring* walk) {
         if (place != walk->back()) walk->push_back(place);
     }
 
@@ -77,10 +77,10 @@ class Edges {
         if (stop.place != From(edge) && stop.place != To(edge)) stops_[edge].push_back(stop);
     }
 
-    [[nodiscard]] const PlanePoint& From(std::size_t edge) const { return outline_[edge]; }
-    [[nodiscard]] const PlanePoint& To(std::size_t edge) const { return outline_[edge + 1]; }
+    [[nodiscard]] const PlanePoint& From(std::size_t edge) const { return ring_[edge]; }
+    [[nodiscard]] const PlanePoint& To(std::size_t edge) const { return ring_[edge + 1]; }
 
-    const Outline& outline_;
+    const Ring& ring_;
     std::vector<std::vector<Stop>> stops_;
 };
 
@@ -88,15 +88,15 @@ bool AreNeighbours(std::size_t i, std::size_t j, std::size_t edgeCount) {
     return j - i == 1 || (i == 0 && j == edgeCount - 1);
 }
 
-Outline WithAllStops(const Outline& outline) {
-    Edges edges(outline);
-    VisitNearPairs(BoxesOfEdges(outline), [&](std::size_t i, std::size_t j) {
-        if (!AreNeighbours(i, j, outline.size() - 1)) edges.Meet(i, j);
+Ring WithAllStops(const Ring& ring) {
+    Edges edges(ring);
+    VisitNearPairs(BoxesOfEdges(ring), [&](std::size_t i, std::size_t j) {
+        if (!AreNeighbours(i, j, ring.size() - 1)) edges.Meet(i, j);
     });
     return edges.Walk();
 }
 
-// Walks along an outline and cuts off each loop as soon as it closes.
+// Walks along a ring and cuts off each loop as soon as it closes.
 class LoopCutter {
   public:
     void Visit(const PlanePoint& place) {
@@ -109,7 +109,7 @@ class LoopCutter {
     }
 
     // What is left closes at its start.
-    std::vector<Outline> Finish() {
+    std::vector<Ring> Finish() {
         CutFrom(0);
         return std::move(parts_);
     }
@@ -117,7 +117,7 @@ class LoopCutter {
   private:
     void CutFrom(std::size_t start) {
         const auto first = path_.begin() + static_cast<std::ptrdiff_t>(start);
-        Outline loop(first, path_.end());
+        Ring loop(first, path_.end());
         path_.erase(first, path_.end());
         for (const PlanePoint& place : loop)
             positions_.erase(place);
@@ -125,12 +125,12 @@ class LoopCutter {
         parts_.push_back(std::move(loop));
     }
 
-    Outline path_;
+    Ring path_;
     std::unordered_map<PlanePoint, std::size_t, PlaceHash> positions_;
-    std::vector<Outline> parts_;
+    std::vector<Ring> parts_;
 };
 
-std::vector<Outline> CutLoops(const Outline& walk) {
+std::vector<Ring> CutLoops(const Ring& walk) {
     LoopCutter cutter;
     for (std::size_t i = 0; i + 1 < walk.size(); ++i)
         cutter.Visit(walk[i]);
@@ -139,11 +139,11 @@ std::vector<Outline> CutLoops(const Outline& walk) {
 
 }  // namespace
 
-std::vector<Outline> SplitVertices(const Outline& polygon) {
-    Outline outline = Tidied(polygon);
-    if (outline.empty()) return {};
-    if (outline.size() < FEWEST_OF_CROSSING) return {std::move(outline)};
-    return CutLoops(WithAllStops(outline));
+std::vector<Ring> SplitVertices(const Ring& polygon) {
+    Ring ring = Tidied(polygon);
+    if (ring.empty()) return {};
+    if (ring.size() < FEWEST_OF_CROSSING) return {std::move(ring)};
+    return CutLoops(WithAllStops(ring));
 }
 
 }  // namespace tessara

@@ -8,14 +8,14 @@ namespace tessara {
 namespace {
 
 // Empty if a place has no coordinate.
-IRef<IArray> ListOf(const Outline& outline, const OutlineForm& form) {
+IRef<IArray> ListOf(const Ring& ring, const RingForm& form) {
     IRef<IArray> list(CreateClassArray());
     if (!list.IsValid()) return {};
-    const std::size_t count = form.isClosed ? outline.size() : outline.size() - 1;
+    const std::size_t count = form.isClosed ? ring.size() : ring.size() - 1;
     for (std::size_t i = 0; i < count; ++i) {
         const IRef<ICoord> coord(CreateClassCoord());
         CKoord koord;
-        if (!form.write(outline[i], &koord) || !KoordToCoord(&koord, coord.Get())) return {};
+        if (!form.write(ring[i], &koord) || !KoordToCoord(&koord, coord.Get())) return {};
         list->Add(coord.Get());
     }
     return list;
@@ -23,7 +23,7 @@ IRef<IArray> ListOf(const Outline& outline, const OutlineForm& form) {
 
 }  // namespace
 
-OutlineForm PixelForm(std::int32_t datum) {
+RingForm PixelForm(std::int32_t datum) {
     const auto write = [datum](const PlanePoint& place, CKoord* koord) {
         tagKOORD record = MakeKoord(datum, KOORD_FLOATPIXEL);
         Store(record, FloatPixelPayload{place.x, place.y});
@@ -33,7 +33,7 @@ OutlineForm PixelForm(std::int32_t datum) {
     return {write, true};
 }
 
-OutlineForm PositionForm(const MapPlane& map, const Reference& reference) {
+RingForm PositionForm(const MapPlane& map, const Reference& reference) {
     const auto write = [&map, reference](const PlanePoint& place, CKoord* koord) {
         *koord = CKoord(MakeKoord(reference.datum, reference.system));
         return map.ToWorld(place, koord);
@@ -41,9 +41,9 @@ OutlineForm PositionForm(const MapPlane& map, const Reference& reference) {
     return {write, false};
 }
 
-bool AppendOutlines(const std::vector<Outline>& outlines, const OutlineForm& form, IArray* list) try {
-    for (const Outline& outline : outlines) {
-        const IRef<IArray> part = ListOf(outline, form);
+bool AppendRings(const std::vector<Ring>& rings, const RingForm& form, IArray* list) try {
+    for (const Ring& ring : rings) {
+        const IRef<IArray> part = ListOf(ring, form);
         if (!part.IsValid()) return false;
         list->Add(part.Get());
     }

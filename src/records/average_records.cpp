@@ -107,7 +107,8 @@ bool MeanBesideBorder(double offset, tagKOORD* mean) {
     double distance = HUGE_VAL;
     for (int round = 0; distance > BORDER_INSET; ++round) {
         if (round == BORDER_ROUNDS) return false;
-        if (!zones::StepAlongMeridian(longitude, position.latitude, 1, &border, &position)) return false;
+        if (!zones::StepAlongMeridian(longitude, position.latitude, RangeCheck::On, &border, &position))
+            return false;
         distance = std::fabs(position.longitude - longitude);
     }
     const double east = zones::East(border);

@@ -16,8 +16,6 @@
 namespace tessara {
 namespace {
 
-constexpr std::int32_t UNCHECKED = 0;
-
 bool IsKernelReference(std::int32_t datum, std::int32_t system) {
     return datum >= 0 && datum < DATUM_COUNT && system >= 0 && system < KOORD_TYPE_COUNT;
 }
@@ -35,7 +33,7 @@ constexpr double REFERENCE_REACH = 0.55;  // metres
 
 bool IsReferenceWithinBorder(Compass side, const tagKOORD& reference) {
     tagKOORD utm = reference;
-    if (!ConvertInZone(KOORD_UTM, UNCHECKED, &utm)) return false;
+    if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, &utm)) return false;
     zones::Want(NO_WANTED_ZONE, &utm);
     tagKOORD border = utm;
     return zones::MoveToBorder(side, &border) &&

@@ -85,7 +85,7 @@ bool MoveToNaturalZone(tagKOORD* record) {
 // Becomes the UTM record of its own zone, in whole metres of easting. Its letters name that zone, which it
 // stays in: a metre at the border may lie in the next one by no more than a rounding.
 bool ReadUtmref(tagKOORD* record) {
-    if (!ConvertInZone(KOORD_UTM, 0, record)) return false;
+    if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, record)) return false;
     zones::Want(NO_WANTED_ZONE, record);
     zones::SetEast(std::trunc(zones::East(*record)), record);
     return true;

@@ -7,10 +7,10 @@
 namespace tessara {
 namespace {
 
-bool Convert(std::int32_t system, std::int16_t wantedZone, std::int32_t checkRange, tagKOORD* record) {
+bool Convert(std::int32_t system, std::int16_t wantedZone, RangeCheck check, tagKOORD* record) {
     tagKOORD target = MakeKoord(static_cast<std::int32_t>(record->datum), system);
     zones::Want(wantedZone, &target);
-    if (KoordConvertEx(record, &target, checkRange) != KOORD_OK) return false;
+    if (ConvertRecord(*record, &target, check) != KOORD_OK) return false;
     *record = target;
     return true;
 }
@@ -18,11 +18,11 @@ bool Convert(std::int32_t system, std::int16_t wantedZone, std::int32_t checkRan
 }  // namespace
 
 bool ConvertTo(std::int32_t system, tagKOORD* record) {
-    return Convert(system, NO_WANTED_ZONE, 1, record);
+    return Convert(system, NO_WANTED_ZONE, RangeCheck::On, record);
 }
 
-bool ConvertInZone(std::int32_t system, std::int32_t checkRange, tagKOORD* record) {
-    return Convert(system, static_cast<std::int16_t>(zones::Number(*record)), checkRange, record);
+bool ConvertInZone(std::int32_t system, RangeCheck check, tagKOORD* record) {
+    return Convert(system, static_cast<std::int16_t>(zones::Number(*record)), check, record);
 }
 
 bool ToGeodez(const tagKOORD& record, GeodezPayload* position) {

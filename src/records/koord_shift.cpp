@@ -15,8 +15,6 @@
 namespace tessara {
 namespace {
 
-constexpr std::int32_t CHECKED = 1;  // conversions test the limits of the system
-
 // Closer to a limit than this counts as on it.
 double ToleranceOf(std::uint32_t system) {
     return system == KOORD_GEODEZ ? 1.0e-7 : 1.0e-4;
@@ -170,9 +168,9 @@ bool ShiftLetterGrid(Axis axis, double delta, tagKOORD* record) {
 // Shifts the UTM form in the same zone; the result wants that zone.
 bool ShiftUtmref(Axis axis, double delta, tagKOORD* record) {
     tagKOORD moved = *record;
-    if (!ConvertInZone(KOORD_UTM, CHECKED, &moved)) return false;
+    if (!ConvertInZone(KOORD_UTM, RangeCheck::On, &moved)) return false;
     if (!koord::Shift(axis, delta, &moved)) return false;
-    if (!ConvertInZone(KOORD_UTMREF, CHECKED, &moved)) return false;
+    if (!ConvertInZone(KOORD_UTMREF, RangeCheck::On, &moved)) return false;
     *record = moved;
     return true;
 }

@@ -21,7 +21,6 @@ namespace tessara {
 namespace {
 
 // A border may lie outside the limits of the system by its outset.
-constexpr std::int32_t UNCHECKED = 0;
 
 constexpr double BORDER_OUTSET = 1e-9;       // degrees
 constexpr double LATITUDE_STEP = 1e-12;      // degrees; smaller steps end the search for a border point
@@ -87,7 +86,7 @@ bool IsOnMeridian(double longitude, double latitude, const tagKOORD& border) {
     tagKOORD point = MakeKoord(DatumOf(border), KOORD_GEODEZ);
     Store(point, GeodezPayload{latitude, longitude, 0.0});
     tagKOORD there = border;
-    if (KoordConvertEx(&point, &there, UNCHECKED) != KOORD_OK) return false;
+    if (ConvertRecord(point, &there, RangeCheck::Off) != KOORD_OK) return false;
     return std::fabs(axes::SignedNorthing(there) - axes::SignedNorthing(border)) < NORTHING_TOLERANCE;
 }
 
@@ -144,10 +143,10 @@ bool ZoneBorderSearch(const ZoneWidth& width, double wide, double narrow, double
 
 ZoneLimit MoveUtmrefToLimit(Compass direction, tagKOORD* record) {
     tagKOORD moved = *record;
-    if (!ConvertInZone(KOORD_UTM, UNCHECKED, &moved)) return ZoneLimit::Failure;
+    if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, &moved)) return ZoneLimit::Failure;
     const ZoneLimit found = zones::MoveToLimit(direction, &moved);
     if (found != ZoneLimit::Border) return found;
-    if (!ConvertInZone(KOORD_UTMREF, UNCHECKED, &moved)) return ZoneLimit::Failure;
+    if (!ConvertInZone(KOORD_UTMREF, RangeCheck::Off, &moved)) return ZoneLimit::Failure;
     zones::Want(NO_WANTED_ZONE, &moved);
     *record = moved;
     return ZoneLimit::Border;
@@ -155,9 +154,9 @@ ZoneLimit MoveUtmrefToLimit(Compass direction, tagKOORD* record) {
 
 bool MoveUtmrefToBorder(Compass side, tagKOORD* record) {
     tagKOORD moved = *record;
-    if (!ConvertInZone(KOORD_UTM, UNCHECKED, &moved)) return false;
+    if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, &moved)) return false;
     if (!zones::MoveToBorder(side, &moved)) return false;
-    if (!ConvertInZone(KOORD_UTMREF, UNCHECKED, &moved)) return false;
+    if (!ConvertInZone(KOORD_UTMREF, RangeCheck::Off, &moved)) return false;
     zones::Want(NO_WANTED_ZONE, &moved);
     *record = moved;
     return true;
@@ -180,7 +179,7 @@ bool zones::MoveToBorder(Compass side, tagKOORD* record) {
     double step = DBL_MAX;
     for (int round = 0; step > LATITUDE_STEP && round < BORDER_ROUNDS; ++round) {
         const double latitude = position.latitude;
-        if (!zones::StepAlongMeridian(longitude, latitude, UNCHECKED, &border, &position)) return false;
+        if (!zones::StepAlongMeridian(longitude, latitude, RangeCheck::Off, &border, &position)) return false;
         step = std::fabs(position.latitude - latitude);
     }
     // Near a limit the kernel's snapping may keep the latitude jumping by as much.

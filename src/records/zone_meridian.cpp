@@ -6,12 +6,12 @@
 
 namespace tessara {
 
-bool zones::StepAlongMeridian(double longitude, double latitude, std::int32_t checkRange, tagKOORD* record,
+bool zones::StepAlongMeridian(double longitude, double latitude, RangeCheck check, tagKOORD* record,
                               GeodezPayload* position) {
     const tagKOORD before = *record;
     tagKOORD point = MakeKoord(static_cast<std::int32_t>(record->datum), KOORD_GEODEZ);
     Store(point, GeodezPayload{latitude, longitude, 0.0});
-    if (KoordConvertEx(&point, record, checkRange) != KOORD_OK) return false;
+    if (ConvertRecord(point, record, check) != KOORD_OK) return false;
     return CopyAxis(Axis::North, before, record) && ToGeodez(*record, position);
 }
 

@@ -1,6 +1,7 @@
 // Finding the point of a meridian at a given northing: what zone borders and midpoints beside them share.
 #pragma once
 
+#include "systems/range_check.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
@@ -12,8 +13,8 @@ namespace zones {
 // lies: its latitude is the one to start the next round from. A round shrinks the distance from the sought
 // point by about the squared sine of the meridian convergence, to a hundredth at worst.
 //
-// False when the point doesn't convert; checkRange is KoordConvertEx's.
-bool StepAlongMeridian(double longitude, double latitude, std::int32_t checkRange, tagKOORD* record,
+// False when the point doesn't convert.
+bool StepAlongMeridian(double longitude, double latitude, RangeCheck check, tagKOORD* record,
                        GeodezPayload* position);
 
 }  // namespace zones

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "kernel/datum_rows.h"
+#include "systems/range_check.h"
 #include "systems/range_checks.h"
 #include "systems/reading.h"
 #include "systems/system_row.h"
@@ -21,14 +22,14 @@ class Conversion {
         PrepareProjection(target, &target_);
     }
 
-    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) const {
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, RangeCheck check) const {
         double position[3] = {};
         KoordStatus status = from_->read(source, source_, position);
         if (status != KOORD_OK) return status;
         if (source.datum != target->datum) ShiftBetween(DatumOf(source), DatumOf(*target), position);
 
         KoordStatus verdict = KOORD_OK;
-        if (checkRange == 1 && target->type != KOORD_GEODEZ) {
+        if (check == RangeCheck::On && target->type != KOORD_GEODEZ) {
             verdict = CheckPosition(position, *to_);
             if (verdict != KOORD_OK && verdict != KOORD_CHECK_AFTER) return verdict;
         }
@@ -45,6 +46,11 @@ class Conversion {
     Projection source_, target_;
 };
 
+// Any number but 1 turns the tests off.
+RangeCheck CheckOf(std::int32_t checkRange) {
+    return checkRange == 1 ? RangeCheck::On : RangeCheck::Off;
+}
+
 bool HaveDatums(const tagKOORD& source, const tagKOORD& target) {
     return RowOf(DatumOf(source)) != nullptr && RowOf(DatumOf(target)) != nullptr;
 }
@@ -52,7 +58,7 @@ bool HaveDatums(const tagKOORD& source, const tagKOORD& target) {
 // A conversion that is prepared anew only where another projection begins.
 class RunOfConversions {
   public:
-    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, std::int32_t checkRange) {
+    KoordStatus Convert(const tagKOORD& source, tagKOORD* target, RangeCheck check) {
         if (!isPrepared_ || !HaveSameProjection(source, firstSource_) ||
             !HaveSameProjection(*target, firstTarget_)) {
             isPrepared_ = HaveDatums(source, *target);
@@ -61,7 +67,7 @@ class RunOfConversions {
             firstSource_ = source;
             firstTarget_ = *target;
         }
-        return conversion_.Convert(source, target, checkRange);
+        return conversion_.Convert(source, target, check);
     }
 
   private:
@@ -78,7 +84,7 @@ class RunOfConversions {
 }  // namespace
 
 KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target) {
-    return KoordConvertEx(source, target, 1);
+    return KoordConvertEx(source, target, static_cast<std::int32_t>(RangeCheck::On));
 }
 
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange) {
@@ -86,7 +92,7 @@ KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_
     if (!HaveDatums(*source, *target)) return KOORD_ERR_DATUM;
     Conversion conversion;
     conversion.Prepare(*source, *target);
-    return conversion.Convert(*source, target, checkRange);
+    return conversion.Convert(*source, target, CheckOf(checkRange));
 }
 
 KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
@@ -96,7 +102,7 @@ KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size
     RunOfConversions run;
     for (std::size_t i = 0; i < count; ++i) {
         const KoordStatus result =
-            hasRecords ? run.Convert(source[i], &target[i], checkRange) : KOORD_ERR_GENERAL;
+            hasRecords ? run.Convert(source[i], &target[i], CheckOf(checkRange)) : KOORD_ERR_GENERAL;
         if (status != nullptr) status[i] = result;
         if (first == KOORD_OK) first = result;
     }

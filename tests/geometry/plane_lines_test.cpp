@@ -180,7 +180,8 @@ TEST(PointOnSegments, IsTheFirstPlaceWhereItLiesOnBoth) {
     EXPECT_EQ(place, (PlanePoint{1, 1}));
 }
 
-// The exact lines y = x / 3 and x + y = 0.1 don't meet in doubles; x of the crossing is 0.075, y is 0.025.
+// The exact lines y = x / 3 and x + y = 0.1 don't meet in doubles; x of the intersection is 0.075, y is
+// 0.025.
 TEST(PointOnSegments, AnAxisOnWhichBothSegmentsRunTakesTheMean) {
     const PlanePoint a1{0, 0}, a2{3, 1}, b1{0, 0.1}, b2{0.1, 0};
     PlanePoint onA{}, onB{};

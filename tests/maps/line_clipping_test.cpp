@@ -14,7 +14,7 @@ constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 // Valid where the condition on x holds; a valid pixel leads back to itself.
 template <class Condition>
 PixelTest Where(Condition condition) {
-    return [condition](const PixelPoint& pixel, PixelPoint* back) {
+    return [condition](const PlanePoint& pixel, PlanePoint* back) {
         if (!condition(pixel.x)) return false;
         *back = pixel;
         return true;
@@ -24,8 +24,8 @@ PixelTest Where(Condition condition) {
 TEST(ClipLine, AWhollyValidLineStaysAsItIs) {
     const ClippedLine line = ClipLine({1.25, 2.0}, {101.0, -40.0}, Where([](double) { return true; }));
     EXPECT_EQ(line.result, CLIP_ALL_VALID);
-    EXPECT_EQ(line.first, (PixelPoint{1.25, 2.0}));
-    EXPECT_EQ(line.second, (PixelPoint{101.0, -40.0}));
+    EXPECT_EQ(line.first, (PlanePoint{1.25, 2.0}));
+    EXPECT_EQ(line.second, (PlanePoint{101.0, -40.0}));
 }
 
 TEST(ClipLine, AWhollyInvalidLineHasNothing) {
@@ -38,12 +38,12 @@ TEST(ClipLine, ALineWithOneValidEndIsCutAtTheEdge) {
     const auto test = Where([](double x) { return x <= 700.0; });
     const ClippedLine forward = ClipLine({0.0, 5.0}, {1000.0, 5.0}, test);
     EXPECT_EQ(forward.result, CLIP_ONE_PIECE);
-    EXPECT_EQ(forward.first, (PixelPoint{0.0, 5.0}));
-    EXPECT_EQ(forward.second, (PixelPoint{1433.0 * 1000.0 / 2048.0, 5.0}));
+    EXPECT_EQ(forward.first, (PlanePoint{0.0, 5.0}));
+    EXPECT_EQ(forward.second, (PlanePoint{1433.0 * 1000.0 / 2048.0, 5.0}));
     const ClippedLine backward = ClipLine({1000.0, 5.0}, {0.0, 5.0}, test);
     EXPECT_EQ(backward.result, CLIP_ONE_PIECE);
     EXPECT_EQ(backward.first, forward.second);
-    EXPECT_EQ(backward.second, (PixelPoint{0.0, 5.0}));
+    EXPECT_EQ(backward.second, (PlanePoint{0.0, 5.0}));
 }
 
 TEST(ClipLine, StopsAtHalfAPixelOnBothAxes) {
@@ -69,7 +69,7 @@ TEST(ClipLine, StopsAtExactlyHalfAPixel) {
     const auto test = Where([](double x) { return x <= 0.8; });
     EXPECT_EQ(ClipLine({0.0, 0.0}, {1.0, 0.0}, test).second.x, 0.5);
     EXPECT_EQ(ClipLine({1.0, 0.0}, {0.0, 0.0}, test).first.x, 0.5);
-    const auto onRow = [](const PixelPoint& p, PixelPoint*) { return p.y <= 0.8; };
+    const auto onRow = [](const PlanePoint& p, PlanePoint*) { return p.y <= 0.8; };
     EXPECT_EQ(ClipLine({0.0, 0.0}, {0.0, 1.0}, onRow).second.y, 0.5);
 }
 
@@ -98,8 +98,8 @@ TEST(ClipLine, AGapBesideTheMiddleIsWalkedTo) {
     const ClippedLine line =
         ClipLine({0.0, 7.0}, {1000.0, 7.0}, Where([](double x) { return x < 99.5 || x > 200.5; }));
     EXPECT_EQ(line.result, CLIP_ONE_GAP);
-    EXPECT_EQ(line.first, (PixelPoint{99.0, 7.0}));
-    EXPECT_EQ(line.second, (PixelPoint{201.0, 7.0}));
+    EXPECT_EQ(line.first, (PlanePoint{99.0, 7.0}));
+    EXPECT_EQ(line.second, (PlanePoint{201.0, 7.0}));
 }
 
 TEST(ClipLine, OnlyTheFirstOfSeveralGapsIsFound) {
@@ -138,7 +138,7 @@ TEST(ClipLine, APieceBesideTheMiddleReachesPastTheEnd) {
 
 // ... unless the pixel to which its position leads back is invalid.
 TEST(ClipLine, APieceThatLeadsBackElsewhereIsOnePixel) {
-    const ClippedLine line = ClipLine({0.0, 0.0}, {1000.0, 0.0}, [](const PixelPoint& p, PixelPoint* back) {
+    const ClippedLine line = ClipLine({0.0, 0.0}, {1000.0, 0.0}, [](const PlanePoint& p, PlanePoint* back) {
         *back = {5000.0, 0.0};
         return p.x > 99.5 && p.x < 200.5;
     });
@@ -149,7 +149,7 @@ TEST(ClipLine, APieceThatLeadsBackElsewhereIsOnePixel) {
 
 // ... and unless there is no other point before the end.
 TEST(ClipLine, APieceOnTheLastPointReachesPastTheEnd) {
-    const ClippedLine line = ClipLine({0.0, 0.0}, {10.5, 0.0}, [](const PixelPoint& p, PixelPoint* back) {
+    const ClippedLine line = ClipLine({0.0, 0.0}, {10.5, 0.0}, [](const PlanePoint& p, PlanePoint* back) {
         *back = {5000.0, 0.0};
         return p.x == 10.0;
     });
@@ -173,8 +173,8 @@ TEST(ClipLine, ALineOfOnePointIsValidOrNot) {
     const auto test = Where([](double x) { return x > 0.0; });
     const ClippedLine valid = ClipLine({1.0, 2.0}, {1.0, 2.0}, test);
     EXPECT_EQ(valid.result, CLIP_ALL_VALID);
-    EXPECT_EQ(valid.first, (PixelPoint{1.0, 2.0}));
-    EXPECT_EQ(valid.second, (PixelPoint{1.0, 2.0}));
+    EXPECT_EQ(valid.first, (PlanePoint{1.0, 2.0}));
+    EXPECT_EQ(valid.second, (PlanePoint{1.0, 2.0}));
     EXPECT_EQ(ClipLine({-1.0, 2.0}, {-1.0, 2.0}, test).result, CLIP_NONE_VALID);
 }
 

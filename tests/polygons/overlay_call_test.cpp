@@ -15,10 +15,10 @@ using testing::DATUM_GER;
 using testing::LineOf;
 using testing::LongPixel;
 using testing::Nowhere;
-using testing::OutlineOf;
 using testing::Part;
 using testing::PixelPolygon;
 using testing::PolarSquare;
+using testing::RingOf;
 using testing::Utm32;
 
 enum { NEITHER, ONLY_SECOND, ONLY_FIRST, BOTH };
@@ -94,7 +94,7 @@ TEST_F(OverlayCallTest, PixelPartsAreClosedFloatingPixels) {
         ASSERT_EQ(Run(kind, whole, other), OVERLAY_CROSSING);
         const IRef<IArray> both = Part(lists[BOTH], 0);
         ASSERT_EQ(both->GetCount(), 5u);
-        EXPECT_EQ(OutlineOf(both).front(), OutlineOf(both).back());
+        EXPECT_EQ(RingOf(both).front(), RingOf(both).back());
         const CKoord vertex = KoordOf(At(both, 0));
         EXPECT_EQ(vertex.type, static_cast<std::uint32_t>(KOORD_FLOATPIXEL));
         // On the map's datum, or without a map on that of the polygons.
@@ -279,8 +279,8 @@ TEST_F(OverlayCallTest, InputsStayAsTheyAre) {
     const auto second = Rectangle(2, 2, 6, 6);
     for (const Kind kind : KINDS)
         EXPECT_EQ(Run(kind, first, second), OVERLAY_CROSSING);
-    EXPECT_EQ(OutlineOf(first), testing::Rectangle(0, 0, 4, 4));
-    EXPECT_EQ(OutlineOf(second), testing::Rectangle(2, 2, 6, 6));
+    EXPECT_EQ(RingOf(first), testing::Rectangle(0, 0, 4, 4));
+    EXPECT_EQ(RingOf(second), testing::Rectangle(2, 2, 6, 6));
     EXPECT_EQ(CountOf(first), 1u);
     EXPECT_EQ(CountOf(At(first, 0)), 2u);
     EXPECT_EQ(CountOf(map), 1u);

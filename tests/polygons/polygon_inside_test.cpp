@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "polygons/polygon_split.h"
-#include "support/outlines.h"
+#include "support/rings.h"
 
 namespace tessara {
 namespace {
@@ -24,7 +24,7 @@ constexpr double TOLERANCE = 2.220446049250313e-11;
 constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
 
-const Outline BOW_TIE{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
+const Ring BOW_TIE{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
 
 __extension__ typedef __int128 Wide;
 
@@ -35,7 +35,7 @@ struct WholePoint {
     bool operator==(const WholePoint&) const = default;
 };
 
-using WholeOutline = std::vector<WholePoint>;
+using WholeRing = std::vector<WholePoint>;
 
 // Twice the area of a, b, p: positive if p is to the left of a-b in axes with y upward. Exact.
 int SideOf(const WholePoint& a, const WholePoint& b, const WholePoint& p) {
@@ -49,19 +49,19 @@ bool IsOnEdge(const WholePoint& a, const WholePoint& b, const WholePoint& p) {
 }
 
 struct ExactPlace {
-    bool isOnOutline;
+    bool isOnRing;
     bool isInsideEvenOdd;
     int winding;
 };
 
 // Counts the edges that cross the row of p to its right. An edge has its upper end and not its lower one, so
-// that each crossing counts once; no division is needed to see on which side of p it lies.
-ExactPlace PlaceOf(const WholePoint& p, const WholeOutline& outline) {
+// that each intersection counts once; no division is needed to see on which side of p it lies.
+ExactPlace PlaceOf(const WholePoint& p, const WholeRing& ring) {
     ExactPlace place{};
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        const WholePoint& a = outline[i];
-        const WholePoint& b = outline[(i + 1) % outline.size()];
-        if (IsOnEdge(a, b, p)) place.isOnOutline = true;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const WholePoint& a = ring[i];
+        const WholePoint& b = ring[(i + 1) % ring.size()];
+        if (IsOnEdge(a, b, p)) place.isOnRing = true;
         if ((a.y > p.y) == (b.y > p.y)) continue;
         const bool isUpward = b.y > a.y;
         const bool isRight = SideOf(a, b, p) == (isUpward ? 1 : -1);
@@ -73,9 +73,9 @@ ExactPlace PlaceOf(const WholePoint& p, const WholeOutline& outline) {
 }
 
 // Whether no two edges meet but neighbours in their common vertex.
-bool IsSimple(const WholeOutline& outline) {
-    const std::size_t n = outline.size();
-    const auto at = [&](std::size_t i) { return outline[i % n]; };
+bool IsSimple(const WholeRing& ring) {
+    const std::size_t n = ring.size();
+    const auto at = [&](std::size_t i) { return ring[i % n]; };
     for (std::size_t i = 0; i < n; ++i) {
         if (at(i) == at(i + 1) || IsOnEdge(at(i), at(i + 1), at(i + 2))) return false;
         if (IsOnEdge(at(i + 1), at(i + 2), at(i))) return false;
@@ -92,7 +92,7 @@ bool IsSimple(const WholeOutline& outline) {
     return true;
 }
 
-// Whole coordinates and tenths, from crowded outlines to wide ones.
+// Whole coordinates and tenths, from crowded rings to wide ones.
 struct Raster {
     int perUnit;
     std::int32_t size;
@@ -106,18 +106,18 @@ class ExactCases {
 
     WholePoint Point() { return {Coordinate(), Coordinate()}; }
 
-    WholeOutline Outline() {
-        WholeOutline outline(static_cast<std::size_t>(3 + random_.Below(10)));
-        for (WholePoint& vertex : outline)
+    WholeRing Ring() {
+        WholeRing ring(static_cast<std::size_t>(3 + random_.Below(10)));
+        for (WholePoint& vertex : ring)
             vertex = Point();
-        return outline;
+        return ring;
     }
 
     // Anywhere, on a vertex, in the row of one or in the middle of an edge.
-    WholePoint Probe(const WholeOutline& outline) {
-        const auto i = static_cast<std::size_t>(random_.Below(static_cast<std::int32_t>(outline.size())));
-        const WholePoint& a = outline[i];
-        const WholePoint& b = outline[(i + 1) % outline.size()];
+    WholePoint Probe(const WholeRing& ring) {
+        const auto i = static_cast<std::size_t>(random_.Below(static_cast<std::int32_t>(ring.size())));
+        const WholePoint& a = ring[i];
+        const WholePoint& b = ring[(i + 1) % ring.size()];
         switch (random_.Below(8)) {
             case 0:
                 return a;
@@ -134,9 +134,9 @@ class ExactCases {
         return {static_cast<double>(p.x) / raster_.perUnit, static_cast<double>(p.y) / raster_.perUnit};
     }
 
-    [[nodiscard]] tessara::Outline Pixels(const WholeOutline& outline) const {
-        tessara::Outline pixels;
-        for (const WholePoint& p : outline)
+    [[nodiscard]] tessara::Ring Pixels(const WholeRing& ring) const {
+        tessara::Ring pixels;
+        for (const WholePoint& p : ring)
             pixels.push_back(Pixel(p));
         return pixels;
     }
@@ -149,20 +149,20 @@ class ExactCases {
 };
 
 TEST(PointInVertices, AgreesWithExactArithmeticInAHundredThousandCases) {
-    constexpr int OUTLINES = 1700;  // times 6 rasters times 10 points
+    constexpr int RINGS = 1700;  // times 6 rasters times 10 points
     int inside = 0;
     int cases = 0;
     for (std::size_t r = 0; r < RASTERS.size(); ++r) {
         ExactCases random(RASTERS[r], 100 + r);
-        for (int k = 0; k < OUTLINES; ++k) {
-            const WholeOutline whole = random.Outline();
-            const Outline outline = random.Pixels(whole);
+        for (int k = 0; k < RINGS; ++k) {
+            const WholeRing whole = random.Ring();
+            const Ring ring = random.Pixels(whole);
             for (int probe = 0; probe < 10; ++probe) {
                 const WholePoint p = random.Probe(whole);
                 const ExactPlace exact = PlaceOf(p, whole);
-                const bool isInside = exact.isOnOutline || exact.isInsideEvenOdd;
-                ASSERT_EQ(PointInVertices(random.Pixel(p), outline, TOLERANCE), isInside)
-                    << "raster " << r << ", outline " << k << ", point " << p.x << " " << p.y;
+                const bool isInside = exact.isOnRing || exact.isInsideEvenOdd;
+                ASSERT_EQ(PointInVertices(random.Pixel(p), ring, TOLERANCE), isInside)
+                    << "raster " << r << ", ring " << k << ", point " << p.x << " " << p.y;
                 inside += isInside;
                 ++cases;
             }
@@ -173,22 +173,22 @@ TEST(PointInVertices, AgreesWithExactArithmeticInAHundredThousandCases) {
     EXPECT_LT(inside, 75000);
 }
 
-TEST(PointInPolygon, AgreesWithExactArithmeticOnSimpleOutlines) {
+TEST(PointInPolygon, AgreesWithExactArithmeticOnSimpleRings) {
     int simple = 0;
     int inside = 0;
     for (std::size_t r = 0; r < RASTERS.size(); ++r) {
         ExactCases random(RASTERS[r], 200 + r);
         for (int k = 0; k < 3000; ++k) {
-            const WholeOutline whole = random.Outline();
+            const WholeRing whole = random.Ring();
             if (!IsSimple(whole)) continue;
             ++simple;
-            const Outline outline = random.Pixels(whole);
+            const Ring ring = random.Pixels(whole);
             for (int probe = 0; probe < 10; ++probe) {
                 const WholePoint p = random.Probe(whole);
                 const ExactPlace exact = PlaceOf(p, whole);
-                const bool isInside = exact.isOnOutline || exact.isInsideEvenOdd;
-                ASSERT_EQ(PointInPolygon(random.Pixel(p), outline, TOLERANCE), isInside)
-                    << "raster " << r << ", outline " << k << ", point " << p.x << " " << p.y;
+                const bool isInside = exact.isOnRing || exact.isInsideEvenOdd;
+                ASSERT_EQ(PointInPolygon(random.Pixel(p), ring, TOLERANCE), isInside)
+                    << "raster " << r << ", ring " << k << ", point " << p.x << " " << p.y;
                 inside += isInside;
             }
         }
@@ -199,19 +199,19 @@ TEST(PointInPolygon, AgreesWithExactArithmeticOnSimpleOutlines) {
 
 // Each loop of the walk winds around its inside once. So a point with an odd count lies in an odd number of
 // loops, and one with a winding other than 0 in at least one.
-TEST(PointInPolygon, HoldsWhateverTheOutlineWindsAround) {
+TEST(PointInPolygon, HoldsWhateverTheRingWindsAround) {
     int wound = 0;
     for (std::size_t r = 0; r < RASTERS.size(); ++r) {
         ExactCases random(RASTERS[r], 300 + r);
         for (int k = 0; k < 1000; ++k) {
-            const WholeOutline whole = random.Outline();
-            const Outline outline = random.Pixels(whole);
+            const WholeRing whole = random.Ring();
+            const Ring ring = random.Pixels(whole);
             for (int probe = 0; probe < 5; ++probe) {
                 const WholePoint p = random.Probe(whole);
                 const ExactPlace exact = PlaceOf(p, whole);
-                if (!exact.isOnOutline && !exact.isInsideEvenOdd && exact.winding == 0) continue;
-                ASSERT_TRUE(PointInPolygon(random.Pixel(p), outline, TOLERANCE))
-                    << "raster " << r << ", outline " << k << ", point " << p.x << " " << p.y;
+                if (!exact.isOnRing && !exact.isInsideEvenOdd && exact.winding == 0) continue;
+                ASSERT_TRUE(PointInPolygon(random.Pixel(p), ring, TOLERANCE))
+                    << "raster " << r << ", ring " << k << ", point " << p.x << " " << p.y;
                 ++wound;
             }
         }
@@ -235,7 +235,7 @@ TEST(PointInVertices, AVertexIsInside) {
 }
 
 TEST(PointInVertices, APointNearerToAnEdgeThanTheToleranceIsInside) {
-    const Outline diamond{{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
+    const Ring diamond{{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
     // The edge from (4, 0) to (0, 4) lies on x + y = 4; moving out by (d, d) is a distance of d times 1.414.
     EXPECT_TRUE(PointInVertices({2 + 1e-11, 2 + 1e-11}, diamond, TOLERANCE));
     EXPECT_FALSE(PointInVertices({2 + 2e-11, 2 + 2e-11}, diamond, TOLERANCE));
@@ -244,14 +244,14 @@ TEST(PointInVertices, APointNearerToAnEdgeThanTheToleranceIsInside) {
 }
 
 // Both tests of a polygon.
-bool IsInside(const PlanePoint& p, const Outline& outline, double tolerance) {
-    const bool isInside = PointInVertices(p, outline, tolerance);
-    EXPECT_EQ(PointInPolygon(p, outline, tolerance), isInside);
+bool IsInside(const PlanePoint& p, const Ring& ring, double tolerance) {
+    const bool isInside = PointInVertices(p, ring, tolerance);
+    EXPECT_EQ(PointInPolygon(p, ring, tolerance), isInside);
     return isInside;
 }
 
 TEST(PointInVertices, ARectangleIsWiderByTheTolerance) {
-    for (const Outline& square : {Rectangle(0, 0, 4, 4), testing::Reversed(Rectangle(0, 0, 4, 4))}) {
+    for (const Ring& square : {Rectangle(0, 0, 4, 4), testing::Reversed(Rectangle(0, 0, 4, 4))}) {
         for (const double along : {0.0, 0.25, 2.0, 4.0}) {
             for (const double off : {0.25, 0.49}) {
                 EXPECT_TRUE(IsInside({4 + off, along}, square, 0.5));
@@ -273,7 +273,7 @@ TEST(PointInVertices, ARectangleIsWiderByTheTolerance) {
 }
 
 TEST(PointInVertices, AnEdgeEndsWhereItsBoxGrownByTheToleranceEnds) {
-    const Outline flag{{0, 0}, {4, 4}, {0, 8}, {0, 0}};
+    const Ring flag{{0, 0}, {4, 4}, {0, 8}, {0, 0}};
     // On the line of the edge from (0, 0) to (4, 4), beyond its end.
     EXPECT_TRUE(IsInside({4.25, 4.25}, flag, 0.5));
     EXPECT_FALSE(IsInside({4.5, 4.5}, flag, 0.5));
@@ -284,7 +284,7 @@ TEST(PointInVertices, AnEdgeEndsWhereItsBoxGrownByTheToleranceEnds) {
 // Where the tolerance is lost beside the coordinates, points exactly on an edge are on it still.
 TEST(PointInVertices, ATinyToleranceCountsFarFromTheOrigin) {
     const double far = 0x1p40;  // neighbouring numbers are 2e-4 apart
-    const Outline square = Rectangle(far, far, far + 4, far + 4);
+    const Ring square = Rectangle(far, far, far + 4, far + 4);
     EXPECT_TRUE(IsInside({far + 4, far + 2}, square, TOLERANCE));
     EXPECT_FALSE(IsInside({std::nextafter(far + 4, INF), far + 2}, square, TOLERANCE));
     EXPECT_TRUE(IsInside({std::nextafter(far + 4, INF), far + 2}, square, 0.001));
@@ -301,21 +301,21 @@ TEST(PointInVertices, ToleranceZeroLeavesExactPointsOnEdgesInside) {
 
 TEST(PointInVertices, TheResultDoesNotDependOnVerticesInTheRow) {
     // The rows through (1, 2) and (-1, 2) meet vertices of all kinds: tips, passing ones and a flat edge.
-    const Outline crown{{0, 0}, {8, 0}, {8, 2}, {7, 4}, {6, 2}, {5, 4}, {4, 2}, {3, 2}, {2, 4}, {0, 4}};
+    const Ring crown{{0, 0}, {8, 0}, {8, 2}, {7, 4}, {6, 2}, {5, 4}, {4, 2}, {3, 2}, {2, 4}, {0, 4}};
     for (std::size_t start = 0; start < crown.size(); ++start) {
-        for (const Outline& outline : {StartingAt(start, crown), Reversed(StartingAt(start, crown))}) {
-            EXPECT_TRUE(PointInVertices({1, 2}, outline, TOLERANCE));
-            EXPECT_FALSE(PointInVertices({-1, 2}, outline, TOLERANCE));
-            EXPECT_FALSE(PointInVertices({9, 2}, outline, TOLERANCE));
-            EXPECT_TRUE(PointInVertices({1, 3.5}, outline, TOLERANCE));
-            EXPECT_FALSE(PointInVertices({6, 3.5}, outline, TOLERANCE));
+        for (const Ring& ring : {StartingAt(start, crown), Reversed(StartingAt(start, crown))}) {
+            EXPECT_TRUE(PointInVertices({1, 2}, ring, TOLERANCE));
+            EXPECT_FALSE(PointInVertices({-1, 2}, ring, TOLERANCE));
+            EXPECT_FALSE(PointInVertices({9, 2}, ring, TOLERANCE));
+            EXPECT_TRUE(PointInVertices({1, 3.5}, ring, TOLERANCE));
+            EXPECT_FALSE(PointInVertices({6, 3.5}, ring, TOLERANCE));
         }
     }
 }
 
 TEST(PointInVertices, ARayIsTurnedUntilItMeetsNoVertex) {
     // The rays from (0, 0) to (1, k) for k = 0, 1, ... 9 all meet the vertex (10, 10 k).
-    Outline fan{{-5, -5}, {10, -5}};
+    Ring fan{{-5, -5}, {10, -5}};
     for (int k = 0; k < 10; ++k)
         fan.push_back({10, 10.0 * k});
     fan.push_back({-5, 95});
@@ -323,32 +323,32 @@ TEST(PointInVertices, ARayIsTurnedUntilItMeetsNoVertex) {
     EXPECT_FALSE(PointInVertices({-6, 0}, fan, TOLERANCE));
 }
 
-TEST(PointInVertices, ClosedOpenAndRepeatingOutlinesAreTheSame) {
-    const Outline open = Rectangle(0, 0, 4, 4);
-    Outline repeating;
+TEST(PointInVertices, ClosedOpenAndRepeatingRingsAreTheSame) {
+    const Ring open = Rectangle(0, 0, 4, 4);
+    Ring repeating;
     for (const PlanePoint& vertex : Closed(open))
         repeating.insert(repeating.end(), 3, vertex);
-    for (const Outline& outline : {open, Closed(open), repeating, Closed(repeating)}) {
+    for (const Ring& ring : {open, Closed(open), repeating, Closed(repeating)}) {
         for (const auto& test : {PointInVertices, PointInPolygon}) {
-            EXPECT_TRUE(test({1, 1}, outline, TOLERANCE));
-            EXPECT_TRUE(test({0, 3}, outline, TOLERANCE));
-            EXPECT_FALSE(test({5, 1}, outline, TOLERANCE));
+            EXPECT_TRUE(test({1, 1}, ring, TOLERANCE));
+            EXPECT_TRUE(test({0, 3}, ring, TOLERANCE));
+            EXPECT_FALSE(test({5, 1}, ring, TOLERANCE));
         }
     }
 }
 
 TEST(PointInPolygon, BothTrianglesOfABowTieAreInside) {
-    for (const Outline& outline : {BOW_TIE, Closed(BOW_TIE)}) {
-        EXPECT_TRUE(PointInPolygon({0.25, 1}, outline, TOLERANCE));
-        EXPECT_TRUE(PointInPolygon({1.75, 1}, outline, TOLERANCE));
-        EXPECT_TRUE(PointInPolygon({1, 1}, outline, TOLERANCE));
-        EXPECT_FALSE(PointInPolygon({1, 0.5}, outline, TOLERANCE));
-        EXPECT_FALSE(PointInPolygon({1, 1.5}, outline, TOLERANCE));
+    for (const Ring& ring : {BOW_TIE, Closed(BOW_TIE)}) {
+        EXPECT_TRUE(PointInPolygon({0.25, 1}, ring, TOLERANCE));
+        EXPECT_TRUE(PointInPolygon({1.75, 1}, ring, TOLERANCE));
+        EXPECT_TRUE(PointInPolygon({1, 1}, ring, TOLERANCE));
+        EXPECT_FALSE(PointInPolygon({1, 0.5}, ring, TOLERANCE));
+        EXPECT_FALSE(PointInPolygon({1, 1.5}, ring, TOLERANCE));
     }
 }
 
 TEST(PointInPolygon, TheMiddleOfAPentagramIsInside) {
-    Outline star;
+    Ring star;
     for (int i = 0; i < 5; ++i)
         star.push_back(
             {100 * std::cos(i * 2 * 1.2566370614359172), 100 * std::sin(i * 2 * 1.2566370614359172)});
@@ -356,9 +356,9 @@ TEST(PointInPolygon, TheMiddleOfAPentagramIsInside) {
     EXPECT_TRUE(PointInPolygon({0, 0}, star, TOLERANCE));
 }
 
-TEST(PointInPolygon, AWayThereAndBackIsOnTheOutline) {
-    const Outline flagpole{{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}};
-    const Outline flat{{0, 0}, {4, 0}, {8, 0}, {4, 0}};
+TEST(PointInPolygon, AWayThereAndBackIsOnTheRing) {
+    const Ring flagpole{{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}};
+    const Ring flat{{0, 0}, {4, 0}, {8, 0}, {4, 0}};
     for (const double tolerance : {0.0, TOLERANCE}) {
         EXPECT_TRUE(PointInPolygon({2, 7}, flagpole, tolerance));
         EXPECT_FALSE(PointInPolygon({1, 7}, flagpole, tolerance));
@@ -372,7 +372,7 @@ TEST(PointInPolygon, AWayThereAndBackIsOnTheOutline) {
 
 TEST(PointInPolygon, AThousandVerticesAreDecidedByTheRadius) {
     Random random(5);
-    const Outline star = RandomStar(random, 1000, {500, 500}, 400);
+    const Ring star = RandomStar(random, 1000, {500, 500}, 400);
     EXPECT_TRUE(PointInPolygon({500, 500}, star, TOLERANCE));
     for (int i = 0; i < 20; ++i) {
         const double angle = random.Between(0, 6.28);
@@ -388,7 +388,7 @@ TEST(PointInVertices, WhereATurnOfTheRayIsLostRowsDecide) {
     const double far = 0x1p60;  // one pixel more is the same number
     const double step = 0x1p12;
     // Each edge is the first once.
-    Outline triangle{{far - step, far - step}, {far + 2 * step, far}, {far - step, far + step}};
+    Ring triangle{{far - step, far - step}, {far + 2 * step, far}, {far - step, far + step}};
     for (int first = 0; first < 3; ++first) {
         EXPECT_TRUE(PointInVertices({far, far}, triangle, TOLERANCE));
         EXPECT_FALSE(PointInVertices({far - 2 * step, far}, triangle, TOLERANCE));
@@ -404,19 +404,19 @@ TEST(PointInPolygon, EndsForEveryNumber) {
                              INF, -INF, NONE};
     for (const double a : values) {
         for (const double b : values) {
-            const Outline outline{{a, 0}, {2, b}, {b, a}, {a, a}, {0, 3}, {b, b}, {b, b}};
+            const Ring ring{{a, 0}, {2, b}, {b, a}, {a, a}, {0, 3}, {b, b}, {b, b}};
             for (const PlanePoint p : {PlanePoint{1, 1}, PlanePoint{a, b}, PlanePoint{b, 1}}) {
                 for (const double tolerance : {0.0, TOLERANCE, 1e300, INF}) {
                     const bool isInside =
-                        PointInVertices(p, outline, tolerance) || PointInPolygon(p, outline, tolerance);
-                    EXPECT_TRUE(!isInside || BoxOf(outline).Holds(p, tolerance));
+                        PointInVertices(p, ring, tolerance) || PointInPolygon(p, ring, tolerance);
+                    EXPECT_TRUE(!isInside || BoxOf(ring).Holds(p, tolerance));
                 }
             }
         }
     }
     EXPECT_FALSE(PointInPolygon({NONE, 1}, Rectangle(0, 0, 4, 4), TOLERANCE));
     EXPECT_FALSE(PointInPolygon({1, INF}, Rectangle(0, 0, 4, 4), TOLERANCE));
-    EXPECT_FALSE(PointInPolygon({1, 1}, Outline(6, {NONE, NONE}), TOLERANCE));
+    EXPECT_FALSE(PointInPolygon({1, 1}, Ring(6, {NONE, NONE}), TOLERANCE));
 }
 
 }  // namespace

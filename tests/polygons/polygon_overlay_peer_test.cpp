@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "polygons/polygon_overlay.h"
-#include "support/outlines.h"
+#include "support/rings.h"
 #include "tessara/coordinate_area.h"
 
 namespace tessara {
@@ -28,8 +28,8 @@ class Peer {
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
 
-    Shape Polygon(const Outline& open) {
-        const Outline ring = Closed(open);
+    Shape Polygon(const Ring& open) {
+        const Ring ring = Closed(open);
         GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(context_, static_cast<unsigned>(ring.size()), 2);
         for (std::size_t i = 0; i < ring.size(); ++i)
             GEOSCoordSeq_setXY_r(context_, sequence, static_cast<unsigned>(i), ring[i].x, ring[i].y);
@@ -87,13 +87,13 @@ struct PeerOverlay {
     std::int32_t result;
 };
 
-PeerOverlay OverlayByPeer(Peer& peer, const Outline& first, const Outline& second) {
+PeerOverlay OverlayByPeer(Peer& peer, const Ring& first, const Ring& second) {
     const Peer::Shape a = peer.Polygon(first);
     const Peer::Shape b = peer.Polygon(second);
     EXPECT_TRUE(peer.IsSimple(a) && peer.IsSimple(b));
     PeerOverlay found{peer.AreaOf(peer.Common(a, b)), peer.AreaOf(peer.Difference(a, b)),
                       peer.AreaOf(peer.Difference(b, a)), OVERLAY_APART};
-    // Less than this is what rounded crossings leave of nothing.
+    // Less than this is what rounded intersections leave of nothing.
     const double nothing = 1e-9 * (Area(first) + Area(second));
     if (found.both <= nothing) {
         const double shared = peer.LengthOf(peer.Common(peer.Border(a), peer.Border(b)));
@@ -110,7 +110,7 @@ PeerOverlay OverlayByPeer(Peer& peer, const Outline& first, const Outline& secon
 }
 
 struct Pair {
-    Outline first, second;
+    Ring first, second;
 };
 
 // Stars of all sizes near each other.
@@ -153,7 +153,7 @@ void Check(Peer& peer, const Pair& pair, Tally* tally) {
     const double second = Area(pair.second);
     EXPECT_NEAR(AreaOf(parts.both) + AreaOf(parts.onlyFirst), first, 1e-6 * first);
     EXPECT_NEAR(AreaOf(parts.both) + AreaOf(parts.onlySecond), second, 1e-6 * second);
-    // Both round their crossings to 1e-13, along outlines of a few thousand.
+    // Both round their intersections to 1e-13, along rings of a few thousand.
     EXPECT_NEAR(AreaOf(parts.both), expected.both, 1e-9);
     EXPECT_NEAR(AreaOf(parts.onlyFirst), expected.onlyFirst, 1e-9);
     EXPECT_NEAR(AreaOf(parts.onlySecond), expected.onlySecond, 1e-9);
@@ -195,17 +195,17 @@ TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
     Random random(13);
     for (int k = 0; k < 20; ++k) {
         SCOPED_TRACE(k);
-        Outline outlines[2];
-        for (Outline& outline : outlines) {
-            outline.resize(static_cast<std::size_t>(20 + random.Below(60)));
-            for (PlanePoint& p : outline)
+        Ring rings[2];
+        for (Ring& ring : rings) {
+            ring.resize(static_cast<std::size_t>(20 + random.Below(60)));
+            for (PlanePoint& p : ring)
                 p = {random.Between(0, 1000), random.Between(0, 1000)};
         }
         OverlayParts parts;
-        ASSERT_EQ(OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts), OVERLAY_CROSSING);
+        ASSERT_EQ(OverlayVertices(rings[0], rings[1], TOLERANCE, &parts), OVERLAY_CROSSING);
 
-        const Peer::Shape first = peer.Polygon(outlines[0]);
-        const Peer::Shape second = peer.Polygon(outlines[1]);
+        const Peer::Shape first = peer.Polygon(rings[0]);
+        const Peer::Shape second = peer.Polygon(rings[1]);
         const Peer::Shape faces = peer.Faces(first, second);
         std::array<std::array<std::size_t, 2>, 2> counts{};
         std::array<std::array<double, 2>, 2> areas{};
@@ -217,13 +217,13 @@ TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
             ++counts[isInFirst][isInSecond];
             areas[isInFirst][isInSecond] += peer.AreaOf(face);
         }
-        const std::vector<Outline>* const lists[2][2] = {{&parts.neither, &parts.onlySecond},
-                                                         {&parts.onlyFirst, &parts.both}};
+        const std::vector<Ring>* const lists[2][2] = {{&parts.neither, &parts.onlySecond},
+                                                      {&parts.onlyFirst, &parts.both}};
         for (const std::size_t isInFirst : {0u, 1u}) {
             for (const std::size_t isInSecond : {0u, 1u}) {
-                const std::vector<Outline>& list = *lists[isInFirst][isInSecond];
+                const std::vector<Ring>& list = *lists[isInFirst][isInSecond];
                 EXPECT_EQ(list.size(), counts[isInFirst][isInSecond]);
-                // Crossings are rounded to 1e-13, along edges of 1e5 in all.
+                // Intersections are rounded to 1e-13, along edges of 1e5 in all.
                 EXPECT_NEAR(AreaOf(list), areas[isInFirst][isInSecond], 1e-7);
             }
         }

@@ -5,7 +5,7 @@
 #include <bit>
 #include <limits>
 
-#include "support/outlines.h"
+#include "support/rings.h"
 #include "tessara/coordinate_area.h"
 
 namespace tessara {
@@ -28,13 +28,13 @@ using Areas = std::vector<double>;
 // Two polygons and what their overlay must be, areas in ascending order.
 struct Example {
     const char* name;
-    Outline first, second;
+    Ring first, second;
     std::int32_t result;
     Areas neither, onlySecond, onlyFirst, both;
 };
 
-const Outline SQUARE = Rectangle(0, 0, 4, 4);
-const Outline U{{0, 0}, {10, 0}, {10, 10}, {7, 10}, {7, 3}, {3, 3}, {3, 10}, {0, 10}};
+const Ring SQUARE = Rectangle(0, 0, 4, 4);
+const Ring U{{0, 0}, {10, 0}, {10, 10}, {7, 10}, {7, 3}, {3, 3}, {3, 10}, {0, 10}};
 
 // Areas are width times height of the rectangles that a drawing shows.
 const std::vector<Example> EXAMPLES{
@@ -104,7 +104,7 @@ const std::vector<Example> EXAMPLES{
      {2, 2, 2}},
 };
 
-void ExpectAreas(const std::vector<Outline>& parts, const Areas& expected, double scale = 1.0,
+void ExpectAreas(const std::vector<Ring>& parts, const Areas& expected, double scale = 1.0,
                  double tolerance = 1e-12) {
     const Areas areas = AreasOf(parts);
     ASSERT_EQ(areas.size(), expected.size());
@@ -150,8 +150,8 @@ TEST(OverlayVertices, StartDirectionAndClosingVertexDoNotMatter) {
     for (const Example& example : EXAMPLES) {
         SCOPED_TRACE(example.name);
         for (std::size_t start = 0; start < example.first.size(); ++start) {
-            const Outline turned = StartingAt(start, example.first);
-            for (const Outline& first : {turned, Closed(turned), Reversed(turned)}) {
+            const Ring turned = StartingAt(start, example.first);
+            for (const Ring& first : {turned, Closed(turned), Reversed(turned)}) {
                 OverlayParts parts;
                 EXPECT_EQ(OverlayVertices(first, Reversed(example.second), TOLERANCE, &parts),
                           example.result);
@@ -170,19 +170,19 @@ TEST(OverlayVertices, TurnedScaledAndMovedExamplesStayWhatTheyAre) {
         const double scale = random.Between(0.5, 500);
         const double reach = k % 2 == 0 ? 1e3 : 1e6;
         const PlanePoint shift{random.Between(-reach, reach), random.Between(-reach, reach)};
-        const auto move = [&](Outline outline) {
-            for (PlanePoint& p : outline) {
+        const auto move = [&](Ring ring) {
+            for (PlanePoint& p : ring) {
                 p = {scale * (p.x * std::cos(angle) - p.y * std::sin(angle)) + shift.x,
                      scale * (p.x * std::sin(angle) + p.y * std::cos(angle)) + shift.y};
             }
-            return outline;
+            return ring;
         };
         for (const Example& example : EXAMPLES) {
             SCOPED_TRACE(example.name);
             OverlayParts parts;
             EXPECT_EQ(OverlayVertices(move(example.first), move(example.second), TOLERANCE, &parts),
                       example.result);
-            // Coordinates to 1e6 are rounded to 1e-10, along outlines of at most 80 * 500.
+            // Coordinates to 1e6 are rounded to 1e-10, along rings of at most 80 * 500.
             const double square = scale * scale;
             ExpectAreas(parts.neither, example.neither, square, 1e-5);
             ExpectAreas(parts.onlySecond, example.onlySecond, square, 1e-5);
@@ -203,20 +203,20 @@ TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
         };
         const double angle = random.Between(0, 6.28);
         const double scale = random.Between(0.5, 2000);
-        const auto turn = [&](Outline outline) {
-            for (PlanePoint& p : outline) {
+        const auto turn = [&](Ring ring) {
+            for (PlanePoint& p : ring) {
                 p = {scale * (p.x * std::cos(angle) - p.y * std::sin(angle)),
                      scale * (p.x * std::sin(angle) + p.y * std::cos(angle))};
             }
-            return outline;
+            return ring;
         };
-        const Outline first = skyline();
-        const Outline second = skyline();
+        const Ring first = skyline();
+        const Ring second = skyline();
         OverlayParts upright;
         OverlayParts turned;
         ASSERT_EQ(OverlayVertices(turn(first), turn(second), TOLERANCE, &turned),
                   OverlayVertices(first, second, TOLERANCE, &upright));
-        // A rounding of 1e-15 of the place along outlines of some 40, in units of the raster.
+        // A rounding of 1e-15 of the place along rings of some 40, in units of the raster.
         const double square = scale * scale;
         EXPECT_NEAR(AreaOf(turned.neither) / square, AreaOf(upright.neither), 1e-11);
         EXPECT_NEAR(AreaOf(turned.onlySecond) / square, AreaOf(upright.onlySecond), 1e-11);
@@ -232,10 +232,10 @@ TEST(OverlayVertices, AnInexactCopyCoversNearlyTheSameArea) {
     for (int k = 0; k < 8000; ++k) {
         SCOPED_TRACE(k);
         const double offset = k % 2 == 0 ? 0.0 : 1e5;
-        const Outline star = testing::RandomStar(random, 3 + random.Below(20), {offset, offset}, 100);
+        const Ring star = testing::RandomStar(random, 3 + random.Below(20), {offset, offset}, 100);
         const double error = std::pow(10.0, random.Between(-16, -6));
         const auto near = [&](double value) { return value + random.Between(-error, error); };
-        Outline copy;
+        Ring copy;
         for (std::size_t i = 0; i < star.size(); ++i) {
             const PlanePoint& a = star[i];
             const PlanePoint& b = star[(i + 1) % star.size()];
@@ -246,28 +246,28 @@ TEST(OverlayVertices, AnInexactCopyCoversNearlyTheSameArea) {
         OverlayParts parts;
         const std::int32_t result = OverlayVertices(star, StartingAt(1, copy), TOLERANCE, &parts);
         ASSERT_TRUE(result >= OVERLAY_EQUAL && result <= OVERLAY_CROSSING) << result;
-        // 1e-6 pixels along an outline of at most 22 edges of 200.
+        // 1e-6 pixels along a ring of at most 22 edges of 200.
         if (result == OVERLAY_CROSSING) {
             EXPECT_NEAR(AreaOf(parts.both), testing::Area(star), 0.005);
         }
     }
 }
 
-TEST(OverlayVertices, PartsAreClosedAndRunThroughTheCrossings) {
+TEST(OverlayVertices, PartsAreClosedAndRunThroughTheIntersections) {
     OverlayParts parts;
     ASSERT_EQ(OverlayVertices(SQUARE, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_CROSSING);
     ASSERT_EQ(parts.onlyFirst.size(), 1u);
-    Outline corner = parts.onlyFirst[0];
+    Ring corner = parts.onlyFirst[0];
     ASSERT_EQ(corner.size(), 7u);
     EXPECT_EQ(corner.front(), corner.back());
     corner.pop_back();
     const auto start = std::find(corner.begin(), corner.end(), PlanePoint{0, 0});
     ASSERT_NE(start, corner.end());
     std::rotate(corner.begin(), start, corner.end());
-    EXPECT_EQ(corner, (Outline{{0, 0}, {4, 0}, {4, 2}, {2, 2}, {2, 4}, {0, 4}}));
+    EXPECT_EQ(corner, (Ring{{0, 0}, {4, 0}, {4, 2}, {2, 2}, {2, 4}, {0, 4}}));
 }
 
-TEST(OverlayVertices, APartThatEnclosesNothingKeepsItsWholeOutline) {
+TEST(OverlayVertices, APartThatEnclosesNothingKeepsItsWholeRing) {
     const Example& enclosing = EXAMPLES[EXAMPLES.size() - 2];
     OverlayParts parts;
     ASSERT_EQ(OverlayVertices(enclosing.first, enclosing.second, TOLERANCE, &parts), OVERLAY_CROSSING);
@@ -288,9 +288,9 @@ TEST(OverlayVertices, AnEmptyPolygonIsApartFromEverything) {
 
 TEST(OverlayVertices, PointsAndLinesHaveNoAreaToShare) {
     OverlayParts parts;
-    const Outline crossing{{2, 2}, {9, 9}};
-    const Outline along{{0, 1}, {0, 3}};
-    for (const Outline& thin : {crossing, along, Closed(along), Outline{{0, 1}}, Outline{{4, 4}, {4, 4}}}) {
+    const Ring crossing{{2, 2}, {9, 9}};
+    const Ring along{{0, 1}, {0, 3}};
+    for (const Ring& thin : {crossing, along, Closed(along), Ring{{0, 1}}, Ring{{4, 4}, {4, 4}}}) {
         EXPECT_EQ(OverlayVertices(thin, SQUARE, TOLERANCE, &parts), OVERLAY_APART);
         EXPECT_EQ(OverlayVertices(SQUARE, thin, TOLERANCE, &parts), OVERLAY_APART);
         EXPECT_EQ(OverlayVertices(thin, thin, TOLERANCE, &parts), OVERLAY_APART);
@@ -301,7 +301,7 @@ TEST(OverlayVertices, PointsAndLinesHaveNoAreaToShare) {
 }
 
 TEST(OverlayVertices, DeadEndsAndRepeatedVerticesLeaveNoTrace) {
-    const Outline flag{{0, 0}, {0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}, {0, 4}};
+    const Ring flag{{0, 0}, {0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}, {0, 4}};
     OverlayParts parts;
     EXPECT_EQ(OverlayVertices(flag, SQUARE, TOLERANCE, &parts), OVERLAY_EQUAL);
     ASSERT_EQ(OverlayVertices(flag, Rectangle(2, 2, 6, 8), TOLERANCE, &parts), OVERLAY_CROSSING);
@@ -311,8 +311,8 @@ TEST(OverlayVertices, DeadEndsAndRepeatedVerticesLeaveNoTrace) {
 }
 
 TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
-    const Outline keyhole{{0, 0}, {8, 0}, {8, 8}, {0, 8}, {0, 4}, {2, 4},
-                          {2, 6}, {6, 6}, {6, 2}, {2, 2}, {2, 4}, {0, 4}};
+    const Ring keyhole{{0, 0}, {8, 0}, {8, 8}, {0, 8}, {0, 4}, {2, 4},
+                       {2, 6}, {6, 6}, {6, 2}, {2, 2}, {2, 4}, {0, 4}};
     OverlayParts parts;
     EXPECT_EQ(OverlayVertices(keyhole, Rectangle(2, 2, 6, 6), TOLERANCE, &parts), OVERLAY_TOUCHING);
     ASSERT_EQ(OverlayVertices(keyhole, Rectangle(4, 4, 10, 5), TOLERANCE, &parts), OVERLAY_CROSSING);
@@ -323,9 +323,9 @@ TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
     EXPECT_NEAR(AreaOf(parts.onlyFirst), 46, 1e-12);
 }
 
-// Whether outlines cross and into what they cut each other is asked of the outlines alone.
+// Whether rings cross and into what they cut each other is asked of the rings alone.
 TEST(OverlayVertices, TheToleranceMovesNoVertex) {
-    const Outline nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
+    const Ring nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
     for (const double tolerance : {0.0, TOLERANCE, 0.1, 100.0, INF}) {
         OverlayParts parts;
         EXPECT_EQ(OverlayVertices(SQUARE, Rectangle(4, 1, 6, 3), tolerance, &parts), OVERLAY_TOUCHING);
@@ -339,8 +339,8 @@ TEST(OverlayVertices, TheToleranceMovesNoVertex) {
 
 TEST(OverlayVertices, APolygonWithinTheToleranceOfAnotherIsInsideByItsFirstVertex) {
     // (2.2, 2.2) is 0.4 / 1.414 = 0.28 beyond the diamond's edge on x + y = 4.
-    const Outline diamond{{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
-    const Outline beside = Rectangle(2.2, 2.2, 3, 3);
+    const Ring diamond{{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
+    const Ring beside = Rectangle(2.2, 2.2, 3, 3);
     OverlayParts parts;
     EXPECT_EQ(OverlayVertices(beside, diamond, 0.3, &parts), OVERLAY_FIRST_INSIDE);
     EXPECT_EQ(OverlayVertices(diamond, beside, 0.3, &parts), OVERLAY_SECOND_INSIDE);
@@ -349,7 +349,7 @@ TEST(OverlayVertices, APolygonWithinTheToleranceOfAnotherIsInsideByItsFirstVerte
     ExpectNoParts(parts);
 
     // Its left side is 0.01 beside the square's right one, 4.01 from the square's first vertex.
-    const Outline right = Rectangle(4.01, 1, 6, 3);
+    const Ring right = Rectangle(4.01, 1, 6, 3);
     EXPECT_EQ(OverlayVertices(SQUARE, right, TOLERANCE, &parts), OVERLAY_APART);
     EXPECT_EQ(OverlayVertices(SQUARE, right, 0.01 - 1e-9, &parts), OVERLAY_APART);
     EXPECT_EQ(OverlayVertices(SQUARE, right, 0.1, &parts), OVERLAY_SECOND_INSIDE);
@@ -360,8 +360,8 @@ TEST(OverlayVertices, APolygonWithinTheToleranceOfAnotherIsInsideByItsFirstVerte
 TEST(OverlayVertices, ARoundingIsNoDistanceWhateverTheTolerance) {
     OverlayParts parts;
     const double offset = 1e9 / 3;
-    const Outline square = Rectangle(offset, offset, offset + 4, offset + 4);
-    const Outline moved =
+    const Ring square = Rectangle(offset, offset, offset + 4, offset + 4);
+    const Ring moved =
         Rectangle(std::nextafter(offset, 0), offset, std::nextafter(offset + 4, 0), offset + 4);
     EXPECT_EQ(OverlayVertices(square, moved, 0.0, &parts), OVERLAY_EQUAL);
 }
@@ -370,7 +370,7 @@ TEST(OverlayVertices, NumbersWithoutProductsFail) {
     for (const double bad : {NONE, INF, -INF, 1.1e150, -1e300}) {
         for (std::size_t vertex = 0; vertex < SQUARE.size(); ++vertex) {
             for (const bool isX : {true, false}) {
-                Outline broken = SQUARE;
+                Ring broken = SQUARE;
                 (isX ? broken[vertex].x : broken[vertex].y) = bad;
                 OverlayParts parts{{SQUARE}, {SQUARE}, {SQUARE}, {SQUARE}};
                 EXPECT_EQ(OverlayVertices(broken, SQUARE, TOLERANCE, &parts), OVERLAY_FAILURE);
@@ -384,14 +384,14 @@ TEST(OverlayVertices, NumbersWithoutProductsFail) {
 TEST(OverlayVertices, HugeAndTinyPolygonsAreOverlaid) {
     for (const double unit : {1e-6, 1e12, 1e100, 1e149}) {
         OverlayParts parts;
-        const auto scaled = [&](Outline outline) {
-            for (PlanePoint& p : outline)
+        const auto scaled = [&](Ring ring) {
+            for (PlanePoint& p : ring)
                 p = {p.x * unit, p.y * unit};
-            return outline;
+            return ring;
         };
         ASSERT_EQ(OverlayVertices(scaled(SQUARE), scaled(Rectangle(2, 2, 6, 6)), TOLERANCE, &parts),
                   OVERLAY_CROSSING);
-        // Square units: crossings closer together than the tolerance, 2e-11, are one.
+        // Square units: intersections closer together than the tolerance, 2e-11, are one.
         EXPECT_NEAR(AreaOf(parts.both) / unit / unit, 4, 1e-9);
     }
 }
@@ -399,14 +399,14 @@ TEST(OverlayVertices, HugeAndTinyPolygonsAreOverlaid) {
 TEST(OverlayVertices, EndsForEveryTangle) {
     testing::Random random(8);
     for (int k = 0; k < 300; ++k) {
-        Outline outlines[2];
-        for (Outline& outline : outlines) {
-            outline.resize(static_cast<std::size_t>(1 + random.Below(40)));
-            for (PlanePoint& p : outline)
+        Ring rings[2];
+        for (Ring& ring : rings) {
+            ring.resize(static_cast<std::size_t>(1 + random.Below(40)));
+            for (PlanePoint& p : ring)
                 p = {static_cast<double>(random.Below(7)), static_cast<double>(random.Below(7))};
         }
         OverlayParts parts;
-        const std::int32_t result = OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts);
+        const std::int32_t result = OverlayVertices(rings[0], rings[1], TOLERANCE, &parts);
         EXPECT_GE(result, OVERLAY_APART);
         EXPECT_LE(result, OVERLAY_TOUCHING);
         // Parts lie side by side within the 6 by 6 field.
@@ -414,7 +414,7 @@ TEST(OverlayVertices, EndsForEveryTangle) {
             AreaOf(parts.neither) + AreaOf(parts.onlySecond) + AreaOf(parts.onlyFirst) + AreaOf(parts.both);
         EXPECT_LE(all, 36 + 1e-9);
         for (const auto* list : {&parts.neither, &parts.onlySecond, &parts.onlyFirst, &parts.both}) {
-            for (const Outline& part : *list) {
+            for (const Ring& part : *list) {
                 EXPECT_GE(part.size(), 4u);
                 EXPECT_EQ(part.front(), part.back());
                 EXPECT_GT(SignedArea(part), 0.0);
@@ -425,12 +425,12 @@ TEST(OverlayVertices, EndsForEveryTangle) {
 
 // By the even-odd rule an odd number of rounds is one round, and an even number covers nothing.
 TEST(OverlayVertices, ThousandsOfEdgesOnTopOfEachOtherCount) {
-    const Outline pentagram{{0, 0}, {10, 3}, {4, 9}, {8, -2}, {1, 7}};
+    const Ring pentagram{{0, 0}, {10, 3}, {4, 9}, {8, -2}, {1, 7}};
     const auto rounds = [&](int count) {
-        Outline outline;
+        Ring ring;
         for (int i = 0; i < count; ++i)
-            outline.insert(outline.end(), pentagram.begin(), pentagram.end());
-        return outline;
+            ring.insert(ring.end(), pentagram.begin(), pentagram.end());
+        return ring;
     };
     OverlayParts parts;
     EXPECT_EQ(OverlayVertices(rounds(2001), pentagram, TOLERANCE, &parts), OVERLAY_EQUAL);
@@ -439,19 +439,19 @@ TEST(OverlayVertices, ThousandsOfEdgesOnTopOfEachOtherCount) {
     EXPECT_EQ(OverlayVertices(rounds(2000), rounds(2000), TOLERANCE, &parts), OVERLAY_APART);
 }
 
-TEST(OverlayVertices, OutlinesOnOneLineHaveNoAreaToShare) {
+TEST(OverlayVertices, RingsOnOneLineHaveNoAreaToShare) {
     testing::Random random(14);
     for (const double slope : {0.0, 0.5, 1.0 / 3.0}) {
-        Outline outlines[2];
-        for (Outline& outline : outlines) {
-            outline.resize(300);
-            for (PlanePoint& p : outline) {
+        Ring rings[2];
+        for (Ring& ring : rings) {
+            ring.resize(300);
+            for (PlanePoint& p : ring) {
                 const double x = random.Between(0, 1000);
                 p = {x, slope * x};
             }
         }
         OverlayParts parts;
-        EXPECT_EQ(OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts), OVERLAY_APART);
+        EXPECT_EQ(OverlayVertices(rings[0], rings[1], TOLERANCE, &parts), OVERLAY_APART);
         ExpectNoParts(parts);
     }
 }
@@ -475,14 +475,14 @@ TEST(OverlayVertices, EndsForRandomBits) {
             isEachUsable &= isUsable(value);
             return value;
         };
-        Outline outlines[2];
-        for (Outline& outline : outlines) {
-            outline.resize(static_cast<std::size_t>(1 + random.Below(20)));
-            for (PlanePoint& p : outline)
+        Ring rings[2];
+        for (Ring& ring : rings) {
+            ring.resize(static_cast<std::size_t>(1 + random.Below(20)));
+            for (PlanePoint& p : ring)
                 p = {coordinate(), coordinate()};
         }
         OverlayParts parts;
-        const std::int32_t result = OverlayVertices(outlines[0], outlines[1], TOLERANCE, &parts);
+        const std::int32_t result = OverlayVertices(rings[0], rings[1], TOLERANCE, &parts);
         EXPECT_EQ(result != OVERLAY_FAILURE, isEachUsable) << k;
     }
 }

@@ -42,7 +42,7 @@ TEST(VisitNearPairs, VisitsEachPairThatMeetsOnce) {
 }
 
 TEST(VisitNearPairs, FindsEdgesThatARoundingKeepsApart) {
-    // The crossing is on the end of the first edge, one rounding beside the second.
+    // The intersection is on the end of the first edge, one rounding beside the second.
     const double third = 1e9 / 3.0;
     const std::vector<Box> boxes{BoxOfEdge({0, 0}, {third, 1}),
                                  BoxOfEdge({std::nextafter(third, 1e10), 0}, {1e9, 1})};

@@ -49,11 +49,11 @@ TEST(ConvertRecords, ToGeodezReadsOnTheOwnDatum) {
 TEST(ConvertRecords, UtmAndUtmrefKeepTheirZone) {
     // The easting 750000 lies beyond the border of zone 32, at 12.4 degrees east.
     tagKOORD record = UtmRecord(2, 'N', 32, 750000.0, 5.5e6);
-    ASSERT_TRUE(ConvertInZone(KOORD_UTMREF, 0, &record));
+    ASSERT_TRUE(ConvertInZone(KOORD_UTMREF, RangeCheck::Off, &record));
     auto expected = UtmrefRecord(2, 32, "UQA", 50000, 0);
     zones::Want(32, &expected);
     EXPECT_TRUE(SameRecord(record, expected));
-    ASSERT_TRUE(ConvertInZone(KOORD_UTM, 0, &record));
+    ASSERT_TRUE(ConvertInZone(KOORD_UTM, RangeCheck::Off, &record));
     EXPECT_EQ(zones::Number(record), 32);
     EXPECT_EQ(zones::Wanted(record), 32);
     EXPECT_NEAR(zones::East(record), 750000.0, 1e-5);  // metres; a conversion there and back

@@ -21,7 +21,7 @@ TEST(ZoneMeridian, StepsConvergeOnThePointWithTheNorthing) {
     GeodezPayload position{49.0, 0.0, 0.0};
     double miss = 1.0;
     for (int i = 0; i < 6; ++i) {
-        ASSERT_TRUE(zones::StepAlongMeridian(12.0, position.latitude, 1, &record, &position));
+        ASSERT_TRUE(zones::StepAlongMeridian(12.0, position.latitude, RangeCheck::On, &record, &position));
         const double before = miss;
         miss = std::fabs(position.latitude - 49.613658047);
         // The convergence is 2.3 degrees: each step leaves two thousandths. The figure has nine decimals.
@@ -35,7 +35,7 @@ TEST(ZoneMeridian, StepsConvergeOnThePointWithTheNorthing) {
 TEST(ZoneMeridian, TheHemisphereIsKeptToo) {
     tagKOORD record = UtmRecord(2, 'S', 32, 5e5, 4.5e6);
     GeodezPayload position;
-    ASSERT_TRUE(zones::StepAlongMeridian(10.0, 1.0, 1, &record, &position));
+    ASSERT_TRUE(zones::StepAlongMeridian(10.0, 1.0, RangeCheck::On, &record, &position));
     EXPECT_EQ(Load<UtmPayload>(record).hemisphere, 'S');
     EXPECT_LT(position.latitude, -49.0);
 }
@@ -43,8 +43,8 @@ TEST(ZoneMeridian, TheHemisphereIsKeptToo) {
 TEST(ZoneMeridian, APointThatDoesntConvertIsFalse) {
     tagKOORD record = UtmRecord(2, 'N', 32, 5e5, 5.5e6);
     GeodezPayload position;
-    EXPECT_FALSE(zones::StepAlongMeridian(12.0, 85.0, 1, &record, &position));
-    EXPECT_TRUE(zones::StepAlongMeridian(12.0, 85.0, 0, &record, &position));
+    EXPECT_FALSE(zones::StepAlongMeridian(12.0, 85.0, RangeCheck::On, &record, &position));
+    EXPECT_TRUE(zones::StepAlongMeridian(12.0, 85.0, RangeCheck::Off, &record, &position));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Lines, chains and the maps they are drawn on, for tests.
+// Lines, polylines and the maps they are drawn on, for tests.
 #pragma once
 
 #include <algorithm>
@@ -72,11 +72,11 @@ inline std::vector<Pixel> PixelsOn(const IRef<IMapCoordOperations>& map, const I
     return pixels;
 }
 
-// From a point to the nearest point of a chain of straight pieces.
-inline double DistanceToChain(const Pixel& p, const std::vector<Pixel>& chain) {
+// From a point to the nearest point of a polyline of straight pieces.
+inline double DistanceToChain(const Pixel& p, const std::vector<Pixel>& polyline) {
     double nearest = HUGE_VAL;
-    for (std::size_t i = 1; i < chain.size(); ++i) {
-        const Pixel &a = chain[i - 1], &b = chain[i];
+    for (std::size_t i = 1; i < polyline.size(); ++i) {
+        const Pixel &a = polyline[i - 1], &b = polyline[i];
         const double dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy;
         const double along = square > 0.0 ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / square : 0.0;
         const double t = std::clamp(along, 0.0, 1.0);

@@ -7,7 +7,7 @@
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
-#include "support/outlines.h"
+#include "support/rings.h"
 #include "tessara/coordinate_area.h"
 
 namespace tessara::testing {
@@ -22,9 +22,9 @@ inline IRef<IArray> PolygonOf(const std::vector<IRef<ICoord>>& vertices) {
 }
 
 // FLOATPIXEL on WGS84.
-inline IRef<IArray> PixelPolygon(const Outline& outline) {
+inline IRef<IArray> PixelPolygon(const Ring& ring) {
     std::vector<tagKOORD> records;
-    for (const PlanePoint& p : outline)
+    for (const PlanePoint& p : ring)
         records.push_back(FloatPixel(p.x, p.y));
     return LineOf(records);
 }
@@ -35,13 +35,13 @@ inline IRef<IArray> PolarSquare(double west, double south, double size) {
                    Ups('N', west, south + size)});
 }
 
-inline Outline OutlineOf(const IRef<IArray>& pixels) {
-    Outline outline;
+inline Ring RingOf(const IRef<IArray>& pixels) {
+    Ring ring;
     for (std::uint32_t i = 0; i < pixels->GetCount(); ++i) {
         const Pixel pixel = PixelOf(At(pixels, i));
-        outline.push_back({pixel.x, pixel.y});
+        ring.push_back({pixel.x, pixel.y});
     }
-    return outline;
+    return ring;
 }
 
 inline IRef<IArray> Part(const IRef<IArray>& parts, std::uint32_t index) {
@@ -50,10 +50,10 @@ inline IRef<IArray> Part(const IRef<IArray>& parts, std::uint32_t index) {
 
 // The areas of a list of pixel polygons in ascending order, to 1e-9.
 inline std::vector<double> AreasOf(const IRef<IArray>& parts) {
-    std::vector<Outline> outlines;
+    std::vector<Ring> rings;
     for (std::uint32_t i = 0; i < parts->GetCount(); ++i)
-        outlines.push_back(OutlineOf(Part(parts, i)));
-    std::vector<double> areas = AreasOf(outlines);
+        rings.push_back(RingOf(Part(parts, i)));
+    std::vector<double> areas = AreasOf(rings);
     for (double& area : areas)
         area = std::round(area * 1e9) / 1e9;
     return areas;

@@ -2,6 +2,7 @@
 // grid's own business.
 #include "kernel/numeric.h"
 #include "maps/kernel/map_parts.h"
+#include "systems/range_check.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 
@@ -32,18 +33,18 @@ bool IsWritten(const Payload& grid) {
 }
 
 // A position in the system of a grid already isn't held to the limits of that system.
-std::int32_t RangeCheck(const tagKOORD& in, KoordType native) {
-    return in.type == static_cast<std::uint32_t>(native) ? 0 : 1;
+RangeCheck CheckFor(const tagKOORD& in, KoordType native) {
+    return in.type == static_cast<std::uint32_t>(native) ? RangeCheck::Off : RangeCheck::On;
 }
 
 // Converts into the grid; *grid comes in with the zone and constants that the conversion is to use. It is
 // written also with a status other than KOORD_OK, as far as the conversion came.
 template <class Payload>
-KoordStatus ToGrid(const MapParam& map, const tagKOORD& in, KoordType native, std::int32_t rangeCheck,
+KoordStatus ToGrid(const MapParam& map, const tagKOORD& in, KoordType native, RangeCheck check,
                    Payload* grid) {
     tagKOORD target = MakeKoord(DatumOf(map), native);
     Store(target, *grid);
-    const KoordStatus status = KoordConvertEx(&in, &target, rangeCheck);
+    const KoordStatus status = ConvertRecord(in, &target, check);
     *grid = Load<Payload>(target);
     return status;
 }
@@ -61,8 +62,8 @@ KoordStatus PlainPixelToWorld(const MapParam& map, KoordType native, Payload gri
 
 template <class Params, class Payload>
 KoordStatus PlainWorldToPixel(const MapParam& map, KoordType native, Payload grid, const tagKOORD& in,
-                              std::int32_t rangeCheck, double* x, double* y) {
-    const KoordStatus status = ToGrid(map, in, native, rangeCheck, &grid);
+                              RangeCheck check, double* x, double* y) {
+    const KoordStatus status = ToGrid(map, in, native, check, &grid);
     if (status != KOORD_OK) return status;
     PixelFromGrid(Load<Params>(map), grid, x, y);
     return KOORD_OK;
@@ -110,7 +111,7 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
     const auto params = Load<MapGkParams>(map);
     GkPayload grid{};
     grid.wantedMeridian = params.meridian;
-    const KoordStatus status = ToGrid(map, in, form.native, RangeCheck(in, form.native), &grid);
+    const KoordStatus status = ToGrid(map, in, form.native, CheckFor(in, form.native), &grid);
     // A position beside the strip has its grid value and a pixel.
     const bool isBeside = status == KOORD_ERR_GK_EAST && IsWritten(grid);
     if (status != KOORD_OK && !isBeside) return status;
@@ -123,10 +124,10 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
 // A position beyond the limits of longitude still has a place in the map's zone, however far that is.
 KoordStatus ToUtm(const MapParam& map, const tagKOORD& in, UtmPayload* grid) {
     const UtmPayload wanted = *grid;
-    const KoordStatus status = ToGrid(map, in, KOORD_UTM, RangeCheck(in, KOORD_UTM), grid);
+    const KoordStatus status = ToGrid(map, in, KOORD_UTM, CheckFor(in, KOORD_UTM), grid);
     if (status != KOORD_ERR_EAST_LOW && status != KOORD_ERR_EAST_HIGH) return status;
     *grid = wanted;
-    const KoordStatus beyond = ToGrid(map, in, KOORD_UTM, 0, grid);
+    const KoordStatus beyond = ToGrid(map, in, KOORD_UTM, RangeCheck::Off, grid);
     return beyond == KOORD_ERR_ZONE_DISTANT && IsWritten(*grid) ? KOORD_OK : beyond;
 }
 
@@ -197,7 +198,7 @@ KoordStatus MapBmn_PixelToWorld(const MapParam* map, double x, double y, tagKOOR
 KoordStatus MapBmn_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
     BmnPayload grid{};
     grid.wantedMeridian = Load<MapBmnParams>(*map).meridian;
-    return PlainWorldToPixel<MapBmnParams>(*map, KOORD_BMN, grid, *in, RangeCheck(*in, KOORD_BMN), x, y);
+    return PlainWorldToPixel<MapBmnParams>(*map, KOORD_BMN, grid, *in, CheckFor(*in, KOORD_BMN), x, y);
 }
 
 KoordStatus MapUps_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
@@ -209,7 +210,7 @@ KoordStatus MapUps_PixelToWorld(const MapParam* map, double x, double y, tagKOOR
 KoordStatus MapUps_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
     UpsPayload grid{};
     grid.hemisphere = Hemisphere(Load<MapUpsParams>(*map).hemisphere);
-    return PlainWorldToPixel<MapUpsParams>(*map, KOORD_UPS, grid, *in, 0, x, y);
+    return PlainWorldToPixel<MapUpsParams>(*map, KOORD_UPS, grid, *in, RangeCheck::Off, x, y);
 }
 
 KoordStatus MapTm_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
@@ -219,7 +220,7 @@ KoordStatus MapTm_PixelToWorld(const MapParam* map, double x, double y, tagKOORD
 
 KoordStatus MapTm_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
     const TmPayload grid = TmConstantsOf(Load<MapTmParams>(*map));
-    return PlainWorldToPixel<MapTmParams>(*map, KOORD_TM, grid, *in, RangeCheck(*in, KOORD_TM), x, y);
+    return PlainWorldToPixel<MapTmParams>(*map, KOORD_TM, grid, *in, CheckFor(*in, KOORD_TM), x, y);
 }
 
 KoordStatus MapRd_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
@@ -227,7 +228,7 @@ KoordStatus MapRd_PixelToWorld(const MapParam* map, double x, double y, tagKOORD
 }
 
 KoordStatus MapRd_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    return PlainWorldToPixel<MapPlaneParams>(*map, KOORD_RD, GridPayload{}, *in, RangeCheck(*in, KOORD_RD), x,
+    return PlainWorldToPixel<MapPlaneParams>(*map, KOORD_RD, GridPayload{}, *in, CheckFor(*in, KOORD_RD), x,
                                              y);
 }
 
@@ -244,7 +245,7 @@ KoordStatus MapCh_PixelToWorld(const MapParam* map, double x, double y, tagKOORD
 }
 
 KoordStatus MapCh_WorldToPixel(const MapParam* map, const tagKOORD* in, double* x, double* y) {
-    return PlainWorldToPixel<MapPlaneParams>(*map, KOORD_CH, GridPayload{}, *in, RangeCheck(*in, KOORD_CH), x,
+    return PlainWorldToPixel<MapPlaneParams>(*map, KOORD_CH, GridPayload{}, *in, CheckFor(*in, KOORD_CH), x,
                                              y);
 }
 

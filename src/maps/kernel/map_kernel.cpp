@@ -3,6 +3,7 @@
 
 #include "kernel/numeric.h"
 #include "maps/kernel/map_parts.h"
+#include "systems/range_check.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
@@ -78,7 +79,7 @@ bool IsGeographic(std::uint32_t type) {
 
 KoordStatus ToDegrees(const tagKOORD& record, std::int32_t datum, tagKOORD* geodez) {
     *geodez = MakeKoord(datum, KOORD_GEODEZ);
-    return KoordConvertEx(&record, geodez, 0);
+    return ConvertRecord(record, geodez, RangeCheck::Off);
 }
 
 KoordStatus ToDegrees(const tagKOORD& record, const MapParam& map, GeodezPayload* at) {
@@ -105,7 +106,7 @@ KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD
     if (status != KOORD_OK) return status;
     // A map may reach beyond the limits of its system; only another grid has to take the position.
     const bool isFree = world->type == native.type || IsGeographic(world->type);
-    return KoordConvertEx(&native, world, isFree ? 0 : 1);
+    return ConvertRecord(native, world, isFree ? RangeCheck::Off : RangeCheck::On);
 }
 
 KoordStatus MapWorldToPixel(const MapParam* map, const tagKOORD* world, tagKOORD* pixel) {

@@ -26,12 +26,12 @@ using testing::Utm32;
 
 constexpr std::int32_t DATUM_GER = 3;
 
-class LineCrossingsTest : public testing::BalancedTest {
+class LineIntersectionsTest : public testing::BalancedTest {
   protected:
     // Something to be cleared.
     void SetUp() override { points->Add(lines.Get()); }
 
-    // A crossing as one of the lines sees it.
+    // An intersection as one of the lines sees it.
     IRef<ILineIntersectionParameters> First(std::uint32_t i) {
         return IRef<ILineIntersectionParameters>(results->GetFirstAt(i));
     }
@@ -56,7 +56,7 @@ class LineCrossingsTest : public testing::BalancedTest {
     IRef<IArray> across = PixelLine({{-1, 0}, {5, 0}});
 };
 
-TEST_F(LineCrossingsTest, RecordsTellBothLinesOfEachCrossing) {
+TEST_F(LineIntersectionsTest, RecordsTellBothLinesOfEachIntersection) {
     ASSERT_TRUE(Cross(square, across));
     ASSERT_EQ(results->GetCount(), 2);
     EXPECT_EQ(PlaceOf(0).x, 0.0);
@@ -76,14 +76,14 @@ TEST_F(LineCrossingsTest, RecordsTellBothLinesOfEachCrossing) {
     }
 }
 
-TEST_F(LineCrossingsTest, PointsAloneAreTheSameCrossings) {
+TEST_F(LineIntersectionsTest, PointsAloneAreTheSameIntersections) {
     ASSERT_TRUE(lines->IntersectPixelLinesToArray(square.Get(), across.Get(), points.Get()));
     ASSERT_EQ(points->GetCount(), 2u);
     EXPECT_EQ(PixelOf(At(points, 0)).x, 0.0);
     EXPECT_EQ(PixelOf(At(points, 1)).x, 4.0);
 }
 
-TEST_F(LineCrossingsTest, AVertexIsCrossedOnce) {
+TEST_F(LineIntersectionsTest, AVertexIsCrossedOnce) {
     const auto roof = PixelLine({{0, 0}, {2, 2}, {4, 0}});
     ASSERT_TRUE(Cross(roof, PixelLine({{2, 0}, {2, 4}})));
     ASSERT_EQ(results->GetCount(), 1);
@@ -94,7 +94,7 @@ TEST_F(LineCrossingsTest, AVertexIsCrossedOnce) {
     EXPECT_EQ(results->GetCount(), 1);
 }
 
-TEST_F(LineCrossingsTest, ALineOfOnePointHasNoEnd) {
+TEST_F(LineIntersectionsTest, ALineOfOnePointHasNoEnd) {
     const auto point = PixelLine({{2, 2}});
     const auto diagonal = PixelLine({{0, 0}, {4, 4}});
     ASSERT_TRUE(Cross(point, diagonal));
@@ -111,14 +111,14 @@ TEST_F(LineCrossingsTest, ALineOfOnePointHasNoEnd) {
     EXPECT_EQ(point->GetCount(), 1u);
 }
 
-TEST_F(LineCrossingsTest, TwoPointsMeetWhenTheyAreEqual) {
+TEST_F(LineIntersectionsTest, TwoPointsMeetWhenTheyAreEqual) {
     ASSERT_TRUE(Cross(PixelLine({{2, 2}}), PixelLine({{2, 2}})));
     EXPECT_EQ(results->GetCount(), 1);
     ASSERT_TRUE(Cross(PixelLine({{2, 2}}), PixelLine({{2, 3}})));
     EXPECT_EQ(results->GetCount(), 0);
 }
 
-TEST_F(LineCrossingsTest, AnOverlapGivesItsEndsInTheOrderOfTheFirstLine) {
+TEST_F(LineIntersectionsTest, AnOverlapGivesItsEndsInTheOrderOfTheFirstLine) {
     ASSERT_TRUE(Cross(PixelLine({{0, 0}, {10, 0}}), PixelLine({{3, 0}, {7, 0}})));
     ASSERT_EQ(results->GetCount(), 2);
     EXPECT_EQ(PlaceOf(0).x, 3.0);
@@ -129,7 +129,7 @@ TEST_F(LineCrossingsTest, AnOverlapGivesItsEndsInTheOrderOfTheFirstLine) {
     EXPECT_EQ(Second(1)->GetParameter(), 1.0);
 }
 
-TEST_F(LineCrossingsTest, WholePixelsCrossInFractions) {
+TEST_F(LineIntersectionsTest, WholePixelsCrossInFractions) {
     ASSERT_TRUE(
         Cross(LineOf({LongPixel(0, 0), LongPixel(1, 1)}), LineOf({LongPixel(0, 1), LongPixel(1, 0)})));
     ASSERT_EQ(results->GetCount(), 1);
@@ -137,7 +137,7 @@ TEST_F(LineCrossingsTest, WholePixelsCrossInFractions) {
     EXPECT_EQ(KoordOf(IRef<ICoord>(First(0)->GetIntersection())).type, KOORD_FLOATPIXEL);
 }
 
-TEST_F(LineCrossingsTest, AnEmptyLineLeavesTheResultsAlone) {
+TEST_F(LineIntersectionsTest, AnEmptyLineLeavesTheResultsAlone) {
     const auto nothing = PixelLine({});
     ASSERT_TRUE(Cross(square, across));
     EXPECT_TRUE(Cross(nothing, across));
@@ -148,7 +148,7 @@ TEST_F(LineCrossingsTest, AnEmptyLineLeavesTheResultsAlone) {
     EXPECT_EQ(points->GetCount(), 1u);
 }
 
-TEST_F(LineCrossingsTest, PixelLinesNeedPixels) {
+TEST_F(LineIntersectionsTest, PixelLinesNeedPixels) {
     ASSERT_TRUE(Cross(square, across));
     const auto world = LineOf({GeodezRecord(48, 9), GeodezRecord(47, 10)});
     EXPECT_FALSE(Cross(world, across));
@@ -163,7 +163,7 @@ TEST_F(LineCrossingsTest, PixelLinesNeedPixels) {
     EXPECT_FALSE(Cross(across, invalid));
 }
 
-TEST_F(LineCrossingsTest, CrossingsOfOneReferenceKeepIt) {
+TEST_F(LineIntersectionsTest, IntersectionsOfOneReferenceKeepIt) {
     // Degrees on a degree map: the diagonals of a square cross in its middle.
     const auto a = LineOf({GeodezRecord(48, 8), GeodezRecord(46, 10)});
     const auto b = LineOf({GeodezRecord(46, 8), GeodezRecord(48, 10)});
@@ -179,7 +179,7 @@ TEST_F(LineCrossingsTest, CrossingsOfOneReferenceKeepIt) {
     EXPECT_NEAR(First(0)->GetParameter(), 0.5, 1e-12);
 }
 
-TEST_F(LineCrossingsTest, TwoSystemsCrossInPixels) {
+TEST_F(LineIntersectionsTest, TwoSystemsCrossInPixels) {
     const auto a = LineOf({Utm32(4e5, 5.3e6), Utm32(6e5, 5.1e6)});
     const auto b = LineOf({GeodezRecord(46, 8), GeodezRecord(48, 10)});
     ASSERT_TRUE(CrossOn(a, b));
@@ -188,7 +188,7 @@ TEST_F(LineCrossingsTest, TwoSystemsCrossInPixels) {
     EXPECT_EQ(KoordOf(At(points, 0)).datum, 2u);
 }
 
-TEST_F(LineCrossingsTest, TwoSystemsOfAnotherDatumCrossOnTheMaps) {
+TEST_F(LineIntersectionsTest, TwoSystemsOfAnotherDatumCrossOnTheMaps) {
     const auto a = LineOf({GeodezRecord(48, 8, 0.0, DATUM_GER), GeodezRecord(46, 10, 0.0, DATUM_GER)});
     CKoord utm[2] = {Utm32(4e5, 5.1e6), Utm32(6e5, 5.3e6)};
     for (CKoord& koord : utm)
@@ -199,7 +199,7 @@ TEST_F(LineCrossingsTest, TwoSystemsOfAnotherDatumCrossOnTheMaps) {
     EXPECT_EQ(KoordOf(At(points, 0)).datum, 2u);
 }
 
-TEST_F(LineCrossingsTest, TwoDatumsCrossOnTheMaps) {
+TEST_F(LineIntersectionsTest, TwoDatumsCrossOnTheMaps) {
     const auto a = LineOf({GeodezRecord(48, 8, 0.0, DATUM_GER), GeodezRecord(46, 10, 0.0, DATUM_GER)});
     const auto b = LineOf({GeodezRecord(46, 8), GeodezRecord(48, 10)});
     ASSERT_TRUE(CrossOn(a, b));
@@ -214,7 +214,7 @@ TEST_F(LineCrossingsTest, TwoDatumsCrossOnTheMaps) {
     EXPECT_NEAR(PayloadOf<GeodezPayload>(At(points, 0)).latitude, 47.0, 1e-4);  // degrees: the datums differ
 }
 
-TEST_F(LineCrossingsTest, PixelsOfAnyDatumAreThoseOfTheMap) {
+TEST_F(LineIntersectionsTest, PixelsOfAnyDatumAreThoseOfTheMap) {
     CKoord other[2] = {FloatPixel(0, 4), FloatPixel(4, 0)};
     for (CKoord& koord : other)
         koord.datum = DATUM_GER;
@@ -224,7 +224,7 @@ TEST_F(LineCrossingsTest, PixelsOfAnyDatumAreThoseOfTheMap) {
     EXPECT_EQ(KoordOf(At(points, 0)).datum, 2u);
 }
 
-TEST_F(LineCrossingsTest, CoordinatesWithoutAPixelFail) {
+TEST_F(LineIntersectionsTest, CoordinatesWithoutAPixelFail) {
     const auto beyond = LineOf({GeodezRecord(48, 8), testing::Nowhere()});
     const auto b = LineOf({GeodezRecord(46, 8), GeodezRecord(48, 10)});
     EXPECT_FALSE(CrossOn(beyond, b));
@@ -238,7 +238,7 @@ TEST_F(LineCrossingsTest, CoordinatesWithoutAPixelFail) {
     EXPECT_FALSE(CrossOn(b, b)) << "an empty map";
 }
 
-TEST_F(LineCrossingsTest, ACrossingWithoutAPositionEndsTheWork) {
+TEST_F(LineIntersectionsTest, AnIntersectionWithoutAPositionEndsTheWork) {
     // From cap to cap in UPS: the lines meet at 85 north, where the system is at home, and at the equator.
     map = DegreeMap(-180.0, 90.0, 10.0);
     const auto ups = [](double latitude, double longitude) {
@@ -252,7 +252,7 @@ TEST_F(LineCrossingsTest, ACrossingWithoutAPositionEndsTheWork) {
     EXPECT_EQ(points->GetCount(), 1u) << "what was found before";
 }
 
-TEST_F(LineCrossingsTest, RecordsNeedTheirLists) {
+TEST_F(LineIntersectionsTest, RecordsNeedTheirLists) {
     // From a manager that gives none the results have none.
     const testing::ManagedLibrary emptyHanded{testing::MakeEmptyHandedManager()};
     const IRef<IIntersectionResults> useless(CreateClassIntersectionResults());
@@ -260,7 +260,7 @@ TEST_F(LineCrossingsTest, RecordsNeedTheirLists) {
     EXPECT_TRUE(lines->IntersectPixelLines(square.Get(), PixelLine({{9, 9}}).Get(), useless.Get()));
 }
 
-TEST_F(LineCrossingsTest, NullAndForeignObjectsFail) {
+TEST_F(LineIntersectionsTest, NullAndForeignObjectsFail) {
     const IRef<IUnknown> stranger = testing::MakeStranger();
     ASSERT_TRUE(Cross(square, across));
     for (IUnknown* const other : {static_cast<IUnknown*>(nullptr), stranger.Get()}) {
@@ -288,8 +288,8 @@ TEST_F(LineCrossingsTest, NullAndForeignObjectsFail) {
 }
 
 #if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
-// The list answers when the operation asks for it and not when its crossings are to go into it.
-TEST_F(LineCrossingsTest, AListThatIsNoneAnyMoreFails) {
+// The list answers when the operation asks for it and not when its intersections are to go into it.
+TEST_F(LineIntersectionsTest, AListThatIsNoneAnyMoreFails) {
     for (const bool isEmpty : {false, true}) {
         const IRef<IArray> other = isEmpty ? IRef<IArray>(CreateClassArray()) : across;
         testing::RefusedQueries queries;
@@ -311,7 +311,7 @@ TEST_F(LineCrossingsTest, AListThatIsNoneAnyMoreFails) {
 #endif
 
 // An object of count 0 ends in the operation that it is given to, at its end and no earlier.
-TEST_F(LineCrossingsTest, TakesObjectsFreshFromTheirCreation) {
+TEST_F(LineIntersectionsTest, TakesObjectsFreshFromTheirCreation) {
     const auto fresh = [] {
         IArray* const line = CreateClassArray();
         line->Add(CoordOf(FloatPixel(2, 2)).Get());
@@ -327,7 +327,7 @@ TEST_F(LineCrossingsTest, TakesObjectsFreshFromTheirCreation) {
     EXPECT_TRUE(lines->IntersectOnMapToArray(map.Get(), allOnMap, allOnMap, allOnMap));
 }
 
-TEST_F(LineCrossingsTest, AResultMayBeTheLineItself) {
+TEST_F(LineIntersectionsTest, AResultMayBeTheLineItself) {
     EXPECT_FALSE(lines->IntersectPixelLinesToArray(square.Get(), across.Get(), square.Get()));
     EXPECT_EQ(square->GetCount(), 0u);
     const auto world = LineOf({GeodezRecord(48, 8), GeodezRecord(46, 10)});

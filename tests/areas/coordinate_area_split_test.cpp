@@ -14,9 +14,9 @@ using testing::FloatPixel;
 using testing::LineOf;
 using testing::LongPixel;
 using testing::Nowhere;
-using testing::OutlineOf;
 using testing::Part;
 using testing::PixelPolygon;
+using testing::RingOf;
 
 class SplitPolygonTest : public testing::PolygonTest {
   protected:
@@ -30,13 +30,13 @@ class SplitPolygonTest : public testing::PolygonTest {
 
 TEST_F(SplitPolygonTest, ABowTieGivesTwoClosedTrianglesInTheOrderOfTheWalk) {
     for (const bool isClosed : {false, true}) {
-        Outline bowTie{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
+        Ring bowTie{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
         if (isClosed) bowTie.push_back(bowTie.front());
         Fill(parts);
         ASSERT_TRUE(Split(PixelPolygon(bowTie)));
         ASSERT_EQ(parts->GetCount(), 2u);
-        EXPECT_EQ(OutlineOf(Part(parts, 0)), (Outline{{1, 1}, {2, 2}, {2, 0}, {1, 1}}));
-        EXPECT_EQ(OutlineOf(Part(parts, 1)), (Outline{{0, 0}, {1, 1}, {0, 2}, {0, 0}}));
+        EXPECT_EQ(RingOf(Part(parts, 0)), (Ring{{1, 1}, {2, 2}, {2, 0}, {1, 1}}));
+        EXPECT_EQ(RingOf(Part(parts, 1)), (Ring{{0, 0}, {1, 1}, {0, 2}, {0, 0}}));
         const CKoord vertex = KoordOf(At(Part(parts, 0), 0));
         EXPECT_EQ(vertex.type, static_cast<std::uint32_t>(KOORD_FLOATPIXEL));
         EXPECT_EQ(vertex.datum, static_cast<std::uint32_t>(DATUM_GER));
@@ -48,7 +48,7 @@ TEST_F(SplitPolygonTest, PositionsAreSplitOnTheMap) {
     ASSERT_TRUE(Split(LineOf({GeodezRecord(49, 9, 0, DATUM_GER), GeodezRecord(50, 11, 0, DATUM_GER),
                               GeodezRecord(49, 11, 0, DATUM_GER), GeodezRecord(50, 9, 0, DATUM_GER)})));
     ASSERT_EQ(parts->GetCount(), 2u);
-    const Outline first = OutlineOf(Part(parts, 0));
+    const Ring first = RingOf(Part(parts, 0));
     ASSERT_EQ(first.size(), 4u);
     EXPECT_NEAR(first[0].x, 200, 1e-9);
     EXPECT_NEAR(first[0].y, 150, 1e-9);
@@ -76,7 +76,7 @@ TEST_F(SplitPolygonTest, SmallPolygonsAreOnePart) {
 TEST_F(SplitPolygonTest, AWayThereAndBackIsAPartOfThreeVertices) {
     ASSERT_TRUE(Split(PixelPolygon({{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 9}, {2, 4}, {0, 4}})));
     ASSERT_EQ(parts->GetCount(), 2u);
-    EXPECT_EQ(OutlineOf(Part(parts, 0)), (Outline{{2, 4}, {2, 9}, {2, 4}}));
+    EXPECT_EQ(RingOf(Part(parts, 0)), (Ring{{2, 4}, {2, 9}, {2, 4}}));
     EXPECT_EQ(Part(parts, 1)->GetCount(), 6u);
 }
 

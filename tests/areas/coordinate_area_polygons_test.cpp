@@ -22,7 +22,7 @@ using testing::PolygonOf;
 using testing::Ups;
 using testing::Utm32;
 
-const Outline SQUARE = testing::Rectangle(0, 0, 4, 4);
+const Ring SQUARE = testing::Rectangle(0, 0, 4, 4);
 
 IRef<ICoord> PixelAt(double x, double y, std::int32_t datum = DATUM_WGS84) {
     tagKOORD record = FloatPixel(x, y);
@@ -104,9 +104,9 @@ TEST_F(PolygonQuestions, APolygonOfOneVertexHoldsThatVertex) {
 }
 
 TEST_F(PolygonQuestions, BothTrianglesOfABowTieAreInside) {
-    const Outline open{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
-    for (const Outline& outline : {open, testing::Closed(open)}) {
-        const auto bowTie = PixelPolygon(outline);
+    const Ring open{{0, 0}, {2, 2}, {2, 0}, {0, 2}};
+    for (const Ring& ring : {open, testing::Closed(open)}) {
+        const auto bowTie = PixelPolygon(ring);
         EXPECT_TRUE(area->IsInsidePixels(PixelAt(0.25, 1).Get(), bowTie.Get()));
         EXPECT_TRUE(area->IsInsidePixels(PixelAt(1.75, 1).Get(), bowTie.Get()));
         EXPECT_FALSE(area->IsInsidePixels(PixelAt(1, 0.5).Get(), bowTie.Get()));
@@ -127,11 +127,11 @@ TEST_F(PolygonQuestions, TheObjectsToleranceCounts) {
 TEST_F(PolygonQuestions, HalfAPixelOfToleranceWidensARectangle) {
     const auto square = PixelPolygon(SQUARE);
     ASSERT_TRUE(area->SetTolerance(0.5));
-    for (const PlanePoint& p : Outline{{4.4, 2}, {-0.4, 2}, {2, 4.4}, {2, -0.4}}) {
+    for (const PlanePoint& p : Ring{{4.4, 2}, {-0.4, 2}, {2, 4.4}, {2, -0.4}}) {
         EXPECT_TRUE(AskAll(PixelAt(p.x, p.y), square, true));
         EXPECT_TRUE(area->IsInsideTransferred(map.Get(), PixelAt(p.x, p.y).Get(), square.Get()));
     }
-    for (const PlanePoint& p : Outline{{4.6, 2}, {-0.6, 2}, {2, 4.6}, {2, -0.6}})
+    for (const PlanePoint& p : Ring{{4.6, 2}, {-0.6, 2}, {2, 4.6}, {2, -0.6}})
         EXPECT_TRUE(AskAll(PixelAt(p.x, p.y), square, false));
     ASSERT_TRUE(area->SetTolerance(0.0));
     EXPECT_TRUE(AskAll(PixelAt(4.4, 2), square, false));

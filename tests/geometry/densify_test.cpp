@@ -40,21 +40,21 @@ class LineDensifyingTest : public testing::BalancedTest {
         &ILinePoints::DensifyCoordStraightZoned, &ILinePoints::DensifyGeodesic};
 
     // Something to be cleared.
-    void SetUp() override { chain->Add(lines.Get()); }
+    void SetUp() override { polyline->Add(lines.Get()); }
 
     bool Densify(Operation operation, const CKoord& a, const CKoord& b) {
-        return (lines.Get()->*operation)(map.Get(), CoordOf(a).Get(), CoordOf(b).Get(), chain.Get());
+        return (lines.Get()->*operation)(map.Get(), CoordOf(a).Get(), CoordOf(b).Get(), polyline.Get());
     }
 
     bool Across(const CKoord& a, const CKoord& b, std::int32_t datum, std::int32_t system) {
         return lines->DensifyInReference(CoordOf(a).Get(), CoordOf(b).Get(), ReferenceOf(datum, system).Get(),
-                                         chain.Get());
+                                         polyline.Get());
     }
 
-    CKoord KoordAt(std::uint32_t i) { return KoordOf(At(chain, i)); }
+    CKoord KoordAt(std::uint32_t i) { return KoordOf(At(polyline, i)); }
 
     IRef<ILinePoints> lines{CreateClassLinePoints()};
-    IRef<IArray> chain{CreateClassArray()};
+    IRef<IArray> polyline{CreateClassArray()};
     IRef<IMapCoordOperations> map = DegreeMap(6.0, 50.0, 100.0);
 };
 
@@ -72,7 +72,7 @@ TEST_F(LineDensifyingTest, KeepsATolerance) {
 TEST_F(LineDensifyingTest, AGeodesicRunsThroughItsWayPoints) {
     map = DegreeMap(-180.0, 90.0, 10.0);
     ASSERT_TRUE(Densify(&ILinePoints::DensifyGeodesic, GeodezRecord(48, 16), GeodezRecord(52, -1)));
-    ASSERT_EQ(chain->GetCount(), 5u);
+    ASSERT_EQ(polyline->GetCount(), 5u);
     // GeodSolve -I 48 16 52 -1 -F -p 4 of 0.25, 0.5 and 0.75
     const double expected[5][2] = {{48.0, 16.0},
                                    {49.227913481, 12.022624879},
@@ -92,18 +92,18 @@ TEST_F(LineDensifyingTest, WithoutATolerancePiecesAreHalvedUpToTheLimit) {
     map = DegreeMap(-180.0, 90.0, 10.0);
     ASSERT_TRUE(lines->SetPixelTolerance(0.0));
     ASSERT_TRUE(Densify(&ILinePoints::DensifyGeodesic, GeodezRecord(48, 16), GeodezRecord(52, -1)));
-    EXPECT_EQ(chain->GetCount(), 129u);
+    EXPECT_EQ(polyline->GetCount(), 129u);
     map = DegreeMap(6.0, 50.0, 100.0);
     ASSERT_TRUE(Densify(&ILinePoints::DensifyMapStraight, Utm32(5e5, 5.3e6), Utm32(7e5, 5.31e6)));
-    EXPECT_EQ(chain->GetCount(), 65u);
+    EXPECT_EQ(polyline->GetCount(), 65u);
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Utm32(5e5, 5.3e6), Utm32(7e5, 5.31e6)));
-    EXPECT_EQ(chain->GetCount(), 65u);
+    EXPECT_EQ(polyline->GetCount(), 65u);
 }
 
-TEST_F(LineDensifyingTest, TheChainGoesFromLeftToRight) {
+TEST_F(LineDensifyingTest, ThePolylineGoesFromLeftToRight) {
     ASSERT_TRUE(lines->SetPixelTolerance(0.0));
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Utm32(5e5, 5.3e6), Utm32(6e5, 5.4e6)));
-    ASSERT_EQ(chain->GetCount(), 65u);
+    ASSERT_EQ(polyline->GetCount(), 65u);
     for (std::uint32_t i = 0; i < 65; ++i) {
         const auto utm = Load<UtmPayload>(KoordAt(i));
         // Halves of whole numbers are exact.
@@ -116,22 +116,22 @@ TEST_F(LineDensifyingTest, AGeodesicBetweenTwoPixelsIsPixels) {
     map = DegreeMap(-180.0, 90.0, 10.0);
     // The pixels of 48 16 and 52 -1.
     ASSERT_TRUE(Densify(&ILinePoints::DensifyGeodesic, FloatPixel(1960, 420), LongPixel(1790, 380)));
-    ASSERT_EQ(chain->GetCount(), 5u);
+    ASSERT_EQ(polyline->GetCount(), 5u);
     for (std::uint32_t i = 0; i < 5; ++i) {
         EXPECT_EQ(KoordAt(i).type, KOORD_FLOATPIXEL);
         EXPECT_EQ(KoordAt(i).datum, 2u);
     }
     // Row (90 - latitude) * 10, column (longitude + 180) * 10 of the geodesic's middle as above.
-    EXPECT_NEAR(PixelOf(At(chain, 2)).x, 1878.55374460, 1e-5);
-    EXPECT_NEAR(PixelOf(At(chain, 2)).y, 396.88034557, 1e-5);
-    EXPECT_NEAR(PixelOf(At(chain, 0)).x, 1960.0, 1e-9);
-    EXPECT_NEAR(PixelOf(At(chain, 4)).y, 380.0, 1e-9);
+    EXPECT_NEAR(PixelOf(At(polyline, 2)).x, 1878.55374460, 1e-5);
+    EXPECT_NEAR(PixelOf(At(polyline, 2)).y, 396.88034557, 1e-5);
+    EXPECT_NEAR(PixelOf(At(polyline, 0)).x, 1960.0, 1e-9);
+    EXPECT_NEAR(PixelOf(At(polyline, 4)).y, 380.0, 1e-9);
 }
 
 TEST_F(LineDensifyingTest, AGeodesicWithOneEndInPixelsIsDegrees) {
     map = DegreeMap(-180.0, 90.0, 10.0);
     ASSERT_TRUE(Densify(&ILinePoints::DensifyGeodesic, FloatPixel(1960, 420), GeodezRecord(52, -1)));
-    ASSERT_EQ(chain->GetCount(), 5u);
+    ASSERT_EQ(polyline->GetCount(), 5u);
     for (std::uint32_t i = 0; i < 5; ++i)
         EXPECT_EQ(KoordAt(i).type, KOORD_GEODEZ);
     ASSERT_TRUE(Densify(&ILinePoints::DensifyGeodesic, Utm32(5e5, 5.3e6), FloatPixel(1790, 380)));
@@ -147,7 +147,7 @@ TEST_F(LineDensifyingTest, AGeodesicPassesNearEveryWayPoint) {
         if (its != ends) {
             ASSERT_TRUE(Densify(&ILinePoints::DensifyGeodesic, GeodezRecord(row.Number(0), row.Number(1)),
                                 GeodezRecord(row.Number(2), row.Number(3))));
-            pixels = PixelsOn(map, chain);
+            pixels = PixelsOn(map, polyline);
             ends = its;
         }
         const Pixel way{(row.Number(6) + 180.0) * 10.0, (90.0 - row.Number(5)) * 10.0};
@@ -158,7 +158,7 @@ TEST_F(LineDensifyingTest, AGeodesicPassesNearEveryWayPoint) {
 
 TEST_F(LineDensifyingTest, AStraightLineOfTheCoordinatesIsBentOnTheMap) {
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Utm32(5e5, 5.3e6), Utm32(7e5, 5.3e6)));
-    ASSERT_EQ(chain->GetCount(), 3u);
+    ASSERT_EQ(polyline->GetCount(), 3u);
     EXPECT_EQ(Load<UtmPayload>(KoordAt(1)).easting, 6e5);
     EXPECT_EQ(Load<UtmPayload>(KoordAt(1)).northing, 5.3e6);
     EXPECT_EQ(Load<UtmPayload>(KoordAt(1)).zone, 32);
@@ -166,7 +166,7 @@ TEST_F(LineDensifyingTest, AStraightLineOfTheCoordinatesIsBentOnTheMap) {
 
 TEST_F(LineDensifyingTest, AStraightLineOfTheMapIsBentInTheCoordinates) {
     ASSERT_TRUE(Densify(&ILinePoints::DensifyMapStraight, Utm32(5e5, 5.3e6), Utm32(7e5, 5.3e6)));
-    ASSERT_EQ(chain->GetCount(), 3u);
+    ASSERT_EQ(polyline->GetCount(), 3u);
     // cs2cs from +proj=utm +zone=32 to latitude and longitude, their means, and back
     EXPECT_NEAR(Load<UtmPayload>(KoordAt(1)).easting, 599972.7693, 0.002);  // metres
     EXPECT_NEAR(Load<UtmPayload>(KoordAt(1)).northing, 5299135.4400, 0.002);
@@ -176,27 +176,27 @@ TEST_F(LineDensifyingTest, AStraightLineOfTheMapIsBentInTheCoordinates) {
 TEST_F(LineDensifyingTest, DegreesOnADegreeMapAreStraightAsTheyAre) {
     const IRef<ICoord> a = CoordOf(GeodezRecord(48, 9, 100.0));
     const IRef<ICoord> b = CoordOf(GeodezRecord(47, 12, 200.0));
-    ASSERT_TRUE(lines->DensifyMapStraight(map.Get(), a.Get(), b.Get(), chain.Get()));
-    ASSERT_EQ(chain->GetCount(), 2u);
-    EXPECT_NE(At(chain, 0).Get(), a.Get());
-    EXPECT_NE(At(chain, 1).Get(), b.Get());
+    ASSERT_TRUE(lines->DensifyMapStraight(map.Get(), a.Get(), b.Get(), polyline.Get()));
+    ASSERT_EQ(polyline->GetCount(), 2u);
+    EXPECT_NE(At(polyline, 0).Get(), a.Get());
+    EXPECT_NE(At(polyline, 1).Get(), b.Get());
     EXPECT_EQ(CountOf(a), 1u);
     EXPECT_EQ(Load<GeodezPayload>(KoordAt(0)).latitude, 48.0);
     EXPECT_EQ(Load<GeodezPayload>(KoordAt(1)).longitude, 12.0);
-    EXPECT_EQ(At(chain, 0)->GetHeight(), 100.0);
-    EXPECT_EQ(At(chain, 1)->GetHeight(), 200.0);
+    EXPECT_EQ(At(polyline, 0)->GetHeight(), 100.0);
+    EXPECT_EQ(At(polyline, 1)->GetHeight(), 200.0);
 }
 
 TEST_F(LineDensifyingTest, EntriesAreObjectsOfTheirOwn) {
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Utm32(5e5, 5.3e6), Utm32(7e5, 5.3e6)));
-    for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
-        EXPECT_EQ(CountOf(chain->GetAt(i)), 1u);
+    for (std::uint32_t i = 0; i < polyline->GetCount(); ++i) {
+        EXPECT_EQ(CountOf(polyline->GetAt(i)), 1u);
         for (std::uint32_t j = 0; j < i; ++j)
-            EXPECT_NE(chain->GetAt(i), chain->GetAt(j));
+            EXPECT_NE(polyline->GetAt(i), polyline->GetAt(j));
     }
-    At(chain, 1)->SetHeight(7.0);
-    EXPECT_EQ(At(chain, 0)->GetHeight(), 0.0);
-    EXPECT_EQ(At(chain, 2)->GetHeight(), 0.0);
+    At(polyline, 1)->SetHeight(7.0);
+    EXPECT_EQ(At(polyline, 0)->GetHeight(), 0.0);
+    EXPECT_EQ(At(polyline, 2)->GetHeight(), 0.0);
 }
 
 TEST_F(LineDensifyingTest, EndsKeepTheirHeightsAndMiddlesHaveNone) {
@@ -205,13 +205,13 @@ TEST_F(LineDensifyingTest, EndsKeepTheirHeightsAndMiddlesHaveNone) {
     from->SetHeight(500.0);
     to->SetHeight(600.0);
     for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[3]}) {
-        ASSERT_TRUE((lines.Get()->*operation)(map.Get(), from.Get(), to.Get(), chain.Get()));
-        const std::uint32_t last = chain->GetCount() - 1;
+        ASSERT_TRUE((lines.Get()->*operation)(map.Get(), from.Get(), to.Get(), polyline.Get()));
+        const std::uint32_t last = polyline->GetCount() - 1;
         ASSERT_GT(last, 1u);
-        EXPECT_EQ(At(chain, 0)->GetHeight(), 500.0);
-        EXPECT_EQ(At(chain, last)->GetHeight(), 600.0);
+        EXPECT_EQ(At(polyline, 0)->GetHeight(), 500.0);
+        EXPECT_EQ(At(polyline, last)->GetHeight(), 600.0);
         for (std::uint32_t i = 1; i < last; ++i)
-            EXPECT_EQ(At(chain, i)->GetHeight(), 0.0);
+            EXPECT_EQ(At(polyline, i)->GetHeight(), 0.0);
     }
 }
 
@@ -220,8 +220,8 @@ TEST_F(LineDensifyingTest, AStraightLineOfEcefRunsThroughTheEarth) {
     const EcefPayload b{0.0, 3189068.5, 5523628.0};
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Record(KOORD_ECEF, a), Record(KOORD_ECEF, b)));
     double lowest = 0.0;
-    for (std::uint32_t i = 0; i < chain->GetCount(); ++i)
-        lowest = std::min(lowest, At(chain, i)->GetHeight());
+    for (std::uint32_t i = 0; i < polyline->GetCount(); ++i)
+        lowest = std::min(lowest, At(polyline, i)->GetHeight());
     // The middle is (3189068.5, 1594534.25, 2761814), 4510024 m from the centre. The ellipsoid is 6370000 m
     // from it there, within 8000 m.
     EXPECT_NEAR(lowest, 4510024.0 - 6370000.0, 9000.0);
@@ -231,16 +231,16 @@ TEST_F(LineDensifyingTest, PixelsAreStraightAsTheyAre) {
     ASSERT_TRUE(lines->SetPixelTolerance(0.0));
     for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[2]}) {
         ASSERT_TRUE(Densify(operation, LongPixel(3, 4), LongPixel(500, 600)));
-        ASSERT_EQ(chain->GetCount(), 2u);
+        ASSERT_EQ(polyline->GetCount(), 2u);
         EXPECT_EQ(KoordAt(0).type, KOORD_LONGPIXEL);
-        EXPECT_EQ(PixelOf(At(chain, 1)).x, 500.0);
+        EXPECT_EQ(PixelOf(At(polyline, 1)).x, 500.0);
     }
 }
 
-TEST_F(LineDensifyingTest, EqualEndsAreAChainOfTwo) {
+TEST_F(LineDensifyingTest, EqualEndsAreAPolylineOfTwo) {
     for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[3]}) {
         ASSERT_TRUE(Densify(operation, Utm32(6e5, 5.3e6), Utm32(6e5, 5.3e6)));
-        EXPECT_EQ(chain->GetCount(), 2u);
+        EXPECT_EQ(polyline->GetCount(), 2u);
     }
 }
 
@@ -249,19 +249,19 @@ TEST_F(LineDensifyingTest, WhatIsStraightNeedsNoTolerance) {
     for (const Operation operation : {ON_MAP[0], ON_MAP[1]}) {
         // The middle of equal ends is that end, and its pixel the middle of theirs, bit for bit.
         ASSERT_TRUE(Densify(operation, Utm32(6e5, 5.3e6), Utm32(6e5, 5.3e6)));
-        EXPECT_EQ(chain->GetCount(), 2u);
+        EXPECT_EQ(polyline->GetCount(), 2u);
     }
 }
 
 TEST_F(LineDensifyingTest, EndsOfTwoSystemsOrDatumsLeaveNothing) {
     for (const Operation operation : ON_MAP) {
-        chain->Add(lines.Get());
+        polyline->Add(lines.Get());
         if (operation != ON_MAP[3]) {  // a geodesic brings both ends to degrees
             EXPECT_FALSE(Densify(operation, Utm32(6e5, 5.3e6), GeodezRecord(48, 9)));
-            EXPECT_EQ(chain->GetCount(), 0u);
+            EXPECT_EQ(polyline->GetCount(), 0u);
         }
         EXPECT_FALSE(Densify(operation, GeodezRecord(48, 9, 0.0, 3), GeodezRecord(48, 9)));
-        EXPECT_EQ(chain->GetCount(), 0u);
+        EXPECT_EQ(polyline->GetCount(), 0u);
     }
 }
 
@@ -276,10 +276,10 @@ TEST_F(LineDensifyingTest, ZonedMiddlesLieOnTheBorder) {
         ends[i] = KoordOf(coord);
     }
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraightZoned, ends[0], ends[1]));
-    ASSERT_GT(chain->GetCount(), 2u);
-    for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
+    ASSERT_GT(polyline->GetCount(), 2u);
+    for (std::uint32_t i = 0; i < polyline->GetCount(); ++i) {
         EXPECT_EQ(Load<UtmPayload>(KoordAt(i)).zone, 32);
-        const IRef<ICoord> coord = At(chain, i);
+        const IRef<ICoord> coord = At(polyline, i);
         ASSERT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_GEODEZ).Get()));
         EXPECT_NEAR(Load<GeodezPayload>(KoordAt(i)).longitude, 6.0, 1.1e-7);  // degrees
     }
@@ -292,12 +292,12 @@ TEST_F(LineDensifyingTest, ZonedPiecesAreHalvedUpToTheLimit) {
     map = MapOf(testing::Map(MAP_UTM, MapUtmParams{'N', 32, 200000.0, 6000000.0, 100.0, 100.0}));
     ASSERT_TRUE(
         Densify(&ILinePoints::DensifyCoordStraightZoned, Utm32(280000.0, 5.1e6), Utm32(340000.0, 5.9e6)));
-    EXPECT_EQ(chain->GetCount(), 65u);
+    EXPECT_EQ(polyline->GetCount(), 65u);
 }
 
 TEST_F(LineDensifyingTest, AMiddleOnTheCentralLineHasNoBorder) {
     EXPECT_FALSE(Densify(&ILinePoints::DensifyCoordStraightZoned, Utm32(4e5, 5.3e6), Utm32(6e5, 5.3e6)));
-    EXPECT_EQ(chain->GetCount(), 0u);
+    EXPECT_EQ(polyline->GetCount(), 0u);
     EXPECT_FALSE(Densify(&ILinePoints::DensifyCoordStraightZoned, GeodezRecord(48, 9), GeodezRecord(47, 9)))
         << "no zones";
 }
@@ -313,9 +313,9 @@ TEST_F(LineDensifyingTest, MapStraightMiddlesLieInTheArea) {
         ends[i] = KoordOf(coord);
     }
     EXPECT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, ends[0], ends[1]));
-    EXPECT_GT(chain->GetCount(), 2u);
+    EXPECT_GT(polyline->GetCount(), 2u);
     EXPECT_FALSE(Densify(&ILinePoints::DensifyMapStraight, ends[0], ends[1]));
-    EXPECT_EQ(chain->GetCount(), 0u);
+    EXPECT_EQ(polyline->GetCount(), 0u);
 }
 
 TEST_F(LineDensifyingTest, TransverseMercatorHasNoMiddles) {
@@ -323,13 +323,13 @@ TEST_F(LineDensifyingTest, TransverseMercatorHasNoMiddles) {
     for (const Operation operation : {ON_MAP[0], ON_MAP[1], ON_MAP[2]})
         EXPECT_FALSE(Densify(operation, tm, tm));
     EXPECT_FALSE(Across(tm, tm, 2, KOORD_GEODEZ));
-    EXPECT_EQ(chain->GetCount(), 0u);
+    EXPECT_EQ(polyline->GetCount(), 0u);
     EXPECT_TRUE(Densify(&ILinePoints::DensifyGeodesic, tm, tm));
 }
 
 TEST_F(LineDensifyingTest, AnotherReferencesLineHasThirtyThreePoints) {
     ASSERT_TRUE(Across(GeodezRecord(48, 7), GeodezRecord(47, 11), 2, KOORD_UTM));
-    ASSERT_EQ(chain->GetCount(), 33u);
+    ASSERT_EQ(polyline->GetCount(), 33u);
     EXPECT_EQ(Load<GeodezPayload>(KoordAt(0)).longitude, 7.0);
     EXPECT_EQ(Load<GeodezPayload>(KoordAt(32)).longitude, 11.0);
     // Every point lies on the straight line between the ends' eastings and northings.
@@ -351,16 +351,16 @@ TEST_F(LineDensifyingTest, ADifferenceOnOneAxisDividesAPiece) {
     // Along the equator the middles of degrees and of eastings both have the northing 0, along the central
     // meridian both have the easting 500000.
     ASSERT_TRUE(Across(Utm32(5e5, 0.0), Utm32(7e5, 0.0), 2, KOORD_GEODEZ));
-    EXPECT_EQ(chain->GetCount(), 33u);
+    EXPECT_EQ(polyline->GetCount(), 33u);
     ASSERT_TRUE(Across(Utm32(5e5, 1e6), Utm32(5e5, 5e6), 2, KOORD_GEODEZ));
-    EXPECT_EQ(chain->GetCount(), 33u);
+    EXPECT_EQ(polyline->GetCount(), 33u);
 }
 
 TEST_F(LineDensifyingTest, TheOwnReferencesLineIsItsEnds) {
     ASSERT_TRUE(Across(GeodezRecord(48, 7), GeodezRecord(47, 11), 2, KOORD_GEODEZ));
-    EXPECT_EQ(chain->GetCount(), 2u);
+    EXPECT_EQ(polyline->GetCount(), 2u);
     ASSERT_TRUE(Across(Utm32(4e5, 5e6), Utm32(5e5, 5.1e6), 2, KOORD_UTM));
-    EXPECT_EQ(chain->GetCount(), 2u);
+    EXPECT_EQ(polyline->GetCount(), 2u);
 }
 
 TEST_F(LineDensifyingTest, PixelsHaveNoOtherReference) {
@@ -369,14 +369,14 @@ TEST_F(LineDensifyingTest, PixelsHaveNoOtherReference) {
                                        std::tuple{GeodezRecord(1, 2), GeodezRecord(3, 4), KOORD_LONGPIXEL},
                                        std::tuple{GeodezRecord(1, 2), GeodezRecord(3, 4, 0.0, 3), KOORD_UTM},
                                        std::tuple{GeodezRecord(1, 2), Utm32(5e5, 5e6), KOORD_UTM}}) {
-        chain->Add(lines.Get());
+        polyline->Add(lines.Get());
         EXPECT_FALSE(Across(a, b, 2, system));
-        EXPECT_EQ(chain->GetCount(), 0u);
+        EXPECT_EQ(polyline->GetCount(), 0u);
     }
     const IRef<ICoord> coord = CoordOf(GeodezRecord(1, 2));
     for (const std::int32_t system : {23, 24, 99, -7}) {
         const auto reference = testing::MakeHostReference(2, system);
-        EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coord.Get(), reference.Get(), chain.Get()));
+        EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coord.Get(), reference.Get(), polyline.Get()));
     }
 }
 
@@ -384,11 +384,11 @@ TEST_F(LineDensifyingTest, NumbersForNoReferenceAreTheLinesOwn) {
     const IRef<ICoord> a = CoordOf(GeodezRecord(48, 7));
     const IRef<ICoord> b = CoordOf(GeodezRecord(47, 11));
     const auto none = testing::MakeHostReference(NO_DATUM, NO_SYSTEM);
-    ASSERT_TRUE(lines->DensifyInReference(a.Get(), b.Get(), none.Get(), chain.Get()));
-    EXPECT_EQ(chain->GetCount(), 2u);
+    ASSERT_TRUE(lines->DensifyInReference(a.Get(), b.Get(), none.Get(), polyline.Get()));
+    EXPECT_EQ(polyline->GetCount(), 2u);
 }
 
-TEST_F(LineDensifyingTest, NullAndForeignObjectsLeaveTheChainAlone) {
+TEST_F(LineDensifyingTest, NullAndForeignObjectsLeaveThePolylineAlone) {
     const IRef<IUnknown> stranger = testing::MakeStranger();
     const IRef<ICoord> coord = CoordOf(Utm32(5e5, 5.3e6));
     const auto reference = ReferenceOf(2, KOORD_UTM);
@@ -398,9 +398,9 @@ TEST_F(LineDensifyingTest, NullAndForeignObjectsLeaveTheChainAlone) {
         };
         for (IUnknown* const other : {static_cast<IUnknown*>(nullptr), stranger.Get()}) {
             EXPECT_FALSE(
-                run(reinterpret_cast<IMapCoordOperations*>(other), coord.Get(), coord.Get(), chain.Get()));
-            EXPECT_FALSE(run(map.Get(), reinterpret_cast<ICoord*>(other), coord.Get(), chain.Get()));
-            EXPECT_FALSE(run(map.Get(), coord.Get(), reinterpret_cast<ICoord*>(other), chain.Get()));
+                run(reinterpret_cast<IMapCoordOperations*>(other), coord.Get(), coord.Get(), polyline.Get()));
+            EXPECT_FALSE(run(map.Get(), reinterpret_cast<ICoord*>(other), coord.Get(), polyline.Get()));
+            EXPECT_FALSE(run(map.Get(), coord.Get(), reinterpret_cast<ICoord*>(other), polyline.Get()));
             EXPECT_FALSE(run(map.Get(), coord.Get(), coord.Get(), reinterpret_cast<IArray*>(other)));
         }
     }
@@ -408,12 +408,12 @@ TEST_F(LineDensifyingTest, NullAndForeignObjectsLeaveTheChainAlone) {
         auto* const coordIn = reinterpret_cast<ICoord*>(other);
         auto* const referenceIn = reinterpret_cast<ICoordinateReference*>(other);
         auto* const arrayIn = reinterpret_cast<IArray*>(other);
-        EXPECT_FALSE(lines->DensifyInReference(coordIn, coord.Get(), reference.Get(), chain.Get()));
-        EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coordIn, reference.Get(), chain.Get()));
-        EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coord.Get(), referenceIn, chain.Get()));
+        EXPECT_FALSE(lines->DensifyInReference(coordIn, coord.Get(), reference.Get(), polyline.Get()));
+        EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coordIn, reference.Get(), polyline.Get()));
+        EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coord.Get(), referenceIn, polyline.Get()));
         EXPECT_FALSE(lines->DensifyInReference(coord.Get(), coord.Get(), reference.Get(), arrayIn));
     }
-    EXPECT_EQ(chain->GetCount(), 1u);
+    EXPECT_EQ(polyline->GetCount(), 1u);
     EXPECT_EQ(CountOf(coord), 1u);
     EXPECT_EQ(CountOf(stranger), 1u);
 }
@@ -421,15 +421,15 @@ TEST_F(LineDensifyingTest, NullAndForeignObjectsLeaveTheChainAlone) {
 TEST_F(LineDensifyingTest, ACoordinateOfAHostHasNoRecord) {
     const IRef<ICoord> foreign(NewObject<testing::HostCoord>());
     const IRef<ICoord> coord = CoordOf(Utm32(5e5, 5.3e6));
-    EXPECT_FALSE(lines->DensifyMapStraight(map.Get(), foreign.Get(), coord.Get(), chain.Get()));
-    EXPECT_EQ(chain->GetCount(), 0u);
+    EXPECT_FALSE(lines->DensifyMapStraight(map.Get(), foreign.Get(), coord.Get(), polyline.Get()));
+    EXPECT_EQ(polyline->GetCount(), 0u);
 }
 
 TEST_F(LineDensifyingTest, AnEmptyMapHasNoPixels) {
     map = IRef<IMapCoordOperations>(CreateClassMapCoordOperations());
     for (const Operation operation : ON_MAP) {
         EXPECT_FALSE(Densify(operation, GeodezRecord(48, 7), GeodezRecord(47, 11)));
-        EXPECT_EQ(chain->GetCount(), 0u);
+        EXPECT_EQ(polyline->GetCount(), 0u);
     }
 }
 
@@ -438,16 +438,16 @@ TEST_F(LineDensifyingTest, EndsWithoutNumbersEndTheWork) {
     for (const double bad : {NAN_VALUE, infinity, -infinity, 1e300}) {
         for (const Operation operation : ON_MAP) {
             Densify(operation, GeodezRecord(bad, 7), GeodezRecord(47, bad));
-            EXPECT_LE(chain->GetCount(), 129u);
+            EXPECT_LE(polyline->GetCount(), 129u);
             Densify(operation, Utm32(bad, 5.3e6), Utm32(5e5, bad));
-            EXPECT_LE(chain->GetCount(), 129u);
+            EXPECT_LE(polyline->GetCount(), 129u);
         }
         Across(Utm32(bad, 5.3e6), Utm32(5e5, bad), 3, KOORD_GK);
-        EXPECT_LE(chain->GetCount(), 33u);
+        EXPECT_LE(polyline->GetCount(), 33u);
     }
 }
 
-TEST_F(LineDensifyingTest, WithoutMemoryTheChainIsEmptyOrTheExceptionPasses) {
+TEST_F(LineDensifyingTest, WithoutMemoryThePolylineIsEmptyOrTheExceptionPasses) {
     const IRef<ICoord> a = CoordOf(Utm32(5e5, 5.3e6));
     const IRef<ICoord> b = CoordOf(Utm32(7e5, 5.3e6));
     bool hasFailed = true;
@@ -456,33 +456,33 @@ TEST_F(LineDensifyingTest, WithoutMemoryTheChainIsEmptyOrTheExceptionPasses) {
         bool isDone = false;
         try {
             const testing::FailAllocation failure(nth);
-            isDone = lines->DensifyCoordStraight(map.Get(), a.Get(), b.Get(), chain.Get());
+            isDone = lines->DensifyCoordStraight(map.Get(), a.Get(), b.Get(), polyline.Get());
             hasFailed = failure.HasFailed();
         } catch (const std::bad_alloc&) {
             continue;
         }
         EXPECT_EQ(isDone, !hasFailed);
         if (!isDone && nth > 1) {
-            EXPECT_LE(chain->GetCount(), 1u);
+            EXPECT_LE(polyline->GetCount(), 1u);
         }
     }
-    EXPECT_EQ(chain->GetCount(), 3u);
+    EXPECT_EQ(polyline->GetCount(), 3u);
     EXPECT_EQ(CountOf(a), 1u);
 }
 
 TEST_F(LineDensifyingTest, TheArgumentsMayBeTheResultsOwn) {
     ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, Utm32(5e5, 5.3e6), Utm32(7e5, 5.3e6)));
     // Both ends are held by nothing but the list, which is cleared first.
-    auto* const first = static_cast<ICoord*>(At(chain, 0).Get());
-    auto* const last = static_cast<ICoord*>(At(chain, 2).Get());
-    ASSERT_TRUE(lines->DensifyCoordStraight(map.Get(), last, first, chain.Get()));
-    ASSERT_EQ(chain->GetCount(), 3u);
+    auto* const first = static_cast<ICoord*>(At(polyline, 0).Get());
+    auto* const last = static_cast<ICoord*>(At(polyline, 2).Get());
+    ASSERT_TRUE(lines->DensifyCoordStraight(map.Get(), last, first, polyline.Get()));
+    ASSERT_EQ(polyline->GetCount(), 3u);
     EXPECT_EQ(Load<UtmPayload>(KoordAt(0)).easting, 7e5);
 }
 
 // Random lines in degrees on sheets of several projections, each compared with the curve that it stands for.
-TEST_F(LineDensifyingTest, ChainsFollowTheirCurves) {
-    // Samples of the curve, spread over the pieces of the chain.
+TEST_F(LineDensifyingTest, PolylinesFollowTheirCurves) {
+    // Samples of the curve, spread over the pieces of the polyline.
     constexpr std::uint32_t SAMPLES = 1000;
     Random random(31);
     const IRef<IMapCoordOperations> sheets[] = {
@@ -499,7 +499,7 @@ TEST_F(LineDensifyingTest, ChainsFollowTheirCurves) {
                                      GeodezRecord(b.latitude, b.longitude)};
             // Straight in degrees.
             ASSERT_TRUE(Densify(&ILinePoints::DensifyCoordStraight, ends[0], ends[1]));
-            const auto pixels = PixelsOn(map, chain);
+            const auto pixels = PixelsOn(map, polyline);
             for (std::uint32_t k = 0; k <= SAMPLES; ++k) {
                 const double t = static_cast<double>(k) / SAMPLES;
                 const Pixel p = PixelOn(map, GeodezRecord(a.latitude + t * (b.latitude - a.latitude),
@@ -510,8 +510,8 @@ TEST_F(LineDensifyingTest, ChainsFollowTheirCurves) {
             // points the straight line of degrees stays near.
             ASSERT_TRUE(Densify(&ILinePoints::DensifyMapStraight, ends[0], ends[1]));
             const std::vector<Pixel> straight = {PixelOn(map, ends[0]), PixelOn(map, ends[1])};
-            const std::uint32_t samplesOfAPiece = SAMPLES / (chain->GetCount() - 1) + 1;
-            for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
+            const std::uint32_t samplesOfAPiece = SAMPLES / (polyline->GetCount() - 1) + 1;
+            for (std::uint32_t i = 0; i < polyline->GetCount(); ++i) {
                 EXPECT_LE(DistanceToChain(PixelOn(map, KoordAt(i)), straight), 1e-4);  // pixels, 1 cm
                 if (i == 0) continue;
                 const auto from = Load<GeodezPayload>(KoordAt(i - 1));

@@ -1,4 +1,4 @@
-#include "geometry/chain_walk.h"
+#include "geometry/polyline_walk.h"
 
 #include <gtest/gtest.h>
 
@@ -15,25 +15,25 @@ std::vector<double> Ends(const Test& isBent) {
         *middle = (left + right) / 2.0;
         return isBent(left, right, depth) ? Division::Split : Division::Finished;
     };
-    EXPECT_TRUE(WalkChain<4>(0.0, 1.0, divide, [&](double end) {
+    EXPECT_TRUE(WalkPolyline<4>(0.0, 1.0, divide, [&](double end) {
         ends.push_back(end);
         return true;
     }));
     return ends;
 }
 
-TEST(WalkChain, APieceThatIsStraightIsOne) {
+TEST(WalkPolyline, APieceThatIsStraightIsOne) {
     EXPECT_EQ(Ends([](double, double, std::size_t) { return false; }), std::vector<double>{1.0});
 }
 
-TEST(WalkChain, WalksAllHalvesFromLeftToRight) {
+TEST(WalkPolyline, WalksAllHalvesFromLeftToRight) {
     const auto ends = Ends([](double, double, std::size_t depth) { return depth < 4; });
     ASSERT_EQ(ends.size(), 16u);
     for (std::size_t i = 0; i < ends.size(); ++i)
         EXPECT_EQ(ends[i], static_cast<double>(i + 1) / 16.0);
 }
 
-TEST(WalkChain, TheDepthIsThatOfThePiece) {
+TEST(WalkPolyline, TheDepthIsThatOfThePiece) {
     // Only the piece at 0.3 is halved: its depth follows from its length.
     const auto ends = Ends([](double left, double right, std::size_t depth) {
         EXPECT_EQ(right - left, 1.0 / static_cast<double>(std::size_t{1} << depth));
@@ -42,18 +42,18 @@ TEST(WalkChain, TheDepthIsThatOfThePiece) {
     EXPECT_EQ(ends, (std::vector<double>{0.25, 0.3125, 0.375, 0.5, 1.0}));
 }
 
-TEST(WalkChain, EndsAtTheFirstFailure) {
+TEST(WalkPolyline, EndsAtTheFirstFailure) {
     int divisions = 0;
     int finished = 0;
     const auto fail = [&](double, double, std::size_t depth, double*) {
         ++divisions;
         return depth == 2 ? Division::Failed : Division::Split;
     };
-    EXPECT_FALSE(WalkChain<4>(0.0, 1.0, fail, [&](double) { return ++finished > 0; }));
+    EXPECT_FALSE(WalkPolyline<4>(0.0, 1.0, fail, [&](double) { return ++finished > 0; }));
     EXPECT_EQ(divisions, 3);
     EXPECT_EQ(finished, 0);
     const auto straight = [](double, double, std::size_t, double*) { return Division::Finished; };
-    EXPECT_FALSE(WalkChain<4>(0.0, 1.0, straight, [](double) { return false; }));
+    EXPECT_FALSE(WalkPolyline<4>(0.0, 1.0, straight, [](double) { return false; }));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "polygons/polygon_outline.h"
+#include "polygons/polygon_ring.h"
 
 #include <algorithm>
 #include <array>
@@ -6,14 +6,14 @@
 
 namespace tessara {
 
-bool IsClosed(std::span<const PlanePoint> outline) {
-    return !outline.empty() && outline.front() == outline.back();
+bool IsClosed(std::span<const PlanePoint> ring) {
+    return !ring.empty() && ring.front() == ring.back();
 }
 
-Outline Tidied(std::span<const PlanePoint> outline) {
-    Outline tidied;
-    tidied.reserve(outline.size() + 1);
-    for (const PlanePoint& vertex : outline) {
+Ring Tidied(std::span<const PlanePoint> ring) {
+    Ring tidied;
+    tidied.reserve(ring.size() + 1);
+    for (const PlanePoint& vertex : ring) {
         if (tidied.empty() || vertex != tidied.back()) tidied.push_back(vertex);
     }
     if (!tidied.empty() && !IsClosed(tidied)) tidied.push_back(tidied.front());

@@ -1,10 +1,10 @@
 // With D = a2 - a1 and f(p) = (p.x - a1.x) D.y - (p.y - a1.y) D.x, whose sign is the side of the line on
-// which p lies, the parameter of a crossing on b1-b2 is f(b1) / (f(b1) - f(b2)). If f is of one sign in a box
-// around both points, the quotient is above 1 or negative. With the roundings of doubles the same holds if f
-// is further from zero than the errors of the two terms, which are a few roundings of (|p| + |a1|) |D|; that
-// is also more than what CrossSegments takes for a point on a line. How parallel the segments are doesn't
-// matter.
-#include "geometry/chain_boxes.h"
+// which p lies, the parameter of an intersection on b1-b2 is f(b1) / (f(b1) - f(b2)). If f is of one sign in
+// a box around both points, the quotient is above 1 or negative. With the roundings of doubles the same holds
+// if f is further from zero than the errors of the two terms, which are a few roundings of (|p| + |a1|) |D|;
+// that is also more than what IntersectSegments takes for a point on a line. How parallel the segments are
+// doesn't matter.
+#include "geometry/polyline_boxes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,8 +26,8 @@ constexpr double NOWHERE = std::numeric_limits<double>::quiet_NaN();
 
 }  // namespace
 
-ChainBoxes::ChainBoxes(std::span<const PlanePoint> chain) : chain_(chain), levels_(1) {
-    for (std::size_t block = 0; FirstOf(block) < chain_.size(); ++block)
+PolylineBoxes::PolylineBoxes(std::span<const PlanePoint> polyline) : polyline_(polyline), levels_(1) {
+    for (std::size_t block = 0; FirstOf(block) < polyline_.size(); ++block)
         levels_.front().push_back(AroundBlock(block));
     while (levels_.back().size() > 1) {
         const std::vector<Box>& below = levels_.back();
@@ -38,14 +38,14 @@ ChainBoxes::ChainBoxes(std::span<const PlanePoint> chain) : chain_(chain), level
     }
 }
 
-std::size_t ChainBoxes::EndOf(std::size_t block) const {
-    return std::min(FirstOf(block) + SEGMENTS, chain_.size());
+std::size_t PolylineBoxes::EndOf(std::size_t block) const {
+    return std::min(FirstOf(block) + SEGMENTS, polyline_.size());
 }
 
-ChainBoxes::Box ChainBoxes::AroundBlock(std::size_t block) const {
+PolylineBoxes::Box PolylineBoxes::AroundBlock(std::size_t block) const {
     Box box{NOWHERE, NOWHERE, NOWHERE, NOWHERE};
     for (std::size_t i = FirstOf(block) - 1; i < EndOf(block); ++i) {
-        const PlanePoint& p = chain_[i];
+        const PlanePoint& p = polyline_[i];
         if (!std::isfinite(p.x) || !std::isfinite(p.y)) return {NOWHERE, NOWHERE, NOWHERE, NOWHERE};
         const Box point{p.x, p.y, 0.0, 0.0};
         box = i + 1 == FirstOf(block) ? point : Around(box, point);
@@ -53,7 +53,7 @@ ChainBoxes::Box ChainBoxes::AroundBlock(std::size_t block) const {
     return box;
 }
 
-ChainBoxes::Box ChainBoxes::Around(const Box& one, const Box& other) {
+PolylineBoxes::Box PolylineBoxes::Around(const Box& one, const Box& other) {
     const auto [x, dx] =
         Between(std::min(one.x - one.dx, other.x - other.dx), std::max(one.x + one.dx, other.x + other.dx));
     const auto [y, dy] =
@@ -63,10 +63,10 @@ ChainBoxes::Box ChainBoxes::Around(const Box& one, const Box& other) {
     return {x, y, dx, dy};
 }
 
-bool ChainBoxes::LiesToOneSide(std::size_t segment, const Box& box) const {
+bool PolylineBoxes::LiesToOneSide(std::size_t segment, const Box& box) const {
     constexpr double someRoundings = 64.0 * std::numeric_limits<double>::epsilon();
-    const PlanePoint& a = chain_[segment - 1];
-    const PlanePoint d{chain_[segment].x - a.x, chain_[segment].y - a.y};
+    const PlanePoint& a = polyline_[segment - 1];
+    const PlanePoint d{polyline_[segment].x - a.x, polyline_[segment].y - a.y};
     const double length = std::fabs(d.x) + std::fabs(d.y);
     const double size =
         std::fabs(a.x) + std::fabs(a.y) + std::fabs(box.x) + std::fabs(box.y) + box.dx + box.dy;
@@ -76,14 +76,14 @@ bool ChainBoxes::LiesToOneSide(std::size_t segment, const Box& box) const {
     return std::fabs(middle) - reach > margin;  // false for what isn't a number
 }
 
-void ChainBoxes::FindNear(const ChainBoxes& other, std::size_t block,
-                          std::vector<std::size_t>* segments) const {
+void PolylineBoxes::FindNear(const PolylineBoxes& other, std::size_t block,
+                             std::vector<std::size_t>* segments) const {
     segments->clear();
     FindBelow(levels_.size() - 1, 0, other, block, segments);
 }
 
-void ChainBoxes::FindBelow(std::size_t height, std::size_t index, const ChainBoxes& other, std::size_t block,
-                           std::vector<std::size_t>* segments) const {
+void PolylineBoxes::FindBelow(std::size_t height, std::size_t index, const PolylineBoxes& other,
+                              std::size_t block, std::vector<std::size_t>* segments) const {
     if (index >= levels_[height].size()) return;
     const Box& box = levels_[height][index];
     std::size_t line = other.FirstOf(block);

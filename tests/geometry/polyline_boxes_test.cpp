@@ -1,4 +1,4 @@
-#include "geometry/chain_boxes.h"
+#include "geometry/polyline_boxes.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "geometry/plane_crossings.h"
+#include "geometry/plane_intersections.h"
 #include "support/random.h"
 
 namespace tessara {
@@ -14,43 +14,43 @@ namespace {
 
 using testing::Random;
 
-using Chain = std::vector<PlanePoint>;
+using Polyline = std::vector<PlanePoint>;
 using Pair = std::pair<std::size_t, std::size_t>;
 
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
-// Each pair of segments that CrossSegments finds a crossing on, by trying all of them.
-std::vector<Pair> CrossingPairs(const Chain& a, const Chain& b) {
+// Each pair of segments that IntersectSegments finds an intersection on, by trying all of them.
+std::vector<Pair> IntersectionPairs(const Polyline& a, const Polyline& b) {
     std::vector<Pair> pairs;
     for (std::size_t i = 1; i < a.size(); ++i) {
         for (std::size_t j = 1; j < b.size(); ++j) {
-            if (CrossSegments(a[i - 1], a[i], b[j - 1], b[j]).count > 0) pairs.push_back({i, j});
+            if (IntersectSegments(a[i - 1], a[i], b[j - 1], b[j]).count > 0) pairs.push_back({i, j});
         }
     }
     return pairs;
 }
 
-std::vector<Pair> CrossingPairsByBoxes(const Chain& a, const Chain& b) {
-    const ChainBoxes boxesA(a);
-    const ChainBoxes boxesB(b);
+std::vector<Pair> IntersectionPairsByBoxes(const Polyline& a, const Polyline& b) {
+    const PolylineBoxes boxesA(a);
+    const PolylineBoxes boxesB(b);
     std::vector<Pair> pairs;
     std::vector<std::size_t> near;
     for (std::size_t block = 0; block < boxesA.BlockCount(); ++block) {
         boxesB.FindNear(boxesA, block, &near);
         for (std::size_t i = boxesA.FirstOf(block); i < boxesA.EndOf(block); ++i) {
             for (const std::size_t j : near) {
-                if (CrossSegments(a[i - 1], a[i], b[j - 1], b[j]).count > 0) pairs.push_back({i, j});
+                if (IntersectSegments(a[i - 1], a[i], b[j - 1], b[j]).count > 0) pairs.push_back({i, j});
             }
         }
     }
     return pairs;
 }
 
-// Chains of 1 to 60 segments whose crossings roundings decide: on a coarse grid, along one sloped line, far
-// from (0, 0) and nearly parallel, all over the place, and walking.
-Chain RandomChain(Random& random, int kind, double size) {
-    Chain chain;
+// Polylines of 1 to 60 segments whose intersections roundings decide: on a coarse grid, along one sloped
+// line, far from (0, 0) and nearly parallel, all over the place, and walking.
+Polyline RandomPolyline(Random& random, int kind, double size) {
+    Polyline polyline;
     double x = 0.0, y = 0.0;
     const int points = 2 + random.Below(60);
     for (int i = 0; i < points; ++i) {
@@ -70,48 +70,48 @@ Chain RandomChain(Random& random, int kind, double size) {
             default:
                 x += random.Between(-size, size), y += random.Between(-size, size);
         }
-        chain.push_back({x, y});
+        polyline.push_back({x, y});
     }
-    return chain;
+    return polyline;
 }
 
-TEST(ChainBoxes, LeaveNoSegmentOutThatIsCrossed) {
+TEST(PolylineBoxes, LeaveNoSegmentOutThatIsCrossed) {
     Random random(1962);
-    std::size_t crossings = 0;
+    std::size_t intersections = 0;
     for (int i = 0; i < 3000; ++i) {
         const double size = std::pow(10.0, random.Between(-300.0, 150.0) * (i % 10 == 0 ? 1.0 : 0.02));
-        Chain a = RandomChain(random, i % 5, size);
-        const Chain b = RandomChain(random, i % 5, size);
+        Polyline a = RandomPolyline(random, i % 5, size);
+        const Polyline b = RandomPolyline(random, i % 5, size);
         if (i % 7 == 0) a.push_back(a.front());
-        const std::vector<Pair> expected = CrossingPairs(a, b);
-        ASSERT_EQ(CrossingPairsByBoxes(a, b), expected) << "kind " << i % 5 << ", size " << size;
-        crossings += expected.size();
+        const std::vector<Pair> expected = IntersectionPairs(a, b);
+        ASSERT_EQ(IntersectionPairsByBoxes(a, b), expected) << "kind " << i % 5 << ", size " << size;
+        intersections += expected.size();
     }
-    EXPECT_GT(crossings, 100000u);
+    EXPECT_GT(intersections, 100000u);
 }
 
-TEST(ChainBoxes, PointsThatArentFiniteHideNothingAroundThem) {
+TEST(PolylineBoxes, PointsThatArentFiniteHideNothingAroundThem) {
     Random random(1963);
     for (const double odd : {NOT_A_NUMBER, INFINITE, -INFINITE, 1e308, -1e308}) {
         for (int i = 0; i < 200; ++i) {
-            Chain a = RandomChain(random, 3, 10.0);
-            Chain b = RandomChain(random, 4, 10.0);
+            Polyline a = RandomPolyline(random, 3, 10.0);
+            Polyline b = RandomPolyline(random, 4, 10.0);
             b[static_cast<std::size_t>(random.Below(static_cast<std::int32_t>(b.size())))].x = odd;
             if (i % 2 == 0)
                 a[static_cast<std::size_t>(random.Below(static_cast<std::int32_t>(a.size())))].y = odd;
-            ASSERT_EQ(CrossingPairsByBoxes(a, b), CrossingPairs(a, b)) << odd;
+            ASSERT_EQ(IntersectionPairsByBoxes(a, b), IntersectionPairs(a, b)) << odd;
         }
     }
 }
 
-TEST(ChainBoxes, LeaveMostSegmentsOut) {
-    Chain straight, wave;
+TEST(PolylineBoxes, LeaveMostSegmentsOut) {
+    Polyline straight, wave;
     for (int i = 0; i <= 1000; ++i) {
         straight.push_back({0.1 * i, 0.0});
         wave.push_back({0.1 * i, 10.0 * std::sin(0.3 * i)});
     }
-    const ChainBoxes boxesA(straight);
-    const ChainBoxes boxesB(wave);
+    const PolylineBoxes boxesA(straight);
+    const PolylineBoxes boxesB(wave);
     std::vector<std::size_t> near;
     std::size_t pairs = 0;
     for (std::size_t block = 0; block < boxesA.BlockCount(); ++block) {

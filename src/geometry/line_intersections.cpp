@@ -1,10 +1,10 @@
-#include "geometry/line_crossings.h"
+#include "geometry/line_intersections.h"
 
 #include <new>
 
 #include "geometry/creation.h"
 #include "geometry/line_reading.h"
-#include "geometry/plane_crossings.h"
+#include "geometry/plane_intersections.h"
 #include "objects/koord_access.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/intersection_results.h"
@@ -20,17 +20,17 @@ struct Line {
     [[nodiscard]] bool IsEmpty() const { return coords->GetCount() == 0; }
     // A line of one point is walked as a segment from that point to itself.
     [[nodiscard]] bool IsSingle() const { return places.size() == 1; }
-    [[nodiscard]] std::vector<PlanePoint> Chain() const {
-        std::vector<PlanePoint> chain = places;
-        if (IsSingle()) chain.push_back(chain.front());
-        return chain;
+    [[nodiscard]] std::vector<PlanePoint> Polyline() const {
+        std::vector<PlanePoint> polyline = places;
+        if (IsSingle()) polyline.push_back(polyline.front());
+        return polyline;
     }
 
     IRef<IArray> coords;
     std::vector<PlanePoint> places;
 };
 
-// Takes the crossings, as records or, without a list of records, as points.
+// Takes the intersections, as records or, without a list of records, as points.
 class Sink {
   public:
     explicit Sink(IUnknown* out) : points_(out), records_(out) {}
@@ -43,13 +43,13 @@ class Sink {
         if (records_.IsValid()) records_->Clear();
     }
 
-    bool Put(const ChainCrossing& crossing, const Line& a, const Line& b, ICoord* place) const {
+    bool Put(const PolylineIntersection& intersection, const Line& a, const Line& b, ICoord* place) const {
         if (!records_.IsValid()) {
             points_->Add(place);
             return true;
         }
-        const auto onA = RecordOf(a, crossing.i, crossing.t, place);
-        const auto onB = RecordOf(b, crossing.j, crossing.s, place);
+        const auto onA = RecordOf(a, intersection.i, intersection.t, place);
+        const auto onB = RecordOf(b, intersection.j, intersection.s, place);
         return records_->Add(onA.Get(), onB.Get());
     }
 
@@ -81,12 +81,12 @@ IRef<ICoord> CoordAt(const PlanePoint& place, ICoordinateReference* reference, I
     return isSet ? coord : IRef<ICoord>();
 }
 
-bool PutCrossings(const Line& a, const Line& b, ICoordinateReference* reference, const Sink& sink,
-                  IMapCoordOperations* map) {
+bool PutIntersections(const Line& a, const Line& b, ICoordinateReference* reference, const Sink& sink,
+                      IMapCoordOperations* map) {
     if (a.places.empty() || b.places.empty()) return false;
-    return VisitCrossings(a.Chain(), b.Chain(), [&](const ChainCrossing& crossing) {
-        const IRef<ICoord> place = CoordAt(crossing.place, reference, map);
-        return place.IsValid() && sink.Put(crossing, a, b, place.Get());
+    return VisitIntersections(a.Polyline(), b.Polyline(), [&](const PolylineIntersection& intersection) {
+        const IRef<ICoord> place = CoordAt(intersection.place, reference, map);
+        return place.IsValid() && sink.Put(intersection, a, b, place.Get());
     });
 }
 
@@ -114,7 +114,7 @@ IRef<ICoordinateReference> BaseOf(IArray* line) {
     return isRead ? base : IRef<ICoordinateReference>();
 }
 
-// The reference that crossings of the two lines get; empty if a coordinate is none.
+// The reference that intersections of the two lines get; empty if a coordinate is none.
 IRef<ICoordinateReference> CommonReference(const MapPlane& map, const Line& a, const Line& b) {
     IRef<ICoordinateReference> base = BaseOf(a.coords.Get());
     References found;
@@ -146,7 +146,7 @@ bool CrossOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB, IUnknown
     if (!ReadLineOnMap(plane, a.coords.Get(), &a.places)) return false;
     if (!ReadLineOnMap(plane, b.coords.Get(), &b.places)) return false;
     sink.Clear();
-    return PutCrossings(a, b, reference.Get(), sink, on.Get());
+    return PutIntersections(a, b, reference.Get(), sink, on.Get());
 } catch (const std::bad_alloc&) {
     return false;
 }
@@ -163,7 +163,7 @@ bool CrossPixels(IArray* lineA, IArray* lineB, IUnknown* out) try {
     if (!reference.IsValid() || !IsPixelType(reference->GetSystem())) return false;
     sink.Clear();
     if (!ReadPixelLine(a.coords.Get(), &a.places) || !ReadPixelLine(b.coords.Get(), &b.places)) return false;
-    return PutCrossings(a, b, reference.Get(), sink, nullptr);
+    return PutIntersections(a, b, reference.Get(), sink, nullptr);
 } catch (const std::bad_alloc&) {
     return false;
 }

@@ -1,5 +1,5 @@
-// The crossings of two lines as objects. `out` is an IIntersectionResults, which takes records of both lines,
-// or an IArray, which takes the points alone. line_points.h tells the rest.
+// The intersections of two lines as objects. `out` is an IIntersectionResults, which takes records of both
+// lines, or an IArray, which takes the points alone. line_points.h tells the rest.
 #pragma once
 
 #include "tessara/unknown.h"

@@ -15,7 +15,7 @@ enum class Division { Finished, Split, Failed };
 // `finish(right)` takes the end of each finished piece, in order along the line. False at the first failure
 // of either.
 template <std::size_t LIMIT, class Knot, class Divide, class Finish>
-bool WalkChain(Knot left, const Knot& right, const Divide& divide, const Finish& finish) {
+bool WalkPolyline(Knot left, const Knot& right, const Divide& divide, const Finish& finish) {
     // The ends of the pieces still to be walked, the next one last, each with the depth of its piece.
     struct End {
         Knot knot;

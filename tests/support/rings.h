@@ -1,4 +1,4 @@
-// Outlines in a plane, for tests.
+// Rings in a plane, for tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,68 +7,68 @@
 #include <cmath>
 #include <vector>
 
-#include "polygons/polygon_outline.h"
+#include "polygons/polygon_ring.h"
 #include "support/random.h"
 
 namespace tessara::testing {
 
 // From its upper left corner around by the right, not closed.
-inline Outline Rectangle(double left, double top, double right, double bottom) {
+inline Ring Rectangle(double left, double top, double right, double bottom) {
     return {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
 }
 
-inline Outline Closed(Outline outline) {
-    outline.push_back(outline.front());
-    return outline;
+inline Ring Closed(Ring ring) {
+    ring.push_back(ring.front());
+    return ring;
 }
 
-inline Outline Reversed(Outline outline) {
-    std::reverse(outline.begin(), outline.end());
-    return outline;
+inline Ring Reversed(Ring ring) {
+    std::reverse(ring.begin(), ring.end());
+    return ring;
 }
 
-inline Outline StartingAt(std::size_t vertex, Outline open) {
+inline Ring StartingAt(std::size_t vertex, Ring open) {
     std::rotate(open.begin(), open.begin() + static_cast<std::ptrdiff_t>(vertex % open.size()), open.end());
     return open;
 }
 
 // The sum of the trapezia under the edges, positive from x to y turning. Not closed ones are closed.
-inline double SignedArea(const Outline& outline) {
+inline double SignedArea(const Ring& ring) {
     double twice = 0.0;
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        const PlanePoint& a = outline[i];
-        const PlanePoint& b = outline[(i + 1) % outline.size()];
-        const PlanePoint& origin = outline.front();
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const PlanePoint& a = ring[i];
+        const PlanePoint& b = ring[(i + 1) % ring.size()];
+        const PlanePoint& origin = ring.front();
         twice += (a.x - origin.x) * (b.y - origin.y) - (b.x - origin.x) * (a.y - origin.y);
     }
     return twice / 2.0;
 }
 
-inline double Area(const Outline& outline) {
-    return std::fabs(SignedArea(outline));
+inline double Area(const Ring& ring) {
+    return std::fabs(SignedArea(ring));
 }
 
-inline double AreaOf(const std::vector<Outline>& outlines) {
+inline double AreaOf(const std::vector<Ring>& rings) {
     double area = 0.0;
-    for (const Outline& outline : outlines)
-        area += Area(outline);
+    for (const Ring& ring : rings)
+        area += Area(ring);
     return area;
 }
 
 // In ascending order.
-inline std::vector<double> AreasOf(const std::vector<Outline>& outlines) {
+inline std::vector<double> AreasOf(const std::vector<Ring>& rings) {
     std::vector<double> areas;
-    for (const Outline& outline : outlines)
-        areas.push_back(Area(outline));
+    for (const Ring& ring : rings)
+        areas.push_back(Area(ring));
     std::sort(areas.begin(), areas.end());
     return areas;
 }
 
 // Around a centre, a vertex in each of `count` equal sectors, at 0.3 to 1 of the radius: it never crosses
 // itself.
-inline Outline RandomStar(Random& random, int count, PlanePoint centre, double radius) {
+inline Ring RandomStar(Random& random, int count, PlanePoint centre, double radius) {
     constexpr double TURN = 6.283185307179586;
-    Outline star;
+    Ring star;
     for (int i = 0; i < count; ++i) {
         const double angle = TURN * (i + random.Between(0.05, 0.95)) / count;
         const double r = radius * random.Between(0.3, 1.0);
@@ -78,8 +78,8 @@ inline Outline RandomStar(Random& random, int count, PlanePoint centre, double r
 }
 
 // A row of towers of whole heights side by side on a common ground line, which never crosses itself.
-inline Outline RandomSkyline(Random& random, int towers, int x, int y) {
-    Outline skyline{{static_cast<double>(x), static_cast<double>(y)}};
+inline Ring RandomSkyline(Random& random, int towers, int x, int y) {
+    Ring skyline{{static_cast<double>(x), static_cast<double>(y)}};
     for (int i = 0; i < towers; ++i) {
         const double roof = y + 1 + random.Below(4);
         skyline.push_back({static_cast<double>(x + i), roof});

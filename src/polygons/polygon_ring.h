@@ -1,4 +1,4 @@
-// Outlines of polygons in a plane.
+// Rings of polygons in a plane.
 #pragma once
 
 #include <cstddef>
@@ -12,12 +12,12 @@ namespace tessara {
 
 // The vertices of a polygon in the order of its edges. It is closed when the last equals the first exactly;
 // an open one goes back from its last to its first all the same.
-using Outline = std::vector<PlanePoint>;
+using Ring = std::vector<PlanePoint>;
 
-[[nodiscard]] bool IsClosed(std::span<const PlanePoint> outline);
+[[nodiscard]] bool IsClosed(std::span<const PlanePoint> ring);
 
-// The same outline, closed and without a vertex that repeats the one before it.
-[[nodiscard]] Outline Tidied(std::span<const PlanePoint> outline);
+// The same ring, closed and without a vertex that repeats the one before it.
+[[nodiscard]] Ring Tidied(std::span<const PlanePoint> ring);
 
 struct Box {
     double left, top, right, bottom;
