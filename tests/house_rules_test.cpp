@@ -174,6 +174,91 @@ TEST(HouseRules, NoIncludeOfTheProgramGoesUpAFloor) {
     ExpectNoIncludeGoesUp("program", PROGRAM);
 }
 
+// Tests that belong to no source or header by its name, each with what it is about.
+const std::map<std::string, const char*> TESTS_OF_MORE_THAN_A_SOURCE{
+    {"tests/areas/operation_order", "the places of a room's operations, which hosts call by number"},
+    {"tests/areas/window_sweep", "windows, extents and grids of all types of maps"},
+    {"tests/kernel/reference_forms", "every projection in long double"},
+    {"tests/maps/operation_order", "the places of a room's operations, which hosts call by number"},
+    {"tests/objects/common_operations", "what operations of several classes allocate"},
+    {"tests/text/hostile_texts", "any bytes at all readers"},
+    {"tests/text/text_locale", "all readers and writers under a decimal comma"},
+    {"tests/text/text_round_trip", "all writers and readers"},
+};
+
+// Sources without a test by their name, each with the test that sees all of it.
+const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
+    {"src/areas/extremes", "tests/areas/line_extents_test.cpp"},
+    {"src/geometry/circle_on_tangent_plane", "tests/geometry/plane_arc_test.cpp"},
+    {"src/geometry/coord_reading", "tests/geometry/tangent_plane_test.cpp"},
+    {"src/geometry/ellipse_on_tangent_plane", "tests/geometry/plane_arc_test.cpp"},
+    {"src/geometry/line_reading", "tests/geometry/line_intersections_test.cpp"},
+    {"src/grids/date_line_map", "tests/grids/coordinate_grid_test.cpp"},
+    {"src/maps/map_coord_creator_factory", "tests/maps/map_coord_creator_test.cpp"},
+    {"src/polygons/polygon_reading", "tests/areas/coordinate_area_polygons_test.cpp"},
+    {"src/polygons/polygon_ring", "tests/polygons/polygon_split_test.cpp"},
+    {"src/polygons/polygon_writing", "tests/areas/coordinate_area_split_test.cpp"},
+    {"src/records/check_record", "tests/text/coordinate_checker_test.cpp"},
+    {"src/systems/free_projections", "tests/systems/convert_many_test.cpp"},
+    {"src/systems/projection", "tests/systems/convert_many_test.cpp"},
+    {"src/systems/systems", "tests/systems/convert_test.cpp"},
+    {"src/text/rounding_guard", "tests/text/write_text_test.cpp"},
+    {"src/text/utmref_pieces", "tests/text/coord_checker_utmref_test.cpp"},
+};
+
+// "a/b" of a/b.cpp, and of a/b_test.cpp, too.
+std::string WithoutEnding(const SourceFile& file) {
+    const std::string path = file.path.substr(0, file.path.rfind('.'));
+    const std::size_t test = path.rfind("_test");
+    return test != std::string::npos && test + 5 == path.size() ? path.substr(0, test) : path;
+}
+
+bool IsThere(const fs::path& home, const std::string& name) {
+    return fs::exists(home / (name + ".h")) || fs::exists(home / (name + ".cpp"));
+}
+
+// Whether a test has the name of a header of the contract or of a source of its room; of a source, an aspect
+// may follow it.
+bool IsNamedAfterASource(const std::string& test) {
+    const fs::path path = fs::path(test).lexically_relative("tests");
+    const fs::path room = path.parent_path();
+    std::string name = path.filename().string();
+    for (const fs::path& headers : {fs::path(), fs::path("host"), room.filename()}) {
+        if (IsThere(ROOT / "include/tessara" / headers, name)) return true;
+    }
+    while (!name.empty() && !IsThere(ROOT / "src" / room, name)) {
+        const std::size_t end = name.rfind('_');
+        name.resize(end == std::string::npos ? 0 : end);
+    }
+    return !name.empty();
+}
+
+TEST(HouseRules, ATestHasTheNameOfWhatItTests) {
+    int tests = 0;
+    for (const std::string& room : LIBRARY) {
+        for (const auto& entry : fs::directory_iterator(ROOT / "tests" / room)) {
+            const SourceFile file{fs::relative(entry.path(), ROOT).generic_string(), {}};
+            if (file.path.find("_test.cpp") == std::string::npos) continue;
+            const std::string test = WithoutEnding(file);
+            ++tests;
+            EXPECT_NE(IsNamedAfterASource(test), TESTS_OF_MORE_THAN_A_SOURCE.count(test) == 1) << test;
+        }
+    }
+    EXPECT_GT(tests, 100);
+}
+
+TEST(HouseRules, ASourceHasATestByItsName) {
+    for (const SourceFile& file : FilesBelow({"src"})) {
+        if (fs::path(file.path).extension() != ".cpp") continue;
+        const std::string source = WithoutEnding(file);
+        const bool hasTest = fs::exists(ROOT / ("tests" + source.substr(3) + "_test.cpp"));
+        const auto elsewhere = SOURCES_TESTED_ELSEWHERE.find(source);
+        EXPECT_NE(hasTest, elsewhere != SOURCES_TESTED_ELSEWHERE.end()) << source;
+        if (elsewhere == SOURCES_TESTED_ELSEWHERE.end()) continue;
+        EXPECT_TRUE(fs::exists(ROOT / elsewhere->second)) << elsewhere->second;
+    }
+}
+
 // The contract of the kernel can be had without that of the objects.
 TEST(HouseRules, TheKernelsHeadersIncludeNoOthers) {
     int headers = 0;
