@@ -178,8 +178,13 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
     const MapPlane windowPlane(map.Get());
     if (!windowPlane.IsComplete()) return false;
     windowMap_ = map;
-    window_ = GridWindow{extremes,  rect,       FindZoneArc(windowPlane, rect, extremes),
-                         eastStep_, northStep_, SystemOf(system_).finestStep};
+    window_ = GridWindow{extremes,
+                         rect,
+                         FindZoneArc(windowPlane, rect, extremes),
+                         FindLongitudeArc(windowPlane, rect, extremes),
+                         eastStep_,
+                         northStep_,
+                         SystemOf(system_).finestStep};
     return true;
 } catch (const std::bad_alloc&) {
     return false;

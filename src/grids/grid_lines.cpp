@@ -1,6 +1,8 @@
 #include "grids/grid_lines.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "grids/grid_steps.h"
@@ -15,14 +17,13 @@
 namespace tessara {
 namespace {
 
-// From where to where the lines of an axis follow each other, and each of them runs.
+// Between which extremes the lines of an axis follow each other.
 struct Layout {
     Compass first, last;
-    Compass begin, end;
 };
 
-constexpr Layout EAST_LINES{Compass::West, Compass::East, Compass::North, Compass::South};
-constexpr Layout NORTH_LINES{Compass::South, Compass::North, Compass::West, Compass::East};
+constexpr Layout EAST_LINES{Compass::West, Compass::East};
+constexpr Layout NORTH_LINES{Compass::South, Compass::North};
 
 constexpr int HALVINGS = 4;
 
@@ -49,33 +50,86 @@ bool AreTooDense(Axis axis, const CKoord& first, const CKoord& last, double step
     return count > GridPen::LINES_OF_A_PIXEL * pen.WayThrough(places);
 }
 
-// The lines of a system without zones.
-bool DrawPlainLines(Axis axis, const GridWindow& window, GridPen* pen) {
-    const Layout& layout = axis == Axis::East ? EAST_LINES : NORTH_LINES;
-    const Axis across = axis == Axis::East ? Axis::North : Axis::East;
-    const Extremes& extremes = window.extremes;
-    const double step = axis == Axis::East ? window.eastStep : window.northStep;
-    if (AreTooDense(axis, extremes[layout.first], extremes[layout.last], step, *pen)) return false;
+// A part of the window, by its extremes on the axis along which lines follow each other or run.
+struct Stretch {
+    CKoord first, last;
+};
 
-    const GridSteps steps(axis, step, window.finestStep);
-    CKoord place = extremes[layout.first];
-    const FirstLine found = steps.MoveToFirst(&place);
-    if (found != FirstLine::Found) return found == FirstLine::None;
-
-    CKoord begin = place;
-    CKoord end = place;
-    if (!ResetToDefault(&begin) || !CopyAxis(across, extremes[layout.begin], &begin)) return false;
-    if (!ResetToDefault(&end) || !CopyAxis(across, extremes[layout.end], &end)) return false;
-    return steps.Walk(place, extremes[layout.last], [&](const CKoord& line) {
-        return CopyAxis(axis, line, &begin) && CopyAxis(axis, line, &end) && pen->Draw(begin, end);
-    });
+CKoord AtLongitude(CKoord geodez, double longitude) {
+    auto position = Load<GeodezPayload>(geodez);
+    position.longitude = longitude;
+    Store(geodez, position);
+    return geodez;
 }
+
+// From west to east or from south to north. Where the degrees begin anew in the window it has its extremes.
+std::vector<Stretch> StretchesOf(Axis axis, const GridWindow& window) {
+    const Layout& layout = axis == Axis::East ? EAST_LINES : NORTH_LINES;
+    const CKoord& first = window.extremes[layout.first];
+    const CKoord& last = window.extremes[layout.last];
+    if (axis == Axis::North || !window.longitudes) return {{first, last}};
+    return {{AtLongitude(first, window.longitudes->west), last},
+            {first, AtLongitude(last, window.longitudes->east)}};
+}
+
+// The lines of a system without zones.
+class PlainLines {
+  public:
+    PlainLines(Axis axis, const GridWindow& window, GridPen* pen)
+        : axis_(axis),
+          across_(axis == Axis::East ? Axis::North : Axis::East),
+          window_(window),
+          step_(axis == Axis::East ? window.eastStep : window.northStep),
+          steps_(axis, step_, window.finestStep),
+          pen_(*pen) {}
+
+    bool Draw() {
+        const std::vector<Stretch> stretches = StretchesOf(axis_, window_);
+        const bool areTooDense = std::any_of(stretches.begin(), stretches.end(), [this](const Stretch& s) {
+            return AreTooDense(axis_, s.first, s.last, step_, pen_);
+        });
+        return !areTooDense && std::all_of(stretches.begin(), stretches.end(),
+                                           [this](const Stretch& s) { return DrawStretch(s); });
+    }
+
+  private:
+    bool DrawStretch(const Stretch& stretch) {
+        CKoord place = stretch.first;
+        const FirstLine found = steps_.MoveToFirst(&place);
+        if (found != FirstLine::Found) return found == FirstLine::None;
+
+        std::vector<GridPen::Piece> pieces;
+        for (const Stretch& along : StretchesOf(across_, window_)) {
+            GridPen::Piece piece{place, place};
+            if (!MakeEnd(along.first, &piece.from) || !MakeEnd(along.last, &piece.to)) return false;
+            // Lines of equal longitude run from north to south.
+            if (axis_ == Axis::East) std::swap(piece.from, piece.to);
+            pieces.push_back(piece);
+        }
+        return steps_.Walk(place, stretch.last, [&](const CKoord& line) {
+            const bool areMoved = std::all_of(pieces.begin(), pieces.end(), [&](GridPen::Piece& piece) {
+                return CopyAxis(axis_, line, &piece.from) && CopyAxis(axis_, line, &piece.to);
+            });
+            return areMoved && pen_.DrawNearWindow(pieces);
+        });
+    }
+
+    bool MakeEnd(const CKoord& extreme, CKoord* end) const {
+        return ResetToDefault(end) && CopyAxis(across_, extreme, end);
+    }
+
+    Axis axis_, across_;
+    const GridWindow& window_;
+    double step_;
+    GridSteps steps_;
+    GridPen& pen_;
+};
 
 }  // namespace
 
 bool DrawGridLines(Axis axis, const GridWindow& window, GridPen* pen) {
     const auto system = static_cast<std::int32_t>(window.extremes[Compass::West].type);
-    if (!zones::Exist(system)) return DrawPlainLines(axis, window, pen);
+    if (!zones::Exist(system)) return PlainLines(axis, window, pen).Draw();
     return axis == Axis::East ? DrawZonedEastLines(window, pen) : DrawZonedNorthLines(window, pen);
 }
 

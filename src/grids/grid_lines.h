@@ -5,6 +5,7 @@
 
 #include "areas/extremes.h"
 #include "grids/grid_pen.h"
+#include "grids/longitude_arc.h"
 #include "grids/zone_arc.h"
 
 namespace tessara {
@@ -13,6 +14,7 @@ struct GridWindow {
     Extremes extremes;  // of the window, in the system of the grid
     PixelRect rect;     // with left <= right and top <= bottom
     std::optional<ZoneArc> arc;
+    std::optional<LongitudeArc> longitudes;
     double eastStep, northStep;
     double finestStep;  // 0.0, or the unit to which the lines will be rounded
 };

@@ -6,8 +6,7 @@
 namespace tessara {
 namespace {
 
-constexpr double MOST_PIECES = 64.0;  // of a line between two ends
-constexpr double ROUNDS_INTO = 0.5;   // pixels; what rounds to a pixel of the window is in it
+constexpr double ROUNDS_INTO = 0.5;  // pixels; what rounds to a pixel of the window is in it
 
 double WidthOf(const PixelRect& window) {
     return static_cast<double>(window.right) - window.left;
@@ -44,11 +43,37 @@ bool PassesTheCorners(const PlanePoint& a, const PlanePoint& b, const Box& box) 
     return left == 4 || right == 4;
 }
 
+bool Meets(const PlanePoint& a, const PlanePoint& b, const Box& box) {
+    return !PassesASide(a, b, box) && !PassesTheCorners(a, b, box);
+}
+
 bool MeetsBox(const std::vector<PlanePoint>& chain, const Box& box) {
     for (std::size_t i = 1; i < chain.size(); ++i) {
-        const PlanePoint& a = chain[i - 1];
-        const PlanePoint& b = chain[i];
-        if (!PassesASide(a, b, box) && !PassesTheCorners(a, b, box)) return true;
+        if (Meets(chain[i - 1], chain[i], box)) return true;
+    }
+    return false;
+}
+
+// How far a point lies from the straight line through two others; from both, if those are one.
+double DistanceToLine(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
+    const double length = std::hypot(b.x - a.x, b.y - a.y);
+    if (length == 0.0) return std::hypot(p.x - a.x, p.y - a.y);
+    return std::fabs((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / length;
+}
+
+// How far the point stands out between its neighbours; an end doesn't.
+double BendAt(const std::vector<PlanePoint>& chain, std::size_t i) {
+    if (i == 0 || i + 1 >= chain.size()) return 0.0;
+    return DistanceToLine(chain[i], chain[i - 1], chain[i + 1]);
+}
+
+// Half as long, an arc lies a quarter as far beside its chord: a line leaves a piece of its chain by a
+// quarter of what the chain's points stand out. That holds twice over.
+bool ComesNear(const std::vector<PlanePoint>& chain, const PixelRect& window) {
+    for (std::size_t i = 1; i < chain.size(); ++i) {
+        const double bend = std::max(BendAt(chain, i - 1), BendAt(chain, i)) / 2.0;
+        const double margin = ROUNDS_INTO + std::max(DEFAULT_PIXEL_TOLERANCE, bend);
+        if (Meets(chain[i - 1], chain[i], Around(window, margin))) return true;
     }
     return false;
 }
@@ -63,26 +88,30 @@ bool GridPen::Append(const CKoord& from, const CKoord& to, DensifyMode mode, Gri
     return true;
 }
 
-bool GridPen::Draw(const CKoord& from, const CKoord& to) {
+bool GridPen::DrawNearWindow(const std::vector<Piece>& pieces) {
     GridLine line;
-    return Append(from, to, DensifyMode::CoordStraight, &line) && Finish(line);
-}
-
-bool GridPen::DrawWithin(double margin, const CKoord& from, const CKoord& to, DensifyMode mode) {
-    GridLine line;
-    std::vector<PlanePoint> pixels;
-    if (!DensifyOnMap(map_, from, to, mode, DEFAULT_PIXEL_TOLERANCE, &line, &pixels)) return false;
-    if (!Spend(line.size())) return false;
-    return !MeetsBox(pixels, Around(window_, margin)) || Finish(line);
-}
-
-bool GridPen::DrawNearWindow(const CKoord& from, const CKoord& to) {
-    const double piece = std::max(WidthOf(window_), HeightOf(window_)) / MOST_PIECES;
-    return DrawWithin(ROUNDS_INTO + piece, from, to, DensifyMode::CoordStraight);
+    bool isNear = false;
+    for (const Piece& piece : pieces) {
+        GridLine part;
+        std::vector<PlanePoint> pixels;
+        if (!DensifyOnMap(map_, piece.from, piece.to, DensifyMode::CoordStraight, DEFAULT_PIXEL_TOLERANCE,
+                          &part, &pixels))
+            return false;
+        if (!Spend(part.size())) return false;
+        isNear = isNear || ComesNear(pixels, window_);
+        line.insert(line.end(), part.begin(), part.end());
+    }
+    return !isNear || Finish(line);
 }
 
 bool GridPen::DrawBorder(const CKoord& from, const CKoord& to) {
-    return DrawWithin(ROUNDS_INTO, from, to, DensifyMode::CoordStraightZoned);
+    GridLine line;
+    std::vector<PlanePoint> pixels;
+    if (!DensifyOnMap(map_, from, to, DensifyMode::CoordStraightZoned, DEFAULT_PIXEL_TOLERANCE, &line,
+                      &pixels))
+        return false;
+    if (!Spend(line.size())) return false;
+    return !MeetsBox(pixels, Around(window_, ROUNDS_INTO)) || Finish(line);
 }
 
 bool GridPen::IsBorderInWindow(const CKoord& from, const CKoord& to) const {

@@ -33,13 +33,15 @@ class GridPen {
         return spent_ <= MOST_POINTS;
     }
 
-    // A line of one piece.
-    bool Draw(const CKoord& from, const CKoord& to);
-
-    // The same, but true and no line where the line passes by the window: a zone's share of the extremes is
-    // wider than its share of the window. At the limit of its pieces a line may lie beside its chain, so that
-    // one that passes the window by less than such a piece is drawn, too.
-    bool DrawNearWindow(const CKoord& from, const CKoord& to);
+    // A line of pieces end to end; true and no line where it passes by the window: a zone's share of the
+    // extremes is wider than its share of the window. A line lies beside its chain by the densifier's
+    // tolerance, and by more at the limit of its pieces, so that one that passes the window by no more is
+    // drawn, too.
+    struct Piece {
+        CKoord from, to;
+    };
+    bool DrawNearWindow(const std::vector<Piece>& pieces);
+    bool DrawNearWindow(const CKoord& from, const CKoord& to) { return DrawNearWindow({{from, to}}); }
 
     // A line along the border of a zone, where it touches the window, to half a pixel.
     bool DrawBorder(const CKoord& from, const CKoord& to);
@@ -62,8 +64,6 @@ class GridPen {
     static constexpr double LINES_OF_A_PIXEL = 1000.0;
 
   private:
-    bool DrawWithin(double margin, const CKoord& from, const CKoord& to, DensifyMode mode);
-
     // The grid of a kilometre on a map of the world at 1:1000000 has some fifteen million.
     static constexpr std::size_t MOST_POINTS = 20000000;
 

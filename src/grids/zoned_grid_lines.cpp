@@ -214,7 +214,7 @@ class ZonedLines {
 
     // Between which east values a zone has lines, at its widest northing.
     [[nodiscard]] Borders LinesOf(const Share& share) const {
-        return {IsFirst(share.zone) ? westEnd_->east : share.atWidest.west,
+        return {IsFirst(share.zone) ? std::max(westEnd_->east, share.atWidest.west) : share.atWidest.west,
                 IsLast(share.zone) ? std::min(eastEnd_->east, share.atWidest.east) : share.atWidest.east};
     }
 

@@ -24,6 +24,7 @@
 #include "support/sanitized.h"
 #include "support/window_ruler.h"
 #include "tessara/host/rect.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
 namespace {
@@ -39,11 +40,6 @@ std::uint64_t Setting(const char* name, std::uint64_t otherwise) {
     return text != nullptr ? std::strtoull(text, nullptr, 10) : otherwise;
 }
 
-// Lines of systems with zones and those of windows over the meridian 180 aren't drawn exactly over what a
-// window shows: more of them than it takes, or some cut off.
-constexpr bool ARE_ZONED_GRIDS_EXACT = false;
-constexpr bool ARE_DATE_LINE_GRIDS_EXACT = false;
-
 class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<int> {
   protected:
     [[nodiscard]] static const EdgeMap& Type() { return EDGE_MAPS[GetParam()]; }
@@ -52,6 +48,21 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         const tagKOORD pixel = FloatPixel(x, y);
         *koord = fresh;
         return MapPixelToWorld(&window.map, &pixel, koord) == KOORD_OK;
+    }
+
+    // The same, and where the map goes on in degrees behind the meridian 180 the position a turn back, as far
+    // as no degrees are asked for.
+    bool LocateOnAnyTurn(double x, double y, tagKOORD* koord) const {
+        if (Locate(x, y, koord)) return true;
+        if (IsInDegrees(system)) return false;
+        const tagKOORD pixel = FloatPixel(x, y);
+        tagKOORD degrees = MakeKoord(window.datum, KOORD_GEODEZ);
+        if (MapPixelToWorld(&window.map, &pixel, &degrees) != KOORD_OK) return false;
+        auto position = Load<GeodezPayload>(degrees);
+        position.longitude = std::remainder(position.longitude, 360.0);
+        Store(degrees, position);
+        *koord = fresh;
+        return KoordConvert(&degrees, koord) == KOORD_OK;
     }
 
     // Direction by direction, a larger number lies further out.
@@ -98,13 +109,13 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
     }
 
     // Fills `field` and what the valid places reach. False where no place is valid.
-    bool Sample() {
+    bool Sample(bool (WindowSweep::*locate)(double, double, tagKOORD*) const) {
         field.assign(static_cast<std::size_t>(samples) * static_cast<std::size_t>(samples), {NAN, NAN});
         reach.fill(-HUGE_VAL);
         for (int j = 0; j < samples; ++j) {
             for (int i = 0; i < samples; ++i) {
                 tagKOORD koord;
-                if (!Locate(ColumnAt(i), RowAt(j), &koord)) continue;
+                if (!(this->*locate)(ColumnAt(i), RowAt(j), &koord)) continue;
                 Sampled& at = field[static_cast<std::size_t>(j * samples + i)];
                 at = {KeyOf(Axis::East, koord), KeyOf(Axis::North, koord)};
                 bool isFurther = false;
@@ -265,7 +276,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
 
     void Check() {
         reported.fill(false);
-        if (!Sample()) {
+        if (!Sample(&WindowSweep::Locate)) {
             ++empty;
             return;
         }
@@ -326,10 +337,29 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
                -key > reach[Index(low)] + slack * worth[Index(low)];
     }
 
+    // Whether the window goes on in degrees where the codes of GEOREF end.
+    bool EndsAtTheCodes() const {
+        if (system != KOORD_GEOREF) return false;
+        const PixelRect& r = window.rect;
+        for (const std::int32_t x : {r.left, r.right}) {
+            for (const std::int32_t y : {r.top, r.bottom}) {
+                if (std::fabs(ToWorld(window.map, x, y).Degrees().longitude) > 180.0) return true;
+            }
+        }
+        return false;
+    }
+
+    // Zones and degrees may begin anew in a window, and a pole or the end of the codes may lie on its rim:
+    // lines that come into the window there belong to it, although no sample has their value.
+    bool IsMeasuredByPixels(const Ruler& ruler) const {
+        return (ruler.axis == Axis::East && (ruler.isZoned || IsInDegrees(system))) || EndsAtTheCodes();
+    }
+
     // Whether the map finds a place where it shows it. Far off its own country a grid's values come again.
     bool IsFound(const Pixel& place) const {
         tagKOORD koord;
-        if (!Locate(place.x, place.y, &koord)) return false;
+        if (!LocateOnAnyTurn(place.x, place.y, &koord)) return false;
+        if (!Locate(place.x, place.y, &koord)) return true;  // found by degrees, which are as good as pixels
         const PixelResult back = ToPixel(window.map, koord);
         return back.status == KOORD_OK && std::hypot(back.x - place.x, back.y - place.y) <= Cell();
     }
@@ -343,7 +373,8 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
             if (std::isnan(a.east) || std::isnan(b.east) || !IsReached(a) || !IsReached(b)) return;
             const double keyA = ValueOn(ruler.axis, a), keyB = ValueOn(ruler.axis, b);
             const double low = std::min(keyA, keyB), high = std::max(keyA, keyB);
-            const LineName line = NameOf(ruler, high, std::floor(ruler.CountOf(high)));
+            // A sample that is rounded onto a line may lie on its other side.
+            const LineName line = NameOf(ruler, high, std::floor(ruler.CountOf(high - UnitOf(system))));
             const LineName below = NameOf(ruler, low, std::floor(ruler.CountOf(low)));
             if (line.first == below.first && line.second - below.second == 1 && IsReached(ruler, line))
                 see(line, k, next);
@@ -358,14 +389,6 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         std::set<LineName> lines;
         FindCrossings(ruler, [&](const LineName& line, int, int) { lines.insert(line); });
         return lines;
-    }
-
-    // Whether lines between the first and the last aren't in the window: it reaches around the earth the long
-    // way, by its values.
-    bool IsOverDateLine(const Ruler& ruler) const {
-        const double reached = ExtremeKey(Compass::East) + ExtremeKey(Compass::West);
-        const double slack = IsInDegrees(system) && reached > 300.0 ? 0.0 : 1.0;
-        return static_cast<double>(LinesIn(ruler).size()) < std::floor(reached / ruler.step) - slack;
     }
 
     // Places of the window, some for each line, and the lines on which they lie.
@@ -410,32 +433,45 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
 
     using Lines = std::map<LineName, std::vector<Chain>>;
 
+    static Chain PixelsOf(const IRef<IArray>& line) {
+        Chain chain;
+        for (std::uint32_t i = 0; i < line->GetCount(); ++i) {
+            const IRef<IFloatPoint> point(line->GetAt(i));
+            chain.push_back({point->GetX(), point->GetY()});
+        }
+        return chain;
+    }
+
     // The lines that a grid draws. Borders of zones are none.
-    bool Draw(const Ruler& ruler, const IRef<ICoordinateGrid>& grid, bool isKnown, Lines* lines) {
-        const IRef<IArray> list(CreateClassArray());
+    bool Draw(const Ruler& ruler, const IRef<ICoordinateGrid>& grid, Lines* lines) {
+        const IRef<IArray> list(CreateClassArray()), pixelList(CreateClassArray());
         const bool isEast = ruler.axis == Axis::East;
-        if (!(isEast ? grid->GetEastLines(list.Get()) : grid->GetNorthLines(list.Get()))) {
-            Report(REFUSED, isKnown,
+        if (!(isEast ? grid->GetEastLines(list.Get()) : grid->GetNorthLines(list.Get())) ||
+            !(isEast ? grid->GetEastLinePixels(pixelList.Get())
+                     : grid->GetNorthLinePixels(pixelList.Get()))) {
+            Report(REFUSED, false,
                    Text("step %.9g, after %d lines", ruler.step, static_cast<int>(list->GetCount())));
             return false;
         }
-        for (const std::vector<CKoord>& line : LinesOf(list)) {
+        for (std::uint32_t i = 0; i < list->GetCount(); ++i) {
+            const std::vector<CKoord> line = KoordsOf(LineAt(list, i));
             if (line.empty()) continue;
             const double key = KeyOf(ruler.axis, line.front());
-            const double count = ruler.CountOf(key), whole = std::round(count);
-            const bool isLine =
-                std::fabs(count - whole) * ruler.step <= 2.0 * UnitOf(system) + 1e-9 * std::fabs(key);
+            const double whole = std::round(ruler.CountOf(key));
+            // A border between zones has other values at its other end.
+            const auto isOnLine = [&](double own) {
+                const double rounding = 1e-9 * std::fabs(own - ruler.ZoneOf(own) * ZONE_WEIGHT);
+                return std::fabs(ruler.CountOf(own) - whole) * ruler.step <= 2.0 * UnitOf(system) + rounding;
+            };
+            const bool isLine = isOnLine(key) && isOnLine(KeyOf(ruler.axis, line.back()));
             if (!isLine) {
                 if (!(ruler.isZoned && isEast))
-                    Report(EXTRA, isKnown, Text("step %.9g: no multiple, %.17g", ruler.step, key));
+                    Report(EXTRA, false, Text("step %.9g: no multiple, %.17g", ruler.step, key));
                 continue;
             }
-            if (IsBeyondReach(ruler, key))
-                Report(EXTRA, isKnown, Text("step %.9g: beyond the window, %.9g", ruler.step, key));
-            Chain chain;
-            for (const CKoord& koord : line)
-                chain.push_back(PixelOn(map, koord));
-            (*lines)[NameOf(ruler, key, whole)].push_back(chain);
+            if (!IsMeasuredByPixels(ruler) && IsBeyondReach(ruler, key))
+                Report(EXTRA, false, Text("step %.9g: beyond the window, %.9g", ruler.step, key));
+            (*lines)[NameOf(ruler, key, whole)].push_back(PixelsOf(LineAt(pixelList, i)));
         }
         return true;
     }
@@ -450,21 +486,21 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         return false;
     }
 
-    void CheckLines(const Ruler& ruler, const IRef<ICoordinateGrid>& grid, bool isKnown) {
+    void CheckLines(const Ruler& ruler, const IRef<ICoordinateGrid>& grid) {
         Lines lines;
-        if (!Draw(ruler, grid, isKnown, &lines)) return;
+        if (!Draw(ruler, grid, &lines)) return;
         const auto about = [&](const LineName& line) {
             return Text("%s lines, step %.9g, number %lld of zone %d",
                         ruler.axis == Axis::East ? "east" : "north", ruler.step, line.second, line.first);
         };
         for (const LineName& line : LinesIn(ruler)) {
             const auto drawn = lines.find(line);
-            if (drawn == lines.end() || drawn->second.size() != 1) Report(ABSENT, isKnown, about(line));
+            if (drawn == lines.end() || drawn->second.size() != 1) Report(ABSENT, false, about(line));
         }
         for (const auto& [line, chains] : lines) {
             const bool areInside = std::all_of(chains.begin(), chains.end(),
                                                [&](const Chain& chain) { return IsInWindow(chain); });
-            if (!areInside) Report(BESIDE, isKnown, about(line));
+            if (!areInside) Report(BESIDE, false, about(line));
         }
         for (const auto& [line, place] : PlacesOnLines(ruler)) {
             const auto drawn = lines.find(line);
@@ -473,40 +509,26 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
             for (const Chain& chain : drawn->second)
                 nearest = std::min(nearest, DistanceToChain(place, chain));
             if (nearest > LINE_MARGIN + Cell())
-                Report(FAR, isKnown,
-                       about(line) + Text(" is %.3g from %.9g %.9g", nearest, place.x, place.y));
+                Report(FAR, false, about(line) + Text(" is %.3g from %.9g %.9g", nearest, place.x, place.y));
         }
-    }
-
-    // Whether the window goes on in degrees where the codes of GEOREF end.
-    bool EndsAtTheCodes() const {
-        if (system != KOORD_GEOREF) return false;
-        const PixelRect& r = window.rect;
-        for (const std::int32_t x : {r.left, r.right}) {
-            for (const std::int32_t y : {r.top, r.bottom}) {
-                if (std::fabs(ToWorld(window.map, x, y).Degrees().longitude) > 180.0) return true;
-            }
-        }
-        return false;
     }
 
     void CheckGrids() {
+        if (!Sample(&WindowSweep::LocateOnAnyTurn)) return;
         const double eastWidth = WidthOf(Axis::East), northWidth = WidthOf(Axis::North);
         if (!(eastWidth > 100.0 * UnitOf(system) && northWidth > 100.0 * UnitOf(system))) return;
         const Ruler eastRuler{Axis::East, RoundStep(eastWidth / 3.0), zones::Exist(system), system,
                               KeyOf(Axis::East, fresh)};
         const Ruler northRuler{Axis::North, RoundStep(northWidth / 3.0), zones::Exist(system), system,
-                               KeyOf(Axis::North, fresh)};
+                               // Of UTMREF it is the equator, which not every datum's squares can name.
+                               system == KOORD_UTMREF ? 0.0 : KeyOf(Axis::North, fresh)};
         const auto grid = GridOf(system, map, eastRuler.step, northRuler.step, window.datum);
         const PixelRect& r = window.rect;
         if (!SetWindow(grid, r.left, r.top, r.right, r.bottom))
             return Report(REFUSED, false, "no window where there are extents");
         ++grids;
-        const bool isKnown = zones::Exist(system) ? !ARE_ZONED_GRIDS_EXACT
-                                                  : !ARE_DATE_LINE_GRIDS_EXACT &&
-                                                        (IsOverDateLine(eastRuler) || EndsAtTheCodes());
-        CheckLines(eastRuler, grid, isKnown);
-        CheckLines(northRuler, grid, isKnown);
+        CheckLines(eastRuler, grid);
+        CheckLines(northRuler, grid);
     }
 
     const int samples = static_cast<int>(Setting("TESSARA_SWEEP_SAMPLES", IS_SANITIZED ? 16 : 60));

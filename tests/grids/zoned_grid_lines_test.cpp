@@ -36,10 +36,10 @@ struct ZoneEasting {
 class ZonedGridLinesTest : public BalancedTest {
   protected:
     // Ten metres a pixel, zone 32, 50 km around the border to zone 33 at 12 degrees east.
-    void SetBorderWindow(double step, std::int32_t system = KOORD_UTM) {
+    void SetBorderWindow(double step, std::int32_t system = KOORD_UTM, double bottom = 5000.0) {
         map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 695000.0, 5365000.0, 10.0, 10.0}));
         grid = GridOf(system, map, step, step);
-        ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
+        ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, bottom));
     }
 
     // In zones of UTM.
@@ -82,7 +82,7 @@ TEST_F(ZonedGridLinesTest, EachZoneHasItsOwnLinesAndTheBorderComesOnce) {
 }
 
 TEST_F(ZonedGridLinesTest, LinesEndOnTheBorderWhereTheZoneNarrows) {
-    SetBorderWindow(8000.0);
+    SetBorderWindow(8000.0, KOORD_UTM, 5100.0);
     // 724000 and 276000 = 1000000 - 724000 lie within their zones in the south of the window only.
     ExpectEastLines({{32, 700000.0},
                      {32, 708000.0},
@@ -98,8 +98,18 @@ TEST_F(ZonedGridLinesTest, LinesEndOnTheBorderWhereTheZoneNarrows) {
         // cs2cs +proj=utm +zone=32 to +proj=longlat of 724000 5314899.828 gives the longitude
         // 12.0000000012. Metres; the border rises 27 m while the line comes 1 m closer.
         EXPECT_NEAR(Utm(lines[clipped].front()).northing, 5314899.828, 0.03);
-        EXPECT_NEAR(Utm(lines[clipped].back()).northing, 5313367.995, 2e-3);
+        // cs2cs of the corner 745000 5314000 to zone 33.
+        EXPECT_NEAR(Utm(lines[clipped].back()).northing, 5312371.248, 2e-3);
     }
+    // Where the window ends north of 5314900 they pass by below it.
+    SetBorderWindow(8000.0);
+    ExpectEastLines({{32, 700000.0},
+                     {32, 708000.0},
+                     {32, 716000.0},
+                     {33, 0.0},
+                     {33, 284000.0},
+                     {33, 292000.0},
+                     {33, 300000.0}});
 }
 
 TEST_F(ZonedGridLinesTest, ALineOnTheEasternBorderIsTheBorder) {
@@ -185,14 +195,14 @@ TEST_F(ZonedGridLinesTest, LinesRunOverTheEquator) {
 }
 
 TEST_F(ZonedGridLinesTest, InTheSouthLinesAreClippedAtTheirSouthernEnds) {
-    // The mirror image of the window over 12 degrees east.
-    map = MapOf(Map(MAP_UTM, MapUtmParams{'S', 32, 695000.0, 1e7 - 5315000.0, 10.0, 10.0}));
+    // The mirror image of the window over 12 degrees east, down to 5314000 metres off the equator.
+    map = MapOf(Map(MAP_UTM, MapUtmParams{'S', 32, 695000.0, 1e7 - 5314000.0, 10.0, 10.0}));
     grid = GridOf(KOORD_UTM, map, 8000.0, 8000.0);
-    ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5100));
     const auto lines = EastLinesOf(grid);
     ASSERT_EQ(lines.size(), 9u);
     for (const std::size_t clipped : {3u, 5u}) {
-        EXPECT_NEAR(Utm(lines[clipped].front()).northing, 1e7 - 5313367.995, 2e-3);
+        EXPECT_NEAR(Utm(lines[clipped].front()).northing, 1e7 - 5312371.248, 2e-3);
         EXPECT_NEAR(Utm(lines[clipped].back()).northing, 1e7 - 5314899.828, 0.03);
     }
 }

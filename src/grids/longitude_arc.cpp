@@ -1,0 +1,97 @@
+#include "grids/longitude_arc.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "grids/window_samples.h"
+#include "records/check_record.h"
+
+namespace tessara {
+namespace {
+
+constexpr int LINES_OF_A_SIDE = 8;
+constexpr int SAMPLES_OF_A_LINE = 256;
+constexpr double FULL_TURN = 360.0;
+constexpr double HALF_TURN = 180.0;
+
+double LongitudeOf(const CKoord& geodez) {
+    return Load<GeodezPayload>(geodez).longitude;
+}
+
+// The longitudes that are seen along some rows and columns of the window, its sides among them.
+class Survey {
+  public:
+    Survey(const MapPlane& map, const PixelRect& window, const Extremes& extremes)
+        : map_(map), window_(window), west_(extremes[Compass::West]), east_(extremes[Compass::East]) {
+        for (int line = 0; line <= LINES_OF_A_SIDE; ++line) {
+            const double part = static_cast<double>(line) / LINES_OF_A_SIDE;
+            Look([part](double along) { return std::pair(along, part); });
+            Look([part](double along) { return std::pair(part, along); });
+        }
+        std::sort(seen_.begin(), seen_.end());
+    }
+
+    // From west to east.
+    [[nodiscard]] const std::vector<double>& Seen() const { return seen_; }
+    // Between two samples the window goes no further beyond them than this.
+    [[nodiscard]] double Margin() const { return margin_; }
+
+  private:
+    template <class PlaceAt>
+    void Look(const PlaceAt& placeAt) {
+        double last = NAN;
+        for (int i = 0; i <= SAMPLES_OF_A_LINE; ++i) {
+            const auto [across, down] = placeAt(static_cast<double>(i) / SAMPLES_OF_A_LINE);
+            CKoord place = west_;
+            const bool isThere = map_.ToWorld(PlaceInWindow(window_, across, down), &place) &&
+                                 IsInSystemArea(place) && IsBetweenExtremes(place);
+            const double longitude = isThere ? LongitudeOf(place) : NAN;
+            if (isThere) Note(longitude, last);
+            last = longitude;
+        }
+    }
+
+    void Note(double longitude, double last) {
+        seen_.push_back(longitude);
+        if (!std::isnan(last))
+            margin_ = std::max(margin_, std::fabs(std::remainder(longitude - last, FULL_TURN)));
+    }
+
+    // The extremes may end where the codes of a system do.
+    [[nodiscard]] bool IsBetweenExtremes(const CKoord& place) const {
+        const double longitude = LongitudeOf(place);
+        return longitude >= LongitudeOf(west_) && longitude <= LongitudeOf(east_);
+    }
+
+    const MapPlane& map_;
+    const PixelRect& window_;
+    const CKoord& west_;
+    const CKoord& east_;
+    std::vector<double> seen_;
+    double margin_ = 0.0;
+};
+
+}  // namespace
+
+std::optional<LongitudeArc> FindLongitudeArc(const MapPlane& map, const PixelRect& window,
+                                             const Extremes& extremes) {
+    const CKoord& west = extremes[Compass::West];
+    if (west.type != KOORD_GEODEZ) return std::nullopt;
+    if (LongitudeOf(extremes[Compass::East]) - LongitudeOf(west) <= HALF_TURN) return std::nullopt;
+
+    const Survey survey(map, window, extremes);
+    const std::vector<double>& seen = survey.Seen();
+    if (seen.empty()) return std::nullopt;
+    LongitudeArc arc{0.0, 0.0};  // around the widest gap
+    for (std::size_t i = 1; i < seen.size(); ++i) {
+        if (seen[i] - seen[i - 1] > arc.west - arc.east) arc = {seen[i], seen[i - 1]};
+    }
+    const bool isWider = arc.west - arc.east > seen.front() + FULL_TURN - seen.back();
+    arc = {arc.west - survey.Margin(), arc.east + survey.Margin()};
+    return isWider && arc.east < arc.west ? std::optional(arc) : std::nullopt;
+}
+
+}  // namespace tessara
