@@ -3,6 +3,9 @@
 namespace tessara::program {
 namespace {
 
+// Results of so few lines stay in the cache.
+constexpr BlockLimits LIMITS{512, true};
+
 class DegreeStages {
   public:
     using Block = LineBlock;
@@ -12,7 +15,7 @@ class DegreeStages {
 
     void Read(std::istream& stream, const std::string& file, const std::function<void(LineBlock)>& take) {
         LineReader lines(stream);
-        ReadLines(&lines, {file, 1, 0, {}}, take);
+        ReadLines(&lines, {file, 1, 0, {}}, LIMITS, take);
     }
 
     [[nodiscard]] Outcome Convert(const LineBlock& block) const {

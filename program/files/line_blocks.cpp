@@ -5,15 +5,14 @@
 namespace tessara::program {
 namespace {
 
-constexpr std::size_t LINES_PER_BLOCK = 4096;
 constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 20;  // of long lines there are fewer
 
 // Adds lines as far as there is room for them. False if the block is empty then.
-bool Fill(LineReader* lines, LineBlock* block) {
+bool Fill(LineReader* lines, const BlockLimits& limits, LineBlock* block) {
     std::string line;
-    while (block->count < LINES_PER_BLOCK && block->text.size() < BYTES_PER_BLOCK) {
-        const bool keepsOthersWaiting = block->count > 0 && !lines->HasMore();
-        if (keepsOthersWaiting || !lines->Next(&line)) break;
+    while (block->count < limits.lines && block->text.size() < BYTES_PER_BLOCK) {
+        const bool mayEnd = limits.endsWithoutNext && block->count > 0;
+        if ((mayEnd && !lines->HasMore()) || !lines->Next(&line)) break;
         block->Add(line);
     }
     return block->count > 0;
@@ -21,8 +20,9 @@ bool Fill(LineReader* lines, LineBlock* block) {
 
 }  // namespace
 
-void ReadLines(LineReader* lines, LineBlock block, const std::function<void(LineBlock)>& take) {
-    while (Fill(lines, &block)) {
+void ReadLines(LineReader* lines, LineBlock block, const BlockLimits& limits,
+               const std::function<void(LineBlock)>& take) {
+    while (Fill(lines, limits, &block)) {
         LineBlock next{block.file, block.firstLine + block.count, 0, {}};
         take(std::move(block));
         block = std::move(next);

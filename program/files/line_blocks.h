@@ -29,9 +29,15 @@ struct Place {
     std::size_t line;
 };
 
-// Gives all lines to come, behind those that `block` has already. A block ends where the next line isn't
-// there yet: who types a line sees its result.
-void ReadLines(LineReader* lines, LineBlock block, const std::function<void(LineBlock)>& take);
+struct BlockLimits {
+    std::size_t lines;
+    // Whether a block ends where the next line isn't there yet: who types a line then sees its result.
+    bool endsWithoutNext = false;
+};
+
+// Gives all lines to come, behind those that `block` has already.
+void ReadLines(LineReader* lines, LineBlock block, const BlockLimits& limits,
+               const std::function<void(LineBlock)>& take);
 
 // Appends what is written of a line, which may be nothing; otherwise says what is wrong.
 using ConvertLine = std::function<std::string(std::string_view line, const Place& place, std::string* out)>;

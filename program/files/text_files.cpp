@@ -3,6 +3,8 @@
 namespace tessara::program {
 namespace {
 
+constexpr BlockLimits LIMITS{4096};
+
 bool IsSkipped(std::string_view line) {
     return line.find_first_not_of(" \t\r") == std::string_view::npos || line.starts_with('#');
 }
@@ -36,7 +38,7 @@ class TextStages {
         } else {
             return;
         }
-        ReadLines(&lines, std::move(block), take);
+        ReadLines(&lines, std::move(block), LIMITS, take);
     }
 
     [[nodiscard]] Outcome Convert(const LineBlock& block) const {
