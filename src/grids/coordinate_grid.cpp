@@ -126,10 +126,14 @@ bool ToGridSystem(std::int32_t system, const GridLine& line, RecordChain* chain)
     });
 }
 
-bool ToPixels(const MapPlane& map, const RecordChain& line, RecordChain* pixels) {
+// The pixels of a drawn line's points in the system of the grid. Whole metres may lie beyond the edge of a
+// map that has the exact point.
+bool ToPixels(const MapPlane& map, std::int32_t system, const RecordChain& line, RecordChain* pixels) {
     return line.ForEach([&](const tagKOORD& record) {
+        CKoord koord(record);
         PlanePoint place{};
-        if (!map.ToPlane(CKoord(record), &place)) return false;
+        if (!ToGridSystem(system, &koord)) return false;
+        if (!map.ToPlane(koord, &place) && !map.ToPlane(CKoord(record), &place)) return false;
         tagKOORD pixel = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_FLOATPIXEL);
         Store(pixel, FloatPixelPayload{place.x, place.y});
         pixels->Append(pixel);
@@ -217,15 +221,16 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
     std::vector<RecordChain> drawn;
     const bool isDrawn = Draw(axis, [&](const GridLine& line) {
         drawn.emplace_back();
-        const bool isConverted = ToGridSystem(system_, line, &drawn.back());
+        for (const CKoord& koord : line)
+            drawn.back().Append(koord);
         drawn.back().Finish();
-        return isConverted;
+        return true;
     });
     if (!isDrawn) return false;
     const MapPlane plane(windowMap_.Get());
     return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](RecordChain& line) {
                RecordChain pixels;
-               const bool isPlaced = ToPixels(plane, line, &pixels);
+               const bool isPlaced = ToPixels(plane, system_, line, &pixels);
                line = RecordChain();
                return isPlaced && AddLine(std::move(pixels), MakeFloatPoint, out.Get());
            });

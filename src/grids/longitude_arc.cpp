@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 #include "grids/window_samples.h"
@@ -12,7 +11,6 @@
 namespace tessara {
 namespace {
 
-constexpr int LINES_OF_A_SIDE = 8;
 constexpr int SAMPLES_OF_A_LINE = 256;
 constexpr double FULL_TURN = 360.0;
 constexpr double HALF_TURN = 180.0;
@@ -25,12 +23,16 @@ double LongitudeOf(const CKoord& geodez) {
 class Survey {
   public:
     Survey(const MapPlane& map, const PixelRect& window, const Extremes& extremes)
-        : map_(map), window_(window), west_(extremes[Compass::West]), east_(extremes[Compass::East]) {
-        for (int line = 0; line <= LINES_OF_A_SIDE; ++line) {
-            const double part = static_cast<double>(line) / LINES_OF_A_SIDE;
-            Look([part](double along) { return std::pair(along, part); });
-            Look([part](double along) { return std::pair(part, along); });
-        }
+        : west_(extremes[Compass::West]), east_(extremes[Compass::East]) {
+        double last = NAN;
+        WalkAcrossWindow(window, SAMPLES_OF_A_LINE, [&](const PlanePoint& pixel, bool isFirst) {
+            CKoord place = west_;
+            const bool isThere =
+                map.ToWorld(pixel, &place) && IsInSystemArea(place) && IsBetweenExtremes(place);
+            const double longitude = isThere ? LongitudeOf(place) : NAN;
+            if (isThere) Note(longitude, isFirst ? NAN : last);
+            last = longitude;
+        });
         std::sort(seen_.begin(), seen_.end());
     }
 
@@ -40,20 +42,6 @@ class Survey {
     [[nodiscard]] double Margin() const { return margin_; }
 
   private:
-    template <class PlaceAt>
-    void Look(const PlaceAt& placeAt) {
-        double last = NAN;
-        for (int i = 0; i <= SAMPLES_OF_A_LINE; ++i) {
-            const auto [across, down] = placeAt(static_cast<double>(i) / SAMPLES_OF_A_LINE);
-            CKoord place = west_;
-            const bool isThere = map_.ToWorld(PlaceInWindow(window_, across, down), &place) &&
-                                 IsInSystemArea(place) && IsBetweenExtremes(place);
-            const double longitude = isThere ? LongitudeOf(place) : NAN;
-            if (isThere) Note(longitude, last);
-            last = longitude;
-        }
-    }
-
     void Note(double longitude, double last) {
         seen_.push_back(longitude);
         if (!std::isnan(last))
@@ -66,8 +54,6 @@ class Survey {
         return longitude >= LongitudeOf(west_) && longitude <= LongitudeOf(east_);
     }
 
-    const MapPlane& map_;
-    const PixelRect& window_;
     const CKoord& west_;
     const CKoord& east_;
     std::vector<double> seen_;

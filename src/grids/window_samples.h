@@ -12,4 +12,18 @@ inline PlanePoint PlaceInWindow(const PixelRect& window, double across, double d
             window.top + (static_cast<double>(window.bottom) - window.top) * down};
 }
 
+// Calls visit(place, isFirst) for places along nine rows and nine columns of the window, its sides among
+// them: `pieces` and one on each, of which the first begins a line.
+template <class Visit>
+void WalkAcrossWindow(const PixelRect& window, int pieces, const Visit& visit) {
+    constexpr int LINES = 8;
+    for (int line = 0; line <= LINES; ++line) {
+        const double part = static_cast<double>(line) / LINES;
+        for (int i = 0; i <= pieces; ++i)
+            visit(PlaceInWindow(window, static_cast<double>(i) / pieces, part), i == 0);
+        for (int i = 0; i <= pieces; ++i)
+            visit(PlaceInWindow(window, part, static_cast<double>(i) / pieces), i == 0);
+    }
+}
+
 }  // namespace tessara

@@ -12,7 +12,6 @@
 namespace tessara {
 namespace {
 
-constexpr int LINES_OF_A_SIDE = 8;
 constexpr int SAMPLES_OF_A_ZONE = 4;  // where a line goes through all of them
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
@@ -50,12 +49,15 @@ struct Sighting {
 class Survey {
   public:
     Survey(const MapPlane& map, const PixelRect& window, const CKoord& empty)
-        : map_(map), window_(window), empty_(empty), zones_(static_cast<std::size_t>(Circle())) {
-        for (int line = 0; line <= LINES_OF_A_SIDE; ++line) {
-            const double part = static_cast<double>(line) / LINES_OF_A_SIDE;
-            Look([part](double along) { return std::pair(along, part); });
-            Look([part](double along) { return std::pair(part, along); });
-        }
+        : empty_(empty), zones_(static_cast<std::size_t>(Circle())) {
+        std::optional<CKoord> last;
+        WalkAcrossWindow(window, SAMPLES_OF_A_ZONE * Circle(), [&](const PlanePoint& pixel, bool isFirst) {
+            if (isFirst) last.reset();
+            CKoord place = empty_;
+            const bool isThere = map.ToWorld(pixel, &place) && IndexOf(place).has_value();
+            if (isThere) Note(place, last);
+            last = isThere ? std::optional(place) : std::nullopt;
+        });
     }
 
     [[nodiscard]] const Sighting& At(std::int32_t index) const {
@@ -72,20 +74,6 @@ class Survey {
         return ZonesAroundEarth(static_cast<std::int32_t>(empty_.type));
     }
 
-    template <class PlaceAt>
-    void Look(const PlaceAt& placeAt) {
-        const int samples = SAMPLES_OF_A_ZONE * Circle();
-        std::optional<CKoord> last;
-        for (int i = 0; i <= samples; ++i) {
-            const auto [across, down] = placeAt(static_cast<double>(i) / samples);
-            CKoord place = empty_;
-            const bool isThere =
-                map_.ToWorld(PlaceInWindow(window_, across, down), &place) && IndexOf(place).has_value();
-            if (isThere) Note(place, last);
-            last = isThere ? std::optional(place) : std::nullopt;
-        }
-    }
-
     void Note(const CKoord& place, const std::optional<CKoord>& last) {
         const double east = zones::East(place);
         Sighting& zone = zones_[static_cast<std::size_t>(*IndexOf(place))];
@@ -96,8 +84,6 @@ class Survey {
         if (isInZone) margin_ = std::max(margin_, std::fabs(zones::East(*last) - east));
     }
 
-    const MapPlane& map_;
-    const PixelRect& window_;
     const CKoord& empty_;
     std::vector<Sighting> zones_;
     double margin_ = 0.0;
