@@ -30,7 +30,7 @@
 namespace tessara {
 namespace {
 
-constexpr std::int32_t UNCHECKED = 0;  // a border lies a hair outside its zone
+constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border lies a hair outside its zone
 
 // Codes and rounded parts would bend a line, and whole metres or degrees can't be told apart finely enough to
 // find one. Lines in such a system are drawn in the exact one behind it.

@@ -15,10 +15,6 @@ bool ConvertTo(std::int32_t system, tagKOORD* record);
 // Replaces a UTM record by its UTMREF form or the other way round, in the zone that it has and then wants.
 // False when it doesn't convert; the record is then unchanged.
 bool ConvertInZone(std::int32_t system, RangeCheck check, tagKOORD* record);
-// The same by the number that KoordConvertEx takes.
-inline bool ConvertInZone(std::int32_t system, std::int32_t checkRange, tagKOORD* record) {
-    return ConvertInZone(system, checkRange == 1 ? RangeCheck::On : RangeCheck::Off, record);
-}
 
 // Where a record lies, in degrees. False when it doesn't convert.
 bool ToGeodez(const tagKOORD& record, GeodezPayload* position);

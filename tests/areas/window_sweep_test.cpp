@@ -507,7 +507,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
             if (drawn == lines.end()) continue;
             double nearest = HUGE_VAL;
             for (const Chain& chain : drawn->second)
-                nearest = std::min(nearest, DistanceToChain(place, chain));
+                nearest = std::min(nearest, DistanceToPolyline(place, chain));
             if (nearest > LINE_MARGIN + Cell())
                 Report(FAR, false, about(line) + Text(" is %.3g from %.9g %.9g", nearest, place.x, place.y));
         }

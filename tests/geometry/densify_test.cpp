@@ -19,7 +19,7 @@ using testing::At;
 using testing::CountOf;
 using testing::DegreeMap;
 using testing::Disguised;
-using testing::DistanceToChain;
+using testing::DistanceToPolyline;
 using testing::FloatPixel;
 using testing::LongPixel;
 using testing::MapOf;
@@ -152,7 +152,7 @@ TEST_F(LineDensifyingTest, AGeodesicPassesNearEveryWayPoint) {
         }
         const Pixel way{(row.Number(6) + 180.0) * 10.0, (90.0 - row.Number(5)) * 10.0};
         // Pixels: twice the tolerance.
-        EXPECT_LE(DistanceToChain(way, pixels), 0.5) << row.place;
+        EXPECT_LE(DistanceToPolyline(way, pixels), 0.5) << row.place;
     }
 }
 
@@ -504,7 +504,7 @@ TEST_F(LineDensifyingTest, PolylinesFollowTheirCurves) {
                 const double t = static_cast<double>(k) / SAMPLES;
                 const Pixel p = PixelOn(map, GeodezRecord(a.latitude + t * (b.latitude - a.latitude),
                                                           a.longitude + t * (b.longitude - a.longitude)));
-                ASSERT_LE(DistanceToChain(p, pixels), 2.0 * 0.25);  // pixels: twice the tolerance
+                ASSERT_LE(DistanceToPolyline(p, pixels), 2.0 * 0.25);  // pixels: twice the tolerance
             }
             // Straight on the map: every point lies on the line between the ends' pixels, and between two
             // points the straight line of degrees stays near.
@@ -512,7 +512,7 @@ TEST_F(LineDensifyingTest, PolylinesFollowTheirCurves) {
             const std::vector<Pixel> straight = {PixelOn(map, ends[0]), PixelOn(map, ends[1])};
             const std::uint32_t samplesOfAPiece = SAMPLES / (polyline->GetCount() - 1) + 1;
             for (std::uint32_t i = 0; i < polyline->GetCount(); ++i) {
-                EXPECT_LE(DistanceToChain(PixelOn(map, KoordAt(i)), straight), 1e-4);  // pixels, 1 cm
+                EXPECT_LE(DistanceToPolyline(PixelOn(map, KoordAt(i)), straight), 1e-4);  // pixels, 1 cm
                 if (i == 0) continue;
                 const auto from = Load<GeodezPayload>(KoordAt(i - 1));
                 const auto to = Load<GeodezPayload>(KoordAt(i));
@@ -521,7 +521,7 @@ TEST_F(LineDensifyingTest, PolylinesFollowTheirCurves) {
                     const Pixel p =
                         PixelOn(map, GeodezRecord(from.latitude + t * (to.latitude - from.latitude),
                                                   from.longitude + t * (to.longitude - from.longitude)));
-                    ASSERT_LE(DistanceToChain(p, straight), 2.0 * 0.25);
+                    ASSERT_LE(DistanceToPolyline(p, straight), 2.0 * 0.25);
                 }
             }
         }

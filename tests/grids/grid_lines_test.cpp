@@ -40,7 +40,7 @@ double StepOf(std::int32_t system) {
 // letters, and metres of the zone for UTMREF.
 double ValueOf(Axis axis, CKoord koord) {
     if (koord.type == KOORD_UTMREF) {
-        EXPECT_TRUE(ConvertInZone(KOORD_UTM, 0, &koord));
+        EXPECT_TRUE(ConvertInZone(KOORD_UTM, RangeCheck::Off, &koord));
     }
     const auto system = static_cast<std::int32_t>(koord.type);
     if (IsInDegrees(system) && system != KOORD_GEODEZ) {
@@ -302,7 +302,7 @@ TEST_F(GridLinesTest, LinesReachAllOverTheWindow) {
                     continue;
                 // Exact numbers to move: the codes are rounded.
                 if (koord.type == KOORD_UTMREF) {
-                    ASSERT_TRUE(ConvertInZone(KOORD_UTM, 0, &koord));
+                    ASSERT_TRUE(ConvertInZone(KOORD_UTM, RangeCheck::Off, &koord));
                 }
                 if (IsInDegrees(placed.place.system) && koord.type != KOORD_GEODEZ) {
                     ASSERT_TRUE(ConvertTo(KOORD_GEODEZ, &koord));
@@ -328,7 +328,7 @@ TEST_F(GridLinesTest, LinesReachAllOverTheWindow) {
                 if (!PositionOf(placed, at.x, at.y, &back) || zones::Number(back) != zone) continue;
                 double nearest = HUGE_VAL;
                 for (const auto& chain : chains)
-                    nearest = std::min(nearest, DistanceToChain(at, chain));
+                    nearest = std::min(nearest, DistanceToPolyline(at, chain));
                 // Pixels: a quarter on each axis; GEOREF's hundredth of a minute is a fifth of one, halved.
                 EXPECT_LE(nearest, placed.place.system == KOORD_GEOREF ? 0.6 : 0.37) << placed.place.name;
                 ++found;

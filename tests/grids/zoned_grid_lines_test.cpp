@@ -453,7 +453,7 @@ TEST_F(ZonedGridLinesTest, LinesReachAllOverWindowsOverTheDateLine) {
                 if (!(at.x > 1.0 && at.x < 999.0 && at.y > 1.0 && at.y < 799.0)) continue;
                 double nearest = HUGE_VAL;
                 for (const auto& chain : chains)
-                    nearest = std::min(nearest, DistanceToChain(at, chain));
+                    nearest = std::min(nearest, DistanceToPolyline(at, chain));
                 ++found;
                 EXPECT_LE(nearest, 0.37) << n << " system " << system << " at " << at.x << " " << at.y;
             }

@@ -73,7 +73,7 @@ inline std::vector<Pixel> PixelsOn(const IRef<IMapCoordOperations>& map, const I
 }
 
 // From a point to the nearest point of a polyline of straight pieces.
-inline double DistanceToChain(const Pixel& p, const std::vector<Pixel>& polyline) {
+inline double DistanceToPolyline(const Pixel& p, const std::vector<Pixel>& polyline) {
     double nearest = HUGE_VAL;
     for (std::size_t i = 1; i < polyline.size(); ++i) {
         const Pixel &a = polyline[i - 1], &b = polyline[i];

@@ -20,7 +20,7 @@ inline constexpr double ZONE_WEIGHT = 1e8;
 inline double KeyOf(Axis axis, tagKOORD record) {
     switch (record.type) {
         case KOORD_UTMREF:
-            if (!ConvertInZone(KOORD_UTM, 0, &record)) return NAN;
+            if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, &record)) return NAN;
             break;
         case KOORD_GEOGRAD:
         case KOORD_GEODEZMIN:
