@@ -10,11 +10,11 @@
 // beside the window; one that passes by the window isn't drawn. Each is a single densified piece
 // (tessara/line_points.h): straight in the grid's system, it lies within a quarter of a pixel as long as 64
 // pieces are enough for that. They aren't for a long line around a pole inside a large window: a parallel of
-// 3000 pixels radius lies up to 3.6 pixels beside. Beside a pole, where the degrees begin anew in the window, a
-// parallel is a line of two pieces that meet there, with a point on either side. Where zones meet, the border
-// between them is a line of the grid, too, and lines end on it. A window has the lines of those zones whose
-// area meets it; over the date line the first zones come behind the last. Points of lines have the height
-// 0.0.
+// 3000 pixels radius lies up to 3.6 pixels beside. Beside a pole, where the degrees begin anew in the window,
+// a parallel is a line of two pieces that meet there, with a point on either side. Where zones meet, the
+// border between them is a line of the grid, too, and lines end on it. A window has the lines of those zones
+// whose area meets it; over the date line the first zones come behind the last. Points of lines have the
+// height 0.0.
 //
 // IArray receives one IArray for each line, with the line's points in order, in place of what it held.
 // UTMREF points are rounded to whole metres and GEOREF points to hundredths of a minute, after the line was
