@@ -4,6 +4,7 @@
 
 #include "commands/commands.h"
 #include "conversion/numbers.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

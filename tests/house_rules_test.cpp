@@ -141,7 +141,8 @@ using Floors = std::vector<std::string>;
 
 const Floors LIBRARY{"kernel", "systems",  "maps/kernel", "frame", "records", "objects",  "text",
                      "maps",   "geometry", "polygons",    "areas", "grids",   "component"};
-const Floors PROGRAM{"conversion", "files", "map", "commands", ""};
+const Floors TOOLKIT{"conversion", "lines", "map"};
+const Floors PROGRAM{"files", "commands", ""};
 
 constexpr int NO_FLOOR = -1;
 
@@ -163,11 +164,23 @@ void ExpectNoIncludeGoesUp(const char* tree, const Floors& floors) {
             EXPECT_LE(FloorOf(floors, include.name), floor) << file.path << ": " << include.name;
         }
     }
-    EXPECT_GT(files, 50);
+    EXPECT_GT(files, 40);
 }
 
 TEST(HouseRules, NoIncludeOfTheLibraryGoesUpAFloor) {
     ExpectNoIncludeGoesUp("src", LIBRARY);
+}
+
+TEST(HouseRules, NoIncludeOfTheToolkitGoesUpAFloor) {
+    ExpectNoIncludeGoesUp("toolkit", TOOLKIT);
+}
+
+// Nothing that reads a command line or writes to a terminal is in the toolkit's way.
+TEST(HouseRules, TheToolkitKnowsNothingOfTheProgram) {
+    for (const SourceFile& file : FilesBelow({"toolkit"})) {
+        for (const Include& include : file.Includes())
+            EXPECT_FALSE(fs::exists(ROOT / "program" / include.name)) << file.path << ": " << include.name;
+    }
 }
 
 TEST(HouseRules, NoIncludeOfTheProgramGoesUpAFloor) {
@@ -275,7 +288,7 @@ TEST(HouseRules, TheKernelsHeadersIncludeNoOthers) {
 // other question shares.
 TEST(HouseRules, SystemsAreRowsAndNotLabels) {
     std::size_t labels = 0;
-    for (const SourceFile& file : FilesBelow({"src", "include", "program"})) {
+    for (const SourceFile& file : FilesBelow({"src", "include", "toolkit", "program"})) {
         for (std::size_t at = file.text.find("case KOORD_"); at != std::string::npos;
              at = file.text.find("case KOORD_", at + 1))
             ++labels;

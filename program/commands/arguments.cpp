@@ -3,6 +3,7 @@
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "conversion/positions.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

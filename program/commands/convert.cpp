@@ -12,6 +12,7 @@
 #include "files/forms.h"
 #include "files/record_files.h"
 #include "files/text_files.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

@@ -3,6 +3,7 @@
 
 #include "commands/commands.h"
 #include "conversion/numbers.h"
+#include "files/toolkit_names.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 

@@ -8,6 +8,7 @@
 #include "conversion/azimuths.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "files/toolkit_names.h"
 #include "tessara/kernel/geodesic.h"
 
 namespace tessara::program {

@@ -5,9 +5,10 @@
 #include <memory>
 
 #include "commands/commands.h"
-#include "files/input_files.h"
+#include "files/png.h"
+#include "files/toolkit_names.h"
+#include "lines/input_files.h"
 #include "map/map_page.h"
-#include "map/png.h"
 
 namespace tessara::program {
 namespace {

@@ -5,6 +5,7 @@
 #include "commands/arguments.h"
 #include "commands/commands.h"
 #include "conversion/names.h"
+#include "files/toolkit_names.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
 

@@ -7,7 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "files/input_files.h"
+#include "files/toolkit_names.h"
+#include "lines/input_files.h"
 
 namespace tessara::program {
 namespace {

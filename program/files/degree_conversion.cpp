@@ -2,6 +2,7 @@
 
 #include "conversion/names.h"
 #include "files/json.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

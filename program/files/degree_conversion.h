@@ -9,6 +9,7 @@
 #include "conversion/conversion.h"
 #include "conversion/results.h"
 #include "files/line_blocks.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 

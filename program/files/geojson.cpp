@@ -5,6 +5,7 @@
 
 #include "conversion/numbers.h"
 #include "conversion/quote.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

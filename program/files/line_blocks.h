@@ -6,8 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "files/line_reader.h"
 #include "files/outcome.h"
+#include "files/toolkit_names.h"
+#include "lines/line_reader.h"
 
 namespace tessara::program {
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "conversion/numbers.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

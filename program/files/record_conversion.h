@@ -9,6 +9,7 @@
 #include "conversion/results.h"
 #include "files/records.h"
 #include "files/text_conversion.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -3,8 +3,9 @@
 #include <vector>
 
 #include "conversion/quote.h"
-#include "files/columns.h"
 #include "files/geojson.h"
+#include "files/toolkit_names.h"
+#include "lines/columns.h"
 
 namespace tessara::program {
 namespace {

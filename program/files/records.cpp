@@ -4,9 +4,10 @@
 #include <string_view>
 
 #include "conversion/numbers.h"
-#include "files/columns.h"
 #include "files/geojson.h"
-#include "files/line_reader.h"
+#include "files/toolkit_names.h"
+#include "lines/columns.h"
+#include "lines/line_reader.h"
 
 namespace tessara::program {
 namespace {

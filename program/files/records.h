@@ -9,6 +9,7 @@
 #include "conversion/positions.h"
 #include "files/forms.h"
 #include "files/json.h"
+#include "files/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -1,6 +1,7 @@
 #include "files/rejects.h"
 
-#include "files/input_files.h"
+#include "files/toolkit_names.h"
+#include "lines/input_files.h"
 
 namespace tessara::program {
 namespace {

@@ -4,7 +4,8 @@
 #include "conversion/names.h"
 #include "conversion/results.h"
 #include "files/json.h"
-#include "files/utf8.h"
+#include "files/toolkit_names.h"
+#include "lines/utf8.h"
 #include "tessara/host/text.h"
 
 namespace tessara::program {

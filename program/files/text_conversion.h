@@ -9,8 +9,9 @@
 
 #include "conversion/references.h"
 #include "conversion/typed_position.h"
-#include "files/columns.h"
 #include "files/line_blocks.h"
+#include "files/toolkit_names.h"
+#include "lines/columns.h"
 
 namespace tessara::program {
 

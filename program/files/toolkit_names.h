@@ -1,0 +1,8 @@
+// The program speaks of systems, positions and maps in the names of the toolkit.
+#pragma once
+
+namespace tessara::toolkit {}
+
+namespace tessara::program {
+using namespace toolkit;
+}  // namespace tessara::program

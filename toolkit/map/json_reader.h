@@ -1,0 +1,73 @@
+// Values of a JSON file, each with its place in it, so that a message can say what is wrong where:
+// "layers[2].step: expected a number above 0, found -1".
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tessara::toolkit {
+
+// What the reader throws: a text for the user.
+class DescriptionError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// The value has to outlive its readers.
+class JsonValue {
+  public:
+    JsonValue(const nlohmann::json& json, std::string place) : json_(&json), place_(std::move(place)) {}
+
+    [[noreturn]] void Fail(const std::string& what) const;
+    [[nodiscard]] const std::string& Place() const { return place_; }
+    [[nodiscard]] bool IsObject() const { return json_->is_object(); }
+    [[nodiscard]] bool IsNumber() const { return json_->is_number(); }
+
+    // Each fails if the value is something else.
+    [[nodiscard]] std::string Text() const;
+    [[nodiscard]] bool Flag() const;
+    [[nodiscard]] double Number() const;
+    [[nodiscard]] double NumberIn(double low, double high) const;
+    [[nodiscard]] double NumberAbove0() const;
+    [[nodiscard]] std::int32_t WholeIn(std::int32_t low, std::int32_t high) const;
+    [[nodiscard]] std::int32_t WholeOf(std::initializer_list<std::int32_t> choices) const;
+    // The number of the text among the choices.
+    [[nodiscard]] std::size_t ChoiceOf(const std::vector<std::string>& choices) const;
+    [[nodiscard]] std::vector<JsonValue> List() const;
+    [[nodiscard]] std::vector<JsonValue> ListOf(std::size_t count) const;
+
+  private:
+    friend class JsonObject;
+
+    [[noreturn]] void Expected(const std::string& what) const;
+
+    const nlohmann::json* json_;
+    std::string place_;
+};
+
+// The members of an object. What nobody has asked for is a mistake, which RefuseOthers reports.
+class JsonObject {
+  public:
+    explicit JsonObject(const JsonValue& value);
+
+    [[nodiscard]] JsonValue Required(const std::string& key);
+    [[nodiscard]] std::optional<JsonValue> Optional(const std::string& key);
+    void RefuseOthers() const;
+
+    [[noreturn]] void Fail(const std::string& what) const { value_.Fail(what); }
+    [[nodiscard]] const std::string& Place() const { return value_.Place(); }
+
+  private:
+    [[nodiscard]] std::string PlaceOf(const std::string& key) const;
+
+    JsonValue value_;
+    std::set<std::string> known_;
+};
+
+}  // namespace tessara::toolkit

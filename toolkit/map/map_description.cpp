@@ -1,0 +1,210 @@
+#include "map/map_description.h"
+
+#include <limits>
+
+#include "conversion/names.h"
+#include "conversion/text_forms.h"
+#include "map/map_grid_layer.h"
+#include "map/map_projection.h"
+
+namespace tessara::toolkit {
+namespace {
+
+constexpr double WIDEST_WINDOW = 1e6;
+constexpr double LONGEST_RADIUS = 2e7;  // metres; half around the earth
+constexpr double MM_PER_METRE = 1000.0;
+
+class DescriptionReader {
+  public:
+    DescriptionReader(const nlohmann::json& json, const std::filesystem::path& directory)
+        : root_(JsonValue(json, "")), directory_(directory) {}
+
+    MapDescription Read() {
+        if (const auto title = root_.Optional("title")) description_.title = title->Text();
+        ReadSheet();
+        description_.window = ReadWindow(root_.Required("window"));
+        if (const auto layers = root_.Optional("layers")) {
+            for (const JsonValue& layer : layers->List())
+                description_.layers.push_back(ReadLayer(layer));
+        }
+        root_.RefuseOthers();
+        return std::move(description_);
+    }
+
+  private:
+    void ReadSheet() {
+        SheetDescription& sheet = description_.sheet;
+        if (const auto datum = root_.Optional("datum")) sheet.datum = ReadDatum(*datum);
+        if (const auto scale = root_.Optional("scale"))
+            sheet.scaleDenominator = scale->WholeIn(1, std::numeric_limits<std::int32_t>::max());
+        if (const auto resolution = root_.Optional("resolution"))
+            sheet.resolution = resolution->NumberAbove0();
+
+        const bool hasScale = sheet.scaleDenominator > 0 && sheet.resolution > 0.0;
+        sheet.projection = ReadProjection(
+            root_.Required("projection"),
+            hasScale ? std::optional(sheet.scaleDenominator / (sheet.resolution * MM_PER_METRE))
+                     : std::nullopt);
+        ReadReferences();
+        if (!NeedsReference(sheet.projection)) return;
+        const std::string needs = "; " + ProjectionName(sheet.projection) + " maps need one";
+        if (sheet.scaleDenominator == 0) root_.Fail("'scale' is missing" + needs);
+        if (sheet.resolution == 0.0) root_.Fail("'resolution' is missing" + needs);
+        if (sheet.references.empty()) root_.Fail("'reference' is missing" + needs);
+    }
+
+    // One point, or a list of them.
+    void ReadReferences() {
+        const auto value = root_.Optional("reference");
+        if (!value) return;
+        if (value->IsObject()) return ReadReferencePoint(*value);
+        for (const JsonValue& point : value->List())
+            ReadReferencePoint(point);
+    }
+
+    void ReadReferencePoint(const JsonValue& value) {
+        JsonObject object(value);
+        const FloatPixelPayload pixel = ReadPixel(object.Required("pixel"));
+        const JsonValue place = object.Required("place");
+        const Site site = ReadSite(place, description_.sheet.datum);
+        double column = 0.0;
+        double row = 0.0;
+        if (site.coord->GetPixel(&column, &row)) place.Fail("a pixel is no place on the earth");
+        object.RefuseOthers();
+        description_.sheet.references.push_back({site, pixel.x, pixel.y});
+    }
+
+    static Window ReadWindow(const JsonValue& value) {
+        JsonObject object(value);
+        const auto read = [&object](const char* key) {
+            return object.Required(key).NumberIn(-PIXEL_LIMIT, PIXEL_LIMIT);
+        };
+        const Window window{read("left"), read("top"), read("right"), read("bottom")};
+        object.RefuseOthers();
+        if (!(window.Width() >= 1.0 && window.Height() >= 1.0))
+            value.Fail("it is empty: rows grow downward, columns to the right");
+        if (window.Width() > WIDEST_WINDOW || window.Height() > WIDEST_WINDOW)
+            value.Fail("it is wider than a million pixels");
+        return window;
+    }
+
+    Layer ReadLayer(const JsonValue& value) {
+        using ReadContent = void (DescriptionReader::*)(JsonObject&, Layer&);
+        static const std::vector<std::string> names = {"grid", "borders", "positions", "geodesic",
+                                                       "line", "rings",   "polygon",   "overlay"};
+        static constexpr ReadContent readers[] = {
+            &DescriptionReader::ReadGrid,      &DescriptionReader::ReadBorders,
+            &DescriptionReader::ReadPositions, &DescriptionReader::ReadGeodesic,
+            &DescriptionReader::ReadLine,      &DescriptionReader::ReadRings,
+            &DescriptionReader::ReadPolygon,   &DescriptionReader::ReadOverlay};
+
+        JsonObject object(value);
+        Layer layer{value.Place(), {}, {}, GridLayer{}};
+        const ReadContent read = readers[object.Required("type").ChoiceOf(names)];
+        if (const auto name = object.Optional("name")) layer.name = name->Text();
+        if (const auto colour = object.Optional("colour")) layer.colour = colour->ChoiceOf(COLOUR_NAMES);
+        (this->*read)(object, layer);
+        object.RefuseOthers();
+        return layer;
+    }
+
+    [[nodiscard]] Reference ReferenceIn(const JsonValue& value) const {
+        return ReadReference(value, description_.sheet.datum);
+    }
+
+    [[nodiscard]] std::vector<Site> Sites(JsonObject& object, const char* key, std::size_t least) const {
+        return ReadSites(object.Required(key), least, description_.sheet.datum);
+    }
+
+    void ReadGrid(JsonObject& object, Layer& layer) {
+        const JsonValue system = object.Required("system");
+        GridLayer grid{ReferenceIn(system), 0.0, 0.0};
+        if (!HasGrid(grid.reference.system))
+            system.Fail(SystemName(grid.reference.system) + " has no grid lines");
+        if (const auto step = object.Optional("step")) {
+            grid.eastStep = grid.northStep = step->NumberAbove0();
+        } else {
+            grid.eastStep = object.Required("eastStep").NumberAbove0();
+            grid.northStep = object.Required("northStep").NumberAbove0();
+        }
+        layer.content = grid;
+    }
+
+    void ReadBorders(JsonObject& object, Layer& layer) {
+        const JsonValue system = object.Required("system");
+        const Reference reference = ReferenceIn(system);
+        const IRef<ICoord> coord(CreateClassCoord());
+        const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
+        if (!coord->SetReference(MakeReference(reference).Get()) || !zones->HasZones(coord.Get()))
+            system.Fail(SystemName(reference.system) + " has no zones");
+        layer.content = BordersLayer{reference};
+    }
+
+    void ReadPositions(JsonObject& object, Layer& layer) {
+        const auto places = object.Optional("places");
+        const auto file = object.Optional("file");
+        if (places.has_value() == file.has_value()) object.Fail("positions have either 'places' or a 'file'");
+        PositionsLayer positions;
+        if (places) {
+            positions.sites = ReadSites(*places, 0, description_.sheet.datum);
+        } else {
+            positions.sites = ReadFile(directory_ / file->Text(), object.Optional("from"));
+        }
+        layer.content = std::move(positions);
+    }
+
+    std::vector<Site> ReadFile(const std::filesystem::path& file, const std::optional<JsonValue>& from) {
+        if (!from) return ReadDegreesFile(file, description_.sheet.datum, &description_.problems);
+        if (const auto datum = DatumByName(from->Text()))
+            return ReadDegreesFile(file, *datum, &description_.problems);
+        const Reference reference = ReferenceIn(*from);
+        const std::string never = WhyNeverTyped(reference.system);
+        if (!never.empty()) from->Fail(SystemName(reference.system) + " can't be typed: " + never);
+        return ReadTextsFile(file, reference, &description_.problems);
+    }
+
+    void ReadGeodesic(JsonObject& object, Layer& layer) {
+        layer.content = LineLayer{Sites(object, "places", 2), LineLayer::Straight::GEODESIC, {}};
+    }
+
+    void ReadLine(JsonObject& object, Layer& layer) {
+        LineLayer line{Sites(object, "places", 2), LineLayer::Straight::ON_MAP, {}};
+        if (const auto system = object.Optional("straightIn")) {
+            line.straight = LineLayer::Straight::IN_SYSTEM;
+            line.reference = ReferenceIn(*system);
+            if (IsPixel(line.reference.system)) system->Fail("without it a line is straight in pixels");
+        }
+        layer.content = std::move(line);
+    }
+
+    void ReadRings(JsonObject& object, Layer& layer) {
+        RingsLayer rings{ReadSite(object.Required("centre"), description_.sheet.datum), {}};
+        for (const JsonValue& radius : object.Required("radii").List()) {
+            rings.radii.push_back(radius.NumberAbove0());
+            if (rings.radii.back() > LONGEST_RADIUS) radius.Fail("it is longer than 20000 km");
+        }
+        layer.content = std::move(rings);
+    }
+
+    void ReadPolygon(JsonObject& object, Layer& layer) {
+        layer.content = PolygonLayer{Sites(object, "places", 3)};
+    }
+
+    void ReadOverlay(JsonObject& object, Layer& layer) {
+        OverlayLayer overlay{Sites(object, "first", 3), {}};
+        overlay.second = Sites(object, "second", 3);
+        layer.content = std::move(overlay);
+    }
+
+    JsonObject root_;
+    std::filesystem::path directory_;
+    MapDescription description_;
+};
+
+}  // namespace
+
+MapDescription ReadMapDescription(const nlohmann::json& json, const std::filesystem::path& directory) {
+    return DescriptionReader(json, directory).Read();
+}
+
+}  // namespace tessara::toolkit

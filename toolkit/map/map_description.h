@@ -1,0 +1,98 @@
+// What `tessara map` draws: a map, a window of it, and layers.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "conversion/references.h"
+#include "map/json_reader.h"
+#include "map/map_sites.h"
+#include "tessara/tessara.h"
+
+namespace tessara::toolkit {
+
+struct ReferenceSite {
+    Site site;
+    double x, y;  // the pixel
+};
+
+struct SheetDescription {
+    IRef<IProjection> projection;
+    std::int32_t scaleDenominator = 0;  // 0 without a scale
+    double resolution = 0.0;            // pixels per millimetre of the sheet
+    std::int32_t datum = DATUM_WGS84;
+    std::vector<ReferenceSite> references;
+};
+
+struct Window {  // pixels of the map
+    double left, top, right, bottom;
+
+    [[nodiscard]] double Width() const { return right - left; }
+    [[nodiscard]] double Height() const { return bottom - top; }
+};
+
+// Lines of equal east and north value of a system.
+struct GridLayer {
+    Reference reference;
+    double eastStep, northStep;  // in units of the system
+};
+
+struct BordersLayer {  // of the zones of a system
+    Reference reference;
+};
+
+struct PositionsLayer {
+    std::vector<Site> sites;
+};
+
+struct LineLayer {  // from site to site
+    enum class Straight { GEODESIC, ON_MAP, IN_SYSTEM };
+
+    std::vector<Site> sites;
+    Straight straight;
+    Reference reference;  // of IN_SYSTEM
+};
+
+struct RingsLayer {
+    Site centre;
+    std::vector<double> radii;  // metres on the ellipsoid
+};
+
+struct PolygonLayer {  // edges are straight on the map
+    std::vector<Site> sites;
+};
+
+struct OverlayLayer {
+    std::vector<Site> first;
+    std::vector<Site> second;
+};
+
+struct Layer {
+    std::string where;                  // in the description, for messages
+    std::string name;                   // for the legend; may be empty
+    std::optional<std::size_t> colour;  // in COLOUR_NAMES
+    std::variant<GridLayer, BordersLayer, PositionsLayer, LineLayer, RingsLayer, PolygonLayer, OverlayLayer>
+        content;
+};
+
+struct MapDescription {
+    std::string title;
+    SheetDescription sheet;
+    Window window;
+    std::vector<Layer> layers;
+    std::vector<std::string> problems;  // what can't be used; the rest can
+};
+
+// The colours of Okabe and Ito (Color Universal Design, 2008), which people with any kind of colour vision
+// can tell apart.
+inline const std::vector<std::string> COLOUR_NAMES = {"black",  "orange", "sky blue",   "bluish green",
+                                                      "yellow", "blue",   "vermillion", "reddish purple"};
+
+// Files that it names are looked for in `directory`. Throws DescriptionError.
+[[nodiscard]] MapDescription ReadMapDescription(const nlohmann::json& json,
+                                                const std::filesystem::path& directory);
+
+}  // namespace tessara::toolkit

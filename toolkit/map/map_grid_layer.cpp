@@ -1,0 +1,345 @@
+#include "map/map_grid_layer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "conversion/coords.h"
+#include "conversion/names.h"
+#include "conversion/numbers.h"
+#include "map/map_grid_labels.h"
+#include "map/map_grid_lines.h"
+#include "map/map_styles.h"
+#include "tessara/coordinate_grid.h"
+#include "tessara/coordinate_grid_factory.h"
+#include "tessara/kernel/systems.h"
+
+namespace tessara::toolkit {
+namespace {
+
+using CreateGrid = ICoordinateGrid* (ICoordinateGridFactory::*)(IMapCoordOperations*, std::int32_t, double,
+                                                                double);
+
+// By the number of the system; null for a system without grid lines.
+constexpr std::array<CreateGrid, KOORD_TYPE_COUNT> CREATE = {
+    nullptr,  // LONGPIXEL
+    &ICoordinateGridFactory::CreateFloatPixelGrid,
+    &ICoordinateGridFactory::CreateUtmGrid,
+    &ICoordinateGridFactory::CreateUtmrefGrid,
+    &ICoordinateGridFactory::CreateGeodezGrid,
+    &ICoordinateGridFactory::CreateGeogradGrid,
+    &ICoordinateGridFactory::CreateGeorefGrid,
+    &ICoordinateGridFactory::CreateGkGrid,
+    &ICoordinateGridFactory::CreateBmnGrid,
+    &ICoordinateGridFactory::CreateOemGrid,
+    &ICoordinateGridFactory::CreateChGrid,
+    nullptr,  // ECEF
+    &ICoordinateGridFactory::CreateGeodezminGrid,
+    &ICoordinateGridFactory::CreateGk6Grid,
+    &ICoordinateGridFactory::CreateGkAtGrid,
+    &ICoordinateGridFactory::CreateUpsGrid,
+    &ICoordinateGridFactory::CreatePoMilitaryGrid,
+    nullptr,  // TM, whose positions have no extent in common
+    &ICoordinateGridFactory::CreateVdgGrid,
+    &ICoordinateGridFactory::CreateBngGrid,
+    &ICoordinateGridFactory::CreateIngGrid,
+    &ICoordinateGridFactory::CreateRdGrid,
+    &ICoordinateGridFactory::CreateLurefGrid,
+    nullptr,  // LAMBERTCC
+};
+
+// Wider than a zone: of such a grid only the borders are left.
+constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
+// How far a point of a border may lie beside it: UTMREF has whole metres.
+constexpr double BESIDE_BORDER = 1.5;  // metres
+constexpr double BESIDE = 0.01;        // degrees
+constexpr double FULL_TURN = 360.0;
+
+constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // each is compared with all others
+
+constexpr double LABEL_CLEARANCE = 4.0;  // picture units
+
+IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
+                               double northStep) {
+    const IRef<ICoordinateGridFactory> factory(CreateClassCoordinateGridFactory());
+    const CreateGrid create = CREATE.at(static_cast<std::size_t>(reference.system));
+    IRef<ICoordinateGrid> grid((factory.Get()->*create)(sheet.Map(), reference.datum, eastStep, northStep));
+    if (!grid.IsValid()) return {};
+
+    // A pixel more on each side: the extremes of a window are known to a quarter of one, and lines have to
+    // reach the frame.
+    Window window = sheet.MapWindow();
+    window = {window.left - 1.0, window.top - 1.0, window.right + 1.0, window.bottom + 1.0};
+    const auto corner = [](double x, double y) {
+        IRef<IFloatPoint> point(CreateClassFloatPoint());
+        point->SetX(x);
+        point->SetY(y);
+        return point;
+    };
+    const bool hasWindow = grid->SetWindowFromPoints(
+        corner(window.left, window.top).Get(), corner(window.right, window.top).Get(),
+        corner(window.right, window.bottom).Get(), corner(window.left, window.bottom).Get());
+    return hasWindow ? grid : IRef<ICoordinateGrid>();
+}
+
+double Distance(const PicturePoint& a, const PicturePoint& b) {
+    return std::hypot(b.x - a.x, b.y - a.y);
+}
+
+using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
+
+bool LiesOn(Neighbour border, ICoord* coord) {
+    const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
+    const IRef<ICoord> at(CreateClassCoord());
+    if (!(zones.Get()->*border)(coord, at.Get())) return false;
+    return std::abs(IRef<ICoordInternal>(coord)->EastDifference(at.Get())) <= BESIDE_BORDER;
+}
+
+// The zone in which a place lies, as the ground has it: over the date line numbers begin anew.
+std::string ZoneAt(const Reference& reference, double latitude, double longitude) {
+    const IRef<ICoord> degrees =
+        DegreesCoord(latitude, std::remainder(longitude, FULL_TURN), reference.datum);
+    const IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference(reference).Get());
+    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    if (!transfer->Transfer(degrees.Get(), coord.Get())) return "-";
+    const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
+    return std::to_string(zones->GetZoneNumber(coord.Get()));
+}
+
+std::optional<GeodezPayload> DegreesOf(ICoord* coord, std::int32_t datum) {
+    const IRef<ICoord> degrees = DegreesCoord(0.0, 0.0, datum);
+    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    if (!transfer->Transfer(coord, degrees.Get())) return std::nullopt;
+    return Load<GeodezPayload>(KoordOf(degrees.Get()));
+}
+
+// Borders are meridians. In their middle no limit of the system is near.
+std::string ZonesBeside(const GridLine& border, const Reference& reference) {
+    const auto first = DegreesOf(border.first.Get(), reference.datum);
+    const auto last = DegreesOf(border.last.Get(), reference.datum);
+    if (!first || !last) return {};
+    const double latitude = (first->latitude + last->latitude) / 2.0;
+    return "zone " + ZoneAt(reference, latitude, first->longitude - BESIDE) + " | " +
+           ZoneAt(reference, latitude, first->longitude + BESIDE);
+}
+
+// The two zones that a line parts; empty for a line that is no border.
+std::string BorderText(const GridLine& line, const Reference& reference) {
+    const auto isOn = [&line](Neighbour border) {
+        return LiesOn(border, line.first.Get()) && LiesOn(border, line.last.Get());
+    };
+    const bool isBorder =
+        isOn(&IZoneCoordOperations::GetWestNeighbour) || isOn(&IZoneCoordOperations::GetEastNeighbour);
+    return isBorder ? ZonesBeside(line, reference) : "";
+}
+
+class GridDrawer {
+  public:
+    GridDrawer(const MapSheet& sheet, const Layer& layer, const Reference& reference)
+        : sheet_(sheet), layer_(layer), reference_(reference), isGraticule_(IsGraticule(sheet, reference)) {}
+
+    void DrawLines(ICoordinateGrid& grid, Axis axis, const Style& style) {
+        const std::string name = NameOf(axis);
+        const double step = StepOf(grid, axis);
+        Shape lines{Rank::GRID, "grid " + name, {}, style};
+        FrameLabels labels{"grid-label " + name, style.stroke, {}};
+        std::int64_t index = 0;
+        for (const GridLine& line : LinesOf(grid, axis)) {
+            const std::string border = axis == Axis::EAST ? BorderText(line, reference_) : "";
+            if (!border.empty()) {
+                borders_.emplace_back(line, border);
+                continue;
+            }
+            const double value =
+                AxisValue(line.first.Get(), axis).value_or(static_cast<double>(index) * step);
+            const std::int64_t ordinal = std::llround(value / step);
+            AddLabels(line, axis, AxisText(line.first.Get(), axis, step), ordinal, &labels);
+            lines.paths.insert(lines.paths.end(), line.pieces.begin(), line.pieces.end());
+            ++index;
+        }
+        drawing_.shapes.push_back(std::move(lines));
+        drawing_.frameLabels.push_back(std::move(labels));
+    }
+
+    // Those that the lines came upon.
+    void DrawBorders(const Style& style) {
+        Shape shape{Rank::BORDER, "border", {}, style};
+        FrameLabels labels{"border-label", style.stroke, {}};
+        for (const auto& [line, text] : borders_) {
+            shape.paths.insert(shape.paths.end(), line.pieces.begin(), line.pieces.end());
+            AddLabels(line, Axis::EAST, text, 0, &labels);
+        }
+        drawing_.shapes.push_back(std::move(shape));
+        drawing_.frameLabels.push_back(std::move(labels));
+    }
+
+    void KeepBorders(ICoordinateGrid& grid) {
+        for (GridLine& line : LinesOf(grid, Axis::EAST)) {
+            const std::string border = BorderText(line, reference_);
+            if (!border.empty()) borders_.emplace_back(std::move(line), border);
+        }
+    }
+
+    void AddProblem(const std::string& what) { drawing_.problems.push_back(layer_.where + ": " + what); }
+    void AddLegend(const Style& style, const std::string& text) {
+        const bool isNamed = !layer_.name.empty();
+        drawing_.legend.push_back({LegendEntry::Sample::LINE, style, isNamed ? layer_.name : text});
+    }
+    [[nodiscard]] bool HasBorders() const { return !borders_.empty(); }
+    [[nodiscard]] Drawing Take() { return std::move(drawing_); }
+
+  private:
+    static std::string NameOf(Axis axis) { return axis == Axis::EAST ? "east" : "north"; }
+    static double StepOf(ICoordinateGrid& grid, Axis axis) {
+        return axis == Axis::EAST ? grid.GetEastStep() : grid.GetNorthStep();
+    }
+
+    std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
+        PointBudget budget;
+        std::optional<std::vector<GridLine>> lines = FindLines(grid, axis, &budget);
+        if (budget.IsSpent()) {
+            AddProblem("the " + NameOf(axis) + " lines of " + reference_.Name() + " take more than " +
+                       std::to_string(PointBudget::MOST_POINTS) + " points; a greater step is needed");
+            return {};
+        }
+        if (!lines) {
+            AddProblem("there are more than " + std::to_string(MOST_LINES) + " " + NameOf(axis) +
+                       " lines of " + reference_.Name() + "; a greater step is needed");
+        }
+        return std::move(lines).value_or(std::vector<GridLine>());
+    }
+
+    // Nothing where there are too many.
+    std::optional<std::vector<GridLine>> FindLines(ICoordinateGrid& grid, Axis axis, PointBudget* budget) {
+        const double step = StepOf(grid, axis);
+        if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step, budget);
+        if (AreTooMany(sheet_, reference_, axis, step)) return std::nullopt;
+        const IRef<IArray> lines(CreateClassArray());
+        const bool isComplete =
+            axis == Axis::EAST ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
+        if (lines->GetCount() > MOST_LINES) return std::nullopt;
+        std::vector<GridLine> placed = PlaceLines(sheet_, lines.Get(), budget);
+        if (!isComplete && !budget->IsSpent()) {
+            AddProblem("not all " + NameOf(axis) + " lines of " + reference_.Name() +
+                       " have a place on the map");
+        }
+        return placed;
+    }
+
+    // Where a line meets the frame; at its ends if it doesn't.
+    void AddLabels(const GridLine& line, Axis axis, const std::string& text, std::int64_t ordinal,
+                   FrameLabels* labels) {
+        std::size_t count = 0;
+        for (const Polyline& piece : line.pieces) {
+            for (const PicturePoint& end : {piece.front(), piece.back()}) {
+                const Side side = SideOf(end, sheet_.Width(), sheet_.Height(), axis == Axis::EAST);
+                if (side == Side::INSIDE) continue;
+                ++count;
+                if (labels->labels.size() < MOST_LABELS && IsNew(end, *labels))
+                    labels->labels.push_back({end, side, text, ordinal});
+            }
+        }
+        if (count > 0 || line.pieces.empty()) return;
+        const Polyline& first = line.pieces.front();
+        const Polyline& last = line.pieces.back();
+        AddLabelBeyond(first[1], first[0], text, *labels);
+        const bool isRing = Distance(first.front(), last.back()) < SAME_PLACE;
+        if (!isRing) AddLabelBeyond(last[last.size() - 2], last.back(), text, *labels);
+    }
+
+    // Half a turn east and west may be one line.
+    static bool IsNew(const PicturePoint& end, const FrameLabels& labels) {
+        return std::none_of(labels.labels.begin(), labels.labels.end(),
+                            [&end](const FrameLabel& other) { return Distance(end, other.at) < SAME_PLACE; });
+    }
+
+    // In the direction in which the line would go on.
+    void AddLabelBeyond(const PicturePoint& before, const PicturePoint& end, const std::string& text,
+                        const FrameLabels& labels) {
+        const double dx = end.x - before.x;
+        const double dy = end.y - before.y;
+        const bool isSideways = std::abs(dx) > std::abs(dy);
+        const auto place =
+            isSideways ? (dx > 0.0 ? TextRightOf : TextLeftOf) : (dy > 0.0 ? TextBelow : TextAbove);
+        drawing_.innerLabels.push_back(
+            {{place(end, LABEL_CLEARANCE, text, LABEL_SIZE)}, labels.classes, labels.colour});
+    }
+
+    const MapSheet& sheet_;
+    const Layer& layer_;
+    Reference reference_;
+    bool isGraticule_;
+    Drawing drawing_;
+    std::vector<std::pair<GridLine, std::string>> borders_;
+};
+
+// A step of degrees as whole degrees, minutes or seconds where it is one.
+std::string DegreesText(double step) {
+    struct Unit {
+        double parts;
+        const char* sign;
+    };
+    for (const Unit& unit : {Unit{1.0, "\u00B0"}, Unit{60.0, "'"}, Unit{3600.0, "''"}}) {
+        const double count = std::round(step * unit.parts);
+        if (count > 0.0 && std::abs(step * unit.parts - count) < 1e-6) return FormatPlain(count) + unit.sign;
+    }
+    return FormatPlain(step) + "\u00B0";
+}
+
+std::string StepText(std::int32_t system, double step) {
+    if (system == KOORD_GEODEZ) return FormatPlain(step) + "\u00B0";
+    switch (System_Unit(system)) {
+        case tessara::Unit::Degree:
+            return DegreesText(step);
+        case tessara::Unit::Pixel:
+            return FormatPlain(step) + " pixels";
+        case tessara::Unit::Metre:
+            break;
+    }
+    return FormatPlain(step) + " m";
+}
+
+std::string StepsText(const GridLayer& grid) {
+    std::string east = StepText(grid.reference.system, grid.eastStep);
+    if (grid.eastStep == grid.northStep) return east;
+    return east + " by " + StepText(grid.reference.system, grid.northStep);
+}
+
+}  // namespace
+
+bool HasGrid(std::int32_t system) {
+    return CREATE.at(static_cast<std::size_t>(system)) != nullptr;
+}
+
+Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& grid, std::size_t index) {
+    GridDrawer drawer(sheet, layer, grid.reference);
+    const Style style = GridStyle(index, layer.colour);
+    drawer.AddLegend(style, grid.reference.Name() + ", every " + StepsText(grid));
+    const IRef<ICoordinateGrid> lines = MakeGrid(sheet, grid.reference, grid.eastStep, grid.northStep);
+    if (!lines.IsValid()) {
+        drawer.AddProblem("the window has no place in " + grid.reference.Name());
+        return drawer.Take();
+    }
+    drawer.DrawLines(*lines.Get(), Axis::NORTH, style);
+    drawer.DrawLines(*lines.Get(), Axis::EAST, style);
+    if (drawer.HasBorders()) drawer.DrawBorders(BorderStyle({}));
+    return drawer.Take();
+}
+
+Drawing DrawBorders(const MapSheet& sheet, const Layer& layer, const BordersLayer& borders) {
+    GridDrawer drawer(sheet, layer, borders.reference);
+    const Style style = BorderStyle(layer.colour);
+    drawer.AddLegend(style, "zone borders of " + borders.reference.Name());
+    const IRef<ICoordinateGrid> lines =
+        MakeGrid(sheet, borders.reference, STEP_BEYOND_ZONES, STEP_BEYOND_ZONES);
+    if (lines.IsValid()) {
+        drawer.KeepBorders(*lines.Get());
+    } else {
+        drawer.AddProblem("the window has no place in " + borders.reference.Name());
+    }
+    drawer.DrawBorders(style);
+    return drawer.Take();
+}
+
+}  // namespace tessara::toolkit

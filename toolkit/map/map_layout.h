@@ -1,0 +1,43 @@
+// The layout of a page: what the layers draw in the window, texts that keep clear of each other, a title and
+// a legend.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "map/labels.h"
+#include "map/map_description.h"
+#include "map/map_drawing.h"
+
+namespace tessara::toolkit {
+
+inline constexpr double MARKER_RADIUS = 4.0;
+inline constexpr double LEGEND_ROW = 22.0;
+inline constexpr double SAMPLE_WIDTH = 34.0;
+
+struct StyledText {
+    PlacedText text;
+    std::string classes;
+    std::string colour;
+    bool isBold = false;
+};
+
+// What the legend shows of an entry besides its text, from the middle of the left side on.
+struct Sample {
+    PicturePoint at;
+    LegendEntry entry;
+};
+
+struct MapLayout {
+    Box window;
+    Box paper;
+    std::vector<Drawing> drawings;  // of a layer each
+    std::vector<StyledText> texts;
+    std::vector<Sample> samples;
+    std::vector<std::string> problems;  // what couldn't be drawn
+};
+
+// The longer side of the window becomes `size` units long. Throws DescriptionError if there is no such map.
+[[nodiscard]] MapLayout LayOutMap(const MapDescription& description, double size);
+
+}  // namespace tessara::toolkit

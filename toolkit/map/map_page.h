@@ -1,0 +1,19 @@
+// The page as SVG: window and frame, the layers by importance, texts and legend.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "map/map_description.h"
+
+namespace tessara::toolkit {
+
+struct MapPage {
+    std::string svg;
+    std::vector<std::string> problems;  // what couldn't be drawn
+};
+
+// The longer side of the window becomes `size` units long. Throws DescriptionError if there is no such map.
+[[nodiscard]] MapPage DrawMapPage(const MapDescription& description, double size);
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,143 @@
+#include "map/map_sheet.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "conversion/coords.h"
+
+namespace tessara::toolkit {
+namespace {
+
+// A longitude that is half around the earth stays on its side in spite of rounding.
+constexpr double HALF_TURN = 180.0 + 1e-7;
+constexpr double ANOTHER_PLACE = 1.0;    // degrees of latitude
+constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far more than any map's rounding
+
+IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
+    const IRef<IGeoDate> datum(CreateClassGeoDate());
+    datum->SetDatum(description.datum);
+    const IRef<IArray> points(CreateClassArray());
+    for (const ReferenceSite& reference : description.references) {
+        const IRef<IReferencePoint> point(CreateClassReferencePoint());
+        point->SetFloat(reference.site.coord.Get(), reference.x, reference.y);
+        points->Add(point.Get());
+    }
+    const IRef<IMapCoordOperationsFactory> maps(CreateClassMapCoordOperationsFactory());
+    return IRef<IMapCoordOperations>(
+        maps->CreateFromReferencePoints(points.Get(), description.scaleDenominator, description.resolution,
+                                        datum.Get(), description.projection.Get()));
+}
+
+GeodezPayload DegreesIn(const IRef<ICoord>& coord) {
+    return Load<GeodezPayload>(KoordOf(coord.Get()));
+}
+
+bool IsPixelCoord(ICoord* coord) {
+    double x = 0.0;
+    double y = 0.0;
+    return coord->GetPixel(&x, &y);
+}
+
+bool AreFinite(const PicturePoint& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
+}  // namespace
+
+MapSheet::MapSheet(const SheetDescription& description, const Window& window, double size)
+    : map_(MakeMap(description)),
+      datum_(description.datum),
+      window_(window),
+      hasRowsOfLatitude_(description.projection->GetProjectionType() == MAP_MERCATOR),
+      zoom_(size / std::max(window.Width(), window.Height())),
+      centreLongitude_(0.0) {
+    if (!map_.IsValid()) throw DescriptionError("no map can be made of this");
+    const std::optional<GeodezPayload> centre = DegreesAt({Width() / 2.0, Height() / 2.0});
+    if (centre) centreLongitude_ = centre->longitude;
+}
+
+std::optional<GeodezPayload> MapSheet::DegreesAt(const PicturePoint& point) const {
+    return DegreesAtPixel({point.x / zoom_ + window_.left, point.y / zoom_ + window_.top});
+}
+
+std::optional<GeodezPayload> MapSheet::DegreesAtPixel(const PicturePoint& pixel) const {
+    const IRef<ICoord> there = EmptyDegrees();
+    if (!map_->FloatPixelToCoord(pixel.x, pixel.y, there.Get())) return std::nullopt;
+    const GeodezPayload degrees = DegreesIn(there);
+    const bool isPlace = std::isfinite(degrees.latitude) && std::isfinite(degrees.longitude);
+    return isPlace ? std::optional(degrees) : std::nullopt;
+}
+
+PicturePoint MapSheet::PointOfPixel(const PicturePoint& pixel) const {
+    return {(pixel.x - window_.left) * zoom_, (pixel.y - window_.top) * zoom_};
+}
+
+std::optional<PicturePoint> MapSheet::PixelOf(ICoord* coord) const {
+    PicturePoint pixel{};
+    if (!coord->GetPixel(&pixel.x, &pixel.y) && !map_->CoordToFloatPixel(coord, &pixel.x, &pixel.y))
+        return std::nullopt;
+    return AreFinite(pixel) ? std::optional(pixel) : std::nullopt;
+}
+
+std::optional<PicturePoint> MapSheet::PointOf(ICoord* coord) const {
+    const std::optional<PicturePoint> pixel = PixelOf(coord);
+    return pixel ? std::optional(PointOfPixel(*pixel)) : std::nullopt;
+}
+
+std::optional<PicturePoint> MapSheet::ShownPointOf(ICoord* coord) const {
+    const std::optional<PicturePoint> at = NearPointOf(coord);
+    if (hasRowsOfLatitude_) return at;
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    if (!at || !degrees) return at;
+    const std::optional<GeodezPayload> shown = DegreesAt(*at);
+    const bool isOther = shown && std::abs(shown->latitude - degrees->latitude) > ANOTHER_PLACE;
+    return isOther ? std::nullopt : at;
+}
+
+IRef<ICoord> MapSheet::EmptyDegrees() const {
+    IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference({KOORD_GEODEZ, datum_}).Get());
+    return coord;
+}
+
+std::optional<GeodezPayload> MapSheet::DegreesOf(ICoord* coord) const {
+    const IRef<ICoord> copy = EmptyDegrees();
+    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    const bool isThere = IsPixelCoord(coord) ? map_->PixelCoordToCoord(coord, copy.Get())
+                                             : transfer->Transfer(coord, copy.Get());
+    return isThere ? std::optional(DegreesIn(copy)) : std::nullopt;
+}
+
+std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    return degrees ? std::optional(Near(*degrees)) : std::nullopt;
+}
+
+GeodezPayload MapSheet::Near(GeodezPayload degrees) const {
+    const double east = degrees.longitude - centreLongitude_;
+    if (std::abs(east) > HALF_TURN) degrees.longitude = centreLongitude_ + std::remainder(east, 360.0);
+    return degrees;
+}
+
+// A position that is near as it stands keeps its numbers, and so does one from whose other longitude the map
+// doesn't lead back: a cone ends half a turn from its own meridian.
+std::optional<PicturePoint> MapSheet::NearPixelOf(ICoord* coord) const {
+    const std::optional<PicturePoint> asItStands = PixelOf(coord);
+    if (IsPixelCoord(coord)) return asItStands;
+    const std::optional<GeodezPayload> degrees = DegreesOf(coord);
+    if (!degrees) return asItStands;
+    const GeodezPayload near = Near(*degrees);
+    if (near.longitude == degrees->longitude) return asItStands;
+    const std::optional<PicturePoint> other =
+        PixelOf(DegreesCoord(near.latitude, near.longitude, datum_).Get());
+    const std::optional<GeodezPayload> back = other ? DegreesAtPixel(*other) : std::nullopt;
+    const bool leadsBack = back && std::abs(back->longitude - near.longitude) <= SAME_LONGITUDE;
+    return leadsBack ? other : asItStands;
+}
+
+std::optional<PicturePoint> MapSheet::NearPointOf(ICoord* coord) const {
+    const std::optional<PicturePoint> pixel = NearPixelOf(coord);
+    return pixel ? std::optional(PointOfPixel(*pixel)) : std::nullopt;
+}
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,49 @@
+// The places of a map description: in degrees, as texts of any system, or as pixels of the map.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "conversion/references.h"
+#include "map/json_reader.h"
+#include "tessara/tessara.h"
+
+namespace tessara::toolkit {
+
+struct Site {
+    IRef<ICoord> coord;
+    std::string name;   // may be empty
+    std::string where;  // in the description, for messages
+};
+
+// Farther away than any pixel of a map.
+inline constexpr double PIXEL_LIMIT = 1e9;
+
+// A datum and a system by their names; a system is on the datum of the map where it names none.
+[[nodiscard]] std::int32_t ReadDatum(const JsonValue& value);
+[[nodiscard]] Reference ReadReference(const JsonValue& value, std::int32_t mapDatum);
+
+// A column and a row.
+[[nodiscard]] FloatPixelPayload ReadPixel(const JsonValue& value);
+
+// One of
+//     [48.1375, 11.5755]
+//     {"at": [48.1375, 11.5755], "datum": "WGS84", "name": "Munich"}
+//     {"system": "UTM@WGS84", "north": "N 5334791", "east": "32 691602", "name": "Munich"}
+//     {"pixel": [400, 250], "name": "Munich"}
+// on the datum of the map where none is named.
+[[nodiscard]] Site ReadSite(const JsonValue& value, std::int32_t mapDatum);
+[[nodiscard]] std::vector<Site> ReadSites(const JsonValue& value, std::size_t least, std::int32_t mapDatum);
+
+// Degrees on a datum.
+[[nodiscard]] IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum);
+
+// The sites of a file in the forms that `tessara convert` reads: lines `latitude longitude [height] # name`,
+// or columns with the north text, the east text and the name. What is wrong with a line goes into `problems`.
+[[nodiscard]] std::vector<Site> ReadDegreesFile(const std::filesystem::path& file, std::int32_t datum,
+                                                std::vector<std::string>* problems);
+[[nodiscard]] std::vector<Site> ReadTextsFile(const std::filesystem::path& file, const Reference& reference,
+                                              std::vector<std::string>* problems);
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,36 @@
+// Scalable Vector Graphics, written element by element.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tessara::toolkit {
+
+using SvgAttributes = std::vector<std::pair<std::string_view, std::string>>;
+
+class SvgWriter {
+  public:
+    // A picture of a part of the plane.
+    SvgWriter(double left, double top, double width, double height);
+
+    void Open(std::string_view element, const SvgAttributes& attributes);
+    void Close();
+    void Empty(std::string_view element, const SvgAttributes& attributes);
+    void Text(std::string_view element, const SvgAttributes& attributes, std::string_view text);
+
+    // The whole file. Closes what is open.
+    [[nodiscard]] std::string Finish();
+
+  private:
+    void Begin(std::string_view element, const SvgAttributes& attributes);
+
+    std::string out_;
+    std::vector<std::string> open_;
+};
+
+// A length, to a hundredth.
+[[nodiscard]] std::string SvgNumber(double value);
+
+}  // namespace tessara::toolkit
