@@ -4,26 +4,24 @@
 
 #include "tessara/tessara.h"
 
-using namespace tessara;
-
 int main() {
     // 48.1375 degrees north, 11.5755 degrees east, on WGS84. An object goes into its handle on the same line.
-    const IRef<ICoordGeographic> munich(CreateClassCoordGeographic());
+    const tessara::IRef munich = tessara::CreateClassCoordGeographic();
     munich->Set(11.5755, 48.1375, 520.0);
 
-    const IRef<ICoord> coord(CreateClassCoord());
-    if (!coord->SetGeographic(munich.Get())) return 1;
+    const tessara::IRef coord = tessara::CreateClassCoord();
+    if (!coord->SetGeographic(munich)) return 1;
 
     // Convert it to UTM. False would say that it can't be converted.
-    const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
-    reference->SetDatum(DATUM_WGS84);
-    reference->SetSystem(KOORD_UTM);
-    if (!coord->SetReference(reference.Get())) return 1;
+    const tessara::IRef reference = tessara::CreateClassCoordinateReference();
+    reference->SetDatum(tessara::DATUM_WGS84);
+    reference->SetSystem(tessara::KOORD_UTM);
+    if (!coord->SetReference(reference)) return 1;
 
     // The record behind the object has the fields of its system.
-    CKoord koord;
-    IRef<ICoordInternal>(coord)->GetKoord(&koord);
-    const auto utm = Load<UtmPayload>(koord);
+    tessara::CKoord koord;
+    tessara::IRef<tessara::ICoordInternal>(coord)->GetKoord(&koord);
+    const auto utm = tessara::Load<tessara::UtmPayload>(koord);
     std::cout << utm.zone << utm.hemisphere << std::fixed << std::setprecision(3) << ' ' << utm.easting << ' '
               << utm.northing << " height " << coord->GetHeight() << '\n';
 }

@@ -4,42 +4,40 @@
 
 #include "tessara/tessara.h"
 
-using namespace tessara;
-
 namespace {
 
 // 1:50000 in UTM zone 32, 2.5 metres a pixel, upper left corner at 675000 5345000. A grid map needs no
 // reference point.
-IRef<IMapCoordOperations> MakeSheet() {
-    const MapUtmParams params{.hemisphere = 'N',
-                              .zone = 32,
-                              .originEasting = 675000.0,
-                              .originNorthing = 5345000.0,
-                              .metresPerPixelX = 2.5,
-                              .metresPerPixelY = 2.5};
-    const IRef<IProjectionFactory> projections(CreateClassProjectionFactory());
-    const IRef<IProjection> projection(projections->CreateUtm(&params));
-    const IRef<IGeoDate> datum(CreateClassGeoDate());
-    datum->SetDatum(DATUM_WGS84);
-    const IRef<IArray> noPoints(CreateClassArray());
-    const IRef<IMapCoordOperationsFactory> maps(CreateClassMapCoordOperationsFactory());
-    return IRef<IMapCoordOperations>(
-        maps->CreateFromReferencePoints(noPoints.Get(), 50000, 20.0, datum.Get(), projection.Get()));
+tessara::IRef<tessara::IMapCoordOperations> MakeSheet() {
+    const tessara::MapUtmParams params{.hemisphere = 'N',
+                                       .zone = 32,
+                                       .originEasting = 675000.0,
+                                       .originNorthing = 5345000.0,
+                                       .metresPerPixelX = 2.5,
+                                       .metresPerPixelY = 2.5};
+    const tessara::IRef projections = tessara::CreateClassProjectionFactory();
+    const tessara::IRef<tessara::IProjection> projection(projections->CreateUtm(&params));
+    const tessara::IRef datum = tessara::CreateClassGeoDate();
+    datum->SetDatum(tessara::DATUM_WGS84);
+    const tessara::IRef noPoints = tessara::CreateClassArray();
+    const tessara::IRef maps = tessara::CreateClassMapCoordOperationsFactory();
+    return tessara::IRef<tessara::IMapCoordOperations>(
+        maps->CreateFromReferencePoints(noPoints, 50000, 20.0, datum, projection));
 }
 
-IRef<IFloatPoint> PointAt(double column, double row) {
-    IRef<IFloatPoint> point(CreateClassFloatPoint());
+tessara::IRef<tessara::IFloatPoint> PointAt(double column, double row) {
+    tessara::IRef point = tessara::CreateClassFloatPoint();
     point->SetX(column);
     point->SetY(row);
     return point;
 }
 
 // A line goes over the whole extent of the window in degrees, so that it may begin and end beside the window.
-void WriteLines(const char* direction, IArray* lines) {
+void WriteLines(const char* direction, tessara::IArray* lines) {
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
-        const IRef<IArray> line(lines->GetAt(i));
-        const IRef<IFloatPoint> start(line->GetAt(0));
-        const IRef<IFloatPoint> end(line->GetAt(line->GetCount() - 1));
+        const tessara::IRef<tessara::IArray> line(lines->GetAt(i));
+        const tessara::IRef<tessara::IFloatPoint> start(line->GetAt(0));
+        const tessara::IRef<tessara::IFloatPoint> end(line->GetAt(line->GetCount() - 1));
         std::cout << direction << " from " << start->GetX() << ' ' << start->GetY() << " to " << end->GetX()
                   << ' ' << end->GetY() << '\n';
     }
@@ -48,10 +46,11 @@ void WriteLines(const char* direction, IArray* lines) {
 }  // namespace
 
 int main() {
-    const IRef<IMapCoordOperations> sheet = MakeSheet();
-    const IRef<ICoordinateGridFactory> grids(CreateClassCoordinateGridFactory());
+    const tessara::IRef<tessara::IMapCoordOperations> sheet = MakeSheet();
+    const tessara::IRef grids = tessara::CreateClassCoordinateGridFactory();
     constexpr double STEP = 0.1;
-    const IRef<ICoordinateGrid> grid(grids->CreateGeodezGrid(sheet.Get(), DATUM_WGS84, STEP, STEP));
+    const tessara::IRef<tessara::ICoordinateGrid> grid(
+        grids->CreateGeodezGrid(sheet, tessara::DATUM_WGS84, STEP, STEP));
     if (!grid.IsValid()) return 1;
 
     // The whole sheet: 7000 columns, 6000 rows.
@@ -60,9 +59,9 @@ int main() {
         return 1;
 
     std::cout << std::fixed << std::setprecision(1);
-    const IRef<IArray> lines(CreateClassArray());
-    if (!grid->GetEastLinePixels(lines.Get())) return 1;
-    WriteLines("meridian", lines.Get());
-    if (!grid->GetNorthLinePixels(lines.Get())) return 1;
-    WriteLines("parallel", lines.Get());
+    const tessara::IRef lines = tessara::CreateClassArray();
+    if (!grid->GetEastLinePixels(lines)) return 1;
+    WriteLines("meridian", lines);
+    if (!grid->GetNorthLinePixels(lines)) return 1;
+    WriteLines("parallel", lines);
 }

@@ -5,11 +5,7 @@
 #include <iomanip>
 #include <iostream>
 
-#include "tessara/kernel/convert.h"
-#include "tessara/kernel/datum.h"
-#include "tessara/kernel/geodesic.h"
-
-using namespace tessara;
+#include "tessara/kernel.h"
 
 namespace {
 
@@ -24,20 +20,20 @@ constexpr Station STATIONS[] = {
     {"Berlin", 52.5163, 13.3777},
 };
 
-tagKOORD RecordOf(const Station& station) {
-    tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
-    Store(record, GeodezPayload{station.latitude, station.longitude, 0.0});
+tessara::tagKOORD RecordOf(const Station& station) {
+    tessara::tagKOORD record = tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_GEODEZ);
+    tessara::Store(record, tessara::GeodezPayload{station.latitude, station.longitude, 0.0});
     return record;
 }
 
 // What is wanted stands in the target: datum and type, and for some types parameters. A payload of zeros
 // would want the meridian 0.
-tagKOORD WantedRecord() {
+tessara::tagKOORD WantedRecord() {
     constexpr std::int32_t DATUM_GERMANY = 3;
-    tagKOORD record = MakeKoord(DATUM_GERMANY, KOORD_GK);
-    GkPayload wanted{};
-    wanted.wantedMeridian = NO_WANTED_ZONE;
-    Store(record, wanted);
+    tessara::tagKOORD record = tessara::MakeKoord(DATUM_GERMANY, tessara::KOORD_GK);
+    tessara::GkPayload wanted{};
+    wanted.wantedMeridian = tessara::NO_WANTED_ZONE;
+    tessara::Store(record, wanted);
     return record;
 }
 
@@ -46,21 +42,22 @@ tagKOORD WantedRecord() {
 int main() {
     std::cout << std::fixed << std::setprecision(2);
     double journey = 0.0;
-    tagKOORD last{};
+    tessara::tagKOORD last{};
     bool isFirst = true;
     for (const Station& station : STATIONS) {
-        const tagKOORD here = RecordOf(station);
-        tagKOORD grid = WantedRecord();
-        const KoordStatus status = KoordConvert(&here, &grid);
-        if (status != KOORD_OK) {
+        const tessara::tagKOORD here = RecordOf(station);
+        tessara::tagKOORD grid = WantedRecord();
+        const tessara::KoordStatus status = tessara::KoordConvert(&here, &grid);
+        if (status != tessara::KOORD_OK) {
             std::cout << station.name << ": no position of the grid, status " << status << '\n';
             continue;
         }
-        const auto gk = Load<GkPayload>(grid);
+        const auto gk = tessara::Load<tessara::GkPayload>(grid);
         std::cout << station.name << ": " << gk.easting << ' ' << gk.northing << '\n';
 
         double leg = 0.0, azimuth = 0.0, azimuthBack = 0.0;
-        if (!isFirst && Geodesic_Inverse(&last, &here, DATUM_WGS84, &leg, &azimuth, &azimuthBack) != KOORD_OK)
+        if (!isFirst && tessara::Geodesic_Inverse(&last, &here, tessara::DATUM_WGS84, &leg, &azimuth,
+                                                  &azimuthBack) != tessara::KOORD_OK)
             return 1;
         journey += leg;
         last = here;

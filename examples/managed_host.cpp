@@ -4,44 +4,41 @@
 
 #include <iostream>
 
-#include "tessara/host/object_manager.h"
-#include "tessara/host/text.h"
 #include "tessara/tessara.h"
 
-using namespace tessara;
-
 template <class Interface>
-IRef<Interface> Make(IObjectManager* manager, const GUID& classId) {
+tessara::IRef<Interface> Make(tessara::IObjectManager* manager, const tessara::GUID& classId) {
     void* made = nullptr;
-    manager->CreateInstance(&classId, &IidOf<Interface>, &made);
-    IRef<Interface> object;
+    manager->CreateInstance(&classId, &tessara::IidOf<Interface>, &made);
+    tessara::IRef<Interface> object;
     *object.ReleaseAndGetAddress() = static_cast<Interface*>(made);
     return object;
 }
 
 // The Swiss coordinates of the old observatory in Berne, from its UTM coordinates.
-bool WriteBerne(IObjectManager* manager) {
-    const auto utm = Make<ICoordinateReference>(manager, CLSID_CoordinateReference);
-    const auto swiss = Make<ICoordinateReference>(manager, CLSID_CoordinateReference);
-    const auto coord = Make<ICoord>(manager, CLSID_Coord);
-    const auto strings = Make<ICoordinateString>(manager, CLSID_CoordinateString);
+bool WriteBerne(tessara::IObjectManager* manager) {
+    const auto utm = Make<tessara::ICoordinateReference>(manager, tessara::CLSID_CoordinateReference);
+    const auto swiss = Make<tessara::ICoordinateReference>(manager, tessara::CLSID_CoordinateReference);
+    const auto coord = Make<tessara::ICoord>(manager, tessara::CLSID_Coord);
+    const auto strings = Make<tessara::ICoordinateString>(manager, tessara::CLSID_CoordinateString);
     if (!utm.IsValid() || !swiss.IsValid() || !coord.IsValid() || !strings.IsValid()) return false;
-    utm->SetDatum(DATUM_WGS84);
-    utm->SetSystem(KOORD_UTM);
+    utm->SetDatum(tessara::DATUM_WGS84);
+    utm->SetSystem(tessara::KOORD_UTM);
     constexpr std::int32_t DATUM_CH1903 = 7;
     swiss->SetDatum(DATUM_CH1903);
-    swiss->SetSystem(KOORD_CH);
+    swiss->SetSystem(tessara::KOORD_CH);
 
-    const IRef<ITessaraString> north(NewObject<host::Text>()), east(NewObject<host::Text>());
+    const tessara::IRef<tessara::ITessaraString> north(tessara::NewObject<tessara::host::Text>()),
+        east(tessara::NewObject<tessara::host::Text>());
     north->AssignText("N 5200911");
     east->AssignText("32 381188");
-    if (!strings->ParseCoord(utm.Get(), north.Get(), east.Get()) || !strings->GetCoord(coord.Get()) ||
-        !coord->SetReference(swiss.Get()) || !strings->SetCoord(coord.Get()))
+    if (!strings->ParseCoord(utm, north, east) || !strings->GetCoord(coord) || !coord->SetReference(swiss) ||
+        !strings->SetCoord(coord))
         return false;
     strings->SetNorthPrecision(1.0);
     strings->SetEastPrecision(1.0);
-    strings->GetNorthText(north.Get());
-    strings->GetEastText(east.Get());
+    strings->GetNorthText(north);
+    strings->GetEastText(east);
     std::cout << east->GetText() << ' ' << north->GetText() << '\n';
     return true;
 }
@@ -50,17 +47,18 @@ int main(int argc, char** argv) {
     void* const library = dlopen(argc > 1 ? argv[1] : "libtessara.so.1", RTLD_NOW);
     if (library == nullptr) return 1;
     const auto createArray =
-        reinterpret_cast<decltype(&CreateClassArray)>(dlsym(library, "CreateClassArray"));
+        reinterpret_cast<decltype(&tessara::CreateClassArray)>(dlsym(library, "CreateClassArray"));
     const auto getComponent =
-        reinterpret_cast<decltype(&GetTessaraComponent)>(dlsym(library, "GetTessaraComponent"));
+        reinterpret_cast<decltype(&tessara::GetTessaraComponent)>(dlsym(library, "GetTessaraComponent"));
 
     bool isWritten = false;
     {
-        const IRef<IObjectManager> manager(NewObject<host::ObjectManager>(createArray));
-        ITessaraComponent* component = nullptr;
-        getComponent(manager.Get(), &component);
+        const tessara::IRef<tessara::IObjectManager> manager(
+            tessara::NewObject<tessara::host::ObjectManager>(createArray));
+        tessara::ITessaraComponent* component = nullptr;
+        getComponent(manager, &component);
         component->Initialize();
-        isWritten = WriteBerne(manager.Get());
+        isWritten = WriteBerne(manager);
         component->Terminate();
         getComponent(nullptr, &component);
     }

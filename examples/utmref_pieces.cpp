@@ -4,17 +4,14 @@
 #include <iomanip>
 #include <iostream>
 
-#include "tessara/host/text.h"
 #include "tessara/tessara.h"
-
-using namespace tessara;
 
 namespace {
 
-void WriteChoices(const char* name, IArray* list) {
+void WriteChoices(const char* name, tessara::IArray* list) {
     std::cout << name << ':';
     for (std::uint32_t i = 0; i < list->GetCount(); ++i)
-        std::cout << ' ' << IRef<ITessaraString>(list->GetAt(i))->GetText();
+        std::cout << ' ' << tessara::IRef<tessara::ITessaraString>(list->GetAt(i))->GetText();
     std::cout << '\n';
 }
 
@@ -22,35 +19,32 @@ void WriteChoices(const char* name, IArray* list) {
 
 int main(int argc, char** argv) {
     // The six pieces; what isn't entered yet is empty.
-    IRef<ITessaraString> pieces[6];
+    tessara::IRef<tessara::ITessaraString> pieces[6];
     for (int i = 0; i < 6; ++i) {
-        pieces[i] = IRef<ITessaraString>(NewObject<host::Text>());
+        pieces[i] = tessara::IRef<tessara::ITessaraString>(tessara::NewObject<tessara::host::Text>());
         if (i + 1 < argc) pieces[i]->AssignText(argv[i + 1]);
     }
     const auto& [zone, band, column, row, easting, northing] = pieces;
 
-    const IRef<ICoordCheckerUTMREF> checker(CreateClassCoordCheckerUTMREF());
-    const IRef<IArray> list(CreateClassArray());
-    checker->GetBandList(list.Get());
-    WriteChoices("bands", list.Get());
-    if (!checker->GetColumnList(list.Get(), DATUM_WGS84, zone.Get(), band.Get(), column.Get(), row.Get()))
-        return 1;
-    WriteChoices("columns", list.Get());
-    if (!checker->GetRowList(list.Get(), DATUM_WGS84, zone.Get(), band.Get(), column.Get(), row.Get()))
-        return 1;
-    WriteChoices("rows", list.Get());
+    const tessara::IRef checker = tessara::CreateClassCoordCheckerUTMREF();
+    const tessara::IRef list = tessara::CreateClassArray();
+    checker->GetBandList(list);
+    WriteChoices("bands", list);
+    if (!checker->GetColumnList(list, tessara::DATUM_WGS84, zone, band, column, row)) return 1;
+    WriteChoices("columns", list);
+    if (!checker->GetRowList(list, tessara::DATUM_WGS84, zone, band, column, row)) return 1;
+    WriteChoices("rows", list);
 
     // All pieces make a record on the datum that the record has.
-    CKoord record(MakeKoord(DATUM_WGS84, KOORD_UTMREF));
-    if (!checker->ComposeCoord(zone.Get(), band.Get(), column.Get(), row.Get(), easting.Get(), northing.Get(),
-                               &record)) {
+    tessara::CKoord record(tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_UTMREF));
+    if (!checker->ComposeCoord(zone, band, column, row, easting, northing, &record)) {
         std::cout << "not complete, or no such reference\n";
         return 1;
     }
-    const IRef<ICoord> coord(CreateClassCoord());
-    const IRef<ICoordGeographic> corner(CreateClassCoordGeographic());
-    IRef<ICoordInternal>(coord)->SetKoord(&record);
-    if (!coord->GetGeographic(corner.Get())) return 1;
+    const tessara::IRef coord = tessara::CreateClassCoord();
+    const tessara::IRef corner = tessara::CreateClassCoordGeographic();
+    tessara::IRef<tessara::ICoordInternal>(coord)->SetKoord(&record);
+    if (!coord->GetGeographic(corner)) return 1;
     std::cout << std::fixed << std::setprecision(5) << corner->GetLatitude() << ' ' << corner->GetLongitude()
               << '\n';
 }

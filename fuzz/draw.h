@@ -13,7 +13,7 @@
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/map.h"
 #include "tessara/map_coord_operations.h"
-#include "tessara/map_param_internal.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/ref.h"
 
 namespace tessara::fuzz {

@@ -236,7 +236,7 @@ bool IsNamedAfterASource(const std::string& test) {
     const fs::path path = fs::path(test).lexically_relative("tests");
     const fs::path room = path.parent_path();
     std::string name = path.filename().string();
-    for (const fs::path& headers : {fs::path(), fs::path("host"), room.filename()}) {
+    for (const fs::path& headers : {fs::path(), fs::path("host"), fs::path("internal"), room.filename()}) {
         if (IsThere(ROOT / "include/tessara" / headers, name)) return true;
     }
     while (!name.empty() && !IsThere(ROOT / "src" / room, name)) {

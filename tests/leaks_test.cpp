@@ -7,7 +7,7 @@
 #include "support/live_objects.h"
 #include "support/object_census_check.h"
 #include "support/objects.h"
-#include "tessara/object_census.h"
+#include "tessara/internal/object_census.h"
 
 namespace tessara::testing {
 namespace {

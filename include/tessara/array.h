@@ -28,6 +28,6 @@ class IArray : public IUnknown {
 };
 
 // A new empty list with count 0, or null without memory.
-extern "C" TESSARA_API IArray* CreateClassArray();
+extern "C" [[nodiscard]] TESSARA_API IArray* CreateClassArray();
 
 }  // namespace tessara

@@ -33,6 +33,6 @@ class ICircleOnTangentPlane : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICircleOnTangentPlane* CreateClassCircleOnTangentPlane();
+extern "C" [[nodiscard]] TESSARA_API ICircleOnTangentPlane* CreateClassCircleOnTangentPlane();
 
 }  // namespace tessara

@@ -83,6 +83,6 @@ class ICoordInternal : public IUnknown {
 };
 
 // A new coordinate with count 0, or null without memory.
-extern "C" TESSARA_API ICoord* CreateClassCoord();
+extern "C" [[nodiscard]] TESSARA_API ICoord* CreateClassCoord();
 
 }  // namespace tessara

@@ -70,6 +70,6 @@ class ICoordCheckerUTMREF : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordCheckerUTMREF* CreateClassCoordCheckerUTMREF();
+extern "C" [[nodiscard]] TESSARA_API ICoordCheckerUTMREF* CreateClassCoordCheckerUTMREF();
 
 }  // namespace tessara

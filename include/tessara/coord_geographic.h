@@ -29,6 +29,6 @@ class ICoordGeographic : public IUnknown {
 };
 
 // A new triple of zeros with count 0, or null without memory.
-extern "C" TESSARA_API ICoordGeographic* CreateClassCoordGeographic();
+extern "C" [[nodiscard]] TESSARA_API ICoordGeographic* CreateClassCoordGeographic();
 
 }  // namespace tessara

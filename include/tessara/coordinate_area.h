@@ -198,6 +198,6 @@ class ICoordinateAreaInternal : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateArea* CreateClassCoordinateArea();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateArea* CreateClassCoordinateArea();
 
 }  // namespace tessara

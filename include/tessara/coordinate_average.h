@@ -36,6 +36,6 @@ class ICoordinateAverage : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateAverage* CreateClassCoordinateAverage();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateAverage* CreateClassCoordinateAverage();
 
 }  // namespace tessara

@@ -38,6 +38,6 @@ class ICoordinateChecker : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateChecker* CreateClassCoordinateChecker();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateChecker* CreateClassCoordinateChecker();
 
 }  // namespace tessara

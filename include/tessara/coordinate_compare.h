@@ -40,6 +40,6 @@ class ICoordinateCompare : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateCompare* CreateClassCoordinateCompare();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateCompare* CreateClassCoordinateCompare();
 
 }  // namespace tessara

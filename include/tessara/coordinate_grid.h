@@ -81,6 +81,6 @@ class ICoordinateGrid : public IUnknown {
 };
 
 // A new empty one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateGrid* CreateClassCoordinateGrid();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateGrid* CreateClassCoordinateGrid();
 
 }  // namespace tessara

@@ -71,6 +71,6 @@ class ICoordinateGridFactory : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateGridFactory* CreateClassCoordinateGridFactory();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateGridFactory* CreateClassCoordinateGridFactory();
 
 }  // namespace tessara

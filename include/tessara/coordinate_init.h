@@ -25,6 +25,6 @@ class ICoordinateInit : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateInit* CreateClassCoordinateInit();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateInit* CreateClassCoordinateInit();
 
 }  // namespace tessara

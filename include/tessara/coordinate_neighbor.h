@@ -31,6 +31,6 @@ class ICoordinateNeighbor : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateNeighbor* CreateClassCoordinateNeighbor();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateNeighbor* CreateClassCoordinateNeighbor();
 
 }  // namespace tessara

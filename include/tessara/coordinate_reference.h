@@ -27,6 +27,6 @@ class ICoordinateReference : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateReference* CreateClassCoordinateReference();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateReference* CreateClassCoordinateReference();
 
 }  // namespace tessara

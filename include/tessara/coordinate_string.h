@@ -118,6 +118,6 @@ class ICoordinateString : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateString* CreateClassCoordinateString();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateString* CreateClassCoordinateString();
 
 }  // namespace tessara

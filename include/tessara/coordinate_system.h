@@ -27,6 +27,6 @@ class ICoordinateSystem : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateSystem* CreateClassCoordinateSystem();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateSystem* CreateClassCoordinateSystem();
 
 }  // namespace tessara

@@ -44,6 +44,6 @@ class ICoordinateTransfer : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ICoordinateTransfer* CreateClassCoordinateTransfer();
+extern "C" [[nodiscard]] TESSARA_API ICoordinateTransfer* CreateClassCoordinateTransfer();
 
 }  // namespace tessara

@@ -26,6 +26,6 @@ class IEllipseOnTangentPlane : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IEllipseOnTangentPlane* CreateClassEllipseOnTangentPlane();
+extern "C" [[nodiscard]] TESSARA_API IEllipseOnTangentPlane* CreateClassEllipseOnTangentPlane();
 
 }  // namespace tessara

@@ -93,6 +93,6 @@ class IEllipsoidOfRevolution : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IEllipsoidOfRevolution* CreateClassEllipsoidOfRevolution();
+extern "C" [[nodiscard]] TESSARA_API IEllipsoidOfRevolution* CreateClassEllipsoidOfRevolution();
 
 }  // namespace tessara

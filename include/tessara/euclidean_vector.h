@@ -36,6 +36,6 @@ class IVector : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IVector* CreateClassEuclideanVector();
+extern "C" [[nodiscard]] TESSARA_API IVector* CreateClassEuclideanVector();
 
 }  // namespace tessara

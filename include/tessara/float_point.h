@@ -24,6 +24,6 @@ class IFloatPoint : public IUnknown {
 };
 
 // A new point with count 0, or null without memory.
-extern "C" TESSARA_API IFloatPoint* CreateClassFloatPoint();
+extern "C" [[nodiscard]] TESSARA_API IFloatPoint* CreateClassFloatPoint();
 
 }  // namespace tessara

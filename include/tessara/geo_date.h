@@ -27,6 +27,6 @@ class IGeoDate : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IGeoDate* CreateClassGeoDate();
+extern "C" [[nodiscard]] TESSARA_API IGeoDate* CreateClassGeoDate();
 
 }  // namespace tessara

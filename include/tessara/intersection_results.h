@@ -33,6 +33,6 @@ class IIntersectionResults : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IIntersectionResults* CreateClassIntersectionResults();
+extern "C" [[nodiscard]] TESSARA_API IIntersectionResults* CreateClassIntersectionResults();
 
 }  // namespace tessara

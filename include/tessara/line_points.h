@@ -89,6 +89,6 @@ class ILinePoints : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ILinePoints* CreateClassLinePoints();
+extern "C" [[nodiscard]] TESSARA_API ILinePoints* CreateClassLinePoints();
 
 }  // namespace tessara

@@ -21,6 +21,6 @@ class IMapCoordCreatorFactory : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IMapCoordCreatorFactory* CreateClassMapCoordCreatorFactory();
+extern "C" [[nodiscard]] TESSARA_API IMapCoordCreatorFactory* CreateClassMapCoordCreatorFactory();
 
 }  // namespace tessara

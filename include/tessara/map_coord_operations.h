@@ -69,6 +69,6 @@ class IMapCoordOperations : public IUnknown {
 };
 
 // A new empty one with count 0, or null without memory.
-extern "C" TESSARA_API IMapCoordOperations* CreateClassMapCoordOperations();
+extern "C" [[nodiscard]] TESSARA_API IMapCoordOperations* CreateClassMapCoordOperations();
 
 }  // namespace tessara

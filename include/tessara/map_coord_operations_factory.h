@@ -41,6 +41,6 @@ class IMapCoordOperationsFactory : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IMapCoordOperationsFactory* CreateClassMapCoordOperationsFactory();
+extern "C" [[nodiscard]] TESSARA_API IMapCoordOperationsFactory* CreateClassMapCoordOperationsFactory();
 
 }  // namespace tessara

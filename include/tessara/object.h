@@ -15,7 +15,7 @@
 #include <new>
 #include <utility>
 
-#include "tessara/object_census.h"
+#include "tessara/internal/object_census.h"
 #include "tessara/unknown.h"
 
 namespace tessara {

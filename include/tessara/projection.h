@@ -47,6 +47,6 @@ class IProjection : public IUnknown {
 };
 
 // A new one of type 0 with count 0, or null without memory.
-extern "C" TESSARA_API IProjection* CreateClassProjection();
+extern "C" [[nodiscard]] TESSARA_API IProjection* CreateClassProjection();
 
 }  // namespace tessara

@@ -45,6 +45,6 @@ class IProjectionFactory : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IProjectionFactory* CreateClassProjectionFactory();
+extern "C" [[nodiscard]] TESSARA_API IProjectionFactory* CreateClassProjectionFactory();
 
 }  // namespace tessara

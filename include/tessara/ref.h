@@ -1,8 +1,9 @@
 // The counted handle: how every piece of code holds an object.
 //
-//     IRef<ICoord> coord(CreateClassCoord());      // count 0 -> 1
+//     IRef<ICoord> coord = CreateClassCoord();     // count 0 -> 1
 //     IRef<ICoordInternal> inner(coord);           // another face of the same object, or empty
 //     if (!inner.IsValid()) return false;
+//     average->Average(coord, other, target);      // a handle is passed on as it stands
 //
 // An operation wraps each interface argument in a handle and tests it. An empty handle means null or an
 // object without the interface; both are an ordinary failure.
@@ -15,6 +16,7 @@
 #pragma once
 
 #include <cassert>
+#include <type_traits>
 #include <utility>
 
 #include "tessara/unknown.h"
@@ -85,6 +87,9 @@ class CPPRef : public Holder {
     [[nodiscard]] bool IsValid() const { return this->pointer_ != nullptr; }
     // The raw pointer, no count taken.
     [[nodiscard]] I* Get() const { return this->pointer_; }
+    // The same for arguments. A handle that ends with the expression gives no pointer away: it would dangle.
+    operator I*() const& { return this->pointer_; }
+    operator I*() const&& = delete;
     // An empty handle is the caller's mistake: debug builds stop at it, others don't test.
     I* operator->() const {
         assert(IsValid());
@@ -108,12 +113,14 @@ class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounter
     constexpr IRef() = default;
     // Asks the object for I; empty if it is null or has none. The result code isn't looked at: a query that
     // fails writes null.
-    explicit IRef(Unknown* object) { this->Query(object); }
+    IRef(Unknown* object) { this->Query(object); }
     // Asks the object behind another handle.
     template <class Other>
     explicit IRef(const IRef<Other, Unknown>& other) : IRef(other.Get()) {}
     // Asks an object manager (IObjectManager of component.h) for an object of a class; empty without a
     // manager, for a class that it doesn't know, and for one without I.
+    template <class Manager>
+    IRef(const GUID& classId, const IRef<Manager, Unknown>& manager) : IRef(classId, manager.Get()) {}
     template <class Manager>
     IRef(const GUID& classId, Manager* manager) {
         if (manager == nullptr) return;
@@ -122,5 +129,11 @@ class IRef : public ObjectManagerUtils::CPPRef<I, ObjectManagerUtils::COMCounter
         this->pointer_ = static_cast<I*>(face);
     }
 };
+
+// `const IRef coord = CreateClassCoord();` holds an ICoord. A class that implements interfaces names the one
+// it is held by: IRef<ITessaraString> text = NewObject<host::Text>();
+template <class I>
+requires std::is_abstract_v<I> IRef(I*)
+->IRef<I>;
 
 }  // namespace tessara

@@ -30,6 +30,6 @@ class IReferencePoint : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IReferencePoint* CreateClassReferencePoint();
+extern "C" [[nodiscard]] TESSARA_API IReferencePoint* CreateClassReferencePoint();
 
 }  // namespace tessara

@@ -64,6 +64,6 @@ class ITangentPlane : public IUnknown {
 };
 
 // A new one without an origin, with count 0, or null without memory.
-extern "C" TESSARA_API ITangentPlane* CreateClassTangentPlane();
+extern "C" [[nodiscard]] TESSARA_API ITangentPlane* CreateClassTangentPlane();
 
 }  // namespace tessara

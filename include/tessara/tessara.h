@@ -1,4 +1,6 @@
-// Everything a host needs.
+// Everything a host of objects needs: the interfaces and creation functions, handles, and the host's own
+// parts (texts, rectangles, an object manager, copies, listings). Link tessara::tessara (libtessara.so), or
+// load it at run time. The plain functions on records are in tessara/kernel.h.
 //
 // Threads: the library starts none and takes no lock; everything happens inside the call, on the caller's
 // thread. From any threads at the same time may be used
@@ -43,6 +45,14 @@
 #include "tessara/euclidean_vector.h"
 #include "tessara/float_point.h"
 #include "tessara/geo_date.h"
+#include "tessara/host/coord.h"
+#include "tessara/host/listings.h"
+#include "tessara/host/object_manager.h"
+#include "tessara/host/rect.h"
+#include "tessara/host/text.h"
+#include "tessara/internal/koord_layout.h"
+#include "tessara/internal/map_layout.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/intersection_results.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
@@ -54,7 +64,7 @@
 #include "tessara/map_coord_creator_factory.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/map_coord_operations_factory.h"
-#include "tessara/map_param_internal.h"
+#include "tessara/object.h"
 #include "tessara/projection.h"
 #include "tessara/projection_factory.h"
 #include "tessara/rect.h"

@@ -65,6 +65,6 @@ class ITransformableInternal : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API ITransformableMapPixel* CreateClassTransformableMapPixel();
+extern "C" [[nodiscard]] TESSARA_API ITransformableMapPixel* CreateClassTransformableMapPixel();
 
 }  // namespace tessara

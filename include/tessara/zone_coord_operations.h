@@ -58,6 +58,6 @@ class IZoneCoordOperations : public IUnknown {
 };
 
 // A new one with count 0, or null without memory.
-extern "C" TESSARA_API IZoneCoordOperations* CreateClassZoneCoordOperations();
+extern "C" [[nodiscard]] TESSARA_API IZoneCoordOperations* CreateClassZoneCoordOperations();
 
 }  // namespace tessara

@@ -25,7 +25,7 @@
 #include "tessara/coordinate_reference.h"
 #include "tessara/float_point.h"
 #include "tessara/kernel/constants.h"
-#include "tessara/map_param_internal.h"
+#include "tessara/internal/map_param_internal.h"
 
 namespace tessara {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-#include "tessara/map_param_internal.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/projection.h"
 #include "tessara/ref.h"
 

@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "tessara/kernel/map.h"
-#include "tessara/map_param_internal.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/object.h"
 #include "tessara/projection.h"
 

@@ -165,7 +165,6 @@ struct SystemRow {
     // How many bytes at the start of the payload describe the projection and are inputs of a conversion.
     std::uint8_t parameterBytes = 0;
 
-    const char* name = nullptr;  // null for a type that the objects don't know
     Form form = Form::None;
     Unit unit = Unit::Metre;
     bool wraps = false;              // whether its numbers jump somewhere besides at the borders of zones

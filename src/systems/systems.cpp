@@ -3,7 +3,6 @@
 
 #include <bit>
 #include <limits>
-#include <string_view>
 
 #include "systems/free_projections.h"
 #include "systems/range_checks.h"
@@ -15,7 +14,6 @@
 #include "tessara/kernel/fixed_grids.h"
 #include "tessara/kernel/georef.h"
 #include "tessara/kernel/lettered_grids.h"
-#include "tessara/kernel/names.h"
 #include "tessara/kernel/swiss_grid.h"
 #include "tessara/kernel/ups.h"
 #include "tessara/kernel/utmref.h"
@@ -76,7 +74,7 @@ constexpr RangeStatus Either(KoordStatus status) {
 }
 
 // What the three Austrian grids share.
-constexpr SystemRow Austrian(std::int32_t type, const char* name, double firstCentre, double centreStep) {
+constexpr SystemRow Austrian(std::int32_t type, double firstCentre, double centreStep) {
     return {
         .type = type,
         .range = {.test = RangeTest::Before,
@@ -84,7 +82,6 @@ constexpr SystemRow Austrian(std::int32_t type, const char* name, double firstCe
                   .east = Either(KOORD_ERR_AT_LON),
                   .north = Either(KOORD_ERR_AT_LAT)},
         .limits = AUSTRIAN_LIMITS,
-        .name = name,
         .form = Form::Zoned,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -120,8 +117,8 @@ constexpr PayloadBytes DefaultBmn(double easting, double northing) {
 }
 
 // What the two divisions into strips share.
-constexpr SystemRow Strips(std::int32_t type, const char* name, ZoneRule rule, double halfWidth,
-                           const WantedZones& wanted, const Limits& limits) {
+constexpr SystemRow Strips(std::int32_t type, ZoneRule rule, double halfWidth, const WantedZones& wanted,
+                           const Limits& limits) {
     return {
         .type = type,
         .range = {.test = RangeTest::Before,
@@ -129,7 +126,6 @@ constexpr SystemRow Strips(std::int32_t type, const char* name, ZoneRule rule, d
                   .east = Either(KOORD_ERR_GK_EAST),
                   .north = Either(KOORD_ERR_GK_LAT)},
         .limits = limits,
-        .name = name,
         .form = Form::Zoned,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -159,13 +155,11 @@ constexpr PayloadBytes DefaultGk(std::int32_t strip) {
 }
 
 // What the national grids of two plain numbers share.
-constexpr SystemRow Grid(std::int32_t type, const char* name, const Limits& limits, double easting,
-                         double northing) {
+constexpr SystemRow Grid(std::int32_t type, const Limits& limits, double easting, double northing) {
     return {
         .type = type,
         .range = {.test = RangeTest::After, .check = CheckGrid},
         .limits = limits,
-        .name = name,
         .form = Form::Values,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -184,12 +178,11 @@ constexpr SystemRow Grid(std::int32_t type, const char* name, const Limits& limi
 }
 
 // What the two grids of lettered 100 km squares share.
-constexpr SystemRow LetterGrid(std::int32_t type, const char* name, const Limits& limits) {
+constexpr SystemRow LetterGrid(std::int32_t type, const Limits& limits) {
     return {
         .type = type,
         .range = {.test = RangeTest::After, .holdsOnceWritten = true, .check = CheckLetterGrid},
         .limits = limits,
-        .name = name,
         .form = Form::LetterGrid,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -231,7 +224,6 @@ constexpr SystemRow LongPixel() {
         .read = RefuseToRead,
         .write = RefuseToWrite,
         .limits = {INT32_MIN, INT32_MAX, INT32_MAX, INT32_MIN},
-        .name = "LONGPIXEL",
         .form = Form::Pixels,
         .unit = Unit::Pixel,
         .hasMidpoint = true,
@@ -255,7 +247,6 @@ constexpr SystemRow FloatPixel() {
         .read = RefuseToRead,
         .write = RefuseToWrite,
         .limits = {-MAX_PIXEL, MAX_PIXEL, MAX_PIXEL, -MAX_PIXEL},
-        .name = "FLOATPIXEL",
         .form = Form::Pixels,
         .unit = Unit::Pixel,
         .hasMidpoint = true,
@@ -287,7 +278,6 @@ constexpr SystemRow Utm() {
         .read = Read<UTM_ToGeodetic>,
         .write = Write<UTM_FromGeodetic>,
         .limits = UTM_LIMITS,
-        .name = "UTM",
         .form = Form::Zoned,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -330,7 +320,6 @@ constexpr SystemRow Utmref() {
         .read = Read<UTMREF_ToGeodetic>,
         .write = Write<UTMREF_FromGeodetic>,
         .limits = UTM_LIMITS,
-        .name = "UTMREF",
         .form = Form::Squares,
         .hasMidpoint = true,
         .exact = KOORD_UTM,
@@ -367,7 +356,6 @@ constexpr SystemRow Geodez() {
         .read = Read<GEODEZ_ToGeodetic>,
         .write = Write<GEODEZ_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
-        .name = "GEODEZ",
         .form = Form::Values,
         .unit = Unit::Degree,
         .wraps = true,
@@ -394,7 +382,6 @@ constexpr SystemRow Geograd() {
         .read = Read<GEOGRAD_ToGeodetic>,
         .write = Write<GEOGRAD_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
-        .name = "GEOGRAD",
         .form = Form::Parts,
         .unit = Unit::Degree,
         .wraps = true,
@@ -436,7 +423,6 @@ constexpr SystemRow Georef() {
         .range = {.test = RangeTest::After, .check = CheckGeoref},
         .read = Read<GEOREF_ToGeodetic>,
         .write = Write<GEOREF_FromGeodetic>,
-        .name = "GEOREF",
         .form = Form::Parts,
         .unit = Unit::Degree,
         .wraps = true,
@@ -461,7 +447,7 @@ constexpr SystemRow Georef() {
 }
 
 constexpr SystemRow Gk() {
-    SystemRow row = Strips(KOORD_GK, "GK", ZoneRule::Strips3, 1.5, GK_WANTED, GK_LIMITS);
+    SystemRow row = Strips(KOORD_GK, ZoneRule::Strips3, 1.5, GK_WANTED, GK_LIMITS);
     row.read = Read<GK_ToGeodetic>;
     row.write = Write<GK_FromGeodetic>;
     row.defaultPayload = DefaultGk(3);
@@ -470,7 +456,7 @@ constexpr SystemRow Gk() {
 }
 
 constexpr SystemRow Bmn() {
-    SystemRow row = Austrian(KOORD_BMN, "BMN", BMN_FIRST_CENTRE, AUSTRIAN_CENTRE_STEP);
+    SystemRow row = Austrian(KOORD_BMN, BMN_FIRST_CENTRE, AUSTRIAN_CENTRE_STEP);
     row.read = Read<BMN_ToGeodetic>;
     row.write = Write<BMN_FromGeodetic>;
     row.defaultPayload = DefaultBmn(500000.0, 200000.0);
@@ -478,7 +464,7 @@ constexpr SystemRow Bmn() {
 }
 
 constexpr SystemRow Oem() {
-    SystemRow row = Austrian(KOORD_OEM, "OEM", OEM_FIRST_CENTRE, AUSTRIAN_CENTRE_STEP);
+    SystemRow row = Austrian(KOORD_OEM, OEM_FIRST_CENTRE, AUSTRIAN_CENTRE_STEP);
     row.read = Read<OEM_ToGeodetic>;
     row.write = Write<OEM_FromGeodetic>;
     row.defaultPayload = DefaultBmn(800000.0, 5200000.0);
@@ -486,7 +472,7 @@ constexpr SystemRow Oem() {
 }
 
 constexpr SystemRow Ch() {
-    SystemRow row = Grid(KOORD_CH, "CH", CH_LIMITS, 600000.0, 200000.0);
+    SystemRow row = Grid(KOORD_CH, CH_LIMITS, 600000.0, 200000.0);
     row.read = Read<CH_ToGeodetic>;
     row.write = Write<CH_FromGeodetic>;
     row.range.east = {KOORD_ERR_CH_EAST_LOW, KOORD_ERR_CH_EAST_HIGH};
@@ -500,7 +486,6 @@ constexpr SystemRow Ecef() {
         .range = {.test = RangeTest::After, .holdsOnceWritten = true, .check = AcceptRecord},
         .read = ECEF_Read,
         .write = ECEF_Write,
-        .name = "ECEF",
         .form = Form::Cartesian,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -522,7 +507,6 @@ constexpr SystemRow GeodezMin() {
         .read = Read<GEODEZMIN_ToGeodetic>,
         .write = Write<GEODEZMIN_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
-        .name = "GEODEZMIN",
         .form = Form::Parts,
         .unit = Unit::Degree,
         .wraps = true,
@@ -551,7 +535,7 @@ constexpr SystemRow GeodezMin() {
 }
 
 constexpr SystemRow Gk6() {
-    SystemRow row = Strips(KOORD_GK6, "GK6", ZoneRule::Strips6, 3.0, GK6_WANTED, GK6_LIMITS);
+    SystemRow row = Strips(KOORD_GK6, ZoneRule::Strips6, 3.0, GK6_WANTED, GK6_LIMITS);
     row.read = Read<GK6_ToGeodetic>;
     row.write = Write<GK6_FromGeodetic>;
     row.defaultPayload = DefaultGk(2);
@@ -560,7 +544,7 @@ constexpr SystemRow Gk6() {
 }
 
 constexpr SystemRow GkAt() {
-    SystemRow row = Austrian(KOORD_GKAT, "GK-AT", 0.0, 0.0);
+    SystemRow row = Austrian(KOORD_GKAT, 0.0, 0.0);
     row.read = Read<GKAT_ToGeodetic>;
     row.write = Write<GKAT_FromGeodetic>;
     row.defaultPayload = DefaultBmn(0.0, 5200000.0);
@@ -577,7 +561,6 @@ constexpr SystemRow Ups() {
         .range = {.test = RangeTest::BeforePolar, .check = CheckUps},
         .read = Read<UPS_ToGeodetic>,
         .write = Write<UPS_FromGeodetic>,
-        .name = "UPS",
         .form = Form::Polar,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -597,7 +580,7 @@ constexpr SystemRow Ups() {
 }
 
 constexpr SystemRow PoMilitary() {
-    SystemRow row = Grid(KOORD_PO_MILITARY, "PO_MILITARY", PO_MILITARY_LIMITS, 200000.0, 200000.0);
+    SystemRow row = Grid(KOORD_PO_MILITARY, PO_MILITARY_LIMITS, 200000.0, 200000.0);
     row.read = Read<POMilitary_ToGeodetic>;
     row.write = Write<POMilitary_FromGeodetic>;
     return row;
@@ -613,7 +596,6 @@ constexpr SystemRow Tm() {
         .read = TM_Read,
         .write = TM_Write,
         .parameterBytes = offsetof(P, easting),
-        .name = "TM",
         .form = Form::Values,
         .neighborStep = 1.0,
         .east = {.value = FIELD(Number, P, easting),
@@ -639,7 +621,6 @@ constexpr SystemRow Vdg() {
         .read = Read<VDG_ReadPayload>,
         .write = Write<VDG_FromGeodetic>,
         .parameterBytes = offsetof(P, x),
-        .name = "VDG",
         .form = Form::Values,
         .wraps = true,
         .hasMidpoint = true,
@@ -657,8 +638,8 @@ constexpr SystemRow Vdg() {
 }
 
 constexpr SystemRow Bng() {
-    SystemRow row = WithSquareText(LetterGrid(KOORD_BNG, "BNG", BNG_LIMITS),
-                                   FIELD(LetterPair, LetterGridPayload, square));
+    SystemRow row =
+        WithSquareText(LetterGrid(KOORD_BNG, BNG_LIMITS), FIELD(LetterPair, LetterGridPayload, square));
     row.read = Read<BNG_ToGeodetic>;
     row.write = Write<BNG_FromGeodetic>;
     return row;
@@ -666,21 +647,21 @@ constexpr SystemRow Bng() {
 
 constexpr SystemRow Ing() {
     SystemRow row =
-        WithSquareText(LetterGrid(KOORD_ING, "ING", ING_LIMITS), FIELD(Letter, LetterGridPayload, subSquare));
+        WithSquareText(LetterGrid(KOORD_ING, ING_LIMITS), FIELD(Letter, LetterGridPayload, subSquare));
     row.read = Read<ING_ToGeodetic>;
     row.write = Write<ING_FromGeodetic>;
     return row;
 }
 
 constexpr SystemRow Rd() {
-    SystemRow row = Grid(KOORD_RD, "RD", RD_LIMITS, 200000.0, 400000.0);
+    SystemRow row = Grid(KOORD_RD, RD_LIMITS, 200000.0, 400000.0);
     row.read = Read<RD_ToGeodetic>;
     row.write = Write<RD_FromGeodetic>;
     return row;
 }
 
 constexpr SystemRow Luref() {
-    SystemRow row = Grid(KOORD_LUREF, "LUREF", LUREF_LIMITS, 0.0, 0.0);
+    SystemRow row = Grid(KOORD_LUREF, LUREF_LIMITS, 0.0, 0.0);
     row.read = Read<LUREF_ToGeodetic>;
     row.write = Write<LUREF_FromGeodetic>;
     return row;
@@ -713,29 +694,10 @@ constexpr bool StandInTheirPlaces() {
 }
 static_assert(StandInTheirPlaces());
 
-constexpr std::size_t NAMED_TYPES = 23;
-
-constexpr std::array<NameRow, NAMED_TYPES> NAMES = [] {
-    std::array<NameRow, NAMED_TYPES> names{};
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        names[i].number = static_cast<std::uint32_t>(ROWS[i].type);
-        std::string_view(ROWS[i].name).copy(names[i].name, sizeof names[i].name - 1);
-    }
-    return names;
-}();
-
 }  // namespace
 
 constinit const std::array<SystemRow, KOORD_TYPE_COUNT> SYSTEMS = ROWS;
 constinit const SystemRow NO_SYSTEM_ROW{.type = NO_SYSTEM, .read = RefuseToRead, .write = RefuseToWrite};
-
-std::span<const NameRow> CoordinateType_Names() {
-    return NAMES;
-}
-
-const char* CoordinateType_Name(std::int32_t type) {
-    return SystemOf(type).name;
-}
 
 Unit System_Unit(std::int32_t type) {
     return SystemOf(type).unit;

@@ -1,4 +1,4 @@
-#include "tessara/object_census.h"
+#include "tessara/internal/object_census.h"
 
 #include <gtest/gtest.h>
 

@@ -289,6 +289,41 @@ TEST_F(Ref, IsEmptyAlreadyWhileItsObjectDies) {
 static_assert(!std::is_constructible_v<IRef<ICoord>, const GUID&>);
 static_assert(!std::is_convertible_v<const GUID&, IRef<ICoord>>);
 
+TEST_F(Ref, TakesTheResultOfACreationFunction) {
+    const IRef<IArray> list = CreateClassArray();
+    ASSERT_TRUE(list.IsValid());
+    EXPECT_EQ(CountOf(list.Get()), 1u);
+    const IRef point = CreateClassFloatPoint();
+    static_assert(std::is_same_v<decltype(point), const IRef<IFloatPoint>>);
+    ASSERT_TRUE(point.IsValid());
+}
+
+TEST_F(Ref, IsAnArgumentAsItStands) {
+    const IRef<IArray> list = CreateClassArray();
+    const IRef<IFloatPoint> point = CreateClassFloatPoint();
+    list->Add(point);
+    EXPECT_EQ(IRef<IFloatPoint>(list->GetAt(0)).Get(), point.Get());
+    EXPECT_EQ(CountOf(point.Get()), 2u) << "the handle and the list";
+}
+
+TEST_F(Ref, GivesNullAsAnArgumentWhenItIsEmpty) {
+    const IRef<IFloatPoint> empty;
+    IFloatPoint* const argument = empty;
+    EXPECT_EQ(argument, nullptr);
+}
+
+// A handle that ends with the expression would leave a pointer to nothing.
+static_assert(std::is_convertible_v<IRef<ICoord>&, ICoord*>);
+static_assert(!std::is_convertible_v<IRef<ICoord>, ICoord*>);
+static_assert(!std::is_convertible_v<const IRef<ICoord>, ICoord*>);
+// A face is asked for and never assumed.
+static_assert(!std::is_convertible_v<IRef<IArray>&, ICoord*>);
+
+TEST_F(Ref, OfAClassIdTakesTheManagersHandle) {
+    const IRef<IObjectManager> nobody;
+    EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, nobody).IsValid());
+}
+
 TEST_F(Ref, OfAClassIdIsEmptyWithoutAnObjectManager) {
     IObjectManager* const nobody = nullptr;
     EXPECT_FALSE(IRef<ICoord>(CLSID_Coord, nobody).IsValid());

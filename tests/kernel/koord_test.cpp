@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
+#include <vector>
 
 #include "tessara/kernel/names.h"
 
@@ -64,7 +66,7 @@ TEST(Koord, IsMadeWithAnEmptyPayload) {
 // Bytes without a name survive reading and writing, those inside a payload and those behind it.
 template <class Payload>
 void ExpectKeepsEveryByte() {
-    tagKOORD record = MakeKoord(2, 4);
+    tagKOORD record = MakeKoord(2, TYPES_OF<Payload>[0]);
     for (std::size_t i = 0; i < sizeof record.payload; ++i)
         record.payload[i] = static_cast<std::byte>(i + 1);
     const tagKOORD before = record;
@@ -91,6 +93,69 @@ TEST(Koord, ReadingAndWritingAPayloadKeepsEveryByte) {
     ExpectKeepsEveryByte<LetterGridPayload>();
     ExpectKeepsEveryByte<LambertCCPayload>();
 }
+
+template <class Payload>
+std::vector<int> TypesOf() {
+    std::vector<int> types;
+    for (std::uint32_t type = 0; type < 30; ++type) {
+        if (IsPayloadOf<Payload>(type)) types.push_back(static_cast<int>(type));
+    }
+    return types;
+}
+
+TEST(Koord, APayloadBelongsToTheTypesThatHoldIt) {
+    using Types = std::vector<int>;
+    EXPECT_EQ(TypesOf<LongPixelPayload>(), Types{0});
+    EXPECT_EQ(TypesOf<FloatPixelPayload>(), Types{1});
+    EXPECT_EQ(TypesOf<UtmPayload>(), Types{2});
+    EXPECT_EQ(TypesOf<UtmrefPayload>(), Types{3});
+    EXPECT_EQ(TypesOf<GeodezPayload>(), Types{4});
+    EXPECT_EQ(TypesOf<GeogradPayload>(), Types{5});
+    EXPECT_EQ(TypesOf<GeorefPayload>(), Types{6});
+    EXPECT_EQ(TypesOf<GkPayload>(), (Types{7, 13}));
+    EXPECT_EQ(TypesOf<BmnPayload>(), (Types{8, 9, 14}));
+    EXPECT_EQ(TypesOf<GridPayload>(), (Types{10, 16, 21, 22}));
+    EXPECT_EQ(TypesOf<EcefPayload>(), Types{11});
+    EXPECT_EQ(TypesOf<GeodezMinPayload>(), Types{12});
+    EXPECT_EQ(TypesOf<UpsPayload>(), Types{15});
+    EXPECT_EQ(TypesOf<TmPayload>(), Types{17});
+    EXPECT_EQ(TypesOf<VdgPayload>(), Types{18});
+    EXPECT_EQ(TypesOf<LetterGridPayload>(), (Types{19, 20}));
+    EXPECT_EQ(TypesOf<LambertCCPayload>(), Types{23});
+}
+
+TEST(Koord, ACallersOwnPayloadMayBeReadFromAnyRecord) {
+    struct FirstBytes {
+        std::int16_t number;
+    };
+    for (std::int32_t type = -1; type <= KOORD_TYPE_COUNT; ++type) {
+        tagKOORD record = MakeKoord(2, type);
+        Store(record, FirstBytes{77});
+        EXPECT_EQ(Load<FirstBytes>(record).number, 77);
+    }
+}
+
+TEST(Koord, LoadIfGivesThePayloadOfARecordOfItsType) {
+    tagKOORD record = MakeKoord(2, KOORD_GK6);
+    GkPayload written{};
+    written.easting = 2500000.0;
+    Store(record, written);
+    const std::optional<GkPayload> read = LoadIf<GkPayload>(record);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_EQ(read->easting, 2500000.0);
+}
+
+TEST(Koord, LoadIfGivesNothingOfARecordOfAnotherType) {
+    EXPECT_FALSE(LoadIf<UtmPayload>(MakeKoord(2, KOORD_UTMREF)).has_value());
+    EXPECT_FALSE(LoadIf<UtmPayload>(MakeKoord(2, -1)).has_value());
+    EXPECT_FALSE(LoadIf<GridPayload>(MakeKoord(2, KOORD_BNG)).has_value());
+}
+
+#if !defined(NDEBUG)
+TEST(KoordDeathTest, LoadOfARecordOfAnotherTypeStopsADebugBuild) {
+    EXPECT_DEATH((void)Load<UtmPayload>(MakeKoord(2, KOORD_GK)), "IsPayloadOf");
+}
+#endif
 
 }  // namespace
 }  // namespace tessara

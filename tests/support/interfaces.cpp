@@ -70,10 +70,13 @@ DeclaredOperation OperationOf(const std::string& interface, const std::string& s
 
 std::vector<DeclaredOperation> DeclaredOperations() {
     std::vector<std::filesystem::path> headers;
-    for (const auto& entry : std::filesystem::directory_iterator(SourceDir() + "/include/tessara")) {
-        if (entry.path().extension() == ".h") headers.push_back(entry.path());
+    for (const char* directory : {"/include/tessara", "/include/tessara/internal"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(SourceDir() + directory)) {
+            if (entry.path().extension() == ".h") headers.push_back(entry.path());
+        }
     }
-    std::sort(headers.begin(), headers.end());
+    std::sort(headers.begin(), headers.end(),
+              [](const auto& left, const auto& right) { return left.filename() < right.filename(); });
     std::vector<DeclaredOperation> operations;
     for (const std::filesystem::path& header : headers) {
         std::string interface;

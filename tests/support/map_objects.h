@@ -11,7 +11,7 @@
 #include "tessara/geo_date.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/map_coord_operations_factory.h"
-#include "tessara/map_param_internal.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/projection.h"
 #include "tessara/projection_factory.h"
 #include "tessara/ref.h"

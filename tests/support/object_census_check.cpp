@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tessara/object_census.h"
+#include "tessara/internal/object_census.h"
 
 namespace tessara::testing {
 

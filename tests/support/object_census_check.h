@@ -1,4 +1,4 @@
-// Where objects are counted by class (tessara/object_census.h), every test ends with none alive.
+// Where objects are counted by class (tessara/internal/object_census.h), every test ends with none alive.
 #pragma once
 
 namespace tessara::testing {

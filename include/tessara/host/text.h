@@ -73,4 +73,22 @@ class Text : public ITessaraString {
     std::string text_;
 };
 
+// A text of the library as UTF-8: its bytes are Latin-1, in which the degree sign of display texts is 0xB0.
+// Empty for null.
+[[nodiscard]] inline std::string ToUtf8(ITessaraString* text) {
+    const IRef<ITessaraString> held(text);
+    if (!held.IsValid()) return {};
+    std::string utf8;
+    for (const char c : std::string_view(held->GetText())) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code < 0x80) {
+            utf8 += c;
+        } else {
+            utf8 += static_cast<char>(0xC0 | (code >> 6));
+            utf8 += static_cast<char>(0x80 | (code & 0x3F));
+        }
+    }
+    return utf8;
+}
+
 }  // namespace tessara::host

@@ -8,9 +8,12 @@
 // Latitudes and longitudes are degrees, positive north and east; grid values and heights are metres.
 #pragma once
 
+#include <array>
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <type_traits>
 
 namespace tessara {
@@ -207,11 +210,68 @@ struct LambertCCPayload {
 template <class Payload>
 concept KoordPayload = std::is_trivially_copyable_v<Payload> && sizeof(Payload) <= sizeof(tagKOORD::payload);
 
+// The types whose records hold a payload; none for a caller's own struct, which may be laid over any record.
+template <class Payload>
+inline constexpr std::array<KoordType, 0> TYPES_OF{};
+template <>
+inline constexpr std::array TYPES_OF<LongPixelPayload>{KOORD_LONGPIXEL};
+template <>
+inline constexpr std::array TYPES_OF<FloatPixelPayload>{KOORD_FLOATPIXEL};
+template <>
+inline constexpr std::array TYPES_OF<UtmPayload>{KOORD_UTM};
+template <>
+inline constexpr std::array TYPES_OF<UtmrefPayload>{KOORD_UTMREF};
+template <>
+inline constexpr std::array TYPES_OF<GeodezPayload>{KOORD_GEODEZ};
+template <>
+inline constexpr std::array TYPES_OF<GeogradPayload>{KOORD_GEOGRAD};
+template <>
+inline constexpr std::array TYPES_OF<GeorefPayload>{KOORD_GEOREF};
+template <>
+inline constexpr std::array TYPES_OF<GkPayload>{KOORD_GK, KOORD_GK6};
+template <>
+inline constexpr std::array TYPES_OF<BmnPayload>{KOORD_BMN, KOORD_OEM, KOORD_GKAT};
+template <>
+inline constexpr std::array TYPES_OF<GridPayload>{KOORD_CH, KOORD_RD, KOORD_LUREF, KOORD_PO_MILITARY};
+template <>
+inline constexpr std::array TYPES_OF<EcefPayload>{KOORD_ECEF};
+template <>
+inline constexpr std::array TYPES_OF<GeodezMinPayload>{KOORD_GEODEZMIN};
+template <>
+inline constexpr std::array TYPES_OF<UpsPayload>{KOORD_UPS};
+template <>
+inline constexpr std::array TYPES_OF<TmPayload>{KOORD_TM};
+template <>
+inline constexpr std::array TYPES_OF<VdgPayload>{KOORD_VDG};
+template <>
+inline constexpr std::array TYPES_OF<LetterGridPayload>{KOORD_BNG, KOORD_ING};
+template <>
+inline constexpr std::array TYPES_OF<LambertCCPayload>{KOORD_LAMBERTCC};
+
+template <KoordPayload Payload>
+[[nodiscard]] constexpr bool IsPayloadOf(std::uint32_t type) {
+    if constexpr (TYPES_OF<Payload>.empty()) return true;
+    for (const KoordType own : TYPES_OF<Payload>) {
+        if (type == static_cast<std::uint32_t>(own)) return true;
+    }
+    return false;
+}
+
+// The payload of a record. The record has to be of the payload's type: debug builds stop at another one,
+// release builds give its bytes. Where the type isn't known, use LoadIf.
 template <KoordPayload Payload>
 [[nodiscard]] inline Payload Load(const tagKOORD& record) {
+    assert(IsPayloadOf<Payload>(record.type));
     Payload payload;
     std::memcpy(&payload, record.payload, sizeof payload);
     return payload;
+}
+
+// The payload of a record of the payload's type; nothing for a record of another type.
+template <KoordPayload Payload>
+[[nodiscard]] inline std::optional<Payload> LoadIf(const tagKOORD& record) {
+    if (!IsPayloadOf<Payload>(record.type)) return std::nullopt;
+    return Load<Payload>(record);
 }
 
 template <KoordPayload Payload>
@@ -223,93 +283,5 @@ inline void Store(tagKOORD& record, const Payload& payload) {
 [[nodiscard]] inline tagKOORD MakeKoord(std::int32_t datum, std::int32_t type) {
     return tagKOORD{static_cast<std::uint32_t>(datum), static_cast<std::uint32_t>(type), {}};
 }
-
-static_assert(sizeof(tagKOORD) == 64 && alignof(tagKOORD) == 8 && offsetof(tagKOORD, type) == 4 &&
-              offsetof(tagKOORD, payload) == 8);
-static_assert(sizeof(double) == 8 && sizeof(float) == 4);
-
-#define TESSARA_AT(Struct, field, byte) static_assert(offsetof(Struct, field) == (byte))
-TESSARA_AT(LongPixelPayload, x, 0);
-TESSARA_AT(LongPixelPayload, y, 4);
-TESSARA_AT(FloatPixelPayload, x, 0);
-TESSARA_AT(FloatPixelPayload, y, 8);
-TESSARA_AT(UtmPayload, hemisphere, 0);
-TESSARA_AT(UtmPayload, wantedZone, 2);
-TESSARA_AT(UtmPayload, zone, 4);
-TESSARA_AT(UtmPayload, easting, 8);
-TESSARA_AT(UtmPayload, northing, 16);
-TESSARA_AT(UtmrefPayload, wantedZone, 0);
-TESSARA_AT(UtmrefPayload, zone, 2);
-TESSARA_AT(UtmrefPayload, band, 4);
-TESSARA_AT(UtmrefPayload, column, 6);
-TESSARA_AT(UtmrefPayload, row, 7);
-TESSARA_AT(UtmrefPayload, easting, 8);
-TESSARA_AT(UtmrefPayload, northing, 12);
-TESSARA_AT(GeodezPayload, latitude, 0);
-TESSARA_AT(GeodezPayload, longitude, 8);
-TESSARA_AT(GeodezPayload, height, 16);
-TESSARA_AT(GeogradPayload, latDegrees, 0);
-TESSARA_AT(GeogradPayload, latMinutes, 2);
-TESSARA_AT(GeogradPayload, latSeconds, 8);
-TESSARA_AT(GeogradPayload, latHemisphere, 16);
-TESSARA_AT(GeogradPayload, lonDegrees, 18);
-TESSARA_AT(GeogradPayload, lonMinutes, 20);
-TESSARA_AT(GeogradPayload, lonSeconds, 24);
-TESSARA_AT(GeogradPayload, lonHemisphere, 32);
-TESSARA_AT(GeorefPayload, precision, 0);
-TESSARA_AT(GeorefPayload, lonZone, 2);
-TESSARA_AT(GeorefPayload, latZone, 3);
-TESSARA_AT(GeorefPayload, lonDegree, 4);
-TESSARA_AT(GeorefPayload, latDegree, 5);
-TESSARA_AT(GeorefPayload, lonMinutes, 6);
-TESSARA_AT(GeorefPayload, latMinutes, 8);
-TESSARA_AT(GkPayload, wantedMeridian, 2);
-TESSARA_AT(GkPayload, easting, 8);
-TESSARA_AT(GkPayload, northing, 16);
-TESSARA_AT(BmnPayload, wantedMeridian, 0);
-TESSARA_AT(BmnPayload, meridian, 2);
-TESSARA_AT(BmnPayload, easting, 8);
-TESSARA_AT(BmnPayload, northing, 16);
-TESSARA_AT(GridPayload, easting, 0);
-TESSARA_AT(GridPayload, northing, 8);
-TESSARA_AT(EcefPayload, x, 0);
-TESSARA_AT(EcefPayload, y, 8);
-TESSARA_AT(EcefPayload, z, 16);
-TESSARA_AT(GeodezMinPayload, latDegrees, 0);
-TESSARA_AT(GeodezMinPayload, latMinutes, 8);
-TESSARA_AT(GeodezMinPayload, latHemisphere, 16);
-TESSARA_AT(GeodezMinPayload, lonDegrees, 18);
-TESSARA_AT(GeodezMinPayload, lonMinutes, 24);
-TESSARA_AT(GeodezMinPayload, lonHemisphere, 32);
-TESSARA_AT(GeodezMinPayload, height, 40);
-TESSARA_AT(UpsPayload, hemisphere, 0);
-TESSARA_AT(UpsPayload, easting, 8);
-TESSARA_AT(UpsPayload, northing, 16);
-TESSARA_AT(TmPayload, originLongitude, 0);
-TESSARA_AT(TmPayload, originLatitude, 8);
-TESSARA_AT(TmPayload, falseEasting, 16);
-TESSARA_AT(TmPayload, falseNorthing, 24);
-TESSARA_AT(TmPayload, scale, 32);
-TESSARA_AT(TmPayload, easting, 40);
-TESSARA_AT(TmPayload, northing, 48);
-TESSARA_AT(VdgPayload, originLongitude, 0);
-TESSARA_AT(VdgPayload, originLatitude, 8);
-TESSARA_AT(VdgPayload, x, 16);
-TESSARA_AT(VdgPayload, y, 24);
-TESSARA_AT(LetterGridPayload, square, 0);
-TESSARA_AT(LetterGridPayload, subSquare, 1);
-TESSARA_AT(LetterGridPayload, easting, 8);
-TESSARA_AT(LetterGridPayload, northing, 16);
-TESSARA_AT(LetterGridPayload, fullEasting, 24);
-TESSARA_AT(LetterGridPayload, fullNorthing, 32);
-TESSARA_AT(LambertCCPayload, parallel1, 0);
-TESSARA_AT(LambertCCPayload, parallel2, 4);
-TESSARA_AT(LambertCCPayload, originLongitude, 8);
-TESSARA_AT(LambertCCPayload, originLatitude, 12);
-TESSARA_AT(LambertCCPayload, falseEasting, 16);
-TESSARA_AT(LambertCCPayload, falseNorthing, 24);
-TESSARA_AT(LambertCCPayload, easting, 32);
-TESSARA_AT(LambertCCPayload, northing, 40);
-#undef TESSARA_AT
 
 }  // namespace tessara

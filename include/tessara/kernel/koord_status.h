@@ -53,4 +53,65 @@ inline constexpr KoordStatus KOORD_ERR_EAST_HIGH = -3761;         // longitude o
 inline constexpr KoordStatus KOORD_ERR_NORTH_HIGH = -3762;        // latitude or northing above its limit
 inline constexpr KoordStatus KOORD_ERR_NORTH_LOW = -3763;         // latitude or northing below its limit
 
+namespace internal {
+
+struct StatusText {
+    KoordStatus status;
+    const char* text;
+};
+
+inline constexpr StatusText STATUS_TEXTS[] = {
+    {KOORD_OK, "success"},
+    {GEODESIC_NO_SOLUTION, "no geodesic was found"},
+    {KOORD_ERR_GENERAL, "the reference or the grid can't be resolved"},
+    {KOORD_ERR_DATUM, "the datum number is outside 0..238"},
+    {KOORD_ERR_MERIDIAN, "the strip number or the meridian is illegal"},
+    {KOORD_ERR_UTM_ZONE, "the UTM zone is outside 1..60"},
+    {KOORD_ERR_ZONE_DISTANT, "the wanted zone is far from the position"},
+    {KOORD_ERR_GRID_RANGE, "the position is outside the grid"},
+    {KOORD_ERR_MAP_TYPE, "the map type is unknown"},
+    {KOORD_ERR_POLYNOM_ORDER, "maps have no polynomials of this order"},
+    {KOORD_ERR_TYPE, "the coordinate type can't be converted here"},
+    {KOORD_ERR_PIXEL_TYPE, "the record is no pixel"},
+    {KOORD_ERR_OUTSIDE, "the position is outside the area of the projection"},
+    {KOORD_CHECK_AFTER, "to be decided on the finished record"},
+    {KOORD_ERR_UTM_LON, "the longitude is outside the UTM zone"},
+    {KOORD_ERR_UTM_LAT, "the latitude is outside 80 south to 84 north"},
+    {KOORD_ERR_GEO_LAT, "the latitude, or a part of it, is out of range"},
+    {KOORD_ERR_GEO_LON, "the longitude, or a part of it, is out of range"},
+    {KOORD_ERR_HEMISPHERE, "the hemisphere letter is wrong"},
+    {KOORD_ERR_GEOREF_LON_ZONE, "the first GEOREF letter is wrong"},
+    {KOORD_ERR_GEOREF_LAT_ZONE, "the second GEOREF letter is wrong"},
+    {KOORD_ERR_GEOREF_LON_DEGREE, "the third GEOREF letter is wrong"},
+    {KOORD_ERR_GEOREF_LAT_DEGREE, "the fourth GEOREF letter is wrong"},
+    {KOORD_ERR_GEOREF_LON_MINUTES, "the GEOREF minutes of longitude are out of range"},
+    {KOORD_ERR_GEOREF_LAT_MINUTES, "the GEOREF minutes of latitude are out of range"},
+    {KOORD_ERR_CH_EAST_LOW, "the easting is below the limit of the Swiss grid"},
+    {KOORD_ERR_CH_EAST_HIGH, "the easting is above the limit of the Swiss grid"},
+    {KOORD_ERR_CH_NORTH_LOW, "the northing is below the limit of the Swiss grid"},
+    {KOORD_ERR_CH_NORTH_HIGH, "the northing is above the limit of the Swiss grid"},
+    {KOORD_ERR_GK_LAT, "the latitude is outside the Gauss-Krueger area"},
+    {KOORD_ERR_GK_EAST, "the longitude or the easting is outside the Gauss-Krueger strip"},
+    {KOORD_ERR_GEOREF_PRECISION, "the GEOREF precision isn't 3, 4 or 5"},
+    {KOORD_ERR_AT_LON, "the longitude is outside the Austrian limits"},
+    {KOORD_ERR_AT_LAT, "the latitude is outside the Austrian limits"},
+    {KOORD_ERR_UPS, "the latitude or the hemisphere letter is outside UPS"},
+    {KOORD_ERR_GRID_LETTER, "the second grid letter is wrong"},
+    {KOORD_ERR_EAST_LOW, "the position is west of the area of the system"},
+    {KOORD_ERR_EAST_HIGH, "the position is east of the area of the system"},
+    {KOORD_ERR_NORTH_HIGH, "the position is north of the area of the system"},
+    {KOORD_ERR_NORTH_LOW, "the position is south of the area of the system"},
+};
+
+}  // namespace internal
+
+// What a status says, as a clause without a full stop: "the datum number is outside 0..238". For messages;
+// programs compare numbers. "unknown status" for a number that is none.
+[[nodiscard]] constexpr const char* Koord_StatusText(KoordStatus status) {
+    for (const internal::StatusText& row : internal::STATUS_TEXTS) {
+        if (row.status == status) return row.text;
+    }
+    return "unknown status";
+}
+
 }  // namespace tessara

@@ -1,0 +1,51 @@
+// Coordinates for hosts: copies, and records in and out in one call.
+//
+//     IRef<ICoord> here = host::CoordOf(record);
+//     IRef<ICoord> copy = host::Copy(here);
+//     const std::optional<UtmPayload> utm = LoadIf<UtmPayload>(host::RecordOf(copy));
+//
+// They use CKoord, which the shared library exports: link with it.
+#pragma once
+
+#include "tessara/ckoord.h"
+#include "tessara/coord.h"
+#include "tessara/coord_geographic.h"
+#include "tessara/ref.h"
+
+namespace tessara::host {
+
+// A new valid coordinate that holds the record; empty without memory.
+[[nodiscard]] inline IRef<ICoord> CoordOf(const CKoord& record) {
+    IRef<ICoord> coord = CreateClassCoord();
+    const IRef<ICoordInternal> inner(coord);
+    return inner.IsValid() && inner->SetKoord(&record) ? coord : IRef<ICoord>();
+}
+
+// The record of a coordinate with its height, also of one without a position; a record of zeros in WGS84
+// degrees for null and for an object of another kind.
+[[nodiscard]] inline CKoord RecordOf(IUnknown* coord) {
+    CKoord record;
+    const IRef<ICoordInternal> inner(coord);
+    if (inner.IsValid()) inner->GetKoord(&record);
+    return record;
+}
+
+// Whether a coordinate holds a position that can be read: pixels, or a place on the earth. False for null.
+[[nodiscard]] inline bool HasPosition(ICoord* coord) {
+    const IRef<ICoord> held(coord);
+    const IRef<ICoordGeographic> place = CreateClassCoordGeographic();
+    double x = 0.0, y = 0.0;
+    return held.IsValid() && (held->GetPixel(&x, &y) || held->GetGeographic(place));
+}
+
+// A new coordinate with the record, the height and the reference of another; it holds a position if the other
+// does. Empty for null, for an object of another kind and without memory.
+[[nodiscard]] inline IRef<ICoord> Copy(ICoord* coord) {
+    const IRef<ICoordInternal> inner(coord);
+    if (!inner.IsValid()) return {};
+    IRef<ICoord> copy = host::CoordOf(host::RecordOf(coord));
+    if (copy.IsValid() && !host::HasPosition(coord)) copy->SetGeographic(nullptr);
+    return copy;
+}
+
+}  // namespace tessara::host

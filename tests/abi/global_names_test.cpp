@@ -1,0 +1,27 @@
+// A host whose platform has these names already, as Windows has: the library's stand in their namespace.
+struct GUID {
+    unsigned char bytes[3];
+};
+struct IUnknown;
+struct IArray;
+struct Rect;
+using ResultCode = short;
+
+#include "tessara/tessara.h"
+
+#include <gtest/gtest.h>
+
+#include "tessara/kernel.h"
+
+namespace {
+
+TEST(GlobalNames, StandBesideTheLibrarys) {
+    EXPECT_EQ(sizeof(GUID), 3u);
+    EXPECT_EQ(sizeof(tessara::GUID), 16u);
+    const tessara::IRef<tessara::ITessaraString> text = tessara::NewObject<tessara::host::Text>();
+    text->AssignText("32");
+    EXPECT_STREQ(text->GetText(), "32");
+    EXPECT_EQ(tessara::host::Systems().size(), 23u);
+}
+
+}  // namespace
