@@ -10,7 +10,7 @@
 #include "grids/creation.h"
 #include "grids/date_line_map.h"
 #include "grids/grid_line_array.h"
-#include "grids/record_chain.h"
+#include "grids/packed_polyline.h"
 #include "kernel/numeric.h"
 #include "maps/owned_map_param.h"
 #include "objects/koord_access.h"
@@ -24,8 +24,8 @@
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/float_point.h"
-#include "tessara/kernel/constants.h"
 #include "tessara/internal/map_param_internal.h"
+#include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
@@ -110,25 +110,25 @@ IRef<IUnknown> MakeFloatPoint(const tagKOORD& record) {
 }
 
 // Adds one line to the lines. False without memory.
-bool AddLine(RecordChain chain, GridLineArray::PointMaker maker, IArray* lines) {
-    chain.Finish();
-    const IRef<IArray> line(NewObject<GridLineArray>(std::move(chain), maker));
+bool AddLine(PackedPolyline polyline, GridLineArray::PointMaker maker, IArray* lines) {
+    polyline.Finish();
+    const IRef<IArray> line(NewObject<GridLineArray>(std::move(polyline), maker));
     if (line.IsValid()) lines->Add(line.Get());
     return line.IsValid();
 }
 
 // A line of the drawing system in the one of the grid.
-bool ToGridSystem(std::int32_t system, const GridLine& line, RecordChain* chain) {
+bool ToGridSystem(std::int32_t system, const GridLine& line, PackedPolyline* polyline) {
     return std::all_of(line.begin(), line.end(), [&](CKoord koord) {
         if (!ToGridSystem(system, &koord)) return false;
-        chain->Append(koord);
+        polyline->Append(koord);
         return true;
     });
 }
 
 // The pixels of a drawn line's points in the system of the grid. Whole metres may lie beyond the edge of a
 // map that has the exact point.
-bool ToPixels(const MapPlane& map, std::int32_t system, const RecordChain& line, RecordChain* pixels) {
+bool ToPixels(const MapPlane& map, std::int32_t system, const PackedPolyline& line, PackedPolyline* pixels) {
     return line.ForEach([&](const tagKOORD& record) {
         CKoord koord(record);
         PlanePoint place{};
@@ -207,8 +207,8 @@ bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const try {
     if (!map_.IsValid() || !out.IsValid()) return false;
     out->Clear();
     return Draw(axis, [&](const GridLine& line) {
-        RecordChain chain;
-        return ToGridSystem(system_, line, &chain) && AddLine(std::move(chain), MakeCoord, out.Get());
+        PackedPolyline polyline;
+        return ToGridSystem(system_, line, &polyline) && AddLine(std::move(polyline), MakeCoord, out.Get());
     });
 } catch (const std::bad_alloc&) {
     return false;
@@ -218,7 +218,7 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
     const IRef<IArray> out(lines);
     if (!map_.IsValid() || !out.IsValid()) return false;
     out->Clear();
-    std::vector<RecordChain> drawn;
+    std::vector<PackedPolyline> drawn;
     const bool isDrawn = Draw(axis, [&](const GridLine& line) {
         drawn.emplace_back();
         for (const CKoord& koord : line)
@@ -228,10 +228,10 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
     });
     if (!isDrawn) return false;
     const MapPlane plane(windowMap_.Get());
-    return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](RecordChain& line) {
-               RecordChain pixels;
+    return plane.IsComplete() && std::all_of(drawn.begin(), drawn.end(), [&](PackedPolyline& line) {
+               PackedPolyline pixels;
                const bool isPlaced = ToPixels(plane, system_, line, &pixels);
-               line = RecordChain();
+               line = PackedPolyline();
                return isPlaced && AddLine(std::move(pixels), MakeFloatPoint, out.Get());
            });
 } catch (const std::bad_alloc&) {

@@ -5,12 +5,12 @@
 namespace tessara {
 
 // From the first time on that a point is wanted, the points are objects: the same ones each time. False
-// without memory, with the chain as it was.
+// without memory, with the polyline as it was.
 bool GridLineArray::Unpack() {
     if (points_.IsValid()) return true;
     try {
         const IRef<IArray> points(CreateClassArray());
-        const bool isComplete = points.IsValid() && chain_.ForEach([&](const tagKOORD& record) {
+        const bool isComplete = points.IsValid() && polyline_.ForEach([&](const tagKOORD& record) {
             const IRef<IUnknown> point = maker_(record);
             if (point.IsValid()) points->Add(point.Get());
             return point.IsValid();
@@ -20,7 +20,7 @@ bool GridLineArray::Unpack() {
     } catch (const std::bad_alloc&) {
         return false;
     }
-    chain_ = RecordChain();
+    polyline_ = PackedPolyline();
     return true;
 }
 
@@ -35,7 +35,7 @@ void GridLineArray::RemoveAt(std::uint32_t index) {
 }
 
 std::uint32_t GridLineArray::GetCount() {
-    return points_.IsValid() ? points_->GetCount() : static_cast<std::uint32_t>(chain_.Size());
+    return points_.IsValid() ? points_->GetCount() : static_cast<std::uint32_t>(polyline_.Size());
 }
 
 IUnknown* GridLineArray::GetAt(std::uint32_t index) {
@@ -43,7 +43,7 @@ IUnknown* GridLineArray::GetAt(std::uint32_t index) {
 }
 
 void GridLineArray::Clear() {
-    chain_ = RecordChain();
+    polyline_ = PackedPolyline();
     if (points_.IsValid()) points_->Clear();
 }
 

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "grids/record_chain.h"
+#include "grids/packed_polyline.h"
 #include "tessara/array.h"
 #include "tessara/object.h"
 #include "tessara/ref.h"
@@ -17,7 +17,8 @@ class GridLineArray : public IArray {
     // Makes the object of a point; null without memory.
     using PointMaker = IRef<IUnknown> (*)(const tagKOORD&);
 
-    GridLineArray(RecordChain chain, PointMaker maker) : chain_(std::move(chain)), maker_(maker) {}
+    GridLineArray(PackedPolyline polyline, PointMaker maker)
+        : polyline_(std::move(polyline)), maker_(maker) {}
 
     void Add(IUnknown* object) override;
     void RemoveAt(std::uint32_t index) override;
@@ -31,9 +32,9 @@ class GridLineArray : public IArray {
   private:
     bool Unpack();
 
-    RecordChain chain_;
+    PackedPolyline polyline_;
     PointMaker maker_;
-    IRef<IArray> points_;  // empty as long as the chain holds them
+    IRef<IArray> points_;  // empty as long as the polyline holds them
 };
 
 }  // namespace tessara

@@ -47,9 +47,9 @@ bool Meets(const PlanePoint& a, const PlanePoint& b, const Box& box) {
     return !PassesASide(a, b, box) && !PassesTheCorners(a, b, box);
 }
 
-bool MeetsBox(const std::vector<PlanePoint>& chain, const Box& box) {
-    for (std::size_t i = 1; i < chain.size(); ++i) {
-        if (Meets(chain[i - 1], chain[i], box)) return true;
+bool MeetsBox(const std::vector<PlanePoint>& polyline, const Box& box) {
+    for (std::size_t i = 1; i < polyline.size(); ++i) {
+        if (Meets(polyline[i - 1], polyline[i], box)) return true;
     }
     return false;
 }
@@ -62,18 +62,18 @@ double DistanceToLine(const PlanePoint& p, const PlanePoint& a, const PlanePoint
 }
 
 // How far the point stands out between its neighbours; an end doesn't.
-double BendAt(const std::vector<PlanePoint>& chain, std::size_t i) {
-    if (i == 0 || i + 1 >= chain.size()) return 0.0;
-    return DistanceToLine(chain[i], chain[i - 1], chain[i + 1]);
+double BendAt(const std::vector<PlanePoint>& polyline, std::size_t i) {
+    if (i == 0 || i + 1 >= polyline.size()) return 0.0;
+    return DistanceToLine(polyline[i], polyline[i - 1], polyline[i + 1]);
 }
 
-// Half as long, an arc lies a quarter as far beside its chord: a line leaves a piece of its chain by a
-// quarter of what the chain's points stand out. That holds twice over.
-bool ComesNear(const std::vector<PlanePoint>& chain, const PixelRect& window) {
-    for (std::size_t i = 1; i < chain.size(); ++i) {
-        const double bend = std::max(BendAt(chain, i - 1), BendAt(chain, i)) / 2.0;
+// Half as long, an arc lies a quarter as far beside its chord: a line leaves a piece of its polyline by a
+// quarter of what the polyline's points stand out. That holds twice over.
+bool ComesNear(const std::vector<PlanePoint>& polyline, const PixelRect& window) {
+    for (std::size_t i = 1; i < polyline.size(); ++i) {
+        const double bend = std::max(BendAt(polyline, i - 1), BendAt(polyline, i)) / 2.0;
         const double margin = ROUNDS_INTO + std::max(DEFAULT_PIXEL_TOLERANCE, bend);
-        if (Meets(chain[i - 1], chain[i], Around(window, margin))) return true;
+        if (Meets(polyline[i - 1], polyline[i], Around(window, margin))) return true;
     }
     return false;
 }

@@ -21,8 +21,8 @@ class GridPen {
     GridPen(const MapPlane& map, const PixelRect& window, GridLineSink sink)
         : map_(map), window_(window), sink_(std::move(sink)) {}
 
-    // Adds the chain from a place to another to the end of a line. False as densify.h says; the line is then
-    // unchanged.
+    // Adds the polyline from a place to another to the end of a line. False as densify.h says; the line is
+    // then unchanged.
     bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line);
 
     bool Finish(const GridLine& line) { return sink_(line); }
@@ -34,7 +34,7 @@ class GridPen {
     }
 
     // A line of pieces end to end; true and no line where it passes by the window: a zone's share of the
-    // extremes is wider than its share of the window. A line lies beside its chain by the densifier's
+    // extremes is wider than its share of the window. A line lies beside its polyline by the densifier's
     // tolerance, and by more at the limit of its pieces, so that one that passes the window by no more is
     // drawn, too.
     struct Piece {

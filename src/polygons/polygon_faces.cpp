@@ -1,4 +1,4 @@
-// Outside everything is outside both rings, and whoever crosses a piece of a ring changes sides. So
+// Outside everything is outside both rings, and whoever crosses an edge of a ring changes sides. So
 // what a face is in is told by its neighbours, and no point has to be found inside it.
 #include "polygons/polygon_faces.h"
 
@@ -11,11 +11,11 @@ namespace {
 
 constexpr std::size_t FEWEST_OF_FACE = 3;
 
-// The graph as half-edges: half-edge 2 k runs along piece k forward, half-edge 2 k + 1 back. A face is
+// The graph as half-edges: half-edge 2 k runs along edge k forward, half-edge 2 k + 1 back. A face is
 // the cycle of the half-edges that have it on their left.
 class HalfEdges {
   public:
-    explicit HalfEdges(const RingGraph& graph) : graph_(graph), next_(graph.pieces.size() * 2) {
+    explicit HalfEdges(const RingGraph& graph) : graph_(graph), next_(graph.edges.size() * 2) {
         const std::vector<std::size_t> around = AroundNodes();
         for (std::size_t begin = 0, end = 0; begin < around.size(); begin = end) {
             ++nodeCount_;
@@ -29,17 +29,17 @@ class HalfEdges {
     }
 
     [[nodiscard]] std::size_t Count() const { return next_.size(); }
-    // Of nodes with pieces.
+    // The nodes at which edges end.
     [[nodiscard]] std::size_t NodeCount() const { return nodeCount_; }
     [[nodiscard]] std::size_t Next(std::size_t halfEdge) const { return next_[halfEdge]; }
     [[nodiscard]] std::size_t Start(std::size_t halfEdge) const {
-        const GraphPiece& piece = Piece(halfEdge);
-        return halfEdge % 2 == 0 ? piece.from : piece.to;
+        const GraphEdge& edge = EdgeOf(halfEdge);
+        return halfEdge % 2 == 0 ? edge.from : edge.to;
     }
     [[nodiscard]] const PlanePoint& StartPlace(std::size_t halfEdge) const {
         return graph_.nodes[Start(halfEdge)];
     }
-    [[nodiscard]] const GraphPiece& Piece(std::size_t halfEdge) const { return graph_.pieces[halfEdge / 2]; }
+    [[nodiscard]] const GraphEdge& EdgeOf(std::size_t halfEdge) const { return graph_.edges[halfEdge / 2]; }
     static std::size_t Twin(std::size_t halfEdge) { return halfEdge % 2 == 0 ? halfEdge + 1 : halfEdge - 1; }
 
   private:
@@ -128,8 +128,8 @@ void TellSides(const HalfEdges& graph, Cycles* cycles) {
             const std::size_t beyond = cycles->ofHalfEdge[HalfEdges::Twin(halfEdge)];
             if (isTold[beyond]) continue;
             isTold[beyond] = true;
-            const GraphPiece& piece = graph.Piece(halfEdge);
-            all[beyond].isIn = {cycle.isIn[0] != piece.Separates(0), cycle.isIn[1] != piece.Separates(1)};
+            const GraphEdge& edge = graph.EdgeOf(halfEdge);
+            all[beyond].isIn = {cycle.isIn[0] != edge.Separates(0), cycle.isIn[1] != edge.Separates(1)};
             open.push_back(beyond);
         }
     }
@@ -174,7 +174,7 @@ Ring RingOf(const HalfEdges& graph, const Cycle& cycle, const std::vector<PlaneP
 }  // namespace
 
 std::optional<std::vector<GraphFace>> FacesOf(const RingGraph& graph, double snapTolerance) {
-    if (graph.pieces.empty()) return std::vector<GraphFace>{};
+    if (graph.edges.empty()) return std::vector<GraphFace>{};
     const HalfEdges halfEdges(graph);
     Cycles cycles = CyclesOf(halfEdges);
     if (!IsPlane(halfEdges, cycles)) return std::nullopt;

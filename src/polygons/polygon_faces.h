@@ -17,7 +17,7 @@ struct GraphFace {
 // The bounded faces, without dead ends, and without those that aren't wider than the snap tolerance. The
 // graph must be in one piece, so that no face has a hole.
 //
-// Nothing if the graph isn't plane: among places that are hardly more than a snap tolerance apart, pieces may
+// Nothing if the graph isn't plane: among places that are hardly more than a snap tolerance apart, edges may
 // cross without a node.
 [[nodiscard]] std::optional<std::vector<GraphFace>> FacesOf(const RingGraph& graph, double snapTolerance);
 

@@ -63,7 +63,7 @@ class NodeTable {
     std::unordered_multimap<PlanePoint, std::size_t, PlaceHash> cells_;
 };
 
-// An edge, however often the rings run along it, in either direction.
+// A segment of the rings, however often they run along it, in either direction.
 struct Segment {
     std::size_t from, to;
     std::array<std::size_t, 2> runs;   // of each ring
@@ -138,11 +138,11 @@ class GraphMaker {
         PutNodesOnSegments();
         PutIntersectionsOnSegments();
         PutNodesOnSegments();
-        return {table_.Nodes(), Pieces(), DoRingsTouch()};
+        return {table_.Nodes(), Edges(), DoRingsTouch()};
     }
 
   private:
-    // Where many segments run along each other, their pieces are merged before they fill the memory.
+    // Where many segments run along each other, their edges are merged before they fill the memory.
     static constexpr std::size_t FEWEST_TO_MERGE = 1 << 20;
 
     std::size_t NodeOf(std::size_t ring, const PlanePoint& vertex) {
@@ -226,39 +226,39 @@ class GraphMaker {
         return inOrder;
     }
 
-    [[nodiscard]] std::vector<GraphPiece> Pieces() const {
-        std::vector<GraphPiece> pieces;
+    [[nodiscard]] std::vector<GraphEdge> Edges() const {
+        std::vector<GraphEdge> edges;
         std::size_t limit = FEWEST_TO_MERGE;
         for (const Segment& segment : segments_) {
             const std::vector<std::size_t> nodes = InOrder(segment);
             for (std::size_t i = 1; i < nodes.size(); ++i)
-                pieces.push_back(
+                edges.push_back(
                     {std::min(nodes[i - 1], nodes[i]), std::max(nodes[i - 1], nodes[i]), segment.runs});
-            if (pieces.size() < limit) continue;
-            Merge(&pieces);
-            limit = std::max(FEWEST_TO_MERGE, 2 * pieces.size());
+            if (edges.size() < limit) continue;
+            Merge(&edges);
+            limit = std::max(FEWEST_TO_MERGE, 2 * edges.size());
         }
-        Merge(&pieces);
-        return pieces;
+        Merge(&edges);
+        return edges;
     }
 
-    // Adds up the runs along the same piece.
-    static void Merge(std::vector<GraphPiece>* pieces) {
-        std::sort(pieces->begin(), pieces->end(), [](const GraphPiece& a, const GraphPiece& b) {
+    // Adds up the runs along the same edge.
+    static void Merge(std::vector<GraphEdge>* edges) {
+        std::sort(edges->begin(), edges->end(), [](const GraphEdge& a, const GraphEdge& b) {
             return a.from != b.from ? a.from < b.from : a.to < b.to;
         });
         std::size_t count = 0;
-        for (const GraphPiece& piece : *pieces) {
-            GraphPiece* last = count == 0 ? nullptr : &(*pieces)[count - 1];
-            const bool isSame = last != nullptr && last->from == piece.from && last->to == piece.to;
+        for (const GraphEdge& edge : *edges) {
+            GraphEdge* last = count == 0 ? nullptr : &(*edges)[count - 1];
+            const bool isSame = last != nullptr && last->from == edge.from && last->to == edge.to;
             if (!isSame) {
-                (*pieces)[count++] = piece;
+                (*edges)[count++] = edge;
                 continue;
             }
-            last->runs[0] += piece.runs[0];
-            last->runs[1] += piece.runs[1];
+            last->runs[0] += edge.runs[0];
+            last->runs[1] += edge.runs[1];
         }
-        pieces->resize(count);
+        edges->resize(count);
     }
 
     [[nodiscard]] bool DoRingsTouch() const {

@@ -104,7 +104,7 @@ bool IsInsideByRays(const PlanePoint& p, const Ring& ring) {
 }
 
 // The fewest vertices of a polygon that can cross itself.
-std::size_t FewestOfCrossing(const Ring& polygon) {
+std::size_t LeastVerticesToCross(const Ring& polygon) {
     return IsClosed(polygon) ? 5 : 4;
 }
 
@@ -118,7 +118,7 @@ bool PointInVertices(const PlanePoint& point, const Ring& polygon, double tolera
 }
 
 bool PointInPolygon(const PlanePoint& point, const Ring& polygon, double tolerance) {
-    if (polygon.size() < FewestOfCrossing(polygon)) return PointInVertices(point, polygon, tolerance);
+    if (polygon.size() < LeastVerticesToCross(polygon)) return PointInVertices(point, polygon, tolerance);
     if (IsVertex(point, polygon)) return true;
     if (!BoxOf(polygon).Holds(point, tolerance)) return false;
     // Asked of the whole edges: where they are cut, the pieces are bent by a rounding.

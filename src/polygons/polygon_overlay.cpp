@@ -54,8 +54,8 @@ OverlayParts SortedFaces(std::vector<GraphFace> faces) {
 }
 
 bool ShareAnEdge(const RingGraph& graph) {
-    return std::any_of(graph.pieces.begin(), graph.pieces.end(),
-                       [](const GraphPiece& piece) { return piece.Separates(0) && piece.Separates(1); });
+    return std::any_of(graph.edges.begin(), graph.edges.end(),
+                       [](const GraphEdge& edge) { return edge.Separates(0) && edge.Separates(1); });
 }
 
 std::int32_t CompareParts(const OverlayParts& parts, const RingGraph& graph) {

@@ -292,9 +292,9 @@ TEST_F(GridLinesTest, LinesReachAllOverTheWindow) {
     for (const PlacedGrid& placed : AllGrids()) {
         const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
         for (const Axis axis : {Axis::East, Axis::North}) {
-            std::vector<std::vector<Pixel>> chains;
+            std::vector<std::vector<Pixel>> polylines;
             for (const Line& line : LinesOn(axis, placed))
-                chains.push_back(PixelsFor(placed, line));
+                polylines.push_back(PixelsFor(placed, line));
             int found = 0;
             for (int k = 0; k < 150; ++k) {
                 CKoord koord;
@@ -327,8 +327,8 @@ TEST_F(GridLinesTest, LinesReachAllOverTheWindow) {
                 CKoord back;
                 if (!PositionOf(placed, at.x, at.y, &back) || zones::Number(back) != zone) continue;
                 double nearest = HUGE_VAL;
-                for (const auto& chain : chains)
-                    nearest = std::min(nearest, DistanceToPolyline(at, chain));
+                for (const auto& polyline : polylines)
+                    nearest = std::min(nearest, DistanceToPolyline(at, polyline));
                 // Pixels: a quarter on each axis; GEOREF's hundredth of a minute is a fifth of one, halved.
                 EXPECT_LE(nearest, placed.place.system == KOORD_GEOREF ? 0.6 : 0.37) << placed.place.name;
                 ++found;

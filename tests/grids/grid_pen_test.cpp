@@ -62,7 +62,7 @@ TEST(GridPen, DrawsBordersThatTouchTheWindow) {
         EXPECT_EQ(count, touches ? 1 : 0);
         EXPECT_EQ(pen.IsBorderInWindow(from, to), touches);
     }
-    // Another line may lie a quarter of a pixel beside its chain.
+    // Another line may lie a quarter of a pixel beside its polyline.
     count = 0;
     EXPECT_TRUE(pen.DrawNearWindow(Pixel(-5.0, 10.7), Pixel(20.0, 10.7)));
     EXPECT_EQ(count, 1);

@@ -422,13 +422,13 @@ TEST_F(ZonedGridLinesTest, LinesReachAllOverWindowsOverTheDateLine) {
             ASSERT_TRUE(SetWindow(grid, 0, 0, 1000, 800)) << n;
             const IRef<IArray> lines(CreateClassArray());
             ASSERT_TRUE(grid->GetEastLinePixels(lines.Get())) << n;
-            std::vector<std::vector<Pixel>> chains;
+            std::vector<std::vector<Pixel>> polylines;
             for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
-                chains.emplace_back();
+                polylines.emplace_back();
                 const IRef<IArray> line = LineAt(lines, i);
                 for (std::uint32_t k = 0; k < line->GetCount(); ++k) {
                     const IRef<IFloatPoint> point(line->GetAt(k));
-                    chains.back().push_back({point->GetX(), point->GetY()});
+                    polylines.back().push_back({point->GetX(), point->GetY()});
                 }
             }
             for (int k = 0; k < 40; ++k) {
@@ -452,8 +452,8 @@ TEST_F(ZonedGridLinesTest, LinesReachAllOverWindowsOverTheDateLine) {
                 const Pixel at = PixelOn(sheet, GeodezRecord(moved.latitude, moved.longitude + turn));
                 if (!(at.x > 1.0 && at.x < 999.0 && at.y > 1.0 && at.y < 799.0)) continue;
                 double nearest = HUGE_VAL;
-                for (const auto& chain : chains)
-                    nearest = std::min(nearest, DistanceToPolyline(at, chain));
+                for (const auto& polyline : polylines)
+                    nearest = std::min(nearest, DistanceToPolyline(at, polyline));
                 ++found;
                 EXPECT_LE(nearest, 0.37) << n << " system " << system << " at " << at.x << " " << at.y;
             }

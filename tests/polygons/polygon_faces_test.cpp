@@ -44,22 +44,22 @@ TEST(FacesOf, DeadEndsAreLeftOut) {
     EXPECT_EQ(faces[0].isIn, (std::array{true, false}));
 }
 
-TEST(FacesOf, PiecesThatCrossWithoutANodeHaveNone) {
+TEST(FacesOf, EdgesThatCrossWithoutANodeHaveNone) {
     // A square and its diagonals.
     RingGraph graph{{{0, 0}, {4, 0}, {4, 4}, {0, 4}}, {}, true};
     const std::size_t ends[][2] = {{0, 1}, {1, 2}, {2, 3}, {0, 3}, {0, 2}, {1, 3}};
     for (const auto& [from, to] : ends)
-        graph.pieces.push_back({from, to, {1, 0}});
+        graph.edges.push_back({from, to, {1, 0}});
     EXPECT_FALSE(FacesOf(graph, SNAP_TOLERANCE).has_value());
     // With a node where the diagonals cross they make four triangles.
     graph.nodes.push_back({2, 2});
-    graph.pieces.resize(4);
+    graph.edges.resize(4);
     for (std::size_t corner = 0; corner < 4; ++corner)
-        graph.pieces.push_back({corner, 4, {1, 0}});
+        graph.edges.push_back({corner, 4, {1, 0}});
     EXPECT_EQ(FacesOf(graph, SNAP_TOLERANCE).value().size(), 4u);
 }
 
-TEST(FacesOf, AGraphWithoutPiecesHasNone) {
+TEST(FacesOf, AGraphWithoutEdgesHasNone) {
     EXPECT_TRUE(FacesOf(GraphOf({{1, 1}}, {{1, 1}}, SNAP_TOLERANCE), SNAP_TOLERANCE)->empty());
 }
 

@@ -13,8 +13,8 @@ constexpr double SNAP_TOLERANCE = 1e-9;
 
 std::size_t RunsOf(const RingGraph& graph, std::size_t ring) {
     std::size_t runs = 0;
-    for (const GraphPiece& piece : graph.pieces)
-        runs += piece.runs[ring];
+    for (const GraphEdge& edge : graph.edges)
+        runs += edge.runs[ring];
     return runs;
 }
 
@@ -22,18 +22,18 @@ TEST(GraphOf, CutsEdgesWhereTheyCross) {
     const RingGraph graph = GraphOf(Rectangle(0, 0, 4, 4), Rectangle(2, 2, 6, 6), SNAP_TOLERANCE);
     EXPECT_TRUE(graph.doRingsTouch);
     EXPECT_EQ(graph.nodes.size(), 8u + 2u);
-    EXPECT_EQ(graph.pieces.size(), 8u + 4u);
+    EXPECT_EQ(graph.edges.size(), 8u + 4u);
 }
 
-TEST(GraphOf, RunsOfBothRingsAlongOnePieceAreCounted) {
+TEST(GraphOf, RunsOfBothRingsAlongOneEdgeAreCounted) {
     // The second's left side lies within the first's right side.
     const RingGraph graph = GraphOf(Rectangle(0, 0, 4, 4), Rectangle(4, 1, 6, 3), SNAP_TOLERANCE);
     EXPECT_EQ(graph.nodes.size(), 8u);
     EXPECT_EQ(RunsOf(graph, 0), 6u);
     EXPECT_EQ(RunsOf(graph, 1), 4u);
     int shared = 0;
-    for (const GraphPiece& piece : graph.pieces)
-        shared += piece.Separates(0) && piece.Separates(1);
+    for (const GraphEdge& edge : graph.edges)
+        shared += edge.Separates(0) && edge.Separates(1);
     EXPECT_EQ(shared, 1);
 }
 
@@ -48,16 +48,16 @@ TEST(GraphOf, EdgesOnOneLineFromOneNodeMeetNowhereElse) {
         const double second = random.Between(2.1, 9);
         const RingGraph graph = GraphOf({at(first), at(2)}, {at(second), at(2)}, 1e-12);
         ASSERT_EQ(graph.nodes.size(), 3u) << k;
-        ASSERT_EQ(graph.pieces.size(), 2u) << k;
+        ASSERT_EQ(graph.edges.size(), 2u) << k;
         ASSERT_TRUE(graph.doRingsTouch);
     }
 }
 
 TEST(GraphOf, AWayThereAndBackSeparatesNothing) {
     const RingGraph graph = GraphOf({{0, 0}, {4, 0}}, {{9, 9}}, SNAP_TOLERANCE);
-    ASSERT_EQ(graph.pieces.size(), 1u);
-    EXPECT_EQ(graph.pieces[0].runs[0], 2u);
-    EXPECT_FALSE(graph.pieces[0].Separates(0));
+    ASSERT_EQ(graph.edges.size(), 1u);
+    EXPECT_EQ(graph.edges[0].runs[0], 2u);
+    EXPECT_FALSE(graph.edges[0].Separates(0));
     EXPECT_FALSE(graph.doRingsTouch);
 }
 

@@ -1,10 +1,10 @@
-#include "grids/record_chain.h"
+#include "grids/packed_polyline.h"
 
 #include <cstring>
 
 namespace tessara {
 
-void RecordChain::Append(const tagKOORD& record) {
+void PackedPolyline::Append(const tagKOORD& record) {
     Words words;
     std::memcpy(&words, &record, sizeof words);
     std::uint8_t bytes[1 + sizeof words]{};
@@ -20,7 +20,7 @@ void RecordChain::Append(const tagKOORD& record) {
     ++size_;
 }
 
-const std::uint8_t* RecordChain::Read(const std::uint8_t* bytes, Words* words) {
+const std::uint8_t* PackedPolyline::Read(const std::uint8_t* bytes, Words* words) {
     const std::uint8_t changed = *bytes++;
     for (std::size_t i = 0; i < WORDS; ++i) {
         if ((changed & 1U << i) == 0) continue;
@@ -30,7 +30,7 @@ const std::uint8_t* RecordChain::Read(const std::uint8_t* bytes, Words* words) {
     return bytes;
 }
 
-tagKOORD RecordChain::ToRecord(const Words& words) {
+tagKOORD PackedPolyline::ToRecord(const Words& words) {
     tagKOORD record;
     std::memcpy(&record, &words, sizeof record);
     return record;

@@ -1,4 +1,4 @@
-#include "grids/record_chain.h"
+#include "grids/packed_polyline.h"
 
 #include <gtest/gtest.h>
 
@@ -10,18 +10,18 @@
 namespace tessara::testing {
 namespace {
 
-std::vector<tagKOORD> RecordsOf(const RecordChain& chain) {
+std::vector<tagKOORD> RecordsOf(const PackedPolyline& polyline) {
     std::vector<tagKOORD> records;
-    EXPECT_TRUE(chain.ForEach([&](const tagKOORD& record) {
+    EXPECT_TRUE(polyline.ForEach([&](const tagKOORD& record) {
         records.push_back(record);
         return true;
     }));
     return records;
 }
 
-TEST(RecordChain, GivesBackEveryByte) {
+TEST(PackedPolyline, GivesBackEveryByte) {
     Random random(41);
-    RecordChain chain;
+    PackedPolyline polyline;
     std::vector<tagKOORD> records;
     for (int i = 0; i < 500; ++i) {
         // Some bytes change from one to the next; now and then none, or all.
@@ -32,24 +32,24 @@ TEST(RecordChain, GivesBackEveryByte) {
             bytes[static_cast<int>(random.Between(0.0, 63.99))] =
                 static_cast<unsigned char>(random.Between(0.0, 255.99));
         records.push_back(record);
-        chain.Append(record);
+        polyline.Append(record);
     }
-    chain.Finish();
-    ASSERT_EQ(chain.Size(), records.size());
-    const auto read = RecordsOf(chain);
+    polyline.Finish();
+    ASSERT_EQ(polyline.Size(), records.size());
+    const auto read = RecordsOf(polyline);
     ASSERT_EQ(read.size(), records.size());
     for (std::size_t i = 0; i < read.size(); ++i)
         EXPECT_EQ(std::memcmp(&read[i], &records[i], sizeof(tagKOORD)), 0) << i;
 }
 
-TEST(RecordChain, IsReadUntilTheReaderHasEnough) {
-    RecordChain chain;
+TEST(PackedPolyline, IsReadUntilTheReaderHasEnough) {
+    PackedPolyline polyline;
     for (int i = 0; i < 5; ++i)
-        chain.Append(GeodezRecord(48.0, 11.0 + i));
+        polyline.Append(GeodezRecord(48.0, 11.0 + i));
     int count = 0;
-    EXPECT_FALSE(chain.ForEach([&count](const tagKOORD&) { return ++count < 3; }));
+    EXPECT_FALSE(polyline.ForEach([&count](const tagKOORD&) { return ++count < 3; }));
     EXPECT_EQ(count, 3);
-    EXPECT_TRUE(RecordsOf(RecordChain()).empty());
+    EXPECT_TRUE(RecordsOf(PackedPolyline()).empty());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A chain of records in few bytes: of each only the words in which it differs from the one before. Along a
+// A polyline of records in few bytes: of each only the words in which it differs from the one before. Along a
 // line of a grid that is one number or two.
 #pragma once
 
@@ -10,10 +10,10 @@
 
 namespace tessara {
 
-class RecordChain {
+class PackedPolyline {
   public:
     void Append(const tagKOORD& record);
-    // Gives back what was taken in advance. A chain that is done is as small as it can be.
+    // Gives back what was taken in advance. A polyline that is done is as small as it can be.
     void Finish() { bytes_ = std::vector<std::uint8_t>(bytes_.begin(), bytes_.end()); }
 
     [[nodiscard]] std::size_t Size() const { return size_; }
