@@ -88,31 +88,32 @@ enum MapType : std::uint32_t {
 inline constexpr std::uint32_t MAP_TYPE_COUNT = 22;
 
 // The parameters by type. In a grid's parameters the origin is the grid value of pixel (0, 0), and the fields
-// in front of it lie where the grid's record has them. No field is checked before the map is used.
+// in front of it lie where the grid's record has them. No field is checked before the map is used. Doubles
+// behind smaller fields state their alignment, which is 4 bytes on some 32-bit systems.
 
 struct MapUtmParams {
     char hemisphere;    // 'N' or 'S'
     std::int16_t zone;  // 1..60
-    double originEasting, originNorthing;
+    alignas(8) double originEasting, originNorthing;
     double metresPerPixelX, metresPerPixelY;
 };
 
-struct MapGkParams {                       // GAUKRU and GAUKRU6
-    std::int16_t unused;                   // no function reads it
-    std::int16_t meridian;                 // central meridian, degrees
-    double originEasting, originNorthing;  // the easting with the strip number in the millions
+struct MapGkParams {                                  // GAUKRU and GAUKRU6
+    std::int16_t unused;                              // no function reads it
+    std::int16_t meridian;                            // central meridian, degrees
+    alignas(8) double originEasting, originNorthing;  // the easting with the strip number in the millions
     double metresPerPixelX, metresPerPixelY;
 };
 
 struct MapBmnParams {
     std::int16_t meridian;  // 28, 31 or 34 degrees east of Ferro
-    double originEasting, originNorthing;
+    alignas(8) double originEasting, originNorthing;
     double metresPerPixelX, metresPerPixelY;
 };
 
 struct MapUpsParams {
     char hemisphere;  // 'N' or 'S'
-    double originEasting, originNorthing;
+    alignas(8) double originEasting, originNorthing;
     double metresPerPixelX, metresPerPixelY;
 };
 
@@ -139,14 +140,14 @@ inline constexpr std::int16_t EQUALARC_SOUTH_POLAR = 18;
 
 struct MapEqualArcParams {
     std::int16_t zone;  // EQUALARC_NORTH_POLAR, EQUALARC_SOUTH_POLAR, or any other value for the plain form
-    double originLatitude, originLongitude;
+    alignas(8) double originLatitude, originLongitude;
     double degreesPerPixelY, degreesPerPixelX;
 };
 
 struct MapPolynomParams {
-    std::uint32_t order;                        // the number of coefficients: 3, 4, 6 or 10; no more are read
-    double latFromPixel[10], lonFromPixel[10];  // of (column, row)
-    double pixelXFromWorld[10], pixelYFromWorld[10];  // of (longitude, latitude)
+    std::uint32_t order;  // the number of coefficients: 3, 4, 6 or 10; no more are read
+    alignas(8) double latFromPixel[10], lonFromPixel[10];  // of (column, row)
+    double pixelXFromWorld[10], pixelYFromWorld[10];       // of (longitude, latitude)
 };
 
 struct MapLambert2Params {
@@ -156,7 +157,7 @@ struct MapLambert2Params {
 
 struct MapLambertFrParams {
     std::int32_t zone;  // 1..4
-    double offsetX, offsetY;
+    alignas(8) double offsetX, offsetY;
 };
 
 struct MapLambertCcParams {
@@ -198,11 +199,11 @@ inline constexpr std::size_t MAP_PARAMS_SIZE = 328;
 //
 // A copy has the pointer to the chain of reference points and not a chain of its own.
 struct MapParam {
-    std::uint32_t referenceCount = 0;   // in the chain; no calculation reads it
-    MapReferenceNode reference;         // the only one that a calculation reads
-    std::int32_t scaleDenominator = 0;  // N of the scale 1:N
-    double resolution = 0.0;            // pixels per millimetre of the sheet
-    std::uint32_t datum = NO_DATUM;     // the datum that the map is drawn on
+    std::uint32_t referenceCount = 0;    // in the chain; no calculation reads it
+    MapReferenceNode reference;          // the only one that a calculation reads
+    std::int32_t scaleDenominator = 0;   // N of the scale 1:N
+    alignas(8) double resolution = 0.0;  // pixels per millimetre of the sheet
+    std::uint32_t datum = NO_DATUM;      // the datum that the map is drawn on
     std::uint32_t reserved1 = 0;
     std::uint32_t reserved2 = 0;
     std::int32_t worldType = NO_SYSTEM;                 // KOORD_GEODEZ for POLYNOM
