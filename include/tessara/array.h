@@ -1,4 +1,4 @@
-// The list of objects. A line or a polygon is a list of ICoord and has no class of its own.
+// A growing list of objects.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -7,19 +7,33 @@ namespace tessara {
 
 inline constexpr GUID IID_IArray = ParseGuid("71562280-B94E-40E4-8A40-0AC853189111");
 
-// Elements are held by their IUnknown: the list keeps them alive, and a reader asks each for the interface it
-// needs. Growing may throw std::length_error or std::bad_alloc; the list is then as it was. A list is for one
-// thread at a time; its elements may stand in lists of other threads, too.
+// Lines and polygons are passed as such lists: an IArray whose elements are the ICoord of their vertices, in
+// order. There is no separate class for a line.
+//
+// Example: a line of two positions.
+//
+//     const tessara::IRef line = tessara::CreateClassArray();
+//     line->Add(munich);
+//     line->Add(tokyo);
+//     for (std::uint32_t i = 0; i < line->GetCount(); ++i) {
+//         const tessara::IRef<tessara::ICoord> vertex(line->GetAt(i));
+//         if (vertex.IsValid()) heights.push_back(vertex->GetHeight());  // 520, then 40
+//     }
+//
+// The list holds each element by its IUnknown and so keeps it alive; an IRef asks an element for the
+// interface you need. Growing may throw std::length_error or std::bad_alloc and then leaves the list
+// unchanged. One thread at a time may use a list; its elements may be in lists of other threads.
 class IArray : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IArray;
 
-    // Appends. Null, or an object that doesn't answer IUnknown, takes up a place as an empty element.
+    // Appends an element. Null, or an object that doesn't answer IUnknown, is appended as an empty element.
     virtual void Add(IUnknown* object) = 0;
-    // Closes the gap and keeps the order. An index at or past the count does nothing.
+    // Removes an element; those behind it move up by one. Ignores an index that isn't below the count.
     virtual void RemoveAt(std::uint32_t index) = 0;
     virtual std::uint32_t GetCount() = 0;
-    // The element, with no count taken; null for an empty element or an index at or past the count.
+    // The element, with no reference added for the caller. Null for an empty element and for an index that
+    // isn't below the count.
     virtual IUnknown* GetAt(std::uint32_t index) = 0;
     virtual void Clear() = 0;
 
@@ -27,7 +41,7 @@ class IArray : public IUnknown {
     ~IArray() = default;
 };
 
-// A new empty list with count 0, or null without memory.
+// Creates an empty list with count 0: put it into an IRef at once. Null if memory runs out.
 extern "C" [[nodiscard]] TESSARA_API IArray* CreateClassArray();
 
 }  // namespace tessara

@@ -1,4 +1,4 @@
-// A coordinate record with a height that works the same for every coordinate type.
+// A coordinate record together with a height, which every coordinate type has.
 #pragma once
 
 #include "tessara/kernel/koord.h"
@@ -6,22 +6,23 @@
 
 namespace tessara {
 
-// The height, in metres above the ellipsoid, is kept beside the record. GEODEZ and GEODEZMIN have room for it
-// in their payload, too, and the two are kept equal. ECEF has no height of its own: it follows from x, y and
-// z and is computed when it is asked for, so GetHeight writes a cache although it is const. One ECEF CKoord
-// isn't to be used from two threads without a lock.
+// The height, in metres above the ellipsoid, is stored beside the record. The payloads of GEODEZ and
+// GEODEZMIN have a field for it as well, and the class keeps both equal. In an ECEF record the height
+// follows from x, y and z: the class computes it when GetHeight asks for it, and keeps it with the x, y, z
+// and datum it belongs to. GetHeight therefore writes although it is const: two threads must not call it on
+// the same ECEF CKoord without a lock.
 class TESSARA_API CKoord : public tagKOORD {
   public:
-    // WGS84, GEODEZ, all zeros.
+    // A WGS84 GEODEZ record of zeros, height 0.0.
     CKoord();
-    // Takes the height from the payload (GEODEZ, GEODEZMIN), from x, y and z (ECEF), else 0.0.
+    // Takes the height from the payload (GEODEZ, GEODEZMIN) or from x, y and z (ECEF); otherwise it is 0.0.
     CKoord(const tagKOORD& record);
     CKoord(const CKoord& other);
-    // As the constructor; of a type that has no height in its record, the old height stays.
+    // Like the constructor, except that a type without a height in its record keeps the old height.
     CKoord& operator=(const tagKOORD& record);
     CKoord& operator=(const CKoord& other);
 
-    // Of an ECEF record this moves x, y and z along the ellipsoid's normal.
+    // In an ECEF record this moves x, y and z along the normal of the ellipsoid.
     void SetHeight(const double& newHeight);
     double GetHeight() const;
 

@@ -1,4 +1,4 @@
-// How a host's object manager makes objects: one factory a class, registered by the component.
+// How a host's object manager creates objects: the component registers one factory for each class.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -13,21 +13,23 @@ class IClassFactory : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IClassFactory;
 
-    // Writes null to *out first. A non-null `outer` gives RESULT_NO_AGGREGATION, missing memory
-    // RESULT_OUT_OF_MEMORY, a null `out` RESULT_FAIL; otherwise what the object's QueryInterface answers. A
-    // class is either multi (each call makes an object) or a singleton (all calls give the same one until it
-    // is terminated).
+    // Asks an object of the class for `iid`: *out and the result are those of its QueryInterface. The
+    // factory of a multi class creates an object with each call; that of a singleton gives the same one
+    // until ITerminator ends it.
+    //
+    // On failure *out is null: RESULT_NO_AGGREGATION if `outer` isn't null, RESULT_OUT_OF_MEMORY if memory
+    // runs out. RESULT_FAIL if `out` is null.
     virtual ResultCode CreateInstance(IUnknown* outer, const GUID* iid, void** out) = 0;
-    // Does nothing and gives RESULT_FALSE.
+    // Has no effect and returns RESULT_FALSE.
     virtual ResultCode LockServer(std::int32_t lock) = 0;
 
   protected:
     ~IClassFactory() = default;
 };
 
-// A class factory in the library's list of classes; the library alone makes them. A host keeps the pointer
-// that RegisterClass hands it: a query on a factory answers IUnknown, ITypeInfoDesc and ITerminator, and no
-// id leads back to IClassFactory.
+// A factory in the library's list of classes; only the library creates them. A host keeps the pointer that
+// RegisterClass hands it: a query on a factory answers IUnknown, ITypeInfoDesc and ITerminator, and no id
+// leads back to IClassFactory.
 class MClassFactory : public IClassFactory {
   public:
     // No id leads here: the factory answers as plain IUnknown.
@@ -41,7 +43,7 @@ class MClassFactory : public IClassFactory {
     [[nodiscard]] MClassFactory* Next() const { return next_; }
 
   protected:
-    // For the library's own factories, and not exported: links the new one in at the head of the class list.
+    // For the library's own factories; not exported. Links the new factory in at the head of the class list.
     MClassFactory(const GUID* classId, const char* className);
     ~MClassFactory() = default;
 
@@ -55,7 +57,7 @@ class ITypeInfoDesc : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ITypeInfoDesc;
 
-    // Both point into the library.
+    // Both pointers point into the library and stay valid while it is loaded.
     virtual const GUID* GetClassId() = 0;
     virtual const char* GetClassName() = 0;
 
@@ -67,7 +69,8 @@ class ITerminator : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ITerminator;
 
-    // A singleton's factory gives up its object; the next CreateInstance makes a new one.
+    // Makes a singleton's factory release its object; the next CreateInstance creates a new one. Factories
+    // of multi classes ignore it.
     virtual void Terminate() = 0;
 
   protected:

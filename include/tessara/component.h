@@ -1,4 +1,5 @@
-// The front door for hosts with an object manager:
+// The entry point for hosts with an object manager. Hosts without one call the CreateClass functions and
+// don't need this header.
 //
 //     ITessaraComponent* component = nullptr;
 //     GetTessaraComponent(manager, &component);
@@ -6,10 +7,11 @@
 //     const IRef<ICoord> coord(CLSID_Coord, manager);
 //     component->Terminate();                  // unregisters them and ends the singletons
 //
-// The library keeps a second reference on the manager until it is unloaded. A host whose manager ends earlier
-// calls GetTessaraComponent(nullptr, &component) once more, which replaces both references by empty ones.
+// The library keeps a second reference to the manager until it is unloaded. A host whose manager ends
+// earlier calls GetTessaraComponent(nullptr, &component) once more; this empties both references.
 //
-// Initialize, Terminate and the first creation of a singleton are calls for one thread at a time.
+// The library takes no locks, so a host must not run Initialize and Terminate on two threads at once, nor
+// create the first object of a singleton class on two.
 #pragma once
 
 #include "tessara/class_factory.h"
@@ -21,16 +23,17 @@ inline constexpr GUID IID_IObjectManager = ParseGuid("11815BAA-8A3A-4D45-9639-46
 inline constexpr GUID IID_ITessaraComponent = ParseGuid("47D38CE0-BD40-4117-A738-7C3FBC8C3E4A");
 inline constexpr GUID IID_ITessaraComponentInit = ParseGuid("EC32B33F-4EC0-490B-93FB-39C25FF24F84");
 
-// The class id by which the library asks the host's manager for an IArray. It is the host's to resolve.
+// The class id under which the library requests an IArray from the host's manager. The host has to resolve
+// it; host::ObjectManager does.
 inline constexpr GUID CLSID_HostArray = ParseGuid("F952C76B-DD15-4938-BA49-872AE81AB89D");
 
-// The host's object manager. The library ignores the results; of CreateInstance it reads the out pointer.
-// tessara/host/object_manager.h has an implementation.
+// The host's object manager. Of CreateInstance the library reads the out pointer; it ignores all result
+// codes. tessara/host/object_manager.h has an implementation.
 class IObjectManager : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IObjectManager;
 
-    // The host's own operation; the library never calls it.
+    // An operation of the host, which the library never calls.
     virtual void Reserved3() {}
 
     virtual ResultCode RegisterClass(const GUID* classId, MClassFactory* factory) = 0;
@@ -41,7 +44,7 @@ class IObjectManager : public IUnknown {
     ~IObjectManager() = default;
 };
 
-// Receives the classes of EnumerateClasses. Only its fourth operation is called; the result is ignored.
+// Receives the classes from EnumerateClasses, which calls OnClass only and ignores the result.
 class IClassSink : public IUnknown {
   public:
     virtual void OnClass(ITypeInfoDesc* description) = 0;
@@ -50,25 +53,25 @@ class IClassSink : public IUnknown {
     ~IClassSink() = default;
 };
 
-// The component is static: AddRef always gives 2 and Release 1.
+// The component is a static object: AddRef always returns 2 and Release 1.
 class ITessaraComponent : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ITessaraComponent;
 
     virtual ~ITessaraComponent() = default;
-    // Registers the factories with the object manager, the last class of the class table first. Always true;
-    // without an object manager nothing is registered.
+    // Registers the factories with the object manager, from the last class of the class table to the first.
+    // Always true; without an object manager it registers nothing.
     virtual bool Initialize() = 0;
-    // Unregisters all classes, then terminates all factories, then gives up the first of the two references
-    // on the object manager. Always true.
+    // Unregisters all classes, then terminates all factories, then drops the first of the two references to
+    // the object manager. Always true.
     virtual bool Terminate() = 0;
-    // Calls the sink once a class, in the order of Initialize. Always true; null is no sink.
+    // Calls the sink once for each class, in the order of Initialize. Always true, also for a null sink.
     virtual bool EnumerateClasses(IClassSink* sink) = 0;
     // Always false.
     virtual bool QueryFlag() = 0;
 };
 
-// Both operations ignore the argument and give 0.
+// Both operations ignore the argument and return 0.
 class ITessaraComponentInit : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ITessaraComponentInit;
@@ -78,8 +81,8 @@ class ITessaraComponentInit : public IUnknown {
     virtual std::int32_t InitParameterB(void* parameter) = 0;
 };
 
-// Takes the host's object manager (null, or an object without IObjectManager, leaves the library without one)
-// and writes the component to *out. RESULT_OK, or RESULT_FAIL for a null `out`.
+// Takes the host's object manager and writes the component to *out. Null, or an object without
+// IObjectManager, leaves the library without a manager. RESULT_OK, or RESULT_FAIL if `out` is null.
 extern "C" TESSARA_API ResultCode GetTessaraComponent(IUnknown* objectManager, ITessaraComponent** out);
 
 }  // namespace tessara

@@ -1,4 +1,4 @@
-// Makes coordinate grids, one operation for each coordinate system.
+// Creates coordinate grids, with one operation for each coordinate system.
 #pragma once
 
 #include <cstdint>
@@ -13,12 +13,19 @@ class IMapCoordOperations;
 inline constexpr GUID CLSID_CoordinateGridFactory = ParseGuid("7A75CF12-C05A-48E4-ACAF-6A8DEF72EC68");
 inline constexpr GUID IID_ICoordinateGridFactory = ParseGuid("86915788-2BD0-49FC-ACD5-0367AE993045");
 
-// Each operation gives a new grid with count 0, which holds the map and has no window yet, in the system of
-// the operation's name on the given datum (0..238, or 999 for none, on which only pixels have a place). A
-// negative step counts as its absolute value.
+// Example: lines every kilometre of UTM.
 //
-// Null for a null or wrong map, another datum, a step that is 0.0, infinite or no number, and without memory.
-// A TM grid can be made, but TM positions have no extent in common and so no window can be set.
+//     const tessara::IRef factory = tessara::CreateClassCoordinateGridFactory();
+//     const tessara::IRef grid = factory->CreateUtmGrid(map, tessara::DATUM_WGS84, 1000.0, 1000.0);
+//     if (!grid.IsValid()) return;
+//     const double step = grid->GetEastStep();  // 1000
+//
+// Each operation creates a grid with count 0 in the system of its name, on the given datum: 0..238, or 999
+// for none, on which only pixels have a place. The grid keeps the map and has no window yet. A negative step
+// counts as its absolute value.
+//
+// Null for a null map or an object of another kind, for another datum, for a step that is 0.0, infinite or a
+// NaN, and if memory runs out. A TM grid never accepts a window, since its positions have no common extent.
 class ICoordinateGridFactory : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateGridFactory;
@@ -70,7 +77,7 @@ class ICoordinateGridFactory : public IUnknown {
     ~ICoordinateGridFactory() = default;
 };
 
-// A new one with count 0, or null without memory.
+// Creates a factory with count 0: put it into an IRef at once. Null if memory runs out.
 extern "C" [[nodiscard]] TESSARA_API ICoordinateGridFactory* CreateClassCoordinateGridFactory();
 
 }  // namespace tessara

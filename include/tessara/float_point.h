@@ -1,4 +1,4 @@
-// A triple of doubles.
+// Three doubles, such as a pixel of a grid line.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -7,7 +7,13 @@ namespace tessara {
 
 inline constexpr GUID IID_IFloatPoint = ParseGuid("5FC9D1D6-3A2C-47F0-AE34-8C65C59406AB");
 
-// Every value is stored as it is given, NaN and infinities included. A new point is 0.0, 0.0, 0.0.
+// Example: a corner of a grid's window.
+//
+//     const tessara::IRef corner = tessara::CreateClassFloatPoint();
+//     corner->SetX(7000.0);
+//     corner->SetY(6000.0);
+//
+// Every value is stored, NaN and infinities included. A new point is 0.0, 0.0, 0.0.
 class IFloatPoint : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IFloatPoint;
@@ -23,7 +29,7 @@ class IFloatPoint : public IUnknown {
     ~IFloatPoint() = default;
 };
 
-// A new point with count 0, or null without memory.
+// Creates a point with count 0: put it into an IRef at once. Null if memory runs out.
 extern "C" [[nodiscard]] TESSARA_API IFloatPoint* CreateClassFloatPoint();
 
 }  // namespace tessara

@@ -1,4 +1,4 @@
-// A geodetic datum by its number, 0..238; 999 is no datum.
+// A geodetic datum by its number 0..238; 999 means none.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -10,23 +10,28 @@ class ITessaraString;
 inline constexpr GUID CLSID_GeoDate = ParseGuid("6577718A-7E52-4F54-9847-6A85E7DB3145");
 inline constexpr GUID IID_IGeoDate = ParseGuid("A3CC5B2B-FAA7-4564-B704-A4285730035F");
 
+// Example:
+//
+//     const tessara::IRef datum = tessara::CreateClassGeoDate();
+//     datum->SetDatum(tessara::DATUM_WGS84);
+//     datum->GetName(text);  // "WGS84"
 class IGeoDate : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IGeoDate;
 
-    // A new one holds 999.
+    // A new object holds 999.
     virtual std::int32_t GetDatum() = 0;
-    // True for 0..238 and 999; anything else is false and changes nothing.
+    // True for 0..238 and 999. Any other number is false and has no effect.
     virtual bool SetDatum(std::int32_t datum) = 0;
-    // Fills the text with the datum's short name, such as "WGS84"; empty for 999. No effect on a null or
-    // wrong object.
+    // Replaces the text by the short name of the datum, such as "WGS84"; 999 has none and gives an empty
+    // text. Without effect for null or an object of another kind.
     virtual void GetName(ITessaraString* text) = 0;
 
   protected:
     ~IGeoDate() = default;
 };
 
-// A new one with count 0, or null without memory.
+// Creates an object with count 0: put it into an IRef at once. Null if memory runs out.
 extern "C" [[nodiscard]] TESSARA_API IGeoDate* CreateClassGeoDate();
 
 }  // namespace tessara

@@ -18,13 +18,13 @@ struct GUID {
 
 static_assert(sizeof(GUID) == 16 && std::is_trivially_copyable_v<GUID>);
 
-// By bytes, never by address: a host and the library hold copies of their own.
+// Compares bytes, not addresses: a host and the library have copies of their own.
 [[nodiscard]] inline bool operator==(const GUID& left, const GUID& right) {
     return std::memcmp(&left, &right, sizeof(GUID)) == 0;
 }
 
-// A GUID from its text, at compile time: ParseGuid("00000000-0000-0000-C000-000000000046"). A text of another
-// shape doesn't compile.
+// Makes a GUID of a text at compile time: ParseGuid("00000000-0000-0000-C000-000000000046"). A text of
+// another form doesn't compile.
 [[nodiscard]] consteval GUID ParseGuid(std::string_view text) {
     const auto digit = [text](std::size_t at) -> std::uint32_t {
         const char c = text[at];

@@ -1,8 +1,15 @@
-// The kernel: plain functions on 64-byte records, without objects. Link tessara::kernel
+// Includes the kernel: plain functions on 64-byte records, without objects. Link with tessara::kernel
 // (libtessara_kernel.a).
 //
-// They keep no global state, allocate nothing and throw nothing. Any number of threads may call them at once
-// on records that nobody writes meanwhile.
+// Example: a record of degrees becomes one of UTM.
+//
+//     tessara::tagKOORD degrees = tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_GEODEZ);
+//     tessara::Store(degrees, tessara::GeodezPayload{48.1375, 11.5755, 520.0});
+//     tessara::tagKOORD utm = tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_UTM);
+//     const tessara::KoordStatus status = tessara::KoordConvert(&degrees, &utm);  // KOORD_OK
+//
+// The kernel keeps no global state, allocates nothing and throws nothing. Any number of threads may call it
+// at once on records that nobody writes meanwhile.
 #pragma once
 
 #include "tessara/internal/koord_layout.h"

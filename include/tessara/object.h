@@ -1,13 +1,23 @@
-// What makes a class an object: the three operations of IUnknown, for this library and for hosts that
+// How a class becomes an object: the three operations of IUnknown, for this library and for hosts that
 // implement an interface of their own.
 //
-// A class derives from its interfaces, names them once in a FaceList called `Faces`, primary face first,
-// holds its data and protects its destructor. CountedObject<Class> is the object itself: it answers the
-// queries by that list and adds the count as the last member. No class writes a query of its own, and none
-// can be made without a count.
+// A class derives from its interfaces, lists them in a FaceList called `Faces` with the primary one first,
+// holds its data and has a protected destructor. CountedObject<Class> is the object: it answers queries from
+// that list and has the count as its last member. So no class implements queries itself, and none can be
+// created without a count.
 //
-// The count is atomic, so that objects may be held by several threads: whichever releases last deletes, and
-// sees everything that the others did before. The data of a class isn't guarded by anything.
+//     class Sink : public IClassSink {
+//       public:
+//         using Faces = FaceList<IUnknown>;
+//         void OnClass(ITypeInfoDesc* description) override;
+//
+//       protected:
+//         ~Sink() = default;
+//     };
+//     IRef<IUnknown> sink(NewObject<Sink>());
+//
+// The count is atomic, so several threads may hold one object: the one that releases last deletes it and
+// sees all that the others did before. Nothing protects the data of a class.
 #pragma once
 
 #include <atomic>
@@ -24,8 +34,8 @@ template <class Primary, class... Others>
 struct FaceList {
     using PrimaryFace = Primary;
 
-    // The face of `object` that answers `iid`, as an address of that face, or null. The primary face stands
-    // for the identity of the object: it answers IUnknown, whichever face was asked.
+    // The interface of `object` that answers `iid`, as an address of that interface, or null. IUnknown
+    // always answers with the primary interface, which is the identity of the object.
     template <class Object>
     static void* Find(Object* object, const GUID& iid) {
         if (iid == IID_IUnknown || iid == IidOf<Primary>) return static_cast<Primary*>(object);
@@ -62,13 +72,13 @@ class CountedObject final : public Class, private CensusMember<Class> {
     }
 
   private:
-    // Release alone deletes; where an interface has a virtual destructor, this overrides it.
+    // Only Release deletes an object; where an interface has a virtual destructor, this overrides it.
     ~CountedObject() = default;  // NOLINT(modernize-use-override): not everywhere is there one to override
 
     std::atomic<std::int32_t> count_{0};
 };
 
-// An object that lives as long as the program: it answers queries and doesn't count.
+// An object that lives as long as the program: it answers queries and isn't counted.
 template <class Class>
 class StaticObject final : public Class {
   public:
@@ -79,8 +89,8 @@ class StaticObject final : public Class {
     std::uint32_t Release() override { return 1; }
 };
 
-// A new object with count 0, or null without memory. Whoever calls this wraps the pointer in a handle on the
-// same line: an operation that is given an object of count 0 counts it to 1 and back, which deletes it.
+// A new object with count 0, or null if memory runs out. Put it into a handle on the same line: an operation
+// that gets an object of count 0 counts it to 1 and back, which deletes it.
 template <class Class, class... Arguments>
 [[nodiscard]] CountedObject<Class>* NewObject(Arguments&&... arguments) {
     try {

@@ -11,18 +11,26 @@ class ITessaraString;
 inline constexpr GUID CLSID_Projection = ParseGuid("9421D26A-6D8D-464D-A60F-F79456DEDE4D");
 inline constexpr GUID IID_IProjection = ParseGuid("E7697177-2DD8-48FB-87A7-0436D3B095D6");
 
-// IProjectionFactory makes projections; a new one from CreateClassProjection is of type 0.
+// Example: the zone of a UTM map.
+//
+//     const tessara::IRef projection = tessara::CreateClassProjection();
+//     tessara::MapUtmParams params{};
+//     if (!map->GetProjection(projection) || !projection->GetUtmParams(&params)) return;  // zone 32
+//
+// IProjectionFactory makes projections; one from CreateClassProjection has the type MAP_UNKNOWN and receives
+// that of a map through IMapCoordOperations::GetProjection.
 class IProjection : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IProjection;
 
     // A MapType.
     virtual std::uint32_t GetProjectionType() = 0;
-    // Empties the text and fills in the name of the type, from "UNKNOWN" to "WAGNER-IV"; a number above 21
-    // has none.
+    // Replaces the text by the name of the type, from "UNKNOWN" to "WAGNER-IV"; a number above 21 has none
+    // and gives an empty text.
     virtual void GetProjectionName(ITessaraString* text) = 0;
 
-    // The parameters. Each is false for a projection of another type, and for null; nothing is written then.
+    // The parameters. Each getter is false, with nothing written, for a projection of another type and for
+    // null.
     virtual bool GetWagnerIvParams(MapWagnerIvParams* out) = 0;
     virtual bool GetNoneParams(MapNoneParams* out) = 0;
     virtual bool GetStereographicNlParams(MapPlaneParams* out) = 0;
@@ -46,7 +54,8 @@ class IProjection : public IUnknown {
     ~IProjection() = default;
 };
 
-// A new one of type 0 with count 0, or null without memory.
+// Creates a projection of type MAP_UNKNOWN with count 0: put it into an IRef at once. Null if memory runs
+// out.
 extern "C" [[nodiscard]] TESSARA_API IProjection* CreateClassProjection();
 
 }  // namespace tessara

@@ -1,4 +1,4 @@
-// Makes projections.
+// Creates projections, with one operation for each map type.
 #pragma once
 
 #include "tessara/kernel/map.h"
@@ -11,8 +11,20 @@ class IProjection;
 inline constexpr GUID CLSID_ProjectionFactory = ParseGuid("07CA8BBF-4E0D-4C55-8476-B46452780DD6");
 inline constexpr GUID IID_IProjectionFactory = ParseGuid("821CE8CD-1FE0-460C-AE06-69E91E97394E");
 
-// Each operation gives a new projection with count 0, or null for null or without memory. No parameter is
-// checked: a zone or an order that makes no sense shows when the map is used.
+// Example: a UTM sheet of 2.5 metres a pixel.
+//
+//     const tessara::MapUtmParams params{.hemisphere = 'N',
+//                                        .zone = 32,
+//                                        .originEasting = 675000.0,
+//                                        .originNorthing = 5345000.0,
+//                                        .metresPerPixelX = 2.5,
+//                                        .metresPerPixelY = 2.5};
+//     const tessara::IRef factory = tessara::CreateClassProjectionFactory();
+//     const tessara::IRef projection = factory->CreateUtm(&params);
+//
+// Each operation creates a projection with count 0; null for null and if memory runs out.
+// tessara/kernel/map.h explains the parameters. None is checked here: a zone or an order that doesn't exist
+// fails when the map is used.
 class IProjectionFactory : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IProjectionFactory;
@@ -44,7 +56,7 @@ class IProjectionFactory : public IUnknown {
     ~IProjectionFactory() = default;
 };
 
-// A new one with count 0, or null without memory.
+// Creates a factory with count 0: put it into an IRef at once. Null if memory runs out.
 extern "C" [[nodiscard]] TESSARA_API IProjectionFactory* CreateClassProjectionFactory();
 
 }  // namespace tessara

@@ -1,5 +1,5 @@
-// A rectangle of the host in whole pixels, rows growing southward. The library only reads it, and only
-// through the four getters; tessara/host/rect.h has an implementation for hosts.
+// A rectangle of the host in whole pixels; rows grow southward. The library calls the four getters and
+// nothing else. tessara/host/rect.h has an implementation.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -12,7 +12,7 @@ class IRect : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IRect;
 
-    // The host's own operations; the library never calls them.
+    // Operations of the host, which the library never calls.
     virtual void Reserved3() {}
     virtual void Reserved4() {}
     virtual void Reserved5() {}

@@ -1,18 +1,19 @@
-// The counted handle: how every piece of code holds an object.
+// The counted handle in which all code holds objects.
 //
 //     IRef<ICoord> coord = CreateClassCoord();     // count 0 -> 1
-//     IRef<ICoordInternal> inner(coord);           // another face of the same object, or empty
+//     IRef<ICoordInternal> inner(coord);           // another interface of the same object, or empty
 //     if (!inner.IsValid()) return false;
-//     average->Average(coord, other, target);      // a handle is passed on as it stands
+//     average->Average(coord, other, target);      // handles are passed directly
 //
-// An operation wraps each interface argument in a handle and tests it. An empty handle means null or an
-// object without the interface; both are an ordinary failure.
+// An operation puts each interface argument into a handle and tests it. An empty handle stands for null and
+// for an object that doesn't have the interface: "an object of another kind" in the headers. Both are
+// ordinary failures.
 //
-// An object fresh from a CreateClass function has the count 0: wrap it on the same line. Passed on bare, it
-// would be counted up and down by the first operation it meets, and be gone.
+// An object from a CreateClass function has the count 0. Put it into a handle on the same line: an operation
+// that gets the bare pointer counts it to 1 and back to 0, and so deletes it.
 //
-// Handles of one object may live on different threads, as its count is atomic. One handle is like a pointer:
-// it is for one thread at a time.
+// The count is atomic: handles of one object may be on different threads. A single handle is like a pointer,
+// for one thread at a time.
 #pragma once
 
 #include <cassert>

@@ -1,23 +1,27 @@
-// Everything a host of objects needs: the interfaces and creation functions, handles, and the host's own
-// parts (texts, rectangles, an object manager, copies, listings). Link tessara::tessara (libtessara.so), or
-// load it at run time. The plain functions on records are in tessara/kernel.h.
+// Includes everything for hosts that work with objects: interfaces, creation functions, handles, and parts
+// for hosts (texts, rectangles, an object manager, copies, listings). Link with tessara::tessara
+// (libtessara.so) or load it at run time. The plain functions on records are in tessara/kernel.h.
 //
-// Threads: the library starts none and takes no lock; everything happens inside the call, on the caller's
-// thread. From any threads at the same time may be used
+// Failures: an operation answers false, null or a number that its header names, and gives no reason. A null
+// argument is a failure like any other, as is "an object of another kind": one that doesn't have the
+// interface of the argument.
 //
-//   - the plain functions over records (tessara/kernel), on records that nobody writes meanwhile;
+// Threads: the library starts no threads and takes no locks; all work is done inside the call, on the
+// caller's thread. Any threads may use at the same time
+//
+//   - the plain functions on records (tessara/kernel), on records that nobody writes meanwhile;
 //   - different objects, also of one class, and the creation functions;
 //   - the counts of one object: AddRef, Release, QueryInterface, and copies of handles;
-//   - the calculations of one built map, and the objects that the factories of singletons hand out, which
-//     keep nothing between calls.
+//   - the conversions of one complete map, and the objects of singleton classes, which keep nothing between
+//     calls.
 //
-// Anything else of one object is for one thread at a time, reading included: a coordinate or its text may
-// keep what was worked out. So is the component's life (tessara/component.h). An object handed from one
-// thread to another needs what any memory needs for that.
+// Any other use of one object is for one thread at a time. This includes reading: a coordinate or its text
+// may store what it computes. It also includes the start and end of the component (tessara/component.h).
+// Handing an object from one thread to another needs the same synchronisation as any other memory.
 //
-// Memory: an operation for which it runs short fails like any other, with the result that its header names
-// for failure. Only what grows without a result to tell it by lets std::bad_alloc pass: IArray::Add,
-// ITessaraString::AssignText, and vectors, which IVector returns.
+// Memory: an operation that runs out of it fails in the way its header names. Only operations without such a
+// result let std::bad_alloc pass: IArray::Add, ITessaraString::AssignText, and IVector, which returns
+// vectors.
 #pragma once
 
 #include "tessara/array.h"

@@ -1,7 +1,8 @@
-// The root of all interfaces, its result codes, and what an export is.
+// IUnknown, the root of all interfaces, its result codes, and the export macro.
 //
-// Interfaces are abstract classes whose operations stand in the contract's order: nothing is ever reordered
-// or inserted. Only those interfaces have a virtual destructor whose table names one, in the place it names.
+// Interfaces are abstract classes whose operations have a fixed order, which hosts have compiled in: no
+// operation is ever moved or inserted. Where an interface has a virtual destructor, it has its place in that
+// order.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +21,7 @@
 
 namespace tessara {
 
-// A result code is a signed 32-bit value; failures have the top bit set.
+// A signed 32-bit number; failures have the top bit set.
 using ResultCode = std::int32_t;
 
 inline constexpr ResultCode RESULT_OK = 0;
@@ -36,20 +37,21 @@ class IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IUnknown;
 
-    // Writes the face of the object that answers `iid` to *out, counts it and returns RESULT_OK. An id that
-    // the object doesn't know writes null and gives RESULT_NO_INTERFACE. A null `out` gives RESULT_FAIL.
+    // Writes the interface of the object that `iid` names to *out, adds a reference and returns RESULT_OK.
+    // For an id that the object doesn't know it writes null and returns RESULT_NO_INTERFACE. RESULT_FAIL if
+    // `out` is null.
     virtual ResultCode QueryInterface(const GUID* iid, void** out) = 0;
-    // The new count. Counting is atomic; objects may be shared between threads of a host, but one thread at a
-    // time may use one.
+    // Returns the new count. Counting is atomic: any number of threads may hold references to one object,
+    // but only one thread at a time may call its other operations.
     virtual std::uint32_t AddRef() = 0;
-    // The new count. At 0 the object is gone.
+    // Returns the new count; at 0 it has deleted the object.
     virtual std::uint32_t Release() = 0;
 
   protected:
     ~IUnknown() = default;
 };
 
-// The id of an interface. Every interface names its own as `Iid`.
+// The id of an interface, which every interface names as `Iid`.
 template <class Interface>
 inline constexpr const GUID& IidOf = Interface::Iid;
 

@@ -1,28 +1,28 @@
-// A list of doubles of any length, as a value: three of them are a position in earth-centred space or a
+// A list of doubles with value semantics. With three elements it is a position in earth-centred space or a
 // direction.
 //
 //     Vector up{0.0, 0.0, 1.0};
 //     const Vector normal = vectors->Normalize(up);
 //
-// Vectors cross the border of the library in both directions, as arguments by reference and as results by
-// value. So they have nothing of a standard library in them, and a host that doesn't use this header can
-// write them from this table (64-bit pointers):
+// Vectors cross the boundary of the library in both directions, by reference as arguments and by value as
+// results. So their layout uses no type of a standard library, and a host that doesn't use this header can
+// reproduce it (64-bit pointers):
 //
 //     byte  0   double* items           the numbers; null in a vector without room
-//           8   uint32  size            how many there are
-//          12   uint32  capacity        how many there is room for, at least `size`
-//          16   void (*free)(double*)   gives the numbers back; not called for null
+//           8   uint32  size            the number of elements
+//          12   uint32  capacity        the number of elements there is room for, at least `size`
+//          16   void (*free)(double*)   deallocates the numbers; not called for null
 //
-// The module that allocates the numbers stores its own function in `free`, and whoever ends the vector, the
-// other module included, calls it, once. So neither side needs the other's heap or standard library. What is
-// passed in belongs to the caller before and after the call; the library reads `size` numbers of it. For an
-// output (Vector*) the library calls `free` of the numbers that are there, and stores numbers and a `free` of
-// its own. A result is the caller's to end: it comes as the platform's C++ binary interface returns a class
-// with a destructor, in 24 bytes whose address the caller passes as a hidden first argument.
+// The module that allocates the numbers stores its own function in `free`. Whoever ends the vector calls it
+// once, even in the other module, so neither side needs the other's heap or standard library. A vector that
+// is passed in stays the caller's; the library reads `size` numbers of it. For an output (Vector*) the
+// library calls `free` on the numbers that are there and stores numbers and a `free` of its own. A result is
+// the caller's to end: the platform's C++ ABI returns a class with a destructor in memory that the caller
+// provides, here 24 bytes whose address is a hidden first argument.
 //
-// The exceptions of this class are thrown by the code of this header, in the module that uses the subscript
-// or has no memory left; the library tests sizes first and never lets an out_of_range pass. A vector that the
-// library made must not outlive it, as its `free` is a function of the library.
+// Exceptions are thrown by code of this header only, in the module that uses the subscript or runs out of
+// memory; the library checks sizes first and never lets an out_of_range out. A vector that the library made
+// must not outlive it, as its `free` is a function of the library.
 #pragma once
 
 #include <algorithm>
@@ -48,7 +48,7 @@ class Vector {
         if (items_ != nullptr) free_(items_);
     }
 
-    // std::bad_alloc without memory, as with every copy.
+    // std::bad_alloc if memory runs out, as for every copy.
     [[nodiscard]] static Vector Zeros(std::uint32_t size) {
         Vector zeros;
         zeros.Reserve(size);
@@ -58,11 +58,11 @@ class Vector {
 
     [[nodiscard]] std::uint32_t Size() const { return size_; }
 
-    // An index at or past the size throws std::out_of_range, "invalid vector<T> subscript".
+    // An index that isn't below the size throws std::out_of_range, "invalid vector<T> subscript".
     [[nodiscard]] double& operator[](std::uint32_t index) { return items_[Checked(index)]; }
     [[nodiscard]] const double& operator[](std::uint32_t index) const { return items_[Checked(index)]; }
 
-    // Beyond 2^32 - 1 elements throws std::length_error, "vector<T> too long".
+    // More than 2^32 - 1 elements throw std::length_error, "vector<T> too long".
     void Append(double value) {
         if (size_ == UINT32_MAX) throw std::length_error("vector<T> too long");
         if (size_ == capacity_) Reserve(size_ < UINT32_MAX / 2 ? 2 * size_ + 1 : UINT32_MAX);
@@ -91,7 +91,7 @@ class Vector {
         return index;
     }
 
-    // Room for `capacity` elements, at least as many as there are; the new ones are zero.
+    // Makes room for `capacity` elements, at least as many as there are; new ones are zero.
     void Reserve(std::uint32_t capacity) {
         if (capacity == 0) return;
         Vector larger;

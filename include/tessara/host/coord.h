@@ -1,4 +1,4 @@
-// Coordinates for hosts: copies, and records in and out in one call.
+// Helpers for coordinates of a host: records in and out, and copies.
 //
 //     IRef<ICoord> here = host::CoordOf(record);
 //     IRef<ICoord> copy = host::Copy(here);
@@ -14,15 +14,15 @@
 
 namespace tessara::host {
 
-// A new valid coordinate that holds the record; empty without memory.
+// A new valid coordinate with this record; empty if memory runs out.
 [[nodiscard]] inline IRef<ICoord> CoordOf(const CKoord& record) {
     IRef<ICoord> coord = CreateClassCoord();
     const IRef<ICoordInternal> inner(coord);
     return inner.IsValid() && inner->SetKoord(&record) ? coord : IRef<ICoord>();
 }
 
-// The record of a coordinate with its height, also of one without a position; a record of zeros in WGS84
-// degrees for null and for an object of another kind.
+// The record of a coordinate with its height, also of an invalid one. A WGS84 GEODEZ record of zeros for
+// null and for an object of another kind.
 [[nodiscard]] inline CKoord RecordOf(IUnknown* coord) {
     CKoord record;
     const IRef<ICoordInternal> inner(coord);
@@ -30,7 +30,7 @@ namespace tessara::host {
     return record;
 }
 
-// Whether a coordinate holds a position that can be read: pixels, or a place on the earth. False for null.
+// Whether a coordinate has a position that can be read, as pixels or as degrees. False for null.
 [[nodiscard]] inline bool HasPosition(ICoord* coord) {
     const IRef<ICoord> held(coord);
     const IRef<ICoordGeographic> place = CreateClassCoordGeographic();
@@ -38,8 +38,8 @@ namespace tessara::host {
     return held.IsValid() && (held->GetPixel(&x, &y) || held->GetGeographic(place));
 }
 
-// A new coordinate with the record, the height and the reference of another; it holds a position if the other
-// does. Empty for null, for an object of another kind and without memory.
+// A new coordinate with the record, height and reference of another, valid if the other has a position.
+// Empty for null, for an object of another kind and if memory runs out.
 [[nodiscard]] inline IRef<ICoord> Copy(ICoord* coord) {
     const IRef<ICoordInternal> inner(coord);
     if (!inner.IsValid()) return {};

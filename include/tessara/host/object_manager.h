@@ -1,7 +1,7 @@
-// An object manager for hosts: keeps the registered classes and makes their objects.
+// An object manager for hosts: it stores the registered classes and creates their objects.
 //
 //     IRef<IObjectManager> manager(NewObject<host::ObjectManager>(CreateClassArray));
-//     GetTessaraComponent(manager.Get(), &component);
+//     GetTessaraComponent(manager, &component);
 #pragma once
 
 #include <algorithm>
@@ -21,11 +21,11 @@ class ObjectManager : public IObjectManager {
     using Faces = FaceList<IObjectManager>;
     using CreateArray = IArray*();
 
-    // `createArray` is the library's CreateClassArray, linked or looked up; the manager resolves
-    // CLSID_HostArray by it. Without one that class stays unknown.
+    // `createArray` is the library's CreateClassArray, linked or looked up: the manager creates
+    // CLSID_HostArray with it. Without it that class is unknown.
     explicit ObjectManager(CreateArray* createArray = nullptr) : createArray_(createArray) {}
 
-    // A class id that is registered already is given the new factory.
+    // A class id that is registered already gets the new factory.
     ResultCode RegisterClass(const GUID* classId, MClassFactory* factory) override {
         if (classId == nullptr || factory == nullptr) return RESULT_FAIL;
         UnregisterClass(classId);

@@ -27,7 +27,7 @@ class Text : public ITessaraString {
         return true;
     }
 
-    // Through a copy: the argument may be this text's own.
+    // Assigns through a copy: the argument may be this text's own.
     void AssignText(const char* text) override { text_ = std::string(text != nullptr ? text : ""); }
     const char* GetText() override { return text_.c_str(); }
     std::int32_t GetLength() override { return static_cast<std::int32_t>(text_.size()); }
@@ -52,7 +52,7 @@ class Text : public ITessaraString {
         return text.IsValid() ? text->GetText() : nullptr;
     }
 
-    // The letters A to Z only, whatever the locale.
+    // Changes the letters A to Z only, in every locale.
     static unsigned char LowerCase(unsigned char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c - 'A' + 'a') : c;
     }

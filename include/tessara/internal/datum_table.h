@@ -1,5 +1,5 @@
-// The figures of the ellipsoids and the rows of the datums: constant data, and the only place where they
-// stand. Datum_Row (tessara/kernel/datum.h) and tessara/host/listings.h give access to them.
+// The figures of the ellipsoids and the rows of the datums, as constant data; no other file has them.
+// Datum_Row (tessara/kernel/datum.h) and tessara/host/listings.h give access to them.
 #pragma once
 
 #include <array>
@@ -29,8 +29,8 @@ struct EllipsoidFigure {
     }
 };
 
-// The unknown ellipsoid and the Malaysian Everest of 1969 have a number and no figures, as no datum uses
-// them; the user-defined one has no name.
+// The unknown ellipsoid and the Malaysian Everest of 1969 have a number but no figures, as no datum uses
+// them. The user-defined ellipsoid has no name.
 inline constexpr std::array<EllipsoidFigure, 26> ELLIPSOIDS{{
     {ELLIPSOID_UNKNOWN, "UNKNOWN", 0.0, 0.0},
     {ELLIPSOID_KUGEL, "KUGEL", 6371000.0, SPHERE},

@@ -1,5 +1,5 @@
-// The byte offsets of the coordinate record, which are contract: a compiler that lays it out otherwise stops
-// here.
+// The byte offsets of the coordinate record. They are part of the contract: a compiler with another layout
+// stops here.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-// The byte offsets of a map's record and its parameters, which are contract: a compiler that lays them out
-// otherwise stops here.
+// The byte offsets of a map's record and its parameters. They are part of the contract: a compiler with
+// another layout stops here.
 #pragma once
 
 #include <cstddef>
@@ -29,8 +29,8 @@ TESSARA_AT(MapParam, worldType, 116);
 TESSARA_AT(MapParam, type, 120);
 TESSARA_AT(MapParam, params, 128);
 
-// What lies in front of a grid's origin lies where the payload has it, and the origin where it has the grid
-// values.
+// The fields before a grid's origin have the offsets of the grid's payload, and the origin has those of the
+// grid values.
 TESSARA_AT(MapUtmParams, hemisphere, offsetof(UtmPayload, hemisphere));
 TESSARA_AT(MapUtmParams, zone, offsetof(UtmPayload, wantedZone));
 TESSARA_AT(MapUtmParams, originEasting, offsetof(UtmPayload, easting));

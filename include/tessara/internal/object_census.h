@@ -1,6 +1,6 @@
-// How many objects of each class are alive, to find those that nobody released. It costs something, so it is
-// done only where TESSARA_COUNT_OBJECTS is defined, for all sources of a program or library alike; the debug
-// builds of this one do. A module counts the objects that its own code makes.
+// Counts the living objects of each class, to find those that nobody released. Counting takes time and is
+// compiled in only where TESSARA_COUNT_OBJECTS is defined, alike for all sources of a program or library;
+// this library's debug builds define it. A module counts the objects that its own code creates.
 #pragma once
 
 #if defined(TESSARA_COUNT_OBJECTS)
@@ -11,7 +11,8 @@
 
 namespace tessara {
 
-// A class and its living objects. There is one from the first object of a class on, for good.
+// A class and the number of its living objects. An entry exists from the first object of its class on and is
+// never removed.
 class CensusEntry {
   public:
     explicit CensusEntry(const char* className) : className_(className), next_(First().load()) {
@@ -23,12 +24,12 @@ class CensusEntry {
 
     void Count(std::int64_t change) { living_.fetch_add(change, std::memory_order_relaxed); }
 
-    // As the compiler spells it.
+    // The name in the compiler's spelling.
     [[nodiscard]] const char* ClassName() const { return className_; }
     [[nodiscard]] std::int64_t Living() const { return living_.load(std::memory_order_relaxed); }
     [[nodiscard]] const CensusEntry* Next() const { return next_; }
 
-    // The entries, the newest class first.
+    // The head of the list of entries, the newest class first.
     [[nodiscard]] static std::atomic<CensusEntry*>& First() {
         static constinit std::atomic<CensusEntry*> first{nullptr};
         return first;

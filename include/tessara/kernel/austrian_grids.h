@@ -1,7 +1,7 @@
-// The Austrian grids BMN, OEM and GK-AT: transverse Mercator of scale 1 on three meridians, 28, 31 and 34
-// degrees east of Ferro, which lies 17.666666666666 degrees west of Greenwich, on the ellipsoid of the
-// record's datum. On MGI the federal grid BMN is EPSG 31257, 31258 and 31259. The three differ in the origin
-// of the grid values:
+// The Austrian grids BMN, OEM and GK-AT: transverse Mercator of scale 1 on the ellipsoid of the record's
+// datum, on three meridians 28, 31 and 34 degrees east of Ferro, which is 17.666666666666 degrees west of
+// Greenwich. On the datum MGI the federal grid BMN is EPSG 31257, 31258 and 31259. The grids differ in their
+// origins:
 //
 //            false easting on 28, 31, 34   false northing
 //   BMN      150000, 450000, 750000        -5000000
@@ -20,18 +20,18 @@
 
 namespace tessara {
 
-// The nearest of the three meridians, degrees east of Ferro, for a longitude of Greenwich.
+// The nearest of the three meridians, in degrees east of Ferro, to a longitude of Greenwich.
 [[nodiscard]] std::int32_t BMN_NaturalMeridian(double lon);
 
-// Writes meridian, easting and northing; always KOORD_OK. A `wantedMeridian` of 28, 31 or 34 is taken as it
-// is, otherwise the meridian is the natural one.
+// Writes meridian, easting and northing; always KOORD_OK. The meridian is `wantedMeridian` if that is 28, 31
+// or 34, otherwise the natural one.
 KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 KoordStatus OEM_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 
-// KOORD_OK, or KOORD_ERR_MERIDIAN for a meridian that is none of the three; latLon is then 0, 0, but
-// unchanged by GKAT_ToGeodetic for a meridian outside 26..36. A result within 1e-7 degrees of the limits of
-// the system (AUSTRIAN_LIMITS) is that limit.
+// KOORD_OK, or KOORD_ERR_MERIDIAN for another meridian than the three. latLon is then 0, 0; GKAT_ToGeodetic
+// leaves it unchanged for a meridian outside 26..36. A result within 1e-7 degrees of the limits of the
+// system (AUSTRIAN_LIMITS) becomes that limit.
 KoordStatus BMN_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus OEM_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);

@@ -1,9 +1,9 @@
-// Formulas in their classical shape, for hosts that calculate a grid or a shift step by step.
+// Formulas in their classical form, for hosts that compute a grid or a shift step by step.
 //
-// No conversion of the library calls them: it takes the same values from tables that are computed at compile
-// time and from closed forms in place of iterations, which is several times faster. Both agree to the
-// roundings of the classical form. Angles are radians, lengths metres, unless a comment says otherwise. The
-// headers of the systems, whose structures the functions take, include this one.
+// The library's own conversions don't call them. They take the same values from tables computed at compile
+// time, and from closed forms instead of iterations, several times as fast; both agree to within the
+// roundings of the classical form. Angles are in radians and lengths in metres unless a comment says
+// otherwise. The headers of the systems, whose structs the functions take, include this header.
 #pragma once
 
 #include <cstdint>
@@ -19,13 +19,13 @@ struct UpsConstants;  // ups.h
 
 // -- Datums
 
-// Parameters for the way from a datum to WGS84 and back. KOORD_ERR_DATUM for an id outside 0..238 (*p is then
-// unchanged), else KOORD_OK.
+// The parameters of a shift from a datum to WGS84, or from WGS84 to a datum. KOORD_OK, or KOORD_ERR_DATUM,
+// with *p unchanged, for an id outside 0..238.
 KoordStatus Datum_LoadToHub(std::int32_t datum, HubParams* p);
 KoordStatus Datum_LoadFromHub(std::int32_t datum, HubParams* p);
 
-// Shifts a position in degrees, also in place. KOORD_ERR_DATUM if either id is
-// outside 0..238 (`out` is then unchanged), else KOORD_OK. The longitude isn't brought into -180..180.
+// Shifts a position in degrees; `in` and `out` may be one array. KOORD_OK, or KOORD_ERR_DATUM, with `out`
+// unchanged, if either id is outside 0..238. The longitude isn't brought into -180..180.
 KoordStatus Datum_Shift(const double in[2], double out[2], const HubParams* toHub, const HubParams* fromHub,
                         std::int32_t sourceDatum, std::int32_t targetDatum);
 
@@ -37,17 +37,16 @@ KoordStatus TM_ForwardParam(const double latLon[2], const TmParams* p, double* e
 KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, double latLon[2],
                             const TmConstants* forward, const TmConstants* inverse);
 
-// Rectifying arc of a latitude on a unit ellipsoid.
+// The rectifying arc of a latitude on a unit ellipsoid.
 void TM_Arc(double lat, const double arcCoef[5], double* result);
-// Isometric latitude of a latitude on an ellipsoid of eccentricity e (0.0: the sphere).
+// The isometric latitude of a latitude on an ellipsoid of eccentricity e (0.0: the sphere).
 void IsometricLatitude_Tm(double lat, double e, double* psi);
-// The latitude of an isometric latitude, iterated until a step is at most `tolerance`. A NaN ends the
-// iteration.
+// The latitude of an isometric latitude. The iteration ends at a step of at most `tolerance`, or with a NaN.
 void LatitudeFromIsometric(double psi, double e, double tolerance, double* lat);
 
 // -- Universal Polar Stereographic
 
-// KOORD_ERR_DATUM for an id outside 0..238 (*c is then unchanged), else KOORD_OK.
+// KOORD_OK, or KOORD_ERR_DATUM, with *c unchanged, for an id outside 0..238.
 KoordStatus UPS_LoadConstants(std::int32_t datum, UpsConstants* c);
 
 // -- CH, the Swiss national grid
@@ -66,11 +65,11 @@ void CH_LoadConstants(CHConstants* constants);
 
 // -- RD, the Dutch national grid
 
-// Geometric mean of the radii of curvature at a latitude.
+// The geometric mean of the radii of curvature at a latitude.
 [[nodiscard]] double RD_MeanRadius(double lat, double a, double e2);
 
-// Latitude on the Gaussian sphere of a latitude on an ellipsoid of eccentricity e, and back. n and m are the
-// sphere's exponent and factor.
+// The latitude on the Gaussian sphere of a latitude on an ellipsoid of eccentricity e, and back. n and m are
+// the exponent and the factor of the sphere.
 [[nodiscard]] double RD_GaussLatitude(double lat, double e, double n, double m);
 [[nodiscard]] double RD_LatitudeFromGauss(double b, double e, double n, double m);
 

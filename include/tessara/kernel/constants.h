@@ -1,5 +1,5 @@
-// Numbers that are part of the contract. They are written exactly as the contract has them: pi/180 and
-// 180/pi are truncated decimals, and results depend on their last bits.
+// Numbers that are part of the contract. pi/180 and 180/pi are truncated decimals on purpose: results depend
+// on their last bits, and stored ones must agree to the last digit.
 #pragma once
 
 #include <cstdint>
@@ -20,10 +20,10 @@ inline constexpr std::int32_t DATUM_KKJ = 8;    // counts its GK strips from 18 
 inline constexpr double WGS84_A = 6378137.0;
 inline constexpr double WGS84_F = 0.0033528106647474805;
 
-// What UTM counts the northings of the southern hemisphere up by: there the equator is at 10000000 metres.
+// The false northing of UTM in the south: there the equator has the northing 10000000 m.
 inline constexpr double UTM_SOUTHERN_FALSE_NORTHING = 1.0e7;
 
-// Zones and strips count their eastings from half a million west of the central meridian.
+// The easting of the central meridian of a zone or strip.
 inline constexpr double ZONE_FALSE_EASTING = 500000.0;
 inline constexpr std::int16_t UTM_ZONE_COUNT = 60;
 inline constexpr std::int16_t DEFAULT_UTM_ZONE = 30;  // of a position that nothing is known of
@@ -36,10 +36,10 @@ inline constexpr std::int16_t DEFAULT_UTM_ZONE = 30;  // of a position that noth
     return zone >= 1 && zone <= UTM_ZONE_COUNT;
 }
 
-// A strip's number stands in the millions of its easting.
+// The factor of the strip number in an easting.
 inline constexpr double STRIP_MILLION = 1.0e6;
 
-// The Austrian meridians, degrees east of Ferro, and the eastings of their central lines.
+// The Austrian meridians in degrees east of Ferro, and the eastings of their central lines.
 inline constexpr std::int16_t AUSTRIAN_MERIDIANS[3] = {28, 31, 34};
 inline constexpr double BMN_FIRST_CENTRE = 150000.0;
 inline constexpr double OEM_FIRST_CENTRE = 450000.0;

@@ -1,12 +1,23 @@
-// The conversion of records, in three phases: the source form to latitude, longitude and height on the source
-// datum; a datum shift, skipped when the two datum ids are equal; the position to the target form.
+// The conversion of records between coordinate systems and datums.
 //
-// The target's `datum` and `type` say what is wanted and are never written. Parameters travel in the record:
-// a TM, VDG or LAMBERTCC target carries its projection parameters; a UTM, UTMREF, GK, GK6, BMN, OEM or GK-AT
-// target may carry a wanted zone or meridian. A zero-cleared GK target carries the legal wanted meridian 0:
-// whoever wants the natural strip sets NO_WANTED_ZONE.
+// Example: WGS84 degrees become Gauss-Krueger on the German datum, in the natural strip.
 //
-// Pure functions of the two records and constant tables: no state, no allocation, any thread at any time.
+//     tessara::GkPayload natural{};
+//     natural.wantedMeridian = tessara::NO_WANTED_ZONE;
+//     tessara::tagKOORD gk = tessara::MakeKoord(3, tessara::KOORD_GK);  // datum 3, GER
+//     tessara::Store(gk, natural);
+//     if (tessara::KoordConvert(&degrees, &gk) != tessara::KOORD_OK) return;
+//     const auto grid = tessara::Load<tessara::GkPayload>(gk);
+//     // 48.1375 11.5755 on WGS84 is in strip 4: 4468503.333 5333304.779
+//
+// The target is input, too: its `datum` and `type` select the result and are never written. TM, VDG and
+// LAMBERTCC targets contain the parameters of their projection. Targets with zones contain a wanted zone
+// (UTM, UTMREF) or meridian (GK, GK6, BMN, OEM, GK-AT). Set NO_WANTED_ZONE for the natural strip of GK and
+// GK6: in a record of zeros the wanted meridian is 0, which is a legal one.
+//
+// A position is converted to degrees on the source's datum, shifted to the target's datum if that is another
+// one, and converted to the target's system. The functions depend on their arguments only and allocate
+// nothing; any thread may call them at any time.
 #pragma once
 
 #include <cstddef>
@@ -17,40 +28,43 @@
 
 namespace tessara {
 
-// KoordConvertEx with the range tests on.
+// KoordConvertEx with range checks.
 KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target);
 
-// `checkRange` equal to 1 turns the range tests of the target on, any other value turns them off. GEODEZ as a
-// target is never tested; LAMBERTCC as a target passes without the tests only.
+// Converts `source` into `target`. The target is checked against the limits of its system if `checkRange` is
+// 1, and not otherwise. A GEODEZ target is never checked; a LAMBERTCC target fails with range checks.
 //
-// KOORD_OK is success. KOORD_ERR_ZONE_DISTANT comes with a complete target. KOORD_ERR_DATUM (either datum
-// outside 0..238) is found before KOORD_ERR_TYPE (a pixel type, or a type above 23). A failure while reading
-// the source leaves the target as it was; a later one may leave it partly written. A null record is
-// KOORD_ERR_GENERAL.
+// KOORD_OK is success; KOORD_ERR_ZONE_DISTANT comes with a complete target, too. KOORD_ERR_DATUM (one of the
+// datums is outside 0..238) is found before KOORD_ERR_TYPE (a pixel type, or a type above 23). A null record
+// is KOORD_ERR_GENERAL. A failure in reading the source leaves the target unchanged; a later one may leave
+// it partly written.
+//
+// UTMREF and GEOREF are rounded where other libraries truncate, and longitudes on the border of two zones
+// that are 0 or negative belong to the western zone: utmref.h, georef.h and zone_systems.h have the details.
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange);
 
-// KoordConvertEx for source[i] and target[i], i = 0..count - 1 in this order: bit for bit the same records
-// and status[i] as from one call a record. What the datums, the types and the parameters of a TM or LAMBERTCC
-// record determine is computed once for a run of records in which they don't change, so sorted arrays are
-// faster than mixed ones. A failure ends nothing; the first one that isn't KOORD_OK is returned.
+// Converts source[i] into target[i] for i = 0..count - 1, in this order, to the same bits and status[i] as
+// one call of KoordConvertEx each. What depends on datums, types and the parameters of a TM or LAMBERTCC
+// record is computed once for a run of records in which they stay the same, so sorted arrays are faster than
+// mixed ones. A failure doesn't end the run. Returns the first status that isn't KOORD_OK, or KOORD_OK.
 //
 // The arrays of records may be the same or overlap in whole records: a target that is also a later source is
-// read as it was written. `status` overlaps neither and may be null, where what is returned is enough. For a
-// null array of records every status is KOORD_ERR_GENERAL. Parts of an array can be converted by several
-// threads at once if none writes what another reads.
+// read after it was written. `status` must overlap neither; it may be null. If an array of records is null
+// every status is KOORD_ERR_GENERAL. Several threads may convert parts of one array if none writes what
+// another reads.
 KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
                              std::int32_t checkRange, KoordStatus* status);
 
-// "N" and "S" stay, "n" becomes "N", "s" becomes "S", every other byte becomes "N".
+// Makes a hemisphere letter "S" if it is "S" or "s", and "N" whatever else it is.
 void Hemisphere_Normalise(char* letter);
 
-// Degrees, minutes and seconds. A negative value (or a NaN) gets the letter "W" or "S". Seconds above 59.999
-// carry into the minutes. The sign of stored degrees isn't looked at; only the exact letters "W" and "S"
-// negate. GEOGRAD has no room for a height.
+// Degrees, minutes and seconds. A negative value, or a NaN, gets the letter "W" or "S". Seconds above 59.999
+// carry into the minutes. In reading, the sign of the degrees is ignored, and only the exact letters "W" and
+// "S" make a value negative. GEOGRAD has no field for a height.
 void GEOGRAD_FromGeodetic(const double latLon[2], GeogradPayload* payload);
 void GEOGRAD_ToGeodetic(const GeogradPayload* payload, double latLon[2]);
 
-// Degrees and decimal minutes, without a carry; the height is copied.
+// Degrees and decimal minutes, without a carry. The height is copied.
 void GEODEZMIN_FromGeodetic(const double latLonHeight[3], GeodezMinPayload* payload);
 void GEODEZMIN_ToGeodetic(const GeodezMinPayload* payload, double latLonHeight[3]);
 

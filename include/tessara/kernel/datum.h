@@ -1,15 +1,21 @@
-// Geodetic datums: the constant tables and the shift between two datums.
+// Geodetic datums: the table of constants, and the shift between two datums.
 //
-// A datum is an ellipsoid and three translations toward WGS84. Every shift runs through the hub WGS84 with
+// Example: the name of a datum and the semi-major axis of its ellipsoid.
+//
+//     const char* name = tessara::Datum_Name(tessara::DATUM_WGS84);         // "WGS84"
+//     const double a = tessara::Datum_SemiMajorAxis(tessara::DATUM_WGS84);  // 6378137
+//
+// A datum is an ellipsoid and three translations toward WGS84. Every shift goes through WGS84, the hub, with
 // the standard Molodensky formulas (DMA TR 8350.2, "Department of Defense World Geodetic System 1984",
-// section 7) for a point of height 0: into the hub in one step, out of it in a step that is refined by
-// iterating the way in. The height of a position is no input and is never changed.
+// section 7) for a point of height 0. The way to the hub is one step. The way from the hub is one step, too,
+// and where it is large it is refined until its result shifts back onto the hub position. Heights are
+// neither read nor changed.
 //
-// Accuracy of the method: within 85 degrees of latitude a position shifted out and back returns with a median
-// error below 1e-10 degrees, 99 % of all pairs below 2e-7 degrees, and at worst 4e-6 degrees: the refinement
-// runs only for shifts above a thousandth of a degree. For the same reason the sphere (datum 0), whose step
-// out of the hub differs from the step into it by more than 1 %, misses by up to 1.2e-5 degrees within 0.2
-// degrees of the equator.
+// Within 85 degrees of latitude a position shifted to another datum and back returns with a median error
+// below 1e-10 degrees; 99 % of all pairs are below 2e-7 degrees, and the worst is 4e-6 degrees, since shifts
+// below a thousandth of a degree aren't refined. For the same reason the sphere (datum 0), whose steps in
+// the two directions differ by more than 1 %, has an error of up to 1.2e-5 degrees within 0.2 degrees of the
+// equator.
 #pragma once
 
 #include <cstdint>
@@ -55,11 +61,11 @@ struct DatumRow {
     std::uint32_t ellipsoid;  // an EllipsoidCode
     double a;                 // semi-major axis, metres
     double f;                 // flattening, 0.0 for the sphere
-    double dx, dy, dz;        // translation from this datum to WGS84, metres
+    double dx, dy, dz;        // translation toward WGS84, metres
     double e2;                // first eccentricity squared, 2f - f*f
 };
 
-// One direction of a shift: the ellipsoid it starts on, the differences of the ellipsoids and the
+// One direction of a shift: the ellipsoid of its start, the differences between the ellipsoids, and the
 // translation.
 struct HubParams {
     double f, a, e2;
@@ -71,21 +77,22 @@ struct HubParams {
 [[nodiscard]] const DatumRow* Datum_Row(std::int32_t datum);
 [[nodiscard]] const char* Datum_Name(std::int32_t datum);
 
-// The name of an ellipsoid; null for a number outside the codes and for the nameless user-defined one.
+// The name of an ellipsoid; null for a number that is no EllipsoidCode and for the user-defined ellipsoid,
+// which has none.
 [[nodiscard]] const char* Ellipsoid_Name(std::int32_t ellipsoid);
 
 // Semi-major axis in metres and eccentricity squared; -1.0 for an id outside 0..238.
 [[nodiscard]] double Datum_SemiMajorAxis(std::int32_t datum);
 [[nodiscard]] double Datum_EccentricitySquared(std::int32_t datum);
 
-// One Molodensky step in place, degrees. With `keepOnGlobe` other than 0 a latitude that passes a pole is
-// reflected and its longitude turned by half a circle. A position that isn't a number stays none.
+// One Molodensky step in place, in degrees. If `keepOnGlobe` isn't 0, a latitude beyond a pole is reflected
+// and its longitude turned by 180 degrees. A NaN stays a NaN.
 void Molodensky_Apply(const HubParams* p, double latLon[2], std::int32_t keepOnGlobe);
-// The step into the hub.
+// The step from a datum to the hub.
 void Molodensky_ToHub(double latLon[2], const HubParams* p);
-// The way out of the hub to `datum`: one step, refined by at most four iterations of the way in where it
-// moves the position by more than 0.001 degrees. Non-convergence isn't reported: the fourth iteration stands.
-// For an id outside 0..238 the single step stands.
+// The way from the hub to `datum`: one step and, if that moves the position by more than 0.001 degrees, at
+// most four iterations that compare the result shifted back with the hub position. The fourth stands even if
+// it hasn't converged. For an id outside 0..238 the single step stands.
 void Molodensky_FromHub(double latLon[2], const HubParams* p, std::int32_t datum);
 
 }  // namespace tessara

@@ -1,11 +1,18 @@
-// The 64-byte coordinate record and its payloads.
+// The coordinate record of 64 bytes and its payloads.
 //
-// A record is little-endian with natural alignment and is copied bytewise. `datum` and `type` say what the 56
-// payload bytes mean; each type has one named struct below, read with Load<UtmPayload>(record) and written
-// with Store(record, payload). Bytes a type doesn't name are declared as `unused` members, so that reading
-// and writing a payload keeps them.
+// Example: a record of degrees is written and read.
 //
-// Latitudes and longitudes are degrees, positive north and east; grid values and heights are metres.
+//     tessara::tagKOORD record = tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_GEODEZ);
+//     tessara::Store(record, tessara::GeodezPayload{48.1375, 11.5755, 520.0});
+//     const auto position = tessara::Load<tessara::GeodezPayload>(record);
+//     const double longitude = position.longitude;  // 11.5755
+//
+// A record is little-endian with natural alignment, and is copied as bytes. `datum` and `type` say what the
+// 56 bytes of the payload mean; each type has one of the structs of this header. Bytes that a type doesn't
+// use are declared as `unused` members, so reading and writing a payload preserves them.
+//
+// Latitudes and longitudes are in degrees, positive to the north and east. Grid values and heights are in
+// metres.
 #pragma once
 
 #include <array>
@@ -71,7 +78,7 @@ struct FloatPixelPayload {
 struct UtmPayload {
     char hemisphere;  // 'N' or 'S'
     std::byte unused1;
-    std::int16_t wantedZone;  // input: zone 1..60 to force, anything else means the natural zone
+    std::int16_t wantedZone;  // input: the zone to convert into, 1..60; otherwise the natural one
     std::int16_t zone;        // 1..60
     std::byte unused2[2];
     double easting;
@@ -123,14 +130,14 @@ struct GeorefPayload {
 struct GkPayload {  // GK and GK6
     char letter;    // carried along by the object layer; no calculation reads it
     std::byte unused1;
-    std::int16_t wantedMeridian;  // input: central meridian to force, degrees; only a legal value counts
+    std::int16_t wantedMeridian;  // input: the meridian to convert to, in degrees, if the system has it
     std::byte unused2[4];
-    double easting;  // with the strip number in the millions
+    double easting;  // strip number times 1000000 included
     double northing;
 };
 
 struct BmnPayload {               // BMN, OEM and GK-AT
-    std::int16_t wantedMeridian;  // input: 28, 31 or 34 forces that meridian (degrees east of Ferro)
+    std::int16_t wantedMeridian;  // input: the meridian to convert to, degrees east of Ferro: 28, 31 or 34
     std::int16_t meridian;        // 28, 31 or 34
     std::byte unused1[4];
     double easting;
@@ -210,7 +217,8 @@ struct LambertCCPayload {
 template <class Payload>
 concept KoordPayload = std::is_trivially_copyable_v<Payload> && sizeof(Payload) <= sizeof(tagKOORD::payload);
 
-// The types whose records hold a payload; none for a caller's own struct, which may be laid over any record.
+// The types whose records have this payload; none for a struct of the caller, which may be laid over any
+// record.
 template <class Payload>
 inline constexpr std::array<KoordType, 0> TYPES_OF{};
 template <>
@@ -257,8 +265,8 @@ template <KoordPayload Payload>
     return false;
 }
 
-// The payload of a record. The record has to be of the payload's type: debug builds stop at another one,
-// release builds give its bytes. Where the type isn't known, use LoadIf.
+// The payload of a record of the payload's type. For a record of another type debug builds stop, and release
+// builds return its bytes; use LoadIf where the type isn't known.
 template <KoordPayload Payload>
 [[nodiscard]] inline Payload Load(const tagKOORD& record) {
     assert(IsPayloadOf<Payload>(record.type));

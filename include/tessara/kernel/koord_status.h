@@ -1,5 +1,5 @@
-// The kernel's status codes. 1 is success, 0 the plain failure of Geodesic_Inverse, everything else is
-// negative. Every status that exists in the kernel stands here and nowhere else.
+// The status codes of the kernel: 1 is success, 0 the failure of Geodesic_Inverse, all others are negative.
+// No other file defines one.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ using KoordStatus = std::int32_t;
 inline constexpr KoordStatus KOORD_OK = 1;              // success
 inline constexpr KoordStatus GEODESIC_NO_SOLUTION = 0;  // no geodesic was found
 
-inline constexpr KoordStatus KOORD_ERR_GENERAL = -3000;        // a reference or grid that can't be resolved
+inline constexpr KoordStatus KOORD_ERR_GENERAL = -3000;        // unresolvable reference or grid
 inline constexpr KoordStatus KOORD_ERR_DATUM = -3104;          // datum id outside 0..238
 inline constexpr KoordStatus KOORD_ERR_MERIDIAN = -3204;       // illegal strip prefix or meridian field
 inline constexpr KoordStatus KOORD_ERR_UTM_ZONE = -3208;       // UTM zone outside 1..60 on input
@@ -23,8 +23,8 @@ inline constexpr KoordStatus KOORD_ERR_TYPE = -3400;           // coordinate typ
 inline constexpr KoordStatus KOORD_ERR_PIXEL_TYPE = -3404;     // a map function got a record without pixels
 inline constexpr KoordStatus KOORD_ERR_OUTSIDE = -3410;        // the position has no GEOREF letters
 
-// Never a final result: the verdict on this target type is found on the finished record.
-inline constexpr KoordStatus KOORD_CHECK_AFTER = -3705;  // to be decided; internal
+// Internal: the limits of this target type are checked on the finished record. No conversion returns it.
+inline constexpr KoordStatus KOORD_CHECK_AFTER = -3705;  // internal
 
 inline constexpr KoordStatus KOORD_ERR_UTM_LON = -3706;             // UTM or UTMREF longitude
 inline constexpr KoordStatus KOORD_ERR_UTM_LAT = -3708;             // UTM or UTMREF latitude
@@ -105,8 +105,8 @@ inline constexpr StatusText STATUS_TEXTS[] = {
 
 }  // namespace internal
 
-// What a status says, as a clause without a full stop: "the datum number is outside 0..238". For messages;
-// programs compare numbers. "unknown status" for a number that is none.
+// The meaning of a status as a clause without a full stop: "the datum number is outside 0..238". It is for
+// messages; programs compare numbers. "unknown status" for any other number.
 [[nodiscard]] constexpr const char* Koord_StatusText(KoordStatus status) {
     for (const internal::StatusText& row : internal::STATUS_TEXTS) {
         if (row.status == status) return row.text;

@@ -1,6 +1,6 @@
-// Lambert's conformal conic projections on the ellipsoid (J. P. Snyder, "Map Projections: A Working Manual",
-// USGS Professional Paper 1395, 1987, section 15): LambertCC with free parameters, LambertFR with those of
-// the four French zones. Positions are degrees, grid values metres.
+// Lambert's conformal conic projections on the ellipsoid: LambertCC with free parameters, LambertFR with
+// those of the four French zones (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper
+// 1395, 1987, section 15). Positions are in degrees, grid values in metres.
 #pragma once
 
 #include <cstdint>
@@ -25,17 +25,18 @@ struct LambertCC {
     double rho0;  // radius of the parallel of origin in the plane, metres
 };
 
-// Prepares a cone; latitudes and longitudes in degrees. KOORD_ERR_DATUM for an id outside 0..238 (*lcc is
-// then all zero, and a projection with it gives no position), else KOORD_OK. Parallels that are opposite or
-// lie at a pole make no cone: a projection with them gives NaN or infinite values.
+// Prepares a cone; latitudes and longitudes are in degrees. KOORD_OK, or KOORD_ERR_DATUM for an id outside
+// 0..238: *lcc is then all zero, and projecting with it gives no position. Opposite parallels, and parallels
+// at a pole, make no cone: projecting gives NaN or infinite values.
 KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel2, double scale,
                            double falseEasting, double falseNorthing, double lat0, double lon0,
                            LambertCC* lcc);
 void LambertCC_Forward(const double latLon[2], double* easting, double* northing, const LambertCC* lcc);
 void LambertCC_Inverse(double easting, double northing, double latLon[2], const LambertCC* lcc);
 
-// A French zone: a cone that touches at `lat0`; the grid's scale is within `radius0`, the radius of that
-// parallel in the plane. The constants are those of the published tables, rounded to 1 cm.
+// A French zone: a cone that touches the ellipsoid at `lat0`. The scale of the grid is contained in
+// `radius0`, the radius of that parallel in the plane. The constants are those of the published tables,
+// rounded to 1 cm.
 struct LambertFR {
     std::int32_t zone;  // 1..4
     std::int32_t datum;
@@ -47,12 +48,12 @@ struct LambertFR {
     double radius0;  // metres
 };
 
-// Sets the record up. A zone outside 1..4 leaves `lat0`, `x0`, `y0` and `radius0` as they are, which must
-// have been set then, and sets the rest, `n` from the `lat0` that is there; in a record of zeros, projecting
-// gives no position. A datum id outside 0..238 makes every result NaN.
+// Prepares a zone. For a zone outside 1..4 the caller must have set `lat0`, `x0`, `y0` and `radius0`: they
+// stay, and the rest is set, with `n` from that `lat0`; with a record of zeros projecting gives no position.
+// A datum id outside 0..238 makes every result a NaN.
 void LambertFR_Init(std::int32_t zone, std::int32_t datum, LambertFR* lambert);
 void LambertFR_Forward(const double latLon[2], double* x, double* y, const LambertFR* lambert);
-// The apex of the cone gives NaN; beyond it the angle is taken as if it were before.
+// The apex of the cone gives NaN. Beyond it the angle is that of the opposite point before it.
 void LambertFR_Inverse(double x, double y, double latLon[2], const LambertFR* lambert);
 
 }  // namespace tessara

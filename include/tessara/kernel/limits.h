@@ -1,5 +1,5 @@
-// The limits of the systems: how far a position may lie in them. A value equal to a limit is inside, and the
-// conversions put a value that lands within a hair of a limit onto it.
+// The limits of the systems. A limit belongs to the area: only values beyond it are outside. Conversions
+// move a value closer than the tolerance onto the limit.
 #pragma once
 
 namespace tessara {
@@ -25,7 +25,7 @@ inline constexpr Limits RD_LIMITS{-100000.0, 400000.0, 200000.0, 700000.0};
 inline constexpr Limits PO_MILITARY_LIMITS{-800000.0, 1200000.0, -700000.0, 1300000.0};
 inline constexpr Limits LUREF_LIMITS{0.0, 200000.0, 0.0, 200000.0};
 
-// Strictly closer to a limit than this is the limit.
+// A value at less than this distance from a limit becomes the limit.
 inline constexpr double LIMIT_TOLERANCE_DEGREES = 1e-7;
 inline constexpr double LIMIT_TOLERANCE_METRES = 0.0001;
 

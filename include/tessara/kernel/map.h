@@ -1,41 +1,56 @@
-// Maps: raster images whose pixels stand in a fixed relation to positions on the earth. One record, MapParam,
-// describes a map completely; two functions turn a pixel into a position and a position into a pixel.
+// Maps: raster images in which each pixel has a position. A MapParam describes a map completely; one
+// function converts a pixel to a position, another a position to a pixel.
 //
-// There are three kinds of maps. On a grid map the raster is parallel to the axes of a coordinate system; the
-// record has the grid value of pixel (0, 0) and the size of a pixel. A reference-point map is drawn in a
-// projection of its own, and one point of known position and pixel ties the projection's plane to the raster.
-// A polynomial map has coefficients for both directions, fitted elsewhere. Nothing is fitted here.
+// Example: the pixel of a position on a map of 100 pixels a degree whose pixel (0, 0) is at 10 degrees east,
+// 50 north.
 //
-// Columns grow to the right, rows grow downward. Angles are degrees, positive north and east; grid values are
-// metres.
+//     tessara::MapParam map;
+//     map.type = tessara::MAP_DD;
+//     map.datum = tessara::DATUM_WGS84;
+//     tessara::Store(map, tessara::MapDdParams{10.0, 50.0, 100.0, 100.0});
+//     tessara::tagKOORD pixel = tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_FLOATPIXEL);
+//     if (tessara::MapWorldToPixel(&map, &degrees, &pixel) != tessara::KOORD_OK) return;
+//     const auto [x, y] = tessara::Load<tessara::FloatPixelPayload>(pixel);
+//     // 48.1375 north 11.5755 east is 157.55 186.25
 //
-// What a careful user should know:
-// - World to pixel and back returns the pixel to within 1e-3 except on CH maps, whose positions are whole
-//   metres from the origin: to the right of and below the origin pixel the way back is off by up to 0.5 m,
-//   to the left and above by up to 1.5 m, because half a metre is added whatever the sign and the rest is
-//   cut; on POLYNOM maps, which return within a tenth of a pixel, or as far off as their pairs of
-//   polynomials disagree where refining doesn't help; and on WAGNER-IV maps, which are drawn on the sphere,
-//   for positions on another datum. Theirs is the error of the shift to the sphere and back: up to 1.3 m
-//   within a sixth of a degree of the equator, where the shift is less than 0.001 degrees and isn't refined,
-//   0.15 m from there to 75 degrees of latitude and 1 m beyond.
-// - GAUKRU and GAUKRU6 maps with a meridian west of Greenwich never turn a pixel of their strip into a
-//   position (KOORD_ERR_GK_EAST), nor do GAUKRU maps on the datum KKJ whose eastings have the strip numbers
-//   that this library uses there, which count from 18 degrees east. The way to the pixel works on both.
-// - Longitudes are never brought to a map's side of the globe: 170 degrees west on a map about the date line
-//   that is no grid map is 190 degrees.
-// - MERCATOR maps converge well for standard parallels up to about 55 degrees. From about 60 degrees on the
-//   way from the pixel becomes slow, about a millisecond a pixel, and beyond about 67 degrees it may end at
-//   89.991 degrees of latitude instead of at the position.
-// - VAN_DER_GRINTEN maps lose precision on the way from the pixel close to their parallel of origin, where
-//   the circles of latitude degenerate to a line: within a hundredth of a degree of it a position may be off
-//   by some 0.0004 degrees. At a pole a millionth of a degree is kilometres in the plane, so that rounding
-//   decides where a pixel there comes back to.
-// - No number of a map is checked. A resolution, a scale or a pixel size of 0, or a number that isn't finite,
-//   gives positions and pixels without a meaning, which may look like any other; a whole pixel for one that
-//   isn't finite is -2147483648.
+// There are three kinds of maps. On a grid map the raster is parallel to the axes of a coordinate system,
+// and the record has the position of pixel (0, 0) and the size of a pixel. A reference-point map is drawn in
+// its own projection, and one point whose position and pixel are known ties the projection to the raster. A
+// polynomial map has coefficients for both directions; they come from outside, since this library fits
+// nothing.
 //
-// Pure functions of their arguments: no state, no allocation, any thread at any time. Nothing is kept between
-// calls, so that the constants of a projection are worked out for each pixel.
+// Columns grow to the right, rows grow downward. Angles are in degrees, positive to the north and east;
+// lengths and grid values are in metres.
+//
+// How accurate maps are, and where they fail:
+//
+//   - A position converted to a pixel and back gives the same pixel to within 1e-3, with three exceptions.
+//     CH maps have positions in whole metres from the origin; the way back is off by up to 0.5 m to the
+//     right of and below the origin pixel, and by up to 1.5 m to the left and above, because half a metre is
+//     added whatever the sign before the rest is cut. POLYNOM maps return within a tenth of a pixel, or as
+//     far off as their pairs of polynomials disagree where refining doesn't help. WAGNER-IV maps are drawn
+//     on the sphere, and a position on another datum returns with the error of the shift to the sphere and
+//     back: up to 1.3 m within a sixth of a degree of the equator, where the shift is less than 0.001
+//     degrees and isn't refined, 0.15 m from there to 75 degrees of latitude, and 1 m beyond.
+//   - GAUKRU and GAUKRU6 maps with a meridian west of Greenwich convert no pixel of their strip to a
+//     position (KOORD_ERR_GK_EAST). Neither do GAUKRU maps on the datum KKJ if their eastings have this
+//     library's strip numbers for that datum, which count from 18 degrees east. Positions convert to pixels
+//     on both.
+//   - Longitudes aren't brought to the map's side of the globe. On a map around the date line that isn't a
+//     grid map, 170 degrees west is 190 degrees.
+//   - MERCATOR maps converge well for standard parallels up to about 55 degrees. From about 60 degrees
+//     pixels convert slowly, in about a millisecond each; beyond about 67 degrees the result may be latitude
+//     89.991 instead of the position.
+//   - VAN_DER_GRINTEN maps lose precision near their parallel of origin, where the circles of latitude
+//     become a straight line: within a hundredth of a degree of it the position of a pixel may be off by
+//     some 0.0004 degrees. At a pole a millionth of a degree is kilometres in the plane, so rounding decides
+//     about the position of a pixel there.
+//   - Numbers of a map aren't checked. With a resolution, a scale or a pixel size of 0, or a number that
+//     isn't finite, positions and pixels have no meaning but may look like others. A whole pixel that isn't
+//     finite is -2147483648.
+//
+// The functions depend on their arguments only and allocate nothing; any thread may call them at any time.
+// They compute the constants of the projection anew for each pixel.
 #pragma once
 
 #include <cstddef>
@@ -49,10 +64,10 @@
 
 namespace tessara {
 
-// A point of known position and pixel. `world` is a record of any datum and type that can be converted. Nodes
-// behind the first belong to the map object that holds the record, which ends each with `delete`: a chain
-// that is given to one (map_param_internal.h) has its nodes from `new` of the C++ runtime that the library
-// uses. Records that no object holds own nothing, and the kernel reads the first node only.
+// A point whose position and pixel are known. `world` is a record of any convertible datum and type. The
+// kernel reads the first node only. The nodes after it belong to the map object that holds the record, which
+// deletes each with `delete`: in a list passed to a map object (map_param_internal.h) they come from `new`
+// of the C++ runtime that the library uses. A record that no object holds owns no nodes.
 struct MapReferenceNode {
     tagKOORD world{};
     std::int32_t pixelX = 0;
@@ -87,9 +102,9 @@ enum MapType : std::uint32_t {
 
 inline constexpr std::uint32_t MAP_TYPE_COUNT = 22;
 
-// The parameters by type. In a grid's parameters the origin is the grid value of pixel (0, 0), and the fields
-// in front of it lie where the grid's record has them. No field is checked before the map is used. Doubles
-// behind smaller fields state their alignment, which is 4 bytes on some 32-bit systems.
+// The parameters by type. For a grid map the origin is the position of pixel (0, 0), and the fields before
+// it have the offsets of the grid's payload. Nothing is checked before the map is used. Doubles behind
+// smaller fields state their alignment, which is 4 bytes on some 32-bit systems.
 
 struct MapUtmParams {
     char hemisphere;    // 'N' or 'S'
@@ -101,7 +116,7 @@ struct MapUtmParams {
 struct MapGkParams {                                  // GAUKRU and GAUKRU6
     std::int16_t unused;                              // no function reads it
     std::int16_t meridian;                            // central meridian, degrees
-    alignas(8) double originEasting, originNorthing;  // the easting with the strip number in the millions
+    alignas(8) double originEasting, originNorthing;  // strip number times 1000000 in the easting
     double metresPerPixelX, metresPerPixelY;
 };
 
@@ -193,13 +208,14 @@ struct MapNoneParams {
 
 inline constexpr std::size_t MAP_PARAMS_SIZE = 328;
 
-// A new one describes no map. Grid maps, POLYNOM and LAMBERTCC read neither reference nor scale; LAMBERT2 and
-// LAMBERTFR read the pixel of the reference and the scale; MERCATOR, AZYL, VAN_DER_GRINTEN and WAGNER-IV read
-// both and the scale. WAGNER-IV is drawn on the sphere (datum 0) and doesn't read the datum.
+// The record of a map; a new one describes none. Grid maps, POLYNOM and LAMBERTCC read neither reference nor
+// scale. LAMBERT2 and LAMBERTFR read the pixel of the reference and the scale. MERCATOR, AZYL,
+// VAN_DER_GRINTEN and WAGNER-IV read position and pixel of the reference and the scale. WAGNER-IV is drawn
+// on the sphere (datum 0) and doesn't read the datum.
 //
-// A copy has the pointer to the chain of reference points and not a chain of its own.
+// A copy shares the linked list of reference points: it copies the pointer.
 struct MapParam {
-    std::uint32_t referenceCount = 0;    // in the chain; no calculation reads it
+    std::uint32_t referenceCount = 0;    // in the list; no calculation reads it
     MapReferenceNode reference;          // the only one that a calculation reads
     std::int32_t scaleDenominator = 0;   // N of the scale 1:N
     alignas(8) double resolution = 0.0;  // pixels per millimetre of the sheet
@@ -226,30 +242,30 @@ inline void Store(MapParam& map, const Params& params) {
     std::memcpy(map.params, &params, sizeof params);
 }
 
-// The position of a pixel. `pixel` is a LONGPIXEL or FLOATPIXEL; its datum isn't read. `world` says with its
-// datum and type (and parameters, as for KoordConvert) what is wanted. A geographic target isn't range
-// checked, and neither is the map's own system; any other is. The height is 0, on a WAGNER-IV map that of the
-// reference.
+// Converts a pixel to a position. `pixel` is a LONGPIXEL or FLOATPIXEL; its datum is ignored. The datum and
+// type of `world`, and its parameters as for KoordConvert, select the result. A geographic target and the
+// map's own system are not checked against their limits; any other system is. The height is 0, on a
+// WAGNER-IV map that of the reference.
 //
 // KOORD_OK, or
 //   KOORD_ERR_PIXEL_TYPE  `pixel` isn't a pixel; found before
 //   KOORD_ERR_MAP_TYPE    a type outside 2..21
-//   KOORD_ERR_GK_EAST     the pixel of a GAUKRU or GAUKRU6 map lies outside its strip
+//   KOORD_ERR_GK_EAST     the pixel of a GAUKRU or GAUKRU6 map is outside its strip
 //   KOORD_ERR_TYPE        the map has no position for the pixel
 //   KOORD_ERR_GENERAL     a null argument
 //   any other status of the conversion into `world`
-// `world` is unchanged but for a failure late in that conversion, which may leave it partly written.
+// `world` is unchanged then, except that a failure late in that conversion may leave it partly written.
 //
-// AZYL and WAGNER-IV maps whose reference can't be converted give latitude 0, longitude 0, and KOORD_OK; a
-// WAGNER-IV map gives the position of its reference, and KOORD_OK, for a row that isn't finite.
+// AZYL and WAGNER-IV maps whose reference can't be converted give KOORD_OK with latitude 0 and longitude 0.
+// A WAGNER-IV map gives KOORD_OK with the position of its reference for a row that isn't finite.
 KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD* world);
 
-// The pixel of a position. The type of `pixel` says which form is wanted: FLOATPIXEL, or LONGPIXEL, rounded
-// half away from zero (-2147483648 for a value that doesn't fit); its datum is neither read nor written. A
-// position beside the map has a pixel like any other. `world` is converted into the map's system: a grid map
-// refuses what its system refuses, but a UTM map takes positions beyond 180 degrees, however far from its
-// zone (more than 90 degrees away a pixel is that of another place), and a GAUKRU or GAUKRU6 map positions
-// beside its strip's million.
+// Converts a position to a pixel, which may be beside the map. The type of `pixel` selects the form:
+// FLOATPIXEL, or LONGPIXEL, rounded half away from zero (-2147483648 for a value that doesn't fit). Its
+// datum is neither read nor written. `world` is converted into the map's system, with the failures of that
+// system; but a UTM map accepts positions beyond 180 degrees and at any distance from its zone (more than 90
+// degrees away the pixel is that of another place), and a GAUKRU or GAUKRU6 map accepts eastings outside its
+// strip's million.
 //
 // KOORD_OK, or
 //   KOORD_ERR_MAP_TYPE       a type outside 2..21; found before anything else

@@ -1,22 +1,23 @@
-// The two directions of each map type, for callers who know the type of their map: without the choice of the
-// type, the conversion into a wanted system and the rounding to whole pixels that MapPixelToWorld and
-// MapWorldToPixel (map.h) add.
+// The two directions of each map type, for callers who know the type of their map. They leave out what
+// MapPixelToWorld and MapWorldToPixel (map.h) add: the choice of the type, the conversion into a wanted
+// system and the rounding to whole pixels.
 //
 //     MapMercator_WorldToPixel(&map, &world, &x, &y);
 //
-// `map->type` isn't read but by MapLambert, which serves LAMBERT2 and LAMBERTCC; MapTm serves TM, PO_MILITARY
-// and LUREF, MapRd serves STEREOGR_NL, and the other names say their types. `map->params` holds the struct of
-// the type. No pointer may be null, and numbers aren't checked, as map.h says.
+// `map->params` holds the struct of the type. `map->type` is ignored, except by MapLambert, which serves
+// LAMBERT2 and LAMBERTCC. MapTm serves TM, PO_MILITARY and LUREF, MapRd serves STEREOGR_NL; the other names
+// are those of their types. No pointer may be null, and numbers aren't checked, as map.h says.
 #pragma once
 
 #include "tessara/kernel/map.h"
 
 namespace tessara {
 
-// The position of pixel (x, y), as a record of the type's own system and datum. Every byte of *out comes in
-// as zero. GAUKRU and GAUKRU6 give KOORD_ERR_GK_EAST for a pixel outside the strip and leave *out alone. All
-// others give KOORD_OK, also where a pixel has no position: *out stays as it came in then, and a record of
-// type 0 can't be converted any further; AZYL and WAGNER-IV leave the record in degrees that they reached.
+// The position of pixel (x, y), as a record of the type's own system and datum. *out must come in with every
+// byte zero. GAUKRU and GAUKRU6 return KOORD_ERR_GK_EAST, with *out unchanged, for a pixel outside the
+// strip. All others return KOORD_OK, also for a pixel without a position: *out is then unchanged, and a
+// record of type 0 doesn't convert any further; AZYL and WAGNER-IV leave the record in degrees as far as
+// they got.
 using MapPixelToWorldFunction = KoordStatus(const MapParam* map, double x, double y, tagKOORD* out);
 
 MapPixelToWorldFunction MapUtm_PixelToWorld, MapGk_PixelToWorld, MapGk6_PixelToWorld, MapBmn_PixelToWorld,

@@ -1,5 +1,7 @@
-// The vocabulary of the system: numbers and names of projections, map types and coordinate types. No
-// calculation looks anything up here; the tables fix the numbering. They need no library to link with.
+// The numbers and names of projections, map types and coordinate types. They fix the numbering; no
+// calculation looks anything up here, and no library is needed to link with.
+//
+//     const char* name = CoordinateType_Name(KOORD_UTM);  // "UTM"
 #pragma once
 
 #include <array>
@@ -66,8 +68,9 @@ inline constexpr std::array<NameRow, 23> COORDINATE_TYPES{{
 
 }  // namespace internal
 
-// The tables, in the order of the vocabulary; van der Grinten stands last and out of sequence. 22 rows with
-// the numbers 0..21, 18 rows with 0..17, and 23 rows with 0..22: coordinate type 23 has no name.
+// The tables: 22 projections with the numbers 0..21, 18 map types with 0..17, and 23 coordinate types with
+// 0..22 (type 23 has no name). Rows are in the order of their numbers, except that van der Grinten comes
+// last.
 [[nodiscard]] constexpr std::span<const NameRow> Projection_Names() {
     return internal::PROJECTIONS;
 }
@@ -78,7 +81,7 @@ inline constexpr std::array<NameRow, 23> COORDINATE_TYPES{{
     return internal::COORDINATE_TYPES;
 }
 
-// The name of a number; null for a number that has none.
+// The name of a number; null for a number without one.
 [[nodiscard]] constexpr const char* Projection_Name(std::int32_t projection) {
     return internal::NameIn(internal::PROJECTIONS, projection);
 }

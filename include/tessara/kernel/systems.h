@@ -1,5 +1,5 @@
 // The coordinate types as data: names, units, and the fields of their records. A program that lists, writes
-// or reads positions of any system walks these instead of switching over types:
+// or reads positions of any system uses them instead of a switch over the types:
 //
 //     for (const OutputField& field : System_Outputs(KOORD_UTM)) std::cout << field.name << ' ';
 //
@@ -17,7 +17,7 @@ namespace tessara {
 
 enum class Unit : std::uint8_t { Pixel, Degree, Metre };
 
-// What the bytes of a field are.
+// The type of a field's bytes.
 enum class FieldKind : std::uint8_t {
     None,
     Letter,      // a char
@@ -29,13 +29,13 @@ enum class FieldKind : std::uint8_t {
     Number,      // a double
 };
 
-// A field of a record, by its place in the payload.
+// A field of a record, by its offset in the payload.
 struct RecordField {
     FieldKind kind = FieldKind::None;
     std::uint8_t offset = 0;
 };
 
-// How a program shows a field.
+// How a program writes a field.
 enum class OutputKind : std::uint8_t {
     None,
     Letters,        // `count` chars, side by side
@@ -64,8 +64,7 @@ struct OutputField {
 // The fields of a type in the order in which programs list them; none for a type outside 0..22.
 [[nodiscard]] std::span<const OutputField> System_Outputs(std::int32_t type);
 
-// The fields that the north and the east text of a type are made of, in their order; none for a type without
-// texts.
+// The fields of the north and the east text of a type, in order; none for a type without texts.
 [[nodiscard]] std::span<const RecordField> System_NorthText(std::int32_t type);
 [[nodiscard]] std::span<const RecordField> System_EastText(std::int32_t type);
 

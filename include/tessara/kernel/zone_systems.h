@@ -1,21 +1,29 @@
-// Zoned grids that span the world: UTM and Gauss-Krueger in strips of 3 and of 6 degrees. All are transverse
-// Mercator on the ellipsoid of the record's datum (transverse_mercator.h has the method); what distinguishes
-// them is the choice of the central meridian and how the zone is written into the result.
+// UTM and Gauss-Krueger in strips of 3 and of 6 degrees: transverse Mercator on the ellipsoid of the
+// record's datum (transverse_mercator.h). They differ in their central meridians and in the fields that
+// state the zone:
 //
-//         central meridian            scale    false easting            false northing
-//   UTM   6 zone - 183                0.9996   500000                   0 north, 10000000 south
-//   GK    3 strip                     1        strip*1000000 + 500000   0
-//   GK6   6 strip - 3 (west: + 3)     1        strip*1000000 + 500000   0
+//          central meridian            scale    false easting            false northing
+//    UTM   6 zone - 183                0.9996   500000                   0 north, 10000000 south
+//    GK    3 strip                     1        strip*1000000 + 500000   0
+//    GK6   6 strip - 3 (west: + 3)     1        strip*1000000 + 500000   0
 //
-// UTM has none of the exceptions for Norway and Svalbard: its zone is a function of the longitude alone.
+// The UTM zone depends on the longitude alone: the exceptions for Norway and Svalbard don't exist here.
 // (UTM: DMA TM 8358.2, "The Universal Grids". Gauss-Krueger strips: Grossmann, "Geodaetische Rechnungen und
 // Abbildungen in der Landesvermessung", 1976.)
 //
-// West of Greenwich strips are numbered downward and the sign of the whole easting carries the side: 480000
-// in strip -2 is -2480000. On the datum KKJ the GK strips count from 18 degrees east.
+// Longitudes on the border of two UTM zones belong to the eastern zone if they are positive and to the
+// western zone if they are 0 or negative. Libraries that take the eastern zone everywhere differ from this
+// one at 0 and west of it:
 //
-// `latLon` is latitude and longitude in degrees, `forward` and `inverse` are the constants of the datum.
-// A longitude without a natural meridian is one that isn't finite or, for UTM, doesn't fit 32 bits.
+//    longitude    -180   -6    0    6   180
+//    zone           60   29   30   32     1
+//    elsewhere       1   30   31   32     1
+//
+// West of Greenwich strips have negative numbers, and the easting is negative as a whole: 480000 in strip -2
+// is -2480000. On the datum KKJ the GK strips count from 18 degrees east.
+//
+// `latLon` is latitude and longitude in degrees, `forward` and `inverse` are the constants of the datum. A
+// longitude without a natural meridian is one that isn't finite or, in UTM, one that doesn't fit 32 bits.
 #pragma once
 
 #include <cstdint>
@@ -26,39 +34,39 @@
 
 namespace tessara {
 
-// The central meridian, in whole degrees, of the zone in which a longitude lies; UNKNOWN_ZONE if it has none.
-// At longitude 0.0 the two 6 degree rules differ: UTM gives -3 (zone 30), GK6 gives 3. The UTM meridian isn't
-// brought into -180..180: longitude 180 gives 183, -180 gives -183.
+// The central meridian, in whole degrees, of the zone of a longitude; UNKNOWN_ZONE if there is none.
+// Longitude 0.0 belongs to the western zone in UTM (-3, zone 30) and to the eastern strip in GK6 (3). A UTM
+// meridian isn't brought into -180..180: longitude 180 gives 183, -180 gives -183.
 [[nodiscard]] std::int32_t UTM_NaturalMeridian(double lon);
 [[nodiscard]] std::int32_t GK_NaturalMeridian(double lon);
 [[nodiscard]] std::int32_t GK6_NaturalMeridian(double lon);
 
-// Writes hemisphere, zone, easting and northing. A `wantedZone` of 1..60 is taken as it is, otherwise the
-// zone is the natural one. The hemisphere is that of the northing; the equator is north.
+// Writes hemisphere, zone, easting and northing, in the payload's `wantedZone` if that is 1..60, otherwise
+// in the natural zone. The hemisphere is that of the northing; the equator is north.
 //
-// KOORD_OK, or KOORD_ERR_ZONE_DISTANT when the wanted meridian lies more than 60 degrees from the natural
-// one: the payload is complete all the same. It is also the status of a longitude without a natural meridian;
-// easting and northing are then 0 and the rest is unchanged.
+// KOORD_OK, or KOORD_ERR_ZONE_DISTANT, with a complete payload, if the wanted meridian is more than 60
+// degrees from the natural one. KOORD_ERR_ZONE_DISTANT also for a longitude without a natural meridian:
+// easting and northing are then 0, and the other fields unchanged.
 KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const TmConstants* forward);
 
-// 'S' and 's' are south, every other letter is north. KOORD_OK, or KOORD_ERR_UTM_ZONE for a zone
-// outside 1..60; latLon is then unchanged. A result within 1e-7 degrees of longitude +-180 or latitude 84 or
-// -80 is that limit.
+// 'S' and 's' are south, every other letter is north. KOORD_OK, or KOORD_ERR_UTM_ZONE, with latLon
+// unchanged, for a zone outside 1..60. A result within 1e-7 degrees of longitude +-180 or latitude 84 or -80
+// becomes that limit.
 KoordStatus UTM_ToGeodetic(const UtmPayload* payload, double latLon[2], const TmConstants* inverse);
 
-// Writes easting and northing. A `wantedMeridian` below 181 in magnitude counts if it is a meridian of the
-// system: a multiple of 3 for GK (0 is one), 6n + 3 for GK6; otherwise the natural meridian is taken.
+// Writes easting and northing on the payload's `wantedMeridian`, if that is below 181 in magnitude and a
+// meridian of the system (a multiple of 3, with 0, in GK; 6n + 3 in GK6), otherwise on the natural meridian.
 //
-// KOORD_OK; KOORD_ERR_ZONE_DISTANT when the wanted meridian lies 13 degrees or more from the natural one;
-// KOORD_ERR_GK_EAST, which goes before it, when the easting leaves the strip's million. The payload is
-// complete in each case. KOORD_ERR_GK_EAST is also the status of a longitude without a natural meridian;
-// easting and northing are then 0.
+// KOORD_OK; KOORD_ERR_ZONE_DISTANT if the wanted meridian is 13 degrees or more from the natural one;
+// KOORD_ERR_GK_EAST, which goes first, if the easting leaves the strip's million. The payload is complete in
+// each case. KOORD_ERR_GK_EAST also for a longitude without a natural meridian: easting and northing are
+// then 0.
 KoordStatus GK_FromGeodetic(const double latLon[2], GkPayload* payload, const TmConstants* forward);
 KoordStatus GK6_FromGeodetic(const double latLon[2], GkPayload* payload, const TmConstants* forward);
 
-// KOORD_OK, or KOORD_ERR_MERIDIAN when the strip in the easting's millions has no meridian within 181.5 (GK6:
-// 180) degrees; latLon is then 0, 0. A GK6 easting below a million counts as strip 0 and has the meridian -3.
-// A result within 1e-7 degrees of longitude +-181.5 (GK6: +-180) or latitude +-80 is that limit.
+// KOORD_OK, or KOORD_ERR_MERIDIAN, with latLon 0, 0, if the strip number in the easting has no meridian
+// within 181.5 (GK6: 180) degrees. A GK6 easting below a million counts as strip 0, with the meridian -3. A
+// result within 1e-7 degrees of longitude +-181.5 (GK6: +-180) or latitude +-80 becomes that limit.
 KoordStatus GK_ToGeodetic(const GkPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus GK6_ToGeodetic(const GkPayload* payload, double latLon[2], const TmConstants* inverse);
 
