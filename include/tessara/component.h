@@ -1,14 +1,19 @@
 // The entry point for hosts with an object manager. Hosts without one call the CreateClass functions and
 // don't need this header.
 //
-//     ITessaraComponent* component = nullptr;
-//     GetTessaraComponent(manager, &component);
-//     component->Initialize();                 // registers every class
-//     const IRef<ICoord> coord(CLSID_Coord, manager);
-//     component->Terminate();                  // unregisters them and ends the singletons
+// Example: a host with the ready-made object manager.
 //
-// The library keeps a second reference to the manager until it is unloaded. A host whose manager ends
-// earlier calls GetTessaraComponent(nullptr, &component) once more; this empties both references.
+//     const tessara::IRef<tessara::IObjectManager> manager(
+//         tessara::NewObject<tessara::host::ObjectManager>(tessara::CreateClassArray));
+//     tessara::ITessaraComponent* component = nullptr;
+//     tessara::GetTessaraComponent(manager, &component);
+//     component->Initialize();  // registers every class
+//     const tessara::IRef<tessara::ICoord> coord(tessara::CLSID_Coord, manager);
+//     component->Terminate();                             // unregisters them and ends the singletons
+//     tessara::GetTessaraComponent(nullptr, &component);  // drops the manager
+//
+// The library keeps a second reference to the manager after Terminate and until it is unloaded. The last
+// call drops both references; a host needs it if its manager ends earlier than the library.
 //
 // The library takes no locks, so a host must not run Initialize and Terminate on two threads at once, nor
 // create the first object of a singleton class on two.

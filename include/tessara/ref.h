@@ -1,9 +1,11 @@
 // The counted handle in which all code holds objects.
 //
-//     IRef<ICoord> coord = CreateClassCoord();     // count 0 -> 1
-//     IRef<ICoordInternal> inner(coord);           // another interface of the same object, or empty
-//     if (!inner.IsValid()) return false;
-//     average->Average(coord, other, target);      // handles are passed directly
+// Example:
+//
+//     const tessara::IRef coord = tessara::CreateClassCoord();     // the count is 1
+//     const tessara::IRef<tessara::ICoordInternal> record(coord);  // another interface, the count is 2
+//     if (!record.IsValid()) return;
+//     compare->CompareNorthSouth(coord, other);  // handles are passed directly
 //
 // An operation puts each interface argument into a handle and tests it. An empty handle stands for null and
 // for an object that doesn't have the interface: "an object of another kind" in the headers. Both are

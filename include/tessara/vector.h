@@ -1,8 +1,11 @@
 // A list of doubles with value semantics. With three elements it is a position in earth-centred space or a
 // direction.
 //
-//     Vector up{0.0, 0.0, 1.0};
-//     const Vector normal = vectors->Normalize(up);
+// Example:
+//
+//     tessara::Vector position{6378137.0, 0.0};
+//     position.Append(0.0);
+//     const std::uint32_t size = position.Size();  // 3
 //
 // Vectors cross the boundary of the library in both directions, by reference as arguments and by value as
 // results. So their layout uses no type of a standard library, and a host that doesn't use this header can

@@ -18,6 +18,13 @@ using testing::HeaderExample;
 using testing::MUNICH_EASTING;
 using testing::MUNICH_NORTHING;
 
+TEST_F(HeaderExample, Names) {
+    const char* name = tessara::CoordinateType_Name(2);  // "UTM"
+
+    EXPECT_STREQ(name, "UTM");
+    IsDone();
+}
+
 TEST_F(HeaderExample, Kernel) {
     tessara::tagKOORD degrees = tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_GEODEZ);
     tessara::Store(degrees, tessara::GeodezPayload{48.1375, 11.5755, 520.0});
@@ -48,7 +55,7 @@ TEST_F(HeaderExample, Convert) {
     tessara::Store(gk, natural);
     if (tessara::KoordConvert(&degrees, &gk) != tessara::KOORD_OK) return;
     const auto grid = tessara::Load<tessara::GkPayload>(gk);
-    // 48.1375 11.5755 on WGS84 is in strip 4: 4468503.333 5333304.779
+    // 48.1375 north 11.5755 east on WGS84 is 4468510.9 5333359.7, in strip 4
 
     // cct, a geocentric translation by -604, -21, -415 m to the Bessel ellipsoid. The library's formulas are
     // of first order: 0.05 m.

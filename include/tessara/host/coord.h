@@ -1,8 +1,10 @@
 // Helpers for coordinates of a host: records in and out, and copies.
 //
-//     IRef<ICoord> here = host::CoordOf(record);
-//     IRef<ICoord> copy = host::Copy(here);
-//     const std::optional<UtmPayload> utm = LoadIf<UtmPayload>(host::RecordOf(copy));
+// Example: a copy has a record of its own.
+//
+//     const tessara::IRef here = tessara::host::CoordOf(record);
+//     const tessara::IRef copy = tessara::host::Copy(here);
+//     const std::optional utm = tessara::LoadIf<tessara::UtmPayload>(tessara::host::RecordOf(copy));
 //
 // They use CKoord, which the shared library exports: link with it.
 #pragma once

@@ -1,7 +1,5 @@
 // An object manager for hosts: it stores the registered classes and creates their objects.
-//
-//     IRef<IObjectManager> manager(NewObject<host::ObjectManager>(CreateClassArray));
-//     GetTessaraComponent(manager, &component);
+// tessara/component.h has an example.
 #pragma once
 
 #include <algorithm>

@@ -8,7 +8,7 @@
 //     tessara::Store(gk, natural);
 //     if (tessara::KoordConvert(&degrees, &gk) != tessara::KOORD_OK) return;
 //     const auto grid = tessara::Load<tessara::GkPayload>(gk);
-//     // 48.1375 11.5755 on WGS84 is in strip 4: 4468503.333 5333304.779
+//     // 48.1375 north 11.5755 east on WGS84 is 4468510.9 5333359.7, in strip 4
 //
 // The target is input, too: its `datum` and `type` select the result and are never written. TM, VDG and
 // LAMBERTCC targets contain the parameters of their projection. Targets with zones contain a wanted zone

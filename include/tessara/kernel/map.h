@@ -24,8 +24,8 @@
 //
 // How accurate maps are, and where they fail:
 //
-//   - A position converted to a pixel and back gives the same pixel to within 1e-3, with three exceptions.
-//     CH maps have positions in whole metres from the origin; the way back is off by up to 0.5 m to the
+//   - A position converted to a pixel and back has the same pixel to within 1e-3, with three exceptions. CH
+//     maps have positions in whole metres from the origin; the way back is off by up to 0.5 m to the
 //     right of and below the origin pixel, and by up to 1.5 m to the left and above, because half a metre is
 //     added whatever the sign before the rest is cut. POLYNOM maps return within a tenth of a pixel, or as
 //     far off as their pairs of polynomials disagree where refining doesn't help. WAGNER-IV maps are drawn

@@ -1,7 +1,9 @@
 // The numbers and names of projections, map types and coordinate types. They fix the numbering; no
 // calculation looks anything up here, and no library is needed to link with.
 //
-//     const char* name = CoordinateType_Name(KOORD_UTM);  // "UTM"
+// Example:
+//
+//     const char* name = tessara::CoordinateType_Name(2);  // "UTM"
 #pragma once
 
 #include <array>
