@@ -36,7 +36,7 @@ bool MoveToSystemLimit(Compass direction, ICoord* point) {
     return KoordToCoord(&limit, coord.Get());
 }
 
-// The coordinates that take extremes: all four, or one for its direction and nothing for the others.
+// The output coordinates of an extent query: all four, or only the one of a single direction.
 class Results {
   public:
     Results(ICoord* north, ICoord* east, ICoord* south, ICoord* west)
@@ -45,7 +45,7 @@ class Results {
         at_[static_cast<std::size_t>(direction)] = IRef<ICoord>(point);
     }
 
-    // The one that all share; false if they don't or one is missing.
+    // Reads the reference that all outputs share. False if they differ or one of them is missing.
     bool ReadReference(Reference* reference) const {
         std::optional<Reference> shared;
         for (const Compass direction : DIRECTIONS) {
@@ -60,7 +60,7 @@ class Results {
         return true;
     }
 
-    // Does nothing before there are any.
+    // Writes nothing while no extreme has been found.
     bool Write(const Extremes& extremes) const {
         if (!extremes.HasStarted()) return true;
         for (const Compass direction : DIRECTIONS) {
@@ -123,7 +123,7 @@ bool MoveToLineExtreme(Compass direction, IArray* line, ICoord* point) {
     return WriteLineExtremes(nullptr, line, Results(direction, point));
 }
 
-// Where a coordinate lies on a map, by its record.
+// Reads where a coordinate lies on a map, from its record.
 bool ReadPlace(const MapPlane& map, ICoord* point, PlanePoint* place) {
     CKoord koord;
     return KoordFromCoord(point, &koord) && map.ToPlane(koord, place);

@@ -1,4 +1,4 @@
-// Four positions of one reference, each the outermost so far in its direction.
+// Four positions of one reference, each the outermost found so far in its direction.
 #pragma once
 
 #include <array>
@@ -10,15 +10,16 @@ namespace tessara {
 
 class Extremes {
   public:
-    // Starts, or starts again, with one position as the outermost in every direction.
+    // Makes one position the outermost in every direction; earlier ones are forgotten.
     void Start(const CKoord& koord);
     // Whether there is any position yet.
     [[nodiscard]] bool HasStarted() const { return hasStarted_; }
 
-    // Whether a position lies further out than the outermost so far.
+    // Whether a position lies further out than the outermost one so far.
     [[nodiscard]] bool IsFurther(Compass direction, const CKoord& koord) const;
-    // Each direction in which the position lies further out takes it: whole, or only the value of its axis. A
-    // position that can't be compared lies nowhere. False if an axis can't be taken.
+    // Each direction in which the position lies further out takes it: Extend the whole position, ExtendAxes
+    // only the value of the direction's axis. A position that can't be compared extends nothing. ExtendAxes
+    // is false if an axis can't be copied.
     void Extend(const CKoord& koord);
     bool ExtendAxes(const CKoord& koord);
 

@@ -1,4 +1,4 @@
-// A map that makes a coordinate system usable as a plane of pixels where a caller has none.
+// A map that turns a coordinate system into a plane of pixels for callers that pass no map.
 #pragma once
 
 #include "tessara/ckoord.h"
@@ -7,8 +7,8 @@
 
 namespace tessara {
 
-// WAGNER-IV on WGS84, 1:100000 and 10 pixels a millimetre, with the position at pixel (0, 0); for a UPS
-// position a map of its grid. Empty for a pixel.
+// For a UPS position the result is a map of its UPS grid; for any other position it is a WAGNER-IV map on
+// WGS84 at 1:100000 with 10 pixels a millimetre and the position at pixel (0, 0). Empty for a pixel.
 [[nodiscard]] IRef<IMapCoordOperations> MakeHelperMap(const CKoord& position);
 
 }  // namespace tessara

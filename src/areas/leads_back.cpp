@@ -13,17 +13,17 @@
 namespace tessara {
 namespace {
 
-constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border lies a hair outside its zone
+constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border is drawn 1e-9 degrees outside its zone
 
-// On the border of a zone or the meridian 180 itself a place may be written for either side. A hair beside,
-// it lies on one. Half a pixel shows how steep the values are.
-constexpr double HAIR = 1.0 / 64.0;  // pixels; a border is drawn a tenth of a millimetre outside its zone
+// A place exactly on the border of a zone or on the meridian 180 may be written for either side. A few
+// hundredths of a pixel beside it the side is certain. Half a pixel away shows how steep the values are.
+constexpr double HAIR = 1.0 / 64.0;  // pixels; more than the 1e-9 degrees by which a border is outset
 constexpr double HALF = 0.5;
 
 constexpr PlanePoint OFFSETS[] = {{HAIR, 0.0}, {-HAIR, 0.0}, {0.0, HAIR}, {0.0, -HAIR},
                                   {HALF, 0.0}, {-HALF, 0.0}, {0.0, HALF}, {0.0, -HALF}};
 
-// The letters of UTMREF come again every 2000 km, the northing of UTM doesn't.
+// Compares UTMREF through UTM: the letters of UTMREF repeat every 2000 km, the northing of UTM doesn't.
 bool SpellOut(CKoord* koord) {
     if (koord->type != KOORD_UTMREF) return true;
     tagKOORD record = *koord;
@@ -32,7 +32,8 @@ bool SpellOut(CKoord* koord) {
     return true;
 }
 
-// How far from the place the position of a pixel lies on the axis; nothing for one in another zone.
+// The distance along the axis between the place and the position of a pixel; nothing if the pixel lies in
+// another zone.
 std::optional<double> DistanceOf(const MapPlane& map, Axis axis, const CKoord& place, const CKoord& spelt,
                                  const PlanePoint& pixel) {
     CKoord back(MakeKoord(static_cast<std::int32_t>(place.datum), static_cast<std::int32_t>(place.type)));
@@ -56,7 +57,8 @@ bool LeadsBack(const MapPlane& map, Axis axis, const CKoord& place, const PlaneP
         nearest = std::min(nearest, *distance);
         furthest = std::max(furthest, *distance);
     }
-    // At the place the values begin at nothing; a turn away they all are far, whatever a pixel is worth.
+    // Around the true place the distances start at zero. Where the map repeats itself all of them are large,
+    // whatever ground a pixel covers.
     return nearest <= furthest / 4.0;
 }
 

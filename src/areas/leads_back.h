@@ -7,9 +7,9 @@
 
 namespace tessara {
 
-// Maps repeat themselves: the pixel of 360 degrees east is that of Greenwich, and the south pole may have the
-// pixel of the north pole. A place is there if its pixel's surroundings lead back to valid positions around
-// the place's own value on the axis, in its own zone. The pixel is the place's on the map.
+// Maps repeat themselves: longitude 360 has the pixel of Greenwich, and the south pole may have the pixel of
+// the north pole. `place` counts as shown at `pixel`, its pixel on the map, only if the pixels around it
+// lead back to valid positions whose values on the axis surround its own, in its own zone.
 [[nodiscard]] bool LeadsBack(const MapPlane& map, Axis axis, const CKoord& place, const PlanePoint& pixel);
 
 }  // namespace tessara

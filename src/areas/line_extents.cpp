@@ -18,7 +18,7 @@ bool IsPixel(const CKoord& koord) {
     return IsPixelType(static_cast<std::int32_t>(koord.type));
 }
 
-// Walks a line in the reference in which its extent is asked.
+// Walks a line in the reference in which its extent is wanted.
 class LineWalk {
   public:
     LineWalk(IMapCoordOperations* map, std::int32_t datum, std::int32_t system)

@@ -1,12 +1,13 @@
-// An extreme of a coordinate over a closed window lies on its rim, unless the coordinate turns around inside.
-// Systems turn around only at their own extremes: a pole, a limit, the border of a zone. So the rim is
-// walked, as lines that are straight on the map, and the system's extremes are tried.
+// The extreme of a coordinate over a closed window lies on the rim of the window, unless the coordinate
+// turns around inside. Systems turn around only at their own extremes: a pole, a limit, the border of a
+// zone. So the search walks the rim, as lines that are straight on the map, and then tries the extremes of
+// the system.
 //
-// Where corners lie outside what the map or the system can show, they move inward. Then the valid pieces of
-// the sides are walked by themselves, and the rims of a few narrower windows, too.
+// Corners that the map or the system can't show move inward. The search then walks the valid pieces of each
+// side on their own, and the rims of a few narrower windows as well.
 //
-// Where the values of a system jump, a line passes by what lies at the jump: a northing turns at every border
-// of a zone, a longitude at 180 degrees. There, too, the sides are walked by pieces.
+// Where the values of a system jump, a densified line skips the extreme beside the jump: a northing turns at
+// every border of a zone, a longitude at 180 degrees. Such sides are walked in pieces, too.
 #include "areas/rect_extents.h"
 
 #include <algorithm>
@@ -39,12 +40,12 @@ namespace {
 constexpr int NARROWING_PASSES = 4;
 constexpr int SAMPLES_OF_A_SIDE = 64;
 constexpr int COARSE_STEP = 8;  // samples
-// A polyline has its ends and a middle from each of six divisions.
+// A fully split polyline has its two ends and at least one middle from each of the six halvings.
 constexpr std::size_t FEWEST_OF_FINEST = 8;
 constexpr double ONE_PIXEL = 1.0;
-constexpr double END_OF_PIECE = 0.5;  // how close to where it ends a piece is walked, pixels
+constexpr double END_OF_PIECE = 0.5;  // pixels; how exactly the end of a piece is found
 
-// Each side in by a quarter of the size. Widths may exceed 32 bits.
+// The rectangle without a quarter of its size on each side. Its width may exceed 32 bits.
 PixelRect Narrowed(const PixelRect& rect) {
     const auto dx = static_cast<std::int32_t>((std::int64_t{rect.right} - rect.left) / 4);
     const auto dy = static_cast<std::int32_t>((std::int64_t{rect.bottom} - rect.top) / 4);
@@ -59,7 +60,7 @@ struct Corner {
     std::int64_t x, y;
 };
 
-// From the top left one around by the right.
+// Clockwise from the top left corner.
 std::array<Corner, 4> CornersOf(const PixelRect& rect) {
     return {
         {{rect.left, rect.top}, {rect.right, rect.top}, {rect.right, rect.bottom}, {rect.left, rect.bottom}}};
@@ -114,7 +115,7 @@ class WindowSearch {
     }
 
   private:
-    // Pixels need no map: the window's corners are its extremes.
+    // In a pixel system the corners of the window are its extremes; the map has no part in it.
     bool TakeCornersAsPixels() {
         const auto pixelAt = [this](std::int32_t x, std::int32_t y) {
             tagKOORD record = empty_;
@@ -131,7 +132,7 @@ class WindowSearch {
         return true;
     }
 
-    // With any valid position of the window.
+    // Starts with any valid position of the window.
     bool StartAnywhere() {
         const auto startAt = [this](std::int32_t x, std::int32_t y) {
             const std::optional<Found> found = FindValid(PixelAt(x, y));
@@ -142,7 +143,8 @@ class WindowSearch {
                FindValidPixelOnRim(window_, LEVELS_ON_RIM, startAt);
     }
 
-    // With the default position of the system, which helps where the system is a small part of the window.
+    // Starts with the default position of the system, which helps where the system covers a small part of
+    // the window.
     bool StartAtDefault() {
         CKoord koord;
         const bool isFound = DefaultKoord(static_cast<std::int32_t>(empty_.datum),
@@ -158,7 +160,8 @@ class WindowSearch {
         return isValid ? std::optional<Found>(found) : std::nullopt;
     }
 
-    // The corner, or the first valid pixel a quarter, a half and the whole way from there to the centre.
+    // The corner itself, or the first valid pixel a quarter, half or all of the way from there to the
+    // centre.
     [[nodiscard]] std::optional<Found> FindCorner(const Corner& corner, std::int64_t centreX,
                                                   std::int64_t centreY, bool* isTheCorner) const {
         const auto [x, y] = corner;
@@ -171,7 +174,7 @@ class WindowSearch {
         return found;
     }
 
-    // Whether all four are valid as they are.
+    // Whether all four corners are valid without having been moved.
     bool FindCorners(const PixelRect& rect, Corners* corners) {
         const std::int64_t centreX = (std::int64_t{rect.left} + rect.right) / 2;
         const std::int64_t centreY = (std::int64_t{rect.top} + rect.bottom) / 2;
@@ -208,8 +211,9 @@ class WindowSearch {
         SearchFinestPieces(from.pixel, to.pixel, polyline);
     }
 
-    // A map that shows a place twice finds it once, and a pole on a line of pixels at one of them. A polyline
-    // begins where its ends are found.
+    // False where the map shows the position elsewhere, too: a map that repeats itself returns only one of
+    // the pixels, and a pole that fills a row of pixels returns a single one. A densified line can only
+    // start from the pixel that the map returns.
     [[nodiscard]] bool IsFoundAgain(const Found& found) const {
         PlanePoint pixel{};
         return plane_.ToPlane(found.koord, &pixel) && std::fabs(pixel.x - found.pixel.x) <= ONE_PIXEL &&
@@ -223,8 +227,8 @@ class WindowSearch {
         }
     }
 
-    // A polyline has an end to its pieces. Close by a pole that is too early, and the side reaches further
-    // between two places of the polyline than at them.
+    // The densifier stops splitting at a fixed depth. Beside a pole that is too coarse: the side reaches
+    // further out between two points of the polyline than at any of them.
     void SearchFinestPieces(const PlanePoint& from, const PlanePoint& to,
                             const std::vector<CKoord>& polyline) {
         if (polyline.size() < FEWEST_OF_FINEST) return;
@@ -248,7 +252,8 @@ class WindowSearch {
         }
     }
 
-    // Looks half as far to both sides of the furthest place so far, again and again.
+    // Bisects around the furthest place so far: tries both sides of it at half the step, until the step is
+    // small.
     void SearchAround(Compass direction, PlanePoint place, PlanePoint step) {
         while (std::fabs(step.x) > DEFAULT_PIXEL_TOLERANCE || std::fabs(step.y) > DEFAULT_PIXEL_TOLERANCE) {
             step = {step.x / 2.0, step.y / 2.0};
@@ -262,7 +267,7 @@ class WindowSearch {
         }
     }
 
-    // The closest place of the window.
+    // The place of the window that is closest to a pixel.
     [[nodiscard]] PlanePoint InWindow(const PlanePoint& pixel) const {
         return {std::clamp<double>(pixel.x, window_.left, window_.right),
                 std::clamp<double>(pixel.y, window_.top, window_.bottom)};
@@ -272,12 +277,12 @@ class WindowSearch {
         return empty_.type == KOORD_GEODEZ || empty_.type == KOORD_GEOGRAD || empty_.type == KOORD_GEODEZMIN;
     }
 
-    // Whether the system's values jump somewhere.
+    // Whether the values of the system jump anywhere on the earth.
     [[nodiscard]] bool HasJumps() const {
         return SystemOf(empty_).wraps || zones::Exist(static_cast<std::int32_t>(empty_.type));
     }
 
-    // Walks what is valid of each side of the window, from jump to jump, as far as samples tell.
+    // Walks the valid pieces of each side of the window between jumps, as far as samples find them.
     void WalkSidesByPieces() {
         const auto corners = CornersOf(window_);
         for (std::size_t i = 0; i < corners.size(); ++i) {
@@ -289,7 +294,8 @@ class WindowSearch {
         }
     }
 
-    // Whether a few samples see a side valid and without a jump. Then the rim's walk has done it.
+    // Whether a few samples find the side valid and free of jumps; the walk along the rim has then covered
+    // it.
     [[nodiscard]] bool IsOnePiece(const PlanePoint& from, const PlanePoint& to) const {
         const std::optional<Found> start = FindValid(from);
         for (int k = COARSE_STEP; start && k <= SAMPLES_OF_A_SIDE; k += COARSE_STEP) {
@@ -300,8 +306,8 @@ class WindowSearch {
     }
 
     void WalkPieces(const PlanePoint& from, const PlanePoint& to) {
-        std::optional<Found> start;  // of the piece that is under way
-        std::optional<Found> last;   // its latest sample
+        std::optional<Found> start;  // of the current piece
+        std::optional<Found> last;   // the latest sample of the current piece
         for (int k = 0; k <= SAMPLES_OF_A_SIDE; ++k) {
             const PlanePoint place = PlaceOnSide(from, to, k);
             const std::optional<Found> sample = FindValid(place);
@@ -315,7 +321,8 @@ class WindowSearch {
         if (start) WalkSide(*start, *last);
     }
 
-    // The end of a piece. Another piece may hide between there and the next sample: that is walked, too.
+    // Finds the end of a piece. Another piece may begin between there and the next sample; it is walked,
+    // too.
     Found WalkedTo(const Found& inside, const PlanePoint& beyond) {
         Found end = EndOfPiece(inside, beyond);
         const auto towards = [](double here, double there) {
@@ -326,7 +333,7 @@ class WindowSearch {
         return end;
     }
 
-    // Whether two places lie in one zone or, without zones, in one of the halves that Greenwich makes.
+    // Whether two places lie in one zone or, in systems without zones, on the same side of Greenwich.
     [[nodiscard]] bool IsWithoutJump(const Found& a, const Found& b) const {
         if (zones::Exist(static_cast<std::int32_t>(empty_.type)))
             return zones::Number(a.koord) == zones::Number(b.koord);
@@ -339,7 +346,7 @@ class WindowSearch {
                Load<GeodezPayload>(geodez).longitude >= 0.0;
     }
 
-    // The place of the piece that is closest to one beyond its end.
+    // The last place of the piece on the way to a place beyond its end.
     [[nodiscard]] Found EndOfPiece(Found inside, PlanePoint beyond) const {
         while (std::fabs(inside.pixel.x - beyond.x) > END_OF_PIECE ||
                std::fabs(inside.pixel.y - beyond.y) > END_OF_PIECE) {
@@ -354,8 +361,8 @@ class WindowSearch {
         return inside;
     }
 
-    // The place at which the system, or the zone of the extreme so far, ends in a direction; beside that
-    // extreme.
+    // The place beside the extreme so far at which the system, or the zone of that extreme, ends in a
+    // direction.
     [[nodiscard]] static std::optional<CKoord> PlaceOfLimit(Compass direction, const CKoord& extreme,
                                                             const CKoord& limit) {
         CKoord place = extreme;
@@ -369,14 +376,14 @@ class WindowSearch {
         return place;
     }
 
-    // If the limit of the system lies in the window, it is the extreme: beside the extreme so far, or where
-    // the system reaches furthest, which along the border of a zone is another northing. False if the system
-    // has no limit.
+    // A limit of the system that lies in the window is the extreme, either beside the extreme so far or
+    // where the system reaches furthest: along the border of a zone the two have different northings. False
+    // if the system has no limit.
     bool TrySystemExtreme(Compass direction) {
         tagKOORD record;
         if (!FindSystemExtreme(direction, static_cast<std::int32_t>(empty_.datum),
                                static_cast<std::int32_t>(empty_.type), &record)) {
-            return false;  // GCOVR_EXCL_LINE: where there are positions, there are extremes
+            return false;  // GCOVR_EXCL_LINE: a system with positions has extremes
         }
         const CKoord limit(record);
         const CKoord& extreme = extremes_[direction];
@@ -388,7 +395,7 @@ class WindowSearch {
         return true;
     }
 
-    // Where degrees end at the meridian 180 because the map's do, the meridian itself is the extreme.
+    // Where the map's degrees end at the meridian 180, that meridian is the extreme.
     void TryDateLine() {
         for (const Compass direction : {Compass::East, Compass::West}) {
             tagKOORD meridian = MakeKoord(static_cast<std::int32_t>(empty_.datum), KOORD_GEODEZ);
@@ -400,8 +407,8 @@ class WindowSearch {
         }
     }
 
-    // Whether the value of a place on an axis occurs in the window, all edges included: the extreme beside
-    // which a limit is tried often lies on one of them.
+    // Whether the value of a place on an axis occurs in the window. All edges count, since the extreme
+    // beside which a limit is tried often lies on one of them.
     [[nodiscard]] bool IsInWindow(Axis axis, const CKoord& place) const {
         PlanePoint pixel{};
         if (!plane_.ToPlane(place, &pixel)) return false;
@@ -413,7 +420,7 @@ class WindowSearch {
 
     MapPlane plane_;
     PixelRect window_;
-    CKoord empty_;  // a record of the reference without a position
+    CKoord empty_;  // a record of the reference, without a position
     Extremes& extremes_;
 };
 

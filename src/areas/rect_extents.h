@@ -10,8 +10,8 @@ namespace tessara {
 
 class IMapCoordOperations;
 
-// The sides of the rectangle may be swapped. False as coordinate_area.h says; the extremes are then those
-// found before, if there are any.
+// The sides of the rectangle may be swapped. False for a rectangle without any valid position; the extremes
+// found until then stay.
 bool ExtentOfRect(IMapCoordOperations* map, const PixelRect& rect, std::int32_t datum, std::int32_t system,
                   Extremes* extremes);
 

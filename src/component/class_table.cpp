@@ -1,8 +1,9 @@
-// The class table: the one place that knows all classes. A class is added here with its id, its name and the
-// policy of its factory.
+// The class table, the one place that knows all classes. To add a class, list its id, its name and the
+// policy of its factory here.
 //
-// All factories stand in this source, so that they are constructed in table order, whatever the linker does,
-// and none is dropped. The class list runs the other way: the last of the table comes first.
+// All factories are defined in this source, so that the linker can neither drop nor reorder them. Each
+// factory puts itself at the head of the class list, so the list runs from the last class of the table to
+// the first.
 
 #include "areas/coordinate_area.h"
 #include "frame/class_factory.h"

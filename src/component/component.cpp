@@ -8,9 +8,9 @@
 namespace tessara {
 namespace {
 
-// What everything that creates objects by class id goes through.
+// The manager that every creation by class id goes through.
 constinit IRef<IObjectManager> g_objectManager;
-// Filled together with the first one and never read: keeps the host's manager alive until the library is
+// Set together with the first manager and never read. It keeps the host's manager alive until the library is
 // unloaded.
 constinit IRef<IObjectManager> g_objectManagerKeeper;
 

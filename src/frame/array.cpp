@@ -8,7 +8,7 @@ void Array::Add(IUnknown* object) {
 
 void Array::RemoveAt(std::uint32_t index) {
     if (index >= elements_.Size()) return;
-    // The element dies after the gap is closed: its end may come back to this list.
+    // The element is released after the gap has closed, because its destructor may call this list.
     const IRef<IUnknown> removed = elements_.Extract(index);
 }
 
@@ -21,7 +21,7 @@ IUnknown* Array::GetAt(std::uint32_t index) {
 }
 
 void Array::Clear() {
-    // The elements die after the list is empty, for the same reason.
+    // The elements are released after the list is empty, for the same reason.
     Sequence<IRef<IUnknown>> removed;
     removed.Swap(elements_);
 }

@@ -5,7 +5,8 @@
 namespace tessara {
 namespace {
 
-// Set before any constructor runs, so that no factory is lost, whichever is constructed first.
+// Initialized before any constructor runs, so that the list keeps every factory, in whatever order they are
+// constructed.
 constinit MClassFactory* g_firstFactory = nullptr;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The factory of a class, and the two policies of making its objects.
+// The factory of a class, with its two policies: a new object for each creation, or one object for all.
 #pragma once
 
 #include "tessara/class_factory.h"
@@ -6,7 +6,7 @@
 
 namespace tessara {
 
-// Each creation is a fresh object.
+// Each creation makes a new object.
 template <class T>
 class COMMultiAllocPolicy {
   protected:
@@ -14,7 +14,7 @@ class COMMultiAllocPolicy {
     static void GiveUp() {}
 };
 
-// All creations give one object, of which the factory holds a count of its own.
+// All creations return one object, which the factory keeps alive with a count of its own.
 template <class T>
 class COMSingletonAllocPolicy {
   public:
@@ -48,7 +48,7 @@ class COMCreatePolicy : public AllocPolicy {
     ResultCode Create(const GUID* iid, void** out) {
         IUnknown* const object = this->Allocate();
         if (object == nullptr) return RESULT_OUT_OF_MEMORY;
-        // Counted around the query, so that a fresh object vanishes when the query fails.
+        // Counted during the query, so that a new object is deleted if the query fails.
         object->AddRef();
         const ResultCode result = object->QueryInterface(iid, out);
         object->Release();

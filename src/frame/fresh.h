@@ -1,4 +1,4 @@
-// An object of count 0 on its way to a caller: gone again unless it is handed out.
+// Owns an object of count 0 until it is handed out, and deletes it otherwise.
 #pragma once
 
 #include <cassert>
@@ -8,15 +8,15 @@
 
 namespace tessara {
 
-// The object's own operations may be called. It mustn't be an argument before it is handed out: whoever wraps
-// it counts it to 1 and back, which deletes it.
+// Only the object's own operations may be called before it is handed out. As an argument it would be wrapped
+// in a handle, which counts it to 1 and back to 0 and so deletes it.
 template <class I>
 class Fresh {
   public:
     explicit Fresh(I* object) : object_(object) {}
     Fresh(const Fresh&) = delete;
     Fresh& operator=(const Fresh&) = delete;
-    // A handle's count is the object's first and last.
+    // This handle's count is the first and the last one of the object.
     ~Fresh() { const IRef<I> last(object_); }
 
     [[nodiscard]] bool IsValid() const { return object_ != nullptr; }

@@ -1,4 +1,4 @@
-// The objects that some classes ask the host's object manager for.
+// Helper objects that some classes take from the host's object manager.
 #pragma once
 
 #include <new>
@@ -8,19 +8,19 @@
 
 namespace tessara {
 
-// The manager that the host handed over last; null without one.
+// The object manager that the host passed last; null if there is none.
 [[nodiscard]] IObjectManager* HostObjectManager();
 
-// An object of a class from the host's object manager, empty if the manager gives none. Without a manager it
-// is what `create` makes, so that a host without one has every class.
+// A helper object: from the host's object manager, empty if that gives none; without a manager the result of
+// `create`. So hosts without a manager can use every class.
 template <class I>
 [[nodiscard]] IRef<I> ManagedObject(const GUID& classId, I* (*create)()) {
     const IRef<IObjectManager> manager(HostObjectManager());
     return manager.IsValid() ? IRef<I>(classId, manager.Get()) : IRef<I>(create());
 }
 
-// The same as a part of an object in the making. Missing memory for one of the library's own throws
-// std::bad_alloc, which ends the object; what a manager doesn't give stays empty.
+// The same, for a part of an object under construction. If the library runs out of memory for its own part,
+// the constructor throws std::bad_alloc. A part that a manager doesn't give stays empty.
 template <class I>
 [[nodiscard]] IRef<I> ManagedPart(const GUID& classId, I* (*create)()) {
     IRef<I> part = ManagedObject(classId, create);

@@ -1,5 +1,4 @@
-// The growing sequence: a vector whose only two exceptions, besides missing memory, have fixed texts that
-// hosts know.
+// A growing sequence. Besides std::bad_alloc it throws two exceptions, whose texts are part of the contract.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +22,7 @@ class Sequence {
     [[nodiscard]] T& operator[](std::size_t index) { return items_[Checked(index)]; }
     [[nodiscard]] const T& operator[](std::size_t index) const { return items_[Checked(index)]; }
 
-    // Takes an item out and closes the gap.
+    // Removes an item, closes the gap and returns the item.
     T Extract(std::size_t index) {
         T item = std::move(items_[Checked(index)]);
         items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(index));

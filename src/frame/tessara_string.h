@@ -1,5 +1,5 @@
-// The library's own text, made where a text is handed to a caller (it is the one that hosts get, too), and
-// how a name gets into the text of a caller.
+// The library's own text class, which it uses where it hands out a text (hosts get the same class in
+// tessara/host/text.h), and the one way a name is written into a caller's text.
 #pragma once
 
 #include <new>
@@ -12,14 +12,14 @@ namespace tessara {
 
 using TessaraString = host::Text;
 
-// Empties the text and fills in the name, if there is one. Without memory the text stays empty.
+// Empties the text, then fills in the name if there is one. Without memory the text stays empty.
 inline void FillWithName(ITessaraString* text, const char* name) {
     const IRef<ITessaraString> target(text);
     if (!target.IsValid()) return;
     target->Clear();
     try {
         if (name != nullptr) target->AssignText(name);
-    } catch (const std::bad_alloc&) {  // names have no failure to tell
+    } catch (const std::bad_alloc&) {  // an operation that gives a name has no failure to report
     }
 }
 

@@ -1,7 +1,7 @@
-// What the geometry in space reads from a coordinate, and what it asks of a vector.
+// Reads coordinates for the classes of geometry in space, and checks their vectors.
 //
-// Each reader counts its coordinate up and down again. An operation holds its coordinates in handles from its
-// first line on: the argument of a host may have the count 0.
+// Each reader counts its coordinate up and down again, which would delete one of count 0. So an operation
+// wraps its coordinates in handles on its first line.
 #pragma once
 
 #include "tessara/coord.h"
@@ -12,14 +12,13 @@
 
 namespace tessara {
 
-// False for null or a foreign object, and for a coordinate without a WGS84 position: an invalid one or a
-// pixel.
+// Reads the WGS84 position. False for null, a foreign object, an invalid coordinate and a pixel.
 bool ReadWgs84Position(ICoord* p, GeodezPayload* position);
 
-// The coordinate's reference, read into the object given; empty for null or a foreign object.
+// The coordinate's reference, read into `into`; empty for null or a foreign object.
 [[nodiscard]] IRef<ICoordinateReference> ReadReference(ICoord* p, IRef<ICoordinateReference> into);
 
-// Such an object of the host's object manager, or of the library's own class without one.
+// A reference object from the host's object manager, or one of the library's own if there is no manager.
 [[nodiscard]] IRef<ICoordinateReference> ManagedReference();
 
 [[nodiscard]] inline bool IsSpatial(const Vector* v) {

@@ -1,11 +1,11 @@
-// How the library makes a LineIntersectionParameters, which has no exported creation function.
+// Creates the class of this room that has no exported creation function.
 #pragma once
 
 namespace tessara {
 
 class ILineIntersectionParameters;
 
-// A new one with count 0, or null without memory.
+// A new object with count 0, or null without memory.
 [[nodiscard]] ILineIntersectionParameters* NewLineIntersectionParameters();
 
 }  // namespace tessara

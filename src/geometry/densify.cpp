@@ -62,7 +62,8 @@ bool GeodesicMiddle(const CKoord& a, const CKoord& b, CKoord* middle) {
     return true;
 }
 
-// Onto the border of its zone, on the side on which it lies. On the central line it has no side.
+// Moves a position onto the border of its zone, on its own side. False on the central line, which has no
+// side.
 bool MoveToZoneBorder(CKoord* koord) {
     tagKOORD centre = *koord;
     if (!zones::MoveToCentre(&centre)) return false;
@@ -70,7 +71,7 @@ bool MoveToZoneBorder(CKoord* koord) {
     return order != 0 && zones::MoveToBorder(order > 0 ? Compass::East : Compass::West, koord);
 }
 
-// A place on the line, as a position and on the map.
+// A point of the line, with its place on the map.
 struct MapKnot {
     CKoord koord;
     PlanePoint pixel{};
@@ -135,7 +136,7 @@ bool WalkOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMod
                                               });
 }
 
-// A place on the line, in its own reference and in the one in which it is straight.
+// A point of the line, in the line's own reference and in the one in which the line is straight.
 struct ReferenceKnot {
     CKoord koord;
     CKoord target;
@@ -152,7 +153,7 @@ bool WalkAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, 
 
     const auto divide = [&](const ReferenceKnot& from, const ReferenceKnot& to, std::size_t depth,
                             ReferenceKnot* middle) {
-        // The middles must exist also where the piece isn't split any more.
+        // A middle that doesn't convert fails the walk even if the piece isn't split any further.
         CKoord own;
         const bool isFound = Average(from.koord, to.koord, &own) &&
                              Average(from.target, to.target, &middle->target) &&
@@ -190,7 +191,7 @@ bool ToFloatPixels(const MapPlane& map, std::vector<CKoord>* polyline) {
     return true;
 }
 
-// A polyline that couldn't be finished is none.
+// A polyline that couldn't be finished is emptied.
 bool EmptyUnless(bool isDone, std::vector<CKoord>* polyline) {
     if (!isDone) polyline->clear();
     return isDone;

@@ -1,5 +1,6 @@
-// Lines between two records as polylines of records, close enough together to be joined by straight pieces.
-// What line_points.h tells of its operations holds here.
+// Lines between two records as polylines of records, dense enough to be drawn with straight segments. These
+// functions do the work of the densifiers in line_points.h, whose limits hold here: a piece is halved at
+// most 6 times, a geodesic 7 times, and a line across references always 5 times.
 #pragma once
 
 #include <cstdint>
@@ -12,21 +13,21 @@ namespace tessara {
 
 enum class DensifyMode { MapStraight, CoordStraight, CoordStraightZoned, Geodesic };
 
-// How far, in pixels on each axis, a middle may lie beside the straight line.
+// The distance, in pixels on each axis, that a middle may have from the straight segment.
 inline constexpr double DEFAULT_PIXEL_TOLERANCE = 0.25;
 
-// The polyline from a to b, in their reference; Geodesic takes positions in GEODEZ. False, with the polyline
-// empty, if the two differ in datum or system or a step fails. `pixels`, where it is wanted, gets the places
-// of the polyline's points on the map.
+// The polyline from a to b, in their reference. DensifyMode::Geodesic takes records in GEODEZ. False, with
+// the polyline empty, if the two differ in datum or system or a step fails. `pixels`, unless it is null,
+// receives the place of each point on the map.
 bool DensifyOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMode mode,
                   double pixelTolerance, std::vector<CKoord>* polyline,
                   std::vector<PlanePoint>* pixels = nullptr);
 
-// The geodesic between records of any reference, pixels of the map included.
+// The geodesic between two records of any reference, pixels of the map included.
 bool DensifyGeodesicOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, double pixelTolerance,
                           std::vector<CKoord>* polyline);
 
-// The polyline from a to b, in their reference, of the line that is straight in another.
+// The line that is straight in another reference, as a polyline from a to b in their own.
 bool DensifyAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, std::int32_t system,
                              std::vector<CKoord>* polyline);
 

@@ -18,7 +18,7 @@ namespace {
 constexpr int MAX_SECANT_STEPS = 20;
 constexpr double SEARCH_TOLERANCE = 0.01;  // metres
 
-// Empties the outputs; false if one is missing.
+// Empties the outputs. False if one of them is null.
 bool Empty(std::initializer_list<Vector*> outputs) {
     bool complete = true;
     for (Vector* output : outputs) {
@@ -45,10 +45,10 @@ CKoord EcefKoord(std::int32_t datum, const EcefPayload& point) {
     return record;
 }
 
-// Seeks t so that measure(t) meets `wanted`, first at the distance, then at half of it, then by secant steps
-// from the best t so far and the last one tried. The absolute values take the two for lying on both sides of
-// the wanted value. False when a measurement fails or the steps run out; on success the best t is the last
-// one measured.
+// Seeks the t at which measure(t) meets `wanted`: tries t = distance, then half of it, then secant steps
+// between the best t so far and the one tried last. A step uses absolute differences, as if the two lay on
+// either side of the wanted value. False if a measurement fails or the steps run out; on success the last
+// measurement was taken at the best t.
 template <class Measure, class IsMet>
 bool SeekParameter(double distance, double wanted, Measure measure, IsMet isMet) {
     double best = distance;

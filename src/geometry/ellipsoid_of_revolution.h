@@ -25,7 +25,7 @@ class EllipsoidOfRevolution : public IEllipsoidOfRevolution {
     ~EllipsoidOfRevolution() override = default;
 
   private:
-    // The tripod at a start: its place, the way up and the way of an azimuth.
+    // The frame at a start: its place, the direction up and the direction of an azimuth.
     struct Tripod {
         Vector origin;
         Vector normal;
@@ -33,7 +33,7 @@ class EllipsoidOfRevolution : public IEllipsoidOfRevolution {
     };
 
     bool GetTripod(ICoord* start, double azimuth, Tripod* tripod);
-    // origin + t direction.
+    // The point origin + t * direction.
     Vector Along(const Vector& origin, double t, const Vector& direction) const;
 
     IRef<IVector> vectors_ = ManagedPart(CLSID_EuclideanVector, CreateClassEuclideanVector);

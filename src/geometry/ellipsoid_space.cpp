@@ -12,20 +12,21 @@ constexpr int MAX_ROUNDS = 50;
 constexpr double HEIGHT_TOLERANCE = 0.01;    // metres
 constexpr double LATITUDE_TOLERANCE = 1e-6;  // degrees
 
-// Radius of curvature in the prime vertical.
+// The radius of curvature in the prime vertical, metres.
 double NormalRadius(const EllipsoidAxes& ellipsoid, double phi) {
     const double sinPhi = std::sin(phi);
     return ellipsoid.a / std::sqrt(1.0 - ellipsoid.e2 * sinPhi * sinPhi);
 }
 
-// Latitude and height of a point at distance p from the axis; false if they don't settle. The height settles
-// on each latitude before the latitude moves, so every move of the latitude takes two rounds at least.
+// Finds the latitude and height of a point at distance p from the axis; false if the iteration doesn't
+// converge. The height converges on each latitude before the latitude moves, so each move of the latitude
+// takes at least two rounds.
 bool SettleLatitude(const EllipsoidAxes& ellipsoid, double p, double z, double* latitude, double* height) {
     double h = 0.0;
     double phi = std::atan2(z, (1.0 - ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
     for (int round = 0; round < MAX_ROUNDS; ++round) {
         const double N = NormalRadius(ellipsoid, phi / DEGREES_PER_RADIAN);
-        // The cosine is small at a pole, but never 0: no double is a right angle.
+        // The cosine is small at a pole but never 0: no double equals pi / 2.
         const double cosPhi = std::cos(phi / DEGREES_PER_RADIAN);
         const double newH = p / cosPhi - N;
         const double newPhi = std::atan2(z, (1.0 - N / (N + newH) * ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
@@ -67,13 +68,13 @@ bool SpacePosition(const EllipsoidAxes& ellipsoid, const EcefPayload& point, Geo
     double latitude = 0.0;
     double height = 0.0;
     if (p == 0.0) {
-        // The iteration divides 0 by 0 on the axis.
+        // On the axis the iteration would divide 0 by 0.
         latitude = z < 0.0 ? -90.0 : 90.0;
         height = std::fabs(z) - ellipsoid.a * std::sqrt(1.0 - ellipsoid.e2);
     } else if (!SettleLatitude(ellipsoid, p, z, &latitude, &height)) {
         return false;
     }
-    // Near the centre the iteration may settle on the wrong side of the equator or beyond a pole.
+    // Near the centre the iteration may converge on the wrong side of the equator or beyond a pole.
     if (latitude * z < 0.0 || !(std::fabs(latitude) <= 90.0) || !std::isfinite(height)) return false;
     *position = {latitude, std::atan2(y, x) * DEGREES_PER_RADIAN, height};
     return true;

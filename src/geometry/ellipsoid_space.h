@@ -1,5 +1,5 @@
-// An ellipsoid of revolution in earth-centred space: positions to x, y, z and back, and the line through it.
-// Plain functions of numbers; metres and degrees.
+// An ellipsoid of revolution in earth-centred space: conversion between positions and x, y, z, and
+// intersection with a line. Plain functions on numbers; metres and degrees.
 #pragma once
 
 #include <cstdint>
@@ -13,17 +13,18 @@ struct EllipsoidAxes {
     double e2;  // eccentricity squared
 };
 
-// False for a datum outside 0..238.
+// False for a datum outside 0..238; *ellipsoid is then unchanged.
 bool LoadEllipsoid(std::int32_t datum, EllipsoidAxes* ellipsoid);
 
 [[nodiscard]] EcefPayload SpacePoint(const EllipsoidAxes& ellipsoid, const GeodezPayload& position);
 
-// The iteration that include/tessara/ellipsoid_of_revolution.h tells of. False for the centre, for numbers
-// that aren't finite and where the iteration doesn't end; *position is then unchanged.
+// Iterates latitude and height in turn until the height moves by less than 0.01 m and the latitude by less
+// than 1e-6 degrees. False for the centre, for numbers that aren't finite and if the iteration doesn't
+// converge; *position is then unchanged.
 bool SpacePosition(const EllipsoidAxes& ellipsoid, const EcefPayload& point, GeodezPayload* position);
 
-// The two parameters t at which point + t direction lies on the ellipsoid: the one of smaller magnitude in
-// *near, the positive root on a tie. False if the line misses or has no direction.
+// Finds the two parameters t at which point + t direction lies on the ellipsoid. *near receives the one of
+// smaller magnitude, on a tie the positive one. False if the line misses or has no direction.
 bool IntersectEllipsoid(const EllipsoidAxes& ellipsoid, const EcefPayload& point,
                         const EcefPayload& direction, double* near, double* far);
 

@@ -13,7 +13,7 @@ IUnknown* EntryAt(const IRef<IArray>& list, std::uint32_t index) {
     return list.IsValid() && index < list->GetCount() ? list->GetAt(index) : nullptr;
 }
 
-// False without memory, and for an object that the list takes for none.
+// False without memory, and if the list doesn't accept the object.
 bool Append(IUnknown* object, const IRef<IArray>& list) try {
     const std::uint32_t index = list->GetCount();
     list->Add(object);
@@ -31,7 +31,7 @@ bool IntersectionResults::Add(ILineIntersectionParameters* first, ILineIntersect
     const std::uint32_t firstIndex = firstList_->GetCount();
     const std::uint32_t secondIndex = secondList_->GetCount();
     if (Append(onFirst.Get(), firstList_) && Append(onSecond.Get(), secondList_)) return true;
-    // One of a pair doesn't stay alone.
+    // A pair that can't be completed is taken back.
     firstList_->RemoveAt(firstIndex);
     secondList_->RemoveAt(secondIndex);
     return false;

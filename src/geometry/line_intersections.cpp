@@ -13,12 +13,12 @@
 namespace tessara {
 namespace {
 
-// A line of the caller's and its places in the plane.
+// A line of the caller and the places of its points in the plane.
 struct Line {
     explicit Line(IArray* line) : coords(line) {}
 
     [[nodiscard]] bool IsEmpty() const { return coords->GetCount() == 0; }
-    // A line of one point is walked as a segment from that point to itself.
+    // A line of one point counts as a segment from that point to itself.
     [[nodiscard]] bool IsSingle() const { return places.size() == 1; }
     [[nodiscard]] std::vector<PlanePoint> Polyline() const {
         std::vector<PlanePoint> polyline = places;
@@ -30,12 +30,12 @@ struct Line {
     std::vector<PlanePoint> places;
 };
 
-// Takes the intersections, as records or, without a list of records, as points.
+// The output of an intersection search: a list of records, or else a plain list of points.
 class Sink {
   public:
     explicit Sink(IUnknown* out) : points_(out), records_(out) {}
 
-    // False for an object that has been a list of either kind, and is none any more.
+    // False if the object is neither kind of list, or no longer answers as one.
     [[nodiscard]] bool IsValid() const { return points_.IsValid() || records_.IsValid(); }
 
     void Clear() const {
@@ -54,7 +54,7 @@ class Sink {
     }
 
   private:
-    // Empty if a part is missing.
+    // Empty if a part of the record couldn't be made.
     static IRef<ILineIntersectionParameters> RecordOf(const Line& line, std::size_t end, double parameter,
                                                       ICoord* place) {
         IRef<ILineIntersectionParameters> record(NewLineIntersectionParameters());
@@ -71,7 +71,8 @@ class Sink {
     IRef<IIntersectionResults> records_;
 };
 
-// A new coordinate of the reference at a place in the plane; without a map a pixel. Empty if it has none.
+// A new coordinate of the reference at a place in the plane; without a map it is a pixel. Empty if the place
+// has no position.
 IRef<ICoord> CoordAt(const PlanePoint& place, ICoordinateReference* reference, IMapCoordOperations* map) {
     IRef<ICoord> coord(CreateClassCoord());
     if (!coord.IsValid() || !coord->SetReference(reference)) return {};
@@ -95,7 +96,7 @@ struct References {
     bool hasTwoDatums = false;
 };
 
-// Compares all references of a line with `base`.
+// Compares the reference of each coordinate of a line with `base`.
 bool CompareReferences(IArray* line, ICoordinateReference* base, References* found) {
     for (std::uint32_t i = 0; i < line->GetCount(); ++i) {
         CKoord koord;
@@ -106,7 +107,7 @@ bool CompareReferences(IArray* line, ICoordinateReference* base, References* fou
     return true;
 }
 
-// The reference of a line's first coordinate; empty if there is none.
+// The reference of the line's first coordinate; empty for an empty line.
 IRef<ICoordinateReference> BaseOf(IArray* line) {
     IRef<ICoordinateReference> base(CreateClassCoordinateReference());
     const IRef<ICoord> first(line->GetAt(0));
@@ -114,7 +115,7 @@ IRef<ICoordinateReference> BaseOf(IArray* line) {
     return isRead ? base : IRef<ICoordinateReference>();
 }
 
-// The reference that intersections of the two lines get; empty if a coordinate is none.
+// The reference for intersections of the two lines; empty if an element is no coordinate.
 IRef<ICoordinateReference> CommonReference(const MapPlane& map, const Line& a, const Line& b) {
     IRef<ICoordinateReference> base = BaseOf(a.coords.Get());
     References found;

@@ -1,5 +1,6 @@
-// The intersections of two lines as objects. `out` is an IIntersectionResults, which takes records of both
-// lines, or an IArray, which takes the points alone. line_points.h tells the rest.
+// The intersections of two lines as objects. `out` is an IIntersectionResults, which receives a record on
+// each of the two lines, or an IArray, which receives the points. line_points.h describes order, references
+// and failures.
 #pragma once
 
 #include "tessara/unknown.h"

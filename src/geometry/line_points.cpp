@@ -25,8 +25,8 @@ bool AddAll(const std::vector<CKoord>& polyline, IArray* out) {
     return true;
 }
 
-// Fills `out` with the polyline that `densify(a, b, &polyline)` makes of the records; empties it if that
-// fails.
+// Fills `out` with the polyline that `densify(a, b, &polyline)` makes of the two records. If that fails,
+// `out` is empty.
 template <class Densifier>
 bool FillPolyline(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
     out->Clear();
@@ -36,7 +36,7 @@ bool FillPolyline(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
     try {
         std::vector<CKoord> polyline;
         if (densify(from, to, &polyline) && AddAll(polyline, out)) return true;
-    } catch (const std::bad_alloc&) {  // a failure like the others
+    } catch (const std::bad_alloc&) {  // missing memory is a failure like any other
     }
     out->Clear();
     return false;
@@ -59,12 +59,12 @@ bool IsOnPolyline(const PlanePoint& p, const std::vector<PlanePoint>& polyline) 
     return false;
 }
 
-// A point and the two that make the line, in pixels.
+// A point and the two points of the line, in pixels.
 struct PointAndLine {
     PlanePoint p, a, b;
 };
 
-// The coordinates may all be the same one and have no other count than those here.
+// Holds the coordinates in handles: all three may be the same object, with a count of 0.
 bool Read(IMapCoordOperations* map, ICoord* p, ICoord* a, ICoord* b, PointAndLine* read) {
     const IRef<ICoord> point(p);
     const IRef<ICoord> start(a);
@@ -73,7 +73,7 @@ bool Read(IMapCoordOperations* map, ICoord* p, ICoord* a, ICoord* b, PointAndLin
            PixelOfCoord(map, end.Get(), &read->b);
 }
 
-// Writes a place in the reference that the coordinate has; a pixel takes the map's datum.
+// Writes a place into `out`, in the reference that `out` has. A pixel takes the map's datum.
 bool WritePlace(IMapCoordOperations* map, const PlanePoint& place, ICoord* out) {
     const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
     if (!reference.IsValid() || !out->GetReference(reference.Get())) return false;

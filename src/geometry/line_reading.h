@@ -1,4 +1,4 @@
-// The places of coordinates and lines in the plane of a map's pixels.
+// Reads coordinates and lines as places in the plane of a map's pixels.
 #pragma once
 
 #include <vector>
@@ -8,21 +8,21 @@
 
 namespace tessara {
 
-// A pixel by its numbers, a position by the map. False for null or a foreign object, an invalid pixel, and a
-// position without a pixel; *point is then unchanged.
+// Reads a pixel from its numbers and a position through the map. False for null, a foreign object, an
+// invalid pixel and a position without a pixel; *point is then unchanged.
 bool PixelOfCoord(IMapCoordOperations* map, ICoord* coord, PlanePoint* point);
 
-// A coordinate that is a valid pixel, without a map.
+// Reads a valid pixel, without a map.
 bool PixelOfCoord(ICoord* coord, PlanePoint* point);
 
-// The places of all coordinates of a line, by records: whether they are marked valid isn't looked at. False
-// as soon as one has none.
+// Reads the records of a line, so that coordinates marked invalid have a place, too. False at the first one
+// that has none.
 bool ReadLineOnMap(const MapPlane& map, IArray* line, std::vector<PlanePoint>* places);
 
-// The same of a line on a map whose pixels must be valid.
+// The same for a line on a map whose pixels must be valid.
 bool ReadValidLineOnMap(IMapCoordOperations* map, IArray* line, std::vector<PlanePoint>* places);
 
-// The places of a line of valid pixels.
+// Reads a line of valid pixels, without a map.
 bool ReadPixelLine(IArray* line, std::vector<PlanePoint>* places);
 
 }  // namespace tessara

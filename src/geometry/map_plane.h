@@ -1,4 +1,4 @@
-// The plane of a map's pixels: carries records into it and back.
+// The plane of a map's pixels: carries records into the plane and back.
 #pragma once
 
 #include "geometry/plane_lines.h"
@@ -13,18 +13,18 @@ class MapPlane {
   public:
     explicit MapPlane(IMapCoordOperations* map);
 
-    // False for a null or foreign map.
+    // False for a null or foreign map, and without memory.
     [[nodiscard]] bool IsComplete() const { return map_.IsValid() && scratch_.IsValid(); }
 
     // The map's datum.
     bool GetDatum(std::int32_t* datum) const;
 
-    // Where a record lies: a pixel by its numbers, a position by the map. False if it has no pixel; *point is
-    // then unchanged.
+    // The place of a record: a pixel by its numbers, a position through the map. False if the record has no
+    // pixel; *point is then unchanged.
     bool ToPlane(const CKoord& koord, PlanePoint* point) const;
 
-    // The position of a point in the reference and with the height that *koord has, in its natural zone.
-    // False if it has none or the reference is a pixel one; *koord is then unchanged.
+    // The position at a place, in the reference and with the height of *koord, in its natural zone. False if
+    // the place has no position or the reference is a pixel system; *koord is then unchanged.
     bool ToWorld(const PlanePoint& point, CKoord* koord) const;
 
   private:

@@ -15,7 +15,7 @@ struct PlaneOffset {
     double north;
 };
 
-// The horizontal plane in the space of a datum.
+// The horizontal plane at the centre, in the space of the centre's datum.
 struct PlaneFrame {
     std::int32_t datum;
     Vector centre;
@@ -23,14 +23,14 @@ struct PlaneFrame {
     Vector north;
 };
 
-// Into 0 <= angle < 360. A tiny negative angle rounds to a whole turn.
+// Brings an angle into 0 <= angle < 360. Adding 360 to a tiny negative angle gives 360, which becomes 0.
 double WithinTurn(double angle) {
     const double rest = std::fmod(angle, 360.0);
     const double positive = rest < 0.0 ? rest + 360.0 : rest;
     return positive >= 360.0 ? positive - 360.0 : positive;
 }
 
-// Degrees from point to point, negative for a counter-clockwise arc. Equal angles make a whole turn.
+// Degrees from one point to the next, negative for a counter-clockwise arc. Equal angles make a whole turn.
 double StepOf(double start, double end, const ArcAngles& angles) {
     const double steps = static_cast<double>(angles.count) - 1.0;
     if (angles.clockwise && end <= start) return (end - start + 360.0) / steps;

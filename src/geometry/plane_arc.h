@@ -1,4 +1,4 @@
-// Arcs of an ellipse in the horizontal plane at a coordinate. A circle is the one of equal axes.
+// Arcs of an ellipse in the horizontal plane at a coordinate. A circle is an ellipse with equal axes.
 #pragma once
 
 #include "tessara/array.h"
@@ -10,7 +10,7 @@
 namespace tessara {
 
 struct PlaneEllipse {
-    double rotation;  // azimuth of the axis along, degrees
+    double rotation;  // azimuth of the semi-axis `along`, degrees
     double along;     // semi-axes, metres
     double across;
 };
@@ -22,8 +22,9 @@ struct ArcAngles {
     bool clockwise;
 };
 
-// Fills `out` with the points of the arc as ECEF coordinates in the datum of the centre. False, with `out`
-// empty, for an empty handle of either service and as the interfaces of circle and ellipse tell.
+// Fills `out` with the points of the arc, as ECEF coordinates in the datum of the centre. False, with `out`
+// empty, if a service handle is empty, the count is below 2, the centre has no position or a number isn't
+// finite.
 bool MakePlaneArc(const IRef<IEllipsoidOfRevolution>& ellipsoid, const IRef<IVector>& vectors, ICoord* centre,
                   const PlaneEllipse& ellipse, const ArcAngles& angles, IArray* out);
 

@@ -17,7 +17,7 @@ void Append(const SegmentIntersection& intersection, SegmentIntersections* inter
     intersections->at[intersections->count++] = intersection;
 }
 
-// The overlap of collinear segments, by their values on the axis along which a is longer.
+// The overlap of two collinear segments, computed on the axis along which a is longer.
 SegmentIntersections Overlap(double a1, double a2, double b1, double b2) {
     const auto onA = [&](double v) { return (v - a1) / (a2 - a1); };
     const auto onB = [&](double v) { return (v - b1) / (b2 - b1); };
@@ -35,7 +35,7 @@ bool IsClosed(std::span<const PlanePoint> polyline) {
     return polyline.front() == polyline.back();
 }
 
-// Whether an intersection at the end of a segment is left to the segment that starts there.
+// Whether the intersection lies at the end of a segment and is reported with the segment that starts there.
 bool IsLeftToTheNext(double parameter, std::size_t end, std::span<const PlanePoint> polyline, bool isClosed) {
     return parameter == 1.0 && (end + 1 < polyline.size() || isClosed);
 }

@@ -1,4 +1,4 @@
-// Where two polylines in a plane cross.
+// The intersections of two polylines in a plane.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace tessara {
 
-// A common point of two segments, by its parameters on both.
+// A common point of two segments, as a parameter on each.
 struct SegmentIntersection {
     double t, s;
 };
@@ -23,8 +23,8 @@ struct SegmentIntersections {
     [[nodiscard]] const SegmentIntersection* end() const { return at.data() + count; }
 };
 
-// The points that a1-a2 and b1-b2 have in common: none, the one where they cross, or the ends of an overlap,
-// in the order a1, a2, b1, b2; an end that both share counts as a's. Parameters are in 0..1.
+// The points that a1-a2 and b1-b2 have in common: none, one intersection, or the two ends of an overlap, in
+// the order a1, a2, b1, b2. An end that both share is given once, as a's. Parameters are in 0..1.
 [[nodiscard]] SegmentIntersections IntersectSegments(const PlanePoint& a1, const PlanePoint& a2,
                                                      const PlanePoint& b1, const PlanePoint& b2);
 
@@ -34,9 +34,9 @@ struct PolylineIntersection {
     PlanePoint place;
 };
 
-// Visits the intersections of two polylines of at least two points each, by i, then by j. One in a vertex is
-// visited once, with the segment that starts there; the last point of a polyline that comes back to its first
-// belongs to the first. Ends with false at the first visit that is false.
+// Visits the intersections of two polylines of at least two points each, ordered by i and then by j. An
+// intersection in a vertex is visited once, with the segment that starts there; the last point of a closed
+// polyline belongs to its first segment. Stops, with false, when a visit returns false.
 bool VisitIntersections(std::span<const PlanePoint> a, std::span<const PlanePoint> b,
                         const std::function<bool(const PolylineIntersection&)>& visit);
 

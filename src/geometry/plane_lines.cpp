@@ -28,7 +28,8 @@ double ParallelParameter(const PlanePoint& a1, const PlanePoint& a2, const Plane
     return isPoint ? ParameterOnSegment(b1, a1, a2) : COLLINEAR_LINES;
 }
 
-// One axis of a place that was found on two segments, `a` and `b` being how far the segments go along it.
+// One coordinate of an intersection, from its values on two segments; `a` and `b` are the lengths of the
+// segments along that axis.
 double Reconciled(double onA, double onB, double a, double b) {
     if (onA == onB || a == 0.0) return onA;
     return b == 0.0 ? onB : (onB - onA) / 2.0 + onA;
@@ -93,7 +94,7 @@ bool PointOnSegments(const PlanePoint& a1, const PlanePoint& a2, const PlanePoin
     if (SignedDistance(onA, b1, b2) == 0.0) return true;
 
     const double s = LineParameter(b1, b2, a1, a2);
-    if (IsMark(s)) return true;  // parallel lines give no second place to compare with
+    if (IsMark(s)) return true;  // parallel lines have no second place to compare with
     const PlanePoint b = From(b1, b2);
     const PlanePoint onB = PlaceAt(s, b1, b);
     *place = {Reconciled(onA.x, onB.x, a.x, b.x), Reconciled(onA.y, onB.y, a.y, b.y)};

@@ -10,16 +10,17 @@ namespace {
 
 constexpr PlaneHit MISS{MISSING_NUMBER, 0.0, 0.0};
 
-// Both ways of solving divide by a component that vanishes where the plane stands at a pole or on the
-// equator. Below this part of the largest one the components are numbered anew; above it a place keeps 1e-6
-// m.
+// Both eliminations divide by a component that vanishes when the plane lies at a pole or on the equator. If
+// a divisor is smaller than this fraction of the largest component, the components are reordered; above it
+// the place is accurate to 1e-6 m.
 constexpr double SMALL_COMPONENT = 1e-3;
-// Up to this sine toward the plane a ray runs along it: as much as rounding makes of zero.
+// A ray whose direction has a sine up to this toward the plane runs along it; rounding makes as much out of
+// zero.
 constexpr double SMALL_SINE = 1e-14;
-// How far beside the plane, in metres, a ray may run that lies in it.
+// The distance from the plane, in metres, up to which a ray that runs along it lies in it.
 constexpr double BESIDE = 1e-5;
 
-// The components in cyclic order, `last` the third. The equations are the same in each such order.
+// The components in cyclic order, with `last` as the third one. The equations keep their form in this order.
 Triple Turned(const Triple& v, std::size_t last) {
     return {v[(last + 1) % 3], v[(last + 2) % 3], v[last]};
 }
@@ -46,7 +47,8 @@ bool IsSmall(double component, double beside) {
     return std::fabs(component) < SMALL_COMPONENT * std::fabs(beside);
 }
 
-// The place of a ray's point in a plane, for a ray that runs along it; a miss if the point lies beside it.
+// The hit of a ray that runs along the plane: the place of its start, or a miss if the start lies beside the
+// plane.
 PlaneHit AlongPlane(const Triple& r, const Triple& E, const Triple& N) {
     const auto [r1, r2, r3] = r;
     const auto [e1, e2, e3] = E;
@@ -63,7 +65,7 @@ PlaneHit AlongPlane(const Triple& r, const Triple& E, const Triple& N) {
     return {RAY_IN_PLANE, x, y};
 }
 
-// The choice of the divisors decides what is computed near the axes.
+// Results near the axes depend on the divisors that are chosen here.
 PlaneHit AcrossPlane(const Triple& r, const Triple& D, const Triple& E, const Triple& N) {
     const auto [r1, r2, r3] = r;
     const auto [p, q, s] = D;

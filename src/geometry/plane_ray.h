@@ -1,4 +1,4 @@
-// The intersection of a ray with a plane that is spanned by two vectors.
+// The intersection of a ray with the plane that two vectors span.
 #pragma once
 
 #include <array>
@@ -13,9 +13,9 @@ struct PlaneHit {
     double y;
 };
 
-// Solves d + t D = x E + y N by elimination, where d is the start of the ray relative to the origin of the
-// plane, D its direction, and E and N are the plane's axes. A ray that runs along the plane lies in it up to
-// 0.01 mm beside it, and gives the place of its start.
+// Solves d + t D = x E + y N by elimination: d is the start of the ray relative to the origin of the plane,
+// D the direction of the ray, E and N are the axes of the plane. A ray along the plane lies in it up to 0.01
+// mm beside it; the result is then the place of its start.
 [[nodiscard]] PlaneHit IntersectPlane(const Triple& d, const Triple& D, const Triple& E, const Triple& N);
 
 }  // namespace tessara

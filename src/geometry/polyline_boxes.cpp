@@ -1,9 +1,9 @@
-// With D = a2 - a1 and f(p) = (p.x - a1.x) D.y - (p.y - a1.y) D.x, whose sign is the side of the line on
-// which p lies, the parameter of an intersection on b1-b2 is f(b1) / (f(b1) - f(b2)). If f is of one sign in
-// a box around both points, the quotient is above 1 or negative. With the roundings of doubles the same holds
-// if f is further from zero than the errors of the two terms, which are a few roundings of (|p| + |a1|) |D|;
-// that is also more than what IntersectSegments takes for a point on a line. How parallel the segments are
-// doesn't matter.
+// Let D = a2 - a1 and f(p) = (p.x - a1.x) D.y - (p.y - a1.y) D.x, whose sign is the side of the line on
+// which p lies. The parameter of an intersection on b1-b2 is f(b1) / (f(b1) - f(b2)). If f has one sign in a
+// box around both points, the quotient is above 1 or negative. In doubles the same holds if f is further
+// from zero than the errors of the two terms, which are a few rounding errors of (|p| + |a1|) |D|; this also
+// exceeds the distance within which IntersectSegments takes a point for one on the line. The argument holds
+// however parallel the segments are.
 #include "geometry/polyline_boxes.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 namespace tessara {
 namespace {
 
-// From the middle of a range to its ends, and the middle.
+// A range by its middle and half its extent.
 struct Range {
     double middle, reach;
 };
@@ -58,7 +58,7 @@ PolylineBoxes::Box PolylineBoxes::Around(const Box& one, const Box& other) {
         Between(std::min(one.x - one.dx, other.x - other.dx), std::max(one.x + one.dx, other.x + other.dx));
     const auto [y, dy] =
         Between(std::min(one.y - one.dy, other.y - other.dy), std::max(one.y + one.dy, other.y + other.dy));
-    // The lesser of a number and a NaN may be either.
+    // std::min and std::max of a number and a NaN may return either.
     if (std::isnan(one.x) || std::isnan(other.x)) return {NOWHERE, NOWHERE, NOWHERE, NOWHERE};
     return {x, y, dx, dy};
 }
@@ -73,7 +73,7 @@ bool PolylineBoxes::LiesToOneSide(std::size_t segment, const Box& box) const {
     const double margin = someRoundings * (size + 1.0) * length + std::numeric_limits<double>::min();
     const double middle = (box.x - a.x) * d.y - (box.y - a.y) * d.x;
     const double reach = box.dx * std::fabs(d.y) + box.dy * std::fabs(d.x);
-    return std::fabs(middle) - reach > margin;  // false for what isn't a number
+    return std::fabs(middle) - reach > margin;  // false for a NaN
 }
 
 void PolylineBoxes::FindNear(const PolylineBoxes& other, std::size_t block,
@@ -89,7 +89,7 @@ void PolylineBoxes::FindBelow(std::size_t height, std::size_t index, const Polyl
     std::size_t line = other.FirstOf(block);
     while (line < other.EndOf(block) && other.LiesToOneSide(line, box))
         ++line;
-    if (line == other.EndOf(block)) return;  // the box lies to one side of each line of the block
+    if (line == other.EndOf(block)) return;  // the box lies on one side of every segment of the block
 
     if (height > 0) {
         FindBelow(height - 1, 2 * index, other, block, segments);

@@ -1,5 +1,5 @@
-// A polyline in blocks of a few segments, with boxes around them: which segments of two polylines can meet at
-// all.
+// Groups the segments of a polyline into blocks with a box around each, to find the segments of two
+// polylines that may intersect.
 #pragma once
 
 #include <cstddef>
@@ -12,23 +12,22 @@ namespace tessara {
 
 class PolylineBoxes {
   public:
-    // Of a polyline of at least two points, which has to live as long. Segment j leads
-    // to point j.
+    // Takes a polyline of at least two points, which must outlive this object. Segment j ends at point j.
     explicit PolylineBoxes(std::span<const PlanePoint> polyline);
 
     [[nodiscard]] std::size_t BlockCount() const { return levels_.front().size(); }
     [[nodiscard]] std::size_t FirstOf(std::size_t block) const { return SEGMENTS * block + 1; }
     [[nodiscard]] std::size_t EndOf(std::size_t block) const;
 
-    // The segments of this polyline, in ascending order, that may have a point in common with one of the
-    // block of the other polyline, and some more. What is left out crosses none of them, and
-    // IntersectSegments says so, too.
+    // The segments of this polyline, in ascending order, that may have a point in common with a block of the
+    // other one. The list may hold a few more, but never lacks a segment for which IntersectSegments finds a
+    // common point.
     void FindNear(const PolylineBoxes& other, std::size_t block, std::vector<std::size_t>* segments) const;
 
   private:
     static constexpr std::size_t SEGMENTS = 8;  // in a block
 
-    // Middle and half extents; not a number around a point that isn't finite.
+    // A box by its middle and half its extent; NaN around a point that isn't finite.
     struct Box {
         double x, y, dx, dy;
     };
@@ -40,7 +39,7 @@ class PolylineBoxes {
                    std::vector<std::size_t>* segments) const;
 
     std::span<const PlanePoint> polyline_;
-    std::vector<std::vector<Box>> levels_;  // the boxes around 1, 2, 4 ... blocks
+    std::vector<std::vector<Box>> levels_;  // boxes around 1, 2, 4, ... blocks
 };
 
 }  // namespace tessara

@@ -1,5 +1,4 @@
-// Divides a piece of a line in halves until each is straight enough, from left to right and without
-// recursion.
+// Halves the pieces of a line until each is straight enough, from left to right and without recursion.
 #pragma once
 
 #include <array>
@@ -10,13 +9,13 @@ namespace tessara {
 
 enum class Division { Finished, Split, Failed };
 
-// Divides the piece between two knots. `divide(left, right, depth, &middle)` judges a piece that has been
-// halved `depth` times and gives the knot to split it at; a piece at the depth LIMIT must not be split.
-// `finish(right)` takes the end of each finished piece, in order along the line. False at the first failure
-// of either.
+// Splits the piece between two knots. `divide(left, right, depth, &middle)` judges a piece that has been
+// halved `depth` times and returns the knot at which to split it; a piece at the depth LIMIT must not be
+// split. `finish(right)` receives the end of each finished piece, in order along the line. Stops, with
+// false, when either fails.
 template <std::size_t LIMIT, class Knot, class Divide, class Finish>
 bool WalkPolyline(Knot left, const Knot& right, const Divide& divide, const Finish& finish) {
-    // The ends of the pieces still to be walked, the next one last, each with the depth of its piece.
+    // The ends of the pieces still to be walked, the next one last, with the depth of each piece.
     struct End {
         Knot knot;
         std::size_t depth;

@@ -73,7 +73,7 @@ double TangentPlane::GetAzimuth(ICoord* p) {
     double y = 0.0;
     double z = 0.0;
     if (!GetPlaneCoords(p, &x, &y, &z)) return MISSING_NUMBER;
-    // Without negative zeros, which atan2 would take for south.
+    // Adding 0.0 turns -0.0 into 0.0; for a negative zero atan2 would return south.
     return std::atan2(x + 0.0, y + 0.0) * DEGREES_PER_RADIAN;
 }
 
@@ -161,7 +161,7 @@ bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out)
     return false;
 }
 
-// The place at a distance from the origin, in the azimuth of p.
+// The place at a distance from the origin, in the direction of p.
 bool TangentPlane::PointInPlane(ICoord* p, double distance, ICoord* out) {
     const double azimuth = GetAzimuth(p);
     if (azimuth == MISSING_NUMBER) return false;

@@ -14,7 +14,7 @@ class TangentPlane : public ITangentPlane {
   public:
     using Faces = FaceList<ITangentPlane>;
 
-    // Throws std::bad_alloc without memory for its parts.
+    // Throws std::bad_alloc if there is no memory for its parts.
     TangentPlane();
 
     bool SetOrigin(ICoord* p) override;
@@ -36,7 +36,7 @@ class TangentPlane : public ITangentPlane {
   private:
     bool PointInPlane(ICoord* p, double distance, ICoord* out);
 
-    IRef<ICoord> origin_;  // GEODEZ, in the datum it was given in
+    IRef<ICoord> origin_;  // GEODEZ, in the datum of the coordinate it was set from
     IRef<IEllipsoidOfRevolution> ellipsoid_;
     IRef<IVector> vectors_;
     IRef<ICoordinateTransfer> transfer_;

@@ -30,16 +30,16 @@
 namespace tessara {
 namespace {
 
-constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border lies a hair outside its zone
+constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border is drawn 1e-9 degrees outside its zone
 
-// Codes and rounded parts would bend a line, and whole metres or degrees can't be told apart finely enough to
-// find one. Lines in such a system are drawn in the exact one behind it.
+// Systems of codes or rounded parts can't draw their own lines: whole metres or degrees are too coarse to
+// place a point on one, and the line would bend. Their lines are drawn in the exact system behind them.
 std::int32_t DrawingSystem(std::int32_t system) {
     const std::int32_t exact = SystemOf(system).exact;
     return exact != NO_SYSTEM ? exact : system;
 }
 
-// From the drawing system.
+// Converts a position from the drawing system to the grid's.
 bool ToGridSystem(std::int32_t system, CKoord* koord) {
     if (static_cast<std::int32_t>(koord->type) == system) return true;
     tagKOORD record = *koord;
@@ -55,8 +55,8 @@ double LongitudeOf(const CKoord& geodez) {
     return Load<GeodezPayload>(geodez).longitude;
 }
 
-// Degrees go on where the codes of GEOREF end: a window ends there. But one that goes all around the earth,
-// by as many degrees as it takes, goes around in codes, too.
+// Degrees continue beyond the codes of GEOREF, so the window is cut where the codes end. A window that spans
+// more than 360 degrees covers all codes.
 bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes) {
     if (system != KOORD_GEOREF) return true;
     const double width = LongitudeOf((*extremes)[Compass::East]) - LongitudeOf((*extremes)[Compass::West]);
@@ -65,7 +65,7 @@ bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes
         const Axis axis = AxisOf(direction);
         tagKOORD limit;
         if (!FindSystemExtreme(direction, datum, system, &limit) || !ConvertTo(KOORD_GEODEZ, &limit))
-            return false;  // GCOVR_EXCL_LINE: where there are positions, there are extremes
+            return false;  // GCOVR_EXCL_LINE: a system with positions has extremes
         CKoord extreme = (*extremes)[direction];
         const bool isBeyond = CompareRecords(axis, extreme, limit) == (SignOf(direction) > 0.0 ? 1 : -1);
         if (!isBeyond && !(goesAround && axis == Axis::East)) continue;
@@ -79,7 +79,7 @@ struct LongPixelPlace {
     std::int32_t x, y;
 };
 
-// A pixel is rounded whatever its datum is; a position goes through the map.
+// A pixel is rounded, whatever its datum; a position goes through the map.
 bool FindPixel(IMapCoordOperations* map, const MapPlane& plane, ICoord* coord, LongPixelPlace* place) {
     CKoord koord;
     if (!KoordFromCoord(coord, &koord)) return false;
@@ -117,7 +117,7 @@ bool AddLine(PackedPolyline polyline, GridLineArray::PointMaker maker, IArray* l
     return line.IsValid();
 }
 
-// A line of the drawing system in the one of the grid.
+// Converts a line from the drawing system to the grid's.
 bool ToGridSystem(std::int32_t system, const GridLine& line, PackedPolyline* polyline) {
     return std::all_of(line.begin(), line.end(), [&](CKoord koord) {
         if (!ToGridSystem(system, &koord)) return false;
@@ -126,8 +126,8 @@ bool ToGridSystem(std::int32_t system, const GridLine& line, PackedPolyline* pol
     });
 }
 
-// The pixels of a drawn line's points in the system of the grid. Whole metres may lie beyond the edge of a
-// map that has the exact point.
+// The pixels of a drawn line's points, rounded as the grid's system rounds them. Where the rounded point
+// lies beyond the edge of the map, the exact point is used.
 bool ToPixels(const MapPlane& map, std::int32_t system, const PackedPolyline& line, PackedPolyline* pixels) {
     return line.ForEach([&](const tagKOORD& record) {
         CKoord koord(record);
@@ -264,7 +264,7 @@ bool CoordinateGrid::CopyMapTo(IMapCoordOperations* target) {
     OwnedMapParam copy;
     if (!from->GetMapParam(&record) || !copy.CopyWithChain(record)) return false;
     if (!to->SetMapParam(&*copy)) return false;
-    copy.Release();  // the target's
+    copy.Release();  // now owned by the target
     return true;
 }
 

@@ -45,7 +45,7 @@ class CoordinateGrid : public ICoordinateGrid {
     double eastStep_ = 0.0;
     double northStep_ = 0.0;
     std::optional<GridWindow> window_;
-    IRef<IMapCoordOperations> windowMap_;  // on which the window's lines are drawn
+    IRef<IMapCoordOperations> windowMap_;  // the map on which the lines of the window are drawn
 };
 
 }  // namespace tessara

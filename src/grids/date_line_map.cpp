@@ -15,11 +15,11 @@ namespace tessara {
 namespace {
 
 constexpr int SAMPLES_OF_A_SIDE = 8;
-constexpr std::int32_t UNCHECKED = 0;  // a border lies a hair outside its zone
+constexpr std::int32_t UNCHECKED = 0;  // a border is drawn 1e-9 degrees outside its zone
 constexpr double FULL_TURN = 360.0;
 constexpr double HALF_TURN = 180.0;
-constexpr double ON_ITS_SIDE = HALF_TURN + 1e-7;  // what lies half around the earth stays where it is
-constexpr double SAME_LONGITUDE = 1e-3;           // degrees; far more than any map's rounding
+constexpr double ON_ITS_SIDE = HALF_TURN + 1e-7;  // a position half a turn away stays on its side
+constexpr double SAME_LONGITUDE = 1e-3;           // degrees; well above the rounding error of any map
 
 std::optional<double> LongitudeAt(const MapPlane& plane, std::int32_t datum, const PlanePoint& pixel) {
     CKoord place(MakeKoord(datum, KOORD_GEODEZ));
@@ -31,7 +31,7 @@ class DateLineMap : public IMapCoordOperations {
   public:
     using Faces = FaceList<IMapCoordOperations>;
 
-    // The longitude in the middle of the window.
+    // `middle` is the longitude in the middle of the window.
     DateLineMap(IRef<IMapCoordOperations> map, MapPlane plane, std::int32_t datum, double middle)
         : map_(std::move(map)), plane_(std::move(plane)), datum_(datum), middle_(middle) {}
 
@@ -47,7 +47,7 @@ class DateLineMap : public IMapCoordOperations {
     bool GetGeoDate(IGeoDate* out) override { return map_->GetGeoDate(out); }
     bool GetProjection(IProjection* out) override { return map_->GetProjection(out); }
 
-    // The kernel's own answer where it has one.
+    // The map's own position, where the map gives one.
     bool FloatPixelToCoord(double x, double y, ICoord* out) override {
         const IRef<ICoord> target(out);
         CKoord wanted;
@@ -89,15 +89,16 @@ class DateLineMap : public IMapCoordOperations {
         *y = RoundPixel(row);
         return true;
     }
-    // Nothing that draws lines asks for it.
+    // The drawing of lines never calls this.
     bool CoordToPixelCoord(ICoord*, ICoord*) override { return false; }
 
   protected:
     ~DateLineMap() = default;
 
   private:
-    // Nothing for a position that is as near as it can be, and where the map doesn't lead back to the other
-    // longitude: a cone ends half a turn from its own meridian.
+    // The place a turn away, if it is nearer to the window. Nothing if the position is on the nearer side
+    // already, and if the map doesn't return the other longitude from that place: a cone ends half a turn
+    // from its own meridian.
     std::optional<PlanePoint> PlaceOnOtherTurn(ICoord* coord) const {
         CKoord koord;
         if (!KoordFromCoord(coord, &koord)) return std::nullopt;

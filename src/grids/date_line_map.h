@@ -1,6 +1,6 @@
-// Windows of maps that go on over the date line, such as from 178 to 182 degrees. No zone takes 181 degrees,
-// and of the two places that a position has on such a map, a turn around the earth apart, its numbers give
-// the one between -180 and 180.
+// Windows that continue across the date line, for example from 178 to 182 degrees. No zone accepts 181
+// degrees. A position has two places on such a map, a turn around the earth apart, and the map returns the
+// one between -180 and 180 degrees.
 #pragma once
 
 #include "tessara/map_coord_operations.h"
@@ -9,9 +9,9 @@
 
 namespace tessara {
 
-// A map of the same pixels on which every pixel of the window has a position, also in systems that end at the
-// date line, and positions have the pixel closest to the window. The map itself where all of the window lies
-// between -180 and 180 degrees; an empty handle without memory and for a map without a datum.
+// A map of the same pixels. Every pixel of the window has a position on it, also in systems that end at the
+// date line, and a position has the pixel closest to the window. If all of the window lies between -180 and
+// 180 degrees, the result is `map` itself; without memory and for a map without a datum the handle is empty.
 [[nodiscard]] IRef<IMapCoordOperations> MapOverDateLine(const IRef<IMapCoordOperations>& map,
                                                         const PixelRect& window);
 

@@ -4,8 +4,8 @@
 
 namespace tessara {
 
-// From the first time on that a point is wanted, the points are objects: the same ones each time. False
-// without memory, with the polyline as it was.
+// Turns the polyline into objects the first time a point is asked for; the same objects are returned from
+// then on. False without memory; the polyline is then kept.
 bool GridLineArray::Unpack() {
     if (points_.IsValid()) return true;
     try {

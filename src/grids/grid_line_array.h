@@ -1,5 +1,5 @@
-// One of the lines that a grid hands out. A grid may have millions of points, and a reader looks at few lines
-// at a time: a line keeps its points in few bytes until it is asked for one.
+// One line of a grid, as an array. A grid may have millions of points, of which a caller reads few at a
+// time, so a line stores its points in packed form until one is asked for.
 #pragma once
 
 #include <utility>
@@ -14,7 +14,7 @@ namespace tessara {
 class GridLineArray : public IArray {
   public:
     using Faces = FaceList<IArray>;
-    // Makes the object of a point; null without memory.
+    // Makes the object for a point; null without memory.
     using PointMaker = IRef<IUnknown> (*)(const tagKOORD&);
 
     GridLineArray(PackedPolyline polyline, PointMaker maker)
@@ -34,7 +34,7 @@ class GridLineArray : public IArray {
 
     PackedPolyline polyline_;
     PointMaker maker_;
-    IRef<IArray> points_;  // empty as long as the polyline holds them
+    IRef<IArray> points_;  // empty while the polyline holds the points
 };
 
 }  // namespace tessara

@@ -17,7 +17,7 @@
 namespace tessara {
 namespace {
 
-// Between which extremes the lines of an axis follow each other.
+// The two extremes between which the lines of an axis follow each other.
 struct Layout {
     Compass first, last;
 };
@@ -27,7 +27,7 @@ constexpr Layout NORTH_LINES{Compass::South, Compass::North};
 
 constexpr int HALVINGS = 4;
 
-// Adds places between two, and the second.
+// Appends the places between two, and the second one.
 void AddPlaces(const CKoord& from, const CKoord& to, int halvings, std::vector<CKoord>* places) {
     tagKOORD middle;
     if (halvings > 0 && AverageRecords(from, to, &middle)) {
@@ -38,7 +38,7 @@ void AddPlaces(const CKoord& from, const CKoord& to, int halvings, std::vector<C
     places->push_back(to);
 }
 
-// Whether lines from one extreme to the other lie too closely.
+// Whether the lines between two extremes are too close together.
 bool AreTooDense(Axis axis, const CKoord& first, const CKoord& last, double step, const GridPen& pen) {
     const double distance = koord::Difference(axis, first, last);
     if (distance == UNKNOWN_DIFFERENCE) return false;
@@ -50,7 +50,7 @@ bool AreTooDense(Axis axis, const CKoord& first, const CKoord& last, double step
     return count > GridPen::LINES_OF_A_PIXEL * pen.WayThrough(places);
 }
 
-// A part of the window, by its extremes on the axis along which lines follow each other or run.
+// A part of the window: its two extremes along one axis.
 struct Stretch {
     CKoord first, last;
 };
@@ -62,7 +62,8 @@ CKoord AtLongitude(CKoord geodez, double longitude) {
     return geodez;
 }
 
-// From west to east or from south to north. Where the degrees begin anew in the window it has its extremes.
+// The stretches of the window from west to east or from south to north. If longitudes start anew inside the
+// window, there are two of them.
 std::vector<Stretch> StretchesOf(Axis axis, const GridWindow& window) {
     const Layout& layout = axis == Axis::East ? EAST_LINES : NORTH_LINES;
     const CKoord& first = window.extremes[layout.first];
@@ -72,7 +73,7 @@ std::vector<Stretch> StretchesOf(Axis axis, const GridWindow& window) {
             {first, AtLongitude(last, window.longitudes->east)}};
 }
 
-// The lines of a system without zones.
+// Draws the lines of a system without zones.
 class PlainLines {
   public:
     PlainLines(Axis axis, const GridWindow& window, GridPen* pen)
@@ -102,7 +103,7 @@ class PlainLines {
         for (const Stretch& along : StretchesOf(across_, window_)) {
             GridPen::Piece piece{place, place};
             if (!MakeEnd(along.first, &piece.from) || !MakeEnd(along.last, &piece.to)) return false;
-            // Lines of equal longitude run from north to south.
+            // Lines of equal longitude are drawn from north to south.
             if (axis_ == Axis::East) std::swap(piece.from, piece.to);
             pieces.push_back(piece);
         }

@@ -1,4 +1,4 @@
-// The lines of a grid over a window, as coordinate_grid.h tells.
+// Draws the lines of a grid over a window.
 #pragma once
 
 #include <optional>
@@ -19,8 +19,9 @@ struct GridWindow {
     double finestStep;  // 0.0, or the unit to which the lines will be rounded
 };
 
-// The lines of equal value on the axis. The system of the extremes must keep its values as numbers, BNG and
-// ING included. False, without a line, where they lie closer than a thousandth of a pixel on average.
+// Draws the lines on which the axis has a constant value. The system of the extremes must store its values
+// as numbers (BNG and ING count as such). False, without a line, if the lines are closer than a thousandth
+// of a pixel on average.
 bool DrawGridLines(Axis axis, const GridWindow& window, GridPen* pen);
 
 }  // namespace tessara

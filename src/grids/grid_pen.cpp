@@ -6,7 +6,7 @@
 namespace tessara {
 namespace {
 
-constexpr double ROUNDS_INTO = 0.5;  // pixels; what rounds to a pixel of the window is in it
+constexpr double ROUNDS_INTO = 0.5;  // pixels; a place this close to the window rounds to a pixel inside
 
 double WidthOf(const PixelRect& window) {
     return static_cast<double>(window.right) - window.left;
@@ -24,7 +24,7 @@ Box Around(const PixelRect& window, double margin) {
     return {window.left - margin, window.top - margin, window.right + margin, window.bottom + margin};
 }
 
-// Whether a and b lie beyond one and the same side.
+// Whether a and b both lie beyond the same side.
 bool PassesASide(const PlanePoint& a, const PlanePoint& b, const Box& box) {
     return (a.x < box.left && b.x < box.left) || (a.x > box.right && b.x > box.right) ||
            (a.y < box.top && b.y < box.top) || (a.y > box.bottom && b.y > box.bottom);
@@ -54,21 +54,23 @@ bool MeetsBox(const std::vector<PlanePoint>& polyline, const Box& box) {
     return false;
 }
 
-// How far a point lies from the straight line through two others; from both, if those are one.
+// The distance of a point from the straight line through two others; from their common place if they are
+// equal.
 double DistanceToLine(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
     const double length = std::hypot(b.x - a.x, b.y - a.y);
     if (length == 0.0) return std::hypot(p.x - a.x, p.y - a.y);
     return std::fabs((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / length;
 }
 
-// How far the point stands out between its neighbours; an end doesn't.
+// The distance of a vertex from the line through its neighbours; 0.0 for an end.
 double BendAt(const std::vector<PlanePoint>& polyline, std::size_t i) {
     if (i == 0 || i + 1 >= polyline.size()) return 0.0;
     return DistanceToLine(polyline[i], polyline[i - 1], polyline[i + 1]);
 }
 
-// Half as long, an arc lies a quarter as far beside its chord: a line leaves a piece of its polyline by a
-// quarter of what the polyline's points stand out. That holds twice over.
+// An arc half as long has a quarter of the distance from its chord. So the line leaves a segment of its
+// polyline by at most a quarter of the distance of the segment's ends from their neighbours' chords; twice
+// that is taken.
 bool ComesNear(const std::vector<PlanePoint>& polyline, const PixelRect& window) {
     for (std::size_t i = 1; i < polyline.size(); ++i) {
         const double bend = std::max(BendAt(polyline, i - 1), BendAt(polyline, i)) / 2.0;

@@ -12,7 +12,7 @@
 namespace tessara {
 
 using GridLine = std::vector<CKoord>;
-// Takes a line; false ends the drawing, which has then failed.
+// Receives a line. Returning false ends the drawing as a failure.
 using GridLineSink = std::function<bool(const GridLine&)>;
 
 class GridPen {
@@ -21,50 +21,49 @@ class GridPen {
     GridPen(const MapPlane& map, const PixelRect& window, GridLineSink sink)
         : map_(map), window_(window), sink_(std::move(sink)) {}
 
-    // Adds the polyline from a place to another to the end of a line. False as densify.h says; the line is
-    // then unchanged.
+    // Appends the polyline between two places to a line. False if the densifier fails or the pen has reached
+    // its limit; the line is then unchanged.
     bool Append(const CKoord& from, const CKoord& to, DensifyMode mode, GridLine* line);
 
     bool Finish(const GridLine& line) { return sink_(line); }
 
-    // Counts what a line takes, in points. False when the pen has done as much as it ever does.
+    // Adds to the number of points drawn or tried. False when that exceeds MOST_POINTS.
     bool Spend(std::size_t points) {
         spent_ += points;
         return spent_ <= MOST_POINTS;
     }
 
-    // A line of pieces end to end; true and no line where it passes by the window: a zone's share of the
-    // extremes is wider than its share of the window. A line lies beside its polyline by the densifier's
-    // tolerance, and by more at the limit of its pieces, so that one that passes the window by no more is
-    // drawn, too.
+    // Draws a line of pieces end to end, or nothing (and returns true) if it passes by the window: a zone's
+    // share of the extremes is larger than its share of the window. A line deviates from its polyline by the
+    // densifier's tolerance, or by more where the densifier stops at its limit; lines that miss the window
+    // by no more than that are drawn, too.
     struct Piece {
         CKoord from, to;
     };
     bool DrawNearWindow(const std::vector<Piece>& pieces);
     bool DrawNearWindow(const CKoord& from, const CKoord& to) { return DrawNearWindow({{from, to}}); }
 
-    // A line along the border of a zone, where it touches the window, to half a pixel.
+    // Draws a line along the border of a zone if it touches the window, to half a pixel.
     bool DrawBorder(const CKoord& from, const CKoord& to);
 
-    // Whether a border does. False also where it has no place on the map.
+    // Whether such a border touches the window. False also if the border has no place on the map.
     [[nodiscard]] bool IsBorderInWindow(const CKoord& from, const CKoord& to) const;
 
-    // Whether two places lie no more than a pixel apart on each axis.
+    // Whether two places are at most one pixel apart on each axis.
     [[nodiscard]] bool IsWithinAPixel(const CKoord& a, const CKoord& b) const;
 
-    // Whether so many lines are more than any window of this size can tell apart: then it's worth while to
-    // measure how closely they lie.
+    // Whether there are more lines than a window of this size can show. Only then is their spacing measured.
     [[nodiscard]] bool AreMany(double lines) const;
 
-    // How far, in pixels, it is through some places. One that has none on the map is as far away as the
-    // window is wide.
+    // The length in pixels of the way through some places. A place that has no pixel counts as far away as
+    // the diagonal of the window.
     [[nodiscard]] double WayThrough(const std::vector<CKoord>& places) const;
 
-    // Of lines no further apart, on average, nobody sees any.
+    // The density from which lines are refused: so many to a pixel, on average.
     static constexpr double LINES_OF_A_PIXEL = 1000.0;
 
   private:
-    // The grid of a kilometre on a map of the world at 1:1000000 has some fifteen million.
+    // A grid of one kilometre on a map of the world at 1:1000000 has some fifteen million points.
     static constexpr std::size_t MOST_POINTS = 20000000;
 
     const MapPlane& map_;

@@ -11,7 +11,7 @@
 
 namespace tessara {
 
-// Every zone counts its east values from its own central line.
+// In zoned systems the anchor is on the zone's own central line, from which its east values count.
 bool GridSteps::FindAnchor(const CKoord& place, CKoord* anchor) const {
     *anchor = place;
     if (!zones::Exist(static_cast<std::int32_t>(place.type))) return ResetToDefault(anchor);
@@ -21,7 +21,7 @@ bool GridSteps::FindAnchor(const CKoord& place, CKoord* anchor) const {
     return ResetToDefault(anchor) && CopyAxis(Axis::East, centre, anchor);
 }
 
-// A shift of a pixel to the north adds to its row, which is southward.
+// Shifting a pixel to the north increases its row, which moves it southward.
 bool GridSteps::MoveBy(double delta, CKoord* place) const {
     const bool isRow = axis_ == Axis::North && IsPixelType(static_cast<std::int32_t>(place->type));
     return koord::Shift(axis_, isRow ? -delta : delta, place);
@@ -36,7 +36,7 @@ FirstLine GridSteps::MoveToFirst(CKoord* place) const {
     const double count = std::trunc(distance / step_);
     if (!MoveBy(count * step_, &line)) return FirstLine::None;
     if (CompareRecords(axis_, *place, line) > 0 && !MoveBy(step_, &line)) return FirstLine::None;
-    // Where counts or steps are lost in the digits of the numbers, the line isn't reached.
+    // A count or a step below the resolution of the numbers never reaches the line.
     const std::int32_t order = CompareRecords(axis_, *place, line);
     if (order == NOT_COMPARABLE) return FirstLine::Failed;
     if (order > 0) return FirstLine::None;
@@ -44,8 +44,8 @@ FirstLine GridSteps::MoveToFirst(CKoord* place) const {
     return FirstLine::Found;
 }
 
-// Not by a step that is lost in the digits of the numbers, or in the nanometres by which letters shake a
-// place when they are renewed. The end of a system may draw a place onto itself.
+// False for a step below the resolution of the numbers, or within the nanometres by which renewing its
+// letters moves a place, and where the end of the system pulls a place back onto itself.
 bool GridSteps::Advance(CKoord* place) const {
     const CKoord before = *place;
     if (step_ < finest_ || !MoveBy(step_, place)) return false;

@@ -1,4 +1,4 @@
-// Where the lines of a grid stand along one axis: at whole multiples of a step from an anchor.
+// The positions of a grid's lines along one axis: multiples of the step from an anchor.
 #pragma once
 
 #include <functional>
@@ -12,17 +12,17 @@ enum class FirstLine { Found, None, Failed };
 
 class GridSteps {
   public:
-    // Lines of equal value on the axis. A step below `finest` moves no line.
+    // For lines of constant value on the axis. A step below `finest` moves no line.
     GridSteps(Axis axis, double step, double finest) : axis_(axis), step_(step), finest_(finest) {}
 
-    // Moves a place to the first line at it or beyond: east of it or north of it. For north lines the place
-    // then lies on the line that goes north through the anchor. None, with the place unchanged, if the system
-    // or the zone ends before the line.
+    // Moves a place to the first line at or beyond it, to the east or north. For north lines the place then
+    // also lies on the line that runs north through the anchor. FirstLine::None, with the place unchanged,
+    // if the system or the zone ends before the line.
     FirstLine MoveToFirst(CKoord* place) const;
 
-    // Calls draw(place) for a place on a line and for each line after it up to `last`. It ends early where
-    // the system or the zone does and where a step is too small to move a place. False if a draw is, and for
-    // places that can't be compared.
+    // Calls draw(place) for a place on a line and for each following line up to `last`. Ends early, with
+    // true, at the end of the system or the zone and if the step is too small to move a place. False if a
+    // draw returns false or places can't be compared.
     [[nodiscard]] bool Walk(CKoord place, const CKoord& last,
                             const std::function<bool(const CKoord&)>& draw) const;
 

@@ -19,7 +19,7 @@ double LongitudeOf(const CKoord& geodez) {
     return Load<GeodezPayload>(geodez).longitude;
 }
 
-// The longitudes that are seen along some rows and columns of the window, its sides among them.
+// The longitudes found along some rows and columns of the window, its sides included.
 class Survey {
   public:
     Survey(const MapPlane& map, const PixelRect& window, const Extremes& extremes)
@@ -36,9 +36,9 @@ class Survey {
         std::sort(seen_.begin(), seen_.end());
     }
 
-    // From west to east.
+    // Sorted from west to east.
     [[nodiscard]] const std::vector<double>& Seen() const { return seen_; }
-    // Between two samples the window goes no further beyond them than this.
+    // The window extends at most this far beyond the outermost samples.
     [[nodiscard]] double Margin() const { return margin_; }
 
   private:
@@ -48,7 +48,7 @@ class Survey {
             margin_ = std::max(margin_, std::fabs(std::remainder(longitude - last, FULL_TURN)));
     }
 
-    // The extremes may end where the codes of a system do.
+    // The extremes may be cut where the codes of a system end.
     [[nodiscard]] bool IsBetweenExtremes(const CKoord& place) const {
         const double longitude = LongitudeOf(place);
         return longitude >= LongitudeOf(west_) && longitude <= LongitudeOf(east_);
@@ -71,7 +71,7 @@ std::optional<LongitudeArc> FindLongitudeArc(const MapPlane& map, const PixelRec
     const Survey survey(map, window, extremes);
     const std::vector<double>& seen = survey.Seen();
     if (seen.empty()) return std::nullopt;
-    LongitudeArc arc{0.0, 0.0};  // around the widest gap
+    LongitudeArc arc{0.0, 0.0};  // the ends of the widest gap
     for (std::size_t i = 1; i < seen.size(); ++i) {
         if (seen[i] - seen[i - 1] > arc.west - arc.east) arc = {seen[i], seen[i - 1]};
     }

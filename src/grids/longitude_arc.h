@@ -1,5 +1,5 @@
-// The longitudes of a window beside a pole, across the meridian at which the map's degrees begin anew: 180 or
-// where a cone is cut. By its extremes such a window reaches around the earth.
+// The longitudes of a window beside a pole that crosses the meridian where longitudes start anew: 180, or
+// the cut of a cone. Its extremes alone would make such a window reach around the earth.
 #pragma once
 
 #include <optional>
@@ -10,14 +10,14 @@
 
 namespace tessara {
 
-// The window lies between `west` and its eastern extreme and between its western extreme and `east`, in
-// degrees with east < west. Between these two there is nothing of it.
+// The window covers the longitudes from `west` to its eastern extreme and from its western extreme to
+// `east`, in degrees with east < west. No part of it lies between `east` and `west`.
 struct LongitudeArc {
     double west, east;
 };
 
-// Nothing for windows that leave out no longitude between their extremes: those beside no such meridian,
-// those with a pole inside or so close that samples don't find the gap, and systems other than GEODEZ.
+// Nothing for a window that leaves out no longitude between its extremes: one away from such a meridian, one
+// with a pole inside or so close that the samples don't find the gap, and one in a system other than GEODEZ.
 [[nodiscard]] std::optional<LongitudeArc> FindLongitudeArc(const MapPlane& map, const PixelRect& window,
                                                            const Extremes& extremes);
 

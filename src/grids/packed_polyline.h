@@ -1,5 +1,5 @@
-// A polyline of records in few bytes: of each only the words in which it differs from the one before. Along a
-// line of a grid that is one number or two.
+// A polyline of records in few bytes. Each record is stored as the words in which it differs from the
+// previous one, along a grid line one or two numbers.
 #pragma once
 
 #include <cstddef>
@@ -13,12 +13,12 @@ namespace tessara {
 class PackedPolyline {
   public:
     void Append(const tagKOORD& record);
-    // Gives back what was taken in advance. A polyline that is done is as small as it can be.
+    // Releases the spare capacity once all points are appended.
     void Finish() { bytes_ = std::vector<std::uint8_t>(bytes_.begin(), bytes_.end()); }
 
     [[nodiscard]] std::size_t Size() const { return size_; }
 
-    // Calls visit(record) for each in turn, until it is false; whether it never was.
+    // Calls visit(record) for each record in order, until one call returns false. Returns whether none did.
     template <class Visit>
     bool ForEach(const Visit& visit) const {
         Words words{};

@@ -1,4 +1,4 @@
-// Places of a window of a map, by how far across they lie.
+// Sample places in a window of a map, given by fractions of its width and height.
 #pragma once
 
 #include "geometry/plane_lines.h"
@@ -6,14 +6,14 @@
 
 namespace tessara {
 
-// From 0.0 on the left and the top side to 1.0 on the right and the bottom one.
+// 0.0 is the left or top side, 1.0 the right or bottom side.
 inline PlanePoint PlaceInWindow(const PixelRect& window, double across, double down) {
     return {window.left + (static_cast<double>(window.right) - window.left) * across,
             window.top + (static_cast<double>(window.bottom) - window.top) * down};
 }
 
-// Calls visit(place, isFirst) for places along nine rows and nine columns of the window, its sides among
-// them: `pieces` and one on each, of which the first begins a line.
+// Calls visit(place, isFirst) for places along nine rows and nine columns of the window, its sides included.
+// Each has `pieces` + 1 places; isFirst marks the first one.
 template <class Visit>
 void WalkAcrossWindow(const PixelRect& window, int pieces, const Visit& visit) {
     constexpr int LINES = 8;

@@ -12,11 +12,11 @@
 namespace tessara {
 namespace {
 
-constexpr int SAMPLES_OF_A_ZONE = 4;  // where a line goes through all of them
+constexpr int SAMPLES_OF_A_ZONE = 4;  // enough to find a sample in every zone that a line crosses
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
-// Zones are counted from longitude -180 eastward. The outermost strips of GK have one meridian and are the
-// same on the ground, and GK6 has no strip 0. Nothing for a zone that doesn't exist.
+// The index of a zone, counted eastward from longitude -180. The strips of GK at -180 and 180 share a
+// meridian and are the same on the ground; GK6 has no strip 0. Nothing for a zone that doesn't exist.
 std::optional<std::int32_t> IndexOf(const tagKOORD& place) {
     const std::int32_t number = zones::Number(place);
     const auto system = static_cast<std::int32_t>(place.type);
@@ -45,7 +45,7 @@ struct Sighting {
     double east = -INFINITE;
 };
 
-// The zones that are seen along some rows and columns of the window, its sides among them.
+// The zones found along some rows and columns of the window, its sides included.
 class Survey {
   public:
     Survey(const MapPlane& map, const PixelRect& window, const CKoord& empty)
@@ -63,7 +63,7 @@ class Survey {
     [[nodiscard]] const Sighting& At(std::int32_t index) const {
         return zones_[static_cast<std::size_t>(index)];
     }
-    // Between two samples the window goes no further beyond them than this.
+    // The window extends at most this far beyond the outermost samples.
     [[nodiscard]] double Margin() const {
         if (margin_ > 0.0) return margin_;
         return INFINITE;
@@ -123,7 +123,8 @@ std::optional<ZoneArc> FindZoneArc(const MapPlane& map, const PixelRect& window,
     if (last - first <= circle / 2) return std::nullopt;
 
     const Survey survey(map, window, west);
-    // The longest run of zones that aren't seen; twice around, since it may go over the end of the numbers.
+    // The longest run of zones without a sample. The scan goes around twice, since a run may cross the end
+    // of the numbers.
     std::int32_t longest = 0;
     std::int32_t end = 0;
     for (std::int32_t i = 0, run = 0; i < 2 * circle; ++i) {

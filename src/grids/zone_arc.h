@@ -1,6 +1,5 @@
-// The zones of a window that doesn't begin with the first of their numbers and end with the last: over the
-// date line they begin anew, and around a pole a window may leave some out. By its extremes such a window
-// lies in all zones.
+// The zones of a window that crosses the end of the zone numbers: at the date line they start anew, and
+// around a pole a window may leave some out. Its extremes alone would put such a window into all zones.
 #pragma once
 
 #include <cstdint>
@@ -12,22 +11,22 @@
 
 namespace tessara {
 
-// Zones that follow each other from west to east on the ground, also from the last number to the first.
+// A range of zones from west to east on the ground; it may run from the last number on to the first.
 struct ZoneArc {
     std::int32_t first, last;  // zone numbers
     double west, east;  // east values: the window lies between one of the first and one of the last zone
 };
 
-// Nothing for windows whose extremes tell their zones. The zones at the ends of the arc
-// are those that samples find in the window; beside them another may reach into the window by less.
+// Nothing for a window whose zones follow from its extremes. The zones at the ends of the arc are the
+// outermost that samples find in the window; their neighbours may reach into the window by less.
 [[nodiscard]] std::optional<ZoneArc> FindZoneArc(const MapPlane& map, const PixelRect& window,
                                                  const Extremes& extremes);
 
-// Moves the record, by its easting, into the zone that lies next on the ground, `delta` steps east. False
-// without zones and where they end.
+// Moves the record, by its easting, `delta` zones eastward on the ground. False for a system without zones
+// and beyond its last zone.
 bool MoveAroundEarth(std::int32_t delta, tagKOORD* record);
 
-// How many zones there are around the earth; 0 for systems whose zones end.
+// The number of zones around the earth; 0 for a system whose zones don't close.
 [[nodiscard]] std::int32_t ZonesAroundEarth(std::int32_t system);
 
 }  // namespace tessara

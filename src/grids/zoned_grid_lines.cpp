@@ -1,5 +1,5 @@
-// Zones are walked from west to east: by their numbers, but over the date line. Within a zone places are
-// plain eastings and northings; those of UTM count from the equator in both hemispheres.
+// Zones are walked from west to east by their numbers, except across the date line. Within a zone, places
+// are plain eastings and northings; northings of UTM count from the equator in both hemispheres.
 #include "grids/zoned_grid_lines.h"
 
 #include <algorithm>
@@ -20,20 +20,21 @@ namespace {
 
 constexpr int PLACES_OF_A_WAY = 16;
 
-// What the search for the end of a line takes, roughly.
+// The approximate cost, in points, of searching for the end of a line.
 constexpr std::size_t POINTS_OF_A_SEARCH = 10;
 
-// The eastings of a zone's borders at one northing.
+// The eastings of a zone's two borders at one northing.
 struct Borders {
     double west, east;
 
     [[nodiscard]] bool Enclose(double easting) const { return easting >= west && easting <= east; }
 };
 
-// A zone, by its central line. Its places want no zone: a place on a border stays in this one.
+// A zone, represented by its central line. Its places want no zone, so that a place on the border stays in
+// this zone.
 class Zone {
   public:
-    // The zone in which a place lies; nothing if it doesn't exist.
+    // The zone of a place; nothing if that zone doesn't exist.
     static std::optional<Zone> Of(const CKoord& place) {
         tagKOORD centre = place;
         if (!zones::MoveToCentre(&centre)) return std::nullopt;
@@ -41,14 +42,14 @@ class Zone {
         return Zone(centre);
     }
 
-    // The next one to the east; nothing where the system ends.
+    // The next zone to the east; nothing where the system ends.
     [[nodiscard]] std::optional<Zone> Next() const {
         tagKOORD moved = centre_;
         if (!zones::Move(1, &moved) || zones::Number(moved) <= Number()) return std::nullopt;
         return Of(CKoord(moved));
     }
 
-    // The one that lies `delta` steps east on the ground, also over the date line.
+    // The zone `delta` steps to the east on the ground, across the date line, too.
     [[nodiscard]] std::optional<Zone> Beside(std::int32_t delta) const {
         tagKOORD moved = centre_;
         return MoveAroundEarth(delta, &moved) ? Of(CKoord(moved)) : std::nullopt;
@@ -73,7 +74,7 @@ class Zone {
         return Borders{zones::East(west), zones::East(east)};
     }
 
-    // The northing at which the zone is widest, in all the world.
+    // The northing at which the zone is widest on the whole earth.
     [[nodiscard]] std::optional<double> WidestNorthing() const {
         tagKOORD foot = centre_;
         if (!zones::MoveToEquator(&foot)) return std::nullopt;
@@ -109,7 +110,7 @@ std::vector<Zone> ZonesOf(const CKoord& place, const ZoneArc& arc) {
     return zones;
 }
 
-// Where the window ends in an outermost zone.
+// The end of the window within an outermost zone.
 struct WindowEnd {
     std::int32_t zone;
     double east;
@@ -167,20 +168,20 @@ class ZonedLines {
     }
 
   private:
-    // One zone's share of the window.
+    // The share of the window that lies in one zone.
     struct Share {
         Zone zone;
-        double widest;  // the northing at which the zone is widest in the window
+        double widest;  // the northing at which that share is widest
         Borders atNorth, atSouth, atWidest;
     };
 
-    // False if visit is for one of them, or if there are none.
+    // Visits each share. False if a visit returns false or there are none.
     template <class Visit>
     bool ForEachZone(const Visit& visit) const {
         return !zones_.empty() && std::all_of(zones_.begin(), zones_.end(), visit);
     }
 
-    // What the samples missed at the ends of the arc.
+    // Adds zones that the samples missed at the ends of the arc.
     void ExtendArc() {
         const auto circle =
             static_cast<std::size_t>(ZonesAroundEarth(static_cast<std::int32_t>(southPlace_.type)));
@@ -208,11 +209,11 @@ class ZonedLines {
                pen_.IsBorderInWindow(zone.At((*atNorth).*side, north_), zone.At((*atSouth).*side, south_));
     }
 
-    // None where the window takes the outermost zone whole.
+    // No end is set where the window covers the outermost zone completely.
     [[nodiscard]] bool IsFirst(const Zone& zone) const { return westEnd_ && zone.Number() == westEnd_->zone; }
     [[nodiscard]] bool IsLast(const Zone& zone) const { return eastEnd_ && zone.Number() == eastEnd_->zone; }
 
-    // Between which east values a zone has lines, at its widest northing.
+    // The east values between which a zone has lines, at its widest northing.
     [[nodiscard]] Borders LinesOf(const Share& share) const {
         return {IsFirst(share.zone) ? std::max(westEnd_->east, share.atWidest.west) : share.atWidest.west,
                 IsLast(share.zone) ? std::min(eastEnd_->east, share.atWidest.east) : share.atWidest.east};
@@ -262,7 +263,7 @@ class ZonedLines {
         return Share{zone, widest, *atNorth, *atSouth, *atWidest};
     }
 
-    // Inside the window the border belongs to the eastern of two zones.
+    // Within the window, the border between two zones belongs to the eastern one.
     bool DrawZone(const Share& share) {
         if (!DrawWestBorder(share)) return false;
         CKoord place = share.zone.At(LinesOf(share).west, share.widest);
@@ -276,7 +277,7 @@ class ZonedLines {
         return isOutside || DrawBorder(share, &Borders::west);
     }
 
-    // Around a pole it is the western border of the first zone, which has been drawn.
+    // Around a pole the last border is the western border of the first zone, which is drawn already.
     bool DrawLastBorder(const std::vector<Share>& shares) {
         const Share& last = shares.back();
         if (IsLast(last.zone) && !Reaches(last, eastPlace_, &Borders::east)) return true;
@@ -291,8 +292,9 @@ class ZonedLines {
         return isSame(north_, first.atNorth, last.atNorth) && isSame(south_, first.atSouth, last.atSouth);
     }
 
-    // Whether a window that ends inside a zone may reach its border: by its east value at the northings where
-    // the zone is narrow, or at the extreme to a pixel. The edge of a system is searched no finer than that.
+    // Whether a window that ends inside a zone may reach the zone's border: by its east value at the
+    // northings where the zone is narrow, or at the extreme to within a pixel. The limit of a system isn't
+    // searched more finely.
     [[nodiscard]] bool Reaches(const Share& share, const std::optional<CKoord>& extreme,
                                double Borders::*side) const {
         const bool isWest = side == &Borders::west;
@@ -312,15 +314,15 @@ class ZonedLines {
                                share.zone.At(share.atSouth.*side, south_));
     }
 
-    // From a place on the first line to the end of the zone or the window.
+    // Draws from a place on the first line to the end of the zone or the window.
     bool DrawLines(const Share& share, const CKoord& first) {
         const CKoord last = share.zone.At(LinesOf(share).east, share.widest);
         return eastSteps_.Walk(first, last,
                                [&](const CKoord& place) { return DrawLine(share, zones::East(place)); });
     }
 
-    // Zones narrow toward the poles, where a line may leave its zone before it leaves the window. What would
-    // stand on the eastern border is no line of this zone.
+    // Zones narrow toward the poles, where a line may leave its zone before it leaves the window. A line
+    // that would coincide with the eastern border isn't drawn in this zone.
     bool DrawLine(const Share& share, double easting) {
         if (!(easting < share.atWidest.east)) return true;
         double top = north_;
@@ -330,7 +332,7 @@ class ZonedLines {
         return pen_.DrawNearWindow(share.zone.At(easting, top), share.zone.At(easting, bottom));
     }
 
-    // Moves an end of a line to where it meets the border of the zone.
+    // Moves the end of a line to the point where it meets the border of the zone.
     bool Clip(const Share& share, double easting, Compass direction, double* end) {
         if (!pen_.Spend(POINTS_OF_A_SEARCH)) return false;
         tagKOORD place = share.zone.At(easting, share.widest);
@@ -339,7 +341,7 @@ class ZonedLines {
         return limit != ZoneLimit::Failure;
     }
 
-    // One line of a piece for each zone.
+    // Draws one line with a piece in each zone.
     bool DrawNorthLine(double northing) {
         GridLine line;
         const bool isDrawn =
@@ -347,8 +349,8 @@ class ZonedLines {
         return isDrawn && (line.empty() || pen_.Finish(line));
     }
 
-    // From border to border, or from and to the ends of the window. At this northing the window may end
-    // beyond the border: then the zone has no piece.
+    // Appends the piece between the borders of the zone or the ends of the window. If the window ends beyond
+    // the border at this northing, the zone has no piece.
     bool AppendPiece(const Zone& zone, double northing, GridLine* line) {
         const std::optional<Borders> borders = zone.BordersAt(northing);
         if (!borders) return false;
@@ -363,7 +365,7 @@ class ZonedLines {
     const CKoord& northPlace_;
     std::vector<Zone> zones_;
     std::optional<WindowEnd> westEnd_, eastEnd_;
-    std::optional<CKoord> westPlace_, eastPlace_;  // the window's extremes where they are its ends
+    std::optional<CKoord> westPlace_, eastPlace_;  // the extremes of the window that serve as its ends
     double south_, north_;
     double eastStep_, northStep_;
     GridSteps eastSteps_, northSteps_;

@@ -1,5 +1,5 @@
-// The lines of a grid in a system of zones, UTMREF excepted. Each zone of the window has lines of its own,
-// and where two zones meet the border is a line, too.
+// Draws the lines of a grid in a zoned system other than UTMREF. Each zone of the window has its own lines,
+// and the border between two zones is drawn as a line, too.
 #pragma once
 
 #include "grids/grid_lines.h"

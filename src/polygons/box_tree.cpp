@@ -11,13 +11,13 @@ Box Around(const Box& a, const Box& b) {
             std::max(a.bottom, b.bottom)};
 }
 
-// How many boxes a strip takes so that there are as many groups in a strip as strips.
+// The number of boxes in a strip for which a strip has as many groups as there are strips.
 std::size_t StripSize(std::size_t count, std::size_t group) {
     const double groups = static_cast<double>(count) / static_cast<double>(group);
     return static_cast<std::size_t>(std::ceil(std::sqrt(groups))) * group;
 }
 
-// The numbers of the boxes in strips from left to right, in each from top to bottom.
+// The indices of the boxes, in strips from left to right and within each strip from top to bottom.
 std::vector<std::size_t> InStrips(const std::vector<Box>& boxes, std::size_t stripSize) {
     std::vector<std::size_t> numbers(boxes.size());
     std::iota(numbers.begin(), numbers.end(), std::size_t{0});

@@ -1,4 +1,4 @@
-// A tree of boxes, in which a search looks at the few that can matter.
+// A tree of boxes that finds those which pass a test without looking at all of them.
 #pragma once
 
 #include <algorithm>
@@ -9,15 +9,16 @@
 
 namespace tessara {
 
-// Neighbours are packed into groups, those into larger ones, each with the box around it. How often boxes
-// overlap makes searches slower, but never where they lie: crowds are no worse than rasters.
+// Neighbouring boxes are packed into groups and groups into larger groups, each with a box around it. A
+// search takes longer the more the boxes overlap; how they are distributed doesn't matter.
 class BoxTree {
   public:
-    // None of the borders may be a NaN; infinite ones and boxes that are inside out are fine.
+    // No border may be NaN. Infinite borders, and boxes whose right border is left of the left one, are
+    // allowed.
     explicit BoxTree(const std::vector<Box>& boxes);
 
-    // Visits the numbers of all boxes that pass the test, in no particular order. A box around one that
-    // passes must pass, too.
+    // Visits the index of every box that passes the test, in no particular order. The test must accept any
+    // box that encloses an accepted one.
     template <class Test, class Visit>
     void Search(const Test& passes, const Visit& visit) const {
         SearchGroup(levels_.size() - 1, 0, levels_.back().size(), passes, visit);
@@ -41,7 +42,7 @@ class BoxTree {
         }
     }
 
-    std::vector<std::size_t> numbers_;      // of the boxes on the lowest level
+    std::vector<std::size_t> numbers_;      // indices of the boxes on the lowest level
     std::vector<std::vector<Box>> levels_;  // from the boxes themselves to a level of one group
 };
 

@@ -9,26 +9,26 @@
 
 namespace tessara {
 
-// Holds its arguments. The results are those of coordinate_area.h.
+// Holds its six arguments for the length of the call. The results are the codes OVERLAY_... of
+// coordinate_area.h.
 class OverlayCall {
   public:
     OverlayCall(IArray* first, IArray* second, IArray* neither, IArray* onlySecond, IArray* onlyFirst,
                 IArray* both);
 
-    // Whether all six are there.
+    // Whether all six arguments are there.
     [[nodiscard]] bool IsComplete() const;
-    // Whether a polygon has no vertices.
+    // Whether one of the polygons has no vertices.
     [[nodiscard]] bool HasEmptyPolygon() const;
-    // The first coordinate there is; false unless all of both polygons have its reference.
+    // The first coordinate of the two polygons. False unless all their coordinates share its reference.
     bool ReadStart(std::optional<CKoord>* start) const;
 
-    // Lays the polygons over each other as they lie on a map. What can't be read leaves the lists as they
+    // Overlays the polygons in the plane of a map. A polygon that can't be read leaves the lists as they
     // were.
     [[nodiscard]] std::int32_t RunOnMap(const MapPlane& map, double tolerance, const RingForm& form) const;
-    // Takes them as valid pixels, of which an empty polygon has none to read. Every failure empties the
-    // lists.
+    // Overlays two polygons of valid pixels. Every failure empties the lists.
     [[nodiscard]] std::int32_t RunOnPixels(double tolerance, const RingForm& form) const;
-    // Empties the lists.
+    // Empties the lists and returns the failure code.
     [[nodiscard]] std::int32_t Fail() const;
 
   private:

@@ -1,5 +1,5 @@
-// Outside everything is outside both rings, and whoever crosses an edge of a ring changes sides. So
-// what a face is in is told by its neighbours, and no point has to be found inside it.
+// Labels spread from the unbounded face, which is outside both rings: crossing an edge toggles each ring
+// that runs along it an odd number of times. So no point has to be found inside a face.
 #include "polygons/polygon_faces.h"
 
 #include <algorithm>
@@ -22,14 +22,15 @@ class HalfEdges {
             end = begin + 1;
             while (end < around.size() && Start(around[end]) == Start(around[begin]))
                 ++end;
-            // Who comes to the node along the twin of a half-edge goes on along the one clockwise of it.
+            // A walk with the face on its left leaves a node along the next half-edge clockwise from the
+            // twin of the one it arrived on.
             for (std::size_t k = begin; k < end; ++k)
                 next_[Twin(around[k])] = around[k == begin ? end - 1 : k - 1];
         }
     }
 
     [[nodiscard]] std::size_t Count() const { return next_.size(); }
-    // The nodes at which edges end.
+    // The number of nodes at which edges end.
     [[nodiscard]] std::size_t NodeCount() const { return nodeCount_; }
     [[nodiscard]] std::size_t Next(std::size_t halfEdge) const { return next_[halfEdge]; }
     [[nodiscard]] std::size_t Start(std::size_t halfEdge) const {
@@ -43,7 +44,7 @@ class HalfEdges {
     static std::size_t Twin(std::size_t halfEdge) { return halfEdge % 2 == 0 ? halfEdge + 1 : halfEdge - 1; }
 
   private:
-    // All half-edges by the node where they start, around it counterclockwise.
+    // All half-edges, sorted by the node where they start and then counterclockwise around it.
     [[nodiscard]] std::vector<std::size_t> AroundNodes() const {
         std::vector<double> directions(Count());
         for (std::size_t halfEdge = 0; halfEdge < Count(); ++halfEdge) {
@@ -71,7 +72,7 @@ struct Cycle {
     std::array<bool, 2> isIn;
 };
 
-// Measures from its first place, to lose no digits far from (0, 0).
+// Measures relative to the first node of the cycle, so that far from (0, 0) no digits are lost.
 Cycle MeasuredCycle(const HalfEdges& graph, std::vector<std::size_t> halfEdges) {
     const PlanePoint origin = graph.StartPlace(halfEdges.front());
     double twice = 0.0;
@@ -85,7 +86,7 @@ Cycle MeasuredCycle(const HalfEdges& graph, std::vector<std::size_t> halfEdges) 
     return {std::move(halfEdges), twice / 2.0, length, {}};
 }
 
-// All cycles, and of which one each half-edge is a part.
+// All cycles, and for each half-edge the cycle that it belongs to.
 struct Cycles {
     std::vector<Cycle> all;
     std::vector<std::size_t> ofHalfEdge;
@@ -107,13 +108,13 @@ Cycles CyclesOf(const HalfEdges& graph) {
     return cycles;
 }
 
-// Euler's formula for a graph in one piece.
+// Euler's formula for a connected graph.
 bool IsPlane(const HalfEdges& graph, const Cycles& cycles) {
     return graph.NodeCount() + cycles.all.size() == graph.Count() / 2 + 2;
 }
 
-// From the cycle around the whole graph to each neighbour. That cycle has the graph on its right: the most
-// negative area.
+// Labels each cycle as inside or outside of both rings, from the outer boundary of the graph inward. The
+// outer boundary is the cycle with the most negative area, since it has the graph on its right.
 void TellSides(const HalfEdges& graph, Cycles* cycles) {
     std::vector<Cycle>& all = cycles->all;
     const auto outermost = std::min_element(
@@ -135,7 +136,7 @@ void TellSides(const HalfEdges& graph, Cycles* cycles) {
     }
 }
 
-// Leaves out each way to a node and straight back, also across the end of the cycle.
+// Removes each way to a node and straight back, also across the end of the cycle.
 std::vector<std::size_t> WithoutDeadEnds(const std::vector<std::size_t>& nodes) {
     std::vector<std::size_t> kept;
     for (const std::size_t node : nodes) {

@@ -14,11 +14,11 @@ struct GraphFace {
     std::array<bool, 2> isIn;  // whether it is inside each ring, by the even-odd rule
 };
 
-// The bounded faces, without dead ends, and without those that aren't wider than the snap tolerance. The
-// graph must be in one piece, so that no face has a hole.
+// The bounded faces, without dead ends; faces no wider than the snap tolerance are left out. The graph must
+// be connected, so that no face has a hole.
 //
-// Nothing if the graph isn't plane: among places that are hardly more than a snap tolerance apart, edges may
-// cross without a node.
+// Nothing if the graph isn't planar: edges between nodes that are little more than a snap tolerance apart
+// may cross without a node.
 [[nodiscard]] std::optional<std::vector<GraphFace>> FacesOf(const RingGraph& graph, double snapTolerance);
 
 }  // namespace tessara

@@ -12,7 +12,7 @@
 namespace tessara {
 namespace {
 
-// The nodes so far, found by place.
+// The nodes made so far, by their place.
 class NodeTable {
   public:
     explicit NodeTable(double snapTolerance) : snapTolerance_(snapTolerance) {}
@@ -35,16 +35,16 @@ class NodeTable {
     [[nodiscard]] const std::vector<PlanePoint>& Nodes() const { return nodes_; }
 
   private:
-    // So wide that the cells beside a place's own are seldom within reach, and so narrow that few nodes fit.
+    // Wide cells: a place rarely has to look into the neighbouring cells. Narrow cells: few nodes share one.
     static constexpr double SNAP_TOLERANCES_IN_CELL = 16.0;
 
-    // Rounding can't put near places farther apart.
+    // Twice the snap tolerance, so that rounding in CellOf can't hide a node that is near.
     [[nodiscard]] double Reach() const { return 2.0 * snapTolerance_; }
     [[nodiscard]] PlanePoint CellOf(const PlanePoint& p) const {
         return {std::floor(p.x / snapTolerance_ / SNAP_TOLERANCES_IN_CELL),
                 std::floor(p.y / snapTolerance_ / SNAP_TOLERANCES_IN_CELL)};
     }
-    // The oldest node of a cell within the snap tolerance, or the count of nodes.
+    // The oldest node of a cell within the snap tolerance of a place; the number of nodes if there is none.
     [[nodiscard]] std::size_t OldestIn(const PlanePoint& cell, const PlanePoint& place) const {
         std::size_t oldest = nodes_.size();
         const auto [begin, end] = cells_.equal_range(cell);
@@ -63,12 +63,12 @@ class NodeTable {
     std::unordered_multimap<PlanePoint, std::size_t, PlaceHash> cells_;
 };
 
-// A segment of the rings, however often they run along it, in either direction.
+// A segment of the rings. One entry stands for all runs along it, in either direction.
 struct Segment {
     std::size_t from, to;
-    std::array<std::size_t, 2> runs;   // of each ring
-    std::vector<std::size_t> touched;  // the nodes that lie on it, sorted, its ends among them
-    std::vector<std::size_t> crossed;  // where it crosses others, also more than once
+    std::array<std::size_t, 2> runs;   // how often each ring runs along it
+    std::vector<std::size_t> touched;  // sorted nodes on the segment, its ends included
+    std::vector<std::size_t> crossed;  // nodes at intersections with other segments, possibly repeated
 
     [[nodiscard]] bool Touches(std::size_t node) const {
         return std::binary_search(touched.begin(), touched.end(), node);
@@ -83,7 +83,7 @@ bool ShareANode(const Segment& a, const Segment& b) {
                        [&](std::size_t node) { return many.Touches(node); });
 }
 
-// Which nodes lie on a line from a to b to the snap tolerance.
+// Decides which nodes lie on the segment from a to b, to the snap tolerance.
 class NodesOnSegment {
   public:
     NodesOnSegment(const PlanePoint& a, const PlanePoint& b, double snapTolerance)
@@ -100,7 +100,7 @@ class NodesOnSegment {
     [[nodiscard]] bool Holds(const PlanePoint& p) const {
         return box_.Holds(p, snapTolerance_) && std::fabs(SignedDistance(p, a_, b_)) <= snapTolerance_;
     }
-    // Whether a box may hold such a node: it doesn't lie on one side of the line as a whole.
+    // Whether a box may hold such a node: false if the whole box lies on one side of the segment's line.
     [[nodiscard]] bool MayMeet(const Box& box) const {
         if (box.left > near_.right || box.right < near_.left) return false;
         if (box.top > near_.bottom || box.bottom < near_.top) return false;
@@ -111,7 +111,8 @@ class NodesOnSegment {
     }
 
   private:
-    // The snap tolerance is some roundings of the largest place; what is compared here has a few more.
+    // The snap tolerance is a few rounding errors of the largest coordinate; the products compared here have
+    // a few more.
     static constexpr double SLACK = 4.0;
 
     PlanePoint a_, b_;
@@ -120,8 +121,8 @@ class NodesOnSegment {
     double dx_, dy_, slack_;
 };
 
-// Makes the graph. What a vertex of one ring touches is found before intersections are looked for, so that
-// the rounding of an intersection never decides about touching.
+// Builds the graph. Vertices that touch a segment are assigned to it before intersections are computed, so
+// that the rounding of an intersection never decides whether rings touch.
 class GraphMaker {
   public:
     explicit GraphMaker(double snapTolerance) : snapTolerance_(snapTolerance), table_(snapTolerance) {}
@@ -142,7 +143,7 @@ class GraphMaker {
     }
 
   private:
-    // Where many segments run along each other, their edges are merged before they fill the memory.
+    // Where many segments overlap, their edges are merged before they use up the memory.
     static constexpr std::size_t FEWEST_TO_MERGE = 1 << 20;
 
     std::size_t NodeOf(std::size_t ring, const PlanePoint& vertex) {
@@ -186,10 +187,10 @@ class GraphMaker {
         VisitNearPairs(boxes, [&](std::size_t i, std::size_t j) { Cross(&segments_[i], &segments_[j]); });
     }
 
-    // Straight lines that meet in a node meet nowhere else, or they run along each other and have their ends
-    // as nodes. Where that is so to a rounding, the parameters of an intersection would be anything.
+    // Segments that share a node have no other intersection, or they overlap and their ends are nodes
+    // already. Near such a case rounding makes the parameters of an intersection meaningless.
     void Cross(Segment* p, Segment* q) {
-        // Copies: the table grows.
+        // Copies, because the node table grows.
         const PlanePoint a = Place(p->from);
         const PlanePoint b = Place(p->to);
         const PlanePoint c = Place(q->from);
@@ -205,7 +206,7 @@ class GraphMaker {
         q->crossed.push_back(node);
     }
 
-    // The nodes of a segment from its start to its end.
+    // The nodes of a segment in order from its start to its end.
     [[nodiscard]] std::vector<std::size_t> InOrder(const Segment& segment) const {
         const PlanePoint& a = Place(segment.from);
         const PlanePoint& b = Place(segment.to);
@@ -242,7 +243,7 @@ class GraphMaker {
         return edges;
     }
 
-    // Adds up the runs along the same edge.
+    // Joins entries of the same edge and adds up their runs.
     static void Merge(std::vector<GraphEdge>* edges) {
         std::sort(edges->begin(), edges->end(), [](const GraphEdge& a, const GraphEdge& b) {
             return a.from != b.from ? a.from < b.from : a.to < b.to;
@@ -284,7 +285,7 @@ class GraphMaker {
     NodeTable table_;
     std::vector<Vertex> vertices_;
     std::vector<Segment> segments_;
-    std::map<std::pair<std::size_t, std::size_t>, std::size_t> byEnds_;  // numbers of segments
+    std::map<std::pair<std::size_t, std::size_t>, std::size_t> byEnds_;  // segment by its ends
 };
 
 }  // namespace

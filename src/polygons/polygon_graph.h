@@ -1,5 +1,5 @@
-// The plane graph of two rings: nodes at their vertices, intersections and touching places, and the edges
-// between them.
+// The plane graph of two rings: nodes at vertices, intersections and touching points, and edges between
+// them.
 #pragma once
 
 #include <array>
@@ -10,12 +10,14 @@
 
 namespace tessara {
 
-// The part of a segment between two nodes, and how often each ring runs along it, in either direction.
+// The part of a segment between two nodes, with the number of times that each ring runs along it, in either
+// direction.
 struct GraphEdge {
     std::size_t from, to;  // from < to
     std::array<std::size_t, 2> runs;
 
-    // Whether the two sides of the edge are inside and outside of a ring. Run along twice they aren't.
+    // Whether the edge has the inside of a ring on one side and the outside on the other. An edge that the
+    // ring runs along twice hasn't.
     [[nodiscard]] bool Separates(std::size_t ring) const { return runs[ring] % 2 == 1; }
 };
 
@@ -25,8 +27,8 @@ struct RingGraph {
     bool doRingsTouch;  // whether they have a node in common
 };
 
-// Places within `snapTolerance` of each other on both axes become one node, and a node within `snapTolerance`
-// of a segment lies on it.
+// Places within `snapTolerance` of each other on both axes become one node. A node within `snapTolerance` of
+// a segment lies on it.
 [[nodiscard]] RingGraph GraphOf(const Ring& first, const Ring& second, double snapTolerance);
 
 }  // namespace tessara

@@ -10,10 +10,11 @@
 namespace tessara {
 namespace {
 
-// How close to a vertex, as a part of the edge, a ray counts as through it: more than what rounding moves
-// their intersection.
+// A ray that passes an edge this close to a vertex, as a fraction of the edge, counts as passing through the
+// vertex. Rounding moves the intersection by less.
 constexpr double VERTEX_MARGIN = 1e-9;
-// A turned ray meets other vertices than the ones before it, so that one for each is enough.
+// Each turned ray passes through other vertices than the rays before it, so one ray for each vertex is
+// enough; these are added to that number.
 constexpr std::size_t SPARE_RAYS = 16;
 
 bool IsVertex(const PlanePoint& p, const Ring& ring) {
@@ -28,7 +29,7 @@ bool AnyEdge(const Ring& ring, const Test& test) {
     return false;
 }
 
-// Differences keep a tolerance that would be lost in the borders of a box far from (0, 0).
+// Compares differences, because far from (0, 0) adding the tolerance to a border of the box would lose it.
 bool IsNearBox(const PlanePoint& p, const Box& box, double tolerance) {
     return box.left - p.x < tolerance && p.x - box.right < tolerance && box.top - p.y < tolerance &&
            p.y - box.bottom < tolerance;
@@ -44,10 +45,10 @@ bool IsOnEdge(double u) {
     return u >= 0.0 && u <= 1.0;
 }
 
-// What a ray does at an edge.
+// How a ray meets an edge.
 enum class Meeting { Misses, Crosses, StartsOn, HitsVertex };
 
-// `end` is the point of the ray at the parameter 1.0.
+// `end` is the point of the ray at parameter 1.0.
 Meeting MeetEdge(const PlanePoint& p, const PlanePoint& end, const PlanePoint& a, const PlanePoint& b) {
     const double t = LineParameter(p, end, a, b);
     if (t < 0.0) return Meeting::Misses;
@@ -60,7 +61,7 @@ Meeting MeetEdge(const PlanePoint& p, const PlanePoint& end, const PlanePoint& a
     return IsOnEdge(u) ? Meeting::Crosses : Meeting::Misses;
 }
 
-// Whether the point is inside by one ray; nothing if the ray meets a vertex.
+// Whether the point is inside, judged by one ray; nothing if the ray meets a vertex.
 std::optional<bool> IsInsideByRay(const PlanePoint& p, const PlanePoint& end, const Ring& ring) {
     bool isInside = false;
     for (std::size_t i = 1; i < ring.size(); ++i) {
@@ -79,7 +80,8 @@ std::optional<bool> IsInsideByRay(const PlanePoint& p, const PlanePoint& end, co
     return isInside;
 }
 
-// An edge belongs to the rows from its upper end to before its lower end, so that no vertex needs a rule.
+// An edge covers the rows from its upper end to just before its lower end, so that vertices need no special
+// rule.
 bool IsInsideByRows(const PlanePoint& p, const Ring& ring) {
     bool isInside = false;
     for (std::size_t i = 1; i < ring.size(); ++i) {
@@ -103,7 +105,7 @@ bool IsInsideByRays(const PlanePoint& p, const Ring& ring) {
     return IsInsideByRows(p, ring);
 }
 
-// The fewest vertices of a polygon that can cross itself.
+// The smallest number of vertices with which a polygon can cross itself.
 std::size_t LeastVerticesToCross(const Ring& polygon) {
     return IsClosed(polygon) ? 5 : 4;
 }
@@ -121,7 +123,7 @@ bool PointInPolygon(const PlanePoint& point, const Ring& polygon, double toleran
     if (polygon.size() < LeastVerticesToCross(polygon)) return PointInVertices(point, polygon, tolerance);
     if (IsVertex(point, polygon)) return true;
     if (!BoxOf(polygon).Holds(point, tolerance)) return false;
-    // Asked of the whole edges: where they are cut, the pieces are bent by a rounding.
+    // Tested against the whole edges: splitting them would bend the pieces by a rounding error.
     if (IsOnRing(point, Tidied(polygon), tolerance)) return true;
     const std::vector<Ring> parts = SplitVertices(polygon);
     return std::any_of(parts.begin(), parts.end(),

@@ -13,9 +13,10 @@ namespace tessara {
 namespace {
 
 constexpr double LARGEST_PLACE = 1e150;
-// Some more than what the places and distances of nodes are rounded by.
+// Somewhat more than the rounding error of the places of nodes and of the distances between them.
 constexpr double ROUNDINGS = 8.0;
-// Places that the snap tolerance neither joins nor keeps clear of each other are joined by a coarser one.
+// The factor to the next snap tolerance, tried when the current one leaves nodes neither joined nor clear of
+// each other.
 constexpr double COARSER = 16.0;
 constexpr int ATTEMPTS = 6;
 
@@ -25,8 +26,8 @@ bool AreUsable(const Ring& ring) {
     });
 }
 
-// How close together two places are one. The tolerance for points on edges has no say here: what a host finds
-// near enough to point at may be larger than the polygons.
+// How close two places have to be to become one. The tolerance for points on edges plays no role here: a
+// host may set one that is larger than the polygons.
 double SnapTolerance(const Ring& first, const Ring& second) {
     double largest = 0.0;
     for (const Ring* ring : {&first, &second}) {
@@ -64,7 +65,7 @@ std::int32_t CompareParts(const OverlayParts& parts, const RingGraph& graph) {
     return parts.onlySecond.empty() ? OVERLAY_SECOND_INSIDE : OVERLAY_CROSSING;
 }
 
-// Fills the parts if the two cross.
+// Compares the faces, and fills the parts if the two polygons cross.
 std::int32_t CompareFaces(std::vector<GraphFace> faces, const RingGraph& graph, OverlayParts* parts) {
     OverlayParts found = SortedFaces(std::move(faces));
     const std::int32_t result = CompareParts(found, graph);
@@ -86,7 +87,7 @@ std::int32_t OverlayVertices(const Ring& first, const Ring& second, double toler
         if (faces) return CompareFaces(std::move(*faces), graph, parts);
         snapTolerance *= COARSER;
     }
-    return OVERLAY_FAILURE;  // GCOVR_EXCL_LINE: no tangle is known that stays one at the coarsest
+    return OVERLAY_FAILURE;  // GCOVR_EXCL_LINE: no rings are known whose graph isn't planar at the coarsest
 }
 
 }  // namespace tessara

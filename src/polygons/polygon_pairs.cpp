@@ -12,7 +12,7 @@ namespace {
 
 constexpr double ROUNDINGS = 8.0;
 
-// Infinities have none, which keeps them numbers.
+// Infinite borders get no margin, since infinity minus infinity isn't a number.
 double Margin(double a, double b) {
     const double size = 1.0 + std::fabs(a) + std::fabs(b);
     return std::isfinite(size) ? ROUNDINGS * std::numeric_limits<double>::epsilon() * size : 0.0;

@@ -1,4 +1,4 @@
-// Finds the pairs of edges that can meet at all, so that only they are looked at closely.
+// Finds the pairs of edges that may intersect, so that only those are tested exactly.
 #pragma once
 
 #include <cstddef>
@@ -10,11 +10,12 @@
 
 namespace tessara {
 
-// The boxes of the edges between neighbouring vertices, each wider than rounding can move an intersection.
+// The boxes of the edges between consecutive vertices, each widened by more than rounding can move an
+// intersection.
 [[nodiscard]] std::vector<Box> BoxesOfEdges(std::span<const PlanePoint> ring);
 [[nodiscard]] Box BoxOfEdge(const PlanePoint& a, const PlanePoint& b);
 
-// Visits every pair of boxes that meet once, the smaller index first, ordered by the left borders.
+// Visits each pair of overlapping boxes once, the smaller index first, ordered by the left borders.
 void VisitNearPairs(const std::vector<Box>& boxes,
                     const std::function<void(std::size_t, std::size_t)>& visit);
 

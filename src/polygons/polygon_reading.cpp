@@ -20,7 +20,7 @@ bool AppendPlace(const MapPlane& map, const CKoord& koord, Ring* ring) {
     return true;
 }
 
-// All of an edge but its start.
+// Appends the points of an edge, its start excepted.
 bool AppendEdge(const MapPlane& map, const CKoord& from, const CKoord& to, Ring* ring) {
     std::vector<CKoord> polyline;
     if (!DensifyOnMap(map, from, to, DensifyMode::CoordStraight, DEFAULT_PIXEL_TOLERANCE, &polyline))

@@ -1,5 +1,5 @@
-// Polygons of coordinates as rings in the plane of a map's pixels, by the system in which their edges are
-// straight. geometry/line_reading.h reads those whose edges are straight on the map.
+// Reads polygons of coordinates as rings of pixels on a map, for edges that are straight in a coordinate
+// system. geometry/line_reading.h reads those whose edges are straight on the map.
 #pragma once
 
 #include "geometry/map_plane.h"
@@ -8,14 +8,15 @@
 
 namespace tessara {
 
-// The records of a polygon, which must share a reference. False otherwise, and for an element that is no
-// coordinate.
+// Reads the records of a polygon, which must share a reference. False if they don't, and for an element that
+// is no coordinate.
 bool ReadRecords(IArray* polygon, std::vector<CKoord>* records);
 
-// The ring of records whose edges are straight in their own system, followed to a quarter of a pixel.
+// Reads a ring whose edges are straight in the records' own system; each edge is followed to a quarter of a
+// pixel.
 bool ReadCoordEdges(const MapPlane& map, const std::vector<CKoord>& records, Ring* ring);
 
-// The same of a polygon whose edges are straight in the system in which the map is drawn.
+// Reads a ring whose edges are straight in the system in which the map is drawn.
 bool ReadTransferredEdges(IMapCoordOperations* map, IArray* polygon, Ring* ring);
 
 }  // namespace tessara

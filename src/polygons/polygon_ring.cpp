@@ -30,7 +30,7 @@ Box BoxOf(std::span<const PlanePoint> points) {
     constexpr double INF = std::numeric_limits<double>::infinity();
     Box box{INF, INF, -INF, -INF};
     for (const PlanePoint& p : points) {
-        // In this order a NaN loses every comparison.
+        // With the arguments in this order std::min drops a NaN.
         box.left = std::min(box.left, p.x);
         box.top = std::min(box.top, p.y);
         box.right = std::max(box.right, p.x);

@@ -10,8 +10,8 @@
 
 namespace tessara {
 
-// The vertices of a polygon in the order of its edges. It is closed when the last equals the first exactly;
-// an open one goes back from its last to its first all the same.
+// The vertices of a polygon in the order of its edges. A ring whose last vertex equals the first exactly is
+// closed; any other ring has an edge from its last vertex to its first.
 using Ring = std::vector<PlanePoint>;
 
 [[nodiscard]] bool IsClosed(std::span<const PlanePoint> ring);
@@ -22,15 +22,16 @@ using Ring = std::vector<PlanePoint>;
 struct Box {
     double left, top, right, bottom;
 
-    // Whether a point lies inside or outside by `margin` at most; so does one that is no number.
+    // Whether a point lies inside, or outside by at most `margin`. True for a NaN, too.
     [[nodiscard]] bool Holds(const PlanePoint& p, double margin = 0.0) const;
 };
 
-// The box of the numbers among the coordinates; of none it is infinitely inside out.
+// The box around the points, leaving out coordinates that are NaN; without any number left and top are
+// infinity, right and bottom minus infinity.
 [[nodiscard]] Box BoxOf(std::span<const PlanePoint> points);
 [[nodiscard]] Box BoxOf(const PlanePoint& a, const PlanePoint& b);
 
-// For tables of places. Equal places, which may differ in the sign of a zero, have equal hashes.
+// For hash tables of places. Equal places have equal hashes, 0.0 and -0.0 included.
 struct PlaceHash {
     std::size_t operator()(const PlanePoint& p) const {
         const std::hash<double> hash;

@@ -11,13 +11,13 @@ namespace {
 
 constexpr std::size_t FEWEST_OF_CROSSING = 5;
 
-// A place on an edge at which the walk stops, by its parameter on the edge.
+// A point of an edge at which the walk stops, as a parameter along the edge.
 struct Stop {
     double along;
     PlanePoint place;
 };
 
-// The edges of a tidy ring and the stops that are found on them.
+// The edges of a tidied ring, with the stops found on them.
 class Edges {
   public:
     explicit Edges(const Ring& ring) : ring_(ring), stops_(ring.size() - 1) {}
@@ -41,7 +41,7 @@ class Edges {
         Add(j, {s, place});
     }
 
-    // The ring through all stops.
+    // The ring through all stops, in order.
     Ring Walk() {
         Ring walk{ring_.front()};
         for (std::size_t i = 0; i < stops_.size(); ++i) {
@@ -55,14 +55,15 @@ class Edges {
     }
 
   private:
-    // The end of an edge is the start of the next one, which stops there.
+    // The end of an edge is the start of the next edge, which has the stop.
     static bool IsOn(double parameter) { return parameter >= 0.0 && parameter < 1.0; }
 
     static void Append(const PlanePoint& place, Ring* walk) {
         if (place != walk->back()) walk->push_back(place);
     }
 
-    // Each starts on the other, or the vertex is met by the edge that starts at the other end.
+    // Collinear edges: where either one starts within the other there is a stop. Their ends need none of
+    // their own, because another edge starts there.
     void MeetAlong(std::size_t i, std::size_t j) {
         StopWithin(j, From(i));
         StopWithin(i, From(j));
@@ -96,7 +97,7 @@ Ring WithAllStops(const Ring& ring) {
     return edges.Walk();
 }
 
-// Walks along a ring and cuts off each loop as soon as it closes.
+// Walks along a ring and cuts off each loop when it closes.
 class LoopCutter {
   public:
     void Visit(const PlanePoint& place) {
@@ -108,7 +109,7 @@ class LoopCutter {
         path_.push_back(place);
     }
 
-    // What is left closes at its start.
+    // The remaining vertices close at the start of the ring.
     std::vector<Ring> Finish() {
         CutFrom(0);
         return std::move(parts_);

@@ -1,16 +1,17 @@
-// How a polygon that crosses itself falls apart into simple ones.
+// Splits a polygon that crosses itself into simple ones.
 #pragma once
 
 #include "polygons/polygon_ring.h"
 
 namespace tessara {
 
-// The simple rings, closed, in the order in which the walk along the polygon closes them, the rest last.
-// The walk stops at every vertex, at every intersection and where edges touch; the way between two stops at
-// one place is a loop of its own, also a way to another stop and straight back, which has no area.
+// Returns the simple rings, closed, in the order in which a walk along the polygon closes them; the
+// remainder comes last. The walk stops at every vertex, at every intersection and where edges touch. The way
+// between two stops at the same place is a ring of its own, even if it only goes to another stop and
+// straight back and encloses no area.
 //
-// Fewer than 5 vertices, closed and without repeats, can't cross: they are one part as they are. An empty
-// ring has no part.
+// A closed ring of fewer than 5 vertices without repeats can't cross itself and is returned as it is. An
+// empty ring has no parts.
 [[nodiscard]] std::vector<Ring> SplitVertices(const Ring& polygon);
 
 }  // namespace tessara

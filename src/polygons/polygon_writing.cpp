@@ -7,7 +7,7 @@
 namespace tessara {
 namespace {
 
-// Empty if a place has no coordinate.
+// Empty if a point of the ring has no coordinate.
 IRef<IArray> ListOf(const Ring& ring, const RingForm& form) {
     IRef<IArray> list(CreateClassArray());
     if (!list.IsValid()) return {};

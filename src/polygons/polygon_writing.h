@@ -1,4 +1,4 @@
-// Rings in a plane as lists of coordinates.
+// Writes rings of a plane as lists of coordinates.
 #pragma once
 
 #include <functional>
@@ -10,20 +10,20 @@
 
 namespace tessara {
 
-// How a ring is written as coordinates.
+// How a ring becomes coordinates.
 struct RingForm {
-    // Makes the record of a place; false if it has none.
+    // Makes the record of a place; false if the place has none.
     std::function<bool(const PlanePoint& place, CKoord* koord)> write;
-    bool isClosed;  // whether the closing vertex is written, too
+    bool isClosed;  // whether the closing vertex is written
 };
 
-// Closed, FLOATPIXEL on a datum.
+// Closed rings of FLOATPIXEL coordinates on a datum.
 [[nodiscard]] RingForm PixelForm(std::int32_t datum);
-// Not closed, positions on a map, which must live longer.
+// Open rings of positions on a map. The map must outlive the form.
 [[nodiscard]] RingForm PositionForm(const MapPlane& map, const Reference& reference);
 
-// Appends a list of new coordinates for each closed ring. False as soon as a place has none or without
-// memory; the rings before it are then in the list.
+// Appends a list of new coordinates for each closed ring. False at the first ring with a place that has no
+// coordinate, and without memory; the rings before it stay in the list.
 bool AppendRings(const std::vector<Ring>& rings, const RingForm& form, IArray* list);
 
 }  // namespace tessara
