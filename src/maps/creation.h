@@ -1,5 +1,5 @@
-// How the factories of this room make an object with something in it. Each gives a fresh object of count 0,
-// or null without memory.
+// Creates filled objects for the factories of this room. Each function returns a new object of count 0, or
+// null without memory.
 #pragma once
 
 #include "maps/owned_map_param.h"
@@ -11,7 +11,7 @@ class IMapCoordOperations;
 class IProjection;
 
 [[nodiscard]] IProjection* NewProjection(const MapParam& map);
-// Without memory the chain stays with `map`.
+// Takes over the chain of `map`; without memory the chain stays with `map`.
 [[nodiscard]] IMapCoordOperations* NewMapCoordOperations(OwnedMapParam&& map);
 [[nodiscard]] IMapCoordCreator* NewMapCoordCreator(IMapCoordOperations* map);
 

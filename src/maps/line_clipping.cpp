@@ -21,8 +21,8 @@ double Length(const PlanePoint& a, const PlanePoint& b) {
     return std::sqrt(dx * dx + dy * dy);
 }
 
-// Steps of one pixel from one point towards another. The steps add up, so that the end itself may be jumped
-// over.
+// Walks from one point towards another in steps of one pixel. Coordinates are summed up step by step, so the
+// walk may pass the end without meeting it exactly.
 class Walk {
   public:
     Walk(const PlanePoint& from, const PlanePoint& to)
@@ -33,8 +33,8 @@ class Walk {
 
     [[nodiscard]] const PlanePoint& At() const { return at_; }
 
-    // False once the point has passed the end. Where doubles are too coarse for a step, the walk is over,
-    // too.
+    // False once the point has passed the end, and where the coordinates are too large for a step of one
+    // pixel.
     bool Step() {
         const PlanePoint before = at_;
         at_ = {at_.x + step_.x, at_.y + step_.y};
@@ -44,7 +44,7 @@ class Walk {
     }
 
   private:
-    // An axis along which the line doesn't run is never passed.
+    // An axis that the line doesn't extend along is never passed.
     static bool IsPast(double from, double to, double at) {
         return (to > from && at > to) || (to < from && at < to);
     }
@@ -88,8 +88,8 @@ class Clipper {
         return {CLIP_ONE_PIECE, first, second};
     }
 
-    // The valid point next to the edge between a valid and an invalid one; the middle is looked at however
-    // short the line is. It ends also where doubles have no number in between.
+    // Bisects for the last valid point before an invalid one. At least one middle is tested, however short
+    // the line is. The search also ends when no double is left in between.
     [[nodiscard]] PlanePoint Edge(PlanePoint valid, PlanePoint invalid) const {
         do {
             const PlanePoint middle = Middle(valid, invalid);
@@ -100,8 +100,8 @@ class Clipper {
         return valid;
     }
 
-    // Both ends and the middle are valid. A gap that reaches beyond the end has no point behind it: it starts
-    // and ends with the last valid one.
+    // For valid ends and a valid middle. A gap that the walk doesn't leave has no valid point behind it: its
+    // start is given for its end, too.
     [[nodiscard]] ClippedLine WalkToGap() const {
         Walk walk(a_, b_);
         PlanePoint last = a_;
@@ -115,9 +115,9 @@ class Clipper {
         return Gap(last, last);
     }
 
-    // Neither the ends nor the middle are valid. The far end of the piece isn't looked for: where the
-    // position of the first valid pixel leads back to a valid pixel, the piece reaches to the first point
-    // past the end; else it is that one pixel.
+    // For invalid ends and an invalid middle. The far end of the piece isn't searched: if the position of
+    // the first valid pixel leads back to a valid pixel, the piece reaches to the first point past the end
+    // of the line; otherwise it is that one pixel.
     [[nodiscard]] ClippedLine WalkToPiece() const {
         Walk walk(a_, b_);
         PlanePoint back{};

@@ -19,7 +19,7 @@ IRef<ICoordinateReference> PixelReferenceOf(IMapCoordOperations* map) {
     return isMade ? reference : IRef<ICoordinateReference>();
 }
 
-// False also for a coordinate whose reference can't be read.
+// Reads the reference of a coordinate. False also if the coordinate doesn't give it.
 bool ReadSystem(ICoord* coord, ICoordinateReference* reference) {
     return reference != nullptr && coord->GetReference(reference);
 }
@@ -91,7 +91,7 @@ bool MapCoordCreator::ConvertCoord(ICoord* coord) {
     double y = 0.0;
     if (IsPixelType(reference->GetSystem())) {
         if (!target->GetPixel(&x, &y)) return false;
-        // Two doubles in either form, as the interface tells.
+        // Even a LONGPIXEL takes its place as two doubles; map_coord_creator.h warns of it.
         tagKOORD record = MakeKoord(reference->GetDatum(), reference->GetSystem());
         Store(record, FloatPixelPayload{x, y});
         const CKoord pixel(record);

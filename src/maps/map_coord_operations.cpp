@@ -33,7 +33,7 @@ bool MapCoordOperations::GetMapDefinition(IArray* points, std::int32_t* scaleDen
     const IRef<IGeoDate> date(datum);
     const IRef<IProjection> drawn(projection);
     if (!date.IsValid() || !drawn.IsValid() || !scaleDenominator || !resolution) return false;
-    // The type that counts is the one that the object brings along.
+    // This tests the type that the caller's object came with, not the type of the map.
     if (!list.IsValid() && drawn->GetProjectionType() != MAP_POLYNOM) return false;
 
     if (list.IsValid() && !GetReferencePoints(points)) return false;
@@ -73,12 +73,12 @@ bool MapCoordOperations::GetProjection(IProjection* out) {
     return record.IsValid() && record->SetMapParam(&*map_);
 }
 
-// A pixel record of this map, whatever its values.
+// A pixel record in this map's datum. Its values mean nothing yet.
 CKoord MapCoordOperations::EmptyPixel(std::int32_t type) {
     return CKoord(MakeKoord(static_cast<std::int32_t>(map_->datum), type));
 }
 
-// Whatever `out` held, it is the default position of its reference if the pixel has none.
+// A pixel without a position leaves `out` with the default position of its reference.
 bool MapCoordOperations::ToWorld(const tagKOORD& pixel, ICoord* out) {
     const IRef<ICoord> target(out);
     if (map_->type == MAP_UNKNOWN || !target.IsValid()) return false;
@@ -104,12 +104,12 @@ bool MapCoordOperations::LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord
 }
 
 bool MapCoordOperations::PixelCoordToCoord(ICoord* pixel, ICoord* out) {
-    const IRef<ICoord> target(out);  // may be the pixel itself
+    const IRef<ICoord> target(out);  // held, because it may be the same object as `pixel`
     CKoord record;
     return KoordFromCoord(pixel, &record) && IsPixel(record) && ToWorld(record, target.Get());
 }
 
-// *pixel comes in with the form that is wanted.
+// On entry *pixel has the pixel type that is wanted.
 bool MapCoordOperations::ToPixel(ICoord* in, CKoord* pixel) {
     CKoord world;
     if (!KoordFromCoord(in, &world) || IsPixel(world)) return false;

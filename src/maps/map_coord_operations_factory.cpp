@@ -20,7 +20,8 @@ std::int32_t DenominatorOf(double scale) {
     return TruncateToInt32(1.0 / scale + 0.5);
 }
 
-// Anything that isn't a filled reference point is false.
+// Fills a node from a reference point. False for any other object, and for a reference point without a
+// position.
 bool FillNode(IUnknown* element, MapReferenceNode* node) {
     const IRef<IReferencePoint> point(element);
     const IRef<ICoord> coord(CreateClassCoord());
@@ -37,7 +38,7 @@ bool AddReferences(IReferencePoint* point, MapParam* map) {
     return FillNode(point, &map->reference);
 }
 
-// Every node is linked before it is filled, so that the owner of the record has them all at any time.
+// Each node is linked before it is filled, so that the owner of the record can free all of them at any time.
 bool AddReferences(IArray* points, MapParam* map) {
     const std::uint32_t count = points->GetCount();
     MapReferenceNode* node = &map->reference;
@@ -52,7 +53,7 @@ bool AddReferences(IArray* points, MapParam* map) {
     return true;
 }
 
-// `references` is one reference point or a list of them.
+// `references` is one reference point or a list of reference points.
 template <class References>
 IMapCoordOperations* Build(References* references, std::int32_t scaleDenominator, double resolution,
                            IGeoDate* datum, IProjection* projection) {

@@ -51,7 +51,8 @@ constexpr std::array<ReadFunction*, MAP_TYPE_COUNT> READERS{{
 }};
 
 bool ReadRecord(IMapParamInternal* projection, MapParam* map) {
-    // Through a record of its own: a whole record could bring along a chain of somebody else.
+    // Copies through a record of its own: the projection's whole record could bring a chain that belongs to
+    // another object.
     MapParam record;
     if (!projection->GetMapParam(&record)) return false;
     map->type = record.type;

@@ -1,4 +1,4 @@
-// What a map takes from a projection object.
+// Copies the parameters of a projection object into a map record.
 #pragma once
 
 #include "tessara/kernel/map.h"
@@ -6,8 +6,8 @@
 
 namespace tessara {
 
-// Puts type, world type and parameters of a projection into *map and leaves the rest. A projection of another
-// maker, known by IProjection alone, serves for the types that are maps. False for null or a wrong object.
+// Writes type, world type and parameters of *map and nothing else. A projection from another library, which
+// has IProjection only, works for all types that are maps. False for null or a wrong object.
 bool MapParamFromProjection(IUnknown* projection, MapParam* map);
 
 }  // namespace tessara

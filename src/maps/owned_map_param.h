@@ -1,8 +1,8 @@
-// Who owns a chain of reference points.
+// The owner of a chain of reference points.
 //
-// Copies of a MapParam copy the pointer to its chain, so a record can't own one. This is the one place that
-// frees nodes: each map object holds one of these, the factory holds one while it builds, and the chain goes
-// from the one to the other with the record.
+// Copying a MapParam copies the pointer to its chain, so a record can't own one. This class is the only
+// place that frees nodes: each map object holds one, the factory holds one while it builds, and the chain
+// moves from one to the other together with the record.
 #pragma once
 
 #include "tessara/kernel/map.h"
@@ -19,15 +19,15 @@ class OwnedMapParam {
     MapParam& operator*() { return record_; }
     MapParam* operator->() { return &record_; }
 
-    // Takes the record and takes over its chain. The chain that was there isn't freed: a record copied
-    // earlier may still be read, and may be the very one that comes in.
+    // Takes the record and takes over its chain. The previous chain isn't freed: a copy of the record made
+    // earlier may still be read, and may be the very record that is passed.
     void Adopt(const MapParam& record) { record_ = record; }
 
-    // Takes the record and a chain of its own that is equal to the record's, in place of what was there.
-    // False without memory; this one is then empty.
+    // Takes the record and a copy of its chain, and frees the previous chain. False without memory; the
+    // record is then empty.
     [[nodiscard]] bool CopyWithChain(const MapParam& record);
 
-    // The record for whoever takes over its chain; this one is left without.
+    // Returns the record to a caller that takes over its chain. This object keeps no chain.
     MapParam Release();
 
   private:

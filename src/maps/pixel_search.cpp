@@ -6,7 +6,7 @@
 namespace tessara {
 namespace {
 
-// Sums and differences of pixels in 64 bits: a rectangle may span the whole range of 32.
+// Sums and differences of pixels need 64 bits, since a rectangle may span the whole 32-bit range.
 
 std::int64_t Width(const PixelRect& rect) {
     return std::int64_t{rect.right} - rect.left;
@@ -23,7 +23,7 @@ bool HasQuarters(const PixelRect& rect) {
     return Width(rect) >= 2 || Height(rect) >= 2;
 }
 
-// In the order right and left of the lower half, right and left of the upper half.
+// The quarters in the order lower right, lower left, upper right, upper left.
 PixelRect Quarter(const PixelRect& rect, int k) {
     const std::int32_t x = Centre(rect.left, rect.right);
     const std::int32_t y = Centre(rect.top, rect.bottom);
@@ -33,8 +33,8 @@ PixelRect Quarter(const PixelRect& rect, int k) {
             isLower ? rect.bottom : y};
 }
 
-// One of the 4^level rectangles of a level, in the order in which repeated quartering lists them: the digits
-// of `path` to the base 4 are the quarters on the way down. False if the way ends before.
+// One of the 4^level rectangles of a level, in the order of repeated quartering: the base-4 digits of `path`
+// name the quarter to descend into. False if a rectangle on the way has no quarters.
 bool Descend(const PixelRect& rect, int level, int path, PixelRect* found) {
     *found = rect;
     for (int digit = level - 1; digit >= 0; --digit) {

@@ -13,7 +13,7 @@ void Projection::GetProjectionName(ITessaraString* text) {
     FillWithName(text, Projection_Name(static_cast<std::int32_t>(map_.type)));
 }
 
-// Bytewise, as the parameters came.
+// Copies the parameters byte by byte, so that they come back exactly as they went in.
 template <class Params>
 bool Projection::CopyOut(std::initializer_list<MapType> types, Params* out) const {
     if (!out || std::find(types.begin(), types.end(), map_.type) == types.end()) return false;

@@ -2,14 +2,14 @@
 
 #include <initializer_list>
 
-#include "tessara/kernel/map.h"
 #include "tessara/internal/map_param_internal.h"
+#include "tessara/kernel/map.h"
 #include "tessara/object.h"
 #include "tessara/projection.h"
 
 namespace tessara {
 
-// Of its record only type, world type and parameters mean anything; a chain in it belongs to somebody else.
+// Uses only type, world type and parameters of its record; a chain in the record belongs to another object.
 class Projection : public IProjection, public IMapParamInternal {
   public:
     using Faces = FaceList<IProjection, IMapParamInternal>;

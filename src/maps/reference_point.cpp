@@ -38,7 +38,7 @@ bool ReferencePoint::GetFloat(ICoord* world, double* x, double* y) {
 }
 
 bool ReferencePoint::GetLong(ICoord* world, std::int32_t* x, std::int32_t* y) {
-    // Every whole pixel is exact as a double.
+    // A double represents every whole pixel exactly.
     double column = 0.0;
     double row = 0.0;
     if (!x || !y || !GetFloat(world, &column, &row)) return false;

@@ -16,7 +16,7 @@
 namespace tessara {
 namespace {
 
-// Tries pixels in one coordinate, which holds the last position found.
+// Tests pixels with one coordinate, which keeps the last position found.
 class Prober {
   public:
     Prober(IMapCoordOperations* map, ICoord* coord)
@@ -24,8 +24,7 @@ class Prober {
 
     [[nodiscard]] bool IsComplete() const { return map_.IsValid() && coord_.IsValid() && checker_.IsValid(); }
 
-    // Whether the pixel has a position, the position a pixel, and the position lies in the area of its
-    // system.
+    // Whether the pixel has a position, that position has a pixel, and it lies in the area of its system.
     bool operator()(std::int32_t x, std::int32_t y) const {
         std::int32_t backX = 0;
         std::int32_t backY = 0;
@@ -34,7 +33,7 @@ class Prober {
                checker_->CheckInSystemArea(coord_.Get());
     }
 
-    // The same, with a position that passes every check.
+    // The same test with a position that passes every check of ICoordinateChecker.
     bool operator()(const PlanePoint& pixel, PlanePoint* back) const {
         return map_->FloatPixelToCoord(pixel.x, pixel.y, coord_.Get()) &&
                map_->CoordToFloatPixel(coord_.Get(), &back->x, &back->y) &&

@@ -83,7 +83,7 @@ bool Coord::SetGeographic(ICoordGeographic* source) {
     } else {
         CKoord wgs84;
         Store(wgs84, position);
-        // The default record wants no zone: the new position finds its natural one.
+        // The default record wants no zone, so the new position is written in its natural zone.
         if (zones::Exist(SystemOf(koord_))) ResetToDefault(&koord_);
         if (KoordConvert(&wgs84, &koord_) != KOORD_OK) return false;
     }
@@ -109,7 +109,7 @@ bool Coord::SetReference(ICoordinateReference* newReference) {
         const bool fromPixel = IsPixelType(SystemOf(koord_));
         const bool toPixel = IsPixelType(system);
         if (fromPixel && toPixel) return SetPixelReference(datum, system);
-        // Relating a pixel and a world position takes a map.
+        // Only a map can relate a pixel to a world position.
         if (fromPixel || toPixel) valid_ = false;
     }
     if (valid_) return ConvertTo(datum, system);
@@ -117,12 +117,12 @@ bool Coord::SetReference(ICoordinateReference* newReference) {
     return true;
 }
 
-// From pixel to pixel: the form changes, or the datum, or both.
+// Converts between pixel forms, pixel datums, or both.
 bool Coord::SetPixelReference(std::int32_t datum, std::int32_t system) {
     CKoord pixel;
     pixel.datum = static_cast<std::uint32_t>(datum);
     pixel.type = static_cast<std::uint32_t>(system);
-    // Every whole pixel is exact as a double, so whole pixels come back as they were.
+    // A double represents every whole pixel exactly, so whole pixels survive the conversion.
     const FloatPixelPayload old = PixelOf(koord_);
     if (system == KOORD_LONGPIXEL) {
         Store(pixel, LongPixelPayload{RoundPixel(old.x), RoundPixel(old.y)});
@@ -133,7 +133,8 @@ bool Coord::SetPixelReference(std::int32_t datum, std::int32_t system) {
     return true;
 }
 
-// Without a position the object takes the system's default record, or just the numbers where there is none.
+// Without a position the object takes the default record of the system or, if there is none, just the
+// numbers of the reference.
 void Coord::SetEmptyReference(std::int32_t datum, std::int32_t system) {
     koord_.datum = static_cast<std::uint32_t>(datum);
     koord_.type = static_cast<std::uint32_t>(system);
@@ -143,8 +144,8 @@ void Coord::SetEmptyReference(std::int32_t datum, std::int32_t system) {
 bool Coord::ConvertTo(std::int32_t datum, std::int32_t system) {
     CKoord target;
     if (!DefaultKoord(datum, system, &target)) return false;
-    // A copy forgets which ECEF values its height belongs to: at the earth's centre, the default of ECEF, it
-    // takes the height it was given for the height that is there, whatever the datum.
+    // The copy doesn't remember for which ECEF values its height was computed. At the earth's centre, the
+    // default of ECEF, it therefore keeps the height it was given, whatever the datum.
     const CKoord source(koord_);
     if (KoordConvert(&source, &target) != KOORD_OK) return false;
     target.SetHeight(source.GetHeight());

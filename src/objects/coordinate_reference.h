@@ -12,7 +12,7 @@ class CoordinateReference : public ICoordinateReference {
   public:
     using Faces = FaceList<ICoordinateReference>;
 
-    // Throws std::bad_alloc without memory for its two parts.
+    // Throws std::bad_alloc if there is no memory for its two parts.
     CoordinateReference();
 
     std::int32_t GetDatum() override { return datum_->GetDatum(); }

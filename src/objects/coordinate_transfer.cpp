@@ -15,7 +15,7 @@
 namespace tessara {
 namespace {
 
-// What a target keeps: its own reference, but for the numbers that stand for none.
+// The reference to convert into: the target's own, in which the numbers for "none" stand for the source's.
 Reference WantedReference(const CKoord& source, const CKoord& target) {
     Reference wanted = ReferenceOf(target);
     if (wanted.datum == NO_DATUM) wanted.datum = ReferenceOf(source).datum;
@@ -24,7 +24,7 @@ Reference WantedReference(const CKoord& source, const CKoord& target) {
 }
 
 bool TransferAxis(Axis axis, ICoord* source, ICoord* target) {
-    const IRef<ICoord> result(target);  // held while it is read and then written
+    const IRef<ICoord> result(target);  // holds the target while it is read and written
     CKoord from;
     CKoord to;
     if (!KoordFromCoord(source, &from) || !KoordFromCoord(result.Get(), &to)) return false;
@@ -32,7 +32,7 @@ bool TransferAxis(Axis axis, ICoord* source, ICoord* target) {
     return CopyAxis(axis, from, &to) && KoordToCoord(&to, result.Get());
 }
 
-// The coordinate system in which a map is drawn, by its type; NO_SYSTEM for a type that is no map.
+// The coordinate system in which a map of each type is drawn; NO_SYSTEM for numbers that aren't maps.
 constexpr std::array<std::int32_t, MAP_TYPE_COUNT> MAP_SYSTEMS{{
     NO_SYSTEM,          // UNKNOWN
     NO_SYSTEM,          // NONE
@@ -82,7 +82,8 @@ bool MakePixelOf(IMapCoordOperations* map, ICoord* coord) {
            coord->SetReference(reference.Get());
 }
 
-// The target may be the pixel itself and lose it with its reference, so the pixel is copied first.
+// The target may be the source pixel itself and lose its value with its reference, so the pixel is copied
+// first.
 bool TransferPixel(IMapCoordOperations* map, ICoord* source, ICoordinateReference* wanted, ICoord* target) {
     const IRef<ICoord> pixel(CreateClassCoord());
     return CopyCoord(source, pixel.Get()) && target->SetReference(wanted) &&
@@ -135,7 +136,7 @@ bool CoordinateTransfer::TransferBetweenMaps(IMapCoordOperations* sourceMap, ICo
     const IRef<IMapCoordOperations> to(targetMap);
     const IRef<ICoord> pixel(source);
     const IRef<ICoord> result(target);
-    // A new coordinate is in WGS84 degrees.
+    // A new coordinate has the reference WGS84 GEODEZ.
     const IRef<ICoord> world(CreateClassCoord());
     if (!from.IsValid() || !to.IsValid() || !pixel.IsValid() || !result.IsValid() || !world.IsValid()) {
         return false;

@@ -1,8 +1,8 @@
-// Moves records in and out of ICoord objects, and reads the datum of a map. Only this library's own
-// coordinates hold a record: any other implementation of ICoord, and null, is an ordinary failure.
+// Reads and writes the records inside ICoord objects, and reads the datum of a map. Only this library's
+// coordinates hold a record; null and other implementations of ICoord are ordinary failures.
 //
-// Each of these counts its coordinates up and down again. An operation that uses one more than once, to read
-// it and then to write it, holds it in a handle of its own: the argument of a host may have the count 0.
+// Each function counts its coordinate up and down again, which would delete one of count 0. An operation
+// that uses a coordinate more than once therefore holds it in a handle.
 #pragma once
 
 #include <cstdint>
@@ -13,14 +13,15 @@
 
 namespace tessara {
 
-// False for null or a foreign object; *out is then unchanged. An invalid coordinate gives its record, too.
+// Reads the record, also of an invalid coordinate. False for null or a foreign object; *out is then
+// unchanged.
 bool KoordFromCoord(ICoord* coord, CKoord* out);
-// Makes the coordinate valid. False for null or a foreign object.
+// Writes the record and makes the coordinate valid. False for null or a foreign object.
 bool KoordToCoord(const CKoord* koord, ICoord* coord);
-// One after the other, so the copy is valid, whatever the source was. Source and target may be the same.
+// Copies the record of `source`; the copy is valid even if the source isn't. Both may be the same object.
 bool CopyCoord(ICoord* source, ICoord* target);
 
-// The datum that a map draws on. False if the map doesn't tell, or without memory; *datum is then unchanged.
+// Reads the datum of a map. False if the map doesn't give it, and without memory; *datum is then unchanged.
 bool ReadMapDatum(IMapCoordOperations* map, std::int32_t* datum);
 
 }  // namespace tessara

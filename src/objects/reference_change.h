@@ -1,4 +1,4 @@
-// Carries records into one reference, as ICoordinateTransfer carries coordinates into another coordinate's.
+// Converts records into one reference; ICoordinateTransfer does the same for coordinates.
 #pragma once
 
 #include <cstdint>
@@ -14,9 +14,10 @@ class ReferenceChange {
   public:
     ReferenceChange(std::int32_t datum, std::int32_t system);
 
-    // False if the record doesn't convert; *result is then unchanged. A pixel and a world position can't be
-    // related: the result is the default record of the reference, and true. The numbers for no datum and no
-    // system stand for the source's. Source and result may be the same.
+    // False if the record doesn't convert; *result is then unchanged. Between a pixel and a position on the
+    // earth there is no conversion, so *result becomes the default record of the reference, with a true
+    // result. The numbers for "no datum" and "no system" stand for the source's. `source` and `result` may
+    // be the same record.
     bool Apply(const CKoord& source, CKoord* result) const;
 
   private:

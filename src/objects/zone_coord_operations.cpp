@@ -10,7 +10,7 @@
 namespace tessara {
 namespace {
 
-// Each of these works on a copy of the coordinate's record; the two coordinates may be one.
+// Each operation works on a copy of the record, since both coordinates may be the same object.
 
 bool WriteBorder(Compass side, ICoord* coord, ICoord* out) {
     const IRef<ICoord> source(coord);

@@ -17,8 +17,8 @@
 namespace tessara {
 namespace {
 
-// A midpoint beside a zone border is laid out from a point this close to it, inside the zone, in degrees; the
-// point is found to the same measure.
+// degrees. A midpoint beside a zone border is measured from a point this far inside the zone, and the search
+// for that point ends at this accuracy.
 constexpr double BORDER_INSET = 1e-8;
 constexpr int BORDER_ROUNDS = 8;
 
@@ -52,8 +52,8 @@ bool MeanOfUps(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean) {
     return MeanOfValues(first, second, mean);
 }
 
-// Position codes and lettered grids mean the same on every datum: they are converted on one that always
-// exists, and the mean keeps the datum that it is labelled with.
+// Position codes and lettered grids don't depend on the datum. They are converted on one that always exists,
+// and the mean keeps the datum of the two positions.
 tagKOORD OnWgs84(tagKOORD record) {
     record.datum = DATUM_WGS84;
     return record;
@@ -74,7 +74,7 @@ bool MeanOfLetterGrid(const tagKOORD& first, const tagKOORD& second, tagKOORD* m
     tagKOORD a = OnWgs84(first);
     tagKOORD b = OnWgs84(second);
     if (!RenewLetters(&a) || !RenewLetters(&b)) return false;
-    // Without letters the values of the whole grid count.
+    // A record without letters is read by its full values.
     tagKOORD middle = OnWgs84(*mean);
     MeanOfValues(a, b, &middle);
     if (!RenewLetters(&middle)) return false;
@@ -82,14 +82,15 @@ bool MeanOfLetterGrid(const tagKOORD& first, const tagKOORD& second, tagKOORD* m
     return true;
 }
 
-// The east value of the central line of a record's zone; NaN in a zone that doesn't exist.
+// The east value of the central line of a record's zone; NaN if the zone doesn't exist.
 double CentreEast(tagKOORD record) {
     return zones::MoveToCentre(&record) ? zones::East(record) : std::numeric_limits<double>::quiet_NaN();
 }
 
-// The mean of two points on either side of a zone border. `mean` comes in labelled in the zone west of the
-// border, with its northing. `offset` is how far the two lie, on average, east of the central lines of their
-// zones, in metres: an eastward one is laid out from the border in the zone east of it. False for a NaN.
+// The mean of two points on either side of a zone border. On entry `mean` names the zone west of the border
+// and has the northing of the mean. `offset` is the average distance of the two points east of the central
+// lines of their zones, in metres; if it is positive, the mean lies that far east of the border, in the
+// eastern zone. False for a NaN.
 bool MeanBesideBorder(double offset, tagKOORD* mean) {
     const bool isEastOfBorder = offset >= 0.0;
     if (!isEastOfBorder && !(offset < 0.0)) return false;
@@ -156,20 +157,20 @@ bool MeanOfUtmref(const tagKOORD& first, const tagKOORD& second, tagKOORD* mean)
     return true;
 }
 
-// How the strips of two points decide their mean.
+// How the mean follows from the strips of two points.
 enum class StripCase {
-    Plain,         // the mean lies in the strip in the middle of the two
-    AcrossZero,    // the same, of a western and an eastern strip
-    BesideBorder,  // the mean lies beside the border in the middle
+    Plain,         // the mean lies in the strip in the middle
+    AcrossZero,    // the same, between a western and an eastern strip
+    BesideBorder,  // the middle is a border, and the mean lies beside it
 };
 
-// GK strips run on through 0.
+// GK strips are numbered through 0.
 StripCase GkCase(std::int64_t first, std::int64_t second) {
     if ((first - second) % 2 != 0) return StripCase::BesideBorder;
     return (first < 0) != (second < 0) ? StripCase::AcrossZero : StripCase::Plain;
 }
 
-// GK6 has no strip 0: strip 1 follows on strip -1.
+// GK6 has no strip 0: strip 1 follows strip -1.
 StripCase Gk6Case(std::int64_t first, std::int64_t second) {
     const bool isEven = (first + second) % 2 == 0;
     const bool isOneSide = first * second >= 1;
@@ -177,7 +178,7 @@ StripCase Gk6Case(std::int64_t first, std::int64_t second) {
     return isOneSide ? StripCase::Plain : StripCase::AcrossZero;
 }
 
-// The strip west of the border in the middle of two strips.
+// The strip west of the border that lies in the middle of two strips.
 std::int64_t WestOfMiddle(bool isGk6, std::int64_t first, std::int64_t second) {
     if (!isGk6 || first * second >= 1) return (first - 1 + second) / 2;
     const std::int64_t middle = (first + second) / 2;
@@ -224,7 +225,7 @@ bool MeanOfAustrian(const tagKOORD& first, const tagKOORD& second, tagKOORD* mea
         Store(*mean, payload);
         return true;
     }
-    if (std::abs(a.meridian - b.meridian) != 3) return false;  // not neighbours: no such meridian
+    if (std::abs(a.meridian - b.meridian) != 3) return false;  // not adjacent: there are only three meridians
     payload.meridian = std::min(a.meridian, b.meridian);
     Store(*mean, payload);
     return MeanBesideBorder(Mean(a.easting - CentreEast(first), b.easting - CentreEast(second)), mean);

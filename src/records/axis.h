@@ -15,12 +15,12 @@ inline constexpr std::int32_t COMPASS_COUNT = 4;
     return direction == Compass::North || direction == Compass::South ? Axis::North : Axis::East;
 }
 
-// 1.0 to the north and east, -1.0 to the south and west.
+// 1.0 for north and east, -1.0 for south and west.
 [[nodiscard]] constexpr double SignOf(Compass direction) {
     return direction == Compass::North || direction == Compass::East ? 1.0 : -1.0;
 }
 
-// The way a move by `delta` goes.
+// The direction of a move by `delta`.
 [[nodiscard]] constexpr Compass DirectionOf(Axis axis, double delta) {
     if (axis == Axis::North) return delta >= 0.0 ? Compass::North : Compass::South;
     return delta >= 0.0 ? Compass::East : Compass::West;

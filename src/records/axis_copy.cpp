@@ -10,7 +10,7 @@
 namespace tessara {
 namespace {
 
-// One step around the ring of the row letters, which leaves out I and O.
+// The next or previous letter in the ring of row letters, which lacks I and O.
 char StepRow(char row, int direction) {
     if (direction > 0 && row == 'V') return 'A';
     if (direction < 0 && row == 'A') return 'V';
@@ -19,8 +19,8 @@ char StepRow(char row, int direction) {
     return next == 'I' || next == 'O' ? step(next) : next;
 }
 
-// The rows of odd and even zones are lettered five apart: a row that changes zone is walked so that it stays
-// on the same ground.
+// Odd and even zones start their row letters five letters apart. So a row letter that changes to a zone of
+// the other kind moves by five, which keeps its northing.
 char RowInZone(char row, int fromZone, int toZone) {
     const int fromParity = fromZone % 2 != 0 ? 1 : 0;
     const int toParity = toZone % 2 != 0 ? 1 : 0;
@@ -37,7 +37,7 @@ void KeepRowOnItsGround(std::int32_t oldZone, tagKOORD* target) {
     Store(*target, payload);
 }
 
-// The finer precision of the two; the minutes of the other axis stay the numbers they are.
+// Takes the finer precision of the two; the minutes of the other axis stay unchanged.
 void RaiseGeorefPrecision(const tagKOORD& source, tagKOORD* target) {
     const auto from = Load<GeorefPayload>(source);
     auto to = Load<GeorefPayload>(*target);
@@ -45,7 +45,7 @@ void RaiseGeorefPrecision(const tagKOORD& source, tagKOORD* target) {
     Store(*target, to);
 }
 
-// Lets the kernel derive letters and part values from the full values, on one datum there and back.
+// Derives letters and partial values from the full values, by a conversion there and back on one datum.
 void RenewLetters(tagKOORD* target) {
     tagKOORD scratch = *target;
     scratch.datum = DATUM_WGS84;

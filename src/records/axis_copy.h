@@ -1,4 +1,4 @@
-// Copies one axis of a position between two records of one datum and one type.
+// Copies one axis of a position between two records of the same datum and type.
 #pragma once
 
 #include "records/axis.h"
@@ -6,8 +6,8 @@
 
 namespace tessara {
 
-// Copies the fields of the axis and whatever belongs to it: zone, hemisphere, letters. False for types
-// outside 0..22; the target is then unchanged.
+// Copies the fields of the axis and what belongs to it: zone, hemisphere, letters. False for types outside
+// 0..22; the target is then unchanged.
 bool CopyAxis(Axis axis, const tagKOORD& source, tagKOORD* target);
 
 }  // namespace tessara

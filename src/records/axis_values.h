@@ -1,5 +1,5 @@
-// The plain numbers that a system keeps along its two axes: what comparisons, midpoints, differences and
-// shifts all work on.
+// The values of a record along its two axes as plain numbers, for comparisons, midpoints, differences and
+// shifts.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace tessara {
 
-// What the table of systems says of an axis of a record.
+// The axis row of a record's system.
 [[nodiscard]] inline const AxisRow& AxisRowOf(Axis axis, const tagKOORD& record) {
     const SystemRow& row = SystemOf(record);
     return axis == Axis::East ? row.east : row.north;
@@ -18,19 +18,19 @@ namespace tessara {
 
 namespace axes {
 
-// Whether the system keeps one number for each axis. UTMREF, GEOGRAD, GEOREF and GEODEZMIN spread them over
-// several fields, ECEF has no such axes, and LAMBERTCC is outside the object layer's systems.
+// Whether the system stores one number for each axis. UTMREF, GEOGRAD, GEOREF and GEODEZMIN use several
+// fields, ECEF has no such axes, and LAMBERTCC is none of the object layer's systems.
 [[nodiscard]] bool IsNumber(std::int32_t system);
 
-// That number, in the unit of the system; 0.0 for the other systems.
+// That number, in the unit of the system; 0.0 for systems without one.
 [[nodiscard]] double Value(Axis axis, const tagKOORD& record);
-// A LONGPIXEL takes the whole part. Does nothing in the other systems.
+// Stores the number; a LONGPIXEL takes its whole part. Does nothing for systems without one.
 void SetValue(Axis axis, double value, tagKOORD* record);
 
 // The northing on one scale for both hemispheres: a UTM northing with the letter 'S' or 's' counts from the
-// equator downward. Other systems have just the northing.
+// equator and is negative. In other systems it is the northing itself.
 [[nodiscard]] double SignedNorthing(const tagKOORD& record);
-// Writes the UTM hemisphere, too: south below 0.0.
+// Stores such a northing, and for UTM the hemisphere: south below 0.0.
 void SetSignedNorthing(double northing, tagKOORD* record);
 
 }  // namespace axes

@@ -1,6 +1,6 @@
-// Operations that stand on each other - a shift on zone borders, a border on the border of another system -
-// call each other in one order only. A debug build counts how deep they are nested in a thread, so that a
-// call against the order fails at once and not as a stack overflow.
+// Some operations build on each other: a shift on zone borders, a border on the limit of another system.
+// They call each other in one direction only. A debug build counts how deeply they are nested in a thread,
+// so that a call in the wrong direction fails at once instead of overflowing the stack.
 #pragma once
 
 #include <cassert>
@@ -8,8 +8,8 @@
 
 namespace tessara {
 
-// The deepest nesting there is: the shift of a UTMREF, done in UTM, up to the limit at its easting, which the
-// zone's border draws.
+// The deepest nesting: the shift of a UTMREF, done in UTM, which looks for the limit at its easting, which
+// needs the border of the zone.
 inline constexpr std::int32_t MAX_CALL_DEPTH = 4;
 
 class CallDepth {

@@ -20,15 +20,15 @@ bool IsKernelReference(std::int32_t datum, std::int32_t system) {
     return datum >= 0 && datum < DATUM_COUNT && system >= 0 && system < KOORD_TYPE_COUNT;
 }
 
-// Whether `inner` doesn't lie beyond `limit` in a direction. What can't be compared lies beyond.
+// Whether `inner` doesn't lie beyond `limit` in a direction. False if the two can't be compared.
 bool IsWithin(Compass direction, const tagKOORD& limit, const tagKOORD& inner) {
     const Axis axis = AxisOf(direction);
     return SignOf(direction) > 0.0 ? CompareRecords(axis, limit, inner) >= 0
                                    : CompareRecords(axis, inner, limit) >= 0;
 }
 
-// A reference may name a metre from half a metre outside its zone, to which a position inside was rounded,
-// and from some more where half a metre of northing moves the border.
+// A reference may name a metre up to half a metre outside its zone, to which a position inside was rounded,
+// and a little further where half a metre of northing moves the border.
 constexpr double REFERENCE_REACH = 0.55;  // metres
 
 bool IsReferenceWithinBorder(Compass side, const tagKOORD& reference) {
@@ -57,8 +57,8 @@ bool IsWithinZone(const tagKOORD& record) {
     return IsWithinBorder(side > 0 ? Compass::East : Compass::West, record);
 }
 
-// To degrees on the record's own datum and back: the kernel's range tests judge the values. A reference that
-// lies within its zone ends at 180 degrees, whatever its rounding adds.
+// Converts to degrees on the record's own datum and back, so that the kernel's range tests judge the values.
+// A reference within its zone may exceed 180 degrees by its rounding, which is cut off.
 bool SurvivesRoundTrip(const tagKOORD& record) {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
     if (KoordConvert(&record, &geodez) != KOORD_OK) return false;

@@ -1,4 +1,5 @@
-// Whether a record is a legal position, as coordinate_checker.h says.
+// Whether a record is a legal position: within the area of its system and its zone, and convertible to
+// degrees and back.
 #pragma once
 
 #include <cstdint>

@@ -90,7 +90,7 @@ bool CKoord::ECEF_RecalcCoords() {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(datum), KOORD_GEODEZ);
     tagKOORD foot = MakeKoord(static_cast<std::int32_t>(datum), KOORD_ECEF);
     if (KoordConvert(this, &geodez) != KOORD_OK) return true;
-    // The axis has no longitude, and its normal is the axis itself.
+    // A point on the axis has no longitude, and its normal is the axis.
     const auto old = Load<EcefPayload>(*this);
     const bool isOnAxis = old.x == 0.0 && old.y == 0.0;
     auto position = Load<GeodezPayload>(geodez);
@@ -98,7 +98,7 @@ bool CKoord::ECEF_RecalcCoords() {
     Store(geodez, position);
     if (KoordConvert(&geodez, &foot) != KOORD_OK) return true;
 
-    // The kernel writes ECEF on the ellipsoid; the height is added along the normal.
+    // The kernel writes ECEF positions on the ellipsoid; the height is added along the normal.
     const double phi = position.latitude * RADIANS_PER_DEGREE;
     const double lambda = position.longitude * RADIANS_PER_DEGREE;
     auto fields = Load<EcefPayload>(foot);

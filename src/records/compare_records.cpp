@@ -20,14 +20,14 @@ std::int32_t Order(double first, double second) {
     return first > second ? 1 : -1;
 }
 
-// Position codes mean the same on every datum: they are read on one that always exists.
+// Position codes don't depend on the datum; they are read on one that always exists.
 bool ReadCode(tagKOORD* record) {
     record->datum = DATUM_WGS84;
     return ConvertTo(KOORD_GEODEZ, record);
 }
 
-// Only the letters of the axis count. The rest is the default's, and so is the precision, which reads no
-// minutes: GEOREF positions compare by whole degrees.
+// Reads the letters of one axis only. The other axis and the precision are those of the default record,
+// whose precision includes no minutes: GEOREF positions compare by whole degrees.
 bool ReadGeoref(Axis axis, tagKOORD* record) {
     const auto given = Load<GeorefPayload>(*record);
     CKoord fresh;
@@ -46,7 +46,7 @@ bool ReadGeoref(Axis axis, tagKOORD* record) {
     return ReadCode(record);
 }
 
-// Fills the values of the whole grid from the letters.
+// Computes the full values of a lettered grid from its letters.
 bool ReadLetterGrid(tagKOORD* record) {
     record->datum = DATUM_WGS84;
     return RenewLetters(record);
@@ -56,14 +56,15 @@ bool IsWanted(const WantedZones& range, std::int32_t wanted) {
     return wanted >= range.first && wanted <= range.last && (wanted - range.first) % range.step == 0;
 }
 
-// Whether a UTM record stands in the zone that it wants and lies in, where converting could only add noise.
+// Whether a UTM record wants the zone that is both its own and its natural one; converting it would only add
+// rounding.
 bool IsNaturalUtm(const tagKOORD& record, double longitude) {
     if (record.type != KOORD_UTM) return false;
     const auto payload = Load<UtmPayload>(record);
     return payload.wantedZone == payload.zone && UTM_NaturalMeridian(longitude) == UtmMeridian(payload.zone);
 }
 
-// A record that wants a zone is rewritten in its natural one, so that two eastings mean the same.
+// Rewrites a record that wants a zone in its natural zone, so that eastings can be compared.
 bool MoveToNaturalZone(tagKOORD* record) {
     const std::int32_t wanted = zones::Wanted(*record);
     const WantedZones& range = SystemOf(*record).zones.wantedZones;
@@ -82,8 +83,8 @@ bool MoveToNaturalZone(tagKOORD* record) {
     return ConvertTo(static_cast<std::int32_t>(record->type), record);
 }
 
-// Becomes the UTM record of its own zone, in whole metres of easting. Its letters name that zone, which it
-// stays in: a metre at the border may lie in the next one by no more than a rounding.
+// Converts to UTM in the zone that the letters name, with the easting in whole metres. Near a border the
+// rounded metre may lie in the next zone, but the record keeps its own.
 bool ReadUtmref(tagKOORD* record) {
     if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, record)) return false;
     zones::Want(NO_WANTED_ZONE, record);
@@ -127,7 +128,7 @@ std::int32_t CompareUps(const tagKOORD& first, const tagKOORD& second) {
     return Order(axes::Value(Axis::North, first), axes::Value(Axis::North, second));
 }
 
-// A record may hold what is no number, as the longitude of a point on the earth's axis, and is where it is.
+// A record may hold NaN, such as the longitude of a point on the earth's axis, and still equals itself.
 bool AreSame(const tagKOORD& first, const tagKOORD& second) {
     return std::memcmp(&first, &second, sizeof first) == 0;
 }

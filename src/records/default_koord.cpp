@@ -10,7 +10,7 @@ namespace tessara {
 bool DefaultKoord(std::int32_t datum, std::int32_t system, CKoord* koord) {
     const SystemRow& row = SystemOf(system);
     if (row.form == Form::None || !IsReferenceDatum(datum)) return false;
-    CKoord fresh;  // the height is zero
+    CKoord fresh;  // its height is 0.0
     fresh.datum = static_cast<std::uint32_t>(datum);
     fresh.type = static_cast<std::uint32_t>(system);
     std::memcpy(fresh.payload, row.defaultPayload.data(), row.defaultPayload.size());

@@ -15,7 +15,7 @@
 namespace tessara {
 namespace {
 
-// Closer to a limit than this counts as on it.
+// Values within this distance of a limit count as on it.
 double ToleranceOf(std::uint32_t system) {
     return system == KOORD_GEODEZ ? 1.0e-7 : 1.0e-4;
 }
@@ -25,7 +25,7 @@ bool MoveToSystemLimit(Compass direction, tagKOORD* record) {
                              static_cast<std::int32_t>(record->type), record);
 }
 
-// Moves a record as far as it may go.
+// Moves a record to the border of its zone or the limit of its system, whichever comes first.
 bool MoveToFurthest(Compass direction, tagKOORD* record) {
     if (!zones::Exist(static_cast<std::int32_t>(record->type))) return MoveToSystemLimit(direction, record);
     if (AxisOf(direction) == Axis::East) {
@@ -38,19 +38,19 @@ bool MoveToFurthest(Compass direction, tagKOORD* record) {
     return found == ZoneLimit::Border;
 }
 
-// Whether a move from `value` by `delta` goes beyond `limit`. A move exactly onto it doesn't.
+// Whether a move from `value` by `delta` ends beyond `limit`. A move exactly onto the limit doesn't.
 bool GoesBeyond(double limit, double value, double delta) {
     return delta >= 0.0 ? limit - delta < value : value < limit - delta;
 }
 
-// The edge of the pixels that a step goes toward. Rows grow by delta like columns, although that is
+// The edge of the pixel range in the direction of a step. A positive step increases the row, which is
 // southward.
 Compass PixelEdge(Axis axis, double step) {
     if (axis == Axis::East) return DirectionOf(axis, step);
     return step >= 0.0 ? Compass::South : Compass::North;
 }
 
-// A pixel may go as far as its numbers do.
+// A pixel may move within the range of its number type.
 bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
     const double step = record->type == KOORD_LONGPIXEL ? std::trunc(delta) : delta;
     tagKOORD edge = *record;
@@ -61,12 +61,12 @@ bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
     return true;
 }
 
-// Moves as far as the border of the zone, which is looked for only when it may have been met.
+// Moves up to the border of the zone. The border is computed only if the move may have reached it.
 bool ShiftEastInZone(double delta, tagKOORD* record) {
     const double east = zones::East(*record);
     tagKOORD moved = *record;
     zones::SetEast(east + delta, &moved);
-    // An offset that outgrows its strip's million would read as another strip's.
+    // An offset beyond the million of its strip would be read as part of another strip.
     const bool isInOwnZone = std::fabs(zones::East(moved) - (east + delta)) < 1e-6;
     if (!isInOwnZone || !zones::IsWellInside(moved)) {
         tagKOORD limit = *record;
@@ -78,8 +78,8 @@ bool ShiftEastInZone(double delta, tagKOORD* record) {
     return true;
 }
 
-// A move over the equator changes the hemisphere; the equator itself belongs to both. A position that is
-// written in the wrong hemisphere keeps it on the way back to the equator.
+// A move across the equator changes the hemisphere; the equator belongs to both. A position written in the
+// wrong hemisphere keeps it while it moves back to the equator.
 void AddUtmNorthing(double delta, tagKOORD* record) {
     auto payload = Load<UtmPayload>(*record);
     const bool isSouth = UpperCase(payload.hemisphere) == 'S';
@@ -103,7 +103,7 @@ void AddNorthing(double delta, tagKOORD* record) {
     }
 }
 
-// Across the equator both northings count from it.
+// In different hemispheres both northings count from the equator.
 double UtmNorthApart(const tagKOORD& from, const tagKOORD& to) {
     if (Load<UtmPayload>(from).hemisphere == Load<UtmPayload>(to).hemisphere) {
         return axes::Value(Axis::North, to) - axes::Value(Axis::North, from);
@@ -111,8 +111,8 @@ double UtmNorthApart(const tagKOORD& from, const tagKOORD& to) {
     return axes::SignedNorthing(to) - axes::SignedNorthing(from);
 }
 
-// Whether a move to the north or south ends beyond `limit`. UTM compares where it ends, and so a move by what
-// is left to the limit ends on it.
+// Whether a move to the north or south ends beyond `limit`. For UTM the end of the move is compared, so that
+// a move by exactly the remaining distance ends on the limit.
 bool EndsBeyond(const tagKOORD& limit, const tagKOORD& record, const tagKOORD& moved, double delta) {
     if (record.type == KOORD_UTM) {
         const double room = UtmNorthApart(moved, limit);
@@ -136,7 +136,8 @@ bool ShiftNorthInZone(double delta, tagKOORD* record) {
 
 enum class Step { Refused, Full, OntoLimit };
 
-// A full step where there is room for it; one that would end within the tolerance of the limit ends on it.
+// Takes a full step if there is room. A step that would pass the limit by no more than the tolerance ends on
+// it.
 Step ShiftInSystem(Axis axis, double delta, tagKOORD* record) {
     tagKOORD limit = *record;
     if (!MoveToFurthest(DirectionOf(axis, delta), &limit)) return Step::Refused;
@@ -149,7 +150,7 @@ Step ShiftInSystem(Axis axis, double delta, tagKOORD* record) {
     return hasRoom ? Step::Full : Step::OntoLimit;
 }
 
-// The letters follow a full step; a step onto the limit keeps the old ones.
+// A full step renews the letters; a step onto the limit keeps the old ones.
 bool ShiftLetterGrid(Axis axis, double delta, tagKOORD* record) {
     tagKOORD moved = *record;
     const Step step = ShiftInSystem(axis, delta, &moved);
@@ -165,7 +166,7 @@ bool ShiftLetterGrid(Axis axis, double delta, tagKOORD* record) {
     return true;
 }
 
-// Shifts the UTM form in the same zone; the result wants that zone.
+// Shifts the UTM form in the same zone, which the result then wants.
 bool ShiftUtmref(Axis axis, double delta, tagKOORD* record) {
     tagKOORD moved = *record;
     if (!ConvertInZone(KOORD_UTM, RangeCheck::On, &moved)) return false;
@@ -190,7 +191,8 @@ double DegreesApart(Axis axis, tagKOORD from, tagKOORD to) {
     return koord::Difference(axis, from, to);
 }
 
-// Walks from letter to letter in alphabetical order; the rows' ring of 2000 km isn't closed.
+// The distance between two letters in alphabetical order. The ring of row letters isn't closed here, so the
+// result is wrong across its end.
 double SquaresApart(char from, char to) {
     const std::int32_t first = LetterIndex(SQUARE_LETTERS, UpperCase(from));
     const std::int32_t last = LetterIndex(SQUARE_LETTERS, UpperCase(to));

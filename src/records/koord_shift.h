@@ -1,4 +1,4 @@
-// Moves of a record on its own grid, and how far two records lie apart there.
+// Moves records on their own grid, and measures how far apart two records are on it.
 #pragma once
 
 #include "records/axis.h"
@@ -8,12 +8,13 @@ namespace tessara {
 
 namespace koord {
 
-// Moves the record by `delta` in the units of its system, positive to the east or north, and refuses to leave
-// the area of the system or zone. A delta of 0.0 is always true. False as coord.h says; the record is then
-// unchanged.
+// Moves the record by `delta`: metres on a grid, degrees, or pixels; positive values go east or north. False
+// for ECEF and LAMBERTCC, for TM to the south, for a NaN, and for a move out of the zone or of what the
+// system covers; the record is then unchanged. A delta of 0.0 always succeeds.
 bool Shift(Axis axis, double delta, tagKOORD* record);
 
-// How far `to` lies east or north of `from`; UNKNOWN_DIFFERENCE as coord.h says.
+// The distance from `from` eastward or northward to `to`. UNKNOWN_DIFFERENCE for two datums, systems or
+// zones, for a letter that belongs to no square, and for ECEF and LAMBERTCC.
 [[nodiscard]] double Difference(Axis axis, const tagKOORD& from, const tagKOORD& to);
 
 }  // namespace koord

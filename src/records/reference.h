@@ -1,4 +1,4 @@
-// The datum and system of a record as plain numbers, where no ICoordinateReference has to be made of them.
+// The datum and system of a record as plain numbers, for code that needs no ICoordinateReference object.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct Reference {
     return {static_cast<std::int32_t>(koord.datum), static_cast<std::int32_t>(koord.type)};
 }
 
-// The numbers that an ICoordinateReference takes, those for none among them.
+// Whether an ICoordinateReference accepts the number; the one for "no datum" is accepted, too.
 [[nodiscard]] constexpr bool IsReferenceDatum(std::int32_t datum) {
     return (datum >= 0 && datum < DATUM_COUNT) || datum == NO_DATUM;
 }

@@ -1,4 +1,4 @@
-// Whether two records of one system mean the same projection.
+// Whether two records of one system have the same projection parameters.
 #pragma once
 
 #include <cstring>
@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-// The parameters are the first numbers of the payload; equal numbers are equal parameters, and no NaN is.
+// The parameters are the first numbers of the payload and compare as numbers, so a NaN equals nothing.
 [[nodiscard]] inline bool HaveSameParameters(const tagKOORD& first, const tagKOORD& second) {
     for (std::size_t i = 0; i < SystemOf(first).parameterBytes; i += sizeof(double)) {
         double a;

@@ -47,7 +47,7 @@ bool FromCorners(const Corners& corners, SystemExtremes* extremes) {
     return true;
 }
 
-// Degrees need no datum.
+// Degrees are the same on every datum.
 bool FromDegrees(const Corners& corners, SystemExtremes* extremes) {
     for (std::size_t i = 0; i < extremes->size(); ++i) {
         const double position[3] = {corners[i].latitude, corners[i].longitude, 0.0};
@@ -73,7 +73,7 @@ bool OfGeoref(SystemExtremes* extremes) {
     return true;
 }
 
-// The earth's centre lies south of every position: the south extreme stays 0, 0, 0.
+// The south extreme stays (0, 0, 0): the earth's centre compares as south of every position.
 bool OfEcef(const Corners& corners, SystemExtremes* extremes) {
     const tagKOORD centre = At(Compass::South, extremes);
     if (!FromCorners(corners, extremes)) return false;
@@ -81,7 +81,7 @@ bool OfEcef(const Corners& corners, SystemExtremes* extremes) {
     return true;
 }
 
-// Which side of the pole lies up the northing is read from the grid itself.
+// The grid itself decides which of the two positions on the meridian lies further north.
 bool OfUps(const Corners& corners, SystemExtremes* extremes) {
     if (!FromCorners(corners, extremes)) return false;
     tagKOORD& north = At(Compass::North, extremes);
@@ -90,15 +90,15 @@ bool OfUps(const Corners& corners, SystemExtremes* extremes) {
     return true;
 }
 
-// Along the ellipsoid from latitude 0, longitude 0. Negative on a datum without an ellipsoid.
+// The length of the geodesic from latitude 0, longitude 0. Negative on a datum without an ellipsoid.
 double DistanceFromOrigin(std::int32_t datum, double latitude, double longitude) {
     double axes[2];
     Geodesic_LoadAxes(axes, datum);
     return Geodesic_InverseCore(0.0, 0.0, latitude, longitude, axes[0], axes[1]).distance;
 }
 
-// A free projection carries its own parameters: the extremes are a quarter of a meridian up and down, and 20
-// degrees of the equator to the sides.
+// A free projection has no fixed parameters. Its extremes carry their own: a quarter of a meridian to the
+// north and south, 20 degrees of the equator to the sides.
 bool OfTm(SystemExtremes* extremes) {
     const auto datum = static_cast<std::int32_t>((*extremes)[0].datum);
     const double meridian = DistanceFromOrigin(datum, 90.0, 0.0);
@@ -111,7 +111,7 @@ bool OfTm(SystemExtremes* extremes) {
     return true;
 }
 
-// Fills four default records.
+// Fills in four default records.
 bool Fill(std::int32_t datum, const SystemRow& row, SystemExtremes* extremes) {
     const bool isOnKkj = datum == DATUM_KKJ && row.extremes.cornersOnKkj != nullptr;
     const Corners* const corners = isOnKkj ? row.extremes.cornersOnKkj : row.extremes.corners;
@@ -130,7 +130,7 @@ bool Fill(std::int32_t datum, const SystemRow& row, SystemExtremes* extremes) {
             return OfUps(*corners, extremes);
         case ExtremesRule::Quadrants:
             return OfTm(extremes);
-        case ExtremesRule::None:  // GCOVR_EXCL_START: such a system has no default record either
+        case ExtremesRule::None:  // GCOVR_EXCL_START: a system without extremes has no default record
             break;
     }
     return false;

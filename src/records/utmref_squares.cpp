@@ -1,9 +1,9 @@
-// The part of a zone within a band is bounded by two parallels, which bend away from the equator toward the
-// sides, and by two meridians, which come together toward the pole. Of that part a column of squares holds
-// all that lies between two distances from the central meridian. Its point nearest the equator is on the near
-// parallel at the smaller distance. Its furthest point is on the far parallel at the greater distance; if the
-// parallel ends before that, in the corner; if it ends before the smaller distance, where the border meridian
-// has that distance. All rows between the two are touched.
+// The part of a zone within a band is bounded by two parallels, which curve away from the equator toward the
+// sides, and by two meridians, which converge toward the pole. A column of squares covers the distances from
+// the central meridian between two limits. The nearest point of the column is on the parallel nearer to the
+// equator, at the smaller distance. Its furthest point is on the other parallel at the greater distance or,
+// if that parallel ends before, in the corner; if it ends even before the smaller distance, the point is on
+// the border meridian at the smaller distance. The column has all rows between these two points.
 #include "records/utmref_squares.h"
 
 #include <algorithm>
@@ -20,13 +20,13 @@ namespace {
 
 constexpr double HALF_WIDTH = 3.0;  // degrees
 constexpr double METRES_PER_DEGREE = 111000.0;
-// A reference is rounded to whole metres, so a square may be named from half a metre outside.
+// Positions are rounded to whole metres, so a square may be named from half a metre outside.
 constexpr double REACH = 1.0;             // metres
 constexpr double SEARCH_ACCURACY = 0.01;  // metres
 constexpr int SEARCH_ROUNDS = 20;
 
-// The eastern half of a northern zone. The western one and the southern ones are its mirror images, and all
-// zones are alike.
+// The eastern half of a northern zone. All zones are congruent; the western half and southern zones mirror
+// this one.
 class HalfZone {
   public:
     struct Point {
@@ -34,16 +34,16 @@ class HalfZone {
         double northing;
     };
 
-    // For a datum 0..238.
+    // Takes a datum 0..238.
     explicit HalfZone(std::int32_t datum) {
         TM_LoadForwardConstants(datum, &forward_);
         TM_LoadInverseConstants(datum, &inverse_);
     }
 
-    // The point of a parallel that lies on the border of the zone.
+    // The point where a parallel meets the border of the zone.
     [[nodiscard]] Point BorderAt(double latitude) const { return At(latitude, HALF_WIDTH); }
 
-    // The northing of a parallel at an offset.
+    // The northing of a parallel at an offset from the central meridian.
     [[nodiscard]] double NorthingOnParallel(double latitude, double offset) const {
         double northing = At(latitude, 0.0).northing;
         double step = 2.0 * SEARCH_ACCURACY;
@@ -54,7 +54,7 @@ class HalfZone {
         return northing;
     }
 
-    // The northing at which the border has an offset, sought by secants between two latitudes.
+    // The northing at which the border has an offset, by secant steps between two latitudes.
     [[nodiscard]] double NorthingOnBorder(double offset, double nearLatitude, double farLatitude) const {
         double last = nearLatitude;
         double lastMiss = BorderAt(last).offset - offset;
@@ -99,7 +99,7 @@ class HalfZone {
     TmConstants inverse_;
 };
 
-// The offsets that a column spans; those of the columns west of the central meridian are the mirror image.
+// The offsets that a column covers. Columns west of the central meridian are mirrored.
 struct ColumnSpan {
     double inner;
     double outer;
@@ -117,7 +117,7 @@ struct RowSpan {
     std::int32_t last;
 };
 
-// Rows are counted from the equator in the north, and from 10000 km south of it in the south.
+// Rows count from the equator in the north, and from 10000 km south of it in the south.
 RowSpan RowsOf(const HalfZone& zone, const UtmrefBand& band, const ColumnSpan& column) {
     const double inner = std::min(column.inner, zone.BorderAt(band.nearEdge).offset);
     const double nearest = zone.NorthingOnParallel(band.nearEdge, inner);
@@ -138,7 +138,7 @@ RowSpan RowsOf(const HalfZone& zone, const UtmrefBand& band, const ColumnSpan& c
     return {row(low - REACH), row(high + REACH)};
 }
 
-// Whether a zone as wide as this, from its central meridian, has the column.
+// Whether a zone of this half width has the column.
 bool HasColumn(double halfWidth, std::int32_t column) {
     return SpanOf(column).inner <= halfWidth + REACH;
 }

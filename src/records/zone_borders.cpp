@@ -20,18 +20,18 @@
 namespace tessara {
 namespace {
 
-// A border may lie outside the limits of the system by its outset.
+// A border may lie outside the limits of the system by BORDER_OUTSET.
 
 constexpr double BORDER_OUTSET = 1e-9;       // degrees
 constexpr double LATITUDE_STEP = 1e-12;      // degrees; smaller steps end the search for a border point
 constexpr int BORDER_ROUNDS = 20;            // a border point takes six at most
-constexpr double NORTHING_TOLERANCE = 0.05;  // metres; more than a latitude that snaps to a limit costs
-constexpr double EAST_TOLERANCE = 1e-5;      // metres; closer to an easting than this is on it
-constexpr double EAST_ACCEPTABLE = 1e-3;     // metres; good enough when the trials are used up
+constexpr double NORTHING_TOLERANCE = 0.05;  // metres; more than snapping to a limit moves a northing
+constexpr double EAST_TOLERANCE = 1e-5;      // metres; an easting this close counts as met
+constexpr double EAST_ACCEPTABLE = 1e-3;     // metres; sufficient when the trials are used up
 constexpr int EAST_TRIALS = 20;
 
 constexpr double WELL_INSIDE = 1e-4;         // degrees; more than a metre at latitude 84
-constexpr double EQUATOR_DEGREE = 112000.0;  // metres, more than a degree of any ellipsoid's equator
+constexpr double EQUATOR_DEGREE = 112000.0;  // metres; more than a degree on the equator of any ellipsoid
 
 constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
 
@@ -42,8 +42,8 @@ std::int32_t TypeOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.type);
 }
 
-// The wanted zone that keeps a position in the record's own zone. Strips want their true meridian, whatever
-// they are numbered from.
+// The wanted zone with which a position stays in the record's zone. Strips want the true meridian, however
+// their numbers count.
 std::int16_t WantedForOwnZone(const tagKOORD& record, double centralMeridian) {
     const ZoneRule rule = SystemOf(record).zones.rule;
     if (rule != ZoneRule::Strips3 && rule != ZoneRule::Strips6) {
@@ -52,7 +52,7 @@ std::int16_t WantedForOwnZone(const tagKOORD& record, double centralMeridian) {
     return TruncateToInt16(std::round(centralMeridian / 3.0) * 3.0);
 }
 
-// The squares of the equator have the first row letter of their scheme, five rows on in even zones.
+// Rows at the equator start with the first letter of the scheme, in even zones five letters later.
 bool MoveUtmrefToEquator(tagKOORD* record) {
     const DatumRow* const datum = Datum_Row(DatumOf(*record));
     if (datum == nullptr) return false;
@@ -74,14 +74,15 @@ double WidestNorthing(const tagKOORD& record) {
     return axes::Value(Axis::North, south);
 }
 
-// How far east of the central line of its zone a record lies; NaN in a zone that doesn't exist.
+// The distance of a record east of the central line of its zone; NaN if the zone doesn't exist.
 double EastOfCentre(const tagKOORD& record) {
     tagKOORD centre = record;
     return zones::MoveToCentre(&centre) ? zones::East(record) - zones::East(centre) : NO_VALUE;
 }
 
-// Whether the point of a meridian at a latitude has the border's northing. Beyond a pole it hasn't: the way
-// back from a northing there ends on this side of the pole, and from it no way leads there.
+// Whether the point of a meridian at a latitude has the northing of `border`. Beyond a pole it doesn't: the
+// inverse projection of such a northing ends on this side of the pole, from where the projection doesn't
+// lead back.
 bool IsOnMeridian(double longitude, double latitude, const tagKOORD& border) {
     tagKOORD point = MakeKoord(DatumOf(border), KOORD_GEODEZ);
     Store(point, GeodezPayload{latitude, longitude, 0.0});
@@ -90,12 +91,12 @@ bool IsOnMeridian(double longitude, double latitude, const tagKOORD& border) {
     return std::fabs(axes::SignedNorthing(there) - axes::SignedNorthing(border)) < NORTHING_TOLERANCE;
 }
 
-// How wide a zone is, from its central line to one of its borders, by northing.
+// The half width of a zone at a northing, from its central line to one of its borders.
 class ZoneWidth {
   public:
     ZoneWidth(const tagKOORD& record, Compass side) : record_(record), side_(side) {}
 
-    // In metres; NaN where there is no border.
+    // Metres; NaN if there is no border.
     double At(double signedNorthing) const {
         tagKOORD border = record_;
         axes::SetSignedNorthing(signedNorthing, &border);
@@ -107,9 +108,10 @@ class ZoneWidth {
     Compass side_;
 };
 
-// Interpolates for the northing at which the zone is `target` wide, between a wide end and a narrow one. A
-// short first step toward the narrow end is lengthened, since the width falls slowly there and a plain
-// interpolation would creep. That isn't done any more once it has come near.
+// Interpolates for the northing at which the zone has the half width `target`, between a wide and a narrow
+// end. A short step toward the narrow end is lengthened: the width decreases slowly there, and plain
+// interpolation would converge too slowly. Once a lengthened step comes near the target, steps are no longer
+// lengthened.
 bool ZoneBorderSearch(const ZoneWidth& width, double wide, double narrow, double target, double* northing) {
     double atWide = width.At(wide);
     double atNarrow = width.At(narrow);
@@ -138,7 +140,7 @@ bool ZoneBorderSearch(const ZoneWidth& width, double wide, double narrow, double
             atNarrow = at;
         }
     }
-    return miss < EAST_ACCEPTABLE;  // GCOVR_EXCL_LINE: no width is known that takes all the trials
+    return miss < EAST_ACCEPTABLE;  // GCOVR_EXCL_LINE: no zone is known whose search takes all the trials
 }
 
 ZoneLimit MoveUtmrefToLimit(Compass direction, tagKOORD* record) {
@@ -182,7 +184,7 @@ bool zones::MoveToBorder(Compass side, tagKOORD* record) {
         if (!zones::StepAlongMeridian(longitude, latitude, RangeCheck::Off, &border, &position)) return false;
         step = std::fabs(position.latitude - latitude);
     }
-    // Near a limit the kernel's snapping may keep the latitude jumping by as much.
+    // Near a limit the kernel's snapping may keep the latitude oscillating by this much.
     if (!(step <= LIMIT_TOLERANCE_DEGREES)) return false;
     if (!IsOnMeridian(longitude, position.latitude, border)) return false;
     zones::SetEast(zones::East(border), record);
@@ -195,7 +197,7 @@ ZoneLimit zones::MoveToLimit(Compass direction, tagKOORD* record) {
     if (AxisOf(direction) != Axis::North) return ZoneLimit::Failure;
     if (SystemOf(*record).form == Form::Squares) return MoveUtmrefToLimit(direction, record);
 
-    // No walk starts at what is no position.
+    // Only a record that is a position has a way to the limit.
     GeodezPayload position;
     if (!ToGeodez(*record, &position) || std::isnan(position.latitude)) return ZoneLimit::Failure;
     const double offset = EastOfCentre(*record);
@@ -222,7 +224,8 @@ ZoneLimit zones::MoveToLimit(Compass direction, tagKOORD* record) {
 
 bool zones::IsWellInside(const tagKOORD& record) {
     const double halfWidth = zones::HalfWidth(TypeOf(record));
-    // Far outside a zone the inverse projection means nothing. (UTMREF can't say so.)
+    // Far outside its zone a position has no meaningful longitude. A UTMREF, whose east value is NaN, passes
+    // this test.
     if (std::fabs(EastOfCentre(record)) > halfWidth * EQUATOR_DEGREE) return false;
     tagKOORD centre = record;
     GeodezPayload position;
@@ -239,7 +242,7 @@ bool zones::MoveToEquator(tagKOORD* record) {
     const double northing = WidestNorthing(*record);
     if (std::isnan(northing)) return false;
     axes::SetValue(Axis::North, northing, record);
-    // The hemisphere stays: the equator of a southern position is written as 10000000.
+    // Keeps the hemisphere: the equator of a southern position is written as 10000000.
     const double falseNorthing = northing - axes::SignedNorthing(*record);
     axes::SetValue(Axis::North, northing + falseNorthing, record);
     return true;

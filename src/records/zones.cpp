@@ -22,10 +22,10 @@ constexpr std::int32_t AUSTRIAN_STEP = AUSTRIAN_MERIDIANS[1] - AUSTRIAN_MERIDIAN
 
 constexpr auto STRIP_FACTOR = static_cast<std::int32_t>(STRIP_MILLION);
 
-// Columns of three zones share the letters of the squares, eight each; rows form a ring of twenty.
+// Three consecutive zones share the column letters, eight each; row letters form a ring of twenty.
 constexpr std::int32_t COLUMNS_PER_ZONE = 8;
-constexpr std::int32_t ROWS_PER_PARITY = 5;         // even zones start five rows on
-constexpr char CENTRE_COLUMN[3] = {'W', 'E', 'N'};  // by the zone's remainder by 3
+constexpr std::int32_t ROWS_PER_PARITY = 5;         // row letters of even zones start five later
+constexpr char CENTRE_COLUMN[3] = {'W', 'E', 'N'};  // by the remainder of the zone number by 3
 
 const ZoneRow& ZonesOf(const tagKOORD& record) {
     return SystemOf(record).zones;
@@ -36,8 +36,8 @@ bool HasStrips(const tagKOORD& record) {
     return rule == ZoneRule::Strips3 || rule == ZoneRule::Strips6;
 }
 
-// Moves a letter along its alphabet. A letter that stays isn't looked at; false for one that isn't in the
-// alphabet and for a step past its end.
+// Moves a letter along its alphabet. A step of 0 accepts any letter; otherwise false for a letter outside
+// the alphabet and for a step past its end.
 bool StepLetter(std::string_view letters, std::int32_t steps, char* letter) {
     if (steps == 0) return true;
     const std::int32_t index = LetterIndex(letters, UpperCase(*letter));
@@ -64,7 +64,7 @@ std::int16_t StepUtmZone(std::int16_t zone, std::int32_t delta) {
     return static_cast<std::int16_t>(rest >= 1 ? rest : rest + UTM_ZONE_COUNT);
 }
 
-// Takes whole periods off until the strip lies within -limit..limit.
+// Subtracts whole periods until the strip lies within -limit..limit.
 std::int64_t CloseAround(std::int64_t strip, std::int64_t limit) {
     const std::int64_t period = 2 * limit;
     if (strip > limit) return strip - (strip - limit + period - 1) / period * period;
@@ -103,7 +103,7 @@ bool MoveStrip(std::int32_t delta, tagKOORD* record) {
         parts.strip = static_cast<std::int32_t>(CloseAround(sum, 60));
     } else {
         parts.strip = static_cast<std::int32_t>(CloseAround(sum, 30));
-        // There is no strip 0 between 1 and -1.
+        // GK6 has no strip 0.
         if (parts.strip == 0 && delta != 0) parts.strip = delta > 0 ? 1 : -1;
     }
     auto payload = Load<GkPayload>(*record);
@@ -141,7 +141,7 @@ void MoveStripToCentre(tagKOORD* record) {
     Store(*record, payload);
 }
 
-// The grid whose central lines have one easting asks for no meridian.
+// If all central lines have the same easting, the meridian doesn't matter.
 bool MoveAustrianToCentre(tagKOORD* record) {
     const ZoneRow& zones = ZonesOf(*record);
     auto payload = Load<BmnPayload>(*record);

@@ -1,5 +1,5 @@
-// The zones of UTM, UTMREF, GK, GK6, BMN, OEM and GK-AT, on records. These are the leaves: they call nothing
-// but each other, and everything that asks about zones stands on them.
+// The zones of UTM, UTMREF, GK, GK6, BMN, OEM and GK-AT, on records. These functions call only each other;
+// everything else that deals with zones builds on them.
 #pragma once
 
 #include <cstdint>
@@ -9,11 +9,11 @@
 
 namespace tessara {
 
-// The squares of UTMREF are lettered along both axes without I and O.
+// The letters of 100 km squares in UTMREF, without I and O.
 inline constexpr std::string_view SQUARE_LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
 
-// A GK or GK6 easting apart: the strip, and the distance from its zero, which is positive in western strips,
-// too.
+// The two parts of a GK or GK6 easting: the strip, and the distance from the strip's zero, which is positive
+// in western strips, too.
 struct StripEasting {
     std::int32_t strip;
     double offset;
@@ -24,36 +24,38 @@ namespace zones {
 [[nodiscard]] bool Exist(std::int32_t system);
 
 // The zone of a record: 1..60 in UTM and UTMREF, the strip in GK and GK6, the meridian in the Austrian
-// systems; UNKNOWN_ZONE without zones.
+// systems; UNKNOWN_ZONE for systems without zones.
 [[nodiscard]] std::int32_t Number(const tagKOORD& record);
 
-// What a strip counts for in a GK or GK6 easting, in metres; UNKNOWN_ZONE without zones.
+// The metres that one strip number adds to a GK or GK6 easting; UNKNOWN_ZONE for systems without zones.
 [[nodiscard]] std::int32_t Factor(const tagKOORD& record);
 
-// False for other systems and for an easting without a strip; *parts is then unchanged.
+// Splits a GK or GK6 easting. False for other systems and for an easting without a strip; *parts is then
+// unchanged.
 bool SplitStrip(const tagKOORD& record, StripEasting* parts);
-// Rebuilds the easting.
+// Rebuilds the easting from its parts.
 [[nodiscard]] double JoinStrip(const StripEasting& parts);
 
-// The east value within the zone: a strip's offset, otherwise the easting. Both grow eastward in every zone.
-// NaN without zones, in UTMREF, and for an easting without a strip.
+// The east value within the zone: the offset of a strip, otherwise the easting. It increases eastward in
+// every zone. NaN for systems without zones, UTMREF, and an easting without a strip.
 [[nodiscard]] double East(const tagKOORD& record);
-// Writes it; the zone stays. Does nothing where East is NaN.
+// Stores that value; the zone stays. Does nothing if East is NaN.
 void SetEast(double east, tagKOORD* record);
 
-// From the central meridian to the border, in degrees; 0.0 without zones.
+// The distance from the central meridian to the border, in degrees; 0.0 for systems without zones.
 [[nodiscard]] double HalfWidth(std::int32_t system);
 
-// The wanted zone or meridian of a record; NO_WANTED_ZONE without zones.
+// The wanted zone or meridian of a record; NO_WANTED_ZONE for systems without zones.
 [[nodiscard]] std::int16_t Wanted(const tagKOORD& record);
 void Want(std::int16_t wanted, tagKOORD* record);
 
-// Puts the record on its zone's central line; the northing stays. False without zones or in a zone that
-// doesn't exist; the record is then unchanged.
+// Moves the record onto the central line of its zone; the northing stays. False for a system without zones
+// or a zone that doesn't exist; the record is then unchanged.
 bool MoveToCentre(tagKOORD* record);
 
-// Relabels the record into the zone `delta` steps east and clears any wanted zone or meridian. False as the
-// interface says; the record is then unchanged.
+// Relabels the record into the zone `delta` steps east and clears any wanted zone or meridian. False for a
+// system without zones, an Austrian meridian outside 28..34, a UTMREF zone outside 1..60, letters that don't
+// exist and an easting without a strip; the record is then unchanged.
 bool Move(std::int32_t delta, tagKOORD* record);
 
 }  // namespace zones

@@ -17,7 +17,7 @@ namespace {
 using Choices = std::vector<std::string>;
 using FindChoices = bool (*)(std::int32_t datum, const UtmrefPieces& pieces, Choices* choices);
 
-// Appends the choices to a list; false without memory for one of them.
+// Appends the choices to a list; false if memory runs out.
 bool Fill(const Choices& choices, const IRef<IArray>& list) try {
     for (const std::string& choice : choices) {
         const IRef<ITessaraString> text(NewObject<TessaraString>());
@@ -43,7 +43,7 @@ bool RefillFor(FindChoices find, std::int32_t datum, const UtmrefPieces& pieces,
     return Refill(choices, list) && exist;
 }
 
-// Holds texts, of which several may be one object, and reads them.
+// Holds texts and reads or writes them all. Several of them may be the same object.
 template <std::size_t COUNT>
 class Texts {
   public:
@@ -52,7 +52,7 @@ class Texts {
             held_[i] = IRef<ITessaraString>(texts[i]);
     }
 
-    // False if one of them is none.
+    // False if one of them is missing or isn't a text.
     bool Read(const std::array<std::string*, COUNT>& contents) const {
         for (std::size_t i = 0; i < COUNT; ++i) {
             if (!TextOf(held_[i].Get(), contents[i])) return false;
@@ -60,7 +60,7 @@ class Texts {
         return true;
     }
 
-    // The same; nothing is written then.
+    // False, and none is written, if one of them is missing.
     bool Write(const std::array<const std::string*, COUNT>& contents) const {
         for (const IRef<ITessaraString>& text : held_) {
             if (!text.IsValid()) return false;

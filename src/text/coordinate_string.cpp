@@ -23,7 +23,7 @@ Axis OtherAxis(Axis axis) {
     return axis == Axis::North ? Axis::East : Axis::North;
 }
 
-// The three texts of a view of the position, emptied; false if one of them is none.
+// The three texts of one view of the position; they are emptied first. False if one of them is missing.
 class ThreeTexts {
   public:
     ThreeTexts(ITessaraString* first, ITessaraString* second, ITessaraString* third)
@@ -36,7 +36,7 @@ class ThreeTexts {
         return true;
     }
 
-    // Without memory false, and the texts are empty.
+    // False without memory; the texts are then empty.
     bool Write(const double (&values)[3], const int (&decimals)[3]) {
         try {
             for (int i = 0; i < 3; ++i)
@@ -70,7 +70,7 @@ void CoordinateString::UnsetPrecisionsIfOther(std::int32_t system) {
     eastPrecision_ = PRECISION_UNSET;
 }
 
-// A coordinate without a record inside has a reference all the same.
+// A foreign coordinate has no record here, but it has a reference.
 void CoordinateString::UnsetPrecisionsForForeign(ICoord* coord) {
     const IRef<ICoord> foreign(coord);
     const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());
@@ -194,7 +194,7 @@ bool CoordinateString::GetEastDisplayText(ITessaraString* text) {
     return GetDisplayText(Axis::East, text);
 }
 
-// The held position in another system of its datum.
+// Converts the stored position to another system on its datum.
 bool CoordinateString::ConvertHeld(std::int32_t system, CKoord* koord) {
     const IRef<ICoord> converted(CreateClassCoord());
     const IRef<ICoordinateReference> reference(CreateClassCoordinateReference());

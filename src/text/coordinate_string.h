@@ -16,7 +16,7 @@ class CoordinateString : public ICoordinateString {
   public:
     using Faces = FaceList<ICoordinateString>;
 
-    // Throws std::bad_alloc without memory for its two parts.
+    // Throws std::bad_alloc if there is no memory for its two parts.
     CoordinateString();
 
     bool SetCoord(ICoord* coord) override;

@@ -8,19 +8,19 @@
 namespace tessara {
 namespace {
 
-// One byte, in Latin-1.
+// Latin-1.
 constexpr const char* DEGREE_SIGN = "\xB0";
 constexpr const char* MINUTE_SIGN = "'";
 constexpr const char* SECOND_SIGN = "''";
 
-// A reference of this precision names a 100 km square and has no digits.
+// From this precision on a reference names the 100 km square only.
 constexpr int SQUARE_PRECISION = 5;
-// From these precisions on the seconds, and then the minutes too, aren't significant.
+// From these precisions on seconds, and then minutes, aren't shown.
 constexpr int MINUTE_PRECISION_GEOGRAD = 2;
 constexpr int DEGREE_PRECISION_GEOGRAD = 4;
 constexpr int DEGREE_PRECISION_GEODEZMIN = 2;
 
-// The words of a text, each of which must be there.
+// The words of a text. Asking for one that doesn't exist is recorded.
 class Tokens {
   public:
     explicit Tokens(const std::string& text) : text_(text) {}
@@ -31,7 +31,7 @@ class Tokens {
         return token;
     }
 
-    // Whether all words that were asked for exist.
+    // Whether all the words asked for exist.
     [[nodiscard]] bool AreComplete() const { return complete_; }
 
   private:
@@ -39,8 +39,8 @@ class Tokens {
     bool complete_ = true;
 };
 
-// The metres within a square, in as many characters as the precision stands for: the leading ones of five
-// digits or, with decimals, filled up with zeros and cut as a whole.
+// The metres within a square with as many digits as the precision shows: the leading ones of five digits or,
+// if there are decimals, the number padded with zeros and truncated.
 std::string DigitGroup(const std::string& metres, int precision) {
     const int width = std::max(SQUARE_PRECISION - precision, 0);
     const std::string group = precision < 0
@@ -82,7 +82,7 @@ std::string DisplayLetterGrid(int precision, Tokens* tokens) {
     return display + tokens->At(0);
 }
 
-// The forms that take the text of their own axis only.
+// Display forms that need the text of their own axis only.
 std::string DisplayAxis(Axis axis, std::int32_t system, int precision, const std::string& plain,
                         Tokens* tokens) {
     switch (SystemOf(system).text.display) {

@@ -1,5 +1,5 @@
-// The compact forms of the texts, for a screen. They are made from the plain texts, of which they leave out
-// what the precision doesn't stand for.
+// The compact display forms of texts. They are derived from the plain texts, without the digits that the
+// precision doesn't cover.
 #pragma once
 
 #include <cstdint>
@@ -17,18 +17,18 @@ struct PlainTexts {
 
 namespace text {
 
-// Whether the display text of one axis shows the other axis too: the whole reference of UTMREF.
+// Whether the display text of one axis also shows the other one, as the whole reference of UTMREF does.
 [[nodiscard]] bool DisplaysBothAxes(std::int32_t system);
 
-// The display text of an axis. Only the plain text of the axis is looked at where DisplaysBothAxes is
-// false. False if a text lacks the words that the form needs.
+// The display text of an axis. If DisplaysBothAxes is false, only the plain text of that axis is read. False
+// if a text lacks words that the form needs.
 bool Display(Axis axis, std::int32_t system, std::int16_t precision, const PlainTexts& plain,
              std::string* display);
 
 }  // namespace text
 
-// Word n of a text, from 0 on; words stand apart by blanks. Word 0 of an empty text is empty. False if there
-// are fewer than n separations.
+// Word n of a text, counted from 0; words are separated by blanks. Word 0 of an empty text is empty. False
+// if the text has fewer than n separators.
 bool GetToken(std::string_view text, int n, std::string_view separator, std::string* token);
 
 }  // namespace tessara

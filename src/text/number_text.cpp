@@ -21,7 +21,7 @@ std::string FixedText(double value, int decimals) {
     return written.ec == std::errc() ? std::string(buffer.data(), written.ptr) : std::string();
 }
 
-// By hand: the standard functions drag a table into the library's exports, and with it the loader never
+// Written by hand: the standard functions add a table to the library's exports, after which the loader never
 // unloads the library.
 std::string WholeText(std::int32_t value, int digits) {
     std::string magnitude;

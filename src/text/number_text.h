@@ -1,4 +1,4 @@
-// Numbers as text, the same under every locale of the host.
+// Writes numbers as text, independent of the host's locale.
 #pragma once
 
 #include <cstdint>
@@ -6,14 +6,14 @@
 
 namespace tessara {
 
-// With `decimals` places, 0 or more, and a point; rounded as the exact binary value demands. Also the largest
-// double has its 309 digits.
+// `decimals` is 0 or more; the exact binary value is rounded. Works for all doubles, whose largest has 309
+// digits.
 [[nodiscard]] std::string FixedText(double value, int decimals);
 
-// A whole number, filled up with zeros to `digits` digits behind its sign.
+// A whole number, padded with zeros to `digits` digits after its sign.
 [[nodiscard]] std::string WholeText(std::int32_t value, int digits = 1);
 
-// Filled up with zeros on the left; a longer text stays.
+// Padded with zeros on the left; longer texts are returned unchanged.
 [[nodiscard]] std::string ZeroFilled(const std::string& text, int width);
 
 }  // namespace tessara

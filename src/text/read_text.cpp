@@ -77,8 +77,8 @@ bool ReadFields(Axis axis, std::string_view text, tagKOORD* record) {
     return !fields.empty();
 }
 
-// The texts of BMN and OEM don't name the meridian. Its easting does: the three meridians lie 300 km apart,
-// and no strip reaches 150 km to a side.
+// The texts of BMN and OEM don't contain the meridian. The easting identifies it: the three meridians are
+// 300 km apart, and every strip reaches less than 150 km to each side.
 void FindAustrianMeridian(tagKOORD* record) {
     auto payload = Load<BmnPayload>(*record);
     double nearest = HUGE_VAL;

@@ -1,4 +1,4 @@
-// A record from its north and east texts.
+// Reads a record from its north and east texts.
 #pragma once
 
 #include <string_view>
@@ -9,9 +9,9 @@ namespace tessara {
 
 namespace text {
 
-// Reads both texts into a record that has its datum and type and is zero otherwise. The record wants no zone
-// other than the one it names. False for ECEF, a system without texts, and a text without one of the fields;
-// the record is then partly filled. What is behind the last field doesn't matter.
+// On entry the record has its datum and type, and all other fields are zero. The result wants no zone other
+// than the one that the texts name. False for ECEF, a system without texts, and a text that lacks a field;
+// the record may then be partly filled. Characters after the last field are ignored.
 bool Read(std::string_view north, std::string_view east, tagKOORD* record);
 
 }  // namespace text

@@ -11,14 +11,14 @@
 namespace tessara {
 namespace {
 
-// Half a unit of the last place, by decimals.
+// Half a unit in the last place, indexed by the number of decimals.
 constexpr double HALF_UNITS[] = {0.5, 0.5e-1, 0.5e-2, 0.5e-3, 0.5e-4, 0.5e-5, 0.5e-6, 0.5e-7};
 
 double HalfUnit(int decimals) {
     return HALF_UNITS[std::clamp<int>(decimals, 0, static_cast<int>(std::size(HALF_UNITS)) - 1)];
 }
 
-// Onto the limit of the system, or back where there is none.
+// Moves the record onto the limit of its system, or back by half a unit if there is none.
 void MoveBeforeLimit(Axis axis, double half, tagKOORD* record) {
     const Compass direction = axis == Axis::North ? Compass::North : Compass::East;
     const bool hasLimit =
@@ -34,7 +34,7 @@ tagKOORD text::CarryRounding(Axis axis, int decimals, const tagKOORD& record) {
     const SystemRow& row = SystemOf(record);
     if (row.text.carry == 0.0) return shown;
 
-    // The number of a text that counts up to a carry is its last one.
+    // The last number of a text is the one that may reach the carry.
     const RecordField counter = (axis == Axis::East ? row.east : row.north).text.All().back();
     const double half = HalfUnit(decimals);
     const auto carries = [&] { return half + NumberOf(shown, counter) >= row.text.carry; };
@@ -45,7 +45,7 @@ tagKOORD text::CarryRounding(Axis axis, int decimals, const tagKOORD& record) {
         MoveBeforeLimit(axis, step, &shown);
         return shown;
     }
-    // A shift that was to end on the carry may end a hair before it, and the text would still show it.
+    // By rounding, the shift may end just before the carry, so that the text would still show it.
     if (carries()) koord::Shift(axis, step, &shown);
     return shown;
 }

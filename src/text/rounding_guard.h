@@ -1,4 +1,4 @@
-// What keeps a text from showing 60 seconds, 60 minutes or 100000 metres of a square.
+// Prevents texts from showing 60 seconds, 60 minutes or 100000 metres in a square.
 #pragma once
 
 #include "records/axis.h"
@@ -8,10 +8,10 @@ namespace tessara {
 
 namespace text {
 
-// The record to write for a text with `decimals` places. Where a value of UTMREF, GEOGRAD or GEODEZMIN would
-// round up to a full square, minute or degree, that is the record half a unit of the last place further north
-// or east; at the end of the system the end itself. It carries in the north and east; in the south and west
-// the magnitude becomes smaller and the last place stays below the carry. Any other record is unchanged.
+// The record to write for a text with `decimals` decimals. If a value of UTMREF, GEOGRAD or GEODEZMIN would
+// round up to a full square, minute or degree, the result lies half a unit in the last place further north
+// or east, or at the limit of the system. In the north and east this carries; in the south and west it
+// reduces the magnitude, and the text stays below the carry. Any other record is returned unchanged.
 [[nodiscard]] tagKOORD CarryRounding(Axis axis, int decimals, const tagKOORD& record);
 
 }  // namespace text

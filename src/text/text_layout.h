@@ -1,4 +1,4 @@
-// What the north and the east text of each system are made of. Texts are written and read by the same fields.
+// The fields of the north and the east text of each system, for writing and for reading.
 #pragma once
 
 #include <span>
@@ -8,7 +8,7 @@
 
 namespace tessara {
 
-// The fields of one text, in their order; none for a system without texts.
+// The fields of one text in order; none for a system without texts.
 [[nodiscard]] inline std::span<const RecordField> TextFieldsOf(Axis axis, const tagKOORD& record) {
     return AxisRowOf(axis, record).text.All();
 }

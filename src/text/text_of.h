@@ -1,4 +1,4 @@
-// The contents of a text argument.
+// Reads the contents of a text argument.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace tessara {
 
-// A copy, up to the zero that ends it. False for null or a wrong object; *out is then unchanged.
+// Copies the contents up to the terminating zero. False for null or a wrong object; *out is then unchanged.
 inline bool TextOf(ITessaraString* text, std::string* out) {
     const IRef<ITessaraString> source(text);
     if (!source.IsValid()) return false;

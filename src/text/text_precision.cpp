@@ -7,11 +7,12 @@ namespace {
 
 constexpr std::int16_t FINEST = -7;
 constexpr std::int16_t COARSEST = 5;
-// Upward from one above the finest. Literals: products of 0.1 miss the decimal fractions by a bit.
+// In ascending order, from one power above the finest. Written out, since products of 0.1 differ in the last
+// bit.
 constexpr double POWERS_OF_TEN[] = {1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1, 1e2, 1e3, 1e4, 1e5};
 
 std::int16_t PrecisionOf(double value) {
-    // A NaN is the coarsest, as it isn't below anything.
+    // A NaN gets the coarsest precision, since it isn't less than anything.
     if (!(value < POWERS_OF_TEN[COARSEST - FINEST - 1])) return COARSEST;
     std::int16_t precision = FINEST;
     for (const double power : POWERS_OF_TEN) {

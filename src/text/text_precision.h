@@ -1,5 +1,5 @@
-// The precision of a text: the power of ten of its last digit. -3 is a millimetre in a metric system and a
-// thousandth of a second in GEOGRAD.
+// The precision of a text, as the power of ten of its last digit: -3 is a millimetre in a metric system and
+// a thousandth of a second in GEOGRAD.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@ namespace tessara {
 
 namespace precision {
 
-// The precision of a resolution in units of the system, degrees in the angular ones: the greatest power of
-// ten at most as large, from -7 to 5. GEOGRAD counts in seconds and GEODEZMIN in minutes, one step coarser
-// from 60 on.
+// The precision for a resolution in units of the system, degrees in the angular ones: the greatest power of
+// ten that isn't larger, from -7 to 5. GEOGRAD converts to seconds and GEODEZMIN to minutes first; from 60
+// on the precision is one step coarser.
 [[nodiscard]] std::int16_t OfResolution(double resolution, std::int32_t system);
 
-// What a system shows where nobody asked for a precision; PRECISION_UNSET for a system without texts.
+// The precision of a system when none has been set; PRECISION_UNSET for a system without texts.
 [[nodiscard]] std::int16_t Default(std::int32_t system);
 
-// How many decimals that is; none for PRECISION_UNSET.
+// The number of decimals for a precision; none for PRECISION_UNSET.
 [[nodiscard]] int Decimals(std::int16_t precision);
 
 }  // namespace precision

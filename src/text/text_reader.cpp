@@ -21,7 +21,7 @@ bool IsSign(char c) {
     return c == '+' || c == '-';
 }
 
-// How many characters from `start` on are digits.
+// The number of digits from `start` on.
 std::size_t CountDigits(std::string_view text, std::size_t start) {
     std::size_t end = start;
     while (end < text.size() && IsDigit(text[end]))
@@ -33,7 +33,7 @@ bool Is(std::string_view text, std::size_t at, bool (*kind)(char)) {
     return at < text.size() && kind(text[at]);
 }
 
-// How many characters at the start of a text are a number; 0 if it starts with none.
+// The length of the number at the start of a text; 0 if there is none.
 std::size_t NumberLength(std::string_view text) {
     std::size_t end = Is(text, 0, IsSign) ? 1 : 0;
     std::size_t digits = CountDigits(text, end);
@@ -51,7 +51,7 @@ std::size_t NumberLength(std::string_view text) {
     return exponent == 0 ? 0 : end + exponent;
 }
 
-// The power of ten that a part like "e-5" stands for; a senselessly long one is just far from 0.
+// The exponent in a part such as "e-5". One with too many digits is replaced by a value far from 0.
 std::int64_t ExponentIn(std::string_view part) {
     if (part.empty()) return 0;
     part.remove_prefix(part.size() > 1 && part[1] == '+' ? 2 : 1);
@@ -62,7 +62,7 @@ std::int64_t ExponentIn(std::string_view part) {
                                : std::numeric_limits<std::int32_t>::max();
 }
 
-// Whether a number that no double can hold is too small and not too large. from_chars doesn't tell.
+// Whether a number out of range is too small rather than too large, which from_chars doesn't report.
 bool IsTiny(std::string_view number) {
     const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
     const std::string_view mantissa = number.substr(0, mantissaEnd);
@@ -102,7 +102,7 @@ TextReader::Found TextReader::TakeWhole(std::int64_t least, std::int64_t most, s
     const bool hasSign = Is(rest_, 0, IsSign);
     const std::size_t digits = CountDigits(rest_, hasSign ? 1 : 0);
     if (digits == 0) return Found::Nothing;
-    // from_chars knows the minus only.
+    // from_chars accepts a minus sign but no plus sign.
     const std::size_t start = hasSign && rest_.front() == '+' ? 1 : 0;
     const std::size_t end = (hasSign ? 1 : 0) + digits;
     const auto read = std::from_chars(rest_.data() + start, rest_.data() + end, *number);

@@ -1,6 +1,6 @@
-// Reads letters and numbers from a text, one after the other: blanks before a field are skipped, a number is
-// read as far as it goes, and nothing needs to stand between a letter and what follows it. The locale of the
-// host plays no role, and every text is read in linear time.
+// Reads letters and numbers from a text one after the other. Blanks before a field are skipped, a number
+// extends as far as possible, and a letter needs no separator after it. Reading is independent of the host's
+// locale and takes linear time.
 #pragma once
 
 #include <cstdint>
@@ -8,23 +8,23 @@
 
 namespace tessara {
 
-// Every read gives false, and leaves its output as it was, where the text has no such field.
+// Every read returns false, and leaves its output unchanged, if the text has no such field.
 class TextReader {
   public:
     explicit TextReader(std::string_view text) : rest_(text) {}
 
-    // One character of any kind but a blank, as it stands.
+    // Reads one character other than a blank, without changing its case.
     bool ReadLetter(char* letter);
-    // One or two characters up to a blank; the second is 0 where there is one only.
+    // Reads one or two characters up to a blank; if there is only one, the second is 0.
     bool ReadLetterPair(char* first, char* second);
-    // A decimal number with or without a sign, also where zeros lead; false if it doesn't fit.
+    // Reads a decimal integer with an optional sign and leading zeros; false if it doesn't fit.
     bool ReadWhole(std::int16_t* number);
     bool ReadWhole(std::int32_t* number);
-    // As ReadWhole, but 0 and true where there is no number.
+    // Like ReadWhole, but returns true with 0 if there is no number.
     bool ReadWholeOrNothing(std::int32_t* number);
-    // A decimal number with or without a sign, a point and an exponent. One that is too small for a double is
-    // 0, one that is too large is none, and so are infinities and NaN. An "e" behind a number begins an
-    // exponent: "12e" is no number.
+    // Reads a decimal number with an optional sign, point and exponent. A number too small for a double is
+    // 0. One too large, infinities and NaN are rejected. An "e" after a number starts an exponent, so "12e"
+    // isn't a number.
     bool ReadNumber(double* number);
 
   private:

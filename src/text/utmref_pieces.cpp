@@ -16,11 +16,11 @@ constexpr std::int32_t FIRST_ZONE = 1;
 constexpr std::size_t GROUP_DIGITS = 5;
 
 constexpr std::string_view DEFAULT_BAND = "N";
-constexpr std::int32_t DEFAULT_COLUMN = 4;  // of a zone's letters: the first east of the central meridian
+constexpr std::int32_t DEFAULT_COLUMN = 4;  // of a zone's letters: the first one east of the central meridian
 
 constexpr std::int32_t NO_ZONE = 0;
 
-// The zone of a text, which may begin with zeros; NO_ZONE for any other text than a zone.
+// The zone in a text, with or without leading zeros; NO_ZONE for any other text.
 std::int32_t ZoneOf(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of('0'), text.size()));
     if (text.size() > 2) return NO_ZONE;
@@ -32,7 +32,7 @@ std::int32_t ZoneOf(std::string_view text) {
     return zone <= UTM_ZONE_COUNT ? zone : NO_ZONE;
 }
 
-// The capital letter that a text is; 0 for any other text.
+// The letter of a one-character text as a capital; 0 for any other text.
 char LetterOf(std::string_view text) {
     return text.size() == 1 ? UpperCase(text.front()) : '\0';
 }
@@ -55,7 +55,7 @@ bool IsKernelDatum(std::int32_t datum) {
     return datum >= 0 && datum < DATUM_COUNT;
 }
 
-// The pieces before the digit groups, read. What doesn't exist is NO_ZONE or 0.
+// The pieces before the digit groups. Those that don't exist are NO_ZONE or 0.
 struct Square {
     std::int32_t zone;
     char band;
@@ -66,7 +66,7 @@ Square SquareOf(const UtmrefPieces& pieces) {
     return {ZoneOf(pieces.zone), LetterOf(pieces.band), LetterOf(pieces.column)};
 }
 
-// The first zone whose letters have a column; NO_ZONE for a letter of none.
+// The first zone that has a column letter; NO_ZONE if none has it.
 std::int32_t FirstZoneWith(char column) {
     for (std::int32_t zone = FIRST_ZONE; zone < FIRST_ZONE + 3; ++zone) {
         if (LetterIndex(utmref::ColumnLetters(zone), column) != NO_LETTER) return zone;
@@ -74,7 +74,7 @@ std::int32_t FirstZoneWith(char column) {
     return NO_ZONE;
 }
 
-// Puts defaults where a piece is empty.
+// Replaces empty pieces by defaults.
 Square SquareWithDefaults(const UtmrefPieces& pieces, bool withColumn) {
     Square square = SquareOf(pieces);
     if (pieces.zone.empty()) {
@@ -94,13 +94,13 @@ bool ArePossible(std::int32_t datum, const UtmrefPieces& pieces) {
            IsDigitGroup(pieces.easting) && IsDigitGroup(pieces.northing);
 }
 
-// Whole metres of a group: missing digits on the right are zeros.
+// Reads the metres of a group; missing digits on the right are zeros.
 bool ReadGroup(std::string group, std::int32_t* metres) {
     if (group.size() < GROUP_DIGITS) group.resize(GROUP_DIGITS, '0');
     return group.size() == GROUP_DIGITS && TextReader(group).ReadWhole(metres);
 }
 
-// A letter as text; none for a letter that is 0.
+// A letter as a text; empty if the letter is 0.
 std::string LetterText(char letter) {
     return letter != '\0' ? std::string(1, letter) : std::string();
 }

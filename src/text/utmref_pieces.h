@@ -1,4 +1,4 @@
-// A UTMREF position in six texts, as coord_checker_utmref.h says.
+// A UTMREF position as six texts: zone, band, column, row, and the digit groups of easting and northing.
 #pragma once
 
 #include <cstdint>
@@ -20,16 +20,18 @@ struct UtmrefPieces {
 
 namespace utmref {
 
-// The choices for each of the first four pieces, as texts. The latter two depend on the pieces before, of
-// which empty ones stand for a default; false if those don't exist.
+// The possible texts of the first four pieces. Columns and rows depend on the pieces before them, and empty
+// pieces there stand for a default; false if those pieces don't exist.
 [[nodiscard]] std::vector<std::string> ZoneChoices();
 [[nodiscard]] std::vector<std::string> BandChoices();
 bool ColumnChoices(std::int32_t datum, const UtmrefPieces& pieces, std::vector<std::string>* choices);
 bool RowChoices(std::int32_t datum, const UtmrefPieces& pieces, std::vector<std::string>* choices);
 
-// False for other systems and for datums outside 0..238; *pieces is then unchanged.
+// Splits a record. False for other systems and for datums outside 0..238; *pieces is then unchanged.
 bool Split(const tagKOORD& record, UtmrefPieces* pieces);
-// On the datum that the target has. False as the interface says.
+// Makes a record on the datum of *target, wanting no zone. False for pieces that aren't possible and a datum
+// outside 0..238; *target is then unchanged. False also for a digit group of six or more characters; the
+// type of *target is UTMREF then.
 bool Compose(const UtmrefPieces& pieces, tagKOORD* target);
 
 }  // namespace utmref

@@ -7,7 +7,7 @@
 namespace tessara {
 namespace {
 
-// Both letters of a square, to the right of two places where they are fewer.
+// The two letters of a square, padded with blanks on the left.
 std::string LetterPairText(const tagKOORD& record, RecordField field) {
     const RecordField behind{FieldKind::Letter, static_cast<std::uint8_t>(field.offset + 1)};
     std::string pair{ValueOf<char>(record, field), ValueOf<char>(record, behind)};

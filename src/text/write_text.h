@@ -1,4 +1,4 @@
-// The north and east texts of a record.
+// Writes the north and east texts of a record.
 #pragma once
 
 #include <string>
@@ -10,9 +10,9 @@ namespace tessara {
 
 namespace text {
 
-// The text of one axis, its numbers with `decimals` places; a value that would round up to a full minute or
-// square carries. False for a system without texts. A letter that is 0 ends the text; a GEOREF of a precision
-// other than 3, 4 and 5 has an empty one.
+// The text of one axis, with `decimals` decimals in its numbers; a value that would round up to a full
+// minute or square carries. False for a system without texts. A letter that is 0 ends the text. A GEOREF
+// with a precision other than 3, 4 or 5 has an empty text.
 bool Write(Axis axis, const tagKOORD& record, int decimals, std::string* text);
 
 }  // namespace text

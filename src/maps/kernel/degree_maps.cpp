@@ -1,5 +1,5 @@
-// Maps whose raster is parallel to the degrees: DD, EQUALARC, and the polar form of EQUALARC, where the
-// raster lies on a plane about the pole and distances from the pole are true.
+// Maps whose raster is parallel to meridians and parallels: DD and EQUALARC, and the polar form of EQUALARC,
+// whose raster lies on a plane around a pole in which distances from the pole are true.
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
@@ -7,10 +7,10 @@
 namespace tessara {
 namespace {
 
-// The plane about a pole, in pixels: x to the right, y upward.
+// The plane around a pole, in pixels: x to the right, y upward.
 struct PolarPlane {
-    double pole;  // its latitude
-    double up;    // where longitude 0 runs: -1.0 downward, 1.0 upward
+    double pole;  // latitude of the pole
+    double up;    // direction of longitude 0: -1.0 downward, 1.0 upward
     double pixelsPerDegree;
 };
 
@@ -33,9 +33,9 @@ PolarPoint PointAt(const PolarPlane& plane, double latitude, double longitude) {
     return {std::sin(lambda) * r, std::cos(lambda) * (plane.up * r)};
 }
 
-// The longitude of (p, q), which lies r pixels from the pole. A point on the x axis has no arc to tell its
-// side by: in the north such a point is at longitude 0, in the south that holds right of the pole only, and
-// the pole itself has no longitude there.
+// The longitude of (p, q), which lies r pixels from the pole. Right of the pole a point on the x axis gets
+// longitude 0 instead of 90; at the pole itself the north returns 0 and the south NaN. Both are part of the
+// contract.
 double PolarLongitude(const PolarPlane& plane, double p, double q, double r) {
     const bool isNorth = plane.pole > 0.0;
     const bool isEast = isNorth ? p >= 0.0 : p > 0.0;

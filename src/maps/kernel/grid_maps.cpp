@@ -1,5 +1,5 @@
-// Maps whose raster is parallel to the axes of a grid. The relation is linear and the projection is the
-// grid's own business.
+// Maps whose raster is parallel to the axes of a grid. Pixels and grid values are related linearly; the
+// conversion into the grid does the projection.
 #include "kernel/numeric.h"
 #include "maps/kernel/map_parts.h"
 #include "systems/range_check.h"
@@ -11,7 +11,8 @@ namespace {
 
 constexpr double STRIP_WIDTH = 999999.99;  // metres between the ends of a strip
 
-// The pixel relation, on any payload with a grid value and any parameters with an origin and a pixel size.
+// The relation between pixel and grid value, for any payload with a grid value and any parameters with an
+// origin and a pixel size.
 
 template <class Payload, class Params>
 void GridFromPixel(const Params& map, double x, double y, Payload* grid) {
@@ -25,20 +26,20 @@ void PixelFromGrid(const Params& map, const Payload& grid, double* x, double* y)
     *y = (map.originNorthing - grid.northing) / map.metresPerPixelY;
 }
 
-// Whether a conversion that didn't end well has written a grid value all the same: it leaves zeros where a
-// position has no meridian.
+// Whether a conversion that ended with a status has written a grid value. Where a position has no meridian
+// it leaves zeros.
 template <class Payload>
 bool IsWritten(const Payload& grid) {
     return grid.easting != 0.0 || grid.northing != 0.0;
 }
 
-// A position in the system of a grid already isn't held to the limits of that system.
+// A position that is already in the map's system isn't tested against the limits of that system.
 RangeCheck CheckFor(const tagKOORD& in, KoordType native) {
     return in.type == static_cast<std::uint32_t>(native) ? RangeCheck::Off : RangeCheck::On;
 }
 
-// Converts into the grid; *grid comes in with the zone and constants that the conversion is to use. It is
-// written also with a status other than KOORD_OK, as far as the conversion came.
+// Converts a position into the grid. On entry *grid holds the zone and constants for the conversion; a
+// status other than KOORD_OK may leave it written in part.
 template <class Payload>
 KoordStatus ToGrid(const MapParam& map, const tagKOORD& in, KoordType native, RangeCheck check,
                    Payload* grid) {
@@ -49,7 +50,7 @@ KoordStatus ToGrid(const MapParam& map, const tagKOORD& in, KoordType native, Ra
     return status;
 }
 
-// The whole of it, for grids without particulars: `grid` carries what the grid's record needs.
+// Both directions for grids without special rules. `grid` holds what the grid's record needs.
 
 template <class Params, class Payload>
 KoordStatus PlainPixelToWorld(const MapParam& map, KoordType native, Payload grid, double x, double y,
@@ -74,19 +75,19 @@ char Hemisphere(char letter) {
     return letter;
 }
 
-// Strips.
+// GAUKRU and GAUKRU6: strips.
 
 struct StripMap {
     KoordType native;
     std::int32_t width;   // degrees from one meridian to the next
-    std::int32_t offset;  // strip n has the meridian n * width - offset
+    std::int32_t offset;  // degrees; strip n has the meridian n * width - offset
 };
 
 constexpr StripMap GK_MAP{KOORD_GK, 3, 0};
 constexpr StripMap GK6_MAP{KOORD_GK6, 6, 3};
 
-// The least easting of the strip. West of Greenwich eastings run from the strip's million downward, so that
-// there every pixel lies outside.
+// The lowest easting of the strip. West of Greenwich eastings count down from the strip's million, so that
+// every pixel there lies outside.
 double StripBegin(const StripMap& form, std::int16_t meridian) {
     const std::int32_t strip = (meridian + form.offset) / form.width;
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(strip) * 1000000u);
@@ -112,7 +113,7 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
     GkPayload grid{};
     grid.wantedMeridian = params.meridian;
     const KoordStatus status = ToGrid(map, in, form.native, CheckFor(in, form.native), &grid);
-    // A position beside the strip has its grid value and a pixel.
+    // A position beside the strip still has a grid value and thus a pixel.
     const bool isBeside = status == KOORD_ERR_GK_EAST && IsWritten(grid);
     if (status != KOORD_OK && !isBeside) return status;
     PixelFromGrid(params, grid, x, y);
@@ -121,7 +122,7 @@ KoordStatus StripWorldToPixel(const StripMap& form, const MapParam& map, const t
 
 // UTM.
 
-// A position beyond the limits of longitude still has a place in the map's zone, however far that is.
+// A position beyond the limits of longitude has a pixel as well, however far it is from the map's zone.
 KoordStatus ToUtm(const MapParam& map, const tagKOORD& in, UtmPayload* grid) {
     const UtmPayload wanted = *grid;
     const KoordStatus status = ToGrid(map, in, KOORD_UTM, CheckFor(in, KOORD_UTM), grid);
@@ -232,12 +233,13 @@ KoordStatus MapRd_WorldToPixel(const MapParam* map, const tagKOORD* in, double* 
                                              y);
 }
 
-// Whole metres from the origin: half a metre is added whatever the sign, and the rest is cut.
+// Offsets from the origin are whole metres: 0.5 is added whatever the sign, and the result is truncated.
+// Negative offsets thus round differently, which is part of the contract.
 KoordStatus MapCh_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     const auto params = Load<MapPlaneParams>(*map);
     const std::int32_t east = TruncateToInt32(x * params.metresPerPixelX + 0.5);
     const std::int32_t south = TruncateToInt32(y * params.metresPerPixelY + 0.5);
-    // No number, or too many metres for one.
+    // Not a number, or an offset beyond 32 bits.
     if (east == INT32_MIN || south == INT32_MIN) return KOORD_OK;
     *out = MakeKoord(DatumOf(*map), KOORD_CH);
     Store(*out, GridPayload{east + params.originEasting, params.originNorthing - south});

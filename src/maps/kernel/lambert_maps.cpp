@@ -1,20 +1,20 @@
-// Maps on Lambert's conformal cone: LAMBERT2 and LAMBERTCC with parameters of their own, LAMBERTFR with those
-// of the French zones.
+// Maps on Lambert's conformal conic projection: LAMBERT2 and LAMBERTCC with their own parameters, LAMBERTFR
+// with the parameters of the French zones.
 #include "maps/kernel/map_parts.h"
 #include "tessara/kernel/lambert.h"
 
 namespace tessara {
 namespace {
 
-// A raster on the cone's plane. A datum that doesn't exist leaves the cone empty; the conversion from or into
-// degrees refuses it.
+// A raster on the projection's plane. For a datum that doesn't exist the cone stays empty; the conversion
+// from or to degrees then fails.
 struct LambertSheet {
     LambertCC cone;
     double metresPerPixelX, metresPerPixelY;
-    double pixelX, pixelY;  // of the false origin
+    double pixelX, pixelY;  // the pixel of the false origin
 };
 
-// The raster's reference is the origin of the projection, half-way between the parallels.
+// The reference of the raster is the origin of the projection, halfway between the parallels.
 LambertSheet Lambert2Sheet(const MapParam& map) {
     const auto params = Load<MapLambert2Params>(map);
     const double metresPerPixel = MetresPerPixel(map);

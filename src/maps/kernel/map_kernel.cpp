@@ -1,4 +1,5 @@
-// The two functions over all map types: pixels in and out, and the way to the type's own pair.
+// The conversions between pixel and position for all map types: they read and write pixels and call the pair
+// of functions of the type.
 #include <array>
 
 #include "kernel/numeric.h"
@@ -43,7 +44,7 @@ constexpr std::array<MapForm, MAP_TYPE_COUNT> MAP_FORMS{{
     {MapWagnerIV_PixelToWorld, MapWagnerIV_WorldToPixel},    // WAGNER-IV
 }};
 
-// Null for a number that is no map.
+// Null for a number that isn't a map type.
 const MapForm* FormOf(const MapParam& map) {
     if (map.type >= MAP_TYPE_COUNT) return nullptr;
     const MapForm& form = MAP_FORMS[map.type];
@@ -104,7 +105,8 @@ KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD
     tagKOORD native{};
     const KoordStatus status = form->pixelToWorld(map, at.x, at.y, &native);
     if (status != KOORD_OK) return status;
-    // A map may reach beyond the limits of its system; only another grid has to take the position.
+    // A map may extend beyond the limits of its own system. Only a position wanted in another grid has to be
+    // within the limits of that grid.
     const bool isFree = world->type == native.type || IsGeographic(world->type);
     return ConvertRecord(native, world, isFree ? RangeCheck::Off : RangeCheck::On);
 }

@@ -1,4 +1,4 @@
-// What the functions of the map types share.
+// Shared helpers of the map types.
 #pragma once
 
 #include "tessara/kernel/map_types.h"
@@ -9,7 +9,8 @@ namespace tessara {
     return static_cast<std::int32_t>(map.datum);
 }
 
-// The ground size of a pixel, and pixels per metre on the ground. Two expressions, not reciprocals.
+// Metres per pixel and pixels per metre. They are computed by two expressions rather than as reciprocals,
+// because stored results depend on the last digit.
 [[nodiscard]] inline double MetresPerPixel(const MapParam& map) {
     return map.scaleDenominator / (map.resolution * 1000.0);
 }
@@ -17,12 +18,13 @@ namespace tessara {
     return map.resolution * 1000.0 / map.scaleDenominator;
 }
 
-// A record in degrees on a datum, never range checked. *geodez is a GEODEZ record also on failure, of zeros.
+// Converts to degrees on a datum without range tests. *geodez is a GEODEZ record even on failure; its fields
+// are then zero.
 KoordStatus ToDegrees(const tagKOORD& record, std::int32_t datum, tagKOORD* geodez);
-// The same on the datum of the map.
+// The same, on the datum of the map.
 KoordStatus ToDegrees(const tagKOORD& record, const MapParam& map, GeodezPayload* at);
 
-// A record of degrees on the datum of the map.
+// Writes a record of degrees on the datum of the map.
 void PutDegrees(const MapParam& map, const GeodezPayload& at, tagKOORD* out);
 
 }  // namespace tessara

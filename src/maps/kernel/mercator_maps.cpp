@@ -1,6 +1,6 @@
-// Maps on a cylinder that is true to length on a standard parallel: MERCATOR, conformal on the ellipsoid
-// (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section 7), and
-// AZYL, whose rows are true distances along the meridian.
+// Maps on a cylinder whose scale is true on a standard parallel: MERCATOR, conformal on the ellipsoid (J. P.
+// Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section 7), and AZYL,
+// which plots distances along the meridian at true scale.
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
@@ -10,8 +10,8 @@
 namespace tessara {
 namespace {
 
-// The ellipsoid of a map and the radius of its standard parallel. Without a datum every value is NaN or
-// meaningless; the conversion of the reference has refused such a map before.
+// The ellipsoid of a map and the radius of its standard parallel. For a datum that doesn't exist the values
+// are NaN or meaningless, but converting the reference fails before they are used.
 struct Cylinder {
     double a, e2, e;
     double radius;  // of the standard parallel, metres
@@ -28,7 +28,7 @@ Cylinder CylinderOf(const MapParam& map, double standardParallel) {
     return {a, e2, std::sqrt(e2), std::cos(phi0) * PrimeVertical(a, e2, phi0)};
 }
 
-// A position and the map's reference in degrees on the map's datum.
+// A position and the map's reference, in degrees on the map's datum.
 struct Places {
     GeodezPayload at, reference;
 };
@@ -38,19 +38,20 @@ KoordStatus PlacesOf(const MapParam& map, const tagKOORD& in, Places* places) {
     return status == KOORD_OK ? ToDegrees(map.reference.world, map, &places->reference) : status;
 }
 
-// Mercator's rows.
+// MERCATOR.
 
 constexpr double MOST_NORTHERN_ROW = 1.570639247162217;        // radians; 89.991 degrees
 constexpr double MOST_NORTHERN_POSITION = 1.5692255304681018;  // radians; 89.91 degrees
 constexpr double LATITUDE_TOLERANCE = 1e-9;                    // radians
 constexpr int ROUNDS_AT_LIMIT = 20;
-// Standard parallels below 59.5 degrees take some hundred steps. Up to 60 degrees steps creep, each a little
-// shorter than the one before; beyond, they may turn in circles or wander about for ever.
+// With standard parallels below 59.5 degrees the iteration takes a few hundred steps. Up to 60 degrees each
+// step is only a little shorter than the one before; beyond that the iteration may run in a cycle or not
+// converge at all.
 constexpr int ROUNDS_TO_WANDER = 1000;
 constexpr int MOST_ROUNDS = 10000;
 constexpr int BISECTIONS = 64;
 
-// Distance from the equator in the plane, metres on the standard parallel.
+// The distance from the equator in the plane, in metres on the standard parallel.
 double MercatorNorthing(const Cylinder& cylinder, double phi) {
     const double spherical = std::tan(phi / 2.0 + QUARTER_PI);
     const double flattened = std::tan(0.5 * std::asin(cylinder.e * std::sin(phi)) + QUARTER_PI);
@@ -63,7 +64,7 @@ double Clamp(double phi) {
     return phi;
 }
 
-// The same latitude where the steps don't find it: the northing grows with the latitude.
+// Bisects for the latitude where the iteration doesn't converge; the northing increases with the latitude.
 double BisectLatitude(const Cylinder& cylinder, double northing) {
     double south = -MOST_NORTHERN_ROW;
     double north = MOST_NORTHERN_ROW;
@@ -74,20 +75,21 @@ double BisectLatitude(const Cylinder& cylinder, double northing) {
     return (south + north) / 2.0;
 }
 
-// R. P. Brent, "An improved Monte Carlo factorization algorithm", BIT 20, 1980: the steps at which a circle's
-// start is moved on.
+// R. P. Brent, "An improved Monte Carlo factorization algorithm", BIT 20, 1980, detects cycles by comparing
+// with a value that is renewed at powers of two.
 bool IsPowerOf2(int i) {
     return (i & (i - 1)) == 0;
 }
 
-// The latitude in radians that lies `south` metres below the reference's in the plane; NaN if there is none.
-// A step overshoots by the ratio of the meridian's radius of curvature to the radius of the standard
-// parallel: it converges while that is below 2, for standard parallels up to about 60 degrees.
+// The latitude in radians that lies `south` metres below the reference in the plane; NaN if there is none.
+// Each step overshoots by the ratio between the meridian's radius of curvature and the radius of the
+// standard parallel. The iteration converges while that ratio is below 2, for standard parallels up to about
+// 60 degrees.
 double MercatorLatitude(const Cylinder& cylinder, double reference, double south) {
     const double start = MercatorNorthing(cylinder, reference);
     double phi = reference;
     double northing = start;
-    double mark = NAN;  // an earlier latitude: coming back to it, the steps turn in a circle
+    double mark = NAN;  // an earlier latitude; meeting it again reveals a cycle
     double last = 0.0;
     for (int i = 0; i < MOST_ROUNDS; ++i) {
         const double distance = south + (northing - start);
@@ -102,13 +104,13 @@ double MercatorLatitude(const Cylinder& cylinder, double reference, double south
         if (i > ROUNDS_TO_WANDER && !(step < last)) break;
         last = step;
         if (i <= ROUNDS_AT_LIMIT) continue;
-        if (phi == mark) break;  // and the limit isn't on the circle
+        if (phi == mark) break;  // a cycle that doesn't contain the limit
         if (IsPowerOf2(i)) mark = phi;
     }
     return BisectLatitude(cylinder, start - south);
 }
 
-// A position at a pole has an endless northing: it is brought a little way off.
+// The northing of a pole is infinite, so a position there is moved a little towards the equator.
 double OffThePole(double phi) {
     if (!(std::fabs(phi) > MOST_NORTHERN_POSITION)) return phi;
     const double reduced = std::asin(std::sin(phi));
@@ -154,7 +156,7 @@ KoordStatus MapMercator_WorldToPixel(const MapParam* map, const tagKOORD* in, do
     return KOORD_OK;
 }
 
-// What was reached stands where a step fails: (0, 0), or the place the geodesic came to.
+// If a step fails, *out keeps the latest result: (0, 0), or the end of the geodesic.
 KoordStatus MapAzyl_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     *out = MakeKoord(DatumOf(*map), KOORD_GEODEZ);
     tagKOORD reference;

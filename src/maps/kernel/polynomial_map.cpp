@@ -1,5 +1,5 @@
-// Maps calibrated by polynomials, one pair for each direction. The two pairs are only approximate inverses of
-// each other, so a position is refined until it maps back to the pixel.
+// Maps calibrated by polynomials, with a pair for each direction. Neither pair inverts the other exactly, so
+// the position of a pixel is improved in steps until its own pixel is within a tenth.
 #include <array>
 #include <cmath>
 
@@ -41,7 +41,7 @@ struct Pixel {
     [[nodiscard]] double Square() const { return x * x + y * y; }
 };
 
-// Leaves *out as it is without a polynomial of the order.
+// Leaves *out unchanged for an order that doesn't exist.
 void MapPolynomForward(const MapParam& map, const Pixel& pixel, tagKOORD* out) {
     const auto params = Load<MapPolynomParams>(map);
     Polynom* const polynom = PolynomOf(params);
@@ -52,7 +52,8 @@ void MapPolynomForward(const MapParam& map, const Pixel& pixel, tagKOORD* out) {
         out);
 }
 
-// The estimate moved by half of what separates the first one from the value at the pixel it reached.
+// Moves the estimate by half the difference between the first estimate and the position of the pixel it
+// reached.
 tagKOORD HalfStep(const tagKOORD& first, const tagKOORD& atReached, tagKOORD estimate) {
     const auto aim = Load<GeodezPayload>(first);
     const auto hit = Load<GeodezPayload>(atReached);
@@ -73,7 +74,7 @@ KoordStatus MapPolynom_PixelToWorld(const MapParam* map, double x, double y, tag
     const Pixel firstError = asked.Minus(reached);
     if (std::fabs(firstError.x) <= TOLERANCE && std::fabs(firstError.y) <= TOLERANCE) return KOORD_OK;
 
-    // The first estimate stands if the refinement fails or makes it worse.
+    // If the iteration fails or gets worse, the first estimate is kept.
     const tagKOORD first = *out;
     tagKOORD estimate = first;
     for (int round = 0; round < ROUNDS; ++round) {

@@ -1,4 +1,4 @@
-// Maps of the whole earth, tied to the raster by a reference point: VAN_DER_GRINTEN and WAGNER-IV.
+// Maps of the whole earth that a reference point ties to the raster: VAN_DER_GRINTEN and WAGNER-IV.
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
@@ -15,12 +15,12 @@ struct PlanePoint {
     double x, y;  // metres
 };
 
-// Where the circle of a parallel meets the circle of a meridian: x by the side of the meridian, y the height
-// of the parallel on the central meridian, never nearer to the origin than that. The centres are (0, F) and
-// (-C, 0), the radii E and D. The coefficients are multiplied out with D^2 - C^2 = A^2, F - E = |y0| and
-// F + E = A^3 / y0^2: beside the central meridian and the parallel of origin the squares themselves are so
-// large that their differences would be off by kilometres. As |y0| is at most A and F + E at least A, T isn't
-// positive and w at least |Q|: what the method refuses are roundings, which are gone with the differences.
+// The intersection of a parallel's circle with a meridian's circle. x has the sign of the meridian's side; y
+// has at least the height of the parallel on the central meridian. The centres are (0, F) and (-C, 0), the
+// radii E and D. The coefficients are expanded with D^2 - C^2 = A^2, F - E = |y0| and F + E = A^3 / y0^2:
+// near the central meridian and the parallel of origin the squares are so large that their differences would
+// be off by kilometres. Since |y0| is at most A and F + E at least A, T is never positive and w at least
+// |Q|, so the tests for a missing intersection only catch rounding errors.
 bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
     const double s = 2.0 * std::atan2(lambda, PI);
     const double height = std::fabs(y0);
@@ -45,10 +45,10 @@ bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSou
     return true;
 }
 
-// A position in degrees on the plane of van der Grinten's first projection, on the sphere whose radius is the
-// semi-major axis: parallels and meridians are circles, but for the central meridian and the parallel of
-// origin (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section 29).
-// False where the circles don't meet on the right side.
+// A position in degrees on the plane of van der Grinten's first projection, on a sphere with the semi-major
+// axis as its radius. Parallels and meridians are circles, except for the central meridian and the parallel
+// of origin (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section
+// 29). False if the circles have no intersection on the right side.
 bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point) {
     const auto params = Load<MapVdgParams>(map);
     const double lambda = (at.longitude - params.originLongitude) / DEGREES_PER_RADIAN;
@@ -69,7 +69,7 @@ bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point
     return MapVdgIntersect(A, lambda, y0, params.originLongitude <= at.longitude, phi < 0.0, point);
 }
 
-// The position in degrees on the map's datum, and on the plane.
+// Converts a position to degrees on the map's datum and projects it.
 bool MapVdgPlaneOf(const MapParam& map, const tagKOORD& record, PlanePoint* point) {
     GeodezPayload at{};
     return ToDegrees(record, map, &at) == KOORD_OK && MapVdgPlane(map, at, point);
@@ -103,13 +103,13 @@ KoordStatus MapVdg_WorldToPixel(const MapParam* map, const tagKOORD* in, double*
     return KOORD_OK;
 }
 
-// What was reached stands where a step fails: (0, 0), or the reference.
+// If a step fails, *out keeps the latest result: (0, 0), or the reference.
 KoordStatus MapWagnerIV_PixelToWorld(const MapParam* map, double x, double y, tagKOORD* out) {
     const auto params = Load<MapWagnerIvParams>(*map);
     if (ToDegrees(map->reference.world, DATUM_SPHERE, out) != KOORD_OK) return KOORD_OK;
     PlanePoint reference{};
     if (WagnerIV_Forward(out, params.originLongitude, &reference.y, &reference.x) != KOORD_OK) {
-        return KOORD_OK;  // GCOVR_EXCL_LINE: every latitude settles
+        return KOORD_OK;  // GCOVR_EXCL_LINE: the iteration converges for every latitude
     }
     const double m = MetresPerPixel(*map);
     const double X = (x - map->reference.pixelX) * m / params.stretchX + reference.x;
