@@ -1,5 +1,5 @@
-// How long a host waits for its first point: a fresh process loads the shared library and converts a position
-// in degrees to a UTMREF text. Microseconds, the median of some processes.
+// Measures how long a host waits for its first point: a new process loads the shared library and converts a
+// position in degrees to a UTMREF text. Microseconds, median of several processes.
 
 #include <dlfcn.h>
 #include <sys/wait.h>
@@ -66,7 +66,7 @@ bool Measure(Times* times) {
     return isConverted;
 }
 
-// In a process of its own, where the library isn't loaded yet.
+// Runs in a process of its own, in which the library isn't loaded yet.
 bool MeasureFresh(Times* times) {
     int ends[2];
     if (pipe(ends) != 0) return false;

@@ -1,5 +1,5 @@
-// Coordinate grids: the window and all lines of a sheet of 5000 by 5000 pixels, ten metres each, over the
-// border of two zones. The figures are per grid, with a new grid object each time.
+// Measures coordinate grids: the window and all lines of a sheet of 5000 by 5000 pixels, ten metres each,
+// across the border of two zones. The figures are per grid, with a new grid object each time.
 
 #include <benchmark/benchmark.h>
 
@@ -11,10 +11,10 @@
 #include "tessara/coordinate_grid.h"
 #include "tessara/coordinate_grid_factory.h"
 #include "tessara/float_point.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/map.h"
 #include "tessara/map_coord_operations.h"
-#include "tessara/internal/map_param_internal.h"
 #include "tessara/ref.h"
 
 namespace tessara::bench {
@@ -36,7 +36,7 @@ IRef<IMapCoordOperations> GridSheet() {
     return sheet;
 }
 
-// The same ground in ten pixels per millimetre of 1:100000, where no line of a grid is straight.
+// The same ground on a map at 1:100000 with ten pixels per millimetre, on which no grid line is straight.
 IRef<IMapCoordOperations> ConeSheet() {
     MapParam map;
     map.type = MAP_LAMBERT2;

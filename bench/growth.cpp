@@ -1,5 +1,5 @@
-// How the cost of an operation grows with its size, from 10 to 10 000: microseconds, and the exponent that
-// the last two decades have. 1 is proportional growth.
+// Measures how the cost of an operation grows with its size, from 10 to 10 000: microseconds, and the
+// exponent over the last two decades, which is 1 for proportional growth.
 //
 //     growth [NAME ...]     only the operations whose names begin with a NAME
 
@@ -20,7 +20,7 @@ namespace {
 using testing::LineOf;
 using testing::PixelLine;
 
-// What there is to do for a size, which tells how much came out.
+// The work for a size; returns a measure of its result.
 struct Work {
     std::function<std::uint32_t()> run;
     double parameter;  // what it was made for; 0.0 if the size says it
@@ -45,8 +45,8 @@ double MicrosecondsOf(const Work& work) {
     return best;
 }
 
-// A straight line and a wave across it, or two waves, in the same number of segments. They cross 100 times,
-// or as often as their segments allow.
+// A straight line and a wave across it, or two waves, with the same number of segments. They cross 100
+// times, or as often as their segments allow.
 IRef<IArray> Wave(std::uint32_t segments, double height, double waves, double phase) {
     std::vector<testing::Pixel> pixels;
     for (std::uint32_t i = 0; i <= segments; ++i) {
@@ -69,8 +69,8 @@ Work Crossing(std::uint32_t segments, double heightOfOther) {
             0.0};
 }
 
-// Each piece of a line across a map in degrees as a geodesic, with a tolerance in pixels; a piece gets 129
-// points at most.
+// Densifies each piece of a line across a map in degrees as a geodesic, to a tolerance in pixels. A piece
+// has at most 129 points.
 std::function<std::uint32_t()> Densify(std::uint32_t pieces, double tolerance) {
     const IRef<IMapCoordOperations> map = testing::DegreeMap(0.0, 60.0, 100.0);
     std::vector<tagKOORD> positions;
@@ -91,7 +91,7 @@ std::function<std::uint32_t()> Densify(std::uint32_t pieces, double tolerance) {
     };
 }
 
-// The tolerance is halved until one piece takes as many points.
+// Halves the tolerance until a piece has this many points.
 Work DensifyTo(std::uint32_t points) {
     constexpr double finest = 1e-9;
     double tolerance = 1000.0;

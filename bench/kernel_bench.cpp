@@ -1,6 +1,6 @@
-// The kernel alone: every coordinate type in both directions through KoordConvertEx, the datum shift and the
-// geodesic, on arrays of 4096 random legal positions. The figures are per position; those of the whole arrays
-// in one call are positions a second, on one thread and on two.
+// Measures the kernel alone: every coordinate type in both directions through KoordConvertEx, the datum
+// shift and the geodesic, on arrays of 4096 random legal positions, per position. Then measures whole arrays
+// in one call, on one thread and on two, in positions per second.
 
 #include <benchmark/benchmark.h>
 
@@ -40,7 +40,8 @@ void RegisterConversions() {
     }
 }
 
-// All positions in one call, each thread its part of them. The time is the clock's, for one position.
+// Converts all positions in one call per thread, each thread its part. The figure is elapsed time per
+// position.
 void RegisterBatches() {
     for (const Area& area : AREAS) {
         for (const bool isForward : {true, false}) {

@@ -1,5 +1,5 @@
-// The operations that a host asks for most, through the interfaces of the shared library: nanoseconds and
-// blocks from operator new for each, and last whole requests, from two texts to a text.
+// Measures the most common operations through the interfaces of the shared library: nanoseconds and blocks
+// from operator new for each. Whole requests, from two texts to a text, come last.
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
-// Runs one of the key operations a number of times, for counting its instructions: scripts/bench-check.
+// Runs one of the key operations repeatedly, so that scripts/bench-check can count its instructions.
 //
-//     operation                the names
-//     operation NAME COUNT     COUNT times, within Repeat alone
+//     operation                prints the names
+//     operation NAME COUNT     runs one COUNT times, within Repeat alone
 
 #include <charconv>
 #include <cstdio>
@@ -17,7 +17,7 @@
 
 namespace tessara::bench {
 
-// What is counted: a function of its own, which a tool finds by its name.
+// The counted function; the tool finds it by its name.
 [[gnu::noinline]] void Repeat(const std::function<void(std::size_t)>& operation, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
         operation(i % POSITIONS);
@@ -87,7 +87,7 @@ void AddShiftAndGeodesics(std::vector<Operation>* operations) {
                            }});
 }
 
-// Through the interfaces.
+// Calls through the interfaces.
 void AddObjects(std::vector<Operation>* operations) {
     static testing::CommonOperations common;
     for (const auto& operation : common.All()) {

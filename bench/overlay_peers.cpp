@@ -1,9 +1,9 @@
-// Overlays beside GEOS: the same two rings, one thread, processor time, medians of three runs in which the
-// two take turns. Ours is Overlay of the shared library, with the lists of coordinates that it makes. GEOS
-// has two ways, of which the ratio takes the faster: to cut the plane along both borders (union of the
-// borders, polygonize), which works for every ring but doesn't tell which face is in which; and the
-// intersection with both differences, for rings that don't cross themselves. Before anything is timed, the
-// two must find as many faces and the same areas.
+// Compares overlays with GEOS: the same two rings, one thread, processor time, medians of three alternating
+// runs. Tessara runs Overlay of the shared library, including the lists of coordinates that it creates. GEOS
+// has two ways, and the ratio refers to the faster one: cutting the plane along both rings (union of the
+// rings, polygonize), which works for every ring but doesn't determine which face is inside which ring; and
+// the intersection with both differences, for rings that don't cross themselves. Before measuring, the
+// number of faces and the areas of the two are compared.
 //
 //     overlay_peers [NAME ...]     only the inputs whose names begin with a NAME
 
@@ -47,7 +47,7 @@ struct Input {
     std::exit(1);
 }
 
-// What an overlay came to.
+// The result of an overlay.
 struct Outcome {
     std::size_t faces;
     double area;
@@ -115,7 +115,7 @@ class Geos {
           second_(Polygon(input.second)),
           areSimple_(input.areSimple) {}
 
-    // All faces.
+    // Cuts the plane into all faces.
     void Cut() {
         const Shape a = Own(GEOSBoundary_r(Context(), first_.get()));
         const Shape b = Own(GEOSBoundary_r(Context(), second_.get()));
@@ -125,7 +125,7 @@ class Geos {
     }
 
     [[nodiscard]] bool HasParts() const { return areSimple_; }
-    // Those in both and in one only.
+    // Computes the parts in both and in only one.
     void Parts() {
         Own(GEOSIntersection_r(Context(), first_.get(), second_.get()));
         Own(GEOSDifference_r(Context(), first_.get(), second_.get()));
@@ -162,7 +162,7 @@ class Geos {
     bool areSimple_;
 };
 
-// Vertices anywhere: nearly a quarter of all pairs of edges cross.
+// A ring of random vertices: nearly a quarter of all pairs of its edges cross.
 Ring Tangle(std::size_t count, std::uint64_t seed) {
     std::mt19937_64 random(seed);
     std::uniform_real_distribution<double> anywhere(0.0, 1000.0);
@@ -172,7 +172,7 @@ Ring Tangle(std::size_t count, std::uint64_t seed) {
     return tangle;
 }
 
-// Vertices on a raster of 12 by 12, so that edges run along each other.
+// A ring with its vertices on a raster of 12 by 12, so that edges overlap.
 Ring Raster(std::size_t count, std::uint64_t seed) {
     Ring raster = Tangle(count, seed);
     for (Place& place : raster)
@@ -206,7 +206,7 @@ double SecondsOf(const std::function<void()>& run) {
     return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-// Seconds, 0.0 for what there isn't.
+// Seconds; 0.0 if not applicable.
 struct Times {
     double ours, cut, parts;
     [[nodiscard]] double Ratio() const { return ours / (parts == 0.0 ? cut : std::min(cut, parts)); }

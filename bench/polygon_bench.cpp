@@ -1,5 +1,5 @@
-// Polygons: a point in one, taking one apart, laying two over each other; as a host calls it, with objects,
-// and from 10 to 10000 vertices on plain vertex lists.
+// Measures polygons: a point in a polygon, splitting, overlays; with objects as a host calls them, and on
+// plain vertex lists of 10 to 10000 vertices.
 
 #include <benchmark/benchmark.h>
 
@@ -23,7 +23,7 @@ Ring StarAt(std::int64_t count, double shift = 0.0) {
     return Star<Ring>(count, MIDDLE.x + shift);
 }
 
-// A wave over its own ground line, which it crosses with every second edge.
+// A wave that crosses its own baseline with every second edge.
 Ring Wave(std::int64_t count) {
     Ring wave{{static_cast<double>(count), 0.0}};
     for (std::int64_t i = 0; i + 1 < count; ++i)

@@ -1,4 +1,4 @@
-// Rings to measure polygons with, for any list of places with x and y.
+// Rings for measuring polygons, for any list of places with x and y.
 #pragma once
 
 #include <cmath>
@@ -8,8 +8,8 @@
 
 namespace tessara::bench {
 
-// Around (centre, 500) a vertex in each of equal sectors, at a random distance: spiky, and never crossing
-// itself.
+// A ring around (centre, 500) with one vertex in each of several equal sectors, at a random distance. It is
+// spiky but never crosses itself.
 template <class Ring>
 Ring Star(std::int64_t count, double centre) {
     constexpr double turn = 6.283185307179586;

@@ -1,5 +1,5 @@
-# CLI11::CLI11 and nlohmann_json::nlohmann_json. Both are headers and nothing else, so a build for another system takes
-# them from this one, through a directory that has no other headers of this system in it.
+# CLI11::CLI11 and nlohmann_json::nlohmann_json. Both consist of headers only, so a build for another system can use those
+# of this system, through a directory that contains no other headers.
 if(NOT CMAKE_CROSSCOMPILING)
   find_package(CLI11 REQUIRED)
   find_package(nlohmann_json REQUIRED)

@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, in three components: the library, what development with it takes, the program.
+# Where `cmake --install` puts each file, in three components: the library, the files for development, and the program.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/tessara)
@@ -31,7 +31,7 @@ install(
   DESTINATION ${package_dir}
   COMPONENT development)
 
-# pkg-config tessara, pkg-config tessara-kernel. Their paths are relative, so that the tree can be moved.
+# pkg-config tessara, pkg-config tessara-kernel. The paths in these files are relative, so that the tree can be moved.
 file(RELATIVE_PATH pc_to_prefix /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 foreach(name tessara tessara-kernel)
   configure_file(cmake/${name}.pc.in ${name}.pc @ONLY)
@@ -40,6 +40,47 @@ foreach(name tessara tessara-kernel)
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)
 endforeach()
+
+# Documentation goes to a directory for each Debian package, which is a good name elsewhere, too.
+set(TESSARA_LIBRARY_PACKAGE libtessara${PROJECT_VERSION_MAJOR})
+set(TESSARA_DEVELOPMENT_PACKAGE libtessara-dev)
+set(TESSARA_PROGRAM_PACKAGE tessara)
+set(doc_root ${CMAKE_INSTALL_DATADIR}/doc)
+set(components library development)
+if(TESSARA_BUILD_PROGRAM)
+  list(APPEND components program)
+endif()
+foreach(component IN LISTS components)
+  string(TOUPPER ${component} name)
+  install(
+    FILES cmake/copyright
+    DESTINATION ${doc_root}/${TESSARA_${name}_PACKAGE}
+    COMPONENT ${component})
+endforeach()
+install(
+  FILES README.md CHANGELOG.md
+  DESTINATION ${doc_root}/${TESSARA_DEVELOPMENT_PACKAGE}
+  COMPONENT development)
+install(
+  DIRECTORY examples
+  DESTINATION ${doc_root}/${TESSARA_DEVELOPMENT_PACKAGE}
+  COMPONENT development)
+install(
+  DIRECTORY docs
+  DESTINATION ${doc_root}/${TESSARA_DEVELOPMENT_PACKAGE}
+  COMPONENT development
+  FILES_MATCHING
+  PATTERN "*.md"
+  PATTERN "*.svg")
+
+# The manual that scripts/docs has built; without it the pages in Markdown and the headers have the same text.
+set(TESSARA_MANUAL "" CACHE PATH "Directory of the built manual to install; empty for none")
+if(TESSARA_MANUAL)
+  install(
+    DIRECTORY ${TESSARA_MANUAL}/
+    DESTINATION ${doc_root}/${TESSARA_DEVELOPMENT_PACKAGE}/html
+    COMPONENT development)
+endif()
 
 if(TESSARA_BUILD_PROGRAM)
   install(TARGETS tessara_program COMPONENT program)

@@ -1,24 +1,57 @@
-# Debian packages by cpack: the library, what development with it takes, the program. `scripts/package` makes them.
+# Debian packages by cpack, one for each component: the library, the files for development, and the program.
+# scripts/package builds them.
+set(TESSARA_MAINTAINER "" CACHE STRING "Maintainer of the Debian packages as 'Name <address>'; cpack fails without it")
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tessara)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL library development program)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS library)
 set(CPACK_COMPONENT_PROGRAM_DEPENDS library)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/compress_pages.cmake)
 
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Tessara maintainers <maintainers@tessara.invalid>")
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${TESSARA_MAINTAINER}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libtessara${PROJECT_VERSION_MAJOR})
+
+# The first line of a description is the summary. A common summary would be put before each of the three.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${TESSARA_LIBRARY_PACKAGE})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libtessara-dev)
+set(CPACK_DEBIAN_LIBRARY_DESCRIPTION
+    "coordinate calculations for map and geodata applications
+Tessara converts positions between 24 coordinate systems and 239 geodetic
+datums, reads and writes them as text, relates them to the pixels of maps, and
+measures distances, lines and areas.
+
+This package contains the shared library.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${TESSARA_DEVELOPMENT_PACKAGE})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME tessara)
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
+    "coordinate calculations for map and geodata applications (development)
+Tessara converts positions between 24 coordinate systems and 239 geodetic
+datums, reads and writes them as text, relates them to the pixels of maps, and
+measures distances, lines and areas.
+
+This package contains the headers, the static library of plain functions, the
+files for CMake and pkg-config, the manual and example programs.")
+
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME ${TESSARA_PROGRAM_PACKAGE})
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION science)
+# `tessara map` calls rsvg-convert to write PNG files.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS librsvg2-bin)
+set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
+    "converter for coordinates between systems and geodetic datums
+The command tessara converts positions, in degrees or as the texts of a
+coordinate system, between 24 systems and 239 geodetic datums. It reads and
+writes lines, CSV, JSON lines and GeoJSON points, checks typed positions, solves
+geodesics, and draws windows of maps as SVG or PNG files.")
+
 include(CPack)

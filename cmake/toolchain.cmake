@@ -1,9 +1,9 @@
-# How everything in the house is compiled: the warnings, the floating point rules, the sanitizers.
+# Compiler options for all targets: warnings, floating point rules, sanitizers.
 set(TESSARA_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined,float-cast-overflow")
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Precompiled headers are looked up by content, not by time.
+  # Compares precompiled headers by content instead of by time.
   set(CMAKE_CXX_COMPILER_LAUNCHER
       ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
       ${CCACHE_PROGRAM})
@@ -25,7 +25,7 @@ target_compile_options(
             -fno-fast-math)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # With -O3 g++ 12 sees an overlap wherever a literal stands before a text, as in "x" + text.
+  # With -O3, g++ 12 warns of an overlap in expressions such as "x" + text.
   target_compile_options(tessara_build INTERFACE -Wno-restrict)
 endif()
 
@@ -34,7 +34,7 @@ if(TESSARA_SANITIZE)
   add_link_options(-fsanitize=${TESSARA_SANITIZE})
 endif()
 
-# For what includes <regex>, where g++ 12 finds members of its own without a value once the sanitizers are on.
+# For sources that include <regex>, in which g++ 12 warns of uninitialized members if sanitizers are on.
 add_library(tessara_regex INTERFACE)
 if(TESSARA_SANITIZE)
   target_compile_options(tessara_regex INTERFACE -Wno-maybe-uninitialized)

@@ -1,7 +1,7 @@
-// Measures how far the library is from independent programs, over the reference figures of tests/data/kernel:
-// accuracy SOURCE_DIR OUTPUT_DIR writes a page in Markdown. Forward is the distance of the grid values, back
-// that of the position found from the reference's grid values, both in metres on the ground and the worst of
-// all rows.
+// Measures the differences between the library and independent programs over the reference figures in
+// tests/data/kernel: accuracy SOURCE_DIR OUTPUT_DIR writes a page in Markdown. Forward is the distance
+// between grid values, back the distance between positions computed from the reference's grid values; both
+// are metres on the ground and the worst of all rows.
 #include <cmath>
 #include <cstddef>
 #include <cstring>
@@ -27,8 +27,8 @@ using Row = std::vector<std::string>;
 struct Figures {
     std::int32_t datum;
     double latitude, longitude;
-    tagKOORD wanted;  // what the reference has been asked for
-    double x, y;      // what it gave
+    tagKOORD wanted;  // the input of the reference program
+    double x, y;      // and its output
 };
 
 struct Grid {
@@ -36,18 +36,19 @@ struct Grid {
     const char* file;
     const char* reference;
     Figures (*read)(const Row&);
-    std::size_t x, y;  // where the grid values stand in the payload
+    std::size_t x, y;  // offsets of the grid values in the payload
 };
 
 constexpr const char* HEAD =
     "# How close to other programs\n\n"
-    "The worst of all rows of the reference figures in `tests/data/kernel`, each of which names the command\n"
-    "that made it. *Forward* is the distance between the grid values (for geodesics the place at a "
-    "distance,\n"
-    "for shifts the step to WGS84), *back* that between the positions that the reference's grid values give\n"
-    "(for geodesics the distance, for shifts the step from WGS84). Figures have 5 to 9 decimals, which "
-    "limits\n"
-    "what can be seen: six of a metre are half a micrometre.\n\n"
+    "This table has the largest difference in each file of reference figures in `tests/data/kernel`, which\n"
+    "also name the commands that produced them. *Forward* is the distance between grid values (for "
+    "geodesics\n"
+    "the point at a distance, for shifts the step to WGS84). *Back* is the distance between the positions\n"
+    "computed from the reference's grid values (for geodesics the difference in length, for shifts the step\n"
+    "from WGS84). Reference figures have 5 to 9 decimals, which limits the comparison: with six decimals of "
+    "a\n"
+    "metre, half a micrometre can't be resolved.\n\n"
     "| System | Figures | Rows | Reference | Forward, m | Back, m |\n"
     "|---|---|---:|---|---:|---:|\n";
 constexpr double METRES_PER_DEGREE = 111320.0;
@@ -81,8 +82,8 @@ Figures ReadUtm(const Row& row) {
             Number(row, 3), Number(row, 4)};
 }
 
-// The file has no strip number. In the record it stands in the millions, and in the west the sign of the
-// whole easting is negative.
+// The file has no strip number. In the record it is the millions of the easting; in the west the whole
+// easting is negative.
 template <std::int32_t Datum, std::int32_t Type>
 Figures ReadStrip(const Row& row) {
     GkPayload gk{};
@@ -176,7 +177,7 @@ double OnTheGround(double latitude, double longitude, double latitude2, double l
     return METRES_PER_DEGREE * std::hypot(latitude2 - latitude, along);
 }
 
-// Which is worse; a figure that is none is the worst of all.
+// The larger of two differences; a NaN counts as the largest.
 void Worsen(double* worst, double value) {
     if (!(value <= *worst)) *worst = value;
 }
@@ -198,7 +199,7 @@ void Measure(std::ostream& page, const Grid& grid, const std::string& data) {
         if (KoordConvertEx(&geodez, &there, 0) != KOORD_OK) throw std::runtime_error(grid.file);
         Worsen(&forward, std::hypot(Get(there, grid.x) - figures.x, Get(there, grid.y) - figures.y));
 
-        // What the system keeps beside the grid values stays as the conversion has written it.
+        // Fields of the system other than the grid values keep what the conversion has written.
         Set(there, grid.x, figures.x);
         Set(there, grid.y, figures.y);
         if (KoordConvertEx(&there, &geodez, 0) != KOORD_OK) throw std::runtime_error(grid.file);
@@ -208,7 +209,7 @@ void Measure(std::ostream& page, const Grid& grid, const std::string& data) {
     WriteLine(page, grid.name, std::string(grid.file) + ".txt", rows.size(), grid.reference, forward, back);
 }
 
-// Cones with free parameters, in doubles; the record of type LAMBERTCC keeps some of them as floats.
+// Cones with free parameters, in doubles, because a LAMBERTCC record stores some of them as floats.
 void MeasureCones(std::ostream& page, const std::string& data) {
     double forward = 0.0, back = 0.0;
     const std::vector<Row> rows = RowsOf(data + "/lambert_cc.txt");
@@ -227,7 +228,7 @@ void MeasureCones(std::ostream& page, const std::string& data) {
     WriteLine(page, "Lambert conformal conic", "lambert_cc.txt", rows.size(), "PROJ", forward, back);
 }
 
-// On the ellipsoid; a record on its way there has no height.
+// On the ellipsoid: a record converted to ECEF has no height.
 void MeasureSpace(std::ostream& page, const std::string& data) {
     double forward = 0.0, back = 0.0;
     std::size_t count = 0;
@@ -249,8 +250,9 @@ void MeasureSpace(std::ostream& page, const std::string& data) {
     WriteLine(page, "ECEF, on the ellipsoid", "ecef.txt", count, "PROJ", forward, back);
 }
 
-// References are letters and whole metres: the metres between the reference and ours, in the same square, and
-// between the position of the metre's corner and the one that was asked for.
+// References consist of letters and whole metres. Forward is the distance in metres between the two
+// references in the same square, back the distance from the corner of the metre to the reference program's
+// input.
 void MeasureReferences(std::ostream& page, const std::string& data) {
     double forward = 0.0, back = 0.0;
     const std::vector<Row> rows = RowsOf(data + "/utmref.txt");

@@ -1,6 +1,6 @@
-// Writes the tables of the documentation from the library's own: tables SOURCE_DIR OUTPUT_DIR. Each is a page
-// in Markdown. What an enumerator or a status means stands in the headers, beside its number, and is read
-// there.
+// Writes the tables of the manual from the library's own: tables SOURCE_DIR OUTPUT_DIR. Each table is a page
+// in Markdown. The meanings of enumerators and statuses are read from the comments beside them in the
+// headers.
 #include <cmath>
 #include <fstream>
 #include <iomanip>
@@ -24,7 +24,8 @@ struct Definition {
     std::string name, number, comment;
 };
 
-// The lines of a header that match: first group the name, second the number, third the comment behind it.
+// The lines of a header that match a form. The first group is the name, the second the number, the third the
+// comment.
 std::vector<Definition> DefinitionsIn(const std::string& header, const std::regex& form) {
     std::ifstream file(header);
     std::vector<Definition> definitions;
@@ -46,7 +47,7 @@ std::string Range(double low, double high, const char* unit) {
     return text.str();
 }
 
-// Where a system ends, in the units of its limits.
+// The limits of a system, in their own unit.
 std::string LimitsOf(std::int32_t type) {
     static const std::map<std::int32_t, Limits> degrees{{KOORD_UTM, UTM_LIMITS},
                                                         {KOORD_UTMREF, UTM_LIMITS},
@@ -67,14 +68,21 @@ std::string LimitsOf(std::int32_t type) {
     if (const auto found = metres.find(type); found != metres.end())
         return "easting " + Range(found->second.west, found->second.east, " m") + ", northing " +
                Range(found->second.south, found->second.north, " m");
+    if (type == KOORD_UPS) return "latitude 80 to 90° and -90 to -80°";
+    if (type == KOORD_GEOREF) return "longitude from -180° to below 180°, latitude from -90° to below 90°";
     return "";
 }
 
 void WriteSystems(std::ostream& out, const std::string& include) {
     out << "# The coordinate systems\n\n"
-           "The number is the `type` of a record, the name what `ICoordinateSystem::GetName` and the "
+           "The number is the `type` of a record; the name is the one that `ICoordinateSystem::GetName` and "
+           "the "
            "program\n"
-           "use. Limits are inclusive; the payload of each type stands in koord.h.\n\n"
+           "use. Limits are inclusive; koord.h declares the payload of each type. `KoordConvert` refuses "
+           "targets\n"
+           "beyond the limits, and GEODEZ targets are never refused. Systems without an entry have no limits "
+           "of\n"
+           "their own.\n\n"
            "| Number | Enumerator | Name | What it is | Limits |\n|---:|---|---|---|---|\n";
     const std::regex form(R"( +(KOORD_\w+) = (\d+), +// (.*))");
     for (const Definition& row : DefinitionsIn(include + "/kernel/koord.h", form)) {
@@ -86,7 +94,8 @@ void WriteSystems(std::ostream& out, const std::string& include) {
 
 void WriteStatuses(std::ostream& out, const std::string& include) {
     out << "# The kernel's statuses\n\n"
-           "What the plain functions return. Operations of objects say true or false instead.\n\n"
+           "The plain functions return these statuses. Operations of objects return true or false "
+           "instead.\n\n"
            "| Value | Name | Meaning |\n|---:|---|---|\n";
     const std::regex form(R"(inline constexpr KoordStatus (\w+) = (-?\d+);(?: +// (.*))?)");
     for (const Definition& row : DefinitionsIn(include + "/kernel/koord_status.h", form))
@@ -95,7 +104,7 @@ void WriteStatuses(std::ostream& out, const std::string& include) {
 
 void WriteMapTypes(std::ostream& out, const std::string& include) {
     out << "# The map types\n\n"
-           "The number is the `type` of a MapParam and what `IProjection::GetProjectionType` gives.\n\n"
+           "The number is the `type` of a MapParam and the result of `IProjection::GetProjectionType`.\n\n"
            "| Number | Enumerator | Name | What it is | Parameters |\n|---:|---|---|---|---|\n";
     const std::regex form(R"( +(MAP_\w+) = (\d+),(?: +// (.*))?)");
     const std::regex parameters(R"((.*?)  +(Map\w+))");
@@ -111,7 +120,8 @@ void WriteMapTypes(std::ostream& out, const std::string& include) {
 
 void WriteDatums(std::ostream& out) {
     out << "# The datums\n\n"
-           "A datum is an ellipsoid, with semi-major axis a and flattening f, and three translations toward\n"
+           "A datum is an ellipsoid, with semi-major axis a and flattening f, and a translation (dx, dy, dz) "
+           "to\n"
            "WGS84. Lengths are metres.\n\n"
            "| Number | Name | Ellipsoid | a | 1/f | dx | dy | dz "
            "|\n|---:|---|---|---:|---:|---:|---:|---:|\n";

@@ -1,4 +1,4 @@
-// A grid of degrees on a map sheet that is drawn in UTM: the lines as chains of pixels, ready to be joined.
+// Draws a grid of degrees on a map sheet in UTM: each line is a polyline of pixels.
 #include <iomanip>
 #include <iostream>
 
@@ -6,8 +6,8 @@
 
 namespace {
 
-// 1:50000 in UTM zone 32, 2.5 metres a pixel, upper left corner at 675000 5345000. A grid map needs no
-// reference point.
+// The sheet is 1:50000 in UTM zone 32 with 2.5 metres per pixel and the upper left corner at 675000 5345000.
+// A grid map needs no reference point.
 tessara::IRef<tessara::IMapCoordOperations> MakeSheet() {
     const tessara::MapUtmParams params{.hemisphere = 'N',
                                        .zone = 32,
@@ -32,7 +32,7 @@ tessara::IRef<tessara::IFloatPoint> PointAt(double column, double row) {
     return point;
 }
 
-// A line goes over the whole extent of the window in degrees, so that it may begin and end beside the window.
+// A line covers the extent of the window in degrees, so it may start and end outside the window.
 void WriteLines(const char* direction, tessara::IArray* lines) {
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
         const tessara::IRef<tessara::IArray> line(lines->GetAt(i));
@@ -53,7 +53,7 @@ int main() {
         grids->CreateGeodezGrid(sheet, tessara::DATUM_WGS84, STEP, STEP));
     if (!grid.IsValid()) return 1;
 
-    // The whole sheet: 7000 columns, 6000 rows.
+    // The window is the whole sheet: 7000 columns, 6000 rows.
     if (!grid->SetWindowFromPoints(PointAt(0, 0).Get(), PointAt(7000, 0).Get(), PointAt(7000, 6000).Get(),
                                    PointAt(0, 6000).Get()))
         return 1;

@@ -1,7 +1,8 @@
-// The plain functions in a loop, without objects: the stations of a journey, in degrees on WGS84, become
-// Gauss-Krueger coordinates on Bessel's ellipsoid, and the legs between them add up.
+// Uses the plain functions in a loop, without objects: converts the stations of a journey from degrees on
+// WGS84 to Gauss-Krueger coordinates on Bessel's ellipsoid, and adds up the distances between them.
 //
-// Records are the caller's; nothing is allocated or kept, so that any number of threads may do this at once.
+// The caller owns the records, and nothing is allocated or kept, so any number of threads may do this at the
+// same time.
 #include <iomanip>
 #include <iostream>
 
@@ -26,7 +27,7 @@ tessara::tagKOORD RecordOf(const Station& station) {
     return record;
 }
 
-// What is wanted stands in the target: datum and type, and for some types parameters. A payload of zeros
+// The target says what is wanted: its datum and type, and for some types parameters. A payload of zeros
 // would want the meridian 0.
 tessara::tagKOORD WantedRecord() {
     constexpr std::int32_t DATUM_GERMANY = 3;

@@ -1,5 +1,5 @@
-// A host that doesn't link the library: it loads the file named on its command line, lends it an object
-// manager, and makes objects by their class ids. It needs the headers only.
+// A host that doesn't link the library: it loads the file named on its command line, passes it an object
+// manager, and creates objects by their class ids. It needs the headers only.
 #include <dlfcn.h>
 
 #include <iostream>
@@ -15,7 +15,7 @@ tessara::IRef<Interface> Make(tessara::IObjectManager* manager, const tessara::G
     return object;
 }
 
-// The Swiss coordinates of the old observatory in Berne, from its UTM coordinates.
+// Converts the UTM coordinates of the old observatory in Berne to Swiss coordinates.
 bool WriteBerne(tessara::IObjectManager* manager) {
     const auto utm = Make<tessara::ICoordinateReference>(manager, tessara::CLSID_CoordinateReference);
     const auto swiss = Make<tessara::ICoordinateReference>(manager, tessara::CLSID_CoordinateReference);

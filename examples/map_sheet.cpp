@@ -1,4 +1,4 @@
-// A scanned map sheet: positions become pixels, and a pixel becomes a position.
+// Works with a scanned map sheet: converts positions to pixels, and a pixel to a position.
 #include <cstdlib>
 #include <iomanip>
 #include <iostream>
@@ -7,8 +7,8 @@
 
 namespace {
 
-// A sheet of 1:50000, scanned with 20 pixels a millimetre and brought in line with the UTM grid: 2.5 metres a
-// pixel. The upper left corner is 675000 5345000 in zone 32.
+// A sheet at 1:50000, scanned with 20 pixels per millimetre and aligned with the UTM grid: 2.5 metres per
+// pixel, with the upper left corner at 675000 5345000 in zone 32.
 tessara::IRef<tessara::IMapCoordOperations> MakeSheet() {
     const tessara::MapUtmParams params{.hemisphere = 'N',
                                        .zone = 32,
@@ -22,7 +22,7 @@ tessara::IRef<tessara::IMapCoordOperations> MakeSheet() {
     const tessara::IRef datum = tessara::CreateClassGeoDate();
     datum->SetDatum(tessara::DATUM_WGS84);
 
-    // A reference point ties a map to the earth. A grid map has no need of one and just keeps it.
+    // A reference point places a map on the earth. A grid map doesn't need it and only stores it.
     const tessara::IRef corner = tessara::CreateClassCoord();
     const tessara::IRef place = tessara::CreateClassCoordGeographic();
     place->Set(11.356, 48.234, 0.0);
@@ -56,7 +56,7 @@ int main() {
     PutOnSheet(sheet, "Marienplatz", 48.1375, 11.5755);
     PutOnSheet(sheet, "Olympiapark", 48.1735, 11.5466);
 
-    // What lies under a pixel, in the reference that the coordinate has: a new one is in WGS84 degrees.
+    // The position of a pixel, in the reference of the coordinate; a new coordinate has WGS84 degrees.
     const tessara::IRef found = tessara::CreateClassCoord();
     if (!sheet->FloatPixelToCoord(4000.0, 2000.0, found)) return 1;
     const tessara::IRef degrees = tessara::CreateClassCoordGeographic();

@@ -1,5 +1,5 @@
-// Halfway between two positions in neighbouring UTM zones: the mean of the grids, laid out from the common
-// border, and not the middle of the shortest way.
+// Finds the point halfway between two positions in adjacent UTM zones: the mean in the grids, measured from
+// the common border, which isn't the middle of the shortest line.
 #include <iomanip>
 #include <iostream>
 
@@ -35,7 +35,7 @@ int main() {
     const tessara::IRef<tessara::ICoord> west = UtmAt(32, 700000.0, 5300000.0);
     const tessara::IRef<tessara::ICoord> east = UtmAt(33, 290000.0, 5300000.0);
 
-    // The border between the zones at this northing, as either of them counts it.
+    // The border between the zones at this northing, in the coordinates of each zone.
     const tessara::IRef zones = tessara::CreateClassZoneCoordOperations();
     const tessara::IRef border = tessara::CreateClassCoord();
     if (!zones->GetEastNeighbour(west, border)) return 1;

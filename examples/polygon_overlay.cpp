@@ -1,4 +1,4 @@
-// Two outlines on a screen: how they lie to each other, and into what they cut each other.
+// Overlays two polygons on a screen: how they are related, and the parts into which they cut each other.
 #include <cmath>
 #include <initializer_list>
 #include <iostream>
@@ -21,7 +21,7 @@ tessara::IRef<tessara::IArray> Polygon(std::initializer_list<Pixel> corners) {
     return polygon;
 }
 
-// The area of a part, whose last corner is its first.
+// The area of a part. Its last vertex equals its first.
 double AreaOf(tessara::IArray* part) {
     double twice = 0.0;
     for (std::uint32_t i = 0; i + 1 < part->GetCount(); ++i) {

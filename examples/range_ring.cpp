@@ -1,5 +1,5 @@
-// A range ring around a position, and the geodesic to a far one on a world map. The class that makes rings
-// gets its helpers from the host's object manager, where there is one; tessara/host has one ready-made.
+// Computes a range ring around a position, and the geodesic to a distant one on a world map. The class for
+// rings takes its helpers from the host's object manager, if there is one; tessara/host contains one.
 #include <iomanip>
 #include <iostream>
 
@@ -26,7 +26,7 @@ void Write(const char* what, tessara::IArray* line, std::uint32_t index) {
     std::cout << what << place->GetLatitude() << ' ' << place->GetLongitude() << '\n';
 }
 
-// Wagner's fourth projection, 1:100000000, with latitude and longitude 0 on pixel (500, 300).
+// Wagner's fourth projection at 1:100000000, with latitude and longitude 0 at pixel (500, 300).
 tessara::IRef<tessara::IMapCoordOperations> MakeWorldMap() {
     const tessara::MapWagnerIvParams params{.originLongitude = 0.0, .stretchX = 1.0, .stretchY = 1.0};
     const tessara::IRef projections = tessara::CreateClassProjectionFactory();
@@ -44,7 +44,7 @@ bool WriteRingAndWay() {
     const tessara::IRef<tessara::ICoord> munich = CoordAt(48.1375, 11.5755);
     const tessara::IRef line = tessara::CreateClassArray();
 
-    // Equal angles make a whole turn: nine points, of which the last is the first again.
+    // Equal angles make a whole turn: nine points, the last of which is the first again.
     const tessara::IRef circles = tessara::CreateClassCircleOnTangentPlane();
     if (!circles->MakeCircle(munich, 0.0, 0.0, 10000.0, line, 9, true)) return false;
     for (std::uint32_t i = 0; i + 1 < line->GetCount(); ++i)

@@ -1,5 +1,5 @@
-// What a person types: lines "NORTH; EAST" in UTM from standard input become degrees, and a text that isn't
-// taken is explained. The library itself says yes or no; why not can be found by asking it further questions.
+// Reads what a person types: lines "NORTH; EAST" in UTM from standard input become degrees, and if a text is
+// refused, the program explains why. The library only answers yes or no; further questions find the reason.
 #include <iomanip>
 #include <iostream>
 #include <sstream>
@@ -10,7 +10,8 @@
 
 namespace {
 
-// Why a text is refused: it has no such fields, or no such zone, or it is a place beyond the system.
+// The reason for a refusal: the texts lack a field, the zone doesn't exist, or the place is outside the
+// system.
 std::string Explain(const std::string& north, const std::string& east) {
     tessara::UtmPayload utm{};
     utm.wantedZone = tessara::NO_WANTED_ZONE;
@@ -20,8 +21,8 @@ std::string Explain(const std::string& north, const std::string& east) {
     if (!(eastWords >> utm.zone >> utm.easting)) return "east is a zone and metres, as 32 691602";
     if (utm.zone < 1 || utm.zone > 60) return "zones are 1 to 60";
 
-    // A record can hold what no checker lets pass, and degrees aren't tested when they are a target: so it
-    // can be said where the place would be.
+    // A record may hold a position that no checker accepts, and a conversion to degrees has no range test.
+    // So the host can find out where the place would be.
     tessara::CKoord record(tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_UTM));
     tessara::Store(record, utm);
     const tessara::IRef coord = tessara::CreateClassCoord();

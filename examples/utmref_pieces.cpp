@@ -1,6 +1,5 @@
-// A military grid reference that is entered piece by piece: before each letter the host knows which ones can
-// follow, as for a list to choose from. The pieces stand on the command line: utmref_pieces 32 U P U 91603
-// 34791
+// Enters a military grid reference piece by piece: before each letter the host gets the possible ones, for
+// example to offer them in a list. The pieces are arguments: utmref_pieces 32 U P U 91603 34791
 #include <iomanip>
 #include <iostream>
 
@@ -18,7 +17,7 @@ void WriteChoices(const char* name, tessara::IArray* list) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // The six pieces; what isn't entered yet is empty.
+    // The six pieces; those not entered yet are empty.
     tessara::IRef<tessara::ITessaraString> pieces[6];
     for (int i = 0; i < 6; ++i) {
         pieces[i] = tessara::IRef<tessara::ITessaraString>(tessara::NewObject<tessara::host::Text>());
@@ -35,7 +34,7 @@ int main(int argc, char** argv) {
     if (!checker->GetRowList(list, tessara::DATUM_WGS84, zone, band, column, row)) return 1;
     WriteChoices("rows", list);
 
-    // All pieces make a record on the datum that the record has.
+    // All pieces together make a record on the datum of the target.
     tessara::CKoord record(tessara::MakeKoord(tessara::DATUM_WGS84, tessara::KOORD_UTMREF));
     if (!checker->ComposeCoord(zone, band, column, row, easting, northing, &record)) {
         std::cout << "not complete, or no such reference\n";

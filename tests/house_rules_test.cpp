@@ -117,8 +117,8 @@ TEST(HouseRules, PublicHeadersIncludePublicHeadersOnly) {
     }
 }
 
-// What the contract says is written down a second time there, and that is worth something only without the
-// first.
+// That host declares the contract a second time. Its declarations are only an independent check if they
+// don't include the library's.
 TEST(HouseRules, TheContractsOtherHostIncludesNothingOfTheLibrary) {
     int contractFiles = 0;
     for (const SourceFile& file : FilesBelow({"tests/abi"})) {
@@ -135,8 +135,8 @@ TEST(HouseRules, TheContractsOtherHostIncludesNothingOfTheLibrary) {
     EXPECT_GT(contractFiles, 10);
 }
 
-// The rooms of a tree from the ground up, each with the floor it stands on. A file includes what stands lower
-// or beside it in its own room.
+// The rooms of a tree from the lowest floor up. A file may include rooms on lower floors, and files of its
+// own room.
 using Floors = std::vector<std::string>;
 
 const Floors LIBRARY{"kernel", "systems",  "maps/kernel", "frame", "records", "objects",  "text",
@@ -175,7 +175,7 @@ TEST(HouseRules, NoIncludeOfTheToolkitGoesUpAFloor) {
     ExpectNoIncludeGoesUp("toolkit", TOOLKIT);
 }
 
-// Nothing that reads a command line or writes to a terminal is in the toolkit's way.
+// The toolkit includes nothing that reads a command line or writes to a terminal.
 TEST(HouseRules, TheToolkitKnowsNothingOfTheProgram) {
     for (const SourceFile& file : FilesBelow({"toolkit"})) {
         for (const Include& include : file.Includes())
@@ -187,7 +187,7 @@ TEST(HouseRules, NoIncludeOfTheProgramGoesUpAFloor) {
     ExpectNoIncludeGoesUp("program", PROGRAM);
 }
 
-// Tests that belong to no source or header by its name, each with what it is about.
+// Tests that aren't named after a source or header, each with its subject.
 const std::map<std::string, const char*> TESTS_OF_MORE_THAN_A_SOURCE{
     {"tests/areas/operation_order", "the places of a room's operations, which hosts call by number"},
     {"tests/areas/window_sweep", "windows, extents and grids of all types of maps"},
@@ -284,7 +284,7 @@ TEST(HouseRules, TheKernelsHeadersIncludeNoOthers) {
     EXPECT_GT(headers, 10);
 }
 
-// What a system is stands in its row. The few labels that are left tell systems apart for a reason that no
+// The row of a system describes it. The few remaining comparisons with a type exist for a reason that no
 // other question shares.
 TEST(HouseRules, SystemsAreRowsAndNotLabels) {
     std::size_t labels = 0;

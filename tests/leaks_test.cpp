@@ -1,4 +1,4 @@
-// The accounts by which the other tests find what nobody released: they find it.
+// The counters with which other tests find leaks do find them.
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
-// A long mixed use of all classes that has to end with no object alive and with no more memory than near its
-// beginning. TESSARA_SOAK_OPERATIONS says how many operations: `ctest -C Soak -R soak` makes a million.
+// Uses all classes randomly for a long time. At the end no object is alive, and memory is close to that at
+// the beginning. TESSARA_SOAK_OPERATIONS sets the number of operations: `ctest -C Soak -R soak` runs a
+// million.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -324,7 +325,7 @@ int OperationsWanted() {
     return text != nullptr ? std::atoi(text) : 20000;
 }
 
-// Pages of the program that are in memory; 0 where that isn't told.
+// The resident pages of the program; 0 if the system doesn't provide the number.
 std::int64_t ResidentPages() {
     FILE* const file = std::fopen("/proc/self/statm", "r");
     if (file == nullptr) return 0;
@@ -369,7 +370,8 @@ TEST_F(Soak, MixedOperationsLeaveNothingBehind) {
         pages.push_back(ResidentPages());
     }
     EXPECT_EQ(blocks, std::vector<std::int64_t>(STAGES, 0)) << "blocks left over by each stage";
-    // What the first stages touched is used again. A quarter of a megabyte is what the heap itself may move.
+    // The memory that the first stages touched is used again. The heap itself may vary by a quarter of a
+    // megabyte.
     constexpr std::int64_t SLACK = 64;
     if (MemoryIsKept()) return;
     EXPECT_LE(pages.back(), pages[2] + SLACK) << "pages in memory";

@@ -1,5 +1,5 @@
-// What may be shared between threads, and that separate objects share nothing. Under the thread sanitizer
-// (the preset tsan) these tests see what the numbers can't.
+// Threads may share some objects, and separate objects share nothing. With the thread sanitizer (the preset
+// tsan) these tests also detect races that don't change results.
 #include <gtest/gtest.h>
 
 #include <atomic>

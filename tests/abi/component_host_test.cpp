@@ -27,7 +27,7 @@ class Library : public testing::SharedLibrary {
     [[nodiscard]] static bool IsLoaded() { return SharedLibrary::IsLoaded(TESSARA_LIBRARY); }
 };
 
-// The host: an object manager in its hands, and the component that the library gave for it.
+// A host: its object manager, and the component that the library returned for it.
 class Host {
   public:
     explicit Host(const Library& library)

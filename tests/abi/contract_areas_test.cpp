@@ -265,8 +265,8 @@ TEST_F(ContractAreas, ABowTieFallsApart) {
     EXPECT_EQ(parts->GetCount(), 2u);
 }
 
-// A window of the eastings 400000 to 400950 and the northings 5597000 to 5600000. Lines stand at whole steps
-// from the easting 500000 and the northing 0: at 400100, 400400 and 400700, and at 5598000 and 5599500.
+// A window of the eastings 400000 to 400950 and the northings 5597000 to 5600000. Lines are at multiples of
+// the step from easting 500000 and northing 0: at 400100, 400400 and 400700, and at 5598000 and 5599500.
 TEST_F(ContractAreas, Grid) {
     const auto map = Sheet();
     const Held<ICoordinateGrid> grid(

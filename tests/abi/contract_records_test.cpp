@@ -1,5 +1,5 @@
-// The fields of the records stand where the contract puts them: what the library writes is read by byte
-// offsets, and what it reads is written by them.
+// The fields of the records have the offsets of the contract: the tests read by byte offsets what the
+// library writes, and write what it reads.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace {
 
 using ContractRecords = ContractPlaces;
 
-// The default positions of the systems tell the places of most fields.
+// The default positions of the systems reveal the offsets of most fields.
 TEST_F(ContractRecords, DefaultPositions) {
     const auto initial = [this](uint32_t type) {
         const auto coord = Make<ICoord>("Coord");

@@ -82,8 +82,9 @@ TEST_F(ContractText, ReadsACoordinate) {
     EXPECT_FALSE(string->ParseCoord(Reference(2, GEODEZ), NewText("91.0"), NewText("9.25")));
 }
 
-// Positions that the three checks tell apart: a zone that is wanted far away makes no legal
-// coordinate of a place that is within the system, and one in Africa is legal, but none of the Swiss grid.
+// Positions on which the three checks differ: a position that wants a distant zone isn't a legal coordinate
+// although it is within the system, and a position in Africa is legal but can't be converted to the Swiss
+// grid.
 TEST_F(ContractText, ChecksCoordinates) {
     const auto checker = Make<ICoordinateChecker>("CoordinateChecker");
     const auto swiss = Reference(2, CH);

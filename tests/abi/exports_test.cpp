@@ -1,4 +1,4 @@
-// The dynamic symbols of the shared library are a contract: what is listed is there, and nothing else.
+// The dynamic symbols of the shared library are a contract: it exports the listed symbols and no others.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -117,7 +117,8 @@ TEST(Exports, HaveTheStoredNamesInTheBinaryInterface) {
     EXPECT_EQ(Difference(actual, stored), "") << "added";
 }
 
-// A program calls an operation by its place in the table, and passes and takes what the declaration says.
+// A program calls an operation by its index in the table, with the arguments and the result of its
+// declaration.
 TEST(Exports, InterfacesHaveTheStoredOperations) {
     const std::vector<std::string> stored = testing::LinesListedIn("interfaces.txt");
     const std::vector<testing::DeclaredOperation> declared = testing::DeclaredOperations();

@@ -1,4 +1,5 @@
-// A host whose platform has these names already, as Windows has: the library's stand in their namespace.
+// A host whose platform defines these names globally, as Windows does. The library's names are in its
+// namespace.
 struct GUID {
     unsigned char bytes[3];
 };

@@ -89,7 +89,7 @@ TEST_F(PolygonQuestions, WholeAndFractionalPixelsOfAnyDatumMix) {
     EXPECT_FALSE(area->IsInsidePixels(CoordOf(LongPixel(5, 1)).Get(), square.Get()));
     EXPECT_TRUE(area->IsInsideOnMap(map.Get(), PixelAt(1, 1, 7).Get(), square.Get()));
     EXPECT_TRUE(area->IsInsideMapEdges(map.Get(), PixelAt(1, 1, 7).Get(), square.Get()));
-    // Where all are asked to share a reference, they don't.
+    // The operations that require a common reference fail.
     EXPECT_FALSE(area->IsInsideCoordEdges(map.Get(), PixelAt(1, 1).Get(), square.Get()));
     EXPECT_FALSE(area->IsInsideCoordEdgesNoMap(PixelAt(1, 1).Get(), square.Get()));
 }

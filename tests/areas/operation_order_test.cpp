@@ -1,4 +1,4 @@
-// The operations of the grid interfaces stand in their places.
+// The operations of the grid interfaces keep their order.
 #include <gtest/gtest.h>
 
 #include "areas/coordinate_area.h"

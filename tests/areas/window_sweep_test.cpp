@@ -50,8 +50,8 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         return MapPixelToWorld(&window.map, &pixel, koord) == KOORD_OK;
     }
 
-    // The same, and where the map goes on in degrees behind the meridian 180 the position a turn back, as far
-    // as no degrees are asked for.
+    // The same; where the map continues in degrees beyond the meridian 180 and the system isn't one of
+    // degrees, the position a turn back.
     bool LocateOnAnyTurn(double x, double y, tagKOORD* koord) const {
         if (Locate(x, y, koord)) return true;
         if (IsInDegrees(system)) return false;
@@ -108,7 +108,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
                          (window.rect.bottom - window.rect.top) / (samples - 1.0)});
     }
 
-    // Fills `field` and what the valid places reach. False where no place is valid.
+    // Fills `field` and the values that valid places reach. False if no place is valid.
     bool Sample(bool (WindowSweep::*locate)(double, double, tagKOORD*) const) {
         field.assign(static_cast<std::size_t>(samples) * static_cast<std::size_t>(samples), {NAN, NAN});
         reach.fill(-HUGE_VAL);
@@ -176,8 +176,8 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         }
         return false;
     }
-    // How many of some places of the window the map doesn't find again where it shows them: beyond its
-    // outline or the pole it shows once more what it shows inside, and beyond its limits it finds nothing.
+    // The number of sampled places of the window whose position has another pixel on the map: beyond its
+    // outline or a pole the map repeats positions from inside, and beyond its limits it finds none.
     int CountLost() const {
         int lost = 0;
         for (int k = 0; k < 36; ++k) {
@@ -212,9 +212,9 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         }
     }
 
-    // The extreme is a place of the window: pixels around its own have values like it, in its zone and on its
-    // side of the meridian 180. Learns what a pixel is worth there. False for an extreme without a pixel: a
-    // map may show positions that it can't find.
+    // Checks that the extreme is a place of the window: the pixels around its own have values close to its
+    // value, in its zone and on its side of the meridian 180. Measures the ground size of a pixel there.
+    // False for an extreme without a pixel: a map may show positions for which it finds no pixel.
     bool ExpectReal(Compass direction) {
         const double extreme = ExtremeKey(direction);
         double x = 0.0, y = 0.0;
@@ -349,8 +349,8 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         return false;
     }
 
-    // Zones and degrees may begin anew in a window, and a pole or the end of the codes may lie on its rim:
-    // lines that come into the window there belong to it, although no sample has their value.
+    // Zones and degrees may start anew within a window, and a pole or the end of the codes may lie on its
+    // rim. Lines that enter the window there belong to it, although no sample has their value.
     bool IsMeasuredByPixels(const Ruler& ruler) const {
         return (ruler.axis == Axis::East && (ruler.isZoned || IsInDegrees(system))) || EndsAtTheCodes();
     }
@@ -419,7 +419,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         return text;
     }
 
-    // The first of a kind in a window stands for all.
+    // Reports only the first finding of each kind in a window.
     void Report(Finding finding, bool isKnown, const std::string& text) {
         if (std::exchange(reported[finding], true)) return;
         ++(isKnown ? known : found)[finding];
@@ -442,7 +442,7 @@ class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<in
         return chain;
     }
 
-    // The lines that a grid draws. Borders of zones are none.
+    // The grid lines that a grid draws, without borders of zones.
     bool Draw(const Ruler& ruler, const IRef<ICoordinateGrid>& grid, Lines* lines) {
         const IRef<IArray> list(CreateClassArray()), pixelList(CreateClassArray());
         const bool isEast = ruler.axis == Axis::East;

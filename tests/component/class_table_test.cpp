@@ -1,5 +1,5 @@
-// The class table from outside: what is registered, in which order, by which policy, and what the objects
-// answer. A class that joins the library gets a row in ROWS and, if it is exported, one in CREATORS.
+// The class table from outside: the registered classes, their order and policies, and the interfaces of
+// their objects. A new class gets a row in ROWS and, if it is exported, one in CREATORS.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -94,7 +94,7 @@ MClassFactory* FactoryOf(const Row& row) {
     return factory;
 }
 
-// The exported functions and the interface of what they make.
+// The exported functions, and the interface of the object that each creates.
 struct Creator {
     IUnknown* (*create)();
     GUID interface;
@@ -226,7 +226,7 @@ TEST_F(ClassTable, ExportsAreNullWithoutMemoryAndLeaveNothingBehind) {
     for (const Creator& creator : CREATORS) {
         const std::int64_t before = testing::LiveBlocks();
         bool hasFailed = true;
-        // Each allocation of the constructor in turn, until none is left to fail.
+        // Lets each allocation of the constructor fail in turn, until none is left.
         for (int nth = 1; hasFailed; ++nth) {
             IUnknown* object = nullptr;
             {

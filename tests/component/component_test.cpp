@@ -18,7 +18,7 @@ namespace {
 
 using testing::CountOf;
 
-// Writes down what the library asks of it.
+// Records the calls of the library.
 class Diary : public IObjectManager {
   public:
     using Faces = FaceList<IObjectManager>;

@@ -139,7 +139,7 @@ struct FaultScene {
         onePair->Add(parameters.Get(), parameters.Get());
     }
 
-    // Keeps what an operation hands out, and tells whether there is something.
+    // Keeps the result of an operation. False if there is none.
     bool Keep(IUnknown* object) {
         made = IRef<IUnknown>(object);
         return made.IsValid();

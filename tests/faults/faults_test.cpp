@@ -1,5 +1,5 @@
-// Operations with every one of their allocations failing in turn: they tell the failure or, where a list, a
-// vector or a text grows without a result, let std::bad_alloc pass; nothing leaks and no input changes.
+// Lets every allocation of each operation fail in turn. The operation reports a failure or, if it grows a
+// list, a vector or a text without a result, throws std::bad_alloc; nothing leaks and no input changes.
 #include <gtest/gtest.h>
 
 #include <new>

@@ -41,7 +41,7 @@ IRef<I> CoordFactory() {
     return IRef<I>(FactoryOf(CLSID_Coord));
 }
 
-// The component, on a manager that knows no class yet.
+// The component for a manager without registered classes.
 ITessaraComponent* Component(Scene& s) {
     ITessaraComponent* component = nullptr;
     GetTessaraComponent(s.otherManager.Get(), &component);

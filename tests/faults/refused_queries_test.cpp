@@ -1,5 +1,5 @@
-// Operations whose arguments, and the elements of whose lists, answer some queries and refuse others: a
-// failure, which leaves the inputs as they were, or what there is without a refusal.
+// Operations on arguments, and on lists of elements, that answer some queries and refuse others. Each fails
+// and leaves its inputs unchanged, or returns the result it has without a refusal.
 #include "support/refused_queries.h"
 
 #include <gtest/gtest.h>

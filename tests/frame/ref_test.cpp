@@ -19,7 +19,7 @@ using testing::CountOf;
 
 class Ref : public testing::BalancedTest {};
 
-// Writes down what is done to it: "a?" a query, "a+" a count, "a-" a release.
+// Records the calls it gets: "a?" a query, "a+" a count, "a-" a release.
 class Recorder final : public IUnknown {
   public:
     Recorder(char name, std::string* log) : name_(name), log_(log) {}
@@ -285,7 +285,7 @@ TEST_F(Ref, IsEmptyAlreadyWhileItsObjectDies) {
     EXPECT_TRUE(sawItEmpty);
 }
 
-// A class id alone says nothing about who makes the object, so that a host needs no function of the library.
+// A class id alone doesn't name a creator, so that a host doesn't have to link a function of the library.
 static_assert(!std::is_constructible_v<IRef<ICoord>, const GUID&>);
 static_assert(!std::is_convertible_v<const GUID&, IRef<ICoord>>);
 
@@ -316,7 +316,7 @@ TEST_F(Ref, GivesNullAsAnArgumentWhenItIsEmpty) {
 static_assert(std::is_convertible_v<IRef<ICoord>&, ICoord*>);
 static_assert(!std::is_convertible_v<IRef<ICoord>, ICoord*>);
 static_assert(!std::is_convertible_v<const IRef<ICoord>, ICoord*>);
-// A face is asked for and never assumed.
+// An interface has to be queried; it is never converted implicitly.
 static_assert(!std::is_convertible_v<IRef<IArray>&, ICoord*>);
 
 TEST_F(Ref, OfAClassIdTakesTheManagersHandle) {

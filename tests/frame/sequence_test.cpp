@@ -22,7 +22,7 @@ struct SmallAllocator : std::allocator<T> {
     [[nodiscard]] std::size_t max_size() const noexcept { return 3; }
 };
 
-// What the exception of an action says; empty without one.
+// The text of the exception that an action throws; empty if it throws none.
 template <class Exception, class Action>
 std::string MessageOf(Action action) {
     try {

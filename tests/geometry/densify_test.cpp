@@ -81,7 +81,7 @@ TEST_F(LineDensifyingTest, AGeodesicRunsThroughItsWayPoints) {
                                    {52.0, -1.0}};
     for (std::uint32_t i = 0; i < 5; ++i) {
         const auto position = Load<GeodezPayload>(KoordAt(i));
-        // Degrees; ten centimetres, where the way is halved twice.
+        // Degrees: ten centimetres, for a line that is halved twice.
         EXPECT_NEAR(position.latitude, expected[i][0], 1e-6);
         EXPECT_NEAR(position.longitude, expected[i][1], 1e-6);
         EXPECT_EQ(KoordAt(i).datum, 2u);
@@ -451,7 +451,7 @@ TEST_F(LineDensifyingTest, WithoutMemoryThePolylineIsEmptyOrTheExceptionPasses) 
     const IRef<ICoord> a = CoordOf(Utm32(5e5, 5.3e6));
     const IRef<ICoord> b = CoordOf(Utm32(7e5, 5.3e6));
     bool hasFailed = true;
-    // Each allocation in turn, until none is left to fail.
+    // Lets each allocation fail in turn, until none is left.
     for (int nth = 1; hasFailed; ++nth) {
         bool isDone = false;
         try {
@@ -480,7 +480,7 @@ TEST_F(LineDensifyingTest, TheArgumentsMayBeTheResultsOwn) {
     EXPECT_EQ(Load<UtmPayload>(KoordAt(0)).easting, 7e5);
 }
 
-// Random lines in degrees on sheets of several projections, each compared with the curve that it stands for.
+// Random lines in degrees on sheets of several projections, each compared with the exact curve.
 TEST_F(LineDensifyingTest, PolylinesFollowTheirCurves) {
     // Samples of the curve, spread over the pieces of the polyline.
     constexpr std::uint32_t SAMPLES = 1000;

@@ -41,9 +41,9 @@ class PointAtDistance : public testing::SpaceTest {
     IRef<ICoord> out{CreateClassCoord()};
 };
 
-// The search is content with 0.01 m of distance; the figures and the kernel's geodesic add less than 1 mm.
-// The positions high above the ground in between are off by what the kernel's ECEF conversion leaves, which
-// turns the point aside of the azimuth: 2 cm at 1000 km and 7 m at 6300 km, as the interface says.
+// The search accepts 0.01 m of distance; the figures and the kernel's geodesic add less than 1 mm. The
+// positions in between are high above the ground, where the kernel's ECEF conversion has an error that moves
+// the point sideways: 2 cm at 1000 km and 7 m at 6300 km, as the interface documents.
 TEST_F(PointAtDistance, GeodesicAgreesWithIndependentFigures) {
     for (const auto& row : testing::ReadReferenceFile("geometry/point_at_distance.txt")) {
         if (row.Text(0) != "geodesic") continue;
@@ -79,7 +79,7 @@ TEST_F(PointAtDistance, GeodesicReachesEveryDistanceUpTo6340Kilometres) {
             i % 2 == 0 ? random.Between(0.0, 6.34e6) : std::pow(10.0, random.Between(-3.0, 6.8));
         ASSERT_TRUE(Geodesic(Place(latitude, longitude), random.Between(-360.0, 360.0), distance))
             << latitude << " " << longitude << " " << distance;
-        // Metres: what the search is content with, and the rounding of 6.4e6 m.
+        // Metres: the accuracy of the search, and the rounding of 6.4e6 m.
         ASSERT_NEAR(GeodesicTo(GeodezRecord(latitude, longitude)), distance, 0.01);
         ASSERT_NEAR(testing::HeightAboveWgs84(XyzOf(out)), 0.0, 1e-6);
     }
@@ -113,7 +113,7 @@ TEST_F(PointAtDistance, AShortGeodesicIsTakenAsItIs) {
     Vector east;
     ASSERT_TRUE(ellipsoid->GetDirection(start.Get(), 90.0, &east));
     ASSERT_TRUE(Geodesic(start, 90.0, 13400.0));
-    // 1e-4 m: what the kernel's ECEF conversion leaves 14 m above the ground.
+    // 1e-4 m: the error of the kernel's ECEF conversion 14 m above the ground.
     EXPECT_NEAR(Dot(Minus(XyzOf(out), XyzAt(start)), east), 13400.0, 1e-4);
     ASSERT_TRUE(Geodesic(start, 90.0, 13520.0));
     EXPECT_LT(Dot(Minus(XyzOf(out), XyzAt(start)), east), 13520.0 - 1e-3);

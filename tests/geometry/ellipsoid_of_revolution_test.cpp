@@ -140,7 +140,7 @@ TEST_F(EllipsoidOfRevolutionTest, FindsThePlacesOfIndependentFigures) {
         const IRef<ICoord> out(CreateClassCoord());
         ASSERT_TRUE(ellipsoid->EcefVectorToCoord(&xyz, out.Get())) << row.place;
         const auto position = PayloadOf<GeodezPayload>(out);
-        // Degrees: the last step is up to 1e-6, and what is left is e2 = 0.0067 of it.
+        // Degrees: the last step is up to 1e-6, and the remaining error is e2 = 0.0067 of it.
         EXPECT_NEAR(position.latitude, row.Number(1), 1e-8) << row.place;
         EXPECT_NEAR(out->GetHeight(), row.Number(3),
                     testing::HeightLimit(row.Number(1), row.Number(3), WGS84_E2))
@@ -166,7 +166,7 @@ TEST_F(EllipsoidOfRevolutionTest, ThePositionIsWrittenInTheReferenceOfTheOutput)
     EXPECT_EQ(KoordOf(utm).type, static_cast<std::uint32_t>(KOORD_UTM));
     EXPECT_EQ(PayloadOf<UtmPayload>(utm).zone, 33);
     EXPECT_NEAR(utm->GetHeight(), 500.0, testing::HeightLimit(48.0, 500.0, WGS84_E2));
-    // Degrees: the last step is up to 1e-6, and what is left is e2 = 0.0067 of it.
+    // Degrees: the last step is up to 1e-6, and the remaining error is e2 = 0.0067 of it.
     ASSERT_TRUE(utm->SetReference(ReferenceOf(DATUM_WGS84, KOORD_GEODEZ).Get()));
     EXPECT_NEAR(PayloadOf<GeodezPayload>(utm).latitude, 48.0, 1e-8);
     EXPECT_NEAR(PayloadOf<GeodezPayload>(utm).longitude, 16.0, 1e-8);

@@ -74,7 +74,8 @@ TEST(SpacePosition, FindsThePlacesOfIndependentFigures) {
     }
 }
 
-// The promise of the interface: 1e-8 degrees, and of the height what the stop criterion leaves.
+// The accuracy that the interface documents: 1e-8 degrees, and for the height the error of the stopping
+// criterion.
 TEST(SpacePosition, UndoesSpacePointWithinItsStopCriterion) {
     Random random(621);
     for (const std::int32_t datum : {2, 3, 12, 60, 0}) {
@@ -183,8 +184,9 @@ std::optional<GeodezPayload> SettledPosition(const EllipsoidAxes& ellipsoid, dou
     return GeodezPayload{phi, 0.0, h};
 }
 
-// How close the steps come is told, too: neither a finer result nor one after fewer steps is the same. Within
-// 300 km of the centre some points take nearly all of the steps, and some more than there are.
+// The interface documents the tolerance of the iteration as well, so neither a finer result nor one after
+// fewer steps is correct. Within 300 km of the centre some points take nearly all of the steps, and some
+// don't converge in them.
 TEST(SpacePosition, SettlesByTheStepsThatAreTold) {
     Random random(624);
     int settled = 0;
@@ -197,7 +199,7 @@ TEST(SpacePosition, SettlesByTheStepsThatAreTold) {
         const std::optional<GeodezPayload> told = SettledPosition(WGS84, p, z);
         GeodezPayload position{};
         const bool isSettled = SpacePosition(WGS84, {p, 0.0, z}, &position);
-        // A latitude beyond a pole is none.
+        // A latitude beyond a pole counts as no result.
         ASSERT_EQ(isSettled, told && std::fabs(told->latitude) <= 90.0) << p << ' ' << z;
         ++(isSettled ? settled : failed);
         if (!isSettled) continue;

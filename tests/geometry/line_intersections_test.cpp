@@ -253,7 +253,7 @@ TEST_F(LineIntersectionsTest, AnIntersectionWithoutAPositionEndsTheWork) {
 }
 
 TEST_F(LineIntersectionsTest, RecordsNeedTheirLists) {
-    // From a manager that gives none the results have none.
+    // A manager that provides no lists leaves the results without any.
     const testing::ManagedLibrary emptyHanded{testing::MakeEmptyHandedManager()};
     const IRef<IIntersectionResults> useless(CreateClassIntersectionResults());
     EXPECT_FALSE(lines->IntersectPixelLines(square.Get(), across.Get(), useless.Get()));
@@ -288,7 +288,7 @@ TEST_F(LineIntersectionsTest, NullAndForeignObjectsFail) {
 }
 
 #if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
-// The list answers when the operation asks for it and not when its intersections are to go into it.
+// The list answers the first query of the operation and refuses the one before the intersections are added.
 TEST_F(LineIntersectionsTest, AListThatIsNoneAnyMoreFails) {
     for (const bool isEmpty : {false, true}) {
         const IRef<IArray> other = isEmpty ? IRef<IArray>(CreateClassArray()) : across;

@@ -95,7 +95,7 @@ TEST_F(PlaneArcTest, PointsAgreeWithIndependentFigures) {
     }
 }
 
-TEST_F(PlaneArcTest, EqualAnglesMakeAWholeTurnInTheDirectionAsked) {
+TEST_F(PlaneArcTest, AWholeTurnFollowsItsDirection) {
     ASSERT_TRUE(MakeCircle(0.0, 0.0, 5, true));
     ExpectAzimuths({0.0, 90.0, 180.0, 270.0, 0.0});
     EXPECT_LT(Distance(XyzOf(PointAt(0)), XyzOf(PointAt(4))), 1e-6);
@@ -252,7 +252,7 @@ TEST_F(PlaneArcTest, RefusesMissingAndForeignArgumentsAndEmptiesTheList) {
     EXPECT_EQ(testing::CountOf(centre), 1u);
 }
 
-// The list may be all that keeps the centre alive.
+// The list may hold the only count of the centre.
 TEST_F(PlaneArcTest, TheCentreMayBeAPointOfTheList) {
     points->Clear();
     points->Add(centre.Get());

@@ -44,7 +44,7 @@ void ExpectMiss(const PlaneHit& hit) {
 }
 
 TEST(IntersectPlane, MeetsAPlaneInFrontAndBehind) {
-    // The plane y z at the origin, seen from x = 10.
+    // The y-z plane through the origin, intersected by a ray from x = 10.
     const Triple E{0.0, 1.0, 0.0};
     const Triple N{0.0, 0.0, 1.0};
     // From (10, 1, 2) by t (-2, 3, 1): x is 0 at t = 5, y = 1 + 15, z = 2 + 5.

@@ -384,7 +384,7 @@ TEST_F(TangentPlaneTest, MapByChordKeepsTheStraightDistance) {
 }
 
 // The chord is shorter by about d^3 / (24 a^2).
-TEST_F(TangentPlaneTest, TheTwoMapsOfANearPointDifferByLessThanTheCurvature) {
+TEST_F(TangentPlaneTest, NearTheOriginTheTwoMapsAgreeUpToTheCurvature) {
     SetOrigin(48.0, 16.0);
     const IRef<ICoord> p = At(10000.0, -20000.0, -39.0);
     const IRef<ICoord> geodesic(CreateClassCoord());
@@ -404,7 +404,7 @@ TEST_F(TangentPlaneTest, MapsOfTheOriginAreTheOrigin) {
         const IRef<ICoord> p = Place(-12.0, 100.0);
         ASSERT_TRUE(byChord ? plane->MapByChord(p.Get(), out.Get())
                             : plane->MapByGeodesic(p.Get(), out.Get()));
-        // Degrees: the last step in latitude is up to 1e-6, and what is left is e2 = 0.0067 of it.
+        // Degrees: the last step in latitude is up to 1e-6, and the remaining error is e2 = 0.0067 of it.
         EXPECT_NEAR(PayloadOf<GeodezPayload>(out).latitude, -12.0, 1e-8);
         EXPECT_NEAR(PayloadOf<GeodezPayload>(out).longitude, 100.0, 1e-8);
     }

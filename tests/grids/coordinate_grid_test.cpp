@@ -437,7 +437,7 @@ TEST_F(CoordinateGridTest, GivesItsReference) {
 }
 
 TEST_F(CoordinateGridTest, LeavesNothingBehindWithoutMemory) {
-    // Whether an operation fails or throws, what it made is gone.
+    // An operation that fails or throws leaves no objects behind.
     const auto survive = [](const auto& operation) {
         bool hasFailed = true;
         for (int nth = 1; hasFailed; ++nth) {

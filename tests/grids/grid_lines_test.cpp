@@ -1,5 +1,5 @@
-// What the lines of every system have in common: where they stand, how many there are, that they keep their
-// value on the map and that they reach all over the window.
+// The common properties of the lines of every system: their positions and number, their constant value on
+// the map, and their extent over the window.
 #include "grids/grid_lines.h"
 
 #include <gtest/gtest.h>
@@ -51,7 +51,7 @@ double ValueOf(Axis axis, CKoord koord) {
     return hasZones ? zones::East(koord) : axes::Value(Axis::East, koord);
 }
 
-// How far a point of a line may stand beside its value, in the unit of the system, by rounding.
+// The deviation of a point from the value of its line by rounding, in the unit of the system.
 double RoundingOf(std::int32_t system) {
     switch (system) {
         case KOORD_UTMREF:
@@ -167,7 +167,7 @@ bool IsOnMultiple(Axis axis, const CKoord& koord, const PlacedGrid& placed) {
     return std::fabs(BesideMultiple(axis, koord, placed.step)) <= RoundingOf(placed.place.system);
 }
 
-// A line that stands on a multiple; any other east line is a border of zones.
+// Whether a line is at a multiple of the step; any other east line is the border of a zone.
 bool IsGridLine(Axis axis, const Line& line, const PlacedGrid& placed) {
     return IsOnMultiple(axis, line.front(), placed) && IsOnMultiple(axis, line.back(), placed);
 }
@@ -220,7 +220,7 @@ TEST_F(GridLinesTest, LinesFollowEachOtherByOneStep) {
     }
 }
 
-// In systems without zones the extremes of the window say how many multiples lie between them.
+// In systems without zones the extremes of the window determine the number of multiples.
 TEST_F(GridLinesTest, ThereAreAsManyLinesAsTheExtremesSay) {
     const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
     const IRef<IRect> rect(NewObject<host::Rect>(0, 0, WIDTH, HEIGHT));
@@ -273,7 +273,7 @@ TEST_F(GridLinesTest, BetweenItsPointsALineKeepsItsValueToAQuarterOfAPixel) {
                             perPixel =
                                 std::max(perPixel, std::fabs(ValueOf(axis, beside) - ValueOf(axis, there)));
                         }
-                        // A quarter on each axis makes 0.354 aslant; besides what rounding does.
+                        // A quarter of a pixel on each axis is 0.354 diagonally; rounding comes on top.
                         const double tolerance = 0.36 * perPixel + 2.0 * RoundingOf(placed.place.system);
                         EXPECT_NEAR(ValueOf(axis, there), ValueOf(axis, line[i]), tolerance)
                             << placed.place.name;
@@ -321,7 +321,7 @@ TEST_F(GridLinesTest, LinesReachAllOverTheWindow) {
                     letters.square = letters.subSquare = 0;
                     Store(koord, letters);
                 }
-                // Beyond the window there need be none, nor beyond the zone or the system.
+                // No line is required beyond the window, the zone or the system.
                 const Pixel at = PixelFor(placed, koord);
                 if (!(at.x > 1.0 && at.x < WIDTH - 1.0 && at.y > 1.0 && at.y < HEIGHT - 1.0)) continue;
                 CKoord back;

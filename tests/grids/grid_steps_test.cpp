@@ -38,7 +38,7 @@ TEST(GridSteps, FindNoLineWhereTheSystemEndsBeforeIt) {
     CKoord place = Degrees(48.0, 200.0);
     EXPECT_EQ(EastSteps(190.0).MoveToFirst(&place), FirstLine::None) << "380 degrees";
     EXPECT_EQ(LongitudeOf(place), 200.0);
-    // 223 km east of the central meridian zone 32 goes on for a short way only.
+    // 223 km east of the central meridian, zone 32 ends after a short distance.
     place = CKoord(UtmRecord(DATUM_WGS84, 'N', 32, 723000.0, 5340000.0));
     EXPECT_EQ(EastSteps(10000.0).MoveToFirst(&place), FirstLine::None);
 }

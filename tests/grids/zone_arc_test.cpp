@@ -27,7 +27,7 @@ TEST(ZoneArc, AWindowOverTheDateLineGoesFromTheLastZoneToTheFirst) {
     ASSERT_TRUE(utm);
     EXPECT_EQ(utm->first, 60);
     EXPECT_EQ(utm->last, 1);
-    // The western side of the window stands at 729000; samples lie 6.25 km apart.
+    // The western side of the window is at 729000; samples are 6.25 km apart.
     EXPECT_LE(utm->west, 729000.0);
     EXPECT_GE(utm->west, 729000.0 - 7000.0);
 }

@@ -211,7 +211,7 @@ TEST_F(ZonedGridLinesTest, AWindowInsideAZoneHasNoBorder) {
     map = MapOf(MunichSheet());
     grid = GridOf(KOORD_UTM, map, 5000.0, 5000.0);
     ASSERT_TRUE(SetWindow(grid, 0, 0, 8000, 6000));
-    // 675000 to 695000, 5330000 to 5345000: the edges are lines, up to what rounding makes of them.
+    // 675000 to 695000, 5330000 to 5345000: the edges are grid lines, except for rounding.
     const auto east = EastLinesOf(grid);
     EXPECT_GE(east.size(), 3u);
     EXPECT_LE(east.size(), 5u);
@@ -488,7 +488,7 @@ TEST_F(ZonedGridLinesTest, AMapOfTheWorldHasAllZones) {
         int zones;
     } cases[] = {{KOORD_UTM, 60}, {KOORD_UTMREF, 60}, {KOORD_GK6, 60}};
     for (const auto& [system, zones] : cases) {
-        // No line but the central one, which stands on a multiple of every step.
+        // Only the central line, which is at a multiple of every step.
         grid = GridOf(system, map, 1e6, 1e6);
         ASSERT_TRUE(SetWindow(grid, 0, 0, 3600, 1800));
         // Each zone has its central line and its western border, the last its eastern border, too.

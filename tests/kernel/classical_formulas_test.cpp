@@ -443,7 +443,7 @@ TEST(UpsLoadConstants, OnTheSphereEverythingEllipsoidalIsZero) {
     EXPECT_TRUE(c.s2 == 0.0 && c.s4 == 0.0 && c.s6 == 0.0 && c.s8 == 0.0);
 }
 
-// DMA TM 8358.2, chapter 3, with tangent, power and series as they stand there.
+// DMA TM 8358.2, chapter 3, with the tangent, the power and the series in the published form.
 TEST(UpsLoadConstants, AreThoseOfTheProjection) {
     Random random(994);
     for (int i = 0; i < 5000; ++i) {

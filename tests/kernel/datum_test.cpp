@@ -145,8 +145,8 @@ TEST(MolodenskyStep, LeavesTheLongitudeOfALatitudeThatIsNone) {
     EXPECT_EQ(position.Longitude(), 11.0);
 }
 
-// Up to 0.001 degrees, and near the pole up to what 0.1 m subtends: at 89.98 degrees 0.0026 degrees of
-// longitude.
+// Up to 0.001 degrees, near the pole up to the angle that 0.1 m subtends: at 89.98 degrees that is 0.0026
+// degrees of longitude.
 TEST(MolodenskyFromHub, TakesASmallShiftInOneStep) {
     struct Case {
         std::int32_t datum;
@@ -169,7 +169,7 @@ TEST(MolodenskyFromHub, TakesASmallShiftInOneStep) {
     }
 }
 
-// What the refinement is for: the way in leads back to the start, which the single step misses by
+// The refinement makes a shift there and back return to its start, which a single step misses by
 // centimetres.
 TEST(MolodenskyFromHub, RefinesALargeShift) {
     HubParams out{};
@@ -256,7 +256,7 @@ TEST(DatumShift, TakesBothStepsBetweenAlikeRows) {
     const Position shifted = Shift({{35.0, 139.0}}, TOY_M, TOY_A);
     EXPECT_EQ(shifted.Latitude(), expected.Latitude());
     EXPECT_EQ(shifted.Longitude(), expected.Longitude());
-    // Degrees, a tenth of a millimetre: the way back doesn't start where the way there did.
+    // Degrees, a tenth of a millimetre: the way back starts at another place than the way there.
     EXPECT_NEAR(shifted.Latitude(), 35.0, 1e-9);
     EXPECT_NEAR(shifted.Longitude(), 139.0, 1e-9);
 }
@@ -310,7 +310,7 @@ std::string FileStem(const ::testing::TestParamInfo<ShiftFigures>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Datum, DatumShiftFigures, ::testing::ValuesIn(FIGURES), FileStem);
 
-// By how many degrees a position misses its start after the way out and back.
+// The distance in degrees between a position and its image after a shift there and back.
 double OutAndBack(const Position& start, std::int32_t from, std::int32_t to) {
     const Position end = Shift(Shift(start, from, to), to, from);
     return std::max(std::fabs(end.Latitude() - start.Latitude()),

@@ -82,7 +82,7 @@ TEST(Polynom, SignsFollowThePowers) {
 }
 
 TEST(Polynom, ReadsNoMoreThanItsOrder) {
-    // Arrays of exactly the order's length: what lies behind them belongs to somebody else.
+    // Arrays of exactly the length of the order: reading further would be out of bounds.
     const double linear[3] = {C[0], C[1], C[2]};
     const double bilinear[4] = {C[0], C[1], C[2], C[3]};
     const double quadratic[6] = {C[0], C[1], C[2], C[3], C[4], C[5]};

@@ -191,7 +191,7 @@ TEST(GeodesicInverseCore, FollowsAMeridian) {
 TEST(GeodesicInverseCore, BothWaysAreOne) {
     const GeodesicResult there = Inverse(48.0, 11.0, -33.0, 151.0);
     const GeodesicResult back = Inverse(-33.0, 151.0, 48.0, 11.0);
-    // Metres and degrees: each way ends an iteration of its own.
+    // Metres and degrees: the two directions end different iterations.
     EXPECT_NEAR(there.distance, back.distance, 1e-6);
     EXPECT_NEAR(there.azimuth12, back.azimuth21, 1e-9);
     EXPECT_NEAR(there.azimuth21, back.azimuth12, 1e-9);

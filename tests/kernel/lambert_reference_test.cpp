@@ -56,7 +56,7 @@ TEST(LambertCCInit, IsItsWrittenForm) {
     }
 }
 
-// A nanometre, and what the doubles of the radius can't tell apart after a few operations.
+// A nanometre, and the rounding error of the radius after a few operations.
 TEST(LambertCCForward, IsItsWrittenForm) {
     Random random(1395);
     for (int i = 0; i < TRIALS; ++i) {
@@ -76,8 +76,8 @@ TEST(LambertCCForward, IsItsWrittenForm) {
     }
 }
 
-// 1e-13 degrees, and what the doubles of the radius can't tell apart, which is more than one of the latitude
-// where the cone is steep.
+// 1e-13 degrees, and the rounding error of the radius, which exceeds that of the latitude where the cone is
+// steep.
 TEST(LambertCCInverse, IsItsWrittenForm) {
     Random random(15);
     for (int i = 0; i < TRIALS; ++i) {
@@ -131,7 +131,7 @@ TEST(LambertCC, IsNotANumberWhereItsWrittenFormIsNot) {
     }
 }
 
-// The method sees of a latitude its sine, so that a pole is exact and what lies beyond is reflected.
+// The formulas use the sine of a latitude only, so a pole is exact and a latitude beyond it is reflected.
 TEST(LambertCCForward, ThePolesAreExactAndLatitudesBeyondThemAreReflected) {
     LambertCC cone;
     LambertCC_Init(DATUM_WGS84, 44.0, 49.0, 1.0, 1000.0, 2000.0, 46.5, 3.0, &cone);

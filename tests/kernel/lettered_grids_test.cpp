@@ -17,7 +17,7 @@ namespace {
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
 
-// Far below the 1e-5 m that grids are compared to; the way back has the series' own 1.3e-6 m.
+// Far below the 1e-5 m to which grids are compared; the inverse adds the 1.3e-6 m of its series.
 constexpr double METRES = 1e-6;
 constexpr double DEGREES = 2e-11;  // of latitude: 2.2e-6 m
 

@@ -1,6 +1,6 @@
-// The formulas of the kernel as they are written down in their sources, one step after the other. The kernel
-// computes the same with fewer calls into the mathematics library; here stands what it is compared with. In
-// long double the reference's own rounding doesn't count; in double it shows what isn't a number.
+// The kernel's formulas in their published form, step by step. The kernel computes the same with fewer calls
+// into the mathematics library and is compared with these functions. In long double their own rounding is
+// negligible; in double they show which results aren't numbers.
 #pragma once
 
 #include <cmath>
@@ -94,7 +94,7 @@ template <class Real>
 Real TmLatitudeFromIsometric(Real psi, Real e, Real tolerance) {
     constexpr double halfPiShort = 1.570796326794897;
     const Real t = std::exp(psi);
-    // What the short literal takes off pi/2 is part of the result.
+    // The kernel's pi/2 is one digit shorter than the nearest double, which is part of the result.
     const Real halfPi = sizeof(Real) == sizeof(double) ? Real(halfPiShort)
                                                        : 2 * std::atan(Real(1)) + Real(halfPiShort - HALF_PI);
     Real lat = 2 * std::atan(t) - halfPi;
@@ -132,7 +132,7 @@ struct Geodesic {
     bool isClose = false;
 };
 
-// A distance below 0 says that the iteration on the longitude doesn't end.
+// A negative distance means that the iteration on the longitude doesn't converge.
 
 template <class Real>
 Geodesic<Real> GeodesicInverse(Real lat1, Real lon1, Real lat2, Real lon2, Real a, Real b) {

@@ -27,7 +27,7 @@ using ::tessara::testing::Random;
 constexpr int TRIALS = 20000;
 constexpr double DEGREE = RADIANS_PER_DEGREE;
 
-// A nanometre, and what the doubles of this size can't tell apart after a few operations.
+// A nanometre, and the rounding error of doubles of this size after a few operations.
 double Metres(long double value) {
     return 1e-9 + 8.0 * DBL_EPSILON * std::fabs(static_cast<double>(value));
 }
@@ -153,8 +153,7 @@ TEST(TmInverse, IsItsWrittenFormBeyondThePoles) {
     }
 }
 
-// What isn't a number in the written form isn't one in the kernel, and the other way round; infinite ones
-// don't occur.
+// The kernel returns NaN exactly where the published form does; infinities don't occur.
 TEST(TmForward, IsNotANumberWhereItsWrittenFormIsNot) {
     const TmConstants c = ForwardConstants(3);
     const double pole = 90.0 * DEGREE;
@@ -228,7 +227,7 @@ TEST(GeodesicInverseCore, IsItsWrittenForm) {
             reference::GeodesicInverse<long double>(lat1, lon1, lat2, lon2, axes[0], axes[1]);
         if (expected.isClose) continue;
         ExpectNear(actual.distance, expected.first, Metres(expected.first) + Metres(axes[0]), "distance");
-        // An azimuth is as sure as a unit in the last place of the positions lets it be.
+        // The accuracy of an azimuth follows from the last place of the positions.
         const double arc = std::sin(static_cast<double>(expected.first) / axes[0]);
         const double tolerance = 1e-13 + 2e-13 / arc;
         EXPECT_TRUE(Turn(actual.azimuth12, expected.second) <= tolerance) << actual.azimuth12;
@@ -293,8 +292,8 @@ TEST(GeodesicDirectCore, IsNotANumberWhereItsWrittenFormIsNot) {
     }
 }
 
-// `moved` is what the written form gives for a position a last bit further: toward a pole that is a good deal
-// of longitude.
+// `moved` is the result of the published form for a position that differs in the last bit, which near a pole
+// changes the longitude noticeably.
 void ExpectNearPosition(const double actual[2], const long double expected[2], const long double moved[2]) {
     for (int i = 0; i < 2; ++i) {
         const double lastBit = Turn(static_cast<double>(moved[i]), expected[i]);

@@ -118,7 +118,8 @@ TEST(TmForward, IsNotANumberAtThePole) {
     EXPECT_TRUE(std::isnan(Forward(1.0, -90.0, c).northing));
 }
 
-// A longitude difference beyond 90 degrees is outside the method: the arctangent gives the other quadrant.
+// Longitude differences beyond 90 degrees are outside the range of the projection: the arctangent returns
+// the other quadrant.
 TEST(TmForward, GivesTheWrongQuadrantBeyondNinetyDegrees) {
     const TmConstants c = ForwardConstants(DATUM_WGS84);
     EXPECT_LT(Forward(100.0, 50.0, c).northing, 0.0);

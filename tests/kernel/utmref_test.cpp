@@ -21,8 +21,8 @@ using testing::ReferenceRow;
 
 constexpr std::int32_t DATUM_GER = 3;  // on the Bessel ellipsoid: scheme AL
 
-// The way back through the transverse Mercator series is off by 1.2e-11 degrees of latitude; twice that, and
-// more for the shorter degree of longitude.
+// The inverse transverse Mercator series is off by 1.2e-11 degrees of latitude. The tolerance is twice that,
+// and a little more for the shorter degree of longitude.
 constexpr double DEGREES = 2.5e-11;
 
 // Forward and inverse constants of a datum.
@@ -61,7 +61,7 @@ struct Datum {
         return UTMREF_ToGeodetic(&payload, latLon, &inverse);
     }
 
-    // The zone's grid value that a reference stands for.
+    // The grid value, within its zone, of a reference.
     UtmPayload GridValue(const UtmrefPayload& payload) const {
         double latLon[2];
         EXPECT_EQ(Inverse(payload, latLon), KOORD_OK);

@@ -34,7 +34,7 @@ TEST(ClipLine, AWhollyInvalidLineHasNothing) {
 }
 
 // Bisection of 0..1000: 500, 750, 625, 687.5, 718.75, 703.125 ... to an interval of 1000 / 2^11 below 700.
-TEST(ClipLine, ALineWithOneValidEndIsCutAtTheEdge) {
+TEST(ClipLine, KeepsTheValidSideOfALine) {
     const auto test = Where([](double x) { return x <= 700.0; });
     const ClippedLine forward = ClipLine({0.0, 5.0}, {1000.0, 5.0}, test);
     EXPECT_EQ(forward.result, CLIP_ONE_PIECE);

@@ -207,7 +207,8 @@ TEST_F(MapTest, ItsProjectionOutlivesIt) {
     EXPECT_EQ(RecordOf(next).reference.next, nullptr);
 }
 
-// Only a projection object that comes in as a POLYNOM one lets the points be missing, whatever the map is.
+// The points may be missing only if the type of the passed projection object is POLYNOM, whatever the type
+// of the map.
 TEST_F(MapTest, ADefinitionMayGoWithoutPointsForPolynomialProjectionsOnly) {
     MapParam polynom;
     polynom.type = MAP_POLYNOM;
@@ -262,7 +263,7 @@ TEST_F(MapTest, MovesItsWholeRecord) {
     EXPECT_FALSE(IRef<IMapParamInternal>(map)->GetMapParam(nullptr));
 }
 
-// The old chain belongs to whoever has a record of it: here another map becomes its owner.
+// The old chain belongs to the holder of its record; here another map takes it over.
 TEST_F(MapTest, ANewRecordLeavesTheOldChain) {
     const IRef<IMapCoordOperations> map = ThreePointMap();
     const MapParam old = RecordOf(map);
@@ -339,8 +340,8 @@ TEST_F(MapTest, KeepsTheHeight) {
     EXPECT_NEAR(ecef->GetHeight(), 123.0, 1e-3);
 }
 
-// Where no position is, there is no height to keep: the default of ECEF is the earth's centre, and also what
-// a pixel without a position leaves behind.
+// Without a position there is no height to keep. The default of ECEF is the earth's centre, which a pixel
+// without a position leaves behind.
 TEST_F(MapTest, APixelFillsAFreshEcefCoordinateOnEveryDatum) {
     const IRef<IMapCoordOperations> nowhere =
         MapOf(Map(MAP_GAUKRU, MapGkParams{0, -6, -2500000.0, 5400000.0, 1.0, 1.0}));
@@ -489,7 +490,7 @@ TEST_F(MapTest, APositionWithoutAPixelWritesNothing) {
     EXPECT_EQ(PayloadOf<FloatPixelPayload>(pixel).x, 5.0);
 }
 
-// A UTM sheet is tied to its grid: what is known of three of its pixels, however wrong, plays no part.
+// A UTM map follows from its grid; the positions of its reference points, however wrong, don't matter.
 TEST_F(MapTest, AUtmMapCalculatesWithoutItsReferencePoints) {
     const IRef<IMapCoordOperations> tied = ThreePointMap();
     const IRef<IMapCoordOperations> plain = MapOf(MunichSheet());

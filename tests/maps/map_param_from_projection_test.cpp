@@ -55,7 +55,7 @@ TEST_F(MapParamFromProjectionTest, FailsWithTheGetter) {
     }
 }
 
-// A host's projection whose door hands out the record of somebody else's map.
+// A projection of a host that returns the record of another host's map.
 class OpenProjection : public HostProjection, public IMapParamInternal {
   public:
     using Faces = FaceList<IProjection, IMapParamInternal>;

@@ -1,4 +1,4 @@
-// The operations of the map interfaces stand in their places: hosts call them by number.
+// The operations of the map interfaces keep their order, because hosts call them by index.
 #include <gtest/gtest.h>
 
 #include "maps/map_coord_operations.h"

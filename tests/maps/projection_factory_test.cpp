@@ -73,7 +73,7 @@ TEST_F(ProjectionFactoryTest, MakesEachTypeWithItsParameters) {
         MapParam record;
         ASSERT_TRUE(IRef<IMapParamInternal>(projection)->GetMapParam(&record));
         EXPECT_EQ(record.worldType, operation.type == MAP_POLYNOM ? 4 : -1) << operation.type;
-        // Padding may change on the way.
+        // Padding may change when the record is copied.
         for (std::size_t i = operation.size - 8; i < operation.size; ++i)
             EXPECT_EQ(record.params[i], static_cast<std::byte>(i + 1)) << operation.type;
     }

@@ -20,7 +20,7 @@ std::int64_t BlocksOf(const CommonOperations::Operation& operation) {
     return AllocatedBlocks() - before;
 }
 
-// What is allocated beyond what is asked for would be an object that nobody needs.
+// An operation that allocates more than its result would create an object that nobody needs.
 TEST(CommonOperations, AllocateWhatTheyHandOutAndNoMore) {
     const std::map<std::string, std::int64_t> expected = {
         {"make a coordinate", 1},           // the coordinate itself

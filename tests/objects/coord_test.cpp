@@ -653,7 +653,7 @@ TEST_F(CoordTest, GetKoordGivesTheRecordOfAnEmptyCoordinateToo) {
     EXPECT_FALSE(coord->GetKoord(nullptr));
 }
 
-// Arguments that nobody holds end with the operation, and not before.
+// Arguments of count 0 are deleted at the end of the operation and not earlier.
 TEST_F(CoordTest, TakesArgumentsOfCountZero) {
     const IRef<ICoord> coord = CoordOf(Geodez(2, 50.0, 9.0));
     EXPECT_TRUE(coord->GetGeographic(CreateClassCoordGeographic()));

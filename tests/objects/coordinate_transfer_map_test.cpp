@@ -20,7 +20,7 @@ MapParam DegreeMap(std::int32_t datum = DATUM_WGS84) {
     return Map(MAP_DD, MapDdParams{10.0, 50.0, 1.0, 1.0}, datum);
 }
 
-// A projection's type is all that counts for the system, so the parameters may be anything.
+// The system depends on the type of the projection alone, so the parameters are arbitrary.
 TEST_F(MapTransferTest, BringsAPositionIntoTheSystemOfEachMap) {
     const struct {
         std::uint32_t type;

@@ -1,5 +1,5 @@
-// Overlays as operations of the class: which coordinates the parts are made of, and what the lists hold after
-// a failure.
+// The overlay operations of the class: the coordinates of the parts, and the contents of the lists after a
+// failure.
 #include <gtest/gtest.h>
 
 #include "areas/coordinate_area.h"

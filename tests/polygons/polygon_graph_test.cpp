@@ -37,8 +37,8 @@ TEST(GraphOf, RunsOfBothRingsAlongOneEdgeAreCounted) {
     EXPECT_EQ(shared, 1);
 }
 
-// The products that tell whether they are parallel are rounded, and so is the quotient that would tell where
-// they cross.
+// The products that decide whether the edges are parallel are rounded, and so is the quotient that would
+// locate their intersection.
 TEST(GraphOf, EdgesOnOneLineFromOneNodeMeetNowhereElse) {
     testing::Random random(3);
     for (int k = 0; k < 3000; ++k) {

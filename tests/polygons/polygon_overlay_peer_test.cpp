@@ -81,7 +81,7 @@ class Peer {
     GEOSContextHandle_t context_;
 };
 
-// The areas that GEOS finds, and what follows from them.
+// The areas that GEOS finds, and the relation that follows from them.
 struct PeerOverlay {
     double both, onlyFirst, onlySecond;
     std::int32_t result;
@@ -93,7 +93,7 @@ PeerOverlay OverlayByPeer(Peer& peer, const Ring& first, const Ring& second) {
     EXPECT_TRUE(peer.IsSimple(a) && peer.IsSimple(b));
     PeerOverlay found{peer.AreaOf(peer.Common(a, b)), peer.AreaOf(peer.Difference(a, b)),
                       peer.AreaOf(peer.Difference(b, a)), OVERLAY_APART};
-    // Less than this is what rounded intersections leave of nothing.
+    // Rounded intersections may leave a smaller area where the exact one is empty.
     const double nothing = 1e-9 * (Area(first) + Area(second));
     if (found.both <= nothing) {
         const double shared = peer.LengthOf(peer.Common(peer.Border(a), peer.Border(b)));

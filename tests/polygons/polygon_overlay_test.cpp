@@ -162,7 +162,7 @@ TEST(OverlayVertices, StartDirectionAndClosingVertexDoNotMatter) {
     }
 }
 
-// Turned, scaled and moved, what touches exactly touches to a rounding only.
+// After rotation, scaling and translation, polygons that touched exactly touch to a rounding error only.
 TEST(OverlayVertices, TurnedScaledAndMovedExamplesStayWhatTheyAre) {
     testing::Random random(7);
     for (int k = 0; k < 60; ++k) {
@@ -225,8 +225,8 @@ TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
     }
 }
 
-// Copies that are off by less than a rounding up to a millionth of a pixel, with vertices of their own on the
-// edges: what crosses where is rounded to anything, but nearly all of the area is common.
+// Copies with deviations from less than a rounding error up to a millionth of a pixel, and with additional
+// vertices on the edges: rounding decides where edges cross, but nearly all of the area is common.
 TEST(OverlayVertices, AnInexactCopyCoversNearlyTheSameArea) {
     testing::Random random(10);
     for (int k = 0; k < 8000; ++k) {
@@ -323,7 +323,7 @@ TEST(OverlayVertices, AKeyholeLetsTheSecondThroughItsHole) {
     EXPECT_NEAR(AreaOf(parts.onlyFirst), 46, 1e-12);
 }
 
-// Whether rings cross and into what they cut each other is asked of the rings alone.
+// Whether rings cross and into which parts they cut each other depends on the rings alone.
 TEST(OverlayVertices, TheToleranceMovesNoVertex) {
     const Ring nearly = Rectangle(0.01, -0.01, 4.01, 3.99);
     for (const double tolerance : {0.0, TOLERANCE, 0.1, 100.0, INF}) {

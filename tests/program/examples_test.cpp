@@ -1,8 +1,9 @@
-// The examples, built and run, and the README that shows them.
+// The examples, built and run, and the pages that show them and the commands of the program.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <sstream>
 
 #include "program/files.h"
@@ -15,7 +16,11 @@ using tessara::testing::RunProgram;
 
 namespace {
 
-// The numbers of a line, which stand apart by blanks; words are skipped.
+namespace fs = std::filesystem;
+
+const fs::path ROOT = TESSARA_SOURCE_DIR;
+
+// The numbers among the words of a line.
 std::vector<double> NumbersOf(const std::string& line) {
     std::vector<double> numbers;
     std::istringstream words(line);
@@ -27,11 +32,11 @@ std::vector<double> NumbersOf(const std::string& line) {
     return numbers;
 }
 
-// The contents of the README's code blocks of one language.
-std::vector<std::string> ReadmeBlocks(const std::string& language) {
+// The contents of a page's code blocks of one language.
+std::vector<std::string> BlocksOf(const fs::path& page, const std::string& language) {
     std::vector<std::string> blocks;
     bool inside = false;
-    for (const std::string& line : LinesOf(ReadFile(TESSARA_SOURCE_DIR "/README.md"))) {
+    for (const std::string& line : LinesOf(ReadFile(page))) {
         if (inside && line == "```") {
             inside = false;
         } else if (inside) {
@@ -49,7 +54,7 @@ struct Command {
     std::string output;
 };
 
-// A console block shows commands after "$ ", and below each what it writes.
+// A console block shows each command after "$ ", with its output below.
 std::vector<Command> CommandsOf(const std::string& block) {
     std::vector<Command> commands;
     for (const std::string& line : LinesOf(block)) {
@@ -60,6 +65,22 @@ std::vector<Command> CommandsOf(const std::string& block) {
         }
     }
     return commands;
+}
+
+// Runs the commands that a page shows and compares their outputs. Returns how many there are.
+std::size_t CheckCommandsOf(const fs::path& page) {
+    std::size_t count = 0;
+    for (const std::string& block : BlocksOf(page, "console")) {
+        for (const Command& command : CommandsOf(block)) {
+            SCOPED_TRACE(command.line);
+            const std::string line =
+                "cd '" TESSARA_SOURCE_DIR "' && PATH='" TESSARA_PROGRAM_DIR "':$PATH && " + command.line;
+            const Outcome outcome = RunProgram("/bin/sh", {"-c", line});
+            EXPECT_EQ(outcome.out + outcome.err, command.output);
+            ++count;
+        }
+    }
+    return count;
 }
 
 }  // namespace
@@ -256,22 +277,20 @@ TEST(Examples, MidpointAcrossZonesIsLaidOutFromTheBorder) {
 }
 
 TEST(Readme, ShowsTheFirstHostAsItIs) {
-    const std::vector<std::string> blocks = ReadmeBlocks("cpp");
-    EXPECT_EQ(
-        std::count(blocks.begin(), blocks.end(), ReadFile(TESSARA_SOURCE_DIR "/examples/first_host.cpp")), 1);
+    const std::vector<std::string> blocks = BlocksOf(ROOT / "README.md", "cpp");
+    EXPECT_EQ(std::count(blocks.begin(), blocks.end(), ReadFile(ROOT / "examples" / "first_host.cpp")), 1);
 }
 
 TEST(Readme, ShowsWhatItsCommandsWrite) {
+    EXPECT_GT(CheckCommandsOf(ROOT / "README.md"), 0u);
+}
+
+TEST(Manual, ShowsWhatItsCommandsWrite) {
     std::size_t count = 0;
-    for (const std::string& block : ReadmeBlocks("console")) {
-        for (const Command& command : CommandsOf(block)) {
-            SCOPED_TRACE(command.line);
-            const std::string line =
-                "cd '" TESSARA_SOURCE_DIR "' && PATH='" TESSARA_PROGRAM_DIR "':$PATH && " + command.line;
-            const Outcome outcome = RunProgram("/bin/sh", {"-c", line});
-            EXPECT_EQ(outcome.out + outcome.err, command.output);
-            ++count;
-        }
+    for (const auto& entry : fs::directory_iterator(ROOT / "docs")) {
+        if (entry.path().extension() != ".md") continue;
+        SCOPED_TRACE(entry.path());
+        count += CheckCommandsOf(entry.path());
     }
-    EXPECT_GT(count, 0u);
+    EXPECT_GT(count, 5u);
 }

@@ -1,4 +1,4 @@
-// Files for tests: what one holds, and a place for those that a test makes.
+// Files for tests: reads a file, and creates a place for files that a test writes.
 #pragma once
 
 #include <filesystem>
@@ -6,10 +6,10 @@
 
 namespace tessara::testing {
 
-// All bytes of a file; none, and a failure of the test, if it can't be read.
+// All bytes of a file. If it can't be read, the result is empty and the test fails.
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 
-// A directory that nobody else uses, and that is gone with the object.
+// A directory of its own, which is removed with the object.
 class ScratchDirectory {
   public:
     ScratchDirectory();

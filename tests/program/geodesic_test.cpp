@@ -70,7 +70,7 @@ TEST(Distance, AnAzimuthOfAWholeTurnIsZero) {
 }
 
 TEST(Direct, AnAzimuthOfAWholeTurnIsZero) {
-    // Due south, a hair to the east: the way back is due north, a hair to the west.
+    // Due south, 1e-10 degrees to the east; the way back is due north, as little to the west.
     const Outcome end = Tessara({"direct", "10", "20", "179.9999999999", "1000"});
     EXPECT_EQ(end.out.substr(end.out.rfind(' ')), " 0.000000000\n");
 }
@@ -91,8 +91,8 @@ TEST(Direct, IsTheWayBackOfADistance) {
     azimuth.precision(12), distance.precision(12);
     azimuth << line[1], distance << line[0];
     const std::vector<double> end = Numbers(Tessara({"direct", "10", "20", azimuth.str(), distance.str()}));
-    // Azimuth and distance are written to 1e-9 degrees and 1e-4 m: half of that is 1e-4 m over 5500 km, and
-    // the method is good to a millimetre, which is 1e-8 degrees.
+    // Azimuth and distance are written to 1e-9 degrees and 1e-4 m: half a unit of the azimuth is 5e-5 m over
+    // 5500 km. The formulas are accurate to a millimetre, which is 1e-8 degrees.
     EXPECT_NEAR(end[0], -30.0, 1e-8);
     EXPECT_NEAR(end[1], 50.0, 1e-8);
     EXPECT_NEAR(end[2], line[2], 1e-8);

@@ -1,4 +1,4 @@
-// The man page and the shell's completion, against what the program itself says.
+// The man page and the shell completion, compared with the help of the program.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -38,12 +38,12 @@ std::set<std::string> OptionsOf(const std::string& command) {
 }
 
 std::string ManPage() {
-    // A hyphen that is to stay one is written "\-".
+    // The page writes a hyphen as "\-".
     return std::regex_replace(ReadFile(TESSARA_SOURCE_DIR "/program/tessara.1.in"), std::regex(R"(\\-)"),
                               "-");
 }
 
-// What is offered for the last of the words.
+// The completions for the last of the words.
 std::set<std::string> Completions(const std::vector<std::string>& words) {
     const std::string script = "source '" TESSARA_SOURCE_DIR
                                "/program/tessara.bash-completion'\n"

@@ -1,4 +1,4 @@
-// What `tessara map` says about descriptions that it can't use, and about what it can't draw of others.
+// The messages of `tessara map` about descriptions that it can't use, and about layers that it can't draw.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -29,7 +29,7 @@ Outcome Draw(const std::string& description) {
     return Tessara({"map", "-"}, description);
 }
 
-// A description and what is wrong with it.
+// A wrong description and its message.
 struct Mistake {
     std::string description;
     std::string message;

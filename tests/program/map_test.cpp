@@ -290,8 +290,8 @@ TEST(MapBorders, NameTheZonesOnBothSidesOfTheDateLine) {
     }
 }
 
-// The northing of this map falls to 0 at its lower edge, where it turns around: what lies beyond has the
-// pixels of what lies before.
+// The northing of this map decreases to 0 at its lower edge and then increases again: positions beyond the
+// edge have the pixels of positions before it.
 TEST(MapGrid, RunsToTheEdgeOfAPolarMap) {
     const std::string svg = Draw(
         R"({"projection": {"type": "UPS", "hemisphere": "N", "originEasting": 500000, "originNorthing": 3000000,

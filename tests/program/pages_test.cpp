@@ -1,4 +1,4 @@
-// The pages of the manual: their links lead somewhere, and none of the examples is left out.
+// The pages of the manual: their links lead to files, and they name every example and every page.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -24,7 +24,7 @@ std::vector<fs::path> Pages() {
     return pages;
 }
 
-// What stands in round brackets behind the square ones, but for addresses of other places.
+// The targets of the links in a text, except for addresses on the web.
 std::vector<std::string> LinksOf(const std::string& text) {
     static const std::regex link(R"(\]\(([^)#:]+)\))");
     std::vector<std::string> links;

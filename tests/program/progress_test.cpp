@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* NO_TERMINALS = "there are no pseudo-terminals";
 
-// A terminal that keeps what is written to it.
+// A terminal that records its output.
 class Terminal {
   public:
     Terminal() {

@@ -16,7 +16,7 @@ extern char** environ;
 namespace tessara::testing {
 namespace {
 
-// A file without a name: a program can fill it as far as it likes, and nobody has to read at the same time.
+// A file without a name, which a program can fill without a concurrent reader.
 class ScratchFile {
   public:
     ScratchFile() : file_(std::tmpfile(), &std::fclose) {}

@@ -1,4 +1,4 @@
-// Runs a program the way a shell does, and keeps what it wrote.
+// Runs a program as a shell does and captures its output.
 #pragma once
 
 #include <string>
@@ -25,10 +25,10 @@ struct RunOptions {
 // The program `tessara`.
 [[nodiscard]] Outcome Tessara(const std::vector<std::string>& arguments, const std::string& input = {});
 
-// All went well, and this is what it wrote.
+// Expects exit status 0, no errors, and this output.
 void ExpectDone(const Outcome& outcome, const std::string& out);
 
-// The call was refused, with these words among those that say why.
+// Expects the exit status for wrong usage, with `words` in the message.
 void ExpectUsageError(const Outcome& outcome, const std::string& words);
 
 // The lines of a text, without their ends.

@@ -21,7 +21,7 @@ struct SvgElement {
 
     [[nodiscard]] std::string Attribute(const std::string& key) const;
     [[nodiscard]] double Number(const std::string& key) const;
-    // Whether all words are among the classes of the element and what it stands in.
+    // Whether all words are among the classes of the element and of the groups around it.
     [[nodiscard]] bool Is(const std::string& words) const;
 };
 

@@ -17,8 +17,8 @@ Payload FilledWith(int byte) {
     return payload;
 }
 
-// Copies an axis between two records of which every byte differs, and compares the target with what the test
-// expects: the target's own bytes but for the fields that `copied` takes from the source.
+// Copies an axis between two records that differ in every byte. Expects the bytes of the target, except for
+// the fields that `copied` takes from the source.
 template <class Payload, class Copied>
 void ExpectCopies(Axis axis, std::int32_t type, Copied copied) {
     const auto from = FilledWith<Payload>(0x11);
@@ -175,8 +175,8 @@ char RowAfterEastCopy(std::int16_t sourceZone, std::int16_t targetZone, char tar
     return Load<UtmrefPayload>(target).row;
 }
 
-// In an even zone the letters of the same ground stand five further on than in an odd one: on the equator row
-// A of zone 33 is row F of zone 32.
+// In an even zone the row letters are five further on than in an odd one: at the equator, row A of zone 33
+// corresponds to row F of zone 32.
 TEST(CopyUtmrefEast, TheRowStaysOnTheSameGround) {
     EXPECT_EQ(RowAfterEastCopy(33, 32, 'F'), 'A');
     EXPECT_EQ(RowAfterEastCopy(32, 33, 'A'), 'F');
@@ -254,7 +254,7 @@ TEST(CopyAxis, TheBritishGridRenewsLettersAndValues) {
 }
 
 // Dublin's square: 315000 234000 is IO 15000 34000; 215000 lies in IN.
-TEST(CopyAxis, TheIrishGridKeepsTheEastPartAndRenewsTheLetters) {
+TEST(CopyAxis, AnIrishNorthingChangesTheSquareButNoEasting) {
     tagKOORD target = Record(KOORD_ING, FullValues(315000.0, 134000.0), 97);
     ASSERT_TRUE(CopyAxis(Axis::North, Record(KOORD_ING, FullValues(215000.0, 234000.0), 97), &target));
     const auto result = Load<LetterGridPayload>(target);

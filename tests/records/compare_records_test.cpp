@@ -307,7 +307,7 @@ TEST(CompareRecords, BeyondTheOutermostCentralLineAWantedZoneStays) {
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, 181.0, 180), StripAt(KOORD_GK, 0.0, 180.5)), 1);
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, -181.0, -180), StripAt(KOORD_GK, 0.0, -180.5)), -1);
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, 179.0, 180), StripAt(KOORD_GK, 0.0, 179.5)), -1);
-    // The system ends at 181.5 degrees: what lies beyond has no other place than the strip it wants.
+    // The system ends at 181.5 degrees: a position beyond has no zone other than the one it wants.
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, 181.7, 180), StripAt(KOORD_GK, 0.0, 181.0)), 1);
     EXPECT_EQ(EastWest(StripAt(KOORD_GK, 0.0, -181.7, -180), StripAt(KOORD_GK, 0.0, 179.0)), -1);
 }
@@ -467,7 +467,7 @@ TEST(CompareRecords, AnEcefIsComparedOnItsOwnDatum) {
 
 TEST(CompareRecords, EverySystemLiesWithinItsExtremes) {
     for (const Region& region : REGIONS) {
-        // The free projections carry other parameters in their extremes, or none that are their own.
+        // The free projections have other parameters in their extremes, or none.
         if (region.type == KOORD_TM || region.type == KOORD_ECEF) continue;
         SystemExtremes extremes;
         ASSERT_TRUE(FindSystemExtremes(region.datum, region.type, &extremes));

@@ -62,7 +62,7 @@ tagKOORD RecordOf(const DefaultRow& row, std::int32_t datum) {
     return record;
 }
 
-// Anything but zeros, so that what isn't written shows.
+// Bytes other than zero, which reveal fields that aren't written.
 CKoord Rubbish(std::int32_t datum, std::int32_t system) {
     CKoord koord;
     koord.SetHeight(77.0);

@@ -130,7 +130,7 @@ TEST(KoordShift, OnTheCentralMeridianUtmEndsWithTheSystem) {
     EXPECT_TRUE(Refuses(Axis::North, -86.0, south));
 }
 
-// What counts is where the move ends: the limit less the way is rounded and may fall a hair short of the
+// The end of the move is compared: the limit minus the distance is rounded and may lie just before the
 // start.
 TEST(KoordShift, AUtmNorthingMayEndExactlyOnItsLimit) {
     SystemExtremes extremes;

@@ -203,8 +203,8 @@ TEST(SystemExtremes, UpsReachesToLatitude80OfTheNorth) {
 
 TEST(SystemExtremes, AFreeProjectionReachesAQuarterMeridian) {
     // Metres on WGS84: echo 0 0 90 0 | GeodSolve -i -p 6 (GeographicLib 2.1.2) gives 10001965.729313, and 20
-    // degrees of the equator are 6378137 * pi / 9 = 2226389.815865. A millimetre is what the geodesic's
-    // series promise.
+    // degrees of the equator are 6378137 * pi / 9 = 2226389.815865. The geodesic's series are accurate to a
+    // millimetre.
     const double d1 = 10001965.729313;
     const double d2 = 2226389.815865;
     const TmPayload expected[4] = {{0.0, 60.0, 0.0, d1, 1.0, 0.0, d1},

@@ -46,7 +46,7 @@ TEST(UtmrefSquares, AreThoseOfAnIndependentProgramOnWgs84) {
             << square.first << square.second;
 }
 
-// On Bessel the row letters stand ten places on: L for A.
+// On Bessel the row letters are ten further on: L instead of A.
 TEST(UtmrefSquares, TheLetteringFollowsTheEllipsoidOfTheDatum) {
     EXPECT_EQ(utmref::Columns(DATUM_BESSEL, 32, 'U'), "KLMNPQ");
     EXPECT_EQ(utmref::Rows(DATUM_BESSEL, 32, 'U', 'K'), "JKLMNPQ");
@@ -81,7 +81,8 @@ Square SquareOf(double latitude, double longitude, std::int32_t datum, std::int3
     return {p.zone, p.band, p.column, p.row};
 }
 
-// A lattice of a fifth of a degree, and the edges of bands and zones themselves and a hair inside.
+// The squares of a lattice of a fifth of a degree, of the edges of bands and zones, and of points just
+// inside them.
 std::set<Square> FoundByPositions(std::int32_t datum, std::int32_t zone) {
     std::vector<double> latitudes;
     for (int i = 0; i <= 820; ++i)

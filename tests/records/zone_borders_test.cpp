@@ -265,8 +265,7 @@ TEST(ZoneLimits, AWalkAtConstantEastingEndsWhereTheBorderHasTheEasting) {
         const double north = axes::SignedNorthing(row.border);
         const bool isAustrian =
             row.border.type != KOORD_UTM && row.border.type != KOORD_GK && row.border.type != KOORD_GK6;
-        // Near the widest place the width hardly changes with the northing, and the method promises the
-        // width.
+        // Near the widest place the width hardly changes with the northing, and the search aims at the width.
         if (std::fabs(north) < 1.0e6 && !isAustrian) continue;
         if (isAustrian && north - row.falseNorthing < 5.0e6) continue;
         tagKOORD start = row.border;
@@ -403,7 +402,7 @@ TEST(ZoneLimits, RandomLimitsAreFoundWhereverThereIsOne) {
             ASSERT_EQ(zones::MoveToLimit(direction, &limit), ZoneLimit::Border) << offset;
             tagKOORD border = limit;
             ASSERT_TRUE(zones::MoveToBorder(DirectionOf(Axis::East, offset), &border));
-            // Metres; the tolerance of the search, or what it accepts when its trials are used up.
+            // Metres: the tolerance of the search, or the error it accepts when its trials are used up.
             EXPECT_NEAR(zones::East(border), zones::East(limit), 1e-3) << offset;
         }
     }

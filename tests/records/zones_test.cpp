@@ -25,7 +25,7 @@ double EastingOf(const tagKOORD& record) {
     return Load<GkPayload>(record).easting;  // UTM and the Austrian systems have theirs in the same place
 }
 
-// Every operation leaves alone what it isn't about.
+// Every operation leaves the other fields unchanged.
 void ExpectNorthingHeightAndReferenceOf(const CKoord& moved, const CKoord& original) {
     EXPECT_EQ(moved.datum, original.datum);
     EXPECT_EQ(moved.type, original.type);

@@ -1,5 +1,5 @@
-// The operations that a host asks for most, on objects that exist already: what a benchmark times and a test
-// counts.
+// The most common operations of a host, on existing objects: a benchmark measures them and a test counts
+// their allocations.
 #pragma once
 
 #include <functional>

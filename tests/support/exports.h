@@ -1,4 +1,4 @@
-// The list of what the shared library exports.
+// The list of the shared library's exports.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The library's class factories as a host knows them, when the tests are linked with the library's parts.
+// The library's class factories as a host sees them, for tests that link the library's parts.
 #pragma once
 
 #include "frame/class_factory.h"

@@ -1,4 +1,4 @@
-// Records that nobody would make: of arbitrary bytes, and of nearly right ones.
+// Records that no host would make: of arbitrary bytes, and of nearly legal ones.
 #pragma once
 
 #include <cmath>
@@ -43,7 +43,7 @@ inline tagKOORD PlausibleRecord(Random& random) {
     return record;
 }
 
-// Overwrites one of the payload's fields of this size, wherever fields of the size may stand.
+// Overwrites one of the fields of this size in the payload.
 template <class Field>
 void OverwriteField(Random& random, Field value, tagKOORD* record) {
     constexpr std::size_t bytes = sizeof record->payload;

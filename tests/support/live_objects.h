@@ -11,7 +11,7 @@ namespace tessara::testing {
 // How many blocks from operator new are alive.
 [[nodiscard]] std::int64_t LiveBlocks();
 
-// How many have ever been asked for.
+// The number of allocations so far.
 [[nodiscard]] std::int64_t AllocatedBlocks();
 
 // While it lives, the `nth` allocation of this thread from now on fails, once. 1 is the next one.
@@ -22,7 +22,7 @@ class FailAllocation {
     FailAllocation(const FailAllocation&) = delete;
     FailAllocation& operator=(const FailAllocation&) = delete;
 
-    // Whether that allocation has been asked for.
+    // Whether that allocation has been reached.
     [[nodiscard]] bool HasFailed() const;
 };
 

@@ -1,4 +1,4 @@
-// Maps, pixels and the two ways between pixel and world, for tests.
+// Maps, pixels and the conversions between pixel and world, for tests.
 #pragma once
 
 #include "support/plain_records.h"

@@ -1,4 +1,5 @@
-// Where objects are counted by class (tessara/internal/object_census.h), every test ends with none alive.
+// In builds that count objects by class (tessara/internal/object_census.h), every test ends with no object
+// alive.
 #pragma once
 
 namespace tessara::testing {

@@ -22,7 +22,7 @@ namespace tessara::testing {
     return text;
 }
 
-// The count of an object that somebody holds.
+// The count of an object that has a holder.
 [[nodiscard]] inline std::uint32_t CountOf(IUnknown* object) {
     object->AddRef();
     return object->Release();
@@ -46,8 +46,8 @@ class Stranger : public IUnknown {
     return IRef<IUnknown>(NewObject<Stranger>());
 }
 
-// An object passed as what it isn't, a mistake that no compiler sees behind a C interface. Operations only
-// query such an argument, and every object can be queried.
+// Passes an object as another interface, a mistake that no compiler detects behind a C interface. Operations
+// only query such an argument, which every object supports.
 template <class I>
 [[nodiscard]] I* Disguised(const IRef<IUnknown>& object) {
     return reinterpret_cast<I*>(object.Get());
@@ -74,7 +74,7 @@ class HostCoord : public ICoord {
     ~HostCoord() = default;
 };
 
-// A host's own reference: gives the numbers it was made with, legal or not, and takes none.
+// A host's own reference: returns the numbers it was created with, legal or not, and accepts none.
 class HostReference : public ICoordinateReference {
   public:
     using Faces = FaceList<ICoordinateReference>;

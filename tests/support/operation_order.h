@@ -1,4 +1,4 @@
-// Where the operations of an interface stand in its table: hosts call them by number.
+// The indices of the operations in an interface's table; hosts call operations by index.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ std::ptrdiff_t PlaceOf(Operation operation) {
     return (value - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
 }
 
-// Each of the operations stands one behind the one before it.
+// Expects the operations to follow each other in the table.
 template <class... Operations>
 void ExpectInOrder(std::ptrdiff_t first, Operations... operations) {
     std::ptrdiff_t place = first;

@@ -1,5 +1,5 @@
-// Where the sources and what was built from them stand. One source knows the paths, so that all others
-// compile to the same wherever the tree is.
+// The paths of the sources and the build output. Only one source contains them, so that all others compile
+// identically in every directory.
 #pragma once
 
 #include <string>

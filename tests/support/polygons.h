@@ -1,4 +1,4 @@
-// Polygons of coordinates, and what the tests of the operations on them share.
+// Polygons of coordinates, and shared parts of the tests of polygon operations.
 #pragma once
 
 #include <limits>

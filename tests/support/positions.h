@@ -1,4 +1,4 @@
-// Random positions of every coordinate system, for tests that ask for what holds everywhere.
+// Random positions of every coordinate system, for properties that hold everywhere.
 #pragma once
 
 #include <gtest/gtest.h>

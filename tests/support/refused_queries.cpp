@@ -30,14 +30,14 @@ void RefusedQueries::Refuse(int nth, Refusal refusal) {
     refusal_ = refusal;
 }
 
-// The table of an object that was taken over; its first operation says that it is one.
+// The table of an object that was taken over, recognised by its first operation.
 RefusedQueries::Table* RefusedQueries::TableOf(IUnknown* object) {
     void** const operations = TableIn(object);
     if (operations[0] != reinterpret_cast<void*>(&Ask)) return nullptr;
     return reinterpret_cast<Table*>(reinterpret_cast<std::byte*>(operations) - offsetof(Table, operations));
 }
 
-// A table doesn't say where it ends: what follows it is copied along and never called.
+// A table has no recorded end, so the copy includes some memory behind it, which is never called.
 __attribute__((no_sanitize("address", "undefined"))) void RefusedQueries::TakeOver(IUnknown* object) {
     if (object == nullptr || TableOf(object) != nullptr) return;
     void* const* const original = TableIn(object);

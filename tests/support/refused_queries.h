@@ -1,5 +1,5 @@
-// Objects that answer a query and refuse the next one, as a host's own may: an operation that has asked an
-// object for an interface must not rely on getting it a second time.
+// Objects that answer a query and refuse the next one, as a host's object may: an operation that got an
+// interface once must not rely on getting it again.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -24,13 +24,13 @@ class RefusedQueries {
     // Null is nothing to take over, and so is an object that is taken over already.
     void TakeOver(IUnknown* object);
 
-    // From now on the `nth` query is refused; 0 refuses none. The queries are counted from here.
+    // Refuses the `nth` query, counted from now; 0 refuses none.
     void Refuse(int nth, Refusal refusal);
     [[nodiscard]] int Asked() const { return asked_; }
 
   private:
-    // What stands in front of a table's first operation, and room for the longest one of the library (Itanium
-    // C++ ABI).
+    // The two words before a table's first operation, and space for the longest table of the library
+    // (Itanium C++ ABI).
     struct Table {
         void* const* original;
         void* offsetToTop;

@@ -1,4 +1,4 @@
-// How long something may take, on a machine that interrupts what it runs.
+// Time limits for operations, on a machine that may interrupt them.
 #pragma once
 
 #include <chrono>
@@ -7,7 +7,7 @@
 
 namespace tessara::testing {
 
-// Whether the action, done anew up to five times, ends once within so many seconds.
+// Whether one of up to five runs of the action ends within this many seconds.
 template <class Action>
 [[nodiscard]] bool EndsWithin(double seconds, const Action& action) {
     constexpr double slowdown = IS_SANITIZED ? 20.0 : 1.0;

@@ -1,5 +1,5 @@
-// What the tests of the grids on the transverse Mercator have in common: how exact a grid is, and what its
-// limits do to positions beside them.
+// Shared tests of the grids based on transverse Mercator: their accuracy, and the effect of their limits on
+// positions nearby.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -35,7 +35,7 @@ inline double KeyOf(Axis axis, tagKOORD record) {
     return zones::Number(record) * ZONE_WEIGHT + zones::East(record);
 }
 
-// To what the system's own form rounds.
+// The unit to which the system rounds.
 inline double UnitOf(std::int32_t system) {
     switch (system) {
         case KOORD_UTMREF:

@@ -1,4 +1,4 @@
-// Records of the zoned systems, which want no zone, and what else tests of coordinates ask about.
+// Records of the zoned systems that want no zone, and common checks on coordinates.
 #pragma once
 
 #include <cstring>

@@ -1,4 +1,4 @@
-// Records of the zoned systems for tests of what zones do: on one datum each, where it matters at random.
+// Records of the zoned systems for tests of zones, each on one datum and at a random place.
 #pragma once
 
 #include <cmath>
@@ -79,7 +79,7 @@ inline tagKOORD RandomZoned(std::int32_t type, Random& random) {
     }
 }
 
-// The zoned systems that keep their values as doubles; UTMREF stands on UTM.
+// The zoned systems whose values are doubles; UTMREF is computed through UTM.
 inline const std::vector<std::int32_t> ZONED_TYPES = {KOORD_UTM, KOORD_GK,  KOORD_GK6,
                                                       KOORD_BMN, KOORD_OEM, KOORD_GKAT};
 

@@ -54,7 +54,7 @@ tagKOORD Position(std::int32_t i, std::int32_t datum) {
     return GeodezRecord(46.0 + 0.01 * (i % 100), 9.0 + 0.013 * (i % 70), 100.0 * i, datum);
 }
 
-// A target of the type with usual parameters; `variant` tells one set from another.
+// A target of the type with usual parameters; `variant` selects a set of them.
 tagKOORD TargetOf(std::int32_t type, std::int32_t datum, std::int32_t variant) {
     tagKOORD target = NaturalTarget(type, datum);
     if (type == KOORD_TM) {
@@ -142,7 +142,8 @@ TEST(KoordConvertMany, GivesWhatOneCallARecordGivesForGarbage) {
     ExpectAsOneCallARecord(sources, targets, 1);
 }
 
-// Each record is its own target, or the source of the next one; what a failure leaves behind is read, too.
+// Each record is its own target, or the source of the next one, so that the results of failures are read,
+// too.
 TEST(KoordConvertMany, GivesWhatOneCallARecordGivesForGarbageThatOverlaps) {
     testing::Random random(8);
     for (const std::size_t ahead : {0u, 1u}) {

@@ -18,7 +18,7 @@ double Above(double value) {
     return std::nextafter(value, INFINITE);
 }
 
-// What the geodetic test says of a position: the detail, checked against the collective result.
+// The result of the geodetic test for a position, checked against the collective result.
 std::int32_t Geodetic(double lat, double lon, std::int32_t type) {
     const double latLon[2] = {lat, lon};
     std::int32_t detail = 77;

@@ -213,7 +213,7 @@ TEST_F(CoordCheckerUtmref, ComposesARecordOnTheTargetsDatum) {
     EXPECT_EQ(p.easting, 7819);
     EXPECT_EQ(p.northing, 42661);
 
-    // Row letter A is none of band U on Bessel in column K.
+    // Band U on Bessel has no row A in column K.
     CKoord bessel(MakeKoord(DATUM_BESSEL, KOORD_GEODEZ));
     EXPECT_FALSE(Compose({"32", "U", "K", "A", "", ""}, &bessel));
     EXPECT_TRUE(Compose({"32", "U", "K", "L", "", ""}, &bessel));

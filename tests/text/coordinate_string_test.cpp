@@ -300,7 +300,7 @@ TEST_F(CoordinateStringTest, AReferenceAtTheBorderOfItsZoneIsRead) {
     EXPECT_FALSE(Parse(string, KOORD_UTMREF, "U B 96894", "10 B 91256")) << "outside the zone";
 }
 
-// Letters are taken as they stand, and only S and W turn the sign.
+// Letters keep their case, and only S and W change the sign.
 TEST_F(CoordinateStringTest, ASmallHemisphereIsNorthInDegreesMinutesAndSeconds) {
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
     EXPECT_TRUE(Parse(string, KOORD_GEOGRAD, "s 48 0 0", "E 11 0 0"));
@@ -329,7 +329,7 @@ TEST_F(CoordinateStringTest, BmnAndOemAreReadOnTheNearestMeridian) {
     EXPECT_EQ(Load<BmnPayload>(testing::KoordOf(string)).meridian, 34);
 }
 
-// The list of what can't be typed: texts of legal places, each in the form in which it is shown.
+// The positions that can't be typed: texts of legal positions in the form in which they are written.
 TEST_F(CoordinateStringTest, SomePositionsCantBeTyped) {
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
     EXPECT_FALSE(Parse(string, KOORD_ECEF, "4800000.000", "900000.000"));

@@ -22,7 +22,7 @@ void FillWith(const char* piece, std::size_t size, std::string* text) {
 constexpr const char* PIECES[] = {" ", "\t",   "9",    "0",    "-",    "+",  ".",    "e",   "1e",   "9.", "N",
                                   "A", "\x80", "\xFF", "\xB0", "N 1 ", "1 ", "1e9 ", "-1 ", "%s%n", "\n"};
 
-// Texts of a size made of one piece each, bare and behind what some systems take for fields.
+// Texts of a size that repeat one piece, alone and after characters that some systems accept as fields.
 std::vector<std::string> TextsOfSize(std::size_t size) {
     std::vector<std::string> texts;
     for (const char* piece : PIECES) {

@@ -21,7 +21,7 @@ constexpr double RESOLUTIONS[] = {1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 0.1, 1.0, 
 
 // Seven decimals in every system, in GEOGRAD of a second.
 constexpr double FINEST = 1e-12;
-// Half a unit of the seventh decimal, and what eight digits before the point leave of it.
+// Half a unit of the seventh decimal, plus the rounding of a number with eight digits before the point.
 constexpr double LAST_DIGIT = 0.6e-7;
 
 void ExpectSameField(RecordField field, const tagKOORD& read, const tagKOORD& written) {
@@ -41,7 +41,7 @@ void ExpectSameField(RecordField field, const tagKOORD& read, const tagKOORD& wr
     }
 }
 
-// In all that was typed, and in the zone, which some systems have to tell from the rest.
+// Compares all typed values, and the zone, which some systems derive from them.
 void ExpectSamePosition(const tagKOORD& read, const tagKOORD& written) {
     for (const Axis axis : {Axis::North, Axis::East}) {
         for (const RecordField field : TextFieldsOf(axis, written))
@@ -52,7 +52,7 @@ void ExpectSamePosition(const tagKOORD& read, const tagKOORD& written) {
 
 class TextRoundTrip : public ::testing::TestWithParam<LegalArea> {
   protected:
-    // Writes the position that the writer holds, and reads it; what was read is written the same.
+    // Writes the position of the writer and reads it; writing the result gives the same texts.
     void GoThroughText(double resolution) {
         testing::SetResolution(writer, resolution);
         const TextPair texts = testing::PlainTextsOf(writer);

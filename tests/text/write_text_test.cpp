@@ -204,7 +204,7 @@ TEST(TextWrite, MinutesThatWouldRoundTo60Carry) {
     EXPECT_EQ(Write(GeodezMin('N', 0, 0.0, 'E', 179, 59.99999), 4).east, "E 180 0.0000");
 }
 
-// 59.9995 + 0.0005 is 60 in doubles, but as degrees 2.999992 + 0.0000083 ends a hair before 3.
+// 59.9995 + 0.0005 is 60 in doubles, but in degrees 2.999992 + 0.0000083 is slightly below 3.
 TEST(TextWrite, ACarryThatEndsAHairEarlyIsStillOne) {
     EXPECT_EQ(Write(GeodezMin('N', 2, 59.9995), 3).north, "N 3 0.000");
     EXPECT_EQ(Write(GeodezMin('N', 3, 59.9995), 3).north, "N 4 0.000");

@@ -55,7 +55,7 @@ class IObjectManager : public IUnknown {
     ~IObjectManager() = default;
 };
 
-// The class id by which a host is asked for a list.
+// The class id by which the library asks a host for a list.
 constexpr Guid HOST_ARRAY = Id("F952C76B-DD15-4938-BA49-872AE81AB89D");
 
 class IClassSink : public IUnknown {

@@ -39,7 +39,7 @@ class Held {
     I* pointer_ = nullptr;
 };
 
-// Another face of an object, empty if it has none.
+// Another interface of an object; empty if the object doesn't have it.
 template <class I>
 [[nodiscard]] Held<I> As(IUnknown* object) {
     void* face = nullptr;
@@ -75,7 +75,7 @@ class HostObject final : public I {
 class TextBody : public ITessaraString {
   public:
     explicit TextBody(const char* text = "") : text_(text) {}
-    // Only these four are asked of a host's text.
+    // The library calls only these four operations of a host's text.
     void AssignText(const char* text) override { text_ = text == nullptr ? "" : text; }
     const char* GetText() override { return text_.c_str(); }
     int32_t GetLength() override { return static_cast<int32_t>(text_.size()); }

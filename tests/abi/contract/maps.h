@@ -1,4 +1,4 @@
-// Projections, maps, and what works on their pixels.
+// Projections, maps, and the interfaces that work on their pixels.
 #pragma once
 
 #include "abi/contract/objects.h"

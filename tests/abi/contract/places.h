@@ -81,7 +81,7 @@ class ContractPlaces : public ContractHost {
 
     [[nodiscard]] static MapUtmParams SheetParams() { return {'N', 32, 400000.0, 5600000.0, 10.0, 20.0}; }
 
-    // The reference point is none of the grid's business, but there has to be one.
+    // A grid doesn't use the reference point, but the factory requires one.
     [[nodiscard]] Held<IMapCoordOperations> MapOn(IProjection* projection) const {
         const auto point = Make<IReferencePoint>("ReferencePoint");
         EXPECT_TRUE(point->SetLong(Geodez(50.0, 9.0), 500, 600));
@@ -108,7 +108,7 @@ class ContractPlaces : public ContractHost {
         EXPECT_NEAR(record.At<double>(8), y, PIXELS);
     }
 
-    // A position goes through the series of the projection and back on its way.
+    // Metres: a position passes the series of the projection and of its inverse.
     static constexpr double METRES = 1e-3;
     static constexpr double PIXELS = 1e-3;
 };

@@ -1,4 +1,4 @@
-// The records that cross the border, and where their fields stand.
+// The records that host and library exchange, with the offsets of their fields.
 #pragma once
 
 #include <cstddef>
@@ -82,7 +82,7 @@ struct MapReferenceNode {
 static_assert(offsetof(MapReferenceNode, pixelX) == 64 && offsetof(MapReferenceNode, pixelY) == 68 &&
               offsetof(MapReferenceNode, next) == 72);
 
-// The first fields of a grid's parameters stand where they stand in the payload of its coordinate type.
+// The first fields of a grid's parameters have the offsets they have in the payload of the coordinate type.
 struct MapUtmParams {
     char hemisphere;
     int16_t zone;

@@ -63,7 +63,8 @@ class IUnknown {
     ~IUnknown() = default;
 };
 
-// A vector as it crosses the border: numbers that whoever made them frees.
+// A vector as host and library exchange it: whoever allocates the numbers provides the function that frees
+// them.
 struct Sequence {
     double* items = nullptr;
     uint32_t size = 0;

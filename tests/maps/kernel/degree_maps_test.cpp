@@ -51,7 +51,7 @@ TEST(DdMap, ComesBackToThePixel) {
 }
 
 // An arc-second raster of 0.01 by 0.02 degrees in the plain form.
-TEST(EqualArcMap, MultipliesByDegreesPerPixelInThePlainForm) {
+TEST(EqualArcMap, ScalesPixelsToDegreesAwayFromThePoles) {
     for (const std::int16_t zone : std::initializer_list<std::int16_t>{0, 1, 8, 10, 17, 19, -9}) {
         const MapParam map = Map(MAP_EQUALARC, MapEqualArcParams{zone, 48.0, 11.0, 0.01, 0.02});
         const GeodezPayload at = ToWorld(map, 50.0, 25.0).Degrees();
@@ -113,7 +113,7 @@ TEST_F(NorthPolarMap, ExactlyRightOfThePoleTheLongitudeIsZero) {
     const GeodezPayload at = ToWorld(map, 1000.0, -1000.0).Degrees();
     EXPECT_NEAR(at.latitude, 80.0, DEGREES);
     EXPECT_EQ(at.longitude, 0.0);
-    // The way to the pixel knows better.
+    // The conversion to the pixel has the right longitude.
     const PixelResult pixel = ToPixel(map, GeodezRecord(80.0, 90.0));
     EXPECT_NEAR(pixel.x, 1000.0, PIXELS);
     EXPECT_NEAR(pixel.y, -1000.0, PIXELS);

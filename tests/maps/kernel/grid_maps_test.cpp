@@ -153,7 +153,7 @@ TEST(UtmMap, AWantedZoneOfTheTargetIsTaken) {
     EXPECT_NEAR(utm.northing, 5365000.0, METRES);
 }
 
-// What counts for the letter across the equator is the letter of the parameters as it stands.
+// Across the equator the exact letter of the parameters counts, not its capital form.
 TEST(UtmMap, APixelAcrossTheEquatorChangesTheHemisphere) {
     const struct {
         char letter, onThisSide, across;
@@ -377,7 +377,7 @@ TEST(Gk6Map, CountsStripsOfSixDegrees) {
     EXPECT_EQ(ToPixel(map, GeodezRecord(48.0, 16.0)).status, KOORD_OK);
 }
 
-// A position without a longitude has no meridian, and what is left of its grid value isn't one.
+// A position without a longitude has no meridian and no meaningful grid value.
 TEST(GkMap, ARecordThatIsNoNumberHasNoPixel) {
     for (double number : {NOT_A_NUMBER, std::numeric_limits<double>::infinity()}) {
         GkPayload gk{};

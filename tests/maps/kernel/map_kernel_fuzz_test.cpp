@@ -43,7 +43,7 @@ class Dice {
     std::uint32_t Below(std::size_t count) { return Draw() % static_cast<std::uint32_t>(count); }
     bool OneIn(std::size_t count) { return Below(count) == 0; }
 
-    // Any bits, and more often than not a number as it might stand in a map.
+    // A number with arbitrary bits or, more often, one that is plausible in a map.
     double Number() {
         constexpr double infinite = std::numeric_limits<double>::infinity();
         constexpr std::array<double, 14> special{
@@ -168,7 +168,7 @@ TEST(MapFuzz, EveryPixelOfEveryMapEndsSomewhere) {
         EXPECT_TRUE(AreSame(map, before));
         found += status == KOORD_OK;
     }
-    // Garbage isn't all that was tried.
+    // Some of the random inputs were legal.
     EXPECT_GT(found, ROUNDS / 20);
 }
 

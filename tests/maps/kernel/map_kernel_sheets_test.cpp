@@ -14,7 +14,7 @@
 namespace tessara::testing {
 namespace {
 
-// The figures are rounded to a micrometre; what is left is the difference of the series on either side.
+// The figures are rounded to a micrometre; the rest is the difference between the series.
 constexpr double METRES = 1e-4;
 constexpr double METRES_PER_DEGREE = 111000.0;
 
@@ -90,7 +90,7 @@ TEST_P(SheetTest, ComesBackToThePixelEverywhere) {
     }
 }
 
-// AZYL and WAGNER-IV give what they have reached: (0, 0) or the reference.
+// AZYL and WAGNER-IV return their latest result: (0, 0) or the reference.
 TEST_P(SheetTest, WhatIsNoNumberHasNeitherPixelNorPosition) {
     const Sheet& sheet = GetParam();
     const double none = std::numeric_limits<double>::quiet_NaN();

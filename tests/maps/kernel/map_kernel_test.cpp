@@ -147,7 +147,8 @@ TEST(MapPixelToWorld, ShiftsToTheDatumOfTheTarget) {
     EXPECT_TRUE(AreSame(world.world, expected));
 }
 
-// Geographic targets and the map's own system take what lies beyond a system's limits, other grids don't.
+// Geographic targets and the map's own system accept positions beyond the limits of a system; other grids
+// don't.
 TEST(MapPixelToWorld, ChecksTheRangeOfForeignGridsOnly) {
     const MapParam degrees = DegreeMap();
     for (std::int32_t type : {KOORD_GEODEZ, KOORD_GEOGRAD, KOORD_GEODEZMIN}) {

@@ -11,8 +11,8 @@ namespace {
 
 constexpr double DEGREES = 1e-12;
 
-// Latitude 50 - 0.001 row, longitude 10 + 0.001 column, and back, where `slope` and `offset` spoil the way
-// back of the column: column = slope * (what it is) + offset.
+// Latitude 50 - 0.001 row, longitude 10 + 0.001 column, and their inverse, whose column is falsified by
+// `slope` and `offset`: column = slope * (true column) + offset.
 MapPolynomParams Linear(double slope, double offset) {
     MapPolynomParams params{};
     params.order = 3;
@@ -194,8 +194,8 @@ TEST(PolynomialMap, RefinesOnAtAnErrorOfExactlyATenth) {
     EXPECT_NEAR(ToWorld(ShiftedByColumns(0.2, 1.0), 0.0, 0.0).Degrees().longitude, -0.15, DEGREES);
 }
 
-// Pixel (0, 0) is off by (-10, 3), and x = lon - 6 lat - 10, y = lat + 3 of the way back make the error of
-// round n (18 n - 10, 3) / 2^n: 10.4, then 4.3, up again to 6.5, and below a tenth in round 11. There lat =
+// Pixel (0, 0) is off by (-10, 3). With the inverse x = lon - 6 lat - 10, y = lat + 3 the error of round n
+// is (18 n - 10, 3) / 2^n: 10.4, then 4.3, up again to 6.5, and below a tenth in round 11. There lat =
 // 3/2048 - 3 and lon = 188/2048 + 10 + 6 lat.
 TEST(PolynomialMap, RefinesOnWhileTheErrorIsNotAboveTheFirst) {
     MapParam map = ShiftedByColumns(-10.0, 1.0);

@@ -75,7 +75,8 @@ TEST(VanDerGrintenMap, TheOriginShiftsThePositions) {
     EXPECT_NEAR(ToWorld(map, pixel.x, pixel.y).Degrees().longitude, 116.0, 1e-9);
 }
 
-// A metre a pixel. The circles are so much larger than their distance here that their squares drown it.
+// One metre per pixel. The squares of the circles' radii are so large here that the distance is lost in
+// their rounding.
 TEST(VanDerGrintenMap, IsPreciseBesideItsTwoLines) {
     constexpr double METRES = 2e-3;  // the height of the parallel itself is a difference of numbers near pi
     const MapParam map = WithReference(Map(MAP_VAN_DER_GRINTEN, MapVdgParams{0.0, 0.0}),
