@@ -1,4 +1,4 @@
-// The datum table for the kernel: look-ups by number, and what is derived from a row at compile time.
+// The datum table for the kernel: look-ups by number, and constants derived from a row at compile time.
 #pragma once
 
 #include <array>
@@ -12,12 +12,12 @@ namespace tessara {
 
 using internal::DATUMS;
 
-// Datum_Row for the kernel's own use, where a call would cost more than the look-up.
+// Datum_Row for use within the kernel, inline because a call would cost more than the look-up.
 [[nodiscard]] inline const DatumRow* RowOf(std::int32_t datum) {
     return datum >= 0 && datum < DATUM_COUNT ? &DATUMS[static_cast<std::size_t>(datum)] : nullptr;
 }
 
-// The steps from a datum to the hub WGS84 and back.
+// The parameters of the steps from a datum to the hub WGS84 and back.
 constexpr HubParams ToHubOf(const DatumRow& row) {
     return {.f = row.f,
             .a = row.a,
@@ -40,7 +40,7 @@ constexpr HubParams FromHubOf(const DatumRow& row) {
             .dz = -row.dz};
 }
 
-// compute(figure) for each datum's ellipsoid and the datum's number.
+// compute(figure) for the ellipsoid of each datum, indexed by the number of the datum.
 template <class Constants>
 consteval std::array<Constants, DATUM_COUNT> ForEachDatum(Constants (*compute)(const EllipsoidFigure&,
                                                                                std::int32_t)) {
@@ -50,8 +50,8 @@ consteval std::array<Constants, DATUM_COUNT> ForEachDatum(Constants (*compute)(c
     return table;
 }
 
-// Datum_Shift between two datums 0..238, in degrees, with the constants of their rows, which are computed at
-// compile time.
+// Datum_Shift between two datums 0..238, in degrees, with the constants of their rows computed at compile
+// time.
 void ShiftBetween(std::int32_t sourceDatum, std::int32_t targetDatum, double latLon[2]);
 
 }  // namespace tessara

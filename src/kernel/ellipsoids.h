@@ -1,5 +1,5 @@
-// What a projection derives from the figures of an ellipsoid alone: computed at compile time, one entry an
-// ellipsoid.
+// Constants that a projection derives from the figures of an ellipsoid alone, computed at compile time with
+// one entry for each ellipsoid.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ using internal::EllipsoidFigure;
 using internal::ELLIPSOIDS;
 using internal::SPHERE;
 
-// compute(figure) for each ellipsoid, by its code; what has no figures stays zero.
+// compute(figure) for each ellipsoid, indexed by its code; entries of codes without figures stay zero.
 template <class Constants>
 consteval std::array<Constants, ELLIPSOIDS.size()> ForEachEllipsoid(
     Constants (*compute)(const EllipsoidFigure&)) {

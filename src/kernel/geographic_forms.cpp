@@ -6,7 +6,7 @@
 namespace tessara {
 namespace {
 
-// The last seconds that are shown as they are; above, they carry into the minutes.
+// Seconds above this value carry into the minutes.
 constexpr double LAST_SECONDS = 59.999;
 
 struct DegreesMinutesSeconds {

@@ -17,7 +17,7 @@ constexpr std::int32_t LAST_DEGREE = 14;
 constexpr double GRID_WEST = -180.0;
 constexpr double GRID_SOUTH = -90.0;
 
-// One axis of a reference, counted from the grid's western or southern edge.
+// One axis of a reference, counted from the western or southern edge of the grid.
 struct Axis {
     std::string_view zoneLetters;
     std::int32_t zone = 0;
@@ -33,7 +33,7 @@ struct Axis {
     [[nodiscard]] bool IsLastZone() const { return !HasIndex(zoneLetters, zone + 1); }
 };
 
-// `degrees` are counted from the axis's edge of the grid.
+// `degrees` count from the edge of the grid on this axis.
 void SetZone(Axis* axis, double degrees) {
     axis->zone = TruncateToInt32(degrees / ZONE_DEGREES);
 }
@@ -51,7 +51,7 @@ void SetMinutes(Axis* axis, double degrees) {
     axis->hundredths = TruncateToInt32((tenths - axis->tenths) * 10.0 + 0.5);
 }
 
-// Rounding to hundredths may fill up the tenth, the minute, the degree and the cell, one after the other.
+// Rounding to hundredths may fill up the tenth, the minute, the degree and the cell in turn.
 void Carry(Axis* axis) {
     if (axis->hundredths > 9) {
         axis->hundredths = 0;

@@ -13,7 +13,7 @@
 namespace tessara {
 namespace {
 
-// What both directions have in common.
+// The constants that both directions share.
 constexpr TmConstants Common(const EllipsoidFigure& figure, std::int32_t datum,
                              const CoefficientMatrix& series) {
     const double a = figure.a;

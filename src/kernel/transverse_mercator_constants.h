@@ -1,4 +1,5 @@
-// The constants of all datums, computed at compile time: a conversion points to them instead of copying them.
+// The constants of all datums, computed at compile time. A conversion refers to them instead of copying
+// them.
 #pragma once
 
 #include <cstdint>
@@ -11,10 +12,10 @@ namespace tessara {
 [[nodiscard]] const TmConstants* TmForwardConstants(std::int32_t datum);
 [[nodiscard]] const TmConstants* TmInverseConstants(std::int32_t datum);
 
-// The northing of a latitude of origin, degrees and metres.
+// The northing in metres of a latitude of origin in degrees.
 [[nodiscard]] double TmOriginNorthing(double degrees, const TmConstants& forward);
 
-// TM_ForwardParam and TM_InverseParam where the northing of the latitude of origin is known, in metres.
+// TM_ForwardParam and TM_InverseParam for a known northing of the latitude of origin, in metres.
 void TmForwardFromOrigin(const double latLon[2], const TmParams& p, double originNorth, double* easting,
                          double* northing, const TmConstants& forward);
 void TmInverseFromOrigin(double easting, double northing, const TmParams& p, double originNorth,

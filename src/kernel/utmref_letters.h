@@ -1,4 +1,4 @@
-// The alphabets of UTMREF and what their letters mean.
+// The alphabets of UTMREF.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace tessara {
 
-// Bands and rows are counted away from the equator, columns eastward.
+// Bands and rows count away from the equator, columns eastward.
 inline constexpr std::string_view UTMREF_NORTH_BANDS = "NPQRSTUVWX";
 inline constexpr std::string_view UTMREF_SOUTH_BANDS = "MLKJHGFEDC";
 inline constexpr std::string_view UTMREF_COLUMNS_BY_ZONE[3] = {"STUVWXYZ", "ABCDEFGH",
@@ -39,12 +39,12 @@ namespace utmref {
     return UTMREF_UsesSchemeAA(static_cast<std::int32_t>(ellipsoid)) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
 }
 
-// How many letters on the rows of a zone begin.
+// The number of letters by which the rows of a zone are shifted.
 [[nodiscard]] constexpr std::int32_t RowShift(std::int32_t zone) {
     return zone % 2 == 0 ? UTMREF_EVEN_ZONE_ROW_SHIFT : 0;
 }
 
-// False for a letter that names no band.
+// Finds the band of a letter. False if the letter names no band.
 [[nodiscard]] constexpr bool FindBand(char letter, UtmrefBand* band) {
     const std::int32_t northIndex = LetterIndex(UTMREF_NORTH_BANDS, letter);
     const std::int32_t southIndex = LetterIndex(UTMREF_SOUTH_BANDS, letter);

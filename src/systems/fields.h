@@ -1,4 +1,4 @@
-// Fields of a record by their place, as the rows of the table of systems name them.
+// Reads and writes the fields of a record by offset, as the rows of the table of systems describe them.
 #pragma once
 
 #include <cstring>
@@ -8,7 +8,7 @@
 
 namespace tessara {
 
-// The value of a field, of the type that its kind names.
+// The value of a field, in the type that its kind names.
 template <class Value>
 [[nodiscard]] Value ValueOf(const tagKOORD& record, RecordField field) {
     Value value;
@@ -21,7 +21,7 @@ void SetValue(tagKOORD* record, RecordField field, Value value) {
     std::memcpy(record->payload + field.offset, &value, sizeof value);
 }
 
-// How many bytes a field of a kind takes.
+// The number of bytes of a field of this kind.
 [[nodiscard]] constexpr std::size_t SizeOf(FieldKind kind) {
     switch (kind) {
         case FieldKind::None:
@@ -45,7 +45,7 @@ inline void CopyField(RecordField field, const tagKOORD& source, tagKOORD* targe
     std::memcpy(target->payload + field.offset, source.payload + field.offset, SizeOf(field.kind));
 }
 
-// A field of digits as a number; 0.0 for letters and for no field.
+// A numeric field as a double; 0.0 for letters and for an empty field.
 [[nodiscard]] inline double NumberOf(const tagKOORD& record, RecordField field) {
     switch (field.kind) {
         case FieldKind::Whole16:

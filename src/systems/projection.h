@@ -1,5 +1,5 @@
-// What a record's datum, type and parameters determine before any position is known, where it takes
-// computing: everything else stands in tables.
+// Values that the datum, type and parameters of a record determine for all its positions, as far as they
+// have to be computed; tables contain all others.
 #pragma once
 
 #include "tessara/kernel/koord.h"
@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-// Only what the type needs is set.
+// Only the members that the type needs are set.
 struct Projection {
     double originNorth;  // TM, metres
     LambertCC cone;      // LAMBERTCC
@@ -16,7 +16,7 @@ struct Projection {
 void PrepareOrigin(const tagKOORD& record, Projection* projection);
 void PrepareCone(const tagKOORD& record, Projection* projection);
 
-// For a record whose datum is 0..238.
+// Takes a record with a datum 0..238.
 inline void PrepareProjection(const tagKOORD& record, Projection* projection) {
     if (record.type == KOORD_TM) PrepareOrigin(record, projection);
     if (record.type == KOORD_LAMBERTCC) PrepareCone(record, projection);

@@ -1,4 +1,4 @@
-// The flag of KoordConvertEx by name.
+// A named type for the flag of KoordConvertEx.
 #pragma once
 
 #include <cstdint>

@@ -11,8 +11,8 @@
 namespace tessara {
 namespace {
 
-// One field of a record that has just been written. A payload is read in pieces longer than its fields, which
-// a processor can't do before they have reached memory.
+// Reads one field of a record that has just been written. Loading the whole payload would use wider loads
+// than the stores, and a processor has to wait for such stores to reach memory.
 template <class Field>
 Field FieldAt(const tagKOORD& record, std::size_t offset) {
     Field field;
@@ -45,7 +45,7 @@ KoordStatus CheckAxis(double value, AxisRange range, RangeStatus status) {
     return KOORD_OK;
 }
 
-// Two tests in a row; the first that fails decides.
+// Two tests in order; the first failure is the result.
 KoordStatus First(KoordStatus first, KoordStatus second) {
     return first != KOORD_OK ? first : second;
 }
@@ -75,12 +75,12 @@ bool IsLetterOrZero(char letter, char one, char other) {
     return letter == 0 || letter == one || letter == other;
 }
 
-// An upper-case letter up to `last`, without I and O.
+// Whether a letter is a capital up to `last`, other than I and O.
 bool IsGeorefLetter(char letter, char last) {
     return letter >= 'A' && letter <= last && letter != 'I' && letter != 'O';
 }
 
-// How many values the minutes of a GEOREF precision take; 0 for a precision that doesn't exist.
+// The number of minute values at a GEOREF precision; 0 for a precision that doesn't exist.
 std::int32_t GeorefMinuteCount(std::int16_t precision) {
     switch (precision) {
         case 3:
@@ -94,7 +94,7 @@ std::int32_t GeorefMinuteCount(std::int16_t precision) {
     }
 }
 
-// Within a 100 km square of the lettered grids.
+// The limits within a 100 km square of the lettered grids.
 constexpr Limits SQUARE_LIMITS{0.0, 99999.99, 0.0, 99999.99};
 
 KoordStatus CheckMetres(double easting, double northing, const Limits& limits, const RangeRow& range) {
@@ -190,8 +190,8 @@ KoordStatus CheckGrid(const tagKOORD& record, const SystemRow& row) {
                        FieldAt<double>(record, offsetof(GridPayload, northing)), row.limits, row.range);
 }
 
-// No letter is rejected here: the conversion itself knows which letters exist and answers
-// KOORD_ERR_GRID_RANGE. KOORD_ERR_GRID_LETTER stays reserved.
+// Letters aren't rejected here: the conversion knows which letters exist and returns KOORD_ERR_GRID_RANGE.
+// KOORD_ERR_GRID_LETTER is reserved.
 KoordStatus CheckLetterGrid(const tagKOORD& record, const SystemRow& row) {
     using P = LetterGridPayload;
     const bool hasLetters =

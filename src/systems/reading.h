@@ -1,6 +1,6 @@
-// How a row of the table of systems names its conversions: Read<UTM_ToGeodetic>, Write<UTM_FromGeodetic>.
-// What a conversion takes besides the position and the payload - nothing, the datum, the constants of one or
-// both directions - follows from its signature.
+// The conversions that a row of the table of systems refers to, as Read<UTM_ToGeodetic> or
+// Write<UTM_FromGeodetic>. The signature of a conversion determines its further arguments: none, the datum,
+// or the constants of one or both directions.
 #pragma once
 
 #include <new>
@@ -17,8 +17,8 @@ namespace tessara {
     return static_cast<std::int32_t>(record.datum);
 }
 
-// The payload as an object in the record itself. A local copy would be written field by field and read back
-// in longer pieces, which a processor can't do before the fields have reached memory.
+// The payload as an object within the record. A local copy would be written field by field and read back by
+// wider loads, for which a processor has to wait until the fields have reached memory.
 template <class Payload>
 [[nodiscard]] Payload* PayloadIn(tagKOORD* record) {
     return ::new (static_cast<void*>(record->payload)) Payload(Load<Payload>(*record));
@@ -103,13 +103,13 @@ KoordStatus Call(void (*fromGeodetic)(const double*, Payload*), const double* po
 
 }  // namespace reading
 
-// A record to latitude, longitude and height on its own datum.
+// Converts a record to latitude, longitude and height on its own datum.
 template <auto toGeodetic>
 KoordStatus Read(const tagKOORD& source, const Projection& /*projection*/, double* position) {
     return reading::Call(toGeodetic, source, position);
 }
 
-// A position on the target's datum to the target's form.
+// Converts a position on the target's datum to the target's form.
 template <auto fromGeodetic>
 KoordStatus Write(const double* position, const Projection& /*projection*/, tagKOORD* target) {
     return reading::Call(fromGeodetic, position, target);
