@@ -41,7 +41,7 @@ foreach(name tessara tessara-kernel)
     COMPONENT development)
 endforeach()
 
-# Documentation goes to a directory for each Debian package, which is a good name elsewhere, too.
+# Documentation goes to a directory named after the Debian package of the component.
 set(TESSARA_LIBRARY_PACKAGE libtessara${PROJECT_VERSION_MAJOR})
 set(TESSARA_DEVELOPMENT_PACKAGE libtessara-dev)
 set(TESSARA_PROGRAM_PACKAGE tessara)
@@ -58,7 +58,7 @@ foreach(component IN LISTS components)
     COMPONENT ${component})
 endforeach()
 install(
-  FILES README.md CHANGELOG.md
+  FILES CHANGELOG.md
   DESTINATION ${doc_root}/${TESSARA_DEVELOPMENT_PACKAGE}
   COMPONENT development)
 install(

@@ -10,7 +10,7 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL library development program)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS library)
 set(CPACK_COMPONENT_PROGRAM_DEPENDS library)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/compress_pages.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_files.cmake)
 
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${TESSARA_MAINTAINER}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -50,8 +50,8 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS librsvg2-bin)
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
     "converter for coordinates between systems and geodetic datums
 The command tessara converts positions, in degrees or as the texts of a
-coordinate system, between 24 systems and 239 geodetic datums. It reads and
-writes lines, CSV, JSON lines and GeoJSON points, checks typed positions, solves
+coordinate system, to 21 systems and 239 geodetic datums. It reads and writes
+lines, CSV, JSON lines and GeoJSON points, checks typed positions, solves
 geodesics, and draws windows of maps as SVG or PNG files.")
 
 include(CPack)

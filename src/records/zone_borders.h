@@ -39,8 +39,8 @@ ZoneLimit MoveToLimit(Compass direction, tagKOORD* record);
 [[nodiscard]] bool IsWellInside(const tagKOORD& record);
 
 // Moves the record at its easting to where its zone is widest: the equator, for the Austrian systems their
-// southern limit. False for a system without zones and for a datum without that limit; the record is then
-// unchanged.
+// southern limit. False for a system without zones, and in UTMREF and the Austrian systems for a datum that
+// doesn't exist; the record is then unchanged.
 bool MoveToEquator(tagKOORD* record);
 
 }  // namespace zones
