@@ -1,4 +1,4 @@
-// Coordinate grids of every system, with any steps over any window of any map, and the extremes and the valid
+// Coordinate grids of every system, with any steps over any window of any map, and the extremes and valid
 // positions of such windows.
 #include <cmath>
 
@@ -34,7 +34,8 @@ IRef<IFloatPoint> DrawPoint(ByteReader& bytes) {
     return point;
 }
 
-// A world of lines takes a minute: twenty million points are allowed. Steps that aren't legal draw nothing.
+// A grid of up to twenty million points takes a minute, so such steps are skipped. Illegal steps draw
+// nothing.
 bool MeansManyLines(GridMaker make, double step) {
     const bool isAngular = make == &Factory::CreateGeodezGrid || make == &Factory::CreateGeodezminGrid ||
                            make == &Factory::CreateGeogradGrid || make == &Factory::CreateGeorefGrid;
@@ -61,7 +62,7 @@ void SearchRect(ByteReader& bytes, const IRef<IMapCoordOperations>& map) {
     transformable->FindValidCoordInRect(map.Get(), rect.Get(), north.Get());
 }
 
-// A walk may be ten million pixels long, which is more than an input has time for.
+// A walk of up to ten million pixels takes longer than an input may.
 bool IsLongWalk(const IRef<IFloatPoint>& a, const IRef<IFloatPoint>& b) {
     const double length = std::hypot(b->GetX() - a->GetX(), b->GetY() - a->GetY());
     return length > 5000.0 && length < 2e7;
@@ -72,7 +73,7 @@ void ClipLine(ByteReader& bytes, const IRef<IMapCoordOperations>& map) {
     const std::int32_t datum = DrawDatum(bytes);
     const auto reference = testing::MakeHostReference(datum, DrawType(bytes));
     const IRef<ITransformableMapPixel> transformable(CreateClassTransformableMapPixel());
-    // The clipped ends may be written to the ends.
+    // The outputs may be the same objects as the ends.
     if (IsLongWalk(a, b)) return;
     transformable->ClipLineToValid(map.Get(), reference.Get(), a.Get(), b.Get(), a.Get(), b.Get());
 }

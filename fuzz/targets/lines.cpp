@@ -1,4 +1,4 @@
-// Lines of any points: densified, crossed with each other, asked for distances and extents.
+// Lines of any points: densified, intersected, with distances and extents.
 #include "fuzz/draw.h"
 #include "support/managed_library.h"
 #include "tessara/coordinate_area.h"
@@ -36,7 +36,7 @@ void Measure(const IRef<ILinePoints>& lines, const IRef<IMapCoordOperations>& ma
              ICoord* b, const IRef<IArray>& line) {
     lines->IsPointOnLine(map.Get(), point, line.Get());
     lines->GetSignedDistance(map.Get(), point, a, b);
-    // The foot point may be written to the point.
+    // The output may be the same object as the point.
     lines->GetFootPoint(map.Get(), point, a, b, point);
 }
 

@@ -1,4 +1,4 @@
-// Both ways between the pixels and the positions of a map, as records and as objects.
+// Conversions between pixels and positions of a map in both directions, as records and as objects.
 #include <cstring>
 
 #include "fuzz/draw.h"

@@ -1,5 +1,5 @@
-// Random sequences of operations: every operation of every interface, on whatever objects the sequence has
-// made so far.
+// Random sequences of operations: every operation of every interface, on objects that the sequence has
+// created.
 #include "fuzz/call.h"
 #include "support/host_projection.h"
 #include "support/managed_library.h"
@@ -420,8 +420,8 @@ constexpr Step* OPERATIONS[] = {
     Do<&ITessaraString::CompareNoCase>,
     Do<&ITessaraString::Clear>,
 
-    // ITransformableMapPixel; the length of the lines that it clips has to be watched, which another target
-    // does
+    // ITransformableMapPixel. Another target calls the operations that clip lines, since the length of the
+    // lines has to be limited.
     Do<&ITransformableMapPixel::FindValidCoordInRect>,
 
     // ITransformableInternal
@@ -441,7 +441,7 @@ constexpr Step* OPERATIONS[] = {
     Do<&IZoneCoordOperations::GetWestNeighbourAtEquator>,
 };
 
-// What a host brings along.
+// Adds the objects that a host provides.
 void AddHostObjects(Stage& stage) {
     ByteReader& bytes = stage.Bytes();
     const PixelRect sides = bytes.Raw<PixelRect>();
@@ -465,7 +465,7 @@ void AddPositions(Stage& stage) {
     stage.Add(IRef<IUnknown>(CreateClassArray()));
 }
 
-// Sees to it that an operation finds an object to be called on.
+// Makes sure that every operation finds an object of its class.
 void AddOneOfEachClass(Stage& stage) {
     for (Step* const create : CREATIONS)
         create(stage);

@@ -1,4 +1,4 @@
-// Polygons of any vertices: what lies inside, how two lie to each other, how one is taken apart.
+// Polygons of any vertices: points inside, overlays, splitting.
 #include "fuzz/draw.h"
 #include "support/managed_library.h"
 #include "tessara/coordinate_area.h"
@@ -6,7 +6,7 @@
 namespace tessara::fuzz {
 namespace {
 
-// Enough for every kind of crossing, few enough for the time that an input has.
+// Enough for every kind of intersection, and few enough for the time limit of an input.
 constexpr std::uint32_t MOST_VERTICES = 12;
 
 struct Parts {

@@ -1,5 +1,5 @@
-// A record of any bytes into a record of any system: a status that the contract knows, the same one again,
-// and nothing written where nothing is to be.
+// Converts a record of any bytes into any system. The status is one of the contract and the same in a second
+// call, and nothing is written where nothing should be.
 #include <cstring>
 
 #include "fuzz/draw.h"
@@ -29,7 +29,7 @@ void Convert(const tagKOORD& source, const tagKOORD& wanted, std::int32_t checkR
     Require(first.datum == wanted.datum && first.type == wanted.type);
     CheckRange(first);
 
-    // The target may be the source.
+    // Source and target may be the same record.
     tagKOORD both = source;
     KoordConvertEx(&both, &both, checkRange);
 }
