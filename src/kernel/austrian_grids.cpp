@@ -1,7 +1,6 @@
 #include "tessara/kernel/austrian_grids.h"
 
-#include <cmath>
-
+#include "kernel/austrian_constants.h"
 #include "kernel/numeric.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
@@ -9,23 +8,7 @@
 namespace tessara {
 namespace {
 
-constexpr double FERRO = 17.666666666666;  // degrees by which Ferro lies west of Greenwich
-
-// The federal grid, on which the other two are defined.
-constexpr double FALSE_EASTINGS[3] = {BMN_FIRST_CENTRE, BMN_FIRST_CENTRE + AUSTRIAN_CENTRE_STEP,
-                                      BMN_FIRST_CENTRE + 2.0 * AUSTRIAN_CENTRE_STEP};
-constexpr double FALSE_NORTHING = -5.0e6;
-
-// What a grid adds to the values of the federal grid, metres.
-struct AustrianGrid {
-    double eastShifts[3];
-    double northShift;
-};
-
-constexpr AustrianGrid BMN{{0.0, 0.0, 0.0}, 0.0};
-constexpr double OEM_SHIFT = OEM_FIRST_CENTRE - BMN_FIRST_CENTRE;
-constexpr AustrianGrid OEM{{OEM_SHIFT, OEM_SHIFT, OEM_SHIFT}, 5.0e6};
-constexpr AustrianGrid GKAT{{-FALSE_EASTINGS[0], -FALSE_EASTINGS[1], -FALSE_EASTINGS[2]}, 5.0e6};
+using namespace austria;
 
 // Which of the three meridians it is, or -1.
 int MeridianIndex(std::int32_t meridian) {
@@ -70,9 +53,7 @@ KoordStatus ToGeodetic(const AustrianGrid& grid, const BmnPayload* payload, doub
 }  // namespace
 
 std::int32_t BMN_NaturalMeridian(double lon) {
-    const double east = lon + FERRO;
-    if (east < 29.5) return AUSTRIAN_MERIDIANS[0];
-    return AUSTRIAN_MERIDIANS[east < 32.5 ? 1 : 2];
+    return AUSTRIAN_MERIDIANS[NaturalIndex(lon + FERRO)];
 }
 
 KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward) {

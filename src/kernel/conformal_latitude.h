@@ -5,8 +5,6 @@
 
 #include <array>
 #include <cmath>
-#include <cstddef>
-#include <iterator>
 #include <limits>
 
 #include "kernel/ellipsoids.h"
@@ -112,19 +110,25 @@ struct ConformalAngle {
     SinCos direction;
 };
 
-// The conformal latitude chi of a latitude phi with its direction. Not a number beyond the poles, where the
-// tangent would be that of another latitude. The step is at most 0.0034, for which two or three terms of sine
-// and cosine are exact.
-[[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, SinCos direction,
-                                                         const LatitudeSeries& conformal) {
-    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+// The conformal latitude chi of a latitude phi up to the poles, with its direction. The step is at most
+// 0.0034, for which two or three terms of sine and cosine are exact.
+[[nodiscard]] constexpr ConformalAngle ConformalLatitudeWithinPoles(double phi, SinCos direction,
+                                                                    const LatitudeSeries& conformal) {
     if (direction.cosine < 0.0) direction.cosine = -direction.cosine;  // by a rounding, or beyond the pole
-    if (!(phi >= -HALF_PI && phi <= HALF_PI)) direction.cosine = none;
     const double step = LatitudeStep(conformal, Doubled(direction));
     const double y = step * step;
     const SinCos turn{step * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
                       1.0 - y * (1.0 / 2.0 - y * (1.0 / 24.0))};
     return {phi + step, Sum(direction, turn)};
+}
+
+// The same for any latitude. Not a number beyond the poles, where the tangent would be that of another
+// latitude.
+[[nodiscard]] constexpr ConformalAngle ConformalLatitude(double phi, SinCos direction,
+                                                         const LatitudeSeries& conformal) {
+    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+    if (!(phi >= -HALF_PI && phi <= HALF_PI)) direction.cosine = none;
+    return ConformalLatitudeWithinPoles(phi, direction, conformal);
 }
 
 // The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a
@@ -146,11 +150,17 @@ struct ConformalAngle {
     const double first = start * (factor - curvature * start);
     const double second = first * (factor - curvature * first);
     const double third = second * factor;
-    const double rests[] = {start, first, second, third, second * square, third * square};
-    std::size_t count = 1;
-    for (std::size_t i = 1; i + 1 < std::size(rests); ++i)
-        count += std::fabs(rests[i - 1] - rests[i]) > tolerance ? 1 : 0;
-    return rests[count];
+    const double fourth = second * square;
+    const double fifth = third * square;
+    const auto isTooLong = [tolerance](double from, double to) {
+        return std::fabs(from - to) > tolerance ? 1.0 : 0.0;
+    };
+    const double count = isTooLong(start, first) + isTooLong(first, second) + isTooLong(second, third) +
+                         isTooLong(third, fourth);
+    double rest = count > 0.0 ? second : first;
+    rest = count > 1.0 ? third : rest;
+    rest = count > 2.0 ? fourth : rest;
+    return count > 3.0 ? fifth : rest;
 }
 
 }  // namespace tessara

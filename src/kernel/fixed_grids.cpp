@@ -1,29 +1,14 @@
 #include "tessara/kernel/fixed_grids.h"
 
 #include "kernel/datum_rows.h"
+#include "kernel/grid_constants.h"
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
-#include "kernel/transverse_mercator_series.h"
-#include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
 
-struct FixedGrid {
-    TmParams projection;
-    OriginNorthings originNorthings;
-    Limits limits;
-};
-
-constexpr double PO_MILITARY_LATITUDE = 39.6682583333;
-constexpr double LUREF_LATITUDE = 49.8333333333;
-
-constexpr FixedGrid PO_MILITARY{{-8.1331086111, PO_MILITARY_LATITUDE, 200000.0, 300000.0, 1.0},
-                                ComputeOriginNorthings(PO_MILITARY_LATITUDE),
-                                PO_MILITARY_LIMITS};
-constexpr FixedGrid LUREF{{6.16666666667, LUREF_LATITUDE, 80000.0, 100000.0, 1.0},
-                          ComputeOriginNorthings(LUREF_LATITUDE),
-                          LUREF_LIMITS};
+using namespace grids;
 
 KoordStatus FromGeodetic(const FixedGrid& grid, const double latLon[2], GridPayload* payload,
                          const TmConstants* forward) {

@@ -4,44 +4,25 @@
 #include <string_view>
 
 #include "kernel/datum_rows.h"
+#include "kernel/grid_constants.h"
+#include "kernel/lettered_references.h"
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
-#include "kernel/transverse_mercator_series.h"
 #include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
 
 struct LetteredGrid {
-    TmParams projection;
-    OriginNorthings originNorthings;
-    Limits limits;               // the lower ones are 0
+    grids::FixedGrid grid;       // the lower limits are 0
     Alphabet squares;            // letters of the 500 km squares, row by row from the south-west
     std::int32_t squareColumns;  // how many make a row
     bool roundsFullValues;       // full values without letters count as whole metres
 };
 
-constexpr double BRITISH_LATITUDE = 49.0;
-constexpr double IRISH_LATITUDE = 53.5;
-
-constexpr LetteredGrid BRITISH = {
-    .projection = {-2.0, BRITISH_LATITUDE, 400000.0, -100000.0, 0.9996012717},
-    .originNorthings = ComputeOriginNorthings(BRITISH_LATITUDE),
-    .limits = BNG_LIMITS,
-    .squares = "STNOHJ",
-    .squareColumns = 2,
-    .roundsFullValues = false,
-};
-
-constexpr LetteredGrid IRISH = {
-    .projection = {-8.0, IRISH_LATITUDE, 200000.0, 250000.0, 1.000035},
-    .originNorthings = ComputeOriginNorthings(IRISH_LATITUDE),
-    .limits = ING_LIMITS,
-    .squares = "I",
-    .squareColumns = 1,
-    .roundsFullValues = true,
-};
+constexpr LetteredGrid BRITISH{grids::BRITISH, "STNOHJ", 2, false};
+constexpr LetteredGrid IRISH{grids::IRISH, "I", 1, true};
 
 // Letters of the 100 km squares within a 500 km square, row by row from the south-west.
 constexpr Alphabet SUB_SQUARES = "VWXYZQRSTULMNOPFGHJKABCDE";
@@ -59,9 +40,29 @@ double PreferFullValue(double address, double full) {
     return std::fabs(address - full) < 1.0 ? full : address;
 }
 
+// The letters of grid values within the limits, and the metres within the square.
+template <const LetteredGrid& lettered>
+void WriteReference(double easting, double northing, LetterGridPayload* payload) {
+    const Limits& limits = lettered.grid.limits;
+    // Squares begin at whole metres.
+    const std::int32_t east = TruncateToInt32(WithinLastSquare(easting, limits.east));
+    const std::int32_t north = TruncateToInt32(WithinLastSquare(northing, limits.north));
+    const std::int32_t square = lettered.squareColumns * (north / SQUARE) + east / SQUARE;
+    const std::int32_t column = east / SUB_SQUARE % SUB_SQUARE_COLUMNS;
+    const std::int32_t row = north / SUB_SQUARE % SUB_SQUARE_COLUMNS;
+
+    payload->square = lettered.squares.LetterAt(square);
+    payload->subSquare = SUB_SQUARES.LetterAt(SUB_SQUARE_COLUMNS * row + column);
+    payload->easting = east % SUB_SQUARE;
+    payload->northing = north % SUB_SQUARE;
+    payload->fullEasting = easting;
+    payload->fullNorthing = northing;
+}
+
 // The grid is a constant of each of the two conversions: its numbers are in the code.
-template <const LetteredGrid& grid>
+template <const LetteredGrid& lettered>
 KoordStatus FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
+    constexpr const grids::FixedGrid& grid = lettered.grid;
     const DatumRow* datum = RowOf(forward->datum);
     if (!datum) return KOORD_ERR_DATUM;
     double easting, northing;
@@ -73,54 +74,44 @@ KoordStatus FromGeodetic(const double latLon[2], LetterGridPayload* payload, con
     if (!IsWithin(easting, limits.west, limits.east) || !IsWithin(northing, limits.south, limits.north)) {
         return KOORD_ERR_GRID_RANGE;
     }
-
-    // Squares begin at whole metres.
-    const std::int32_t east = TruncateToInt32(WithinLastSquare(easting, limits.east));
-    const std::int32_t north = TruncateToInt32(WithinLastSquare(northing, limits.north));
-    const std::int32_t square = grid.squareColumns * (north / SQUARE) + east / SQUARE;
-    const std::int32_t column = east / SUB_SQUARE % SUB_SQUARE_COLUMNS;
-    const std::int32_t row = north / SUB_SQUARE % SUB_SQUARE_COLUMNS;
-
-    payload->square = grid.squares.LetterAt(square);
-    payload->subSquare = SUB_SQUARES.LetterAt(SUB_SQUARE_COLUMNS * row + column);
-    payload->easting = east % SUB_SQUARE;
-    payload->northing = north % SUB_SQUARE;
-    payload->fullEasting = easting;
-    payload->fullNorthing = northing;
+    WriteReference<lettered>(easting, northing, payload);
     return KOORD_OK;
 }
 
-struct GridValues {
-    double easting, northing;
-};
-
 // The grid values that a payload's letters and metres stand for; false for letters that aren't the grid's.
-template <const LetteredGrid& grid>
+template <const LetteredGrid& lettered>
 bool ResolveLetters(const LetterGridPayload& payload, GridValues* values) {
-    const std::int32_t square = grid.squares.IndexOf(UpperCase(payload.square));
+    const std::int32_t square = lettered.squares.IndexOf(UpperCase(payload.square));
     const std::int32_t subSquare = SUB_SQUARES.IndexOf(UpperCase(payload.subSquare));
     if (square == NO_LETTER || subSquare == NO_LETTER) return false;
 
-    const double easting =
-        square % grid.squareColumns * SQUARE + payload.easting + subSquare % SUB_SQUARE_COLUMNS * SUB_SQUARE;
-    const double northing =
-        square / grid.squareColumns * SQUARE + payload.northing + subSquare / SUB_SQUARE_COLUMNS * SUB_SQUARE;
+    const double easting = square % lettered.squareColumns * SQUARE + payload.easting +
+                           subSquare % SUB_SQUARE_COLUMNS * SUB_SQUARE;
+    const double northing = square / lettered.squareColumns * SQUARE + payload.northing +
+                            subSquare / SUB_SQUARE_COLUMNS * SUB_SQUARE;
     values->easting = PreferFullValue(easting, payload.fullEasting);
     values->northing = PreferFullValue(northing, payload.fullNorthing);
     return true;
 }
 
-template <const LetteredGrid& grid>
+template <const LetteredGrid& lettered>
 GridValues FullValues(const LetterGridPayload& payload) {
-    if (!grid.roundsFullValues) return {payload.fullEasting, payload.fullNorthing};
+    if (!lettered.roundsFullValues) return {payload.fullEasting, payload.fullNorthing};
     return {std::trunc(payload.fullEasting + 0.5), std::trunc(payload.fullNorthing + 0.5)};
 }
 
-template <const LetteredGrid& grid>
+template <const LetteredGrid& lettered>
+bool ReadReference(const LetterGridPayload& payload, GridValues* values) {
+    *values = FullValues<lettered>(payload);
+    const bool hasLetters = payload.square != '\0' && payload.subSquare != '\0';
+    return !hasLetters || ResolveLetters<lettered>(payload, values);
+}
+
+template <const LetteredGrid& lettered>
 KoordStatus ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants* inverse) {
-    GridValues values = FullValues<grid>(*payload);
-    const bool hasLetters = payload->square != '\0' && payload->subSquare != '\0';
-    if (hasLetters && !ResolveLetters<grid>(*payload, &values)) return KOORD_ERR_GRID_RANGE;
+    constexpr const grids::FixedGrid& grid = lettered.grid;
+    GridValues values;
+    if (!ReadReference<lettered>(*payload, &values)) return KOORD_ERR_GRID_RANGE;
     const DatumRow* datum = RowOf(inverse->datum);
     if (!datum) return KOORD_ERR_DATUM;
     TmInverseFromOrigin(values.easting, values.northing, grid.projection,
@@ -129,6 +120,22 @@ KoordStatus ToGeodetic(const LetterGridPayload* payload, double latLon[2], const
 }
 
 }  // namespace
+
+void BngWriteReference(const GridValues& values, LetterGridPayload* payload) {
+    WriteReference<BRITISH>(values.easting, values.northing, payload);
+}
+
+void IngWriteReference(const GridValues& values, LetterGridPayload* payload) {
+    WriteReference<IRISH>(values.easting, values.northing, payload);
+}
+
+bool BngReadReference(const LetterGridPayload& payload, GridValues* values) {
+    return ReadReference<BRITISH>(payload, values);
+}
+
+bool IngReadReference(const LetterGridPayload& payload, GridValues* values) {
+    return ReadReference<IRISH>(payload, values);
+}
 
 KoordStatus BNG_FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
     return FromGeodetic<BRITISH>(latLon, payload, forward);

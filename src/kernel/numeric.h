@@ -13,11 +13,27 @@ namespace tessara {
 static_assert(std::numeric_limits<double>::is_iec559);
 static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds every step to double");
 
+// Whether all conditions hold, each of them looked at: loops have no branches.
+template <class... Conditions>
+[[nodiscard]] constexpr bool AllOf(Conditions... conditions) {
+    return static_cast<bool>((conditions & ...));
+}
+
 // Cut toward zero. A NaN or a value outside the range gives the smallest integer.
 [[nodiscard]] inline std::int32_t TruncateToInt32(double value) {
     constexpr double below = -2147483649.0;
     constexpr double above = 2147483648.0;
     return value > below && value < above ? static_cast<std::int32_t>(value) : INT32_MIN;
+}
+
+// Cut toward zero without a branch or an integer, for loops and values below 2^51. The sum with a number
+// whose last digit is 1 rounds to a whole one.
+[[nodiscard]] inline double WholePart(double value) {
+    constexpr double lastDigitIsOne = 4503599627370496.0;
+    const double magnitude = std::fabs(value);
+    const double rounded = (magnitude + lastDigitIsOne) - lastDigitIsOne;
+    const double whole = rounded - (rounded > magnitude ? 1.0 : 0.0);
+    return value < 0.0 ? -whole : whole;
 }
 
 // TruncateToInt32, then the low 16 bits.
@@ -36,10 +52,15 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
 }
 
 // SnapTo for the two ends of a range.
-[[nodiscard]] inline double SnapToEither(double low, double high, double value, double tolerance) {
-    // Nearly all values lie well inside, and needn't wait for the two distances.
-    if (value - low > tolerance && high - value > tolerance) return value;
+[[nodiscard]] inline double SnappedToEither(double low, double high, double value, double tolerance) {
     return SnapTo(low, SnapTo(high, value, tolerance), tolerance);
+}
+
+// The same, where most values lie well inside.
+[[nodiscard]] inline double SnapToEither(double low, double high, double value, double tolerance) {
+    // They needn't wait for the two distances.
+    if (value - low > tolerance && high - value > tolerance) return value;
+    return SnappedToEither(low, high, value, tolerance);
 }
 
 // False for a NaN, as both comparisons are then.

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "kernel/numeric.h"
+
 namespace tessara {
 
 // Where only the direction counts, both may be times the same positive factor.
@@ -32,15 +34,22 @@ struct SinCos {
                       y * (1.0 / 24.0 + y * (1.0 / 720.0 + y * (1.0 / 40320.0 + y * (1.0 / 3628800.0)))));
 }
 
+// For a small angle or argument, without a test.
+[[nodiscard]] inline SinCos SinCosBySeries(double angle) {
+    const double y = angle * angle;
+    return {angle * SineTerms(-y), CosineTerms(-y)};
+}
+[[nodiscard]] inline double SinhBySeries(double x) {
+    return x * SineTerms(x * x);
+}
+
 // The same as SinCosOf for any angle, and fast for a small one.
 [[nodiscard]] inline SinCos SinCosOfSmall(double angle) {
-    const double y = angle * angle;
-    if (!IsSmall(y)) return SinCosOf(angle);
-    return {angle * SineTerms(-y), CosineTerms(-y)};
+    return IsSmall(angle * angle) ? SinCosBySeries(angle) : SinCosOf(angle);
 }
 
 [[nodiscard]] inline double SinhOfSmall(double x) {
-    return IsSmall(x * x) ? x * SineTerms(x * x) : std::sinh(x);
+    return IsSmall(x * x) ? SinhBySeries(x) : std::sinh(x);
 }
 
 // The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
@@ -51,12 +60,19 @@ struct SinCos {
     return even + y * odd;
 }
 
+[[nodiscard]] inline double AtanBySeries(double x) {
+    return x * ArcTerms(-(x * x));
+}
+[[nodiscard]] inline double AtanhBySeries(double x) {
+    return x * ArcTerms(x * x);
+}
+
 [[nodiscard]] inline double AtanOfSmall(double x) {
-    return IsSmall(x * x) ? x * ArcTerms(-(x * x)) : std::atan(x);
+    return IsSmall(x * x) ? AtanBySeries(x) : std::atan(x);
 }
 
 [[nodiscard]] inline double AtanhOfSmall(double x) {
-    return IsSmall(x * x) ? x * ArcTerms(x * x) : std::atanh(x);
+    return IsSmall(x * x) ? AtanhBySeries(x) : std::atanh(x);
 }
 
 // Twice the angle of a tangent from 0 up to infinity.
@@ -88,13 +104,18 @@ struct SinCos {
     return (c[0] + c[1] * y + y2 * (c[2] + c[3] * y)) + y2 * y2 * (c[4] + c[5] * y + y2 * (c[6] + c[7] * y));
 }
 
+// Whether DoublingBySeries is good for an angle: with a margin, one of up to so many right angles.
+template <int RIGHT_ANGLES>
+[[nodiscard]] constexpr bool IsInReachOfDoubling(double angle) {
+    constexpr double limit = 1.575 * RIGHT_ANGLES;
+    return AllOf(angle > -limit, angle < limit);
+}
+
 // The direction of an angle of up to one or two right angles without a call: that of a half or a quarter by
 // the power series, doubled. Sine and cosine are right to 3e-16 or 1e-15, which of a small one is not every
 // digit. The compiler finds the same bits as the processor.
 template <int RIGHT_ANGLES>
-[[nodiscard]] constexpr SinCos SinCosByDoubling(double angle) {
-    constexpr double limit = 1.575 * RIGHT_ANGLES;
-    if (!(angle > -limit && angle < limit)) return SinCosOf(angle);
+[[nodiscard]] constexpr SinCos DoublingBySeries(double angle) {
     // 1 / (2k + 3)! and 1 / (2k + 2)! with alternating signs.
     constexpr double sines[] = {1.0 / 6.0,          -1.0 / 120.0,         1.0 / 5040.0,
                                 -1.0 / 362880.0,    1.0 / 39916800.0,     -1.0 / 6227020800.0,
@@ -107,6 +128,12 @@ template <int RIGHT_ANGLES>
     const SinCos part{x - x * y * EightTerms(sines, y), 1.0 - y * EightTerms(cosines, y)};
     static_assert(RIGHT_ANGLES == 1 || RIGHT_ANGLES == 2);
     return RIGHT_ANGLES == 1 ? Doubled(part) : Doubled(Doubled(part));
+}
+
+// The same for any angle.
+template <int RIGHT_ANGLES>
+[[nodiscard]] constexpr SinCos SinCosByDoubling(double angle) {
+    return IsInReachOfDoubling<RIGHT_ANGLES>(angle) ? DoublingBySeries<RIGHT_ANGLES>(angle) : SinCosOf(angle);
 }
 
 }  // namespace tessara

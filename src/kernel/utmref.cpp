@@ -10,6 +10,8 @@
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/utmref_letters.h"
+#include "kernel/utmref_squares.h"
+#include "kernel/zone_formulas.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/limits.h"
@@ -25,7 +27,6 @@ constexpr std::int32_t LAST_BAND = 9;
 // zone's edge with a margin.
 constexpr double SMALLEST_SCALE = 0.9996;
 constexpr double LARGEST_SCALE = 1.00037;
-constexpr double SNAP_DEGREES = 1e-5;  // a metre, the unit of a reference
 
 std::int32_t BandIndex(double latitude) {
     const double bands = std::fabs(latitude / UTMREF_BAND_DEGREES);
@@ -124,6 +125,42 @@ bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
     }
 }
 
+// The band is that of the rounded position.
+KoordStatus UtmrefFromUtm(const UtmPayload& utm, double latitude, std::uint32_t ellipsoid,
+                          UtmrefPayload* payload) {
+    const std::string_view columns = utmref::ColumnLetters(utm.zone);
+    const std::int32_t column = SquareNumber(utm.easting) - 1;
+    const std::int32_t row = SquareNumber(utm.northing);
+    if (!HasIndex(columns, column) || row < 0) return KOORD_ERR_GENERAL;
+
+    const std::string_view bands = utm.hemisphere == 'S' ? UTMREF_SOUTH_BANDS : UTMREF_NORTH_BANDS;
+    payload->zone = utm.zone;
+    payload->band = LetterAt(bands, BandIndex(latitude));
+    payload->column = LetterAt(columns, column);
+    payload->row =
+        LetterAt(utmref::RowLetters(ellipsoid), (row + utmref::RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
+    payload->easting = TruncateToInt32(utm.easting) % WHOLE_SQUARE;
+    payload->northing = TruncateToInt32(utm.northing) % WHOLE_SQUARE;
+    return KOORD_OK;
+}
+
+KoordStatus UtmrefToUtm(const UtmrefPayload& reference, std::uint32_t ellipsoid, UtmPayload* utm) {
+    UtmrefBand band;
+    if (!utmref::FindBand(reference.band, &band)) return KOORD_ERR_GENERAL;
+    const std::int32_t row = FindRow(reference.row, utmref::RowLetters(ellipsoid), reference.zone, band,
+                                     EDGE_DISTANCES[ellipsoid]);
+    const std::int32_t column = LetterIndex(utmref::ColumnLetters(reference.zone), reference.column);
+    if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
+
+    const double southernEdge =
+        band.south ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * SQUARE_METRES : row * SQUARE_METRES;
+    utm->hemisphere = band.south ? 'S' : 'N';
+    utm->zone = reference.zone;
+    utm->easting = (column + 1) * SQUARE_METRES + reference.easting;
+    utm->northing = southernEdge + reference.northing;
+    return KOORD_OK;
+}
+
 KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, const TmConstants* forward) {
     const DatumRow* datum = RowOf(forward->datum);
     if (datum == nullptr) return KOORD_ERR_DATUM;
@@ -134,50 +171,23 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     if (status != KOORD_OK) return status;
     RoundToMetres(&utm);
 
-    // The band is that of the rounded position.
     double rounded[2];
     status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
     if (status != KOORD_OK) return status;
-
-    const std::string_view columns = utmref::ColumnLetters(utm.zone);
-    const std::int32_t column = SquareNumber(utm.easting) - 1;
-    const std::int32_t row = SquareNumber(utm.northing);
-    if (!HasIndex(columns, column) || row < 0) return KOORD_ERR_GENERAL;
-
-    const std::string_view bands = utm.hemisphere == 'S' ? UTMREF_SOUTH_BANDS : UTMREF_NORTH_BANDS;
-    payload->zone = utm.zone;
-    payload->band = LetterAt(bands, BandIndex(rounded[0]));
-    payload->column = LetterAt(columns, column);
-    payload->row =
-        LetterAt(utmref::RowLetters(datum->ellipsoid), (row + utmref::RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
-    payload->easting = TruncateToInt32(utm.easting) % WHOLE_SQUARE;
-    payload->northing = TruncateToInt32(utm.northing) % WHOLE_SQUARE;
-    return KOORD_OK;
+    return UtmrefFromUtm(utm, rounded[0], datum->ellipsoid, payload);
 }
 
 KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], const TmConstants* inverse) {
     const DatumRow* datum = RowOf(inverse->datum);
     if (datum == nullptr) return KOORD_ERR_GENERAL;
-    UtmrefBand band;
-    if (!utmref::FindBand(payload->band, &band)) return KOORD_ERR_GENERAL;
-    const std::int32_t row = FindRow(payload->row, utmref::RowLetters(datum->ellipsoid), payload->zone, band,
-                                     EDGE_DISTANCES[datum->ellipsoid]);
-    const std::int32_t column = LetterIndex(utmref::ColumnLetters(payload->zone), payload->column);
-    if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
-
-    const double southernEdge =
-        band.south ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * SQUARE_METRES : row * SQUARE_METRES;
     UtmPayload utm{};
-    utm.hemisphere = band.south ? 'S' : 'N';
-    utm.wantedZone = payload->wantedZone;
-    utm.zone = payload->zone;
-    utm.easting = (column + 1) * SQUARE_METRES + payload->easting;
-    utm.northing = southernEdge + payload->northing;
-    const KoordStatus status = UTM_ToGeodetic(&utm, latLon, inverse);
+    KoordStatus status = UtmrefToUtm(*payload, datum->ellipsoid, &utm);
+    if (status != KOORD_OK) return status;
+    status = UTM_ToGeodetic(&utm, latLon, inverse);
     if (status != KOORD_OK) return status;
 
-    latLon[0] = SnapToEither(UTM_LIMITS.south, UTM_LIMITS.north, latLon[0], SNAP_DEGREES);
-    latLon[1] = SnapToEither(UTM_LIMITS.west, UTM_LIMITS.east, latLon[1], SNAP_DEGREES);
+    latLon[0] = SnapToEither(UTM_LIMITS.south, UTM_LIMITS.north, latLon[0], zones::UTMREF_SNAP_DEGREES);
+    latLon[1] = SnapToEither(UTM_LIMITS.west, UTM_LIMITS.east, latLon[1], zones::UTMREF_SNAP_DEGREES);
     return KOORD_OK;
 }
 

@@ -4,36 +4,18 @@
 #include <cstdlib>
 
 #include "kernel/numeric.h"
+#include "kernel/zone_formulas.h"
 #include "tessara/kernel/constants.h"
-#include "tessara/kernel/limits.h"
 
 namespace tessara {
 namespace {
 
-constexpr double UTM_SCALE = 0.9996;
+using namespace zones;
 
-constexpr double STRIP_EASTING_END = 999999.999999;
-constexpr double STRIP_SCALE = 1.0;
+using NaturalMeridian = std::int32_t (*)(double lon);
 
-// What distinguishes the strip systems.
-struct StripSystem {
-    std::int32_t width;      // degrees from one meridian to the next
-    std::int32_t offset;     // strip n has the meridian n * width - offset, strip -n its negative
-    std::int32_t kkjOrigin;  // degrees; on the datum KKJ strips count from here
-    std::int32_t (*naturalMeridian)(double lon);
-    Limits limits;
-};
-
-constexpr StripSystem GK{3, 0, 18, GK_NaturalMeridian, GK_LIMITS};
-constexpr StripSystem GK6{6, 3, 0, GK6_NaturalMeridian, GK6_LIMITS};
-
-// The 6 degree meridian of a longitude, counted from Greenwich eastward for side 1 and westward for -1.
-double SixDegreeMeridian(double lon, double side) {
-    return std::trunc((lon + side * 6.0) / 6.0) * 6.0 - side * 3.0;
-}
-
-bool IsStripMeridian(const StripSystem& system, std::int32_t meridian) {
-    return (meridian + system.offset) % system.width == 0 && std::abs(meridian) < 181;
+double Truncate(double value) {
+    return std::trunc(value);
 }
 
 // Whether two meridians lie 13 degrees or more from each other, across the date line too.
@@ -41,10 +23,6 @@ bool AreDistant(std::int32_t meridian, std::int32_t natural) {
     if (meridian > 90 && natural < -90) natural += 360;
     if (meridian < -90 && natural > 90) natural -= 360;
     return std::abs(meridian - natural) >= 13;
-}
-
-std::int32_t StripOrigin(const StripSystem& system, std::int32_t datum) {
-    return datum == DATUM_KKJ ? system.kkjOrigin : 0;
 }
 
 // The meridian as it is numbered: from the system's origin on this datum.
@@ -60,11 +38,11 @@ double WithStrip(const StripSystem& system, std::int32_t meridian, double eastin
     return strip * STRIP_MILLION + side * easting;
 }
 
-KoordStatus FromGeodetic(const StripSystem& system, const double latLon[2], GkPayload* payload,
-                         const TmConstants* forward) {
+KoordStatus FromGeodetic(const StripSystem& system, NaturalMeridian naturalMeridian, const double latLon[2],
+                         GkPayload* payload, const TmConstants* forward) {
     payload->easting = 0.0;
     payload->northing = 0.0;
-    const std::int32_t natural = system.naturalMeridian(latLon[1]);
+    const std::int32_t natural = naturalMeridian(latLon[1]);
     if (natural == UNKNOWN_ZONE) return KOORD_ERR_GK_EAST;
     const std::int32_t wanted = payload->wantedMeridian;
     const std::int32_t meridian = IsStripMeridian(system, wanted) ? wanted : natural;
@@ -107,16 +85,15 @@ KoordStatus ToGeodetic(const StripSystem& system, const GkPayload* payload, doub
 }  // namespace
 
 std::int32_t UTM_NaturalMeridian(double lon) {
-    return TruncateToInt32(SixDegreeMeridian(lon, lon > 0.0 ? 1.0 : -1.0));
+    return TruncateToInt32(UtmMeridianOf(lon, Truncate));
 }
 
 std::int32_t GK6_NaturalMeridian(double lon) {
-    return TruncateToInt32(WrapTurns(SixDegreeMeridian(lon, lon >= 0.0 ? 1.0 : -1.0), 360.0));
+    return TruncateToInt32(WrapTurns(Gk6MeridianOf(lon, Truncate), 360.0));
 }
 
 std::int32_t GK_NaturalMeridian(double lon) {
-    const double half = lon >= 0.0 ? 1.5 : -1.5;
-    return TruncateToInt32(WrapTurns(std::trunc((lon + half) / 3.0) * 3.0, 360.0));
+    return TruncateToInt32(WrapTurns(GkMeridianOf(lon, Truncate), 360.0));
 }
 
 KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const TmConstants* forward) {
@@ -138,9 +115,9 @@ KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const 
     const double dLon = (latLon[1] - static_cast<double>(meridian)) * RADIANS_PER_DEGREE;
     TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, UTM_SCALE, ZONE_FALSE_EASTING, 0.0, &payload->easting,
                &payload->northing, forward);
-    if (latLon[0] == 0.0 && payload->northing < 0.0) payload->northing = 0.0;
-    payload->hemisphere = payload->northing < 0.0 ? 'S' : 'N';
-    if (payload->northing < 0.0) payload->northing += UTM_SOUTHERN_FALSE_NORTHING;
+    const double north = NorthOfEquator(latLon[0], payload->northing);
+    payload->hemisphere = north < 0.0 ? 'S' : 'N';
+    payload->northing = UtmNorthing(north);
     return isDistant ? KOORD_ERR_ZONE_DISTANT : KOORD_OK;
 }
 
@@ -157,7 +134,7 @@ KoordStatus UTM_ToGeodetic(const UtmPayload* payload, double latLon[2], const Tm
 }
 
 KoordStatus GK_FromGeodetic(const double latLon[2], GkPayload* payload, const TmConstants* forward) {
-    return FromGeodetic(GK, latLon, payload, forward);
+    return FromGeodetic(GK, GK_NaturalMeridian, latLon, payload, forward);
 }
 
 KoordStatus GK_ToGeodetic(const GkPayload* payload, double latLon[2], const TmConstants* inverse) {
@@ -165,7 +142,7 @@ KoordStatus GK_ToGeodetic(const GkPayload* payload, double latLon[2], const TmCo
 }
 
 KoordStatus GK6_FromGeodetic(const double latLon[2], GkPayload* payload, const TmConstants* forward) {
-    return FromGeodetic(GK6, latLon, payload, forward);
+    return FromGeodetic(GK6, GK6_NaturalMeridian, latLon, payload, forward);
 }
 
 KoordStatus GK6_ToGeodetic(const GkPayload* payload, double latLon[2], const TmConstants* inverse) {

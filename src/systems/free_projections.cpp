@@ -6,13 +6,10 @@
 #include "tessara/kernel/van_der_grinten.h"
 
 namespace tessara {
-namespace {
 
 TmParams ParamsOf(const TmPayload& p) {
     return {p.originLongitude, p.originLatitude, p.falseEasting, p.falseNorthing, p.scale};
 }
-
-}  // namespace
 
 KoordStatus RefuseToRead(const tagKOORD& /*source*/, const Projection& /*projection*/, double* /*position*/) {
     return KOORD_ERR_TYPE;

@@ -4,12 +4,15 @@
 #include "systems/projection.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"
+#include "tessara/kernel/transverse_mercator.h"
 
 namespace tessara {
 
 // A type that nothing is read from or written to: KOORD_ERR_TYPE.
 KoordStatus RefuseToRead(const tagKOORD& source, const Projection& projection, double* position);
 KoordStatus RefuseToWrite(const double* position, const Projection& projection, tagKOORD* target);
+
+TmParams ParamsOf(const TmPayload& p);
 
 void GEODEZ_ToGeodetic(const GeodezPayload* payload, double* position);
 void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload);

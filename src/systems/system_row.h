@@ -9,6 +9,7 @@
 #include <initializer_list>
 #include <span>
 
+#include "systems/block_form.h"
 #include "systems/projection.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
@@ -164,6 +165,8 @@ struct SystemRow {
     Limits limits{};  // degrees or, for grids, metres
     // How many bytes at the start of the payload describe the projection and are inputs of a conversion.
     std::uint8_t parameterBytes = 0;
+
+    const BlockForm* blocks = nullptr;  // how many records at once are converted; null for one by one
 
     Form form = Form::None;
     Unit unit = Unit::Metre;

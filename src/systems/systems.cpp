@@ -278,6 +278,7 @@ constexpr SystemRow Utm() {
         .read = Read<UTM_ToGeodetic>,
         .write = Write<UTM_FromGeodetic>,
         .limits = UTM_LIMITS,
+        .blocks = &UTM_BLOCKS,
         .form = Form::Zoned,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -320,6 +321,7 @@ constexpr SystemRow Utmref() {
         .read = Read<UTMREF_ToGeodetic>,
         .write = Write<UTMREF_FromGeodetic>,
         .limits = UTM_LIMITS,
+        .blocks = &UTMREF_BLOCKS,
         .form = Form::Squares,
         .hasMidpoint = true,
         .exact = KOORD_UTM,
@@ -356,6 +358,7 @@ constexpr SystemRow Geodez() {
         .read = Read<GEODEZ_ToGeodetic>,
         .write = Write<GEODEZ_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
+        .blocks = &GEODEZ_BLOCKS,
         .form = Form::Values,
         .unit = Unit::Degree,
         .wraps = true,
@@ -450,6 +453,7 @@ constexpr SystemRow Gk() {
     SystemRow row = Strips(KOORD_GK, ZoneRule::Strips3, 1.5, GK_WANTED, GK_LIMITS);
     row.read = Read<GK_ToGeodetic>;
     row.write = Write<GK_FromGeodetic>;
+    row.blocks = &GK_BLOCKS;
     row.defaultPayload = DefaultGk(3);
     row.extremes = {.rule = ExtremesRule::Positions, .corners = &GK_CORNERS, .cornersOnKkj = &GK_KKJ_CORNERS};
     return row;
@@ -459,6 +463,7 @@ constexpr SystemRow Bmn() {
     SystemRow row = Austrian(KOORD_BMN, BMN_FIRST_CENTRE, AUSTRIAN_CENTRE_STEP);
     row.read = Read<BMN_ToGeodetic>;
     row.write = Write<BMN_FromGeodetic>;
+    row.blocks = &BMN_BLOCKS;
     row.defaultPayload = DefaultBmn(500000.0, 200000.0);
     return row;
 }
@@ -467,6 +472,7 @@ constexpr SystemRow Oem() {
     SystemRow row = Austrian(KOORD_OEM, OEM_FIRST_CENTRE, AUSTRIAN_CENTRE_STEP);
     row.read = Read<OEM_ToGeodetic>;
     row.write = Write<OEM_FromGeodetic>;
+    row.blocks = &OEM_BLOCKS;
     row.defaultPayload = DefaultBmn(800000.0, 5200000.0);
     return row;
 }
@@ -538,6 +544,7 @@ constexpr SystemRow Gk6() {
     SystemRow row = Strips(KOORD_GK6, ZoneRule::Strips6, 3.0, GK6_WANTED, GK6_LIMITS);
     row.read = Read<GK6_ToGeodetic>;
     row.write = Write<GK6_FromGeodetic>;
+    row.blocks = &GK6_BLOCKS;
     row.defaultPayload = DefaultGk(2);
     row.extremes = {.rule = ExtremesRule::Positions, .corners = &GK6_CORNERS};
     return row;
@@ -547,6 +554,7 @@ constexpr SystemRow GkAt() {
     SystemRow row = Austrian(KOORD_GKAT, 0.0, 0.0);
     row.read = Read<GKAT_ToGeodetic>;
     row.write = Write<GKAT_FromGeodetic>;
+    row.blocks = &GKAT_BLOCKS;
     row.defaultPayload = DefaultBmn(0.0, 5200000.0);
     return row;
 }
@@ -583,6 +591,7 @@ constexpr SystemRow PoMilitary() {
     SystemRow row = Grid(KOORD_PO_MILITARY, PO_MILITARY_LIMITS, 200000.0, 200000.0);
     row.read = Read<POMilitary_ToGeodetic>;
     row.write = Write<POMilitary_FromGeodetic>;
+    row.blocks = &PO_MILITARY_BLOCKS;
     return row;
 }
 
@@ -596,6 +605,7 @@ constexpr SystemRow Tm() {
         .read = TM_Read,
         .write = TM_Write,
         .parameterBytes = offsetof(P, easting),
+        .blocks = &TM_BLOCKS,
         .form = Form::Values,
         .neighborStep = 1.0,
         .east = {.value = FIELD(Number, P, easting),
@@ -642,6 +652,7 @@ constexpr SystemRow Bng() {
         WithSquareText(LetterGrid(KOORD_BNG, BNG_LIMITS), FIELD(LetterPair, LetterGridPayload, square));
     row.read = Read<BNG_ToGeodetic>;
     row.write = Write<BNG_FromGeodetic>;
+    row.blocks = &BNG_BLOCKS;
     return row;
 }
 
@@ -650,6 +661,7 @@ constexpr SystemRow Ing() {
         WithSquareText(LetterGrid(KOORD_ING, ING_LIMITS), FIELD(Letter, LetterGridPayload, subSquare));
     row.read = Read<ING_ToGeodetic>;
     row.write = Write<ING_FromGeodetic>;
+    row.blocks = &ING_BLOCKS;
     return row;
 }
 
@@ -664,6 +676,7 @@ constexpr SystemRow Luref() {
     SystemRow row = Grid(KOORD_LUREF, LUREF_LIMITS, 0.0, 0.0);
     row.read = Read<LUREF_ToGeodetic>;
     row.write = Write<LUREF_FromGeodetic>;
+    row.blocks = &LUREF_BLOCKS;
     return row;
 }
 

@@ -1,0 +1,25 @@
+#include "kernel/range_loops.h"
+
+#include "kernel/block_loop.h"
+#include "kernel/numeric.h"
+
+namespace tessara {
+namespace {
+
+struct Within {
+    Limits limits;
+
+    void operator()(Block& block, std::size_t row) const {
+        const double latitude = block.latitude[row], longitude = block.longitude[row];
+        block.Refuse(row, !AllOf(longitude >= limits.west, longitude <= limits.east, latitude >= limits.south,
+                                 latitude <= limits.north));
+    }
+};
+
+}  // namespace
+
+BlockStep PositionWithin(const Limits& limits) {
+    return StepOver(Within{limits});
+}
+
+}  // namespace tessara

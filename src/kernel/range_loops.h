@@ -1,0 +1,12 @@
+// Which positions of a block lie within limits.
+#pragma once
+
+#include "kernel/block_step.h"
+#include "tessara/kernel/limits.h"
+
+namespace tessara {
+
+// Latitude and longitude outside the limits, degrees, make a row special.
+[[nodiscard]] BlockStep PositionWithin(const Limits& limits);
+
+}  // namespace tessara

@@ -1,0 +1,72 @@
+#include "systems/block_conversion.h"
+
+#include <algorithm>
+
+#include "kernel/datum_loops.h"
+#include "kernel/range_loops.h"
+#include "systems/reading.h"
+
+namespace tessara {
+
+void BlockConversion::Prepare(const Conversion& single, const tagKOORD& source, const tagKOORD& target,
+                              RangeCheck check) {
+    single_ = &single;
+    check_ = check;
+    from_ = single.From().blocks;
+    to_ = single.To().blocks;
+    const bool isShifted = source.datum != target.datum;
+    const auto isProjected = [](const BlockForm* form) { return form != nullptr && form != &GEODEZ_BLOCKS; };
+    const RangeTest test = single.To().range.test;
+    const bool isTested = check == RangeCheck::On && target.type != KOORD_GEODEZ;
+    isWorthwhile_ = (isShifted || isProjected(from_) || isProjected(to_)) &&
+                    !IsPixelType(static_cast<std::int32_t>(source.type)) &&
+                    !(isTested && test == RangeTest::Refused);
+    if (!isWorthwhile_) return;
+
+    steps_ = {};
+    if (from_ != nullptr) steps_[0] = from_->inverse({source, single.Source()});
+    if (isShifted) {
+        steps_[1] = ShiftToHub(DatumOf(source));
+        steps_[2] = ShiftFromHub(DatumOf(target));
+    }
+    if (to_ == nullptr) return;
+    if (isTested && test == RangeTest::Before) steps_[3] = PositionWithin(single.To().limits);
+    steps_[4] = to_->forward({target, single.Target()});
+}
+
+void BlockConversion::Load(std::span<const tagKOORD> sources, Block& block) const {
+    std::fill_n(block.special, sources.size(), 0.0);
+    std::fill_n(block.height, sources.size(), 0.0);
+    if (from_ != nullptr) return from_->load(sources, block);
+    for (std::size_t row = 0; row < sources.size(); ++row) {
+        double position[3] = {};
+        block.Refuse(row, single_->Read(sources[row], position) != KOORD_OK);
+        block.latitude[row] = position[0];
+        block.longitude[row] = position[1];
+        block.height[row] = position[2];
+    }
+}
+
+void BlockConversion::Convert(std::span<const tagKOORD> sources, std::span<tagKOORD> targets,
+                              std::span<KoordStatus> statuses, Block& block, InstructionSet set) const {
+    // Whole registers: what stands behind the last row is computed, too.
+    constexpr std::size_t longest = 8;
+    const std::size_t rows = (sources.size() + longest - 1) / longest * longest;
+    Load(sources, block);
+    if (to_ != nullptr && to_->loadWanted != nullptr) to_->loadWanted(targets, block);
+    for (const BlockStep& step : steps_)
+        step.Run(set, block, rows);
+
+    std::fill(statuses.begin(), statuses.end(), KOORD_OK);
+    if (to_ != nullptr) to_->store(block, targets);
+    for (std::size_t row = 0; row < sources.size(); ++row) {
+        if (block.IsSpecial(row)) {
+            statuses[row] = single_->Convert(sources[row], &targets[row], check_);
+        } else if (to_ == nullptr) {
+            const double position[3] = {block.latitude[row], block.longitude[row], block.height[row]};
+            statuses[row] = single_->Write(position, &targets[row], check_);
+        }
+    }
+}
+
+}  // namespace tessara

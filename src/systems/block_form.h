@@ -1,0 +1,38 @@
+// How the records of a type become columns and columns records, and the formulas that run over them in
+// between.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "kernel/block_step.h"
+#include "systems/projection.h"
+#include "tessara/kernel/koord.h"
+
+namespace tessara {
+
+// The datum and the parameters of a run of records: one of them, and what follows from it.
+struct RunOf {
+    const tagKOORD& record;
+    const Projection& projection;
+    [[nodiscard]] std::int32_t Datum() const { return static_cast<std::int32_t>(record.datum); }
+};
+
+struct BlockForm {
+    // Records to columns; a record that the formulas can't take becomes a special row.
+    void (*load)(std::span<const tagKOORD> records, Block& block) = nullptr;
+    // From the type's columns to latitude and longitude.
+    BlockStep (*inverse)(const RunOf& run) = nullptr;
+    // What targets say of the result; null if nothing.
+    void (*loadWanted)(std::span<const tagKOORD> targets, Block& block) = nullptr;
+    // From latitude and longitude to the type's columns.
+    BlockStep (*forward)(const RunOf& run) = nullptr;
+    // The rows that aren't special to records.
+    void (*store)(const Block& block, std::span<tagKOORD> records) = nullptr;
+};
+
+extern const BlockForm GEODEZ_BLOCKS, UTM_BLOCKS, UTMREF_BLOCKS, GK_BLOCKS, GK6_BLOCKS, BMN_BLOCKS,
+    OEM_BLOCKS, GKAT_BLOCKS, BNG_BLOCKS, ING_BLOCKS, LUREF_BLOCKS, PO_MILITARY_BLOCKS, TM_BLOCKS;
+
+}  // namespace tessara

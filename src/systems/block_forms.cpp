@@ -1,0 +1,292 @@
+#include <cstring>
+#include <limits>
+
+#include "kernel/datum_rows.h"
+#include "kernel/lettered_references.h"
+#include "kernel/numeric.h"
+#include "kernel/origin_loops.h"
+#include "kernel/utmref_squares.h"
+#include "kernel/zone_loops.h"
+#include "systems/block_form.h"
+#include "systems/free_projections.h"
+#include "systems/reading.h"
+#include "tessara/kernel/zone_systems.h"
+
+namespace tessara {
+namespace {
+
+constexpr double NONE_WANTED = std::numeric_limits<double>::quiet_NaN();
+
+// A field of a record by its place: a payload that has just been written field by field isn't read as a
+// whole.
+template <class Field>
+Field FieldOf(const tagKOORD& record, std::size_t offset) {
+    Field field;
+    std::memcpy(&field, record.payload + offset, sizeof field);
+    return field;
+}
+
+template <class Field>
+void SetField(tagKOORD& record, std::size_t offset, Field field) {
+    std::memcpy(record.payload + offset, &field, sizeof field);
+}
+
+#define GET(record, Struct, field) FieldOf<decltype(Struct::field)>(record, offsetof(Struct, field))
+#define SET(record, Struct, field, value) \
+    SetField<decltype(Struct::field)>(record, offsetof(Struct, field), value)
+
+// -- Easting and northing.
+
+template <class Payload>
+void LoadGrid(std::span<const tagKOORD> records, Block& block) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        block.east[row] = GET(records[row], Payload, easting);
+        block.north[row] = GET(records[row], Payload, northing);
+    }
+}
+
+template <class Payload>
+void StoreGrid(const Block& block, std::span<tagKOORD> records) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SET(records[row], Payload, easting, block.east[row]);
+        SET(records[row], Payload, northing, block.north[row]);
+    }
+}
+
+template <const grids::FixedGrid& grid>
+BlockStep GridForwardOf(const RunOf& run) {
+    return GridForward(grid, run.Datum());
+}
+template <const grids::FixedGrid& grid>
+BlockStep GridInverseOf(const RunOf& run) {
+    return GridInverse(grid, run.Datum());
+}
+
+// -- Degrees.
+
+void LoadGeodez(std::span<const tagKOORD> records, Block& block) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        block.latitude[row] = GET(records[row], GeodezPayload, latitude);
+        block.longitude[row] = GET(records[row], GeodezPayload, longitude);
+        block.height[row] = GET(records[row], GeodezPayload, height);
+    }
+}
+
+void StoreGeodez(const Block& block, std::span<tagKOORD> records) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SET(records[row], GeodezPayload, latitude, block.latitude[row]);
+        SET(records[row], GeodezPayload, longitude, block.longitude[row]);
+        SET(records[row], GeodezPayload, height, block.height[row]);
+    }
+}
+
+BlockStep Nothing(const RunOf& /*run*/) {
+    return {};
+}
+
+// -- UTM.
+
+bool IsSouth(char hemisphere) {
+    return hemisphere == 'S' || hemisphere == 's';
+}
+
+void LoadUtm(std::span<const tagKOORD> records, Block& block) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        const std::int16_t zone = GET(records[row], UtmPayload, zone);
+        block.east[row] = GET(records[row], UtmPayload, easting);
+        block.north[row] = GET(records[row], UtmPayload, northing);
+        block.zone[row] = zone;
+        block.south[row] = IsSouth(GET(records[row], UtmPayload, hemisphere)) ? 1.0 : 0.0;
+        block.Refuse(row, !IsUtmZone(zone));
+    }
+}
+
+template <class Payload>
+void LoadWantedZone(std::span<const tagKOORD> targets, Block& block) {
+    for (std::size_t row = 0; row < targets.size(); ++row) {
+        const std::int16_t zone = GET(targets[row], Payload, wantedZone);
+        block.wanted[row] = IsUtmZone(zone) ? UtmMeridian(zone) : NONE_WANTED;
+    }
+}
+
+void StoreUtm(const Block& block, std::span<tagKOORD> records) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SET(records[row], UtmPayload, hemisphere, block.south[row] != 0.0 ? 'S' : 'N');
+        SET(records[row], UtmPayload, zone, static_cast<std::int16_t>(block.zone[row]));
+        SET(records[row], UtmPayload, easting, block.east[row]);
+        SET(records[row], UtmPayload, northing, block.north[row]);
+    }
+}
+
+template <BlockStep (*step)(std::int32_t datum)>
+BlockStep OnDatum(const RunOf& run) {
+    return step(run.Datum());
+}
+
+// -- UTMREF.
+
+std::uint32_t EllipsoidOf(std::span<const tagKOORD> records) {
+    return RowOf(DatumOf(records.front()))->ellipsoid;
+}
+
+void LoadUtmref(std::span<const tagKOORD> records, Block& block) {
+    const std::uint32_t ellipsoid = EllipsoidOf(records);
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        UtmPayload utm{};
+        const bool isResolved = UtmrefToUtm(Load<UtmrefPayload>(records[row]), ellipsoid, &utm) == KOORD_OK;
+        block.east[row] = utm.easting;
+        block.north[row] = utm.northing;
+        block.zone[row] = utm.zone;
+        block.south[row] = utm.hemisphere == 'S' ? 1.0 : 0.0;
+        block.Refuse(row, !(isResolved && IsUtmZone(utm.zone)));
+    }
+}
+
+void StoreUtmref(const Block& block, std::span<tagKOORD> records) {
+    const std::uint32_t ellipsoid = EllipsoidOf(records);
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        UtmPayload utm{};
+        utm.hemisphere = block.south[row] != 0.0 ? 'S' : 'N';
+        utm.zone = static_cast<std::int16_t>(block.zone[row]);
+        utm.easting = block.east[row];
+        utm.northing = block.north[row];
+        UtmrefFromUtm(utm, block.edge[row], ellipsoid, PayloadIn<UtmrefPayload>(&records[row]));
+    }
+}
+
+// -- Gauss-Krueger.
+
+template <const zones::StripSystem& system>
+void LoadWantedMeridian(std::span<const tagKOORD> targets, Block& block) {
+    for (std::size_t row = 0; row < targets.size(); ++row) {
+        const std::int16_t meridian = GET(targets[row], GkPayload, wantedMeridian);
+        block.wanted[row] = zones::IsStripMeridian(system, meridian) ? meridian : NONE_WANTED;
+    }
+}
+
+template <const zones::StripSystem& system>
+BlockStep StripForwardOf(const RunOf& run) {
+    return StripForward(system, run.Datum());
+}
+template <const zones::StripSystem& system>
+BlockStep StripInverseOf(const RunOf& run) {
+    return StripInverse(system, run.Datum());
+}
+
+// -- The Austrian grids.
+
+bool IsAustrian(std::int16_t meridian) {
+    return meridian == AUSTRIAN_MERIDIANS[0] || meridian == AUSTRIAN_MERIDIANS[1] ||
+           meridian == AUSTRIAN_MERIDIANS[2];
+}
+
+void LoadBmn(std::span<const tagKOORD> records, Block& block) {
+    LoadGrid<BmnPayload>(records, block);
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        const std::int16_t meridian = GET(records[row], BmnPayload, meridian);
+        block.zone[row] = meridian;
+        block.Refuse(row, !IsAustrian(meridian));
+    }
+}
+
+void LoadWantedBmn(std::span<const tagKOORD> targets, Block& block) {
+    for (std::size_t row = 0; row < targets.size(); ++row) {
+        const std::int16_t meridian = GET(targets[row], BmnPayload, wantedMeridian);
+        block.wanted[row] = IsAustrian(meridian) ? meridian : NONE_WANTED;
+    }
+}
+
+void StoreBmn(const Block& block, std::span<tagKOORD> records) {
+    StoreGrid<BmnPayload>(block, records);
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SET(records[row], BmnPayload, meridian, static_cast<std::int16_t>(block.zone[row]));
+    }
+}
+
+template <const austria::AustrianGrid& grid>
+BlockStep AustrianForwardOf(const RunOf& run) {
+    return AustrianForward(grid, run.Datum());
+}
+template <const austria::AustrianGrid& grid>
+BlockStep AustrianInverseOf(const RunOf& run) {
+    return AustrianInverse(grid, run.Datum());
+}
+
+// -- The lettered grids.
+
+template <bool (*read)(const LetterGridPayload& payload, GridValues* values)>
+void LoadLettered(std::span<const tagKOORD> records, Block& block) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        GridValues values{};
+        block.Refuse(row, !read(Load<LetterGridPayload>(records[row]), &values));
+        block.east[row] = values.easting;
+        block.north[row] = values.northing;
+    }
+}
+
+template <void (*write)(const GridValues& values, LetterGridPayload* payload)>
+void StoreLettered(const Block& block, std::span<tagKOORD> records) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        write({block.east[row], block.north[row]}, PayloadIn<LetterGridPayload>(&records[row]));
+    }
+}
+
+// -- The free transverse Mercator.
+
+BlockStep TmForwardOf(const RunOf& run) {
+    constexpr double end = std::numeric_limits<double>::infinity();
+    return OriginForward(ParamsOf(Load<TmPayload>(run.record)), run.projection.originNorth,
+                         {-end, end, -end, end}, run.Datum());
+}
+
+BlockStep TmInverseOf(const RunOf& run) {
+    return OriginInverse(ParamsOf(Load<TmPayload>(run.record)), run.projection.originNorth, run.Datum());
+}
+
+#undef GET
+#undef SET
+
+template <const zones::StripSystem& system>
+constexpr BlockForm Strips() {
+    return {LoadGrid<GkPayload>, StripInverseOf<system>, LoadWantedMeridian<system>, StripForwardOf<system>,
+            StoreGrid<GkPayload>};
+}
+
+template <const austria::AustrianGrid& grid>
+constexpr BlockForm AustrianForms() {
+    return {LoadBmn, AustrianInverseOf<grid>, LoadWantedBmn, AustrianForwardOf<grid>, StoreBmn};
+}
+
+template <const grids::FixedGrid& grid>
+constexpr BlockForm Fixed() {
+    return {LoadGrid<GridPayload>, GridInverseOf<grid>, nullptr, GridForwardOf<grid>, StoreGrid<GridPayload>};
+}
+
+}  // namespace
+
+constinit const BlockForm GEODEZ_BLOCKS{LoadGeodez, Nothing, nullptr, Nothing, StoreGeodez};
+constinit const BlockForm UTM_BLOCKS{LoadUtm, OnDatum<UtmInverse>, LoadWantedZone<UtmPayload>,
+                                     OnDatum<UtmForward>, StoreUtm};
+constinit const BlockForm UTMREF_BLOCKS{LoadUtmref, OnDatum<UtmrefInverse>, LoadWantedZone<UtmrefPayload>,
+                                        OnDatum<UtmrefForward>, StoreUtmref};
+constinit const BlockForm GK_BLOCKS = Strips<zones::GK>();
+constinit const BlockForm GK6_BLOCKS = Strips<zones::GK6>();
+constinit const BlockForm BMN_BLOCKS = AustrianForms<austria::BMN>();
+constinit const BlockForm OEM_BLOCKS = AustrianForms<austria::OEM>();
+constinit const BlockForm GKAT_BLOCKS = AustrianForms<austria::GKAT>();
+constinit const BlockForm BNG_BLOCKS{LoadLettered<BngReadReference>, GridInverseOf<grids::BRITISH>, nullptr,
+                                     GridForwardOf<grids::BRITISH>, StoreLettered<BngWriteReference>};
+constinit const BlockForm ING_BLOCKS{LoadLettered<IngReadReference>, GridInverseOf<grids::IRISH>, nullptr,
+                                     GridForwardOf<grids::IRISH>, StoreLettered<IngWriteReference>};
+constinit const BlockForm LUREF_BLOCKS = Fixed<grids::LUREF>();
+constinit const BlockForm PO_MILITARY_BLOCKS = Fixed<grids::PO_MILITARY>();
+constinit const BlockForm TM_BLOCKS{LoadGrid<TmPayload>, TmInverseOf, nullptr, TmForwardOf,
+                                    StoreGrid<TmPayload>};
+
+}  // namespace tessara

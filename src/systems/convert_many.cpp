@@ -1,0 +1,125 @@
+#include "systems/convert_many.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <span>
+
+#include "systems/block_conversion.h"
+#include "systems/conversion.h"
+#include "tessara/kernel/convert.h"
+
+namespace tessara {
+namespace {
+
+// The conversions of an array, prepared anew only where another projection begins.
+class ArrayConversion {
+  public:
+    ArrayConversion(RangeCheck check, InstructionSet set) : check_(check), set_(set) {}
+
+    KoordStatus ConvertOne(const tagKOORD& source, tagKOORD* target) {
+        return Begin(source, *target) ? single_.Convert(source, target, check_) : KOORD_ERR_DATUM;
+    }
+
+    // Converts the first of some records, as many as are of one projection; says how many.
+    std::size_t ConvertRun(std::span<const tagKOORD> sources, std::span<tagKOORD> targets,
+                           std::span<KoordStatus> statuses) {
+        if (!Begin(sources[0], targets[0])) {
+            statuses[0] = KOORD_ERR_DATUM;
+            return 1;
+        }
+        std::size_t count = 1;
+        while (count < sources.size() && Belongs(sources[count], targets[count]))
+            ++count;
+        if (count >= BlockConversion::FEWEST && BlocksAreWorthwhile()) {
+            blocks_.Convert(sources.first(count), targets.first(count), statuses.first(count), *block_, set_);
+            return count;
+        }
+        for (std::size_t i = 0; i < count; ++i)
+            statuses[i] = single_.Convert(sources[i], &targets[i], check_);
+        return count;
+    }
+
+  private:
+    // False for datums that don't exist.
+    bool Begin(const tagKOORD& source, const tagKOORD& target) {
+        if (isPrepared_ && Belongs(source, target)) return true;
+        isPrepared_ = HaveDatums(source, target);
+        areBlocksPrepared_ = false;
+        if (!isPrepared_) return false;
+        single_.Prepare(source, target);
+        source_ = source;
+        target_ = target;
+        return true;
+    }
+
+    [[nodiscard]] bool Belongs(const tagKOORD& source, const tagKOORD& target) const {
+        return HaveSameProjection(source, source_) && HaveSameProjection(target, target_);
+    }
+
+    bool BlocksAreWorthwhile() {
+        if (!areBlocksPrepared_) {
+            blocks_.Prepare(single_, source_, target_, check_);
+            if (blocks_.IsWorthwhile() && !block_) block_.emplace();
+            areBlocksPrepared_ = true;
+        }
+        return blocks_.IsWorthwhile();
+    }
+
+    RangeCheck check_;
+    InstructionSet set_;
+    bool isPrepared_ = false;
+    bool areBlocksPrepared_ = false;
+    Conversion single_;
+    tagKOORD source_, target_;  // copies: the caller's may overlap
+    BlockConversion blocks_;
+    std::optional<Block> block_;
+};
+
+// Whether no record is the target of one and the source of another.
+bool AreApart(const tagKOORD* source, const tagKOORD* target, std::size_t count) {
+    const std::less_equal<> isNotBeyond;
+    return source == target || isNotBeyond(source + count, target) || isNotBeyond(target + count, source);
+}
+
+KoordStatus FirstFailure(std::span<const KoordStatus> statuses) {
+    const auto failure =
+        std::find_if(statuses.begin(), statuses.end(), [](KoordStatus status) { return status != KOORD_OK; });
+    return failure != statuses.end() ? *failure : KOORD_OK;
+}
+
+}  // namespace
+
+KoordStatus ConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count, RangeCheck check,
+                        KoordStatus* status, InstructionSet set) {
+    if (count == 0) return KOORD_OK;
+    if (source == nullptr || target == nullptr) {
+        if (status != nullptr) std::fill_n(status, count, KOORD_ERR_GENERAL);
+        return KOORD_ERR_GENERAL;
+    }
+
+    KoordStatus first = KOORD_OK;
+    KoordStatus own[Block::SIZE];
+    const bool inBlocks = AreApart(source, target, count);
+    ArrayConversion conversion(check, set);
+    for (std::size_t done = 0; done < count;) {
+        const std::size_t most = std::min(count - done, Block::SIZE);
+        const std::span<KoordStatus> statuses(status != nullptr ? status + done : own, most);
+        std::size_t now = 1;
+        if (inBlocks) {
+            now = conversion.ConvertRun({source + done, most}, {target + done, most}, statuses);
+        } else {
+            statuses[0] = conversion.ConvertOne(source[done], &target[done]);
+        }
+        if (first == KOORD_OK) first = FirstFailure(statuses.first(now));
+        done += now;
+    }
+    return first;
+}
+
+KoordStatus KoordConvertMany(const tagKOORD* source, tagKOORD* target, std::size_t count,
+                             std::int32_t checkRange, KoordStatus* status) {
+    return ConvertMany(source, target, count, CheckOf(checkRange), status, BestInstructionSet());
+}
+
+}  // namespace tessara

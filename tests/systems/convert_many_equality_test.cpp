@@ -1,0 +1,145 @@
+// Every way of converting gives the same bits: one call a record and many at once, with each set of
+// instructions that this processor has. TESSARA_EQUALITY_POSITIONS says how many positions for each pair of
+// types: `ctest -C Soak -R equality` takes 100 000.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "support/mixed_records.h"
+#include "systems/convert_many.h"
+
+namespace tessara {
+namespace {
+
+using Records = std::vector<tagKOORD>;
+using Statuses = std::vector<KoordStatus>;
+
+std::size_t PositionsWanted() {
+    const char* const text = std::getenv("TESSARA_EQUALITY_POSITIONS");
+    return text != nullptr ? static_cast<std::size_t>(std::atoi(text)) : 1000;
+}
+
+std::vector<InstructionSet> SupportedSets() {
+    std::vector<InstructionSet> sets;
+    for (const InstructionSet set : INSTRUCTION_SETS) {
+        if (IsSupported(set)) sets.push_back(set);
+    }
+    return sets;
+}
+
+struct Results {
+    Records records;
+    Statuses statuses;
+};
+
+Results ConvertedOneByOne(const Records& sources, const Records& targets, RangeCheck check) {
+    Results results{targets, Statuses(targets.size())};
+    for (std::size_t i = 0; i < sources.size(); ++i)
+        results.statuses[i] = ConvertRecord(sources[i], &results.records[i], check);
+    return results;
+}
+
+void ExpectTheSame(const Results& one, const Results& other, const char* way) {
+    for (std::size_t i = 0; i < one.statuses.size(); ++i)
+        ASSERT_EQ(one.statuses[i], other.statuses[i]) << i << ' ' << way;
+    for (std::size_t i = 0; i < one.records.size(); ++i) {
+        ASSERT_EQ(std::memcmp(&one.records[i], &other.records[i], sizeof(tagKOORD)), 0) << i << ' ' << way;
+    }
+}
+
+void ExpectManyGiveTheSame(const Records& sources, const Records& targets, RangeCheck check) {
+    const Results single = ConvertedOneByOne(sources, targets, check);
+    for (const InstructionSet set : SupportedSets()) {
+        Results many{targets, Statuses(targets.size())};
+        ConvertMany(sources.data(), many.records.data(), sources.size(), check, many.statuses.data(), set);
+        ExpectTheSame(single, many, "many");
+    }
+}
+
+// A datum of its own, WGS84, and others: those of the grids, the sphere, the one with strips of its own, and
+// those whose shift is long.
+constexpr std::int32_t DATUMS[] = {DATUM_WGS84, 3, 6, 7, DATUM_KKJ, DATUM_SPHERE, 98, 237};
+
+TEST(ConvertManyEquality, HoldsForEveryPairOfTypes) {
+    testing::Random random(19);
+    const std::size_t count = PositionsWanted();
+    for (std::int32_t from = 0; from < KOORD_TYPE_COUNT; ++from) {
+        for (std::int32_t to = 0; to < KOORD_TYPE_COUNT; ++to) {
+            const std::int32_t sourceDatum = random.OneOf(DATUMS);
+            const std::int32_t targetDatum = random.Below(2) == 0 ? sourceDatum : random.OneOf(DATUMS);
+            SCOPED_TRACE(std::to_string(from) + '@' + std::to_string(sourceDatum) + " to " +
+                         std::to_string(to) + '@' + std::to_string(targetDatum));
+            const Records sources = testing::MixedSources(random, from, sourceDatum, count);
+            const Records targets = testing::MixedTargets(random, to, targetDatum, count);
+            ExpectManyGiveTheSame(sources, targets, RangeCheck::On);
+            ExpectManyGiveTheSame(sources, targets, RangeCheck::Off);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+TEST(ConvertManyEquality, HoldsForShiftsBetweenAllDatums) {
+    testing::Random random(20);
+    for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
+        SCOPED_TRACE(datum);
+        const Records out = testing::MixedSources(random, KOORD_GEODEZ, DATUM_WGS84, 300);
+        ExpectManyGiveTheSame(out, Records(out.size(), MakeKoord(datum, KOORD_GEODEZ)), RangeCheck::On);
+        const Records back = testing::MixedSources(random, KOORD_GEODEZ, datum, 300);
+        ExpectManyGiveTheSame(back, Records(back.size(), MakeKoord(DATUM_WGS84, KOORD_GEODEZ)),
+                              RangeCheck::On);
+        if (HasFatalFailure()) return;
+    }
+}
+
+// Blocks begin and end in runs of any length.
+TEST(ConvertManyEquality, HoldsForRunsOfAnyLength) {
+    testing::Random random(21);
+    Records sources, targets;
+    for (const std::size_t length : {1u, 15u, 16u, 17u, 127u, 128u, 129u, 255u, 300u}) {
+        for (const std::int32_t type : {KOORD_UTM, KOORD_TM, KOORD_GEODEZ, KOORD_LAMBERTCC}) {
+            const std::int32_t datum = random.OneOf(DATUMS);
+            const Records run = testing::MixedSources(random, type, datum, length);
+            sources.insert(sources.end(), run.begin(), run.end());
+            targets.insert(targets.end(), length, testing::WithParameters(KOORD_GK, random.OneOf(DATUMS)));
+        }
+    }
+    ExpectManyGiveTheSame(sources, targets, RangeCheck::On);
+    ExpectManyGiveTheSame(sources, targets, RangeCheck::Off);
+}
+
+TEST(ConvertManyEquality, HoldsInPlace) {
+    testing::Random random(22);
+    for (std::int32_t type = 0; type < KOORD_TYPE_COUNT; ++type) {
+        const Records records = testing::MixedSources(random, type, 3, 300);
+        const Results single = ConvertedOneByOne(records, records, RangeCheck::Off);
+        for (const InstructionSet set : SupportedSets()) {
+            Results many{records, Statuses(records.size())};
+            ConvertMany(many.records.data(), many.records.data(), records.size(), RangeCheck::Off,
+                        many.statuses.data(), set);
+            ExpectTheSame(single, many, "in place");
+        }
+    }
+}
+
+// Targets that are other records' sources are read as they were written, whichever lies ahead.
+TEST(ConvertManyEquality, HoldsForArraysThatOverlap) {
+    testing::Random random(23);
+    constexpr std::size_t count = 300;
+    for (const std::ptrdiff_t ahead : {-100, -1, 1, 100}) {
+        Records single = testing::MixedSources(random, KOORD_UTM, DATUM_WGS84, count + 100);
+        Records many = single;
+        const std::size_t source = ahead < 0 ? 100 : 0;
+        const std::size_t target = source + static_cast<std::size_t>(ahead);
+        Statuses singleStatus(count), status(count);
+        for (std::size_t i = 0; i < count; ++i)
+            singleStatus[i] = ConvertRecord(single[source + i], &single[target + i], RangeCheck::Off);
+        ConvertMany(&many[source], &many[target], count, RangeCheck::Off, status.data(),
+                    BestInstructionSet());
+        ExpectTheSame({single, singleStatus}, {many, status}, "overlapping");
+    }
+}
+
+}  // namespace
+}  // namespace tessara
