@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "kernel/ellipsoids.h"
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {

@@ -8,7 +8,7 @@
 #include "kernel/datum_step.h"
 #include "kernel/ellipsoids.h"
 #include "kernel/numeric.h"
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 
 namespace tessara {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "kernel/block_loop.h"
 #include "kernel/datum_step.h"
-#include "kernel/numeric.h"
+#include "numerics/conditions.h"
 
 namespace tessara {
 namespace {

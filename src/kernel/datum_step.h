@@ -5,7 +5,8 @@
 #include <cmath>
 #include <cstdint>
 
-#include "kernel/sin_cos.h"
+#include "numerics/conditions.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 

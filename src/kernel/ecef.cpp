@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "kernel/datum_rows.h"
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 

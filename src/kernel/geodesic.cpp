@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "kernel/numeric.h"
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/datum.h"

@@ -5,7 +5,7 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/formulas.h"

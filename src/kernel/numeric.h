@@ -13,27 +13,11 @@ namespace tessara {
 static_assert(std::numeric_limits<double>::is_iec559);
 static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds every step to double");
 
-// Whether all conditions hold, each of them looked at: loops have no branches.
-template <class... Conditions>
-[[nodiscard]] constexpr bool AllOf(Conditions... conditions) {
-    return static_cast<bool>((conditions & ...));
-}
-
 // Cut toward zero. A NaN or a value outside the range gives the smallest integer.
 [[nodiscard]] inline std::int32_t TruncateToInt32(double value) {
     constexpr double below = -2147483649.0;
     constexpr double above = 2147483648.0;
     return value > below && value < above ? static_cast<std::int32_t>(value) : INT32_MIN;
-}
-
-// Cut toward zero without a branch or an integer, for loops and values below 2^51. The sum with a number
-// whose last digit is 1 rounds to a whole one.
-[[nodiscard]] inline double WholePart(double value) {
-    constexpr double lastDigitIsOne = 4503599627370496.0;
-    const double magnitude = std::fabs(value);
-    const double rounded = (magnitude + lastDigitIsOne) - lastDigitIsOne;
-    const double whole = rounded - (rounded > magnitude ? 1.0 : 0.0);
-    return value < 0.0 ? -whole : whole;
 }
 
 // TruncateToInt32, then the low 16 bits.

@@ -3,6 +3,7 @@
 #include "kernel/block_loop.h"
 #include "kernel/datum_rows.h"
 #include "kernel/transverse_mercator_row.h"
+#include "numerics/conditions.h"
 
 namespace tessara {
 namespace {

@@ -1,7 +1,7 @@
 #include "kernel/range_loops.h"
 
 #include "kernel/block_loop.h"
-#include "kernel/numeric.h"
+#include "numerics/conditions.h"
 
 namespace tessara {
 namespace {

@@ -5,8 +5,8 @@
 #include "kernel/conformal_latitude.h"
 #include "kernel/ellipsoids.h"
 #include "kernel/numeric.h"
-#include "kernel/sin_cos.h"
 #include "kernel/swiss_sphere.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
 

@@ -14,7 +14,7 @@ using tm::Reach;
 
 // Of a latitude beyond half a turn the tangent sees the direction.
 double LatitudeAsSeen(double lat) {
-    return std::fabs(lat) <= PI ? tm::LatitudeAsSeen(lat) : std::atan2(std::sin(lat), std::cos(lat));
+    return std::fabs(lat) <= PI ? tm::LatitudeAsSeen(lat) : Atan2(Sin(lat), Cos(lat));
 }
 
 // The position in degrees of a point on the plane.

@@ -8,8 +8,9 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
-#include "kernel/sin_cos.h"
 #include "kernel/transverse_mercator_series.h"
+#include "numerics/conditions.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/transverse_mercator.h"
@@ -62,7 +63,7 @@ template <Reach reach>
                                                double cosLambda) {
     const auto [up, along] = conformal.direction;
     const double ahead = along * cosLambda;
-    if (reach == Reach::World && !IsSmall(dLon * dLon)) return std::atan(up / ahead);
+    if (reach == Reach::World && !IsSmall(dLon * dLon)) return Atan(up / ahead);
     return conformal.chi + AtanBySeries(up * along * (1.0 - cosLambda) / (up * up + along * ahead));
 }
 
@@ -111,7 +112,7 @@ struct Position {
 // position is still one a quarter turn off the meridian.
 [[nodiscard]] inline double BoundedSinh(double x) {
     constexpr double bound = 1e150;
-    return IsSmall(x * x) ? SinhBySeries(x) : std::clamp(std::sinh(x), -bound, bound);
+    return IsSmall(x * x) ? SinhBySeries(x) : std::clamp(Sinh(x), -bound, bound);
 }
 
 // The position of a point on the plane. What of it is in reach of the short series isn't known before.
@@ -143,7 +144,7 @@ template <Reach reach>
     const bool isNear = AllOf(IsSmall(sinh2), std::fabs(sphere.north) < offThePoles);
     const double chi =
         reach == Reach::World && !isNear
-            ? std::atan(xi.sine / meridian)
+            ? Atan(xi.sine / meridian)
             : sphere.north -
                   AtanBySeries(xi.sine * sinh2 /
                                ((meridian + xi.cosine) * (xi.cosine * meridian + xi.sine * xi.sine)));

@@ -3,7 +3,7 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/ellipsoids.h"
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {

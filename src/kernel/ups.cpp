@@ -4,8 +4,8 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/numeric.h"
-#include "kernel/sin_cos.h"
 #include "kernel/ups_constants.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "numerics/rounding.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
 
@@ -39,21 +40,21 @@ inline constexpr StripSystem GK6{6, 3, 0, GK6_LIMITS};
 // zero.
 
 // Counted from Greenwich eastward for side 1 and westward for -1.
-template <class Truncate>
-[[nodiscard]] constexpr double SixDegreeMeridian(double lon, double side, Truncate truncate) {
-    return truncate((lon + side * 6.0) / 6.0) * 6.0 - side * 3.0;
+[[nodiscard]] constexpr double SixDegreeMeridian(double lon, double side) {
+    return Trunc((lon + side * 6.0) / 6.0) * 6.0 - side * 3.0;
 }
-template <class Truncate>
-[[nodiscard]] constexpr double UtmMeridianOf(double lon, Truncate truncate) {
-    return SixDegreeMeridian(lon, lon > 0.0 ? 1.0 : -1.0, truncate);
+[[nodiscard]] constexpr double UtmMeridianOf(double lon) {
+    return SixDegreeMeridian(lon, lon > 0.0 ? 1.0 : -1.0);
 }
-template <class Truncate>
-[[nodiscard]] constexpr double Gk6MeridianOf(double lon, Truncate truncate) {
-    return SixDegreeMeridian(lon, lon >= 0.0 ? 1.0 : -1.0, truncate);
+[[nodiscard]] constexpr double Gk6MeridianOf(double lon) {
+    return SixDegreeMeridian(lon, lon >= 0.0 ? 1.0 : -1.0);
 }
-template <class Truncate>
-[[nodiscard]] constexpr double GkMeridianOf(double lon, Truncate truncate) {
-    return truncate((lon + (lon >= 0.0 ? 1.5 : -1.5)) / 3.0) * 3.0;
+[[nodiscard]] constexpr double GkMeridianOf(double lon) {
+    return Trunc((lon + (lon >= 0.0 ? 1.5 : -1.5)) / 3.0) * 3.0;
+}
+
+[[nodiscard]] constexpr bool IsSouth(char hemisphere) {
+    return hemisphere == 'S' || hemisphere == 's';
 }
 
 // The distance to the equator, on which no position lies south.

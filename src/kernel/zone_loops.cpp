@@ -5,6 +5,8 @@
 
 #include "kernel/block_loop.h"
 #include "kernel/transverse_mercator_row.h"
+#include "numerics/conditions.h"
+#include "numerics/rounding.h"
 
 namespace tessara {
 namespace {
@@ -23,7 +25,7 @@ struct Utm {
     void operator()(Block& block, std::size_t row) const {
         constexpr double lastMeridian = 177.0;  // beyond it zones are counted from the other end
         const double longitude = block.longitude[row];
-        const double meridian = MeridianFor(block.wanted[row], UtmMeridianOf(longitude, WholePart));
+        const double meridian = MeridianFor(block.wanted[row], UtmMeridianOf(longitude));
         const double dLon = (longitude - meridian) * RADIANS_PER_DEGREE;
         const Plane plane = tm.PlaneOf(block, row, dLon);
         const double ka = UTM_SCALE * tm.a;
@@ -59,7 +61,7 @@ struct UtmBack {
 
 // The floor of what isn't negative.
 double RoundedToMetres(double metres) {
-    return WholePart(metres + 0.5);
+    return Trunc(metres + 0.5);
 }
 
 struct Utmref {
@@ -100,8 +102,7 @@ struct Strip {
     void operator()(Block& block, std::size_t row) const {
         constexpr double width = system.width, offset = system.offset;
         const double longitude = block.longitude[row];
-        const double natural =
-            &system == &GK6 ? Gk6MeridianOf(longitude, WholePart) : GkMeridianOf(longitude, WholePart);
+        const double natural = &system == &GK6 ? Gk6MeridianOf(longitude) : GkMeridianOf(longitude);
         const double meridian = MeridianFor(block.wanted[row], natural);
         const double dLon = (longitude - meridian) * RADIANS_PER_DEGREE;
         const Plane plane = tm.PlaneOf(block, row, dLon);
@@ -111,7 +112,7 @@ struct Strip {
         const double fromOrigin = meridian - origin;
         const double numbered = fromOrigin < -180.0 ? fromOrigin + 360.0 : fromOrigin;
         const double side = numbered < 0.0 ? -1.0 : 1.0;
-        const double strip = WholePart((numbered + side * offset) / width);
+        const double strip = Trunc((numbered + side * offset) / width);
         block.east[row] = strip * STRIP_MILLION + side * easting;
         block.north[row] = ka * plane.north + 0.0;
         block.Refuse(row, !AllOf(std::fabs(natural) <= 180.0, easting >= 0.0, easting <= STRIP_EASTING_END));
@@ -127,7 +128,7 @@ struct StripBack {
         constexpr double width = system.width, offset = system.offset;
         constexpr Limits limits = system.limits;
         const double whole = block.east[row];
-        const double strip = WholePart(WholePart(whole) / STRIP_MILLION);
+        const double strip = Trunc(Trunc(whole) / STRIP_MILLION);
         const double easting = std::fabs(whole - strip * STRIP_MILLION);
         const double meridian = strip * width + (strip < 0.0 ? offset : -offset);
         const Plane plane{block.north[row] * perUnit, (easting - ZONE_FALSE_EASTING) * perUnit};

@@ -14,10 +14,6 @@ using namespace zones;
 
 using NaturalMeridian = std::int32_t (*)(double lon);
 
-double Truncate(double value) {
-    return std::trunc(value);
-}
-
 // Whether two meridians lie 13 degrees or more from each other, across the date line too.
 bool AreDistant(std::int32_t meridian, std::int32_t natural) {
     if (meridian > 90 && natural < -90) natural += 360;
@@ -85,15 +81,15 @@ KoordStatus ToGeodetic(const StripSystem& system, const GkPayload* payload, doub
 }  // namespace
 
 std::int32_t UTM_NaturalMeridian(double lon) {
-    return TruncateToInt32(UtmMeridianOf(lon, Truncate));
+    return TruncateToInt32(UtmMeridianOf(lon));
 }
 
 std::int32_t GK6_NaturalMeridian(double lon) {
-    return TruncateToInt32(WrapTurns(Gk6MeridianOf(lon, Truncate), 360.0));
+    return TruncateToInt32(WrapTurns(Gk6MeridianOf(lon), 360.0));
 }
 
 std::int32_t GK_NaturalMeridian(double lon) {
-    return TruncateToInt32(WrapTurns(GkMeridianOf(lon, Truncate), 360.0));
+    return TruncateToInt32(WrapTurns(GkMeridianOf(lon), 360.0));
 }
 
 KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const TmConstants* forward) {
@@ -123,7 +119,7 @@ KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const 
 
 KoordStatus UTM_ToGeodetic(const UtmPayload* payload, double latLon[2], const TmConstants* inverse) {
     if (!IsUtmZone(payload->zone)) return KOORD_ERR_UTM_ZONE;
-    const bool isSouth = payload->hemisphere == 'S' || payload->hemisphere == 's';
+    const bool isSouth = IsSouth(payload->hemisphere);
     double lon;
     double lat;
     TM_Inverse(payload->easting, payload->northing, UTM_SCALE, ZONE_FALSE_EASTING,

@@ -1,21 +1,16 @@
 // An angle by its sine and cosine. Functions of multiples and sums of angles then take a few multiplications
-// in the place of calls into the mathematics library.
+// in the place of more sines and cosines.
 #pragma once
 
-#include <cmath>
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/conditions.h"
+#include "numerics/exponential.h"
+#include "numerics/logarithm.h"
+#include "numerics/polynomial.h"
 
-#include "kernel/numeric.h"
 
 namespace tessara {
-
-// Where only the direction counts, both may be times the same positive factor.
-struct SinCos {
-    double sine, cosine;
-};
-
-[[nodiscard]] inline SinCos SinCosOf(double angle) {
-    return {std::sin(angle), std::cos(angle)};
-}
 
 // Up to a tenth of a radian, 5.7 degrees, a few terms of the power series are exact to the last place. x2 is
 // the square of the angle.
@@ -49,7 +44,7 @@ struct SinCos {
 }
 
 [[nodiscard]] inline double SinhOfSmall(double x) {
-    return IsSmall(x * x) ? SinhBySeries(x) : std::sinh(x);
+    return IsSmall(x * x) ? SinhBySeries(x) : Sinh(x);
 }
 
 // The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
@@ -68,11 +63,11 @@ struct SinCos {
 }
 
 [[nodiscard]] inline double AtanOfSmall(double x) {
-    return IsSmall(x * x) ? AtanBySeries(x) : std::atan(x);
+    return IsSmall(x * x) ? AtanBySeries(x) : Atan(x);
 }
 
 [[nodiscard]] inline double AtanhOfSmall(double x) {
-    return IsSmall(x * x) ? AtanhBySeries(x) : std::atanh(x);
+    return IsSmall(x * x) ? AtanhBySeries(x) : Artanh(x);
 }
 
 // Twice the angle of a tangent from 0 up to infinity.
@@ -125,7 +120,7 @@ template <int RIGHT_ANGLES>
                                   1.0 / 87178291200.0, -1.0 / 20922789888e3};
     const double x = angle / (2.0 * RIGHT_ANGLES);
     const double y = x * x;
-    const SinCos part{x - x * y * EightTerms(sines, y), 1.0 - y * EightTerms(cosines, y)};
+    const SinCos part{x - x * y * Polynomial(sines, y), 1.0 - y * Polynomial(cosines, y)};
     static_assert(RIGHT_ANGLES == 1 || RIGHT_ANGLES == 2);
     return RIGHT_ANGLES == 1 ? Doubled(part) : Doubled(Doubled(part));
 }

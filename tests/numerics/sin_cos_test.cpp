@@ -1,4 +1,4 @@
-#include "kernel/sin_cos.h"
+#include "numerics/sin_cos.h"
 
 #include <gtest/gtest.h>
 

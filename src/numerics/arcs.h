@@ -1,0 +1,133 @@
+// Arctangent, arcsine and arccosine of any double, to less than a unit in the last place and the same on
+// every machine.
+//
+// All are the angle of a vector. Its coordinates are swapped and turned by the angle whose tangent is 0, 1/2
+// or 1 until their quotient is at most a quarter; the arctangent of that is a minimax polynomial in its
+// square. The quotient has twice the digits of a double, so that one rounding, the last one, is nearly all of
+// the error.
+//
+// The functions whose names end in Ordinary have neither branches nor calls but square roots, so that a
+// compiler can turn a loop around them into vector code. The complete ones have the same bits where those are
+// good.
+#pragma once
+
+#include "numerics/double_pair.h"
+#include "numerics/polynomial.h"
+#include "numerics/square_root.h"
+
+namespace tessara {
+namespace arcs {
+
+inline constexpr double LEAST = 0x1p-500;
+inline constexpr double GREATEST = 0x1p500;
+
+// The angle from the first axis, 0..pi, of a vector whose second coordinate isn't negative. The larger of the
+// two magnitudes is LEAST..GREATEST, or both are 0.
+[[nodiscard, gnu::always_inline]] constexpr double AngleOf(Pair x, Pair y) {
+    // (atan(q) - q) / q^3 for q up to 1/4, relative error 2^-57.5.
+    constexpr double arcs[] = {-0x1.55555555554c6p-2, 0x1.9999999975196p-3,  -0x1.2492490b255b5p-3,
+                               0x1.c71c60a04e1d2p-4,  -0x1.7459e1edc5aecp-4, 0x1.3ab9bd412f85cp-4,
+                               -0x1.0b4bd06ac562ep-4, 0x1.797533dede17ep-5};
+    constexpr Pair pi{0x1.921fb54442d18p1, 0x1.1a62633145c07p-53};
+    constexpr Pair quarterTurn{0x1.921fb54442d18p0, 0x1.1a62633145c07p-54};
+    constexpr Pair eighthTurn{0x1.921fb54442d18p-1, 0x1.1a62633145c07p-55};
+    constexpr Pair ofOneHalf{0x1.dac670561bb4fp-2, 0x1.a2b7f222f65e2p-56};
+    constexpr double endOfNone = 0.25;
+    constexpr double endOfOneHalf = 0.72;
+
+    const bool isBehind = TimesSignOf(1.0, x.high) < 0.0;
+    const Pair ahead{Absolute(x.high), TimesSignOf(x.low, x.high)};
+    const bool isSteep = ahead.high < y.high;
+    const Pair less{isSteep ? ahead.high : y.high, isSteep ? ahead.low : y.low};
+    const Pair more{isSteep ? y.high : ahead.high, isSteep ? y.low : ahead.low};
+    const double divisor = more.high < LEAST ? LEAST : more.high;
+
+    const bool isTurned = less.high > endOfNone * divisor;
+    const bool isTurnedByHalf = less.high < endOfOneHalf * divisor;
+    const double turned = isTurnedByHalf ? 0.5 : 1.0;
+    const double tangent = isTurned ? turned : 0.0;
+    const double turnedBy = isTurnedByHalf ? ofOneHalf.high : eighthTurn.high;
+    const double turnedByLow = isTurnedByHalf ? ofOneHalf.low : eighthTurn.low;
+    const Pair start{isTurned ? turnedBy : 0.0, isTurned ? turnedByLow : 0.0};
+
+    // Products with 0, 1/2 and 1 are exact, and so is the difference.
+    const Pair along = SumOfOrdered(divisor, tangent * less.high);
+    const Pair quotient = Quotient({less.high - tangent * divisor, less.low - tangent * more.low},
+                                   {along.high, along.low + (more.low + tangent * less.low)});
+    const double square = quotient.high * quotient.high;
+    const double rest = quotient.low + quotient.high * square * Polynomial(arcs, square);
+
+    // The angle is `base`, more or less what has been found.
+    const double sign = isSteep != isBehind ? -1.0 : 1.0;
+    const double flat = isBehind ? pi.high : 0.0;
+    const double flatLow = isBehind ? pi.low : 0.0;
+    const Pair axis{isSteep ? quarterTurn.high : flat, isSteep ? quarterTurn.low : flatLow};
+    const Pair base = SumOfOrdered(axis.high, sign * start.high);
+    const Pair angle = SumOfOrdered(base.high, sign * quotient.high);
+    return angle.high + (angle.low + ((base.low + axis.low) + sign * (start.low + rest)));
+}
+
+// sqrt(1 - x^2)
+[[nodiscard, gnu::always_inline]] inline Pair OtherSide(double x) {
+    constexpr double least = 0x1p-60;  // what is left at 1 itself needs no more digits
+    const Pair sum = SumOfOrdered(1.0, x);
+    const Pair difference = SumOfOrdered(1.0, -x);
+    const Pair square = Product(sum.high, difference.high);
+    const double low = square.low + (sum.high * difference.low + sum.low * difference.high);
+    const double root = SquareRoot(square.high);
+    const double rest = RestOfProduct(square.high, root, root) + low;
+    return {root, rest * 0.5 / (root < least ? least : root)};
+}
+
+// Of coordinates that aren't ordinary.
+[[nodiscard]] double Atan2OfOther(double y, double x);
+
+}  // namespace arcs
+
+// Good for all doubles.
+[[nodiscard, gnu::always_inline]] constexpr double AtanOrdinary(double tangent) {
+    constexpr double steepest = 0x1p500;
+    const double magnitude = Absolute(tangent);
+    const double bounded = steepest < magnitude ? steepest : magnitude;
+    return TimesSignOf(arcs::AngleOf({1.0, 0.0}, {bounded, 0.0}), tangent);
+}
+
+// Where the magnitudes are 2^-500..2^500, or one or both are 0.
+[[nodiscard, gnu::always_inline]] constexpr double Atan2Ordinary(double y, double x) {
+    return TimesSignOf(arcs::AngleOf({x, 0.0}, {Absolute(y), 0.0}), y);
+}
+
+// Good for all doubles. Beyond 1 there is none.
+[[nodiscard, gnu::always_inline]] inline double AsinOrdinary(double sine) {
+    const double magnitude = Absolute(sine);
+    return TimesSignOf(arcs::AngleOf(arcs::OtherSide(magnitude), {magnitude, 0.0}), sine);
+}
+
+[[nodiscard, gnu::always_inline]] inline double AcosOrdinary(double cosine) {
+    return arcs::AngleOf({cosine, 0.0}, arcs::OtherSide(cosine));
+}
+
+[[nodiscard]] inline double Atan(double tangent) {
+    return AtanOrdinary(tangent);
+}
+
+[[nodiscard]] inline double Asin(double sine) {
+    return AsinOrdinary(sine);
+}
+
+[[nodiscard]] inline double Acos(double cosine) {
+    return AcosOrdinary(cosine);
+}
+
+// The angle of (x, y) from the x axis, -pi..pi. That of (0, 0) is 0 or pi by the sign of x.
+[[nodiscard]] inline double Atan2(double y, double x) {
+    const double one = Absolute(x);
+    const double other = Absolute(y);
+    const double more = one < other ? other : one;
+    const double less = one < other ? one : other;
+    const bool isOrdinary =
+        more <= arcs::GREATEST && (less >= arcs::LEAST || (less == 0.0 && more >= arcs::LEAST));
+    return isOrdinary ? Atan2Ordinary(y, x) : arcs::Atan2OfOther(y, x);
+}
+
+}  // namespace tessara

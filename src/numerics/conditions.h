@@ -1,0 +1,12 @@
+// Conditions without branches, for loops that become vector code.
+#pragma once
+
+namespace tessara {
+
+// Whether all conditions hold, each of them looked at.
+template <class... Conditions>
+[[nodiscard, gnu::always_inline]] constexpr bool AllOf(Conditions... conditions) {
+    return static_cast<bool>((conditions & ...));
+}
+
+}  // namespace tessara

@@ -1,0 +1,78 @@
+#include "numerics/logarithm.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/any_doubles.h"
+#include "support/doubles.h"
+#include "support/exact_functions.h"
+#include "support/random.h"
+
+namespace tessara {
+namespace {
+
+using testing::AnyFinite;
+using testing::AnySize;
+using testing::AreSame;
+using testing::LargestError;
+using testing::Random;
+
+TEST(Log, IsRightToTheLastPlace) {
+    Random random(1);
+    EXPECT_LT(LargestError(
+                  Log, mpfr_log, [&] { return random.Between(0.01, 3.0); }, 100000),
+              1.0);
+    EXPECT_LT(LargestError(Log, mpfr_log, [&] { return 1.0 + AnySize(random, 1e-16, 0.1); }), 1.0);
+    EXPECT_LT(LargestError(Log, mpfr_log, [&] { return std::fabs(AnyFinite(random)); }), 1.0);
+    EXPECT_LT(LargestError(Log, mpfr_log, [&] { return std::ldexp(random.Between(0.0, 1.0), -1030); }), 1.0);
+}
+
+TEST(Log, OfSpecialValues) {
+    EXPECT_TRUE(AreSame(Log(1.0), 0.0));
+    EXPECT_EQ(Log(0.0), -INFINITE);
+    EXPECT_EQ(Log(-0.0), -INFINITE);
+    EXPECT_EQ(Log(INFINITE), INFINITE);
+    for (const double none : {-1.0, -5e-324, -INFINITE, NOT_A_NUMBER})
+        EXPECT_TRUE(std::isnan(Log(none))) << none;
+}
+
+TEST(Log, GrowsWhereAPowerOf2FollowsAnother) {
+    for (const double border : {std::sqrt(0.5), 1.0, std::sqrt(2.0), std::sqrt(8.0)}) {
+        double x = border * (1.0 - 1e-13);
+        for (int i = 0; i < 3000; ++i) {
+            const double next = std::nextafter(x, 10.0);
+            ASSERT_LE(Log(x), Log(next)) << x;
+            x = next;
+        }
+    }
+}
+
+TEST(Log, HasTheSameBitsAtCompileTime) {
+    constexpr double compiled = LogOrdinary(52.156);
+    volatile double x = 52.156;
+    EXPECT_EQ(Log(x), compiled);
+}
+
+TEST(Artanh, IsRightToTheLastPlace) {
+    Random random(2);
+    EXPECT_LT(LargestError(
+                  Artanh, mpfr_atanh, [&] { return random.Between(-1.0, 1.0); }, 100000),
+              1.0);
+    EXPECT_LT(LargestError(Artanh, mpfr_atanh, [&] { return AnySize(random, 1e-20, 0.2); }), 1.0);
+    EXPECT_LT(LargestError(Artanh, mpfr_atanh, [&] { return 1.0 - std::fabs(AnySize(random, 1e-16, 0.1)); }),
+              1.0);
+}
+
+TEST(Artanh, OfSpecialValues) {
+    EXPECT_TRUE(AreSame(Artanh(0.0), 0.0));
+    EXPECT_TRUE(AreSame(Artanh(-0.0), -0.0));
+    EXPECT_EQ(Artanh(5e-324), 5e-324);
+    EXPECT_EQ(Artanh(1.0), INFINITE);
+    EXPECT_EQ(Artanh(-1.0), -INFINITE);
+    for (const double none : {1.0 + 1e-15, -2.0, INFINITE, -INFINITE, NOT_A_NUMBER})
+        EXPECT_TRUE(std::isnan(Artanh(none))) << none;
+}
+
+}  // namespace
+}  // namespace tessara
