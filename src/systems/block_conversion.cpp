@@ -34,10 +34,16 @@ void BlockConversion::Prepare(const Conversion& single, const tagKOORD& source, 
     steps_[4] = to_->forward({target, single.Target()});
 }
 
+void BlockConversion::Clear(Block& block, std::size_t rows) const {
+    std::fill_n(block.special, rows, 0.0);
+    std::fill_n(block.height, rows, 0.0);
+}
+
 void BlockConversion::Load(std::span<const tagKOORD> sources, Block& block) const {
-    std::fill_n(block.special, sources.size(), 0.0);
-    std::fill_n(block.height, sources.size(), 0.0);
-    if (from_ != nullptr) return from_->load(sources, block);
+    if (from_ != nullptr) {
+        from_->load(sources, block);
+        return Admit(block, sources.size());
+    }
     for (std::size_t row = 0; row < sources.size(); ++row) {
         double position[3] = {};
         block.Refuse(row, single_->Read(sources[row], position) != KOORD_OK);
@@ -47,25 +53,46 @@ void BlockConversion::Load(std::span<const tagKOORD> sources, Block& block) cons
     }
 }
 
-void BlockConversion::Convert(std::span<const tagKOORD> sources, std::span<tagKOORD> targets,
-                              std::span<KoordStatus> statuses, Block& block, InstructionSet set) const {
+void BlockConversion::Admit(Block& block, std::size_t rows) const {
+    if (from_->admit != nullptr) from_->admit(block, rows);
+}
+
+void BlockConversion::LoadWanted(std::span<const tagKOORD> targets, Block& block) const {
+    if (to_ != nullptr && to_->loadWanted != nullptr) to_->loadWanted(targets, block);
+}
+
+void BlockConversion::Compute(Block& block, std::size_t rows, InstructionSet set) const {
     // Whole registers: what stands behind the last row is computed, too.
     constexpr std::size_t longest = 8;
-    const std::size_t rows = (sources.size() + longest - 1) / longest * longest;
-    Load(sources, block);
-    if (to_ != nullptr && to_->loadWanted != nullptr) to_->loadWanted(targets, block);
+    const std::size_t computed = (rows + longest - 1) / longest * longest;
     for (const BlockStep& step : steps_)
-        step.Run(set, block, rows);
+        step.Run(set, block, computed);
+}
 
-    std::fill(statuses.begin(), statuses.end(), KOORD_OK);
-    if (to_ != nullptr) to_->store(block, targets);
-    for (std::size_t row = 0; row < sources.size(); ++row) {
-        if (block.IsSpecial(row)) {
-            statuses[row] = single_->Convert(sources[row], &targets[row], check_);
-        } else if (to_ == nullptr) {
-            const double position[3] = {block.latitude[row], block.longitude[row], block.height[row]};
-            statuses[row] = single_->Write(position, &targets[row], check_);
-        }
+void BlockConversion::Store(const Block& block, std::span<tagKOORD> targets,
+                            std::span<KoordStatus> statuses) const {
+    if (to_ != nullptr) {
+        to_->store(block, targets);
+        std::fill(statuses.begin(), statuses.end(), KOORD_OK);
+        return;
+    }
+    for (std::size_t row = 0; row < targets.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        const double position[3] = {block.latitude[row], block.longitude[row], block.height[row]};
+        statuses[row] = single_->Write(position, &targets[row], check_);
+    }
+}
+
+void BlockConversion::Convert(std::span<const tagKOORD> sources, std::span<tagKOORD> targets,
+                              std::span<KoordStatus> statuses, Block& block, InstructionSet set) const {
+    const std::size_t rows = sources.size();
+    Clear(block, rows);
+    Load(sources, block);
+    LoadWanted(targets, block);
+    Compute(block, rows, set);
+    Store(block, targets, statuses);
+    for (std::size_t row = 0; row < rows; ++row) {
+        if (block.IsSpecial(row)) statuses[row] = single_->Convert(sources[row], &targets[row], check_);
     }
 }
 

@@ -29,9 +29,17 @@ class BlockConversion {
     void Convert(std::span<const tagKOORD> sources, std::span<tagKOORD> targets,
                  std::span<KoordStatus> statuses, Block& block, InstructionSet set) const;
 
-  private:
+    // The same in parts, for columns that don't come from records or don't become any. Clear goes first, and
+    // whoever doesn't load sources fills the columns of their type and has the rows admitted.
+    void Clear(Block& block, std::size_t rows) const;
     void Load(std::span<const tagKOORD> sources, Block& block) const;
+    void Admit(Block& block, std::size_t rows) const;
+    void LoadWanted(std::span<const tagKOORD> targets, Block& block) const;
+    void Compute(Block& block, std::size_t rows, InstructionSet set) const;
+    // The rows that aren't special.
+    void Store(const Block& block, std::span<tagKOORD> targets, std::span<KoordStatus> statuses) const;
 
+  private:
     const Conversion* single_ = nullptr;
     RangeCheck check_ = RangeCheck::Off;
     bool isWorthwhile_ = false;

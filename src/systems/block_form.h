@@ -19,6 +19,9 @@ struct RunOf {
     [[nodiscard]] std::int32_t Datum() const { return static_cast<std::int32_t>(record.datum); }
 };
 
+// A column of a block by its name.
+using BlockColumn = Block::Column Block::*;
+
 struct BlockForm {
     // Records to columns; a record that the formulas can't take becomes a special row.
     void (*load)(std::span<const tagKOORD> records, Block& block) = nullptr;
@@ -30,6 +33,10 @@ struct BlockForm {
     BlockStep (*forward)(const RunOf& run) = nullptr;
     // The rows that aren't special to records.
     void (*store)(const Block& block, std::span<tagKOORD> records) = nullptr;
+    // The columns of the type's fields, in their order; none where fields take more than copying.
+    std::span<const BlockColumn> columns{};
+    // Makes rows special whose columns hold what the formulas can't take; null if they take all.
+    void (*admit)(Block& block, std::size_t rows) = nullptr;
 };
 
 extern const BlockForm GEODEZ_BLOCKS, UTM_BLOCKS, UTMREF_BLOCKS, GK_BLOCKS, GK6_BLOCKS, BMN_BLOCKS,

@@ -35,6 +35,11 @@ void SetField(tagKOORD& record, std::size_t offset, Field field) {
 #define SET(record, Struct, field, value) \
     SetField<decltype(Struct::field)>(record, offsetof(Struct, field), value)
 
+constexpr BlockColumn DEGREES[]{&Block::latitude, &Block::longitude};
+constexpr BlockColumn METRES[]{&Block::east, &Block::north};
+constexpr BlockColumn ZONED[]{&Block::zone, &Block::south, &Block::east, &Block::north};
+constexpr BlockColumn WITH_MERIDIAN[]{&Block::zone, &Block::east, &Block::north};
+
 // -- Easting and northing.
 
 template <class Payload>
@@ -88,18 +93,17 @@ BlockStep Nothing(const RunOf& /*run*/) {
 
 // -- UTM.
 
-bool IsSouth(char hemisphere) {
-    return hemisphere == 'S' || hemisphere == 's';
+void AdmitZones(Block& block, std::size_t rows) {
+    for (std::size_t row = 0; row < rows; ++row)
+        block.Refuse(row, !(block.zone[row] >= 1.0 && block.zone[row] <= UTM_ZONE_COUNT));
 }
 
 void LoadUtm(std::span<const tagKOORD> records, Block& block) {
     for (std::size_t row = 0; row < records.size(); ++row) {
-        const std::int16_t zone = GET(records[row], UtmPayload, zone);
         block.east[row] = GET(records[row], UtmPayload, easting);
         block.north[row] = GET(records[row], UtmPayload, northing);
-        block.zone[row] = zone;
-        block.south[row] = IsSouth(GET(records[row], UtmPayload, hemisphere)) ? 1.0 : 0.0;
-        block.Refuse(row, !IsUtmZone(zone));
+        block.zone[row] = GET(records[row], UtmPayload, zone);
+        block.south[row] = zones::IsSouth(GET(records[row], UtmPayload, hemisphere)) ? 1.0 : 0.0;
     }
 }
 
@@ -141,7 +145,7 @@ void LoadUtmref(std::span<const tagKOORD> records, Block& block) {
         block.north[row] = utm.northing;
         block.zone[row] = utm.zone;
         block.south[row] = utm.hemisphere == 'S' ? 1.0 : 0.0;
-        block.Refuse(row, !(isResolved && IsUtmZone(utm.zone)));
+        block.Refuse(row, !isResolved);
     }
 }
 
@@ -179,18 +183,20 @@ BlockStep StripInverseOf(const RunOf& run) {
 
 // -- The Austrian grids.
 
-bool IsAustrian(std::int16_t meridian) {
+bool IsAustrian(double meridian) {
     return meridian == AUSTRIAN_MERIDIANS[0] || meridian == AUSTRIAN_MERIDIANS[1] ||
            meridian == AUSTRIAN_MERIDIANS[2];
 }
 
+void AdmitMeridians(Block& block, std::size_t rows) {
+    for (std::size_t row = 0; row < rows; ++row)
+        block.Refuse(row, !IsAustrian(block.zone[row]));
+}
+
 void LoadBmn(std::span<const tagKOORD> records, Block& block) {
     LoadGrid<BmnPayload>(records, block);
-    for (std::size_t row = 0; row < records.size(); ++row) {
-        const std::int16_t meridian = GET(records[row], BmnPayload, meridian);
-        block.zone[row] = meridian;
-        block.Refuse(row, !IsAustrian(meridian));
-    }
+    for (std::size_t row = 0; row < records.size(); ++row)
+        block.zone[row] = GET(records[row], BmnPayload, meridian);
 }
 
 void LoadWantedBmn(std::span<const tagKOORD> targets, Block& block) {
@@ -254,27 +260,35 @@ BlockStep TmInverseOf(const RunOf& run) {
 
 template <const zones::StripSystem& system>
 constexpr BlockForm Strips() {
-    return {LoadGrid<GkPayload>, StripInverseOf<system>, LoadWantedMeridian<system>, StripForwardOf<system>,
-            StoreGrid<GkPayload>};
+    return {LoadGrid<GkPayload>,    StripInverseOf<system>, LoadWantedMeridian<system>,
+            StripForwardOf<system>, StoreGrid<GkPayload>,   METRES};
 }
 
 template <const austria::AustrianGrid& grid>
 constexpr BlockForm AustrianForms() {
-    return {LoadBmn, AustrianInverseOf<grid>, LoadWantedBmn, AustrianForwardOf<grid>, StoreBmn};
+    return {LoadBmn,  AustrianInverseOf<grid>, LoadWantedBmn, AustrianForwardOf<grid>,
+            StoreBmn, WITH_MERIDIAN,           AdmitMeridians};
 }
 
 template <const grids::FixedGrid& grid>
 constexpr BlockForm Fixed() {
-    return {LoadGrid<GridPayload>, GridInverseOf<grid>, nullptr, GridForwardOf<grid>, StoreGrid<GridPayload>};
+    return {LoadGrid<GridPayload>, GridInverseOf<grid>,    nullptr,
+            GridForwardOf<grid>,   StoreGrid<GridPayload>, METRES};
 }
 
 }  // namespace
 
-constinit const BlockForm GEODEZ_BLOCKS{LoadGeodez, Nothing, nullptr, Nothing, StoreGeodez};
-constinit const BlockForm UTM_BLOCKS{LoadUtm, OnDatum<UtmInverse>, LoadWantedZone<UtmPayload>,
-                                     OnDatum<UtmForward>, StoreUtm};
-constinit const BlockForm UTMREF_BLOCKS{LoadUtmref, OnDatum<UtmrefInverse>, LoadWantedZone<UtmrefPayload>,
-                                        OnDatum<UtmrefForward>, StoreUtmref};
+constinit const BlockForm GEODEZ_BLOCKS{LoadGeodez, Nothing, nullptr, Nothing, StoreGeodez, DEGREES};
+constinit const BlockForm UTM_BLOCKS{
+    LoadUtm, OnDatum<UtmInverse>, LoadWantedZone<UtmPayload>, OnDatum<UtmForward>, StoreUtm,
+    ZONED,   AdmitZones};
+constinit const BlockForm UTMREF_BLOCKS{LoadUtmref,
+                                        OnDatum<UtmrefInverse>,
+                                        LoadWantedZone<UtmrefPayload>,
+                                        OnDatum<UtmrefForward>,
+                                        StoreUtmref,
+                                        {},
+                                        AdmitZones};
 constinit const BlockForm GK_BLOCKS = Strips<zones::GK>();
 constinit const BlockForm GK6_BLOCKS = Strips<zones::GK6>();
 constinit const BlockForm BMN_BLOCKS = AustrianForms<austria::BMN>();
@@ -286,7 +300,7 @@ constinit const BlockForm ING_BLOCKS{LoadLettered<IngReadReference>, GridInverse
                                      GridForwardOf<grids::IRISH>, StoreLettered<IngWriteReference>};
 constinit const BlockForm LUREF_BLOCKS = Fixed<grids::LUREF>();
 constinit const BlockForm PO_MILITARY_BLOCKS = Fixed<grids::PO_MILITARY>();
-constinit const BlockForm TM_BLOCKS{LoadGrid<TmPayload>, TmInverseOf, nullptr, TmForwardOf,
-                                    StoreGrid<TmPayload>};
+constinit const BlockForm TM_BLOCKS{LoadGrid<TmPayload>, TmInverseOf,          nullptr,
+                                    TmForwardOf,         StoreGrid<TmPayload>, METRES};
 
 }  // namespace tessara
