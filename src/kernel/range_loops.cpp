@@ -1,5 +1,7 @@
 #include "kernel/range_loops.h"
 
+#include <cmath>
+
 #include "kernel/block_loop.h"
 #include "numerics/conditions.h"
 
@@ -16,7 +18,20 @@ struct Within {
     }
 };
 
+struct WithinPolar {
+    double nearest, furthest;
+
+    void operator()(Block& block, std::size_t row) const {
+        const double distance = std::fabs(block.latitude[row]);
+        block.Refuse(row, !AllOf(distance >= nearest, distance <= furthest));
+    }
+};
+
 }  // namespace
+
+BlockStep PolarWithin(double nearest, double furthest) {
+    return StepOver(WithinPolar{nearest, furthest});
+}
 
 BlockStep PositionWithin(const Limits& limits) {
     return StepOver(Within{limits});

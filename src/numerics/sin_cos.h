@@ -70,6 +70,12 @@ namespace tessara {
     return IsSmall(x * x) ? AtanhBySeries(x) : Artanh(x);
 }
 
+// Twice the angle of a tangent from 0 up to 1.
+[[nodiscard]] constexpr SinCos DoubledOfTangentUpTo1(double t) {
+    const double scale = 1.0 / (1.0 + t * t);
+    return {2.0 * t * scale, (1.0 - t * t) * scale};
+}
+
 // Twice the angle of a tangent from 0 up to infinity.
 [[nodiscard]] constexpr SinCos DoubledOfTangent(double t) {
     if (t > 1.0) {
@@ -77,8 +83,7 @@ namespace tessara {
         const double scale = 1.0 / (1.0 + u * u);
         return {2.0 * u * scale, (u * u - 1.0) * scale};
     }
-    const double scale = 1.0 / (1.0 + t * t);
-    return {2.0 * t * scale, (1.0 - t * t) * scale};
+    return DoubledOfTangentUpTo1(t);
 }
 
 [[nodiscard]] constexpr SinCos Sum(SinCos x, SinCos y) {

@@ -31,6 +31,8 @@ void BlockConversion::Prepare(const Conversion& single, const tagKOORD& source, 
     }
     if (to_ == nullptr) return;
     if (isTested && test == RangeTest::Before) steps_[3] = PositionWithin(single.To().limits);
+    if (isTested && test == RangeTest::BeforePolar)
+        steps_[3] = PolarWithin(UPS_LATITUDES.nearest, UPS_LATITUDES.furthest);
     steps_[4] = to_->forward({target, single.Target()});
 }
 

@@ -37,9 +37,12 @@ struct BlockForm {
     std::span<const BlockColumn> columns{};
     // Makes rows special whose columns hold what the formulas can't take; null if they take all.
     void (*admit)(Block& block, std::size_t rows) = nullptr;
+    // What a letter says that is a hemisphere.
+    bool (*isSouth)(char letter) = nullptr;
 };
 
 extern const BlockForm GEODEZ_BLOCKS, UTM_BLOCKS, UTMREF_BLOCKS, GK_BLOCKS, GK6_BLOCKS, BMN_BLOCKS,
-    OEM_BLOCKS, GKAT_BLOCKS, BNG_BLOCKS, ING_BLOCKS, LUREF_BLOCKS, PO_MILITARY_BLOCKS, TM_BLOCKS;
+    OEM_BLOCKS, GKAT_BLOCKS, BNG_BLOCKS, ING_BLOCKS, LUREF_BLOCKS, PO_MILITARY_BLOCKS, TM_BLOCKS, ECEF_BLOCKS,
+    UPS_BLOCKS;
 
 }  // namespace tessara

@@ -2,9 +2,11 @@
 #include <limits>
 
 #include "kernel/datum_rows.h"
+#include "kernel/ecef_loops.h"
 #include "kernel/lettered_references.h"
 #include "kernel/numeric.h"
 #include "kernel/origin_loops.h"
+#include "kernel/ups_loops.h"
 #include "kernel/utmref_squares.h"
 #include "kernel/zone_loops.h"
 #include "systems/block_form.h"
@@ -38,6 +40,8 @@ void SetField(tagKOORD& record, std::size_t offset, Field field) {
 constexpr BlockColumn DEGREES[]{&Block::latitude, &Block::longitude};
 constexpr BlockColumn METRES[]{&Block::east, &Block::north};
 constexpr BlockColumn ZONED[]{&Block::zone, &Block::south, &Block::east, &Block::north};
+constexpr BlockColumn POLAR[]{&Block::south, &Block::east, &Block::north};
+constexpr BlockColumn CARTESIAN[]{&Block::east, &Block::north, &Block::up};
 constexpr BlockColumn WITH_MERIDIAN[]{&Block::zone, &Block::east, &Block::north};
 
 // -- Easting and northing.
@@ -255,6 +259,45 @@ BlockStep TmInverseOf(const RunOf& run) {
     return OriginInverse(ParamsOf(Load<TmPayload>(run.record)), run.projection.originNorth, run.Datum());
 }
 
+// -- Cartesian.
+
+void LoadEcef(std::span<const tagKOORD> records, Block& block) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        block.east[row] = GET(records[row], EcefPayload, x);
+        block.north[row] = GET(records[row], EcefPayload, y);
+        block.up[row] = GET(records[row], EcefPayload, z);
+    }
+}
+
+void StoreEcef(const Block& block, std::span<tagKOORD> records) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SET(records[row], EcefPayload, x, block.east[row]);
+        SET(records[row], EcefPayload, y, block.north[row]);
+        SET(records[row], EcefPayload, z, block.up[row]);
+    }
+}
+
+// -- UPS.
+
+bool IsSouthOfUps(char hemisphere) {
+    return hemisphere == 'S';
+}
+
+void LoadUps(std::span<const tagKOORD> records, Block& block) {
+    LoadGrid<UpsPayload>(records, block);
+    for (std::size_t row = 0; row < records.size(); ++row)
+        block.south[row] = IsSouthOfUps(GET(records[row], UpsPayload, hemisphere)) ? 1.0 : 0.0;
+}
+
+void StoreUps(const Block& block, std::span<tagKOORD> records) {
+    StoreGrid<UpsPayload>(block, records);
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SET(records[row], UpsPayload, hemisphere, block.south[row] != 0.0 ? 'S' : 'N');
+    }
+}
+
 #undef GET
 #undef SET
 
@@ -280,8 +323,8 @@ constexpr BlockForm Fixed() {
 
 constinit const BlockForm GEODEZ_BLOCKS{LoadGeodez, Nothing, nullptr, Nothing, StoreGeodez, DEGREES};
 constinit const BlockForm UTM_BLOCKS{
-    LoadUtm, OnDatum<UtmInverse>, LoadWantedZone<UtmPayload>, OnDatum<UtmForward>, StoreUtm,
-    ZONED,   AdmitZones};
+    LoadUtm,    OnDatum<UtmInverse>, LoadWantedZone<UtmPayload>, OnDatum<UtmForward>, StoreUtm, ZONED,
+    AdmitZones, zones::IsSouth};
 constinit const BlockForm UTMREF_BLOCKS{LoadUtmref,
                                         OnDatum<UtmrefInverse>,
                                         LoadWantedZone<UtmrefPayload>,
@@ -302,5 +345,10 @@ constinit const BlockForm LUREF_BLOCKS = Fixed<grids::LUREF>();
 constinit const BlockForm PO_MILITARY_BLOCKS = Fixed<grids::PO_MILITARY>();
 constinit const BlockForm TM_BLOCKS{LoadGrid<TmPayload>, TmInverseOf,          nullptr,
                                     TmForwardOf,         StoreGrid<TmPayload>, METRES};
+
+constinit const BlockForm ECEF_BLOCKS{
+    LoadEcef, OnDatum<EcefInverse>, nullptr, OnDatum<EcefForward>, StoreEcef, CARTESIAN};
+constinit const BlockForm UPS_BLOCKS{
+    LoadUps, OnDatum<UpsInverse>, nullptr, OnDatum<UpsForward>, StoreUps, POLAR, nullptr, IsSouthOfUps};
 
 }  // namespace tessara

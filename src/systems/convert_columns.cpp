@@ -6,7 +6,6 @@
 #include <cstring>
 #include <limits>
 
-#include "kernel/zone_formulas.h"
 #include "numerics/rounding.h"
 #include "systems/block_conversion.h"
 #include "systems/conversion.h"
@@ -185,17 +184,17 @@ class ColumnConversion {
     }
 
     void ReadColumns(std::size_t first, std::size_t rows) {
-        const auto columns = single_.From().blocks->columns;
-        for (std::size_t i = 0; i < columns.size(); ++i) {
+        const BlockForm& form = *single_.From().blocks;
+        for (std::size_t i = 0; i < form.columns.size(); ++i) {
             const OutputField& field = sourceFields_[i];
             const In column(from_.fields[i], first);
-            double* const numbers = block_.*columns[i];
-            if (!column.Exists()) {
-                std::fill_n(numbers, rows,
-                            IsOfLetters(field) ? SouthOf(source_, field) : OutputValue(source_, field));
-            } else if (IsOfLetters(field)) {
+            double* const numbers = block_.*form.columns[i];
+            if (IsOfLetters(field)) {
+                const char always = static_cast<char>(source_.payload[field.offset]);
                 for (std::size_t row = 0; row < rows; ++row)
-                    numbers[row] = zones::IsSouth(*column.Letters(row)) ? 1.0 : 0.0;
+                    numbers[row] = form.isSouth(column.Exists() ? *column.Letters(row) : always) ? 1.0 : 0.0;
+            } else if (!column.Exists()) {
+                std::fill_n(numbers, rows, OutputValue(source_, field));
             } else {
                 column.CopyNumbers(rows, numbers);
                 if (field.kind != OutputKind::Whole16) continue;
@@ -204,10 +203,6 @@ class ColumnConversion {
             }
         }
         std::copy_n(heights_.begin(), rows, block_.height);
-    }
-
-    static double SouthOf(const tagKOORD& record, const OutputField& letter) {
-        return zones::IsSouth(static_cast<char>(record.payload[letter.offset])) ? 1.0 : 0.0;
     }
 
     // By itself, from the columns of the source to a record.

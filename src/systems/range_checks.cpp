@@ -50,7 +50,7 @@ KoordStatus First(KoordStatus first, KoordStatus second) {
     return first != KOORD_OK ? first : second;
 }
 
-constexpr AxisRange UPS_LATITUDE{80.0, 90.0};
+constexpr AxisRange UPS_LATITUDE{UPS_LATITUDES.nearest, UPS_LATITUDES.furthest};
 
 KoordStatus CheckGeodetic(const double latLon[2], const Limits& limits) {
     return First(CheckAxis(latLon[1], EastRange(limits), EAST_STATUS),

@@ -9,6 +9,12 @@ namespace tessara {
 
 struct SystemRow;
 
+// Degrees from the equator.
+struct PolarRange {
+    double nearest, furthest;
+};
+inline constexpr PolarRange UPS_LATITUDES{80.0, 90.0};
+
 KoordStatus AcceptRecord(const tagKOORD& record, const SystemRow& row);
 // Tests the position of the record in degrees.
 KoordStatus CheckThroughGeodez(const tagKOORD& record, const SystemRow& row);
