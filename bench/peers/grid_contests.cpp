@@ -6,6 +6,7 @@
 #include <GeographicLib/TransverseMercator.hpp>
 #include <GeographicLib/UTMUPS.hpp>
 
+#include "bench/peers/array_contests.h"
 #include "bench/peers/contestants.h"
 #include "bench/peers/contests.h"
 #include "bench/peers/record_values.h"
@@ -163,7 +164,22 @@ void AddGrid(const GridTask& task, std::vector<Contest>* contests) {
                          Geographic(task.geographicInverse, grid)});
 }
 
+void AddGridArray(const GridTask& task, std::vector<ArrayTask>* tasks) {
+    const Area& area = task.area;
+    const Axes axes = area.type == KOORD_ECEF ? Axes::SPACE : Axes::GRID;
+    tasks->push_back({std::string(area.name) + " forward", RandomPositions(area), Target(area),
+                      CheckRange(area), task.proj, PJ_FWD, Axes::DEGREES, axes, task.tolerance});
+    tasks->push_back({std::string(area.name) + " inverse", AllConverted(area),
+                      MakeKoord(area.datum, KOORD_GEODEZ), 1, task.proj, PJ_INV, axes, Axes::DEGREES,
+                      task.tolerance});
+}
+
 }  // namespace
+
+void AddGridArrays(std::vector<ArrayTask>* tasks) {
+    for (const GridTask& task : GRIDS)
+        AddGridArray(task, tasks);
+}
 
 void AddGrids(std::vector<Contest>* contests) {
     for (const GridTask& task : GRIDS)

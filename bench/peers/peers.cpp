@@ -3,12 +3,14 @@
 // disagreement ends the program, for a comparison of different tasks says nothing.
 //
 //     peers [--json FILE] [NAME ...]     only the tasks whose names begin with a NAME
+//     peers --arrays [NAME ...]          a million positions in one call instead
 
 #include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench/peers/array_contests.h"
 #include "bench/peers/contests.h"
 #include "bench/peers/report.h"
 
@@ -17,9 +19,10 @@ namespace {
 
 struct Options {
     std::string json;
+    bool arrays = false;
     std::vector<std::string_view> names;
-    [[nodiscard]] bool Wants(const Contest& contest) const {
-        const auto isPrefix = [&](std::string_view name) { return contest.name.starts_with(name); };
+    [[nodiscard]] bool Wants(const std::string& task) const {
+        const auto isPrefix = [&](std::string_view name) { return task.starts_with(name); };
         return names.empty() || std::any_of(names.begin(), names.end(), isPrefix);
     }
 };
@@ -28,7 +31,9 @@ Options ReadOptions(int count, char** arguments) {
     Options options;
     for (int i = 1; i < count; ++i) {
         const std::string_view argument = arguments[i];
-        if (argument != "--json") {
+        if (argument == "--arrays") {
+            options.arrays = true;
+        } else if (argument != "--json") {
             options.names.push_back(argument);
         } else if (++i < count) {
             options.json = arguments[i];
@@ -59,10 +64,25 @@ void RequireAgreement(const Contest& contest) {
     }
 }
 
+void CompareArrays(const Options& options) {
+    std::vector<ArrayTask> tasks;
+    AddGridArrays(&tasks);
+    AddShiftArrays(&tasks);
+    const double copying = TimeOfCopying();
+    PrintArrayHeading(copying);
+    for (const ArrayTask& task : tasks) {
+        if (options.Wants(task.name)) PrintArrayRow(task.name, TimeArrays(task), copying);
+    }
+}
+
 int Main(int count, char** arguments) {
     const Options options = ReadOptions(count, arguments);
+    if (options.arrays) {
+        CompareArrays(options);
+        return 0;
+    }
     std::vector<Contest> contests = AllContests();
-    std::erase_if(contests, [&](const Contest& contest) { return !options.Wants(contest); });
+    std::erase_if(contests, [&](const Contest& contest) { return !options.Wants(contest.name); });
     for (const Contest& contest : contests)
         RequireAgreement(contest);
 

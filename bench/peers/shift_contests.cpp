@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "bench/peers/array_contests.h"
 #include "bench/peers/contestants.h"
 #include "bench/peers/contests.h"
 #include "bench/peers/record_values.h"
@@ -27,7 +28,24 @@ std::string Molodensky() {
     return text;
 }
 
+std::string MolodenskyToUtm() {
+    return "+proj=pipeline +step " + Molodensky() + " +step +proj=utm +zone=32 +ellps=WGS84";
+}
+
 }  // namespace
+
+void AddShiftArrays(std::vector<ArrayTask>* tasks) {
+    std::vector<tagKOORD> wgs84 = RandomPositions(GERMANY);
+    for (tagKOORD& position : wgs84)
+        position.datum = DATUM_WGS84;
+    tasks->push_back({"datum shift forward", RandomPositions(GERMANY), MakeKoord(DATUM_WGS84, KOORD_GEODEZ),
+                      1, Molodensky(), PJ_FWD, Axes::DEGREES, Axes::DEGREES, 1e-3});
+    tasks->push_back({"datum shift inverse", wgs84, MakeKoord(GERMANY.datum, KOORD_GEODEZ), 1, Molodensky(),
+                      PJ_INV, Axes::DEGREES, Axes::DEGREES, 0.1});
+    tasks->push_back({"Bessel to WGS84 to UTM", RandomPositions(GERMANY_ZONE_32),
+                      MakeKoord(DATUM_WGS84, KOORD_UTM), 1, MolodenskyToUtm(), PJ_FWD, Axes::DEGREES,
+                      Axes::GRID, 1e-3});
+}
 
 void AddShifts(std::vector<Contest>* contests) {
     const std::string shift = Molodensky();
@@ -46,9 +64,7 @@ void AddShifts(std::vector<Contest>* contests) {
     const std::vector<tagKOORD> zone32 = RandomPositions(GERMANY_ZONE_32);
     contests->push_back(
         {"Bessel to WGS84 to UTM", Kind::METRES, 1e-3, Ours(zone32, MakeKoord(DATUM_WGS84, KOORD_UTM), 1),
-         Proj("+proj=pipeline +step " + Molodensky() + " +step +proj=utm +zone=32 +ellps=WGS84", PJ_FWD,
-              ValuesOf(zone32), Axes::DEGREES, Axes::GRID),
-         Contestant{}});
+         Proj(MolodenskyToUtm(), PJ_FWD, ValuesOf(zone32), Axes::DEGREES, Axes::GRID), Contestant{}});
 }
 
 void AddRequests(std::vector<Contest>* contests) {
