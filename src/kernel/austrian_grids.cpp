@@ -1,7 +1,10 @@
 #include "tessara/kernel/austrian_grids.h"
 
+#include <cmath>
 #include "kernel/austrian_constants.h"
+#include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
+#include "kernel/transverse_mercator_constants.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
 
@@ -81,6 +84,14 @@ KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const T
         payload->meridian > AUSTRIAN_MERIDIANS[0] - 3 && payload->meridian < AUSTRIAN_MERIDIANS[2] + 3;
     if (!isNearTheThree) return KOORD_ERR_MERIDIAN;
     return ToGeodetic(GKAT, payload, latLon, inverse);
+}
+
+KoordStatus BMN_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    const int i = MeridianIndex(Load<BmnPayload>(record).meridian);
+    if (i < 0) return KOORD_ERR_MERIDIAN;
+    TM_Factors(latLon, AUSTRIAN_MERIDIANS[i] - FERRO, 1.0,
+               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
+    return KOORD_OK;
 }
 
 }  // namespace tessara

@@ -5,6 +5,7 @@
 #include "kernel/compile_time_math.h"
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
+#include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
@@ -149,6 +150,28 @@ void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t da
     const double step = LatitudeStep(LATITUDE_SERIES[row->ellipsoid], Doubled(SinCosOfExponential(t)));
     latLon[0] = (chi + step) * DEGREES_PER_RADIAN;
     latLon[1] = (ORIGIN_LONGITUDE * RADIANS_PER_DEGREE + l / sphere.n) * DEGREES_PER_RADIAN;
+}
+
+KoordStatus RD_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    const DatumRow* row = RowOf(static_cast<std::int32_t>(record.datum));
+    if (!row) return KOORD_ERR_DATUM;
+    const GaussSphere& sphere = SPHERES[row->ellipsoid];
+    const SinCos phi = SinCosOf(latLon[0] * RADIANS_PER_DEGREE);
+    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, row->e2);
+    const SinCos b = SinCosOfExponential(std::exp(sphere.n * psi - sphere.logM));
+    const double l = (latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n;
+
+    const double latitude = std::atan2(b.sine, b.cosine);
+    const double origin = std::atan2(sphere.sinB0, sphere.cosB0);
+    factors->convergence = 2.0 *
+                           std::atan2(std::sin(l / 2.0) * std::sin((latitude + origin) / 2.0),
+                                      std::cos(l / 2.0) * std::cos((latitude - origin) / 2.0)) *
+                           DEGREES_PER_RADIAN;
+    const double normal = row->a / std::sqrt(1.0 - row->e2 * phi.sine * phi.sine);
+    const double onSphere = sphere.n * sphere.radius * b.cosine / (normal * phi.cosine);
+    factors->scale =
+        SCALE * onSphere * 2.0 / (1.0 + sphere.sinB0 * b.sine + sphere.cosB0 * b.cosine * std::cos(l));
+    return KOORD_OK;
 }
 
 }  // namespace tessara

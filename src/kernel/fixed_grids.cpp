@@ -2,6 +2,7 @@
 
 #include "kernel/datum_rows.h"
 #include "kernel/grid_constants.h"
+#include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
 
@@ -33,6 +34,13 @@ KoordStatus ToGeodetic(const FixedGrid& grid, const GridPayload* payload, double
     return KOORD_OK;
 }
 
+KoordStatus Factors(const TmParams& projection, const tagKOORD& record, const double* latLon,
+                    GridFactors* factors) {
+    TM_Factors(latLon, projection.originLongitude, projection.scale,
+               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
+    return KOORD_OK;
+}
+
 }  // namespace
 
 KoordStatus POMilitary_FromGeodetic(const double latLon[2], GridPayload* payload,
@@ -52,6 +60,14 @@ KoordStatus LUREF_FromGeodetic(const double latLon[2], GridPayload* payload, con
 KoordStatus LUREF_ToGeodetic(const GridPayload* payload, double latLon[2], const TmConstants*,
                              const TmConstants* inverse) {
     return ToGeodetic(LUREF, payload, latLon, inverse);
+}
+
+KoordStatus POMilitary_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    return Factors(PO_MILITARY.projection, record, latLon, factors);
+}
+
+KoordStatus LUREF_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    return Factors(LUREF.projection, record, latLon, factors);
 }
 
 }  // namespace tessara

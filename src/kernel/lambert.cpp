@@ -5,6 +5,7 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
+#include "kernel/grid_factors.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
@@ -183,6 +184,15 @@ void LambertFR_Inverse(double x, double y, double latLon[2], const LambertFR* la
         std::log(std::fabs(R / (std::exp(IsometricOrigin(*lambert) * n) * lambert->radius0))) * (-1.0 / n);
     latLon[0] = LatitudeFromIsometricLatitude(L, lambert->e) * DEGREES_PER_RADIAN;
     latLon[1] = gamma / n * DEGREES_PER_RADIAN + lambert->lon0;
+}
+
+void LambertCC_Factors(const double* latLon, const LambertCC& cone, GridFactors* factors) {
+    const SinCos phi = SinCosOf(latLon[0] * RADIANS_PER_DEGREE);
+    const double rho = cone.F * std::pow(ExponentialOf(phi, cone.e2), cone.n);
+    const double scale = HasOneParallel(cone) ? cone.scale : 1.0;
+    const double away = std::remainder(latLon[1] - cone.lon0 * DEGREES_PER_RADIAN, DEGREES_PER_TURN);
+    factors->convergence = cone.n * away;
+    factors->scale = scale * cone.n * rho / ParallelRadius(phi, cone.e2);
 }
 
 }  // namespace tessara

@@ -5,6 +5,7 @@
 
 #include "kernel/datum_rows.h"
 #include "kernel/grid_constants.h"
+#include "kernel/grid_factors.h"
 #include "kernel/lettered_references.h"
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
@@ -119,6 +120,13 @@ KoordStatus ToGeodetic(const LetterGridPayload* payload, double latLon[2], const
     return KOORD_OK;
 }
 
+KoordStatus Factors(const TmParams& projection, const tagKOORD& record, const double* latLon,
+                    GridFactors* factors) {
+    TM_Factors(latLon, projection.originLongitude, projection.scale,
+               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
+    return KOORD_OK;
+}
+
 }  // namespace
 
 void BngWriteReference(const GridValues& values, LetterGridPayload* payload) {
@@ -153,6 +161,14 @@ KoordStatus BNG_ToGeodetic(const LetterGridPayload* payload, double latLon[2], c
 KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], const TmConstants*,
                            const TmConstants* inverse) {
     return ToGeodetic<IRISH>(payload, latLon, inverse);
+}
+
+KoordStatus BNG_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    return Factors(BRITISH.projection, record, latLon, factors);
+}
+
+KoordStatus ING_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    return Factors(IRISH.projection, record, latLon, factors);
 }
 
 }  // namespace tessara

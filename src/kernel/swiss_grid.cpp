@@ -4,6 +4,7 @@
 
 #include "kernel/conformal_latitude.h"
 #include "kernel/ellipsoids.h"
+#include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
 #include "kernel/swiss_sphere.h"
 #include "numerics/sin_cos.h"
@@ -78,6 +79,22 @@ KoordStatus CH_ToGeodetic(const GridPayload* payload, double latLon[2]) {
     const double rest = RestOfIteration(start, step, twice, swiss::E2, LATITUDE_TOLERANCE);
     latLon[0] = (lat + rest) * DEGREES_PER_RADIAN;
     latLon[1] = (l / c.alpha + c.lon0) * DEGREES_PER_RADIAN;
+    return KOORD_OK;
+}
+
+KoordStatus CH_Factors(const tagKOORD& /*record*/, const double* latLon, GridFactors* factors) {
+    const swiss::Sphere& c = swiss::SPHERE;
+    const SinCos phi = SinCosOf(latLon[0] / DEGREES_PER_RADIAN);
+    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, swiss::E2);
+    const SinCos b = SinCosOfExponential(std::exp(c.alpha * psi + c.k));
+    const double l = c.alpha * (latLon[1] / DEGREES_PER_RADIAN - c.lon0);
+    const double z = b.sine * c.cosB0 - std::cos(l) * b.cosine * c.sinB0;
+
+    factors->convergence =
+        std::atan2(c.sinB0 * std::sin(l), c.cosB0 * b.cosine + c.sinB0 * b.sine * std::cos(l)) *
+        DEGREES_PER_RADIAN;
+    const double normal = swiss::A / std::sqrt(1.0 - swiss::E2 * phi.sine * phi.sine);
+    factors->scale = c.radius * c.alpha * b.cosine / (normal * phi.cosine) / std::sqrt(1.0 - z * z);
     return KOORD_OK;
 }
 

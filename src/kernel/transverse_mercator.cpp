@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include "kernel/conformal_latitude.h"
+#include "kernel/datum_rows.h"
+#include "kernel/grid_factors.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/transverse_mercator_core.h"
 
@@ -75,6 +78,38 @@ void TmInverseFromOrigin(double easting, double northing, const TmParams& p, dou
                           (easting - p.falseEasting) * perUnit};
     InverseOnUnit(ellipsoid, figure, 0.0, &latLon[1], &latLon[0], inverse);
     latLon[1] += p.originLongitude;
+}
+
+// By Karney's names: on the sphere with the conformal latitude chi the grid turns by gamma' and stretches by
+// k'; from there to the plane of the ellipsoid it turns and stretches by the derivative of the series.
+void TM_Factors(const double* latLon, double centralMeridian, double k, const TmConstants& forward,
+                GridFactors* factors) {
+    const Figure figure = FigureOf(forward);
+    const SinCos phi = SinCosOf(latLon[0] * RADIANS_PER_DEGREE);
+    const double lambda = (latLon[1] - centralMeridian) * RADIANS_PER_DEGREE;
+    const double sine = std::fabs(phi.sine);
+    // The tangent of half the conformal colatitude, and the ratio of the cosines of both latitudes, which the
+    // poles have as well.
+    const double perSphere = std::exp(EllipsoidShare(sine, figure.e2)) / (1.0 + sine);
+    const double t = std::fabs(phi.cosine) * perSphere;
+    const double cosineRatio = 2.0 * perSphere / (1.0 + t * t);
+    const double up = std::copysign((1.0 - t * t) / (1.0 + t * t), phi.sine);
+    const double along = 2.0 * t / (1.0 + t * t);
+    const double aside = along * std::sin(lambda);
+
+    const double xi = std::atan2(up, along * std::cos(lambda));
+    const double eta = std::atanh(aside);
+    double re = forward.seriesCoef[0];
+    double im = 0.0;
+    for (int j = 1; j <= 4; ++j) {
+        re += 2 * j * forward.seriesCoef[j] * std::cos(2 * j * xi) * std::cosh(2 * j * eta);
+        im -= 2 * j * forward.seriesCoef[j] * std::sin(2 * j * xi) * std::sinh(2 * j * eta);
+    }
+    const double onSphere = std::atan2(up * std::sin(lambda), std::cos(lambda));
+    factors->convergence =
+        std::remainder((onSphere - std::atan2(im, re)) * DEGREES_PER_RADIAN, DEGREES_PER_TURN);
+    factors->scale = k * std::hypot(re, im) * cosineRatio * std::sqrt(1.0 - figure.e2 * sine * sine) /
+                     std::sqrt(1.0 - aside * aside);
 }
 
 }  // namespace tessara

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "kernel/conformal_latitude.h"
+#include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
 #include "kernel/ups_constants.h"
 #include "kernel/ups_formulas.h"
@@ -45,6 +47,19 @@ KoordStatus UPS_ToGeodetic(const UpsPayload* payload, double latLon[2], std::int
     }
     latLon[0] = AtEdge(-(sign * latitude));
     latLon[1] = longitude;
+    return KOORD_OK;
+}
+
+// The radius of the parallel in the plane by that on the ellipsoid, in which the cosine of the latitude
+// cancels out.
+KoordStatus UPS_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    const UpsConstants* c = UpsConstantsOf(static_cast<std::int32_t>(record.datum));
+    if (!c) return KOORD_ERR_DATUM;
+    const bool isSouth = Load<UpsPayload>(record).hemisphere == 'S';
+    const double sine = std::sin(latLon[0] * RADIANS_PER_DEGREE) * (isSouth ? -1.0 : 1.0);
+    const double normal = c->a / std::sqrt(1.0 - c->e2 * sine * sine);
+    factors->scale = SCALE * c->poleRadius * std::exp(EllipsoidShare(sine, c->e2)) / (1.0 + sine) / normal;
+    factors->convergence = std::remainder(isSouth ? -latLon[1] : latLon[1], DEGREES_PER_TURN);
     return KOORD_OK;
 }
 

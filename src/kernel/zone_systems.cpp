@@ -3,7 +3,9 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
+#include "kernel/transverse_mercator_constants.h"
 #include "kernel/zone_formulas.h"
 #include "tessara/kernel/constants.h"
 
@@ -54,13 +56,23 @@ KoordStatus FromGeodetic(const StripSystem& system, NaturalMeridian naturalMerid
     return AreDistant(meridian, natural) ? KOORD_ERR_ZONE_DISTANT : KOORD_OK;
 }
 
+// The strip's number in the millions of an easting, and its meridian as it is numbered.
+struct Strip {
+    std::int32_t number;
+    std::int32_t meridian;
+};
+
+Strip StripOf(const StripSystem& system, double easting) {
+    const std::int32_t strip = TruncateToInt32(easting) / 1000000;
+    return {strip, strip * system.width + (strip < 0 ? system.offset : -system.offset)};
+}
+
 KoordStatus ToGeodetic(const StripSystem& system, const GkPayload* payload, double latLon[2],
                        const TmConstants* inverse) {
     latLon[0] = 0.0;
     latLon[1] = 0.0;
-    const std::int32_t strip = TruncateToInt32(payload->easting) / 1000000;
+    const auto [strip, meridian] = StripOf(system, payload->easting);
     const double easting = std::fabs(payload->easting - strip * STRIP_MILLION);
-    const std::int32_t meridian = strip * system.width + (strip < 0 ? system.offset : -system.offset);
     const Limits& limits = system.limits;
     if (meridian < limits.west || meridian > limits.east) return KOORD_ERR_MERIDIAN;
 
@@ -75,6 +87,16 @@ KoordStatus ToGeodetic(const StripSystem& system, const GkPayload* payload, doub
     }
     latLon[0] = SnapToEither(limits.south, limits.north, lat, LIMIT_TOLERANCE_DEGREES);
     latLon[1] = SnapToEither(limits.west, limits.east, lon, LIMIT_TOLERANCE_DEGREES);
+    return KOORD_OK;
+}
+
+// The sign of an easting says the side of Greenwich; within its strip it counts eastward on both.
+KoordStatus StripFactors(const StripSystem& system, const tagKOORD& record, const double* latLon,
+                         GridFactors* factors) {
+    const auto datum = static_cast<std::int32_t>(record.datum);
+    const std::int32_t meridian =
+        StripOf(system, Load<GkPayload>(record).easting).meridian + StripOrigin(system, datum);
+    TM_Factors(latLon, meridian, STRIP_SCALE, *TmForwardConstants(datum), factors);
     return KOORD_OK;
 }
 
@@ -143,6 +165,30 @@ KoordStatus GK6_FromGeodetic(const double latLon[2], GkPayload* payload, const T
 
 KoordStatus GK6_ToGeodetic(const GkPayload* payload, double latLon[2], const TmConstants* inverse) {
     return ToGeodetic(GK6, payload, latLon, inverse);
+}
+
+KoordStatus UTM_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    const std::int16_t zone = Load<UtmPayload>(record).zone;
+    if (!IsUtmZone(zone)) return KOORD_ERR_UTM_ZONE;
+    TM_Factors(latLon, UtmMeridian(zone), UTM_SCALE,
+               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
+    return KOORD_OK;
+}
+
+KoordStatus UTMREF_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    const std::int16_t zone = Load<UtmrefPayload>(record).zone;
+    if (!IsUtmZone(zone)) return KOORD_ERR_UTM_ZONE;
+    TM_Factors(latLon, UtmMeridian(zone), UTM_SCALE,
+               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
+    return KOORD_OK;
+}
+
+KoordStatus GK_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    return StripFactors(GK, record, latLon, factors);
+}
+
+KoordStatus GK6_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    return StripFactors(GK6, record, latLon, factors);
 }
 
 }  // namespace tessara

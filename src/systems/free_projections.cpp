@@ -1,5 +1,6 @@
 #include "systems/free_projections.h"
 
+#include "kernel/grid_factors.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "systems/reading.h"
 #include "tessara/kernel/ecef.h"
@@ -71,6 +72,19 @@ KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection,
 KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target) {
     auto* p = PayloadIn<LambertCCPayload>(target);
     LambertCC_Forward(position, &p->easting, &p->northing, &projection.cone);
+    return KOORD_OK;
+}
+
+KoordStatus TM_RecordFactors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    const auto p = Load<TmPayload>(record);
+    TM_Factors(latLon, p.originLongitude, p.scale, *TmForwardConstants(DatumOf(record)), factors);
+    return KOORD_OK;
+}
+
+KoordStatus LAMBERTCC_RecordFactors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
+    Projection projection;
+    PrepareCone(record, &projection);
+    LambertCC_Factors(latLon, projection.cone, factors);
     return KOORD_OK;
 }
 

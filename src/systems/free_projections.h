@@ -1,6 +1,7 @@
 // The conversions whose functions have another shape than Read and Write take.
 #pragma once
 
+#include "kernel/grid_factors.h"
 #include "systems/projection.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"
@@ -24,5 +25,7 @@ KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double
 KoordStatus TM_Write(const double* position, const Projection& projection, tagKOORD* target);
 KoordStatus LAMBERTCC_Read(const tagKOORD& source, const Projection& projection, double* position);
 KoordStatus LAMBERTCC_Write(const double* position, const Projection& projection, tagKOORD* target);
+
+FactorsFunction TM_RecordFactors, LAMBERTCC_RecordFactors;
 
 }  // namespace tessara

@@ -9,6 +9,7 @@
 #include <initializer_list>
 #include <span>
 
+#include "kernel/grid_factors.h"
 #include "systems/block_form.h"
 #include "systems/projection.h"
 #include "tessara/kernel/constants.h"
@@ -182,6 +183,7 @@ struct SystemRow {
     ExtremesRow extremes{};
     TextRow text{};
     FieldList<OutputField, 8> outputs{};  // the fields as programs list them
+    FactorsFunction* factors = nullptr;   // convergence and scale, of a conformal grid
 };
 
 // By KoordType.

@@ -104,6 +104,7 @@ constexpr SystemRow Austrian(std::int32_t type, double firstCentre, double centr
         .outputs = {OUTPUT("meridian", Whole16, BmnPayload, meridian),
                     OUTPUT("easting", Metres, BmnPayload, easting),
                     OUTPUT("northing", Metres, BmnPayload, northing)},
+        .factors = BMN_Factors,
     };
 }
 
@@ -302,6 +303,7 @@ constexpr SystemRow Utm() {
                     LETTERS("hemisphere", UtmPayload, hemisphere, 1),
                     OUTPUT("easting", Metres, UtmPayload, easting),
                     OUTPUT("northing", Metres, UtmPayload, northing)},
+        .factors = UTM_Factors,
     };
 }
 
@@ -348,6 +350,7 @@ constexpr SystemRow Utmref() {
                     LETTERS("square", UtmrefPayload, column, 2),
                     OUTPUT("easting", SquareMetres, UtmrefPayload, easting),
                     OUTPUT("northing", SquareMetres, UtmrefPayload, northing)},
+        .factors = UTMREF_Factors,
     };
 }
 
@@ -454,6 +457,7 @@ constexpr SystemRow Gk() {
     row.read = Read<GK_ToGeodetic>;
     row.write = Write<GK_FromGeodetic>;
     row.blocks = &GK_BLOCKS;
+    row.factors = GK_Factors;
     row.defaultPayload = DefaultGk(3);
     row.extremes = {.rule = ExtremesRule::Positions, .corners = &GK_CORNERS, .cornersOnKkj = &GK_KKJ_CORNERS};
     return row;
@@ -481,6 +485,7 @@ constexpr SystemRow Ch() {
     SystemRow row = Grid(KOORD_CH, CH_LIMITS, 600000.0, 200000.0);
     row.read = Read<CH_ToGeodetic>;
     row.write = Write<CH_FromGeodetic>;
+    row.factors = CH_Factors;
     row.range.east = {KOORD_ERR_CH_EAST_LOW, KOORD_ERR_CH_EAST_HIGH};
     row.range.north = {KOORD_ERR_CH_NORTH_LOW, KOORD_ERR_CH_NORTH_HIGH};
     return row;
@@ -546,6 +551,7 @@ constexpr SystemRow Gk6() {
     row.read = Read<GK6_ToGeodetic>;
     row.write = Write<GK6_FromGeodetic>;
     row.blocks = &GK6_BLOCKS;
+    row.factors = GK6_Factors;
     row.defaultPayload = DefaultGk(2);
     row.extremes = {.rule = ExtremesRule::Positions, .corners = &GK6_CORNERS};
     return row;
@@ -586,6 +592,7 @@ constexpr SystemRow Ups() {
         .outputs = {LETTERS("hemisphere", UpsPayload, hemisphere, 1),
                     OUTPUT("easting", Metres, UpsPayload, easting),
                     OUTPUT("northing", Metres, UpsPayload, northing)},
+        .factors = UPS_Factors,
     };
 }
 
@@ -594,6 +601,7 @@ constexpr SystemRow PoMilitary() {
     row.read = Read<POMilitary_ToGeodetic>;
     row.write = Write<POMilitary_FromGeodetic>;
     row.blocks = &PO_MILITARY_BLOCKS;
+    row.factors = POMilitary_Factors;
     return row;
 }
 
@@ -622,6 +630,7 @@ constexpr SystemRow Tm() {
         .extremes = {.rule = ExtremesRule::Quadrants},
         .text = {.defaultPrecision = -3},
         .outputs = {OUTPUT("easting", Metres, P, easting), OUTPUT("northing", Metres, P, northing)},
+        .factors = TM_RecordFactors,
     };
 }
 
@@ -655,6 +664,7 @@ constexpr SystemRow Bng() {
     row.read = Read<BNG_ToGeodetic>;
     row.write = Write<BNG_FromGeodetic>;
     row.blocks = &BNG_BLOCKS;
+    row.factors = BNG_Factors;
     return row;
 }
 
@@ -664,6 +674,7 @@ constexpr SystemRow Ing() {
     row.read = Read<ING_ToGeodetic>;
     row.write = Write<ING_FromGeodetic>;
     row.blocks = &ING_BLOCKS;
+    row.factors = ING_Factors;
     return row;
 }
 
@@ -671,6 +682,7 @@ constexpr SystemRow Rd() {
     SystemRow row = Grid(KOORD_RD, RD_LIMITS, 200000.0, 400000.0);
     row.read = Read<RD_ToGeodetic>;
     row.write = Write<RD_FromGeodetic>;
+    row.factors = RD_Factors;
     return row;
 }
 
@@ -679,6 +691,7 @@ constexpr SystemRow Luref() {
     row.read = Read<LUREF_ToGeodetic>;
     row.write = Write<LUREF_FromGeodetic>;
     row.blocks = &LUREF_BLOCKS;
+    row.factors = LUREF_Factors;
     return row;
 }
 
@@ -688,6 +701,7 @@ constexpr SystemRow LambertCc() {
         .read = LAMBERTCC_Read,
         .write = LAMBERTCC_Write,
         .parameterBytes = offsetof(LambertCCPayload, easting),
+        .factors = LAMBERTCC_RecordFactors,
     };
 }
 
