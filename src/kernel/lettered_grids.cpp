@@ -164,11 +164,11 @@ KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], c
 }
 
 KoordStatus BNG_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
-    return Factors(BRITISH.projection, record, latLon, factors);
+    return Factors(grids::BRITISH.projection, record, latLon, factors);
 }
 
 KoordStatus ING_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
-    return Factors(IRISH.projection, record, latLon, factors);
+    return Factors(grids::IRISH.projection, record, latLon, factors);
 }
 
 }  // namespace tessara
