@@ -22,11 +22,12 @@ target_compile_options(
             -Werror
             # Exact comparisons decide behaviour: no fused multiply-add, no reordering.
             -ffp-contract=off
-            -fno-fast-math
-            # Nobody reads errno or the flags of exceptions: a square root is an instruction, and both sides of a
-            # choice may be computed. Results are the same.
-            -fno-math-errno
-            -fno-trapping-math)
+            -fno-fast-math)
+
+# The library's own sources, besides: nobody reads errno or the flags of exceptions, so that a square root is an
+# instruction and both sides of a choice may be computed. Results are the same.
+add_library(tessara_arithmetic INTERFACE)
+target_compile_options(tessara_arithmetic INTERFACE -fno-math-errno -fno-trapping-math)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # With -O3, g++ 12 warns of an overlap in expressions such as "x" + text.

@@ -6,6 +6,7 @@
 
 #include "geometry/coord_reading.h"
 #include "geometry/ellipsoid_space.h"
+#include "numerics/circular.h"
 #include "objects/koord_access.h"
 #include "tessara/coord_geographic.h"
 #include "tessara/coordinate_transfer.h"
@@ -77,8 +78,8 @@ bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north)
     Vector normal;
     if (!Empty({east, north}) || !vectors_.IsValid() || !GetNormal(coord.Get(), &normal)) return false;
     if (!ReadWgs84Position(coord.Get(), &position)) return false;
-    const double lambda = position.longitude / DEGREES_PER_RADIAN;
-    *east = {-std::sin(lambda), std::cos(lambda), 0.0};
+    const SinCos lambda = SinCosOf(position.longitude / DEGREES_PER_RADIAN);
+    *east = {-lambda.sine, lambda.cosine, 0.0};
     *north = vectors_->Cross(normal, *east);
     return IsSpatial(north);
 } catch (const std::bad_alloc&) {
@@ -89,9 +90,9 @@ bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) try {
     const IRef<ICoord> coord(p);
     GeodezPayload position{};
     if (!Empty({normal}) || !ReadWgs84Position(coord.Get(), &position)) return false;
-    const double phi = position.latitude / DEGREES_PER_RADIAN;
-    const double lambda = position.longitude / DEGREES_PER_RADIAN;
-    *normal = {std::cos(phi) * std::cos(lambda), std::cos(phi) * std::sin(lambda), std::sin(phi)};
+    const SinCos phi = SinCosOf(position.latitude / DEGREES_PER_RADIAN);
+    const SinCos lambda = SinCosOf(position.longitude / DEGREES_PER_RADIAN);
+    *normal = {phi.cosine * lambda.cosine, phi.cosine * lambda.sine, phi.sine};
     return true;
 } catch (const std::bad_alloc&) {
     return false;
@@ -102,11 +103,10 @@ bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* dire
     Vector east;
     Vector north;
     if (!Empty({direction}) || !GetLocalAxes(coord.Get(), &east, &north)) return false;
-    const double sinAzimuth = std::sin(azimuth / DEGREES_PER_RADIAN);
-    const double cosAzimuth = std::cos(azimuth / DEGREES_PER_RADIAN);
+    const SinCos ahead = SinCosOf(azimuth / DEGREES_PER_RADIAN);
     *direction = Vector::Zeros(3);
     for (std::uint32_t i = 0; i < 3; ++i)
-        (*direction)[i] = sinAzimuth * east[i] + cosAzimuth * north[i];
+        (*direction)[i] = ahead.sine * east[i] + ahead.cosine * north[i];
     return true;
 } catch (const std::bad_alloc&) {
     return false;

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
@@ -13,8 +15,7 @@ constexpr double HEIGHT_TOLERANCE = 0.01;    // metres
 constexpr double LATITUDE_TOLERANCE = 1e-6;  // degrees
 
 // The radius of curvature in the prime vertical, metres.
-double NormalRadius(const EllipsoidAxes& ellipsoid, double phi) {
-    const double sinPhi = std::sin(phi);
+double NormalRadius(const EllipsoidAxes& ellipsoid, double sinPhi) {
     return ellipsoid.a / std::sqrt(1.0 - ellipsoid.e2 * sinPhi * sinPhi);
 }
 
@@ -23,13 +24,13 @@ double NormalRadius(const EllipsoidAxes& ellipsoid, double phi) {
 // takes at least two rounds.
 bool SettleLatitude(const EllipsoidAxes& ellipsoid, double p, double z, double* latitude, double* height) {
     double h = 0.0;
-    double phi = std::atan2(z, (1.0 - ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
+    double phi = Atan2(z, (1.0 - ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
     for (int round = 0; round < MAX_ROUNDS; ++round) {
-        const double N = NormalRadius(ellipsoid, phi / DEGREES_PER_RADIAN);
+        const auto [sinPhi, cosPhi] = SinCosOf(phi / DEGREES_PER_RADIAN);
+        const double N = NormalRadius(ellipsoid, sinPhi);
         // The cosine is small at a pole but never 0: no double equals pi / 2.
-        const double cosPhi = std::cos(phi / DEGREES_PER_RADIAN);
         const double newH = p / cosPhi - N;
-        const double newPhi = std::atan2(z, (1.0 - N / (N + newH) * ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
+        const double newPhi = Atan2(z, (1.0 - N / (N + newH) * ellipsoid.e2) * p) * DEGREES_PER_RADIAN;
         const double heightStep = std::fabs(newH - h);
         h = newH;
         if (heightStep > HEIGHT_TOLERANCE) continue;
@@ -52,12 +53,12 @@ bool LoadEllipsoid(std::int32_t datum, EllipsoidAxes* ellipsoid) {
 }
 
 EcefPayload SpacePoint(const EllipsoidAxes& ellipsoid, const GeodezPayload& position) {
-    const double phi = position.latitude / DEGREES_PER_RADIAN;
-    const double lambda = position.longitude / DEGREES_PER_RADIAN;
+    const SinCos phi = SinCosOf(position.latitude / DEGREES_PER_RADIAN);
+    const SinCos lambda = SinCosOf(position.longitude / DEGREES_PER_RADIAN);
     const double h = position.height;
-    const double N = NormalRadius(ellipsoid, phi);
-    return {(N + h) * std::cos(lambda) * std::cos(phi), (N + h) * std::sin(lambda) * std::cos(phi),
-            ((1.0 - ellipsoid.e2) * N + h) * std::sin(phi)};
+    const double N = NormalRadius(ellipsoid, phi.sine);
+    return {(N + h) * lambda.cosine * phi.cosine, (N + h) * lambda.sine * phi.cosine,
+            ((1.0 - ellipsoid.e2) * N + h) * phi.sine};
 }
 
 bool SpacePosition(const EllipsoidAxes& ellipsoid, const EcefPayload& point, GeodezPayload* position) {
@@ -76,7 +77,7 @@ bool SpacePosition(const EllipsoidAxes& ellipsoid, const EcefPayload& point, Geo
     }
     // Near the centre the iteration may converge on the wrong side of the equator or beyond a pole.
     if (latitude * z < 0.0 || !(std::fabs(latitude) <= 90.0) || !std::isfinite(height)) return false;
-    *position = {latitude, std::atan2(y, x) * DEGREES_PER_RADIAN, height};
+    *position = {latitude, Atan2(y, x) * DEGREES_PER_RADIAN, height};
     return true;
 }
 

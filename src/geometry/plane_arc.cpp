@@ -4,6 +4,8 @@
 #include <new>
 
 #include "geometry/coord_reading.h"
+#include "numerics/circular.h"
+#include "numerics/rounding.h"
 #include "objects/koord_access.h"
 #include "tessara/kernel/constants.h"
 
@@ -25,7 +27,7 @@ struct PlaneFrame {
 
 // Brings an angle into 0 <= angle < 360. Adding 360 to a tiny negative angle gives 360, which becomes 0.
 double WithinTurn(double angle) {
-    const double rest = std::fmod(angle, 360.0);
+    const double rest = Fmod(angle, 360.0);
     const double positive = rest < 0.0 ? rest + 360.0 : rest;
     return positive >= 360.0 ? positive - 360.0 : positive;
 }
@@ -39,13 +41,11 @@ double StepOf(double start, double end, const ArcAngles& angles) {
 }
 
 PlaneOffset OffsetAt(const PlaneEllipse& ellipse, double angle) {
-    const double sinA = std::sin(angle / DEGREES_PER_RADIAN);
-    const double cosA = std::cos(angle / DEGREES_PER_RADIAN);
-    const double sinRho = std::sin(ellipse.rotation / DEGREES_PER_RADIAN);
-    const double cosRho = std::cos(ellipse.rotation / DEGREES_PER_RADIAN);
-    const double across = sinA * ellipse.across;
-    const double along = cosA * ellipse.along;
-    return {across * cosRho + along * sinRho, along * cosRho - across * sinRho};
+    const SinCos at = SinCosOf(angle / DEGREES_PER_RADIAN);
+    const SinCos rho = SinCosOf(ellipse.rotation / DEGREES_PER_RADIAN);
+    const double across = at.sine * ellipse.across;
+    const double along = at.cosine * ellipse.along;
+    return {across * rho.cosine + along * rho.sine, along * rho.cosine - across * rho.sine};
 }
 
 bool ReadFrame(IEllipsoidOfRevolution* ellipsoid, ICoord* centre, PlaneFrame* frame) {

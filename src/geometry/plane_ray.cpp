@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "numerics/hypotenuse.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
@@ -40,7 +41,7 @@ Triple Cross(const Triple& a, const Triple& b) {
 
 bool RunsAlong(const Triple& D, const Triple& normal) {
     const double cosine = D[0] * normal[0] + D[1] * normal[1] + D[2] * normal[2];
-    return std::fabs(cosine) <= SMALL_SINE * std::hypot(D[0], D[1], D[2]);
+    return std::fabs(cosine) <= SMALL_SINE * Hypot(Hypot(D[0], D[1]), D[2]);
 }
 
 bool IsSmall(double component, double beside) {
@@ -90,11 +91,12 @@ PlaneHit IntersectPlane(const Triple& d, const Triple& D, const Triple& E, const
     const Triple normal = Cross(E, N);
     PlaneHit hit{};
     if (RunsAlong(D, normal)) {
-        const std::size_t last =
-            IsSmall(std::fmax(std::fabs(normal[0]), std::fabs(normal[1])), normal[2]) ? 0 : 2;
+        const bool isUpright = IsSmall(normal[0], normal[2]) && IsSmall(normal[1], normal[2]);
+        const std::size_t last = isUpright ? 0 : 2;
         hit = AlongPlane(Turned(r, last), Turned(E, last), Turned(N, last));
     } else {
-        const std::size_t last = IsSmall(D[2], std::fmax(std::fabs(D[0]), std::fabs(D[1]))) ? Pivot(D) : 2;
+        const bool isFlat = IsSmall(D[2], D[0]) || IsSmall(D[2], D[1]);
+        const std::size_t last = isFlat ? Pivot(D) : 2;
         hit = AcrossPlane(Turned(r, last), Turned(D, last), Turned(E, last), Turned(N, last));
     }
     return std::isfinite(hit.t) && std::isfinite(hit.x) && std::isfinite(hit.y) ? hit : MISS;

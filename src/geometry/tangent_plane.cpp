@@ -1,11 +1,12 @@
 #include "geometry/tangent_plane.h"
 
-#include <cmath>
 #include <new>
 #include <utility>
 
 #include "geometry/coord_reading.h"
 #include "geometry/plane_ray.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -74,7 +75,7 @@ double TangentPlane::GetAzimuth(ICoord* p) {
     double z = 0.0;
     if (!GetPlaneCoords(p, &x, &y, &z)) return MISSING_NUMBER;
     // Adding 0.0 turns -0.0 into 0.0; for a negative zero atan2 would return south.
-    return std::atan2(x + 0.0, y + 0.0) * DEGREES_PER_RADIAN;
+    return Atan2(x + 0.0, y + 0.0) * DEGREES_PER_RADIAN;
 }
 
 double TangentPlane::IntersectRay(const Vector* point, const Vector* direction, double* x, double* y) {
@@ -165,8 +166,8 @@ bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out)
 bool TangentPlane::PointInPlane(ICoord* p, double distance, ICoord* out) {
     const double azimuth = GetAzimuth(p);
     if (azimuth == MISSING_NUMBER) return false;
-    const double alpha = azimuth / DEGREES_PER_RADIAN;
-    return PlaneCoordsToCoord(std::sin(alpha) * distance, std::cos(alpha) * distance, 0.0, out);
+    const SinCos alpha = SinCosOf(azimuth / DEGREES_PER_RADIAN);
+    return PlaneCoordsToCoord(alpha.sine * distance, alpha.cosine * distance, 0.0, out);
 }
 
 ITangentPlane* CreateClassTangentPlane() {

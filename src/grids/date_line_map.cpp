@@ -6,6 +6,7 @@
 #include "geometry/map_plane.h"
 #include "grids/window_samples.h"
 #include "kernel/numeric.h"
+#include "numerics/rounding.h"
 #include "objects/koord_access.h"
 #include "records/default_koord.h"
 #include "tessara/kernel/convert.h"
@@ -57,7 +58,7 @@ class DateLineMap : public IMapCoordOperations {
         if (!plane_.ToWorld({x, y}, &place)) return false;
         auto position = Load<GeodezPayload>(place);
         if (!(std::fabs(position.longitude) > HALF_TURN)) return false;
-        position.longitude = std::remainder(position.longitude, FULL_TURN);
+        position.longitude = Remainder(position.longitude, FULL_TURN);
         Store(place, position);
         return ResetToDefault(&wanted) && KoordConvert(&place, &wanted) == KOORD_OK &&
                KoordToCoord(&wanted, target.Get());
@@ -107,7 +108,7 @@ class DateLineMap : public IMapCoordOperations {
         auto position = Load<GeodezPayload>(degrees);
         const double east = position.longitude - middle_;
         if (!(std::fabs(east) > ON_ITS_SIDE)) return std::nullopt;
-        position.longitude = middle_ + std::remainder(east, FULL_TURN);
+        position.longitude = middle_ + Remainder(east, FULL_TURN);
         Store(degrees, position);
         PlanePoint found{};
         if (!plane_.ToPlane(CKoord(degrees), &found)) return std::nullopt;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "numerics/hypotenuse.h"
+
 namespace tessara {
 namespace {
 
@@ -57,8 +59,8 @@ bool MeetsBox(const std::vector<PlanePoint>& polyline, const Box& box) {
 // The distance of a point from the straight line through two others; from their common place if they are
 // equal.
 double DistanceToLine(const PlanePoint& p, const PlanePoint& a, const PlanePoint& b) {
-    const double length = std::hypot(b.x - a.x, b.y - a.y);
-    if (length == 0.0) return std::hypot(p.x - a.x, p.y - a.y);
+    const double length = Hypot(b.x - a.x, b.y - a.y);
+    if (length == 0.0) return Hypot(p.x - a.x, p.y - a.y);
     return std::fabs((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / length;
 }
 
@@ -136,13 +138,13 @@ bool GridPen::AreMany(double lines) const {
 }
 
 double GridPen::WayThrough(const std::vector<CKoord>& places) const {
-    const double far = std::hypot(WidthOf(window_), HeightOf(window_));
+    const double far = Hypot(WidthOf(window_), HeightOf(window_));
     double way = 0.0;
     for (std::size_t i = 1; i < places.size(); ++i) {
         PlanePoint p{};
         PlanePoint q{};
         const bool arePlaced = map_.ToPlane(places[i - 1], &p) && map_.ToPlane(places[i], &q);
-        const double step = arePlaced ? std::hypot(q.x - p.x, q.y - p.y) : far;
+        const double step = arePlaced ? Hypot(q.x - p.x, q.y - p.y) : far;
         way += step < far ? step : far;
     }
     return way;

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numerics/rounding.h"
 #include "records/axis_copy.h"
 #include "records/compare_records.h"
 #include "records/default_koord.h"
@@ -33,7 +34,7 @@ FirstLine GridSteps::MoveToFirst(CKoord* place) const {
     const double distance = koord::Difference(axis_, line, *place);
     if (distance == UNKNOWN_DIFFERENCE) return FirstLine::Failed;
 
-    const double count = std::trunc(distance / step_);
+    const double count = Trunc(distance / step_);
     if (!MoveBy(count * step_, &line)) return FirstLine::None;
     if (CompareRecords(axis_, *place, line) > 0 && !MoveBy(step_, &line)) return FirstLine::None;
     // A count or a step below the resolution of the numbers never reaches the line.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "grids/window_samples.h"
+#include "numerics/rounding.h"
 #include "records/check_record.h"
 
 namespace tessara {
@@ -44,8 +45,7 @@ class Survey {
   private:
     void Note(double longitude, double last) {
         seen_.push_back(longitude);
-        if (!std::isnan(last))
-            margin_ = std::max(margin_, std::fabs(std::remainder(longitude - last, FULL_TURN)));
+        if (!std::isnan(last)) margin_ = std::max(margin_, std::fabs(Remainder(longitude - last, FULL_TURN)));
     }
 
     // The extremes may be cut where the codes of a system end.

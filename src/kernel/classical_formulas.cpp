@@ -6,6 +6,10 @@
 #include "kernel/swiss_sphere.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/ups_constants.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/exponential.h"
+#include "numerics/logarithm.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/transverse_mercator.h"
@@ -25,13 +29,13 @@ constexpr double GAUSS_TOLERANCE = 1e-14;  // radians
 constexpr int GAUSS_ITERATIONS = 50;
 
 double LogTan(double lat) {
-    return std::log(std::tan(lat / 2.0 + QUARTER_PI));
+    return Log(Tan(lat / 2.0 + QUARTER_PI));
 }
 
 // ln((1 + e sin phi)/(1 - e sin phi)), the ellipsoid's share of the isometric latitude.
 double LogRatio(double e, double lat) {
-    const double eSin = e * std::sin(lat);
-    return std::log((1.0 + eSin) / (1.0 - eSin));
+    const double eSin = e * Sin(lat);
+    return Log((1.0 + eSin) / (1.0 - eSin));
 }
 
 }  // namespace
@@ -78,24 +82,23 @@ KoordStatus TM_InverseParam(double easting, double northing, const TmParams* p, 
 void TM_Arc(double lat, const double arcCoef[5], double* result) {
     double arc = arcCoef[0] * lat;
     for (int j = 1; j <= 4; ++j)
-        arc += arcCoef[j] * std::sin(2.0 * j * lat);
+        arc += arcCoef[j] * Sin(2.0 * j * lat);
     *result = arc;
 }
 
 void IsometricLatitude_Tm(double lat, double e, double* psi) {
-    const double eSin = e * std::sin(lat);
-    *psi = std::log(std::tan(lat / 2.0 + QUARTER_PI) * std::pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
+    const double eSin = e * Sin(lat);
+    *psi = Log(Tan(lat / 2.0 + QUARTER_PI) * Pow((1.0 - eSin) / (1.0 + eSin), e / 2.0));
 }
 
 void LatitudeFromIsometric(double psi, double e, double tolerance, double* lat) {
-    const double t = std::exp(psi);
-    double phi = 2.0 * std::atan(t) - HALF_PI_SHORT;
+    const double t = Exp(psi);
+    double phi = 2.0 * Atan(t) - HALF_PI_SHORT;
     double step = 0.0;
     int i = 0;
     do {
-        const double eSin = e * std::sin(phi);
-        const double next =
-            2.0 * std::atan(t * std::pow((1.0 + eSin) / (1.0 - eSin), e / 2.0)) - HALF_PI_SHORT;
+        const double eSin = e * Sin(phi);
+        const double next = 2.0 * Atan(t * Pow((1.0 + eSin) / (1.0 - eSin), e / 2.0)) - HALF_PI_SHORT;
         step = std::fabs(phi - next);
         phi = next;
     } while (step > tolerance && ++i < LATITUDE_ITERATIONS);
@@ -110,32 +113,32 @@ KoordStatus UPS_LoadConstants(std::int32_t datum, UpsConstants* c) {
 }
 
 void CH_LoadConstants(CHConstants* c) {
-    c->degPerRad = 45.0 / std::atan(1.0);
+    c->degPerRad = 45.0 / Atan(1.0);
     c->lon0 = swiss::ORIGIN_LONGITUDE / c->degPerRad;
     c->lat0 = swiss::ORIGIN_LATITUDE / c->degPerRad;
     c->e = std::sqrt(swiss::E2);
-    c->alpha = std::sqrt(1.0 + swiss::SECOND_E2 * std::pow(std::cos(c->lat0), 4.0));
+    c->alpha = std::sqrt(1.0 + swiss::SECOND_E2 * Pow(Cos(c->lat0), 4.0));
 
-    const double sinLat0 = std::sin(c->lat0);
+    const double sinLat0 = Sin(c->lat0);
     const double sinB0 = sinLat0 / c->alpha;
-    c->b0 = std::atan(sinB0 / std::sqrt(1.0 - sinB0 * sinB0));
+    c->b0 = Atan(sinB0 / std::sqrt(1.0 - sinB0 * sinB0));
     c->radius = std::sqrt(swiss::ONE_MINUS_E2) * swiss::A / (1.0 - swiss::E2 * sinLat0 * sinLat0);
     c->k = LogTan(c->b0) - c->alpha * LogTan(c->lat0) + (c->alpha * c->e / 2.0) * LogRatio(c->e, c->lat0);
 }
 
 double RD_MeanRadius(double lat, double a, double e2) {
-    const double sinLat = std::sin(lat);
+    const double sinLat = Sin(lat);
     const double w = 1.0 - e2 * sinLat * sinLat;
-    const double meridian = (1.0 - e2) * a / std::pow(w, 1.5);
+    const double meridian = (1.0 - e2) * a / Pow(w, 1.5);
     const double primeVertical = a / std::sqrt(w);
     return std::sqrt(meridian * primeVertical);
 }
 
 double RD_GaussLatitude(double lat, double e, double n, double m) {
-    const double eSin = e * std::sin(lat);
-    const double onSphere = std::exp(n * std::log(std::tan(lat / 2.0 + QUARTER_PI)));
-    const double ofEllipsoid = std::exp((n * e / 2.0) * std::log((1.0 - eSin) / (1.0 + eSin)));
-    return 2.0 * std::atan(onSphere * ofEllipsoid / m) - HALF_PI;
+    const double eSin = e * Sin(lat);
+    const double onSphere = Exp(n * Log(Tan(lat / 2.0 + QUARTER_PI)));
+    const double ofEllipsoid = Exp((n * e / 2.0) * Log((1.0 - eSin) / (1.0 + eSin)));
+    return 2.0 * Atan(onSphere * ofEllipsoid / m) - HALF_PI;
 }
 
 double RD_LatitudeFromGauss(double b, double e, double n, double m) {

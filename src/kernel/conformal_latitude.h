@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "kernel/ellipsoids.h"
+#include "numerics/logarithm.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
@@ -36,8 +37,8 @@ namespace tessara {
 // The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
 // are taken as they are. That on the ellipsoid is smaller by the share.
 [[nodiscard]] inline double SphericalIsometricLatitude(SinCos phi) {
-    if (phi.sine < 0.0) return -std::log((1.0 - phi.sine) / phi.cosine);
-    return std::log((1.0 + phi.sine) / phi.cosine);
+    if (phi.sine < 0.0) return -Log((1.0 - phi.sine) / phi.cosine);
+    return Log((1.0 + phi.sine) / phi.cosine);
 }
 
 // The direction of a latitude on the sphere from the exponential of its isometric latitude.

@@ -5,8 +5,12 @@
 #include "kernel/compile_time_math.h"
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
+#include "kernel/gauss_sphere.h"
 #include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
+#include "numerics/arcs.h"
+#include "numerics/exponential.h"
+#include "numerics/logarithm.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
@@ -26,66 +30,33 @@ constexpr double AT_ANTIPODE = 0.0001;  // of the stereographic denominator, whi
 
 constexpr double ORIGIN_PHI = ORIGIN_LATITUDE * RADIANS_PER_DEGREE;
 
-consteval SinCos OriginSinCos() {
-    const long double sine = compile_time::Sine(ORIGIN_PHI);
-    return {static_cast<double>(sine), static_cast<double>(compile_time::Sqrt(1.0L - sine * sine))};
-}
-
-constexpr SinCos ORIGIN = OriginSinCos();
-
-// The direction of a latitude, that of the origin bit by bit as it stands above.
-SinCos LatitudeSinCos(double phi) {
-    const double away = phi - ORIGIN_PHI;
-    return IsSmall(away * away) ? Sum(ORIGIN, SinCosOfSmall(away)) : SinCosOf(phi);
-}
-
-// tan(phi/2 + pi/4), the exponential of the isometric latitude on the sphere.
-constexpr double ExponentialOf(SinCos phi) {
-    return phi.sine < 0.0 ? phi.cosine / (1.0 - phi.sine) : (1.0 + phi.sine) / phi.cosine;
-}
-
-constexpr double ORIGIN_EXPONENTIAL = ExponentialOf(ORIGIN);
-
-// The Gaussian sphere of an ellipsoid at the origin.
-struct GaussSphere {
-    double n, logM;       // exponent and logarithm of the factor of the conformal map onto the sphere
-    double share;         // by which the ellipsoid shortens the origin's isometric latitude
-    double exponential;   // of the origin on the sphere
-    double sinB0, cosB0;  // of the origin's latitude there, bit by bit what the exponential gives
-    double radius;        // metres
+// The sphere of an ellipsoid at the origin.
+struct Sphere {
+    GaussSphere gauss;
+    double radius;  // metres
 };
 
-consteval GaussSphere ComputeSphere(const EllipsoidFigure& figure) {
+consteval Sphere ComputeSphere(const EllipsoidFigure& figure) {
     namespace ct = compile_time;
-    const long double e2 = figure.EccentricitySquared();
-    const long double e = ct::Sqrt(e2);
-    const long double sinPhi0 = ct::Sine(ORIGIN_LATITUDE * RADIANS_PER_DEGREE);
-    const long double cos2 = 1.0L - sinPhi0 * sinPhi0;
-    const long double w = e2 / (1.0L - e2) * cos2;
-    const long double n = ct::Sqrt(w * cos2 + 1.0L);
+    const ct::Wide one = 1.0;
+    const ct::Wide e2 = figure.EccentricitySquared();
+    const ct::Wide sinPhi0 = ct::Sine(ORIGIN_PHI);
+    const ct::Wide cos2 = one - sinPhi0 * sinPhi0;
+    const ct::Wide w = e2 / (one - e2) * cos2;
+    const ct::Wide n = ct::Sqrt(w * cos2 + one);
     // tan b0 = tan phi0 / sqrt(1 + w)
-    const long double scale = ct::Sqrt(sinPhi0 * sinPhi0 + cos2 * (1.0L + w));
-    const long double sinB0 = sinPhi0 / scale;
-    const long double psi0 = ct::Atanh(sinPhi0) - e * ct::Atanh(e * sinPhi0);
-    const long double cosB0 = ct::Sqrt(cos2 * (1.0L + w)) / scale;
-    const auto exponential = static_cast<double>((1.0L + sinB0) / cosB0);
-    const SinCos b0 = SinCosOfExponential(exponential);
-    return {static_cast<double>(n),
-            static_cast<double>(n * psi0 - ct::Atanh(sinB0)),
-            EllipsoidShare(ORIGIN.sine, figure.EccentricitySquared()),
-            exponential,
-            b0.sine,
-            b0.cosine,
-            static_cast<double>(figure.a * ct::Sqrt(1.0L - e2) / (1.0L - e2 * sinPhi0 * sinPhi0))};
+    const ct::Wide sinB0 = sinPhi0 / ct::Sqrt(sinPhi0 * sinPhi0 + cos2 * (one + w));
+    return {gauss::Compute(ORIGIN_PHI, e2, n, sinB0),
+            static_cast<double>(figure.a * ct::Sqrt(one - e2) / (one - e2 * sinPhi0 * sinPhi0))};
 }
 
-constexpr auto SPHERES = ForEachEllipsoid<GaussSphere>(ComputeSphere);
+constexpr auto SPHERES = ForEachEllipsoid<Sphere>(ComputeSphere);
 
 // Sine and cosine of the bearing of a point from the origin, clockwise from grid north.
 SinCos BearingOf(double x, double y) {
     if (IsWithin(x, -ON_AXIS, ON_AXIS)) return {0.0, y <= 0.0 ? -1.0 : 1.0};
     const double distance = std::sqrt(x * x + y * y);
-    if (!std::isfinite(distance)) return SinCosOf(HALF_PI - std::atan(y / x) + (x < 0.0 ? PI : 0.0));
+    if (!std::isfinite(distance)) return SinCosOf(HALF_PI - Atan(y / x) + (x < 0.0 ? PI : 0.0));
     return {x / distance, y / distance};
 }
 
@@ -99,22 +70,18 @@ void SetToNaN(double* one, double* other) {
 void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t datum) {
     const DatumRow* row = RowOf(datum);
     if (!row) return SetToNaN(&payload->easting, &payload->northing);
-    const GaussSphere& sphere = SPHERES[row->ellipsoid];
-    const SinCos l = SinCosOfSmall((latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n);
+    const auto& [gauss, radius] = SPHERES[row->ellipsoid];
+    const SinCos l = SinCosOfSmall((latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * gauss.exponent);
+    const SinCos b = OntoSphere(latLon[0] * RADIANS_PER_DEGREE, gauss, row->e2);
+    const auto [sinB0, cosB0] = gauss.onSphere.direction;
 
-    // The latitude on the sphere by its isometric distance from the origin's. At the origin that is 0 to the
-    // last bit, and so are x and y.
-    const SinCos phi = LatitudeSinCos(latLon[0] * RADIANS_PER_DEGREE);
-    const double share = EllipsoidShare(phi.sine, row->e2) - sphere.share;
-    const double distance = sphere.n * (std::log(ExponentialOf(phi) / ORIGIN_EXPONENTIAL) - share);
-    const SinCos b = SinCosOfExponential(sphere.exponential * std::exp(distance));
-
-    const double denominator = 1.0 + sphere.sinB0 * b.sine + sphere.cosB0 * b.cosine * l.cosine;
+    // At the origin both differences are 0 to the last bit.
+    const double denominator = 1.0 + sinB0 * b.sine + cosB0 * b.cosine * l.cosine;
     double x = 0.0;
     double y = 0.0;
     if (!IsWithin(denominator, -AT_ANTIPODE, AT_ANTIPODE)) {
-        const double scale = 2.0 * sphere.radius / denominator;
-        y = (sphere.cosB0 * b.sine - sphere.sinB0 * b.cosine * l.cosine) * scale;
+        const double scale = 2.0 * radius / denominator;
+        y = (cosB0 * b.sine - sinB0 * b.cosine * l.cosine) * scale;
         x = b.cosine * l.sine * scale;
     }
 
@@ -129,48 +96,47 @@ void RD_FromGeodetic(const double latLon[2], GridPayload* payload, std::int32_t 
 void RD_ToGeodetic(const GridPayload* payload, double latLon[2], std::int32_t datum) {
     const DatumRow* row = RowOf(datum);
     if (!row) return SetToNaN(&latLon[0], &latLon[1]);
-    const GaussSphere& sphere = SPHERES[row->ellipsoid];
+    const auto& [gauss, radius] = SPHERES[row->ellipsoid];
+    const auto [sinB0, cosB0] = gauss.onSphere.direction;
     const double x = (payload->easting - FALSE_EASTING) / SCALE;
     const double y = (payload->northing - FALSE_NORTHING) / SCALE;
 
-    SinCos b{sphere.sinB0, sphere.cosB0};
+    SinCos b{sinB0, cosB0};
     double l = 0.0;
     const bool isOrigin = IsWithin(x, -ON_AXIS, ON_AXIS) && IsWithin(y, -ON_AXIS, ON_AXIS);
     if (!isOrigin) {
         const SinCos bearing = BearingOf(x, y);
-        const SinCos psi = DoubledOfTangent(std::sqrt(x * x + y * y) / 2.0 / sphere.radius);
-        b.sine = psi.cosine * sphere.sinB0 + psi.sine * sphere.cosB0 * bearing.cosine;
+        const SinCos psi = DoubledOfTangent(std::sqrt(x * x + y * y) / 2.0 / radius);
+        b.sine = psi.cosine * sinB0 + psi.sine * cosB0 * bearing.cosine;
         b.cosine = std::sqrt((1.0 - b.sine) * (1.0 + b.sine));
-        l = std::asin(psi.sine * bearing.sine / b.cosine);
+        l = AsinOfSmall(psi.sine * bearing.sine / b.cosine);
     }
 
     // Where the iteration of RD_LatitudeFromGauss ends, in closed form.
-    const double t = std::exp((SphericalIsometricLatitude(b) + sphere.logM) / sphere.n);
-    const double chi = 2.0 * std::atan(t) - HALF_PI;
-    const double step = LatitudeStep(LATITUDE_SERIES[row->ellipsoid], Doubled(SinCosOfExponential(t)));
+    const auto [chi, direction] = OffSphere(b, gauss);
+    const double step = LatitudeStep(LATITUDE_SERIES[row->ellipsoid], Doubled(direction));
     latLon[0] = (chi + step) * DEGREES_PER_RADIAN;
-    latLon[1] = (ORIGIN_LONGITUDE * RADIANS_PER_DEGREE + l / sphere.n) * DEGREES_PER_RADIAN;
+    latLon[1] = (ORIGIN_LONGITUDE * RADIANS_PER_DEGREE + l / gauss.exponent) * DEGREES_PER_RADIAN;
 }
 
 KoordStatus RD_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
     const DatumRow* row = RowOf(static_cast<std::int32_t>(record.datum));
     if (!row) return KOORD_ERR_DATUM;
-    const GaussSphere& sphere = SPHERES[row->ellipsoid];
+    const auto& [gauss, radius] = SPHERES[row->ellipsoid];
+    const auto& [origin, direction] = gauss.onSphere;
     const SinCos phi = SinCosOf(latLon[0] * RADIANS_PER_DEGREE);
-    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, row->e2);
-    const SinCos b = SinCosOfExponential(std::exp(sphere.n * psi - sphere.logM));
-    const double l = (latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * sphere.n;
+    const SinCos b = OntoSphere(latLon[0] * RADIANS_PER_DEGREE, gauss, row->e2);
+    const double l = (latLon[1] - ORIGIN_LONGITUDE) * RADIANS_PER_DEGREE * gauss.exponent;
 
-    const double latitude = std::atan2(b.sine, b.cosine);
-    const double origin = std::atan2(sphere.sinB0, sphere.cosB0);
-    factors->convergence = 2.0 *
-                           std::atan2(std::sin(l / 2.0) * std::sin((latitude + origin) / 2.0),
-                                      std::cos(l / 2.0) * std::cos((latitude - origin) / 2.0)) *
-                           DEGREES_PER_RADIAN;
+    const double latitude = Atan2(b.sine, b.cosine);
+    factors->convergence =
+        2.0 *
+        Atan2(Sin(l / 2.0) * Sin((latitude + origin) / 2.0), Cos(l / 2.0) * Cos((latitude - origin) / 2.0)) *
+        DEGREES_PER_RADIAN;
     const double normal = row->a / std::sqrt(1.0 - row->e2 * phi.sine * phi.sine);
-    const double onSphere = sphere.n * sphere.radius * b.cosine / (normal * phi.cosine);
+    const double onSphere = gauss.exponent * radius * b.cosine / (normal * phi.cosine);
     factors->scale =
-        SCALE * onSphere * 2.0 / (1.0 + sphere.sinB0 * b.sine + sphere.cosB0 * b.cosine * std::cos(l));
+        SCALE * onSphere * 2.0 / (1.0 + direction.sine * b.sine + direction.cosine * b.cosine * Cos(l));
     return KOORD_OK;
 }
 

@@ -4,6 +4,9 @@
 
 #include "kernel/datum_rows.h"
 #include "kernel/ecef_formulas.h"
+#include "numerics/arcs.h"
+#include "numerics/sin_cos.h"
+#include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
 namespace tessara {

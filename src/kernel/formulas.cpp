@@ -1,16 +1,17 @@
 #include "tessara/kernel/formulas.h"
 
-#include <cmath>
+#include "numerics/circular.h"
+#include "numerics/logarithm.h"
 
 namespace tessara {
 
 double IsometricLatitude(double e, double lat) {
-    const double sinLat = std::sin(lat);
+    const double sinLat = Sin(lat);
     return Atanh(sinLat) - e * Atanh(e * sinLat);
 }
 
 double Atanh(double x) {
-    return 0.5 * std::log((1.0 + x) / (1.0 - x));
+    return 0.5 * Log((1.0 + x) / (1.0 - x));
 }
 
 double SignOf(double x) {

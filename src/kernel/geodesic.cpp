@@ -4,6 +4,9 @@
 #include <limits>
 
 #include "kernel/numeric.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/rounding.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
@@ -102,7 +105,7 @@ SphericalArc ArcOfLongitude(double lam, const Latitudes& latitudes, const Ellips
 
     const double cosHalf = std::sqrt(arc.A * arc.A + arc.B * arc.B);
     const double sinHalf = std::sqrt(arc.C * arc.C + arc.E * arc.E);
-    arc.sigma = 2.0 * std::atan2(sinHalf, cosHalf);
+    arc.sigma = 2.0 * Atan2(sinHalf, cosHalf);
     arc.sigmaSinCos = Doubled({sinHalf, cosHalf});
     const SinCos azimuth =
         Difference(SinCosOfSides(arc.A, arc.B, cosHalf), SinCosOfSides(arc.C, arc.E, sinHalf));
@@ -144,7 +147,7 @@ struct Position {
 
 // Whole turns don't count.
 bool Coincide(Position p1, Position p2) {
-    return p1.latitude == p2.latitude && std::remainder(p2.longitude - p1.longitude, 360.0) == 0.0;
+    return p1.latitude == p2.latitude && Remainder(p2.longitude - p1.longitude, 360.0) == 0.0;
 }
 
 // The iteration on the longitude. It converges except near the antipode.
@@ -157,8 +160,8 @@ GeodesicResult InverseByIteration(Position p1, Position p2, const Ellipsoid& ell
         const SphericalArc arc = ArcOfLongitude(lam, latitudes, ellipsoid);
         const double next = arc.longitudeExcess + L;
         if (std::fabs(next - lam) <= LONGITUDE_TOLERANCE) {
-            const double x = std::atan2(arc.A, arc.B);
-            const double y = -std::atan2(arc.C, arc.E);
+            const double x = Atan2(arc.A, arc.B);
+            const double y = -Atan2(arc.C, arc.E);
             GeodesicResult result{};
             if (Coincide(p1, p2)) return result;
             result.distance = LengthOf(arc, ellipsoid);
@@ -194,7 +197,7 @@ struct BrokenLine {
 };
 
 double MidLongitude(double lon1, double lon2) {
-    const bool isEastward = std::sin(ToRadians(lon2) - ToRadians(lon1)) > 0.0;
+    const bool isEastward = Sin(ToRadians(lon2) - ToRadians(lon1)) > 0.0;
     const double end = isEastward ? RaiseByTurns(lon2, lon1, 360.0) : LowerByTurns(lon2, lon1, 360.0);
     return WrapTurns((lon1 + end) * 0.5, 360.0);
 }
@@ -232,11 +235,11 @@ GeodesicResult SearchShortest(const BrokenLine& line, double pole) {
 
 bool IsNearAntipode(Position p1, Position p2) {
     return std::fabs(ToRadians(p1.latitude) + ToRadians(p2.latitude)) < ToRadians(SEARCH_LATITUDE) &&
-           std::cos(ToRadians(p1.longitude) - ToRadians(p2.longitude) - PI) > SEARCH_COSINE;
+           Cos(ToRadians(p1.longitude) - ToRadians(p2.longitude) - PI) > SEARCH_COSINE;
 }
 
 GeodesicResult InverseBySearch(Position p1, Position p2, const Ellipsoid& ellipsoid) {
-    const double pole = std::sin(ToRadians(p1.latitude) + ToRadians(p2.latitude)) < 0.0 ? -90.0 : 90.0;
+    const double pole = Sin(ToRadians(p1.latitude) + ToRadians(p2.latitude)) < 0.0 ? -90.0 : 90.0;
     return SearchShortest({p1, p2, MidLongitude(p1.longitude, p2.longitude), ellipsoid}, pole);
 }
 
@@ -287,10 +290,10 @@ GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, doub
     const double R = h.sine * v.cosine;
     const double S = h.sine * v.sine;
     const SinCos halfR2{std::sqrt(Q * Q + S * S), std::sqrt(P * P + R * R)};
-    const double U2 = HALF_PI - 2.0 * std::atan2(halfR2.sine, halfR2.cosine);
+    const double U2 = HALF_PI - 2.0 * Atan2(halfR2.sine, halfR2.cosine);
     const SinCos r2 = Doubled(halfR2);
-    const double F = std::atan2(P, R);
-    const double G = std::atan2(Q, S);
+    const double F = Atan2(P, R);
+    const double G = Atan2(Q, S);
     const double C = q / (1.0 + q) * sa *
                      ((1.0 + n - K / 2.0 - K * K / 4.0) * 0.5 * sigma - K / 4.0 * w2.cosine * arc.sine +
                       3.0 * K * K / 16.0 * w4.cosine * arc2.sine);

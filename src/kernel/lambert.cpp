@@ -6,6 +6,12 @@
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
 #include "kernel/grid_factors.h"
+#include "kernel/lambert_cone.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/exponential.h"
+#include "numerics/logarithm.h"
+#include "numerics/rounding.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
@@ -35,7 +41,9 @@ constexpr std::int32_t FRENCH_ZONE_COUNT = 4;
 // SinCos of the vector in 0..2 pi, clockwise from the first axis.
 double Bearing(double u, double v) {
     if (v == 0.0) return u >= 0.0 ? 0.0 : PI;
-    const double bearing = HALF_PI - std::atan(u / v);
+    if (u > 0.0 && IsSmall(v / u * (v / u)))
+        return v > 0.0 ? AtanOfSmall(v / u) : TWO_PI + AtanOfSmall(v / u);
+    const double bearing = HALF_PI - Atan(u / v);
     return v < 0.0 ? bearing + PI : bearing;
 }
 
@@ -63,12 +71,29 @@ double ExponentialOf(SinCos phi, double e2) {
 // The latitude that has this exponential, the limit of the method's iteration.
 double LatitudeFromExponential(double t, const LatitudeSeries& series) {
     const auto [cosChi, sinChi] = DoubledOfTangent(t);
-    return HALF_PI - 2.0 * std::atan(t) + LatitudeStep(series, Doubled({sinChi, cosChi}));
+    return HALF_PI - 2.0 * Atan(t) + LatitudeStep(series, Doubled({sinChi, cosChi}));
 }
 
 // log x - log y
-double LogOfRatio(double x, double y) {
-    return x < 0.0 ? std::numeric_limits<double>::quiet_NaN() : std::log(x / y);
+double Difference(double x, double y) {
+    return x < 0.0 ? std::numeric_limits<double>::quiet_NaN() : LogOfRatio(x, y);
+}
+
+// (x / y)^exponent. For parallels, whose ratios are moderate, the logarithm needs no more digits than a
+// double.
+double PowerOfRatio(double x, double y, double exponent) {
+    return ExpOfSmall(exponent * LogOfRatio(x, y));
+}
+
+// The direction of a latitude that often is near another.
+SinCos SinCosBeside(double phi, double beside, SinCos direction) {
+    const double away = phi - beside;
+    return IsSmall(away * away) ? Sum(direction, SinCosOfSmall(away)) : SinCosOf(phi);
+}
+
+// Of the first parallel in the plane, on an ellipsoid of that size.
+double RadiusOfFirst(const LambertCC& lcc) {
+    return lcc.a * lcc.m1 / lcc.n;
 }
 
 double LatitudeFromIsometricLatitude(double psi, double e) {
@@ -77,7 +102,7 @@ double LatitudeFromIsometricLatitude(double psi, double e) {
     int count = 0;
     do {
         const double old = lat;
-        lat = std::asin(std::tanh(Atanh(std::sin(old) * e) * e + psi));
+        lat = Atan(Sinh(Atanh(Sin(old) * e) * e + psi));
         step = std::fabs(old - lat);
     } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
     return lat;
@@ -89,9 +114,8 @@ double IsometricOrigin(const LambertFR& lambert) {
 
 }  // namespace
 
-KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel2, double scale,
-                           double falseEasting, double falseNorthing, double lat0, double lon0,
-                           LambertCC* lcc) {
+KoordStatus PrepareCone(std::int32_t datum, double parallel1, double parallel2, double scale,
+                        double falseEasting, double falseNorthing, double lat0, double lon0, LambertCC* lcc) {
     *lcc = LambertCC{};
     const DatumRow* row = RowOf(datum);
     if (!row) return KOORD_ERR_DATUM;
@@ -110,23 +134,31 @@ KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel
     lcc->lat0 = lat0 * RADIANS_PER_DEGREE;
     lcc->lon0 = lon0 * RADIANS_PER_DEGREE;
     const SinCos phi1 = SinCosOf(lcc->parallel1);
-    const SinCos phi2 = SinCosOf(lcc->parallel2);
-    lcc->t0 = ExponentialOf(SinCosOf(lcc->lat0), lcc->e2);
+    const SinCos phi2 = SinCosBeside(lcc->parallel2, lcc->parallel1, phi1);
+    lcc->t0 = ExponentialOf(SinCosBeside(lcc->lat0, lcc->parallel1, phi1), lcc->e2);
     lcc->t1 = ExponentialOf(phi1, lcc->e2);
     lcc->t2 = ExponentialOf(phi2, lcc->e2);
     lcc->m1 = ParallelRadius(phi1, lcc->e2);
     lcc->m2 = ParallelRadius(phi2, lcc->e2);
-    lcc->n = HasOneParallel(*lcc) ? phi1.sine : LogOfRatio(lcc->m1, lcc->m2) / LogOfRatio(lcc->t1, lcc->t2);
-    lcc->F = lcc->m1 / (std::pow(lcc->t1, lcc->n) * lcc->n);
-    lcc->rho0 = lcc->a * lcc->F * std::pow(lcc->t0, lcc->n);
+    lcc->n = HasOneParallel(*lcc) ? phi1.sine : Difference(lcc->m1, lcc->m2) / Difference(lcc->t1, lcc->t2);
+    lcc->rho0 = RadiusOfFirst(*lcc) * PowerOfRatio(lcc->t0, lcc->t1, lcc->n);
     return KOORD_OK;
+}
+
+KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel2, double scale,
+                           double falseEasting, double falseNorthing, double lat0, double lon0,
+                           LambertCC* lcc) {
+    const KoordStatus status =
+        PrepareCone(datum, parallel1, parallel2, scale, falseEasting, falseNorthing, lat0, lon0, lcc);
+    if (status == KOORD_OK) lcc->F = lcc->m1 / (Pow(lcc->t1, lcc->n) * lcc->n);
+    return status;
 }
 
 void LambertCC_Forward(const double latLon[2], double* easting, double* northing, const LambertCC* lcc) {
     const double t = ExponentialOf(SinCosOf(latLon[0] * RADIANS_PER_DEGREE), lcc->e2);
     const double theta = (latLon[1] * RADIANS_PER_DEGREE - lcc->lon0) * lcc->n;
     const SinCos bearing = SinCosOf(theta);
-    const double rho = lcc->a * lcc->F * std::pow(t, lcc->n);
+    const double rho = RadiusOfFirst(*lcc) * PowerOfRatio(t, lcc->t1, lcc->n);
     const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
     *easting = bearing.sine * rho * scale + lcc->falseEasting;
     *northing = (lcc->rho0 - bearing.cosine * rho) * scale + lcc->falseNorthing;
@@ -143,7 +175,7 @@ void LambertCC_Inverse(double easting, double northing, double latLon[2], const 
     const double N = (northing - lcc->falseNorthing) / scale;
     const double fromApex = lcc->rho0 - N;
     const double rho = SignOf(lcc->n) * std::sqrt(E * E + fromApex * fromApex);
-    const double t = std::pow(rho / lcc->a / lcc->F, 1.0 / lcc->n);
+    const double t = lcc->t1 * PowerOfRatio(rho, RadiusOfFirst(*lcc), 1.0 / lcc->n);
     double angle = lcc->n >= 0.0 ? Bearing(fromApex, E) : Bearing(-fromApex, -E);
     if (angle > PI) angle -= TWO_PI;
     latLon[0] = LatitudeFromExponential(t, LATITUDE_SERIES[row->ellipsoid]) * DEGREES_PER_RADIAN;
@@ -162,16 +194,16 @@ void LambertFR_Init(std::int32_t zone, std::int32_t datum, LambertFR* lambert) {
         lambert->x0 = row.x0;
         lambert->y0 = row.y0;
     }
-    lambert->n = std::sin(lambert->lat0 * RADIANS_PER_DEGREE);
+    lambert->n = Sin(lambert->lat0 * RADIANS_PER_DEGREE);
 }
 
 void LambertFR_Forward(const double latLon[2], double* x, double* y, const LambertFR* lambert) {
     const double n = lambert->n;
-    const double g = (latLon[1] - lambert->lon0) * RADIANS_PER_DEGREE * n;
-    const double R = std::exp(-n * IsometricLatitude(lambert->e, latLon[0] * RADIANS_PER_DEGREE)) *
-                     std::exp(n * IsometricOrigin(*lambert)) * lambert->radius0;
-    *x = std::sin(g) * R + lambert->x0;
-    *y = (lambert->y0 + lambert->radius0) - std::cos(g) * R;
+    const SinCos g = SinCosOf((latLon[1] - lambert->lon0) * RADIANS_PER_DEGREE * n);
+    const double R = Exp(-n * IsometricLatitude(lambert->e, latLon[0] * RADIANS_PER_DEGREE)) *
+                     Exp(n * IsometricOrigin(*lambert)) * lambert->radius0;
+    *x = g.sine * R + lambert->x0;
+    *y = (lambert->y0 + lambert->radius0) - g.cosine * R;
 }
 
 void LambertFR_Inverse(double x, double y, double latLon[2], const LambertFR* lambert) {
@@ -179,18 +211,17 @@ void LambertFR_Inverse(double x, double y, double latLon[2], const LambertFR* la
     const double dx = x - lambert->x0;
     const double dy = y - lambert->y0 - lambert->radius0;
     const double R = std::sqrt(dx * dx + dy * dy);
-    const double gamma = std::atan(dx / (lambert->y0 + lambert->radius0 - y));
-    const double L =
-        std::log(std::fabs(R / (std::exp(IsometricOrigin(*lambert) * n) * lambert->radius0))) * (-1.0 / n);
+    const double gamma = Atan(dx / (lambert->y0 + lambert->radius0 - y));
+    const double L = Log(std::fabs(R / (Exp(IsometricOrigin(*lambert) * n) * lambert->radius0))) * (-1.0 / n);
     latLon[0] = LatitudeFromIsometricLatitude(L, lambert->e) * DEGREES_PER_RADIAN;
     latLon[1] = gamma / n * DEGREES_PER_RADIAN + lambert->lon0;
 }
 
 void LambertCC_Factors(const double* latLon, const LambertCC& cone, GridFactors* factors) {
     const SinCos phi = SinCosOf(latLon[0] * RADIANS_PER_DEGREE);
-    const double rho = cone.F * std::pow(ExponentialOf(phi, cone.e2), cone.n);
+    const double rho = cone.m1 / cone.n * Pow(ExponentialOf(phi, cone.e2) / cone.t1, cone.n);
     const double scale = HasOneParallel(cone) ? cone.scale : 1.0;
-    const double away = std::remainder(latLon[1] - cone.lon0 * DEGREES_PER_RADIAN, DEGREES_PER_TURN);
+    const double away = Remainder(latLon[1] - cone.lon0 * DEGREES_PER_RADIAN, DEGREES_PER_TURN);
     factors->convergence = cone.n * away;
     factors->scale = scale * cone.n * rho / ParallelRadius(phi, cone.e2);
 }

@@ -10,6 +10,7 @@
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
+#include "numerics/rounding.h"
 #include "tessara/kernel/limits.h"
 
 namespace tessara {
@@ -98,7 +99,7 @@ bool ResolveLetters(const LetterGridPayload& payload, GridValues* values) {
 template <const LetteredGrid& lettered>
 GridValues FullValues(const LetterGridPayload& payload) {
     if (!lettered.roundsFullValues) return {payload.fullEasting, payload.fullNorthing};
-    return {std::trunc(payload.fullEasting + 0.5), std::trunc(payload.fullNorthing + 0.5)};
+    return {Trunc(payload.fullEasting + 0.5), Trunc(payload.fullNorthing + 0.5)};
 }
 
 template <const LetteredGrid& lettered>

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "numerics/rounding.h"
+
 namespace tessara {
 
 // Kernel results depend on exact comparisons of doubles.
@@ -57,7 +59,7 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
 // The value brought into -turn/2..turn/2; both ends stand. An infinite value gives NaN.
 [[nodiscard]] inline double WrapTurns(double value, double turn) {
     if (std::fabs(value) <= turn / 2.0) return value;
-    const double rest = std::fmod(value, turn);
+    const double rest = Fmod(value, turn);
     if (rest > turn / 2.0) return rest - turn;
     if (rest < -turn / 2.0) return rest + turn;
     return rest;
@@ -65,7 +67,7 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
 
 // The first of value, value - turn, value - 2 turn ... that is at most `limit`.
 [[nodiscard]] inline double LowerByTurns(double value, double limit, double turn) {
-    return value > limit ? value - turn * std::ceil((value - limit) / turn) : value;
+    return value > limit ? value - turn * Ceil((value - limit) / turn) : value;
 }
 
 // The first of value, value + turn, value + 2 turn ... that is at least `limit`.

@@ -7,6 +7,8 @@
 #include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
 #include "kernel/swiss_sphere.h"
+#include "numerics/arcs.h"
+#include "numerics/exponential.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
@@ -25,7 +27,7 @@ SinCos OffCylinder(double northing) {
         const double cosine = 1.0 / std::sqrt(1.0 + sinh * sinh);
         return {sinh * cosine, cosine};
     }
-    const double exponential = std::exp(2.0 * northing);
+    const double exponential = Exp(2.0 * northing);
     const double sine = (exponential - 1.0) / (exponential + 1.0);
     return {sine, std::sqrt(1.0 - sine * sine)};
 }
@@ -36,9 +38,7 @@ KoordStatus CH_FromGeodetic(const double latLon[2], GridPayload* payload) {
     const swiss::Sphere& c = swiss::SPHERE;
 
     // To the sphere.
-    const SinCos phi = SinCosOf(latLon[0] / DEGREES_PER_RADIAN);
-    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, swiss::E2);
-    const SinCos b = SinCosOfExponential(std::exp(c.alpha * psi + c.k));
+    const SinCos b = OntoSphere(latLon[0] / DEGREES_PER_RADIAN, c.gauss, swiss::E2);
     const SinCos l = SinCosOfSmall(c.alpha * (latLon[1] / DEGREES_PER_RADIAN - c.lon0));
 
     // Turn the origin onto the equator.
@@ -71,11 +71,13 @@ KoordStatus CH_ToGeodetic(const GridPayload* payload, double latLon[2]) {
     const SinCos b{z, std::sqrt(x * x + y * y)};
 
     // To the ellipsoid: the limit of the iteration from b, and what it stops short by.
-    const double t = std::exp((SphericalIsometricLatitude(b) - c.k) / c.alpha);
-    const SinCos twice = Doubled(SinCosOfExponential(t));
+    const auto [chi, direction] = OffSphere(b, c.gauss);
+    const SinCos twice = Doubled(direction);
     const double step = LatitudeStep(LATITUDE_SERIES[ELLIPSOID_BESSEL], twice);
-    const double lat = 2.0 * (std::atan(t) - QUARTER_PI) + step;
-    const double start = std::atan(b.sine / b.cosine) - lat;
+    const double lat = chi + step;
+    // Some thousandths, of which the iteration shows a few digits.
+    const SinCos ahead = Difference(b, direction);
+    const double start = AtanOfSmall(ahead.sine / ahead.cosine) - step;
     const double rest = RestOfIteration(start, step, twice, swiss::E2, LATITUDE_TOLERANCE);
     latLon[0] = (lat + rest) * DEGREES_PER_RADIAN;
     latLon[1] = (l / c.alpha + c.lon0) * DEGREES_PER_RADIAN;
@@ -85,14 +87,12 @@ KoordStatus CH_ToGeodetic(const GridPayload* payload, double latLon[2]) {
 KoordStatus CH_Factors(const tagKOORD& /*record*/, const double* latLon, GridFactors* factors) {
     const swiss::Sphere& c = swiss::SPHERE;
     const SinCos phi = SinCosOf(latLon[0] / DEGREES_PER_RADIAN);
-    const double psi = SphericalIsometricLatitude(phi) - EllipsoidShare(phi.sine, swiss::E2);
-    const SinCos b = SinCosOfExponential(std::exp(c.alpha * psi + c.k));
+    const SinCos b = OntoSphere(latLon[0] / DEGREES_PER_RADIAN, c.gauss, swiss::E2);
     const double l = c.alpha * (latLon[1] / DEGREES_PER_RADIAN - c.lon0);
-    const double z = b.sine * c.cosB0 - std::cos(l) * b.cosine * c.sinB0;
+    const double z = b.sine * c.cosB0 - Cos(l) * b.cosine * c.sinB0;
 
     factors->convergence =
-        std::atan2(c.sinB0 * std::sin(l), c.cosB0 * b.cosine + c.sinB0 * b.sine * std::cos(l)) *
-        DEGREES_PER_RADIAN;
+        Atan2(c.sinB0 * Sin(l), c.cosB0 * b.cosine + c.sinB0 * b.sine * Cos(l)) * DEGREES_PER_RADIAN;
     const double normal = swiss::A / std::sqrt(1.0 - swiss::E2 * phi.sine * phi.sine);
     factors->scale = c.radius * c.alpha * b.cosine / (normal * phi.cosine) / std::sqrt(1.0 - z * z);
     return KOORD_OK;

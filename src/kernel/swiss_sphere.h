@@ -2,6 +2,7 @@
 #pragma once
 
 #include "kernel/compile_time_math.h"
+#include "kernel/gauss_sphere.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara::swiss {
@@ -19,22 +20,25 @@ struct Sphere {
     double alpha, k;      // exponent and constant of the conformal map onto the sphere
     double sinB0, cosB0;  // of the origin's latitude on the sphere
     double radius;        // metres
+    GaussSphere gauss;
 };
 
 consteval Sphere ComputeSphere() {
     namespace ct = compile_time;
-    const long double e = ct::Sqrt(E2);
-    const long double sinLat0 = ct::Sine(ORIGIN_LATITUDE / DEGREES_PER_RADIAN);
-    const long double cos2 = 1.0L - sinLat0 * sinLat0;
-    const long double alpha = ct::Sqrt(1.0L + SECOND_E2 * cos2 * cos2);
-    const long double sinB0 = sinLat0 / alpha;
-    const long double k = ct::Atanh(sinB0) - alpha * (ct::Atanh(sinLat0) - e * ct::Atanh(e * sinLat0));
+    const ct::Wide one = 1.0;
+    const ct::Wide e = ct::Sqrt(E2);
+    const ct::Wide sinLat0 = ct::Sine(ORIGIN_LATITUDE / DEGREES_PER_RADIAN);
+    const ct::Wide cos2 = one - sinLat0 * sinLat0;
+    const ct::Wide alpha = ct::Sqrt(one + ct::Wide(SECOND_E2) * cos2 * cos2);
+    const ct::Wide sinB0 = sinLat0 / alpha;
+    const ct::Wide k = ct::Atanh(sinB0) - alpha * (ct::Atanh(sinLat0) - e * ct::Atanh(e * sinLat0));
     return {ORIGIN_LONGITUDE / DEGREES_PER_RADIAN,
             static_cast<double>(alpha),
             static_cast<double>(k),
             static_cast<double>(sinB0),
-            static_cast<double>(ct::Sqrt(1.0L - sinB0 * sinB0)),
-            static_cast<double>(ct::Sqrt(ONE_MINUS_E2) * A / (1.0L - E2 * sinLat0 * sinLat0))};
+            static_cast<double>(ct::Sqrt(one - sinB0 * sinB0)),
+            static_cast<double>(ct::Sqrt(ONE_MINUS_E2) * A / (one - ct::Wide(E2) * sinLat0 * sinLat0)),
+            gauss::Compute(ORIGIN_LATITUDE / DEGREES_PER_RADIAN, E2, alpha, sinB0)};
 }
 
 inline constexpr Sphere SPHERE = ComputeSphere();

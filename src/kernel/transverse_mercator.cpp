@@ -7,6 +7,14 @@
 #include "kernel/grid_factors.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/transverse_mercator_core.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/exponential.h"
+#include "numerics/hypotenuse.h"
+#include "numerics/logarithm.h"
+#include "numerics/rounding.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
 
 namespace tessara {
 namespace {
@@ -90,25 +98,26 @@ void TM_Factors(const double* latLon, double centralMeridian, double k, const Tm
     const double sine = std::fabs(phi.sine);
     // The tangent of half the conformal colatitude, and the ratio of the cosines of both latitudes, which the
     // poles have as well.
-    const double perSphere = std::exp(EllipsoidShare(sine, figure.e2)) / (1.0 + sine);
+    const double perSphere = Exp(EllipsoidShare(sine, figure.e2)) / (1.0 + sine);
     const double t = std::fabs(phi.cosine) * perSphere;
     const double cosineRatio = 2.0 * perSphere / (1.0 + t * t);
     const double up = std::copysign((1.0 - t * t) / (1.0 + t * t), phi.sine);
     const double along = 2.0 * t / (1.0 + t * t);
-    const double aside = along * std::sin(lambda);
+    const double aside = along * Sin(lambda);
 
-    const double xi = std::atan2(up, along * std::cos(lambda));
-    const double eta = std::atanh(aside);
+    const double xi = Atan2(up, along * Cos(lambda));
+    const double eta = Artanh(aside);
     double re = forward.seriesCoef[0];
     double im = 0.0;
     for (int j = 1; j <= 4; ++j) {
-        re += 2 * j * forward.seriesCoef[j] * std::cos(2 * j * xi) * std::cosh(2 * j * eta);
-        im -= 2 * j * forward.seriesCoef[j] * std::sin(2 * j * xi) * std::sinh(2 * j * eta);
+        const double growth = Exp(2 * j * eta);
+        const double cosh = 0.5 * (growth + 1.0 / growth);
+        re += 2 * j * forward.seriesCoef[j] * Cos(2 * j * xi) * cosh;
+        im -= 2 * j * forward.seriesCoef[j] * Sin(2 * j * xi) * Sinh(2 * j * eta);
     }
-    const double onSphere = std::atan2(up * std::sin(lambda), std::cos(lambda));
-    factors->convergence =
-        std::remainder((onSphere - std::atan2(im, re)) * DEGREES_PER_RADIAN, DEGREES_PER_TURN);
-    factors->scale = k * std::hypot(re, im) * cosineRatio * std::sqrt(1.0 - figure.e2 * sine * sine) /
+    const double onSphere = Atan2(up * Sin(lambda), Cos(lambda));
+    factors->convergence = Remainder((onSphere - Atan2(im, re)) * DEGREES_PER_RADIAN, DEGREES_PER_TURN);
+    factors->scale = k * Hypot(re, im) * cosineRatio * std::sqrt(1.0 - figure.e2 * sine * sine) /
                      std::sqrt(1.0 - aside * aside);
 }
 

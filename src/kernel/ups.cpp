@@ -7,6 +7,10 @@
 #include "kernel/numeric.h"
 #include "kernel/ups_constants.h"
 #include "kernel/ups_formulas.h"
+#include "numerics/arcs.h"
+#include "numerics/exponential.h"
+#include "numerics/rounding.h"
+#include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
@@ -56,10 +60,10 @@ KoordStatus UPS_Factors(const tagKOORD& record, const double* latLon, GridFactor
     const UpsConstants* c = UpsConstantsOf(static_cast<std::int32_t>(record.datum));
     if (!c) return KOORD_ERR_DATUM;
     const bool isSouth = Load<UpsPayload>(record).hemisphere == 'S';
-    const double sine = std::sin(latLon[0] * RADIANS_PER_DEGREE) * (isSouth ? -1.0 : 1.0);
+    const double sine = Sin(latLon[0] * RADIANS_PER_DEGREE) * (isSouth ? -1.0 : 1.0);
     const double normal = c->a / std::sqrt(1.0 - c->e2 * sine * sine);
-    factors->scale = SCALE * c->poleRadius * std::exp(EllipsoidShare(sine, c->e2)) / (1.0 + sine) / normal;
-    factors->convergence = std::remainder(isSouth ? -latLon[1] : latLon[1], DEGREES_PER_TURN);
+    factors->scale = SCALE * c->poleRadius * Exp(EllipsoidShare(sine, c->e2)) / (1.0 + sine) / normal;
+    factors->convergence = Remainder(isSouth ? -latLon[1] : latLon[1], DEGREES_PER_TURN);
     return KOORD_OK;
 }
 

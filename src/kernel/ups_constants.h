@@ -21,11 +21,12 @@ consteval UpsConstants ComputeUpsConstants(const EllipsoidFigure& figure) {
     c.inverseFlattening = isSphere ? 0.0 : 1.0 / f;
     c.b = isSphere ? a : b;
     c.e2 = isSphere ? 0.0 : e2;
-    const long double e = compile_time::Sqrt(c.e2);
+    using compile_time::Wide;
+    const Wide e = compile_time::Sqrt(c.e2);
     c.e = static_cast<double>(e);
     // ((1 - e) / (1 + e))^(e/2) is exp(-e atanh e).
-    c.poleRadius = static_cast<double>(2.0 * a * compile_time::Exp(-e * compile_time::Atanh(e)) /
-                                       compile_time::Sqrt(1.0L - e * e));
+    c.poleRadius = static_cast<double>(Wide(2.0 * a) * compile_time::Exp(-e * compile_time::Atanh(e)) /
+                                       compile_time::Sqrt(Wide(1.0) - e * e));
 
     const double d = c.e2;
     const double d2 = d * d;

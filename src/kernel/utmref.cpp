@@ -5,13 +5,14 @@
 #include <cmath>
 #include <string_view>
 
-#include "kernel/compile_time_math.h"
 #include "kernel/datum_rows.h"
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/utmref_letters.h"
 #include "kernel/utmref_squares.h"
 #include "kernel/zone_formulas.h"
+#include "numerics/circular.h"
+#include "numerics/rounding.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/limits.h"
@@ -40,8 +41,8 @@ std::int32_t SquareNumber(double metres) {
 }
 
 void RoundToMetres(UtmPayload* utm) {
-    utm->easting = std::floor(utm->easting + 0.5);
-    utm->northing = std::floor(utm->northing + 0.5);
+    utm->easting = Floor(utm->easting + 0.5);
+    utm->northing = Floor(utm->northing + 0.5);
     // Just south of the equator a point rounds onto it, and the equator belongs to the north.
     if (utm->northing >= UTM_SOUTHERN_FALSE_NORTHING) {
         utm->northing -= UTM_SOUTHERN_FALSE_NORTHING;
@@ -62,13 +63,13 @@ consteval EdgeDistances ComputeEdgeDistances(const EllipsoidFigure& figure) {
     const double n2 = n * n;
     EdgeDistances distances{};
     for (std::size_t i = 0; i < EDGES.size(); ++i) {
-        const long double phi = EDGES[i] * static_cast<long double>(PI) / 180.0;
-        const long double arc = (1.0 + n2 / 4.0 + n2 * n2 / 64.0) * phi -
-                                3.0 / 2.0 * (n - n * n2 / 8.0) * compile_time::Sine(2.0 * phi) +
-                                15.0 / 16.0 * (n2 - n2 * n2 / 4.0) * compile_time::Sine(4.0 * phi) -
-                                35.0 / 48.0 * n * n2 * compile_time::Sine(6.0 * phi) +
-                                315.0 / 512.0 * n2 * n2 * compile_time::Sine(8.0 * phi);
-        distances[i] = static_cast<double>(figure.a / (1.0 + n) * arc);
+        const double phi = EDGES[i] * PI / 180.0;
+        const double arc = (1.0 + n2 / 4.0 + n2 * n2 / 64.0) * phi -
+                           3.0 / 2.0 * (n - n * n2 / 8.0) * SinCosOrdinary(2.0 * phi).sine +
+                           15.0 / 16.0 * (n2 - n2 * n2 / 4.0) * SinCosOrdinary(4.0 * phi).sine -
+                           35.0 / 48.0 * n * n2 * SinCosOrdinary(6.0 * phi).sine +
+                           315.0 / 512.0 * n2 * n2 * SinCosOrdinary(8.0 * phi).sine;
+        distances[i] = figure.a / (1.0 + n) * arc;
     }
     return distances;
 }
@@ -93,7 +94,7 @@ std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone
     // South of the equator the letters run backward from the last one.
     const std::int32_t fromGridOrigin = position - utmref::RowShift(zone);
     const std::int32_t fromEquator = band.south ? -1 - fromGridOrigin : fromGridOrigin;
-    const std::int32_t firstRow = std::max(TruncateToInt32(std::ceil(nearNorthing / SQUARE_METRES) - 1.0), 0);
+    const std::int32_t firstRow = std::max(TruncateToInt32(Ceil(nearNorthing / SQUARE_METRES) - 1.0), 0);
     const std::int32_t ahead = (fromEquator - firstRow) % UTMREF_ROW_CYCLE;
     const std::int32_t row = firstRow + (ahead + UTMREF_ROW_CYCLE) % UTMREF_ROW_CYCLE;
 

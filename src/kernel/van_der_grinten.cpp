@@ -1,7 +1,9 @@
 #include "tessara/kernel/van_der_grinten.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "numerics/polynomial.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/formulas.h"
@@ -11,7 +13,6 @@ namespace {
 
 constexpr double ON_AXIS = 1e-7;  // radians, or radii of the map's circle
 constexpr double PI_SQUARED = 9.869604401089358;
-constexpr double THIRD_PI = 1.0471975511965976;
 constexpr double ONE_27TH = 0.037037037037037035;
 // Beyond a cosine of 1 by more than this factor there is no root; up to it, rounding is to blame.
 constexpr double COSINE_SLACK = 0.999;
@@ -20,10 +21,9 @@ struct Plane {
     double x, y;
 };
 
+// The equator is true to length.
 double EquatorX(double dLambda, double a) {
-    if (std::fabs(dLambda) < ON_AXIS) return 0.0;
-    const double h = 2.0 * std::atan2(dLambda, PI);
-    return PI * a / std::sin(h) - PI * a / std::tan(h);
+    return std::fabs(dLambda) < ON_AXIS ? 0.0 : a * dLambda;
 }
 
 double MeridianY(double dPhi, double a) {
@@ -36,9 +36,10 @@ Plane Forward(double dPhi, double dLambda, double a) {
     if (std::fabs(dLambda) < ON_AXIS) return {0.0, y0};
 
     const double A = (std::fabs(PI / dLambda) - std::fabs(dLambda / PI)) * 0.5;
-    const double theta = std::asin(std::fabs(2.0 * dPhi / PI));
-    const double G = std::cos(theta) / (std::sin(theta) + std::cos(theta) - 1.0);
-    const double P = G * (2.0 / std::sin(theta) - 1.0);
+    const double sine = std::fabs(2.0 * dPhi / PI);  // of the construction's angle
+    const double cosine = std::sqrt((1.0 - sine) * (1.0 + sine));
+    const double G = cosine / (sine + cosine - 1.0);
+    const double P = G * (2.0 / sine - 1.0);
     const double W = G - P * P;
     const double V = P * P + A * A;
     const double x = a * SignOf(dLambda) * PI * (W * A + std::sqrt(A * A * W * W - V * (G * G - P * P))) / V;
@@ -50,8 +51,23 @@ Plane Forward(double dPhi, double dLambda, double a) {
     return {x, std::fabs(y0) > std::fabs(y) ? y0 : y};
 }
 
-// The latitude in radians of a point (X, Y) in radii of the map's circle; y and a in metres. The cubic is
-// solved by cosines, and the meridian's own parabola decides between two of its roots. False if there is no
+// sin(asin(x) / 3), which is cos(acos(x) / 3 + pi/3), by Newton's steps; not a number for |x| above 1. For x
+// from 0 on it is 1/2 - w, where w^2 (1 - 2w/3) = (1 - x) / 6 = r^2: so both ends keep all their digits. The
+// start is a polynomial in r, right to 7e-6, of which two steps leave nothing.
+double SineOfThird(double x) {
+    constexpr double tiny = 1e-300;
+    constexpr double starts[] = {1.0000066329, 0.3319147569,  0.3270598506, -0.3347043069,
+                                 4.0654750615, -9.8921708018, 12.2561583966};
+    const double r2 = (1.0 - std::fabs(x)) * (1.0 / 6.0);
+    const double r = std::sqrt(r2);
+    double w = r * Polynomial(starts, r);
+    for (int i = 0; i < 2; ++i)
+        w -= (w * w * (1.0 - w * (2.0 / 3.0)) - r2) / std::max(2.0 * w * (1.0 - w), tiny);
+    return std::copysign(0.5 - w, x);
+}
+
+// The latitude in radians of a point (X, Y) in radii of the map's circle; y and a in metres. The
+// meridian's own parabola decides between two roots of the cubic. False if there is no
 // root.
 bool InverseLatitude(double X, double Y, double y, double a, double* lat) {
     *lat = 0.0;
@@ -66,20 +82,17 @@ bool InverseLatitude(double X, double Y, double y, double a, double* lat) {
     const double a1 = (c1 - c2 * c2 / (3.0 * c3)) / c3;
     const double m1 = 2.0 * std::sqrt(-a1 / 3.0);
     const double x5 = 3.0 * d / (a1 * m1);
-    double theta = std::acos(x5) / 3.0;
-    if (!std::isfinite(theta)) {
+    double sine = SineOfThird(x5);
+    if (!std::isfinite(sine)) {
         if (std::fabs(x5) * COSINE_SLACK > 1.0) return false;
-        theta = THIRD_PI;
+        sine = -0.5;
     }
 
-    const auto root = [&](double angle) {
-        return SignOf(y) * PI * (-m1 * std::cos(angle + THIRD_PI) - c2 / (3.0 * c3));
-    };
-    *lat = root(theta);
-    if (std::fabs(y) > std::fabs(PI * a * *lat / (PI - std::fabs(*lat)))) {
-        const double other = (TWO_PI - 3.0 * std::fabs(theta)) / 3.0;
-        *lat = root(theta < 0.0 ? -other : other);
-    }
+    // The other root of a cubic whose roots add up to 0.
+    const auto root = [&](double s) { return SignOf(y) * PI * (-m1 * s - c2 / (3.0 * c3)); };
+    *lat = root(sine);
+    if (std::fabs(y) > std::fabs(PI * a * *lat / (PI - std::fabs(*lat))))
+        *lat = root(-0.5 * (sine + std::sqrt(3.0 * (1.0 - sine * sine))));
     return true;
 }
 

@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "kernel/numeric.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
@@ -41,20 +43,21 @@ KoordStatus WagnerIV_Forward(const tagKOORD* geodez, double lon0, double* y, dou
     if (!row) return KOORD_ERR_DATUM;
     const auto position = Load<GeodezPayload>(*geodez);
     const double dLambda = (position.longitude - lon0) * RADIANS_PER_DEGREE;
-    const double v = std::sin(position.latitude * RADIANS_PER_DEGREE) * C / 6.0;
+    const double v = Sin(position.latitude * RADIANS_PER_DEGREE) * C / 6.0;
 
     double theta = 0.0;
     double previous = 0.0;
     int count = 0;
     do {
         previous = theta;
-        theta -= (v - theta - std::sin(theta)) / (-1.0 - std::cos(theta));
+        const auto [sine, cosine] = SinCosOf(theta);
+        theta -= (v - theta - sine) / (-1.0 - cosine);
     } while (theta != previous && ++count < NEWTON_STEPS);
     if (std::fabs(theta - previous) > NEWTON_TOLERANCE) return KOORD_ERR_GENERAL;
 
-    const double h = previous / 2.0;
-    *y = std::sin(h) * HeightFactor() * row->a;
-    *x = std::cos(h) * (WidthFactor() / PI) * row->a * dLambda;
+    const SinCos h = SinCosOf(previous / 2.0);
+    *y = h.sine * HeightFactor() * row->a;
+    *x = h.cosine * (WidthFactor() / PI) * row->a * dLambda;
     return KOORD_OK;
 }
 
@@ -67,17 +70,17 @@ KoordStatus WagnerIV_Inverse(double y, double x, double lon0, tagKOORD* geodez) 
     y = WrapTurns(y, 4.0 * B);
     if (y > B) y = 2.0 * B - y;
     if (y < -B) y = -2.0 * B - y;
-    const double h = std::asin(y / B);
+    const double h = Asin(y / B);
     if (!IsWithin(h, -RIGHT_ANGLE, RIGHT_ANGLE)) return KOORD_ERR_GENERAL;
 
-    const double u = (std::sin(2.0 * h) + 2.0 * h) * 6.0;
+    const double u = (Sin(2.0 * h) + 2.0 * h) * 6.0;
     double lat = h <= 0.0 ? -RIGHT_ANGLE : RIGHT_ANGLE;
-    if (!(std::fabs(u) > C)) lat = std::asin(u / C);
+    if (!(std::fabs(u) > C)) lat = Asin(u / C);
     if (!IsWithin(lat, -RIGHT_ANGLE, RIGHT_ANGLE)) return KOORD_ERR_GENERAL;
 
     auto position = Load<GeodezPayload>(*geodez);
     position.latitude = lat * DEGREES_PER_RADIAN;
-    position.longitude = x * PI / (std::cos(h) * WidthFactor() * row->a) * DEGREES_PER_RADIAN + lon0;
+    position.longitude = x * PI / (Cos(h) * WidthFactor() * row->a) * DEGREES_PER_RADIAN + lon0;
     Store(*geodez, position);
     return KOORD_OK;
 }

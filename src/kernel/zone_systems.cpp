@@ -7,6 +7,7 @@
 #include "kernel/numeric.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/zone_formulas.h"
+#include "numerics/rounding.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "numerics/rounding.h"
+
 namespace tessara {
 namespace {
 
@@ -26,7 +28,7 @@ double Length(const PlanePoint& a, const PlanePoint& b) {
 class Walk {
   public:
     Walk(const PlanePoint& from, const PlanePoint& to)
-        : from_(from), to_(to), at_(from), stepsLeft_(std::ceil(Length(from, to)) + 2.0) {
+        : from_(from), to_(to), at_(from), stepsLeft_(Ceil(Length(from, to)) + 2.0) {
         const double length = Length(from, to);
         step_ = {(to.x - from.x) / length, (to.y - from.y) / length};
     }

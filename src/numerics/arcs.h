@@ -11,9 +11,10 @@
 // good.
 #pragma once
 
+#include <cmath>
+
 #include "numerics/double_pair.h"
 #include "numerics/polynomial.h"
-#include "numerics/square_root.h"
 
 namespace tessara {
 namespace arcs {
@@ -21,21 +22,27 @@ namespace arcs {
 inline constexpr double LEAST = 0x1p-500;
 inline constexpr double GREATEST = 0x1p500;
 
+// A quotient of doubles does where one of them is 1: it is rounded only where the angle is larger.
+enum class Digits { OfDoubles, OfPairs };
+
 // The angle from the first axis, 0..pi, of a vector whose second coordinate isn't negative. The larger of the
 // two magnitudes is LEAST..GREATEST, or both are 0.
+template <Digits DIGITS>
 [[nodiscard, gnu::always_inline]] constexpr double AngleOf(Pair x, Pair y) {
-    // (atan(q) - q) / q^3 for q up to 1/4, relative error 2^-57.5.
-    constexpr double arcs[] = {-0x1.55555555554c6p-2, 0x1.9999999975196p-3,  -0x1.2492490b255b5p-3,
-                               0x1.c71c60a04e1d2p-4,  -0x1.7459e1edc5aecp-4, 0x1.3ab9bd412f85cp-4,
-                               -0x1.0b4bd06ac562ep-4, 0x1.797533dede17ep-5};
+    // (atan(q) - q) / q^3 for q up to 0.36, relative error 2^-58.8.
+    constexpr double arcs[] = {-0x1.555555555552bp-2, 0x1.9999999991c05p-3,  -0x1.249249208ba88p-3,
+                               0x1.c71c6fbb52003p-4,  -0x1.745ccaa550df8p-4, 0x1.3b0cbba626a14p-4,
+                               -0x1.10a8f1a7dd9f1p-4, 0x1.d9fd915d8f371p-5,  -0x1.7e80c8110ca45p-5,
+                               0x1.a41dbbbc1a1cp-6};
     constexpr Pair pi{0x1.921fb54442d18p1, 0x1.1a62633145c07p-53};
     constexpr Pair quarterTurn{0x1.921fb54442d18p0, 0x1.1a62633145c07p-54};
     constexpr Pair eighthTurn{0x1.921fb54442d18p-1, 0x1.1a62633145c07p-55};
     constexpr Pair ofOneHalf{0x1.dac670561bb4fp-2, 0x1.a2b7f222f65e2p-56};
-    constexpr double endOfNone = 0.25;
+    constexpr Pair fromHalfToOne{eighthTurn.high - ofOneHalf.high, eighthTurn.low - ofOneHalf.low};
+    constexpr double endOfNone = 0.36;
     constexpr double endOfOneHalf = 0.72;
 
-    const bool isBehind = TimesSignOf(1.0, x.high) < 0.0;
+    const bool isBehind = WithSignOf(1.0, x.high) < 0.0;
     const Pair ahead{Absolute(x.high), TimesSignOf(x.low, x.high)};
     const bool isSteep = ahead.high < y.high;
     const Pair less{isSteep ? ahead.high : y.high, isSteep ? ahead.low : y.low};
@@ -43,17 +50,19 @@ inline constexpr double GREATEST = 0x1p500;
     const double divisor = more.high < LEAST ? LEAST : more.high;
 
     const bool isTurned = less.high > endOfNone * divisor;
-    const bool isTurnedByHalf = less.high < endOfOneHalf * divisor;
-    const double turned = isTurnedByHalf ? 0.5 : 1.0;
-    const double tangent = isTurned ? turned : 0.0;
-    const double turnedBy = isTurnedByHalf ? ofOneHalf.high : eighthTurn.high;
-    const double turnedByLow = isTurnedByHalf ? ofOneHalf.low : eighthTurn.low;
-    const Pair start{isTurned ? turnedBy : 0.0, isTurned ? turnedByLow : 0.0};
+    const bool isTurnedFurther = less.high > endOfOneHalf * divisor;
+    const double tangent = (isTurned ? 0.5 : 0.0) + (isTurnedFurther ? 0.5 : 0.0);
+    const Pair start{(isTurned ? ofOneHalf.high : 0.0) + (isTurnedFurther ? fromHalfToOne.high : 0.0),
+                     (isTurned ? ofOneHalf.low : 0.0) + (isTurnedFurther ? fromHalfToOne.low : 0.0)};
 
     // Products with 0, 1/2 and 1 are exact, and so is the difference.
-    const Pair along = SumOfOrdered(divisor, tangent * less.high);
-    const Pair quotient = Quotient({less.high - tangent * divisor, less.low - tangent * more.low},
-                                   {along.high, along.low + (more.low + tangent * less.low)});
+    const double across = less.high - tangent * divisor;
+    Pair quotient{across / (divisor + tangent * less.high), 0.0};
+    if constexpr (DIGITS == Digits::OfPairs) {
+        const Pair along = SumOfOrdered(divisor, tangent * less.high);
+        quotient = Quotient({across, less.low - tangent * more.low},
+                            {along.high, along.low + (more.low + tangent * less.low)});
+    }
     const double square = quotient.high * quotient.high;
     const double rest = quotient.low + quotient.high * square * Polynomial(arcs, square);
 
@@ -74,7 +83,7 @@ inline constexpr double GREATEST = 0x1p500;
     const Pair difference = SumOfOrdered(1.0, -x);
     const Pair square = Product(sum.high, difference.high);
     const double low = square.low + (sum.high * difference.low + sum.low * difference.high);
-    const double root = SquareRoot(square.high);
+    const double root = std::sqrt(square.high);
     const double rest = RestOfProduct(square.high, root, root) + low;
     return {root, rest * 0.5 / (root < least ? least : root)};
 }
@@ -89,22 +98,23 @@ inline constexpr double GREATEST = 0x1p500;
     constexpr double steepest = 0x1p500;
     const double magnitude = Absolute(tangent);
     const double bounded = steepest < magnitude ? steepest : magnitude;
-    return TimesSignOf(arcs::AngleOf({1.0, 0.0}, {bounded, 0.0}), tangent);
+    return WithSignOf(arcs::AngleOf<arcs::Digits::OfDoubles>({1.0, 0.0}, {bounded, 0.0}), tangent);
 }
 
 // Where the magnitudes are 2^-500..2^500, or one or both are 0.
 [[nodiscard, gnu::always_inline]] constexpr double Atan2Ordinary(double y, double x) {
-    return TimesSignOf(arcs::AngleOf({x, 0.0}, {Absolute(y), 0.0}), y);
+    return WithSignOf(arcs::AngleOf<arcs::Digits::OfPairs>({x, 0.0}, {Absolute(y), 0.0}), y);
 }
 
 // Good for all doubles. Beyond 1 there is none.
 [[nodiscard, gnu::always_inline]] inline double AsinOrdinary(double sine) {
     const double magnitude = Absolute(sine);
-    return TimesSignOf(arcs::AngleOf(arcs::OtherSide(magnitude), {magnitude, 0.0}), sine);
+    return WithSignOf(arcs::AngleOf<arcs::Digits::OfPairs>(arcs::OtherSide(magnitude), {magnitude, 0.0}),
+                      sine);
 }
 
 [[nodiscard, gnu::always_inline]] inline double AcosOrdinary(double cosine) {
-    return arcs::AngleOf({cosine, 0.0}, arcs::OtherSide(cosine));
+    return arcs::AngleOf<arcs::Digits::OfPairs>({cosine, 0.0}, arcs::OtherSide(cosine));
 }
 
 [[nodiscard]] inline double Atan(double tangent) {

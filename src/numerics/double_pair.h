@@ -23,6 +23,11 @@ inline constexpr std::uint64_t SIGN_BIT = 0x8000000000000000;
     return __builtin_fabs(x);
 }
 
+// A magnitude with the sign of y.
+[[nodiscard, gnu::always_inline]] constexpr double WithSignOf(double magnitude, double y) {
+    return __builtin_copysign(magnitude, y);
+}
+
 // x, or -x where y has the sign bit.
 [[nodiscard, gnu::always_inline]] constexpr double TimesSignOf(double x, double y) {
     return DoubleOf(BitsOf(x) ^ (BitsOf(y) & SIGN_BIT));

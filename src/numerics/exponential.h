@@ -24,12 +24,13 @@ struct Scaled {
     std::uint64_t exponent;  // of 2, what counts is its last eleven bits
 };
 
+// (e^r - 1 - r) / r^2 for |r| up to log 2 / 2, error of the whole 2^-57.9.
+inline constexpr double POWERS[] = {0x1.000000000000cp-1,  0x1.5555555555561p-3,  0x1.555555554fdcbp-5,
+                                    0x1.111111110d633p-7,  0x1.6c16c1861b584p-10, 0x1.a01a01bae7ebfp-13,
+                                    0x1.a019957621061p-16, 0x1.71dddfb97dffbp-19, 0x1.28b13f8c46741p-22,
+                                    0x1.af85ac0269d3bp-26};
+
 [[nodiscard, gnu::always_inline]] constexpr Scaled ExpScaled(Pair x) {
-    // (e^r - 1 - r) / r^2 for |r| up to log 2 / 2, error of the whole 2^-57.9.
-    constexpr double powers[] = {0x1.000000000000cp-1,  0x1.5555555555561p-3,  0x1.555555554fdcbp-5,
-                                 0x1.111111110d633p-7,  0x1.6c16c1861b584p-10, 0x1.a01a01bae7ebfp-13,
-                                 0x1.a019957621061p-16, 0x1.71dddfb97dffbp-19, 0x1.28b13f8c46741p-22,
-                                 0x1.af85ac0269d3bp-26};
     constexpr double perLog2 = 0x1.71547652b82fep0;
     constexpr double log2 = 0x1.62e42fefa38p-1;  // 42 digits: products with k are exact
     constexpr double log2Low = 0x1.ef35793c7673p-45;
@@ -41,7 +42,7 @@ struct Scaled {
     const double rest = x.low - k * log2Low;
     const double whole = r + rest;
     const Pair linear = SumOfOrdered(1.0, r);
-    return {{linear.high, linear.low + (rest + whole * whole * Polynomial(powers, whole))}, BitsOf(rounded)};
+    return {{linear.high, linear.low + (rest + whole * whole * Polynomial(POWERS, whole))}, BitsOf(rounded)};
 }
 
 [[nodiscard, gnu::always_inline]] constexpr double ExpOfPair(Pair x) {
@@ -71,6 +72,13 @@ struct Scaled {
 [[nodiscard]] inline double Exp(double x) {
     const bool isOrdinary = Absolute(x) <= exponential::GREATEST;
     return isOrdinary ? ExpOrdinary(x) : exponential::ExpOfOther({x, 0.0});
+}
+
+// The same to some units in the last place, and faster for a small argument.
+[[nodiscard]] inline double ExpOfSmall(double x) {
+    constexpr double small = 0.346;  // half of log 2
+    if (!(Absolute(x) < small)) return Exp(x);
+    return 1.0 + (x + x * x * Polynomial(exponential::POWERS, x));
 }
 
 // Of a normal positive base, where exponent * log(base) is up to 708 either way, without branch or call.

@@ -18,12 +18,13 @@ namespace logarithm {
 inline constexpr double LEAST = 0x1p-1022;
 inline constexpr double GREATEST = 0x1.fffffffffffffp1023;
 
+// 2 (artanh(s) - s) / s^3 for s^2 up to 0.02945, relative error of the whole 2^-59.5.
+inline constexpr double AREAS[] = {0x1.5555555555593p-1, 0x1.999999997fac3p-2, 0x1.2492494217a8cp-2,
+                                   0x1.c71c51eb7ec1bp-3, 0x1.746644e0a06a7p-3, 0x1.39a122bef4bbp-3,
+                                   0x1.2f0b56dd40846p-3};
+
 // Of LEAST..GREATEST, with some ten digits of two more than a double has.
 [[nodiscard, gnu::always_inline]] constexpr Pair LogPair(double x) {
-    // 2 (artanh(s) - s) / s^3 for s^2 up to 0.02945, relative error of the whole 2^-59.5.
-    constexpr double areas[] = {0x1.5555555555593p-1, 0x1.999999997fac3p-2, 0x1.2492494217a8cp-2,
-                                0x1.c71c51eb7ec1bp-3, 0x1.746644e0a06a7p-3, 0x1.39a122bef4bbp-3,
-                                0x1.2f0b56dd40846p-3};
     constexpr double log2 = 0x1.62e42fefa38p-1;  // 42 digits: products with k are exact
     constexpr double log2Low = 0x1.ef35793c7673p-45;
     // x is taken apart so that 1 + f is between the roots of 1/2 and 2.
@@ -42,7 +43,7 @@ inline constexpr double GREATEST = 0x1.fffffffffffffp1023;
     const double upper = UpperHalf(f);
     const double halfSquare = 0.5 * (upper * upper);
     const double halfSquareLow = 0.5 * ((f - upper) * (f + upper));
-    const double rest = s * (0.5 * (f * f) + y * Polynomial(areas, y));
+    const double rest = s * (0.5 * (f * f) + y * Polynomial(AREAS, y));
 
     const Pair linear = SumOfOrdered(k * log2, f);
     const Pair square = SumOfOrdered(linear.high, -halfSquare);
@@ -65,12 +66,21 @@ inline constexpr double GREATEST = 0x1.fffffffffffffp1023;
     return isOrdinary ? LogOrdinary(x) : logarithm::LogOfOther(x);
 }
 
+// log(x / y) to some units in the last place, where x is near y, too: no rounded quotient is in between.
+[[nodiscard]] inline double LogOfRatio(double x, double y) {
+    constexpr double near = 0.17;  // a ratio of 1.4 at most
+    const double s = (x - y) / (x + y);
+    if (!(Absolute(s) < near)) return Log(x / y);
+    const double square = s * s;
+    return 2.0 * s + s * square * Polynomial(logarithm::AREAS, square);
+}
+
 // log((1 + x) / (1 - x)) / 2 for |x| < 1; of small ones, below 2^-10, the last digits don't count.
 [[nodiscard, gnu::always_inline]] constexpr double ArtanhOrdinary(double x) {
     const double magnitude = Absolute(x);
     const auto [ratio, rest] = Quotient(SumOfOrdered(1.0, magnitude), SumOfOrdered(1.0, -magnitude));
     const auto [high, low] = logarithm::LogPair(ratio);
-    return TimesSignOf(0.5 * (high + (low + rest / ratio)), x);
+    return WithSignOf(0.5 * (high + (low + rest / ratio)), x);
 }
 
 // Infinite at 1, not a number beyond.

@@ -26,13 +26,15 @@ namespace rounding {
 [[nodiscard, gnu::always_inline]] constexpr double Trunc(double x) {
     const double magnitude = Absolute(x);
     const double nearest = rounding::Nearest(magnitude);
-    const double whole = nearest > magnitude ? nearest - 1.0 : nearest;
-    return magnitude < INTEGERS_ONLY ? TimesSignOf(whole, x) : x;
+    const double whole = nearest - (nearest > magnitude ? 1.0 : 0.0);
+    return magnitude < INTEGERS_ONLY ? WithSignOf(whole, x) : x;
 }
 
 [[nodiscard, gnu::always_inline]] constexpr double Floor(double x) {
-    const double whole = Trunc(x);
-    return whole > x ? whole - 1.0 : whole;
+    const double magnitude = Absolute(x);
+    const double nearest = WithSignOf(rounding::Nearest(magnitude), x);
+    const double whole = nearest - (nearest > x ? 1.0 : 0.0);
+    return magnitude < INTEGERS_ONLY ? whole : x;
 }
 
 [[nodiscard, gnu::always_inline]] constexpr double Ceil(double x) {
@@ -43,8 +45,8 @@ namespace rounding {
 [[nodiscard, gnu::always_inline]] constexpr double Round(double x) {
     const double magnitude = Absolute(x);
     const double whole = Trunc(magnitude);
-    const double rounded = magnitude - whole >= 0.5 ? whole + 1.0 : whole;
-    return magnitude < INTEGERS_ONLY ? TimesSignOf(rounded, x) : x;
+    const double rounded = whole + (magnitude - whole >= 0.5 ? 1.0 : 0.0);
+    return magnitude < INTEGERS_ONLY ? WithSignOf(rounded, x) : x;
 }
 
 // x less as many times y, toward zero, as go into it. It has the sign of x.

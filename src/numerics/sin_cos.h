@@ -2,6 +2,8 @@
 // in the place of more sines and cosines.
 #pragma once
 
+#include <cmath>
+
 #include "numerics/arcs.h"
 #include "numerics/circular.h"
 #include "numerics/conditions.h"
@@ -64,6 +66,13 @@ namespace tessara {
 
 [[nodiscard]] inline double AtanOfSmall(double x) {
     return IsSmall(x * x) ? AtanBySeries(x) : Atan(x);
+}
+
+[[nodiscard]] inline double AsinOfSmall(double x) {
+    const double y = x * x;
+    if (!IsSmall(y)) return Asin(x);
+    const double tangent2 = y / (1.0 - y);
+    return x / std::sqrt(1.0 - y) * ArcTerms(-tangent2);
 }
 
 [[nodiscard]] inline double AtanhOfSmall(double x) {

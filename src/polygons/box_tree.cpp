@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "numerics/rounding.h"
+
 namespace tessara {
 namespace {
 
@@ -14,7 +16,7 @@ Box Around(const Box& a, const Box& b) {
 // The number of boxes in a strip for which a strip has as many groups as there are strips.
 std::size_t StripSize(std::size_t count, std::size_t group) {
     const double groups = static_cast<double>(count) / static_cast<double>(group);
-    return static_cast<std::size_t>(std::ceil(std::sqrt(groups))) * group;
+    return static_cast<std::size_t>(Ceil(std::sqrt(groups))) * group;
 }
 
 // The indices of the boxes, in strips from left to right and within each strip from top to bottom.

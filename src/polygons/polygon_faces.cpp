@@ -3,8 +3,10 @@
 #include "polygons/polygon_faces.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
+
+#include "numerics/arcs.h"
+#include "numerics/hypotenuse.h"
 
 namespace tessara {
 namespace {
@@ -50,7 +52,7 @@ class HalfEdges {
         for (std::size_t halfEdge = 0; halfEdge < Count(); ++halfEdge) {
             const PlanePoint& from = StartPlace(halfEdge);
             const PlanePoint& to = StartPlace(Twin(halfEdge));
-            directions[halfEdge] = std::atan2(to.y - from.y, to.x - from.x);
+            directions[halfEdge] = Atan2(to.y - from.y, to.x - from.x);
         }
         std::vector<std::size_t> halfEdges(Count());
         std::iota(halfEdges.begin(), halfEdges.end(), std::size_t{0});
@@ -81,7 +83,7 @@ Cycle MeasuredCycle(const HalfEdges& graph, std::vector<std::size_t> halfEdges) 
         const PlanePoint& a = graph.StartPlace(halfEdge);
         const PlanePoint& b = graph.StartPlace(HalfEdges::Twin(halfEdge));
         twice += (a.x - origin.x) * (b.y - origin.y) - (b.x - origin.x) * (a.y - origin.y);
-        length += std::hypot(b.x - a.x, b.y - a.y);
+        length += Hypot(b.x - a.x, b.y - a.y);
     }
     return {std::move(halfEdges), twice / 2.0, length, {}};
 }

@@ -6,6 +6,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "numerics/hypotenuse.h"
+#include "numerics/rounding.h"
 #include "polygons/box_tree.h"
 #include "polygons/polygon_pairs.h"
 
@@ -41,8 +43,8 @@ class NodeTable {
     // Twice the snap tolerance, so that rounding in CellOf can't hide a node that is near.
     [[nodiscard]] double Reach() const { return 2.0 * snapTolerance_; }
     [[nodiscard]] PlanePoint CellOf(const PlanePoint& p) const {
-        return {std::floor(p.x / snapTolerance_ / SNAP_TOLERANCES_IN_CELL),
-                std::floor(p.y / snapTolerance_ / SNAP_TOLERANCES_IN_CELL)};
+        return {Floor(p.x / snapTolerance_ / SNAP_TOLERANCES_IN_CELL),
+                Floor(p.y / snapTolerance_ / SNAP_TOLERANCES_IN_CELL)};
     }
     // The oldest node of a cell within the snap tolerance of a place; the number of nodes if there is none.
     [[nodiscard]] std::size_t OldestIn(const PlanePoint& cell, const PlanePoint& place) const {
@@ -95,7 +97,7 @@ class NodesOnSegment {
                 box_.right + SLACK * snapTolerance, box_.bottom + SLACK * snapTolerance},
           dx_(b.x - a.x),
           dy_(b.y - a.y),
-          slack_(SLACK * snapTolerance * std::hypot(dx_, dy_)) {}
+          slack_(SLACK * snapTolerance * Hypot(dx_, dy_)) {}
 
     [[nodiscard]] bool Holds(const PlanePoint& p) const {
         return box_.Holds(p, snapTolerance_) && std::fabs(SignedDistance(p, a_, b_)) <= snapTolerance_;

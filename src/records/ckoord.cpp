@@ -1,7 +1,6 @@
 #include "tessara/ckoord.h"
 
-#include <cmath>
-
+#include "numerics/circular.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 
@@ -99,12 +98,12 @@ bool CKoord::ECEF_RecalcCoords() {
     if (KoordConvert(&geodez, &foot) != KOORD_OK) return true;
 
     // The kernel writes ECEF positions on the ellipsoid; the height is added along the normal.
-    const double phi = position.latitude * RADIANS_PER_DEGREE;
-    const double lambda = position.longitude * RADIANS_PER_DEGREE;
+    const SinCos phi = SinCosOf(position.latitude * RADIANS_PER_DEGREE);
+    const SinCos lambda = SinCosOf(position.longitude * RADIANS_PER_DEGREE);
     auto fields = Load<EcefPayload>(foot);
-    fields.x = isOnAxis ? 0.0 : fields.x + height * std::cos(phi) * std::cos(lambda);
-    fields.y = isOnAxis ? 0.0 : fields.y + height * std::cos(phi) * std::sin(lambda);
-    fields.z += height * std::sin(phi);
+    fields.x = isOnAxis ? 0.0 : fields.x + height * phi.cosine * lambda.cosine;
+    fields.y = isOnAxis ? 0.0 : fields.y + height * phi.cosine * lambda.sine;
+    fields.z += height * phi.sine;
     Store(*this, fields);
     return true;
 }

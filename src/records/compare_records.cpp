@@ -1,9 +1,9 @@
 #include "records/compare_records.h"
 
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
 
+#include "numerics/rounding.h"
 #include "records/axis_values.h"
 #include "records/convert_records.h"
 #include "records/default_koord.h"
@@ -88,7 +88,7 @@ bool MoveToNaturalZone(tagKOORD* record) {
 bool ReadUtmref(tagKOORD* record) {
     if (!ConvertInZone(KOORD_UTM, RangeCheck::Off, record)) return false;
     zones::Want(NO_WANTED_ZONE, record);
-    zones::SetEast(std::trunc(zones::East(*record)), record);
+    zones::SetEast(Trunc(zones::East(*record)), record);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "kernel/letters.h"
+#include "numerics/rounding.h"
 #include "records/axis_values.h"
 #include "records/call_depth.h"
 #include "records/convert_records.h"
@@ -52,7 +53,7 @@ Compass PixelEdge(Axis axis, double step) {
 
 // A pixel may move within the range of its number type.
 bool ShiftPixel(Axis axis, double delta, tagKOORD* record) {
-    const double step = record->type == KOORD_LONGPIXEL ? std::trunc(delta) : delta;
+    const double step = record->type == KOORD_LONGPIXEL ? Trunc(delta) : delta;
     tagKOORD edge = *record;
     if (!MoveToSystemLimit(PixelEdge(axis, step), &edge)) return false;
     const double value = axes::Value(axis, *record);

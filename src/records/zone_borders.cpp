@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "kernel/numeric.h"
+#include "numerics/rounding.h"
 #include "records/axis_values.h"
 #include "records/call_depth.h"
 #include "records/convert_records.h"
@@ -49,7 +50,7 @@ std::int16_t WantedForOwnZone(const tagKOORD& record, double centralMeridian) {
     if (rule != ZoneRule::Strips3 && rule != ZoneRule::Strips6) {
         return static_cast<std::int16_t>(zones::Number(record));
     }
-    return TruncateToInt16(std::round(centralMeridian / 3.0) * 3.0);
+    return TruncateToInt16(Round(centralMeridian / 3.0) * 3.0);
 }
 
 // Rows at the equator start with the first letter of the scheme, in even zones five letters later.
@@ -232,7 +233,7 @@ bool zones::IsWellInside(const tagKOORD& record) {
     GeodezPayload middle;
     if (!zones::MoveToCentre(&centre) || !ToGeodez(record, &position) || !ToGeodez(centre, &middle))
         return false;
-    const double degrees = std::remainder(position.longitude - middle.longitude, 360.0);
+    const double degrees = Remainder(position.longitude - middle.longitude, 360.0);
     return std::fabs(degrees) < halfWidth - WELL_INSIDE;
 }
 

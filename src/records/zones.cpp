@@ -8,6 +8,7 @@
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "kernel/utmref_letters.h"
+#include "numerics/rounding.h"
 #include "records/axis_values.h"
 #include "systems/fields.h"
 #include "systems/system_row.h"
@@ -136,7 +137,7 @@ bool MoveUtmrefToCentre(tagKOORD* record) {
 
 void MoveStripToCentre(tagKOORD* record) {
     auto payload = Load<GkPayload>(*record);
-    const double zero = std::trunc(payload.easting / STRIP_MILLION) * STRIP_MILLION;
+    const double zero = Trunc(payload.easting / STRIP_MILLION) * STRIP_MILLION;
     payload.easting = zero < 0.0 ? zero - ZONE_FALSE_EASTING : zero + ZONE_FALSE_EASTING;
     Store(*record, payload);
 }

@@ -1,5 +1,6 @@
 #include "systems/projection.h"
 
+#include "kernel/lambert_cone.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "systems/reading.h"
 
@@ -9,8 +10,8 @@ namespace {
 LambertCC ConeOf(const LambertCCPayload& p, std::int32_t datum) {
     constexpr double scale = 1.0;
     LambertCC cone{};
-    LambertCC_Init(datum, p.parallel1, p.parallel2, scale, p.falseEasting, p.falseNorthing, p.originLatitude,
-                   p.originLongitude, &cone);
+    PrepareCone(datum, p.parallel1, p.parallel2, scale, p.falseEasting, p.falseNorthing, p.originLatitude,
+                p.originLongitude, &cone);
     return cone;
 }
 

@@ -1,4 +1,5 @@
 // The dynamic symbols of the shared library are a contract: it exports the listed symbols and no others.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -97,6 +98,32 @@ TEST(Exports, TheLibraryNeedsTheStandardLibraryOnly) {
     EXPECT_FALSE(needed.empty());
     for (const std::string& library : needed)
         EXPECT_EQ(standard.count(library.substr(0, library.find(".so"))), 1u) << library;
+}
+
+// Its functions differ in their last digits from system to system, and from processor to processor. The few
+// that are exact everywhere are instructions, but to a compiler that doesn't optimise.
+TEST(Exports, NothingComesFromTheMathematicsLibrary) {
+    if (testing::IS_SANITIZED) GTEST_SKIP() << "sanitizers know its functions";
+    void* const mathematics = dlopen("libm.so.6", RTLD_NOW);
+    if (mathematics == nullptr) GTEST_SKIP() << "this system has it under another name";
+    std::istringstream lines = Ask("nm -D --undefined-only");
+    const std::set<std::string> exact{"sqrt", "fabs", "copysign"};
+    int names = 0;
+    for (std::string type, name; lines >> type >> name;) {
+        name = name.substr(0, name.find('@'));
+        Dl_info home{};
+        void* const symbol = dlsym(mathematics, name.c_str());
+        const bool isFound = symbol != nullptr && dladdr(symbol, &home) != 0;
+        const bool isOfLibm = isFound && std::string(home.dli_fname).find("libm.so") != std::string::npos;
+        EXPECT_TRUE(!isOfLibm || exact.count(name) == 1) << name;
+        ++names;
+    }
+    EXPECT_GT(names, 10);
+    void* const sine = dlsym(mathematics, "sin");
+    Dl_info home{};
+    EXPECT_NE(dladdr(sine, &home), 0);
+    EXPECT_NE(std::string(home.dli_fname).find("libm.so"), std::string::npos) << "it couldn't be found out";
+    dlclose(mathematics);
 }
 
 // Nothing but functions: a variable that a program has copied into itself can't grow.

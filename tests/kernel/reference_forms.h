@@ -1,5 +1,5 @@
-// The kernel's formulas in their published form, step by step. The kernel computes the same with fewer calls
-// into the mathematics library and is compared with these functions. In long double their own rounding is
+// The kernel's formulas in their published form, step by step. The kernel computes the same with fewer
+// elementary functions and is compared with these functions. In long double their own rounding is
 // negligible; in double they show which results aren't numbers.
 #pragma once
 

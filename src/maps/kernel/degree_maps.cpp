@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
 
 namespace tessara {
 namespace {
@@ -29,8 +31,8 @@ PolarPlane PlaneOf(const MapEqualArcParams& params) {
 
 PolarPoint PointAt(const PolarPlane& plane, double latitude, double longitude) {
     const double r = plane.pixelsPerDegree * (plane.pole > 0.0 ? 90.0 - latitude : 90.0 + latitude);
-    const double lambda = longitude * RADIANS_PER_DEGREE;
-    return {std::sin(lambda) * r, std::cos(lambda) * (plane.up * r)};
+    const SinCos lambda = SinCosOf(longitude * RADIANS_PER_DEGREE);
+    return {lambda.sine * r, lambda.cosine * (plane.up * r)};
 }
 
 // The longitude of (p, q), which lies r pixels from the pole. Right of the pole a point on the x axis gets
@@ -40,8 +42,8 @@ double PolarLongitude(const PolarPlane& plane, double p, double q, double r) {
     const bool isNorth = plane.pole > 0.0;
     const bool isEast = isNorth ? p >= 0.0 : p > 0.0;
     const bool isWest = isNorth ? p < 0.0 : p <= 0.0;
-    if (isEast && q != 0.0) return std::acos(plane.up * q / r) * DEGREES_PER_RADIAN;
-    if (isWest) return std::acos(plane.up * q / r) * -DEGREES_PER_RADIAN;
+    if (isEast && q != 0.0) return Acos(plane.up * q / r) * DEGREES_PER_RADIAN;
+    if (isWest) return Acos(plane.up * q / r) * -DEGREES_PER_RADIAN;
     return 0.0;
 }
 

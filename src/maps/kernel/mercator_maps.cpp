@@ -4,6 +4,10 @@
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/exponential.h"
+#include "numerics/logarithm.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -18,14 +22,14 @@ struct Cylinder {
 };
 
 double PrimeVertical(double a, double e2, double phi) {
-    return a / std::sqrt(1.0 - e2 * std::sin(phi) * std::sin(phi));
+    return a / std::sqrt(1.0 - e2 * Sin(phi) * Sin(phi));
 }
 
 Cylinder CylinderOf(const MapParam& map, double standardParallel) {
     const double a = Datum_SemiMajorAxis(DatumOf(map));
     const double e2 = Datum_EccentricitySquared(DatumOf(map));
     const double phi0 = standardParallel / DEGREES_PER_RADIAN;
-    return {a, e2, std::sqrt(e2), std::cos(phi0) * PrimeVertical(a, e2, phi0)};
+    return {a, e2, std::sqrt(e2), Cos(phi0) * PrimeVertical(a, e2, phi0)};
 }
 
 // A position and the map's reference, in degrees on the map's datum.
@@ -53,9 +57,9 @@ constexpr int BISECTIONS = 64;
 
 // The distance from the equator in the plane, in metres on the standard parallel.
 double MercatorNorthing(const Cylinder& cylinder, double phi) {
-    const double spherical = std::tan(phi / 2.0 + QUARTER_PI);
-    const double flattened = std::tan(0.5 * std::asin(cylinder.e * std::sin(phi)) + QUARTER_PI);
-    return std::log(spherical / std::pow(flattened, cylinder.e)) * cylinder.radius;
+    const double spherical = Tan(phi / 2.0 + QUARTER_PI);
+    const double flattened = Tan(0.5 * Asin(cylinder.e * Sin(phi)) + QUARTER_PI);
+    return Log(spherical / Pow(flattened, cylinder.e)) * cylinder.radius;
 }
 
 double Clamp(double phi) {
@@ -93,7 +97,7 @@ double MercatorLatitude(const Cylinder& cylinder, double reference, double south
     double last = 0.0;
     for (int i = 0; i < MOST_ROUNDS; ++i) {
         const double distance = south + (northing - start);
-        const double parallel = std::cos(phi) * PrimeVertical(cylinder.a, cylinder.e2, phi);
+        const double parallel = Cos(phi) * PrimeVertical(cylinder.a, cylinder.e2, phi);
         const double k = cylinder.radius / parallel;
         const double delta = distance / cylinder.radius / k;
         const double step = std::fabs(delta);
@@ -113,7 +117,7 @@ double MercatorLatitude(const Cylinder& cylinder, double reference, double south
 // The northing of a pole is infinite, so a position there is moved a little towards the equator.
 double OffThePole(double phi) {
     if (!(std::fabs(phi) > MOST_NORTHERN_POSITION)) return phi;
-    const double reduced = std::asin(std::sin(phi));
+    const double reduced = Asin(Sin(phi));
     return std::fabs(reduced) > MOST_NORTHERN_POSITION ? reduced * 0.999 : reduced;
 }
 
@@ -185,7 +189,7 @@ KoordStatus MapAzyl_WorldToPixel(const MapParam* map, const tagKOORD* in, double
     double back = 0.0;
     status = Geodesic_Inverse(&map->reference.world, &below, DatumOf(*map), &distance, &azimuth, &back);
     if (status != KOORD_OK) return status;
-    if (std::cos(azimuth / DEGREES_PER_RADIAN) < 0.0) distance = -distance;
+    if (Cos(azimuth / DEGREES_PER_RADIAN) < 0.0) distance = -distance;
 
     const Cylinder cylinder = CylinderOf(*map, Load<MapAzylParams>(*map).standardParallel);
     const double pixelsPerMetre = PixelsPerMetre(*map);

@@ -2,6 +2,8 @@
 #include <cmath>
 
 #include "maps/kernel/map_parts.h"
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/wagner_iv.h"
 
@@ -22,9 +24,9 @@ struct PlanePoint {
 // be off by kilometres. Since |y0| is at most A and F + E at least A, T is never positive and w at least
 // |Q|, so the tests for a missing intersection only catch rounding errors.
 bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
-    const double s = 2.0 * std::atan2(lambda, PI);
+    const double s = 2.0 * Atan2(lambda, PI);
     const double height = std::fabs(y0);
-    const double C = A / std::tan(s);
+    const double C = A / Tan(s);
     const double E = (A * A * A - height * height * height) / (2.0 * y0 * y0);
     const double F = height + E;
     const double sum = F + E;
@@ -62,8 +64,8 @@ bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point
         return true;
     }
     if (isOnParallel) {
-        const double s = 2.0 * std::atan2(lambda, PI);
-        *point = {A / std::sin(s) - A / std::tan(s), 0.0};
+        const double s = 2.0 * Atan2(lambda, PI);
+        *point = {A / Sin(s) - A / Tan(s), 0.0};
         return true;
     }
     return MapVdgIntersect(A, lambda, y0, params.originLongitude <= at.longitude, phi < 0.0, point);
