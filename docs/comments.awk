@@ -1,5 +1,5 @@
-# Doxygen's view of the headers: plain comments become documentation comments. The first block is the file's; a
-# comment behind code belongs to that code; what stands in columns or under a deeper indent is kept as it stands.
+# Converts the headers for Doxygen: plain comments become documentation comments. The first block documents the file, and
+# a comment after code documents that code. Columns and indented lines keep their layout.
 
 function text_of(comment) {
     gsub(/\\/, "\\\\", comment)
@@ -9,7 +9,7 @@ function text_of(comment) {
     return comment
 }
 
-# A row of a table or a line of code: indented, and neither a point of a list nor the rest of one.
+# Whether a line is a row of a table or code: it is indented, and not part of a list.
 function is_table(comment) {
     if (comment ~ /^ *- /) in_list = 1
     else if (comment !~ /^  /) in_list = 0
@@ -34,7 +34,7 @@ function is_table(comment) {
     next
 }
 
-# The layout of the records is told by their members.
+# Leaves out the checks of record layouts; the members document the layout.
 /^(static_assert|TESSARA_AT|#(define|undef) TESSARA_AT)/ { skipping = 1 }
 skipping {
     if (/;$/ || /^#/) skipping = 0

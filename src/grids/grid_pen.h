@@ -33,7 +33,7 @@ class GridPen {
         return spent_ <= MOST_POINTS;
     }
 
-    // Draws a line of pieces end to end, or nothing (and returns true) if it passes by the window: a zone's
+    // Draws a line of pieces end to end, or nothing (and returns true) if it passes the window by: a zone's
     // share of the extremes is larger than its share of the window. A line deviates from its polyline by the
     // densifier's tolerance, or by more where the densifier stops at its limit; lines that miss the window
     // by no more than that are drawn, too.
