@@ -1,4 +1,4 @@
-// Rules of the house that no compiler keeps: who may include whom, and how doubles are rounded.
+// Rules that no compiler checks: which files include which, and how doubles are rounded.
 #include <gtest/gtest.h>
 
 #include <algorithm>

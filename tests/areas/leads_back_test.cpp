@@ -1,4 +1,4 @@
-// Limits of a system whose pixels lie in a window although the window isn't there: projections repeat.
+// Limits of a system whose pixels lie in a window that doesn't show them, since projections repeat.
 #include "areas/leads_back.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-// Every system on maps of every type, in windows beside and across the edges of zones, systems and maps: the
-// extents and the grids, compared with a dense sample of the window's places.
+// Extents and grids of every system on maps of every type, in windows next to and across the edges of zones,
+// systems and maps, compared with a dense sample of the window.
 //
-// TESSARA_SWEEP_WINDOWS says how many windows each system gets on each type of map: `ctest -C Soak -R sweep`
-// takes twelve. TESSARA_SWEEP_SAMPLES are the samples on a side. TESSARA_SWEEP_SEED repeats one window, with
-// its seed from a message.
+// TESSARA_SWEEP_WINDOWS sets the number of windows for each system on each type of map: `ctest -C Soak -R
+// sweep` uses twelve. TESSARA_SWEEP_SAMPLES sets the samples on a side. TESSARA_SWEEP_SEED repeats one
+// window with the seed from its message.
 #include <gtest/gtest.h>
 
 #include <algorithm>

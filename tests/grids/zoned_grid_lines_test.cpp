@@ -1,4 +1,4 @@
-// Grids of systems with zones: which lines there are, where they end, and that zones join.
+// Grids of zoned systems: their lines, the ends of the lines, and the joints between zones.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// The conformal conics against their forms as they are written down.
+// The conformal conics, compared with their published form.
 #include <gtest/gtest.h>
 
 #include <cfloat>

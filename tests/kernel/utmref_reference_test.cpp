@@ -1,5 +1,4 @@
-// The rows of UTMREF's bands rest on meridian distances from a table; here they are held against distances by
-// the geodesic.
+// The rows of UTMREF's bands depend on meridian distances from a table, which are compared with geodesics.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// Overlays of random pairs of polygons, held against the polygon geometry of GEOS.
+// Overlays of random pairs of polygons, compared with GEOS.
 #include <geos_c.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The pictures of `tessara map`: each layer at pixels that are known from elsewhere.
+// The pictures of `tessara map`: each layer at pixels from independent sources.
 #include "program/map_maps.h"
 
 #include <gtest/gtest.h>

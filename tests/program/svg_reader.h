@@ -1,4 +1,4 @@
-// Reads the SVG that the program writes: its elements, and where its lines and texts are.
+// Reads the SVG of the program: its elements, and the places of lines and texts.
 #pragma once
 
 #include <map>

@@ -1,5 +1,5 @@
-// Random windows of maps of every type, beside and across the places where values end, jump or turn:
-// longitude 0 and 180, borders of zones, the equator and the poles.
+// Random windows of maps of every type, next to and across the places where values end, jump or turn:
+// longitudes 0 and 180, borders of zones, the equator and the poles.
 #pragma once
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// A host's own projection: it answers IProjection and has no record inside.
+// A host's own projection, which implements IProjection and has no record.
 #pragma once
 
 #include <cstring>

@@ -1,5 +1,5 @@
-// Keeps account of memory: every test program that links this has its global operator new and delete replaced
-// by ones that count. A library that the program loads allocates through them, too.
+// Counts allocations: a test program that links this replaces global operator new and delete by counting
+// versions. A library that the program loads uses them, too.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Map sheets as they might hang on a wall, at least two of each type that has a plane to compare with.
+// Plausible map sheets, at least two of each type whose plane an independent program can compute.
 #pragma once
 
 #include <string>

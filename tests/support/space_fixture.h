@@ -1,4 +1,4 @@
-// What the tests of the objects for the geometry in space share.
+// Shared parts of the tests of the objects for geometry in space.
 #pragma once
 
 #include <limits>

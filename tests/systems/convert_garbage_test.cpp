@@ -1,6 +1,6 @@
-// No 64-byte record whatsoever, with any other as its target, crashes, hangs or reads outside a table.
+// Any 64-byte record converts into any other without a crash, a hang or a read outside a table.
 //
-// TESSARA_GARBAGE_RECORDS sets how many conversions each test makes; the default is sized for a few seconds.
+// TESSARA_GARBAGE_RECORDS sets the number of conversions in each test; the default takes a few seconds.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Text out, text in: every legal position of a system that can be typed comes back to the last digit shown.
+// Every legal position that can be typed survives writing and reading to the last digit shown.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-// A host's own words for the contract, written down a second time from its tables: nothing below this
-// directory includes a header of the library, so that an interface whose operations change places, or a
-// record whose fields do, is noticed. Interfaces have their operations in the contract's order.
+// The contract as a host declares it, written a second time from its tables. Nothing in this directory
+// includes a header of the library, so that the tests detect interfaces whose operations change order and
+// records whose fields move.
 #pragma once
 
 #include <cstdint>

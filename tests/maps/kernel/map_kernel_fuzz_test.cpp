@@ -1,5 +1,5 @@
-// Random maps, pixels and positions at the two functions: each call ends, with a status that exists, and
-// writes nothing but its output.
+// Calls the two map functions with random maps, pixels and positions: each call ends with a defined status
+// and writes only its output.
 #include <gtest/gtest.h>
 
 #include <array>

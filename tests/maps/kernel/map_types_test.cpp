@@ -1,4 +1,4 @@
-// The pairs of functions behind the types of maps, as the public header has them.
+// The pair of functions of each map type, as the public header declares them.
 #include "tessara/kernel/map_types.h"
 
 #include <gtest/gtest.h>
