@@ -84,13 +84,15 @@ endif()
 
 if(TESSARA_BUILD_PROGRAM)
   install(TARGETS tessara_program COMPONENT program)
-  configure_file(program/tessara.1.in tessara.1 @ONLY)
+endif()
+
+if(TARGET tessara_manual)
   install(
-    FILES ${CMAKE_CURRENT_BINARY_DIR}/tessara.1
+    FILES ${CMAKE_BINARY_DIR}/program/tessara.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
     COMPONENT program)
   install(
-    FILES program/tessara.bash-completion
+    FILES ${CMAKE_BINARY_DIR}/program/tessara.bash-completion
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME tessara
     COMPONENT program)

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "commands/commands.h"
+#include "commands/suggestions.h"
 #include "conversion/numbers.h"
 #include "files/toolkit_names.h"
 
@@ -30,7 +31,7 @@ std::vector<std::string> ReadArguments(int argc, char** argv) {
     return arguments;
 }
 
-int Main(std::vector<std::string> arguments) {
+int Main(const std::vector<std::string>& arguments) {
     CLI::App program(DESCRIPTION, "tessara");
     program.footer(FOOTER);
     program.set_version_flag("--version", "tessara " TESSARA_VERSION);
@@ -45,13 +46,17 @@ int Main(std::vector<std::string> arguments) {
     AddCheck(program, action);
     AddUtmref(program, action);
     AddMap(program, action);
+    AddManual(program, action);
 
     try {
-        std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
-        program.parse(std::move(arguments));
+        // As the parser takes them.
+        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::ParseError& error) {
         // A help text is an error to the parser, too.
-        if (program.exit(error) != 0) return EXIT_USAGE;
+        if (program.exit(error) != 0) {
+            std::cerr << Suggestion(program, arguments);
+            return EXIT_USAGE;
+        }
         action = [] { return EXIT_DONE; };
     }
 

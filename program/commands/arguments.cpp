@@ -1,25 +1,26 @@
 #include "commands/arguments.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "conversion/names.h"
 #include "conversion/numbers.h"
-#include "conversion/positions.h"
 #include "files/toolkit_names.h"
 
 namespace tessara::program {
 namespace {
 
-// `wrong` says what is wrong with the word, if anything is.
-void AddRequired(CLI::App& command, const std::string& name, double& number, const std::string& description,
-                 std::string (*wrong)(std::string_view)) {
-    const auto take = [&number](const std::string& word) { number = *ParseNumber(word); };
-    const auto check = [wrong](const std::string& word) { return wrong(word); };
-    command.add_option_function<std::string>(name, take, description)
-        ->type_name("")
-        ->required()
-        ->check(check);
-}
+// In their order.
+constexpr const char* ON_ERROR_NAMES[] = {"skip", "keep", "stop"};
+
+constexpr int MOST_JOBS = 256;
 
 }  // namespace
+
+OnError FileOptions::WhatOnError() const {
+    const auto* const found = std::find(std::begin(ON_ERROR_NAMES), std::end(ON_ERROR_NAMES), onError);
+    return static_cast<OnError>(found - std::begin(ON_ERROR_NAMES));
+}
 
 CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string& name,
                       const std::string& description) {
@@ -29,16 +30,73 @@ CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string&
         ->check(WrongDatum);
 }
 
-void AddLatitude(CLI::App& command, const std::string& name, double& degrees) {
-    AddRequired(command, name, degrees, "degrees, positive north", WrongLatitude);
+CLI::Validator IsOneOf(const std::vector<std::string>& choices) {
+    return CLI::Validator(CLI::IsMember(choices)).description("");
 }
 
-void AddLongitude(CLI::App& command, const std::string& name, double& degrees) {
-    AddRequired(command, name, degrees, "degrees, positive east", WrongLongitude);
+std::string NamesOf(const std::vector<std::string>& choices) {
+    std::string names;
+    for (const std::string& choice : choices)
+        names += (names.empty() ? "" : "|") + choice;
+    return names;
 }
 
-void AddNumber(CLI::App& command, const std::string& name, double& number, const std::string& description) {
-    AddRequired(command, name, number, description, WrongNumber);
+void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group) {
+    AddChoice(command, "--on-error", options.onError,
+              std::vector<std::string>(std::begin(ON_ERROR_NAMES), std::end(ON_ERROR_NAMES)),
+              "What becomes of input that can't be used: skip leaves it out, keep writes a placeholder, stop "
+              "ends there. It is reported in any case")
+        ->capture_default_str()
+        ->group(group);
+    command.add_option("--rejects", options.rejects, "Write what can't be used to a file, unchanged")
+        ->type_name("FILE")
+        ->group(group);
+    command.add_option("--jobs", options.jobs, "How many cores to use, 1 to " + std::to_string(MOST_JOBS))
+        ->type_name("NUMBER")
+        ->check(CLI::Range(1, MOST_JOBS).description(""))
+        ->group(group);
+}
+
+void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string& names,
+                const std::string& description) {
+    command.add_option(names, arguments.words, description)->type_name("");
+    command
+        .add_option("--file", arguments.files,
+                    "Read lines of these numbers from a file instead; '-' is standard input. May be given "
+                    "several times. The rest of a line is passed through")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    command.add_flag("--json", arguments.isJson, "Write one JSON object for a line, numbers in full");
+    AddFileOptions(command, arguments.lines, "Files");
+}
+
+std::string WrongNumbers(const NumberArguments& arguments, const std::vector<NumberColumn>& columns) {
+    std::string names;
+    for (const NumberColumn& column : columns)
+        (names += ' ') += column.name;
+    if (!arguments.files.empty())
+        return arguments.words.empty() ? ""
+                                       : "the numbers come from --file or from the command line, not both";
+    if (arguments.words.size() != columns.size()) {
+        return "expected" + names + ", or --file; found " + std::to_string(arguments.words.size()) +
+               (arguments.words.size() == 1 ? " value" : " values");
+    }
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        std::string wrong = columns[i].wrong(arguments.words[i]);
+        if (!wrong.empty()) return std::string(columns[i].name) + ": " + wrong;
+    }
+    return {};
+}
+
+ExitCode Compute(const NumberArguments& arguments, const NumberComputation& computation) {
+    if (!arguments.files.empty()) {
+        return ComputeLines({arguments.files, arguments.lines.rejects, arguments.lines.jobs},
+                            {computation, arguments.isJson, arguments.lines.WhatOnError()});
+    }
+    std::vector<double> numbers;
+    for (const std::string& word : arguments.words)
+        numbers.push_back(*ParseNumber(word));
+    return ComputeOnce(computation, numbers, arguments.isJson);
 }
 
 }  // namespace tessara::program

@@ -2,7 +2,13 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <string>
+#include <vector>
+
+#include "files/exit_code.h"
+#include "files/number_lines.h"
+#include "files/record_conversion.h"
 
 namespace tessara::program {
 
@@ -10,9 +16,42 @@ namespace tessara::program {
 CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string& name,
                       const std::string& description);
 
-// Numbers that have to be given, by their place on the command line.
-void AddLatitude(CLI::App& command, const std::string& name, double& degrees);
-void AddLongitude(CLI::App& command, const std::string& name, double& degrees);
-void AddNumber(CLI::App& command, const std::string& name, double& number, const std::string& description);
+// What checks that a choice is one of some names, and the names as the help shows them.
+[[nodiscard]] CLI::Validator IsOneOf(const std::vector<std::string>& choices);
+[[nodiscard]] std::string NamesOf(const std::vector<std::string>& choices);
+
+// One of some names.
+template <class Text>
+CLI::Option* AddChoice(CLI::App& command, const std::string& option, Text& choice,
+                       const std::vector<std::string>& choices, const std::string& description) {
+    return command.add_option(option, choice, description)
+        ->check(IsOneOf(choices))
+        ->type_name(NamesOf(choices));
+}
+
+// --on-error, --rejects and --jobs of the commands that read files.
+struct FileOptions {
+    std::string onError = "skip";
+    std::optional<std::string> rejects;
+    unsigned jobs = 1;
+
+    [[nodiscard]] OnError WhatOnError() const;
+};
+void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group);
+
+// The numbers of a computation: by their places on the command line, or from the lines of --file.
+struct NumberArguments {
+    std::vector<std::string> words;
+    std::vector<std::string> files;
+    bool isJson = false;
+    FileOptions lines;
+};
+void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string& names,
+                const std::string& description);
+
+// What is wrong with the numbers; empty if nothing is.
+[[nodiscard]] std::string WrongNumbers(const NumberArguments& arguments,
+                                       const std::vector<NumberColumn>& columns);
+[[nodiscard]] ExitCode Compute(const NumberArguments& arguments, const NumberComputation& computation);
 
 }  // namespace tessara::program

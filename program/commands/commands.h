@@ -19,5 +19,6 @@ void AddDirect(CLI::App& program, Action& action);
 void AddCheck(CLI::App& program, Action& action);
 void AddUtmref(CLI::App& program, Action& action);
 void AddMap(CLI::App& program, Action& action);
+void AddManual(CLI::App& program, Action& action);
 
 }  // namespace tessara::program

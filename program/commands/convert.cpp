@@ -3,16 +3,16 @@
 #include <iterator>
 #include <memory>
 
+#include "commands/arguments.h"
 #include "commands/commands.h"
 #include "conversion/names.h"
 #include "conversion/quote.h"
 #include "conversion/references.h"
 #include "conversion/text_forms.h"
-#include "files/degree_files.h"
 #include "files/forms.h"
 #include "files/record_files.h"
-#include "files/text_files.h"
 #include "files/toolkit_names.h"
+#include "tessara/kernel/convergence.h"
 
 namespace tessara::program {
 namespace {
@@ -20,10 +20,12 @@ namespace {
 constexpr const char* FOOTER =
     R"(Reads lines `latitude longitude [height]` - degrees, positive north and east, and metres above the
 ellipsoid - from the files, or from standard input where there are none or where one is called '-'.
-Blank lines are skipped, and so is what follows a '#'.
+Blank lines are skipped, and so is what follows a '#'. Anything else behind the position is passed through.
 
-Writes one line for a position: for each target its fields, and the height where the line gave one. The
-targets stand apart by a tab, the fields by a blank; `tessara systems` tells the fields of a system.
+Writes one line for a position: for each target its fields, and the height where the line gave one; behind
+them the rest of the line. The targets stand apart by a tab, the fields by a blank; `tessara systems` lists
+the fields of a system. With --display or a precision each target is a north text and an east text instead,
+apart by a tab, and the height stands behind them as a third column.
 
 Where --from names a system, a line has columns instead: the north text and the east text of a position,
 in the form in which `tessara convert` writes them, and any others, which are kept. They stand apart by
@@ -32,30 +34,37 @@ can be typed, of UPS the north only, of GEOREF the degrees.
 
 Files of other forms hold records; --input and --output name the form, or the ending of a file does:
   csv      a header, then a record a line; quotes around a column may hold separators and line ends
+  tsv      the same with tabs
   jsonl    an object a line
-  geojson  a FeatureCollection of Points on WGS84, longitude first
+  geojson  a FeatureCollection, a Feature or a geometry of any type, on WGS84, longitude first
 In a record the position stands in `latitude` (or `lat`), `longitude` (`lon`, `lng`, `long`) and `height`, or
 in the texts `north` and `east`, unless --columns names others. The results take its place, and all else is
-kept; a name that is taken gets the target behind it. GeoJSON has the position on WGS84 as its point, and the
-results for each --to among the properties. As lines only the results are written.
+kept as it is; a result whose name any record of the file has gets the target behind it. GeoJSON has the
+position on WGS84 as its geometry, and the results for each --to among the properties; those of a line or
+polygon nest as its coordinates do. Lines and tables have a line for each position of it. As lines only the
+results are written. A line, record or feature has 16 MiB at most.
 
-A line that can't be used is reported on standard error as `FILE:LINE: what is wrong`, a feature of GeoJSON by
-its number, and the exit status is 1; all others are written. On a terminal, work of more than two seconds
-shows on standard error how many lines are done, how many a second, and the time left.
+What can't be used is reported on standard error as `FILE:LINE: what is wrong`, a feature of GeoJSON by its
+number, and the exit status is 1; all others are written. --on-error keep writes a placeholder for it: a `*`
+for each target of a line, empty columns, null; as lines, blank ones and comments stay then as well, so that
+they are as many as before. On a terminal, work of more than two seconds shows on standard error how many
+lines are done, how many a second, and the time left.
 
 Examples:
   echo 48.1375 11.5755 | tessara convert --to UTM          gives 32 N 691602.6597 5334791.1445
   tessara convert --to UTMREF --to GK@GER positions.txt    two targets
   tessara convert --from MGI --to BMN positions.txt        without a change of datum
   tessara convert --from GER positions.txt                 to degrees on WGS84
+  tessara convert --to UTM --with convergence,scale positions.txt
   echo 'N 5334791;32 691602' | tessara convert --from UTM --to UTMREF --display
   tessara convert --from UTMREF --columns north,east --to GEODEZ sites.csv
+  tessara convert --input csv --columns 2,3 --to UTM headerless.csv
   tessara convert --to UTM --rejects bad.csv sites.csv > utm.csv
   tessara convert --output geojson sites.csv > sites.geojson
   tessara convert --from UTM --to UTMREF --input jsonl < typed.jsonl
   tessara convert --json --to UTM positions.txt | jq '.results[0].easting')";
 
-// What works with texts only.
+// How positions are written as texts.
 struct TextOptions {
     bool display = false;
     std::optional<double> northResolution;
@@ -72,10 +81,13 @@ struct Options {
     std::optional<std::string> input;
     std::optional<std::string> output;
     std::vector<std::string> columns;
-    std::optional<std::string> rejects;
-    unsigned jobs = 1;
+    std::vector<std::string> with;
+    FileOptions lines;
     TextOptions text;
 };
+
+constexpr const char* CONVERGENCE = "convergence";
+constexpr const char* SCALE = "scale";
 
 // The form of each file. An object of --json tells about a line.
 Form FormOf(const std::string& file, const Options& options) {
@@ -136,50 +148,43 @@ std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
     return targets;
 }
 
-InputFiles FilesOf(const Options& options) {
-    return {options.files, options.rejects, options.jobs};
+bool Has(const std::vector<std::string>& words, const std::string& word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-TextConversion TextsOf(const Options& options) {
-    const Reference from = *ReferenceByName(options.from, DATUM_WGS84);
+RecordConversion ConversionOf(const Options& options) {
+    RecordConversion conversion;
     const TextOptions& text = options.text;
-    return {from,         Targets(options, from.datum), text.display,
-            options.json, text.northResolution,         text.eastResolution};
-}
-
-ExitCode ConvertTexts(const Options& options) {
-    TextLines lines{TextsOf(options), std::nullopt};
-    if (!options.columns.empty()) lines.columns = {options.columns[0], options.columns[1]};
-    return ConvertTextFiles(FilesOf(options), lines);
-}
-
-ExitCode ConvertRecords(const Options& options) {
-    FileRecords records;
-    RecordConversion& conversion = records.conversion;
-    conversion.output = OutputForm(options);
     if (NamesSystem(options.from)) {
-        conversion.texts = TextsOf(options);
-        conversion.to = conversion.texts->to;
+        conversion.from = ReferenceByName(options.from, DATUM_WGS84);
+        conversion.datum = conversion.from->datum;
     } else {
         conversion.datum = *DatumByName(options.from);
-        conversion.to = Targets(options, conversion.datum);
     }
+    if (conversion.from || text.AreGiven())
+        conversion.texts = TextStyle{text.display, text.northResolution, text.eastResolution};
+    conversion.output = OutputForm(options);
+    conversion.isReport = options.json;
+    conversion.to = Targets(options, conversion.datum);
     // The points of GeoJSON are degrees on WGS84 anyway.
     if (options.to.empty() && conversion.output == Form::GEOJSON) conversion.to.clear();
-    records.formOf = [&options](const std::string& file) { return FormOf(file, options); };
-    records.rejects = FormOf(options.files.front(), options);
-    records.columns = options.columns;
-    return ConvertRecordFiles(FilesOf(options), records);
-}
-
-ExitCode ConvertDegrees(const Options& options) {
-    const std::int32_t datum = *DatumByName(options.from);
-    return ConvertDegreeFiles(FilesOf(options), {datum, Targets(options, datum), options.json});
+    conversion.withConvergence = Has(options.with, CONVERGENCE);
+    conversion.withScale = Has(options.with, SCALE);
+    conversion.onError = options.lines.WhatOnError();
+    return conversion;
 }
 
 ExitCode Convert(const Options& options) {
-    if (!AreLinesOnly(options)) return ConvertRecords(options);
-    return NamesSystem(options.from) ? ConvertTexts(options) : ConvertDegrees(options);
+    FileRecords records{ConversionOf(options),
+                        [&options](const std::string& file) { return FormOf(file, options); },
+                        options.columns};
+    return ConvertRecordFiles({options.files, options.lines.rejects, options.lines.jobs}, records);
+}
+
+bool HasGrid(const std::vector<std::string>& targets) {
+    return std::any_of(targets.begin(), targets.end(), [](const std::string& target) {
+        return Grid_HasFactors(ReferenceByName(target, DATUM_WGS84)->system);
+    });
 }
 
 // What doesn't go together; empty if all does.
@@ -189,8 +194,8 @@ std::string WrongCombination(const Options& options) {
         return std::find(forms.begin(), forms.end(), form) != forms.end();
     };
     const bool areTexts = NamesSystem(options.from);
-    if (options.text.AreGiven() && !areTexts)
-        return "--display and --...-precision are for texts: name their system with --from";
+    if (!options.with.empty() && !HasGrid(options.to))
+        return "--with says something about grids: name one with --to, such as UTM";
     if (options.json && !AreLinesOnly(options)) return "--json tells about lines; try --output jsonl";
     if (isAny(Form::GEOJSON) && (areTexts || DatumByName(options.from) != DATUM_WGS84))
         return "GeoJSON is in degrees on WGS84: leave --from out";
@@ -199,7 +204,7 @@ std::string WrongCombination(const Options& options) {
         return "lines of degrees have no columns: try --input csv";
     const bool areMixed =
         std::any_of(forms.begin(), forms.end(), [&](Form form) { return form != forms.front(); });
-    if (options.rejects && areMixed)
+    if (options.lines.rejects && areMixed)
         return "--rejects is one file, of the form of the input: convert one form at a time";
     return {};
 }
@@ -210,43 +215,38 @@ void AddTextOptions(CLI::App& command, TextOptions& options) {
     command
         .add_option("--north-precision", options.northResolution,
                     "Resolution of the north texts, in units of the target (degrees, metres)")
-        ->check(CLI::PositiveNumber)
+        ->type_name("RESOLUTION")
+        ->check(CLI::Validator(CLI::PositiveNumber).description(""))
         ->group(group);
     command.add_option("--east-precision", options.eastResolution, "The same for the east texts")
-        ->check(CLI::PositiveNumber)
+        ->type_name("RESOLUTION")
+        ->check(CLI::Validator(CLI::PositiveNumber).description(""))
         ->group(group);
 }
 
 void AddFormOptions(CLI::App& command, Options& options) {
     const std::string group = "Forms";
-    const CLI::IsMember isForm(std::vector<std::string>(std::begin(FORM_NAMES), std::end(FORM_NAMES)));
-    const std::string forms = "lines|csv|jsonl|geojson";
-    const auto addForm = [&](const char* name, std::optional<std::string>& form, const char* description) {
-        command.add_option(name, form, description)
-            ->check(CLI::Validator(isForm).description(""))
-            ->type_name(forms)
-            ->group(group);
-    };
-    addForm("--input", options.input,
-            "Form of the files. Without it their names tell: .csv, .jsonl or .ndjson, .geojson or .json, "
-            "else lines");
-    addForm("--output", options.output, "Form of what is written; without it, that of the first file");
+    const std::vector<std::string> forms(std::begin(FORM_NAMES), std::end(FORM_NAMES));
+    AddChoice(
+        command, "--input", options.input, forms,
+        "Form of the files. Without it the endings of their names count: .csv, .tsv, .jsonl or .ndjson, "
+        ".geojson or .json, else lines")
+        ->group(group);
+    AddChoice(command, "--output", options.output, forms,
+              "Form of what is written; without it, that of the first file")
+        ->group(group);
     command
         .add_option(
             "--columns", options.columns,
             "The columns or members with the positions, by their names: the two texts, or latitude and "
-            "longitude and perhaps the height")
+            "longitude and perhaps the height. Columns can be named by their places, as 2,3; the file has no "
+            "header then")
         ->type_name("NORTH,EAST[,HEIGHT]")
         ->delimiter(',')
         ->expected(2, 3)
         ->allow_extra_args(false)
         ->group(group);
-    command.add_option("--rejects", options.rejects, "Write what can't be used to a file, unchanged")
-        ->type_name("FILE")
-        ->group(group);
-    command.add_option("--jobs", options.jobs, "How many cores to use")
-        ->check(CLI::Range(1, 256))
-        ->group(group);
+    AddFileOptions(command, options.lines, group);
 }
 
 }  // namespace
@@ -271,6 +271,13 @@ void AddConvert(CLI::App& program, Action& action) {
         ->type_name("SYSTEM[@DATUM]")
         ->allow_extra_args(false)
         ->check(CheckTarget);
+    command
+        ->add_option("--with", options->with,
+                     "Write the convergence of the meridians, in degrees, or the scale of each grid as well")
+        ->type_name("convergence,scale")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(IsOneOf({CONVERGENCE, SCALE}));
     command->add_flag("--json", options->json, "Write one JSON object for a position, numbers in full");
     AddFormOptions(*command, *options);
     AddTextOptions(*command, options->text);

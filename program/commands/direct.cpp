@@ -1,13 +1,13 @@
 // tessara direct
 #include <cmath>
-#include <iostream>
 #include <memory>
 
 #include "commands/arguments.h"
+#include "commands/azimuth_field.h"
 #include "commands/commands.h"
-#include "conversion/azimuths.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "conversion/positions.h"
 #include "files/toolkit_names.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -18,45 +18,52 @@ constexpr const char* FOOTER =
     R"(Writes latitude and longitude of the position that lies so far away in this direction, and the azimuth back
 from there, in degrees. Azimuths count clockwise from north.
 
-Example:
-  tessara direct 40.64 -73.78 51.4 5553886    from New York towards London)";
+Examples:
+  tessara direct 40.64 -73.78 51.4 5553886    from New York towards London
+  tessara direct --json 40.64 -73.78 51.4 5553886
+  tessara direct --file rays.txt              for each line LAT LON AZIMUTH DISTANCE)";
 
 struct Options {
-    double latitude, longitude;
-    double azimuth;
-    double distance;
+    NumberArguments numbers;
     std::string datum = "WGS84";
 };
 
+const std::vector<NumberColumn> COLUMNS{{"latitude1", WrongLatitude},
+                                        {"longitude1", WrongLongitude},
+                                        {"azimuth1", WrongNumber},
+                                        {"distance", WrongNumber}};
+
 // The geodesic is the static kernel's: the interfaces offer none.
-ExitCode WriteDirect(const Options& o) {
+ExitCode WriteDirect(const Options& options) {
     double axes[2];
-    Geodesic_LoadAxes(axes, *DatumByName(o.datum));
-    const GeodesicResult end =
-        Geodesic_DirectCore(o.latitude, o.longitude, o.distance, o.azimuth, axes[0], axes[1]);
-    if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude)) {
-        std::cerr << "tessara: no position is found there\n";
-        return EXIT_INCOMPLETE;
-    }
-    std::cout << FormatNumber(end.latitude, DEGREE_DECIMALS) << ' '
-              << FormatNumber(std::remainder(end.longitude, 360.0), DEGREE_DECIMALS) << ' '
-              << FormatAzimuth(end.backAzimuth) << '\n';
-    return EXIT_DONE;
+    Geodesic_LoadAxes(axes, *DatumByName(options.datum));
+    const auto compute = [&axes](const std::vector<double>& n, std::vector<Field>* results) -> std::string {
+        const GeodesicResult end = Geodesic_DirectCore(n[0], n[1], n[3], n[2], axes[0], axes[1]);
+        if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude))
+            return "no position is found there";
+        results->push_back({"latitude2", end.latitude, DEGREE_DECIMALS});
+        results->push_back({"longitude2", std::remainder(end.longitude, 360.0), DEGREE_DECIMALS});
+        results->push_back(AzimuthField("azimuth2", end.backAzimuth));
+        return {};
+    };
+    return Compute(options.numbers, {COLUMNS, {{"datum", options.datum, 0}}, compute});
 }
 
 }  // namespace
 
 void AddDirect(CLI::App& program, Action& action) {
     CLI::App* const command =
-        program.add_subcommand("direct", "Tells the position at an azimuth and a distance from another");
+        program.add_subcommand("direct", "Gives the position at an azimuth and a distance from another");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    AddLatitude(*command, "LAT", options->latitude);
-    AddLongitude(*command, "LON", options->longitude);
-    AddNumber(*command, "AZIMUTH", options->azimuth, "degrees, clockwise from north");
-    AddNumber(*command, "DISTANCE", options->distance, "metres");
+    AddNumbers(*command, options->numbers, "LAT LON AZIMUTH DISTANCE",
+               "Degrees, positive north and east; degrees clockwise from north; metres");
     AddDatum(*command, "--datum", options->datum, "Datum of both positions");
-    command->callback([options, &action] { action = [options] { return WriteDirect(*options); }; });
+    command->callback([options, &action] {
+        if (const std::string wrong = WrongNumbers(options->numbers, COLUMNS); !wrong.empty())
+            throw CLI::ValidationError("tessara direct", wrong);
+        action = [options] { return WriteDirect(*options); };
+    });
 }
 
 }  // namespace tessara::program

@@ -1,12 +1,12 @@
 // tessara distance
-#include <iostream>
 #include <memory>
 
 #include "commands/arguments.h"
+#include "commands/azimuth_field.h"
 #include "commands/commands.h"
-#include "conversion/azimuths.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "conversion/positions.h"
 #include "files/toolkit_names.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -18,43 +18,50 @@ constexpr const char* FOOTER =
 the second one, both in degrees clockwise from north. Near the antipode of a position it may find no way:
 the exit status is 1 then.
 
-Example:
-  tessara distance 40.64 -73.78 51.47 -0.45    from New York to London)";
+Examples:
+  tessara distance 40.64 -73.78 51.47 -0.45    from New York to London
+  tessara distance --json 40.64 -73.78 51.47 -0.45
+  tessara distance --file legs.txt             for each line LAT1 LON1 LAT2 LON2)";
 
 struct Options {
-    double latitude1, longitude1;
-    double latitude2, longitude2;
+    NumberArguments numbers;
     std::string datum = "WGS84";
 };
 
+const std::vector<NumberColumn> COLUMNS{{"latitude1", WrongLatitude},
+                                        {"longitude1", WrongLongitude},
+                                        {"latitude2", WrongLatitude},
+                                        {"longitude2", WrongLongitude}};
+
 // The geodesic is the static kernel's: the interfaces offer none.
-ExitCode WriteDistance(const Options& o) {
+ExitCode WriteDistances(const Options& options) {
     double axes[2];
-    Geodesic_LoadAxes(axes, *DatumByName(o.datum));
-    const GeodesicResult way =
-        Geodesic_InverseCore(o.latitude1, o.longitude1, o.latitude2, o.longitude2, axes[0], axes[1]);
-    if (way.distance < 0.0) {
-        std::cerr << "tessara: no way is found between these positions\n";
-        return EXIT_INCOMPLETE;
-    }
-    std::cout << FormatNumber(way.distance, METRE_DECIMALS) << ' ' << FormatAzimuth(way.azimuth12) << ' '
-              << FormatAzimuth(way.azimuth21) << '\n';
-    return EXIT_DONE;
+    Geodesic_LoadAxes(axes, *DatumByName(options.datum));
+    const auto compute = [&axes](const std::vector<double>& n, std::vector<Field>* results) -> std::string {
+        const GeodesicResult way = Geodesic_InverseCore(n[0], n[1], n[2], n[3], axes[0], axes[1]);
+        if (way.distance < 0.0) return "no way is found between these positions";
+        results->push_back({"distance", way.distance, METRE_DECIMALS});
+        results->push_back(AzimuthField("azimuth1", way.azimuth12));
+        results->push_back(AzimuthField("azimuth2", way.azimuth21));
+        return {};
+    };
+    return Compute(options.numbers, {COLUMNS, {{"datum", options.datum, 0}}, compute});
 }
 
 }  // namespace
 
 void AddDistance(CLI::App& program, Action& action) {
     CLI::App* const command =
-        program.add_subcommand("distance", "Tells distance and azimuths of two positions");
+        program.add_subcommand("distance", "Gives distance and azimuths of two positions");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    AddLatitude(*command, "LAT1", options->latitude1);
-    AddLongitude(*command, "LON1", options->longitude1);
-    AddLatitude(*command, "LAT2", options->latitude2);
-    AddLongitude(*command, "LON2", options->longitude2);
+    AddNumbers(*command, options->numbers, "LAT1 LON1 LAT2 LON2", "Degrees, positive north and east");
     AddDatum(*command, "--datum", options->datum, "Datum of both positions");
-    command->callback([options, &action] { action = [options] { return WriteDistance(*options); }; });
+    command->callback([options, &action] {
+        if (const std::string wrong = WrongNumbers(options->numbers, COLUMNS); !wrong.empty())
+            throw CLI::ValidationError("tessara distance", wrong);
+        action = [options] { return WriteDistances(*options); };
+    });
 }
 
 }  // namespace tessara::program

@@ -1,4 +1,5 @@
 // tessara map
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -46,6 +47,19 @@ struct Options {
     double size = 1000.0;
 };
 
+constexpr double SHORTEST_SIDE = 100.0;
+constexpr double LONGEST_SIDE = 20000.0;
+
+// Endings of pictures of other kinds: a file by such a name would hold SVG.
+constexpr const char* OTHER_PICTURES[] = {".jpg", ".jpeg", ".gif", ".webp", ".tif", ".tiff", ".bmp", ".pdf"};
+
+std::string WrongOutput(const std::string& file) {
+    for (const char* ending : OTHER_PICTURES) {
+        if (HasEnding(file, ending)) return file + " can't be drawn: a picture is written as .svg or .png";
+    }
+    return {};
+}
+
 std::string ReadAll(const std::string& file) {
     std::string text;
     const std::string wrong = ReadInput(file, [&text](std::istream& stream) {
@@ -81,10 +95,11 @@ std::string WriteOutput(const std::string& svg, const std::string& file, const s
         return {};
     }
     if (IsOneOf(file, {description})) return file + ": is the description, and is left as it is";
-    if (file.ends_with(".png")) return WritePng(svg, file);
+    if (HasEnding(file, ".png")) return WritePng(svg, file);
+    errno = 0;
     std::ofstream stream(file, std::ios::binary);
     stream << svg;
-    return stream.flush() ? "" : file + ": can't be written";
+    return stream.flush() ? "" : file + ": can't be written" + SystemReason(errno);
 }
 
 ExitCode DrawMap(const Options& options) {
@@ -117,10 +132,13 @@ void AddMap(CLI::App& program, Action& action) {
         ->required();
     command->add_option("-o,--output", options->output, "The file to write; '-' is standard output, as SVG")
         ->type_name("FILE")
-        ->capture_default_str();
+        ->capture_default_str()
+        ->check(WrongOutput);
     command
-        ->add_option("--size", options->size, "The longer side of the window in the picture, in pixels of it")
-        ->check(CLI::Range(100.0, 20000.0))
+        ->add_option("--size", options->size,
+                     "The longer side of the window in the picture, 100 to 20000 pixels of it")
+        ->type_name("PIXELS")
+        ->check(CLI::Range(SHORTEST_SIDE, LONGEST_SIDE).description(""))
         ->capture_default_str();
     command->callback([options, &action] { action = [options] { return DrawMap(*options); }; });
 }

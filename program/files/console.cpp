@@ -53,10 +53,11 @@ void Console::Take(const Outcome& outcome) {
         Reject(run.rejects);
         if (!run.messages.empty()) Report(run.messages);
     }
-    progress_.Advance(outcome.Lines(), outcome.Bytes());
+    Advance(outcome.Lines(), outcome.Bytes());
 }
 
 void Console::Write(const std::string& results) {
+    if (results.empty()) return;
     if (resultsShareTerminal_) progress_.Clear();
     std::cout << results;
     // The status line must not get between the halves of a result.

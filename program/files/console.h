@@ -38,6 +38,9 @@ class Console {
     // To the file for them.
     void Reject(const std::string& input) { rejects_.Write(input); }
 
+    // Counts input that is done.
+    void Advance(std::uint64_t lines, std::uint64_t bytes) { progress_.Advance(lines, bytes); }
+
     // Whether there was anything to report.
     [[nodiscard]] ExitCode Finish();
 

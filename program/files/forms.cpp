@@ -4,6 +4,9 @@
 #include <iterator>
 #include <string_view>
 
+#include "files/toolkit_names.h"
+#include "lines/input_files.h"
+
 namespace tessara::program {
 namespace {
 
@@ -13,8 +16,8 @@ struct Ending {
 };
 
 constexpr Ending ENDINGS[] = {
-    {".csv", Form::CSV},         {".jsonl", Form::JSONL},  {".ndjson", Form::JSONL},
-    {".geojson", Form::GEOJSON}, {".json", Form::GEOJSON},
+    {".csv", Form::CSV},      {".tsv", Form::TSV},         {".jsonl", Form::JSONL},
+    {".ndjson", Form::JSONL}, {".geojson", Form::GEOJSON}, {".json", Form::GEOJSON},
 };
 
 }  // namespace
@@ -26,7 +29,7 @@ Form FormByName(const std::string& name) {
 
 Form FormOfFile(const std::string& file) {
     for (const Ending& ending : ENDINGS) {
-        if (file.ends_with(ending.text)) return ending.form;
+        if (HasEnding(file, ending.text)) return ending.form;
     }
     return Form::LINES;
 }

@@ -17,10 +17,10 @@ class Outcome {
         std::string rejects;
     };
 
-    void Add(std::string_view results) {
-        if (results.empty()) return;
+    // Where results are appended.
+    [[nodiscard]] std::string* Results() {
         if (runs_.empty() || !runs_.back().messages.empty()) runs_.emplace_back();
-        runs_.back().results += results;
+        return &runs_.back().results;
     }
 
     // A message is a whole line; `input` is what goes to the file of rejects.
@@ -30,20 +30,25 @@ class Outcome {
         runs_.back().rejects += input;
     }
 
-    // Tells how much input it comes from.
+    // Says how much input it comes from.
     void Count(std::uint64_t lines, std::uint64_t bytes) {
         lines_ += lines;
         bytes_ += bytes;
     }
 
+    // Nothing follows it: the rest of the input is left.
+    void Stop() { isLast_ = true; }
+
     [[nodiscard]] const std::vector<Run>& Runs() const { return runs_; }
     [[nodiscard]] std::uint64_t Lines() const { return lines_; }
     [[nodiscard]] std::uint64_t Bytes() const { return bytes_; }
+    [[nodiscard]] bool IsLast() const { return isLast_; }
 
   private:
     std::vector<Run> runs_;
     std::uint64_t lines_ = 0;
     std::uint64_t bytes_ = 0;
+    bool isLast_ = false;
 };
 
 }  // namespace tessara::program

@@ -1,15 +1,21 @@
 #include "files/record_conversion.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 #include "conversion/numbers.h"
-#include "files/toolkit_names.h"
+#include "conversion/results.h"
+#include "lines/utf8.h"
+#include "tessara/host/text.h"
+#include "tessara/kernel/convergence.h"
 
 namespace tessara::program {
 namespace {
 
 constexpr Reference POINT_REFERENCE{KOORD_GEODEZ, DATUM_WGS84};
+
+constexpr int SCALE_DECIMALS = 10;
 
 std::string_view TrimBlanks(std::string_view text) {
     constexpr std::string_view BLANKS = " \t\r\n";
@@ -17,162 +23,199 @@ std::string_view TrimBlanks(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(BLANKS) + 1 - begin);
 }
 
-// The degrees of a record, or what is wrong with them.
-Line PositionOf(const Record& record) {
-    if (record.position) return {record.position, {}};
-    const auto textOf = [&](const std::string& name) {
-        return name.empty() ? std::string() : std::string(TrimBlanks(TextOf(record.members[name])));
-    };
-    const std::string latitude = textOf(record.names.north);
-    const std::string longitude = textOf(record.names.east);
-    const std::string height = textOf(record.names.height);
-    for (const std::string& wrong : {WrongLatitude(latitude), WrongLongitude(longitude),
-                                     height.empty() ? std::string() : WrongNumber(height)}) {
-        if (!wrong.empty()) return {std::nullopt, wrong};
-    }
-    return {Position{*ParseNumber(latitude), *ParseNumber(longitude), ParseNumber(height)}, {}};
+// The number of a member, or what is wrong with its text.
+struct Number {
+    std::optional<double> value;
+    std::string wrong;
+};
+
+Number NumberOf(const Record& record, std::size_t member, double limit,
+                std::string (*wrong)(std::string_view)) {
+    const std::string text = TextOf(record.members[member].value);
+    const std::string_view word = TrimBlanks(text);
+    const std::optional<double> number = ParseNumber(word);
+    if (number && std::abs(*number) <= limit) return {number, {}};
+    return {std::nullopt, wrong(word)};
 }
 
-// The targets, and for GeoJSON the point at their end.
-std::vector<Reference> AllTargets(const RecordConversion& conversion) {
-    std::vector<Reference> targets = conversion.to;
-    if (conversion.output == Form::GEOJSON) targets.push_back(POINT_REFERENCE);
-    return targets;
+Number HeightOf(const Record& record) {
+    if (record.at.height == NO_MEMBER) return {};
+    const std::string text = TextOf(record.members[record.at.height].value);
+    if (TrimBlanks(text).empty()) return {};
+    return NumberOf(record, record.at.height, HUGE_VAL, WrongNumber);
 }
 
-Position PointOf(const tagKOORD& record) {
-    const auto degrees = Load<GeodezPayload>(record);
-    return {degrees.latitude, degrees.longitude, std::nullopt};
+// A system may have values for a position that aren't numbers; there is no such position in it then.
+bool IsNumeric(const std::string& text) {
+    return text.find("nan") == std::string::npos && text.find("inf") == std::string::npos;
 }
 
-Position PointOf(const Result& degrees, const std::optional<double>& height) {
-    return {std::get<double>(degrees.fields[0].value), std::get<double>(degrees.fields[1].value), height};
+void AddTexts(std::string north, std::string east, std::vector<Field>* values) {
+    values->emplace_back("north", std::move(north));
+    values->emplace_back("east", std::move(east));
 }
 
-Output Failure(const std::string& error) {
-    Output output;
-    output.error = error;
-    return output;
+void AddFactors(const RecordConversion& conversion, const GridFactors& factors, std::vector<Field>* values) {
+    if (conversion.withConvergence) values->push_back({"convergence", factors.convergence, DEGREE_DECIMALS});
+    if (conversion.withScale) values->push_back({"scale", factors.scale, SCALE_DECIMALS});
+}
+
+// Lines have the height beside each target; elsewhere it is a member of its own.
+bool HasHeightBeside(const RecordConversion& conversion, const Reference& target) {
+    const bool isLine = conversion.isReport || conversion.output == Form::LINES;
+    return isLine && target.system != KOORD_ECEF;
 }
 
 }  // namespace
 
-RecordConverter::RecordConverter(const RecordConversion& conversion)
-    : conversion_(conversion), texts_(conversion.texts) {
-    const std::vector<Reference> targets = AllTargets(conversion);
-    if (texts_) {
-        texts_->to = targets;
-        textConverter_.emplace(*texts_);
+std::vector<Field> ValuesOf(const RecordConversion& conversion, const Reference& target) {
+    std::vector<Field> values;
+    if (conversion.texts) {
+        AddTexts({}, {}, &values);
     } else {
-        for (const Reference& target : targets)
-            degrees_.emplace_back(conversion.datum, target);
+        values = FieldsOf(MakeKoord(target.datum, target.system));
     }
-}
-
-Output RecordConverter::Convert(const Record& record) {
-    if (!record.error.empty()) return Failure(record.error);
-    return texts_ ? ConvertTexts(record) : ConvertDegrees(record);
-}
-
-Output RecordConverter::ConvertHeader(const Record& header) const {
-    Values values;
-    for (const Reference& target : conversion_.to) {
-        if (texts_) {
-            values.push_back({{header.names.north, ""}, {header.names.east, ""}});
-        } else {
-            values.push_back(ValuesOf(FieldsOf(MakeKoord(target.datum, target.system))));
-        }
-    }
-    Output output;
-    output.members = MembersWith(values, std::nullopt, header);
-    return output;
-}
-
-Output RecordConverter::ConvertDegrees(const Record& record) const {
-    const Line line = PositionOf(record);
-    if (!line.position) return Failure(line.error);
-    Results all = ConvertToAll(degrees_, *line.position);
-    if (!all.error.empty()) return Failure(all.error);
-
-    Output output;
-    if (conversion_.output == Form::GEOJSON) {
-        output.point = PointOf(all.results.back(), line.position->height);
-        all.results.pop_back();
-    }
-    if (conversion_.output == Form::LINES) {
-        AddHeights(*line.position, &all.results);
-        output.line = LineOf(all.results);
-        return output;
-    }
-    Values values;
-    for (const Result& result : all.results)
-        values.push_back(ValuesOf(result.fields));
-    const bool isHeightNew = record.position && conversion_.output != Form::GEOJSON;
-    output.members = MembersWith(values, isHeightNew ? line.position->height : std::nullopt, record);
-    return output;
-}
-
-Output RecordConverter::ConvertTexts(const Record& record) {
-    std::vector<TargetTexts> results;
-    const std::string wrong = textConverter_->ConvertPosition(
-        TextOf(record.members[record.names.north]), TextOf(record.members[record.names.east]), &results);
-    if (!wrong.empty()) return Failure(wrong);
-
-    Output output;
-    if (conversion_.output == Form::GEOJSON) {
-        output.point = PointOf(results.back().koord);
-        results.pop_back();
-    }
-    Values values;
-    for (const TargetTexts& texts : results) {
-        values.push_back({{record.names.north, texts.north}, {record.names.east, texts.east}});
-        output.line += (output.line.empty() ? "" : "\t") + texts.north + '\t' + texts.east;
-    }
-    output.members = MembersWith(values, std::nullopt, record);
-    return output;
-}
-
-std::vector<RecordConverter::Value> RecordConverter::ValuesOf(const std::vector<Field>& fields) const {
-    const bool areTexts = conversion_.output == Form::CSV;
-    std::vector<Value> values;
-    values.reserve(fields.size());
-    for (const Field& field : fields) {
-        values.push_back(
-            {field.name, areTexts ? Json(field.Text())
-                                  : std::visit([](const auto& value) { return Json(value); }, field.value)});
-    }
+    if (Grid_HasFactors(target.system)) AddFactors(conversion, {}, &values);
     return values;
 }
 
-Json RecordConverter::MembersWith(const Values& values, const std::optional<double>& height,
-                                  const Record& record) const {
-    Json members = Json::object();
-    const PositionNames& names = record.names;
-    const auto isPosition = [&](const std::string& name) {
-        const bool isInPoint = conversion_.output == Form::GEOJSON && name == names.height;
-        return !record.position && (name == names.north || name == names.east || isInPoint);
-    };
-    // What is there already keeps its name.
-    const auto put = [&](std::string name, const std::string& suffix, const Json& value) {
-        while (members.contains(name) || (record.members.contains(name) && !isPosition(name)))
-            name += suffix;
-        AddMember(std::move(name), value, &members);
-    };
-    const auto putResults = [&] {
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const std::string suffix = " " + conversion_.to[i].Name();
-            for (const Value& value : values[i])
-                put(value.name + (values.size() > 1 ? suffix : ""), suffix, value.value);
-        }
-        if (height) put("height", " of the position", *height);
-    };
+void Results::Clear() {
+    error.clear();
+    positions.clear();
+    values.clear();
+    koords.clear();
+    points.clear();
+}
 
-    if (record.position) putResults();
-    for (const auto& member : record.members.items()) {
-        if (member.key() == names.north) putResults();
-        if (!isPosition(member.key())) AddMember(member.key(), member.value(), &members);
+RecordConverter::RecordConverter(const RecordConversion& conversion)
+    : conversion_(conversion), coord_(CreateClassCoord()), internal_(coord_), text_(NewObject<host::Text>()) {
+    std::vector<Reference> references = conversion.to;
+    if (conversion.output == Form::GEOJSON) references.push_back(POINT_REFERENCE);
+    const bool areFactorsWanted = conversion.withConvergence || conversion.withScale;
+    for (const Reference& reference : references) {
+        Target target{reference, MakeReference(reference), {}, {}};
+        target.string = IRef<ICoordinateString>(CreateClassCoordinateString());
+        if (areFactorsWanted && Grid_HasFactors(reference.system))
+            target.degrees = MakeReference({KOORD_GEODEZ, reference.datum});
+        targets_.push_back(target);
     }
-    return members;
+    if (conversion.from) typed_.emplace(*conversion.from);
+}
+
+void RecordConverter::Convert(const Record& record, Results* results) {
+    results->Clear();
+    results->error = record.error;
+    if (!results->error.empty()) return;
+    if (typed_) {
+        results->error = ConvertTexts(record, results);
+        return;
+    }
+    results->error = ReadDegrees(record, &results->positions);
+    for (std::size_t i = 0; i < results->positions.size() && results->error.empty(); ++i) {
+        const Position& position = results->positions[i];
+        tagKOORD geodez = MakeKoord(conversion_.datum, KOORD_GEODEZ);
+        Store(geodez, GeodezPayload{position.latitude, position.longitude, position.height.value_or(0.0)});
+        const CKoord degrees(geodez);
+        results->error = ConvertToAll([&] { internal_->SetKoord(&degrees); }, position.height, results);
+    }
+}
+
+std::string RecordConverter::ReadDegrees(const Record& record, std::vector<Position>* positions) {
+    if (record.at.north == NO_MEMBER) {
+        *positions = record.positions;
+        return {};
+    }
+    const Number latitude = NumberOf(record, record.at.north, LATITUDE_LIMIT, WrongLatitude);
+    const Number longitude = NumberOf(record, record.at.east, LONGITUDE_LIMIT, WrongLongitude);
+    const Number height = HeightOf(record);
+    for (const Number* number : {&latitude, &longitude, &height}) {
+        if (!number->wrong.empty()) return number->wrong;
+    }
+    positions->push_back({*latitude.value, *longitude.value, height.value});
+    return {};
+}
+
+std::string RecordConverter::ConvertTexts(const Record& record, Results* results) {
+    const auto text = [&](std::size_t member) { return program::TextOf(record.members[member].value); };
+    std::string wrong = typed_->Read(text(record.at.north), text(record.at.east));
+    if (!wrong.empty()) return wrong;
+    return ConvertToAll([&] { typed_->Held()->GetCoord(coord_.Get()); }, std::nullopt, results);
+}
+
+template <class Set>
+std::string RecordConverter::ConvertToAll(Set set, const std::optional<double>& height, Results* results) {
+    std::vector<Reference> missing;
+    for (const Target& target : targets_) {
+        std::optional<GeodezPayload> degrees;
+        if (target.degrees.IsValid()) {
+            set();
+            degrees = Degrees(target);
+        }
+        set();
+        if (!ConvertTo(target, degrees, height, results)) missing.push_back(target.reference);
+    }
+    if (!missing.empty()) return NotConvertibleTo(missing);
+    if (conversion_.output != Form::GEOJSON) return {};
+
+    const auto point = Load<GeodezPayload>(results->koords.back());
+    results->points.push_back({point.latitude, point.longitude, height});
+    results->koords.pop_back();
+    results->values.pop_back();
+    return {};
+}
+
+std::optional<GeodezPayload> RecordConverter::Degrees(const Target& target) {
+    if (!coord_->SetReference(target.degrees.Get())) return std::nullopt;
+    CKoord koord;
+    internal_->GetKoord(&koord);
+    return Load<GeodezPayload>(koord);
+}
+
+bool RecordConverter::ConvertTo(const Target& target, const std::optional<GeodezPayload>& degrees,
+                                const std::optional<double>& height, Results* results) {
+    if (!coord_->SetReference(target.libraryReference.Get())) return false;
+    CKoord koord;
+    internal_->GetKoord(&koord);
+    std::vector<Field> values;
+    if (conversion_.texts) {
+        if (!FillTexts(target, &values)) return false;
+    } else {
+        values = FieldsOf(koord);
+        if (!AreFinite(values)) return false;
+    }
+    if (degrees) {
+        GridFactors factors;
+        const double latLon[2] = {degrees->latitude, degrees->longitude};
+        if (Grid_Factors(&koord, latLon, &factors) != KOORD_OK) return false;
+        AddFactors(conversion_, factors, &values);
+    }
+    if (height && HasHeightBeside(conversion_, target.reference)) values.push_back(HeightField(*height));
+    results->values.push_back(std::move(values));
+    results->koords.push_back(koord);
+    return true;
+}
+
+bool RecordConverter::FillTexts(const Target& target, std::vector<Field>* values) {
+    if (!target.string->SetCoord(coord_.Get())) return false;
+    if (conversion_.texts->northResolution)
+        target.string->SetNorthPrecision(*conversion_.texts->northResolution);
+    if (conversion_.texts->eastResolution)
+        target.string->SetEastPrecision(*conversion_.texts->eastResolution);
+    std::string north = TextOf(target, true);
+    std::string east = TextOf(target, false);
+    if (!IsNumeric(north) || !IsNumeric(east)) return false;
+    AddTexts(std::move(north), std::move(east), values);
+    return true;
+}
+
+std::string RecordConverter::TextOf(const Target& target, bool isNorth) {
+    using Operation = bool (ICoordinateString::*)(ITessaraString*);
+    const Operation plain = isNorth ? &ICoordinateString::GetNorthText : &ICoordinateString::GetEastText;
+    const Operation display =
+        isNorth ? &ICoordinateString::GetNorthDisplayText : &ICoordinateString::GetEastDisplayText;
+    // A failed display leaves the plain text, or an empty one.
+    (target.string.Get()->*(conversion_.texts->display ? display : plain))(text_.Get());
+    return Latin1ToUtf8(text_->GetText());
 }
 
 }  // namespace tessara::program

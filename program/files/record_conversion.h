@@ -1,31 +1,53 @@
-// From a record to what is written of it: the results stand where the position was, all else stays.
+// From the positions of a record to what they are in each target.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "conversion/conversion.h"
-#include "conversion/results.h"
-#include "files/records.h"
-#include "files/text_conversion.h"
+#include "conversion/fields.h"
+#include "conversion/references.h"
+#include "conversion/typed_position.h"
+#include "files/record.h"
 #include "files/toolkit_names.h"
 
 namespace tessara::program {
 
-struct RecordConversion {
-    std::int32_t datum = DATUM_WGS84;     // of degrees
-    std::optional<TextConversion> texts;  // where positions are texts; its targets are `to`
-    std::vector<Reference> to;            // may be none for GeoJSON: the point tells the position
-    Form output = Form::CSV;
+enum class OnError { SKIP, KEEP, STOP };
+
+// How positions are written as a north and an east text each.
+struct TextStyle {
+    bool display = false;                   // the forms for a screen
+    std::optional<double> northResolution;  // in units of the target
+    std::optional<double> eastResolution;
 };
 
-// What is written.
-struct Output {
-    std::string error;  // or why nothing is
-    Json members = Json::object();
-    std::optional<Position> point;  // on WGS84, for GeoJSON
-    std::string line;               // for lines
+struct RecordConversion {
+    std::int32_t datum = DATUM_WGS84;  // of degrees
+    std::optional<Reference> from;     // of texts
+    std::vector<Reference> to;         // may be none for GeoJSON: the point is the position
+    Form output = Form::LINES;
+    bool isReport = false;           // an object of JSON about each line
+    std::optional<TextStyle> texts;  // as which the results are written; otherwise they are fields
+    bool withConvergence = false;
+    bool withScale = false;
+    OnError onError = OnError::SKIP;
+};
+
+// What is written of a target, as far as it doesn't depend on the position: its fields, or the two texts, and
+// convergence and scale where it is a grid.
+[[nodiscard]] std::vector<Field> ValuesOf(const RecordConversion& conversion, const Reference& target);
+
+struct Results {
+    std::string error;                       // or why there are none
+    std::vector<Position> positions;         // as they were read, if they are degrees
+    std::vector<std::vector<Field>> values;  // of each position those of each target
+    std::vector<CKoord> koords;              // the same as records
+    std::vector<Position> points;            // on WGS84, for GeoJSON
+
+    void Clear();
 };
 
 // Does the conversion for one thread.
@@ -33,31 +55,33 @@ class RecordConverter {
   public:
     explicit RecordConverter(const RecordConversion& conversion);
 
-    [[nodiscard]] Output Convert(const Record& record);
-
-    // What is written for records with the members of the header; its values are empty.
-    [[nodiscard]] Output ConvertHeader(const Record& header) const;
+    void Convert(const Record& record, Results* results);
 
   private:
-    struct Value {
-        std::string name;
-        Json value;
+    struct Target {
+        Reference reference;
+        IRef<ICoordinateReference> libraryReference;
+        IRef<ICoordinateReference> degrees;  // on its datum, where convergence or scale is wanted
+        IRef<ICoordinateString> string;
     };
-    // Of a target each, in the order of the targets.
-    using Values = std::vector<std::vector<Value>>;
 
-    [[nodiscard]] Output ConvertDegrees(const Record& record) const;
-    [[nodiscard]] Output ConvertTexts(const Record& record);
-    // In numbers for JSON; as texts for others, with the digits that lines have.
-    [[nodiscard]] std::vector<Value> ValuesOf(const std::vector<Field>& fields) const;
-    // `height` is one that no member has.
-    [[nodiscard]] Json MembersWith(const Values& values, const std::optional<double>& height,
-                                   const Record& record) const;
+    [[nodiscard]] std::string ReadDegrees(const Record& record, std::vector<Position>* positions);
+    [[nodiscard]] std::string ConvertTexts(const Record& record, Results* results);
+    // The position that `set` gives the coordinate.
+    template <class Set>
+    [[nodiscard]] std::string ConvertToAll(Set set, const std::optional<double>& height, Results* results);
+    [[nodiscard]] std::optional<GeodezPayload> Degrees(const Target& target);
+    [[nodiscard]] bool ConvertTo(const Target& target, const std::optional<GeodezPayload>& degrees,
+                                 const std::optional<double>& height, Results* results);
+    [[nodiscard]] bool FillTexts(const Target& target, std::vector<Field>* values);
+    [[nodiscard]] std::string TextOf(const Target& target, bool isNorth);
 
     const RecordConversion& conversion_;
-    std::vector<Conversion> degrees_;
-    std::optional<TextConversion> texts_;
-    std::optional<TextConverter> textConverter_;
+    std::vector<Target> targets_;
+    std::optional<TypedPosition> typed_;
+    IRef<ICoord> coord_;
+    IRef<ICoordInternal> internal_;
+    IRef<ITessaraString> text_;
 };
 
 }  // namespace tessara::program

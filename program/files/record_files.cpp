@@ -1,118 +1,226 @@
 #include "files/record_files.h"
 
+#include <memory>
+#include <optional>
+#include <string_view>
 #include <utility>
 
+#include "files/record_blocks.h"
+#include "files/record_reader.h"
 #include "files/record_writer.h"
+#include "files/report.h"
+#include "files/survey.h"
+#include "files/twice_read.h"
+#include "lines/columns.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr std::size_t RECORDS_PER_BLOCK = 1024;
-constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 20;  // of long records there are fewer
-
-using Records = std::vector<Record>;
-
-// Gives records in blocks that are converted in one go.
-class Blocks final : public RecordSink {
-  public:
-    Blocks(std::function<void(const Record&)> takeHeader, const std::function<void(Records)>& take)
-        : takeHeader_(std::move(takeHeader)), take_(take) {}
-
-    void TakeHeader(const Record& header) override { takeHeader_(header); }
-
-    void TakeRecord(Record record) override {
-        bytes_ += record.source.size();
-        records_.push_back(std::move(record));
-        if (records_.size() == RECORDS_PER_BLOCK || bytes_ >= BYTES_PER_BLOCK) Give();
-    }
-
-    void Give() {
-        bytes_ = 0;
-        take_(std::exchange(records_, {}));
-    }
-
-  private:
-    std::function<void(const Record&)> takeHeader_;
-    const std::function<void(Records)>& take_;
-    Records records_;
-    std::size_t bytes_ = 0;  // of the records
+// How the records of one file are read and written.
+struct Plan {
+    Layout layout;
+    ResultNames names;
+    std::shared_ptr<const OutputTable> table;
 };
 
-struct ConvertedRecords {
-    Records records;
-    std::vector<Output> outputs;
+// The frame around the features of several blocks, which have a separator before each.
+class Collection {
+  public:
+    std::string Framed(std::string_view features) {
+        if (features.empty()) return {};
+        if (std::exchange(isBegun_, true)) return std::string(features);
+        features.remove_prefix(COLLECTION_SEPARATOR.size());
+        return std::string(COLLECTION_START) += features;
+    }
+
+    [[nodiscard]] std::string End() const {
+        return (isBegun_ ? "" : std::string(COLLECTION_START)) += COLLECTION_END;
+    }
+
+    [[nodiscard]] bool IsEmpty() const { return !isBegun_; }
+
+  private:
+    bool isBegun_ = false;
 };
 
 class RecordStages {
   public:
-    using Block = Records;
+    struct Block {
+        std::shared_ptr<const Plan> plan;
+        RecordBlock records;
+    };
 
-    RecordStages(const FileRecords& options, Console& console)
-        : options_(options),
-          console_(console),
-          writer_(options.conversion.output),
-          rejectedFeatures_(options.rejects) {}
+    RecordStages(const FileRecords& options, Console& console) : options_(options), console_(console) {}
 
-    void Read(std::istream& stream, const std::string& file, const std::function<void(Records)>& take) {
-        Blocks blocks([this](const Record& header) { TakeHeader(header); }, take);
-        ReadRecords(stream, file,
-                    {options_.formOf(file), options_.conversion.texts.has_value(), options_.columns},
-                    &blocks);
-        blocks.Give();
-    }
-
-    [[nodiscard]] ConvertedRecords Convert(Records records) const {
-        RecordConverter converter(options_.conversion);
-        ConvertedRecords converted{std::move(records), {}};
-        for (const Record& record : converted.records)
-            converted.outputs.push_back(converter.Convert(record));
-        return converted;
-    }
-
-    void Write(const ConvertedRecords& converted) {
-        Outcome outcome;
-        std::string text;
-        for (std::size_t i = 0; i < converted.records.size(); ++i) {
-            const Record& record = converted.records[i];
-            text.clear();
-            std::string wrong = converted.outputs[i].error;
-            if (wrong.empty()) wrong = writer_.Append(record, converted.outputs[i], &text);
-            outcome.Add(text);
-            if (!wrong.empty()) outcome.Refuse(record.place + ": " + wrong + '\n', Rejected(record));
-            // Nobody counts the bytes of a feature, which has no source.
-            outcome.Count(1, record.source.empty() ? 0 : record.source.size() + 1);
+    void Read(std::istream& stream, const std::string& file, const std::function<void(Block)>& take) {
+        Layout wanted = Wanted(file);
+        isInputGeoJson_ = wanted.form == Form::GEOJSON;
+        if (!NeedsSurvey(options_.conversion, wanted.form)) {
+            InputBuffer input(stream);
+            return ReadBlocks(stream, &input, wanted, take);
         }
-        console_.Take(outcome);
+        TwiceRead twice(stream);
+        InputBuffer first = twice.First();
+        Survey(options_.conversion, &first, &wanted);
+        InputBuffer second = twice.Second();
+        ReadBlocks(stream, &second, wanted, take);
     }
 
-    // What ends the files.
+    [[nodiscard]] Outcome Convert(const Block& block) const {
+        Outcome outcome;
+        const OnError onError = options_.conversion.onError;
+        if (!block.records.error.empty()) {
+            outcome.Refuse(block.records.error, {});
+            if (onError == OnError::STOP) outcome.Stop();
+            return outcome;
+        }
+        RecordConverter converter(options_.conversion);
+        const Plan& plan = *block.plan;
+        RecordWriter writer(options_.conversion, plan.layout, plan.names, plan.table.get());
+        Results results;
+        std::size_t count = 0;
+        ReadRecords(plan.layout, block.records.number, block.records.text, [&](const Record& record) {
+            ++count;
+            if (outcome.IsLast()) return;
+            if (record.isBlank) return KeepBlank(record, &outcome);
+            converter.Convert(record, &results);
+            std::string* const out = outcome.Results();
+            const std::size_t before = out->size();
+            std::string wrong = results.error;
+            if (wrong.empty()) wrong = Append(plan, writer, record, &results, out);
+            if (wrong.empty()) return;
+            out->resize(before);
+            if (onError == OnError::KEEP) (void)Append(plan, writer, record, nullptr, out);
+            outcome.Refuse(PlaceOf(plan.layout, record) + wrong + '\n', Rejected(plan.layout, record));
+            if (onError == OnError::STOP) outcome.Stop();
+        });
+        outcome.Count(count, block.records.text.size());
+        return outcome;
+    }
+
+    void Write(const Outcome& outcome) {
+        const bool isCollection = options_.conversion.output == Form::GEOJSON;
+        for (const Outcome::Run& run : outcome.Runs()) {
+            if (!run.results.empty()) console_.Write(std::exchange(header_, {}));
+            console_.Write(isCollection ? collection_.Framed(run.results) : run.results);
+            console_.Reject(isInputGeoJson_ ? rejected_.Framed(run.rejects) : run.rejects);
+            if (!run.messages.empty()) console_.Report(run.messages);
+        }
+        console_.Advance(outcome.Lines(), outcome.Bytes());
+    }
+
+    // What ends the files. No collection is made of a file that holds none.
     void Finish() {
-        console_.Write(writer_.Finish());
-        console_.Reject(rejectedFeatures_.Finish());
+        const bool isWorthIt = !collection_.IsEmpty() || !isFileWrong_;
+        if (options_.conversion.output == Form::GEOJSON && isWorthIt) console_.Write(collection_.End());
+        if (isInputGeoJson_) console_.Reject(rejected_.End());
     }
 
   private:
-    void TakeHeader(const Record& header) {
-        std::string text;
-        writer_.AppendHeader(header, RecordConverter(options_.conversion).ConvertHeader(header), &text);
-        console_.Write(text);
-        // The rejected records are a file of the same form.
-        if (!hasHeader_) console_.Reject(header.source + '\n');
-        hasHeader_ = true;
+    [[nodiscard]] Layout Wanted(const std::string& file) const {
+        Layout layout;
+        layout.file = file;
+        layout.form = options_.formOf(file);
+        layout.areTexts = options_.conversion.from.has_value();
+        layout.columns = options_.columns;
+        const bool arePlaces = ArePlaces(options_.columns);
+        const bool areNamed = !options_.columns.empty() && !arePlaces;
+        layout.hasHeader = IsTable(layout.form) ? !arePlaces : layout.form == Form::LINES && areNamed;
+        return layout;
     }
 
-    // What is wrong with a file as a whole comes without a source.
-    std::string Rejected(const Record& record) {
-        std::string text = record.source.empty() ? "" : record.source + '\n';
-        if (!record.feature.is_null()) rejectedFeatures_.AppendFeature(record.feature, &text);
-        return text;
+    void ReadBlocks(const std::istream& stream, InputBuffer* input, const Layout& wanted,
+                    const std::function<void(Block)>& take) {
+        const std::unique_ptr<RecordBlocks> blocks = MakeRecordBlocks(wanted.form, wanted.file, input);
+        std::optional<Layout> layout = blocks->ReadLayout(wanted);
+        if (!layout) return;
+        const std::string wrong = WrongHeader(*layout, blocks->Header());
+        if (!wrong.empty()) {
+            isFileWrong_ = true;
+            return console_.Report(wrong + '\n');
+        }
+        if (!IsJson(layout->form)) KeepColumns(options_.conversion, &*layout);
+        const auto plan = std::make_shared<Plan>();
+        plan->names = NameResults(options_.conversion, *layout);
+        plan->layout = std::move(*layout);
+        plan->table = TableOf(*plan);
+        WriteHeader(*plan, blocks->Header());
+        for (RecordBlock block; blocks->Next(&block);) {
+            isFileWrong_ = isFileWrong_ || !block.error.empty();
+            // That the input broke off is said elsewhere.
+            if (!block.error.empty() && stream.bad()) continue;
+            take({plan, std::move(block)});
+        }
+    }
+
+    // What keeps all records of a file from being read.
+    static std::string WrongHeader(const Layout& layout, const std::string& header) {
+        if (!layout.hasHeader || IsJson(layout.form)) return {};
+        const std::string place =
+            layout.file + (IsTable(layout.form) ? ":" + std::to_string(layout.firstLine) : "") + ": ";
+        if (IsTable(layout.form) && EndsInQuotes(header, layout.separator))
+            return place + "opens a quote that isn't closed";
+        const std::string wrong = WrongNames(layout.at, layout);
+        return wrong.empty() ? "" : place + wrong;
+    }
+
+    std::shared_ptr<const OutputTable> TableOf(const Plan& plan) {
+        const bool isWanted = IsTable(options_.conversion.output) && !options_.conversion.isReport;
+        if (isWanted && !table_) {
+            table_ = MakeTable(options_.conversion, plan.layout, plan.names);
+            if (table_->hasHeader) header_ = JoinColumns(table_->names, table_->separator) + '\n';
+        }
+        return table_;
+    }
+
+    // Where the input has a header, there is one even without a record.
+    void WriteHeader(const Plan& plan, const std::string& header) {
+        const bool isTextLine = plan.layout.form == Form::LINES && plan.layout.hasHeader;
+        const bool isFirst = !std::exchange(hasHeader_, true);
+        if (isFirst && isTextLine && options_.conversion.output == Form::LINES &&
+            !options_.conversion.isReport) {
+            const OutputTable columns = *MakeTable(options_.conversion, plan.layout, plan.names);
+            header_ = JoinColumns(columns.names, columns.separator) + '\n';
+        }
+        if (!plan.layout.hasHeader) return;
+        console_.Write(std::exchange(header_, {}));
+        // The rejected records are a file of the same form.
+        if (isFirst) console_.Reject(header + '\n');
+    }
+
+    [[nodiscard]] std::string Append(const Plan& plan, RecordWriter& writer, const Record& record,
+                                     const Results* results, std::string* out) const {
+        if (!options_.conversion.isReport) return writer.Append(record, results, out);
+        AppendReport(options_.conversion, plan.layout, record, results, out);
+        return {};
+    }
+
+    // Where lines are to stay as many as they were, those without a record stay, too.
+    void KeepBlank(const Record& record, Outcome* outcome) const {
+        const bool isKept = options_.conversion.onError == OnError::KEEP &&
+                            options_.conversion.output == Form::LINES && !options_.conversion.isReport;
+        if (isKept) (*outcome->Results() += record.source) += '\n';
+    }
+
+    static std::string PlaceOf(const Layout& layout, const Record& record) {
+        const char* const between = layout.form == Form::GEOJSON ? ": feature " : ":";
+        return layout.file + between + std::to_string(record.number) + ": ";
+    }
+
+    static std::string Rejected(const Layout& layout, const Record& record) {
+        if (layout.form != Form::GEOJSON) return std::string(record.source) += '\n';
+        return std::string(COLLECTION_SEPARATOR) += record.source;
     }
 
     const FileRecords& options_;
     Console& console_;
-    RecordWriter writer_;
-    RecordWriter rejectedFeatures_;
+    std::shared_ptr<const OutputTable> table_;
+    std::string header_;  // of a table, which is written before the first row
     bool hasHeader_ = false;
+    bool isInputGeoJson_ = false;
+    bool isFileWrong_ = false;
+    Collection collection_;
+    Collection rejected_;
 };
 
 }  // namespace

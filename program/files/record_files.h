@@ -13,7 +13,6 @@ namespace tessara::program {
 struct FileRecords {
     RecordConversion conversion;
     std::function<Form(const std::string& file)> formOf;
-    Form rejects = Form::LINES;        // of the first file, and so of all where some may be rejected
     std::vector<std::string> columns;  // that hold the positions; empty where that is to be found out
 };
 

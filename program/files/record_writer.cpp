@@ -1,77 +1,318 @@
 #include "files/record_writer.h"
 
-#include <vector>
+#include <algorithm>
+#include <functional>
 
+#include "conversion/numbers.h"
 #include "conversion/quote.h"
-#include "files/geojson.h"
-#include "files/toolkit_names.h"
+#include "files/field_writing.h"
+#include "files/json_scan.h"
 #include "lines/columns.h"
 
 namespace tessara::program {
 namespace {
 
-// A feature keeps what it has besides, like an id, but for the box around its old geometry.
-Json FeatureOf(const Record& record, const Output& output) {
-    Json feature = record.feature.is_object() ? record.feature : Json{{"type", "Feature"}};
-    feature.erase("bbox");
-    feature["geometry"] = PointOf(*output.point);
-    feature["properties"] = output.members;
-    return feature;
+// What stands in lines for a target whose position isn't found.
+constexpr std::string_view PLACEHOLDER = "*";
+
+// Fields of a target stand apart by blanks, texts by tabs.
+char SeparatorOf(const RecordConversion& conversion) {
+    return conversion.texts ? '\t' : ' ';
+}
+
+void AppendTarget(const RecordConversion& conversion, const std::vector<Field>* values, std::string* out) {
+    if (values == nullptr) {
+        *out += PLACEHOLDER;
+        if (conversion.texts) (*out += '\t') += PLACEHOLDER;
+        return;
+    }
+    for (const Field& value : *values) {
+        if (&value != values->data()) *out += SeparatorOf(conversion);
+        AppendText(value, out);
+    }
+}
+
+// The values of a target at a position, or none.
+const std::vector<Field>* ValuesAt(const RecordConversion& conversion, const Results* results,
+                                   std::size_t position, std::size_t target) {
+    return results == nullptr ? nullptr : &results->values[position * conversion.to.size() + target];
+}
+
+// The height of a position that stands in no members.
+std::optional<double> HeightAt(const Record& record, const Results* results, std::size_t position) {
+    const bool isOutside = record.at.north == NO_MEMBER && results != nullptr;
+    return isOutside && position < results->positions.size() ? results->positions[position].height
+                                                             : std::nullopt;
+}
+
+std::size_t CountPositions(const Record& record, const Results* results) {
+    if (results == nullptr) return 1;
+    return record.at.north == NO_MEMBER ? results->positions.size() : 1;
 }
 
 }  // namespace
 
-void RecordWriter::AppendHeader(const Record& header, const Output& output, std::string* text) {
-    if (form_ != Form::CSV || columns_) return;
-    separator_ = header.separator;
-    columns_.emplace();
-    std::vector<std::string> names;
-    for (const auto& member : output.members.items()) {
-        columns_->emplace(member.key(), names.size());
-        names.push_back(member.key());
+std::shared_ptr<const OutputTable> MakeTable(const RecordConversion& conversion, const Layout& layout,
+                                             const ResultNames& names) {
+    auto table = std::make_shared<OutputTable>();
+    const bool hasSeparator = IsTable(layout.form) || (layout.form == Form::LINES && layout.areTexts);
+    if (hasSeparator) table->separator = layout.separator;
+    if (conversion.output == Form::TSV) table->separator = '\t';
+    table->hasHeader = layout.hasHeader || !IsTable(layout.form);
+    table->firstResult = layout.resultsAt;
+    const auto results = [&] {
+        for (const std::vector<std::string>& values : names.values)
+            table->names.insert(table->names.end(), values.begin(), values.end());
+        if (!layout.hasHeights) return;
+        table->height = table->names.size();
+        table->names.push_back(names.height);
+    };
+    const auto keep = [&](std::size_t begin, std::size_t end) {
+        table->names.insert(table->names.end(), layout.kept.begin() + static_cast<std::ptrdiff_t>(begin),
+                            layout.kept.begin() + static_cast<std::ptrdiff_t>(end));
+    };
+    keep(0, layout.resultsAt);
+    results();
+    table->firstKeptBehind = table->names.size();
+    keep(layout.resultsAt, layout.kept.size());
+    for (std::size_t i = 0; i < table->names.size(); ++i) {
+        const bool isKept = i < table->firstResult || i >= table->firstKeptBehind;
+        if (isKept) table->places.emplace(table->names[i], i);
     }
-    *text += JoinColumns(names, separator_) + '\n';
+    return table;
 }
 
-std::string RecordWriter::Append(const Record& record, const Output& output, std::string* text) {
-    switch (form_) {
+std::string RecordWriter::Append(const Record& record, const Results* results, std::string* out) {
+    switch (conversion_.output) {
         case Form::CSV:
-            AppendHeader(record, output, text);
-            return AppendRow(output.members, text);
+        case Form::TSV:
+            return AppendRows(record, results, out);
         case Form::JSONL:
-            *text += Dump(output.members) + '\n';
+            AppendObject(record, results, out);
             return {};
         case Form::GEOJSON:
-            AppendFeature(FeatureOf(record, output), text);
+            AppendFeature(record, results, out);
             return {};
         case Form::LINES:
-            *text += output.line + '\n';
+            AppendLines(record, results, out);
             return {};
     }
     return {};
 }
 
-void RecordWriter::AppendFeature(const Json& feature, std::string* text) {
-    *text += (hasFeatures_ ? COLLECTION_SEPARATOR : COLLECTION_START) + Dump(feature);
-    hasFeatures_ = true;
-}
-
-std::string RecordWriter::Finish() {
-    if (form_ != Form::GEOJSON) return {};
-    return (hasFeatures_ ? "" : std::string(COLLECTION_START)) + COLLECTION_END;
-}
-
-// Columns that a record doesn't have stay empty.
-std::string RecordWriter::AppendRow(const Json& members, std::string* text) {
-    std::vector<std::string> row(columns_->size());
-    for (const auto& member : members.items()) {
-        const auto column = columns_->find(member.key());
-        if (column == columns_->end())
-            return "has " + Quote(member.key()) + ", which the first record hasn't: CSV has no column for it";
-        row[column->second] = TextOf(member.value());
+// Lines of texts are columns, of which the two are replaced; of other forms the results alone are written.
+void RecordWriter::AppendLines(const Record& record, const Results* results, std::string* out) {
+    if (layout_.form == Form::LINES && layout_.areTexts) return AppendTextLine(record, results, out);
+    for (std::size_t position = 0; position < CountPositions(record, results); ++position) {
+        for (std::size_t target = 0; target < conversion_.to.size(); ++target) {
+            if (target > 0) *out += '\t';
+            AppendTarget(conversion_, ValuesAt(conversion_, results, position, target), out);
+        }
+        if (layout_.form == Form::LINES && !record.members.empty()) {
+            *out += '\t';
+            *out += record.members.front().value.source;
+        }
+        *out += '\n';
     }
-    *text += JoinColumns(row, separator_) + '\n';
+}
+
+void RecordWriter::AppendTextLine(const Record& record, const Results* results, std::string* out) {
+    const char separator = layout_.separator;
+    bool isFirst = true;
+    bool hasResults = false;
+    const auto separate = [&] {
+        if (!isFirst) *out += separator;
+        isFirst = false;
+    };
+    const auto put = [&] {
+        hasResults = true;
+        for (std::size_t target = 0; target < conversion_.to.size(); ++target) {
+            const std::vector<Field>* const values = ValuesAt(conversion_, results, 0, target);
+            for (std::size_t i = 0; i < names_.values[target].size(); ++i) {
+                separate();
+                std::string text(PLACEHOLDER);
+                if (values != nullptr) text.clear(), AppendText((*values)[i], &text);
+                AppendColumn(text, separator, out);
+            }
+        }
+    };
+    for (std::size_t i = 0; i < record.members.size(); ++i) {
+        if (i == record.at.north) put();
+        if (record.at.Has(i)) continue;
+        separate();
+        AppendAsColumn(record.members[i].value, separator, out);
+    }
+    if (!hasResults) put();
+    *out += '\n';
+}
+
+std::size_t RecordWriter::PlaceOf(std::string_view name, std::size_t hint) const {
+    if (hint < table_->names.size() && table_->names[hint] == name) return hint;
+    const auto found = table_->places.find(name);
+    return found != table_->places.end() ? found->second : NO_MEMBER;
+}
+
+// A row for each position. Columns that a record doesn't have stay empty.
+std::string RecordWriter::AppendRows(const Record& record, const Results* results, std::string* out) {
+    row_.assign(table_->names.size(), nullptr);
+    lastPlaces_.resize(std::max(lastPlaces_.size(), record.members.size()), NO_MEMBER);
+    for (std::size_t i = 0; i < record.members.size(); ++i) {
+        if (IsReplaced(conversion_, record.at, i)) continue;
+        const std::string_view name = record.members[i].name;
+        const std::size_t place = lastPlaces_[i] = PlaceOf(name, lastPlaces_[i]);
+        if (place == NO_MEMBER && results == nullptr) continue;
+        if (place == NO_MEMBER)
+            return "has " + Quote(name) + ", which the first file hasn't: there is no column for it";
+        row_[place] = &record.members[i].value;
+    }
+    for (std::size_t position = 0; position < CountPositions(record, results); ++position) {
+        const std::optional<double> height = HeightAt(record, results, position);
+        if (height && table_->height == NO_MEMBER)
+            return "has a height, which the first record hasn't: there is no column for it";
+        const std::size_t begin = out->size();
+        AppendKept(0, table_->firstResult, out);
+        for (std::size_t target = 0; target < names_.values.size(); ++target)
+            AppendCells(ValuesAt(conversion_, results, position, target), names_.values[target].size(), out);
+        if (table_->height != NO_MEMBER) {
+            if (height) *out += FormatNumber(*height);
+            *out += table_->separator;
+        }
+        AppendKept(table_->firstKeptBehind, table_->names.size(), out);
+        // Each cell has a separator behind it.
+        if (out->size() > begin) out->back() = '\n';
+    }
     return {};
+}
+
+void RecordWriter::AppendKept(std::size_t begin, std::size_t end, std::string* out) const {
+    for (std::size_t place = begin; place < end; ++place) {
+        if (row_[place] != nullptr) AppendAsColumn(*row_[place], table_->separator, out);
+        *out += table_->separator;
+    }
+}
+
+void RecordWriter::AppendCells(const std::vector<Field>* values, std::size_t count, std::string* out) const {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (values != nullptr) {
+            const Field& value = (*values)[i];
+            const auto* const text = std::get_if<std::string>(&value.value);
+            if (text != nullptr) AppendColumn(*text, table_->separator, out);
+            if (text == nullptr) AppendText(value, out);
+        }
+        *out += table_->separator;
+    }
+}
+
+void RecordWriter::AppendObject(const Record& record, const Results* results, std::string* out) {
+    *out += '{';
+    AppendMembers(record, results, out);
+    *out += "}\n";
+}
+
+// The results stand where the position was, or before all else.
+void RecordWriter::AppendMembers(const Record& record, const Results* results, std::string* out) {
+    const std::size_t begin = out->size();
+    const auto separate = [&] {
+        if (out->size() > begin) *out += ',';
+    };
+    bool hasResults = false;
+    const auto put = [&] {
+        hasResults = true;
+        AppendResults(record, results, out);
+    };
+    if (record.at.north == NO_MEMBER) put();
+    for (std::size_t i = 0; i < record.members.size(); ++i) {
+        if (i == record.at.north) {
+            if (!conversion_.to.empty()) separate();
+            put();
+        }
+        if (IsReplaced(conversion_, record.at, i)) continue;
+        separate();
+        AppendString(record.members[i].name, out);
+        *out += ':';
+        AppendAsJson(record.members[i].value, out);
+    }
+    if (hasResults) return;
+    separate();
+    put();
+}
+
+void RecordWriter::AppendResults(const Record& record, const Results* results, std::string* out) {
+    bool isFirst = true;
+    const auto name = [&](const std::string& text) {
+        if (!isFirst) *out += ',';
+        isFirst = false;
+        AppendString(text, out);
+        *out += ':';
+    };
+    for (std::size_t target = 0; target < names_.values.size(); ++target) {
+        for (std::size_t i = 0; i < names_.values[target].size(); ++i) {
+            name(names_.values[target][i]);
+            if (results == nullptr) {
+                *out += "null";
+                continue;
+            }
+            const std::function<void(std::size_t)> append = [&](std::size_t position) {
+                AppendJson((*ValuesAt(conversion_, results, position, target))[i], out);
+            };
+            AppendNested(record.geometry, append, out);
+        }
+    }
+    if (conversion_.output == Form::GEOJSON || record.at.north != NO_MEMBER || results == nullptr) return;
+    const bool hasHeight = std::any_of(results->positions.begin(), results->positions.end(),
+                                       [](const Position& position) { return position.height.has_value(); });
+    if (!hasHeight) return;
+    name(names_.height);
+    const std::function<void(std::size_t)> append = [&](std::size_t i) {
+        const std::optional<double> height = results->positions[i].height;
+        if (!height) *out += "null";
+        if (height) AppendNumber(*height, out);
+    };
+    AppendNested(record.geometry, append, out);
+}
+
+// A feature keeps what it has besides, like an id, but for the box around its old geometry.
+void RecordWriter::AppendFeature(const Record& record, const Results* results, std::string* out) {
+    *out += COLLECTION_SEPARATOR;
+    *out += '{';
+    bool hasGeometry = false;
+    bool hasProperties = false;
+    const auto name = [&](std::string_view text) {
+        if (!out->ends_with('{')) *out += ',';
+        AppendString(text, out);
+        *out += ':';
+    };
+    const auto geometry = [&] {
+        if (std::exchange(hasGeometry, true)) return;
+        name("geometry");
+        if (results == nullptr) {
+            *out += "null";
+        } else {
+            AppendGeometry(record.geometry, results->points, out);
+        }
+    };
+    const auto properties = [&] {
+        if (std::exchange(hasProperties, true)) return;
+        name("properties");
+        *out += '{';
+        AppendMembers(record, results, out);
+        *out += '}';
+    };
+    if (record.frame.empty()) (name("type"), *out += "\"Feature\"");
+    for (const Member& member : record.frame) {
+        if (member.name == "bbox") continue;
+        if (member.name == "geometry") {
+            geometry();
+        } else if (member.name == "properties") {
+            properties();
+        } else {
+            name(member.name);
+            AppendAsJson(member.value, out);
+        }
+    }
+    geometry();
+    properties();
+    *out += '}';
 }
 
 }  // namespace tessara::program

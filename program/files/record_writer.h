@@ -1,38 +1,66 @@
-// Writes records in one of the forms.
+// Writes records in the form of the output.
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "files/record_conversion.h"
+#include "files/result_names.h"
 
 namespace tessara::program {
 
+// The columns of a table. They are those of the first file, whatever follows.
+struct OutputTable {
+    char separator = ',';
+    std::vector<std::string> names;
+    std::unordered_map<std::string_view, std::size_t> places;  // of what isn't a result, by its name
+    std::size_t firstResult = 0;
+    std::size_t firstKeptBehind = 0;
+    std::size_t height = NO_MEMBER;  // of one that comes from outside of the members
+    bool hasHeader = true;
+};
+
+[[nodiscard]] std::shared_ptr<const OutputTable> MakeTable(const RecordConversion& conversion,
+                                                           const Layout& layout, const ResultNames& names);
+
+// The frame around features, and what stands between two of them.
+inline constexpr std::string_view COLLECTION_START = "{\"type\":\"FeatureCollection\",\"features\":[\n";
+inline constexpr std::string_view COLLECTION_SEPARATOR = ",\n";
+inline constexpr std::string_view COLLECTION_END = "\n]}\n";
+
+// Writes the records of one file. Each feature has a separator before it.
 class RecordWriter {
   public:
-    explicit RecordWriter(Form form) : form_(form) {}
+    RecordWriter(const RecordConversion& conversion, const Layout& layout, const ResultNames& names,
+                 const OutputTable* table)
+        : conversion_(conversion), layout_(layout), names_(names), table_(table) {}
 
-    // The columns of CSV, unless they are known already: from the first header or record on they stay.
-    void AppendHeader(const Record& header, const Output& output, std::string* text);
-
-    // Appends what is written of a record; otherwise says what is wrong.
-    std::string Append(const Record& record, const Output& output, std::string* text);
-
-    // Appends a feature as it was read.
-    void AppendFeature(const Json& feature, std::string* text);
-
-    // What ends the file.
-    [[nodiscard]] std::string Finish();
+    // Appends what is written of a record; without results, a placeholder. What is wrong with that; empty if
+    // nothing is.
+    [[nodiscard]] std::string Append(const Record& record, const Results* results, std::string* out);
 
   private:
-    std::string AppendRow(const Json& members, std::string* text);
+    void AppendLines(const Record& record, const Results* results, std::string* out);
+    void AppendTextLine(const Record& record, const Results* results, std::string* out);
+    std::string AppendRows(const Record& record, const Results* results, std::string* out);
+    void AppendKept(std::size_t begin, std::size_t end, std::string* out) const;
+    void AppendCells(const std::vector<Field>* values, std::size_t count, std::string* out) const;
+    void AppendObject(const Record& record, const Results* results, std::string* out);
+    void AppendMembers(const Record& record, const Results* results, std::string* out);
+    void AppendResults(const Record& record, const Results* results, std::string* out);
+    void AppendFeature(const Record& record, const Results* results, std::string* out);
+    [[nodiscard]] std::size_t PlaceOf(std::string_view name, std::size_t hint) const;
 
-    Form form_;
-    char separator_ = ',';                                                 // as the first file has it
-    std::optional<std::unordered_map<std::string, std::size_t>> columns_;  // their places, by their names
-    bool hasFeatures_ = false;
+    const RecordConversion& conversion_;
+    const Layout& layout_;
+    const ResultNames& names_;
+    const OutputTable* table_;
+    std::vector<const Value*> row_;
+    std::vector<std::size_t> lastPlaces_;  // of the members of the record before, which often are the same
 };
 
 }  // namespace tessara::program

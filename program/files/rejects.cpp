@@ -1,12 +1,16 @@
 #include "files/rejects.h"
 
+#include <cerrno>
+
 #include "files/toolkit_names.h"
 #include "lines/input_files.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr const char* CANT_BE_WRITTEN = ": can't be written";
+std::string NotWritten(const std::string& file) {
+    return file + ": can't be written" + SystemReason(errno);
+}
 
 }  // namespace
 
@@ -15,12 +19,14 @@ std::string Rejects::Open(const std::optional<std::string>& file, const std::vec
     // Opening it empties it.
     if (IsOneOf(*file, inputs)) return *file + ": is to be read, and can't take the rejects";
     file_ = file;
+    errno = 0;
     stream_.open(*file, std::ios::binary);
-    return stream_.is_open() ? "" : *file + CANT_BE_WRITTEN;
+    return stream_.is_open() ? "" : NotWritten(*file);
 }
 
 std::string Rejects::Finish() {
-    return file_ && !stream_.flush() ? *file_ + CANT_BE_WRITTEN : "";
+    errno = 0;
+    return file_ && !stream_.flush() ? NotWritten(*file_) : "";
 }
 
 }  // namespace tessara::program

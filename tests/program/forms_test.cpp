@@ -12,6 +12,7 @@ using tessara::testing::ExpectDone;
 using tessara::testing::ExpectUsageError;
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
+using tessara::testing::RunProgram;
 using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
 using Json = nlohmann::ordered_json;
@@ -152,6 +153,27 @@ TEST(Csv, WritesTheHeaderOfAFileWithoutRecords) {
     ExpectDone(Convert({"--input", "csv", "--to", "UTM"}, "name,lat,lon\n"),
                "name,zone,hemisphere,easting,northing\n");
     ExpectDone(Convert({"--input", "csv"}, ""), "");
+}
+
+// The columns by their places, counted from 1: there is no header then, in and out.
+TEST(Csv, MayHaveNoHeader) {
+    ExpectDone(
+        Convert({"--input", "csv", "--columns", "3,2", "--to", "UTM"}, "7,11.5755,48.1375,town hall\n"),
+        std::string("7,") + MUNICH_UTM + ",town hall\n");
+    ExpectDone(Convert({"--input", "csv", "--columns", "2,3", "--output", "jsonl"}, "7,48,11\n"),
+               "{\"1\":\"7\",\"latitude\":48.0,\"longitude\":11.0}\n");
+    ExpectDone(Convert({"--from", "UTM", "--to", "UTMREF", "--columns", "2,3"}, "a;N 5334791;32 691602;b\n"),
+               std::string("a;") + MUNICH_NORTH + ";" + MUNICH_EAST + ";b\n");
+    const Outcome few = Convert({"--input", "csv", "--columns", "2,3"}, "7,48,11\n7,48\n");
+    EXPECT_EQ(few.err, "-:2: has 2 columns\n");
+}
+
+// Commas are text there, and tabs need quotes.
+TEST(Tsv, HasTabsOnly) {
+    ExpectDone(Convert({"--input", "tsv"}, "n\tlat\tlon\na,b;c\t48\t11\n"),
+               "n\tlatitude\tlongitude\na,b;c\t48.000000000\t11.000000000\n");
+    ExpectDone(Convert({"--input", "csv", "--output", "tsv"}, "n,lat,lon\n\"a\tb\",48,11\n"),
+               "n\tlatitude\tlongitude\n\"a\tb\"\t48.000000000\t11.000000000\n");
 }
 
 TEST(Csv, HasTextsInColumnsNorthAndEast) {
@@ -309,24 +331,115 @@ TEST(GeoJson, BecomesColumnsWithTheHeight) {
                    MUNICH_UTM + ",,,\n");
 }
 
-TEST(GeoJson, ReportsFeaturesThatAreNoPoints) {
+TEST(GeoJson, ReportsFeaturesWithoutPositions) {
     const Outcome outcome = Convert(
         {"--input", "geojson", "--output", "lines"},
         Collection(Feature("11,48", "{}") + R"(,{"type":"Feature","geometry":null,"properties":null})" +
-                   R"(,{"type":"Feature","geometry":{"type":"LineString","coordinates":[[1,2],[3,4]]}})" +
-                   "," + Feature("11", "{}") + "," + Feature("11,91", "{}") + "," +
-                   Feature("\"11\",48", "{}") + "," + Feature("11,48", "[1]") + ",17,[]," +
-                   Feature("12,49,5", "null")));
+                   R"(,{"type":"Feature","geometry":{"type":"Circle","coordinates":[1,2]}})" + "," +
+                   Feature("11", "{}") + "," + Feature("11,91", "{}") + "," + Feature("\"11\",48", "{}") +
+                   "," + Feature("11,48", "[1]") + ",17,[]," + Feature("12,49,5", "null") +
+                   R"(,{"type":"Feature","geometry":{"type":"LineString","coordinates":[[1,2],[3,94]]}})" +
+                   R"(,{"type":"Feature","geometry":{"type":"Polygon","coordinates":[[1,2],[3,4]]}})" +
+                   R"(,{"type":"Feature","geometry":{"type":"LineString"}})" +
+                   R"(,{"type":"Feature","geometry":{"type":"Point","coordinates":[[1,2]]}})"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "48.000000000 11.000000000\n49.000000000 12.000000000 5.0000\n");
     EXPECT_EQ(
         LinesOf(outcome.err),
         (std::vector<std::string>{
             "-: feature 2: has no geometry",
-            "-: feature 3: has the geometry 'LineString', and only a Point is read",
+            "-: feature 3: has the geometry 'Circle', which GeoJSON doesn't have",
             "-: feature 4: has no longitude and latitude", "-: feature 5: latitude '91' is outside -90..90",
             "-: feature 6: '\"11\"' is not a number", "-: feature 7: has properties that are no object",
-            "-: feature 8: is no GeoJSON feature", "-: feature 9: is no GeoJSON feature"}));
+            "-: feature 8: is no GeoJSON feature", "-: feature 9: is no GeoJSON feature",
+            "-: feature 11: position 2: latitude '94' is outside -90..90",
+            "-: feature 12: has no positions that nest like those of a Polygon",
+            "-: feature 13: has no positions that nest like those of a LineString",
+            "-: feature 14: has no longitude and latitude"}));
+}
+
+// In the members of JSON results nest as the positions do; lines and rows have one position each.
+TEST(GeoJson, HasEveryKindOfGeometry) {
+    const auto feature = [](const std::string& geometry) {
+        return R"({"type":"Feature","geometry":)" + geometry + R"(,"properties":{"n":1}})";
+    };
+    const std::string polygon =
+        R"({"type":"Polygon","coordinates":[[[0.0,1.0],[2.0,3.0,4.5],[0.0,1.0]],[[5.0,6.0]]]})";
+    const std::string multi = R"({"type":"MultiPolygon","coordinates":[[[[7.0,8.0]]],[]]})";
+    const std::string collection = R"({"type":"GeometryCollection","geometries":[)" + polygon +
+                                   R"(,{"type":)" + R"("Point","coordinates":[9.0,10.0]},)" + multi + "]}";
+    const std::string input = Collection(feature(collection) + ",\n" + feature(multi));
+    ExpectDone(Convert({"--input", "geojson"}, input), input);
+
+    const Outcome named = Convert({"--input", "geojson", "--to", "GEODEZ"}, input);
+    const Json first = Json::parse(named.out)["features"][0]["properties"];
+    EXPECT_EQ(first["latitude"], Json::parse("[[[1.0,3.0,1.0],[6.0]],10.0,[[[8.0]],[]]]"));
+    EXPECT_EQ(first["longitude"], Json::parse("[[[0.0,2.0,0.0],[5.0]],9.0,[[[7.0]],[]]]"));
+
+    ExpectDone(Convert({"--input", "geojson", "--output", "csv"}, Collection(feature(polygon))),
+               "latitude,longitude,height,n\n1.000000000,0.000000000,,1\n3.000000000,2.000000000,4.5,1\n"
+               "1.000000000,0.000000000,,1\n6.000000000,5.000000000,,1\n");
+    ExpectDone(Convert({"--input", "geojson", "--output", "jsonl"}, Collection(feature(polygon))),
+               R"({"latitude":[[1.0,3.0,1.0],[6.0]],"longitude":[[0.0,2.0,0.0],[5.0]],)"
+               R"("height":[[null,4.5,null],[null]],"n":1})"
+               "\n");
+}
+
+TEST(GeoJson, MayBeAFeatureOrAGeometryAlone) {
+    ExpectDone(Convert({"--input", "geojson"}, Feature("11.0,48.0", R"({"a":1})")),
+               Collection(Feature("11.0,48.0", R"({"a":1})")));
+    ExpectDone(Convert({"--input", "geojson", "--output", "lines"},
+                       R"({"coordinates":[[11,48],[12,49,7]],"type":"MultiPoint"})"),
+               "48.000000000 11.000000000\n49.000000000 12.000000000 7.0000\n");
+    const Outcome without = Convert({"--input", "geojson"}, R"({"type":"Feature","geometry":null})");
+    EXPECT_EQ(without.err, "-: feature 1: has no geometry\n");
+    EXPECT_EQ(without.status, 1);
+}
+
+// A property that the second feature only has is the user's own in all of them.
+TEST(GeoJson, NamesTheResultsOnceForAllFeatures) {
+    const Outcome outcome =
+        Convert({"--input", "geojson", "--to", "UTM"},
+                Collection(Feature("11.5755,48.1375", R"({"n":1})") + "," +
+                           Feature("11.5755,48.1375", R"({"zone":"old town","zone UTM@WGS84":2})")));
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const Json features = Json::parse(outcome.out)["features"];
+    for (const Json& feature : features) {
+        EXPECT_EQ(feature["properties"]["zone UTM@WGS84 UTM@WGS84"], 32);
+        EXPECT_EQ(feature["properties"]["hemisphere"], "N");
+    }
+    EXPECT_FALSE(features[0]["properties"].contains("zone"));
+    EXPECT_EQ(features[1]["properties"]["zone"], "old town");
+}
+
+// The same from a pipe, which can't be wound back.
+TEST(GeoJson, NamesTheResultsOfAPipeOnce) {
+    const ScratchDirectory files;
+    const std::string text = Collection(Feature("11.5,48.5", "{}") + "," + Feature("12,49", R"({"zone":7})"));
+    const std::string file = files.File("a.geojson", text);
+    const Outcome piped = RunProgram(
+        "/bin/sh", {"-c", "cat '" + file + "' | " TESSARA_PROGRAM " convert --input geojson --to UTM"});
+    ExpectDone(Convert({"--to", "UTM", file}, ""), piped.out);
+    EXPECT_NE(piped.out.find("zone UTM@WGS84"), std::string::npos);
+}
+
+// 2^64 is no integer of 64 bits, and the last one is no double. Nothing of a property is touched but blanks.
+TEST(GeoJson, PassesNumbersThroughUnchanged) {
+    const std::string kept =
+        R"({"id":18446744073709551616,"tenth":0.1000000000000000055511151231257827,"e":1E5,"deep":[{"a":1.0}]})";
+    ExpectDone(Convert({"--input", "geojson"}, Collection(Feature("11.0,48.0", kept))),
+               Collection(Feature("11.0,48.0", kept)));
+    ExpectDone(Convert({"--input", "jsonl"},
+                       "{\"lat\":1,\"lon\":2,\"id\":18446744073709551616,\"x\":[ 1, \"a b\" ]}\n"),
+               "{\"latitude\":1.0,\"longitude\":2.0,\"id\":18446744073709551616,\"x\":[1,\"a b\"]}\n");
+    ExpectDone(Convert({"--input", "jsonl", "--output", "csv"},
+                       "{\"lat\":1,\"lon\":2,\"id\":18446744073709551616}\n"),
+               "latitude,longitude,id\n1.000000000,2.000000000,18446744073709551616\n");
+}
+
+TEST(GeoJson, WritesNoCollectionForAFileThatHoldsNone) {
+    for (const char* text : {"[]", "{", "{\"type\":\"FeatureCollection\"}", ""})
+        EXPECT_EQ(Convert({"--input", "geojson"}, text).out, "") << text;
 }
 
 TEST(GeoJson, RefusesAnotherReferenceSystem) {
@@ -357,8 +470,7 @@ TEST(GeoJson, ReportsAnotherReferenceSystemBehindTheFeatures) {
 TEST(GeoJson, ReportsFilesThatAreNoCollection) {
     for (const std::string text : {"[]", "{}", "7", R"({"type":"FeatureCollection"})",
                                    R"({"type":"FeatureCollection","features":null})",
-                                   R"({"type":"FeatureCollection","features":{"a":{"type":"Feature"}}})",
-                                   R"({"type":"Feature","geometry":null,"properties":null})"}) {
+                                   R"({"type":"FeatureCollection","features":{"a":{"type":"Feature"}}})"}) {
         const Outcome outcome = Convert({"--input", "geojson", "--output", "csv"}, text);
         EXPECT_EQ(outcome.err, "-: is no GeoJSON FeatureCollection\n") << text;
         EXPECT_EQ(outcome.status, 1) << text;
@@ -389,13 +501,23 @@ TEST(GeoJson, IsACollectionWithoutAnyPositionToo) {
     EXPECT_EQ(Json::parse(outcome.out), (Json{{"type", "FeatureCollection"}, {"features", Json::array()}}));
 }
 
-TEST(CsvOfOtherForms, ReportsAMemberThatTheFirstRecordHasnt) {
-    const Outcome outcome = Convert({"--input", "jsonl", "--output", "csv"},
-                                    "{\"lat\":1,\"lon\":2,\"a\":true}\n"
-                                    "{\"lat\":3,\"lon\":4}\n"
-                                    "{\"lat\":5,\"lon\":6,\"b\":1}\n");
+TEST(CsvOfOtherForms, HasAColumnForEveryMemberOfTheFile) {
+    ExpectDone(Convert({"--input", "jsonl", "--output", "csv"},
+                       "{\"lat\":1,\"lon\":2,\"a\":true}\n"
+                       "{\"lat\":3,\"lon\":4}\n"
+                       "{\"lat\":5,\"lon\":6,\"b\":1}\n"),
+               "latitude,longitude,a,b\n1.000000000,2.000000000,true,\n3.000000000,4.000000000,,\n"
+               "5.000000000,6.000000000,,1\n");
+}
+
+TEST(CsvOfOtherForms, ReportsAMemberThatTheFirstFileHasnt) {
+    const ScratchDirectory files;
+    const std::string first = files.File("a.jsonl", "{\"lat\":1,\"lon\":2,\"a\":true}\n");
+    const std::string second =
+        files.File("b.jsonl", "{\"lat\":3,\"lon\":4}\n{\"lat\":5,\"lon\":6,\"b\":1}\n");
+    const Outcome outcome = Convert({"--output", "csv", first, second}, "");
     EXPECT_EQ(outcome.out, "latitude,longitude,a\n1.000000000,2.000000000,true\n3.000000000,4.000000000,\n");
-    EXPECT_EQ(outcome.err, "-:3: has 'b', which the first record hasn't: CSV has no column for it\n");
+    EXPECT_EQ(outcome.err, second + ":2: has 'b', which the first file hasn't: there is no column for it\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -434,6 +556,7 @@ TEST(FormFiles, AreToldByTheEndingsOfTheirNames) {
     const std::string point = Collection(Feature("11,48", "{}"));
     for (const std::string& file :
          {files.File("a.csv", "lat,lon\n48,11\n"), files.File("a.jsonl", object),
+          files.File("b.CSV", "lat,lon\n48,11\n"), files.File("a.tsv", "lat\tlon\n48\t11\n"),
           files.File("a.ndjson", object), files.File("a.geojson", point), files.File("a.json", point),
           files.File("a.txt", "48 11\n"), files.File("csv", "48 11\n")})
         ExpectDone(Convert({"--output", "lines", file}, ""), "48.000000000 11.000000000\n");
@@ -462,6 +585,9 @@ TEST(FormFiles, RejectsHaveTheFormOfTheInput) {
     Convert({"--input", "jsonl", "--rejects", files.Path("jsonl")},
             "{\"lat\":1,\"lon\":2}\n{\"lat\": 1}\nx\n");
     EXPECT_EQ(files.Contents("jsonl"), "{\"lat\": 1}\nx\n");
+    Convert({"--input", "jsonl", "--columns", "lat,lon", "--rejects", files.Path("named")},
+            "{\"lat\":1,\"lon\":2}\n{\"lat\": 1}\n");
+    EXPECT_EQ(files.Contents("named"), "{\"lat\": 1}\n");
     const std::string bad = Feature("11,91", R"({"a":1})");
     Convert({"--input", "geojson", "--rejects", files.Path("geojson")},
             Collection(Feature("11,48", "{}") + "," + bad));
@@ -482,7 +608,7 @@ TEST(FormFiles, RejectsDontOverwriteAFileThatIsRead) {
 TEST(FormFiles, ThatCantBeReadAreReported) {
     const ScratchDirectory files;
     const Outcome outcome = Convert({files.Path("missing.csv"), files.File("a.csv", "lat,lon\n48,11\n")}, "");
-    EXPECT_EQ(outcome.err, files.Path("missing.csv") + ": can't be read\n");
+    EXPECT_EQ(outcome.err, files.Path("missing.csv") + ": can't be read: No such file or directory\n");
     EXPECT_EQ(outcome.out, "latitude,longitude\n48.000000000,11.000000000\n");
     EXPECT_EQ(outcome.status, 1);
 }

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "program/run_program.h"
 
+using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
 using tessara::testing::Tessara;
+using Json = nlohmann::json;
 
 namespace {
 
@@ -109,6 +112,62 @@ TEST(Direct, TakesNegativeNumbersInEveryForm) {
     const Outcome plain = Tessara({"direct", "-0.5", "-0.25", "-90", "-1000"});
     EXPECT_EQ(plain.status, 0);
     EXPECT_EQ(Tessara({"direct", "-.5", "-.25", "-9e1", "-1e3"}).out, plain.out);
+}
+
+// GeographicLib, manual page of GeodSolve, as above; the azimuth there points onward.
+TEST(Distance, ReadsPositionsFromFiles) {
+    const std::string input =
+        "# legs\n40.639722222222 -73.778888888889 1.359166666667 103.989444444444 JFK SIN\n"
+        "0 0 0 91\n1 2 3\n\n1 2 x 4 # y\n";
+    const Outcome outcome = Tessara({"distance", "--file", "-"}, input);
+    EXPECT_EQ(outcome.status, 1);
+    const std::vector<std::string> lines = LinesOf(outcome.out);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].substr(0, 9), "15347627.");
+    EXPECT_TRUE(lines[0].ends_with("\tJFK SIN")) << lines[0];
+    EXPECT_EQ(
+        LinesOf(outcome.err),
+        (std::vector<std::string>{"-:4: expected latitude1 longitude1 latitude2 longitude2, found 3 values",
+                                  "-:6: 'x' is not a number"}));
+    EXPECT_EQ(Tessara({"distance", "--file", "-", "--on-error", "stop"}, input).out, outcome.out);
+    EXPECT_EQ(LinesOf(Tessara({"distance", "--file", "-", "--on-error", "keep"}, input).out).size(),
+              LinesOf(input).size());
+}
+
+TEST(Distance, JobsKeepTheOrderOfTheLines) {
+    std::string input;
+    for (int i = 0; i < 20000; ++i)
+        input += "0 0 0 " + std::to_string(i % 170) + " " + std::to_string(i) + "\n";
+    const Outcome one = Tessara({"distance", "--file", "-"}, input);
+    EXPECT_EQ(LinesOf(one.out).size(), 20000u);
+    EXPECT_EQ(Tessara({"distance", "--file", "-", "--jobs", "3"}, input).out, one.out);
+}
+
+// One degree of the equator is pi/180 * 6378137 m = 111319.49079 m, due east.
+TEST(Distance, WritesObjectsWithAllDigits) {
+    const Json once = Json::parse(Tessara({"distance", "--json", "0", "10", "0", "11"}).out);
+    EXPECT_NEAR(once["distance"].get<double>(), 111319.490793274, 1e-6);
+    EXPECT_EQ(once["longitude2"], 11.0);
+    EXPECT_EQ(once["datum"], "WGS84");
+    const Json line = Json::parse(Tessara({"distance", "--json", "--file", "-"}, "0 10 0 11 a b\n").out);
+    EXPECT_EQ(line["line"], 1);
+    EXPECT_EQ(line["rest"], "a b");
+    EXPECT_EQ(line["distance"], once["distance"]);
+    EXPECT_EQ(line["azimuth1"], 90.0);
+}
+
+TEST(Direct, ReadsRaysFromFilesAndWritesObjects) {
+    const Outcome lines = Tessara({"direct", "--file", "-"}, "0 179.5 90 111319.490793274 x\n");
+    EXPECT_EQ(lines.out, "0.000000000 -179.500000000 270.000000000\tx\n");
+    const Json once = Json::parse(Tessara({"direct", "--json", "0", "179.5", "90", "111319.490793274"}).out);
+    EXPECT_NEAR(once["longitude2"].get<double>(), -179.5, 1e-11);
+    EXPECT_EQ(once["azimuth1"], 90.0);
+}
+
+TEST(GeodesicUsage, TakesNumbersFromOnePlace) {
+    EXPECT_EQ(Tessara({"distance", "--file", "-", "1", "2", "3", "4"}).status, 2);
+    EXPECT_EQ(Tessara({"distance"}).status, 2);
+    EXPECT_EQ(Tessara({"direct"}).status, 2);
 }
 
 TEST(GeodesicUsage, WantsNumbersInRange) {

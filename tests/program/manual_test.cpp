@@ -4,12 +4,10 @@
 #include <regex>
 #include <set>
 
-#include "program/files.h"
 #include "program/run_program.h"
 
 using tessara::testing::LinesOf;
 using tessara::testing::Outcome;
-using tessara::testing::ReadFile;
 using tessara::testing::RunProgram;
 using tessara::testing::Tessara;
 
@@ -29,7 +27,7 @@ std::set<std::string> Commands() {
 // The long options that a command's help lists.
 std::set<std::string> OptionsOf(const std::string& command) {
     const std::string help = Tessara({command, "--help"}).out;
-    const std::regex pattern("\n  (?:-h,)?(--[a-z-]+)");
+    const std::regex pattern("\n  (?:-[a-z],)?(--[a-z-]+)");
     std::set<std::string> options;
     for (std::sregex_iterator i(help.begin(), help.end(), pattern), end; i != end; ++i)
         options.insert((*i)[1]);
@@ -37,19 +35,23 @@ std::set<std::string> OptionsOf(const std::string& command) {
     return options;
 }
 
-std::string ManPage() {
-    // The page writes a hyphen as "\-".
-    return std::regex_replace(ReadFile(TESSARA_SOURCE_DIR "/program/tessara.1.in"), std::regex(R"(\\-)"),
-                              "-");
+// The part of the man page about a command.
+std::string ManPageOf(const std::string& command) {
+    const std::string page = Tessara({"manual"}).out;
+    const std::size_t begin = page.find("\n.SS tessara " + command);
+    EXPECT_NE(begin, std::string::npos) << command;
+    const std::size_t end = page.find("\n.S", begin + 1);
+    // A hyphen that is to stay one is written "\-".
+    return std::regex_replace(page.substr(begin, end - begin), std::regex(R"(\\-)"), "-");
 }
 
 // The completions for the last of the words.
 std::set<std::string> Completions(const std::vector<std::string>& words) {
-    const std::string script = "source '" TESSARA_SOURCE_DIR
-                               "/program/tessara.bash-completion'\n"
-                               "COMP_WORDS=(\"$@\") COMP_CWORD=$(($# - 1))\n"
-                               "_tessara 2>/dev/null\n"
-                               "printf '%s\\n' \"${COMPREPLY[@]}\"\n";
+    const std::string script =
+        "source <(tessara completion)\n"
+        "COMP_WORDS=(\"$@\") COMP_CWORD=$(($# - 1))\n"
+        "_tessara 2>/dev/null\n"
+        "printf '%s\\n' \"${COMPREPLY[@]}\"\n";
     std::vector<std::string> arguments{"-c", script, "bash"};
     arguments.insert(arguments.end(), words.begin(), words.end());
     const Outcome outcome =
@@ -64,12 +66,32 @@ std::set<std::string> Completions(const std::vector<std::string>& words) {
 }  // namespace
 
 TEST(ManPage, NamesEveryCommandAndEveryOption) {
-    const std::string page = ManPage();
     for (const std::string& command : Commands()) {
-        EXPECT_TRUE(std::regex_search(page, std::regex("\n\\.BR? " + command + "\\b"))) << command;
-        for (const std::string& option : OptionsOf(command))
-            EXPECT_NE(page.find(option), std::string::npos) << command << ' ' << option;
+        const std::string page = ManPageOf(command);
+        for (const std::string& option : OptionsOf(command)) {
+            if (option == "--help") continue;
+            EXPECT_NE(page.find(option + "\\fR"), std::string::npos) << command << ' ' << option;
+        }
     }
+}
+
+// A page that begins a line with a dot by accident, or ends in the middle, would show it here.
+TEST(ManPage, HasKnownRequestsOnly) {
+    const Outcome page = Tessara({"manual"});
+    EXPECT_EQ(page.status, 0);
+    const std::regex known(R"(\.(TH|SH|SS|TP|PP|B|BR|I|RI|EX|EE)( .*)?)");
+    for (const std::string& line : LinesOf(page.out)) {
+        EXPECT_TRUE(!line.starts_with('.') || std::regex_match(line, known)) << line;
+    }
+    EXPECT_NE(page.out.find("tessara " TESSARA_VERSION), std::string::npos);
+    for (const std::string section : {"NAME", "SYNOPSIS", "OPTIONS", "COMMANDS", "EXIT STATUS", "SEE ALSO"})
+        EXPECT_NE(page.out.find("\n.SH " + section), std::string::npos) << section;
+}
+
+// They are for the build.
+TEST(ManPage, IsNoCommandOfTheHelp) {
+    EXPECT_FALSE(Commands().contains("manual"));
+    EXPECT_FALSE(Commands().contains("completion"));
 }
 
 TEST(Completion, OffersTheCommands) {
@@ -93,6 +115,6 @@ TEST(Completion, OffersSystemsAndDatums) {
 
 TEST(Completion, OffersTheFormsOfFiles) {
     EXPECT_EQ(Completions({"tessara", "convert", "--output", ""}),
-              (std::set<std::string>{"lines", "csv", "jsonl", "geojson"}));
+              (std::set<std::string>{"lines", "csv", "tsv", "jsonl", "geojson"}));
     EXPECT_EQ(Completions({"tessara", "convert", "--input", "js"}), std::set<std::string>{"jsonl"});
 }

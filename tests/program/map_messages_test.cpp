@@ -51,11 +51,12 @@ TEST(MapMessages, SayWhereTextIsNoJson) {
 }
 
 TEST(MapMessages, NameAFileThatCantBeRead) {
-    for (const std::string file : {"nowhere.json", TESSARA_SOURCE_DIR}) {
-        const Outcome outcome = Tessara({"map", file});
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.err, file + ": can't be read\n");
-    }
+    const Outcome missing = Tessara({"map", "nowhere.json"});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(missing.err, "nowhere.json: can't be read: No such file or directory\n");
+    const Outcome directory = Tessara({"map", TESSARA_SOURCE_DIR});
+    EXPECT_EQ(directory.status, 1);
+    EXPECT_EQ(directory.err, TESSARA_SOURCE_DIR ": can't be read: Is a directory\n");
 }
 
 TEST(MapMessages, SayWhatIsWrongWithTheMap) {
@@ -137,7 +138,7 @@ TEST(MapMessages, SayWhatIsWrongWithALayer) {
                      R"(overlay, found "grit")"},
              {"3", ": expected an object, found 3"},
              {R"({"type": "grid", "system": "UTN", "step": 1})",
-              ".system: no system is called 'UTN'; `tessara systems` lists them"},
+              ".system: no system is called 'UTN'; did you mean UTM? `tessara systems` lists them"},
              {R"({"type": "grid", "system": "UTM@X", "step": 1})",
               ".system: no datum is called 'X'; `tessara datums` lists them"},
              {R"({"type": "grid", "system": "ECEF", "step": 1})", ".system: ECEF has no grid lines"},
@@ -190,7 +191,7 @@ TEST(MapMessages, TellLinesOfAFileThatCantBeUsedAndDrawTheOthers) {
                                ":4: expected latitude longitude [height], found 4 values\n" + texts +
                                ":2: not a legal position of UTM@WGS84\n" + texts +
                                ":3: expected a north and an east text, found one column\n"
-                               "nowhere.txt: can't be read\n");
+                               "nowhere.txt: can't be read: No such file or directory\n");
     EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer0 position").size(), 1u);
     EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer1 position").size(), 1u);
 }
@@ -265,7 +266,7 @@ TEST(MapMessages, ShowNoControlCharacters) {
 TEST(MapMessages, TellAnOutputThatCantBeWritten) {
     const Outcome outcome = Tessara({"map", "-", "-o", "/nowhere/map.svg"}, MapWith(""));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "tessara: /nowhere/map.svg: can't be written\n");
+    EXPECT_EQ(outcome.err, "tessara: /nowhere/map.svg: can't be written: No such file or directory\n");
 }
 
 TEST(MapMessages, TellAnOutputThatIsTheDescription) {

@@ -1,5 +1,6 @@
 #include "conversion/names.h"
 
+#include "conversion/closest.h"
 #include "conversion/quote.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
@@ -17,6 +18,13 @@ std::optional<std::int32_t> NumberOf(const std::string& name, std::int32_t count
         if (wanted->CompareTextNoCase(nameOf(number).c_str()) == 0) return number;
     }
     return std::nullopt;
+}
+
+std::vector<std::string> AllNames(std::int32_t count, std::string (*nameOf)(std::int32_t)) {
+    std::vector<std::string> names;
+    for (std::int32_t number = 0; number < count; ++number)
+        names.push_back(nameOf(number));
+    return names;
 }
 
 }  // namespace
@@ -44,11 +52,15 @@ std::optional<std::int32_t> DatumByName(const std::string& name) {
 }
 
 std::string WrongSystem(const std::string& name) {
-    return SystemByName(name) ? "" : "no system is called " + Quote(name) + "; `tessara systems` lists them";
+    if (SystemByName(name)) return {};
+    return "no system is called " + Quote(name) + DidYouMean(name, AllNames(KOORD_TYPE_COUNT, SystemName)) +
+           " `tessara systems` lists them";
 }
 
 std::string WrongDatum(const std::string& name) {
-    return DatumByName(name) ? "" : "no datum is called " + Quote(name) + "; `tessara datums` lists them";
+    if (DatumByName(name)) return {};
+    return "no datum is called " + Quote(name) + DidYouMean(name, AllNames(DATUM_COUNT, DatumName)) +
+           " `tessara datums` lists them";
 }
 
 }  // namespace tessara::toolkit

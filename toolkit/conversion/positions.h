@@ -17,6 +17,7 @@ struct Position {
 struct Line {
     std::optional<Position> position;
     std::string error;
+    std::string_view rest;  // of the line, behind the position and without the comment
 };
 
 // Degrees to both sides of zero.
@@ -28,7 +29,10 @@ inline constexpr double LONGITUDE_LIMIT = 360.0;
 [[nodiscard]] std::string WrongLatitude(std::string_view word);
 [[nodiscard]] std::string WrongLongitude(std::string_view word);
 
-// The values of a line stand apart by blanks or tabs.
+// The values of a line stand apart by blanks or tabs. Nothing else may follow them.
 [[nodiscard]] Line ReadLine(std::string_view text);
+
+// The same, and anything may follow. A number behind latitude and longitude is the height.
+[[nodiscard]] Line ReadLineStart(std::string_view text);
 
 }  // namespace tessara::toolkit

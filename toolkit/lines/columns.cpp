@@ -6,30 +6,44 @@
 namespace tessara::toolkit {
 namespace {
 
-// Reads one column from the start of a line, and takes it and the separator behind it away. True if there was
-// one, and so another column.
-bool TakeColumn(std::string_view* line, char separator, std::string* column) {
-    bool isQuoted = false;
-    for (std::size_t i = 0; i < line->size(); ++i) {
-        const char c = (*line)[i];
-        if (c == '"' && isQuoted && i + 1 < line->size() && (*line)[i + 1] == '"') {
-            *column += '"';
-            ++i;
-        } else if (c == '"' && (isQuoted || column->empty())) {
-            isQuoted = !isQuoted;
-        } else if (c == separator && !isQuoted) {
-            line->remove_prefix(i + 1);
-            return true;
-        } else {
-            *column += c;
+// Follows a line of columns character by character.
+class Quotes {
+  public:
+    enum class Meaning { Text, Quote, Doubled, Separator };
+
+    Meaning Read(char c, char next, char separator) {
+        if (c == '"' && areOpen_ && next == '"') {
+            isEmpty_ = false;
+            return Meaning::Doubled;
         }
+        if (c == '"' && (areOpen_ || isEmpty_)) {
+            areOpen_ = !areOpen_;
+            return Meaning::Quote;
+        }
+        isEmpty_ = c == separator && !areOpen_;
+        return isEmpty_ ? Meaning::Separator : Meaning::Text;
     }
-    line->remove_prefix(line->size());
-    return false;
+
+  private:
+    bool areOpen_ = false;
+    bool isEmpty_ = true;  // whether the column has no text yet
+};
+
+// Calls `read` with each character of a line and what it means; the second one of a doubled quote is skipped.
+template <class ReadCharacter>
+void ReadQuoted(std::string_view line, char separator, ReadCharacter read) {
+    Quotes quotes;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const char next = i + 1 < line.size() ? line[i + 1] : '\0';
+        const Quotes::Meaning meaning = quotes.Read(line[i], next, separator);
+        read(i, meaning);
+        if (meaning == Quotes::Meaning::Doubled) ++i;
+    }
 }
 
-bool NeedsQuotes(const std::string& column, char separator) {
-    return column.find(separator) != std::string::npos || column.find_first_of("\"\r\n") != std::string::npos;
+bool NeedsQuotes(std::string_view column, char separator) {
+    return std::any_of(column.begin(), column.end(),
+                       [separator](char c) { return c == separator || c == '"' || c == '\r' || c == '\n'; });
 }
 
 }  // namespace
@@ -56,27 +70,61 @@ void OpenQuotes::Read(std::string_view text, char separator) {
     }
 }
 
-std::vector<std::string> SplitColumns(std::string_view line, char separator) {
-    std::vector<std::string> columns;
-    for (bool hasMore = true; hasMore;) {
-        columns.emplace_back();
-        hasMore = TakeColumn(&line, separator, &columns.back());
+void SplitRaw(std::string_view line, char separator, std::vector<std::string_view>* columns) {
+    columns->clear();
+    std::size_t begin = 0;
+    const auto end = [&](std::size_t at) {
+        columns->push_back(line.substr(begin, at - begin));
+        begin = at + 1;
+    };
+    if (line.find('"') == std::string_view::npos) {
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            if (line[i] == separator) end(i);
+        }
+    } else {
+        ReadQuoted(line, separator, [&](std::size_t i, Quotes::Meaning meaning) {
+            if (meaning == Quotes::Meaning::Separator) end(i);
+        });
     }
+    end(line.size());
+}
+
+std::string TextOfRaw(std::string_view raw) {
+    if (raw.find('"') == std::string_view::npos) return std::string(raw);
+    std::string text;
+    // A raw column has no separator outside of quotes, and so none has to be known.
+    ReadQuoted(raw, '\n', [&](std::size_t i, Quotes::Meaning meaning) {
+        if (meaning != Quotes::Meaning::Quote) text += raw[i];
+    });
+    return text;
+}
+
+std::vector<std::string> SplitColumns(std::string_view line, char separator) {
+    std::vector<std::string_view> raw;
+    SplitRaw(line, separator, &raw);
+    std::vector<std::string> columns;
+    columns.reserve(raw.size());
+    for (const std::string_view column : raw)
+        columns.push_back(TextOfRaw(column));
     return columns;
+}
+
+void AppendColumn(std::string_view column, char separator, std::string* line) {
+    if (!NeedsQuotes(column, separator)) {
+        *line += column;
+        return;
+    }
+    *line += '"';
+    for (const char c : column)
+        line->append(c == '"' ? 2 : 1, c);
+    *line += '"';
 }
 
 std::string JoinColumns(const std::vector<std::string>& columns, char separator) {
     std::string line;
     for (const std::string& column : columns) {
         if (&column != columns.data()) line += separator;
-        if (!NeedsQuotes(column, separator)) {
-            line += column;
-            continue;
-        }
-        line += '"';
-        for (const char c : column)
-            line.append(c == '"' ? 2 : 1, c);
-        line += '"';
+        AppendColumn(column, separator, &line);
     }
     return line;
 }
@@ -92,26 +140,6 @@ std::vector<std::string> NamesOfColumns(const std::vector<std::string>& header) 
         names.push_back(std::move(name));
     }
     return names;
-}
-
-std::optional<ColumnPair> FindColumns(const std::vector<std::string>& header, std::string_view north,
-                                      std::string_view east) {
-    const auto northAt = std::find(header.begin(), header.end(), north);
-    const auto eastAt = std::find(header.begin(), header.end(), east);
-    if (northAt == header.end() || eastAt == header.end()) return std::nullopt;
-    return ColumnPair{static_cast<std::size_t>(northAt - header.begin()),
-                      static_cast<std::size_t>(eastAt - header.begin())};
-}
-
-std::vector<std::string> ReplacePair(const std::vector<std::string>& columns, ColumnPair pair,
-                                     const std::vector<std::string>& texts) {
-    std::vector<std::string> replaced;
-    replaced.reserve(columns.size() + texts.size());
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (i == pair.north) replaced.insert(replaced.end(), texts.begin(), texts.end());
-        if (i != pair.north && i != pair.east) replaced.push_back(columns[i]);
-    }
-    return replaced;
 }
 
 }  // namespace tessara::toolkit

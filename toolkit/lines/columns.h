@@ -1,8 +1,6 @@
-// Lines of columns: which of them are the north and the east text, and the same line with other texts there.
+// Lines of columns, and the columns of a line.
 #pragma once
 
-#include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,24 +25,17 @@ class OpenQuotes {
 
 // Columns may stand in quotes, in which a quote is doubled and a separator is none.
 [[nodiscard]] std::vector<std::string> SplitColumns(std::string_view line, char separator);
+// The same, and each column stays as it is in the line: in its quotes, where it has some.
+void SplitRaw(std::string_view line, char separator, std::vector<std::string_view>* columns);
+// The text of such a column.
+[[nodiscard]] std::string TextOfRaw(std::string_view raw);
+
 // The other way round; a column is put in quotes where it needs them.
 [[nodiscard]] std::string JoinColumns(const std::vector<std::string>& columns, char separator);
+void AppendColumn(std::string_view column, char separator, std::string* line);
 
 // A name of its own for each column of a header: one without a name, or with that of another, gets the number
 // of its column.
 [[nodiscard]] std::vector<std::string> NamesOfColumns(const std::vector<std::string>& header);
-
-struct ColumnPair {
-    std::size_t north = 0;
-    std::size_t east = 1;
-};
-
-// The columns with two names of a header; nothing if it doesn't have them.
-[[nodiscard]] std::optional<ColumnPair> FindColumns(const std::vector<std::string>& header,
-                                                    std::string_view north, std::string_view east);
-
-// The columns with `texts` in place of the pair: all of them where the north text was.
-[[nodiscard]] std::vector<std::string> ReplacePair(const std::vector<std::string>& columns, ColumnPair pair,
-                                                   const std::vector<std::string>& texts);
 
 }  // namespace tessara::toolkit

@@ -1,23 +1,28 @@
 #include "lines/input_files.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <iostream>
+#include <system_error>
 
 namespace tessara::toolkit {
 namespace {
 
 // A stream that breaks ends like any other, but for this bit.
 std::string ReadToItsEnd(std::istream& stream, const ReadStream& read) {
+    errno = 0;
     read(stream);
-    return stream.bad() ? "can't be read to its end" : "";
+    return stream.bad() ? "can't be read to its end" + SystemReason(errno) : "";
 }
 
 }  // namespace
 
 std::string ReadFile(const std::string& file, const ReadStream& read) {
+    errno = 0;
     std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file)) return "can't be read";
+    if (!stream) return "can't be read" + SystemReason(errno);
+    if (std::filesystem::is_directory(file)) return "can't be read" + SystemReason(EISDIR);
     return ReadToItsEnd(stream, read);
 }
 
@@ -35,6 +40,17 @@ bool IsOneOf(const std::string& file, const std::vector<std::string>& inputs) {
     return std::any_of(inputs.begin(), inputs.end(), [&](const std::string& input) {
         return std::filesystem::equivalent(PathOfInput(input), file, error);
     });
+}
+
+bool HasEnding(std::string_view file, std::string_view ending) {
+    if (file.size() < ending.size()) return false;
+    const std::string_view end = file.substr(file.size() - ending.size());
+    return std::equal(end.begin(), end.end(), ending.begin(),
+                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; });
+}
+
+std::string SystemReason(int error) {
+    return error == 0 ? "" : ": " + std::generic_category().message(error);
 }
 
 }  // namespace tessara::toolkit

@@ -5,6 +5,7 @@
 #include <functional>
 #include <istream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tessara::toolkit {
@@ -22,5 +23,12 @@ using ReadStream = std::function<void(std::istream&)>;
 
 // Whether a file that is to be written is one of the inputs, which it would overwrite.
 [[nodiscard]] bool IsOneOf(const std::string& file, const std::vector<std::string>& inputs);
+
+// Whether a file's name has an ending, in upper or lower case; the ending is in lower case.
+[[nodiscard]] bool HasEnding(std::string_view file, std::string_view ending);
+
+// What the system says about an error number of a call: ": No such file or directory"; empty where it says
+// nothing.
+[[nodiscard]] std::string SystemReason(int error);
 
 }  // namespace tessara::toolkit

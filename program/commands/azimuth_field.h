@@ -1,0 +1,17 @@
+// Azimuths among results.
+#pragma once
+
+#include "conversion/azimuths.h"
+#include "conversion/fields.h"
+#include "conversion/numbers.h"
+#include "files/toolkit_names.h"
+
+namespace tessara::program {
+
+// What would be written as a whole turn is north, 0.
+[[nodiscard]] inline Field AzimuthField(const char* name, double degrees) {
+    const bool isWholeTurn = degrees > 180.0 && FormatAzimuth(degrees) == FormatAzimuth(0.0);
+    return {name, isWholeTurn ? 0.0 : degrees, DEGREE_DECIMALS};
+}
+
+}  // namespace tessara::program

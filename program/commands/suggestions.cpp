@@ -1,0 +1,54 @@
+#include "commands/suggestions.h"
+
+#include <algorithm>
+
+#include "conversion/closest.h"
+#include "conversion/quote.h"
+#include "files/toolkit_names.h"
+
+namespace tessara::program {
+namespace {
+
+std::vector<std::string> CommandNames(const CLI::App& program) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : program.get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(command->get_name());
+    return names;
+}
+
+std::vector<std::string> OptionNames(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : command.get_options()) {
+        for (const std::string& name : option->get_lnames())
+            names.push_back("--" + name);
+    }
+    return names;
+}
+
+bool Has(const std::vector<std::string>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+}  // namespace
+
+std::string Suggestion(const CLI::App& program, const std::vector<std::string>& arguments) {
+    if (arguments.empty()) return {};
+    const std::string& first = arguments.front();
+    const std::vector<std::string> commands = CommandNames(program);
+    if (!first.starts_with('-') && !Has(commands, first)) {
+        if (ClosestName(first, commands).empty()) return {};
+        return "tessara: there is no command " + Quote(first) + DidYouMean(first, commands) + '\n';
+    }
+    const CLI::App& command = first.starts_with('-') ? program : *program.get_subcommand(first);
+    const std::vector<std::string> options = OptionNames(command);
+    for (const std::string& argument : arguments) {
+        const std::string name = argument.substr(0, argument.find('='));
+        if (name == "--") break;
+        if (!name.starts_with("--") || Has(options, name)) continue;
+        if (ClosestName(name, options).empty()) continue;
+        return "tessara: there is no option " + Quote(name) + DidYouMean(name, options) + '\n';
+    }
+    return {};
+}
+
+}  // namespace tessara::program

@@ -1,0 +1,107 @@
+#include "files/report.h"
+
+#include "conversion/names.h"
+#include "files/field_writing.h"
+#include "files/json_scan.h"
+
+namespace tessara::program {
+namespace {
+
+// Writes the members of an object.
+class Object {
+  public:
+    explicit Object(std::string* json) : json_(*json) { json_ += '{'; }
+
+    std::string* Name(std::string_view name) {
+        if (!json_.ends_with('{')) json_ += ',';
+        AppendString(name, &json_);
+        json_ += ':';
+        return &json_;
+    }
+    void Text(std::string_view name, std::string_view text) { AppendString(text, Name(name)); }
+    void Number(std::string_view name, double number) { AppendNumber(number, Name(name)); }
+    void Fields(const std::vector<Field>& fields) {
+        for (const Field& field : fields)
+            AppendJson(field, Name(field.name));
+    }
+    void End() { json_ += '}'; }
+
+  private:
+    std::string& json_;
+};
+
+void AddReference(const Reference& reference, Object* object) {
+    object->Text("system", SystemName(reference.system));
+    object->Text("datum", DatumName(reference.datum));
+}
+
+void AddTexts(const RecordConversion& conversion, const Record& record, Object* object, std::string* json) {
+    AddReference(*conversion.from, object);
+    bool hasOthers = false;
+    for (std::size_t i = 0; i < record.members.size(); ++i) {
+        if (i == record.at.north) AppendAsJson(record.members[i].value, object->Name("north"));
+        if (i == record.at.east) AppendAsJson(record.members[i].value, object->Name("east"));
+        hasOthers = hasOthers || !record.at.Has(i);
+    }
+    if (!hasOthers) return;
+    object->Name("columns");
+    Object columns(json);
+    for (std::size_t i = 0; i < record.members.size(); ++i) {
+        if (!record.at.Has(i)) AppendAsJson(record.members[i].value, columns.Name(record.members[i].name));
+    }
+    columns.End();
+}
+
+void AddDegrees(const RecordConversion& conversion, const Record& record, Object* object) {
+    object->Text("datum", DatumName(conversion.datum));
+    for (const Position& position : record.positions) {
+        object->Number("latitude", position.latitude);
+        object->Number("longitude", position.longitude);
+        if (position.height) object->Number("height", *position.height);
+    }
+    for (const Member& member : record.members)
+        AppendAsJson(member.value, object->Name(member.name));
+}
+
+void AddResult(const RecordConversion& conversion, const Results& results, std::size_t target,
+               std::string* json) {
+    Object object(json);
+    AddReference(conversion.to[target], &object);
+    object.Fields(results.values[target]);
+    if (conversion.texts) {
+        object.Name("fields");
+        Object fields(json);
+        fields.Fields(FieldsOf(results.koords[target]));
+        fields.End();
+    }
+    object.End();
+}
+
+}  // namespace
+
+void AppendReport(const RecordConversion& conversion, const Layout& layout, const Record& record,
+                  const Results* results, std::string* json) {
+    Object object(json);
+    object.Text("file", layout.file);
+    *object.Name("line") += std::to_string(record.number);
+    if (conversion.from) {
+        AddTexts(conversion, record, &object, json);
+    } else {
+        AddDegrees(conversion, record, &object);
+    }
+    object.Name("results");
+    if (results == nullptr) {
+        *json += "null";
+    } else {
+        *json += '[';
+        for (std::size_t target = 0; target < conversion.to.size(); ++target) {
+            if (target > 0) *json += ',';
+            AddResult(conversion, *results, target, json);
+        }
+        *json += ']';
+    }
+    object.End();
+    *json += '\n';
+}
+
+}  // namespace tessara::program

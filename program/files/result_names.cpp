@@ -1,0 +1,56 @@
+#include "files/result_names.h"
+
+#include <unordered_set>
+#include <utility>
+
+namespace tessara::program {
+namespace {
+
+// Names of which no two are alike. What is there already keeps its name.
+class Names {
+  public:
+    explicit Names(const std::vector<std::string>& taken) : taken_(taken.begin(), taken.end()) {}
+
+    std::string Take(std::string name, const std::string& suffix) {
+        while (!taken_.insert(name).second)
+            name += suffix;
+        return name;
+    }
+
+  private:
+    std::unordered_set<std::string> taken_;
+};
+
+}  // namespace
+
+ResultNames NameResults(const RecordConversion& conversion, const Layout& layout) {
+    ResultNames results;
+    Names names(layout.kept);
+    for (const Reference& target : conversion.to) {
+        const std::string suffix = " " + target.Name();
+        std::vector<std::string> values;
+        for (const Field& value : ValuesOf(conversion, target)) {
+            std::string name = value.name;
+            // Texts that replace texts are called like those.
+            const bool isText = conversion.texts && values.size() < 2 && layout.areTexts;
+            const std::size_t replaced = values.empty() ? layout.at.north : layout.at.east;
+            if (isText && layout.hasHeader && replaced < layout.names.size()) name = layout.names[replaced];
+            if (isText && IsJson(layout.form) && !layout.columns.empty())
+                name = layout.columns[values.size()];
+            if (conversion.to.size() > 1) name += suffix;
+            values.push_back(names.Take(std::move(name), suffix));
+        }
+        results.values.push_back(std::move(values));
+    }
+    results.height = names.Take("height", " of the position");
+    return results;
+}
+
+void KeepColumns(const RecordConversion& conversion, Layout* layout) {
+    for (std::size_t i = 0; i < layout->names.size(); ++i) {
+        if (i == layout->at.north) layout->resultsAt = layout->kept.size();
+        if (!IsReplaced(conversion, layout->at, i)) layout->kept.push_back(layout->names[i]);
+    }
+}
+
+}  // namespace tessara::program
