@@ -75,7 +75,7 @@ TEST(HeaderExamples, EveryClassHeaderHasOne) {
         ++classes;
         EXPECT_FALSE(ExamplesOf(header).empty()) << header;
     }
-    EXPECT_EQ(classes, 33);
+    EXPECT_GE(classes, 33);
 }
 
 TEST(HeaderExamples, TestsRunThemAsTheyAre) {

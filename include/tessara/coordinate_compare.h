@@ -20,10 +20,10 @@ inline constexpr GUID IID_ICoordinateCompare = ParseGuid("F410B044-E00F-429F-A09
 // values of the system:
 //
 //   - Pixels compare columns and rows; a smaller row is further north.
-//   - Systems with zones compare the zone first and then the value within it, after a position whose wanted
-//     zone isn't its natural one has been converted into the wanted zone. A position that is wanted in an
-//     outermost zone (UTM 1 and 60, GK meridians -180 and 180, Austrian meridian 34) stays in it even beyond
-//     its central line: the order isn't cyclic.
+//   - From west to east, systems with zones compare the zone first and then the easting within it. A
+//     position with a wanted zone is converted into its natural zone for this. It stays in the wanted zone
+//     if that is an outermost one (UTM 1 and 60, GK meridians -180 and 180, Austrian meridian 34) and the
+//     position is on the outer side of its central line: the order isn't cyclic.
 //   - UTM northings of both hemispheres, and the hemispheres of UPS, are ordered from south to north.
 //   - GEODEZ, GEOGRAD and GEODEZMIN compare degrees, without regard to the meridian 180; GEOREF compares
 //     whole degrees, ECEF the degrees on its own datum.

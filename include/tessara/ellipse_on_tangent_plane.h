@@ -23,10 +23,15 @@ class IEllipseOnTangentPlane : public IUnknown {
 
     virtual ~IEllipseOnTangentPlane() = default;
 
-    // Makes points as ICircleOnTangentPlane::MakeCircle does, with the same failures. The semi-axis
-    // axisAlong has the azimuth `rotation` and axisAcross is perpendicular to it; both are in metres. Angles
-    // count clockwise from axisAlong, and are those of the circle whose flattening gives the ellipse: equal
-    // steps of angle aren't equal distances.
+    // Replaces the contents of `out` by `count` points of the ellipse from startAngle to endAngle, as
+    // ICircleOnTangentPlane::MakeCircle does for a circle. The semi-axis axisAlong has the azimuth
+    // `rotation` and axisAcross is perpendicular to it; both are in metres. Angles count clockwise from
+    // axisAlong, and are those of the circle whose flattening gives the ellipse: equal steps of angle aren't
+    // equal distances.
+    //
+    // False, with `out` empty, for a count below 2, a centre without a position, and numbers that aren't
+    // finite; false also for null or an object of another kind, and where the host's object manager didn't
+    // provide the ellipsoid and the vector arithmetic.
     virtual bool MakeEllipse(ICoord* centre, double rotation, double axisAlong, double axisAcross,
                              double startAngle, double endAngle, IArray* out, std::uint32_t count,
                              bool clockwise) = 0;

@@ -41,7 +41,7 @@ class ILinePoints : public IUnknown {
     // geodesic 7 times, up to 129 points). The ends keep their heights; points between them have the height
     // 0.0, in ECEF that of their x, y and z.
     //
-    // False, with `out` empty, if a and b differ in datum or system, if an end has no pixel, or if a middle
+    // False, with `out` empty, if a and b differ in datum or system, if a point has no pixel, or if a middle
     // has no position, as in TM.
 
     // The line that is straight on the map. The position of each point is on it, to the last digit of the
