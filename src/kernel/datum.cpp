@@ -8,6 +8,7 @@
 #include "kernel/datum_step.h"
 #include "kernel/ellipsoids.h"
 #include "kernel/numeric.h"
+#include "numerics/called.h"
 #include "numerics/sin_cos.h"
 
 namespace tessara {
@@ -52,7 +53,8 @@ constexpr auto FROM_HUB =
 inline Place PlaceAt(const double latLon[2], const StepConstants& p) {
     const double phi = latLon[0] * RADIANS_PER_DEGREE;
     const double lambda = latLon[1] * RADIANS_PER_DEGREE;
-    if (!(std::fabs(latLon[0]) < LAST_DIGITS_COUNT)) return PlaceOf(SinCosOf(phi), SinCosOf(lambda), p);
+    if (!(std::fabs(latLon[0]) < LAST_DIGITS_COUNT))
+        return PlaceOf(called::SinCosOf(phi), called::SinCosOf(lambda), p);
     return PlaceOf(SinCosByDoubling<1>(phi), SinCosByDoubling<2>(lambda), p);
 }
 

@@ -8,9 +8,7 @@
 #include "kernel/gauss_sphere.h"
 #include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
-#include "numerics/arcs.h"
-#include "numerics/exponential.h"
-#include "numerics/logarithm.h"
+#include "numerics/called.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
@@ -56,7 +54,8 @@ constexpr auto SPHERES = ForEachEllipsoid<Sphere>(ComputeSphere);
 SinCos BearingOf(double x, double y) {
     if (IsWithin(x, -ON_AXIS, ON_AXIS)) return {0.0, y <= 0.0 ? -1.0 : 1.0};
     const double distance = std::sqrt(x * x + y * y);
-    if (!std::isfinite(distance)) return SinCosOf(HALF_PI - Atan(y / x) + (x < 0.0 ? PI : 0.0));
+    if (!std::isfinite(distance))
+        return called::SinCosOf(HALF_PI - called::Atan(y / x) + (x < 0.0 ? PI : 0.0));
     return {x / distance, y / distance};
 }
 

@@ -16,6 +16,8 @@
 
 #include "kernel/compile_time_math.h"
 #include "kernel/conformal_latitude.h"
+#include "numerics/arcs.h"
+#include "numerics/called.h"
 #include "numerics/sin_cos.h"
 
 namespace tessara {
@@ -96,12 +98,12 @@ constexpr GaussSphere Compute(double phi0, compile_time::Wide e2, compile_time::
 [[nodiscard]] inline SinCos OntoSphere(double phi, const GaussSphere& sphere, double e2) {
     const double away = phi - sphere.geodetic.angle;
     if (!IsSmall(away * away)) {
-        const SinCos direction = SinCosOf(phi);
+        const SinCos direction = called::SinCosOf(phi);
         const double ratio =
             gauss::ExponentialOf(direction) / gauss::ExponentialOf(sphere.geodetic.direction);
         const double share = EllipsoidShare(direction.sine, e2) - sphere.share;
-        const double distance = sphere.exponent * (Log(ratio) - share);
-        return SinCosOfExponential(gauss::ExponentialOf(sphere.onSphere.direction) * Exp(distance));
+        const double distance = sphere.exponent * (called::Log(ratio) - share);
+        return SinCosOfExponential(gauss::ExponentialOf(sphere.onSphere.direction) * called::Exp(distance));
     }
     const SinCos half = SinCosOfSmall(0.5 * away);
     const SinCos middle = Sum(sphere.geodetic.direction, half);
@@ -119,9 +121,10 @@ constexpr GaussSphere Compute(double phi0, compile_time::Wide e2, compile_time::
     const double other = (1.0 + origin.sine) * b.cosine;
     const double x = (one - other) / (one + other);
     if (!IsSmall(x * x)) {
-        const double distance = Log(gauss::ExponentialOf(b) / gauss::ExponentialOf(origin)) / sphere.exponent;
-        const double t = gauss::ExponentialOf(sphere.conformal.direction) * Exp(distance);
-        return {2.0 * (Atan(t) - QUARTER_PI), SinCosOfExponential(t)};
+        const double distance =
+            called::Log(gauss::ExponentialOf(b) / gauss::ExponentialOf(origin)) / sphere.exponent;
+        const double t = gauss::ExponentialOf(sphere.conformal.direction) * called::Exp(distance);
+        return {2.0 * (called::Atan(t) - QUARTER_PI), SinCosOfExponential(t)};
     }
     return gauss::MovedAngle(sphere.conformal, gauss::Scaled(x, sphere.inverseExcess, 0.0));
 }

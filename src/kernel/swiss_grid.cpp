@@ -7,8 +7,7 @@
 #include "kernel/grid_factors.h"
 #include "kernel/numeric.h"
 #include "kernel/swiss_sphere.h"
-#include "numerics/arcs.h"
-#include "numerics/exponential.h"
+#include "numerics/called.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/limits.h"
@@ -27,7 +26,7 @@ SinCos OffCylinder(double northing) {
         const double cosine = 1.0 / std::sqrt(1.0 + sinh * sinh);
         return {sinh * cosine, cosine};
     }
-    const double exponential = Exp(2.0 * northing);
+    const double exponential = called::Exp(2.0 * northing);
     const double sine = (exponential - 1.0) / (exponential + 1.0);
     return {sine, std::sqrt(1.0 - sine * sine)};
 }

@@ -8,6 +8,7 @@
 #include "kernel/transverse_mercator_constants.h"
 #include "kernel/transverse_mercator_core.h"
 #include "numerics/arcs.h"
+#include "numerics/called.h"
 #include "numerics/circular.h"
 #include "numerics/exponential.h"
 #include "numerics/hypotenuse.h"
@@ -25,7 +26,9 @@ using tm::Reach;
 
 // Of a latitude beyond half a turn the tangent sees the direction.
 double LatitudeAsSeen(double lat) {
-    return std::fabs(lat) <= PI ? tm::LatitudeAsSeen(lat) : Atan2(Sin(lat), Cos(lat));
+    if (std::fabs(lat) <= PI) return tm::LatitudeAsSeen(lat);
+    const auto [sine, cosine] = called::SinCosOf(lat);
+    return called::Atan2(sine, cosine);
 }
 
 // The position in degrees of a point on the plane.

@@ -9,6 +9,7 @@
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
 #include "kernel/transverse_mercator_series.h"
+#include "numerics/called.h"
 #include "numerics/conditions.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
@@ -63,7 +64,7 @@ template <Reach reach>
                                                double cosLambda) {
     const auto [up, along] = conformal.direction;
     const double ahead = along * cosLambda;
-    if (reach == Reach::World && !IsSmall(dLon * dLon)) return Atan(up / ahead);
+    if (reach == Reach::World && !IsSmall(dLon * dLon)) return called::Atan(up / ahead);
     return conformal.chi + AtanBySeries(up * along * (1.0 - cosLambda) / (up * up + along * ahead));
 }
 
@@ -80,7 +81,7 @@ template <Reach reach>
     // Far off the strip every digit of the latitude's cosine shows in the easting.
     const SinCos direction = inStrip                ? DoublingBySeries<1>(phi)
                              : IsSmall(dLon * dLon) ? SinCosByDoubling<1>(phi)
-                                                    : SinCosOf(phi);
+                                                    : called::SinCosOf(phi);
     const ConformalAngle conformal = inStrip ? ConformalLatitudeWithinPoles(phi, direction, conformalSeries)
                                              : ConformalLatitude(phi, direction, conformalSeries);
     const SinCos lambda = inStrip ? SinCosBySeries(dLon) : SinCosOfSmall(dLon);
@@ -144,7 +145,7 @@ template <Reach reach>
     const bool isNear = AllOf(IsSmall(sinh2), std::fabs(sphere.north) < offThePoles);
     const double chi =
         reach == Reach::World && !isNear
-            ? Atan(xi.sine / meridian)
+            ? called::Atan(xi.sine / meridian)
             : sphere.north -
                   AtanBySeries(xi.sine * sinh2 /
                                ((meridian + xi.cosine) * (xi.cosine * meridian + xi.sine * xi.sine)));

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 
+#include "numerics/called.h"
 #include "numerics/double_pair.h"
 #include "numerics/logarithm.h"
 #include "numerics/polynomial.h"
@@ -77,7 +78,7 @@ inline constexpr double POWERS[] = {0x1.000000000000cp-1,  0x1.5555555555561p-3,
 // The same to some units in the last place, and faster for a small argument.
 [[nodiscard]] inline double ExpOfSmall(double x) {
     constexpr double small = 0.346;  // half of log 2
-    if (!(Absolute(x) < small)) return Exp(x);
+    if (!(Absolute(x) < small)) return called::Exp(x);
     return 1.0 + (x + x * x * Polynomial(exponential::POWERS, x));
 }
 

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 
+#include "numerics/called.h"
 #include "numerics/double_pair.h"
 #include "numerics/polynomial.h"
 
@@ -70,7 +71,7 @@ inline constexpr double AREAS[] = {0x1.5555555555593p-1, 0x1.999999997fac3p-2, 0
 [[nodiscard]] inline double LogOfRatio(double x, double y) {
     constexpr double near = 0.17;  // a ratio of 1.4 at most
     const double s = (x - y) / (x + y);
-    if (!(Absolute(s) < near)) return Log(x / y);
+    if (!(Absolute(s) < near)) return called::Log(x / y);
     const double square = s * s;
     return 2.0 * s + s * square * Polynomial(logarithm::AREAS, square);
 }

@@ -18,6 +18,11 @@ namespace rounding {
     return (magnitude + INTEGERS_ONLY) - INTEGERS_ONLY;
 }
 
+// 1 where x is above y, else 0; on the bits, which needs no branch.
+[[nodiscard, gnu::always_inline]] constexpr double OneIfAbove(double x, double y) {
+    return DoubleOf((0 - static_cast<std::uint64_t>(x > y)) & BitsOf(1.0));
+}
+
 // The remainder of the division of finite magnitudes, the divisor above 0.
 [[nodiscard]] double RestOf(double magnitude, double divisor);
 
@@ -25,16 +30,18 @@ namespace rounding {
 
 [[nodiscard, gnu::always_inline]] constexpr double Trunc(double x) {
     const double magnitude = Absolute(x);
+    if (!(magnitude < INTEGERS_ONLY)) [[unlikely]]
+        return x;
     const double nearest = rounding::Nearest(magnitude);
-    const double whole = nearest - (nearest > magnitude ? 1.0 : 0.0);
-    return magnitude < INTEGERS_ONLY ? WithSignOf(whole, x) : x;
+    return WithSignOf(nearest - rounding::OneIfAbove(nearest, magnitude), x);
 }
 
 [[nodiscard, gnu::always_inline]] constexpr double Floor(double x) {
     const double magnitude = Absolute(x);
+    if (!(magnitude < INTEGERS_ONLY)) [[unlikely]]
+        return x;
     const double nearest = WithSignOf(rounding::Nearest(magnitude), x);
-    const double whole = nearest - (nearest > x ? 1.0 : 0.0);
-    return magnitude < INTEGERS_ONLY ? whole : x;
+    return nearest - rounding::OneIfAbove(nearest, x);
 }
 
 [[nodiscard, gnu::always_inline]] constexpr double Ceil(double x) {
@@ -44,9 +51,12 @@ namespace rounding {
 // Halves go away from zero.
 [[nodiscard, gnu::always_inline]] constexpr double Round(double x) {
     const double magnitude = Absolute(x);
-    const double whole = Trunc(magnitude);
-    const double rounded = whole + (magnitude - whole >= 0.5 ? 1.0 : 0.0);
-    return magnitude < INTEGERS_ONLY ? WithSignOf(rounded, x) : x;
+    if (!(magnitude < INTEGERS_ONLY)) [[unlikely]]
+        return x;
+    const double nearest = rounding::Nearest(magnitude);
+    const double whole = nearest - rounding::OneIfAbove(nearest, magnitude);
+    const double justBelowHalf = 0x1.fffffffffffffp-2;
+    return WithSignOf(whole + rounding::OneIfAbove(magnitude - whole, justBelowHalf), x);
 }
 
 // x less as many times y, toward zero, as go into it. It has the sign of x.

@@ -4,13 +4,12 @@
 
 #include <cmath>
 
-#include "numerics/arcs.h"
+#include "numerics/called.h"
 #include "numerics/circular.h"
 #include "numerics/conditions.h"
 #include "numerics/exponential.h"
 #include "numerics/logarithm.h"
 #include "numerics/polynomial.h"
-
 
 namespace tessara {
 
@@ -42,7 +41,7 @@ namespace tessara {
 
 // The same as SinCosOf for any angle, and fast for a small one.
 [[nodiscard]] inline SinCos SinCosOfSmall(double angle) {
-    return IsSmall(angle * angle) ? SinCosBySeries(angle) : SinCosOf(angle);
+    return IsSmall(angle * angle) ? SinCosBySeries(angle) : called::SinCosOf(angle);
 }
 
 [[nodiscard]] inline double SinhOfSmall(double x) {
@@ -65,12 +64,12 @@ namespace tessara {
 }
 
 [[nodiscard]] inline double AtanOfSmall(double x) {
-    return IsSmall(x * x) ? AtanBySeries(x) : Atan(x);
+    return IsSmall(x * x) ? AtanBySeries(x) : called::Atan(x);
 }
 
 [[nodiscard]] inline double AsinOfSmall(double x) {
     const double y = x * x;
-    if (!IsSmall(y)) return Asin(x);
+    if (!IsSmall(y)) return called::Asin(x);
     const double tangent2 = y / (1.0 - y);
     return x / std::sqrt(1.0 - y) * ArcTerms(-tangent2);
 }
@@ -142,7 +141,8 @@ template <int RIGHT_ANGLES>
 // The same for any angle.
 template <int RIGHT_ANGLES>
 [[nodiscard]] constexpr SinCos SinCosByDoubling(double angle) {
-    return IsInReachOfDoubling<RIGHT_ANGLES>(angle) ? DoublingBySeries<RIGHT_ANGLES>(angle) : SinCosOf(angle);
+    return IsInReachOfDoubling<RIGHT_ANGLES>(angle) ? DoublingBySeries<RIGHT_ANGLES>(angle)
+                                                    : called::SinCosOf(angle);
 }
 
 }  // namespace tessara

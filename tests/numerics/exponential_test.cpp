@@ -38,6 +38,14 @@ TEST(Exp, OfSpecialValues) {
     EXPECT_TRUE(std::isnan(Exp(NOT_A_NUMBER)));
 }
 
+TEST(ExpOfSmall, IsRightToSomeUnitsAndCompleteBeyond) {
+    Random random(5);
+    EXPECT_LT(LargestError(ExpOfSmall, mpfr_exp, [&] { return random.Between(-0.346, 0.346); }), 2.0);
+    for (const double x : {0.347, -5.0, 800.0, -INFINITE, INFINITE})
+        EXPECT_EQ(ExpOfSmall(x), Exp(x));
+    EXPECT_TRUE(std::isnan(ExpOfSmall(NOT_A_NUMBER)));
+}
+
 // exp overflows beyond 709.78271289338397 and vanishes below -745.13321910194122: the logarithms of the
 // largest double and of half the smallest.
 TEST(Exp, EndsWhereDoublesEnd) {

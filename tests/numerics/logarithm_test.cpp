@@ -54,6 +54,28 @@ TEST(Log, HasTheSameBitsAtCompileTime) {
     EXPECT_EQ(Log(x), compiled);
 }
 
+// Next to 1 the logarithm of a rounded quotient has no digit right.
+TEST(LogOfRatio, IsRightToSomeUnitsNextToOne) {
+    Random random(3);
+    testing::Exact expected;
+    for (int i = 0; i < 10000; ++i) {
+        const double y = random.Between(0.1, 10.0);
+        const double x = y * (1.0 + AnySize(random, 1e-15, 0.5));
+        mpfr_div(expected.Value(), testing::Exact(x).Value(), testing::Exact(y).Value(), MPFR_RNDN);
+        mpfr_log(expected.Value(), expected.Value(), MPFR_RNDN);
+        EXPECT_LT(expected.UnitsTo(LogOfRatio(x, y)), 4.0) << x << ' ' << y;
+    }
+}
+
+TEST(LogOfRatio, OfSpecialValues) {
+    EXPECT_EQ(LogOfRatio(2.0, 2.0), 0.0);
+    EXPECT_EQ(LogOfRatio(0.0, 2.0), -INFINITE);
+    EXPECT_EQ(LogOfRatio(2.0, 0.0), INFINITE);
+    EXPECT_EQ(LogOfRatio(INFINITE, 2.0), INFINITE);
+    EXPECT_TRUE(std::isnan(LogOfRatio(-1.0, 2.0)));
+    EXPECT_TRUE(std::isnan(LogOfRatio(NOT_A_NUMBER, 2.0)));
+}
+
 TEST(Artanh, IsRightToTheLastPlace) {
     Random random(2);
     EXPECT_LT(LargestError(

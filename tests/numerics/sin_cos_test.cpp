@@ -2,40 +2,48 @@
 
 #include <gtest/gtest.h>
 
-#include <cfloat>
+#include <algorithm>
+#include <cmath>
 
+#include "support/any_doubles.h"
 #include "support/doubles.h"
+#include "support/exact_functions.h"
 #include "support/random.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {
 namespace {
 
-static_assert(LDBL_MANT_DIG > DBL_MANT_DIG);
-
 // The largest error of either function over angles of up to `reach`.
 template <int RIGHT_ANGLES>
-double LargestError(double reach) {
+double LargestErrorUpTo(double reach) {
     testing::Random random(1746);
-    long double largest = 0.0L;
-    for (int i = 0; i < 100000; ++i) {
-        const double angle = random.Between(-reach, reach);
-        const SinCos actual = SinCosByDoubling<RIGHT_ANGLES>(angle);
-        largest = std::fmax(largest, std::fabs(actual.sine - std::sin(static_cast<long double>(angle))));
-        largest = std::fmax(largest, std::fabs(actual.cosine - std::cos(static_cast<long double>(angle))));
+    double largest = 0.0;
+    testing::Exact expected;
+    const auto errorOf = [&](double actual) {
+        mpfr_sub_d(expected.Value(), expected.Value(), actual, MPFR_RNDN);
+        return std::fabs(expected.Nearest());
+    };
+    for (int i = 0; i < 20000; ++i) {
+        testing::Exact angle(random.Between(-reach, reach));
+        const SinCos actual = SinCosByDoubling<RIGHT_ANGLES>(angle.Nearest());
+        mpfr_sin(expected.Value(), angle.Value(), MPFR_RNDN);
+        largest = std::max(largest, errorOf(actual.sine));
+        mpfr_cos(expected.Value(), angle.Value(), MPFR_RNDN);
+        largest = std::max(largest, errorOf(actual.cosine));
     }
-    return static_cast<double>(largest);
+    return largest;
 }
 
 TEST(SinCosByDoubling, IsRightToSomeRoundings) {
-    EXPECT_LT(LargestError<1>(HALF_PI), 3e-16);
-    EXPECT_LT(LargestError<2>(PI), 1e-15);
+    EXPECT_LT(LargestErrorUpTo<1>(HALF_PI), 3e-16);
+    EXPECT_LT(LargestErrorUpTo<2>(PI), 1e-15);
 }
 
 TEST(SinCosByDoubling, IsThatOfTheLibraryBeyondItsReach) {
     for (const double angle : {3.2, -7.0, 1e5, 1e300}) {
-        EXPECT_EQ(SinCosByDoubling<1>(angle).sine, std::sin(angle));
-        EXPECT_EQ(SinCosByDoubling<2>(angle).cosine, std::cos(angle));
+        EXPECT_EQ(SinCosByDoubling<1>(angle).sine, SinCosOf(angle).sine);
+        EXPECT_EQ(SinCosByDoubling<2>(angle).cosine, SinCosOf(angle).cosine);
     }
     for (const double none : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
         EXPECT_TRUE(std::isnan(SinCosByDoubling<1>(none).sine));
@@ -50,6 +58,23 @@ TEST(SinCosByDoubling, IsExactAtZeroAndSymmetric) {
         EXPECT_EQ(SinCosByDoubling<1>(-angle).sine, -SinCosByDoubling<1>(angle).sine);
         EXPECT_EQ(SinCosByDoubling<2>(-angle).cosine, SinCosByDoubling<2>(angle).cosine);
     }
+}
+
+// Small or not, each is the complete function but for some roundings.
+TEST(FunctionsOfSmall, AreRightToSomeUnits) {
+    testing::Random random(2);
+    const auto next = [&] { return testing::AnySize(random, 1e-10, 0.9); };
+    EXPECT_LT(testing::LargestError(AtanOfSmall, mpfr_atan, next), 2.0);
+    EXPECT_LT(testing::LargestError(AsinOfSmall, mpfr_asin, next), 3.0);
+    EXPECT_LT(testing::LargestError(AtanhOfSmall, mpfr_atanh, next), 2.0);
+    EXPECT_LT(testing::LargestError(SinhOfSmall, mpfr_sinh, next), 2.0);
+}
+
+TEST(FunctionsOfSmall, OfSpecialValues) {
+    EXPECT_EQ(AsinOfSmall(1.0), HALF_PI);
+    EXPECT_TRUE(std::isnan(AsinOfSmall(1.5)));
+    EXPECT_EQ(AtanOfSmall(INFINITE), HALF_PI);
+    EXPECT_TRUE(std::isnan(AtanOfSmall(NOT_A_NUMBER)));
 }
 
 // Constants of the compiler meet values of the processor where an origin has its false northing exactly.
