@@ -33,8 +33,8 @@ The description is JSON; docs/map.md lists all keys. This one shows 50 by 40 km 
     ]
   }
 
-Layers are grid, borders, positions, geodesic, line, rings, polygon and overlay. What can't be drawn is
-reported on standard error, and the exit status is 1; all the rest is drawn.
+Layers are grid, borders, positions, geodesic, line, rings, polygon, overlay, coast and geojson. What can't be
+drawn is reported on standard error, and the exit status is 1; all the rest is drawn.
 
 Examples:
   tessara map sheet.json -o sheet.svg
@@ -71,21 +71,9 @@ std::string ReadAll(const std::string& file) {
     return text;
 }
 
-// Line and column of a mistake are in the parser's message.
-nlohmann::json ParseDescription(const std::string& text) {
-    try {
-        return nlohmann::json::parse(text, nullptr, true, true);
-    } catch (const nlohmann::json::exception& error) {
-        const std::string message = error.what();
-        const std::size_t begin = message.find("] ");
-        throw DescriptionError("no JSON: " +
-                               (begin == std::string::npos ? message : message.substr(begin + 2)));
-    }
-}
-
 MapDescription Read(const std::string& file) {
-    const nlohmann::json json = ParseDescription(ReadAll(file));
-    return ReadMapDescription(json, file == "-" ? "" : std::filesystem::path(file).parent_path());
+    return ReadMapDescription(ReadAll(file),
+                              FilesIn(file == "-" ? "" : std::filesystem::path(file).parent_path()));
 }
 
 // What went wrong; empty if nothing did.

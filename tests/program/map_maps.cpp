@@ -1,6 +1,10 @@
 #include "program/map_maps.h"
 
+#include <gtest/gtest.h>
+
 #include <nlohmann/json.hpp>
+
+#include "program/run_program.h"
 
 namespace tessara::testing {
 namespace {
@@ -224,6 +228,34 @@ std::vector<TypedMap> MapsOfAllTypes() {
     for (const Sheet& sheet : Sheets())
         maps.push_back({sheet.type, Describe(sheet)});
     return maps;
+}
+
+const std::string UTM_MAP =
+    R"({"projection": {"type": "UTM", "zone": 32, "hemisphere": "N", "originEasting": 660000,
+                       "originNorthing": 5340000},
+        "scale": 500000, "resolution": 10,
+        "window": {"left": 0, "top": 0, "right": 1000, "bottom": 800}, "layers": [)";
+
+const std::string BORDER_MAP =
+    R"({"projection": {"type": "UTM", "zone": 32, "hemisphere": "N", "originEasting": 700000,
+                       "originNorthing": 5345000, "metresPerPixelX": 50, "metresPerPixelY": 50},
+        "window": {"left": 0, "top": 0, "right": 1000, "bottom": 800}, "layers": [)";
+
+const std::string VAN_DER_GRINTEN_MAP =
+    R"({"projection": {"type": "VAN_DER_GRINTEN", "originLongitude": 0, "originLatitude": 0},
+        "scale": 120000000, "resolution": 10, "reference": {"place": [0, 0], "pixel": [1750, 1750]},
+        "window": {"left": 0, "top": 0, "right": 3500, "bottom": 3500}, "layers": [)";
+
+const std::string POLE_MAP =
+    R"({"projection": {"type": "UPS", "hemisphere": "N", "originEasting": 1500000, "originNorthing": 2500000,
+                       "metresPerPixelX": 1000, "metresPerPixelY": 1000},
+        "window": {"left": 0, "top": 0, "right": 1000, "bottom": 1000}, "layers": [)";
+
+std::string DrawMap(const std::string& map, const std::string& layers, const std::string& size) {
+    const Outcome outcome = Tessara({"map", "-", "--size", size}, map + layers + "]}");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    return outcome.out;
 }
 
 }  // namespace tessara::testing

@@ -88,6 +88,11 @@ TEST(MapMessages, SayWhatIsWrongWithTheMap) {
              {R"({"projection": {"type": "CH", )" + grid + R"(, "metresPerPixelY": 1, "zone": 1}})",
               R"(projection: no key is called "zone" here; there are metresPerPixelX, metresPerPixelY, )"
               "originEasting, originNorthing, type"},
+             {R"({"scale": 50000, "resolution": 10, "projection": {"type": "CH", "originEasting": 1,
+                 "originNorthing": 1, "metresPerPixelX": 5, "metresPerPixelY": 7.5}})",
+              "projection.metresPerPixelY: it contradicts the scale and the resolution, which make 5 metres "
+              "of a "
+              "pixel"},
              {R"({"projection": {"type": "GAUKRU", "meridian": 10}})",
               "projection.meridian: no strip has the meridian 10; they are 0 and every 3 degrees from there"},
              {R"({"projection": {"type": "GAUKRU6", "meridian": 12}})",
@@ -135,7 +140,7 @@ TEST(MapMessages, SayWhatIsWrongWithALayer) {
     for (const Mistake& mistake : {
              Mistake{R"({"type": "grit"})",
                      ".type: expected one of grid, borders, positions, geodesic, line, rings, polygon, "
-                     R"(overlay, found "grit")"},
+                     R"(overlay, coast, geojson, found "grit")"},
              {"3", ": expected an object, found 3"},
              {R"({"type": "grid", "system": "UTN", "step": 1})",
               ".system: no system is called 'UTN'; did you mean UTM? `tessara systems` lists them"},

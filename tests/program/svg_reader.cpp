@@ -141,6 +141,13 @@ std::vector<SvgElement> ElementsOf(const std::string& svg, const std::string& na
     return elements;
 }
 
+std::set<std::string> TextsOf(const std::string& svg, const std::string& classes) {
+    std::set<std::string> texts;
+    for (const SvgElement& text : ElementsOf(svg, "text", classes))
+        texts.insert(text.text);
+    return texts;
+}
+
 std::vector<SvgLine> LinesOf(const std::string& svg, const std::string& classes) {
     std::vector<SvgLine> lines;
     for (const SvgElement& path : ElementsOf(svg, "path", classes)) {

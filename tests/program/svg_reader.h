@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,9 @@ struct SvgElement {
 
 [[nodiscard]] std::vector<SvgElement> ElementsOf(const std::string& svg, const std::string& name,
                                                  const std::string& classes);
+
+// What the texts with these classes say.
+[[nodiscard]] std::set<std::string> TextsOf(const std::string& svg, const std::string& classes);
 
 // The subpaths of all paths with these classes.
 [[nodiscard]] std::vector<SvgLine> LinesOf(const std::string& svg, const std::string& classes);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tessara::toolkit {
 namespace {
@@ -52,7 +53,39 @@ PicturePoint Snap(const PicturePoint& point, double width, double height) {
     return {snap(snap(point.x, 0.0), width), snap(snap(point.y, 0.0), height)};
 }
 
+double DistanceTo(const Segment& segment, const PicturePoint& point) {
+    const double dx = segment.to.x - segment.from.x;
+    const double dy = segment.to.y - segment.from.y;
+    const double square = dx * dx + dy * dy;
+    const double along = (point.x - segment.from.x) * dx + (point.y - segment.from.y) * dy;
+    const PicturePoint nearest = square > 0.0 ? Between(segment, along / square) : segment.from;
+    return std::hypot(point.x - nearest.x, point.y - nearest.y);
+}
+
+// What lies where `depth` isn't negative.
+template <class Depth>
+Polyline CutOff(const Polyline& outline, Depth depth) {
+    Polyline kept;
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+        const PicturePoint& from = outline[i == 0 ? outline.size() - 1 : i - 1];
+        const PicturePoint& to = outline[i];
+        const double before = depth(from);
+        const double after = depth(to);
+        if ((before < 0.0) != (after < 0.0)) kept.push_back(Between({from, to}, before / (before - after)));
+        if (after >= 0.0) kept.push_back(to);
+    }
+    return kept;
+}
+
 }  // namespace
+
+// I. Sutherland and G. Hodgman, "Reentrant Polygon Clipping", Communications of the ACM 17, 1974.
+Polyline ClipArea(const Polyline& outline, const PicturePoint& low, const PicturePoint& high) {
+    Polyline area = CutOff(outline, [&low](const PicturePoint& point) { return point.x - low.x; });
+    area = CutOff(area, [&high](const PicturePoint& point) { return high.x - point.x; });
+    area = CutOff(area, [&low](const PicturePoint& point) { return point.y - low.y; });
+    return CutOff(area, [&high](const PicturePoint& point) { return high.y - point.y; });
+}
 
 std::vector<Polyline> ClipToFrame(const Polyline& line, double width, double height) {
     std::vector<Polyline> pieces;
@@ -66,6 +99,36 @@ std::vector<Polyline> ClipToFrame(const Polyline& line, double width, double hei
         }
     }
     return pieces;
+}
+
+// D. Douglas and T. Peucker, "Algorithms for the Reduction of the Number of Points Required to Represent a
+// Digitized Line or its Caricature", Cartographica 10, 1973.
+Polyline Simplify(const Polyline& line, double tolerance) {
+    if (line.size() < 3) return line;
+    std::vector<bool> isKept(line.size(), false);
+    isKept.front() = isKept.back() = true;
+    std::vector<std::pair<std::size_t, std::size_t>> spans{{0, line.size() - 1}};
+    while (!spans.empty()) {
+        const auto [first, last] = spans.back();
+        spans.pop_back();
+        std::size_t farthest = first;
+        double distance = tolerance;
+        for (std::size_t i = first + 1; i < last; ++i) {
+            const double aside = DistanceTo({line[first], line[last]}, line[i]);
+            if (aside <= distance) continue;
+            distance = aside;
+            farthest = i;
+        }
+        if (farthest == first) continue;
+        isKept[farthest] = true;
+        spans.emplace_back(first, farthest);
+        spans.emplace_back(farthest, last);
+    }
+    Polyline kept;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (isKept[i]) kept.push_back(line[i]);
+    }
+    return kept;
 }
 
 Side SideOf(const PicturePoint& point, double width, double height, bool preferTopAndBottom) {

@@ -28,6 +28,17 @@ std::string Join(const Items& items, ToText toText) {
 
 }  // namespace
 
+nlohmann::json ParseJson(const std::string& text) {
+    try {
+        return nlohmann::json::parse(text, nullptr, true, true);
+    } catch (const nlohmann::json::exception& error) {
+        const std::string message = error.what();
+        const std::size_t begin = message.find("] ");
+        throw DescriptionError("no JSON: " +
+                               (begin == std::string::npos ? message : message.substr(begin + 2)));
+    }
+}
+
 void JsonValue::Fail(const std::string& what) const {
     throw DescriptionError(place_.empty() ? what : place_ + ": " + what);
 }

@@ -19,6 +19,9 @@ class DescriptionError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// Comments are allowed. Throws with the line and column of a mistake.
+[[nodiscard]] nlohmann::json ParseJson(const std::string& text);
+
 // The value has to outlive its readers.
 class JsonValue {
   public:
@@ -28,6 +31,8 @@ class JsonValue {
     [[nodiscard]] const std::string& Place() const { return place_; }
     [[nodiscard]] bool IsObject() const { return json_->is_object(); }
     [[nodiscard]] bool IsNumber() const { return json_->is_number(); }
+    [[nodiscard]] bool IsText() const { return json_->is_string(); }
+    [[nodiscard]] bool IsNull() const { return json_->is_null(); }
 
     // Each fails if the value is something else.
     [[nodiscard]] std::string Text() const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 
 namespace tessara::toolkit {
 namespace {
@@ -51,6 +52,25 @@ double TextWidth(std::string_view utf8, double size) {
         if (!IsContinuation(c)) width += AdvanceOf(c);
     }
     return width * size;
+}
+
+std::vector<std::string> WrapText(const std::string& utf8, double size, double width) {
+    std::vector<std::string> lines(1);
+    std::istringstream words(utf8);
+    for (std::string word; words >> word;) {
+        const std::string longer = lines.back().empty() ? word : lines.back() + " " + word;
+        if (TextWidth(longer, size) <= width) {
+            lines.back() = longer;
+            continue;
+        }
+        if (!lines.back().empty()) lines.emplace_back();
+        for (const char c : word) {
+            if (!IsContinuation(c) && !lines.back().empty() && TextWidth(lines.back() + c, size) > width)
+                lines.emplace_back();
+            lines.back() += c;
+        }
+    }
+    return lines;
 }
 
 Box PlacedText::Bounds() const {

@@ -36,6 +36,9 @@ struct PlacedText {
 // At most as wide as this in common sans-serif fonts.
 [[nodiscard]] double TextWidth(std::string_view utf8, double size);
 
+// The lines of a text that is broken between words, and within words that are longer than a line.
+[[nodiscard]] std::vector<std::string> WrapText(const std::string& utf8, double size, double width);
+
 // A text beside a point: `clearance` is the room around the point that it leaves free.
 [[nodiscard]] PlacedText TextAbove(const PicturePoint& point, double clearance, std::string text,
                                    double size);

@@ -12,12 +12,13 @@ namespace {
 
 constexpr double WIDEST_WINDOW = 1e6;
 constexpr double LONGEST_RADIUS = 2e7;  // metres; half around the earth
+constexpr double WIDEST_LINE = 20.0;
 constexpr double MM_PER_METRE = 1000.0;
 
 class DescriptionReader {
   public:
-    DescriptionReader(const nlohmann::json& json, const std::filesystem::path& directory)
-        : root_(JsonValue(json, "")), directory_(directory) {}
+    DescriptionReader(const nlohmann::json& json, const OpenLayerFile& open)
+        : root_(JsonValue(json, "")), open_(open) {}
 
     MapDescription Read() {
         if (const auto title = root_.Optional("title")) description_.title = title->Text();
@@ -90,19 +91,21 @@ class DescriptionReader {
 
     Layer ReadLayer(const JsonValue& value) {
         using ReadContent = void (DescriptionReader::*)(JsonObject&, Layer&);
-        static const std::vector<std::string> names = {"grid", "borders", "positions", "geodesic",
-                                                       "line", "rings",   "polygon",   "overlay"};
+        static const std::vector<std::string> names = {"grid",  "borders", "positions", "geodesic",
+                                                       "line",  "rings",   "polygon",   "overlay",
+                                                       "coast", "geojson"};
         static constexpr ReadContent readers[] = {
             &DescriptionReader::ReadGrid,      &DescriptionReader::ReadBorders,
             &DescriptionReader::ReadPositions, &DescriptionReader::ReadGeodesic,
             &DescriptionReader::ReadLine,      &DescriptionReader::ReadRings,
-            &DescriptionReader::ReadPolygon,   &DescriptionReader::ReadOverlay};
+            &DescriptionReader::ReadPolygon,   &DescriptionReader::ReadOverlay,
+            &DescriptionReader::ReadCoast,     &DescriptionReader::ReadGeoJsonFile};
 
         JsonObject object(value);
         Layer layer{value.Place(), {}, {}, GridLayer{}};
         const ReadContent read = readers[object.Required("type").ChoiceOf(names)];
         if (const auto name = object.Optional("name")) layer.name = name->Text();
-        if (const auto colour = object.Optional("colour")) layer.colour = colour->ChoiceOf(COLOUR_NAMES);
+        if (const auto colour = object.Optional("colour")) layer.look.colour = colour->ChoiceOf(COLOUR_NAMES);
         (this->*read)(object, layer);
         object.RefuseOthers();
         return layer;
@@ -148,12 +151,12 @@ class DescriptionReader {
         if (places) {
             positions.sites = ReadSites(*places, 0, description_.sheet.datum);
         } else {
-            positions.sites = ReadFile(directory_ / file->Text(), object.Optional("from"));
+            positions.sites = ReadFile(open_(file->Text()), object.Optional("from"));
         }
         layer.content = std::move(positions);
     }
 
-    std::vector<Site> ReadFile(const std::filesystem::path& file, const std::optional<JsonValue>& from) {
+    std::vector<Site> ReadFile(const LayerFile& file, const std::optional<JsonValue>& from) {
         if (!from) return ReadDegreesFile(file, description_.sheet.datum, &description_.problems);
         if (const auto datum = DatumByName(from->Text()))
             return ReadDegreesFile(file, *datum, &description_.problems);
@@ -196,15 +199,45 @@ class DescriptionReader {
         layer.content = std::move(overlay);
     }
 
+    // Of what has areas and lines.
+    static void ReadLook(JsonObject& object, Look& look) {
+        if (const auto fill = object.Optional("fill")) {
+            std::vector<std::string> fills = COLOUR_NAMES;
+            fills.emplace_back("none");
+            const std::size_t choice = fill->ChoiceOf(fills);
+            look.isFilled = choice < COLOUR_NAMES.size();
+            if (look.isFilled) look.fill = choice;
+        }
+        if (const auto opacity = object.Optional("opacity")) look.opacity = opacity->NumberIn(0.0, 1.0);
+        if (const auto width = object.Optional("width")) look.width = width->NumberIn(0.0, WIDEST_LINE);
+        if (const auto dashed = object.Optional("dashed")) look.isDashed = dashed->Flag();
+    }
+
+    void ReadCoast(JsonObject& object, Layer& layer) {
+        ReadLook(object, layer.look);
+        const auto borders = object.Optional("borders");
+        layer.content = CoastLayer{borders && borders->Flag()};
+    }
+
+    void ReadGeoJsonFile(JsonObject& object, Layer& layer) {
+        ReadLook(object, layer.look);
+        GeoJsonForm form{DATUM_WGS84, description_.sheet.datum, "name"};
+        if (const auto datum = object.Optional("datum")) form.datum = ReadDatum(*datum);
+        if (const auto label = object.Optional("label")) form.nameKey = label->Text();
+        const std::string file = object.Required("file").Text();
+        layer.content = GeoJsonLayer{ReadGeoJson(open_(file), form, &description_.problems), file};
+    }
+
     JsonObject root_;
-    std::filesystem::path directory_;
+    const OpenLayerFile& open_;
     MapDescription description_;
 };
 
 }  // namespace
 
-MapDescription ReadMapDescription(const nlohmann::json& json, const std::filesystem::path& directory) {
-    return DescriptionReader(json, directory).Read();
+MapDescription ReadMapDescription(const std::string& text, const OpenLayerFile& open) {
+    const nlohmann::json json = ParseJson(text);
+    return DescriptionReader(json, open).Read();
 }
 
 }  // namespace tessara::toolkit

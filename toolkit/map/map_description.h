@@ -1,14 +1,15 @@
 // What `tessara map` draws: a map, a window of it, and layers.
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "conversion/references.h"
+#include "map/geojson_shapes.h"
 #include "map/json_reader.h"
+#include "map/layer_files.h"
 #include "map/map_sites.h"
 #include "tessara/tessara.h"
 
@@ -70,11 +71,32 @@ struct OverlayLayer {
     std::vector<Site> second;
 };
 
-struct Layer {
-    std::string where;                  // in the description, for messages
-    std::string name;                   // for the legend; may be empty
+// The coastlines of the world, its land and the borders of its countries, on the datum of the map.
+struct CoastLayer {
+    bool hasBorders;
+};
+
+struct GeoJsonLayer {
+    EarthLayerShapes shapes;
+    std::string file;
+};
+
+// What a layer may say of its look; a kind has its own where it says nothing.
+struct Look {
     std::optional<std::size_t> colour;  // in COLOUR_NAMES
-    std::variant<GridLayer, BordersLayer, PositionsLayer, LineLayer, RingsLayer, PolygonLayer, OverlayLayer>
+    std::optional<std::size_t> fill;    // of areas, likewise
+    bool isFilled = true;
+    std::optional<double> opacity;  // of the fill
+    std::optional<double> width;    // of lines, in units of the picture
+    bool isDashed = false;
+};
+
+struct Layer {
+    std::string where;  // in the description, for messages
+    std::string name;   // for the legend; may be empty
+    Look look;
+    std::variant<GridLayer, BordersLayer, PositionsLayer, LineLayer, RingsLayer, PolygonLayer, OverlayLayer,
+                 CoastLayer, GeoJsonLayer>
         content;
 };
 
@@ -91,8 +113,7 @@ struct MapDescription {
 inline const std::vector<std::string> COLOUR_NAMES = {"black",  "orange", "sky blue",   "bluish green",
                                                       "yellow", "blue",   "vermillion", "reddish purple"};
 
-// Files that it names are looked for in `directory`. Throws DescriptionError.
-[[nodiscard]] MapDescription ReadMapDescription(const nlohmann::json& json,
-                                                const std::filesystem::path& directory);
+// The text of a description. Throws DescriptionError.
+[[nodiscard]] MapDescription ReadMapDescription(const std::string& text, const OpenLayerFile& open);
 
 }  // namespace tessara::toolkit

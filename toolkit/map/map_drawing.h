@@ -13,7 +13,11 @@
 namespace tessara::toolkit {
 
 // By importance: what comes later lies on top.
-enum class Rank { AREA, GRID, BORDER, OUTLINE, LINE, MARKER };
+enum class Rank { LAND, COAST, AREA, GRID, BORDER, OUTLINE, LINE, MARKER };
+
+[[nodiscard]] inline bool IsArea(Rank rank) {
+    return rank == Rank::LAND || rank == Rank::AREA;
+}
 
 struct Style {
     std::string stroke = "none";
@@ -73,6 +77,7 @@ struct Drawing {
     std::vector<InnerLabel> innerLabels;
     std::vector<LegendEntry> legend;
     std::vector<std::string> problems;  // what can't be drawn
+    std::vector<std::string> notes;     // what isn't, for the reader of the map
 };
 
 // Picture units: how far a chain of points may lie beside its line, and within which two places are one.

@@ -7,6 +7,7 @@
 #include "conversion/numbers.h"
 #include "conversion/references.h"
 #include "lines/utf8.h"
+#include "map/map_sites.h"
 #include "tessara/host/text.h"
 
 namespace tessara::toolkit {
@@ -15,6 +16,10 @@ namespace {
 constexpr int MOST_DECIMALS = 7;
 constexpr double MINUTES = 60.0;
 constexpr double SECONDS = 3600.0;
+constexpr double HALF_TURN = 180.0;
+constexpr double SAME_DEGREES = 1e-9;
+constexpr int SQUARE_DIGITS = 5;  // whole metres within a square
+constexpr std::int64_t SQUARE_METRES = 100000;
 constexpr double SLACK = 1e-9;  // of rounding, in parts of a step
 
 bool IsWhole(double value) {
@@ -41,12 +46,92 @@ double ResolutionOf(std::int32_t system, double step) {
     return (1.0 + SLACK) * std::pow(10.0, -DecimalsOf(step));
 }
 
-// Degrees in parts and letters become decimal ones.
+bool IsDegreesOrCode(std::int32_t system) {
+    return IsDegrees(system) || system == KOORD_GEOREF;
+}
+
+// Degrees in parts and letters become decimal ones, squares the grid that they are cut from.
 CKoord AsNumbers(const CKoord& koord) {
-    if (!IsDegrees(static_cast<std::int32_t>(koord.type)) && koord.type != KOORD_GEOREF) return koord;
+    const auto system = static_cast<std::int32_t>(koord.type);
+    if (!IsDegreesOrCode(system) && system != KOORD_UTMREF) return koord;
     const IRef<ICoord> coord = CoordOf(koord);
-    coord->SetReference(MakeReference({KOORD_GEODEZ, static_cast<std::int32_t>(koord.datum)}).Get());
+    const std::int32_t numbers = system == KOORD_UTMREF ? KOORD_UTM : KOORD_GEODEZ;
+    coord->SetReference(MakeReference({numbers, static_cast<std::int32_t>(koord.datum)}).Get());
     return KoordOf(coord.Get());
+}
+
+// Longitudes go on over the date line on a map, and a label has them within half a turn.
+IRef<ICoord> WithinHalfATurn(ICoord* coord) {
+    const CKoord koord = KoordOf(coord);
+    const auto system = static_cast<std::int32_t>(koord.type);
+    IRef<ICoord> within(CoordOf(koord));
+    auto degrees = Load<GeodezPayload>(AsNumbers(koord));
+    if (std::abs(degrees.longitude) <= HALF_TURN) return within;
+    within = DegreesCoord(degrees.latitude, std::remainder(degrees.longitude, 2.0 * HALF_TURN),
+                          static_cast<std::int32_t>(koord.datum));
+    within->SetReference(MakeReference({system, static_cast<std::int32_t>(koord.datum)}).Get());
+    return within;
+}
+
+bool IsNumber(const std::string& text) {
+    return text.find_first_not_of("+-.0123456789") == std::string::npos;
+}
+
+// A number by itself doesn't say which axis it belongs to.
+std::string WithAxis(const std::string& text, Axis axis) {
+    if (!IsNumber(text)) return text;
+    return text + (axis == Axis::NORTH ? " N" : " E");
+}
+
+// The equator and the two meridians of Greenwich belong to no side.
+bool IsMiddleLine(double degrees, Axis axis) {
+    const double period = axis == Axis::NORTH ? 4.0 * HALF_TURN : HALF_TURN;
+    return std::abs(std::remainder(degrees, period)) < SAME_DEGREES;
+}
+
+// The digits within the square that the step needs, as they stand on printed sheets: 91 for 91000 of a step
+// of 1000.
+std::string DigitsInSquare(double value, double step) {
+    int digits = SQUARE_DIGITS;
+    while (digits > 0 && IsWhole(step / std::pow(10.0, SQUARE_DIGITS - digits + 1)))
+        --digits;
+    const auto inSquare = static_cast<std::int64_t>(std::llround(value)) % SQUARE_METRES;
+    return FormatWhole(inSquare / static_cast<std::int64_t>(std::pow(10.0, SQUARE_DIGITS - digits)), digits);
+}
+
+std::string LibraryText(ICoord* coord, Axis axis, double step) {
+    const auto system = static_cast<std::int32_t>(KoordOf(coord).type);
+    const IRef<ICoordinateString> string(CreateClassCoordinateString());
+    const IRef<ITessaraString> text(NewObject<host::Text>());
+    string->SetCoord(coord);
+    const double resolution = ResolutionOf(system, step);
+    string->SetNorthPrecision(resolution);
+    string->SetEastPrecision(resolution);
+    if (IsDegrees(system)) {
+        axis == Axis::NORTH ? string->GetNorthDisplayText(text.Get())
+                            : string->GetEastDisplayText(text.Get());
+    } else {
+        axis == Axis::NORTH ? string->GetNorthText(text.Get()) : string->GetEastText(text.Get());
+    }
+    return Latin1ToUtf8(text->GetText());
+}
+
+// In the form of the system, and with the side of the earth: 48.25\u00B0N, 48\u00B015'N.
+std::string DegreesText(ICoord* coord, Axis axis, double value, double step) {
+    const bool isMiddle = IsMiddleLine(value, axis);
+    if (KoordOf(coord).type == KOORD_GEODEZ) {
+        const double within = axis == Axis::EAST ? std::remainder(value, 2.0 * HALF_TURN) : value;
+        const char* side = axis == Axis::NORTH ? (within < 0.0 ? "S" : "N") : (within < 0.0 ? "W" : "E");
+        return FormatNumber(std::abs(within), DecimalsOf(step)) + "\u00B0" + (isMiddle ? "" : side);
+    }
+    const std::string text = LibraryText(WithinHalfATurn(coord).Get(), axis, step);
+    return isMiddle ? text.substr(0, text.find_first_of("NSEW")) : text;
+}
+
+// Of a step as long as a square, the value in the grid that squares are cut from.
+std::string SquareText(ICoord* coord, Axis axis, double value, double step) {
+    if (step < SQUARE_METRES) return WithAxis(DigitsInSquare(value, step), axis);
+    return WithAxis(LibraryText(CoordOf(AsNumbers(KoordOf(coord))).Get(), axis, step), axis);
 }
 
 }  // namespace
@@ -68,22 +153,13 @@ std::optional<double> AxisValue(ICoord* coord, Axis axis) {
 
 std::string AxisText(ICoord* coord, Axis axis, double step) {
     const auto system = static_cast<std::int32_t>(KoordOf(coord).type);
+    const double value = AxisValue(coord, axis).value_or(NAN);
+    if (IsPixel(system)) return (axis == Axis::NORTH ? "row " : "column ") + FormatPlain(value);
     if (system == KOORD_BNG || system == KOORD_ING || system == KOORD_VDG)
-        return FormatNumber(AxisValue(coord, axis).value_or(NAN), DecimalsOf(step));
-
-    const IRef<ICoordinateString> string(CreateClassCoordinateString());
-    const IRef<ITessaraString> text(NewObject<host::Text>());
-    string->SetCoord(coord);
-    const double resolution = ResolutionOf(system, step);
-    string->SetNorthPrecision(resolution);
-    string->SetEastPrecision(resolution);
-    if (IsDegrees(system)) {
-        axis == Axis::NORTH ? string->GetNorthDisplayText(text.Get())
-                            : string->GetEastDisplayText(text.Get());
-    } else {
-        axis == Axis::NORTH ? string->GetNorthText(text.Get()) : string->GetEastText(text.Get());
-    }
-    return Latin1ToUtf8(text->GetText());
+        return WithAxis(FormatNumber(value, DecimalsOf(step)), axis);
+    if (system == KOORD_UTMREF) return SquareText(coord, axis, value, step);
+    if (!IsDegrees(system)) return WithAxis(LibraryText(coord, axis, step), axis);
+    return DegreesText(coord, axis, value, step);
 }
 
 }  // namespace tessara::toolkit

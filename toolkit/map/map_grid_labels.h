@@ -10,8 +10,9 @@ namespace tessara::toolkit {
 
 enum class Axis { EAST, NORTH };
 
-// The value that all points of the line have on the axis: the text of the library, as precise as the step
-// needs; of BNG, ING and VDG, whose texts hold more, the number only.
+// The value that all points of the line have on the axis, as precise as the step needs and in a form that
+// shows which axis it is. It is the text of the library but for what those of some systems hold besides: of
+// BNG, ING and VDG the number, of UTMREF the digits within the square. Longitudes are within half a turn.
 [[nodiscard]] std::string AxisText(ICoord* coord, Axis axis, double step);
 
 // The same as a number; nothing for UTMREF, which has letters in its place.

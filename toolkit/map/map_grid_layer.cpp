@@ -9,6 +9,7 @@
 #include "conversion/numbers.h"
 #include "map/map_grid_labels.h"
 #include "map/map_grid_lines.h"
+#include "map/map_squares.h"
 #include "map/map_styles.h"
 #include "tessara/coordinate_grid.h"
 #include "tessara/coordinate_grid_factory.h"
@@ -56,6 +57,9 @@ constexpr double BESIDE = 0.01;        // degrees
 constexpr double FULL_TURN = 360.0;
 
 constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // each is compared with all others
+
+constexpr double SQUARE_SIZE = 18.0;
+constexpr double CLOSE_BORDERS = 60.0;  // picture units from one to the next
 
 constexpr double LABEL_CLEARANCE = 4.0;  // picture units
 
@@ -174,6 +178,12 @@ class GridDrawer {
         drawing_.frameLabels.push_back(std::move(labels));
     }
 
+    // Many of them in the window are drawn thin, so that they don't cover the map.
+    [[nodiscard]] Style ThinnedBorders(std::optional<std::size_t> colour) const {
+        const double apart = sheet_.Width() / static_cast<double>(borders_.size() + 1);
+        return BorderStyle(colour, apart < CLOSE_BORDERS);
+    }
+
     void KeepBorders(ICoordinateGrid& grid) {
         for (GridLine& line : LinesOf(grid, Axis::EAST)) {
             const std::string border = BorderText(line, reference_);
@@ -185,6 +195,23 @@ class GridDrawer {
     void AddLegend(const Style& style, const std::string& text) {
         const bool isNamed = !layer_.name.empty();
         drawing_.legend.push_back({LegendEntry::Sample::LINE, style, isNamed ? layer_.name : text});
+    }
+    // Beside the entry of a grid, which may have a name of its own.
+    void AddBorderLegend(const Style& style, const std::string& text) {
+        drawing_.legend.push_back({LegendEntry::Sample::LINE, style, text});
+    }
+    // In the middle of each, as large as is usual on printed sheets.
+    void NameSquares(const std::string& colour) {
+        for (const NamedSquare& square : SquaresOf(sheet_, reference_)) {
+            if (TextWidth(square.name, SQUARE_SIZE) > square.width) continue;
+            PlacedText name = TextAbove(square.middle, 0.0, square.name, SQUARE_SIZE);
+            name.at.y += SQUARE_SIZE / 2.0;
+            PlacedText higher = name;
+            PlacedText lower = name;
+            higher.at.y -= 1.5 * SQUARE_SIZE;
+            lower.at.y += 1.5 * SQUARE_SIZE;
+            drawing_.innerLabels.push_back({{name, higher, lower}, "square", colour});
+        }
     }
     [[nodiscard]] bool HasBorders() const { return !borders_.empty(); }
     [[nodiscard]] Drawing Take() { return std::move(drawing_); }
@@ -243,6 +270,7 @@ class GridDrawer {
         if (count > 0 || line.pieces.empty()) return;
         const Polyline& first = line.pieces.front();
         const Polyline& last = line.pieces.back();
+        if (axis == Axis::EAST && AddLabelInside(line, text, *labels)) return;
         AddLabelBeyond(first[1], first[0], text, *labels);
         const bool isRing = Distance(first.front(), last.back()) < SAME_PLACE;
         if (!isRing) AddLabelBeyond(last[last.size() - 2], last.back(), text, *labels);
@@ -254,16 +282,40 @@ class GridDrawer {
                             [&end](const FrameLabel& other) { return Distance(end, other.at) < SAME_PLACE; });
     }
 
-    // In the direction in which the line would go on.
+    // Where a meridian of the whole earth crosses the middle row of the window: at its ends they all meet.
+    bool AddLabelInside(const GridLine& line, const std::string& text, const FrameLabels& labels) {
+        const double row = sheet_.Height() / 2.0;
+        for (const Polyline& piece : line.pieces) {
+            for (std::size_t i = 1; i < piece.size(); ++i) {
+                const PicturePoint& a = piece[i - 1];
+                const PicturePoint& b = piece[i];
+                if ((a.y < row) == (b.y < row)) continue;
+                const PicturePoint at{a.x + (row - a.y) / (b.y - a.y) * (b.x - a.x), row};
+                drawing_.innerLabels.push_back(
+                    {{TextAbove(at, 1.0, text, LABEL_SIZE), TextBelow(at, 1.0, text, LABEL_SIZE)},
+                     labels.classes,
+                     labels.colour});
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // In the direction in which the line would go on, or within it where there is no room.
     void AddLabelBeyond(const PicturePoint& before, const PicturePoint& end, const std::string& text,
                         const FrameLabels& labels) {
         const double dx = end.x - before.x;
         const double dy = end.y - before.y;
         const bool isSideways = std::abs(dx) > std::abs(dy);
+        const bool isForward = isSideways ? dx > 0.0 : dy > 0.0;
         const auto place =
-            isSideways ? (dx > 0.0 ? TextRightOf : TextLeftOf) : (dy > 0.0 ? TextBelow : TextAbove);
+            isSideways ? (isForward ? TextRightOf : TextLeftOf) : (isForward ? TextBelow : TextAbove);
+        const auto within =
+            isSideways ? (isForward ? TextLeftOf : TextRightOf) : (isForward ? TextAbove : TextBelow);
         drawing_.innerLabels.push_back(
-            {{place(end, LABEL_CLEARANCE, text, LABEL_SIZE)}, labels.classes, labels.colour});
+            {{place(end, LABEL_CLEARANCE, text, LABEL_SIZE), within(end, LABEL_CLEARANCE, text, LABEL_SIZE)},
+             labels.classes,
+             labels.colour});
     }
 
     const MapSheet& sheet_;
@@ -314,7 +366,7 @@ bool HasGrid(std::int32_t system) {
 
 Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& grid, std::size_t index) {
     GridDrawer drawer(sheet, layer, grid.reference);
-    const Style style = GridStyle(index, layer.colour);
+    const Style style = GridStyle(index, layer.look.colour);
     drawer.AddLegend(style, grid.reference.Name() + ", every " + StepsText(grid));
     const IRef<ICoordinateGrid> lines = MakeGrid(sheet, grid.reference, grid.eastStep, grid.northStep);
     if (!lines.IsValid()) {
@@ -323,14 +375,17 @@ Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& gri
     }
     drawer.DrawLines(*lines.Get(), Axis::NORTH, style);
     drawer.DrawLines(*lines.Get(), Axis::EAST, style);
-    if (drawer.HasBorders()) drawer.DrawBorders(BorderStyle({}));
+    drawer.NameSquares(style.stroke);
+    if (drawer.HasBorders()) {
+        const Style border = drawer.ThinnedBorders({});
+        drawer.DrawBorders(border);
+        drawer.AddBorderLegend(border, "zone borders of " + grid.reference.Name());
+    }
     return drawer.Take();
 }
 
 Drawing DrawBorders(const MapSheet& sheet, const Layer& layer, const BordersLayer& borders) {
     GridDrawer drawer(sheet, layer, borders.reference);
-    const Style style = BorderStyle(layer.colour);
-    drawer.AddLegend(style, "zone borders of " + borders.reference.Name());
     const IRef<ICoordinateGrid> lines =
         MakeGrid(sheet, borders.reference, STEP_BEYOND_ZONES, STEP_BEYOND_ZONES);
     if (lines.IsValid()) {
@@ -338,6 +393,8 @@ Drawing DrawBorders(const MapSheet& sheet, const Layer& layer, const BordersLaye
     } else {
         drawer.AddProblem("the window has no place in " + borders.reference.Name());
     }
+    const Style style = drawer.ThinnedBorders(layer.look.colour);
+    drawer.AddLegend(style, "zone borders of " + borders.reference.Name());
     drawer.DrawBorders(style);
     return drawer.Take();
 }

@@ -6,7 +6,7 @@
 
 #include "map/clipping.h"
 #include "map/map_drawing.h"
-#include "tessara/host/rect.h"
+#include "map/map_extent.h"
 
 namespace tessara::toolkit {
 namespace {
@@ -83,43 +83,6 @@ std::vector<Polyline> Clip(const MapSheet& sheet, const std::vector<Polyline>& p
     return pieces;
 }
 
-// The extremes of the window in a reference.
-struct Extremes {
-    IRef<ICoord> north, east, south, west;
-};
-
-std::optional<Extremes> ExtremesOf(const MapSheet& sheet, const Reference& reference) {
-    const auto whole = [](double pixel) { return static_cast<std::int32_t>(std::lround(pixel)); };
-    const Window& window = sheet.MapWindow();
-    const IRef<IRect> rect(NewObject<host::Rect>(whole(window.left), whole(window.top), whole(window.right),
-                                                 whole(window.bottom)));
-    const auto empty = [&reference] {
-        IRef<ICoord> coord(CreateClassCoord());
-        coord->SetReference(MakeReference(reference).Get());
-        return coord;
-    };
-    const Extremes extremes{empty(), empty(), empty(), empty()};
-    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
-    const bool isThere =
-        area->GetMapRectExtremes(sheet.Map(), rect.Get(), extremes.north.Get(), extremes.east.Get(),
-                                 extremes.south.Get(), extremes.west.Get());
-    return isThere ? std::optional(extremes) : std::nullopt;
-}
-
-struct Extent {  // degrees
-    double north, east, south, west;
-};
-
-std::optional<Extent> ExtentOf(const MapSheet& sheet, std::int32_t datum) {
-    const std::optional<Extremes> extremes = ExtremesOf(sheet, {KOORD_GEODEZ, datum});
-    if (!extremes) return std::nullopt;
-    const auto value = [](const IRef<ICoord>& coord, Axis axis) {
-        return AxisValue(coord.Get(), axis).value_or(0.0);
-    };
-    return Extent{value(extremes->north, Axis::NORTH), value(extremes->east, Axis::EAST),
-                  value(extremes->south, Axis::NORTH), value(extremes->west, Axis::EAST)};
-}
-
 bool HasZones(const Reference& reference) {
     const IRef<ICoord> coord(CreateClassCoord());
     coord->SetReference(MakeReference(reference).Get());
@@ -152,12 +115,6 @@ double WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
     if (!extremes) return 0.0;
     return isEast ? IRef<ICoordInternal>(extremes->west)->EastDifference(extremes->east.Get())
                   : IRef<ICoordInternal>(extremes->south)->NorthDifference(extremes->north.Get());
-}
-
-Extent OnceAround(const MapSheet& sheet, Extent extent) {
-    extent.west = std::max(extent.west, sheet.CentreLongitude() - HALF_TURN);
-    extent.east = std::min(extent.east, sheet.CentreLongitude() + HALF_TURN);
-    return extent;
 }
 
 class GraticuleLine {

@@ -1,20 +1,23 @@
 #include "map/map_layers.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "map/coastline.h"
+#include "map/earth_shapes.h"
 #include "map/map_curves.h"
 #include "map/map_grid_layer.h"
+#include "map/map_measures.h"
 #include "map/map_styles.h"
 #include "tessara/kernel/geodesic.h"
 
 namespace tessara::toolkit {
 namespace {
-
-constexpr double METRES_PER_KM = 1000.0;
 
 constexpr double MARKER_CLEARANCE = 6.0;
 constexpr double LINE_CLEARANCE = 5.0;
@@ -27,17 +30,16 @@ class LayerDrawer {
         lines_->SetPixelTolerance(LINE_TOLERANCE / sheet.Zoom());
     }
 
-    Drawing Draw(const PositionsLayer& positions) {
-        const Style style = MarkerStyle(layer_.colour);
+    void Draw(const PositionsLayer& positions) {
+        const Style style = MarkerStyle(layer_.look.colour);
         for (const Site& site : positions.sites)
             AddMarker(site, style);
         AddLegend(LegendEntry::Sample::MARKER, style, "positions");
-        return std::move(drawing_);
     }
 
-    Drawing Draw(const LineLayer& line) {
+    void Draw(const LineLayer& line) {
         const bool isGeodesic = line.straight == LineLayer::Straight::GEODESIC;
-        const Style style = isGeodesic ? GeodesicStyle(layer_.colour) : LineStyle(layer_.colour);
+        const Style style = isGeodesic ? GeodesicStyle(layer_.look.colour) : LineStyle(layer_.look.colour);
         std::vector<Polyline> paths;
         for (std::size_t i = 1; i < line.sites.size(); ++i) {
             const std::vector<Polyline> way = Way(line, line.sites[i - 1], line.sites[i]);
@@ -51,18 +53,17 @@ class LayerDrawer {
         for (const Site& site : line.sites)
             AddName(site, style.stroke, LINE_CLEARANCE);
         AddLegend(LegendEntry::Sample::LINE, style, kind);
-        return std::move(drawing_);
     }
 
-    Drawing Draw(const RingsLayer& rings) {
-        const Style style = RingStyle(layer_.colour);
+    void Draw(const RingsLayer& rings) {
+        const Style style = RingStyle(layer_.look.colour);
         AddLegend(LegendEntry::Sample::LINE, style, "range rings");
         const std::optional<GeodezPayload> centre = sheet_.NearDegreesOf(rings.centre.coord.Get());
         if (!centre) {
             AddProblem(rings.centre.where, "the centre has no place on the earth");
-            return std::move(drawing_);
+            return;
         }
-        AddMarker(rings.centre, MarkerStyle(layer_.colour));
+        AddMarker(rings.centre, MarkerStyle(layer_.look.colour));
         std::vector<Polyline> paths;
         for (const double radius : rings.radii) {
             for (Polyline& arc : Ring(*centre, radius))
@@ -70,11 +71,10 @@ class LayerDrawer {
             AddRadius(*centre, radius);
         }
         AddLines(Rank::LINE, "ring", paths, style);
-        return std::move(drawing_);
     }
 
-    Drawing Draw(const PolygonLayer& polygon) {
-        const Style style = PolygonStyle(layer_.colour);
+    void Draw(const PolygonLayer& polygon) {
+        const Style style = PolygonStyle(layer_.look.colour);
         if (const std::optional<Polyline> outline = Outline(polygon.sites)) {
             AddArea("polygon", {*outline}, style);
             AddOutline("polygon", *outline, style);
@@ -82,23 +82,126 @@ class LayerDrawer {
         for (const Site& site : polygon.sites)
             AddName(site, ColourOf(BLACK), LINE_CLEARANCE);
         AddLegend(LegendEntry::Sample::AREA, style, "polygon");
-        return std::move(drawing_);
     }
 
-    Drawing Draw(const OverlayLayer& overlay) {
+    void Draw(const OverlayLayer& overlay) {
         const std::optional<Polyline> first = Outline(overlay.first);
         const std::optional<Polyline> second = Outline(overlay.second);
-        if (!first || !second) return std::move(drawing_);
+        if (!first || !second) return;
         AddParts(overlay, *first, *second);
         AddOutline("overlay first", *first, OutlineStyle());
         AddOutline("overlay second", *second, OutlineStyle());
+    }
+
+    void Draw(const CoastLayer& coast) {
+        const EarthShapes shapes(sheet_);
+        const Style land = LandStyle(layer_.look);
+        Shape outlines{Rank::COAST, "coast", {}, CoastStyle(layer_.look)};
+        for (const EarthLine& ring : LandRings())
+            Append(shapes.Line(ring), &outlines.paths);
+        if (layer_.look.isFilled)
+            drawing_.shapes.push_back({Rank::LAND, "land", shapes.Area(LandRings()), land});
+        drawing_.shapes.push_back(std::move(outlines));
+        Style sample = CoastStyle(layer_.look);
+        sample.fill = land.fill;
+        AddLegend(LegendEntry::Sample::AREA, sample, "coastlines (Natural Earth, 1:110 million)");
+        if (coast.hasBorders) AddCountryBorders(shapes);
+    }
+
+    void Draw(const GeoJsonLayer& file) {
+        const EarthShapes shapes(sheet_);
+        const Style area = ShapeAreaStyle(layer_.look);
+        const Style line = ShapeLineStyle(layer_.look);
+        for (const EarthShape& shape : file.shapes.areas)
+            AddShape(shape, shapes, area);
+        for (const EarthShape& shape : file.shapes.lines)
+            AddShape(shape, shapes, line);
+        const Style marker = MarkerStyle(layer_.look.colour.value_or(VERMILLION));
+        for (const Site& site : file.shapes.points)
+            AddMarker(site, marker);
+        AddKinds({{file.shapes.areas.size(), {LegendEntry::Sample::AREA, area, "areas"}},
+                  {file.shapes.lines.size(), {LegendEntry::Sample::LINE, line, "lines"}},
+                  {file.shapes.points.size(), {LegendEntry::Sample::MARKER, marker, "points"}}},
+                 file.file);
+    }
+
+    void Draw(const GridLayer&) {}
+    void Draw(const BordersLayer&) {}
+
+    Drawing Take() {
+        NoteWhatIsOutside();
         return std::move(drawing_);
     }
 
-    Drawing Draw(const GridLayer&) { return {}; }
-    Drawing Draw(const BordersLayer&) { return {}; }
-
   private:
+    static void Append(std::vector<Polyline> more, std::vector<Polyline>* lines) {
+        std::move(more.begin(), more.end(), std::back_inserter(*lines));
+    }
+
+    void AddCountryBorders(const EarthShapes& shapes) {
+        Shape borders{Rank::COAST, "country-border", {}, CountryBorderStyle()};
+        for (const EarthLine& border : CountryBorders())
+            Append(shapes.Line(border), &borders.paths);
+        drawing_.shapes.push_back(std::move(borders));
+        drawing_.legend.push_back({LegendEntry::Sample::LINE, CountryBorderStyle(), "borders of countries"});
+    }
+
+    // A line, or a polygon with its outline, and its name.
+    void AddShape(const EarthShape& shape, const EarthShapes& shapes, const Style& style) {
+        Shape outline{Rank::OUTLINE, "shape", {}, style};
+        outline.style.fill = "none";
+        outline.style.fillOpacity = 1.0;
+        for (const EarthLine& line : shape.lines)
+            Append(shapes.Line(line), &outline.paths);
+        if (style.fill != "none") AddArea("shape", shapes.Area(shape.lines), style);
+        if (!outline.paths.empty() && !shape.name.empty()) {
+            const Polyline& longest = LongestOf(outline.paths);
+            AddNameAt(longest[longest.size() / 2], shape.name, style.stroke, LINE_CLEARANCE);
+        }
+        drawing_.shapes.push_back(std::move(outline));
+    }
+
+    // The kinds of geometries that there are, which are named where they are several.
+    void AddKinds(std::vector<std::pair<std::size_t, LegendEntry>> kinds, const std::string& file) {
+        std::erase_if(kinds, [](const auto& kind) { return kind.first == 0; });
+        const std::string name = layer_.name.empty() ? file : layer_.name;
+        for (auto& [count, entry] : kinds) {
+            entry.text = kinds.size() > 1 ? name + ": " + entry.text : name;
+            drawing_.legend.push_back(std::move(entry));
+        }
+    }
+
+    static const Polyline& LongestOf(const std::vector<Polyline>& lines) {
+        return *std::max_element(lines.begin(), lines.end(),
+                                 [](const Polyline& a, const Polyline& b) { return a.size() < b.size(); });
+    }
+
+    void NoteWhatIsOutside() {
+        const std::string name = NameForNotes();
+        if (outside_ > 0) {
+            drawing_.notes.push_back(std::to_string(outside_) + " of " +
+                                     std::to_string(outside_ + drawing_.markers.size()) + " points of \"" +
+                                     name + "\", outside the window");
+            return;
+        }
+        const bool isSeen = !drawing_.markers.empty() || !drawing_.problems.empty() ||
+                            std::any_of(drawing_.shapes.begin(), drawing_.shapes.end(),
+                                        [this](const Shape& shape) { return IsSeen(shape); });
+        if (!isSeen) drawing_.notes.push_back("\"" + name + "\", all of it outside the window");
+    }
+
+    [[nodiscard]] std::string NameForNotes() const {
+        if (!layer_.name.empty()) return layer_.name;
+        return drawing_.legend.empty() ? layer_.where : drawing_.legend.front().text;
+    }
+
+    [[nodiscard]] bool IsSeen(const Shape& shape) const {
+        if (!IsArea(shape.rank)) return !shape.paths.empty();
+        return std::any_of(shape.paths.begin(), shape.paths.end(), [this](const Polyline& outline) {
+            return ClipArea(outline, {0.0, 0.0}, {sheet_.Width(), sheet_.Height()}).size() >= 3;
+        });
+    }
+
     void AddProblem(const std::string& where, const std::string& what) {
         drawing_.problems.push_back(where + ": " + what);
     }
@@ -119,14 +222,19 @@ class LayerDrawer {
 
     void AddMarker(const Site& site, const Style& style) {
         const std::optional<PicturePoint> point = PlaceOf(site);
-        if (!point || !IsInside(*point)) return;
+        if (!point) return;
+        // A polar map has a pixel for the other hemisphere, too, on which it shows another place.
+        if (!IsInside(*point) || !sheet_.ShownPointOf(site.coord.Get())) {
+            ++outside_;
+            return;
+        }
         drawing_.markers.push_back({*point, style});
         AddNameAt(*point, site.name, ColourOf(BLACK), MARKER_CLEARANCE);
     }
 
     void AddName(const Site& site, const std::string& colour, double clearance) {
         if (site.name.empty()) return;
-        const std::optional<PicturePoint> point = sheet_.NearPointOf(site.coord.Get());
+        const std::optional<PicturePoint> point = sheet_.ShownPointOf(site.coord.Get());
         if (point && IsInside(*point)) AddNameAt(*point, site.name, colour, clearance);
     }
 
@@ -238,8 +346,7 @@ class LayerDrawer {
     }
 
     void AddRadius(const GeodezPayload& centre, double radius) {
-        const std::string text = radius >= METRES_PER_KM ? FormatPlain(radius / METRES_PER_KM) + " km"
-                                                         : FormatPlain(radius) + " m";
+        const std::string text = LengthText(radius);
         InnerLabel label{{}, "radius", ColourOf(BLACK)};
         for (const double azimuth : {0.0, 180.0, 90.0, 270.0}) {
             const std::optional<PicturePoint> point = PlaceAt(centre, radius, azimuth);
@@ -343,6 +450,7 @@ class LayerDrawer {
     const Layer& layer_;
     IRef<ILinePoints> lines_;
     Drawing drawing_;
+    std::size_t outside_ = 0;  // markers beyond the frame
 };
 
 }  // namespace
@@ -353,7 +461,8 @@ Drawing DrawLayer(const MapSheet& sheet, const Layer& layer, std::size_t gridInd
     if (const auto* borders = std::get_if<BordersLayer>(&layer.content))
         return DrawBorders(sheet, layer, *borders);
     LayerDrawer drawer(sheet, layer);
-    return std::visit([&drawer](const auto& content) { return drawer.Draw(content); }, layer.content);
+    std::visit([&drawer](const auto& content) { drawer.Draw(content); }, layer.content);
+    return drawer.Take();
 }
 
 }  // namespace tessara::toolkit

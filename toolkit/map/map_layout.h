@@ -2,6 +2,7 @@
 // a legend.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ namespace tessara::toolkit {
 inline constexpr double MARKER_RADIUS = 4.0;
 inline constexpr double LEGEND_ROW = 22.0;
 inline constexpr double SAMPLE_WIDTH = 34.0;
+inline constexpr double SCALE_BAR_HEIGHT = 6.0;
+inline constexpr double ARROW_LENGTH = 30.0;
 
 struct StyledText {
     PlacedText text;
@@ -28,13 +31,29 @@ struct Sample {
     LegendEntry entry;
 };
 
+// A bar of parts that are black and white by turns; `at` is the middle of its left end.
+struct PlacedScaleBar {
+    PicturePoint at;
+    double partLength;
+    int parts;
+};
+
+// Its foot, and where it points to in radians clockwise from the top.
+struct NorthArrow {
+    PicturePoint at;
+    double direction;
+};
+
 struct MapLayout {
     Box window;
     Box paper;
+    std::optional<PlacedScaleBar> scaleBar;
+    std::optional<NorthArrow> northArrow;
     std::vector<Drawing> drawings;  // of a layer each
     std::vector<StyledText> texts;
     std::vector<Sample> samples;
     std::vector<std::string> problems;  // what couldn't be drawn
+    std::vector<std::string> notes;     // what is left out
 };
 
 // The longer side of the window becomes `size` units long. Throws DescriptionError if there is no such map.

@@ -1,6 +1,7 @@
 #include "map/map_page.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "conversion/numbers.h"
@@ -13,12 +14,15 @@ namespace {
 
 constexpr const char* FONT = "DejaVu Sans, Verdana, Arial, Helvetica, sans-serif";
 
-std::string PathOf(const std::vector<Polyline>& lines, bool isClosed) {
+// Of coastlines, which are less exact than the rest and many.
+constexpr int COAST_DECIMALS = 1;
+
+std::string PathOf(const std::vector<Polyline>& lines, bool isClosed, int decimals = SVG_DECIMALS) {
     std::string path;
     for (const Polyline& line : lines) {
         char command = 'M';
         for (const PicturePoint& point : line) {
-            path += command + SvgNumber(point.x) + " " + SvgNumber(point.y);
+            path += command + SvgNumber(point.x, decimals) + " " + SvgNumber(point.y, decimals);
             command = 'L';
         }
         if (isClosed) path += "Z";
@@ -61,6 +65,8 @@ class PageWriter {
         WriteMarkers();
         svg_.Empty("rect", With({{"class", "frame"}},
                                 With(AttributesOf(layout_.window), AttributesOf(FrameStyle()))));
+        if (layout_.scaleBar) WriteScaleBar(*layout_.scaleBar);
+        if (layout_.northArrow) WriteNorthArrow(*layout_.northArrow);
         WriteSamples();
         WriteTexts();
         return svg_.Finish();
@@ -89,7 +95,8 @@ class PageWriter {
     }
 
     void WriteShapes() {
-        for (const Rank rank : {Rank::AREA, Rank::GRID, Rank::BORDER, Rank::OUTLINE, Rank::LINE}) {
+        for (const Rank rank :
+             {Rank::LAND, Rank::COAST, Rank::AREA, Rank::GRID, Rank::BORDER, Rank::OUTLINE, Rank::LINE}) {
             for (std::size_t i = 0; i < layout_.drawings.size(); ++i) {
                 for (const Shape& shape : layout_.drawings[i].shapes) {
                     if (shape.rank == rank && !shape.paths.empty()) WriteShape(i, shape);
@@ -99,7 +106,9 @@ class PageWriter {
     }
 
     void WriteShape(std::size_t layer, const Shape& shape) {
-        const bool isArea = shape.rank == Rank::AREA;
+        const bool isArea = IsArea(shape.rank);
+        const int decimals =
+            shape.rank == Rank::LAND || shape.rank == Rank::COAST ? COAST_DECIMALS : SVG_DECIMALS;
         SvgAttributes attributes{{"class", "layer" + std::to_string(layer) + " " + shape.classes}};
         if (isArea) {
             attributes.emplace_back("clip-path", "url(#window)");
@@ -109,10 +118,10 @@ class PageWriter {
         }
         svg_.Open("g", With(std::move(attributes), AttributesOf(shape.style)));
         if (isArea) {
-            svg_.Empty("path", {{"d", PathOf(shape.paths, true)}});
+            svg_.Empty("path", {{"d", PathOf(shape.paths, true, decimals)}});
         } else {
             for (const Polyline& line : shape.paths)
-                svg_.Empty("path", {{"d", PathOf({line}, false)}});
+                svg_.Empty("path", {{"d", PathOf({line}, false, decimals)}});
         }
         svg_.Close();
     }
@@ -130,6 +139,36 @@ class PageWriter {
                                    {"cy", SvgNumber(at.y)},
                                    {"r", SvgNumber(MARKER_RADIUS)}},
                                   AttributesOf(style)));
+    }
+
+    void WriteScaleBar(const PlacedScaleBar& bar) {
+        for (int part = 0; part < bar.parts; ++part) {
+            const double left = bar.at.x + part * bar.partLength;
+            const Style style{ColourOf(BLACK), 0.8, "", part % 2 == 0 ? ColourOf(BLACK) : "#ffffff", 1.0};
+            svg_.Empty("rect",
+                       With({{"class", "scale-bar"}},
+                            With(AttributesOf(Box{left, bar.at.y - SCALE_BAR_HEIGHT / 2.0,
+                                                  left + bar.partLength, bar.at.y + SCALE_BAR_HEIGHT / 2.0}),
+                                 AttributesOf(style))));
+        }
+    }
+
+    // A needle around its middle, whose eastern half is black.
+    void WriteNorthArrow(const NorthArrow& arrow) {
+        const PicturePoint middle{arrow.at.x, arrow.at.y - ARROW_LENGTH / 2.0};
+        const double sine = std::sin(arrow.direction);
+        const double cosine = std::cos(arrow.direction);
+        const auto at = [&](double right, double up) {
+            return PicturePoint{middle.x + right * cosine + up * sine, middle.y + right * sine - up * cosine};
+        };
+        const PicturePoint tip = at(0.0, ARROW_LENGTH / 2.0);
+        const PicturePoint notch = at(0.0, -ARROW_LENGTH / 4.0);
+        for (const double side : {-1.0, 1.0}) {
+            const PicturePoint wing = at(side * ARROW_LENGTH / 4.0, -ARROW_LENGTH / 2.0);
+            const Style style{ColourOf(BLACK), 0.8, "", side > 0.0 ? ColourOf(BLACK) : "#ffffff", 1.0};
+            svg_.Empty("path", With({{"class", "north-arrow"}, {"d", PathOf({{tip, wing, notch}}, true)}},
+                                    AttributesOf(style)));
+        }
     }
 
     void WriteSamples() {
@@ -191,7 +230,7 @@ class PageWriter {
 MapPage DrawMapPage(const MapDescription& description, double size) {
     MapLayout layout = LayOutMap(description, size);
     std::string svg = PageWriter(layout).Write();
-    return {std::move(svg), std::move(layout.problems)};
+    return {std::move(svg), std::move(layout.problems), std::move(layout.notes)};
 }
 
 }  // namespace tessara::toolkit

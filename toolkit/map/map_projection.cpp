@@ -2,12 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
+#include "conversion/numbers.h"
 #include "tessara/host/text.h"
 
 namespace tessara::toolkit {
 namespace {
 
+// Paper shrinks and scanners are calibrated: a sheet's pixels differ so much from what its scale makes of
+// them.
+constexpr double SCAN_TOLERANCE = 0.02;
 constexpr double GRID_LIMIT = 1e9;  // metres; more than any grid value on the earth
 
 struct Reader {
@@ -21,7 +26,13 @@ struct Reader {
     [[nodiscard]] char Hemisphere() { return Get("hemisphere").ChoiceOf({"N", "S"}) == 0 ? 'N' : 'S'; }
     [[nodiscard]] double PixelSize(const char* key) {
         const std::optional<JsonValue> value = object.Optional(key);
-        if (value) return value->NumberAbove0();
+        if (value) {
+            const double metres = value->NumberAbove0();
+            if (metresPerPixel && std::abs(metres - *metresPerPixel) > SCAN_TOLERANCE * *metresPerPixel)
+                value->Fail("it contradicts the scale and the resolution, which make " +
+                            FormatPlain(*metresPerPixel) + " metres of a pixel");
+            return metres;
+        }
         if (!metresPerPixel)
             object.Fail(std::string("'") + key + "' is missing, and so are a scale and a resolution for it");
         return *metresPerPixel;
@@ -257,6 +268,11 @@ std::string ProjectionName(const IRef<IProjection>& projection) {
 bool NeedsReference(const IRef<IProjection>& projection) {
     constexpr std::array<std::uint32_t, 6> types = {MAP_LAMBERT2, MAP_LAMBERTFR,       MAP_MERCATOR,
                                                     MAP_AZYL,     MAP_VAN_DER_GRINTEN, MAP_WAGNER_IV};
+    return std::find(types.begin(), types.end(), projection->GetProjectionType()) != types.end();
+}
+
+bool IsFreeOfScale(const IRef<IProjection>& projection) {
+    constexpr std::array<std::uint32_t, 3> types = {MAP_DD, MAP_EQUALARC, MAP_POLYNOM};
     return std::find(types.begin(), types.end(), projection->GetProjectionType()) != types.end();
 }
 

@@ -18,4 +18,7 @@ namespace tessara::toolkit {
 // Whether a map of the projection is tied to the earth by a reference point and a scale.
 [[nodiscard]] bool NeedsReference(const IRef<IProjection>& projection);
 
+// Whether it reads no scale, and its parameters have no length of a pixel either.
+[[nodiscard]] bool IsFreeOfScale(const IRef<IProjection>& projection);
+
 }  // namespace tessara::toolkit

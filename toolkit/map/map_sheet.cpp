@@ -10,7 +10,9 @@ namespace {
 
 // A longitude that is half around the earth stays on its side in spite of rounding.
 constexpr double HALF_TURN = 180.0 + 1e-7;
-constexpr double ANOTHER_PLACE = 1.0;    // degrees of latitude
+constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
+constexpr double POLE = 90.0;
+constexpr double NORTH_STEP = 0.05;      // degrees
 constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far more than any map's rounding
 
 IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
@@ -46,6 +48,7 @@ bool AreFinite(const PicturePoint& point) {
 
 MapSheet::MapSheet(const SheetDescription& description, const Window& window, double size)
     : map_(MakeMap(description)),
+      projection_(description.projection),
       datum_(description.datum),
       window_(window),
       hasRowsOfLatitude_(description.projection->GetProjectionType() == MAP_MERCATOR),
@@ -84,14 +87,34 @@ std::optional<PicturePoint> MapSheet::PointOf(ICoord* coord) const {
     return pixel ? std::optional(PointOfPixel(*pixel)) : std::nullopt;
 }
 
+bool MapSheet::IsAnotherPlace(const PicturePoint& at, double latitude) const {
+    const std::optional<GeodezPayload> shown = DegreesAt(at);
+    return shown && std::abs(shown->latitude - latitude) > ANOTHER_PLACE;
+}
+
 std::optional<PicturePoint> MapSheet::ShownPointOf(ICoord* coord) const {
     const std::optional<PicturePoint> at = NearPointOf(coord);
     if (hasRowsOfLatitude_) return at;
     const std::optional<GeodezPayload> degrees = DegreesOf(coord);
     if (!at || !degrees) return at;
-    const std::optional<GeodezPayload> shown = DegreesAt(*at);
-    const bool isOther = shown && std::abs(shown->latitude - degrees->latitude) > ANOTHER_PLACE;
-    return isOther ? std::nullopt : at;
+    return IsAnotherPlace(*at, degrees->latitude) ? std::nullopt : at;
+}
+
+std::optional<PicturePoint> MapSheet::ShownPointAt(const GeodezPayload& degrees) const {
+    const auto at = PointOf(DegreesCoord(degrees.latitude, degrees.longitude, datum_).Get());
+    if (!at || hasRowsOfLatitude_) return at;
+    return IsAnotherPlace(*at, degrees.latitude) ? std::nullopt : at;
+}
+
+std::optional<double> MapSheet::NorthAt(const PicturePoint& point) const {
+    const std::optional<GeodezPayload> here = DegreesAt(point);
+    if (!here) return std::nullopt;
+    // Northward and southward by a step: within it the meridian is straight.
+    const double step = std::min(NORTH_STEP, (POLE - std::abs(here->latitude)) / 2.0);
+    const auto north = ShownPointAt({here->latitude + step, here->longitude, 0.0});
+    const auto south = ShownPointAt({here->latitude - step, here->longitude, 0.0});
+    if (!north || !south || (north->x == south->x && north->y == south->y)) return std::nullopt;
+    return std::atan2(north->x - south->x, south->y - north->y);
 }
 
 IRef<ICoord> MapSheet::EmptyDegrees() const {

@@ -6,16 +6,9 @@
 #include <vector>
 
 #include "map/map_description.h"
+#include "map/picture_point.h"
 
 namespace tessara::toolkit {
-
-struct PicturePoint {
-    double x, y;  // rightward and downward
-
-    bool operator==(const PicturePoint&) const = default;
-};
-
-using Polyline = std::vector<PicturePoint>;
 
 class MapSheet {
   public:
@@ -23,6 +16,7 @@ class MapSheet {
     MapSheet(const SheetDescription& description, const Window& window, double size);
 
     [[nodiscard]] IMapCoordOperations* Map() const { return map_.Get(); }
+    [[nodiscard]] IProjection* Projection() const { return projection_.Get(); }
     [[nodiscard]] std::int32_t Datum() const { return datum_; }
     [[nodiscard]] const Window& MapWindow() const { return window_; }
     // Of the window, in the picture.
@@ -39,6 +33,11 @@ class MapSheet {
     // That one, or nothing where the map shows another place on the pixel, as polar maps do for the other
     // hemisphere.
     [[nodiscard]] std::optional<PicturePoint> ShownPointOf(ICoord* coord) const;
+    // The same of degrees on the map's datum as they stand.
+    [[nodiscard]] std::optional<PicturePoint> ShownPointAt(const GeodezPayload& degrees) const;
+    // The direction of north at a point of the picture, in radians clockwise from the top; nothing where it
+    // has none, as at a pole.
+    [[nodiscard]] std::optional<double> NorthAt(const PicturePoint& point) const;
     [[nodiscard]] PicturePoint PointOfPixel(const PicturePoint& pixel) const;
 
     // The place as degrees on the map's datum, on the window's side of the globe; nothing for what can't be
@@ -54,9 +53,11 @@ class MapSheet {
     [[nodiscard]] std::optional<GeodezPayload> DegreesOf(ICoord* coord) const;
     [[nodiscard]] GeodezPayload Near(GeodezPayload degrees) const;
     [[nodiscard]] std::optional<GeodezPayload> DegreesAtPixel(const PicturePoint& pixel) const;
+    [[nodiscard]] bool IsAnotherPlace(const PicturePoint& at, double latitude) const;
     [[nodiscard]] IRef<ICoord> EmptyDegrees() const;
 
     IRef<IMapCoordOperations> map_;
+    IRef<IProjection> projection_;
     std::int32_t datum_;
     Window window_;
     bool hasRowsOfLatitude_;  // each row of the map shows one latitude: no place has the pixel of another

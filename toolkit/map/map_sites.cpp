@@ -1,11 +1,12 @@
 #include "map/map_sites.h"
 
+#include <sstream>
+
 #include "conversion/coords.h"
 #include "conversion/names.h"
 #include "conversion/positions.h"
 #include "conversion/typed_position.h"
 #include "lines/columns.h"
-#include "lines/input_files.h"
 #include "lines/line_reader.h"
 #include "lines/utf8.h"
 
@@ -82,21 +83,19 @@ SiteLine ReadTextLine(const std::string& text, TypedPosition& position) {
 }
 
 template <class ReadText>
-std::vector<Site> ReadLines(const std::filesystem::path& file, ReadText readText,
-                            std::vector<std::string>* problems) {
+std::vector<Site> ReadLines(const LayerFile& file, ReadText readText, std::vector<std::string>* problems) {
     std::vector<Site> sites;
-    const std::string wrong = ReadFile(file.string(), [&](std::istream& stream) {
-        LineReader lines(stream);
-        for (std::string text; lines.Next(&text);) {
-            const std::string where = file.string() + ":" + std::to_string(lines.Number());
-            SiteLine line = readText(text);
-            if (!line.error.empty()) problems->push_back(where + ": " + line.error);
-            if (!line.site) continue;
-            line.site->where = where;
-            sites.push_back(std::move(*line.site));
-        }
-    });
-    if (!wrong.empty()) problems->push_back(file.string() + ": " + wrong);
+    if (!file.wrong.empty()) problems->push_back(file.name + ": " + file.wrong);
+    std::istringstream stream(file.text);
+    LineReader lines(stream);
+    for (std::string text; lines.Next(&text);) {
+        const std::string where = file.name + ":" + std::to_string(lines.Number());
+        SiteLine line = readText(text);
+        if (!line.error.empty()) problems->push_back(where + ": " + line.error);
+        if (!line.site) continue;
+        line.site->where = where;
+        sites.push_back(std::move(*line.site));
+    }
     return sites;
 }
 
@@ -145,13 +144,13 @@ std::vector<Site> ReadSites(const JsonValue& value, std::size_t least, std::int3
     return sites;
 }
 
-std::vector<Site> ReadDegreesFile(const std::filesystem::path& file, std::int32_t datum,
+std::vector<Site> ReadDegreesFile(const LayerFile& file, std::int32_t datum,
                                   std::vector<std::string>* problems) {
     return ReadLines(
         file, [datum](const std::string& text) { return ReadDegreesLine(text, datum); }, problems);
 }
 
-std::vector<Site> ReadTextsFile(const std::filesystem::path& file, const Reference& reference,
+std::vector<Site> ReadTextsFile(const LayerFile& file, const Reference& reference,
                                 std::vector<std::string>* problems) {
     TypedPosition position(reference);
     return ReadLines(

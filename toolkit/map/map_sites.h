@@ -1,12 +1,12 @@
 // The places of a map description: in degrees, as texts of any system, or as pixels of the map.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "conversion/references.h"
 #include "map/json_reader.h"
+#include "map/layer_files.h"
 #include "tessara/tessara.h"
 
 namespace tessara::toolkit {
@@ -41,9 +41,9 @@ inline constexpr double PIXEL_LIMIT = 1e9;
 
 // The sites of a file in the forms that `tessara convert` reads: lines `latitude longitude [height] # name`,
 // or columns with the north text, the east text and the name. What is wrong with a line goes into `problems`.
-[[nodiscard]] std::vector<Site> ReadDegreesFile(const std::filesystem::path& file, std::int32_t datum,
+[[nodiscard]] std::vector<Site> ReadDegreesFile(const LayerFile& file, std::int32_t datum,
                                                 std::vector<std::string>* problems);
-[[nodiscard]] std::vector<Site> ReadTextsFile(const std::filesystem::path& file, const Reference& reference,
+[[nodiscard]] std::vector<Site> ReadTextsFile(const LayerFile& file, const Reference& reference,
                                               std::vector<std::string>* problems);
 
 }  // namespace tessara::toolkit

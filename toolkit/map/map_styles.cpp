@@ -8,6 +8,10 @@ namespace {
 constexpr std::array<const char*, 8> COLOURS = {"#000000", "#e69f00", "#56b4e9", "#009e73",
                                                 "#f0e442", "#0072b2", "#d55e00", "#cc79a7"};
 
+constexpr const char* LAND_TINT = "#f1ece0";
+constexpr const char* COAST_TINT = "#80766a";
+constexpr const char* DASH = "6 3";
+
 struct GridLook {
     std::size_t colour;
     const char* dash;
@@ -31,7 +35,8 @@ Style GridStyle(std::size_t index, std::optional<std::size_t> colour) {
     return Stroke(colour.value_or(look.colour), 0.8, look.dash);
 }
 
-Style BorderStyle(std::optional<std::size_t> colour) {
+Style BorderStyle(std::optional<std::size_t> colour, bool isThin) {
+    if (isThin) return Stroke(colour.value_or(BLACK), 0.5);
     return Stroke(colour.value_or(BLACK), 2.2, "14 3 3 3");
 }
 
@@ -51,6 +56,33 @@ Style PolygonStyle(std::optional<std::size_t> colour) {
     Style style = Stroke(colour.value_or(BLACK), 1.4);
     style.fill = ColourOf(colour.value_or(YELLOW));
     style.fillOpacity = 0.25;
+    return style;
+}
+
+// Below all else, in tints that no other layer has.
+Style LandStyle(const Look& look) {
+    Style style{"none", 0.0, "", look.fill ? ColourOf(*look.fill) : LAND_TINT, look.opacity.value_or(1.0)};
+    if (!look.isFilled) style.fill = "none";
+    return style;
+}
+
+Style CoastStyle(const Look& look) {
+    return {look.colour ? ColourOf(*look.colour) : COAST_TINT, look.width.value_or(0.8),
+            look.isDashed ? DASH : "", "none", 1.0};
+}
+
+Style CountryBorderStyle() {
+    return {COAST_TINT, 0.6, "5 2 1 2", "none", 1.0};
+}
+
+Style ShapeLineStyle(const Look& look) {
+    return Stroke(look.colour.value_or(VERMILLION), look.width.value_or(1.6), look.isDashed ? DASH : "");
+}
+
+Style ShapeAreaStyle(const Look& look) {
+    Style style = ShapeLineStyle(look);
+    style.fillOpacity = look.opacity.value_or(0.25);
+    if (look.isFilled) style.fill = ColourOf(look.fill.value_or(look.colour.value_or(VERMILLION)));
     return style;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "map/map_description.h"
 #include "map/map_drawing.h"
 
 namespace tessara::toolkit {
@@ -23,11 +24,17 @@ enum ColourNumber : std::size_t {
 
 // A given colour, or that of the kind. Grids take turns.
 [[nodiscard]] Style GridStyle(std::size_t index, std::optional<std::size_t> colour);
-[[nodiscard]] Style BorderStyle(std::optional<std::size_t> colour);
+[[nodiscard]] Style BorderStyle(std::optional<std::size_t> colour, bool isThin);
 [[nodiscard]] Style GeodesicStyle(std::optional<std::size_t> colour);
 [[nodiscard]] Style LineStyle(std::optional<std::size_t> colour);
 [[nodiscard]] Style RingStyle(std::optional<std::size_t> colour);
 [[nodiscard]] Style PolygonStyle(std::optional<std::size_t> colour);
+[[nodiscard]] Style LandStyle(const Look& look);
+[[nodiscard]] Style CoastStyle(const Look& look);
+[[nodiscard]] Style CountryBorderStyle();
+// Of a file.
+[[nodiscard]] Style ShapeLineStyle(const Look& look);
+[[nodiscard]] Style ShapeAreaStyle(const Look& look);
 [[nodiscard]] Style MarkerStyle(std::optional<std::size_t> colour);
 
 // The parts of an overlay, in the order neither, only second, only first, both.

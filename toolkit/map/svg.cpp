@@ -5,8 +5,6 @@
 namespace tessara::toolkit {
 namespace {
 
-constexpr int DECIMALS = 2;
-
 // Control characters have no place in XML, and what isn't UTF-8 neither.
 std::string Escape(std::string_view text) {
     std::string escaped;
@@ -33,8 +31,8 @@ std::string Escape(std::string_view text) {
 
 }  // namespace
 
-std::string SvgNumber(double value) {
-    return FormatPlain(value, DECIMALS);
+std::string SvgNumber(double value, int decimals) {
+    return FormatPlain(value, decimals);
 }
 
 SvgWriter::SvgWriter(double left, double top, double width, double height) {

@@ -30,7 +30,8 @@ class SvgWriter {
     std::vector<std::string> open_;
 };
 
-// A length, to a hundredth.
-[[nodiscard]] std::string SvgNumber(double value);
+// A length.
+inline constexpr int SVG_DECIMALS = 2;
+[[nodiscard]] std::string SvgNumber(double value, int decimals = SVG_DECIMALS);
 
 }  // namespace tessara::toolkit

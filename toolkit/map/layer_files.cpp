@@ -1,0 +1,21 @@
+#include "map/layer_files.h"
+
+#include <istream>
+
+#include "lines/input_files.h"
+
+namespace tessara::toolkit {
+
+OpenLayerFile FilesIn(const std::filesystem::path& directory) {
+    return [directory](const std::string& name) {
+        LayerFile file{(directory / name).string(), {}, {}};
+        file.wrong = ReadFile(file.name, [&file](std::istream& stream) {
+            char part[4096];
+            while (stream.read(part, sizeof part) || stream.gcount() > 0)
+                file.text.append(part, static_cast<std::size_t>(stream.gcount()));
+        });
+        return file;
+    };
+}
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,20 @@
+// Points and polylines of a picture.
+#pragma once
+
+#include <vector>
+
+namespace tessara::toolkit {
+
+struct PicturePoint {
+    double x, y;  // rightward and downward
+
+    bool operator==(const PicturePoint&) const = default;
+};
+
+using Polyline = std::vector<PicturePoint>;
+
+// The same on the earth, in degrees on the map's datum: x is the longitude, y the latitude. Longitudes go on
+// over the date line.
+using EarthLine = std::vector<PicturePoint>;
+
+}  // namespace tessara::toolkit
