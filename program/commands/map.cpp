@@ -4,11 +4,16 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
 
 #include "commands/commands.h"
+#include "conversion/numbers.h"
 #include "files/png.h"
 #include "files/toolkit_names.h"
 #include "lines/input_files.h"
+#include "map/map_around.h"
 #include "map/map_page.h"
 
 namespace tessara::program {
@@ -36,13 +41,21 @@ The description is JSON; docs/map.md lists all keys. This one shows 50 by 40 km 
 Layers are grid, borders, positions, geodesic, line, rings, polygon, overlay, coast and geojson. What can't be
 drawn is reported on standard error, and the exit status is 1; all the rest is drawn.
 
+A map needs no description: --around draws the surroundings of a place, --preview what a file holds, both on a
+projection and with grids that fit. With an output whose name ends in .json they write the description instead.
+
 Examples:
   tessara map sheet.json -o sheet.svg
   tessara map sheet.json -o sheet.png --size 2000
+  tessara map --around 48.1,11.6 --width 20km -o munich.svg
+  tessara map --preview tracks.geojson -o tracks.png
   tessara map - < sheet.json > sheet.svg)";
 
 struct Options {
     std::string description;
+    std::string around;   // LATITUDE,LONGITUDE
+    std::string width;    // a length with its unit
+    std::string preview;  // a file
     std::string output = "-";
     double size = 1000.0;
 };
@@ -60,6 +73,53 @@ std::string WrongOutput(const std::string& file) {
     return {};
 }
 
+constexpr const char* DEFAULT_WIDTH = "20km";
+
+struct LengthUnit {
+    std::string_view name;
+    double metres;
+};
+constexpr LengthUnit UNITS[] = {{"km", 1000.0}, {"m", 1.0}};
+
+std::optional<double> ParseLength(std::string_view text) {
+    for (const LengthUnit& unit : UNITS) {
+        if (!text.ends_with(unit.name)) continue;
+        text.remove_suffix(unit.name.size());
+        while (text.ends_with(' '))
+            text.remove_suffix(1);
+        const std::optional<double> number = ParseNumber(text);
+        return number ? std::optional(*number * unit.metres) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::pair<double, double>> ParsePlace(std::string_view text) {
+    const std::size_t comma = text.find(',');
+    if (comma == std::string_view::npos) return std::nullopt;
+    std::string_view east = text.substr(comma + 1);
+    while (east.starts_with(' '))
+        east.remove_prefix(1);
+    const std::optional<double> latitude = ParseNumber(text.substr(0, comma));
+    const std::optional<double> longitude = ParseNumber(east);
+    if (!latitude || !longitude) return std::nullopt;
+    return std::pair(*latitude, *longitude);
+}
+
+std::string CheckPlace(const std::string& text) {
+    return ParsePlace(text) ? "" : "expected LATITUDE,LONGITUDE in degrees, such as 48.1,11.6";
+}
+
+std::string CheckLength(const std::string& text) {
+    return ParseLength(text) ? "" : "expected a length in m or km, such as 20km";
+}
+
+// What there is to read: the text of a description, and the directory in which its files are.
+struct Source {
+    std::string name;  // for messages
+    std::string text;
+    std::filesystem::path directory;
+};
+
 std::string ReadAll(const std::string& file) {
     std::string text;
     const std::string wrong = ReadInput(file, [&text](std::istream& stream) {
@@ -71,9 +131,22 @@ std::string ReadAll(const std::string& file) {
     return text;
 }
 
-MapDescription Read(const std::string& file) {
-    return ReadMapDescription(ReadAll(file),
-                              FilesIn(file == "-" ? "" : std::filesystem::path(file).parent_path()));
+Source ReadSource(const Options& options) {
+    if (!options.around.empty()) {
+        const auto [latitude, longitude] = ParsePlace(options.around).value_or(std::pair(0.0, 0.0));
+        const double width = ParseLength(options.width).value_or(0.0);
+        return {"--around", DescribeMapAround({latitude, longitude, width}), {}};
+    }
+    if (!options.preview.empty())
+        return {options.preview, DescribeMapOf(FilesIn({})(options.preview), options.preview), {}};
+    const bool isInput = options.description == "-";
+    return {options.description, ReadAll(options.description),
+            isInput ? "" : std::filesystem::path(options.description).parent_path()};
+}
+
+std::string NameOf(const Options& options) {
+    if (!options.around.empty()) return "--around";
+    return options.preview.empty() ? options.description : options.preview;
 }
 
 // What went wrong; empty if nothing did.
@@ -90,24 +163,44 @@ std::string WriteOutput(const std::string& svg, const std::string& file, const s
     return stream.flush() ? "" : file + ": can't be written" + SystemReason(errno);
 }
 
+// A description that was made is written for those who want to change it.
+ExitCode WriteDescription(const Source& source, const std::string& file) {
+    std::ofstream stream(file, std::ios::binary);
+    stream << source.text;
+    if (stream.flush()) return EXIT_DONE;
+    std::cerr << "tessara: " << file << ": can't be written\n";
+    return EXIT_INCOMPLETE;
+}
+
 ExitCode DrawMap(const Options& options) {
     MapPage page;
     std::vector<std::string> problems;
     try {
-        const MapDescription description = Read(options.description);
+        const Source source = ReadSource(options);
+        const bool isMade = options.description.empty();
+        if (isMade && options.output.ends_with(".json")) return WriteDescription(source, options.output);
+        const MapDescription description = ReadMapDescription(source.text, FilesIn(source.directory));
         page = DrawMapPage(description, options.size);
         problems = description.problems;
     } catch (const DescriptionError& error) {
-        std::cerr << options.description << ": " << error.what() << '\n';
+        std::cerr << NameOf(options) << ": " << error.what() << '\n';
         return EXIT_INCOMPLETE;
     }
     for (const std::string& problem : page.problems)
-        problems.push_back(options.description + ": " + problem);
-    const std::string failure = WriteOutput(page.svg, options.output, options.description);
+        problems.push_back(NameOf(options) + ": " + problem);
+    const std::string failure = WriteOutput(page.svg, options.output, NameOf(options));
     if (!failure.empty()) problems.push_back("tessara: " + failure);
     for (const std::string& problem : problems)
         std::cerr << problem << '\n';
     return problems.empty() ? EXIT_DONE : EXIT_INCOMPLETE;
+}
+
+// A map comes from one of three.
+void CheckSource(const Options& options) {
+    const int sources = (options.description.empty() ? 0 : 1) + (options.around.empty() ? 0 : 1) +
+                        (options.preview.empty() ? 0 : 1);
+    if (sources == 1) return;
+    throw CLI::ValidationError("tessara map", "expected either a DESCRIPTION, --around or --preview");
 }
 
 }  // namespace
@@ -116,8 +209,21 @@ void AddMap(CLI::App& program, Action& action) {
     CLI::App* const command = program.add_subcommand("map", "Draws a window of a map, as SVG or PNG");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("DESCRIPTION", options->description, "A JSON file; '-' is standard input")
-        ->required();
+    command->add_option("DESCRIPTION", options->description, "A JSON file; '-' is standard input");
+    CLI::Option* const around = command
+                                    ->add_option("--around", options->around,
+                                                 "Draws the surroundings of a place, in degrees on WGS84")
+                                    ->type_name("LAT,LON")
+                                    ->check(CLI::Validator(CheckPlace, ""));
+    options->width = DEFAULT_WIDTH;
+    command->add_option("--width", options->width, "How wide they are, in m or km")
+        ->type_name("LENGTH")
+        ->check(CLI::Validator(CheckLength, ""))
+        ->capture_default_str()
+        ->needs(around);
+    command
+        ->add_option("--preview", options->preview, "Draws a file of positions: GeoJSON, or lines of degrees")
+        ->type_name("FILE");
     command->add_option("-o,--output", options->output, "The file to write; '-' is standard output, as SVG")
         ->type_name("FILE")
         ->capture_default_str()
@@ -128,7 +234,10 @@ void AddMap(CLI::App& program, Action& action) {
         ->type_name("PIXELS")
         ->check(CLI::Range(SHORTEST_SIDE, LONGEST_SIDE).description(""))
         ->capture_default_str();
-    command->callback([options, &action] { action = [options] { return DrawMap(*options); }; });
+    command->callback([options, &action] {
+        CheckSource(*options);
+        action = [options] { return DrawMap(*options); };
+    });
 }
 
 }  // namespace tessara::program
