@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "numerics/arcs.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"

@@ -49,14 +49,16 @@ void WriteReference(double easting, double northing, LetterGridPayload* payload)
     // Squares begin at whole metres.
     const std::int32_t east = TruncateToInt32(WithinLastSquare(easting, limits.east));
     const std::int32_t north = TruncateToInt32(WithinLastSquare(northing, limits.north));
-    const std::int32_t square = lettered.squareColumns * (north / SQUARE) + east / SQUARE;
-    const std::int32_t column = east / SUB_SQUARE % SUB_SQUARE_COLUMNS;
-    const std::int32_t row = north / SUB_SQUARE % SUB_SQUARE_COLUMNS;
+    const std::int32_t column = east / SUB_SQUARE;
+    const std::int32_t row = north / SUB_SQUARE;
+    const std::int32_t squareColumn = column / SUB_SQUARE_COLUMNS;
+    const std::int32_t squareRow = row / SUB_SQUARE_COLUMNS;
 
-    payload->square = lettered.squares.LetterAt(square);
-    payload->subSquare = SUB_SQUARES.LetterAt(SUB_SQUARE_COLUMNS * row + column);
-    payload->easting = east % SUB_SQUARE;
-    payload->northing = north % SUB_SQUARE;
+    payload->square = lettered.squares.LetterAt(lettered.squareColumns * squareRow + squareColumn);
+    payload->subSquare = SUB_SQUARES.LetterAt(SUB_SQUARE_COLUMNS * (row - SUB_SQUARE_COLUMNS * squareRow) +
+                                              (column - SUB_SQUARE_COLUMNS * squareColumn));
+    payload->easting = east - column * SUB_SQUARE;
+    payload->northing = north - row * SUB_SQUARE;
     payload->fullEasting = easting;
     payload->fullNorthing = northing;
 }

@@ -6,6 +6,7 @@
 #include "kernel/numeric.h"
 #include "kernel/ups_constants.h"
 #include "kernel/ups_formulas.h"
+#include "numerics/arcs.h"
 #include "numerics/conditions.h"
 
 namespace tessara {

@@ -74,56 +74,62 @@ consteval EdgeDistances ComputeEdgeDistances(const EllipsoidFigure& figure) {
     return distances;
 }
 
-constexpr auto EDGE_DISTANCES = ForEachEllipsoid<EdgeDistances>(ComputeEdgeDistances);
+// The rows of 100 km squares that a band reaches, counted away from the equator.
+struct BandRows {
+    std::int8_t first, last;
+};
 
-std::size_t EdgeIndex(double degrees) {
-    if (degrees == UTM_LIMITS.north) return EDGES.size() - 1;
-    return static_cast<std::size_t>(TruncateToInt32(degrees / UTMREF_BAND_DEGREES));
+constexpr std::size_t BAND_COUNT = UTMREF_NORTH_BANDS.size();
+
+// North and south of the equator, by the place of the band's letter. A row that ends where a band begins is
+// the band's, and one that begins where it ends only in the north.
+using RowsOfBands = std::array<std::array<BandRows, BAND_COUNT>, 2>;
+
+consteval RowsOfBands ComputeRows(const EllipsoidFigure& figure) {
+    const EdgeDistances distances = ComputeEdgeDistances(figure);
+    RowsOfBands rows{};
+    for (const bool south : {false, true}) {
+        for (std::size_t band = 0; band < BAND_COUNT; ++band) {
+            const bool isLastNorth = !south && band + 1 == BAND_COUNT;
+            const double nearNorthing = distances[band] * SMALLEST_SCALE;
+            const double farNorthing = distances[isLastNorth ? band + 2 : band + 1] * LARGEST_SCALE;
+            std::int8_t first = 0;
+            while ((first + 1) * SQUARE_METRES < nearNorthing)
+                ++first;
+            std::int8_t last = first;
+            while (south ? (last + 1) * SQUARE_METRES < farNorthing
+                         : (last + 1) * SQUARE_METRES <= farNorthing)
+                ++last;
+            rows[south ? 1 : 0][band] = {first, last};
+        }
+    }
+    return rows;
 }
 
-// How many rows away from the equator the square with a row letter lies, 0 for the row on the equator; rows
-// are counted on either hemisphere. Letters repeat every 2000 km: meant is the first square of that letter
-// whose far edge reaches the band. NO_LETTER if there is none within the band.
-std::int32_t FindRow(char letter, std::string_view rowLetters, std::int32_t zone, const UtmrefBand& band,
-                     const EdgeDistances& distances) {
-    const std::int32_t position = LetterIndex(rowLetters, letter);
-    if (position == NO_LETTER) return NO_LETTER;
-    const double nearNorthing = distances[EdgeIndex(band.nearEdge)] * SMALLEST_SCALE;
-    const double farNorthing = distances[EdgeIndex(band.farEdge)] * LARGEST_SCALE;
+constexpr auto ROWS = ForEachEllipsoid<RowsOfBands>(ComputeRows);
 
+constexpr Alphabet NORTH_BANDS = UTMREF_NORTH_BANDS.data();
+constexpr Alphabet SOUTH_BANDS = UTMREF_SOUTH_BANDS.data();
+constexpr Alphabet ROWS_AA = UTMREF_ROWS_AA.data();
+constexpr Alphabet ROWS_AL = UTMREF_ROWS_AL.data();
+constexpr Alphabet COLUMNS_BY_ZONE[] = {UTMREF_COLUMNS_BY_ZONE[0].data(), UTMREF_COLUMNS_BY_ZONE[1].data(),
+                                        UTMREF_COLUMNS_BY_ZONE[2].data()};
+
+// Letters repeat every 2000 km: meant is the first square of that letter whose far edge reaches the band.
+// NO_LETTER if there is none within the band.
+std::int32_t FindRow(std::int32_t position, std::int32_t zone, bool south, BandRows rows) {
     // South of the equator the letters run backward from the last one.
     const std::int32_t fromGridOrigin = position - utmref::RowShift(zone);
-    const std::int32_t fromEquator = band.south ? -1 - fromGridOrigin : fromGridOrigin;
-    const std::int32_t firstRow = std::max(TruncateToInt32(Ceil(nearNorthing / SQUARE_METRES) - 1.0), 0);
-    const std::int32_t ahead = (fromEquator - firstRow) % UTMREF_ROW_CYCLE;
-    const std::int32_t row = firstRow + (ahead + UTMREF_ROW_CYCLE) % UTMREF_ROW_CYCLE;
-
-    const double nearEdge = row * SQUARE_METRES;
-    const bool isBeyond = band.south ? nearEdge >= farNorthing : nearEdge > farNorthing;
-    return isBeyond ? NO_LETTER : row;
+    const std::int32_t fromEquator = south ? -1 - fromGridOrigin : fromGridOrigin;
+    const std::int32_t ahead = (fromEquator - rows.first) % UTMREF_ROW_CYCLE;
+    const std::int32_t row = rows.first + (ahead + UTMREF_ROW_CYCLE) % UTMREF_ROW_CYCLE;
+    return row > rows.last ? NO_LETTER : row;
 }
 
 }  // namespace
 
 bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
-    switch (ellipsoidCode) {
-        case ELLIPSOID_INTERNATIONAL:
-        case ELLIPSOID_WGS84:
-        case ELLIPSOID_AUSTRALIAN:
-        case ELLIPSOID_EVEREST_BRUNEI:
-        case ELLIPSOID_EVEREST_INDIA_1830:
-        case ELLIPSOID_EVEREST_INDIA_1956:
-        case ELLIPSOID_EVEREST_PAKISTAN:
-        case ELLIPSOID_EVEREST_MALAYSIA_1948:
-        case ELLIPSOID_EVEREST_MALAYSIA_1969:
-        case ELLIPSOID_GRS_1980:
-        case ELLIPSOID_SOUTH_AMERICAN_1969:
-        case ELLIPSOID_WGS72:
-        case ELLIPSOID_USER_DEFINED:
-            return true;
-        default:
-            return false;
-    }
+    return utmref::HasSchemeAA(static_cast<std::uint32_t>(ellipsoidCode));
 }
 
 // The band is that of the rounded position.
@@ -146,16 +152,19 @@ KoordStatus UtmrefFromUtm(const UtmPayload& utm, double latitude, std::uint32_t 
 }
 
 KoordStatus UtmrefToUtm(const UtmrefPayload& reference, std::uint32_t ellipsoid, UtmPayload* utm) {
-    UtmrefBand band;
-    if (!utmref::FindBand(reference.band, &band)) return KOORD_ERR_GENERAL;
-    const std::int32_t row = FindRow(reference.row, utmref::RowLetters(ellipsoid), reference.zone, band,
-                                     EDGE_DISTANCES[ellipsoid]);
-    const std::int32_t column = LetterIndex(utmref::ColumnLetters(reference.zone), reference.column);
-    if (row == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
+    const std::int32_t north = NORTH_BANDS.IndexOf(reference.band);
+    const bool isSouth = north == NO_LETTER;
+    const std::int32_t band = isSouth ? SOUTH_BANDS.IndexOf(reference.band) : north;
+    const std::int32_t position = (utmref::HasSchemeAA(ellipsoid) ? ROWS_AA : ROWS_AL).IndexOf(reference.row);
+    const std::int32_t column = COLUMNS_BY_ZONE[utmref::ColumnSet(reference.zone)].IndexOf(reference.column);
+    if (band == NO_LETTER || position == NO_LETTER || column == NO_LETTER) return KOORD_ERR_GENERAL;
+    const BandRows rows = ROWS[ellipsoid][isSouth ? 1 : 0][static_cast<std::size_t>(band)];
+    const std::int32_t row = FindRow(position, reference.zone, isSouth, rows);
+    if (row == NO_LETTER) return KOORD_ERR_GENERAL;
 
     const double southernEdge =
-        band.south ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * SQUARE_METRES : row * SQUARE_METRES;
-    utm->hemisphere = band.south ? 'S' : 'N';
+        isSouth ? UTM_SOUTHERN_FALSE_NORTHING - (row + 1) * SQUARE_METRES : row * SQUARE_METRES;
+    utm->hemisphere = isSouth ? 'S' : 'N';
     utm->zone = reference.zone;
     utm->easting = (column + 1) * SQUARE_METRES + reference.easting;
     utm->northing = southernEdge + reference.northing;

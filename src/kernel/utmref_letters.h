@@ -6,6 +6,7 @@
 
 #include "kernel/letters.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
 #include "tessara/kernel/limits.h"
 #include "tessara/kernel/utmref.h"
 
@@ -31,12 +32,28 @@ struct UtmrefBand {
 
 namespace utmref {
 
+// Which of the three alphabets of columns a zone has.
+[[nodiscard]] constexpr std::size_t ColumnSet(std::int32_t zone) {
+    return static_cast<std::size_t>((zone % 3 + 3) % 3);
+}
 [[nodiscard]] constexpr std::string_view ColumnLetters(std::int32_t zone) {
-    return UTMREF_COLUMNS_BY_ZONE[(zone % 3 + 3) % 3];
+    return UTMREF_COLUMNS_BY_ZONE[ColumnSet(zone)];
 }
 
-[[nodiscard]] inline std::string_view RowLetters(std::uint32_t ellipsoid) {
-    return UTMREF_UsesSchemeAA(static_cast<std::int32_t>(ellipsoid)) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
+// Of the codes of the ellipsoids, those whose rows begin with A.
+inline constexpr std::uint32_t SCHEME_AA =
+    1u << ELLIPSOID_INTERNATIONAL | 1u << ELLIPSOID_WGS84 | 1u << ELLIPSOID_AUSTRALIAN |
+    1u << ELLIPSOID_EVEREST_BRUNEI | 1u << ELLIPSOID_EVEREST_INDIA_1830 | 1u << ELLIPSOID_EVEREST_INDIA_1956 |
+    1u << ELLIPSOID_EVEREST_PAKISTAN | 1u << ELLIPSOID_EVEREST_MALAYSIA_1948 |
+    1u << ELLIPSOID_EVEREST_MALAYSIA_1969 | 1u << ELLIPSOID_GRS_1980 | 1u << ELLIPSOID_SOUTH_AMERICAN_1969 |
+    1u << ELLIPSOID_WGS72 | 1u << ELLIPSOID_USER_DEFINED;
+
+[[nodiscard]] constexpr bool HasSchemeAA(std::uint32_t ellipsoid) {
+    return ellipsoid < 32 && (SCHEME_AA >> ellipsoid & 1) != 0;
+}
+
+[[nodiscard]] constexpr std::string_view RowLetters(std::uint32_t ellipsoid) {
+    return HasSchemeAA(ellipsoid) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
 }
 
 // The number of letters by which the rows of a zone are shifted.

@@ -1,8 +1,6 @@
 // A conversion between two projections on datums of the table, prepared for any number of positions.
 #pragma once
 
-#include <cstring>
-
 #include "kernel/datum_rows.h"
 #include "systems/projection.h"
 #include "systems/range_check.h"
@@ -74,11 +72,6 @@ inline KoordStatus Conversion::Write(const double position[3], tagKOORD* target,
 // Any number but 1 turns the tests off.
 [[nodiscard]] inline RangeCheck CheckOf(std::int32_t checkRange) {
     return checkRange == 1 ? RangeCheck::On : RangeCheck::Off;
-}
-
-[[nodiscard]] inline bool HaveSameProjection(const tagKOORD& record, const tagKOORD& other) {
-    return record.datum == other.datum && record.type == other.type &&
-           std::memcmp(record.payload, other.payload, SystemOf(record).parameterBytes) == 0;
 }
 
 }  // namespace tessara

@@ -1,6 +1,8 @@
 #include "systems/convert_many.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <functional>
 #include <optional>
 #include <span>
@@ -11,6 +13,32 @@
 
 namespace tessara {
 namespace {
+
+// What tells records of one projection from others: datum and type as they lie in memory, and the parameters.
+class SameProjection {
+  public:
+    void As(const tagKOORD& record) {
+        first_ = record;
+        key_ = KeyOf(record);
+        parameterBytes_ = SystemOf(record).parameterBytes;
+    }
+    [[nodiscard]] const tagKOORD& First() const { return first_; }
+    [[nodiscard]] bool Holds(const tagKOORD& record) const {
+        return KeyOf(record) == key_ &&
+               (parameterBytes_ == 0 || std::memcmp(record.payload, first_.payload, parameterBytes_) == 0);
+    }
+
+  private:
+    static std::uint64_t KeyOf(const tagKOORD& record) {
+        std::uint64_t key;
+        std::memcpy(&key, &record, sizeof key);
+        return key;
+    }
+
+    tagKOORD first_;  // a copy: the caller's may overlap
+    std::uint64_t key_;
+    std::size_t parameterBytes_;
+};
 
 // The conversions of an array, prepared anew only where another projection begins.
 class ArrayConversion {
@@ -48,18 +76,18 @@ class ArrayConversion {
         areBlocksPrepared_ = false;
         if (!isPrepared_) return false;
         single_.Prepare(source, target);
-        source_ = source;
-        target_ = target;
+        source_.As(source);
+        target_.As(target);
         return true;
     }
 
     [[nodiscard]] bool Belongs(const tagKOORD& source, const tagKOORD& target) const {
-        return HaveSameProjection(source, source_) && HaveSameProjection(target, target_);
+        return source_.Holds(source) && target_.Holds(target);
     }
 
     bool BlocksAreWorthwhile() {
         if (!areBlocksPrepared_) {
-            blocks_.Prepare(single_, source_, target_, check_);
+            blocks_.Prepare(single_, source_.First(), target_.First(), check_);
             if (blocks_.IsWorthwhile() && !block_) block_.emplace();
             areBlocksPrepared_ = true;
         }
@@ -71,7 +99,7 @@ class ArrayConversion {
     bool isPrepared_ = false;
     bool areBlocksPrepared_ = false;
     Conversion single_;
-    tagKOORD source_, target_;  // copies: the caller's may overlap
+    SameProjection source_, target_;
     BlockConversion blocks_;
     std::optional<Block> block_;
 };
