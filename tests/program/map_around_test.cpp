@@ -170,7 +170,7 @@ TEST(MapPreview, SaysWhyAFileHasNoMap) {
     const std::string empty = files.File("empty", "# nothing\n");
     for (const auto& [file, message] :
          {std::pair{empty, "it holds no positions, neither as GeoJSON nor as lines of degrees"},
-          {std::string("nowhere"), "can't be read"}}) {
+          {std::string("nowhere"), "can't be read: No such file or directory"}}) {
         const Outcome outcome = Tessara({"map", "--preview", file});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.out, "");

@@ -231,7 +231,7 @@ TEST(MapGeoJson, SaysWhatIsWrongWithAFile) {
         << broken.outcome.err;
     const Outcome nowhere = Tessara({"map", "-"}, DEGREE_MAP + R"({"type": "geojson", "file": "nowhere"}]})");
     EXPECT_EQ(nowhere.status, 1);
-    EXPECT_EQ(nowhere.err, "nowhere: can't be read\n");
+    EXPECT_EQ(nowhere.err, "nowhere: can't be read: No such file or directory\n");
 }
 
 TEST(MapGeoJson, RefusesCollectionsWithoutEnd) {
