@@ -211,6 +211,7 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/kernel/ecef_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/kernel/origin_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/kernel/range_loops", "tests/systems/convert_many_equality_test.cpp"},
+    {"src/kernel/sphere_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/kernel/ups_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/kernel/zone_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/maps/map_coord_creator_factory", "tests/maps/map_coord_creator_test.cpp"},

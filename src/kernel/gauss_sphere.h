@@ -18,6 +18,7 @@
 #include "kernel/conformal_latitude.h"
 #include "numerics/arcs.h"
 #include "numerics/called.h"
+#include "numerics/conditions.h"
 #include "numerics/sin_cos.h"
 
 namespace tessara {
@@ -68,8 +69,9 @@ constexpr GaussSphere Compute(double phi0, compile_time::Wide e2, compile_time::
 }
 
 // tanh((1 + excess) artanh(x) + shift), where the excess and the shift are some thousandths.
+template <Reach reach>
 [[nodiscard]] inline double Scaled(double x, double excess, double shift) {
-    const double rest = excess * AtanhOfSmall(x) + shift;
+    const double rest = excess * AtanhOfSmall<reach>(x) + shift;
     const double tangent = rest - rest * rest * rest * (1.0 / 3.0);
     return (x + tangent) / (1.0 + x * tangent);
 }
@@ -81,10 +83,16 @@ constexpr GaussSphere Compute(double phi0, compile_time::Wide e2, compile_time::
     return {(from.sine * (1.0 + y) + 2.0 * x) * scale, from.cosine * (1.0 - y) * scale};
 }
 
+// The tangent of half of what the angle moves by.
+[[nodiscard]] inline double TangentOfHalf(SinCos from, double x) {
+    return x * from.cosine / (1.0 + x * from.sine);
+}
+
 // The same with the angle.
+template <Reach reach>
 [[nodiscard]] inline LatitudeAngle MovedAngle(const LatitudeAngle& from, double x) {
-    const double tangent = x * from.direction.cosine / (1.0 + x * from.direction.sine);
-    return {from.angle + 2.0 * AtanOfSmall(tangent), Moved(from.direction, x)};
+    return {from.angle + 2.0 * AtanOfSmall<reach>(TangentOfHalf(from.direction, x)),
+            Moved(from.direction, x)};
 }
 
 // The exponential of the isometric latitude on the sphere; negative beyond the poles.
@@ -94,10 +102,12 @@ constexpr GaussSphere Compute(double phi0, compile_time::Wide e2, compile_time::
 
 }  // namespace gauss
 
-// The direction on the sphere of a latitude on the ellipsoid.
-[[nodiscard]] inline SinCos OntoSphere(double phi, const GaussSphere& sphere, double e2) {
+// The direction on the sphere of a latitude on the ellipsoid. `isNear` becomes false where the formula for
+// what is near isn't good for it.
+template <Reach reach>
+[[nodiscard]] inline SinCos OntoSphere(double phi, const GaussSphere& sphere, double e2, bool* isNear) {
     const double away = phi - sphere.geodetic.angle;
-    if (!IsSmall(away * away)) {
+    if (reach == Reach::Everywhere && !IsSmall(away * away)) {
         const SinCos direction = called::SinCosOf(phi);
         const double ratio =
             gauss::ExponentialOf(direction) / gauss::ExponentialOf(sphere.geodetic.direction);
@@ -105,28 +115,33 @@ constexpr GaussSphere Compute(double phi0, compile_time::Wide e2, compile_time::
         const double distance = sphere.exponent * (called::Log(ratio) - share);
         return SinCosOfExponential(gauss::ExponentialOf(sphere.onSphere.direction) * called::Exp(distance));
     }
-    const SinCos half = SinCosOfSmall(0.5 * away);
+    const SinCos half = SinCosBySeries(0.5 * away);
     const SinCos middle = Sum(sphere.geodetic.direction, half);
     const SinCos direction = Sum(middle, half);
     const double share = EllipsoidShare(direction.sine, e2) - sphere.share;
     const double x = half.sine / middle.cosine;
+    *isNear = AllOf(*isNear, IsSmall(away * away), IsSmall(x * x));
     return gauss::Moved(sphere.onSphere.direction,
-                        gauss::Scaled(x, sphere.excess, -0.5 * sphere.exponent * share));
+                        gauss::Scaled<reach>(x, sphere.excess, -0.5 * sphere.exponent * share));
 }
 
 // The conformal latitude on the ellipsoid of a direction on the sphere.
-[[nodiscard]] inline LatitudeAngle OffSphere(SinCos b, const GaussSphere& sphere) {
+template <Reach reach>
+[[nodiscard]] inline LatitudeAngle OffSphere(SinCos b, const GaussSphere& sphere, bool* isNear) {
     const SinCos origin = sphere.onSphere.direction;
     const double one = (1.0 + b.sine) * origin.cosine;
     const double other = (1.0 + origin.sine) * b.cosine;
     const double x = (one - other) / (one + other);
-    if (!IsSmall(x * x)) {
+    if (reach == Reach::Everywhere && !IsSmall(x * x)) {
         const double distance =
             called::Log(gauss::ExponentialOf(b) / gauss::ExponentialOf(origin)) / sphere.exponent;
         const double t = gauss::ExponentialOf(sphere.conformal.direction) * called::Exp(distance);
         return {2.0 * (called::Atan(t) - QUARTER_PI), SinCosOfExponential(t)};
     }
-    return gauss::MovedAngle(sphere.conformal, gauss::Scaled(x, sphere.inverseExcess, 0.0));
+    const double scaled = gauss::Scaled<reach>(x, sphere.inverseExcess, 0.0);
+    const double tangent = gauss::TangentOfHalf(sphere.conformal.direction, scaled);
+    *isNear = AllOf(*isNear, IsSmall(x * x), IsSmall(tangent * tangent));
+    return gauss::MovedAngle<reach>(sphere.conformal, scaled);
 }
 
 }  // namespace tessara

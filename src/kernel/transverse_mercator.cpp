@@ -22,7 +22,6 @@ namespace {
 
 using tm::Figure;
 using tm::FigureOf;
-using tm::Reach;
 
 // Of a latitude beyond half a turn the tangent sees the direction.
 double LatitudeAsSeen(double lat) {
@@ -35,8 +34,9 @@ double LatitudeAsSeen(double lat) {
 void InverseOnUnit(const Plane& ellipsoid, const Figure& figure, double centralMeridian, double* lon,
                    double* lat, const TmConstants& c) {
     const LatitudeSeries& series = LATITUDE_SERIES[figure.ellipsoid];
-    tm::Position position = tm::Inverse<Reach::Strip>(ellipsoid, series, figure.e2, c.seriesCoef);
-    if (!position.isInReach) position = tm::Inverse<Reach::World>(ellipsoid, series, figure.e2, c.seriesCoef);
+    tm::Position position = tm::Inverse<Reach::Near>(ellipsoid, series, figure.e2, c.seriesCoef);
+    if (!position.isInReach)
+        position = tm::Inverse<Reach::Everywhere>(ellipsoid, series, figure.e2, c.seriesCoef);
     *lon = (position.lambda + centralMeridian * RADIANS_PER_DEGREE) * DEGREES_PER_RADIAN;
     *lat = position.phi * DEGREES_PER_RADIAN;
 }
@@ -49,8 +49,8 @@ void TM_Forward(double dLon, double lat, double k, double falseEasting, double f
     const double phi = LatitudeAsSeen(lat);
     const LatitudeSeries& series = CONFORMAL_SERIES[figure.ellipsoid];
     const Plane plane = tm::IsInStrip(dLon, phi)
-                            ? tm::Forward<Reach::Strip>(dLon, phi, series, c->seriesCoef)
-                            : tm::Forward<Reach::World>(dLon, phi, series, c->seriesCoef);
+                            ? tm::Forward<Reach::Near>(dLon, phi, series, c->seriesCoef)
+                            : tm::Forward<Reach::Everywhere>(dLon, phi, series, c->seriesCoef);
     const double ka = k * figure.a;
     *easting = ka * plane.east + falseEasting;
     *northing = ka * plane.north + falseNorthing;

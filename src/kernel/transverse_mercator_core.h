@@ -23,10 +23,6 @@ inline constexpr double HALF_PI_SHORT = 1.570796326794897;
 
 inline constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
 
-// Strip is what the short series are good for: some 5 degrees to either side. World gives the same bits
-// there.
-enum class Reach { Strip, World };
-
 // What the formulas need of a datum. For constants that belong to no datum the results aren't numbers.
 struct Figure {
     double a, e2;
@@ -64,7 +60,7 @@ template <Reach reach>
                                                double cosLambda) {
     const auto [up, along] = conformal.direction;
     const double ahead = along * cosLambda;
-    if (reach == Reach::World && !IsSmall(dLon * dLon)) return called::Atan(up / ahead);
+    if (reach == Reach::Everywhere && !IsSmall(dLon * dLon)) return called::Atan(up / ahead);
     return conformal.chi + AtanBySeries(up * along * (1.0 - cosLambda) / (up * up + along * ahead));
 }
 
@@ -77,20 +73,19 @@ template <Reach reach>
 template <Reach reach>
 [[nodiscard]] inline Plane Forward(double dLon, double phi, const LatitudeSeries& conformalSeries,
                                    const double c[5]) {
-    constexpr bool inStrip = reach == Reach::Strip;
+    constexpr bool inStrip = reach == Reach::Near;
     // Far off the strip every digit of the latitude's cosine shows in the easting.
     const SinCos direction = inStrip                ? DoublingBySeries<1>(phi)
                              : IsSmall(dLon * dLon) ? SinCosByDoubling<1>(phi)
                                                     : called::SinCosOf(phi);
     const ConformalAngle conformal = inStrip ? ConformalLatitudeWithinPoles(phi, direction, conformalSeries)
                                              : ConformalLatitude(phi, direction, conformalSeries);
-    const SinCos lambda = inStrip ? SinCosBySeries(dLon) : SinCosOfSmall(dLon);
+    const SinCos lambda = SinCosOfSmall<reach>(dLon);
     const double up = conformal.direction.sine;
     const double ahead = conformal.direction.cosine * lambda.cosine;
     const double aside = conformal.direction.cosine * lambda.sine;
 
-    const Plane sphere{TransverseLatitude<reach>(conformal, dLon, lambda.cosine),
-                       inStrip ? AtanhBySeries(aside) : AtanhOfSmall(aside)};
+    const Plane sphere{TransverseLatitude<reach>(conformal, dLon, lambda.cosine), AtanhOfSmall<reach>(aside)};
     const double twice = 2.0 / (up * up + ahead * ahead);
     const DoubleAngles angles{twice * up * ahead, 0.5 * twice * (ahead - up) * (ahead + up), twice * aside,
                               1.0 + twice * aside * aside};
@@ -120,10 +115,10 @@ struct Position {
 template <Reach reach>
 [[nodiscard]] inline Position Inverse(const Plane& ellipsoid, const LatitudeSeries& latitudeSeries, double e2,
                                       const double c[5]) {
-    constexpr bool inStrip = reach == Reach::Strip;
+    constexpr bool inStrip = reach == Reach::Near;
     const SinCos north =
         inStrip ? DoublingBySeries<1>(ellipsoid.north) : SinCosByDoubling<1>(ellipsoid.north);
-    const double sinhEast = inStrip ? SinhBySeries(ellipsoid.east) : SinhOfSmall(ellipsoid.east);
+    const double sinhEast = SinhOfSmall<reach>(ellipsoid.east);
     const double coshEast = std::sqrt(1.0 + sinhEast * sinhEast);
     const DoubleAngles angles{2.0 * north.sine * north.cosine,
                               (north.cosine - north.sine) * (north.cosine + north.sine),
@@ -131,7 +126,7 @@ template <Reach reach>
     const Plane series = SineSeries(c, angles);
 
     // On the sphere.
-    const SinCos xi = Difference(north, inStrip ? SinCosBySeries(series.north) : SinCosOfSmall(series.north));
+    const SinCos xi = Difference(north, SinCosOfSmall<reach>(series.north));
     const Plane sphere{ellipsoid.north - series.north, ellipsoid.east - series.east};
     const double sinhEta = inStrip ? SinhBySeries(sphere.east) : BoundedSinh(sphere.east);
     const double sinh2 = sinhEta * sinhEta;
@@ -144,7 +139,7 @@ template <Reach reach>
     constexpr double offThePoles = 1.5;  // radians
     const bool isNear = AllOf(IsSmall(sinh2), std::fabs(sphere.north) < offThePoles);
     const double chi =
-        reach == Reach::World && !isNear
+        reach == Reach::Everywhere && !isNear
             ? called::Atan(xi.sine / meridian)
             : sphere.north -
                   AtanBySeries(xi.sine * sinh2 /
@@ -158,8 +153,7 @@ template <Reach reach>
     const bool isInReach = AllOf(IsInReachOfDoubling<1>(ellipsoid.north),
                                  IsSmall(ellipsoid.east * ellipsoid.east), IsSmall(sphere.east * sphere.east),
                                  IsSmall(series.north * series.north), IsSmall(tangent * tangent), isNear);
-    return {inStrip ? AtanBySeries(tangent) : AtanOfSmall(tangent),
-            chi + (step + rest) - (HALF_PI_SHORT - HALF_PI), isInReach};
+    return {AtanOfSmall<reach>(tangent), chi + (step + rest) - (HALF_PI_SHORT - HALF_PI), isInReach};
 }
 
 }  // namespace tessara::tm

@@ -30,7 +30,7 @@ struct ForwardRow {
     [[nodiscard]] Plane PlaneOf(Block& block, std::size_t row, double dLon) const {
         const double latitude = block.latitude[row] * RADIANS_PER_DEGREE;
         block.Refuse(row, !IsInStrip(dLon, latitude));
-        return Forward<Reach::Strip>(dLon, LatitudeAsSeen(latitude), series, c);
+        return Forward<Reach::Near>(dLon, LatitudeAsSeen(latitude), series, c);
     }
 };
 
@@ -54,7 +54,7 @@ struct InverseRow {
 
     // Radians.
     [[nodiscard]] Position PositionOf(Block& block, std::size_t row, const Plane& plane) const {
-        const Position position = Inverse<Reach::Strip>(plane, series, e2, c);
+        const Position position = Inverse<Reach::Near>(plane, series, e2, c);
         block.Refuse(row, !position.isInReach);
         return position;
     }

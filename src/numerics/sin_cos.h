@@ -39,13 +39,20 @@ namespace tessara {
     return x * SineTerms(x * x);
 }
 
-// The same as SinCosOf for any angle, and fast for a small one.
+// Which arguments a formula is good for: small ones, for which it has neither branches nor calls, or all.
+// Where it is good for small ones only, it gives the same bits there as for all.
+enum class Reach { Near, Everywhere };
+
+// SinCosOf, and fast for a small angle.
+template <Reach reach = Reach::Everywhere>
 [[nodiscard]] inline SinCos SinCosOfSmall(double angle) {
-    return IsSmall(angle * angle) ? SinCosBySeries(angle) : called::SinCosOf(angle);
+    if (reach == Reach::Everywhere && !IsSmall(angle * angle)) return called::SinCosOf(angle);
+    return SinCosBySeries(angle);
 }
 
+template <Reach reach = Reach::Everywhere>
 [[nodiscard]] inline double SinhOfSmall(double x) {
-    return IsSmall(x * x) ? SinhBySeries(x) : Sinh(x);
+    return reach == Reach::Near || IsSmall(x * x) ? SinhBySeries(x) : Sinh(x);
 }
 
 // The sum of y^k / (2k + 1) over k = 0..7: atanh(x) / x for y = x^2, atan(x) / x for y = -x^2.
@@ -63,19 +70,22 @@ namespace tessara {
     return x * ArcTerms(x * x);
 }
 
+template <Reach reach = Reach::Everywhere>
 [[nodiscard]] inline double AtanOfSmall(double x) {
-    return IsSmall(x * x) ? AtanBySeries(x) : called::Atan(x);
+    return reach == Reach::Near || IsSmall(x * x) ? AtanBySeries(x) : called::Atan(x);
 }
 
+template <Reach reach = Reach::Everywhere>
 [[nodiscard]] inline double AsinOfSmall(double x) {
     const double y = x * x;
-    if (!IsSmall(y)) return called::Asin(x);
+    if (reach == Reach::Everywhere && !IsSmall(y)) return called::Asin(x);
     const double tangent2 = y / (1.0 - y);
     return x / std::sqrt(1.0 - y) * ArcTerms(-tangent2);
 }
 
+template <Reach reach = Reach::Everywhere>
 [[nodiscard]] inline double AtanhOfSmall(double x) {
-    return IsSmall(x * x) ? AtanhBySeries(x) : Artanh(x);
+    return reach == Reach::Near || IsSmall(x * x) ? AtanhBySeries(x) : Artanh(x);
 }
 
 // Twice the angle of a tangent from 0 up to 1.

@@ -6,6 +6,7 @@
 #include "kernel/lettered_references.h"
 #include "kernel/numeric.h"
 #include "kernel/origin_loops.h"
+#include "kernel/sphere_loops.h"
 #include "kernel/ups_loops.h"
 #include "kernel/utmref_squares.h"
 #include "kernel/zone_loops.h"
@@ -259,6 +260,15 @@ BlockStep TmInverseOf(const RunOf& run) {
     return OriginInverse(ParamsOf(Load<TmPayload>(run.record)), run.projection.originNorth, run.Datum());
 }
 
+// -- The Swiss grid, which knows no other ellipsoid.
+
+BlockStep ChForwardOf(const RunOf& /*run*/) {
+    return ChForward();
+}
+BlockStep ChInverseOf(const RunOf& /*run*/) {
+    return ChInverse();
+}
+
 // -- Cartesian.
 
 void LoadEcef(std::span<const tagKOORD> records, Block& block) {
@@ -350,5 +360,10 @@ constinit const BlockForm ECEF_BLOCKS{
     LoadEcef, OnDatum<EcefInverse>, nullptr, OnDatum<EcefForward>, StoreEcef, CARTESIAN};
 constinit const BlockForm UPS_BLOCKS{
     LoadUps, OnDatum<UpsInverse>, nullptr, OnDatum<UpsForward>, StoreUps, POLAR, nullptr, IsSouthOfUps};
+
+constinit const BlockForm CH_BLOCKS{LoadGrid<GridPayload>,  ChInverseOf, nullptr, ChForwardOf,
+                                    StoreGrid<GridPayload>, METRES};
+constinit const BlockForm RD_BLOCKS{LoadGrid<GridPayload>, OnDatum<RdInverse>,     nullptr,
+                                    OnDatum<RdForward>,    StoreGrid<GridPayload>, METRES};
 
 }  // namespace tessara

@@ -486,6 +486,7 @@ constexpr SystemRow Ch() {
     row.read = Read<CH_ToGeodetic>;
     row.write = Write<CH_FromGeodetic>;
     row.factors = CH_Factors;
+    row.blocks = &CH_BLOCKS;
     row.range.east = {KOORD_ERR_CH_EAST_LOW, KOORD_ERR_CH_EAST_HIGH};
     row.range.north = {KOORD_ERR_CH_NORTH_LOW, KOORD_ERR_CH_NORTH_HIGH};
     return row;
@@ -683,6 +684,7 @@ constexpr SystemRow Rd() {
     row.read = Read<RD_ToGeodetic>;
     row.write = Write<RD_FromGeodetic>;
     row.factors = RD_Factors;
+    row.blocks = &RD_BLOCKS;
     return row;
 }
 
