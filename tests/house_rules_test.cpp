@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -278,6 +279,31 @@ TEST(HouseRules, ASourceHasATestByItsName) {
         EXPECT_NE(hasTest, elsewhere != SOURCES_TESTED_ELSEWHERE.end()) << source;
         if (elsewhere == SOURCES_TESTED_ELSEWHERE.end()) continue;
         EXPECT_TRUE(fs::exists(ROOT / elsewhere->second)) << elsewhere->second;
+    }
+}
+
+// Names that a header includes, of one directory of the contract.
+std::set<std::string> IncludedBy(const std::string& header) {
+    std::set<std::string> names;
+    for (const SourceFile& file : FilesBelow({"include"})) {
+        if (file.path != "include/" + header) continue;
+        for (const Include& include : file.Includes())
+            names.insert(include.name);
+    }
+    return names;
+}
+
+// One include gives a caller everything: kernel.h for plain functions, tessara.h for hosts of objects.
+TEST(HouseRules, TheTwoDoorsLeadToAllHeaders) {
+    const std::set<std::string> otherNames{"tessara/kernel/polynomial.h", "tessara/kernel/projection_math.h",
+                                           "tessara/kernel.h", "tessara/tessara.h"};
+    const std::set<std::string> kernel = IncludedBy("tessara/kernel.h");
+    const std::set<std::string> host = IncludedBy("tessara/tessara.h");
+    for (const SourceFile& file : FilesBelow({"include"})) {
+        const std::string name = fs::path(file.path).lexically_relative("include").generic_string();
+        if (otherNames.count(name) > 0 || StartsWith(name, "tessara/internal/")) continue;
+        const bool isKernels = StartsWith(name, "tessara/kernel/");
+        EXPECT_EQ((isKernels ? kernel : host).count(name), 1u) << name;
     }
 }
 

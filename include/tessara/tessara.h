@@ -49,6 +49,7 @@
 #include "tessara/euclidean_vector.h"
 #include "tessara/float_point.h"
 #include "tessara/geo_date.h"
+#include "tessara/guid.h"
 #include "tessara/host/coord.h"
 #include "tessara/host/listings.h"
 #include "tessara/host/object_manager.h"
