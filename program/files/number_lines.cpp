@@ -4,7 +4,7 @@
 
 #include "conversion/numbers.h"
 #include "files/field_writing.h"
-#include "files/json_scan.h"
+#include "files/json_object.h"
 #include "files/line_blocks.h"
 #include "files/record_reader.h"
 
@@ -54,24 +54,12 @@ std::string ReadNumbers(const NumberLine& line, const std::vector<NumberColumn>&
     return {};
 }
 
-void AppendMember(std::string_view name, std::string* json) {
-    if (!json->ends_with('{')) *json += ',';
-    AppendString(name, json);
-    *json += ':';
-}
-
-void AppendObject(const NumberComputation& computation, const std::vector<double>& numbers,
-                  const std::vector<Field>& results, std::string* json) {
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        AppendMember(computation.columns[i].name, json);
-        AppendNumber(numbers[i], json);
-    }
-    for (const std::vector<Field>* fields : {&computation.about, &results}) {
-        for (const Field& field : *fields) {
-            AppendMember(field.name, json);
-            AppendJson(field, json);
-        }
-    }
+void AddMembers(const NumberComputation& computation, const std::vector<double>& numbers,
+                const std::vector<Field>& results, JsonObject* object) {
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        object->Number(computation.columns[i].name, numbers[i]);
+    object->Fields(computation.about);
+    object->Fields(results);
 }
 
 void AppendFields(const std::vector<Field>& fields, std::string* line) {
@@ -138,17 +126,13 @@ class NumberStages {
         if (wrong.empty()) wrong = computation.compute(numbers, &results);
         if (!wrong.empty()) return wrong;
         if (options_.isJson) {
-            *out += '{';
-            AppendMember("file", out);
-            AppendString(file, out);
-            AppendMember("line", out);
-            *out += std::to_string(number);
-            AppendObject(computation, numbers, results, out);
-            if (!split.rest.empty()) {
-                AppendMember("rest", out);
-                AppendString(split.rest, out);
-            }
-            *out += "}\n";
+            JsonObject object(out);
+            object.Text("file", file);
+            *object.Name("line") += std::to_string(number);
+            AddMembers(computation, numbers, results, &object);
+            if (!split.rest.empty()) object.Text("rest", split.rest);
+            object.End();
+            *out += '\n';
             return {};
         }
         AppendFields(results, out);
@@ -176,9 +160,9 @@ ExitCode ComputeOnce(const NumberComputation& computation, const std::vector<dou
     }
     std::string text;
     if (isJson) {
-        text = "{";
-        AppendObject(computation, numbers, results, &text);
-        text += '}';
+        JsonObject object(&text);
+        AddMembers(computation, numbers, results, &object);
+        object.End();
     } else {
         AppendFields(results, &text);
     }

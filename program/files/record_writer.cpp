@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
+#include <utility>
 
 #include "conversion/numbers.h"
 #include "conversion/quote.h"
@@ -130,9 +132,9 @@ void RecordWriter::AppendTextLine(const Record& record, const Results* results, 
             const std::vector<Field>* const values = ValuesAt(conversion_, results, 0, target);
             for (std::size_t i = 0; i < names_.values[target].size(); ++i) {
                 separate();
-                std::string text(PLACEHOLDER);
-                if (values != nullptr) text.clear(), AppendText((*values)[i], &text);
-                AppendColumn(text, separator, out);
+                std::string text;
+                if (values != nullptr) AppendText((*values)[i], &text);
+                AppendColumn(values != nullptr ? text : PLACEHOLDER, separator, out);
             }
         }
     };
@@ -204,50 +206,29 @@ void RecordWriter::AppendCells(const std::vector<Field>* values, std::size_t cou
 }
 
 void RecordWriter::AppendObject(const Record& record, const Results* results, std::string* out) {
-    *out += '{';
-    AppendMembers(record, results, out);
-    *out += "}\n";
+    JsonObject object(out);
+    AddMembers(record, results, &object, out);
+    object.End();
+    *out += '\n';
 }
 
 // The results stand where the position was, or before all else.
-void RecordWriter::AppendMembers(const Record& record, const Results* results, std::string* out) {
-    const std::size_t begin = out->size();
-    const auto separate = [&] {
-        if (out->size() > begin) *out += ',';
-    };
-    bool hasResults = false;
-    const auto put = [&] {
-        hasResults = true;
-        AppendResults(record, results, out);
-    };
-    if (record.at.north == NO_MEMBER) put();
+void RecordWriter::AddMembers(const Record& record, const Results* results, JsonObject* object,
+                              std::string* out) {
+    const std::size_t resultsAt = record.at.north < record.members.size() ? record.at.north : 0;
     for (std::size_t i = 0; i < record.members.size(); ++i) {
-        if (i == record.at.north) {
-            if (!conversion_.to.empty()) separate();
-            put();
-        }
+        if (i == resultsAt) AddResults(record, results, object, out);
         if (IsReplaced(conversion_, record.at, i)) continue;
-        separate();
-        AppendString(record.members[i].name, out);
-        *out += ':';
-        AppendAsJson(record.members[i].value, out);
+        AppendAsJson(record.members[i].value, object->Name(record.members[i].name));
     }
-    if (hasResults) return;
-    separate();
-    put();
+    if (record.members.empty()) AddResults(record, results, object, out);
 }
 
-void RecordWriter::AppendResults(const Record& record, const Results* results, std::string* out) {
-    bool isFirst = true;
-    const auto name = [&](const std::string& text) {
-        if (!isFirst) *out += ',';
-        isFirst = false;
-        AppendString(text, out);
-        *out += ':';
-    };
+void RecordWriter::AddResults(const Record& record, const Results* results, JsonObject* object,
+                              std::string* out) {
     for (std::size_t target = 0; target < names_.values.size(); ++target) {
         for (std::size_t i = 0; i < names_.values[target].size(); ++i) {
-            name(names_.values[target][i]);
+            object->Name(names_.values[target][i]);
             if (results == nullptr) {
                 *out += "null";
                 continue;
@@ -259,60 +240,49 @@ void RecordWriter::AppendResults(const Record& record, const Results* results, s
         }
     }
     if (conversion_.output == Form::GEOJSON || record.at.north != NO_MEMBER || results == nullptr) return;
-    const bool hasHeight = std::any_of(results->positions.begin(), results->positions.end(),
+    const std::vector<Position>& positions = results->positions;
+    const bool hasHeight = std::any_of(positions.begin(), positions.end(),
                                        [](const Position& position) { return position.height.has_value(); });
     if (!hasHeight) return;
-    name(names_.height);
     const std::function<void(std::size_t)> append = [&](std::size_t i) {
-        const std::optional<double> height = results->positions[i].height;
-        if (!height) *out += "null";
-        if (height) AppendNumber(*height, out);
+        // What is no number is written as null.
+        AppendNumber(positions[i].height.value_or(std::numeric_limits<double>::quiet_NaN()), out);
     };
+    object->Name(names_.height);
     AppendNested(record.geometry, append, out);
 }
 
 // A feature keeps what it has besides, like an id, but for the box around its old geometry.
 void RecordWriter::AppendFeature(const Record& record, const Results* results, std::string* out) {
     *out += COLLECTION_SEPARATOR;
-    *out += '{';
+    JsonObject feature(out);
+    const auto addGeometry = [&] {
+        feature.Name("geometry");
+        if (results == nullptr) *out += "null";
+        if (results != nullptr) AppendGeometry(record.geometry, results->points, out);
+    };
+    const auto addProperties = [&] {
+        feature.Name("properties");
+        JsonObject properties(out);
+        AddMembers(record, results, &properties, out);
+        properties.End();
+    };
     bool hasGeometry = false;
     bool hasProperties = false;
-    const auto name = [&](std::string_view text) {
-        if (!out->ends_with('{')) *out += ',';
-        AppendString(text, out);
-        *out += ':';
-    };
-    const auto geometry = [&] {
-        if (std::exchange(hasGeometry, true)) return;
-        name("geometry");
-        if (results == nullptr) {
-            *out += "null";
-        } else {
-            AppendGeometry(record.geometry, results->points, out);
-        }
-    };
-    const auto properties = [&] {
-        if (std::exchange(hasProperties, true)) return;
-        name("properties");
-        *out += '{';
-        AppendMembers(record, results, out);
-        *out += '}';
-    };
-    if (record.frame.empty()) (name("type"), *out += "\"Feature\"");
+    if (record.frame.empty()) feature.Text("type", "Feature");
     for (const Member& member : record.frame) {
         if (member.name == "bbox") continue;
         if (member.name == "geometry") {
-            geometry();
+            if (!std::exchange(hasGeometry, true)) addGeometry();
         } else if (member.name == "properties") {
-            properties();
+            if (!std::exchange(hasProperties, true)) addProperties();
         } else {
-            name(member.name);
-            AppendAsJson(member.value, out);
+            AppendAsJson(member.value, feature.Name(member.name));
         }
     }
-    geometry();
-    properties();
-    *out += '}';
+    if (!hasGeometry) addGeometry();
+    if (!hasProperties) addProperties();
+    feature.End();
 }
 
 }  // namespace tessara::program

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "files/json_object.h"
 #include "files/record_conversion.h"
 #include "files/result_names.h"
 
@@ -50,8 +51,8 @@ class RecordWriter {
     void AppendKept(std::size_t begin, std::size_t end, std::string* out) const;
     void AppendCells(const std::vector<Field>* values, std::size_t count, std::string* out) const;
     void AppendObject(const Record& record, const Results* results, std::string* out);
-    void AppendMembers(const Record& record, const Results* results, std::string* out);
-    void AppendResults(const Record& record, const Results* results, std::string* out);
+    void AddMembers(const Record& record, const Results* results, JsonObject* object, std::string* out);
+    void AddResults(const Record& record, const Results* results, JsonObject* object, std::string* out);
     void AppendFeature(const Record& record, const Results* results, std::string* out);
     [[nodiscard]] std::size_t PlaceOf(std::string_view name, std::size_t hint) const;
 

@@ -1,41 +1,18 @@
 #include "files/report.h"
 
 #include "conversion/names.h"
-#include "files/field_writing.h"
-#include "files/json_scan.h"
+#include "files/json_object.h"
 
 namespace tessara::program {
 namespace {
 
-// Writes the members of an object.
-class Object {
-  public:
-    explicit Object(std::string* json) : json_(*json) { json_ += '{'; }
-
-    std::string* Name(std::string_view name) {
-        if (!json_.ends_with('{')) json_ += ',';
-        AppendString(name, &json_);
-        json_ += ':';
-        return &json_;
-    }
-    void Text(std::string_view name, std::string_view text) { AppendString(text, Name(name)); }
-    void Number(std::string_view name, double number) { AppendNumber(number, Name(name)); }
-    void Fields(const std::vector<Field>& fields) {
-        for (const Field& field : fields)
-            AppendJson(field, Name(field.name));
-    }
-    void End() { json_ += '}'; }
-
-  private:
-    std::string& json_;
-};
-
-void AddReference(const Reference& reference, Object* object) {
+void AddReference(const Reference& reference, JsonObject* object) {
     object->Text("system", SystemName(reference.system));
     object->Text("datum", DatumName(reference.datum));
 }
 
-void AddTexts(const RecordConversion& conversion, const Record& record, Object* object, std::string* json) {
+void AddTexts(const RecordConversion& conversion, const Record& record, JsonObject* object,
+              std::string* json) {
     AddReference(*conversion.from, object);
     bool hasOthers = false;
     for (std::size_t i = 0; i < record.members.size(); ++i) {
@@ -45,14 +22,14 @@ void AddTexts(const RecordConversion& conversion, const Record& record, Object* 
     }
     if (!hasOthers) return;
     object->Name("columns");
-    Object columns(json);
+    JsonObject columns(json);
     for (std::size_t i = 0; i < record.members.size(); ++i) {
         if (!record.at.Has(i)) AppendAsJson(record.members[i].value, columns.Name(record.members[i].name));
     }
     columns.End();
 }
 
-void AddDegrees(const RecordConversion& conversion, const Record& record, Object* object) {
+void AddDegrees(const RecordConversion& conversion, const Record& record, JsonObject* object) {
     object->Text("datum", DatumName(conversion.datum));
     for (const Position& position : record.positions) {
         object->Number("latitude", position.latitude);
@@ -65,12 +42,12 @@ void AddDegrees(const RecordConversion& conversion, const Record& record, Object
 
 void AddResult(const RecordConversion& conversion, const Results& results, std::size_t target,
                std::string* json) {
-    Object object(json);
+    JsonObject object(json);
     AddReference(conversion.to[target], &object);
     object.Fields(results.values[target]);
     if (conversion.texts) {
         object.Name("fields");
-        Object fields(json);
+        JsonObject fields(json);
         fields.Fields(FieldsOf(results.koords[target]));
         fields.End();
     }
@@ -81,7 +58,7 @@ void AddResult(const RecordConversion& conversion, const Results& results, std::
 
 void AppendReport(const RecordConversion& conversion, const Layout& layout, const Record& record,
                   const Results* results, std::string* json) {
-    Object object(json);
+    JsonObject object(json);
     object.Text("file", layout.file);
     *object.Name("line") += std::to_string(record.number);
     if (conversion.from) {
