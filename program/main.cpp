@@ -1,5 +1,6 @@
 // The program `tessara`: coordinate calculations on the command line.
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 
 #include "commands/commands.h"
@@ -14,7 +15,7 @@ constexpr const char* DESCRIPTION =
     "Coordinate calculations: positions on any of 239 geodetic datums, in national and world systems.";
 
 constexpr const char* FOOTER = R"(Examples:
-  echo 48.1375 11.5755 | tessara convert --to UTM --to GK@GER
+  tessara convert --to UTM --to GK@GER -- 48.1375 11.5755
   tessara convert --json --to UTMREF positions.txt
   tessara systems
   tessara distance 40.64 -73.78 51.47 -0.45
@@ -22,12 +23,25 @@ constexpr const char* FOOTER = R"(Examples:
 Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 wrong
 usage. `tessara COMMAND --help` says more about a command.)";
 
+// Behind `--` stands the position that is to be converted, unless it is files.
+void TakePosition(std::vector<std::string>* arguments) {
+    const auto dashes = std::find(arguments->begin(), arguments->end(), "--");
+    if (arguments->empty() || arguments->front() != "convert" || dashes == arguments->end()) return;
+    const bool areFiles = std::all_of(dashes + 1, arguments->end(),
+                                      [](const std::string& word) { return std::filesystem::exists(word); });
+    if (areFiles) return;
+    for (auto word = dashes + 1; word != arguments->end(); ++word)
+        word->insert(0, "--position=");
+    arguments->erase(dashes);
+}
+
 // A negative number that begins with its point is a number, and no option.
 std::vector<std::string> ReadArguments(int argc, char** argv) {
     std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     for (std::string& argument : arguments) {
         if (argument.starts_with("-.") && ParseNumber(argument)) argument.insert(1, "0");
     }
+    TakePosition(&arguments);
     return arguments;
 }
 

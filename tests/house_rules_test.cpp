@@ -142,7 +142,7 @@ using Floors = std::vector<std::string>;
 
 const Floors LIBRARY{"numerics", "kernel", "systems",  "maps/kernel", "frame", "records", "objects",
                      "text",     "maps",   "geometry", "polygons",    "areas", "grids",   "component"};
-const Floors TOOLKIT{"conversion", "lines", "map"};
+const Floors TOOLKIT{"conversion", "lines", "typed", "map"};
 const Floors PROGRAM{"files", "commands", ""};
 
 constexpr int NO_FLOOR = -1;

@@ -1,7 +1,9 @@
 #include "commands/arguments.h"
 
 #include <algorithm>
+#include <cctype>
 #include <iterator>
+#include <map>
 
 #include "conversion/names.h"
 #include "conversion/numbers.h"
@@ -15,11 +17,46 @@ constexpr const char* ON_ERROR_NAMES[] = {"skip", "keep", "stop"};
 
 constexpr int MOST_JOBS = 256;
 
+// What stands behind `auto`, or nothing if it is something else.
+std::optional<std::string> BehindAuto(const std::string& name) {
+    constexpr std::string_view AUTO = "auto";
+    std::string word = name.substr(0, AUTO.size());
+    for (char& c : word)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    const std::string behind = name.substr(word.size());
+    if (word != AUTO || !(behind.empty() || behind.front() == '@')) return std::nullopt;
+    return behind.empty() ? behind : behind.substr(1);
+}
+
 }  // namespace
 
 OnError FileOptions::WhatOnError() const {
     const auto* const found = std::find(std::begin(ON_ERROR_NAMES), std::end(ON_ERROR_NAMES), onError);
     return static_cast<OnError>(found - std::begin(ON_ERROR_NAMES));
+}
+
+std::optional<Reference> TypedReferenceByName(const std::string& name, std::int32_t defaultDatum) {
+    const std::optional<std::string> datum = BehindAuto(name);
+    if (!datum) return ReferenceByName(name, defaultDatum);
+    if (datum->empty()) return Reference{NO_SYSTEM, defaultDatum};
+    const std::optional<std::int32_t> number = DatumByName(*datum);
+    return number ? std::optional(Reference{NO_SYSTEM, *number}) : std::nullopt;
+}
+
+std::string WrongTypedReference(const std::string& name) {
+    const std::optional<std::string> datum = BehindAuto(name);
+    if (!datum) return WrongReference(name);
+    return datum->empty() ? "" : WrongDatum(*datum);
+}
+
+void AddOrder(CLI::App& command, Order& order) {
+    const std::map<std::string, Order> orders{{"ne", Order::NorthFirst}, {"en", Order::EastFirst}};
+    command
+        .add_option(
+            "--order", order,
+            "Which of two bare numbers in one text comes first; without it, the order that gives a position")
+        ->transform(CLI::CheckedTransformer(orders, CLI::ignore_case).description(""))
+        ->type_name("ne|en");
 }
 
 CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string& name,

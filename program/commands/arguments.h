@@ -2,13 +2,17 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "conversion/references.h"
 #include "files/exit_code.h"
 #include "files/number_lines.h"
 #include "files/record_conversion.h"
+#include "files/toolkit_names.h"
+#include "typed/typed_reader.h"
 
 namespace tessara::program {
 
@@ -53,5 +57,13 @@ void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string
 [[nodiscard]] std::string WrongNumbers(const NumberArguments& arguments,
                                        const std::vector<NumberColumn>& columns);
 [[nodiscard]] ExitCode Compute(const NumberArguments& arguments, const NumberComputation& computation);
+
+// The reference of typed positions: SYSTEM[:PARAMETERS][@DATUM], or auto[@DATUM] for any system.
+[[nodiscard]] std::optional<Reference> TypedReferenceByName(const std::string& name,
+                                                            std::int32_t defaultDatum);
+[[nodiscard]] std::string WrongTypedReference(const std::string& name);
+
+// Which of two bare numbers in one text comes first: `--order en`.
+void AddOrder(CLI::App& command, Order& order);
 
 }  // namespace tessara::program

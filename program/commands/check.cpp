@@ -2,46 +2,128 @@
 #include <iostream>
 #include <memory>
 
+#include "commands/arguments.h"
 #include "commands/commands.h"
-#include "conversion/typed_position.h"
-#include "files/toolkit_names.h"
+#include "commands/typed_position.h"
+#include "conversion/names.h"
+#include "conversion/numbers.h"
+#include "files/json_object.h"
+#include "tessara/kernel/systems.h"
 
 namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    "Writes `valid`, or `not valid` and why. The exit status is 1 for a position that isn't valid.\n"
-    "\n"
-    "Examples:\n"
-    "  tessara check --system UTM 'N 5334791' '32 691602'\n"
-    "  tessara check --system GK@GER 5333259.5 4468409.7\n"
-    "  tessara check --system UTMREF 'U U 34791' '32 P 91602'";
+    R"(Writes `valid`, and what the text was understood as: the system, its fields with the digits that were typed -
+a line for each digit of a reference that wasn't - and latitude and longitude on the datum. Otherwise writes
+`not valid`, why, and which piece is meant; the exit status is 1 then.
+
+The position is one text, or a north and an east text. Without --system any is recognised: degrees, UTM, UPS,
+military references, GEOREF, and squares of the British and Irish grids.
+
+Examples:
+  tessara check 32UPU9160234791
+  tessara check "48 8 15 N, 11 34 32 E"
+  tessara check --system UTM 'N 5334791' '32 691602'
+  tessara check --system GK@GER 5333259.5 4468409.7)";
 
 struct Options {
-    std::string system;
-    std::string north;
-    std::string east;
+    std::string system = "auto";
+    std::vector<std::string> words;
+    Order order = Order::Unknown;
+    bool json = false;
 };
 
+// In units of the system that people know: degrees or metres.
+std::string ResolutionText(const Reading& reading) {
+    const bool areDegrees = System_Unit(reading.reference.system) == Unit::Degree;
+    const auto text = [](double resolution) { return FormatPlain(resolution, DEGREE_DECIMALS); };
+    const std::string unit = areDegrees ? " degrees" : " m";
+    return text(reading.northResolution) + unit + " north, " + text(reading.eastResolution) + unit + " east";
+}
+
+void WriteReading(const Reading& reading) {
+    std::cout << "  " << reading.reference.Name() << "  " << PictureOf(reading) << "\n  digits  "
+              << ResolutionText(reading) << '\n';
+    GeodezPayload degrees{};
+    if (!DegreesOf(reading.record, &degrees)) return;
+    std::cout << "  degrees  " << FormatNumber(degrees.latitude, DEGREE_DECIMALS) << ' '
+              << FormatNumber(degrees.longitude, DEGREE_DECIMALS) << '\n';
+}
+
+void AddReading(const Reading& reading, std::string* json) {
+    JsonObject object(json);
+    object.Text("system", SystemName(reading.reference.system));
+    object.Text("datum", DatumName(reading.reference.datum));
+    object.Text("picture", PictureOf(reading));
+    object.Number("northResolution", reading.northResolution);
+    object.Number("eastResolution", reading.eastResolution);
+    GeodezPayload degrees{};
+    if (DegreesOf(reading.record, &degrees)) {
+        object.Number("latitude", degrees.latitude);
+        object.Number("longitude", degrees.longitude);
+    }
+    object.End();
+}
+
+void AddFault(const Fault& fault, std::string* json) {
+    JsonObject object(json);
+    object.Text("code", fault.code);
+    object.Text("reason", fault.reason);
+    *object.Name("text") += std::to_string(fault.piece.text);
+    *object.Name("begin") += std::to_string(fault.piece.begin);
+    *object.Name("end") += std::to_string(fault.piece.end);
+    object.End();
+}
+
+void WriteJson(const TypedResult& result) {
+    std::string json;
+    JsonObject object(&json);
+    *object.Name("valid") += result.IsRead() ? "true" : "false";
+    *object.Name("readings") += '[';
+    for (const Reading& reading : result.readings) {
+        if (&reading != result.readings.data()) json += ',';
+        AddReading(reading, &json);
+    }
+    json += ']';
+    if (!result.IsRead()) {
+        object.Name("fault");
+        AddFault(result.fault, &json);
+    }
+    object.End();
+    std::cout << json << '\n';
+}
+
 ExitCode Check(const Options& options) {
-    const std::string wrong =
-        TypedPosition(*ReferenceByName(options.system, DATUM_WGS84)).Read(options.north, options.east);
-    std::cout << (wrong.empty() ? "valid" : "not valid: " + wrong) << '\n';
-    return wrong.empty() ? EXIT_DONE : EXIT_INCOMPLETE;
+    const Reference reference = *TypedReferenceByName(options.system, DATUM_WGS84);
+    const TypedResult result = ReadWords(TypedReader({reference, options.order}), options.words);
+    if (options.json) {
+        WriteJson(result);
+    } else if (result.IsRead()) {
+        std::cout << "valid\n";
+        WriteReading(result.readings.front());
+    } else {
+        std::cout << "not valid: " << ExplainFault(result, options.words);
+    }
+    return result.IsRead() ? EXIT_DONE : EXIT_INCOMPLETE;
 }
 
 }  // namespace
 
 void AddCheck(CLI::App& program, Action& action) {
-    CLI::App* const command = program.add_subcommand("check", "Tells whether two texts are a legal position");
+    CLI::App* const command =
+        program.add_subcommand("check", "Tells whether a text is a legal position, and which");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("--system", options->system, "The system of the texts, on WGS84 where none is named")
-        ->type_name("SYSTEM[@DATUM]")
-        ->required()
-        ->check(WrongReference);
-    command->add_option("NORTH", options->north, "The north text")->type_name("")->required();
-    command->add_option("EAST", options->east, "The east text")->type_name("")->required();
+    command->add_option("--system", options->system, "The system of the text, on WGS84 where none is named")
+        ->type_name("SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
+        ->capture_default_str()
+        ->check(WrongTypedReference);
+    AddOrder(*command, options->order);
+    command->add_flag("--json", options->json, "Write a JSON object, with a code for what is wrong");
+    command->add_option("TEXT", options->words, "One text, or the north and the east text")
+        ->type_name("")
+        ->required();
     command->callback([options, &action] { action = [options] { return Check(*options); }; });
 }
 

@@ -5,10 +5,10 @@
 
 #include "commands/arguments.h"
 #include "commands/commands.h"
+#include "commands/typed_position.h"
 #include "conversion/names.h"
 #include "conversion/quote.h"
 #include "conversion/references.h"
-#include "conversion/text_forms.h"
 #include "files/forms.h"
 #include "files/record_files.h"
 #include "files/toolkit_names.h"
@@ -27,10 +27,16 @@ them the rest of the line. The targets stand apart by a tab, the fields by a bla
 the fields of a system. With --display or a precision each target is a north text and an east text instead,
 apart by a tab, and the height stands behind them as a third column.
 
-Where --from names a system, a line has columns instead: the north text and the east text of a position,
-in the form in which `tessara convert` writes them, and any others, which are kept. They stand apart by
-tabs, semicolons or commas, and the texts of the targets take the place of the two. No ECEF, TM and GK-AT
-can be typed, of UPS the north only, of GEOREF the degrees.
+Where --from names a system, or `auto` for any, a line has columns instead: the north text and the east text
+of a position, or one text with both, and any others, which are kept. They stand apart by tabs, semicolons or
+commas, and the texts of the targets take the place of those read. A position may be typed as people do:
+  48.1375, 11.5755    48,1375 11,5755    N 48 8 15, E 11 34 32    48°08'15"N 11°34'32"E
+  32U 691602 5334791    32N 691602 5334791    32UPU9160234791    32U PU 916 348 (to 100 m)
+All of a text is read or it is refused with a reason; what has two meanings is refused with both. --verbose says
+what each was read as. Two bare numbers in one text are taken in the order that gives a position, if only one
+does; in two texts the north comes first. The texts of GK-AT need GK-AT:meridian=28, 31 or 34.
+
+Behind `--` stands one position, of any system unless --from names one.
 
 Files of other forms hold records; --input and --output name the form, or the ending of a file does:
   csv      a header, then a record a line; quotes around a column may hold separators and line ends
@@ -38,7 +44,7 @@ Files of other forms hold records; --input and --output name the form, or the en
   jsonl    an object a line
   geojson  a FeatureCollection, a Feature or a geometry of any type, on WGS84, longitude first
 In a record the position stands in `latitude` (or `lat`), `longitude` (`lon`, `lng`, `long`) and `height`, or
-in the texts `north` and `east`, unless --columns names others. The results take its place, and all else is
+in the texts `north` and `east` or the one `text`, unless --columns names others. The results take its place, and all else is
 kept as it is; a result whose name any record of the file has gets the target behind it. GeoJSON has the
 position on WGS84 as its geometry, and the results for each --to among the properties; those of a line or
 polygon nest as its coordinates do. Lines and tables have a line for each position of it. As lines only the
@@ -51,7 +57,11 @@ they are as many as before. On a terminal, work of more than two seconds shows o
 lines are done, how many a second, and the time left.
 
 Examples:
-  echo 48.1375 11.5755 | tessara convert --to UTM          gives 32 N 691602.6597 5334791.1445
+  tessara convert --to UTM -- 48.1375 11.5755              gives 32 N 691602.6597 5334791.1445
+  tessara convert --to UTM --zone 33 -- 48.1375 11.5755    the same in zone 33
+  tessara convert --to MGRS --precision 10m -- 48.1375 11.5755
+  tessara convert --to TM:lon0=9,k=0.9996,fe=500000 positions.txt
+  tessara convert --from auto --to UTM --verbose typed.txt
   tessara convert --to UTMREF --to GK@GER positions.txt    two targets
   tessara convert --from MGI --to BMN positions.txt        without a change of datum
   tessara convert --from GER positions.txt                 to degrees on WGS84
@@ -64,19 +74,27 @@ Examples:
   tessara convert --from UTM --to UTMREF --input jsonl < typed.jsonl
   tessara convert --json --to UTM positions.txt | jq '.results[0].easting')";
 
-// How positions are written as texts.
+// How positions are read and written as texts.
 struct TextOptions {
-    bool display = false;
-    std::optional<double> northResolution;
-    std::optional<double> eastResolution;
+    TextStyle style;
+    std::optional<std::string> precision;
+    bool isTruncated = false;
+    Order order = Order::Unknown;
+    bool isVerbose = false;
 
-    [[nodiscard]] bool AreGiven() const { return display || northResolution || eastResolution; }
+    [[nodiscard]] bool HaveStyle() const {
+        return style.isDisplay || style.northResolution || style.eastResolution || precision;
+    }
+    // Whether they say something about the positions that are read.
+    [[nodiscard]] bool AreForReading() const { return order != Order::Unknown || isVerbose; }
 };
 
 struct Options {
     std::vector<std::string> files;
+    std::vector<std::string> position;  // in words
     std::string from = "WGS84";
     std::vector<std::string> to;
+    std::optional<std::int32_t> zone;
     bool json = false;
     std::optional<std::string> input;
     std::optional<std::string> output;
@@ -124,20 +142,22 @@ std::string CheckTarget(const std::string& target) {
 
 // Whether --from names a system, and with it the form of the lines.
 bool NamesSystem(const std::string& from) {
-    return !DatumByName(from) && ReferenceByName(from, DATUM_WGS84).has_value();
+    return !DatumByName(from) && TypedReferenceByName(from, DATUM_WGS84).has_value();
 }
 
 std::string CheckFrom(const std::string& from) {
-    if (DatumByName(from)) return {};
-    if (!SystemByName(from) && from.find('@') == std::string::npos)
-        return "no datum is called " + Quote(from) +
-               "; `tessara datums` and `tessara systems` list what there is";
-    std::string wrong = WrongReference(from);
-    if (!wrong.empty()) return wrong;
-    const std::int32_t system = ReferenceByName(from, DATUM_WGS84)->system;
-    if (IsPixel(system)) return "a pixel becomes a position by a map only";
-    const std::string never = WhyNeverTyped(system);
-    return never.empty() ? "" : SystemName(system) + " can't be typed: " + never;
+    if (DatumByName(from) || WrongTypedReference(from).empty()) {
+        const bool isPixel = NamesSystem(from) && IsPixel(TypedReferenceByName(from, DATUM_WGS84)->system);
+        return isPixel ? "a pixel becomes a position by a map only" : "";
+    }
+    if (SystemByName(from.substr(0, from.find_first_of(":@"))) || from.find('@') != std::string::npos)
+        return WrongTypedReference(from);
+    return "no datum is called " + Quote(from) +
+           "; `tessara datums` and `tessara systems` list what there is";
+}
+
+bool HasZone(const Reference& target, std::int32_t zone) {
+    return target.parameters.empty() && WantedZone(target.system, zone).has_value();
 }
 
 std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
@@ -145,6 +165,10 @@ std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
     for (const std::string& target : options.to)
         targets.push_back(*ReferenceByName(target, datum));
     if (targets.empty()) targets.push_back({KOORD_GEODEZ, DATUM_WGS84});
+    for (Reference& target : targets) {
+        if (options.zone && HasZone(target, *options.zone))
+            target.parameters.push_back(*WantedZone(target.system, *options.zone));
+    }
     return targets;
 }
 
@@ -152,17 +176,44 @@ bool Has(const std::vector<std::string>& words, const std::string& word) {
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+// What is wrong with the wanted zone; empty if nothing is.
+std::string WrongZone(const Options& options) {
+    if (!options.zone) return {};
+    std::string ranges;
+    for (const std::string& name : options.to) {
+        const Reference target = *ReferenceByName(name, DATUM_WGS84);
+        if (HasZone(target, *options.zone)) return {};
+        const std::string range = ZonesOf(target.system);
+        if (!range.empty())
+            ranges += (ranges.empty() ? ": " : ", ") + SystemName(target.system) + " has " + range;
+    }
+    return "--zone " + std::to_string(*options.zone) + " is a zone of no target" + ranges;
+}
+
+// Whether positions are read as texts. Degrees are where there is more to say than that they are.
+bool AreTexts(const Options& options) {
+    return NamesSystem(options.from) || options.text.AreForReading();
+}
+
+// What the positions are read as: a system, or degrees where there is just a datum.
+Wanted WantedOf(const Options& options) {
+    if (NamesSystem(options.from))
+        return {*TypedReferenceByName(options.from, DATUM_WGS84), options.text.order};
+    return {{KOORD_GEODEZ, *DatumByName(options.from)}, options.text.order};
+}
+
+TextStyle StyleOf(const TextOptions& options) {
+    TextStyle style = options.style;
+    if (options.precision) style.reference = {*DigitsOfSide(*options.precision), options.isTruncated};
+    return style;
+}
+
 RecordConversion ConversionOf(const Options& options) {
     RecordConversion conversion;
-    const TextOptions& text = options.text;
-    if (NamesSystem(options.from)) {
-        conversion.from = ReferenceByName(options.from, DATUM_WGS84);
-        conversion.datum = conversion.from->datum;
-    } else {
-        conversion.datum = *DatumByName(options.from);
-    }
-    if (conversion.from || text.AreGiven())
-        conversion.texts = TextStyle{text.display, text.northResolution, text.eastResolution};
+    const Wanted wanted = WantedOf(options);
+    conversion.datum = wanted.reference.datum;
+    if (AreTexts(options)) conversion.from = wanted;
+    if (conversion.from || options.text.HaveStyle()) conversion.texts = StyleOf(options.text);
     conversion.output = OutputForm(options);
     conversion.isReport = options.json;
     conversion.to = Targets(options, conversion.datum);
@@ -170,11 +221,23 @@ RecordConversion ConversionOf(const Options& options) {
     if (options.to.empty() && conversion.output == Form::GEOJSON) conversion.to.clear();
     conversion.withConvergence = Has(options.with, CONVERGENCE);
     conversion.withScale = Has(options.with, SCALE);
+    conversion.isVerbose = options.text.isVerbose;
     conversion.onError = options.lines.WhatOnError();
     return conversion;
 }
 
+// A position on the command line: of any system, unless one is named.
+ExitCode ConvertPosition(const Options& options) {
+    RecordConversion conversion = ConversionOf(options);
+    conversion.from = WantedOf(options);
+    if (!NamesSystem(options.from)) conversion.from->reference.system = NO_SYSTEM;
+    const bool areTexts = NamesSystem(options.from) || options.text.HaveStyle() || options.json;
+    conversion.texts = areTexts ? std::optional(StyleOf(options.text)) : std::nullopt;
+    return ConvertTypedPosition(options.position, conversion);
+}
+
 ExitCode Convert(const Options& options) {
+    if (!options.position.empty()) return ConvertPosition(options);
     FileRecords records{ConversionOf(options),
                         [&options](const std::string& file) { return FormOf(file, options); },
                         options.columns};
@@ -193,13 +256,26 @@ std::string WrongCombination(const Options& options) {
     const auto isAny = [&forms](Form form) {
         return std::find(forms.begin(), forms.end(), form) != forms.end();
     };
-    const bool areTexts = NamesSystem(options.from);
+    const bool areTexts = AreTexts(options);
     if (!options.with.empty() && !HasGrid(options.to))
         return "--with says something about grids: name one with --to, such as UTM";
+    const std::string zone = WrongZone(options);
+    if (!zone.empty()) return zone;
+    if (options.text.isTruncated && !options.text.precision) return "--truncate needs --precision";
+    if (!options.position.empty()) {
+        const bool isForFiles = options.input || options.output || options.lines.rejects ||
+                                !options.columns.empty() || options.files != std::vector<std::string>{"-"};
+        return isForFiles ? "a position on the command line takes no files, and no options for them" : "";
+    }
+    if (options.text.AreForReading() && !NamesSystem(options.from) && !AreLinesOnly(options))
+        return "--order and --verbose are for texts: name their system with --from";
     if (options.json && !AreLinesOnly(options)) return "--json tells about lines; try --output jsonl";
     if (isAny(Form::GEOJSON) && (areTexts || DatumByName(options.from) != DATUM_WGS84))
         return "GeoJSON is in degrees on WGS84: leave --from out";
     if (options.columns.size() == 3 && areTexts) return "texts have no height: --columns takes NORTH,EAST";
+    if (options.columns.size() == 1 && !areTexts)
+        return "--columns takes LATITUDE,LONGITUDE[,HEIGHT]; one column is for texts: name their system with "
+               "--from";
     if (!options.columns.empty() && !areTexts && isAny(Form::LINES))
         return "lines of degrees have no columns: try --input csv";
     const bool areMixed =
@@ -211,16 +287,33 @@ std::string WrongCombination(const Options& options) {
 
 void AddTextOptions(CLI::App& command, TextOptions& options) {
     const std::string group = "Texts";
-    command.add_flag("--display", options.display, "Write the forms for a screen")->group(group);
+    command.add_flag("--display", options.style.isDisplay, "Write the forms for a screen")->group(group);
     command
-        .add_option("--north-precision", options.northResolution,
+        .add_option("--north-precision", options.style.northResolution,
                     "Resolution of the north texts, in units of the target (degrees, metres)")
         ->type_name("RESOLUTION")
         ->check(CLI::Validator(CLI::PositiveNumber).description(""))
         ->group(group);
-    command.add_option("--east-precision", options.eastResolution, "The same for the east texts")
+    command.add_option("--east-precision", options.style.eastResolution, "The same for the east texts")
         ->type_name("RESOLUTION")
         ->check(CLI::Validator(CLI::PositiveNumber).description(""))
+        ->group(group);
+    const auto isSide = [](const std::string& side) {
+        return DigitsOfSide(side) ? "" : "sides of squares are 1m, 10m, 100m, 1km, 10km and 100km";
+    };
+    command
+        .add_option("--precision", options.precision,
+                    "Write military references as one string, of squares with this side")
+        ->type_name("1m|10m|100m|1km|10km|100km")
+        ->check(isSide)
+        ->group(group);
+    command
+        .add_flag("--truncate", options.isTruncated,
+                  "Write the square that the position lies in, not the one whose corner is nearest")
+        ->group(group);
+    AddOrder(command, options.order);
+    command.get_option("--order")->group(group);
+    command.add_flag("--verbose", options.isVerbose, "Say on standard error what each text was read as")
         ->group(group);
 }
 
@@ -238,12 +331,13 @@ void AddFormOptions(CLI::App& command, Options& options) {
     command
         .add_option(
             "--columns", options.columns,
-            "The columns or members with the positions, by their names: the two texts, or latitude and "
-            "longitude and perhaps the height. Columns can be named by their places, as 2,3; the file has no "
+            "The columns or members with the positions, by their names: the two texts or the one that has "
+            "both, or latitude and longitude and perhaps the height. Columns can be named by their places, "
+            "as 2,3; the file has no "
             "header then")
-        ->type_name("NORTH,EAST[,HEIGHT]")
+        ->type_name("NORTH,EAST[,HEIGHT]|TEXT")
         ->delimiter(',')
-        ->expected(2, 3)
+        ->expected(1, 3)
         ->allow_extra_args(false)
         ->group(group);
     AddFileOptions(command, options.lines, group);
@@ -260,7 +354,7 @@ void AddConvert(CLI::App& program, Action& action) {
     command
         ->add_option("--from", options->from,
                      "Datum of the positions that are read; or the system of texts, and their datum")
-        ->type_name("DATUM|SYSTEM[@DATUM]")
+        ->type_name("DATUM|SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
         ->capture_default_str()
         ->check(CheckFrom);
     command
@@ -268,7 +362,7 @@ void AddConvert(CLI::App& program, Action& action) {
             "--to", options->to,
             "Target; on the datum of the positions where none is named. May be given several times. Without "
             "any, positions are written as degrees on WGS84")
-        ->type_name("SYSTEM[@DATUM]")
+        ->type_name("SYSTEM[:PARAMETERS][@DATUM]")
         ->allow_extra_args(false)
         ->check(CheckTarget);
     command
@@ -278,6 +372,15 @@ void AddConvert(CLI::App& program, Action& action) {
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(IsOneOf({CONVERGENCE, SCALE}));
+    command
+        ->add_option("--zone", options->zone,
+                     "The zone, strip or meridian of the targets, instead of the natural one")
+        ->type_name("NUMBER");
+    command
+        ->add_option("--position", options->position,
+                     "A position to convert, instead of files; also behind `--`")
+        ->type_name("TEXT")
+        ->allow_extra_args(false);
     command->add_flag("--json", options->json, "Write one JSON object for a position, numbers in full");
     AddFormOptions(*command, *options);
     AddTextOptions(*command, options->text);

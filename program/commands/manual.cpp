@@ -22,11 +22,13 @@ on the ellipsoid, and draws maps.
 .B tessara \fICOMMAND\fB \-\-help
 explains a command with examples.
 .PP
-A reference SYSTEM[@DATUM] is a system of
+A reference SYSTEM[:PARAMETERS][@DATUM] is a system of
 .B tessara systems
 and a datum of
 .BR "tessara datums" .
-Without a datum it stands on WGS84; for a target, on the datum of the positions.
+Without a datum it stands on WGS84; for a target, on the datum of the positions. The parameters are those of
+TM:lon0=9,lat0=0,k=0.9996,fe=500000,fn=0, VDG:lon0=10,lat0=0, UTM:zone=33, GK:strip=4 or BMN:meridian=34. MGRS is
+UTMREF.
 .SH OPTIONS
 .TP
 .BR \-h ", " \-\-help
@@ -177,9 +179,11 @@ complete -F _tessara tessara
 // The shell's words for what an option takes; none where it completes files.
 std::string ChoicesOf(const CLI::Option& option) {
     const std::string type = option.get_type_name();
-    if (type == "DATUM") return "$(_tessara_names datums)";
-    if (type == "SYSTEM[@DATUM]") return "$(_tessara_references \"$word\")";
-    if (type == "DATUM|SYSTEM[@DATUM]") return "$(_tessara_references \"$word\") $(_tessara_names datums)";
+    std::string names;
+    if (type.find("SYSTEM[") != std::string::npos) names += " $(_tessara_references \"$word\")";
+    if (type == "DATUM" || type.starts_with("DATUM|")) names += " $(_tessara_names datums)";
+    if (type.find("auto[") != std::string::npos) names += " auto";
+    if (!names.empty()) return names.substr(1);
     const bool areWords =
         type.find_first_of("|,") != std::string::npos && type.find('[') == std::string::npos;
     std::string words = areWords ? type : "";

@@ -11,9 +11,15 @@ namespace {
 
 constexpr const char* FOOTER =
     R"(A line holds number, name, and the fields that `tessara convert` writes, in their order. Eastings, northings,
-x, y and z are metres. LONGPIXEL and FLOATPIXEL are pixels of a map and no targets of a conversion. TM and
-VDG are written with their origin at latitude and longitude 0, TM with scale 1 and no false easting or
-northing.)";
+x, y and z are metres. LONGPIXEL and FLOATPIXEL are pixels of a map and no targets of a conversion. MGRS is
+another name of UTMREF.
+
+Some systems take parameters behind a colon, as in TM:lon0=9,k=0.9996,fe=500000:
+  TM      lon0, lat0 (degrees), k (scale), fe, fn (metres); without them 0, 0, 1, 0, 0
+  VDG     lon0, lat0
+  UTM, UTMREF           zone, 1 to 60
+  GK, GK6               strip
+  BMN, OEM, GK-AT       meridian, 28, 31 or 34)";
 
 ExitCode ListSystems() {
     for (std::int32_t system = 0; system < KOORD_TYPE_COUNT; ++system) {

@@ -53,7 +53,7 @@ void Console::Take(const Outcome& outcome) {
         Reject(run.rejects);
         if (!run.messages.empty()) Report(run.messages);
     }
-    Advance(outcome.Lines(), outcome.Bytes());
+    Advance(outcome);
 }
 
 void Console::Write(const std::string& results) {
@@ -69,6 +69,16 @@ void Console::Report(const std::string& messages) {
     progress_.Clear();
     std::cerr << messages;
     complete_ = false;
+}
+
+void Console::Advance(const Outcome& outcome) {
+    // Who writes a line and waits for its result, through a pipe too, gets it.
+    std::cout.flush();
+    if (!outcome.Notes().empty()) {
+        progress_.Clear();
+        std::cerr << outcome.Notes();
+    }
+    progress_.Advance(outcome.Lines(), outcome.Bytes());
 }
 
 ExitCode Console::Finish() {

@@ -2,7 +2,6 @@
 // can't be used, and a status line where standard error is a terminal.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <istream>
 #include <optional>
@@ -38,8 +37,8 @@ class Console {
     // To the file for them.
     void Reject(const std::string& input) { rejects_.Write(input); }
 
-    // Counts input that is done.
-    void Advance(std::uint64_t lines, std::uint64_t bytes) { progress_.Advance(lines, bytes); }
+    // Behind what is written of it: says what is worth knowing, and counts the input as done.
+    void Advance(const Outcome& outcome);
 
     // Whether there was anything to report.
     [[nodiscard]] ExitCode Finish();

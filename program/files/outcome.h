@@ -30,6 +30,9 @@ class Outcome {
         runs_.back().rejects += input;
     }
 
+    // What is worth knowing of results, in whole lines.
+    void Note(std::string_view notes) { notes_ += notes; }
+
     // Says how much input it comes from.
     void Count(std::uint64_t lines, std::uint64_t bytes) {
         lines_ += lines;
@@ -40,12 +43,14 @@ class Outcome {
     void Stop() { isLast_ = true; }
 
     [[nodiscard]] const std::vector<Run>& Runs() const { return runs_; }
+    [[nodiscard]] const std::string& Notes() const { return notes_; }
     [[nodiscard]] std::uint64_t Lines() const { return lines_; }
     [[nodiscard]] std::uint64_t Bytes() const { return bytes_; }
     [[nodiscard]] bool IsLast() const { return isLast_; }
 
   private:
     std::vector<Run> runs_;
+    std::string notes_;
     std::uint64_t lines_ = 0;
     std::uint64_t bytes_ = 0;
     bool isLast_ = false;

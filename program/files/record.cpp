@@ -9,6 +9,7 @@ using Names = std::vector<std::string_view>;
 
 const Names NORTH_NAMES{"north"};
 const Names EAST_NAMES{"east"};
+const Names TEXT_NAMES{"text"};
 const Names LATITUDE_NAMES{"latitude", "lat"};
 const Names LONGITUDE_NAMES{"longitude", "lon", "lng", "long"};
 const Names HEIGHT_NAMES{"height"};
@@ -46,6 +47,7 @@ void Record::Clear() {
     isBlank = false;
     members.clear();
     at = {};
+    mayBeOneText = false;
     positions.clear();
     geometry = {};
     frame.clear();
@@ -62,8 +64,13 @@ bool ArePlaces(const std::vector<std::string>& columns) {
 
 PositionMembers FindPosition(const Names& names, const Layout& layout) {
     const std::vector<std::string>& columns = layout.columns;
-    if (columns.empty() && layout.areTexts)
-        return {FindAny(names, NORTH_NAMES), FindAny(names, EAST_NAMES), NO_MEMBER};
+    if (columns.empty() && layout.areTexts) {
+        const std::size_t north = FindAny(names, NORTH_NAMES);
+        const std::size_t east = FindAny(names, EAST_NAMES);
+        const std::size_t text = FindAny(names, TEXT_NAMES);
+        if (north == NO_MEMBER && east == NO_MEMBER) return {text, text, NO_MEMBER};
+        return {north, east, NO_MEMBER};
+    }
     if (columns.empty())
         return {FindAny(names, LATITUDE_NAMES), FindAny(names, LONGITUDE_NAMES),
                 FindAny(names, HEIGHT_NAMES)};
@@ -72,7 +79,8 @@ PositionMembers FindPosition(const Names& names, const Layout& layout) {
         if (i >= columns.size()) return NO_MEMBER;
         return arePlaces ? PlaceOf(columns[i]) : FindExactly(names, columns[i]);
     };
-    return {find(0), find(1), find(2)};
+    // One name is that of a text that has both.
+    return {find(0), find(columns.size() > 1 ? 1 : 0), find(2)};
 }
 
 std::string WrongNames(const PositionMembers& at, const Layout& layout) {
@@ -82,6 +90,7 @@ std::string WrongNames(const PositionMembers& at, const Layout& layout) {
                                             : layout.areTexts
                                                 ? std::vector<std::string>{"north", "east"}
                                                 : std::vector<std::string>{"latitude", "longitude"};
+    if (wanted.size() == 1 && at.north == NO_MEMBER) return "has no " + what + " '" + wanted[0] + "'";
     if (at.north == NO_MEMBER || at.east == NO_MEMBER) {
         return "has no " + what + "s '" + wanted[0] + "' and '" + wanted[1] + "'" +
                (areGiven ? "" : "; --columns tells how they are called");

@@ -24,7 +24,7 @@ struct Member {
 // In place of a member that there isn't.
 inline constexpr std::size_t NO_MEMBER = std::numeric_limits<std::size_t>::max();
 
-// The members that hold a position: degrees and perhaps a height, or the two texts.
+// The members that hold a position: degrees and perhaps a height, or the two texts, which may be one member.
 struct PositionMembers {
     std::size_t north = NO_MEMBER;
     std::size_t east = NO_MEMBER;
@@ -43,6 +43,8 @@ struct Record {
     bool isBlank = false;     // a line without a record, such as a comment
     std::vector<Member> members;
     PositionMembers at;
+    bool mayBeOneText = false;        // of columns without names the first, or all of them
+    char separator = '\t';            // of these columns
     std::vector<Position> positions;  // those that stand in no members
     Geometry geometry;                // of these positions
     std::vector<Member> frame;        // what a feature has besides its properties and geometry
@@ -55,7 +57,7 @@ struct Record {
 struct Layout {
     std::string file;
     Form form = Form::LINES;
-    bool areTexts = false;             // north and east texts, not degrees
+    bool areTexts = false;             // a north and an east text or one for both, not degrees
     std::vector<std::string> columns;  // the names of the members with the position, where they are given
     char separator = ',';              // of columns
     bool hasHeader = false;

@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 #include "conversion/numbers.h"
-#include "conversion/results.h"
-#include "lines/utf8.h"
-#include "tessara/host/text.h"
+#include "conversion/statuses.h"
+#include "lines/line_reader.h"
 #include "tessara/kernel/convergence.h"
 
 namespace tessara::program {
 namespace {
-
-constexpr Reference POINT_REFERENCE{KOORD_GEODEZ, DATUM_WGS84};
 
 constexpr int SCALE_DECIMALS = 10;
 
@@ -45,14 +43,11 @@ Number HeightOf(const Record& record) {
     return NumberOf(record, record.at.height, HUGE_VAL, WrongNumber);
 }
 
-// A system may have values for a position that aren't numbers; there is no such position in it then.
-bool IsNumeric(const std::string& text) {
-    return text.find("nan") == std::string::npos && text.find("inf") == std::string::npos;
-}
-
-void AddTexts(std::string north, std::string east, std::vector<Field>* values) {
-    values->emplace_back("north", std::move(north));
-    values->emplace_back("east", std::move(east));
+// The texts of a target, or the names they have where nothing else names them.
+void AddTexts(std::vector<std::string> texts, std::vector<Field>* values) {
+    constexpr const char* NAMES[] = {"north", "east"};
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        values->emplace_back(texts.size() == 1 ? "text" : NAMES[i], std::move(texts[i]));
 }
 
 void AddFactors(const RecordConversion& conversion, const GridFactors& factors, std::vector<Field>* values) {
@@ -68,10 +63,14 @@ bool HasHeightBeside(const RecordConversion& conversion, const Reference& target
 
 }  // namespace
 
+std::size_t CountTexts(const RecordConversion& conversion, const Reference& target) {
+    return TextWriter(target, *conversion.texts).HasOneText() ? 1 : 2;
+}
+
 std::vector<Field> ValuesOf(const RecordConversion& conversion, const Reference& target) {
     std::vector<Field> values;
     if (conversion.texts) {
-        AddTexts({}, {}, &values);
+        AddTexts(std::vector<std::string>(CountTexts(conversion, target)), &values);
     } else {
         values = FieldsOf(MakeKoord(target.datum, target.system));
     }
@@ -81,43 +80,52 @@ std::vector<Field> ValuesOf(const RecordConversion& conversion, const Reference&
 
 void Results::Clear() {
     error.clear();
+    code = "";
+    reading.reset();
     positions.clear();
     values.clear();
     koords.clear();
     points.clear();
 }
 
-RecordConverter::RecordConverter(const RecordConversion& conversion)
-    : conversion_(conversion), coord_(CreateClassCoord()), internal_(coord_), text_(NewObject<host::Text>()) {
-    std::vector<Reference> references = conversion.to;
-    if (conversion.output == Form::GEOJSON) references.push_back(POINT_REFERENCE);
+RecordConverter::RecordConverter(const RecordConversion& conversion) : conversion_(conversion) {
     const bool areFactorsWanted = conversion.withConvergence || conversion.withScale;
-    for (const Reference& reference : references) {
-        Target target{reference, MakeReference(reference), {}, {}};
-        target.string = IRef<ICoordinateString>(CreateClassCoordinateString());
+    // Of a typed position the datum stands in its record.
+    const std::int32_t datum = conversion.datum;
+    for (const Reference& reference : conversion.to) {
+        Target target{Conversion(datum, reference), {}, {}};
+        if (conversion.texts) target.writer.emplace(reference, *conversion.texts);
         if (areFactorsWanted && Grid_HasFactors(reference.system))
-            target.degrees = MakeReference({KOORD_GEODEZ, reference.datum});
-        targets_.push_back(target);
+            target.degrees.emplace(datum, Reference{KOORD_GEODEZ, reference.datum});
+        targets_.push_back(std::move(target));
     }
-    if (conversion.from) typed_.emplace(*conversion.from);
+    if (conversion.output == Form::GEOJSON) point_.emplace(datum, Reference{KOORD_GEODEZ, DATUM_WGS84});
+    if (conversion.from) reader_.emplace(*conversion.from);
 }
 
-void RecordConverter::Convert(const Record& record, Results* results) {
+void RecordConverter::Convert(Record& record, Results* results) {
     results->Clear();
     results->error = record.error;
     if (!results->error.empty()) return;
-    if (typed_) {
-        results->error = ConvertTexts(record, results);
-        return;
-    }
+    if (reader_) return ConvertTyped(ReadTexts(record), results);
     results->error = ReadDegrees(record, &results->positions);
     for (std::size_t i = 0; i < results->positions.size() && results->error.empty(); ++i) {
         const Position& position = results->positions[i];
         tagKOORD geodez = MakeKoord(conversion_.datum, KOORD_GEODEZ);
         Store(geodez, GeodezPayload{position.latitude, position.longitude, position.height.value_or(0.0)});
-        const CKoord degrees(geodez);
-        results->error = ConvertToAll([&] { internal_->SetKoord(&degrees); }, position.height, results);
+        if (!ConvertToAll(CKoord(geodez), position.height, results)) return;
     }
+}
+
+void RecordConverter::ConvertTyped(const TypedResult& read, Results* results) {
+    results->Clear();
+    if (!read.IsRead()) {
+        results->error = read.fault.reason;
+        results->code = read.fault.code;
+        return;
+    }
+    results->reading = read.readings.front();
+    ConvertToAll(CKoord(results->reading->record), std::nullopt, results);
 }
 
 std::string RecordConverter::ReadDegrees(const Record& record, std::vector<Position>* positions) {
@@ -135,87 +143,82 @@ std::string RecordConverter::ReadDegrees(const Record& record, std::vector<Posit
     return {};
 }
 
-std::string RecordConverter::ConvertTexts(const Record& record, Results* results) {
-    const auto text = [&](std::size_t member) { return program::TextOf(record.members[member].value); };
-    std::string wrong = typed_->Read(text(record.at.north), text(record.at.east));
-    if (!wrong.empty()) return wrong;
-    return ConvertToAll([&] { typed_->Held()->GetCoord(coord_.Get()); }, std::nullopt, results);
-}
+// The two members; else the first of them, else the line, whose separator may be part of the text.
+TypedResult RecordConverter::ReadTexts(Record& record) const {
+    const std::string north = TextOf(record.members[record.at.north].value);
+    const std::string east = TextOf(record.members[record.at.east].value);
+    if (record.at.north == record.at.east || east.empty()) return reader_->Read(north);
+    TypedResult both = reader_->Read(north, east);
+    if (both.IsRead() || !record.mayBeOneText) return both;
 
-template <class Set>
-std::string RecordConverter::ConvertToAll(Set set, const std::optional<double>& height, Results* results) {
-    std::vector<Reference> missing;
-    for (const Target& target : targets_) {
-        std::optional<GeodezPayload> degrees;
-        if (target.degrees.IsValid()) {
-            set();
-            degrees = Degrees(target);
-        }
-        set();
-        if (!ConvertTo(target, degrees, height, results)) missing.push_back(target.reference);
+    TypedResult first = reader_->Read(north);
+    if (first.IsRead()) {
+        record.at.east = record.at.north;
+        record.members[1].name = "2";
+        return first;
     }
-    if (!missing.empty()) return NotConvertibleTo(missing);
-    if (conversion_.output != Form::GEOJSON) return {};
-
-    const auto point = Load<GeodezPayload>(results->koords.back());
-    results->points.push_back({point.latitude, point.longitude, height});
-    results->koords.pop_back();
-    results->values.pop_back();
-    return {};
+    // With a decimal comma the separator isn't one.
+    const std::string_view line = WithoutCarriageReturn(record.source);
+    if (record.separator != ',') return both;
+    TypedResult whole = reader_->Read(line);
+    if (!whole.IsRead()) return both;
+    record.at = {0, 0, NO_MEMBER};
+    record.members.assign(1, {"north", {Notation::Plain, line}});
+    return whole;
 }
 
-std::optional<GeodezPayload> RecordConverter::Degrees(const Target& target) {
-    if (!coord_->SetReference(target.degrees.Get())) return std::nullopt;
-    CKoord koord;
-    internal_->GetKoord(&koord);
-    return Load<GeodezPayload>(koord);
+bool RecordConverter::ConvertToAll(const CKoord& source, const std::optional<double>& height,
+                                   Results* results) {
+    std::vector<Missing> missing;
+    for (const Target& target : targets_) {
+        const KoordStatus status = ConvertTo(target, source, height, results);
+        if (status != KOORD_OK) missing.push_back({target.conversion.Target(), status});
+    }
+    if (point_) {
+        CKoord degrees;
+        const KoordStatus status = point_->Convert(source, &degrees);
+        if (status != KOORD_OK) {
+            missing.push_back({point_->Target(), status});
+        } else {
+            const auto point = Load<GeodezPayload>(degrees);
+            results->points.push_back({point.latitude, point.longitude, height});
+        }
+    }
+    if (missing.empty()) return true;
+    results->error = NotConvertibleTo(missing);
+    results->code = StatusCode(missing.front().status);
+    return false;
 }
 
-bool RecordConverter::ConvertTo(const Target& target, const std::optional<GeodezPayload>& degrees,
-                                const std::optional<double>& height, Results* results) {
-    if (!coord_->SetReference(target.libraryReference.Get())) return false;
+KoordStatus RecordConverter::ConvertTo(const Target& target, const CKoord& source,
+                                       const std::optional<double>& height, Results* results) const {
     CKoord koord;
-    internal_->GetKoord(&koord);
+    KoordStatus status = target.conversion.Convert(source, &koord);
+    if (status != KOORD_OK) return status;
     std::vector<Field> values;
-    if (conversion_.texts) {
-        if (!FillTexts(target, &values)) return false;
+    if (target.writer) {
+        std::vector<std::string> texts = target.writer->Write(koord, source);
+        if (texts.empty()) return KOORD_ERR_OUTSIDE;
+        AddTexts(std::move(texts), &values);
     } else {
         values = FieldsOf(koord);
-        if (!AreFinite(values)) return false;
     }
-    if (degrees) {
+    if (target.degrees) {
+        CKoord degrees;
+        status = target.degrees->Convert(source, &degrees);
+        if (status != KOORD_OK) return status;
+        const auto payload = Load<GeodezPayload>(degrees);
+        const double latLon[2] = {payload.latitude, payload.longitude};
         GridFactors factors;
-        const double latLon[2] = {degrees->latitude, degrees->longitude};
-        if (Grid_Factors(&koord, latLon, &factors) != KOORD_OK) return false;
+        status = Grid_Factors(&koord, latLon, &factors);
+        if (status != KOORD_OK) return status;
         AddFactors(conversion_, factors, &values);
     }
-    if (height && HasHeightBeside(conversion_, target.reference)) values.push_back(HeightField(*height));
+    if (height && HasHeightBeside(conversion_, target.conversion.Target()))
+        values.push_back(HeightField(*height));
     results->values.push_back(std::move(values));
     results->koords.push_back(koord);
-    return true;
-}
-
-bool RecordConverter::FillTexts(const Target& target, std::vector<Field>* values) {
-    if (!target.string->SetCoord(coord_.Get())) return false;
-    if (conversion_.texts->northResolution)
-        target.string->SetNorthPrecision(*conversion_.texts->northResolution);
-    if (conversion_.texts->eastResolution)
-        target.string->SetEastPrecision(*conversion_.texts->eastResolution);
-    std::string north = TextOf(target, true);
-    std::string east = TextOf(target, false);
-    if (!IsNumeric(north) || !IsNumeric(east)) return false;
-    AddTexts(std::move(north), std::move(east), values);
-    return true;
-}
-
-std::string RecordConverter::TextOf(const Target& target, bool isNorth) {
-    using Operation = bool (ICoordinateString::*)(ITessaraString*);
-    const Operation plain = isNorth ? &ICoordinateString::GetNorthText : &ICoordinateString::GetEastText;
-    const Operation display =
-        isNorth ? &ICoordinateString::GetNorthDisplayText : &ICoordinateString::GetEastDisplayText;
-    // A failed display leaves the plain text, or an empty one.
-    (target.string.Get()->*(conversion_.texts->display ? display : plain))(text_.Get());
-    return Latin1ToUtf8(text_->GetText());
+    return KOORD_OK;
 }
 
 }  // namespace tessara::program

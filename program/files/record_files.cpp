@@ -79,7 +79,7 @@ class RecordStages {
         RecordWriter writer(options_.conversion, plan.layout, plan.names, plan.table.get());
         Results results;
         std::size_t count = 0;
-        ReadRecords(plan.layout, block.records.number, block.records.text, [&](const Record& record) {
+        ReadRecords(plan.layout, block.records.number, block.records.text, [&](Record& record) {
             ++count;
             if (outcome.IsLast()) return;
             if (record.isBlank) return KeepBlank(record, &outcome);
@@ -88,10 +88,16 @@ class RecordStages {
             const std::size_t before = out->size();
             std::string wrong = results.error;
             if (wrong.empty()) wrong = Append(plan, writer, record, &results, out);
-            if (wrong.empty()) return;
+            if (wrong.empty()) {
+                if (options_.conversion.isVerbose && results.reading)
+                    outcome.Note(PlaceOf(plan.layout, record) + "read as " + Describe(*results.reading) +
+                                 '\n');
+                return;
+            }
             out->resize(before);
             if (onError == OnError::KEEP) (void)Append(plan, writer, record, nullptr, out);
-            outcome.Refuse(PlaceOf(plan.layout, record) + wrong + '\n', Rejected(plan.layout, record));
+            outcome.Refuse(PlaceOf(plan.layout, record) + wrong + CodeOf(results) + '\n',
+                           Rejected(plan.layout, record));
             if (onError == OnError::STOP) outcome.Stop();
         });
         outcome.Count(count, block.records.text.size());
@@ -106,7 +112,7 @@ class RecordStages {
             console_.Reject(isInputGeoJson_ ? rejected_.Framed(run.rejects) : run.rejects);
             if (!run.messages.empty()) console_.Report(run.messages);
         }
-        console_.Advance(outcome.Lines(), outcome.Bytes());
+        console_.Advance(outcome);
     }
 
     // What ends the files. No collection is made of a file that holds none.
@@ -205,6 +211,12 @@ class RecordStages {
     static std::string PlaceOf(const Layout& layout, const Record& record) {
         const char* const between = layout.form == Form::GEOJSON ? ": feature " : ":";
         return layout.file + between + std::to_string(record.number) + ": ";
+    }
+
+    // Objects of --json go to programs, and so do the messages about those that there aren't.
+    [[nodiscard]] std::string CodeOf(const Results& results) const {
+        const bool isWanted = options_.conversion.isReport && *results.code != '\0';
+        return isWanted ? std::string(" [") + results.code + ']' : "";
     }
 
     static std::string Rejected(const Layout& layout, const Record& record) {

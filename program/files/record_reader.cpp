@@ -70,6 +70,9 @@ class Reader {
     void ReadRow() {
         SplitRaw(WithoutCarriageReturn(record_.source), layout_.separator, &columns_);
         record_.at = layout_.at;
+        record_.separator = layout_.separator;
+        record_.mayBeOneText = layout_.form == Form::LINES && !layout_.hasHeader && layout_.columns.empty();
+        if (record_.mayBeOneText && columns_.size() == 1) record_.at = {0, 0, NO_MEMBER};
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             if (i >= layout_.names.size()) record_.texts.push_back(std::to_string(i + 1));
             record_.members.push_back({i < layout_.names.size() ? layout_.names[i] : record_.texts.back(),
@@ -83,13 +86,14 @@ class Reader {
                                       std::to_string(layout_.names.size());
         } else if (EndsInQuotes(record_.source, layout_.separator) && IsTable(layout_.form)) {
             record_.error = "opens a quote that isn't closed";
-        } else if (IsPositionBeyond(columns_.size())) {
+        } else if (IsPositionBeyond()) {
             record_.error = "has " + Count(columns_.size(), "column");
         }
     }
 
-    [[nodiscard]] bool IsPositionBeyond(std::size_t count) const {
-        const PositionMembers& at = layout_.at;
+    [[nodiscard]] bool IsPositionBeyond() const {
+        const PositionMembers& at = record_.at;
+        const std::size_t count = columns_.size();
         const bool hasHeight = at.height != NO_MEMBER;
         return at.north >= count || at.east >= count || (hasHeight && at.height >= count);
     }

@@ -9,8 +9,8 @@
 
 namespace tessara::program {
 
-// Gets a record that is read anew with the next one.
-using TakeRecord = std::function<void(const Record&)>;
+// Gets a record that is read anew with the next one, so that it may be changed.
+using TakeRecord = std::function<void(Record&)>;
 
 // Reads whole records, of which the first has that number. Of GeoJSON they are features that are checked
 // already, with commas between them.

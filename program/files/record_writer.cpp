@@ -22,10 +22,12 @@ char SeparatorOf(const RecordConversion& conversion) {
     return conversion.texts ? '\t' : ' ';
 }
 
-void AppendTarget(const RecordConversion& conversion, const std::vector<Field>* values, std::string* out) {
+void AppendTarget(const RecordConversion& conversion, std::size_t target, const std::vector<Field>* values,
+                  std::string* out) {
     if (values == nullptr) {
         *out += PLACEHOLDER;
-        if (conversion.texts) (*out += '\t') += PLACEHOLDER;
+        const bool areTwo = conversion.texts && CountTexts(conversion, conversion.to[target]) == 2;
+        if (areTwo) (*out += '\t') += PLACEHOLDER;
         return;
     }
     for (const Field& value : *values) {
@@ -108,7 +110,7 @@ void RecordWriter::AppendLines(const Record& record, const Results* results, std
     for (std::size_t position = 0; position < CountPositions(record, results); ++position) {
         for (std::size_t target = 0; target < conversion_.to.size(); ++target) {
             if (target > 0) *out += '\t';
-            AppendTarget(conversion_, ValuesAt(conversion_, results, position, target), out);
+            AppendTarget(conversion_, target, ValuesAt(conversion_, results, position, target), out);
         }
         if (layout_.form == Form::LINES && !record.members.empty()) {
             *out += '\t';

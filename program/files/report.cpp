@@ -11,13 +11,17 @@ void AddReference(const Reference& reference, JsonObject* object) {
     object->Text("datum", DatumName(reference.datum));
 }
 
-void AddTexts(const RecordConversion& conversion, const Record& record, JsonObject* object,
-              std::string* json) {
-    AddReference(*conversion.from, object);
+void AddTexts(const RecordConversion& conversion, const Record& record, const Results* results,
+              JsonObject* object, std::string* json) {
+    const bool isRead = results != nullptr && results->reading;
+    const Reference& reference = isRead ? results->reading->reference : conversion.from->reference;
+    if (reference.system != NO_SYSTEM) AddReference(reference, object);
+    const bool isOne = record.at.north == record.at.east;
     bool hasOthers = false;
     for (std::size_t i = 0; i < record.members.size(); ++i) {
-        if (i == record.at.north) AppendAsJson(record.members[i].value, object->Name("north"));
-        if (i == record.at.east) AppendAsJson(record.members[i].value, object->Name("east"));
+        if (i == record.at.north)
+            AppendAsJson(record.members[i].value, object->Name(isOne ? "text" : "north"));
+        if (i == record.at.east && !isOne) AppendAsJson(record.members[i].value, object->Name("east"));
         hasOthers = hasOthers || !record.at.Has(i);
     }
     if (!hasOthers) return;
@@ -62,7 +66,7 @@ void AppendReport(const RecordConversion& conversion, const Layout& layout, cons
     object.Text("file", layout.file);
     *object.Name("line") += std::to_string(record.number);
     if (conversion.from) {
-        AddTexts(conversion, record, &object, json);
+        AddTexts(conversion, record, results, &object, json);
     } else {
         AddDegrees(conversion, record, &object);
     }

@@ -21,6 +21,12 @@ class Names {
     std::unordered_set<std::string> taken_;
 };
 
+// How many texts a position of the layout has. Records of JSON may differ in that.
+std::size_t CountOf(const Layout& layout) {
+    if (IsJson(layout.form)) return layout.columns.size() == 1 ? 1 : 2;
+    return layout.at.north == layout.at.east ? 1 : 2;
+}
+
 }  // namespace
 
 ResultNames NameResults(const RecordConversion& conversion, const Layout& layout) {
@@ -28,14 +34,17 @@ ResultNames NameResults(const RecordConversion& conversion, const Layout& layout
     Names names(layout.kept);
     for (const Reference& target : conversion.to) {
         const std::string suffix = " " + target.Name();
+        const std::size_t count = conversion.texts ? CountTexts(conversion, target) : 0;
         std::vector<std::string> values;
         for (const Field& value : ValuesOf(conversion, target)) {
             std::string name = value.name;
-            // Texts that replace texts are called like those.
-            const bool isText = conversion.texts && values.size() < 2 && layout.areTexts;
+            // Texts that replace texts are called like those; what replaces one of two, or two one, is not.
+            const bool isText = conversion.texts && layout.areTexts && values.size() < count;
+            const bool areAsMany = isText && count == CountOf(layout);
             const std::size_t replaced = values.empty() ? layout.at.north : layout.at.east;
-            if (isText && layout.hasHeader && replaced < layout.names.size()) name = layout.names[replaced];
-            if (isText && IsJson(layout.form) && !layout.columns.empty())
+            if (areAsMany && layout.hasHeader && replaced < layout.names.size())
+                name = layout.names[replaced];
+            if (areAsMany && IsJson(layout.form) && !layout.columns.empty())
                 name = layout.columns[values.size()];
             if (conversion.to.size() > 1) name += suffix;
             values.push_back(names.Take(std::move(name), suffix));

@@ -51,7 +51,7 @@ TEST(Convert, PassesTheRestOfALineThrough) {
 TEST(Convert, WritesDegreesAsTexts) {
     ExpectDone(
         Tessara(Convert({"--to", "UTM", "--to", "GEOGRAD", "--display"}), "48.1375 11.5755 520.5 hall\n"),
-        "5334791.145\t32691602.660\t520.5000\t48\u00b008'15.000''N\t11\u00b034'31.800''E\t520.5000\thall\n");
+        "N5334791.145\t32691602.660\t520.5000\t48\u00b008'15.000''N\t11\u00b034'31.800''E\t520.5000\thall\n");
     ExpectDone(Tessara(Convert({"--to", "UTM", "--north-precision", "1", "--east-precision", "1"}), MUNICH),
                "N 5334791\t32 691603\n");
     ExpectDone(Tessara(Convert({"--input", "csv", "--to", "GEOGRAD", "--display"}), "lat,lon\n48.5,-11.25\n"),
@@ -158,16 +158,19 @@ TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
         Tessara(Convert({"--to", "UTM", "--to", "UPS", "--to", "GK@GER"}), "48 11\n85 11\n82 11\n");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(LinesOf(outcome.err), (std::vector<std::string>{"-:1: not convertible to UPS@WGS84",
-                                                              "-:2: not convertible to UTM@WGS84, GK@GER",
-                                                              "-:3: not convertible to GK@GER"}));
+    EXPECT_EQ(
+        LinesOf(outcome.err),
+        (std::vector<std::string>{"-:1: not convertible to UPS@WGS84: it is north of the area of the system",
+                                  "-:2: not convertible to UTM@WGS84: it is north of the area of the system; "
+                                  "to GK@GER: it is north of the area of the system",
+                                  "-:3: not convertible to GK@GER: it is north of the area of the system"}));
 }
 
 TEST(Convert, TakesAPositionWithoutFiniteFieldsForNone) {
     const Outcome outcome = Tessara(Convert({"--to", "TM"}), "90 10\n");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "-:1: not convertible to TM@WGS84\n");
+    EXPECT_EQ(outcome.err, "-:1: not convertible to TM@WGS84: it is outside the area of the system\n");
 }
 
 TEST(Convert, ShowsNoControlCharactersAndNoEndlessWords) {

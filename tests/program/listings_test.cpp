@@ -94,6 +94,25 @@ TEST(Datums, AreListedByNumberWithNameEllipsoidAndShift) {
     EXPECT_EQ(lines[238], "238 NTL INTERNATIONAL -262 75 25");
 }
 
+TEST(Datums, AreFoundByEllipsoidRegionCountryAndPartsOfNames) {
+    const auto namesOf = [](const std::string& words) {
+        std::string names;
+        for (const std::string& line : LinesOf(Tessara({"datums", "--find", words}).out))
+            names += Words(line).at(1) + ' ';
+        return names;
+    };
+    EXPECT_EQ(namesOf("airy_1830"), "OGB_M OGB_A OGB_B OGB_C OGB_D ");
+    EXPECT_EQ(namesOf("bessel austria"), "MGI ");
+    EXPECT_EQ(namesOf("ethiopia adi_"), "ADI_M ADI_A ");
+    EXPECT_EQ(LinesOf(Tessara({"datums", "--find", "ADI_A"}).out),
+              std::vector<std::string>{
+                  "16 ADI_A CLARKE_1880 -165 -11 206\tAdindan; Africa: Ethiopia; within 6 m (EPSG 1103)"});
+    EXPECT_EQ(LinesOf(Tessara({"datums", "--describe"}).out).size(), 239u);
+    const Outcome none = Tessara({"datums", "--find", "atlantis"});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.out, "");
+}
+
 TEST(Datums, AreKnownToConvertByTheirNames) {
     std::vector<std::string> arguments{"convert"};
     for (const std::string& line : LinesOf(Tessara({"datums"}).out)) {

@@ -157,8 +157,6 @@ TEST(MapMessages, SayWhatIsWrongWithALayer) {
              {R"({"type": "positions"})", ": positions have either 'places' or a 'file'"},
              {R"({"type": "positions", "places": [], "file": "x"})",
               ": positions have either 'places' or a 'file'"},
-             {R"({"type": "positions", "file": "x", "from": "ECEF"})",
-              ".from: ECEF can't be typed: three values don't fit into a north and an east text"},
              {R"({"type": "positions", "places": [[91, 11]]})",
               ".places[0][0]: expected a number in -90..90, found 91"},
              {R"({"type": "positions", "places": [{"name": "x"}]})",
@@ -168,7 +166,7 @@ TEST(MapMessages, SayWhatIsWrongWithALayer) {
              {R"({"type": "positions", "places": [{"at": [48, 11], "nam": "x"}]})",
               R"(.places[0]: no key is called "nam" here; there are at, datum, name)"},
              {R"({"type": "positions", "places": [{"system": "UTM", "north": "N 1", "east": "99 1"}]})",
-              ".places[0]: not a legal position of UTM@WGS84"},
+              ".places[0]: '99': zones are 1 to 60"},
              {R"({"type": "geodesic", "places": [[48, 11]]})",
               ".places: expected 2 places at least, found 1"},
              {R"({"type": "line", "places": [[48, 11], [48, 12]], "straightIn": "FLOATPIXEL"})",
@@ -194,7 +192,7 @@ TEST(MapMessages, TellLinesOfAFileThatCantBeUsedAndDrawTheOthers) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, positions + ":2: latitude '91' is outside -90..90\n" + positions +
                                ":4: expected latitude longitude [height], found 4 values\n" + texts +
-                               ":2: not a legal position of UTM@WGS84\n" + texts +
+                               ":2: '99': zones are 1 to 60\n" + texts +
                                ":3: expected a north and an east text, found one column\n"
                                "nowhere.txt: can't be read: No such file or directory\n");
     EXPECT_EQ(ElementsOf(outcome.out, "circle", "layer0 position").size(), 1u);

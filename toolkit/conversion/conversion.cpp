@@ -1,6 +1,9 @@
 #include "conversion/conversion.h"
 
-#include "conversion/coords.h"
+#include <utility>
+
+#include "conversion/fields.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::toolkit {
 namespace {
@@ -14,12 +17,26 @@ tagKOORD DegreesRecord(const Position& position, std::int32_t datum) {
 }  // namespace
 
 Conversion::Conversion(std::int32_t from, Reference to)
-    : from_(from), to_(to), reference_(MakeReference(to)) {}
+    : from_(from), to_(std::move(to)), target_(DefaultRecord(to_)) {}
 
-std::optional<CKoord> Conversion::Convert(const Position& position) const {
-    const IRef<ICoord> coord = CoordOf(DegreesRecord(position, from_));
-    if (!coord->SetReference(reference_.Get())) return std::nullopt;
-    return KoordOf(coord.Get());
+KoordStatus Conversion::Convert(const Position& position, CKoord* result) const {
+    return Convert(CKoord(DegreesRecord(position, from_)), result);
+}
+
+KoordStatus Conversion::Convert(const CKoord& source, CKoord* result) const {
+    const bool isThere =
+        source.type == target_.type && source.datum == target_.datum && to_.parameters.empty();
+    if (isThere) {
+        *result = source;
+        return KOORD_OK;
+    }
+    CKoord target = target_;
+    const KoordStatus status = KoordConvert(&source, &target);
+    if (status != KOORD_OK) return status;
+    target.SetHeight(source.GetHeight());
+    if (!IsFinite(target)) return KOORD_ERR_OUTSIDE;
+    *result = target;
+    return KOORD_OK;
 }
 
 }  // namespace tessara::toolkit

@@ -26,6 +26,20 @@ Value ValueAt(const tagKOORD& record, const OutputField& field) {
     return value;
 }
 
+bool IsDouble(OutputKind kind) {
+    switch (kind) {
+        case OutputKind::Metres:
+        case OutputKind::Degrees:
+        case OutputKind::Minutes:
+        case OutputKind::Seconds:
+        case OutputKind::Pixels:
+        case OutputKind::SquareNumber:
+            return true;
+        default:
+            return false;
+    }
+}
+
 Field MakeField(const tagKOORD& record, const OutputField& field) {
     const auto number = [&] { return ValueAt<double>(record, field); };
     const auto whole = [&] { return std::int64_t{ValueAt<std::int16_t>(record, field)}; };
@@ -79,10 +93,10 @@ Field HeightField(double height) {
     return {"height", height, METRE_DECIMALS};
 }
 
-bool AreFinite(const std::vector<Field>& fields) {
-    return std::all_of(fields.begin(), fields.end(), [](const Field& field) {
-        const auto* number = std::get_if<double>(&field.value);
-        return number == nullptr || std::isfinite(*number);
+bool IsFinite(const tagKOORD& record) {
+    const auto outputs = System_Outputs(static_cast<std::int32_t>(record.type));
+    return std::all_of(outputs.begin(), outputs.end(), [&](const OutputField& field) {
+        return !IsDouble(field.kind) || std::isfinite(ValueAt<double>(record, field));
     });
 }
 

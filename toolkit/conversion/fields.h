@@ -26,7 +26,7 @@ struct Field {
 // The height as a field; what a record has of its own isn't in it.
 [[nodiscard]] Field HeightField(double height);
 
-// False if a number of it isn't finite: there is no such position in the system.
-[[nodiscard]] bool AreFinite(const std::vector<Field>& fields);
+// False if a number of a record isn't finite: there is no such position in its system.
+[[nodiscard]] bool IsFinite(const tagKOORD& record);
 
 }  // namespace tessara::toolkit

@@ -8,6 +8,9 @@
 namespace tessara::toolkit {
 namespace {
 
+// What most of the world calls UTMREF.
+constexpr const char* MILITARY_REFERENCES = "MGRS";
+
 // The library gives names to numbers, and no number to a name: a search goes through them all.
 template <class NameOf>
 std::optional<std::int32_t> NumberOf(const std::string& name, std::int32_t count, NameOf nameOf) {
@@ -44,7 +47,10 @@ std::string DatumName(std::int32_t number) {
 }
 
 std::optional<std::int32_t> SystemByName(const std::string& name) {
-    return NumberOf(name, KOORD_TYPE_COUNT, SystemName);
+    const std::optional<std::int32_t> number = NumberOf(name, KOORD_TYPE_COUNT, SystemName);
+    if (number) return number;
+    const auto isAlias = [](std::int32_t /*number*/) { return std::string(MILITARY_REFERENCES); };
+    return NumberOf(name, 1, isAlias) ? std::optional<std::int32_t>(KOORD_UTMREF) : std::nullopt;
 }
 
 std::optional<std::int32_t> DatumByName(const std::string& name) {

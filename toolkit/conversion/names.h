@@ -14,7 +14,7 @@ namespace tessara::toolkit {
 [[nodiscard]] std::string SystemName(std::int32_t system);
 [[nodiscard]] std::string DatumName(std::int32_t datum);
 
-// The number of a name, in upper or lower case.
+// The number of a name, in upper or lower case. UTMREF is called MGRS, too.
 [[nodiscard]] std::optional<std::int32_t> SystemByName(const std::string& name);
 [[nodiscard]] std::optional<std::int32_t> DatumByName(const std::string& name);
 

@@ -1,41 +1,68 @@
 #include "conversion/references.h"
 
+#include "conversion/coords.h"
 #include "conversion/names.h"
 
 namespace tessara::toolkit {
 namespace {
 
-// The two halves of SYSTEM[@DATUM].
-struct Halves {
+// The pieces of SYSTEM[:PARAMETERS][@DATUM].
+struct Pieces {
     std::string system;
+    std::optional<std::string> parameters;
     std::optional<std::string> datum;
 };
 
-Halves Split(const std::string& name) {
-    const std::size_t at = name.find('@');
-    if (at == std::string::npos) return {name, std::nullopt};
-    return {name.substr(0, at), name.substr(at + 1)};
+// Takes what stands behind a sign away from a text; nothing if the sign isn't there.
+std::optional<std::string> TakeBehind(char sign, std::string* text) {
+    const std::size_t at = text->find(sign);
+    if (at == std::string::npos) return std::nullopt;
+    std::string behind = text->substr(at + 1);
+    text->resize(at);
+    return behind;
+}
+
+Pieces Split(const std::string& name) {
+    Pieces pieces{name, {}, {}};
+    pieces.datum = TakeBehind('@', &pieces.system);
+    pieces.parameters = TakeBehind(':', &pieces.system);
+    return pieces;
 }
 
 }  // namespace
 
 std::string Reference::Name() const {
-    return SystemName(system) + "@" + DatumName(datum);
+    const std::string given = parameters.empty() ? "" : ":" + TextOf(parameters);
+    return SystemName(system) + given + "@" + DatumName(datum);
 }
 
 std::optional<Reference> ReferenceByName(const std::string& name, std::int32_t defaultDatum) {
-    const Halves halves = Split(name);
-    const std::optional<std::int32_t> system = SystemByName(halves.system);
-    const std::optional<std::int32_t> datum =
-        halves.datum ? DatumByName(*halves.datum) : std::optional(defaultDatum);
-    if (!system || !datum) return std::nullopt;
-    return Reference{*system, *datum};
+    if (!WrongReference(name).empty()) return std::nullopt;
+    const Pieces pieces = Split(name);
+    Reference reference{*SystemByName(pieces.system),
+                        pieces.datum ? *DatumByName(*pieces.datum) : defaultDatum};
+    if (pieces.parameters) reference.parameters = *ReadParameters(reference.system, *pieces.parameters);
+    return reference;
 }
 
 std::string WrongReference(const std::string& name) {
-    const Halves halves = Split(name);
-    std::string wrong = WrongSystem(halves.system);
-    return wrong.empty() && halves.datum ? WrongDatum(*halves.datum) : wrong;
+    const Pieces pieces = Split(name);
+    std::string wrong = WrongSystem(pieces.system);
+    if (wrong.empty() && pieces.parameters)
+        wrong = WrongParameters(*SystemByName(pieces.system), *pieces.parameters);
+    return wrong.empty() && pieces.datum ? WrongDatum(*pieces.datum) : wrong;
+}
+
+bool AreAlike(const Reference& one, const Reference& other) {
+    return one.system == other.system && one.datum == other.datum;
+}
+
+CKoord DefaultRecord(const Reference& reference) {
+    const IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference(reference).Get());
+    CKoord record = KoordOf(coord.Get());
+    StoreParameters(reference.parameters, &record);
+    return record;
 }
 
 IRef<ICoordinateReference> MakeReference(const Reference& reference) {

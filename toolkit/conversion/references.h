@@ -1,10 +1,11 @@
-// References as they are written on the command line: SYSTEM[@DATUM].
+// References as they are written on the command line: SYSTEM[:PARAMETERS][@DATUM].
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "conversion/parameters.h"
 #include "tessara/tessara.h"
 
 namespace tessara::toolkit {
@@ -12,8 +13,9 @@ namespace tessara::toolkit {
 struct Reference {
     std::int32_t system;
     std::int32_t datum;
+    Parameters parameters{};
 
-    // As it is written on the command line: SYSTEM@DATUM.
+    // As it is written on the command line: SYSTEM@DATUM, with the parameters that were given.
     [[nodiscard]] std::string Name() const;
 };
 
@@ -23,7 +25,13 @@ struct Reference {
 // What is wrong with such a name; empty if nothing is.
 [[nodiscard]] std::string WrongReference(const std::string& name);
 
-// The library's form of a reference.
+// Whether two have the same system and datum.
+[[nodiscard]] bool AreAlike(const Reference& one, const Reference& other);
+
+// The default record of a reference, with its parameters: the target of a conversion.
+[[nodiscard]] CKoord DefaultRecord(const Reference& reference);
+
+// The library's form of a reference, without its parameters.
 [[nodiscard]] IRef<ICoordinateReference> MakeReference(const Reference& reference);
 
 [[nodiscard]] bool IsPixel(std::int32_t system);

@@ -1,31 +1,24 @@
 #include "conversion/results.h"
 
-#include <optional>
+#include "conversion/statuses.h"
 
 namespace tessara::toolkit {
-namespace {
-
-std::optional<Result> ConvertTo(const Conversion& conversion, const Position& position) {
-    const std::optional<CKoord> koord = conversion.Convert(position);
-    if (!koord) return std::nullopt;
-    Result result{conversion.Target(), FieldsOf(*koord)};
-    if (!AreFinite(result.fields)) return std::nullopt;
-    return result;
-}
-
-}  // namespace
 
 Results ConvertToAll(const std::vector<Conversion>& conversions, const Position& position) {
     Results all;
-    std::vector<Reference> missing;
+    std::vector<Missing> missing;
     for (const Conversion& conversion : conversions) {
-        if (std::optional<Result> result = ConvertTo(conversion, position)) {
-            all.results.push_back(std::move(*result));
+        CKoord koord;
+        const KoordStatus status = conversion.Convert(position, &koord);
+        if (status == KOORD_OK) {
+            all.results.push_back({conversion.Target(), FieldsOf(koord)});
         } else {
-            missing.push_back(conversion.Target());
+            missing.push_back({conversion.Target(), status});
         }
     }
-    if (!missing.empty()) all.error = NotConvertibleTo(missing);
+    if (missing.empty()) return all;
+    all.error = NotConvertibleTo(missing);
+    all.code = StatusCode(missing.front().status);
     return all;
 }
 
@@ -48,11 +41,12 @@ std::string LineOf(const std::vector<Result>& results) {
     return text;
 }
 
-std::string NotConvertibleTo(const std::vector<Reference>& targets) {
-    std::string names;
-    for (const Reference& target : targets)
-        names += (names.empty() ? "" : ", ") + target.Name();
-    return "not convertible to " + names;
+std::string NotConvertibleTo(const std::vector<Missing>& targets) {
+    std::string text;
+    for (const auto& [target, status] : targets)
+        text +=
+            (text.empty() ? "not convertible to " : "; to ") + target.Name() + ": " + StatusReason(status);
+    return text;
 }
 
 }  // namespace tessara::toolkit

@@ -14,10 +14,11 @@ struct Result {
     std::vector<Field> fields;
 };
 
-// All of them, or what is wrong.
+// All of them, or what is wrong, and its code.
 struct Results {
     std::vector<Result> results;
     std::string error;
+    const char* code = "";
 };
 
 [[nodiscard]] Results ConvertToAll(const std::vector<Conversion>& conversions, const Position& position);
@@ -28,7 +29,13 @@ void AddHeights(const Position& position, std::vector<Result>* results);
 // The results as a line: targets stand apart by a tab, fields by a blank.
 [[nodiscard]] std::string LineOf(const std::vector<Result>& results);
 
-// The message about the targets that have no such position.
-[[nodiscard]] std::string NotConvertibleTo(const std::vector<Reference>& targets);
+// A target that has no such position, and why.
+struct Missing {
+    Reference target;
+    KoordStatus status;
+};
+
+// The message about all of them.
+[[nodiscard]] std::string NotConvertibleTo(const std::vector<Missing>& targets);
 
 }  // namespace tessara::toolkit

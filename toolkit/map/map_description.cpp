@@ -3,7 +3,6 @@
 #include <limits>
 
 #include "conversion/names.h"
-#include "conversion/text_forms.h"
 #include "map/map_grid_layer.h"
 #include "map/map_projection.h"
 
@@ -161,8 +160,6 @@ class DescriptionReader {
         if (const auto datum = DatumByName(from->Text()))
             return ReadDegreesFile(file, *datum, &description_.problems);
         const Reference reference = ReferenceIn(*from);
-        const std::string never = WhyNeverTyped(reference.system);
-        if (!never.empty()) from->Fail(SystemName(reference.system) + " can't be typed: " + never);
         return ReadTextsFile(file, reference, &description_.problems);
     }
 

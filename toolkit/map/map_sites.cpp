@@ -5,10 +5,10 @@
 #include "conversion/coords.h"
 #include "conversion/names.h"
 #include "conversion/positions.h"
-#include "conversion/typed_position.h"
 #include "lines/columns.h"
 #include "lines/line_reader.h"
 #include "lines/utf8.h"
+#include "typed/typed_reader.h"
 
 namespace tessara::toolkit {
 namespace {
@@ -26,14 +26,11 @@ IRef<ICoord> ReadPixelCoord(const JsonValue& value, std::int32_t datum) {
 }
 
 IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
-    TypedPosition position(ReadReference(object.Required("system"), datum));
+    const TypedReader reader({ReadReference(object.Required("system"), datum)});
     const std::string north = object.Required("north").Text();
-    const std::string wrong = position.Read(north, object.Required("east").Text());
-    if (!wrong.empty()) object.Fail(wrong);
-
-    IRef<ICoord> coord(CreateClassCoord());
-    position.Held()->GetCoord(coord.Get());
-    return coord;
+    const TypedResult read = reader.Read(north, object.Required("east").Text());
+    if (!read.IsRead()) object.Fail(read.fault.reason);
+    return CoordOf(read.readings.front().record);
 }
 
 IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
@@ -71,14 +68,13 @@ SiteLine ReadDegreesLine(const std::string& text, std::int32_t datum) {
         {}};
 }
 
-SiteLine ReadTextLine(const std::string& text, TypedPosition& position) {
+SiteLine ReadTextLine(const std::string& text, const TypedReader& reader) {
     if (Trim(text).empty() || text.starts_with('#')) return {};
     const std::vector<std::string> columns = SplitColumns(Trim(text), SeparatorOf(text));
     if (columns.size() < 2) return {std::nullopt, "expected a north and an east text, found one column"};
-    const std::string wrong = position.Read(columns[0], columns[1]);
-    if (!wrong.empty()) return {std::nullopt, wrong};
-    IRef<ICoord> coord(CreateClassCoord());
-    position.Held()->GetCoord(coord.Get());
+    const TypedResult read = reader.Read(columns[0], columns[1]);
+    if (!read.IsRead()) return {std::nullopt, read.fault.reason};
+    IRef<ICoord> coord = CoordOf(read.readings.front().record);
     return {Site{std::move(coord), columns.size() > 2 ? RepairUtf8(Trim(columns[2])) : "", {}}, {}};
 }
 
@@ -152,9 +148,9 @@ std::vector<Site> ReadDegreesFile(const LayerFile& file, std::int32_t datum,
 
 std::vector<Site> ReadTextsFile(const LayerFile& file, const Reference& reference,
                                 std::vector<std::string>* problems) {
-    TypedPosition position(reference);
+    const TypedReader reader({reference});
     return ReadLines(
-        file, [&position](const std::string& text) { return ReadTextLine(text, position); }, problems);
+        file, [&reader](const std::string& text) { return ReadTextLine(text, reader); }, problems);
 }
 
 }  // namespace tessara::toolkit

@@ -1,0 +1,198 @@
+#include "typed/judge.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "conversion/fields.h"
+#include "conversion/statuses.h"
+#include "tessara/kernel/convert.h"
+#include "tessara/kernel/range_checks.h"
+#include "tessara/kernel/systems.h"
+
+namespace tessara::toolkit {
+namespace {
+
+// A position that the free projections return to, this close, is within what they represent.
+constexpr double SAME_METRE = 0.01;
+
+// How finely what digits stand for is searched for a legal place, along each axis.
+constexpr int SEARCH_STEPS = 6;
+
+const Fault NO_SQUARE{"square", "zone and band have no such square", {}};
+
+Fault FaultOf(KoordStatus status) {
+    return {StatusCode(status), StatusReason(status), {}};
+}
+
+// The checker of the library passes none of these.
+bool IsBeyondTheChecker(const tagKOORD& record) {
+    switch (static_cast<std::int32_t>(record.type)) {
+        case KOORD_TM:
+        case KOORD_ECEF:
+        case KOORD_VDG:  // but for a part of those with the origin 0, 0
+            return true;
+        case KOORD_UPS:
+            return Load<UpsPayload>(record).hemisphere == 'S';
+        default:
+            return false;
+    }
+}
+
+double NumberAt(const tagKOORD& record, RecordField field) {
+    double number = 0.0;
+    std::memcpy(&number, record.payload + field.offset, sizeof number);
+    return number;
+}
+
+bool AreSame(const tagKOORD& one, const tagKOORD& other) {
+    const auto type = static_cast<std::int32_t>(one.type);
+    const auto isSame = [&](RecordField field) {
+        return std::fabs(NumberAt(one, field) - NumberAt(other, field)) < SAME_METRE;
+    };
+    return isSame(System_NorthText(type).back()) && isSame(System_EastText(type).back());
+}
+
+// To degrees and back.
+Fault CheckRoundTrip(const tagKOORD& record, const tagKOORD& degrees) {
+    if (record.type == KOORD_UPS) {
+        std::int32_t detail = KOORD_OK;
+        return Range_CheckRecord(&record, &detail) == KOORD_OK ? Fault{} : FaultOf(detail);
+    }
+    tagKOORD back = record;
+    const KoordStatus status = KoordConvert(&degrees, &back);
+    if (status != KOORD_OK) return FaultOf(status);
+    if (record.type == KOORD_ECEF || AreSame(record, back)) return {};
+    return FaultOf(KOORD_ERR_OUTSIDE);
+}
+
+std::int64_t ZoneOf(const tagKOORD& record) {
+    switch (static_cast<std::int32_t>(record.type)) {
+        case KOORD_UTM:
+            return Load<UtmPayload>(record).zone;
+        case KOORD_UTMREF:
+            return Load<UtmrefPayload>(record).zone;
+        case KOORD_GK:
+        case KOORD_GK6:
+            return static_cast<std::int64_t>(Load<GkPayload>(record).easting / STRIP_MILLION);
+        default:
+            return Load<BmnPayload>(record).meridian;
+    }
+}
+
+bool HasZones(const tagKOORD& record) {
+    return WantedZone(static_cast<std::int32_t>(record.type), 28).has_value();
+}
+
+// Of a position that converts and that the checker refuses all the same.
+Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
+    tagKOORD natural =
+        DefaultRecord({static_cast<std::int32_t>(record.type), static_cast<std::int32_t>(record.datum)});
+    const KoordStatus status = KoordConvert(&degrees, &natural);
+    if (status != KOORD_OK) return FaultOf(status);
+    if (HasZones(record) && ZoneOf(natural) != ZoneOf(record))
+        return {"outside-zone",
+                "it lies in zone " + std::to_string(ZoneOf(natural)) + " and not in " +
+                    std::to_string(ZoneOf(record)),
+                {}};
+    if (record.type == KOORD_UTMREF) return NO_SQUARE;
+    return FaultOf(KOORD_ERR_OUTSIDE);
+}
+
+tagKOORD DegreesRecord(const tagKOORD& record, KoordStatus* status) {
+    tagKOORD degrees = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
+    *status = KoordConvert(&record, &degrees);
+    return degrees;
+}
+
+// By so many metres; of a system whose texts end with its numbers.
+tagKOORD Moved(const tagKOORD& record, double east, double north) {
+    tagKOORD moved = record;
+    const auto type = static_cast<std::int32_t>(record.type);
+    const auto move = [&](RecordField field, double metres) {
+        const double number = NumberAt(record, field) + metres;
+        std::memcpy(moved.payload + field.offset, &number, sizeof number);
+    };
+    move(System_EastText(type).back(), east);
+    move(System_NorthText(type).back(), north);
+    return moved;
+}
+
+// The grid position of a reference in its own zone.
+tagKOORD UtmOf(const tagKOORD& reference, const tagKOORD& degrees) {
+    const auto datum = static_cast<std::int32_t>(reference.datum);
+    CKoord utm = DefaultRecord({KOORD_UTM, datum});
+    auto p = Load<UtmPayload>(utm);
+    p.wantedZone = Load<UtmrefPayload>(reference).zone;
+    Store(utm, p);
+    KoordConvert(&degrees, &utm);
+    p = Load<UtmPayload>(utm);
+    p.wantedZone = NO_WANTED_ZONE;
+    Store(utm, p);
+    return utm;
+}
+
+// Whether the wanted zone is the one of the record.
+bool IsInWantedZone(const Reading& reading) {
+    if (reading.reference.parameters.empty() || !HasZones(reading.record)) return false;
+    tagKOORD wanted = DefaultRecord(reading.reference);
+    KoordStatus status = KOORD_OK;
+    const tagKOORD degrees = DegreesRecord(reading.record, &status);
+    if (status != KOORD_OK || KoordConvert(&degrees, &wanted) != KOORD_OK) return false;
+    return ZoneOf(wanted) == ZoneOf(reading.record);
+}
+
+}  // namespace
+
+Judge::Judge() : checker_(CreateClassCoordinateChecker()), coord_(CreateClassCoord()) {}
+
+bool Judge::IsLegal(const tagKOORD& record) const {
+    const CKoord koord(record);
+    IRef<ICoordInternal>(coord_)->SetKoord(&koord);
+    return checker_->CheckCoord(coord_.Get());
+}
+
+Fault Judge::Check(const Reading& reading) const {
+    const tagKOORD& record = reading.record;
+    if (IsPixel(static_cast<std::int32_t>(record.type))) return {};
+    const bool isBeyond = IsBeyondTheChecker(record);
+    if (!isBeyond && IsLegal(record)) return {};
+
+    KoordStatus status = KOORD_OK;
+    const tagKOORD degrees = DegreesRecord(record, &status);
+    if (record.type == KOORD_UTMREF && status == KOORD_ERR_GENERAL) return NO_SQUARE;
+    if (status != KOORD_OK) return FaultOf(status);
+    if (!IsFinite(degrees)) return FaultOf(KOORD_ERR_OUTSIDE);
+    if (isBeyond) return CheckRoundTrip(record, degrees);
+    if (IsInWantedZone(reading)) return {};
+    if (IsLegalNearby(reading, degrees)) return {};
+    return WhyRefused(record, degrees);
+}
+
+// Digits stand for more than the place that they name: for half a unit around it where they were rounded, and
+// for all of a unit where they were cut. A part of that must be legal.
+bool Judge::IsLegalNearby(const Reading& reading, const tagKOORD& degrees) const {
+    const auto type = static_cast<std::int32_t>(reading.record.type);
+    const bool isReference = type == KOORD_UTMREF;
+    if (!isReference && !HasZones(reading.record)) return false;
+    const tagKOORD place = isReference ? UtmOf(reading.record, degrees) : reading.record;
+    const double first = isReference ? -0.5 : -1.0;
+    for (int east = 0; east <= SEARCH_STEPS; ++east) {
+        for (int north = 0; north <= SEARCH_STEPS; ++north) {
+            const auto share = [&](int step) { return first + (1.0 - first) * step / SEARCH_STEPS; };
+            if (IsLegal(Moved(place, share(east) * reading.eastResolution,
+                              share(north) * reading.northResolution)))
+                return true;
+        }
+    }
+    return false;
+}
+
+bool DegreesOf(const tagKOORD& record, GeodezPayload* degrees) {
+    KoordStatus status = KOORD_OK;
+    const tagKOORD converted = DegreesRecord(record, &status);
+    *degrees = Load<GeodezPayload>(converted);
+    return status == KOORD_OK && IsFinite(converted);
+}
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,96 @@
+#include "typed/military.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "conversion/numbers.h"
+#include "tessara/kernel/constants.h"
+#include "tessara/kernel/convert.h"
+
+namespace tessara::toolkit {
+namespace {
+
+constexpr int MOST_DIGITS = 5;
+
+struct Side {
+    std::string_view text;
+    int digits;
+};
+
+constexpr Side SIDES[] = {
+    {"1m", 5},  {"10m", 4},  {"100m", 3},  {"1000m", 2},   {"10000m", 1},
+    {"1km", 2}, {"10km", 1}, {"100km", 0}, {"100000m", 0},
+};
+
+double StepOf(int digits) {
+    return std::pow(10.0, MOST_DIGITS - digits);
+}
+
+// In the zone of the position, whether it is wanted or natural.
+Reference UtmOf(const Reference& target) {
+    Reference utm{KOORD_UTM, target.datum};
+    for (const Parameter& parameter : target.parameters) {
+        if (const auto zone = WantedZone(KOORD_UTM, static_cast<std::int32_t>(parameter.value)))
+            utm.parameters.push_back(*zone);
+    }
+    return utm;
+}
+
+}  // namespace
+
+std::optional<int> DigitsOfSide(std::string_view side) {
+    const Side* const found =
+        std::find_if(std::begin(SIDES), std::end(SIDES), [&](const Side& s) { return s.text == side; });
+    return found != std::end(SIDES) ? std::optional(found->digits) : std::nullopt;
+}
+
+ReferenceWriter::ReferenceWriter(const Reference& target, const ReferenceDigits& digits)
+    : datum_(target.datum), digits_(digits), toUtm_(target.datum, UtmOf(target)) {}
+
+// The reference of a place of the grid in the zone of `utm`.
+std::optional<UtmrefPayload> ReferenceWriter::At(const CKoord& utm, double easting, double northing) const {
+    tagKOORD place = utm;
+    auto p = Load<UtmPayload>(place);
+    p.easting = easting;
+    p.northing = northing;
+    Store(place, p);
+    tagKOORD reference = MakeKoord(datum_, KOORD_UTMREF);
+    UtmrefPayload wanted{};
+    wanted.wantedZone = p.zone;
+    Store(reference, wanted);
+    if (KoordConvert(&place, &reference) != KOORD_OK) return std::nullopt;
+    return Load<UtmrefPayload>(reference);
+}
+
+KoordStatus ReferenceWriter::Write(const CKoord& source, std::string* text) const {
+    CKoord utm;
+    const KoordStatus status = toUtm_.Convert(source, &utm);
+    if (status != KOORD_OK) return status;
+    const auto [easting, northing] = [&] {
+        const auto p = Load<UtmPayload>(utm);
+        return std::pair(p.easting, p.northing);
+    }();
+
+    std::optional<UtmrefPayload> reference;
+    if (!digits_.isTruncated) {
+        const double step = StepOf(digits_.count);
+        reference =
+            At(utm, step * std::floor(easting / step + 0.5), step * std::floor(northing / step + 0.5));
+    }
+    // At the edges of a zone and of the system the nearest square may not exist; the one around it does.
+    if (!reference) reference = At(utm, std::floor(easting), std::floor(northing));
+    if (!reference) return KOORD_ERR_OUTSIDE;
+    *text = std::to_string(reference->zone) + reference->band +
+            SquareText(std::string{reference->column, reference->row}, reference->easting,
+                       reference->northing, digits_.count);
+    return KOORD_OK;
+}
+
+std::string SquareText(std::string_view letters, std::int32_t easting, std::int32_t northing, int digits) {
+    const auto count = static_cast<std::size_t>(digits);
+    return std::string(letters) + FormatWhole(easting, MOST_DIGITS).substr(0, count) +
+           FormatWhole(northing, MOST_DIGITS).substr(0, count);
+}
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,43 @@
+// Military references as one string: 32UPU9160234791.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "conversion/conversion.h"
+#include "tessara/ckoord.h"
+
+namespace tessara::toolkit {
+
+struct ReferenceDigits {
+    int count = 5;             // of each axis: 5 for metres, 0 for the square of 100 km
+    bool isTruncated = false;  // to the square that the position lies in, not to the nearest one
+};
+
+// The digits of a side like 10m or 1km; nothing if it is none of 1m, 10m, ... 100km.
+[[nodiscard]] std::optional<int> DigitsOfSide(std::string_view side);
+
+// Makes the references of positions on one datum.
+class ReferenceWriter {
+  public:
+    // `target` is UTMREF, perhaps with a wanted zone.
+    ReferenceWriter(const Reference& target, const ReferenceDigits& digits);
+
+    // The status of the conversion to UTM; `text` is unchanged if it isn't KOORD_OK.
+    [[nodiscard]] KoordStatus Write(const CKoord& source, std::string* text) const;
+
+  private:
+    [[nodiscard]] std::optional<UtmrefPayload> At(const CKoord& utm, double easting, double northing) const;
+
+    std::int32_t datum_;
+    ReferenceDigits digits_;
+    Conversion toUtm_;
+};
+
+// The letters of a square and the leading digits of both axes: the form of a reference, but for zone and
+// band.
+[[nodiscard]] std::string SquareText(std::string_view letters, std::int32_t easting, std::int32_t northing,
+                                     int digits);
+
+}  // namespace tessara::toolkit
