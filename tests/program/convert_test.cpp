@@ -166,6 +166,11 @@ TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
                                   "-:3: not convertible to GK@GER: it is north of the area of the system"}));
 }
 
+TEST(Convert, GivesTheReasonACodeInJson) {
+    EXPECT_EQ(Tessara({"convert", "--to", "CH", "--json"}, "10 10\n").err,
+              "-:1: not convertible to CH@WGS84: the northing is below -300000 [northing]\n");
+}
+
 TEST(Convert, TakesAPositionWithoutFiniteFieldsForNone) {
     const Outcome outcome = Tessara(Convert({"--to", "TM"}), "90 10\n");
     EXPECT_EQ(outcome.status, 1);

@@ -147,6 +147,8 @@ TEST(MapMessages, SayWhatIsWrongWithALayer) {
              {R"({"type": "grid", "system": "UTM@X", "step": 1})",
               ".system: no datum is called 'X'; `tessara datums` lists them"},
              {R"({"type": "grid", "system": "ECEF", "step": 1})", ".system: ECEF has no grid lines"},
+             {R"({"type": "grid", "system": "UTM:zone=33", "step": 1})",
+              ".system: maps take systems without parameters"},
              {R"({"type": "grid", "system": "TM", "step": 1})", ".system: TM has no grid lines"},
              {R"({"type": "grid", "system": "UTM"})", ": 'eastStep' is missing"},
              {R"({"type": "grid", "system": "UTM", "step": 0})", ".step: expected a number above 0, found 0"},

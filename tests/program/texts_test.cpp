@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "program/files.h"
 #include "program/run_program.h"
@@ -379,6 +380,55 @@ TEST(Convert, TakesAPositionOnTheCommandLine) {
     EXPECT_EQ(wrong.out, "");
     EXPECT_NE(wrong.err.find("tessara: "), std::string::npos);
     EXPECT_EQ(Tessara({"convert", "--to", "UTM", "--input", "csv", "--", "48", "11"}).status, 2);
+}
+
+// Lines of fields, of texts and of display texts, fed back to the program.
+TEST(Convert, ReadsWhatItWritesOfEverySystem) {
+    const std::vector<std::pair<std::string, std::string>> places{
+        {"UTM", "48.1375 11.5755"},
+        {"UTMREF", "48.1375 11.5755"},
+        {"GEODEZ", "-48.1375 -11.5755"},
+        {"GEOGRAD", "-48.1375 -11.5755"},
+        {"GEOREF", "48.1375 11.5755"},
+        {"GK", "48.1375 11.5755"},
+        {"BMN@MGI", "48.1 14.3"},
+        {"OEM@MGI", "48.1 14.3"},
+        {"CH@CH1903", "46.8 8.2"},
+        {"GEODEZMIN", "-48.1375 -11.5755"},
+        {"GK6", "48.1375 11.5755"},
+        {"GK-AT:meridian=31@MGI", "48.1 14.3"},
+        {"UPS", "-85.1 11.3"},
+        {"PO_MILITARY", "39.4 -8.3"},
+        {"TM:lon0=9,fe=500000", "48.1 11.3"},
+        {"VDG", "48.1375 11.5755"},
+        {"BNG", "51.5 -0.12"},
+        {"ING", "53.35 -6.26"},
+        {"RD", "52.1 5.3"},
+        {"LUREF", "49.6 6.1"},
+        {"ECEF", "48.1375 11.5755"},
+    };
+    for (const auto& [system, place] : places) {
+        const std::string datum =
+            system.find('@') == std::string::npos ? "WGS84" : system.substr(system.find('@') + 1);
+        for (const std::vector<std::string>& style : {std::vector<std::string>{},
+                                                      {"--north-precision", "1e-5"},
+                                                      {"--display", "--north-precision", "1e-5"}}) {
+            std::vector<std::string> there{"convert", "--from", datum, "--to", system};
+            there.insert(there.end(), style.begin(), style.end());
+            const std::string line = Tessara(there, place).out;
+            const Outcome back =
+                Tessara({"convert", "--from", system, "--order", "en", "--to", "GEODEZ@" + datum}, line);
+            ASSERT_EQ(back.status, 0) << system << ": " << line << back.err;
+            std::istringstream wanted(place), found(back.out);
+            double latitude = 0.0, longitude = 0.0, foundLatitude = 0.0, foundLongitude = 0.0;
+            wanted >> latitude >> longitude;
+            found >> foundLatitude >> foundLongitude;
+            // A hundredth of a minute, the coarsest of these forms, is that of GEOREF; references have
+            // metres.
+            EXPECT_NEAR(foundLatitude, latitude, 0.01 / 60.0 + 1e-7) << line;
+            EXPECT_NEAR(foundLongitude, longitude, 0.01 / 60.0 + 1e-7) << line;
+        }
+    }
 }
 
 TEST(Convert, TakesFilesBehindTheDashes) {

@@ -110,8 +110,11 @@ class DescriptionReader {
         return layer;
     }
 
+    // Nothing that is drawn looks at parameters.
     [[nodiscard]] Reference ReferenceIn(const JsonValue& value) const {
-        return ReadReference(value, description_.sheet.datum);
+        Reference reference = ReadReference(value, description_.sheet.datum);
+        if (!reference.parameters.empty()) value.Fail("maps take systems without parameters");
+        return reference;
     }
 
     [[nodiscard]] std::vector<Site> Sites(JsonObject& object, const char* key, std::size_t least) const {
