@@ -1,10 +1,13 @@
 // tessara utmref
+#include <algorithm>
 #include <iostream>
 #include <memory>
+#include <vector>
 
 #include "commands/arguments.h"
 #include "commands/commands.h"
 #include "conversion/names.h"
+#include "conversion/quote.h"
 #include "files/toolkit_names.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
@@ -33,33 +36,63 @@ IRef<ITessaraString> MakeText(const std::string& text) {
     return made;
 }
 
-// Fills the list with the choices for the first piece that isn't given; false if one that is doesn't exist.
-bool FindChoices(const Options& options, const IRef<IArray>& list) {
+// The choices for a piece, given those before it; the list is empty for pieces that don't exist.
+std::vector<std::string> ChoicesBehind(const std::vector<std::string>& pieces, std::int32_t datum) {
     const IRef<ICoordCheckerUTMREF> checker(CreateClassCoordCheckerUTMREF());
-    const std::int32_t datum = *DatumByName(options.datum);
-    const IRef<ITessaraString> zone = MakeText(options.zone);
-    const IRef<ITessaraString> band = MakeText(options.band);
-    const IRef<ITessaraString> column = MakeText(options.column);
-    const IRef<ITessaraString> row = MakeText("");
-    if (options.zone.empty()) return checker->GetZoneList(list.Get());
-    // Without a band the columns are those of a default one: the zone exists if there are some.
-    if (!checker->GetColumnList(list.Get(), datum, zone.Get(), band.Get(), column.Get(), row.Get()))
-        return false;
-    if (options.band.empty()) return checker->GetBandList(list.Get());
-    if (options.column.empty()) return true;
-    return checker->GetRowList(list.Get(), datum, zone.Get(), band.Get(), column.Get(), row.Get());
+    const IRef<IArray> list(CreateClassArray());
+    const auto text = [&pieces](std::size_t i) { return MakeText(i < pieces.size() ? pieces[i] : ""); };
+    const IRef<ITessaraString> zone = text(0), band = text(1), column = text(2), row = text(3);
+    switch (pieces.size()) {
+        case 0:
+            checker->GetZoneList(list.Get());
+            break;
+        case 1:
+            checker->GetBandList(list.Get());
+            break;
+        case 2:
+            checker->GetColumnList(list.Get(), datum, zone.Get(), band.Get(), column.Get(), row.Get());
+            break;
+        default:
+            checker->GetRowList(list.Get(), datum, zone.Get(), band.Get(), column.Get(), row.Get());
+    }
+    std::vector<std::string> choices;
+    for (std::uint32_t i = 0; i < list->GetCount(); ++i)
+        choices.emplace_back(IRef<ITessaraString>(list->GetAt(i))->GetText());
+    return choices;
+}
+
+std::string Joined(const std::vector<std::string>& words) {
+    std::string line;
+    for (const std::string& word : words)
+        line += (line.empty() ? "" : " ") + word;
+    return line;
+}
+
+// In upper case, and without zeros before a number: zone 032 is 32.
+std::string AsListed(std::string piece) {
+    piece.erase(0, std::min(piece.find_first_not_of('0'), piece.size()));
+    for (char& c : piece) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    return piece;
 }
 
 ExitCode WriteChoices(const Options& options) {
-    const IRef<IArray> list(CreateClassArray());
-    if (!FindChoices(options, list)) {
-        std::cerr << "tessara: there is no such zone, band or column; without the last piece its choices are "
-                     "listed\n";
-        return EXIT_USAGE;
+    static constexpr const char* NAMES[] = {"zone", "band", "column"};
+    const std::int32_t datum = *DatumByName(options.datum);
+    std::vector<std::string> pieces;
+    for (const std::string& piece : {options.zone, options.band, options.column}) {
+        if (piece.empty()) break;
+        const std::vector<std::string> choices = ChoicesBehind(pieces, datum);
+        if (std::find(choices.begin(), choices.end(), AsListed(piece)) == choices.end()) {
+            std::cerr << "tessara: " << Quote(piece) << " is no " << NAMES[pieces.size()]
+                      << (pieces.empty() ? "" : " behind " + Joined(pieces)) << "; there are "
+                      << Joined(choices) << '\n';
+            return EXIT_USAGE;
+        }
+        pieces.push_back(piece);
     }
-    for (std::uint32_t i = 0; i < list->GetCount(); ++i)
-        std::cout << (i > 0 ? " " : "") << IRef<ITessaraString>(list->GetAt(i))->GetText();
-    std::cout << '\n';
+    std::cout << Joined(ChoicesBehind(pieces, datum)) << '\n';
     return EXIT_DONE;
 }
 

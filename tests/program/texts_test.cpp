@@ -443,6 +443,18 @@ TEST(Convert, RefusesParametersThatASystemDoesntHave) {
         EXPECT_EQ(Tessara({"convert", "--to", target, "--", "48", "11"}).status, 2) << target;
 }
 
+TEST(Utmref, NamesThePieceThatDoesntExist) {
+    const auto wrong = [](const std::vector<std::string>& pieces) {
+        std::vector<std::string> arguments{"utmref"};
+        arguments.insert(arguments.end(), pieces.begin(), pieces.end());
+        return Tessara(arguments).err;
+    };
+    EXPECT_EQ(wrong({"61"}).substr(0, 45), "tessara: '61' is no zone; there are 1 2 3 4 5");
+    EXPECT_EQ(wrong({"32", "I"}),
+              "tessara: 'I' is no band behind 32; there are C D E F G H J K L M N P Q R S T U V W X\n");
+    EXPECT_EQ(wrong({"32", "U", "A"}), "tessara: 'A' is no column behind 32 U; there are K L M N P Q\n");
+}
+
 TEST(Utmref, ListsTheChoicesThatAreLeft) {
     const std::string zones = Tessara({"utmref"}).out;
     EXPECT_EQ(zones.substr(0, 6), "1 2 3 ");
