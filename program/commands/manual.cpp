@@ -89,7 +89,7 @@ std::vector<std::string> NamesOf(const CLI::Option& option) {
 }
 
 bool TakesValue(const CLI::Option& option) {
-    return option.get_type_size_max() > 0;
+    return !option.get_type_name().empty();
 }
 
 void WriteOption(const CLI::Option& option) {

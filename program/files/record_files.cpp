@@ -78,6 +78,8 @@ class RecordStages {
         const Plan& plan = *block.plan;
         RecordWriter writer(options_.conversion, plan.layout, plan.names, plan.table.get());
         Results results;
+        // What is written is about as long as what is read, and its results.
+        outcome.Results()->reserve(2 * block.records.text.size());
         std::size_t count = 0;
         ReadRecords(plan.layout, block.records.number, block.records.text, [&](Record& record) {
             ++count;

@@ -20,9 +20,15 @@ std::string Count(std::size_t count, const char* what) {
 // Reads the records of one form into one that is used again and again.
 class Reader {
   public:
-    Reader(const Layout& layout, std::size_t number, const TakeRecord& take)
-        : layout_(layout), number_(number), take_(take) {}
+    Reader(const Layout& layout, std::size_t number, const TakeRecord& take, bool hasPositions = true)
+        : layout_(layout), number_(number), take_(take), hasPositions_(hasPositions) {}
 
+    void Read(std::string_view text) {
+        if (layout_.form == Form::GEOJSON) return ReadFeatures(text);
+        ReadLines(text);
+    }
+
+  private:
     void ReadLines(std::string_view text) {
         while (!text.empty()) {
             const std::string_view whole = FirstRecord(text, layout_.form, layout_.separator);
@@ -46,13 +52,12 @@ class Reader {
             const std::size_t begin = scan.At();
             ReadFeature(scan);
             record_.source = text.substr(begin, scan.At() - begin);
-            if (isGeometry_) ReadGeometryAlone();
+            if (isGeometry_ && hasPositions_) ReadGeometryAlone();
             if (record_.error.empty()) record_.error = layout_.wrong;
             take_(record_);
         }
     }
 
-  private:
     void ReadOne() {
         if (IsTable(layout_.form)) return ReadRow();
         if (layout_.form == Form::JSONL) return ReadObject();
@@ -143,7 +148,7 @@ class Reader {
         bool areProperties = true;
         scan.Object([&](std::string_view name) {
             Value value{Notation::Json, {}};
-            if (name == R"("geometry")") {
+            if (hasPositions_ && name == R"("geometry")") {
                 record_.positions.clear();
                 wrongGeometry = ReadGeometry(scan, &record_.geometry, &record_.positions);
             } else if (name == R"("properties")" && scan.Peek() == '{') {
@@ -171,6 +176,7 @@ class Reader {
     const Layout& layout_;
     std::size_t number_;
     const TakeRecord& take_;
+    bool hasPositions_;
     Record record_;
     bool isGeometry_ = false;  // and no feature
     std::vector<std::string_view> columns_;
@@ -213,12 +219,11 @@ std::string_view FirstRecord(std::string_view text, Form form, char separator) {
 }
 
 void ReadRecords(const Layout& layout, std::size_t number, std::string_view text, const TakeRecord& take) {
-    Reader reader(layout, number, take);
-    if (layout.form == Form::GEOJSON) {
-        reader.ReadFeatures(text);
-    } else {
-        reader.ReadLines(text);
-    }
+    Reader(layout, number, take).Read(text);
+}
+
+void ReadMembers(const Layout& layout, std::string_view text, const TakeRecord& take) {
+    Reader(layout, 1, take, false).Read(text);
 }
 
 }  // namespace tessara::program

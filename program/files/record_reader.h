@@ -16,6 +16,9 @@ using TakeRecord = std::function<void(Record&)>;
 // already, with commas between them.
 void ReadRecords(const Layout& layout, std::size_t number, std::string_view text, const TakeRecord& take);
 
+// The same, but of features the members alone, without their positions.
+void ReadMembers(const Layout& layout, std::string_view text, const TakeRecord& take);
+
 // Whether a line has no record: a blank one, or a comment where the form has those.
 [[nodiscard]] bool IsSkipped(std::string_view line, Form form);
 

@@ -57,7 +57,13 @@ void Survey(const RecordConversion& conversion, InputBuffer* input, Layout* layo
             layout->hasHeights = layout->hasHeights || position.height.has_value();
     };
     for (RecordBlock block; file && blocks->Next(&block);) {
-        if (block.error.empty()) ReadRecords(*file, block.number, block.text, add);
+        if (!block.error.empty()) continue;
+        // Only a table must know whether there are heights.
+        if (IsTable(conversion.output)) {
+            ReadRecords(*file, block.number, block.text, add);
+        } else {
+            ReadMembers(*file, block.text, add);
+        }
     }
 }
 
