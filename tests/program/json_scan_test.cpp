@@ -37,8 +37,8 @@ const std::string SEEDS[] = {
 
 // One of the seeds with a few bytes changed, left out or repeated.
 std::string Mutated(std::mt19937& random) {
-    static const std::string bytes(
-        "{}[]\",:\\/u0123456789dDeE+-. tfn\x1F\x7F\x80\xC3\xE2\xF0\xED\xA0\xFF", 40);
+    static const std::string bytes("{}[]\",:\\/u0123456789dDeE+-. tfn\x1F\x7F\x80\xC3\xE2\xF0\xED\xA0\xFF",
+                                   40);
     std::string text = SEEDS[random() % std::size(SEEDS)];
     for (std::uint_fast32_t count = random() % 4; count > 0; --count) {
         const std::size_t at = random() % text.size();
