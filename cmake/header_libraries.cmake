@@ -1,7 +1,9 @@
 # CLI11::CLI11 and nlohmann_json::nlohmann_json. Both consist of headers only, so a build for another system can use those
 # of this system, through a directory that contains no other headers.
 if(NOT CMAKE_CROSSCOMPILING)
-  find_package(CLI11 REQUIRED)
+  if(TESSARA_BUILD_PROGRAM)
+    find_package(CLI11 REQUIRED)
+  endif()
   find_package(nlohmann_json REQUIRED)
   return()
 endif()

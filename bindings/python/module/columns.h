@@ -1,0 +1,86 @@
+// Columns of values: strided memory that stands for the same field of many positions.
+#pragma once
+
+#include <pybind11/numpy.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "tessara/kernel/koord_status.h"
+
+namespace tessara::python {
+
+// Values that are read. A stride of 0 is one value for all positions; a column without data isn't there.
+struct InColumn {
+    const std::byte* data = nullptr;
+    std::ptrdiff_t stride = 0;
+
+    [[nodiscard]] bool IsThere() const { return data != nullptr; }
+
+    // Arrays may lie at any address.
+    [[nodiscard]] double Number(std::size_t i) const {
+        double value;
+        std::memcpy(&value, At(i), sizeof value);
+        return value;
+    }
+    [[nodiscard]] const std::byte* At(std::size_t i) const {
+        return data + static_cast<std::ptrdiff_t>(i) * stride;
+    }
+};
+
+// Values that are written, one behind the other.
+struct OutColumn {
+    std::byte* data = nullptr;
+
+    [[nodiscard]] bool IsThere() const { return data != nullptr; }
+
+    template <class Value>
+    void Put(std::size_t i, Value value) const {
+        std::memcpy(data + i * sizeof value, &value, sizeof value);
+    }
+};
+
+// Arrays of one shape as columns. Holds what the columns point to.
+class InputArrays {
+  public:
+    explicit InputArrays(std::vector<pybind11::ssize_t> shape);
+
+    // The array has the shape. Nothing is copied where its elements follow each other at one distance.
+    [[nodiscard]] InColumn Add(const pybind11::array& array);
+
+    [[nodiscard]] const std::vector<pybind11::ssize_t>& Shape() const { return shape_; }
+    [[nodiscard]] std::size_t Count() const { return count_; }
+
+  private:
+    std::vector<pybind11::ssize_t> shape_;
+    std::size_t count_;
+    std::vector<pybind11::array> held_;
+};
+
+// New arrays of one shape.
+class OutputArrays {
+  public:
+    explicit OutputArrays(const std::vector<pybind11::ssize_t>& shape) : shape_(shape) {}
+
+    [[nodiscard]] OutColumn Add(const pybind11::dtype& type);
+
+    // The arrays in the order in which they were added.
+    [[nodiscard]] pybind11::list Arrays() const { return arrays_; }
+
+  private:
+    std::vector<pybind11::ssize_t> shape_;
+    pybind11::list arrays_;
+};
+
+// The first position that has no result.
+struct Failure {
+    std::size_t index;
+    KoordStatus status;
+};
+
+// The place of an element among those of a shape: a number, or a tuple of them.
+[[nodiscard]] pybind11::object IndexOf(std::size_t element, const std::vector<pybind11::ssize_t>& shape);
+
+}  // namespace tessara::python

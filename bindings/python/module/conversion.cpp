@@ -1,0 +1,167 @@
+// The class Conversion: names in, columns in and out, statuses as exceptions.
+#include <pybind11/numpy.h>
+#include <pybind11/stl.h>
+
+#include <cmath>
+
+#include "columns.h"
+#include "errors.h"
+#include "module.h"
+#include "prepared.h"
+#include "record_fields.h"
+#include "reference.h"
+
+namespace tessara::python {
+namespace py = pybind11;
+namespace {
+
+py::tuple NamesOf(std::span<const OutputField> fields) {
+    py::list names;
+    for (const OutputField& field : fields)
+        names.append(field.name);
+    return names;
+}
+
+// For each field the kind of its values: 'U' text, 'i' whole numbers, 'f' numbers; and how many letters.
+py::tuple TypesOf(std::span<const OutputField> fields) {
+    py::list types;
+    for (const OutputField& field : fields)
+        types.append(py::str(TypeOf(field)));
+    return types;
+}
+
+// The fields that hold what is north and what is east.
+constexpr const char* NORTH_NAMES[] = {"latitude", "fullNorthing", "northing", "y"};
+constexpr const char* EAST_NAMES[] = {"longitude", "fullEasting", "easting", "x"};
+
+template <std::size_t count>
+std::optional<std::size_t> FieldCalled(const char* const (&names)[count], std::span<const OutputField> fields) {
+    for (const char* name : names) {
+        for (std::size_t k = 0; k < fields.size(); ++k) {
+            const bool isNumber = KindOf(fields[k]) == ColumnKind::Number;
+            if (isNumber && std::string_view(fields[k].name) == name) return k;
+        }
+    }
+    return std::nullopt;
+}
+
+class Conversion {
+  public:
+    Conversion(const std::string& from, const std::string& to, std::optional<std::int16_t> zone)
+        : prepared_(ReferenceOf(from), ReferenceOf(to), zone) {
+        const auto fields = prepared_.SourceFields();
+        const auto north = FieldCalled(NORTH_NAMES, fields);
+        const auto east = FieldCalled(EAST_NAMES, fields);
+        const bool arePair = north && east && fields.size() <= 5 && prepared_.From().system != KOORD_UTMREF &&
+                             prepared_.From().system != KOORD_ECEF;
+        if (!arePair) return;
+        pair_ = {*north, *east};
+        canBePoint_ = fields.size() == 2;
+    }
+
+    [[nodiscard]] const PreparedConversion& Prepared() const { return prepared_; }
+
+    [[nodiscard]] py::object Pair() const {
+        if (!pair_) return py::none();
+        return py::make_tuple(pair_->first, pair_->second);
+    }
+    [[nodiscard]] bool CanBePoint() const { return canBePoint_; }
+
+    [[nodiscard]] py::tuple ConvertPoint(double north, double east, std::optional<double> height) const {
+        if (!canBePoint_) throw std::invalid_argument("the source has more fields than north and east");
+        tagKOORD source = prepared_.Source();
+        const auto fields = prepared_.SourceFields();
+        std::memcpy(source.payload + fields[pair_->first].offset, &north, sizeof north);
+        std::memcpy(source.payload + fields[pair_->second].offset, &east, sizeof east);
+        tagKOORD target;
+        const KoordStatus status = prepared_.Convert(source, height ? &*height : nullptr, &target);
+        if (status != KOORD_OK) throw PositionError{status};
+        return TupleOf(target, height);
+    }
+
+    // Arrays of the given shape, one for each field or none; a list of new arrays: the target's fields, the height if
+    // there is one, the statuses if they are wanted.
+    [[nodiscard]] py::list ConvertArrays(const std::vector<py::ssize_t>& shape,
+                                         const std::vector<std::optional<py::array>>& fields,
+                                         const std::optional<py::array>& height, const std::string& errors) const {
+        if (fields.size() != prepared_.SourceFields().size())
+            throw std::invalid_argument("the source has another number of fields");
+        InputArrays inputs(shape);
+        SourceColumns source;
+        for (std::size_t k = 0; k < fields.size(); ++k) {
+            if (fields[k]) CheckType(*fields[k], prepared_.SourceFields()[k]);
+            source.fields.push_back(fields[k] ? inputs.Add(*fields[k]) : InColumn{});
+        }
+        if (height) source.height = inputs.Add(CheckedNumbers(*height));
+
+        OutputArrays outputs(shape);
+        TargetColumns target;
+        for (const OutputField& field : prepared_.TargetFields())
+            target.fields.push_back(outputs.Add(TypeOf(field)));
+        const bool givesHeight = prepared_.GivesHeight() && (height || prepared_.KnowsHeight());
+        if (givesHeight) target.height = outputs.Add(py::dtype::of<double>());
+        if (errors == "status") target.status = outputs.Add(py::dtype::of<std::int32_t>());
+
+        const Keep keep = errors == "status" ? Keep::DistantZones : Keep::Nothing;
+        std::optional<Failure> failure;
+        {
+            const py::gil_scoped_release released;
+            failure = prepared_.Convert(source, inputs.Count(), keep, target);
+        }
+        if (failure && errors == "raise") throw PositionError{failure->status, IndexOf(failure->index, shape)};
+        return outputs.Arrays();
+    }
+
+  private:
+    [[nodiscard]] py::tuple TupleOf(const tagKOORD& target, std::optional<double> height) const {
+        const auto fields = prepared_.TargetFields();
+        const bool givesHeight = height && prepared_.GivesHeight();
+        py::tuple values(fields.size() + (givesHeight ? 1 : 0));
+        for (std::size_t k = 0; k < fields.size(); ++k)
+            values[k] = ValueOf(fields[k], target);
+        if (givesHeight) values[fields.size()] = *height;
+        return values;
+    }
+
+    static void CheckType(const py::array& array, const OutputField& field) {
+        const bool isText = KindOf(field) == ColumnKind::Letters;
+        const py::dtype wanted = isText ? TypeOf(field) : py::dtype::of<double>();
+        if (!array.dtype().equal(wanted))
+            throw std::invalid_argument(std::string("the array of '") + field.name + "' has the wrong type");
+    }
+
+    static const py::array& CheckedNumbers(const py::array& array) {
+        if (!array.dtype().equal(py::dtype::of<double>()))
+            throw std::invalid_argument("the array of heights has the wrong type");
+        return array;
+    }
+
+    PreparedConversion prepared_;
+    std::optional<std::pair<std::size_t, std::size_t>> pair_;
+    bool canBePoint_ = false;
+};
+
+}  // namespace
+
+void BindConversion(py::module_& module) {
+    py::class_<Conversion>(module, "Conversion")
+        .def(py::init<const std::string&, const std::string&, std::optional<std::int16_t>>(), py::arg("from_"),
+             py::arg("to"), py::arg("zone"))
+        .def_property_readonly("from_", [](const Conversion& self) { return self.Prepared().From().Name(); })
+        .def_property_readonly("to", [](const Conversion& self) { return self.Prepared().To().Name(); })
+        .def_property_readonly("source_fields",
+                               [](const Conversion& self) { return NamesOf(self.Prepared().SourceFields()); })
+        .def_property_readonly("source_types",
+                               [](const Conversion& self) { return TypesOf(self.Prepared().SourceFields()); })
+        .def_property_readonly("target_fields",
+                               [](const Conversion& self) { return NamesOf(self.Prepared().TargetFields()); })
+        .def_property_readonly("knows_height", [](const Conversion& self) { return self.Prepared().KnowsHeight(); })
+        .def_property_readonly("gives_height", [](const Conversion& self) { return self.Prepared().GivesHeight(); })
+        .def_property_readonly("pair", &Conversion::Pair)
+        .def_property_readonly("can_be_point", &Conversion::CanBePoint)
+        .def("point", &Conversion::ConvertPoint, py::arg("north"), py::arg("east"), py::arg("height") = py::none())
+        .def("arrays", &Conversion::ConvertArrays, py::arg("shape"), py::arg("fields"), py::arg("height"),
+             py::arg("errors"));
+}
+
+}  // namespace tessara::python

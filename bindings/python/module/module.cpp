@@ -1,0 +1,13 @@
+// The extension module tessara._tessara, which the package wraps.
+#include "module.h"
+
+#include "errors.h"
+
+PYBIND11_MODULE(_tessara, module) {
+    module.doc() = "The library behind the package tessara. Use that one.";
+    module.attr("__version__") = TESSARA_VERSION;
+    tessara::python::BindErrors(module);
+    tessara::python::BindTables(module);
+    tessara::python::BindConversion(module);
+    tessara::python::BindGeodesics(module);
+}

@@ -1,0 +1,12 @@
+// What the module consists of: each source binds its own.
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+namespace tessara::python {
+
+void BindTables(pybind11::module_& module);
+void BindConversion(pybind11::module_& module);
+void BindGeodesics(pybind11::module_& module);
+
+}  // namespace tessara::python

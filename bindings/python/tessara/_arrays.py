@@ -1,0 +1,62 @@
+"""What callers pass as numbers or texts becomes arrays of one shape; results take the caller's form."""
+
+from __future__ import annotations
+
+import sys
+from collections.abc import Callable, Iterable, Sequence
+from typing import Any
+
+import numpy as np
+import numpy.typing as npt
+
+NUMBER_KINDS = "fiub"
+TEXT_KINDS = "US"
+
+
+def is_series(value: object) -> bool:
+    """Whether it is a pandas Series; pandas is imported by whoever made one."""
+    pandas = sys.modules.get("pandas")
+    return pandas is not None and isinstance(value, pandas.Series)
+
+
+def numbers(value: Any, name: str) -> npt.NDArray[np.float64]:
+    """An array of doubles, the caller's own where it is one. What is missing is NaN."""
+    if is_series(value):
+        value = value.to_numpy(dtype="float64", na_value=np.nan)
+    if isinstance(value, np.ma.MaskedArray):
+        value = value.astype(np.float64).filled(np.nan)
+    array = np.asarray(value)
+    if array.dtype.kind not in NUMBER_KINDS + "O":
+        raise TypeError(f"{name} has to be numbers, not {array.dtype}")
+    return array.astype(np.float64, copy=False)
+
+
+def texts(value: Any, name: str, length: int) -> npt.NDArray[np.str_]:
+    """An array of texts of at most so many characters."""
+    if is_series(value):
+        value = value.to_numpy()
+    array = np.asarray(value)
+    if array.dtype.kind == "O" and all(isinstance(item, str) for item in array.flat):
+        array = array.astype(np.str_)
+    if array.dtype.kind not in TEXT_KINDS:
+        raise TypeError(f"{name} has to be text, not {array.dtype}")
+    array = array.astype(np.str_)
+    if array.size and int(np.char.str_len(array).max()) > length:
+        raise ValueError(f"{name} has to be at most {length} letter{'s' if length > 1 else ''}")
+    return array.astype(f"=U{length}", copy=False)
+
+
+def broadcast(arrays: Sequence[npt.NDArray[Any] | None]) -> tuple[list[int], list[npt.NDArray[Any] | None]]:
+    """The shape that the arrays have in common, and the arrays in that shape."""
+    shape = np.broadcast_shapes(*(array.shape for array in arrays if array is not None))
+    return list(shape), [None if array is None else np.broadcast_to(array, shape) for array in arrays]
+
+
+def form_of(values: Iterable[Any]) -> Callable[[npt.NDArray[Any]], Any]:
+    """What the results of an operation on these become: Series like the first one among them, or what they are."""
+    for value in values:
+        if is_series(value):
+            series = type(value)
+            index = value.index
+            return lambda array: series(array, index=index)
+    return lambda array: array if array.ndim else array.item()

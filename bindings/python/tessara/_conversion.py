@@ -1,0 +1,201 @@
+"""Positions from one coordinate system and datum to another."""
+
+from __future__ import annotations
+
+import re
+from collections.abc import Mapping
+from functools import lru_cache
+from typing import Any, Literal, NamedTuple, cast
+
+import numpy as np
+
+from . import _tessara
+from ._arrays import broadcast, form_of, is_series, numbers, texts
+
+Errors = Literal["raise", "nan", "status"]
+ERRORS = ("raise", "nan", "status")
+
+WGS84_DEGREES = "GEODEZ@WGS84"
+WGS84_UTM = "UTM@WGS84"
+
+
+def check_errors(errors: str) -> None:
+    if errors not in ERRORS:
+        raise ValueError(f"errors is one of {', '.join(ERRORS)}, not {errors!r}")
+
+
+@lru_cache(maxsize=None)
+def result_type(name: str, fields: tuple[str, ...]) -> type[tuple[Any, ...]]:
+    """The named tuple with these fields. Its values are numbers and texts, or arrays of them."""
+    made = cast(type[tuple[Any, ...]], NamedTuple(name, [(field, Any) for field in fields]))  # type: ignore[misc]
+    made.__module__ = __name__
+    made.__reduce__ = lambda self: (_rebuild, (name, fields, tuple(self)))  # type: ignore[method-assign, assignment]
+    return made
+
+
+def _rebuild(name: str, fields: tuple[str, ...], values: tuple[Any, ...]) -> tuple[Any, ...]:
+    return tuple.__new__(result_type(name, fields), values)
+
+
+class Conversion:
+    """A conversion that is prepared once: from one reference to another.
+
+    References are `SYSTEM` or `SYSTEM@DATUM`; without a datum they are on WGS84. `zone` is the zone that is wanted of
+    a UTM or UTMREF target; without it each position goes into the zone that it lies in.
+
+    >>> to_utm = Conversion("GEODEZ", "UTM")
+    >>> to_utm(48.1375, 11.5755)
+    UTM(zone=32, hemisphere='N', easting=691602.6597..., northing=5334791.1445...)
+    """
+
+    def __init__(self, from_: str = WGS84_DEGREES, to: str = WGS84_UTM, *, zone: int | None = None) -> None:
+        core = _tessara.Conversion(from_, to, zone)
+        system = re.sub(r"\W", "_", core.to.partition("@")[0])
+        height = core.target_fields + (("height",) if core.gives_height else ())
+        self._core = core
+        self._point = core.point
+        self._can_be_point = core.can_be_point
+        self._zone = zone
+        self._name = system
+        self._plain = result_type(system, core.target_fields)
+        self._with_height = result_type(system, height)
+
+    @property
+    def from_(self) -> str:
+        """The reference of the source, SYSTEM@DATUM."""
+        return self._core.from_
+
+    @property
+    def to(self) -> str:
+        """The reference of the target, SYSTEM@DATUM."""
+        return self._core.to
+
+    @property
+    def source_fields(self) -> tuple[str, ...]:
+        """What a position of the source consists of; the keywords of `fields`."""
+        return self._core.source_fields
+
+    @property
+    def target_fields(self) -> tuple[str, ...]:
+        """What a position of the target consists of; a result has them in this order."""
+        return self._core.target_fields
+
+    def __repr__(self) -> str:
+        zone = "" if self._zone is None else f", zone={self._zone}"
+        return f"Conversion({self.from_!r}, {self.to!r}{zone})"
+
+    def __reduce__(self) -> tuple[Any, ...]:
+        return _prepare, (self.from_, self.to, self._zone)
+
+    def __call__(
+        self,
+        north: Any,
+        east: Any,
+        height: Any = None,
+        *,
+        from_zone: Any = None,
+        from_hemisphere: Any = None,
+        errors: Errors = "raise",
+    ) -> Any:
+        """Converts positions; see `convert`, whose arguments these are."""
+        if self._can_be_point and type(north) is float and type(east) is float and errors == "raise":
+            if height is None:
+                if from_zone is None and from_hemisphere is None:
+                    return tuple.__new__(self._plain, self._point(north, east))
+        pair = self._core.pair
+        names = self._core.source_fields
+        if pair is None:
+            raise ValueError(f"a position in {self.from_} isn't a north and an east value; "
+                             f"pass {', '.join(names)} to Conversion.fields")
+        given = {names[pair[0]]: north, names[pair[1]]: east}
+        for name, value in (("zone", from_zone), ("meridian", from_zone), ("hemisphere", from_hemisphere)):
+            if value is not None and name in names:
+                given[name] = value
+        if from_zone is not None and not {"zone", "meridian"} & given.keys():
+            raise ValueError(f"{self.from_} has no zones")
+        if from_hemisphere is not None and "hemisphere" not in given:
+            raise ValueError(f"{self.from_} has no hemispheres")
+        if ("zone" in names or "meridian" in names) and from_zone is None:
+            raise ValueError(f"positions in {self.from_} need a zone: from_zone")
+        return self.fields(given, height=height, errors=errors)
+
+    def fields(self, fields: Mapping[str, Any] | tuple[Any, ...], *, height: Any = None, errors: Errors = "raise") -> Any:
+        """Converts positions that are given by the fields of the source: a mapping, or the result of a conversion.
+
+        >>> there = convert(48.1375, 11.5755, to="UTMREF")
+        >>> Conversion("UTMREF", "GEODEZ").fields(there)
+        GEODEZ(latitude=48.1374..., longitude=11.5754...)
+        """
+        check_errors(errors)
+        given: dict[str, Any] = dict(fields) if isinstance(fields, Mapping) else fields._asdict()  # type: ignore[attr-defined]
+        height = given.pop("height", None) if height is None else height
+        unknown = given.keys() - set(self.source_fields)
+        if unknown:
+            raise ValueError(f"{self.from_} has no field {sorted(unknown)[0]!r}; there are {', '.join(self.source_fields)}")
+        if not given:
+            raise ValueError(f"pass {', '.join(self.source_fields)}")
+        columns: list[Any] = []
+        for name, kind in zip(self.source_fields, self._core.source_types):
+            if name not in given:
+                columns.append(None)
+            elif "U" in kind:
+                columns.append(texts(given[name], name, int(kind.partition("U")[2])))
+            else:
+                columns.append(numbers(given[name], name))
+        columns.append(None if height is None else numbers(height, "height"))
+        shape, arrays = broadcast(columns)
+        made = self._core.arrays(shape, arrays[:-1], arrays[-1], errors)
+
+        has_height = self._core.gives_height and (height is not None or self._core.knows_height)
+        form = form_of((*given.values(), height))
+        if errors != "status":
+            return tuple.__new__(self._with_height if has_height else self._plain, map(form, made))
+        names = self.target_fields + (("height",) if has_height else ()) + ("status",)
+        return tuple.__new__(result_type(self._name, names), map(form, made))
+
+
+@lru_cache(maxsize=256)
+def _prepare(from_: str, to: str, zone: int | None) -> Conversion:
+    return Conversion(from_, to, zone=zone)
+
+
+def convert(
+    north: Any,
+    east: Any,
+    height: Any = None,
+    *,
+    from_: str = WGS84_DEGREES,
+    to: str = WGS84_UTM,
+    zone: int | None = None,
+    from_zone: Any = None,
+    from_hemisphere: Any = None,
+    errors: Errors = "raise",
+) -> Any:
+    """Converts positions to another coordinate system and datum.
+
+    north, east: latitudes and longitudes in degrees, or northings and eastings in metres: numbers, arrays of any
+        shapes that broadcast, lists, pandas Series.
+    height: metres above the ellipsoid. It is handed on, and ECEF takes it into account.
+    from_, to: SYSTEM or SYSTEM@DATUM; `systems()` and `datums()` list them.
+    zone: the zone that is wanted of a UTM or UTMREF target. Without it each position goes into its own.
+    from_zone, from_hemisphere: of UTM positions, the hemisphere "N" where none is given; from_zone is the
+        meridian of Austrian grids, too.
+    errors: what becomes of a position without a result. "raise" raises PositionError with its index; "nan" leaves NaN,
+        0 and "" there; "status" does so, too, and adds the field `status`, 1 for success. A position far from the
+        wanted zone keeps its numbers then.
+
+    The result is a named tuple of the target's fields: numbers and texts for a single position, arrays for arrays,
+    Series with the same index for Series.
+
+    >>> convert(48.1375, 11.5755)
+    UTM(zone=32, hemisphere='N', easting=691602.6597..., northing=5334791.1445...)
+    >>> convert([48.1375, 52.5], [11.5755, 13.4]).zone
+    array([32, 33], dtype=int16)
+    >>> convert(5334791.1445, 691602.6597, from_="UTM", from_zone=32, to="GEODEZ")
+    GEODEZ(latitude=48.13749..., longitude=11.57549...)
+    >>> convert([48.1375, 91.0], 11.5755, errors="status").status
+    array([    1, -3708], dtype=int32)
+    """
+    return _prepare(from_, to, zone)(
+        north, east, height, from_zone=from_zone, from_hemisphere=from_hemisphere, errors=errors
+    )
