@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "conversion/names.h"
-#include "map/map_grid_layer.h"
+#include "map/map_grids.h"
 #include "map/map_projection.h"
 
 namespace tessara::toolkit {

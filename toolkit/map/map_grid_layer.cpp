@@ -9,45 +9,13 @@
 #include "conversion/numbers.h"
 #include "map/map_grid_labels.h"
 #include "map/map_grid_lines.h"
+#include "map/map_grids.h"
 #include "map/map_squares.h"
 #include "map/map_styles.h"
-#include "tessara/coordinate_grid.h"
-#include "tessara/coordinate_grid_factory.h"
 #include "tessara/kernel/systems.h"
 
 namespace tessara::toolkit {
 namespace {
-
-using CreateGrid = ICoordinateGrid* (ICoordinateGridFactory::*)(IMapCoordOperations*, std::int32_t, double,
-                                                                double);
-
-// By the number of the system; null for a system without grid lines.
-constexpr std::array<CreateGrid, KOORD_TYPE_COUNT> CREATE = {
-    nullptr,  // LONGPIXEL
-    &ICoordinateGridFactory::CreateFloatPixelGrid,
-    &ICoordinateGridFactory::CreateUtmGrid,
-    &ICoordinateGridFactory::CreateUtmrefGrid,
-    &ICoordinateGridFactory::CreateGeodezGrid,
-    &ICoordinateGridFactory::CreateGeogradGrid,
-    &ICoordinateGridFactory::CreateGeorefGrid,
-    &ICoordinateGridFactory::CreateGkGrid,
-    &ICoordinateGridFactory::CreateBmnGrid,
-    &ICoordinateGridFactory::CreateOemGrid,
-    &ICoordinateGridFactory::CreateChGrid,
-    nullptr,  // ECEF
-    &ICoordinateGridFactory::CreateGeodezminGrid,
-    &ICoordinateGridFactory::CreateGk6Grid,
-    &ICoordinateGridFactory::CreateGkAtGrid,
-    &ICoordinateGridFactory::CreateUpsGrid,
-    &ICoordinateGridFactory::CreatePoMilitaryGrid,
-    nullptr,  // TM, whose positions have no extent in common
-    &ICoordinateGridFactory::CreateVdgGrid,
-    &ICoordinateGridFactory::CreateBngGrid,
-    &ICoordinateGridFactory::CreateIngGrid,
-    &ICoordinateGridFactory::CreateRdGrid,
-    &ICoordinateGridFactory::CreateLurefGrid,
-    nullptr,  // LAMBERTCC
-};
 
 // Wider than a zone: of such a grid only the borders are left.
 constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
@@ -62,29 +30,6 @@ constexpr double SQUARE_SIZE = 18.0;
 constexpr double CLOSE_BORDERS = 60.0;  // picture units from one to the next
 
 constexpr double LABEL_CLEARANCE = 4.0;  // picture units
-
-IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
-                               double northStep) {
-    const IRef<ICoordinateGridFactory> factory(CreateClassCoordinateGridFactory());
-    const CreateGrid create = CREATE.at(static_cast<std::size_t>(reference.system));
-    IRef<ICoordinateGrid> grid((factory.Get()->*create)(sheet.Map(), reference.datum, eastStep, northStep));
-    if (!grid.IsValid()) return {};
-
-    // A pixel more on each side: the extremes of a window are known to a quarter of one, and lines have to
-    // reach the frame.
-    Window window = sheet.MapWindow();
-    window = {window.left - 1.0, window.top - 1.0, window.right + 1.0, window.bottom + 1.0};
-    const auto corner = [](double x, double y) {
-        IRef<IFloatPoint> point(CreateClassFloatPoint());
-        point->SetX(x);
-        point->SetY(y);
-        return point;
-    };
-    const bool hasWindow = grid->SetWindowFromPoints(
-        corner(window.left, window.top).Get(), corner(window.right, window.top).Get(),
-        corner(window.right, window.bottom).Get(), corner(window.left, window.bottom).Get());
-    return hasWindow ? grid : IRef<ICoordinateGrid>();
-}
 
 double Distance(const PicturePoint& a, const PicturePoint& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
@@ -359,10 +304,6 @@ std::string StepsText(const GridLayer& grid) {
 }
 
 }  // namespace
-
-bool HasGrid(std::int32_t system) {
-    return CREATE.at(static_cast<std::size_t>(system)) != nullptr;
-}
 
 Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& grid, std::size_t index) {
     GridDrawer drawer(sheet, layer, grid.reference);

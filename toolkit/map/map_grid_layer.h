@@ -7,9 +7,6 @@
 
 namespace tessara::toolkit {
 
-// Whether a system has grid lines.
-[[nodiscard]] bool HasGrid(std::int32_t system);
-
 // `index` counts the grids of a picture.
 [[nodiscard]] Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& grid,
                                std::size_t index);

@@ -16,13 +16,15 @@ std::size_t CountOf(const std::vector<py::ssize_t>& shape) {
 
 }  // namespace
 
-InputArrays::InputArrays(std::vector<py::ssize_t> shape) : shape_(std::move(shape)), count_(CountOf(shape_)) {}
+InputArrays::InputArrays(std::vector<py::ssize_t> shape)
+    : shape_(std::move(shape)), count_(CountOf(shape_)) {}
 
 InColumn InputArrays::Add(const py::array& array) {
     if (!std::equal(shape_.begin(), shape_.end(), array.shape(), array.shape() + array.ndim()))
         throw std::invalid_argument("the arrays have different shapes");
     const auto strides = array.strides();
-    const bool isOneValue = std::all_of(strides, strides + array.ndim(), [](py::ssize_t s) { return s == 0; });
+    const bool isOneValue =
+        std::all_of(strides, strides + array.ndim(), [](py::ssize_t s) { return s == 0; });
     const bool isEven = isOneValue || array.ndim() <= 1 || (array.flags() & py::array::c_style) != 0;
     held_.push_back(isEven ? array : py::array::ensure(array, py::array::c_style));
     const py::array& held = held_.back();

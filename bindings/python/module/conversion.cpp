@@ -35,7 +35,8 @@ constexpr const char* NORTH_NAMES[] = {"latitude", "fullNorthing", "northing", "
 constexpr const char* EAST_NAMES[] = {"longitude", "fullEasting", "easting", "x"};
 
 template <std::size_t count>
-std::optional<std::size_t> FieldCalled(const char* const (&names)[count], std::span<const OutputField> fields) {
+std::optional<std::size_t> FieldCalled(const char* const (&names)[count],
+                                       std::span<const OutputField> fields) {
     for (const char* name : names) {
         for (std::size_t k = 0; k < fields.size(); ++k) {
             const bool isNumber = KindOf(fields[k]) == ColumnKind::Number;
@@ -79,11 +80,12 @@ class Conversion {
         return TupleOf(target, height);
     }
 
-    // Arrays of the given shape, one for each field or none; a list of new arrays: the target's fields, the height if
-    // there is one, the statuses if they are wanted.
+    // Arrays of the given shape, one for each field or none; a list of new arrays: the target's fields, the
+    // height if there is one, the statuses if they are wanted.
     [[nodiscard]] py::list ConvertArrays(const std::vector<py::ssize_t>& shape,
                                          const std::vector<std::optional<py::array>>& fields,
-                                         const std::optional<py::array>& height, const std::string& errors) const {
+                                         const std::optional<py::array>& height,
+                                         const std::string& errors) const {
         if (fields.size() != prepared_.SourceFields().size())
             throw std::invalid_argument("the source has another number of fields");
         InputArrays inputs(shape);
@@ -108,7 +110,8 @@ class Conversion {
             const py::gil_scoped_release released;
             failure = prepared_.Convert(source, inputs.Count(), keep, target);
         }
-        if (failure && errors == "raise") throw PositionError{failure->status, IndexOf(failure->index, shape)};
+        if (failure && errors == "raise")
+            throw PositionError{failure->status, IndexOf(failure->index, shape)};
         return outputs.Arrays();
     }
 
@@ -145,8 +148,8 @@ class Conversion {
 
 void BindConversion(py::module_& module) {
     py::class_<Conversion>(module, "Conversion")
-        .def(py::init<const std::string&, const std::string&, std::optional<std::int16_t>>(), py::arg("from_"),
-             py::arg("to"), py::arg("zone"))
+        .def(py::init<const std::string&, const std::string&, std::optional<std::int16_t>>(),
+             py::arg("from_"), py::arg("to"), py::arg("zone"))
         .def_property_readonly("from_", [](const Conversion& self) { return self.Prepared().From().Name(); })
         .def_property_readonly("to", [](const Conversion& self) { return self.Prepared().To().Name(); })
         .def_property_readonly("source_fields",
@@ -155,11 +158,14 @@ void BindConversion(py::module_& module) {
                                [](const Conversion& self) { return TypesOf(self.Prepared().SourceFields()); })
         .def_property_readonly("target_fields",
                                [](const Conversion& self) { return NamesOf(self.Prepared().TargetFields()); })
-        .def_property_readonly("knows_height", [](const Conversion& self) { return self.Prepared().KnowsHeight(); })
-        .def_property_readonly("gives_height", [](const Conversion& self) { return self.Prepared().GivesHeight(); })
+        .def_property_readonly("knows_height",
+                               [](const Conversion& self) { return self.Prepared().KnowsHeight(); })
+        .def_property_readonly("gives_height",
+                               [](const Conversion& self) { return self.Prepared().GivesHeight(); })
         .def_property_readonly("pair", &Conversion::Pair)
         .def_property_readonly("can_be_point", &Conversion::CanBePoint)
-        .def("point", &Conversion::ConvertPoint, py::arg("north"), py::arg("east"), py::arg("height") = py::none())
+        .def("point", &Conversion::ConvertPoint, py::arg("north"), py::arg("east"),
+             py::arg("height") = py::none())
         .def("arrays", &Conversion::ConvertArrays, py::arg("shape"), py::arg("fields"), py::arg("height"),
              py::arg("errors"));
 }

@@ -37,7 +37,8 @@ KoordStatus Inverse(const In& in, const Axes& axes, Out* out) {
         const KoordStatus status = CheckDegrees(in[k], in[k + 1]);
         if (status != KOORD_OK) return status;
     }
-    const GeodesicResult way = Geodesic_InverseCore(in[0], in[1], in[2], in[3], axes.values[0], axes.values[1]);
+    const GeodesicResult way =
+        Geodesic_InverseCore(in[0], in[1], in[2], in[3], axes.values[0], axes.values[1]);
     if (!(way.distance >= 0.0)) return GEODESIC_NO_SOLUTION;
     *out = {way.distance, way.azimuth12, way.azimuth21};
     return KOORD_OK;
@@ -47,7 +48,8 @@ KoordStatus Direct(const In& in, const Axes& axes, Out* out) {
     const KoordStatus status = CheckDegrees(in[0], in[1]);
     if (status != KOORD_OK) return status;
     if (!std::isfinite(in[2]) || !std::isfinite(in[3])) return GEODESIC_NO_SOLUTION;
-    const GeodesicResult end = Geodesic_DirectCore(in[0], in[1], in[3], in[2], axes.values[0], axes.values[1]);
+    const GeodesicResult end =
+        Geodesic_DirectCore(in[0], in[1], in[3], in[2], axes.values[0], axes.values[1]);
     if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude)) return GEODESIC_NO_SOLUTION;
     *out = {end.latitude, std::remainder(end.longitude, 360.0), end.backAzimuth};
     return KOORD_OK;
@@ -92,8 +94,10 @@ py::list Solve(const std::vector<py::ssize_t>& shape, const std::array<Numbers, 
 }  // namespace
 
 void BindGeodesics(py::module_& module) {
-    module.def("inverse", &Solve<Inverse>, py::arg("shape"), py::arg("arrays"), py::arg("datum"), py::arg("errors"));
-    module.def("direct", &Solve<Direct>, py::arg("shape"), py::arg("arrays"), py::arg("datum"), py::arg("errors"));
+    module.def("inverse", &Solve<Inverse>, py::arg("shape"), py::arg("arrays"), py::arg("datum"),
+               py::arg("errors"));
+    module.def("direct", &Solve<Direct>, py::arg("shape"), py::arg("arrays"), py::arg("datum"),
+               py::arg("errors"));
 }
 
 }  // namespace tessara::python

@@ -10,4 +10,7 @@ PYBIND11_MODULE(_tessara, module) {
     tessara::python::BindTables(module);
     tessara::python::BindConversion(module);
     tessara::python::BindGeodesics(module);
+    tessara::python::BindZones(module);
+    tessara::python::BindMaps(module);
+    tessara::python::BindAreas(module);
 }

@@ -8,5 +8,8 @@ namespace tessara::python {
 void BindTables(pybind11::module_& module);
 void BindConversion(pybind11::module_& module);
 void BindGeodesics(pybind11::module_& module);
+void BindZones(pybind11::module_& module);
+void BindMaps(pybind11::module_& module);
+void BindAreas(pybind11::module_& module);
 
 }  // namespace tessara::python

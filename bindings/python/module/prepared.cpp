@@ -8,6 +8,7 @@
 #include "conversion/names.h"
 #include "record_fields.h"
 #include "reference.h"
+#include "tessara/ckoord.h"
 
 namespace tessara::python {
 namespace {
@@ -23,7 +24,8 @@ void Want(std::int16_t zone, tagKOORD* target) {
         utmref->wantedZone = zone;
         return Store(*target, *utmref);
     }
-    throw std::invalid_argument(toolkit::SystemName(static_cast<std::int32_t>(target->type)) + " has no zones to choose from");
+    throw std::invalid_argument(toolkit::SystemName(static_cast<std::int32_t>(target->type)) +
+                                " has no zones to choose from");
 }
 
 // A conversion to degrees isn't tested: what isn't finite there has no result either.
@@ -35,21 +37,29 @@ KoordStatus StatusOf(KoordStatus status, std::span<const OutputField> fields, co
     return KOORD_OK;
 }
 
+// A record with the precision with which the minutes of positions are written.
+tagKOORD WrittenGeoref(std::int32_t datum) {
+    const tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
+    tagKOORD record = MakeKoord(datum, KOORD_GEOREF);
+    KoordConvert(&degrees, &record);
+    return record;
+}
+
 }  // namespace
 
-// What is converted at once, with the degrees in between where heights take them.
+// What is converted at once.
 class PreparedConversion::Block {
   public:
     std::size_t count = 0;
     bool hasHeights = false;
     std::array<double, BLOCK> heights;
     std::array<tagKOORD, BLOCK> source;
-    std::array<tagKOORD, BLOCK> degrees;
     std::array<tagKOORD, BLOCK> target;
     std::array<KoordStatus, BLOCK> status;
 };
 
-PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Reference to, std::optional<std::int16_t> zone)
+PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Reference to,
+                                       std::optional<std::int16_t> zone)
     : from_(from),
       to_(to),
       sourceFields_(System_Outputs(from.system)),
@@ -57,10 +67,10 @@ PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Referen
       source_(DefaultRecord(from)),
       target_(DefaultRecord(to)) {
     for (const toolkit::Reference& reference : {from_, to_}) {
-        if (toolkit::IsPixel(reference.system))
-            throw std::invalid_argument("pixels are converted by a Map");
+        if (toolkit::IsPixel(reference.system)) throw std::invalid_argument("pixels are converted by a Map");
     }
     if (zone) Want(*zone, &target_);
+    if (from_.system == KOORD_GEOREF) source_ = WrittenGeoref(from_.datum);
 }
 
 bool PreparedConversion::KnowsHeight() const {
@@ -71,32 +81,20 @@ bool PreparedConversion::GivesHeight() const {
     return to_.system != KOORD_ECEF;
 }
 
-// Only degrees have room for a height on both sides. So a height goes by way of them, on the datum of the source, where
-// the other side is earth-centred; a shift between datums leaves it as it is.
+// Records without room for a height are converted as if it were 0. An earth-centred position has its height
+// in x, y and z: it is taken out before and put in behind.
 void PreparedConversion::ConvertBlock(Block& block) const {
-    const bool needsDegrees = (KnowsHeight() && GivesHeight() && block.hasHeights) ||
-                              (!GivesHeight() && !KnowsHeight() && block.hasHeights);
-    if (!needsDegrees) {
-        std::fill_n(block.target.begin(), block.count, target_);
-        KoordConvertMany(block.source.data(), block.target.data(), block.count, 1, block.status.data());
-        return;
-    }
-    std::array<KoordStatus, BLOCK> first;
-    std::fill_n(block.degrees.begin(), block.count, MakeKoord(from_.datum, KOORD_GEODEZ));
-    KoordConvertMany(block.source.data(), block.degrees.data(), block.count, 1, first.data());
-    for (std::size_t i = 0; i < block.count; ++i) {
-        auto degrees = Load<GeodezPayload>(block.degrees[i]);
-        if (KnowsHeight()) {
-            block.heights[i] = degrees.height;
-        } else {
-            degrees.height = block.heights[i];
-            Store(block.degrees[i], degrees);
-        }
+    if (KnowsHeight()) {
+        for (std::size_t i = 0; i < block.count; ++i)
+            block.heights[i] = CKoord(block.source[i]).GetHeight();
     }
     std::fill_n(block.target.begin(), block.count, target_);
-    KoordConvertMany(block.degrees.data(), block.target.data(), block.count, 1, block.status.data());
+    KoordConvertMany(block.source.data(), block.target.data(), block.count, 1, block.status.data());
+    if (GivesHeight() || !block.hasHeights) return;
     for (std::size_t i = 0; i < block.count; ++i) {
-        if (first[i] != KOORD_OK) block.status[i] = first[i];
+        CKoord raised(block.target[i]);
+        raised.SetHeight(block.heights[i]);
+        block.target[i] = raised;
     }
 }
 

@@ -45,7 +45,8 @@ void WriteLetters(const OutputField& field, const tagKOORD& record, std::size_t 
     Letters letters{};
     for (std::size_t k = 0; k < field.count; ++k)
         letters[k] = static_cast<unsigned char>(record.payload[field.offset + k]);
-    std::memcpy(column.data + i * field.count * sizeof letters[0], letters.data(), field.count * sizeof letters[0]);
+    std::memcpy(column.data + i * field.count * sizeof letters[0], letters.data(),
+                field.count * sizeof letters[0]);
 }
 
 }  // namespace
@@ -79,7 +80,8 @@ py::dtype TypeOf(const OutputField& field) {
     return py::dtype::of<double>();
 }
 
-void ReadField(const OutputField& field, const InColumn& column, std::size_t first, std::span<tagKOORD> records) {
+void ReadField(const OutputField& field, const InColumn& column, std::size_t first,
+               std::span<tagKOORD> records) {
     switch (KindOf(field)) {
         case ColumnKind::Letters:
             for (std::size_t i = 0; i < records.size(); ++i)

@@ -20,7 +20,8 @@ enum class ColumnKind { Number, Letters, Whole16, Whole32 };
 [[nodiscard]] pybind11::dtype TypeOf(const OutputField& field);
 
 // A field of many records, from and to a column. Text stands in a column as NumPy has it, 4 bytes a letter.
-void ReadField(const OutputField& field, const InColumn& column, std::size_t first, std::span<tagKOORD> records);
+void ReadField(const OutputField& field, const InColumn& column, std::size_t first,
+               std::span<tagKOORD> records);
 void WriteField(const OutputField& field, std::span<const tagKOORD> records, std::size_t first,
                 const OutColumn& column);
 

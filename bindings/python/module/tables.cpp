@@ -38,8 +38,8 @@ py::list Datums() {
     py::list rows;
     for (const DatumRow& row : host::Datums()) {
         const char* const ellipsoid = host::EllipsoidName(row.ellipsoid);
-        rows.append(py::make_tuple(row.id, row.name, ellipsoid != nullptr ? ellipsoid : "", row.a, row.f, row.dx,
-                                   row.dy, row.dz));
+        rows.append(py::make_tuple(row.id, row.name, ellipsoid != nullptr ? ellipsoid : "", row.a, row.f,
+                                   row.dx, row.dy, row.dz));
     }
     return rows;
 }

@@ -2,26 +2,41 @@
 
 >>> import tessara
 >>> tessara.convert(48.1375, 11.5755)
-UTM(zone=32, hemisphere='N', easting=691602.6597..., northing=5334791.1445...)
+UTM(zone=32, hemisphere='N', easting=691602.659..., northing=5334791.144...)
 
 North comes before east everywhere. Degrees are positive north and east; grid values and heights are metres.
 """
 
 from ._tessara import __version__ as __version__
+from ._areas import Extent, Overlay, densify, extent, overlay, point_in_polygon
 from ._conversion import Conversion, convert
 from ._errors import PositionError, status_text
 from ._geodesics import direct, distance
+from ._maps import Grid, Map
+from ._references import to_pyproj
 from ._tables import Datum, System, datums, systems
+from ._zones import zones
 
 __all__ = [
     "Conversion",
     "Datum",
+    "Extent",
+    "Grid",
+    "Map",
+    "Overlay",
     "PositionError",
     "System",
+    "__version__",
     "convert",
     "datums",
+    "densify",
     "direct",
     "distance",
+    "extent",
+    "overlay",
+    "point_in_polygon",
     "status_text",
     "systems",
+    "to_pyproj",
+    "zones",
 ]

@@ -3,7 +3,7 @@
 from __future__ import annotations
 
 import sys
-from collections.abc import Callable, Iterable, Sequence
+from collections.abc import Callable, Iterable
 from typing import Any
 
 import numpy as np
@@ -24,8 +24,10 @@ def numbers(value: Any, name: str) -> npt.NDArray[np.float64]:
     if is_series(value):
         value = value.to_numpy(dtype="float64", na_value=np.nan)
     if isinstance(value, np.ma.MaskedArray):
-        value = value.astype(np.float64).filled(np.nan)
+        value = np.ma.filled(value.astype(np.float64), np.nan)  # type: ignore[no-untyped-call]
     array = np.asarray(value)
+    if array.dtype.kind == "O" and (value is None or any(isinstance(item, (str, bytes)) for item in array.flat)):
+        raise TypeError(f"{name} has to be numbers, not None or text")
     if array.dtype.kind not in NUMBER_KINDS + "O":
         raise TypeError(f"{name} has to be numbers, not {array.dtype}")
     return array.astype(np.float64, copy=False)
@@ -46,10 +48,10 @@ def texts(value: Any, name: str, length: int) -> npt.NDArray[np.str_]:
     return array.astype(f"=U{length}", copy=False)
 
 
-def broadcast(arrays: Sequence[npt.NDArray[Any] | None]) -> tuple[list[int], list[npt.NDArray[Any] | None]]:
+def broadcast(*arrays: npt.NDArray[Any]) -> tuple[list[int], list[npt.NDArray[Any]]]:
     """The shape that the arrays have in common, and the arrays in that shape."""
-    shape = np.broadcast_shapes(*(array.shape for array in arrays if array is not None))
-    return list(shape), [None if array is None else np.broadcast_to(array, shape) for array in arrays]
+    shape = np.broadcast_shapes(*(array.shape for array in arrays))
+    return list(shape), [np.broadcast_to(array, shape) for array in arrays]
 
 
 def form_of(values: Iterable[Any]) -> Callable[[npt.NDArray[Any]], Any]:

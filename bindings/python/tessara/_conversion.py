@@ -3,14 +3,15 @@
 from __future__ import annotations
 
 import re
+from collections import namedtuple
 from collections.abc import Mapping
 from functools import lru_cache
-from typing import Any, Literal, NamedTuple, cast
+from typing import Any, Literal, cast
 
-import numpy as np
+import numpy.typing as npt
 
 from . import _tessara
-from ._arrays import broadcast, form_of, is_series, numbers, texts
+from ._arrays import broadcast, form_of, numbers, texts
 
 Errors = Literal["raise", "nan", "status"]
 ERRORS = ("raise", "nan", "status")
@@ -27,10 +28,9 @@ def check_errors(errors: str) -> None:
 @lru_cache(maxsize=None)
 def result_type(name: str, fields: tuple[str, ...]) -> type[tuple[Any, ...]]:
     """The named tuple with these fields. Its values are numbers and texts, or arrays of them."""
-    made = cast(type[tuple[Any, ...]], NamedTuple(name, [(field, Any) for field in fields]))  # type: ignore[misc]
-    made.__module__ = __name__
-    made.__reduce__ = lambda self: (_rebuild, (name, fields, tuple(self)))  # type: ignore[method-assign, assignment]
-    return made
+    made = cast(Any, namedtuple(name, fields))
+    made.__reduce__ = lambda self: (_rebuild, (name, fields, tuple(self)))
+    return cast(type[tuple[Any, ...]], made)
 
 
 def _rebuild(name: str, fields: tuple[str, ...], values: tuple[Any, ...]) -> tuple[Any, ...]:
@@ -45,7 +45,7 @@ class Conversion:
 
     >>> to_utm = Conversion("GEODEZ", "UTM")
     >>> to_utm(48.1375, 11.5755)
-    UTM(zone=32, hemisphere='N', easting=691602.6597..., northing=5334791.1445...)
+    UTM(zone=32, hemisphere='N', easting=691602.659..., northing=5334791.144...)
     """
 
     def __init__(self, from_: str = WGS84_DEGREES, to: str = WGS84_UTM, *, zone: int | None = None) -> None:
@@ -124,7 +124,7 @@ class Conversion:
 
         >>> there = convert(48.1375, 11.5755, to="UTMREF")
         >>> Conversion("UTMREF", "GEODEZ").fields(there)
-        GEODEZ(latitude=48.1374..., longitude=11.5754...)
+        GEODEZ(latitude=48.1374..., longitude=11.5755...)
         """
         check_errors(errors)
         given: dict[str, Any] = dict(fields) if isinstance(fields, Mapping) else fields._asdict()  # type: ignore[attr-defined]
@@ -134,17 +134,18 @@ class Conversion:
             raise ValueError(f"{self.from_} has no field {sorted(unknown)[0]!r}; there are {', '.join(self.source_fields)}")
         if not given:
             raise ValueError(f"pass {', '.join(self.source_fields)}")
-        columns: list[Any] = []
+        columns: dict[str, npt.NDArray[Any]] = {}
         for name, kind in zip(self.source_fields, self._core.source_types):
-            if name not in given:
-                columns.append(None)
-            elif "U" in kind:
-                columns.append(texts(given[name], name, int(kind.partition("U")[2])))
-            else:
-                columns.append(numbers(given[name], name))
-        columns.append(None if height is None else numbers(height, "height"))
-        shape, arrays = broadcast(columns)
-        made = self._core.arrays(shape, arrays[:-1], arrays[-1], errors)
+            if name in given:
+                letters = kind.partition("U")[2]
+                value = given[name]
+                columns[name] = texts(value, name, int(letters)) if letters else numbers(value, name)
+        if height is not None:
+            columns["height"] = numbers(height, "height")
+        shape, arrays = broadcast(*columns.values())
+        shaped = dict(zip(columns, arrays))
+        fields_in_order = [shaped.get(name) for name in self.source_fields]
+        made = self._core.arrays(shape, fields_in_order, shaped.get("height"), errors)
 
         has_height = self._core.gives_height and (height is not None or self._core.knows_height)
         form = form_of((*given.values(), height))
@@ -188,11 +189,11 @@ def convert(
     Series with the same index for Series.
 
     >>> convert(48.1375, 11.5755)
-    UTM(zone=32, hemisphere='N', easting=691602.6597..., northing=5334791.1445...)
+    UTM(zone=32, hemisphere='N', easting=691602.659..., northing=5334791.144...)
     >>> convert([48.1375, 52.5], [11.5755, 13.4]).zone
     array([32, 33], dtype=int16)
     >>> convert(5334791.1445, 691602.6597, from_="UTM", from_zone=32, to="GEODEZ")
-    GEODEZ(latitude=48.13749..., longitude=11.57549...)
+    GEODEZ(latitude=48.13749..., longitude=11.57550...)
     >>> convert([48.1375, 91.0], 11.5755, errors="status").status
     array([    1, -3708], dtype=int32)
     """

@@ -14,7 +14,7 @@ END = ("latitude", "longitude", "back_azimuth")
 
 def _solve(solve: Any, name: str, fields: tuple[str, ...], given: dict[str, Any], datum: str, errors: Errors) -> Any:
     check_errors(errors)
-    shape, arrays = broadcast([numbers(value, key) for key, value in given.items()])
+    shape, arrays = broadcast(*(numbers(value, key) for key, value in given.items()))
     made = solve(shape, arrays, datum, errors)
     names = fields + (("status",) if errors == "status" else ())
     return tuple.__new__(result_type(name, names), map(form_of(given.values()), made))
@@ -37,8 +37,8 @@ def direct(lat: Any, lon: Any, azimuth: Any, distance: Any, *, datum: str = "WGS
     """The position at a distance in metres along the geodesic that starts with an azimuth in degrees, and the azimuth
     back from there. The longitude lies in -180..180. `errors` is as in `convert`.
 
-    >>> direct(0.0, 0.0, 90.0, 111319.49)
-    End(latitude=0.0, longitude=0.9999..., back_azimuth=270.0)
+    >>> round(direct(0.0, 0.0, 90.0, 111319.4908).longitude, 7)
+    1.0
     """
     given = {"lat": lat, "lon": lon, "azimuth": azimuth, "distance": distance}
     return _solve(_tessara.direct, "End", END, given, datum, errors)

@@ -1,0 +1,88 @@
+// Extents, polygons and lines without a map.
+#include <pybind11/stl.h>
+
+#include <stdexcept>
+
+#include "columns.h"
+#include "lines.h"
+#include "module.h"
+#include "reference.h"
+
+namespace tessara::python {
+namespace py = pybind11;
+namespace {
+
+py::object Extent(const DegreeRows& rows, const std::string& datum, const std::string& system) {
+    const IRef<IArray> line = LineOf(rows, DatumOf(datum));
+    const Extremes extremes(ReferenceOf(system));
+    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    if (!area->GetLineExtremes(line.Get(), extremes.north.Get(), extremes.east.Get(), extremes.south.Get(),
+                               extremes.west.Get()))
+        throw std::invalid_argument("the line has no extent in " + system);
+    return extremes.Fields();
+}
+
+DegreeRows Densify(const DegreeRows& rows, const std::string& datum, const std::string& system) {
+    const IRef<IArray> line = LineOf(rows, DatumOf(datum));
+    const IRef<ICoordinateReference> reference = toolkit::MakeReference(ReferenceOf(system));
+    const IRef<ILinePoints> points(CreateClassLinePoints());
+    const IRef<IArray> all(CreateClassArray());
+    for (std::uint32_t i = 1; i < line->GetCount(); ++i) {
+        const IRef<IArray> chain(CreateClassArray());
+        if (!points->DensifyInReference(IRef<ICoord>(line->GetAt(i - 1)).Get(),
+                                        IRef<ICoord>(line->GetAt(i)).Get(), reference.Get(), chain.Get()))
+            throw std::invalid_argument("edge " + std::to_string(i - 1) + " can't be followed in " + system);
+        for (std::uint32_t k = i == 1 ? 0 : 1; k < chain->GetCount(); ++k)
+            all->Add(chain->GetAt(k));
+    }
+    return line->GetCount() < 2 ? rows : RowsOf(all.Get(), DatumOf(datum));
+}
+
+py::array PointInPolygon(const std::vector<py::ssize_t>& shape, const py::array_t<double>& latitudes,
+                         const py::array_t<double>& longitudes, const DegreeRows& polygon,
+                         const std::string& datum) {
+    const std::int32_t number = DatumOf(datum);
+    const IRef<IArray> ring = LineOf(polygon, number);
+    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    InputArrays inputs(shape);
+    const InColumn latitude = inputs.Add(latitudes);
+    const InColumn longitude = inputs.Add(longitudes);
+    OutputArrays outputs(shape);
+    const OutColumn inside = outputs.Add(py::dtype::of<bool>());
+    {
+        const py::gil_scoped_release released;
+        for (std::size_t i = 0; i < inputs.Count(); ++i) {
+            const IRef<ICoord> point = DegreesCoord(latitude.Number(i), longitude.Number(i), number);
+            inside.Put(i, area->IsInsideCoordEdgesNoMap(point.Get(), ring.Get()));
+        }
+    }
+    return outputs.Arrays()[0];
+}
+
+py::tuple Overlay(const DegreeRows& first, const DegreeRows& second, const std::string& datum) {
+    const std::int32_t number = DatumOf(datum);
+    const IRef<IArray> one = LineOf(first, number);
+    const IRef<IArray> other = LineOf(second, number);
+    const IRef<IArray> neither(CreateClassArray());
+    const IRef<IArray> onlySecond(CreateClassArray());
+    const IRef<IArray> onlyFirst(CreateClassArray());
+    const IRef<IArray> both(CreateClassArray());
+    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const std::int32_t relation =
+        area->Overlay(one.Get(), other.Get(), neither.Get(), onlySecond.Get(), onlyFirst.Get(), both.Get());
+    if (relation == OVERLAY_FAILURE)
+        throw std::invalid_argument("the polygons can't be laid over each other");
+    return py::make_tuple(relation, LinesOf(both.Get(), number), LinesOf(onlyFirst.Get(), number),
+                          LinesOf(onlySecond.Get(), number), LinesOf(neither.Get(), number));
+}
+
+}  // namespace
+
+void BindAreas(py::module_& module) {
+    module.def("extent", &Extent);
+    module.def("densify", &Densify);
+    module.def("point_in_polygon", &PointInPolygon);
+    module.def("overlay", &Overlay);
+}
+
+}  // namespace tessara::python

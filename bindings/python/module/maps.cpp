@@ -1,0 +1,186 @@
+// Maps: pixels and positions, grids, extents, and the picture.
+#include <pybind11/numpy.h>
+#include <pybind11/stl.h>
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "columns.h"
+#include "conversion/coords.h"
+#include "conversion/names.h"
+#include "errors.h"
+#include "lines.h"
+#include "map/map_description.h"
+#include "map/map_grids.h"
+#include "map/map_page.h"
+#include "map/map_sheet.h"
+#include "module.h"
+#include "reference.h"
+#include "tessara/host/rect.h"
+
+namespace tessara::python {
+namespace py = pybind11;
+namespace {
+
+constexpr double ANY_SIZE = 1000.0;  // of a picture that nobody draws
+
+toolkit::MapDescription ReadDescription(const std::string& json, const std::string& directory) {
+    try {
+        return toolkit::ReadMapDescription(nlohmann::json::parse(json), directory);
+    } catch (const nlohmann::json::exception& error) {
+        throw std::invalid_argument(error.what());
+    }
+}
+
+struct PixelPair {
+    double column = std::nan("");
+    double row = std::nan("");
+};
+
+class Map {
+  public:
+    Map(const std::string& json, const std::string& directory)
+        : description_(ReadDescription(json, directory)),
+          sheet_(description_.sheet, description_.window, ANY_SIZE) {}
+
+    [[nodiscard]] std::string Datum() const { return toolkit::DatumName(sheet_.Datum()); }
+
+    // The SVG, and what couldn't be drawn.
+    [[nodiscard]] py::tuple Draw(double size) const {
+        toolkit::MapPage page = toolkit::DrawMapPage(description_, size);
+        std::vector<std::string> problems = description_.problems;
+        problems.insert(problems.end(), page.problems.begin(), page.problems.end());
+        return py::make_tuple(page.svg, problems);
+    }
+
+    [[nodiscard]] py::list Pixels(const std::vector<py::ssize_t>& shape, const py::array_t<double>& latitudes,
+                                  const py::array_t<double>& longitudes, const std::string& datum,
+                                  const std::string& errors) const {
+        const std::int32_t number = DatumOf(datum);
+        const auto pixelOf = [&](double latitude, double longitude, PixelPair* pixel) {
+            const IRef<ICoord> coord = DegreesCoord(latitude, longitude, number);
+            PixelPair found;
+            const bool isThere = sheet_.Map()->CoordToFloatPixel(coord.Get(), &found.column, &found.row);
+            if (!isThere || !std::isfinite(found.column) || !std::isfinite(found.row)) return false;
+            *pixel = found;
+            return true;
+        };
+        return Each(shape, latitudes, longitudes, errors, pixelOf);
+    }
+
+    [[nodiscard]] py::list Places(const std::vector<py::ssize_t>& shape, const py::array_t<double>& columns,
+                                  const py::array_t<double>& rows, const std::string& datum,
+                                  const std::string& errors) const {
+        const toolkit::Reference degrees{KOORD_GEODEZ, DatumOf(datum)};
+        const auto placeOf = [&](double column, double row, PixelPair* place) {
+            const IRef<ICoord> coord = EmptyCoord(degrees);
+            if (!sheet_.Map()->FloatPixelToCoord(column, row, coord.Get())) return false;
+            const auto found = Load<GeodezPayload>(toolkit::KoordOf(coord.Get()));
+            if (!std::isfinite(found.latitude) || !std::isfinite(found.longitude)) return false;
+            *place = {found.latitude, found.longitude};
+            return true;
+        };
+        return Each(shape, columns, rows, errors, placeOf);
+    }
+
+    // The lines of equal east value and those of equal north value, in degrees.
+    [[nodiscard]] py::tuple Grid(const std::string& system, double eastStep, double northStep,
+                                 const std::string& datum) const {
+        const toolkit::Reference reference = ReferenceOf(system);
+        if (!toolkit::HasGrid(reference.system)) throw std::invalid_argument(system + " has no grid lines");
+        const IRef<ICoordinateGrid> grid = toolkit::MakeGrid(sheet_, reference, eastStep, northStep);
+        const IRef<IArray> east(CreateClassArray());
+        const IRef<IArray> north(CreateClassArray());
+        if (!grid.IsValid() || !grid->GetEastLines(east.Get()) || !grid->GetNorthLines(north.Get()))
+            throw std::invalid_argument("the window has no grid of " + system + " with these steps");
+        const std::int32_t number = DatumOf(datum);
+        return py::make_tuple(LinesOf(east.Get(), number, sheet_.Map()),
+                              LinesOf(north.Get(), number, sheet_.Map()));
+    }
+
+    // The extremes of the window.
+    [[nodiscard]] py::tuple Extent(const std::string& system) const {
+        const Extremes extremes(ReferenceOf(system));
+        const auto whole = [](double pixel) { return static_cast<std::int32_t>(std::lround(pixel)); };
+        const toolkit::Window& window = sheet_.MapWindow();
+        const IRef<IRect> rect(NewObject<host::Rect>(whole(window.left), whole(window.top),
+                                                     whole(window.right), whole(window.bottom)));
+        const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+        if (!area->GetMapRectExtremes(sheet_.Map(), rect.Get(), extremes.north.Get(), extremes.east.Get(),
+                                      extremes.south.Get(), extremes.west.Get()))
+            throw std::invalid_argument("the window has no extent in " + system);
+        return extremes.Fields();
+    }
+
+    // Edges that are geodesics, straight on the map, or straight in a system.
+    [[nodiscard]] DegreeRows Densify(const DegreeRows& rows, const std::string& datum,
+                                     const std::string& straight) const {
+        const std::int32_t number = DatumOf(datum);
+        const IRef<IArray> line = LineOf(rows, number);
+        const IRef<ILinePoints> points(CreateClassLinePoints());
+        const IRef<IArray> all(CreateClassArray());
+        const auto densify = straight == "geodesic" ? &ILinePoints::DensifyGeodesic
+                             : straight == "map"    ? &ILinePoints::DensifyMapStraight
+                                                    : &ILinePoints::DensifyCoordStraight;
+        for (std::uint32_t i = 1; i < line->GetCount(); ++i) {
+            const IRef<IArray> chain(CreateClassArray());
+            if (!(points.Get()->*densify)(sheet_.Map(), IRef<ICoord>(line->GetAt(i - 1)).Get(),
+                                          IRef<ICoord>(line->GetAt(i)).Get(), chain.Get()))
+                throw std::invalid_argument("edge " + std::to_string(i - 1) +
+                                            " can't be followed on the map");
+            for (std::uint32_t k = i == 1 ? 0 : 1; k < chain->GetCount(); ++k)
+                all->Add(chain->GetAt(k));
+        }
+        return line->GetCount() < 2 ? rows : RowsOf(all.Get(), number);
+    }
+
+  private:
+    template <class Operation>
+    [[nodiscard]] static py::list Each(const std::vector<py::ssize_t>& shape,
+                                       const py::array_t<double>& first, const py::array_t<double>& second,
+                                       const std::string& errors, const Operation& operation) {
+        InputArrays inputs(shape);
+        const InColumn in[] = {inputs.Add(first), inputs.Add(second)};
+        OutputArrays outputs(shape);
+        const OutColumn out[] = {outputs.Add(py::dtype::of<double>()), outputs.Add(py::dtype::of<double>())};
+        OutColumn statuses;
+        if (errors == "status") statuses = outputs.Add(py::dtype::of<std::int32_t>());
+        std::optional<Failure> failure;
+        {
+            const py::gil_scoped_release released;
+            for (std::size_t i = 0; i < inputs.Count(); ++i) {
+                PixelPair result;
+                const bool isThere = operation(in[0].Number(i), in[1].Number(i), &result);
+                const KoordStatus status = isThere ? KOORD_OK : KOORD_ERR_OUTSIDE;
+                out[0].Put(i, result.column);
+                out[1].Put(i, result.row);
+                if (statuses.IsThere()) statuses.Put(i, status);
+                if (!isThere && !failure) failure = {i, status};
+            }
+        }
+        if (failure && errors == "raise")
+            throw PositionError{failure->status, IndexOf(failure->index, shape)};
+        return outputs.Arrays();
+    }
+
+    toolkit::MapDescription description_;
+    toolkit::MapSheet sheet_;
+};
+
+}  // namespace
+
+void BindMaps(py::module_& module) {
+    py::register_exception<toolkit::DescriptionError>(module, "DescriptionError", PyExc_ValueError);
+    py::class_<Map>(module, "Map")
+        .def(py::init<const std::string&, const std::string&>())
+        .def_property_readonly("datum", &Map::Datum)
+        .def("draw", &Map::Draw)
+        .def("pixels", &Map::Pixels)
+        .def("places", &Map::Places)
+        .def("grid", &Map::Grid)
+        .def("extent", &Map::Extent)
+        .def("densify", &Map::Densify);
+}
+
+}  // namespace tessara::python

@@ -1,0 +1,104 @@
+// The zones that positions lie in.
+#include <pybind11/numpy.h>
+#include <pybind11/stl.h>
+
+#include <cmath>
+
+#include "columns.h"
+#include "conversion/coords.h"
+#include "conversion/names.h"
+#include "errors.h"
+#include "lines.h"
+#include "module.h"
+#include "reference.h"
+#include "tessara/kernel/convert.h"
+
+namespace tessara::python {
+namespace py = pybind11;
+namespace {
+
+struct Zone {
+    std::int32_t number = 0;
+    double centre = std::nan("");  // longitudes at the position's northing, in degrees
+    double west = std::nan("");
+    double east = std::nan("");
+};
+
+class ZoneFinder {
+  public:
+    ZoneFinder(std::int32_t datum, const toolkit::Reference& system)
+        : datum_(datum), target_(DefaultRecord(system)), zones_(CreateClassZoneCoordOperations()) {
+        if (!zones_->HasZones(toolkit::CoordOf(target_).Get()))
+            throw std::invalid_argument(toolkit::SystemName(system.system) + " has no zones");
+    }
+
+    [[nodiscard]] KoordStatus Find(double latitude, double longitude, Zone* zone) const {
+        tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);
+        Store(degrees, GeodezPayload{latitude, longitude, 0.0});
+        tagKOORD record = target_;
+        const KoordStatus status = KoordConvert(&degrees, &record);
+        if (status != KOORD_OK) return status;
+        const IRef<ICoord> coord = toolkit::CoordOf(record);
+        *zone = {zones_->GetZoneNumber(coord.Get()), Longitude(&IZoneCoordOperations::GetZoneCentre, coord),
+                 Longitude(&IZoneCoordOperations::GetWestNeighbour, coord),
+                 Longitude(&IZoneCoordOperations::GetEastNeighbour, coord)};
+        return KOORD_OK;
+    }
+
+  private:
+    using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
+
+    [[nodiscard]] double Longitude(Neighbour neighbour, const IRef<ICoord>& coord) const {
+        const IRef<ICoord> there(CreateClassCoord());
+        if (!(zones_.Get()->*neighbour)(coord.Get(), there.Get())) return std::nan("");
+        const tagKOORD record = toolkit::KoordOf(there.Get());
+        tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);
+        if (KoordConvert(&record, &degrees) != KOORD_OK) return std::nan("");
+        return Load<GeodezPayload>(degrees).longitude;
+    }
+
+    std::int32_t datum_;
+    tagKOORD target_;
+    IRef<IZoneCoordOperations> zones_;
+};
+
+py::list Zones(const std::vector<py::ssize_t>& shape, const py::array_t<double>& latitudes,
+               const py::array_t<double>& longitudes, const std::string& datum, const std::string& system,
+               const std::string& errors) {
+    const ZoneFinder finder(DatumOf(datum), ReferenceOf(system));
+    InputArrays inputs(shape);
+    const InColumn latitude = inputs.Add(latitudes);
+    const InColumn longitude = inputs.Add(longitudes);
+    OutputArrays outputs(shape);
+    const OutColumn number = outputs.Add(py::dtype::of<std::int32_t>());
+    const OutColumn centre = outputs.Add(py::dtype::of<double>());
+    const OutColumn west = outputs.Add(py::dtype::of<double>());
+    const OutColumn east = outputs.Add(py::dtype::of<double>());
+    OutColumn statuses;
+    if (errors == "status") statuses = outputs.Add(py::dtype::of<std::int32_t>());
+
+    std::optional<Failure> failure;
+    {
+        const py::gil_scoped_release released;
+        for (std::size_t i = 0; i < inputs.Count(); ++i) {
+            Zone zone;
+            const KoordStatus status = finder.Find(latitude.Number(i), longitude.Number(i), &zone);
+            number.Put(i, zone.number);
+            centre.Put(i, zone.centre);
+            west.Put(i, zone.west);
+            east.Put(i, zone.east);
+            if (statuses.IsThere()) statuses.Put(i, status);
+            if (status != KOORD_OK && !failure) failure = {i, status};
+        }
+    }
+    if (failure && errors == "raise") throw PositionError{failure->status, IndexOf(failure->index, shape)};
+    return outputs.Arrays();
+}
+
+}  // namespace
+
+void BindZones(py::module_& module) {
+    module.def("zones", &Zones);
+}
+
+}  // namespace tessara::python

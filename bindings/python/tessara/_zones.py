@@ -1,0 +1,26 @@
+"""The zones of zoned systems."""
+
+from __future__ import annotations
+
+from typing import Any
+
+from . import _tessara
+from ._arrays import broadcast, form_of, numbers
+from ._conversion import Errors, check_errors, result_type
+
+ZONE = ("zone", "centre", "west", "east")
+
+
+def zones(lat: Any, lon: Any, system: str = "UTM", *, datum: str = "WGS84", errors: Errors = "raise") -> Any:
+    """The zones in which positions lie: their numbers, and the longitudes of the central line and of both borders on
+    the latitude of the position, in degrees. The system is UTM, UTMREF, GK, GK6, BMN, OEM or GK-AT.
+
+    >>> found = zones(48.1375, 11.5755)
+    >>> found.zone, round(found.centre, 6), round(found.west, 6), round(found.east, 6)
+    (32, 9.0, 6.0, 12.0)
+    """
+    check_errors(errors)
+    shape, (lats, lons) = broadcast(numbers(lat, "lat"), numbers(lon, "lon"))
+    made = _tessara.zones(shape, lats, lons, datum, system, errors)
+    names = ZONE + (("status",) if errors == "status" else ())
+    return tuple.__new__(result_type("Zone", names), map(form_of((lat, lon)), made))
