@@ -8,6 +8,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL library development program)
+if(TESSARA_BUILD_PYTHON)
+  list(APPEND CPACK_COMPONENTS_ALL python)
+endif()
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS library)
 set(CPACK_COMPONENT_PROGRAM_DEPENDS library)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_files.cmake)
@@ -53,5 +56,12 @@ The command tessara converts positions, in degrees or as the texts of a
 coordinate system, to 21 systems and 239 geodetic datums. It reads and writes
 lines, CSV, JSON lines and GeoJSON points, checks typed positions, solves
 geodesics, and draws windows of maps as SVG or PNG files.")
+
+if(TESSARA_BUILD_PYTHON)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-tessara)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.11), python3 (<< 3.12), python3-numpy")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-pandas, python3-geopandas")
+endif()
 
 include(CPack)

@@ -40,6 +40,15 @@ struct OutColumn {
     void Put(std::size_t i, Value value) const {
         std::memcpy(data + i * sizeof value, &value, sizeof value);
     }
+    [[nodiscard]] double Number(std::size_t i) const {
+        double value;
+        std::memcpy(&value, data + i * sizeof value, sizeof value);
+        return value;
+    }
+    template <class Value>
+    [[nodiscard]] std::byte* At(std::size_t i) const {
+        return data + i * sizeof(Value);
+    }
 };
 
 // Arrays of one shape as columns. Holds what the columns point to.

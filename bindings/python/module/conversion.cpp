@@ -30,54 +30,28 @@ py::tuple TypesOf(std::span<const OutputField> fields) {
     return types;
 }
 
-// The fields that hold what is north and what is east.
-constexpr const char* NORTH_NAMES[] = {"latitude", "fullNorthing", "northing", "y"};
-constexpr const char* EAST_NAMES[] = {"longitude", "fullEasting", "easting", "x"};
-
-template <std::size_t count>
-std::optional<std::size_t> FieldCalled(const char* const (&names)[count],
-                                       std::span<const OutputField> fields) {
-    for (const char* name : names) {
-        for (std::size_t k = 0; k < fields.size(); ++k) {
-            const bool isNumber = KindOf(fields[k]) == ColumnKind::Number;
-            if (isNumber && std::string_view(fields[k].name) == name) return k;
-        }
-    }
-    return std::nullopt;
-}
-
 class Conversion {
   public:
     Conversion(const std::string& from, const std::string& to, std::optional<std::int16_t> zone)
-        : prepared_(ReferenceOf(from), ReferenceOf(to), zone) {
-        const auto fields = prepared_.SourceFields();
-        const auto north = FieldCalled(NORTH_NAMES, fields);
-        const auto east = FieldCalled(EAST_NAMES, fields);
-        const bool arePair = north && east && fields.size() <= 5 && prepared_.From().system != KOORD_UTMREF &&
-                             prepared_.From().system != KOORD_ECEF;
-        if (!arePair) return;
-        pair_ = {*north, *east};
-        canBePoint_ = fields.size() == 2;
-    }
+        : prepared_(ReferenceOf(from), ReferenceOf(to), zone), pair_(prepared_.NorthAndEast()) {}
 
     [[nodiscard]] const PreparedConversion& Prepared() const { return prepared_; }
 
     [[nodiscard]] py::object Pair() const {
         if (!pair_) return py::none();
-        return py::make_tuple(pair_->first, pair_->second);
+        return py::make_tuple(pair_->north, pair_->east);
     }
-    [[nodiscard]] bool CanBePoint() const { return canBePoint_; }
+    // Whether the pair is all that there is to say of a position.
+    [[nodiscard]] bool CanBePoint() const { return pair_ && prepared_.SourceFields().size() == 2; }
 
-    [[nodiscard]] py::tuple ConvertPoint(double north, double east, std::optional<double> height) const {
-        if (!canBePoint_) throw std::invalid_argument("the source has more fields than north and east");
-        tagKOORD source = prepared_.Source();
-        const auto fields = prepared_.SourceFields();
-        std::memcpy(source.payload + fields[pair_->first].offset, &north, sizeof north);
-        std::memcpy(source.payload + fields[pair_->second].offset, &east, sizeof east);
+    // One position, at height 0.
+    [[nodiscard]] py::tuple ConvertPoint(double north, double east) const {
+        if (!CanBePoint()) throw std::invalid_argument("the source has more fields than north and east");
+        const tagKOORD source = prepared_.SourceAt(*pair_, north, east);
         tagKOORD target;
-        const KoordStatus status = prepared_.Convert(source, height ? &*height : nullptr, &target);
+        const KoordStatus status = prepared_.Convert(source, &target);
         if (status != KOORD_OK) throw PositionError{status};
-        return TupleOf(target, height);
+        return TupleOf(target);
     }
 
     // Arrays of the given shape, one for each field or none; a list of new arrays: the target's fields, the
@@ -89,7 +63,7 @@ class Conversion {
         if (fields.size() != prepared_.SourceFields().size())
             throw std::invalid_argument("the source has another number of fields");
         InputArrays inputs(shape);
-        SourceColumns source;
+        GivenColumns source;
         for (std::size_t k = 0; k < fields.size(); ++k) {
             if (fields[k]) CheckType(*fields[k], prepared_.SourceFields()[k]);
             source.fields.push_back(fields[k] ? inputs.Add(*fields[k]) : InColumn{});
@@ -97,18 +71,18 @@ class Conversion {
         if (height) source.height = inputs.Add(CheckedNumbers(*height));
 
         OutputArrays outputs(shape);
-        TargetColumns target;
+        WantedColumns target;
         for (const OutputField& field : prepared_.TargetFields())
             target.fields.push_back(outputs.Add(TypeOf(field)));
         const bool givesHeight = prepared_.GivesHeight() && (height || prepared_.KnowsHeight());
         if (givesHeight) target.height = outputs.Add(py::dtype::of<double>());
         if (errors == "status") target.status = outputs.Add(py::dtype::of<std::int32_t>());
 
-        const Keep keep = errors == "status" ? Keep::DistantZones : Keep::Nothing;
+        const DistantZones distant = errors == "status" ? DistantZones::Kept : DistantZones::Missing;
         std::optional<Failure> failure;
         {
             const py::gil_scoped_release released;
-            failure = prepared_.Convert(source, inputs.Count(), keep, target);
+            failure = prepared_.Convert(source, inputs.Count(), distant, target);
         }
         if (failure && errors == "raise")
             throw PositionError{failure->status, IndexOf(failure->index, shape)};
@@ -116,13 +90,11 @@ class Conversion {
     }
 
   private:
-    [[nodiscard]] py::tuple TupleOf(const tagKOORD& target, std::optional<double> height) const {
+    [[nodiscard]] py::tuple TupleOf(const tagKOORD& target) const {
         const auto fields = prepared_.TargetFields();
-        const bool givesHeight = height && prepared_.GivesHeight();
-        py::tuple values(fields.size() + (givesHeight ? 1 : 0));
+        py::tuple values(fields.size());
         for (std::size_t k = 0; k < fields.size(); ++k)
             values[k] = ValueOf(fields[k], target);
-        if (givesHeight) values[fields.size()] = *height;
         return values;
     }
 
@@ -140,8 +112,7 @@ class Conversion {
     }
 
     PreparedConversion prepared_;
-    std::optional<std::pair<std::size_t, std::size_t>> pair_;
-    bool canBePoint_ = false;
+    std::optional<FieldPair> pair_;
 };
 
 }  // namespace
@@ -164,8 +135,7 @@ void BindConversion(py::module_& module) {
                                [](const Conversion& self) { return self.Prepared().GivesHeight(); })
         .def_property_readonly("pair", &Conversion::Pair)
         .def_property_readonly("can_be_point", &Conversion::CanBePoint)
-        .def("point", &Conversion::ConvertPoint, py::arg("north"), py::arg("east"),
-             py::arg("height") = py::none())
+        .def("point", &Conversion::ConvertPoint, py::arg("north"), py::arg("east"))
         .def("arrays", &Conversion::ConvertArrays, py::arg("shape"), py::arg("fields"), py::arg("height"),
              py::arg("errors"));
 }

@@ -11,6 +11,7 @@ PYBIND11_MODULE(_tessara, module) {
     tessara::python::BindConversion(module);
     tessara::python::BindGeodesics(module);
     tessara::python::BindZones(module);
+    tessara::python::BindGridFactors(module);
     tessara::python::BindMaps(module);
     tessara::python::BindAreas(module);
 }

@@ -9,6 +9,7 @@ void BindTables(pybind11::module_& module);
 void BindConversion(pybind11::module_& module);
 void BindGeodesics(pybind11::module_& module);
 void BindZones(pybind11::module_& module);
+void BindGridFactors(pybind11::module_& module);
 void BindMaps(pybind11::module_& module);
 void BindAreas(pybind11::module_& module);
 

@@ -3,17 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <stdexcept>
+#include <string_view>
 
 #include "conversion/names.h"
 #include "record_fields.h"
 #include "reference.h"
 #include "tessara/ckoord.h"
+#include "tessara/kernel/columns.h"
 
 namespace tessara::python {
 namespace {
 
-constexpr std::size_t BLOCK = 128;  // records that stay in the nearest cache
+constexpr std::size_t BLOCK = 1024;  // rows whose whole numbers and letters stay in the nearest cache
 
 void Want(std::int16_t zone, tagKOORD* target) {
     if (auto utm = LoadIf<UtmPayload>(*target)) {
@@ -28,15 +31,6 @@ void Want(std::int16_t zone, tagKOORD* target) {
                                 " has no zones to choose from");
 }
 
-// A conversion to degrees isn't tested: what isn't finite there has no result either.
-KoordStatus StatusOf(KoordStatus status, std::span<const OutputField> fields, const tagKOORD& target) {
-    if (status != KOORD_OK) return status;
-    for (const OutputField& field : fields) {
-        if (!IsFinite(field, target)) return field.offset == 0 ? KOORD_ERR_GEO_LAT : KOORD_ERR_GEO_LON;
-    }
-    return KOORD_OK;
-}
-
 // A record with the precision with which the minutes of positions are written.
 tagKOORD WrittenGeoref(std::int32_t datum) {
     const tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
@@ -45,25 +39,147 @@ tagKOORD WrittenGeoref(std::int32_t datum) {
     return record;
 }
 
+// The first of the names that a field of numbers has.
+std::optional<std::size_t> FieldCalled(std::initializer_list<std::string_view> names,
+                                       std::span<const OutputField> fields) {
+    for (const std::string_view name : names) {
+        for (std::size_t k = 0; k < fields.size(); ++k) {
+            if (KindOf(fields[k]) == ColumnKind::Number && fields[k].name == name) return k;
+        }
+    }
+    return std::nullopt;
+}
+
+// Degrees as a target aren't tested: what isn't finite in them has no result either.
+KoordStatus StatusOfMissing(const OutputField& field) {
+    return field.offset == 0 ? KOORD_ERR_GEO_LAT : KOORD_ERR_GEO_LON;
+}
+
 }  // namespace
 
-// What is converted at once.
+// The rows of the library's columns beside those of Python, which have whole numbers and letters of other
+// types.
 class PreparedConversion::Block {
   public:
-    std::size_t count = 0;
-    bool hasHeights = false;
-    std::array<double, BLOCK> heights;
-    std::array<tagKOORD, BLOCK> source;
-    std::array<tagKOORD, BLOCK> target;
-    std::array<KoordStatus, BLOCK> status;
+    Block(const PreparedConversion& conversion, const GivenColumns& given, const WantedColumns& wanted)
+        : conversion_(conversion), given_(given), wanted_(wanted) {}
+
+    // The first failure of the rows from `first` on.
+    [[nodiscard]] std::optional<Failure> Convert(std::size_t first, std::size_t count, DistantZones distant) {
+        first_ = first;
+        count_ = count;
+        const SourceColumns from = Sources();
+        const TargetColumns to = Targets();
+        KoordConvertColumns(&conversion_.source_, &from, &conversion_.target_, &to, count, 1);
+        for (std::size_t k = 0; k < conversion_.targetFields_.size(); ++k)
+            WriteColumn(conversion_.targetFields_[k], scratch_[k], first, count, wanted_.fields[k]);
+        if (HasRaised()) Raise();
+        return Judge(distant);
+    }
+
+  private:
+    [[nodiscard]] SourceColumns Sources() {
+        SourceColumns from;
+        for (std::size_t k = 0; k < conversion_.sourceFields_.size(); ++k) {
+            const InColumn& column = given_.fields[k];
+            if (!column.IsThere()) continue;
+            if (KindOf(conversion_.sourceFields_[k]) == ColumnKind::Letters) {
+                ReadLetters(conversion_.sourceFields_[k], column, first_, count_, letters_[k]);
+                from.fields[k] = {letters_[k].data(), conversion_.sourceFields_[k].count};
+            } else if (KindOf(conversion_.sourceFields_[k]) == ColumnKind::Number) {
+                from.fields[k] = {column.At(first_), column.stride};
+            } else {
+                ReadWholes(column, first_, count_, wholes_[k]);
+                from.fields[k] = {wholes_[k].data(), sizeof(double)};
+            }
+        }
+        if (given_.height.IsThere()) from.height = {given_.height.At(first_), given_.height.stride};
+        return from;
+    }
+
+    [[nodiscard]] TargetColumns Targets() {
+        TargetColumns to;
+        for (std::size_t k = 0; k < conversion_.targetFields_.size(); ++k) {
+            const OutputField& field = conversion_.targetFields_[k];
+            const bool isNumber = KindOf(field) == ColumnKind::Number;
+            const bool isLetters = KindOf(field) == ColumnKind::Letters;
+            to.fields[k] = {
+                isNumber ? static_cast<void*>(wanted_.fields[k].At<double>(first_)) : scratch_[k].data(),
+                isLetters ? std::ptrdiff_t{field.count} : std::ptrdiff_t{sizeof(double)}};
+        }
+        if (wanted_.height.IsThere()) to.height = {wanted_.height.At<double>(first_), sizeof(double)};
+        if (HasRaised()) to.height = {heights_.data(), sizeof(double)};
+        to.status = {status_.data(), sizeof(KoordStatus)};
+        return to;
+    }
+
+    // Earth-centred positions are converted as if they were on the ellipsoid: their heights come in behind.
+    [[nodiscard]] bool HasRaised() const {
+        return !conversion_.GivesHeight() && (given_.height.IsThere() || conversion_.KnowsHeight());
+    }
+
+    void Raise() const {
+        tagKOORD record = conversion_.target_;
+        for (std::size_t i = 0; i < count_; ++i) {
+            const auto& fields = wanted_.fields;
+            Store(record, EcefPayload{fields[0].Number(first_ + i), fields[1].Number(first_ + i),
+                                      fields[2].Number(first_ + i)});
+            CKoord raised(record);
+            raised.SetHeight(heights_[i]);
+            const auto at = Load<EcefPayload>(raised);
+            fields[0].Put(first_ + i, at.x);
+            fields[1].Put(first_ + i, at.y);
+            fields[2].Put(first_ + i, at.z);
+        }
+    }
+
+    [[nodiscard]] std::optional<Failure> Judge(DistantZones distant) {
+        for (std::size_t k = 0; k < conversion_.targetFields_.size(); ++k)
+            FindMissing(conversion_.targetFields_[k], wanted_.fields[k]);
+        std::optional<Failure> failure;
+        for (std::size_t i = 0; i < count_; ++i) {
+            if (status_[i] == KOORD_OK) continue;
+            if (!failure) failure = {first_ + i, status_[i]};
+            if (status_[i] != KOORD_ERR_ZONE_DISTANT || distant == DistantZones::Missing)
+                WriteNothing(first_ + i);
+        }
+        if (wanted_.status.IsThere())
+            std::memcpy(wanted_.status.At<KoordStatus>(first_), status_.data(), count_ * sizeof status_[0]);
+        return failure;
+    }
+
+    void FindMissing(const OutputField& field, const OutColumn& column) {
+        if (KindOf(field) != ColumnKind::Number) return;
+        for (std::size_t i = 0; i < count_; ++i) {
+            if (status_[i] == KOORD_OK && !std::isfinite(column.Number(first_ + i)))
+                status_[i] = StatusOfMissing(field);
+        }
+    }
+
+    void WriteNothing(std::size_t row) const {
+        for (std::size_t k = 0; k < conversion_.targetFields_.size(); ++k)
+            WriteMissing(conversion_.targetFields_[k], row, wanted_.fields[k]);
+        if (wanted_.height.IsThere()) wanted_.height.Put(row, std::nan(""));
+    }
+
+    const PreparedConversion& conversion_;
+    const GivenColumns& given_;
+    const WantedColumns& wanted_;
+    std::size_t first_ = 0;
+    std::size_t count_ = 0;
+    std::array<std::array<char, BLOCK * MOST_LETTERS>, COLUMN_COUNT> letters_;
+    std::array<std::array<double, BLOCK>, COLUMN_COUNT> wholes_;
+    std::array<std::array<double, BLOCK>, COLUMN_COUNT> scratch_;
+    std::array<double, BLOCK> heights_;
+    std::array<KoordStatus, BLOCK> status_;
 };
 
 PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Reference to,
                                        std::optional<std::int16_t> zone)
     : from_(from),
       to_(to),
-      sourceFields_(System_Outputs(from.system)),
-      targetFields_(System_Outputs(to.system)),
+      sourceFields_(System_Columns(from.system)),
+      targetFields_(System_Columns(to.system)),
       source_(DefaultRecord(from)),
       target_(DefaultRecord(to)) {
     for (const toolkit::Reference& reference : {from_, to_}) {
@@ -71,6 +187,21 @@ PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Referen
     }
     if (zone) Want(*zone, &target_);
     if (from_.system == KOORD_GEOREF) source_ = WrittenGeoref(from_.datum);
+}
+
+std::optional<FieldPair> PreparedConversion::NorthAndEast() const {
+    if (from_.system == KOORD_ECEF) return std::nullopt;
+    const auto north = FieldCalled({"latitude", "fullNorthing", "northing", "y"}, sourceFields_);
+    const auto east = FieldCalled({"longitude", "fullEasting", "easting", "x"}, sourceFields_);
+    if (!north || !east) return std::nullopt;
+    return FieldPair{*north, *east};
+}
+
+tagKOORD PreparedConversion::SourceAt(FieldPair pair, double north, double east) const {
+    tagKOORD source = source_;
+    std::memcpy(source.payload + sourceFields_[pair.north].offset, &north, sizeof north);
+    std::memcpy(source.payload + sourceFields_[pair.east].offset, &east, sizeof east);
+    return source;
 }
 
 bool PreparedConversion::KnowsHeight() const {
@@ -81,70 +212,23 @@ bool PreparedConversion::GivesHeight() const {
     return to_.system != KOORD_ECEF;
 }
 
-// Records without room for a height are converted as if it were 0. An earth-centred position has its height
-// in x, y and z: it is taken out before and put in behind.
-void PreparedConversion::ConvertBlock(Block& block) const {
-    if (KnowsHeight()) {
-        for (std::size_t i = 0; i < block.count; ++i)
-            block.heights[i] = CKoord(block.source[i]).GetHeight();
+KoordStatus PreparedConversion::Convert(const tagKOORD& source, tagKOORD* target) const {
+    *target = target_;
+    const KoordStatus status = KoordConvert(&source, target);
+    if (status != KOORD_OK) return status;
+    for (const OutputField& field : targetFields_) {
+        if (!IsFinite(field, *target)) return StatusOfMissing(field);
     }
-    std::fill_n(block.target.begin(), block.count, target_);
-    KoordConvertMany(block.source.data(), block.target.data(), block.count, 1, block.status.data());
-    if (GivesHeight() || !block.hasHeights) return;
-    for (std::size_t i = 0; i < block.count; ++i) {
-        CKoord raised(block.target[i]);
-        raised.SetHeight(block.heights[i]);
-        block.target[i] = raised;
-    }
+    return KOORD_OK;
 }
 
-KoordStatus PreparedConversion::Convert(tagKOORD source, double* height, tagKOORD* target) const {
-    if (height == nullptr) {
-        *target = target_;
-        return StatusOf(KoordConvert(&source, target), targetFields_, *target);
-    }
-    Block block;
-    block.count = 1;
-    block.hasHeights = true;
-    block.heights[0] = *height;
-    block.source[0] = source;
-    ConvertBlock(block);
-    *height = block.heights[0];
-    *target = block.target[0];
-    return StatusOf(block.status[0], targetFields_, *target);
-}
-
-std::optional<Failure> PreparedConversion::Convert(const SourceColumns& source, std::size_t count, Keep keep,
-                                                   const TargetColumns& target) const {
+std::optional<Failure> PreparedConversion::Convert(const GivenColumns& given, std::size_t count,
+                                                   DistantZones distant, const WantedColumns& wanted) const {
     std::optional<Failure> failure;
-    Block block;
-    block.hasHeights = source.height.IsThere() || KnowsHeight();
+    Block block(*this, given, wanted);
     for (std::size_t first = 0; first < count; first += BLOCK) {
-        block.count = std::min(BLOCK, count - first);
-        std::fill_n(block.source.begin(), block.count, source_);
-        const std::span records(block.source.data(), block.count);
-        for (std::size_t k = 0; k < sourceFields_.size(); ++k) {
-            if (source.fields[k].IsThere()) ReadField(sourceFields_[k], source.fields[k], first, records);
-        }
-        if (source.height.IsThere()) {
-            for (std::size_t i = 0; i < block.count; ++i)
-                block.heights[i] = source.height.Number(first + i);
-        }
-        ConvertBlock(block);
-
-        for (std::size_t k = 0; k < targetFields_.size(); ++k)
-            WriteField(targetFields_[k], {block.target.data(), block.count}, first, target.fields[k]);
-        for (std::size_t i = 0; i < block.count; ++i) {
-            const KoordStatus status = StatusOf(block.status[i], targetFields_, block.target[i]);
-            if (target.status.IsThere()) target.status.Put(first + i, status);
-            if (target.height.IsThere()) target.height.Put(first + i, block.heights[i]);
-            if (status == KOORD_OK) continue;
-            if (!failure) failure = {first + i, status};
-            if (keep == Keep::DistantZones && status == KOORD_ERR_ZONE_DISTANT) continue;
-            for (std::size_t k = 0; k < targetFields_.size(); ++k)
-                WriteMissing(targetFields_[k], first + i, target.fields[k]);
-            if (target.height.IsThere()) target.height.Put(first + i, std::nan(""));
-        }
+        const std::optional<Failure> found = block.Convert(first, std::min(BLOCK, count - first), distant);
+        if (!failure) failure = found;
     }
     return failure;
 }

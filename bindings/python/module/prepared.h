@@ -1,10 +1,10 @@
-// A conversion that is prepared once and applied to columns.
+// A conversion that is prepared once and applied to columns. The one source that knows how the library
+// converts many.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
 #include "columns.h"
@@ -14,23 +14,29 @@
 
 namespace tessara::python {
 
-struct SourceColumns {
+struct GivenColumns {
     std::vector<InColumn> fields;  // one for each field of the source; one that isn't there keeps its default
     InColumn height;
 };
 
-struct TargetColumns {
+struct WantedColumns {
     std::vector<OutColumn> fields;
     OutColumn height;
     OutColumn status;  // a KoordStatus each
 };
 
-// What a position without a result leaves in the columns.
-enum class Keep { Nothing, DistantZones };
+// What a position far from the wanted zone leaves in the columns.
+enum class DistantZones { Missing, Kept };
+
+// The numbers of two fields.
+struct FieldPair {
+    std::size_t north;
+    std::size_t east;
+};
 
 class PreparedConversion {
   public:
-    // `zone` is the zone or the meridian that is wanted of the target.
+    // `zone` is the zone that is wanted of the target.
     PreparedConversion(toolkit::Reference from, toolkit::Reference to, std::optional<std::int16_t> zone);
 
     [[nodiscard]] const toolkit::Reference& From() const { return from_; }
@@ -38,24 +44,25 @@ class PreparedConversion {
     [[nodiscard]] std::span<const OutputField> SourceFields() const { return sourceFields_; }
     [[nodiscard]] std::span<const OutputField> TargetFields() const { return targetFields_; }
 
-    // Whether a position of the source has a height of its own, and has one in the target.
+    // Whether a position of the source has a height of its own, and whether one of the target comes with a
+    // height.
     [[nodiscard]] bool KnowsHeight() const;
     [[nodiscard]] bool GivesHeight() const;
 
-    // The record that the source's fields are written into.
-    [[nodiscard]] const tagKOORD& Source() const { return source_; }
+    // The fields of the source that say where a position is, if there are two of numbers for it.
+    [[nodiscard]] std::optional<FieldPair> NorthAndEast() const;
+    // A record of the source with these; its other fields have their defaults.
+    [[nodiscard]] tagKOORD SourceAt(FieldPair pair, double north, double east) const;
 
-    // One position. The height is read and written.
-    [[nodiscard]] KoordStatus Convert(tagKOORD source, double* height, tagKOORD* target) const;
+    // One position, at height 0.
+    [[nodiscard]] KoordStatus Convert(const tagKOORD& source, tagKOORD* target) const;
 
     // Many positions, and the first of them that has no result. Touches nothing of Python.
-    [[nodiscard]] std::optional<Failure> Convert(const SourceColumns& source, std::size_t count, Keep keep,
-                                                 const TargetColumns& target) const;
+    [[nodiscard]] std::optional<Failure> Convert(const GivenColumns& given, std::size_t count,
+                                                 DistantZones distant, const WantedColumns& wanted) const;
 
   private:
     class Block;
-
-    void ConvertBlock(Block& block) const;
 
     toolkit::Reference from_;
     toolkit::Reference to_;

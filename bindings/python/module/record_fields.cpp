@@ -9,8 +9,9 @@ namespace tessara::python {
 namespace py = pybind11;
 namespace {
 
-constexpr std::size_t MOST_LETTERS = 4;
 using Letters = std::array<char32_t, MOST_LETTERS>;  // as NumPy holds text
+
+constexpr double NO_WHOLE = 1e300;
 
 template <class Value>
 Value At(const tagKOORD& record, const OutputField& field) {
@@ -19,34 +20,19 @@ Value At(const tagKOORD& record, const OutputField& field) {
     return value;
 }
 
-template <class Value>
-void Set(tagKOORD& record, const OutputField& field, Value value) {
-    std::memcpy(record.payload + field.offset, &value, sizeof value);
-}
-
-// What is no whole number of the type becomes its least one, which no system has in a field.
+// A row that has no position holds NaN.
 template <class Whole>
-Whole WholeOf(double value) {
-    using Limits = std::numeric_limits<Whole>;
-    const bool fits = value >= Limits::min() && value <= Limits::max() && value == std::floor(value);
-    return fits ? static_cast<Whole>(value) : Limits::min();
+void WriteWholes(std::span<const double> values, std::size_t first, std::size_t count,
+                 const OutColumn& column) {
+    for (std::size_t i = 0; i < count; ++i)
+        column.Put(first + i, std::isfinite(values[i]) ? static_cast<Whole>(values[i]) : Whole{0});
 }
 
-void ReadLetters(const OutputField& field, const InColumn& column, std::size_t i, tagKOORD& record) {
-    Letters letters{};
-    std::memcpy(letters.data(), column.At(i), field.count * sizeof letters[0]);
-    for (std::size_t k = 0; k < field.count; ++k) {
-        const char letter = letters[k] < 0x80 ? static_cast<char>(letters[k]) : '?';
-        std::memcpy(record.payload + field.offset + k, &letter, 1);
-    }
-}
-
-void WriteLetters(const OutputField& field, const tagKOORD& record, std::size_t i, const OutColumn& column) {
-    Letters letters{};
+void PutLetters(const OutputField& field, const char* letters, std::size_t i, const OutColumn& column) {
+    Letters wide{};
     for (std::size_t k = 0; k < field.count; ++k)
-        letters[k] = static_cast<unsigned char>(record.payload[field.offset + k]);
-    std::memcpy(column.data + i * field.count * sizeof letters[0], letters.data(),
-                field.count * sizeof letters[0]);
+        wide[k] = static_cast<unsigned char>(letters[k]);
+    std::memcpy(column.data + i * field.count * sizeof wide[0], wide.data(), field.count * sizeof wide[0]);
 }
 
 }  // namespace
@@ -80,46 +66,37 @@ py::dtype TypeOf(const OutputField& field) {
     return py::dtype::of<double>();
 }
 
-void ReadField(const OutputField& field, const InColumn& column, std::size_t first,
-               std::span<tagKOORD> records) {
-    switch (KindOf(field)) {
-        case ColumnKind::Letters:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                ReadLetters(field, column, first + i, records[i]);
-            return;
-        case ColumnKind::Whole16:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                Set(records[i], field, WholeOf<std::int16_t>(column.Number(first + i)));
-            return;
-        case ColumnKind::Whole32:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                Set(records[i], field, WholeOf<std::int32_t>(column.Number(first + i)));
-            return;
-        case ColumnKind::Number:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                Set(records[i], field, column.Number(first + i));
-            return;
+void ReadLetters(const OutputField& field, const InColumn& column, std::size_t first, std::size_t count,
+                 std::span<char> letters) {
+    for (std::size_t i = 0; i < count; ++i) {
+        Letters wide{};
+        std::memcpy(wide.data(), column.At(first + i), field.count * sizeof wide[0]);
+        for (std::size_t k = 0; k < field.count; ++k)
+            letters[i * field.count + k] = wide[k] < 0x80 ? static_cast<char>(wide[k]) : '?';
     }
 }
 
-void WriteField(const OutputField& field, std::span<const tagKOORD> records, std::size_t first,
-                const OutColumn& column) {
+void ReadWholes(const InColumn& column, std::size_t first, std::size_t count, std::span<double> wholes) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const double value = column.Number(first + i);
+        wholes[i] = value == std::floor(value) ? value : NO_WHOLE;
+    }
+}
+
+void WriteColumn(const OutputField& field, std::span<const double> values, std::size_t first,
+                 std::size_t count, const OutColumn& column) {
     switch (KindOf(field)) {
-        case ColumnKind::Letters:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                WriteLetters(field, records[i], first + i, column);
+        case ColumnKind::Letters: {
+            const auto* const letters = reinterpret_cast<const char*>(values.data());
+            for (std::size_t i = 0; i < count; ++i)
+                PutLetters(field, letters + i * field.count, first + i, column);
             return;
+        }
         case ColumnKind::Whole16:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                column.Put(first + i, At<std::int16_t>(records[i], field));
-            return;
+            return WriteWholes<std::int16_t>(values, first, count, column);
         case ColumnKind::Whole32:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                column.Put(first + i, At<std::int32_t>(records[i], field));
-            return;
+            return WriteWholes<std::int32_t>(values, first, count, column);
         case ColumnKind::Number:
-            for (std::size_t i = 0; i < records.size(); ++i)
-                column.Put(first + i, At<double>(records[i], field));
             return;
     }
 }
@@ -127,7 +104,7 @@ void WriteField(const OutputField& field, std::span<const tagKOORD> records, std
 void WriteMissing(const OutputField& field, std::size_t at, const OutColumn& column) {
     switch (KindOf(field)) {
         case ColumnKind::Letters:
-            return WriteLetters(field, tagKOORD{}, at, column);
+            return PutLetters(field, "\0\0\0", at, column);
         case ColumnKind::Whole16:
             return column.Put(at, std::int16_t{0});
         case ColumnKind::Whole32:

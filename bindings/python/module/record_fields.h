@@ -1,4 +1,4 @@
-// The fields of records as columns: what a system's positions are made of, and where it stands in the record.
+// The fields of positions as columns of Python and as Python objects.
 #pragma once
 
 #include <pybind11/numpy.h>
@@ -19,11 +19,19 @@ enum class ColumnKind { Number, Letters, Whole16, Whole32 };
 // The type of an array with a field's values: texts, whole numbers or doubles.
 [[nodiscard]] pybind11::dtype TypeOf(const OutputField& field);
 
-// A field of many records, from and to a column. Text stands in a column as NumPy has it, 4 bytes a letter.
-void ReadField(const OutputField& field, const InColumn& column, std::size_t first,
-               std::span<tagKOORD> records);
-void WriteField(const OutputField& field, std::span<const tagKOORD> records, std::size_t first,
-                const OutColumn& column);
+inline constexpr std::size_t MOST_LETTERS = 4;
+
+// Texts of a column, which has 4 bytes a letter as NumPy holds them, as letters side by side. What isn't
+// ASCII becomes a letter that no system has.
+void ReadLetters(const OutputField& field, const InColumn& column, std::size_t first, std::size_t count,
+                 std::span<char> letters);
+
+// What is no whole number becomes one that no field can hold.
+void ReadWholes(const InColumn& column, std::size_t first, std::size_t count, std::span<double> wholes);
+
+// Letters side by side or doubles as texts or whole numbers of a column. A column of numbers is left alone.
+void WriteColumn(const OutputField& field, std::span<const double> values, std::size_t first,
+                 std::size_t count, const OutColumn& column);
 
 // What stands there for a position that has no result: NaN, 0, or no letter.
 void WriteMissing(const OutputField& field, std::size_t at, const OutColumn& column);

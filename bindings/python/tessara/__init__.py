@@ -15,7 +15,7 @@ from ._geodesics import direct, distance
 from ._maps import Grid, Map
 from ._references import to_pyproj
 from ._tables import Datum, System, datums, systems
-from ._zones import zones
+from ._zones import convergence_and_scale, zones
 
 __all__ = [
     "Conversion",
@@ -27,6 +27,7 @@ __all__ = [
     "PositionError",
     "System",
     "__version__",
+    "convergence_and_scale",
     "convert",
     "datums",
     "densify",

@@ -24,3 +24,21 @@ def zones(lat: Any, lon: Any, system: str = "UTM", *, datum: str = "WGS84", erro
     made = _tessara.zones(shape, lats, lons, datum, system, errors)
     names = ZONE + (("status",) if errors == "status" else ())
     return tuple.__new__(result_type("Zone", names), map(form_of((lat, lon)), made))
+
+
+def convergence_and_scale(
+    lat: Any, lon: Any, system: str = "UTM", *, datum: str = "WGS84", zone: int | None = None, errors: Errors = "raise"
+) -> Any:
+    """By how much a grid turns and stretches a short line at positions: the convergence in degrees, which is the azimuth
+    of grid north, and the scale, the length in the grid by the length on the ellipsoid. The grid is conformal: UTM,
+    UTMREF, UPS, Gauss-Krueger and the national grids. `zone` is the UTM zone that is wanted.
+
+    >>> factors = convergence_and_scale(48.1375, 9.0)
+    >>> round(factors.convergence, 6), round(factors.scale, 6)
+    (0.0, 0.9996)
+    """
+    check_errors(errors)
+    shape, (lats, lons) = broadcast(numbers(lat, "lat"), numbers(lon, "lon"))
+    made = _tessara.grid_factors(shape, lats, lons, datum, system, zone, errors)
+    names = ("convergence", "scale") + (("status",) if errors == "status" else ())
+    return tuple.__new__(result_type("Factors", names), map(form_of((lat, lon)), made))

@@ -47,3 +47,15 @@ def test_zones_have_their_borders():
     with pytest.raises(ValueError, match="no zones"):
         tessara.zones(48.1, 11.5, "GEODEZ")
     assert tessara.zones([48.1, 95], 11.5, errors="status").status.tolist() == [1, -3762]
+
+
+def test_convergence_and_scale_are_those_of_pyproj(rng):
+    latitudes = rng.uniform(-79, 83, 500)
+    longitudes = rng.uniform(6.001, 11.999, 500)
+    ours = tessara.convergence_and_scale(latitudes, longitudes)
+    theirs = pyproj.Proj("EPSG:32632").get_factors(longitudes, latitudes)
+    assert np.allclose(ours.convergence, theirs.meridian_convergence, rtol=0, atol=1e-7)
+    assert np.allclose(ours.scale, theirs.meridional_scale, rtol=0, atol=1e-7)
+    with pytest.raises(ValueError, match="conformal"):
+        tessara.convergence_and_scale(48, 11, "GEODEZ")
+    assert tessara.convergence_and_scale([48, 95], 11, errors="status").status.tolist() == [1, -3762]

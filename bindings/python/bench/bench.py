@@ -1,0 +1,93 @@
+"""Times beside pyproj: the table of docs/python.md. Each figure is the best of some runs, on one thread."""
+
+import time
+
+import numpy as np
+import pyproj
+
+import tessara
+
+POSITIONS = 1_000_000
+SINGLES = 20_000
+RUNS = 5
+
+
+def best(operation, runs=RUNS):
+    times = []
+    for _ in range(runs):
+        start = time.perf_counter()
+        operation()
+        times.append(time.perf_counter() - start)
+    return min(times)
+
+
+def pyproj_all_zones(latitudes, longitudes):
+    """What users of pyproj do: a transformer a zone, and the positions sorted among them."""
+    zones = ((longitudes + 180) // 6).astype(int) + 1
+    east, north = np.empty_like(latitudes), np.empty_like(latitudes)
+    for zone in range(1, 61):
+        here = zones == zone
+        to_zone = pyproj.Transformer.from_crs(4326, 32600 + zone)
+        east[here], north[here] = to_zone.transform(latitudes[here], longitudes[here])
+    return east, north
+
+
+def rows():
+    random = np.random.default_rng(1)
+    latitudes = random.uniform(1, 80, POSITIONS)
+    here = random.uniform(6.01, 11.99, POSITIONS)
+    everywhere = random.uniform(-179.99, 179.99, POSITIONS)
+
+    to_utm = pyproj.Transformer.from_crs(4326, 32632)
+    from_utm = pyproj.Transformer.from_crs(32632, 4326)
+    grid = tessara.convert(latitudes, here)
+    yield (
+        "a million positions to UTM, one zone",
+        best(lambda: tessara.convert(latitudes, here)),
+        best(lambda: to_utm.transform(latitudes, here), 2),
+    )
+    yield (
+        "a million positions from UTM, one zone",
+        best(lambda: tessara.convert(grid.northing, grid.easting, from_="UTM", from_zone=32, to="GEODEZ")),
+        best(lambda: from_utm.transform(grid.easting, grid.northing), 2),
+    )
+    yield (
+        "a million positions to UTM, all zones",
+        best(lambda: tessara.convert(latitudes, everywhere)),
+        best(lambda: pyproj_all_zones(latitudes, everywhere), 1),
+    )
+    yield "a million positions to UTMREF, as fields", best(lambda: tessara.convert(latitudes, here, to="UTMREF")), None
+
+    few = slice(0, 100_000)
+    geodesics = pyproj.Geod(ellps="WGS84")
+    yield (
+        "100 000 distances",
+        best(lambda: tessara.distance(latitudes[few], here[few], 50.0, 8.0)),
+        best(lambda: geodesics.inv(here[few], latitudes[few], np.full(100_000, 8.0), np.full(100_000, 50.0)), 2),
+    )
+
+    prepared = tessara.Conversion("GEODEZ", "UTM")
+    singles = range(SINGLES)
+    yield (
+        "20 000 single positions to UTM, prepared",
+        best(lambda: [prepared(48.1375, 11.5755) for _ in singles]),
+        best(lambda: [to_utm.transform(48.1375, 11.5755) for _ in singles], 2),
+    )
+    yield (
+        "20 000 single positions to UTM, by names",
+        best(lambda: [tessara.convert(48.1375, 11.5755) for _ in singles]),
+        None,
+    )
+
+
+def main():
+    print(f"tessara {tessara.__version__}, pyproj {pyproj.__version__}, PROJ {pyproj.proj_version_str}, NumPy {np.__version__}\n")
+    print("| milliseconds | tessara | pyproj | ratio |")
+    print("|:---|---:|---:|---:|")
+    for what, ours, theirs in rows():
+        right = f"{theirs * 1e3:.1f} | {ours / theirs:.2f}" if theirs else "- | -"
+        print(f"| {what} | {ours * 1e3:.1f} | {right} |", flush=True)
+
+
+if __name__ == "__main__":
+    main()
