@@ -32,7 +32,7 @@ py::tuple TypesOf(std::span<const OutputField> fields) {
 
 class Conversion {
   public:
-    Conversion(const std::string& from, const std::string& to, std::optional<std::int16_t> zone)
+    Conversion(const std::string& from, const std::string& to, std::optional<std::int32_t> zone)
         : prepared_(ReferenceOf(from), ReferenceOf(to), zone), pair_(prepared_.NorthAndEast()) {}
 
     [[nodiscard]] const PreparedConversion& Prepared() const { return prepared_; }
@@ -119,7 +119,7 @@ class Conversion {
 
 void BindConversion(py::module_& module) {
     py::class_<Conversion>(module, "Conversion")
-        .def(py::init<const std::string&, const std::string&, std::optional<std::int16_t>>(),
+        .def(py::init<const std::string&, const std::string&, std::optional<std::int32_t>>(),
              py::arg("from_"), py::arg("to"), py::arg("zone"))
         .def_property_readonly("from_", [](const Conversion& self) { return self.Prepared().From().Name(); })
         .def_property_readonly("to", [](const Conversion& self) { return self.Prepared().To().Name(); })

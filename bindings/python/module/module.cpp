@@ -14,4 +14,5 @@ PYBIND11_MODULE(_tessara, module) {
     tessara::python::BindGridFactors(module);
     tessara::python::BindMaps(module);
     tessara::python::BindAreas(module);
+    tessara::python::BindTexts(module);
 }

@@ -12,5 +12,6 @@ void BindZones(pybind11::module_& module);
 void BindGridFactors(pybind11::module_& module);
 void BindMaps(pybind11::module_& module);
 void BindAreas(pybind11::module_& module);
+void BindTexts(pybind11::module_& module);
 
 }  // namespace tessara::python

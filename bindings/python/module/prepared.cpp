@@ -6,10 +6,10 @@
 #include <initializer_list>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 #include "conversion/names.h"
 #include "record_fields.h"
-#include "reference.h"
 #include "tessara/ckoord.h"
 #include "tessara/kernel/columns.h"
 
@@ -18,17 +18,16 @@ namespace {
 
 constexpr std::size_t BLOCK = 1024;  // rows whose whole numbers and letters stay in the nearest cache
 
-void Want(std::int16_t zone, tagKOORD* target) {
-    if (auto utm = LoadIf<UtmPayload>(*target)) {
-        utm->wantedZone = zone;
-        return Store(*target, *utm);
-    }
-    if (auto utmref = LoadIf<UtmrefPayload>(*target)) {
-        utmref->wantedZone = zone;
-        return Store(*target, *utmref);
-    }
-    throw std::invalid_argument(toolkit::SystemName(static_cast<std::int32_t>(target->type)) +
-                                " has no zones to choose from");
+// The reference with the zone, strip or meridian that is wanted of it.
+toolkit::Reference WithZone(toolkit::Reference reference, std::optional<std::int32_t> zone) {
+    if (!zone) return reference;
+    const std::string system = toolkit::SystemName(reference.system);
+    const std::string zones = toolkit::ZonesOf(reference.system);
+    if (zones.empty()) throw std::invalid_argument(system + " has no zones to choose from");
+    const auto wanted = toolkit::WantedZone(reference.system, *zone);
+    if (!wanted) throw std::invalid_argument(system + " has " + zones + ", not " + std::to_string(*zone));
+    reference.parameters.push_back(*wanted);
+    return reference;
 }
 
 // A record with the precision with which the minutes of positions are written.
@@ -175,17 +174,16 @@ class PreparedConversion::Block {
 };
 
 PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Reference to,
-                                       std::optional<std::int16_t> zone)
-    : from_(from),
-      to_(to),
-      sourceFields_(System_Columns(from.system)),
-      targetFields_(System_Columns(to.system)),
-      source_(DefaultRecord(from)),
-      target_(DefaultRecord(to)) {
+                                       std::optional<std::int32_t> zone)
+    : from_(std::move(from)),
+      to_(WithZone(std::move(to), zone)),
+      sourceFields_(System_Columns(from_.system)),
+      targetFields_(System_Columns(to_.system)),
+      source_(toolkit::DefaultRecord(from_)),
+      target_(toolkit::DefaultRecord(to_)) {
     for (const toolkit::Reference& reference : {from_, to_}) {
         if (toolkit::IsPixel(reference.system)) throw std::invalid_argument("pixels are converted by a Map");
     }
-    if (zone) Want(*zone, &target_);
     if (from_.system == KOORD_GEOREF) source_ = WrittenGeoref(from_.datum);
 }
 

@@ -36,8 +36,8 @@ struct FieldPair {
 
 class PreparedConversion {
   public:
-    // `zone` is the zone that is wanted of the target.
-    PreparedConversion(toolkit::Reference from, toolkit::Reference to, std::optional<std::int16_t> zone);
+    // `zone` is the zone, strip or meridian that is wanted of the target.
+    PreparedConversion(toolkit::Reference from, toolkit::Reference to, std::optional<std::int32_t> zone);
 
     [[nodiscard]] const toolkit::Reference& From() const { return from_; }
     [[nodiscard]] const toolkit::Reference& To() const { return to_; }

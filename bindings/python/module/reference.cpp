@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "conversion/coords.h"
 #include "conversion/names.h"
 
 namespace tessara::python {
@@ -17,12 +16,6 @@ std::int32_t DatumOf(const std::string& name) {
     const auto datum = toolkit::DatumByName(name);
     if (!datum) throw std::invalid_argument(toolkit::WrongDatum(name));
     return *datum;
-}
-
-tagKOORD DefaultRecord(const toolkit::Reference& reference) {
-    const IRef<ICoord> coord(CreateClassCoord());
-    coord->SetReference(toolkit::MakeReference(reference).Get());
-    return toolkit::KoordOf(coord.Get());
 }
 
 }  // namespace tessara::python

@@ -9,11 +9,9 @@
 
 namespace tessara::python {
 
-// SYSTEM[@DATUM], on WGS84 where it names no datum. Throws std::invalid_argument with what is wrong.
+// SYSTEM[:PARAMETERS][@DATUM], on WGS84 where it names no datum. Throws std::invalid_argument with what is
+// wrong.
 [[nodiscard]] toolkit::Reference ReferenceOf(const std::string& name);
 [[nodiscard]] std::int32_t DatumOf(const std::string& name);
-
-// The default record of a reference.
-[[nodiscard]] tagKOORD DefaultRecord(const toolkit::Reference& reference);
 
 }  // namespace tessara::python

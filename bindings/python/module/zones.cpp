@@ -27,7 +27,7 @@ struct Zone {
 class ZoneFinder {
   public:
     ZoneFinder(std::int32_t datum, const toolkit::Reference& system)
-        : datum_(datum), target_(DefaultRecord(system)), zones_(CreateClassZoneCoordOperations()) {
+        : datum_(datum), target_(toolkit::DefaultRecord(system)), zones_(CreateClassZoneCoordOperations()) {
         if (!zones_->HasZones(toolkit::CoordOf(target_).Get()))
             throw std::invalid_argument(toolkit::SystemName(system.system) + " has no zones");
     }

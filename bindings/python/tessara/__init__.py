@@ -10,23 +10,29 @@ North comes before east everywhere. Degrees are positive north and east; grid va
 from ._tessara import __version__ as __version__
 from ._areas import Extent, Overlay, densify, extent, overlay, point_in_polygon
 from ._conversion import Conversion, convert
-from ._errors import PositionError, status_text
+from ._errors import PositionError, TextError, status_text
 from ._geodesics import direct, distance
 from ._maps import Grid, Map
 from ._references import to_pyproj
 from ._tables import Datum, System, datums, systems
+from ._texts import Check, Parsed, Texts, check, format, parse
 from ._zones import convergence_and_scale, zones
 
 __all__ = [
+    "Check",
     "Conversion",
     "Datum",
     "Extent",
     "Grid",
     "Map",
     "Overlay",
+    "Parsed",
     "PositionError",
     "System",
+    "TextError",
+    "Texts",
     "__version__",
+    "check",
     "convergence_and_scale",
     "convert",
     "datums",
@@ -34,7 +40,9 @@ __all__ = [
     "direct",
     "distance",
     "extent",
+    "format",
     "overlay",
+    "parse",
     "point_in_polygon",
     "status_text",
     "systems",

@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-import re
 from typing import Any, NamedTuple
 
 import numpy as np
@@ -10,7 +9,7 @@ import numpy.typing as npt
 
 from . import _tessara
 from ._arrays import broadcast, form_of, numbers
-from ._conversion import WGS84_DEGREES, result_type
+from ._conversion import WGS84_DEGREES, result_type, system_name
 
 Line = npt.NDArray[np.float64]
 
@@ -47,7 +46,7 @@ def degree_rows(line: Any, name: str) -> Line:
 def extent_in(system: str, extremes: tuple[tuple[Any, ...], ...]) -> Extent:
     """The fields of four positions as an extent."""
     core = _tessara.Conversion(WGS84_DEGREES, system, None)
-    made = result_type(re.sub(r"\W", "_", core.to.partition("@")[0]), core.target_fields)
+    made = result_type(system_name(core.to), core.target_fields)
     return Extent(*(tuple.__new__(made, values) for values in extremes))
 
 

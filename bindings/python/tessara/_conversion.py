@@ -37,11 +37,16 @@ def _rebuild(name: str, fields: tuple[str, ...], values: tuple[Any, ...]) -> tup
     return tuple.__new__(result_type(name, fields), values)
 
 
+def system_name(reference: str) -> str:
+    """The system of a reference, as a name of a class."""
+    return re.sub(r"\W", "_", re.split("[:@]", reference)[0])
+
+
 class Conversion:
     """A conversion that is prepared once: from one reference to another.
 
-    References are `SYSTEM` or `SYSTEM@DATUM`; without a datum they are on WGS84. `zone` is the zone that is wanted of
-    a UTM or UTMREF target; without it each position goes into the zone that it lies in.
+    References are `SYSTEM[:PARAMETERS][@DATUM]`; without a datum they are on WGS84. `zone` is the zone, strip or meridian
+    that is wanted of the target; without it each position goes into the zone that it lies in.
 
     >>> to_utm = Conversion("GEODEZ", "UTM")
     >>> to_utm(48.1375, 11.5755)
@@ -50,12 +55,11 @@ class Conversion:
 
     def __init__(self, from_: str = WGS84_DEGREES, to: str = WGS84_UTM, *, zone: int | None = None) -> None:
         core = _tessara.Conversion(from_, to, zone)
-        system = re.sub(r"\W", "_", core.to.partition("@")[0])
+        system = system_name(core.to)
         height = core.target_fields + (("height",) if core.gives_height else ())
         self._core = core
         self._point = core.point
         self._can_be_point = core.can_be_point
-        self._zone = zone
         self._name = system
         self._plain = result_type(system, core.target_fields)
         self._with_height = result_type(system, height)
@@ -81,11 +85,10 @@ class Conversion:
         return self._core.target_fields
 
     def __repr__(self) -> str:
-        zone = "" if self._zone is None else f", zone={self._zone}"
-        return f"Conversion({self.from_!r}, {self.to!r}{zone})"
+        return f"Conversion({self.from_!r}, {self.to!r})"
 
     def __reduce__(self) -> tuple[Any, ...]:
-        return _prepare, (self.from_, self.to, self._zone)
+        return _prepare, (self.from_, self.to, None)
 
     def __call__(
         self,
@@ -177,8 +180,9 @@ def convert(
     north, east: latitudes and longitudes in degrees, or northings and eastings in metres: numbers, arrays of any
         shapes that broadcast, lists, pandas Series.
     height: metres above the ellipsoid. It is handed on, and ECEF takes it into account.
-    from_, to: SYSTEM or SYSTEM@DATUM; `systems()` and `datums()` list them.
-    zone: the zone that is wanted of a UTM or UTMREF target. Without it each position goes into its own.
+    from_, to: SYSTEM or SYSTEM@DATUM; `systems()` and `datums()` list them. Free projections have parameters:
+        "TM:lon0=9,k=0.9996,fe=500000".
+    zone: the zone, strip or meridian that is wanted of the target. Without it each position goes into its own.
     from_zone, from_hemisphere: of UTM positions, the hemisphere "N" where none is given; from_zone is the
         meridian of Austrian grids, too.
     errors: what becomes of a position without a result. "raise" raises PositionError with its index; "nan" leaves NaN,

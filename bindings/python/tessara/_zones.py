@@ -31,7 +31,7 @@ def convergence_and_scale(
 ) -> Any:
     """By how much a grid turns and stretches a short line at positions: the convergence in degrees, which is the azimuth
     of grid north, and the scale, the length in the grid by the length on the ellipsoid. The grid is conformal: UTM,
-    UTMREF, UPS, Gauss-Krueger and the national grids. `zone` is the UTM zone that is wanted.
+    UTMREF, UPS, Gauss-Krueger and the national grids. `zone` is the zone, strip or meridian that is wanted.
 
     >>> factors = convergence_and_scale(48.1375, 9.0)
     >>> round(factors.convergence, 6), round(factors.scale, 6)

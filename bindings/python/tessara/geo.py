@@ -11,10 +11,23 @@ from shapely.geometry import LineString
 
 from ._conversion import Errors, convert
 from ._maps import Map
+from ._texts import format
 from ._zones import zones
 
 DEGREES = "EPSG:4326"
 BORDER_STEP = 1.0  # degrees
+
+
+def references(points: gpd.GeoSeries, *, precision: float = 1.0, errors: Errors = "nan") -> pd.Series:
+    """The military references of points, to so many metres, with the index of the series. A point without one, as beyond
+    84 degrees north, has an empty text.
+
+    >>> from shapely.geometry import Point
+    >>> references(gpd.GeoSeries([Point(11.5755, 48.1375)], crs=4326))[0]
+    '32UPU9160334791'
+    """
+    degrees = points if points.crs is None else points.to_crs(DEGREES)
+    return format(degrees.y, degrees.x, precision=precision, errors=errors)
 
 
 def convert_points(points: gpd.GeoSeries, to: str, *, zone: int | None = None, errors: Errors = "nan") -> pd.DataFrame:

@@ -8,6 +8,7 @@ import pandas as pd
 
 from ._conversion import WGS84_DEGREES, Errors, convert
 from ._geodesics import distance
+from ._texts import format
 from ._zones import zones
 
 
@@ -37,6 +38,14 @@ class TessaraAccessor:
             zone=zone, from_zone=self._column(from_zone), from_hemisphere=self._column(from_hemisphere), errors=errors,
         )
         return pd.DataFrame(result._asdict(), index=self._frame.index)
+
+    def references(self, lat: str = "lat", lon: str = "lon", *, precision: float = 1.0, errors: Errors = "nan") -> Any:
+        """The military references of the positions, to so many metres; empty where there is none.
+
+        >>> pd.DataFrame({"lat": [48.1375], "lon": [11.5755]}).tessara.references(precision=100)[0]
+        '32UPU916348'
+        """
+        return format(self._frame[lat], self._frame[lon], precision=precision, errors=errors)
 
     def zones(self, lat: str = "lat", lon: str = "lon", system: str = "UTM", *, errors: Errors = "nan") -> pd.DataFrame:
         """The zones of the positions; see `tessara.zones`."""

@@ -69,6 +69,23 @@ def test_a_wanted_zone_counts(rng):
     assert np.allclose(result.northing, north, rtol=0, atol=MILLIMETRE)
 
 
+def test_free_projections_have_parameters(rng):
+    latitudes = rng.uniform(40, 60, 100)
+    longitudes = rng.uniform(8, 10, 100)
+    result = tessara.convert(latitudes, longitudes, to="TM:lon0=9,k=0.9996,fe=500000")
+    east, north = pyproj.Transformer.from_crs(4326, 32632).transform(latitudes, longitudes)
+    assert np.allclose(result.easting, east, rtol=0, atol=MILLIMETRE)
+    assert np.allclose(result.northing, north, rtol=0, atol=MILLIMETRE)
+
+
+def test_strips_and_meridians_are_wanted_like_zones():
+    # In strip 4, whose meridian is 12: the position lies west of it.
+    assert 4_000_000 < tessara.convert(48.1375, 10.4, from_="GEODEZ@GER", to="GK@GER", zone=4).easting < 4_500_000
+    assert tessara.convert(47.5, 13.0, from_="GEODEZ@MGI", to="BMN@MGI", zone=34).meridian == 34
+    with pytest.raises(ValueError, match="zone 1..60"):
+        tessara.convert(1.0, 2.0, zone=61)
+
+
 def test_utm_positions_are_read_with_their_zones():
     zones = np.array([31, 32, 33])
     result = tessara.convert(5334791.0, 691602.0, from_="UTM", from_zone=zones, to="GEODEZ")
@@ -166,7 +183,8 @@ def test_results_and_conversions_can_be_pickled():
     assert again._fields == result._fields
     assert again.easting == result.easting
     conversion = pickle.loads(pickle.dumps(tessara.Conversion("GEODEZ@CH1903", "UTM", zone=31)))
-    assert repr(conversion) == "Conversion('GEODEZ@CH1903', 'UTM@WGS84', zone=31)"
+    assert repr(conversion) == "Conversion('GEODEZ@CH1903', 'UTM:zone=31@WGS84')"
+    assert conversion(47.0, 5.9).zone == 31
 
 
 def test_tables_list_what_there_is():

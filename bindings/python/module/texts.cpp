@@ -1,0 +1,154 @@
+// Positions as texts, read and written by the toolkit's reader and writer.
+#include <pybind11/numpy.h>
+#include <pybind11/stl.h>
+
+#include <cmath>
+
+#include "columns.h"
+#include "conversion/names.h"
+#include "errors.h"
+#include "module.h"
+#include "prepared.h"
+#include "reference.h"
+#include "tessara/ckoord.h"
+#include "typed/text_writer.h"
+#include "typed/typed_reader.h"
+
+namespace tessara::python {
+namespace py = pybind11;
+namespace {
+
+// A system that is named, or any that can be told from a text; in both cases on
+// a datum where none is named.
+toolkit::Wanted WantedOf(const std::string& system, const std::string& datum) {
+    toolkit::Wanted wanted;
+    wanted.reference.datum = DatumOf(datum);
+    if (system == "auto") return wanted;
+    const auto reference = toolkit::ReferenceByName(system, wanted.reference.datum);
+    if (!reference) throw std::invalid_argument(toolkit::WrongReference(system));
+    wanted.reference = *reference;
+    return wanted;
+}
+
+struct ReadTexts {
+    std::vector<double> latitudes;
+    std::vector<double> longitudes;
+    std::vector<std::int32_t> systems;
+    std::vector<std::pair<std::size_t, toolkit::Fault>> faults;
+};
+
+ReadTexts ReadAll(const toolkit::TypedReader& reader, const std::vector<std::string>& texts) {
+    ReadTexts all;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const toolkit::TypedResult result = reader.Read(texts[i]);
+        GeodezPayload degrees{std::nan(""), std::nan(""), 0.0};
+        std::int32_t system = NO_SYSTEM;
+        if (result.IsRead() && toolkit::DegreesOf(result.readings[0].record, &degrees)) {
+            system = result.readings[0].reference.system;
+        } else {
+            all.faults.emplace_back(i, result.fault);
+        }
+        all.latitudes.push_back(degrees.latitude);
+        all.longitudes.push_back(degrees.longitude);
+        all.systems.push_back(system);
+    }
+    return all;
+}
+
+// Latitudes and longitudes, the names of the systems, and of what can't be read
+// the index, the code, the reason and the piece in bytes.
+py::tuple Parse(const std::vector<std::string>& texts, const std::string& system, const std::string& datum) {
+    const toolkit::TypedReader reader(WantedOf(system, datum));
+    ReadTexts all;
+    {
+        const py::gil_scoped_release released;
+        all = ReadAll(reader, texts);
+    }
+    py::list systems;
+    for (const std::int32_t number : all.systems)
+        systems.append(number == NO_SYSTEM ? "" : toolkit::SystemName(number));
+    py::list faults;
+    for (const auto& [index, fault] : all.faults)
+        faults.append(py::make_tuple(index, fault.code, fault.reason, fault.piece.begin, fault.piece.end));
+    return py::make_tuple(py::array(py::cast(all.latitudes)), py::array(py::cast(all.longitudes)), systems,
+                          faults);
+}
+
+// The fields of each meaning of a text.
+py::list Meanings(const std::string& text, const std::string& system, const std::string& datum) {
+    const toolkit::TypedReader reader(WantedOf(system, datum));
+    py::list meanings;
+    for (const toolkit::Reading& reading : reader.Read(text).readings)
+        meanings.append(toolkit::Describe(reading));
+    return meanings;
+}
+
+struct WrittenTexts {
+    std::vector<std::vector<std::string>> texts;  // one or two of each position; none where it has no result
+    std::optional<Failure> failure;
+};
+
+WrittenTexts WriteAll(const PreparedConversion& conversion, const toolkit::TextWriter& writer,
+                      const InColumn& north, const InColumn& east, std::size_t count) {
+    const FieldPair pair = *conversion.NorthAndEast();
+    WrittenTexts all;
+    all.texts.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const tagKOORD source = conversion.SourceAt(pair, north.Number(i), east.Number(i));
+        tagKOORD target;
+        KoordStatus status = conversion.Convert(source, &target);
+        std::vector<std::string> texts;
+        if (status == KOORD_OK) {
+            texts = writer.Write(CKoord(target), CKoord(source));
+            if (texts.empty()) status = KOORD_ERR_OUTSIDE;
+        }
+        if (status != KOORD_OK && !all.failure) all.failure = {i, status};
+        all.texts.push_back(std::move(texts));
+    }
+    return all;
+}
+
+// A list of texts, or a pair of such lists where a position has a north and an
+// east text.
+py::object Format(const std::vector<py::ssize_t>& shape, const py::array_t<double>& norths,
+                  const py::array_t<double>& easts, const std::string& from, const std::string& to,
+                  std::optional<std::int32_t> zone, bool isDisplay, std::optional<double> precision,
+                  std::optional<int> digits, bool isTruncated, const std::string& errors) {
+    const PreparedConversion conversion(ReferenceOf(from), ReferenceOf(to), zone);
+    if (!conversion.NorthAndEast() || conversion.SourceFields().size() != 2)
+        throw std::invalid_argument("the source has more fields than north and east");
+    toolkit::TextStyle style;
+    style.isDisplay = isDisplay;
+    style.northResolution = style.eastResolution = precision;
+    if (digits) style.reference = toolkit::ReferenceDigits{*digits, isTruncated};
+    const toolkit::TextWriter writer(conversion.To(), style);
+
+    InputArrays inputs(shape);
+    const InColumn north = inputs.Add(norths);
+    const InColumn east = inputs.Add(easts);
+    WrittenTexts all;
+    {
+        const py::gil_scoped_release released;
+        all = WriteAll(conversion, writer, north, east, inputs.Count());
+    }
+    if (all.failure && errors == "raise")
+        throw PositionError{all.failure->status, IndexOf(all.failure->index, shape)};
+    const auto column = [&all](std::size_t k) {
+        py::list made(all.texts.size());
+        for (std::size_t i = 0; i < all.texts.size(); ++i)
+            made[i] = k < all.texts[i].size() ? py::str(all.texts[i][k]) : py::str();
+        return made;
+    };
+    if (writer.HasOneText()) return column(0);
+    return py::make_tuple(column(0), column(1));
+}
+
+}  // namespace
+
+void BindTexts(py::module_& module) {
+    module.def("parse", &Parse);
+    module.def("meanings", &Meanings);
+    module.def("format", &Format);
+}
+
+}  // namespace tessara::python
