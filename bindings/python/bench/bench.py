@@ -1,5 +1,7 @@
 """Times beside pyproj: the table of docs/python.md. Each figure is the best of some runs, on one thread."""
 
+import shutil
+import subprocess
 import time
 
 import numpy as np
@@ -32,6 +34,14 @@ def pyproj_all_zones(latitudes, longitudes):
     return east, north
 
 
+def geoconvert_references(latitudes, longitudes):
+    """The time of GeographicLib's program, texts in and out: no package of Debian has its references for Python."""
+    if shutil.which("GeoConvert") is None:
+        return None
+    lines = "".join(f"{latitude:.9f} {longitude:.9f}\n" for latitude, longitude in zip(latitudes, longitudes)).encode()
+    return best(lambda: subprocess.run(["GeoConvert", "-m", "-p", "0"], input=lines, stdout=subprocess.DEVNULL, check=True), 1)
+
+
 def rows():
     random = np.random.default_rng(1)
     latitudes = random.uniform(1, 80, POSITIONS)
@@ -57,6 +67,11 @@ def rows():
         best(lambda: pyproj_all_zones(latitudes, everywhere), 1),
     )
     yield "a million positions to UTMREF, as fields", best(lambda: tessara.convert(latitudes, here, to="UTMREF")), None
+
+    references = f"a million military references{' (GeoConvert, as a process)' if shutil.which('GeoConvert') else ''}"
+    yield references, best(lambda: tessara.format(latitudes, here)), geoconvert_references(latitudes, here)
+    texts = tessara.format(latitudes[:100_000], here[:100_000]).tolist()
+    yield "100 000 military references read", best(lambda: tessara.parse(texts)), None
 
     few = slice(0, 100_000)
     geodesics = pyproj.Geod(ellps="WGS84")

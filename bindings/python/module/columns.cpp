@@ -1,6 +1,7 @@
 #include "columns.h"
 
 #include <algorithm>
+#include <new>
 #include <stdexcept>
 
 namespace tessara::python {
@@ -28,7 +29,7 @@ InColumn InputArrays::Add(const py::array& array) {
     const bool isEven = isOneValue || array.ndim() <= 1 || (array.flags() & py::array::c_style) != 0;
     held_.push_back(isEven ? array : py::array::ensure(array, py::array::c_style));
     const py::array& held = held_.back();
-    if (!held) throw py::error_already_set();
+    if (!held) throw std::bad_alloc();
     const py::ssize_t stride = isOneValue ? 0 : held.ndim() == 1 ? held.strides(0) : held.itemsize();
     return {static_cast<const std::byte*>(held.data()), stride};
 }

@@ -12,6 +12,7 @@
 #include "errors.h"
 #include "lines.h"
 #include "map/map_description.h"
+#include "map/map_grid_lines.h"
 #include "map/map_grids.h"
 #include "map/map_page.h"
 #include "map/map_sheet.h"
@@ -89,6 +90,10 @@ class Map {
                                  const std::string& datum) const {
         const toolkit::Reference reference = ReferenceOf(system);
         if (!toolkit::HasGrid(reference.system)) throw std::invalid_argument(system + " has no grid lines");
+        if (IsTooFine(reference, toolkit::Axis::EAST, eastStep) ||
+            IsTooFine(reference, toolkit::Axis::NORTH, northStep))
+            throw std::invalid_argument("the window has more than " + std::to_string(toolkit::MOST_LINES) +
+                                        " lines with these steps");
         const IRef<ICoordinateGrid> grid = toolkit::MakeGrid(sheet_, reference, eastStep, northStep);
         const IRef<IArray> east(CreateClassArray());
         const IRef<IArray> north(CreateClassArray());
@@ -136,6 +141,11 @@ class Map {
     }
 
   private:
+    // A step may have a sign, which doesn't count.
+    [[nodiscard]] bool IsTooFine(const toolkit::Reference& reference, toolkit::Axis axis, double step) const {
+        return step != 0.0 && toolkit::AreTooMany(sheet_, reference, axis, std::abs(step));
+    }
+
     template <class Operation>
     [[nodiscard]] static py::list Each(const std::vector<py::ssize_t>& shape,
                                        const py::array_t<double>& first, const py::array_t<double>& second,

@@ -2,6 +2,8 @@
 #include <pybind11/numpy.h>
 #include <pybind11/stl.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "columns.h"
@@ -108,6 +110,62 @@ WrittenTexts WriteAll(const PreparedConversion& conversion, const toolkit::TextW
     return all;
 }
 
+constexpr int METRE_DIGITS = 5;
+constexpr std::size_t LONGEST_REFERENCE = 15;  // 32UPU9160334791
+
+// The columns of military references to the metre, which the library converts many at once.
+struct References {
+    explicit References(std::size_t count)
+        : zones(count), bands(count), squares(2 * count), eastings(count), northings(count) {}
+
+    [[nodiscard]] WantedColumns Columns() {
+        const auto column = [](auto& values) {
+            return OutColumn{reinterpret_cast<std::byte*>(values.data())};
+        };
+        return {{column(zones), column(bands), column(squares), column(eastings), column(northings)}, {}, {}};
+    }
+
+    // Nothing for a position without a result.
+    [[nodiscard]] std::string Text(std::size_t i) const {
+        if (zones[i] == 0) return {};
+        const std::string letters{static_cast<char>(squares[2 * i]), static_cast<char>(squares[2 * i + 1])};
+        return std::to_string(zones[i]) + static_cast<char>(bands[i]) +
+               toolkit::SquareText(letters, eastings[i], northings[i], METRE_DIGITS);
+    }
+
+    std::vector<std::int16_t> zones;
+    std::vector<char32_t> bands;
+    std::vector<char32_t> squares;
+    std::vector<std::int32_t> eastings;
+    std::vector<std::int32_t> northings;
+};
+
+py::array FormatReferences(const PreparedConversion& conversion, InputArrays& inputs, const py::array& norths,
+                           const py::array& easts, const std::string& errors) {
+    const FieldPair pair = *conversion.NorthAndEast();
+    GivenColumns given;
+    given.fields.resize(2);
+    given.fields[pair.north] = inputs.Add(norths);
+    given.fields[pair.east] = inputs.Add(easts);
+    OutputArrays outputs(inputs.Shape());
+    const OutColumn texts = outputs.Add(py::dtype("U" + std::to_string(LONGEST_REFERENCE)));
+    std::optional<Failure> failure;
+    {
+        const py::gil_scoped_release released;
+        References references(inputs.Count());
+        failure = conversion.Convert(given, inputs.Count(), DistantZones::Missing, references.Columns());
+        for (std::size_t i = 0; i < inputs.Count(); ++i) {
+            const std::string text = references.Text(i);
+            std::array<char32_t, LONGEST_REFERENCE> wide{};
+            std::copy_n(text.begin(), std::min(text.size(), wide.size()), wide.begin());
+            std::memcpy(texts.data + i * sizeof wide, wide.data(), sizeof wide);
+        }
+    }
+    if (failure && errors == "raise")
+        throw PositionError{failure->status, IndexOf(failure->index, inputs.Shape())};
+    return outputs.Arrays()[0];
+}
+
 // A list of texts, or a pair of such lists where a position has a north and an
 // east text.
 py::object Format(const std::vector<py::ssize_t>& shape, const py::array_t<double>& norths,
@@ -117,13 +175,15 @@ py::object Format(const std::vector<py::ssize_t>& shape, const py::array_t<doubl
     const PreparedConversion conversion(ReferenceOf(from), ReferenceOf(to), zone);
     if (!conversion.NorthAndEast() || conversion.SourceFields().size() != 2)
         throw std::invalid_argument("the source has more fields than north and east");
+    InputArrays inputs(shape);
+    if (digits == METRE_DIGITS && !isTruncated)
+        return FormatReferences(conversion, inputs, norths, easts, errors);
     toolkit::TextStyle style;
     style.isDisplay = isDisplay;
     style.northResolution = style.eastResolution = precision;
     if (digits) style.reference = toolkit::ReferenceDigits{*digits, isTruncated};
     const toolkit::TextWriter writer(conversion.To(), style);
 
-    InputArrays inputs(shape);
     const InColumn north = inputs.Add(norths);
     const InColumn east = inputs.Add(easts);
     WrittenTexts all;

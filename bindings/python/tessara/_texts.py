@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-from collections.abc import Iterable
 from typing import Any, NamedTuple
 
 import numpy as np
@@ -149,8 +148,8 @@ def format(
     made = _tessara.format(shape, norths, easts, from_, to, zone, display, precision, digits, truncate, errors)
     form = form_of((north, east))
 
-    def shaped(texts: Iterable[str]) -> Any:
-        return form(np.array(list(texts), dtype=np.str_).reshape(shape))
+    def shaped(texts: Any) -> Any:
+        return form(np.asarray(texts, dtype=np.str_).reshape(shape))
 
     return Texts(*map(shaped, made)) if isinstance(made, tuple) else shaped(made)
 

@@ -67,6 +67,8 @@ def test_grid_lines_stand_at_whole_multiples(sheet):
     assert len(grid.east_lines) == 4 and len(grid.north_lines) == 4
     with pytest.raises(ValueError):
         sheet.grid("UTM", 0)
+    with pytest.raises(ValueError, match="more than 2000 lines"):
+        sheet.grid("UTM", 0.05)
     with pytest.raises(ValueError, match="no grid lines"):
         sheet.grid("ECEF", 1)
 
