@@ -199,7 +199,7 @@ def convert(
     >>> convert(5334791.1445, 691602.6597, from_="UTM", from_zone=32, to="GEODEZ")
     GEODEZ(latitude=48.13749..., longitude=11.57550...)
     >>> convert([48.1375, 91.0], 11.5755, errors="status").status
-    array([    1, -3708], dtype=int32)
+    array([    1, -3762], dtype=int32)
     """
     return _prepare(from_, to, zone)(
         north, east, height, from_zone=from_zone, from_hemisphere=from_hemisphere, errors=errors

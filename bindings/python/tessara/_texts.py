@@ -134,7 +134,7 @@ def format(
     >>> format(48.1375, 11.5755, precision=100)
     '32UPU916348'
     >>> format([48.1375], [11.5755], to="GEOGRAD", display=True).north[0]
-    '48°08\\'15.000\\'\\'N'
+    "48°08'15.000''N"
     """
     check_errors(errors)
     if errors == "status":
