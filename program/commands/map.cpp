@@ -1,10 +1,13 @@
 // tessara map
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -63,16 +66,6 @@ struct Options {
 constexpr double SHORTEST_SIDE = 100.0;
 constexpr double LONGEST_SIDE = 20000.0;
 
-// Endings of pictures of other kinds: a file by such a name would hold SVG.
-constexpr const char* OTHER_PICTURES[] = {".jpg", ".jpeg", ".gif", ".webp", ".tif", ".tiff", ".bmp", ".pdf"};
-
-std::string WrongOutput(const std::string& file) {
-    for (const char* ending : OTHER_PICTURES) {
-        if (HasEnding(file, ending)) return file + " can't be drawn: a picture is written as .svg or .png";
-    }
-    return {};
-}
-
 constexpr const char* DEFAULT_WIDTH = "20km";
 
 struct LengthUnit {
@@ -113,34 +106,49 @@ std::string CheckLength(const std::string& text) {
     return ParseLength(text) ? "" : "expected a length in m or km, such as 20km";
 }
 
+// The ending of a file's name in lower case.
+std::string FormOf(const std::string& file) {
+    std::string ending = std::filesystem::path(file).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return ending;
+}
+
+// A description that was made, for those who want to change it.
+bool WritesDescription(const Options& options) {
+    return options.description.empty() && FormOf(options.output) == ".json";
+}
+
 // What there is to read: the text of a description, and the directory in which its files are.
 struct Source {
-    std::string name;  // for messages
     std::string text;
     std::filesystem::path directory;
 };
 
 std::string ReadAll(const std::string& file) {
     std::string text;
-    const std::string wrong = ReadInput(file, [&text](std::istream& stream) {
-        char part[4096];
-        while (stream.read(part, sizeof part) || stream.gcount() > 0)
-            text.append(part, static_cast<std::size_t>(stream.gcount()));
-    });
+    const std::string wrong = ReadInput(file, [&text](std::istream& stream) { text = ReadWhole(stream); });
     if (!wrong.empty()) throw DescriptionError(wrong);
     return text;
+}
+
+// A description names its files from where it lies itself.
+std::string LayerFileOf(const Options& options) {
+    if (!WritesDescription(options)) return options.preview;
+    const std::filesystem::path directory = std::filesystem::absolute(options.output).parent_path();
+    return std::filesystem::proximate(std::filesystem::absolute(options.preview), directory).generic_string();
 }
 
 Source ReadSource(const Options& options) {
     if (!options.around.empty()) {
         const auto [latitude, longitude] = ParsePlace(options.around).value_or(std::pair(0.0, 0.0));
         const double width = ParseLength(options.width).value_or(0.0);
-        return {"--around", DescribeMapAround({latitude, longitude, width}), {}};
+        return {DescribeMapAround({latitude, longitude, width}), {}};
     }
     if (!options.preview.empty())
-        return {options.preview, DescribeMapOf(FilesIn({})(options.preview), options.preview), {}};
+        return {DescribeMapOf(FilesIn({})(options.preview), LayerFileOf(options)), {}};
     const bool isInput = options.description == "-";
-    return {options.description, ReadAll(options.description),
+    return {ReadAll(options.description),
             isInput ? "" : std::filesystem::path(options.description).parent_path()};
 }
 
@@ -149,46 +157,50 @@ std::string NameOf(const Options& options) {
     return options.preview.empty() ? options.description : options.preview;
 }
 
+// Pictures of other forms would hold SVG in spite of their names.
+std::string CheckOutput(const std::string& file) {
+    static const std::set<std::string> others = {".jpg",  ".jpeg", ".gif", ".webp", ".tif",
+                                                 ".tiff", ".bmp",  ".pdf", ".ps",   ".eps"};
+    const std::string form = FormOf(file);
+    return others.contains(form) ? "a map is drawn as .svg or .png, not as " + form : "";
+}
+
 // What went wrong; empty if nothing did.
-std::string WriteOutput(const std::string& svg, const std::string& file, const std::string& description) {
+std::string WriteOutput(const std::string& text, const Options& options) {
+    const std::string& file = options.output;
     if (file == "-") {
-        std::cout << svg;
+        std::cout << text;
         return {};
     }
-    if (IsOneOf(file, {description})) return file + ": is the description, and is left as it is";
-    if (HasEnding(file, ".png")) return WritePng(svg, file);
+    if (IsOneOf(file, {options.description})) return file + ": is the description, and is left as it is";
+    if (IsOneOf(file, {options.preview})) return file + ": is what is to be drawn, and is left as it is";
+    if (FormOf(file) == ".png") return WritePng(text, file);
     errno = 0;
     std::ofstream stream(file, std::ios::binary);
-    stream << svg;
+    stream << text;
     return stream.flush() ? "" : file + ": can't be written" + SystemReason(errno);
 }
 
-// A description that was made is written for those who want to change it.
-ExitCode WriteDescription(const Source& source, const std::string& file) {
-    std::ofstream stream(file, std::ios::binary);
-    stream << source.text;
-    if (stream.flush()) return EXIT_DONE;
-    std::cerr << "tessara: " << file << ": can't be written\n";
-    return EXIT_INCOMPLETE;
+std::string Draw(const Source& source, const Options& options, std::vector<std::string>* problems) {
+    const MapDescription description = ReadMapDescription(source.text, FilesIn(source.directory));
+    MapPage page = DrawMapPage(description, options.size);
+    *problems = description.problems;
+    for (const std::string& problem : page.problems)
+        problems->push_back(NameOf(options) + ": " + problem);
+    return std::move(page.svg);
 }
 
 ExitCode DrawMap(const Options& options) {
-    MapPage page;
+    std::string text;
     std::vector<std::string> problems;
     try {
         const Source source = ReadSource(options);
-        const bool isMade = options.description.empty();
-        if (isMade && options.output.ends_with(".json")) return WriteDescription(source, options.output);
-        const MapDescription description = ReadMapDescription(source.text, FilesIn(source.directory));
-        page = DrawMapPage(description, options.size);
-        problems = description.problems;
+        text = WritesDescription(options) ? source.text : Draw(source, options, &problems);
     } catch (const DescriptionError& error) {
         std::cerr << NameOf(options) << ": " << error.what() << '\n';
         return EXIT_INCOMPLETE;
     }
-    for (const std::string& problem : page.problems)
-        problems.push_back(NameOf(options) + ": " + problem);
-    const std::string failure = WriteOutput(page.svg, options.output, NameOf(options));
+    const std::string failure = WriteOutput(text, options);
     if (!failure.empty()) problems.push_back("tessara: " + failure);
     for (const std::string& problem : problems)
         std::cerr << problem << '\n';
@@ -226,8 +238,8 @@ void AddMap(CLI::App& program, Action& action) {
         ->type_name("FILE");
     command->add_option("-o,--output", options->output, "The file to write; '-' is standard output, as SVG")
         ->type_name("FILE")
-        ->capture_default_str()
-        ->check(WrongOutput);
+        ->check(CLI::Validator(CheckOutput, ""))
+        ->capture_default_str();
     command
         ->add_option("--size", options->size,
                      "The longer side of the window in the picture, 100 to 20000 pixels of it")

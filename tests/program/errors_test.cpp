@@ -154,7 +154,7 @@ TEST(Pictures, HaveTheKindOfTheirNames) {
     const ScratchDirectory files;
     for (const char* name : {"x.jpg", "x.JPEG", "x.gif", "x.pdf"}) {
         const Outcome outcome = Tessara({"map", "-", "-o", files.Path(name)}, SMALL_MAP);
-        ExpectUsageError(outcome, "can't be drawn: a picture is written as .svg or .png");
+        ExpectUsageError(outcome, "a map is drawn as .svg or .png");
         EXPECT_FALSE(std::filesystem::exists(files.Path(name)));
     }
     if (RunProgram("/bin/sh", {"-c", "command -v rsvg-convert"}).status != 0)

@@ -165,6 +165,28 @@ TEST(MapPreview, GoesOverTheDateLine) {
     EXPECT_GT(line.back().x - line.front().x, 600.0);
 }
 
+TEST(MapPreview, WritesADescriptionThatFindsTheFileFromWhereItLies) {
+    const ScratchDirectory files;
+    const ScratchDirectory others;
+    const std::string positions = files.File("places.txt", "48.1375 11.5755 # Munich\n");
+    const std::string description = others.Path("map.json");
+    EXPECT_EQ(Tessara({"map", "--preview", positions, "-o", description}).status, 0);
+    const Outcome outcome = Tessara({"map", description});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(ElementsOf(outcome.out, "circle", "position").size(), 1u);
+    EXPECT_EQ(ElementsOf(outcome.out, "text", "title").at(0).text, "places.txt");
+}
+
+TEST(MapPreview, LeavesTheFileAsItIs) {
+    const ScratchDirectory files;
+    const std::string json = R"({"type": "Point", "coordinates": [11.5755, 48.1375]})";
+    const std::string file = files.File("place.json", json);
+    const Outcome outcome = Tessara({"map", "--preview", file, "-o", file});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "tessara: " + file + ": is what is to be drawn, and is left as it is\n");
+    EXPECT_EQ(files.Contents("place.json"), json);
+}
+
 TEST(MapPreview, SaysWhyAFileHasNoMap) {
     const ScratchDirectory files;
     const std::string empty = files.File("empty", "# nothing\n");

@@ -263,6 +263,16 @@ TEST(MapMessages, TellLinesThatTakeTooManyPoints) {
         << outcome.err;
 }
 
+TEST(MapMessages, TellCoastlinesThatBendWithoutEnd) {
+    const Outcome outcome = Draw(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
+        "originLongitude": 3, "originLatitude": 46.5, "falseEasting": 700000, "falseNorthing": 6600000,
+        "metresPerPixelX": 1e5, "metresPerPixelY": 1e-5, "pixelX": 500, "pixelY": 400}, )" +
+                                 WINDOW + R"(, "layers": [{"type": "coast", "borders": true}]})");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "-: layers[0]: its lines bend in more than 1000000 points on this map, and aren't complete\n");
+}
+
 TEST(MapMessages, ShowNoControlCharacters) {
     ExpectRefused(
         {R"({"datum": "\u001b[2J"})", "datum: no datum is called '?[2J'; `tessara datums` lists them"});
@@ -281,6 +291,22 @@ TEST(MapMessages, TellAnOutputThatIsTheDescription) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "tessara: " + file + ": is the description, and is left as it is\n");
     EXPECT_EQ(files.Contents("map.json"), MapWith(""));
+}
+
+TEST(MapUsage, WantsAPictureOfAFormThatItDraws) {
+    const ScratchDirectory files;
+    for (const char* name : {"map.jpg", "map.JPG", "map.jpeg", "map.gif", "map.pdf"}) {
+        const Outcome outcome =
+            RunProgram(TESSARA_PROGRAM, {"map", "-", "-o", files.Path(name)}, {MapWith(""), {}, {}});
+        EXPECT_EQ(outcome.status, 2) << name;
+        EXPECT_NE(outcome.err.find("a map is drawn as .svg or .png, not as ."), std::string::npos)
+            << outcome.err;
+        EXPECT_FALSE(std::filesystem::exists(files.Path(name)));
+    }
+    EXPECT_EQ(
+        RunProgram(TESSARA_PROGRAM, {"map", "-", "-o", files.Path("map.SVG")}, {MapWith(""), {}, {}}).status,
+        0);
+    EXPECT_TRUE(files.Contents("map.SVG").starts_with("<svg "));
 }
 
 TEST(MapMessages, NameTheProgramThatDrawsAPng) {

@@ -653,10 +653,12 @@ TEST(MapOutput, IsAPngWhereTheNameSaysSo) {
     if (RunProgram("/bin/sh", {"-c", "command -v rsvg-convert"}).status != 0)
         GTEST_SKIP() << "rsvg-convert isn't installed";
     const ScratchDirectory files;
-    const std::string file = files.Path("map.png");
-    const Outcome outcome = Tessara({"map", "-", "-o", file}, UTM_MAP + "]}");
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_TRUE(ReadFile(file).starts_with("\x89PNG\r\n"));
+    for (const char* name : {"map.png", "map.PNG"}) {
+        const std::string file = files.Path(name);
+        const Outcome outcome = Tessara({"map", "-", "-o", file}, UTM_MAP + "]}");
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_TRUE(ReadFile(file).starts_with("\x89PNG\r\n"));
+    }
 
     const Outcome failed = Tessara({"map", "-", "-o", "/nowhere/map.png"}, UTM_MAP + "]}");
     EXPECT_EQ(failed.status, 1);

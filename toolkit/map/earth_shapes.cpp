@@ -70,7 +70,8 @@ std::optional<Extent> ShownExtent(const MapSheet& sheet) {
 template <class PointAt>
 class Densifier {
   public:
-    Densifier(PointAt pointAt, bool isTight) : pointAt_(pointAt), bisects_(isTight) {}
+    Densifier(PointAt pointAt, bool bisects, PointBudget* budget)
+        : pointAt_(pointAt), bisects_(bisects), budget_(*budget) {}
 
     std::vector<Polyline> Densify(const EarthLine& line) {
         parts_.assign(1, {});
@@ -105,7 +106,8 @@ class Densifier {
         if (from.at.has_value() != to.at.has_value() && bisects_) return AddEnd(from, to);
         const bool isLong = Distance(from.degrees, to.degrees) > PIECE;
         const Knot middle = KnotAt(Middle(from.degrees, to.degrees));
-        if (halvings >= MOST_HALVINGS || (!isLong && IsStraight(from, middle, to))) return Add(to);
+        if (halvings >= MOST_HALVINGS || (!isLong && IsStraight(from, middle, to)) || !budget_.Take(1))
+            return Add(to);
         AddWay(from, middle, halvings + 1);
         AddWay(middle, to, halvings + 1);
     }
@@ -136,7 +138,8 @@ class Densifier {
     }
 
     PointAt pointAt_;
-    bool bisects_;
+    bool bisects_;  // where the map ends
+    PointBudget& budget_;
     std::vector<Polyline> parts_;
 };
 
@@ -188,7 +191,7 @@ std::vector<EarthLine> EarthShapes::Copies(const EarthLine& line) const {
 std::vector<Polyline> EarthShapes::Line(const EarthLine& line) const {
     std::vector<Polyline> pieces;
     if (!extent_ || line.empty()) return pieces;
-    Densifier densifier([this](const PicturePoint& degrees) { return Shown(degrees); }, true);
+    Densifier densifier([this](const PicturePoint& degrees) { return Shown(degrees); }, true, &budget_);
     for (const EarthLine& copy : Copies(line)) {
         for (const EarthLine& inside :
              ClipToFrame(copy, extent_->east - extent_->west, extent_->north - extent_->south)) {
@@ -227,7 +230,7 @@ std::vector<Polyline> EarthShapes::Area(const std::vector<EarthLine>& rings) con
     std::vector<Polyline> area;
     if (!extent_) return area;
     Densifier densifier([this](const PicturePoint& degrees) { return std::optional(ShownOrBeyond(degrees)); },
-                        false);
+                        false, &budget_);
     for (const EarthLine& ring : rings) {
         if (ring.size() < 3) continue;
         for (const EarthLine& copy : ClosedCopies(ring)) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "map/map_extent.h"
+#include "map/map_grid_lines.h"
 #include "map/map_sheet.h"
 
 namespace tessara::toolkit {
@@ -20,6 +21,9 @@ class EarthShapes {
     // further on has the nearer pole in it.
     [[nodiscard]] std::vector<Polyline> Area(const std::vector<EarthLine>& rings) const;
 
+    // Whether what was drawn bends so often that it takes too long: it isn't complete then.
+    [[nodiscard]] bool IsSpent() const { return budget_.IsSpent(); }
+
   private:
     [[nodiscard]] std::vector<EarthLine> Copies(const EarthLine& line) const;
     [[nodiscard]] std::vector<EarthLine> ClosedCopies(const EarthLine& ring) const;
@@ -27,6 +31,7 @@ class EarthShapes {
     [[nodiscard]] PicturePoint ShownOrBeyond(const PicturePoint& degrees) const;
 
     const MapSheet& sheet_;
+    mutable PointBudget budget_;
     std::optional<Extent> extent_;  // what the map shows, and a little more
     std::optional<GeodezPayload> centre_;
     double nearby_ = 0.0;  // metres: within the window, wherever one goes from its middle

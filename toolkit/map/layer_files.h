@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <iosfwd>
 #include <string>
 
 namespace tessara::toolkit {
@@ -14,6 +15,8 @@ struct LayerFile {
 };
 
 using OpenLayerFile = std::function<LayerFile(const std::string& name)>;
+
+[[nodiscard]] std::string ReadWhole(std::istream& stream);
 
 [[nodiscard]] OpenLayerFile FilesIn(const std::filesystem::path& directory);
 

@@ -312,7 +312,7 @@ std::string DescribeMapOf(const LayerFile& file, const std::string& name) {
     const std::optional<Surroundings> around = ReachOf(file).Around();
     if (!around) throw DescriptionError("it holds no positions, neither as GeoJSON nor as lines of degrees");
     Json description = Describe(*around);
-    description["title"] = name;
+    description["title"] = name.substr(name.rfind('/') + 1);
     description["layers"].push_back({{"type", IsJson(file.text) ? "geojson" : "positions"}, {"file", name}});
     return description.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

@@ -106,6 +106,7 @@ class LayerDrawer {
         sample.fill = land.fill;
         AddLegend(LegendEntry::Sample::AREA, sample, "coastlines (Natural Earth, 1:110 million)");
         if (coast.hasBorders) AddCountryBorders(shapes);
+        CheckBudget(shapes);
     }
 
     void Draw(const GeoJsonLayer& file) {
@@ -123,6 +124,7 @@ class LayerDrawer {
                   {file.shapes.lines.size(), {LegendEntry::Sample::LINE, line, "lines"}},
                   {file.shapes.points.size(), {LegendEntry::Sample::MARKER, marker, "points"}}},
                  file.file);
+        CheckBudget(shapes);
     }
 
     void Draw(const GridLayer&) {}
@@ -136,6 +138,12 @@ class LayerDrawer {
   private:
     static void Append(std::vector<Polyline> more, std::vector<Polyline>* lines) {
         std::move(more.begin(), more.end(), std::back_inserter(*lines));
+    }
+
+    void CheckBudget(const EarthShapes& shapes) {
+        if (!shapes.IsSpent()) return;
+        AddProblem(layer_.where, "its lines bend in more than " + std::to_string(PointBudget::MOST_POINTS) +
+                                     " points on this map, and aren't complete");
     }
 
     void AddCountryBorders(const EarthShapes& shapes) {
