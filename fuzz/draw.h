@@ -10,10 +10,10 @@
 #include "tessara/array.h"
 #include "tessara/ckoord.h"
 #include "tessara/coord.h"
+#include "tessara/internal/map_param_internal.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/map.h"
 #include "tessara/map_coord_operations.h"
-#include "tessara/internal/map_param_internal.h"
 #include "tessara/ref.h"
 
 namespace tessara::fuzz {

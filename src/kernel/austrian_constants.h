@@ -7,12 +7,12 @@ namespace tessara::austria {
 
 inline constexpr double FERRO = 17.666666666666;  // degrees by which Ferro lies west of Greenwich
 
-// The federal grid, on which the other two are defined.
+// The federal grid; the other two are derived from it.
 inline constexpr double FALSE_EASTINGS[3] = {BMN_FIRST_CENTRE, BMN_FIRST_CENTRE + AUSTRIAN_CENTRE_STEP,
                                              BMN_FIRST_CENTRE + 2.0 * AUSTRIAN_CENTRE_STEP};
 inline constexpr double FALSE_NORTHING = -5.0e6;
 
-// What a grid adds to the values of the federal grid, metres.
+// The values that a grid adds to those of the federal grid, metres.
 struct AustrianGrid {
     double eastShifts[3];
     double northShift;

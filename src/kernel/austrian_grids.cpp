@@ -13,7 +13,7 @@ namespace {
 
 using namespace austria;
 
-// Which of the three meridians it is, or -1.
+// The index of one of the three meridians, or -1.
 int MeridianIndex(std::int32_t meridian) {
     for (int i = 0; i < 3; ++i) {
         if (AUSTRIAN_MERIDIANS[i] == meridian) return i;

@@ -18,21 +18,22 @@
 namespace tessara {
 namespace {
 
-// The literal has one digit less than the double nearest to pi/2.
+// One digit shorter than the double nearest to pi/2. It stays because stored results have to agree to the
+// last digit.
 constexpr double HALF_PI_SHORT = 1.570796326794897;
 
-// Real ellipsoids need about five iterations; the bound ends a tolerance that can't be reached.
+// Real ellipsoids need about five iterations; the bound stops at a tolerance that can't be reached.
 constexpr int LATITUDE_ITERATIONS = 100;
 
 constexpr double GAUSS_TOLERANCE = 1e-14;  // radians
-// Each step gains two digits or more. Only a latitude that flickers in its last bit gets this far.
+// Each step gains two digits or more. Only a latitude that alternates in its last bit reaches the bound.
 constexpr int GAUSS_ITERATIONS = 50;
 
 double LogTan(double lat) {
     return Log(Tan(lat / 2.0 + QUARTER_PI));
 }
 
-// ln((1 + e sin phi)/(1 - e sin phi)), the ellipsoid's share of the isometric latitude.
+// ln((1 + e sin phi)/(1 - e sin phi)), by which the ellipsoid reduces the isometric latitude.
 double LogRatio(double e, double lat) {
     const double eSin = e * Sin(lat);
     return Log((1.0 + eSin) / (1.0 - eSin));

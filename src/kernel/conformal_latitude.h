@@ -1,6 +1,6 @@
-// The conformal latitude, by which an ellipsoid is mapped onto the sphere without distortion of angles,
-// without the logarithms and exponentials of the isometric latitude. C. F. F. Karney, "Transverse Mercator
-// with an accuracy of a few nanometers", 2011, sections 2 and 3, has the algebra.
+// The conformal latitude, which maps an ellipsoid to the sphere without distorting angles, computed without
+// the logarithms and exponentials of the isometric latitude. C. F. F. Karney, "Transverse Mercator with an
+// accuracy of a few nanometers", 2011, sections 2 and 3, derives the formulas.
 #pragma once
 
 #include <array>
@@ -14,8 +14,8 @@
 
 namespace tessara {
 
-// e * atanh(e * sin phi), by which the ellipsoid shortens the isometric latitude. At most 0.007 and, as e2 is
-// below 0.0069, exact to the last place after seven terms.
+// e * atanh(e * sin phi), by which the isometric latitude on the ellipsoid is smaller than on the sphere. It
+// is at most 0.007 and, since e2 is below 0.0069, exact to the last place after seven terms.
 [[nodiscard]] constexpr double EllipsoidShare(double sinPhi, double e2) {
     const double x = e2 * sinPhi * sinPhi;
     const double x2 = x * x;
@@ -34,23 +34,23 @@ namespace tessara {
     return 1.0 + q2 * (1.0 / 2.0 + q2 * (1.0 / 24.0 + q2 * (1.0 / 720.0)));
 }
 
-// The isometric latitude on the sphere, log tan(phi/2 + pi/4); not a number beyond the poles. Sine and cosine
-// are taken as they are. That on the ellipsoid is smaller by the share.
+// The isometric latitude on the sphere, log tan(phi/2 + pi/4); NaN beyond the poles. Sine and cosine are
+// used as given. On the ellipsoid it is smaller by EllipsoidShare.
 [[nodiscard]] inline double SphericalIsometricLatitude(SinCos phi) {
     if (phi.sine < 0.0) return -Log((1.0 - phi.sine) / phi.cosine);
     return Log((1.0 + phi.sine) / phi.cosine);
 }
 
-// The direction of a latitude on the sphere from the exponential of its isometric latitude.
+// The direction of a latitude on the sphere, from the exponential of its isometric latitude.
 [[nodiscard]] constexpr SinCos SinCosOfExponential(double t) {
     const auto [cosine, minusSine] = DoubledOfTangent(t);
     return {-minusSine, cosine};
 }
 
-// The way between phi and chi is a sine series, whose coefficients are series in the third flattening n
-// (here up to its sixth power; the next is below 1e-17). The sines of 2, 4, 6 ... 12 times the angle are the
-// sine of the double angle times polynomials in its cosine, which makes of the sum one polynomial times that
-// sine. The array holds its coefficients.
+// phi and chi differ by a sine series whose coefficients are series in the third flattening n (here up to
+// its sixth power; the next one is below 1e-17). The sines of 2, 4, 6 ... 12 times the angle are the sine of
+// the double angle times polynomials in its cosine, so the sum is one polynomial times that sine. The array
+// has its coefficients.
 using LatitudeSeries = std::array<double, 6>;
 
 consteval LatitudeSeries PolynomialOf(double s2, double s4, double s6, double s8, double s10, double s12) {
@@ -98,14 +98,14 @@ consteval LatitudeSeries ComputeConformalSeries(const EllipsoidFigure& figure) {
 inline constexpr auto LATITUDE_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeLatitudeSeries);
 inline constexpr auto CONFORMAL_SERIES = ForEachEllipsoid<LatitudeSeries>(ComputeConformalSeries);
 
-// What a series gives for sine and cosine of twice the angle.
+// The value of a series for sine and cosine of twice the angle.
 [[nodiscard]] constexpr double LatitudeStep(const LatitudeSeries& p, SinCos twice) {
     const double x = twice.cosine;
     const double x2 = x * x;
     return twice.sine * (p[0] + p[1] * x + x2 * (p[2] + p[3] * x + x2 * (p[4] + p[5] * x)));
 }
 
-// A conformal latitude with its direction, which has the length 1.
+// A conformal latitude with its direction as a unit vector.
 struct ConformalAngle {
     double chi;
     SinCos direction;
@@ -115,7 +115,7 @@ struct ConformalAngle {
 // 0.0034, for which two or three terms of sine and cosine are exact.
 [[nodiscard]] constexpr ConformalAngle ConformalLatitudeWithinPoles(double phi, SinCos direction,
                                                                     const LatitudeSeries& conformal) {
-    if (direction.cosine < 0.0) direction.cosine = -direction.cosine;  // by a rounding, or beyond the pole
+    if (direction.cosine < 0.0) direction.cosine = -direction.cosine;  // by rounding, or beyond the pole
     const double step = LatitudeStep(conformal, Doubled(direction));
     const double y = step * step;
     const SinCos turn{step * (1.0 - y * (1.0 / 6.0 - y * (1.0 / 120.0))),
@@ -132,13 +132,14 @@ struct ConformalAngle {
     return ConformalLatitudeWithinPoles(phi, direction, conformal);
 }
 
-// The usual way back is the iteration phi = gd(psi + q(phi)) from the conformal latitude; it ends at a
-// step of at most `tolerance` radians and so short of its limit. This is what it is short by, to be added
-// to the limit. Each of its steps multiplies the distance by e2 cos^2 phi / (1 - e2 sin^2 phi), which is
-// below 0.007, with a term for the curvature that no longer shows after the second step; following the steps
-// on these two numbers gives the last one to six digits. Five are computed at once, which from a start of
-// 0.004 radians reach 1e-11, and counting those that were too long finds the last. `start` is the first value
-// minus phi, `step` is phi - chi, `twice` the direction of twice chi.
+// The inverse is defined by the iteration phi = gd(psi + q(phi)) from the conformal latitude, which ends at
+// a step of at most `tolerance` radians and thus before its limit. This function returns the remaining
+// distance to the limit, because results are part of the contract. Each step multiplies the distance by e2
+// cos^2 phi / (1 - e2 sin^2 phi), which is below 0.007, plus a term for the curvature that is negligible
+// after the second step; following the steps on these two numbers gives the last one to six digits. Five
+// steps are computed at once, which reach 1e-11 from a start of 0.004 radians; counting those above the
+// tolerance finds the last one. `start` is the first value minus phi, `step` is phi - chi, `twice` the
+// direction of twice chi.
 [[nodiscard]] inline double RestOfIteration(double start, double step, SinCos twice, double e2,
                                             double tolerance) {
     const double cosine = twice.cosine - 2.0 * step * twice.sine;  // of twice phi

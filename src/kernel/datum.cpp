@@ -14,11 +14,11 @@
 namespace tessara {
 namespace {
 
-constexpr double NEAR_POLE = 89.99999;         // degrees; no longitude tolerance beyond it
-constexpr double LONGITUDE_LIMIT = 89.999999;  // degrees; no longitude shift from there to the pole
+constexpr double NEAR_POLE = 89.99999;         // degrees; beyond it there is no longitude tolerance
+constexpr double LONGITUDE_LIMIT = 89.999999;  // degrees; from here to the pole the longitude isn't shifted
 constexpr int REFINEMENTS = 4;
 
-// Degrees of longitude that 0.1 metre subtends at a latitude, taken linearly in the distance from the pole,
+// The degrees of longitude that 0.1 metre subtends at a latitude, linear in the distance from the pole,
 // within lowerBound..360. The constant is 0.1 * (180/pi)^2.
 double LongitudeTolerance(double latitude, double a, double lowerBound) {
     if (!(std::fabs(latitude) <= NEAR_POLE)) return 360.0;
@@ -27,7 +27,7 @@ double LongitudeTolerance(double latitude, double a, double lowerBound) {
     return tolerance < lowerBound ? lowerBound : tolerance;
 }
 
-// The value with one whole turn taken off if its magnitude is above the limit.
+// The value, reduced by one turn if its magnitude is above the limit.
 double TakeTurnOff(double degrees, double limit) {
     if (degrees > limit) return degrees - 360.0;
     if (degrees < -limit) return degrees + 360.0;
@@ -67,7 +67,7 @@ inline void Move(const Shift& shift, double latLon[2], bool keepOnGlobe) {
     latLon[1] = TakeTurnOff(latLon[1] + WrapTurns(shift.lambda * DEGREES_PER_RADIAN, 360.0), 360.0);
 }
 
-// One step from anywhere: next to the poles it leaves the longitude.
+// A step from any position; next to the poles it keeps the longitude.
 void Apply(const StepConstants& p, const Place& place, double latLon[2], bool keepOnGlobe) {
     Shift shift = ShiftAt(place, p);
     if (place.eastward == 0.0 || !(std::fabs(latLon[0]) < LONGITUDE_LIMIT)) shift.lambda = 0.0;
@@ -90,7 +90,8 @@ void RefinePosition(const double start[2], const StepConstants& back, double a, 
     const SinCos phi = SinCosOf(start[0] * RADIANS_PER_DEGREE);
     const SinCos lambda = SinCosOf(start[1] * RADIANS_PER_DEGREE);
     for (int i = 0; i < REFINEMENTS; ++i) {
-        // By sums: next to a pole an angle from 0 has not the digits of an angle from there.
+        // By addition theorems, because next to a pole an angle from 0 has fewer digits than one from the
+        // pole.
         const SinCos north = SinCosOf((latLon[0] - start[0]) * RADIANS_PER_DEGREE);
         const SinCos east = SinCosOf((latLon[1] - start[1]) * RADIANS_PER_DEGREE);
         double returned[2] = {latLon[0], latLon[1]};
@@ -107,7 +108,7 @@ void RefinePosition(const double start[2], const StepConstants& back, double a, 
     }
 }
 
-// Out of the hub from anywhere to a datum; one outside 0..238 gets the first step only.
+// Shifts any position from the hub to a datum; one outside 0..238 gets the first step only.
 void FromHubAnywhere(const StepConstants& step, std::int32_t datum, double latLon[2]) {
     const double start[2] = {latLon[0], latLon[1]};
     Apply(step, PlaceAt(latLon, step), latLon, true);
@@ -129,7 +130,8 @@ void FromHub(const StepConstants& step, std::int32_t datum, double latLon[2]) {
     if (!AreOpposite(step, back) || !IsPlain(latLon, start, shift))
         return FromHubAnywhere(step, datum, latLon);
 
-    // A single test: in many a country either of the two goes this way and that.
+    // One comparison for both: in many countries either of the two alone varies between both outcomes, which
+    // mispredicts branches.
     const double larger = std::max(std::fabs(shift.phi), std::fabs(shift.lambda));
     if (larger > worthRefining) shift = RefineAll(Opposite(start, back.e2), back, shift);
     Move(shift, latLon, true);

@@ -18,7 +18,7 @@ inline constexpr double REFINED = 0.0001;        // degrees; an iteration up to 
 // Degrees; from there on the cosine of the latitude is a small divisor, of which the last digits count.
 inline constexpr double LAST_DIGITS_COUNT = 85.0;
 
-// What of a Molodensky step doesn't depend on the position.
+// The parts of a Molodensky step that don't depend on the position.
 struct StepConstants {
     double e2;
     double dx, dy, dz;
@@ -49,7 +49,7 @@ constexpr StepConstants StepOf(const HubParams& p) {
 [[nodiscard]] const StepConstants& StepToHub(std::int32_t datum);
 [[nodiscard]] const StepConstants& StepFromHub(std::int32_t datum);
 
-// What a Molodensky step needs of the position from which it starts.
+// The values of the start position that a Molodensky step needs.
 struct Place {
     SinCos phi;
     double secant;             // 1 / cos phi
@@ -57,7 +57,7 @@ struct Place {
     double w, rootW;           // 1 - e2 sin^2 phi, on the ellipsoid of the step
 };
 
-// The same place with the step of another ellipsoid and the opposite translation.
+// The same place for the step back, with the other ellipsoid and the opposite translation.
 inline Place Opposite(const Place& place, double e2) {
     const double w = 1.0 - place.phi.sine * place.phi.sine * e2;
     return {place.phi, place.secant, -place.outward, -place.eastward, w, std::sqrt(w)};
@@ -79,8 +79,8 @@ struct Shift {
 };
 
 // One Molodensky step. With w as above the radii of curvature are N = a / sqrt(w) in the prime vertical and
-// M = a (1 - e2) / (w sqrt(w)) in the meridian; the formula's quotients by M are multiplied out, and what
-// doesn't depend on the position waits for nothing.
+// M = a (1 - e2) / (w sqrt(w)) in the meridian. The formula's quotients by M are multiplied out, so that the
+// parts independent of the position don't wait for it.
 inline Shift ShiftAt(const Place& place, const StepConstants& p) {
     const auto [s, c] = place.phi;
     const double northward = p.dz * c - s * place.outward;
@@ -89,16 +89,16 @@ inline Shift ShiftAt(const Place& place, const StepConstants& p) {
 }
 
 // Whether a step is so short, and its start so far from the poles and the ends of the longitudes, that it
-// crosses neither, that 0.1 metre of longitude is less than what counts anyway, and that FollowedBy is good
-// for it.
+// reaches neither, that 0.1 metre of longitude is below the other tolerance, and that FollowedBy is accurate
+// enough.
 inline bool IsPlain(const double start[2], const Place& place, const Shift& shift) {
     constexpr double fewTermsDo = 5e-4;  // radians, three kilometres
     return AllOf(std::fabs(start[0]) < 88.0, std::fabs(start[1]) < 359.0,
                  std::fabs(shift.lambda) < fewTermsDo, std::fabs(shift.phi * place.secant) < fewTermsDo);
 }
 
-// The place where a short shift leads, without a call, a root or a quotient. The terms left out are parts of
-// 1e-13, which is a hundred times what a shift of thousandths of a degree can show.
+// The place at the end of a short shift, without a call, a root or a quotient. The neglected terms are parts
+// of 1e-13; a shift of thousandths of a degree would show a hundred times as much.
 inline Place FollowedBy(const Place& place, const Shift& shift, double e2) {
     const auto turnOf = [](double angle) {
         const double y = angle * angle;
@@ -107,7 +107,8 @@ inline Place FollowedBy(const Place& place, const Shift& shift, double e2) {
     const SinCos north = turnOf(shift.phi);
     const SinCos east = turnOf(shift.lambda);
     const SinCos twice = Doubled(place.phi);
-    // The parts by which w grows and cos phi shrinks. The first is so small that 1 / w needs six digits.
+    // The relative growth of w and decrease of cos phi. The first is so small that 1 / w needs only six
+    // digits.
     const double x = 1.0 - place.w;
     const double perW = (1.0 + x) * (1.0 + x * x);
     const double h = -e2 * perW * north.sine * (twice.sine * north.cosine + twice.cosine * north.sine);
@@ -120,8 +121,8 @@ inline Place FollowedBy(const Place& place, const Shift& shift, double e2) {
             place.rootW + place.rootW * (h * (0.5 - 0.125 * h))};
 }
 
-// The way out of the hub is the shift that the way in undoes: what the way in misses of the start is added to
-// it until that is nothing to speak of.
+// Fixed-point iteration for the shift out of WGS84: applies the inward step and adds the residual, until it
+// is at most REFINED.
 struct Refinement {
     Shift shift;
     bool isLast;

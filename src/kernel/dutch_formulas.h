@@ -57,7 +57,7 @@ struct Position {
     bool isNear;
 };
 
-// Sine and cosine of the bearing of a point from the origin, clockwise from grid north.
+// Sine and cosine of the bearing from the origin to a point, clockwise from grid north.
 template <Reach reach>
 [[nodiscard]] inline SinCos BearingOf(double x, double y) {
     const double distance = std::sqrt(x * x + y * y);
@@ -109,7 +109,7 @@ template <Reach reach>
         isNear = AllOf(isNear, tangent < 1.0, IsSmall(sine * sine));
     }
 
-    // Where the iteration of RD_LatitudeFromGauss ends, in closed form.
+    // The limit of the iteration of RD_LatitudeFromGauss, in closed form.
     const auto [chi, direction] = OffSphere<reach>(b, gauss, &isNear);
     const double step = LatitudeStep(series, Doubled(direction));
     return {(chi + step) * DEGREES_PER_RADIAN,

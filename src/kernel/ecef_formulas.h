@@ -17,7 +17,7 @@ struct Figure {
     double a, e2;
 };
 
-// Radius of curvature in the prime vertical.
+// The radius of curvature in the prime vertical.
 [[nodiscard]] inline double NormalRadius(const Figure& figure, double sinLat) {
     return figure.a / std::sqrt(1.0 - figure.e2 * sinLat * sinLat);
 }

@@ -18,11 +18,11 @@ namespace {
 constexpr int LONGITUDE_ITERATIONS = 100;
 constexpr double LONGITUDE_TOLERANCE = 1e-13;  // radians
 constexpr double SEARCH_TOLERANCE = 0.01;      // metres
-constexpr double SEARCH_LATITUDE = 5.0;        // degrees that the latitudes may add up to
+constexpr double SEARCH_LATITUDE = 5.0;        // degrees; the largest sum of the latitudes
 constexpr double SEARCH_COSINE = 0.9;          // of the longitude's distance from the antipode
 
-// The search ends by itself after a few dozen steps; the bound is for doubles that are no position on the
-// globe.
+// The search ends by itself after a few dozen steps; the bound stops it for numbers that aren't positions on
+// the globe.
 constexpr int SEARCH_STEPS = 200;
 
 double ToRadians(double degrees) {
@@ -65,12 +65,12 @@ struct Ellipsoid {
     }
 };
 
-// Ratio of arc on the ellipsoid to arc on the auxiliary sphere.
+// The ratio of arc on the ellipsoid to arc on the auxiliary sphere.
 double ArcFactor(double K) {
     return (K * K / 4.0 + 1.0) / (1.0 - K);
 }
 
-// Two reduced latitudes, by half their sum and half their difference.
+// Two reduced latitudes, as half their sum and half their difference.
 struct Latitudes {
     SinCos first, sum, difference;
 
@@ -78,21 +78,21 @@ struct Latitudes {
         : first(SinCosOf(U1)), sum(SinCosOf((U2 + U1) / 2.0)), difference(SinCosOf((U2 - U1) / 2.0)) {}
 };
 
-// The direction of (x, y), of length h; as for the arctangent that of (0, 0) is 0.
+// The direction of (x, y), whose length is h; like the arctangent, (0, 0) gives the direction of 0.
 SinCos SinCosOfSides(double y, double x, double h) {
     return h == 0.0 ? SinCos{0.0, 1.0} : SinCos{y / h, x / h};
 }
 
-// A geodesic between two points, on the auxiliary sphere where it is a great circle. Half-angle formulas
-// solve the triangle with the pole: the azimuth is x + y at the start and y - x, the way back, at the end, x
-// being the angle of (B, A) and y that of (E, -C).
+// A geodesic between two points on the auxiliary sphere, where it is a great circle. Half-angle formulas
+// solve the triangle with the pole: the azimuth is x + y at the start and, back from the end, y - x, where x
+// is the angle of (B, A) and y that of (E, -C).
 struct SphericalArc {
     double A, B, C, E;
-    double sigma;  // its length
+    double sigma;  // length of the arc
     SinCos sigmaSinCos;
     double K;                // expansion parameter
     SinCos m;                // of twice the arc from the great circle's northernmost point to its middle
-    double longitudeExcess;  // by which the longitude on the sphere exceeds that on the ellipsoid
+    double longitudeExcess;  // longitude difference on the sphere minus that on the ellipsoid
 };
 
 SphericalArc ArcOfLongitude(double lam, const Latitudes& latitudes, const Ellipsoid& ellipsoid) {
@@ -145,7 +145,7 @@ struct Position {
     double latitude, longitude;  // degrees
 };
 
-// Whole turns don't count.
+// Whether two positions are the same apart from whole turns.
 bool Coincide(Position p1, Position p2) {
     return p1.latitude == p2.latitude && Remainder(p2.longitude - p1.longitude, 360.0) == 0.0;
 }
@@ -174,14 +174,14 @@ GeodesicResult InverseByIteration(Position p1, Position p2, const Ellipsoid& ell
     return NoSolution();
 }
 
-// A way of two geodesics that meet on the meridian half-way. Each of them spans 77 to 103 degrees of
+// A line of two geodesics that meet on the meridian halfway. Each of them spans 77 to 103 degrees of
 // longitude, so the iteration converges.
 struct BrokenLine {
     Position p1, p2;
     double midLongitude;
     const Ellipsoid& ellipsoid;
 
-    // A negative distance if either half has no solution.
+    // The distance is negative if either half has no solution.
     [[nodiscard]] GeodesicResult Through(double midLatitude) const {
         const Position mid{midLatitude, midLongitude};
         const GeodesicResult half1 = InverseByIteration(p1, mid, ellipsoid);
@@ -202,8 +202,8 @@ double MidLongitude(double lon1, double lon2) {
     return WrapTurns((lon1 + end) * 0.5, 360.0);
 }
 
-// Starts at the pole, goes to half the latitude, strides on while the way gets shorter (each stride half as
-// long again as the one before), turns round at the first longer one and then halves the stride.
+// Starts at the pole and tries half the latitude. Continues while the line gets shorter, each stride half as
+// long again as the one before; at the first longer line it turns round and halves the stride.
 GeodesicResult SearchShortest(const BrokenLine& line, double pole) {
     enum class Step { FIRST, BACK, ONWARD };
 
@@ -265,8 +265,8 @@ GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, doub
     const double ca = r.sine * A.cosine;
     const SinCos g2 = Doubled(SinCosOfSides(ca, r.cosine, std::sqrt(ca * ca + r.cosine * r.cosine)));
 
-    // The arc on the auxiliary sphere by a reverted series. Its angles differ by a few thousandths from those
-    // that are known: t from 2g, sigma from s0.
+    // The arc on the auxiliary sphere by a reverted series. Its angles differ by a few thousandths from
+    // known ones: t from 2g, sigma from s0.
     const double K = ellipsoid.ExpansionParameter(sa);
     const SinCos t = Sum(g2, SinCosOfSmall(K * g2.sine - K * K / 8.0 * Doubled(g2).sine));
     const double s0 = (1.0 + q) * distance / ellipsoid.c / ArcFactor(K);
@@ -281,7 +281,7 @@ GeodesicResult Geodesic_DirectCore(double lat, double lon, double distance, doub
                               29.0 * K3 / 48.0 * Sum(w4, w2).cosine * Sum(arc2, arc).sine;
     const double sigma = s0 + correction;
 
-    // The triangle of the two points and the pole by half sums and half differences.
+    // Solves the triangle of the two points and the pole by half sums and half differences.
     const SinCos halfSigma = Sum(halfArc, SinCosOfSmall(correction / 2.0));
     const SinCos d = Difference(halfSigma, halfR);
     const SinCos v = Sum(halfSigma, halfR);

@@ -21,7 +21,7 @@ namespace tessara {
 namespace {
 
 constexpr double LATITUDE_TOLERANCE = 1e-13;  // radians
-// The iterations gain two digits a step; the bound ends what no ellipsoid of the table gives.
+// The iterations gain two digits per step; the bound stops them for ellipsoids that aren't in the table.
 constexpr int LATITUDE_ITERATIONS = 100;
 
 constexpr double PARIS = 2.33722917;  // degrees east of Greenwich
@@ -38,7 +38,7 @@ constexpr FrenchZone FRENCH_ZONES[] = {
 };
 constexpr std::int32_t FRENCH_ZONE_COUNT = 4;
 
-// SinCos of the vector in 0..2 pi, clockwise from the first axis.
+// The bearing of a vector in 0..2 pi, clockwise from the first axis.
 double Bearing(double u, double v) {
     if (v == 0.0) return u >= 0.0 ? 0.0 : PI;
     if (u > 0.0 && IsSmall(v / u * (v / u)))
@@ -51,14 +51,14 @@ bool HasOneParallel(const LambertCC& lcc) {
     return lcc.parallel1 == lcc.parallel2;
 }
 
-// Of a parallel on a unit ellipsoid.
+// The radius of a parallel on an ellipsoid with the semi-major axis 1.
 double ParallelRadius(SinCos phi, double e2) {
     return phi.cosine / std::sqrt(1.0 - phi.sine * phi.sine * e2);
 }
 
-// exp of the negative isometric latitude, which is cos phi / (1 + sin phi) on the sphere. The method's own
-// form sees the sine only: a latitude whose sine is rounded to that of the pole lies at the pole, and one
-// beyond it is reflected.
+// exp of the negative isometric latitude, which is cos phi / (1 + sin phi) on the sphere. The formula uses
+// the sine only: a latitude whose sine is rounded to that of the pole lies at the pole, and a latitude
+// beyond the pole is reflected.
 double ExponentialOf(SinCos phi, double e2) {
     if (phi.sine == 1.0) return 0.0;
     if (phi.sine == -1.0) return std::numeric_limits<double>::infinity();
@@ -68,7 +68,7 @@ double ExponentialOf(SinCos phi, double e2) {
     return sphere * (CoshOfShare(q) + SinhOfShare(q));
 }
 
-// The latitude that has this exponential, the limit of the method's iteration.
+// The latitude with this exponential, which is the limit of the usual iteration.
 double LatitudeFromExponential(double t, const LatitudeSeries& series) {
     const auto [cosChi, sinChi] = DoubledOfTangent(t);
     return HALF_PI - 2.0 * Atan(t) + LatitudeStep(series, Doubled({sinChi, cosChi}));

@@ -19,8 +19,8 @@ namespace {
 struct LetteredGrid {
     grids::FixedGrid grid;       // the lower limits are 0
     Alphabet squares;            // letters of the 500 km squares, row by row from the south-west
-    std::int32_t squareColumns;  // how many make a row
-    bool roundsFullValues;       // full values without letters count as whole metres
+    std::int32_t squareColumns;  // number of squares in a row
+    bool roundsFullValues;       // whether full values without letters are read as whole metres
 };
 
 constexpr LetteredGrid BRITISH{grids::BRITISH, "STNOHJ", 2, false};
@@ -33,7 +33,7 @@ constexpr std::int32_t SUB_SQUARE_COLUMNS = 5;
 constexpr std::int32_t SQUARE = 500000;      // metres
 constexpr std::int32_t SUB_SQUARE = 100000;  // metres
 
-// The upper limit itself is part of the grid, and its letters are those of the last square.
+// The upper limit is part of the grid and has the letters of the last square.
 double WithinLastSquare(double value, double limit) {
     return value == limit ? limit - LIMIT_TOLERANCE_METRES : value;
 }
@@ -63,7 +63,7 @@ void WriteReference(double easting, double northing, LetterGridPayload* payload)
     payload->fullNorthing = northing;
 }
 
-// The grid is a constant of each of the two conversions: its numbers are in the code.
+// The grid is a template argument, so that its numbers are constants in the code of each conversion.
 template <const LetteredGrid& lettered>
 KoordStatus FromGeodetic(const double latLon[2], LetterGridPayload* payload, const TmConstants* forward) {
     constexpr const grids::FixedGrid& grid = lettered.grid;
@@ -82,7 +82,7 @@ KoordStatus FromGeodetic(const double latLon[2], LetterGridPayload* payload, con
     return KOORD_OK;
 }
 
-// The grid values that a payload's letters and metres stand for; false for letters that aren't the grid's.
+// The grid values of a payload's letters and metres; false for letters outside the grid.
 template <const LetteredGrid& lettered>
 bool ResolveLetters(const LetterGridPayload& payload, GridValues* values) {
     const std::int32_t square = lettered.squares.IndexOf(UpperCase(payload.square));

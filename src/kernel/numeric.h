@@ -1,5 +1,5 @@
-// Small numeric helpers of the kernel. Host data reaches every conversion of a double to an integer, so each
-// one goes through this header: a cast of a NaN or of a value that doesn't fit is undefined.
+// Small numeric helpers of the kernel. Hosts may pass any double to a conversion to an integer, and casting
+// a NaN or a value out of range is undefined, so each such conversion uses this header.
 #pragma once
 
 #include <cfloat>
@@ -11,28 +11,28 @@
 
 namespace tessara {
 
-// Kernel results depend on exact comparisons of doubles.
+// Results of the kernel depend on exact comparisons of doubles.
 static_assert(std::numeric_limits<double>::is_iec559);
 static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds every step to double");
 
-// Cut toward zero. A NaN or a value outside the range gives the smallest integer.
+// Truncates toward zero. A NaN or a value out of range gives the smallest integer.
 [[nodiscard]] inline std::int32_t TruncateToInt32(double value) {
     constexpr double below = -2147483649.0;
     constexpr double above = 2147483648.0;
     return value > below && value < above ? static_cast<std::int32_t>(value) : INT32_MIN;
 }
 
-// TruncateToInt32, then the low 16 bits.
+// TruncateToInt32, then its low 16 bits.
 [[nodiscard]] inline std::int16_t TruncateToInt16(double value) {
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(TruncateToInt32(value) & 0xFFFF));
 }
 
-// A pixel value: half away from zero, then cut.
+// Rounds a pixel half away from zero and truncates.
 [[nodiscard]] inline std::int32_t RoundPixel(double value) {
     return TruncateToInt32(value < 0.0 ? value - 0.5 : value + 0.5);
 }
 
-// The limit itself for a value that lies strictly closer to it than the tolerance, else the value.
+// The limit if the value is strictly closer to it than the tolerance, otherwise the value.
 [[nodiscard]] inline double SnapTo(double limit, double value, double tolerance) {
     return std::fabs(value - limit) < tolerance ? limit : value;
 }
@@ -49,14 +49,14 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
     return SnappedToEither(low, high, value, tolerance);
 }
 
-// False for a NaN, as both comparisons are then.
+// False for a NaN, since both comparisons are then false.
 [[nodiscard]] inline bool IsWithin(double value, double low, double high) {
     return value >= low && value <= high;
 }
 
-// Whole turns are taken off a value of any size in a bounded number of steps.
+// These functions subtract whole turns from a value of any size in a bounded number of steps.
 
-// The value brought into -turn/2..turn/2; both ends stand. An infinite value gives NaN.
+// The value brought into -turn/2..turn/2; both ends are kept. An infinite value gives NaN.
 [[nodiscard]] inline double WrapTurns(double value, double turn) {
     if (std::fabs(value) <= turn / 2.0) return value;
     const double rest = Fmod(value, turn);

@@ -18,12 +18,13 @@
 
 namespace tessara::tm {
 
-// The literal has one digit less than the double nearest to pi/2.
+// One digit shorter than the double nearest to pi/2. It stays because stored results have to agree to the
+// last digit.
 inline constexpr double HALF_PI_SHORT = 1.570796326794897;
 
 inline constexpr double LATITUDE_TOLERANCE = 1e-11;  // radians
 
-// What the formulas need of a datum. For constants that belong to no datum the results aren't numbers.
+// The figures of a datum's ellipsoid that the projection needs. Constants without a datum give NaN.
 struct Figure {
     double a, e2;
     std::uint32_t ellipsoid;
@@ -64,17 +65,17 @@ template <Reach reach>
     return conformal.chi + AtanBySeries(up * along * (1.0 - cosLambda) / (up * up + along * ahead));
 }
 
-// Eastward a strip is narrow, and the functions of the longitude are short series.
+// A strip is narrow in longitude, so the functions of the longitude are short series.
 //
-// With (S, C) the direction of the conformal latitude, the point of the conformal sphere is (S, C cos dLon,
-// C sin dLon). Its transverse latitude and longitude and all the functions of their doubles follow from these
-// three by algebra, so that nothing is lost near the poles and a point on the central meridian has easting 0
-// to the last bit.
+// With (S, C) as the direction of the conformal latitude, the point of the conformal sphere is (S, C cos
+// dLon, C sin dLon). Its transverse latitude and longitude, and all functions of their doubles, follow from
+// these three numbers by algebra. So nothing is lost near the poles, and a point on the central meridian has
+// the easting 0 exactly.
 template <Reach reach>
 [[nodiscard]] inline Plane Forward(double dLon, double phi, const LatitudeSeries& conformalSeries,
                                    const double c[5]) {
     constexpr bool inStrip = reach == Reach::Near;
-    // Far off the strip every digit of the latitude's cosine shows in the easting.
+    // Far from the strip every digit of the latitude's cosine affects the easting.
     const SinCos direction = inStrip                ? DoublingBySeries<1>(phi)
                              : IsSmall(dLon * dLon) ? SinCosByDoubling<1>(phi)
                                                     : called::SinCosOf(phi);
@@ -104,8 +105,8 @@ struct Position {
     bool isInReach;  // else the formulas for a strip aren't good for it
 };
 
-// sinh, bounded so that its square is a number: far off the globe the series swells until it isn't, and the
-// position is still one a quarter turn off the meridian.
+// sinh, bounded so that its square is finite: far off the globe the series overflows, and the position is
+// still one a quarter turn from the meridian.
 [[nodiscard]] inline double BoundedSinh(double x) {
     constexpr double bound = 1e150;
     return IsSmall(x * x) ? SinhBySeries(x) : std::clamp(Sinh(x), -bound, bound);

@@ -1,4 +1,4 @@
-// The coefficients of the transverse Mercator series, for whoever computes constants from them.
+// The coefficients of the transverse Mercator series, for code that computes constants from them.
 #pragma once
 
 #include "kernel/conformal_latitude.h"
@@ -8,9 +8,10 @@
 
 namespace tessara {
 
-// Row i gives coefficient i as a polynomial in the eccentricity squared. Row 0, the rectifying factor, is the
-// same in all three. The forward rows are the Krueger coefficients multiplied by that factor, the inverse
-// rows are the plain ones.
+// Row i gives coefficient i as a polynomial in the eccentricity squared. Row 0, the rectifying factor, is
+// the same in all three matrices. The forward rows are the Krueger coefficients multiplied by that factor;
+// the inverse rows aren't multiplied. The last number of inverse row 1, 1/61440, isn't the exact one; it
+// stays because stored results have to agree to the last digit.
 using CoefficientMatrix = double[5][5];
 
 inline constexpr CoefficientMatrix ARC_MATRIX = {
@@ -44,14 +45,14 @@ constexpr void Evaluate(const CoefficientMatrix& matrix, double e2, double coeff
     }
 }
 
-// A point of the complex plane in which the projection is computed: northward and eastward, on a unit sphere
-// or ellipsoid.
+// A point of the complex plane in which the projection is computed: north and east, on a sphere or ellipsoid
+// of radius 1.
 struct Plane {
     double north;
     double east;
 };
 
-// Sine and cosine of twice the northward coordinate, hyperbolic ones of twice the eastward.
+// Sine and cosine of twice the north coordinate, hyperbolic sine and cosine of twice the east coordinate.
 struct DoubleAngles {
     double sine, cosine;
     double sinh, cosh;
@@ -75,7 +76,7 @@ constexpr Plane SineSeries(const double c[5], const DoubleAngles& z) {
     return {sinRe * sumRe - sinIm * sumIm, sinRe * sumIm + sinIm * sumRe};
 }
 
-// What TM_Forward gives with scale 1 for the northing of a point on the central meridian, to the last bit: an
+// The northing of a point on the central meridian at scale 1, exactly as TM_Forward computes it, so that an
 // origin has its false northing exactly.
 constexpr double NorthingOnMeridian(double phi, double a, const LatitudeSeries& conformal,
                                     const double c[5]) {
@@ -93,7 +94,7 @@ consteval double ComputeOriginNorthing(const EllipsoidFigure& figure, double deg
                               coefficients);
 }
 
-// The northing of a latitude of origin, by the codes of the ellipsoids.
+// The northings of a latitude of origin, indexed by the codes of the ellipsoids.
 using OriginNorthings = std::array<double, ELLIPSOIDS.size()>;
 
 consteval OriginNorthings ComputeOriginNorthings(double degrees) {

@@ -41,7 +41,7 @@ KoordStatus UPS_ToGeodetic(const UpsPayload* payload, double latLon[2], std::int
     const double dx = SnapTo(0.0, payload->easting - FALSE_ORIGIN, AXIS_TOLERANCE);
     const double dy = SnapTo(0.0, std::fabs(payload->northing) - FALSE_ORIGIN, AXIS_TOLERANCE);
 
-    // Latitude as if the projected pole were the south one.
+    // The latitude as if the projected pole were the south pole.
     double latitude = 90.0;
     double longitude = sign > 0.0 ? 0.0 : LONGITUDE_AT_POLE;
     if (dx != 0.0 || dy != 0.0) {

@@ -24,8 +24,8 @@ namespace {
 constexpr auto WHOLE_SQUARE = static_cast<std::int32_t>(SQUARE_METRES);
 
 constexpr std::int32_t LAST_BAND = 9;
-// From meridian distances to the northings of a band: the scale on the central meridian, and that toward the
-// zone's edge with a margin.
+// The factors from meridian distances to the northings of a band: the scale on the central meridian, and the
+// scale toward the edge of the zone with a margin.
 constexpr double SMALLEST_SCALE = 0.9996;
 constexpr double LARGEST_SCALE = 1.00037;
 
@@ -34,8 +34,8 @@ std::int32_t BandIndex(double latitude) {
     return bands < LAST_BAND ? TruncateToInt32(bands) : LAST_BAND;
 }
 
-// The 100 km square, counted from the grid's origin, in which a grid value lies; negative for a value that
-// the grid doesn't have.
+// The 100 km square that contains a grid value, counted from the origin of the grid; negative for a value
+// outside the grid.
 std::int32_t SquareNumber(double metres) {
     return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / SQUARE_METRES) : -1;
 }
@@ -43,20 +43,20 @@ std::int32_t SquareNumber(double metres) {
 void RoundToMetres(UtmPayload* utm) {
     utm->easting = Floor(utm->easting + 0.5);
     utm->northing = Floor(utm->northing + 0.5);
-    // Just south of the equator a point rounds onto it, and the equator belongs to the north.
+    // A point just south of the equator may round onto it, and the equator belongs to the north.
     if (utm->northing >= UTM_SOUTHERN_FALSE_NORTHING) {
         utm->northing -= UTM_SOUTHERN_FALSE_NORTHING;
         utm->hemisphere = 'N';
     }
 }
 
-// The bands' edges in degrees away from the equator.
+// The edges of the bands in degrees from the equator.
 constexpr std::array EDGES{0.0, 8.0, 16.0, 24.0, 32.0, 40.0, 48.0, 56.0, 64.0, 72.0, 80.0, UTM_LIMITS.north};
 using EdgeDistances = std::array<double, EDGES.size()>;
 
 // Distances in metres along a meridian from the equator (F. R. Helmert, "Die mathematischen und
-// physikalischen Theorieen der hoeheren Geodaesie", 1880), good to a tenth of a millimetre. No edge's
-// northing comes that near to the edge of a square.
+// physikalischen Theorieen der hoeheren Geodaesie", 1880), accurate to a tenth of a millimetre. No band edge
+// has a northing that close to the edge of a square.
 consteval EdgeDistances ComputeEdgeDistances(const EllipsoidFigure& figure) {
     const double f = figure.Flattening();
     const double n = f / (2.0 - f);

@@ -14,7 +14,8 @@ namespace {
 constexpr double ON_AXIS = 1e-7;  // radians, or radii of the map's circle
 constexpr double PI_SQUARED = 9.869604401089358;
 constexpr double ONE_27TH = 0.037037037037037035;
-// Beyond a cosine of 1 by more than this factor there is no root; up to it, rounding is to blame.
+// A cosine that exceeds 1 by more than this factor means that there is no root; a smaller excess is
+// rounding.
 constexpr double COSINE_SLACK = 0.999;
 
 struct Plane {
@@ -43,8 +44,8 @@ Plane Forward(double dPhi, double dLambda, double a) {
     const double W = G - P * P;
     const double V = P * P + A * A;
     const double x = a * SignOf(dLambda) * PI * (W * A + std::sqrt(A * A * W * W - V * (G * G - P * P))) / V;
-    // (A^2 + 1) V - H^2 without its fourth powers of A, which cancel: near the central meridian they leave
-    // nothing but rounding, metres at a hundredth of a degree and kilometres further in.
+    // (A^2 + 1) V - H^2 without its fourth powers of A, which cancel: near the central meridian they would
+    // leave rounding errors of metres at a hundredth of a degree and of kilometres closer to it.
     const double H = A * A + G;
     const double radicand = A * A * (P * P + 1.0 - 2.0 * G) + P * P - G * G;
     const double y = a * SignOf(dPhi) * PI * std::fabs(P * H - A * std::sqrt(radicand)) / V;

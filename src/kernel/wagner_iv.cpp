@@ -13,11 +13,11 @@ namespace {
 
 constexpr int NEWTON_STEPS = 11;
 constexpr double NEWTON_TOLERANCE = 1e-5;  // radians
-// A little above pi/2, so that the pole itself passes.
+// Slightly above pi/2, so that the pole passes.
 constexpr double RIGHT_ANGLE = 1.570796326794897;
 
-// The auxiliary angle 2h solves 2h + sin 2h = C/6 sin(lat): 2h is 120 degrees at the pole, whose line is thus
-// half as long as the equator.
+// The auxiliary angle 2h solves 2h + sin 2h = C/6 sin(lat). At the pole 2h is 120 degrees, so that the line
+// of the pole is half as long as the equator.
 constexpr double SQRT_3 = 1.7320508075688772;
 constexpr double C = 3.0 * SQRT_3 + 12.566370614359172;
 

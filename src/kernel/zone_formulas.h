@@ -17,7 +17,7 @@ inline constexpr double UTMREF_SNAP_DEGREES = 1e-5;
 inline constexpr double STRIP_EASTING_END = 999999.999999;
 inline constexpr double STRIP_SCALE = 1.0;
 
-// What distinguishes the strip systems.
+// The properties in which the strip systems differ.
 struct StripSystem {
     std::int32_t width;      // degrees from one meridian to the next
     std::int32_t offset;     // strip n has the meridian n * width - offset, strip -n its negative

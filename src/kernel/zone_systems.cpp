@@ -17,20 +17,21 @@ using namespace zones;
 
 using NaturalMeridian = std::int32_t (*)(double lon);
 
-// Whether two meridians lie 13 degrees or more from each other, across the date line too.
+// Whether two meridians are 13 degrees or more apart, also across the date line.
 bool AreDistant(std::int32_t meridian, std::int32_t natural) {
     if (meridian > 90 && natural < -90) natural += 360;
     if (meridian < -90 && natural > 90) natural -= 360;
     return std::abs(meridian - natural) >= 13;
 }
 
-// The meridian as it is numbered: from the system's origin on this datum.
+// The meridian relative to the origin of the system's numbering on this datum.
 std::int32_t NumberedMeridian(std::int32_t meridian, std::int32_t origin) {
     const std::int32_t numbered = meridian - origin;
     return numbered < -180 ? numbered + 360 : numbered;
 }
 
-// The strip's number in the millions and, west of the origin, the easting counted the other way.
+// Adds the number of the strip in the millions; west of the origin the easting counts in the other
+// direction.
 double WithStrip(const StripSystem& system, std::int32_t meridian, double easting) {
     const std::int32_t side = meridian < 0 ? -1 : 1;
     const std::int32_t strip = (meridian + side * system.offset) / system.width;

@@ -2,8 +2,8 @@
 
 #include "maps/owned_map_param.h"
 #include "tessara/ckoord.h"
-#include "tessara/map_coord_operations.h"
 #include "tessara/internal/map_param_internal.h"
+#include "tessara/map_coord_operations.h"
 #include "tessara/object.h"
 
 namespace tessara {

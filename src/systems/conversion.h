@@ -69,7 +69,7 @@ inline KoordStatus Conversion::Write(const double position[3], tagKOORD* target,
     return RowOf(DatumOf(source)) != nullptr && RowOf(DatumOf(target)) != nullptr;
 }
 
-// Any number but 1 turns the tests off.
+// Any number other than 1 turns the tests off.
 [[nodiscard]] inline RangeCheck CheckOf(std::int32_t checkRange) {
     return checkRange == 1 ? RangeCheck::On : RangeCheck::Off;
 }

@@ -1,4 +1,4 @@
-// The conversions whose functions have another shape than Read and Write take.
+// The conversions whose functions don't have the signatures of Read and Write.
 #pragma once
 
 #include "kernel/grid_factors.h"
@@ -9,7 +9,7 @@
 
 namespace tessara {
 
-// A type that nothing is read from or written to: KOORD_ERR_TYPE.
+// For a type that can't be read or written: KOORD_ERR_TYPE.
 KoordStatus RefuseToRead(const tagKOORD& source, const Projection& projection, double* position);
 KoordStatus RefuseToWrite(const double* position, const Projection& projection, tagKOORD* target);
 

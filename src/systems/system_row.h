@@ -1,5 +1,5 @@
-// What a coordinate type is. One row of the table in systems.cpp holds all that the rest of the library must
-// know of a type; whoever asks "which systems do ..." reads it there.
+// The properties of a coordinate type. A row of the table in systems.cpp contains everything that the rest
+// of the library knows about a type, so code that distinguishes systems reads it there.
 #pragma once
 
 #include <algorithm>
@@ -22,9 +22,9 @@ namespace tessara {
 
 using PayloadBytes = std::array<std::byte, sizeof(tagKOORD::payload)>;
 
-// How a record holds its position.
+// How a record stores its position.
 enum class Form : std::uint8_t {
-    None,        // the kernel converts to it, and the objects don't know it
+    None,        // the kernel converts to it, but the objects don't support it
     Pixels,      // column and row of a map; rows grow southward
     Values,      // two numbers
     Zoned,       // two numbers within a zone or strip
@@ -35,15 +35,15 @@ enum class Form : std::uint8_t {
     Polar,       // a hemisphere and two numbers: UPS
 };
 
-// A division into zones, and the wanted numbers that name a zone in it.
+// The division into zones, with the wanted numbers that name a zone.
 enum class ZoneRule : std::uint8_t { None, Utm, Strips3, Strips6, Austrian };
 
 struct WantedZones {
     std::int32_t first;
     std::int32_t last;
     std::int32_t step;
-    // The two that end the system: a point beyond the central line of an outermost zone stays in it, since
-    // its natural zone would put it at the other end of the numbering.
+    // The first and the last zone. A point outside their central line keeps its zone; otherwise it would get
+    // the number at the other end and compare as if it lay there.
     std::int32_t outerWest;
     std::int32_t outerEast;
 };
@@ -52,13 +52,13 @@ struct ZoneRow {
     ZoneRule rule = ZoneRule::None;
     double halfWidth = 0.0;  // degrees, from the central meridian to the border
     WantedZones wantedZones{};
-    RecordField number{};      // none in strips, whose number is the millions of the easting
-    RecordField wanted{};      // the zone or meridian to force
-    double firstCentre = 0.0;  // metres; easting of the central line, of the first zone where they differ
-    double centreStep = 0.0;   // metres; from one zone's central line to the next
+    RecordField number{};      // none for strips, whose number is in the millions of the easting
+    RecordField wanted{};      // the wanted zone or meridian
+    double firstCentre = 0.0;  // metres; easting of the central line, or of the first one
+    double centreStep = 0.0;   // metres; from the central line of a zone to the next
 };
 
-// A few fields in their order.
+// A few fields in order.
 template <class Field, std::size_t most>
 class FieldList {
   public:
@@ -76,40 +76,40 @@ class FieldList {
 
 // One axis of a record.
 struct AxisRow {
-    RecordField value{};                  // the number that grows along the axis
-    FieldList<RecordField, 4> travels{};  // what is copied when a record takes the axis of another
-    FieldList<RecordField, 4> text{};     // what the text is made of, in its order
+    RecordField value{};                  // the number that increases along the axis
+    FieldList<RecordField, 4> travels{};  // copied when a record takes the axis of another
+    FieldList<RecordField, 4> text{};     // the fields of the text, in order
 };
 
-// What a range test answers below and above its range.
+// The statuses for values below and above a range.
 struct RangeStatus {
     KoordStatus low;
     KoordStatus high;
 };
 
-// When a conversion tests the range of its target.
+// The stage at which a conversion tests the range of its target.
 enum class RangeTest : std::uint8_t {
-    Refused,      // such a target takes no test
+    Refused,      // such a target can't be tested
     None,         // every position is in range
-    Before,       // on the position in degrees
-    BeforePolar,  // on its distance from the pole
-    After,        // on the record
+    Before,       // tests the position in degrees
+    BeforePolar,  // tests its distance from the pole
+    After,        // tests the record
 };
 
 struct SystemRow;
 
 struct RangeRow {
     RangeTest test = RangeTest::Refused;
-    // Whether what could be written is in range: the conversion itself refuses the rest, or nothing is
-    // refused.
+    // Whether every record that could be written is in range: the conversion refuses all others, or nothing
+    // is refused.
     bool holdsOnceWritten = false;
-    // The verdict on a record; null for a type without one.
+    // The range test of a record; null for a type without one.
     KoordStatus (*check)(const tagKOORD& record, const SystemRow& row) = nullptr;
     RangeStatus east{KOORD_ERR_EAST_LOW, KOORD_ERR_EAST_HIGH};
     RangeStatus north{KOORD_ERR_NORTH_LOW, KOORD_ERR_NORTH_HIGH};
 };
 
-// A position in degrees and the zone it is wanted in.
+// A position in degrees and the zone it wants.
 struct Corner {
     double latitude;
     double longitude;
@@ -119,27 +119,27 @@ struct Corner {
 // North, east, south, west.
 using Corners = std::array<Corner, 4>;
 
-// Where the furthest positions of a system come from.
+// The source of a system's extremes.
 enum class ExtremesRule : std::uint8_t {
     None,
     Limits,     // the middles of the sides of its limits
     Positions,  // four positions in degrees, converted
-    Degrees,    // the same four, written as they stand
+    Degrees,    // four positions in degrees, as they are
     Letters,    // the first and the last letters of GEOREF
     Cartesian,  // three positions in degrees and the earth's centre
-    Polar,      // four positions in degrees, of which the grid tells which one is north
+    Polar,      // four positions in degrees; the grid decides which one is north
     Quadrants,  // a quarter of a meridian, and 20 degrees of the equator
 };
 
 struct ExtremesRow {
     ExtremesRule rule = ExtremesRule::None;
     const Corners* corners = nullptr;
-    const Corners* cornersOnKkj = nullptr;  // where that datum has others
+    const Corners* cornersOnKkj = nullptr;  // the corners on the datum KKJ, if they differ
 };
 
 enum class DisplayStyle : std::uint8_t {
-    Plain,      // the text as it is
-    Zoned,      // without blanks; the hemisphere stays away
+    Plain,      // the plain text
+    Zoned,      // without blanks and without the hemisphere
     Degrees,    // with a degree sign
     Seconds,    // with the signs of degrees, minutes and seconds, the hemisphere last
     Minutes,    // with the signs of degrees and minutes, the hemisphere last
@@ -151,44 +151,46 @@ enum class DisplayStyle : std::uint8_t {
 struct TextRow {
     std::int16_t defaultPrecision = PRECISION_UNSET;
     DisplayStyle display = DisplayStyle::Plain;
-    // The last number of a text counts up to a carry; 0.0 where nothing carries.
+    // The value at which the last number of a text carries; 0.0 if nothing carries.
     double carry = 0.0;
-    double unitsPerDegree = 1.0;  // of that number; 1.0 too where it is metres
+    double unitsPerDegree = 1.0;  // of that number; 1.0 also if it is metres
 };
 
-// What a conversion reads stands first and close together.
+// The members that a conversion reads come first, close together.
 struct SystemRow {
     std::int32_t type;
     RangeRow range{};
-    // Between a record and latitude, longitude and height on its own datum. The caller zeroes `position`.
+    // Convert between a record and latitude, longitude and height on its own datum. The caller sets
+    // `position` to zero.
     KoordStatus (*read)(const tagKOORD& source, const Projection& projection, double* position) = nullptr;
     KoordStatus (*write)(const double* position, const Projection& projection, tagKOORD* target) = nullptr;
     Limits limits{};  // degrees or, for grids, metres
-    // How many bytes at the start of the payload describe the projection and are inputs of a conversion.
+    // The number of bytes at the start of the payload that describe the projection and are inputs of a
+    // conversion.
     std::uint8_t parameterBytes = 0;
 
     const BlockForm* blocks = nullptr;  // how many records at once are converted; null for one by one
 
     Form form = Form::None;
     Unit unit = Unit::Metre;
-    bool wraps = false;              // whether its numbers jump somewhere besides at the borders of zones
-    bool hasMidpoint = false;        // whether two of its records have one
-    std::int32_t exact = NO_SYSTEM;  // the system behind its letters and whole parts, where it has them
+    bool wraps = false;              // whether its numbers jump anywhere other than at borders of zones
+    bool hasMidpoint = false;        // whether two of its records have a midpoint
+    std::int32_t exact = NO_SYSTEM;  // the system of the exact values, for a system of letters or whole parts
     double finestStep = 0.0;         // the unit of its whole numbers, in degrees or metres
-    double neighborStep = 0.0;       // to a position's neighbour; 0.0 without neighbours
+    double neighborStep = 0.0;       // the step to a neighbour; 0.0 without neighbours
     ZoneRow zones{};
     AxisRow east{};
     AxisRow north{};
     PayloadBytes defaultPayload{};
     ExtremesRow extremes{};
     TextRow text{};
-    FieldList<OutputField, 8> outputs{};  // the fields as programs list them
+    FieldList<OutputField, 8> outputs{};  // the fields in the order in which programs list them
     FactorsFunction* factors = nullptr;   // convergence and scale, of a conformal grid
 };
 
-// By KoordType.
+// Indexed by KoordType.
 extern const std::array<SystemRow, KOORD_TYPE_COUNT> SYSTEMS;
-// The row of every other number: it can do nothing.
+// The row for every other number, which supports nothing.
 extern const SystemRow NO_SYSTEM_ROW;
 
 [[nodiscard]] inline const SystemRow& SystemOf(std::uint32_t type) {

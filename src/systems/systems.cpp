@@ -1,4 +1,4 @@
-// The table of systems. A new one is a row here, its projection in a source of its own, and its test.
+// The table of systems. A new system needs a row here, a source for its projection, and a test.
 #include "tessara/kernel/systems.h"
 
 #include <bit>
@@ -39,12 +39,12 @@ constexpr PayloadBytes Default(const Payload& payload) {
     return all;
 }
 
-// None of the precisions that GEOREF works with: a default position has no minutes and no text.
+// A precision that GEOREF doesn't support: a default position has no minutes and no text.
 constexpr std::int16_t NO_GEOREF_PRECISION = 8;
 
-// Keeps a point inside a zone that it would otherwise leave, in degrees.
+// Degrees by which a point is kept inside a zone that it would otherwise leave.
 constexpr double INSET = 1e-09;
-// The central meridian 31 east of Ferro, from Greenwich.
+// The central meridian at 31 degrees east of Ferro, counted from Greenwich.
 constexpr double AUSTRIAN_MIDDLE = 13.333333333333332;
 
 constexpr Corners GEODEZ_CORNERS{{{90.0, 0.0}, {0.0, 360.0}, {-90.0, 0.0}, {0.0, -360.0}}};
@@ -64,7 +64,7 @@ constexpr double MAX_PIXEL = std::numeric_limits<double>::max();
 
 constexpr WantedZones UTM_WANTED{1, UTM_ZONE_COUNT, 1, 1, UTM_ZONE_COUNT};
 constexpr WantedZones GK_WANTED{-180, 180, 3, -180, 180};
-// No GK6 meridian stands on the date line, and west of the first Austrian meridian the system just ends.
+// No GK6 meridian is on the date line, and west of the first Austrian meridian the system ends.
 constexpr WantedZones GK6_WANTED{-177, 177, 6, NO_WANTED_ZONE, NO_WANTED_ZONE};
 constexpr WantedZones AUSTRIAN_WANTED{AUSTRIAN_MERIDIANS[0], AUSTRIAN_MERIDIANS[2], 1, NO_WANTED_ZONE,
                                       AUSTRIAN_MERIDIANS[2]};
@@ -73,7 +73,7 @@ constexpr RangeStatus Either(KoordStatus status) {
     return {status, status};
 }
 
-// What the three Austrian grids share.
+// The common properties of the three Austrian grids.
 constexpr SystemRow Austrian(std::int32_t type, double firstCentre, double centreStep) {
     return {
         .type = type,
@@ -117,7 +117,7 @@ constexpr PayloadBytes DefaultBmn(double easting, double northing) {
     return Default(p);
 }
 
-// What the two divisions into strips share.
+// The common properties of the two strip systems.
 constexpr SystemRow Strips(std::int32_t type, ZoneRule rule, double halfWidth, const WantedZones& wanted,
                            const Limits& limits) {
     return {
@@ -155,7 +155,7 @@ constexpr PayloadBytes DefaultGk(std::int32_t strip) {
     return Default(p);
 }
 
-// What the national grids of two plain numbers share.
+// The common properties of the national grids of two plain numbers.
 constexpr SystemRow Grid(std::int32_t type, const Limits& limits, double easting, double northing) {
     return {
         .type = type,
@@ -178,7 +178,7 @@ constexpr SystemRow Grid(std::int32_t type, const Limits& limits, double easting
     };
 }
 
-// What the two grids of lettered 100 km squares share.
+// The common properties of the two grids of lettered 100 km squares.
 constexpr SystemRow LetterGrid(std::int32_t type, const Limits& limits) {
     return {
         .type = type,
@@ -201,7 +201,8 @@ constexpr SystemRow LetterGrid(std::int32_t type, const Limits& limits) {
     };
 }
 
-// Between the whole numbers of the grid and the metres in the square stand both letters, or the second one.
+// In the texts, both letters or only the second one come between the full values and the metres within the
+// square.
 constexpr SystemRow WithSquareText(SystemRow row, RecordField square) {
     row.east.text = {
         {FIELD(Number, LetterGridPayload, fullEasting), square, FIELD(Number, LetterGridPayload, easting)}};
