@@ -17,7 +17,7 @@ class OrderedJobs {
   public:
     // `take` gets one result after the other. With one job the work is done where it is given out.
     OrderedJobs(unsigned jobs, std::function<void(const Result&)> take) : take_(std::move(take)) {
-        if (jobs > 1) mostRunning_ = jobs * PIECES_PER_JOB;
+        if (jobs > 1) mostRunning_ = std::size_t{jobs} * PIECES_PER_JOB;
         for (unsigned i = 0; jobs > 1 && i < jobs; ++i)
             threads_.emplace_back([this] { Work(); });
     }

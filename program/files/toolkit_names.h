@@ -4,5 +4,5 @@
 namespace tessara::toolkit {}
 
 namespace tessara::program {
-using namespace toolkit;
+using namespace toolkit;  // NOLINT(google-build-using-namespace): the upper half of one vocabulary
 }  // namespace tessara::program

@@ -9,7 +9,9 @@
 namespace tessara {
 namespace {
 
-using namespace grids;
+using grids::FixedGrid;
+using grids::LUREF;
+using grids::PO_MILITARY;
 
 KoordStatus FromGeodetic(const FixedGrid& grid, const double latLon[2], GridPayload* payload,
                          const TmConstants* forward) {

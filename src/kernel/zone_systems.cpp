@@ -13,7 +13,20 @@
 namespace tessara {
 namespace {
 
-using namespace zones;
+using zones::GK;
+using zones::GK6;
+using zones::Gk6MeridianOf;
+using zones::GkMeridianOf;
+using zones::IsSouth;
+using zones::IsStripMeridian;
+using zones::NorthOfEquator;
+using zones::STRIP_EASTING_END;
+using zones::STRIP_SCALE;
+using zones::StripOrigin;
+using zones::StripSystem;
+using zones::UTM_SCALE;
+using zones::UtmMeridianOf;
+using zones::UtmNorthing;
 
 using NaturalMeridian = std::int32_t (*)(double lon);
 
