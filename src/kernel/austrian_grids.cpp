@@ -11,7 +11,14 @@
 namespace tessara {
 namespace {
 
-using namespace austria;
+using austria::AustrianGrid;
+using austria::BMN;
+using austria::FALSE_EASTINGS;
+using austria::FALSE_NORTHING;
+using austria::FERRO;
+using austria::GKAT;
+using austria::NaturalIndex;
+using austria::OEM;
 
 // The index of one of the three meridians, or -1.
 int MeridianIndex(std::int32_t meridian) {

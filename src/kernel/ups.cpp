@@ -16,7 +16,13 @@
 namespace tessara {
 namespace {
 
-using namespace ups;
+using ups::AtEdge;
+using ups::AXIS_TOLERANCE;
+using ups::FALSE_ORIGIN;
+using ups::Forward;
+using ups::GridPoint;
+using ups::LatitudeOf;
+using ups::SCALE;
 
 constexpr double LONGITUDE_AT_POLE = 180.0;  // degrees, of the north pole
 

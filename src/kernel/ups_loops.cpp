@@ -12,7 +12,13 @@
 namespace tessara {
 namespace {
 
-using namespace ups;
+using ups::AtEdge;
+using ups::AXIS_TOLERANCE;
+using ups::FALSE_ORIGIN;
+using ups::Forward;
+using ups::GridPoint;
+using ups::LatitudeOf;
+using ups::SCALE;
 
 struct ToPolarGrid {
     double e2, poleRadius;

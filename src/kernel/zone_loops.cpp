@@ -11,8 +11,23 @@
 namespace tessara {
 namespace {
 
-using namespace zones;
-using namespace austria;
+using austria::AustrianGrid;
+using austria::FALSE_EASTINGS;
+using austria::FALSE_NORTHING;
+using austria::FERRO;
+using zones::GK;
+using zones::GK6;
+using zones::Gk6MeridianOf;
+using zones::GkMeridianOf;
+using zones::NorthOfEquator;
+using zones::STRIP_EASTING_END;
+using zones::STRIP_SCALE;
+using zones::StripOrigin;
+using zones::StripSystem;
+using zones::UTM_SCALE;
+using zones::UtmMeridianOf;
+using zones::UtmNorthing;
+using zones::UTMREF_SNAP_DEGREES;
 
 // A wanted meridian, or the natural one.
 double MeridianFor(double wanted, double natural) {
