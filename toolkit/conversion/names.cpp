@@ -25,6 +25,7 @@ std::optional<std::int32_t> NumberOf(const std::string& name, std::int32_t count
 
 std::vector<std::string> AllNames(std::int32_t count, std::string (*nameOf)(std::int32_t)) {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (std::int32_t number = 0; number < count; ++number)
         names.push_back(nameOf(number));
     return names;
