@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <numbers>
 
@@ -225,8 +226,8 @@ Json Describe(const Surroundings& around) {
 }
 
 struct Range {
-    double low = INFINITY;
-    double high = -INFINITY;
+    double low = std::numeric_limits<double>::infinity();
+    double high = -std::numeric_limits<double>::infinity();
 
     void Add(double value) {
         low = std::min(low, value);
