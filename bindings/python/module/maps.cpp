@@ -3,7 +3,6 @@
 #include <pybind11/stl.h>
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "columns.h"
@@ -11,6 +10,7 @@
 #include "conversion/names.h"
 #include "errors.h"
 #include "lines.h"
+#include "map/layer_files.h"
 #include "map/map_description.h"
 #include "map/map_grid_lines.h"
 #include "map/map_grids.h"
@@ -27,11 +27,7 @@ namespace {
 constexpr double ANY_SIZE = 1000.0;  // of a picture that nobody draws
 
 toolkit::MapDescription ReadDescription(const std::string& json, const std::string& directory) {
-    try {
-        return toolkit::ReadMapDescription(nlohmann::json::parse(json), directory);
-    } catch (const nlohmann::json::exception& error) {
-        throw std::invalid_argument(error.what());
-    }
+    return toolkit::ReadMapDescription(json, toolkit::FilesIn(directory));
 }
 
 struct PixelPair {
