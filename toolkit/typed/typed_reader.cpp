@@ -213,7 +213,7 @@ void TypedReader::TryDegrees(const Tokens& tokens, Attempt* attempt) const {
 
 void TypedReader::TryForm(const GridForm& form, const Tokens& tokens, Texts kind, Attempt* attempt) const {
     const bool isPair = kind == Texts::Pair;
-    if (form.pattern != BARE_NUMBERS || isPair) {
+    if (std::string_view(form.pattern) != BARE_NUMBERS || isPair) {
         TryPattern(form, form.pattern, tokens, isPair, attempt);
         return;
     }
