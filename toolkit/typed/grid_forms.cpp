@@ -250,7 +250,8 @@ Fault ReadOneGroup(const Token& group, SquareDigits* read) {
     if (group.hasPoint) return WrongDigits("digits of east and north in one number have no point", group);
     if (count % 2 != 0)
         return WrongDigits("an odd count of digits can't be divided between east and north", group);
-    if (count > 2 * SQUARE_DIGITS) return WrongDigits("there are at most 10 digits, down to a metre", group);
+    if (count > std::size_t{2} * SQUARE_DIGITS)
+        return WrongDigits("there are at most 10 digits, down to a metre", group);
     read->easting = Metres(group.digits.substr(0, count / 2));
     read->northing = Metres(group.digits.substr(count / 2));
     read->resolution = ResolutionOf(count / 2);
