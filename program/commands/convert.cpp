@@ -259,8 +259,7 @@ std::string WrongCombination(const Options& options) {
     const bool areTexts = AreTexts(options);
     if (!options.with.empty() && !HasGrid(options.to))
         return "--with says something about grids: name one with --to, such as UTM";
-    const std::string zone = WrongZone(options);
-    if (!zone.empty()) return zone;
+    if (std::string zone = WrongZone(options); !zone.empty()) return zone;
     if (options.text.isTruncated && !options.text.precision) return "--truncate needs --precision";
     if (!options.position.empty()) {
         const bool isForFiles = options.input || options.output || options.lines.rejects ||

@@ -47,7 +47,7 @@ Number HeightOf(const Record& record) {
 void AddTexts(std::vector<std::string> texts, std::vector<Field>* values) {
     constexpr const char* NAMES[] = {"north", "east"};
     for (std::size_t i = 0; i < texts.size(); ++i)
-        values->emplace_back(texts.size() == 1 ? "text" : NAMES[i], std::move(texts[i]));
+        values->push_back({.name = texts.size() == 1 ? "text" : NAMES[i], .value = std::move(texts[i])});
 }
 
 void AddFactors(const RecordConversion& conversion, const GridFactors& factors, std::vector<Field>* values) {

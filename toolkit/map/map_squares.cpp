@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 #include "conversion/coords.h"
 #include "conversion/fields.h"
@@ -30,7 +31,9 @@ struct SquareName {
     std::string zone;  // and band; empty where a system has none
     std::string letters;
 
-    auto operator<=>(const SquareName&) const = default;
+    bool operator<(const SquareName& other) const {
+        return std::tie(zone, letters) < std::tie(other.zone, other.letters);
+    }
 };
 
 std::optional<SquareName> NameAt(const MapSheet& sheet, const PicturePoint& at, const Reference& reference) {
