@@ -30,7 +30,7 @@ EcefPayload FromGeodetic(double lat, double lon, double height, std::int32_t dat
 
 GeodezPayload ToGeodetic(double x, double y, double z, std::int32_t datum = DATUM_WGS84) {
     const tagKOORD source = Record(KOORD_ECEF, EcefPayload{x, y, z}, datum);
-    tagKOORD work{};
+    tagKOORD work = MakeKoord(datum, KOORD_GEODEZ);
     EXPECT_EQ(ECEF_ToGeodetic(&source, &work), KOORD_OK);
     return Load<GeodezPayload>(work);
 }

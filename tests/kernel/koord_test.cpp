@@ -151,7 +151,7 @@ TEST(Koord, LoadIfGivesNothingOfARecordOfAnotherType) {
     EXPECT_FALSE(LoadIf<GridPayload>(MakeKoord(2, KOORD_BNG)).has_value());
 }
 
-#if !defined(NDEBUG) && !defined(TESSARA_UNCHECKED_LOAD)
+#if !defined(NDEBUG)
 TEST(KoordDeathTest, LoadOfARecordOfAnotherTypeStopsADebugBuild) {
     EXPECT_DEATH((void)Load<UtmPayload>(MakeKoord(2, KOORD_GK)), "IsPayloadOf");
 }

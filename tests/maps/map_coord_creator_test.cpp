@@ -7,6 +7,7 @@
 #include "support/live_objects.h"
 #include "support/map_objects.h"
 #include "support/objects.h"
+#include "support/records.h"
 #include "tessara/map_coord_creator_factory.h"
 
 namespace tessara::testing {
@@ -165,7 +166,7 @@ TEST_F(MapCoordCreatorTest, WritesDoublesIntoAWholePixel) {
     EXPECT_EQ(KoordOf(coord).type, static_cast<std::uint32_t>(KOORD_LONGPIXEL));
     EXPECT_EQ(PayloadOf<LongPixelPayload>(coord).x, 0);
     EXPECT_EQ(PayloadOf<LongPixelPayload>(coord).y, 0x40080000);
-    EXPECT_EQ(PayloadOf<FloatPixelPayload>(coord).y, 4.0);
+    EXPECT_EQ(BytesAs<FloatPixelPayload>(KoordOf(coord)).y, 4.0);
 }
 
 TEST_F(MapCoordCreatorTest, LeavesWhatHasNoPixel) {

@@ -498,7 +498,7 @@ TEST_F(CoordTest, APixelIsLostToASystemWithoutADefaultToo) {
     const IRef<ICoord> coord = CoordOf(FloatPixel(3, 10.0, 20.0));
     EXPECT_TRUE(coord->SetReference(ReferenceOf(2, KOORD_LAMBERTCC).Get()));
     EXPECT_EQ(KoordOf(coord).type, 23u);
-    EXPECT_EQ(PayloadOf<FloatPixelPayload>(coord).x, 10.0) << "relabelled only";
+    EXPECT_EQ(BytesAs<FloatPixelPayload>(KoordOf(coord)).x, 10.0) << "relabelled only";
     EXPECT_FALSE(HeldPosition(coord));
 }
 
@@ -528,7 +528,7 @@ TEST_F(CoordTest, AnEmptyCoordinateIsRelabelledWhereThereIsNoDefault) {
         EXPECT_TRUE(coord->SetReference(MakeHostReference(row.datum, row.system).Get()));
         EXPECT_EQ(KoordOf(coord).datum, static_cast<std::uint32_t>(row.datum));
         EXPECT_EQ(KoordOf(coord).type, static_cast<std::uint32_t>(row.system));
-        EXPECT_EQ(PayloadOf<GridPayload>(coord).easting, 600000.0) << "the payload stays";
+        EXPECT_EQ(BytesAs<GridPayload>(KoordOf(coord)).easting, 600000.0) << "the payload stays";
         EXPECT_EQ(coord->GetHeight(), 12.5);
         EXPECT_FALSE(HeldPosition(coord));
     }

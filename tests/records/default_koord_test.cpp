@@ -114,7 +114,7 @@ TEST(ResetToDefaultTest, KeepsTheReferenceOfTheRecord) {
         CKoord koord = Rubbish(6, row.system);
         EXPECT_TRUE(ResetToDefault(&koord));
         EXPECT_TRUE(testing::SameRecord(koord, RecordOf(row, 6))) << row.system;
-        EXPECT_EQ(Load<GeodezPayload>(koord).height, Load<GeodezPayload>(RecordOf(row, 6)).height);
+        EXPECT_EQ(BytesAs<GeodezPayload>(koord).height, BytesAs<GeodezPayload>(RecordOf(row, 6)).height);
     }
 }
 

@@ -22,14 +22,14 @@ using testing::UtmrefRecord;
 const std::set<std::int32_t> ZONED{2, 3, 7, 8, 9, 13, 14};
 
 double EastingOf(const tagKOORD& record) {
-    return Load<GkPayload>(record).easting;  // UTM and the Austrian systems have theirs in the same place
+    return BytesAs<GkPayload>(record).easting;  // UTM and the Austrian systems have theirs in the same place
 }
 
 // Every operation leaves the other fields unchanged.
 void ExpectNorthingHeightAndReferenceOf(const CKoord& moved, const CKoord& original) {
     EXPECT_EQ(moved.datum, original.datum);
     EXPECT_EQ(moved.type, original.type);
-    EXPECT_EQ(Load<GkPayload>(moved).northing, Load<GkPayload>(original).northing);
+    EXPECT_EQ(BytesAs<GkPayload>(moved).northing, BytesAs<GkPayload>(original).northing);
     EXPECT_EQ(moved.GetHeight(), original.GetHeight());
 }
 
@@ -201,11 +201,11 @@ TEST(ZonesCentre, OfAStripThatIsNoNumberIsNone) {
 // What is wanted before, and is to be cleared.
 CKoord Wanting(CKoord record) {
     if (record.type == KOORD_UTM || record.type == KOORD_GK || record.type == KOORD_GK6) {
-        auto payload = Load<UtmPayload>(record);
+        auto payload = BytesAs<UtmPayload>(record);
         payload.wantedZone = 33;
         Store(record, payload);
     } else {
-        auto payload = Load<BmnPayload>(record);
+        auto payload = BytesAs<BmnPayload>(record);
         payload.wantedMeridian = 34;
         Store(record, payload);
     }
@@ -214,7 +214,7 @@ CKoord Wanting(CKoord record) {
 
 std::int16_t WantedOf(const tagKOORD& record) {
     const bool afterALetter = record.type == KOORD_UTM || record.type == KOORD_GK || record.type == KOORD_GK6;
-    return afterALetter ? Load<UtmPayload>(record).wantedZone : Load<BmnPayload>(record).wantedMeridian;
+    return afterALetter ? BytesAs<UtmPayload>(record).wantedZone : BytesAs<BmnPayload>(record).wantedMeridian;
 }
 
 // Moves `record` and expects `moved`.

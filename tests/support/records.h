@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
@@ -31,6 +32,15 @@ inline tagKOORD NaturalTarget(std::int32_t type, std::int32_t datum = DATUM_WGS8
         Store(record, payload);
     }
     return record;
+}
+
+// The bytes of a record's payload as those of another type: payloads of several systems have a field in the
+// same place, and some operations leave the bytes of another system in a record.
+template <KoordPayload Payload>
+[[nodiscard]] Payload BytesAs(const tagKOORD& record) {
+    Payload payload;
+    std::memcpy(&payload, record.payload, sizeof payload);
+    return payload;
 }
 
 }  // namespace tessara

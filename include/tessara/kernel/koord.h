@@ -269,9 +269,7 @@ template <KoordPayload Payload>
 // builds return its bytes; use LoadIf where the type isn't known.
 template <KoordPayload Payload>
 [[nodiscard]] inline Payload Load(const tagKOORD& record) {
-#if !defined(TESSARA_UNCHECKED_LOAD)
     assert(IsPayloadOf<Payload>(record.type));
-#endif
     Payload payload;
     std::memcpy(&payload, record.payload, sizeof payload);
     return payload;
