@@ -6,7 +6,7 @@
 #include "commands/commands.h"
 #include "commands/suggestions.h"
 #include "conversion/numbers.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

@@ -89,7 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         bytes.Below(2) == 0 ? DATUM_WGS84 : static_cast<std::int32_t>(bytes.Below(DATUM_COUNT));
     static constexpr toolkit::Order ORDERS[] = {toolkit::Order::Unknown, toolkit::Order::EastFirst,
                                                 toolkit::Order::NorthFirst};
-    const toolkit::TypedReader reader({{system, datum}, bytes.OneOf(ORDERS)});
+    const toolkit::TypedReader reader({{.datum = datum, .system = system}, bytes.OneOf(ORDERS)});
     const std::string first = DrawTyped(bytes);
     const std::string second = bytes.Below(8) == 0 ? first : DrawTyped(bytes);
     Look(reader.Read(first), first, {});

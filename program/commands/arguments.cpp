@@ -7,7 +7,7 @@
 
 #include "conversion/names.h"
 #include "conversion/numbers.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {
@@ -38,9 +38,9 @@ OnError FileOptions::WhatOnError() const {
 std::optional<Reference> TypedReferenceByName(const std::string& name, std::int32_t defaultDatum) {
     const std::optional<std::string> datum = BehindAuto(name);
     if (!datum) return ReferenceByName(name, defaultDatum);
-    if (datum->empty()) return Reference{NO_SYSTEM, defaultDatum};
+    if (datum->empty()) return Reference{.datum = defaultDatum, .system = NO_SYSTEM};
     const std::optional<std::int32_t> number = DatumByName(*datum);
-    return number ? std::optional(Reference{NO_SYSTEM, *number}) : std::nullopt;
+    return number ? std::optional(Reference{.datum = *number, .system = NO_SYSTEM}) : std::nullopt;
 }
 
 std::string WrongTypedReference(const std::string& name) {

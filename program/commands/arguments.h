@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "conversion/references.h"
-#include "files/exit_code.h"
 #include "files/number_lines.h"
 #include "files/record_conversion.h"
-#include "files/toolkit_names.h"
+#include "run/exit_code.h"
+#include "run/toolkit_names.h"
 #include "typed/typed_reader.h"
 
 namespace tessara::program {

@@ -4,7 +4,7 @@
 #include "conversion/azimuths.h"
 #include "conversion/fields.h"
 #include "conversion/numbers.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -5,7 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 
-#include "files/exit_code.h"
+#include "run/exit_code.h"
 
 namespace tessara::program {
 

@@ -11,7 +11,7 @@
 #include "conversion/references.h"
 #include "files/forms.h"
 #include "files/record_files.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 #include "tessara/kernel/convergence.h"
 
 namespace tessara::program {
@@ -164,7 +164,7 @@ std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
     std::vector<Reference> targets;
     for (const std::string& target : options.to)
         targets.push_back(*ReferenceByName(target, datum));
-    if (targets.empty()) targets.push_back({KOORD_GEODEZ, DATUM_WGS84});
+    if (targets.empty()) targets.push_back({.datum = DATUM_WGS84, .system = KOORD_GEODEZ});
     for (Reference& target : targets) {
         if (options.zone && HasZone(target, *options.zone))
             target.parameters.push_back(*WantedZone(target.system, *options.zone));
@@ -199,7 +199,7 @@ bool AreTexts(const Options& options) {
 Wanted WantedOf(const Options& options) {
     if (NamesSystem(options.from))
         return {*TypedReferenceByName(options.from, DATUM_WGS84), options.text.order};
-    return {{KOORD_GEODEZ, *DatumByName(options.from)}, options.text.order};
+    return {{.datum = *DatumByName(options.from), .system = KOORD_GEODEZ}, options.text.order};
 }
 
 TextStyle StyleOf(const TextOptions& options) {

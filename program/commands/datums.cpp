@@ -6,7 +6,7 @@
 #include "conversion/datum_descriptions.h"
 #include "conversion/numbers.h"
 #include "conversion/quote.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 

@@ -7,7 +7,7 @@
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "conversion/positions.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 #include "tessara/kernel/geodesic.h"
 
 namespace tessara::program {

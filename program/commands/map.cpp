@@ -13,11 +13,11 @@
 
 #include "commands/commands.h"
 #include "conversion/numbers.h"
+#include "drawing/map_page.h"
 #include "files/png.h"
-#include "files/toolkit_names.h"
 #include "lines/input_files.h"
 #include "map/map_around.h"
-#include "map/map_page.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

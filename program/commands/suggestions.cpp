@@ -4,7 +4,7 @@
 
 #include "conversion/closest.h"
 #include "conversion/quote.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

@@ -4,7 +4,7 @@
 #include "commands/commands.h"
 #include "conversion/fields.h"
 #include "conversion/names.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "files/exit_code.h"
 #include "files/record_conversion.h"
-#include "files/toolkit_names.h"
+#include "run/exit_code.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

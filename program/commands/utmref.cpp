@@ -8,7 +8,7 @@
 #include "commands/commands.h"
 #include "conversion/names.h"
 #include "conversion/quote.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "conversion/fields.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

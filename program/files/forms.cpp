@@ -4,8 +4,8 @@
 #include <iterator>
 #include <string_view>
 
-#include "files/toolkit_names.h"
 #include "lines/input_files.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

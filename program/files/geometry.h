@@ -9,7 +9,7 @@
 
 #include "conversion/positions.h"
 #include "files/json_scan.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "conversion/fields.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "conversion/fields.h"
-#include "files/pipeline.h"
 #include "files/record_conversion.h"
-#include "files/toolkit_names.h"
+#include "run/pipeline.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -11,8 +11,8 @@
 #include "conversion/positions.h"
 #include "files/forms.h"
 #include "files/geometry.h"
-#include "files/toolkit_names.h"
 #include "files/value.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

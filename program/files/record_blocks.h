@@ -7,8 +7,8 @@
 #include <string>
 
 #include "files/record.h"
-#include "files/toolkit_names.h"
 #include "lines/input_buffer.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -46,8 +46,11 @@ Number HeightOf(const Record& record) {
 // The texts of a target, or the names they have where nothing else names them.
 void AddTexts(std::vector<std::string> texts, std::vector<Field>* values) {
     constexpr const char* NAMES[] = {"north", "east"};
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        values->push_back({.name = texts.size() == 1 ? "text" : NAMES[i], .value = std::move(texts[i])});
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        Field& field = values->emplace_back();
+        field.name = texts.size() == 1 ? "text" : NAMES[i];
+        field.value = std::move(texts[i]);
+    }
 }
 
 void AddFactors(const RecordConversion& conversion, const GridFactors& factors, std::vector<Field>* values) {
@@ -96,10 +99,11 @@ RecordConverter::RecordConverter(const RecordConversion& conversion) : conversio
         Target target{Conversion(datum, reference), {}, {}};
         if (conversion.texts) target.writer.emplace(reference, *conversion.texts);
         if (areFactorsWanted && Grid_HasFactors(reference.system))
-            target.degrees.emplace(datum, Reference{KOORD_GEODEZ, reference.datum});
+            target.degrees.emplace(datum, Reference{.datum = reference.datum, .system = KOORD_GEODEZ});
         targets_.push_back(std::move(target));
     }
-    if (conversion.output == Form::GEOJSON) point_.emplace(datum, Reference{KOORD_GEODEZ, DATUM_WGS84});
+    if (conversion.output == Form::GEOJSON)
+        point_.emplace(datum, Reference{.datum = DATUM_WGS84, .system = KOORD_GEODEZ});
     if (conversion.from) reader_.emplace(*conversion.from);
 }
 

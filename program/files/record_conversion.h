@@ -12,7 +12,7 @@
 #include "conversion/references.h"
 #include "conversion/results.h"
 #include "files/record.h"
-#include "files/toolkit_names.h"
+#include "run/toolkit_names.h"
 #include "typed/text_writer.h"
 #include "typed/typed_reader.h"
 

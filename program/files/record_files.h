@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "files/pipeline.h"
 #include "files/record_conversion.h"
+#include "run/pipeline.h"
 
 namespace tessara::program {
 

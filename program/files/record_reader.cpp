@@ -4,9 +4,9 @@
 #include <string>
 
 #include "files/json_scan.h"
-#include "files/toolkit_names.h"
 #include "lines/columns.h"
 #include "lines/line_reader.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "files/record_conversion.h"
-#include "files/toolkit_names.h"
 #include "lines/input_buffer.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -5,8 +5,8 @@
 #include <istream>
 #include <memory>
 
-#include "files/toolkit_names.h"
 #include "lines/input_buffer.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 

@@ -1,8 +1,8 @@
 #include "files/value.h"
 
 #include "files/json_scan.h"
-#include "files/toolkit_names.h"
 #include "lines/columns.h"
+#include "run/toolkit_names.h"
 
 namespace tessara::program {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "kernel/datum_loops.h"
-#include "kernel/range_loops.h"
+#include "columns/datum_loops.h"
+#include "columns/range_loops.h"
 #include "systems/reading.h"
 
 namespace tessara {

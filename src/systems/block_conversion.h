@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <span>
 
-#include "kernel/block_step.h"
+#include "columns/block_step.h"
 #include "systems/conversion.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-#include "kernel/block_step.h"
+#include "columns/block_step.h"
 #include "systems/projection.h"
 #include "tessara/kernel/koord.h"
 

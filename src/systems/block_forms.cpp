@@ -1,15 +1,15 @@
 #include <cstring>
 #include <limits>
 
+#include "columns/ecef_loops.h"
+#include "columns/origin_loops.h"
+#include "columns/sphere_loops.h"
+#include "columns/ups_loops.h"
+#include "columns/zone_loops.h"
 #include "kernel/datum_rows.h"
-#include "kernel/ecef_loops.h"
 #include "kernel/lettered_references.h"
 #include "kernel/numeric.h"
-#include "kernel/origin_loops.h"
-#include "kernel/sphere_loops.h"
-#include "kernel/ups_loops.h"
 #include "kernel/utmref_squares.h"
-#include "kernel/zone_loops.h"
 #include "systems/block_form.h"
 #include "systems/free_projections.h"
 #include "systems/reading.h"

@@ -1,7 +1,7 @@
 // KoordConvertColumns with the instructions to use, of which all give the same.
 #pragma once
 
-#include "kernel/block_step.h"
+#include "columns/block_step.h"
 #include "systems/range_check.h"
 #include "tessara/kernel/columns.h"
 

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "kernel/block_step.h"
+#include "columns/block_step.h"
 #include "systems/range_check.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"

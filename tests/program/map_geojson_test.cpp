@@ -4,7 +4,7 @@
 #include <cmath>
 #include <set>
 
-#include "map/map_page.h"
+#include "drawing/map_page.h"
 #include "program/files.h"
 #include "program/map_maps.h"
 #include "program/run_program.h"

@@ -1,4 +1,4 @@
-#include "files/progress.h"
+#include "run/progress.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 #include "conversion/references.h"
 
-#include "conversion/coords.h"
 #include "conversion/names.h"
 
 namespace tessara::toolkit {
@@ -39,8 +38,8 @@ std::string Reference::Name() const {
 std::optional<Reference> ReferenceByName(const std::string& name, std::int32_t defaultDatum) {
     if (!WrongReference(name).empty()) return std::nullopt;
     const Pieces pieces = Split(name);
-    Reference reference{*SystemByName(pieces.system),
-                        pieces.datum ? *DatumByName(*pieces.datum) : defaultDatum};
+    Reference reference{.datum = pieces.datum ? *DatumByName(*pieces.datum) : defaultDatum,
+                        .system = *SystemByName(pieces.system)};
     if (pieces.parameters) reference.parameters = *ReadParameters(reference.system, *pieces.parameters);
     return reference;
 }
@@ -60,7 +59,7 @@ bool AreAlike(const Reference& one, const Reference& other) {
 CKoord DefaultRecord(const Reference& reference) {
     const IRef<ICoord> coord(CreateClassCoord());
     coord->SetReference(MakeReference(reference).Get());
-    CKoord record = KoordOf(coord.Get());
+    CKoord record = host::RecordOf(coord);
     StoreParameters(reference.parameters, &record);
     return record;
 }

@@ -11,8 +11,8 @@
 namespace tessara::toolkit {
 
 struct Reference {
-    std::int32_t system;
     std::int32_t datum;
+    std::int32_t system;
     Parameters parameters{};
 
     // As it is written on the command line: SYSTEM@DATUM, with the parameters that were given.

@@ -4,7 +4,6 @@
 #include <iterator>
 #include <utility>
 
-#include "conversion/coords.h"
 #include "conversion/numbers.h"
 #include "conversion/positions.h"
 #include "map/json_reader.h"
@@ -152,9 +151,9 @@ class ShapeReader {
         if (form_.datum == form_.mapDatum) return {longitude, latitude};
 
         const IRef<ICoord> degrees = DegreesCoord(latitude, longitude, form_.datum);
-        if (!degrees->SetReference(MakeReference({KOORD_GEODEZ, form_.mapDatum}).Get()))
+        if (!degrees->SetReference(MakeReference({.datum = form_.mapDatum, .system = KOORD_GEODEZ}).Get()))
             value.Fail("the position has no place on the map's datum");
-        const auto shifted = Load<GeodezPayload>(KoordOf(degrees.Get()));
+        const auto shifted = Load<GeodezPayload>(host::RecordOf(degrees));
         return {longitude + std::remainder(shifted.longitude - longitude, TURN), shifted.latitude};
     }
 

@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 #include <numbers>
 
-#include "conversion/coords.h"
 #include "conversion/numbers.h"
 #include "conversion/positions.h"
 #include "map/geojson_shapes.h"
@@ -74,8 +73,9 @@ Json WindowOf(double left, double top, double rows) {
 // The grid values of the middle, in UTM or UPS; nothing where the system has none.
 std::optional<tagKOORD> GridAt(const Surroundings& around, std::int32_t system) {
     const IRef<ICoord> coord = DegreesCoord(around.latitude, around.longitude, DATUM_WGS84);
-    if (!coord->SetReference(MakeReference({system, DATUM_WGS84}).Get())) return std::nullopt;
-    return KoordOf(coord.Get());
+    if (!coord->SetReference(MakeReference({.datum = DATUM_WGS84, .system = system}).Get()))
+        return std::nullopt;
+    return host::RecordOf(coord);
 }
 
 double WholeCentimetres(double metres) {
@@ -275,7 +275,7 @@ Reach ReachOf(const LayerFile& file) {
     std::vector<std::string> problems;
     const auto addSites = [&reach](const std::vector<Site>& sites) {
         for (const Site& site : sites) {
-            const auto degrees = Load<GeodezPayload>(KoordOf(site.coord.Get()));
+            const auto degrees = Load<GeodezPayload>(host::RecordOf(site.coord));
             reach.Add({degrees.longitude, degrees.latitude});
         }
     };

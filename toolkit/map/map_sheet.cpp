@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "conversion/coords.h"
-
 namespace tessara::toolkit {
 namespace {
 
@@ -31,7 +29,7 @@ IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
 }
 
 GeodezPayload DegreesIn(const IRef<ICoord>& coord) {
-    return Load<GeodezPayload>(KoordOf(coord.Get()));
+    return Load<GeodezPayload>(host::RecordOf(coord));
 }
 
 bool IsPixelCoord(ICoord* coord) {
@@ -119,7 +117,7 @@ std::optional<double> MapSheet::NorthAt(const PicturePoint& point) const {
 
 IRef<ICoord> MapSheet::EmptyDegrees() const {
     IRef<ICoord> coord(CreateClassCoord());
-    coord->SetReference(MakeReference({KOORD_GEODEZ, datum_}).Get());
+    coord->SetReference(MakeReference({.datum = datum_, .system = KOORD_GEODEZ}).Get());
     return coord;
 }
 

@@ -2,7 +2,6 @@
 
 #include <sstream>
 
-#include "conversion/coords.h"
 #include "conversion/names.h"
 #include "conversion/positions.h"
 #include "lines/columns.h"
@@ -22,7 +21,7 @@ IRef<ICoord> ReadDegrees(const JsonValue& value, std::int32_t datum) {
 IRef<ICoord> ReadPixelCoord(const JsonValue& value, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_FLOATPIXEL);
     Store(record, ReadPixel(value));
-    return CoordOf(record);
+    return host::CoordOf(record);
 }
 
 IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
@@ -30,7 +29,7 @@ IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
     const std::string north = object.Required("north").Text();
     const TypedResult read = reader.Read(north, object.Required("east").Text());
     if (!read.IsRead()) object.Fail(read.fault.reason);
-    return CoordOf(read.readings.front().record);
+    return host::CoordOf(read.readings.front().record);
 }
 
 IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
@@ -74,7 +73,7 @@ SiteLine ReadTextLine(const std::string& text, const TypedReader& reader) {
     if (columns.size() < 2) return {std::nullopt, "expected a north and an east text, found one column"};
     const TypedResult read = reader.Read(columns[0], columns[1]);
     if (!read.IsRead()) return {std::nullopt, read.fault.reason};
-    IRef<ICoord> coord = CoordOf(read.readings.front().record);
+    IRef<ICoord> coord = host::CoordOf(read.readings.front().record);
     return {Site{std::move(coord), columns.size() > 2 ? RepairUtf8(Trim(columns[2])) : "", {}}, {}};
 }
 
@@ -118,7 +117,7 @@ FloatPixelPayload ReadPixel(const JsonValue& value) {
 IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);
     Store(record, GeodezPayload{latitude, longitude, 0.0});
-    return CoordOf(record);
+    return host::CoordOf(record);
 }
 
 Site ReadSite(const JsonValue& value, std::int32_t mapDatum) {

@@ -283,7 +283,7 @@ Fault ReadAngles(const Tokens& tokens, std::int32_t datum, Reading* reading) {
     if (wrong.IsThere()) return wrong;
 
     reading->record = MakeRecord(first, second, datum);
-    reading->reference = {static_cast<std::int32_t>(reading->record.type), datum};
+    reading->reference = {.datum = datum, .system = static_cast<std::int32_t>(reading->record.type)};
     reading->northResolution = first.Resolution();
     reading->eastResolution = second.Resolution();
     return {};

@@ -86,8 +86,8 @@ bool HasZones(const tagKOORD& record) {
 
 // Of a position that converts and that the checker refuses all the same.
 Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
-    tagKOORD natural =
-        DefaultRecord({static_cast<std::int32_t>(record.type), static_cast<std::int32_t>(record.datum)});
+    tagKOORD natural = DefaultRecord(
+        {.datum = static_cast<std::int32_t>(record.datum), .system = static_cast<std::int32_t>(record.type)});
     const KoordStatus status = KoordConvert(&degrees, &natural);
     if (status != KOORD_OK) return FaultOf(status);
     if (HasZones(record) && ZoneOf(natural) != ZoneOf(record))
@@ -121,7 +121,7 @@ tagKOORD Moved(const tagKOORD& record, double east, double north) {
 // The grid position of a reference in its own zone.
 tagKOORD UtmOf(const tagKOORD& reference, const tagKOORD& degrees) {
     const auto datum = static_cast<std::int32_t>(reference.datum);
-    CKoord utm = DefaultRecord({KOORD_UTM, datum});
+    CKoord utm = DefaultRecord({.datum = datum, .system = KOORD_UTM});
     auto p = Load<UtmPayload>(utm);
     p.wantedZone = Load<UtmrefPayload>(reference).zone;
     Store(utm, p);

@@ -29,7 +29,7 @@ double StepOf(int digits) {
 
 // In the zone of the position, whether it is wanted or natural.
 Reference UtmOf(const Reference& target) {
-    Reference utm{KOORD_UTM, target.datum};
+    Reference utm{.datum = target.datum, .system = KOORD_UTM};
     for (const Parameter& parameter : target.parameters) {
         if (const auto zone = WantedZone(KOORD_UTM, static_cast<std::int32_t>(parameter.value)))
             utm.parameters.push_back(*zone);

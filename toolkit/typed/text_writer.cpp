@@ -4,9 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "conversion/coords.h"
 #include "conversion/fields.h"
-#include "lines/utf8.h"
 #include "tessara/host/text.h"
 
 namespace tessara::toolkit {
@@ -61,7 +59,7 @@ std::vector<std::string> TextWriter::Write(const CKoord& record, const CKoord& s
                        static_cast<std::int32_t>(p.northing), DisplayedDigits());
         return {text, text};
     }
-    if (!string_->SetCoord(CoordOf(record).Get())) return {};
+    if (!string_->SetCoord(host::CoordOf(record).Get())) return {};
     if (style_.northResolution) string_->SetNorthPrecision(*style_.northResolution);
     if (style_.eastResolution) string_->SetEastPrecision(*style_.eastResolution);
     if (target_.system == KOORD_ECEF) return CartesianText();
@@ -83,7 +81,7 @@ std::string TextWriter::LibraryText(bool isNorth) const {
         isNorth ? &ICoordinateString::GetNorthDisplayText : &ICoordinateString::GetEastDisplayText;
     // A failed display leaves the plain text, or an empty one.
     (string_.Get()->*(style_.isDisplay ? display : plain))(text_.Get());
-    return Latin1ToUtf8(text_->GetText());
+    return host::ToUtf8(text_);
 }
 
 std::vector<std::string> TextWriter::CartesianText() const {

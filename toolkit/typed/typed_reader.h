@@ -1,6 +1,6 @@
 // Reads positions as people type them, and says what they mean or which piece is wrong and why.
 //
-//     TypedReader reader({.reference = {NO_SYSTEM, DATUM_WGS84}});
+//     TypedReader reader({.reference = {.datum = DATUM_WGS84, .system = NO_SYSTEM}});
 //     const TypedResult result = reader.Read("32U PU 916 348");
 //
 // A text is consumed whole or refused. What it may mean in two ways is refused with both; what the program
@@ -23,7 +23,7 @@ namespace tessara::toolkit {
 struct Wanted {
     // With NO_SYSTEM any system that can be told from the text: degrees, UTM, UPS, military references,
     // GEOREF, and squares of the British and Irish grids.
-    Reference reference{NO_SYSTEM, DATUM_WGS84};
+    Reference reference{.datum = DATUM_WGS84, .system = NO_SYSTEM};
     // Of two bare numbers in one text. Without it the order that gives a position counts, if only one does.
     Order order = Order::Unknown;
 };

@@ -26,7 +26,8 @@ KoordStatus FactorsAt(const PreparedConversion& conversion, double latitude, dou
 py::list Factors(const std::vector<py::ssize_t>& shape, const py::array_t<double>& latitudes,
                  const py::array_t<double>& longitudes, const std::string& datum, const std::string& system,
                  std::optional<std::int32_t> zone, const std::string& errors) {
-    const PreparedConversion conversion({KOORD_GEODEZ, DatumOf(datum)}, ReferenceOf(system), zone);
+    const PreparedConversion conversion({.datum = DatumOf(datum), .system = KOORD_GEODEZ},
+                                        ReferenceOf(system), zone);
     if (!Grid_HasFactors(conversion.To().system))
         throw std::invalid_argument(system + " is no conformal grid");
     InputArrays inputs(shape);

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "conversion/coords.h"
 #include "record_fields.h"
 
 namespace tessara::python {
@@ -12,14 +11,14 @@ namespace {
 
 // Degrees on the datum; NaN where there are none.
 GeodezPayload DegreesOf(ICoord* coord, std::int32_t datum, IMapCoordOperations* map) {
-    const IRef<ICoord> degrees = EmptyCoord({KOORD_GEODEZ, datum});
+    const IRef<ICoord> degrees = EmptyCoord({.datum = datum, .system = KOORD_GEODEZ});
     const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
-    const auto type = static_cast<std::int32_t>(toolkit::KoordOf(coord).type);
+    const auto type = static_cast<std::int32_t>(host::RecordOf(coord).type);
     const bool isThere = toolkit::IsPixel(type)
                              ? map != nullptr && map->PixelCoordToCoord(coord, degrees.Get())
                              : transfer->Transfer(coord, degrees.Get());
     if (!isThere) return {std::nan(""), std::nan(""), 0.0};
-    return Load<GeodezPayload>(toolkit::KoordOf(degrees.Get()));
+    return Load<GeodezPayload>(host::RecordOf(degrees));
 }
 
 }  // namespace
@@ -78,7 +77,7 @@ py::list LinesOf(IArray* lines, std::int32_t datum) {
 }
 
 py::tuple FieldsOf(ICoord* coord) {
-    const tagKOORD record = toolkit::KoordOf(coord);
+    const tagKOORD record = host::RecordOf(coord);
     py::list values;
     for (const OutputField& field : System_Outputs(static_cast<std::int32_t>(record.type)))
         values.append(ValueOf(field, record));

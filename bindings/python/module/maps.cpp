@@ -6,15 +6,14 @@
 #include <stdexcept>
 
 #include "columns.h"
-#include "conversion/coords.h"
 #include "conversion/names.h"
+#include "drawing/map_grid_lines.h"
+#include "drawing/map_page.h"
 #include "errors.h"
 #include "lines.h"
 #include "map/layer_files.h"
 #include "map/map_description.h"
-#include "map/map_grid_lines.h"
 #include "map/map_grids.h"
-#include "map/map_page.h"
 #include "map/map_sheet.h"
 #include "module.h"
 #include "reference.h"
@@ -69,11 +68,11 @@ class Map {
     [[nodiscard]] py::list Places(const std::vector<py::ssize_t>& shape, const py::array_t<double>& columns,
                                   const py::array_t<double>& rows, const std::string& datum,
                                   const std::string& errors) const {
-        const toolkit::Reference degrees{KOORD_GEODEZ, DatumOf(datum)};
+        const toolkit::Reference degrees{.datum = DatumOf(datum), .system = KOORD_GEODEZ};
         const auto placeOf = [&](double column, double row, PixelPair* place) {
             const IRef<ICoord> coord = EmptyCoord(degrees);
             if (!sheet_.Map()->FloatPixelToCoord(column, row, coord.Get())) return false;
-            const auto found = Load<GeodezPayload>(toolkit::KoordOf(coord.Get()));
+            const auto found = Load<GeodezPayload>(host::RecordOf(coord));
             if (!std::isfinite(found.latitude) || !std::isfinite(found.longitude)) return false;
             *place = {found.latitude, found.longitude};
             return true;
@@ -86,8 +85,8 @@ class Map {
                                  const std::string& datum) const {
         const toolkit::Reference reference = ReferenceOf(system);
         if (!toolkit::HasGrid(reference.system)) throw std::invalid_argument(system + " has no grid lines");
-        if (IsTooFine(reference, toolkit::Axis::EAST, eastStep) ||
-            IsTooFine(reference, toolkit::Axis::NORTH, northStep))
+        if (IsTooFine(reference, toolkit::Axis::East, eastStep) ||
+            IsTooFine(reference, toolkit::Axis::North, northStep))
             throw std::invalid_argument("the window has more than " + std::to_string(toolkit::MOST_LINES) +
                                         " lines with these steps");
         const IRef<ICoordinateGrid> grid = toolkit::MakeGrid(sheet_, reference, eastStep, northStep);

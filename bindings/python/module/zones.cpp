@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "columns.h"
-#include "conversion/coords.h"
 #include "conversion/names.h"
 #include "errors.h"
 #include "lines.h"
@@ -51,7 +50,7 @@ class ZoneFinder {
     [[nodiscard]] double Longitude(Neighbour neighbour, const IRef<ICoord>& coord) const {
         const IRef<ICoord> there(CreateClassCoord());
         if (!(zones_.Get()->*neighbour)(coord.Get(), there.Get())) return std::nan("");
-        const tagKOORD record = toolkit::KoordOf(there.Get());
+        const tagKOORD record = host::RecordOf(there);
         tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);
         if (KoordConvert(&record, &degrees) != KOORD_OK) return std::nan("");
         return Load<GeodezPayload>(degrees).longitude;

@@ -243,7 +243,7 @@ TEST(TextWriter, TextsThatExplainThemselvesAreReadAsAnySystem) {
                                  reference.system == KOORD_UPS;
         if (!isExplained) continue;
         const TextWriter writer(reference, {});
-        const TypedReader reader({{NO_SYSTEM, reference.datum}, Order::Unknown});
+        const TypedReader reader({{.datum = reference.datum, .system = NO_SYSTEM}, Order::Unknown});
         for (const Drawn& drawn : Draw(area)) {
             const std::vector<std::string> texts = writer.Write(drawn.record, drawn.degrees);
             SCOPED_TRACE(reference.Name() + ": " + Joined(texts, " | "));
@@ -262,7 +262,7 @@ TEST(ReferenceWriter, RoundsOrTruncates) {
     Store(degrees, GeodezPayload{48.1375, 11.5755, 0.0});
     const auto textOf = [&](int digits, bool isTruncated) {
         std::string text;
-        const ReferenceWriter writer({KOORD_UTMREF, DATUM_WGS84}, {digits, isTruncated});
+        const ReferenceWriter writer({.datum = DATUM_WGS84, .system = KOORD_UTMREF}, {digits, isTruncated});
         EXPECT_EQ(writer.Write(CKoord(degrees), &text), KOORD_OK);
         return text;
     };

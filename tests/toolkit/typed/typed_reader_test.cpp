@@ -25,7 +25,7 @@ struct Typed {
 };
 
 TypedReader ReaderOf(const std::string& wanted, Order order = Order::Unknown) {
-    if (wanted.empty()) return TypedReader({{NO_SYSTEM, DATUM_WGS84}, order});
+    if (wanted.empty()) return TypedReader({{.datum = DATUM_WGS84, .system = NO_SYSTEM}, order});
     return TypedReader({*ReferenceByName(wanted, DATUM_WGS84), order});
 }
 

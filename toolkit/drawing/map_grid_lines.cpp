@@ -1,0 +1,220 @@
+#include "drawing/map_grid_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "drawing/clipping.h"
+#include "drawing/map_drawing.h"
+#include "drawing/map_extent.h"
+
+namespace tessara::toolkit {
+namespace {
+
+constexpr double HALF_TURN = 180.0;
+constexpr double RADIANS_PER_DEGREE = std::numbers::pi / 180.0;
+constexpr double LEAST_METRES_PER_DEGREE = 1e5;  // a tenth less than on any ellipsoid
+constexpr double PIECE = 5.0;                    // degrees; of a line that is drawn in pieces
+constexpr int MOST_HALVINGS = 6;
+constexpr int HALVINGS_TO_AN_END = 16;
+constexpr double SHORTEST_LINE = 1.0;  // picture units
+constexpr double SLACK = 1e-9;         // of rounding, in steps
+
+constexpr std::size_t POINTS_OF_A_FAILURE = 10;  // what a piece takes that isn't on the map, roughly
+
+// The pole is a line of equal north value, too.
+bool IsSeen(const Polyline& piece) {
+    return std::any_of(piece.begin(), piece.end(), [&](const PicturePoint& point) {
+        return std::hypot(point.x - piece.front().x, point.y - piece.front().y) >= SHORTEST_LINE;
+    });
+}
+
+// Adds the points of chains to parts, of which the last goes on. Between a point that the map shows and one
+// that it doesn't, the part goes on to where it ends.
+class PartWriter {
+  public:
+    PartWriter(const MapSheet& sheet, std::vector<Polyline>* parts) : sheet_(sheet), parts_(*parts) {}
+
+    void Append(IArray* chain) {
+        IRef<ICoord> last;
+        bool isLastShown = false;
+        for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
+            const IRef<ICoord> coord(chain->GetAt(i));
+            const auto at = sheet_.ShownPointOf(coord.Get());
+            const bool isShown = at.has_value();
+            if (last.IsValid() && isShown && !isLastShown) Add(EndOfShown(coord, last));
+            if (last.IsValid() && !isShown && isLastShown) Add(EndOfShown(last, coord));
+            if (isShown) {
+                Add(at);
+            } else {
+                parts_.emplace_back();
+            }
+            last = coord;
+            isLastShown = isShown;
+        }
+    }
+
+  private:
+    void Add(const std::optional<PicturePoint>& at) {
+        if (at && (parts_.back().empty() || !(parts_.back().back() == *at))) parts_.back().push_back(*at);
+    }
+
+    [[nodiscard]] std::optional<PicturePoint> EndOfShown(IRef<ICoord> shown, IRef<ICoord> hidden) const {
+        const IRef<ICoordinateAverage> average(CreateClassCoordinateAverage());
+        for (int i = 0; i < HALVINGS_TO_AN_END; ++i) {
+            const IRef<ICoord> middle(CreateClassCoord());
+            if (!average->Average(shown.Get(), hidden.Get(), middle.Get())) break;
+            (sheet_.ShownPointOf(middle.Get()) ? shown : hidden) = middle;
+        }
+        return sheet_.ShownPointOf(shown.Get());
+    }
+
+    const MapSheet& sheet_;
+    std::vector<Polyline>& parts_;
+};
+
+std::vector<Polyline> Clip(const MapSheet& sheet, const std::vector<Polyline>& parts) {
+    std::vector<Polyline> pieces;
+    for (const Polyline& part : parts) {
+        for (Polyline& piece : ClipToFrame(part, sheet.Width(), sheet.Height())) {
+            if (IsSeen(piece)) pieces.push_back(std::move(piece));
+        }
+    }
+    return pieces;
+}
+
+bool HasZones(const Reference& reference) {
+    const IRef<ICoord> coord(CreateClassCoord());
+    coord->SetReference(MakeReference(reference).Get());
+    return IRef<IZoneCoordOperations>(CreateClassZoneCoordOperations())->HasZones(coord.Get());
+}
+
+double DegreesAcross(const Extent& extent, Axis axis) {
+    return axis == Axis::East ? extent.east - extent.west : extent.north - extent.south;
+}
+
+// At least, in metres along the widest parallel or along a meridian.
+double MetresAcross(const Extent& extent, Axis axis) {
+    const double metres = DegreesAcross(extent, axis) * LEAST_METRES_PER_DEGREE;
+    if (axis == Axis::North) return metres;
+    const double widest = std::clamp(0.0, extent.south, std::max(extent.south, extent.north));
+    return metres * std::max(0.0, std::cos(widest * RADIANS_PER_DEGREE));
+}
+
+// At least, in units of the system.
+double WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
+    const bool isEast = axis == Axis::East;
+    if (IsPixel(reference.system)) return isEast ? sheet.MapWindow().Width() : sheet.MapWindow().Height();
+    const bool isInDegrees = IsDegrees(reference.system) || reference.system == KOORD_GEOREF;
+    if (isInDegrees || HasZones(reference)) {
+        const std::optional<Extent> extent = ExtentOf(sheet, reference.datum);
+        if (!extent) return 0.0;
+        return isInDegrees ? DegreesAcross(*extent, axis) : MetresAcross(*extent, axis);
+    }
+    const std::optional<Extremes> extremes = ExtremesOf(sheet, reference);
+    if (!extremes) return 0.0;
+    return isEast ? IRef<ICoordInternal>(extremes->west)->EastDifference(extremes->east.Get())
+                  : IRef<ICoordInternal>(extremes->south)->NorthDifference(extremes->north.Get());
+}
+
+class GraticuleLine {
+  public:
+    GraticuleLine(const MapSheet& sheet, const Reference& reference, PointBudget* budget)
+        : sheet_(sheet), reference_(reference), lines_(CreateClassLinePoints()), budget_(*budget) {
+        lines_->SetPixelTolerance(LINE_TOLERANCE / sheet.Zoom());
+    }
+
+    // From one end to the other, in degrees of the other axis.
+    [[nodiscard]] GridLine Draw(Axis axis, double value, double from, double to) const {
+        std::vector<Polyline> parts(1);
+        const double count = std::max(1.0, std::ceil((to - from) / PIECE));
+        for (double i = 0.0; i < count; ++i)
+            AddPiece(axis, value, from + (to - from) * (i / count), from + (to - from) * ((i + 1.0) / count),
+                     MOST_HALVINGS, &parts);
+        return {At(axis, value, from), At(axis, value, to), Clip(sheet_, parts)};
+    }
+
+  private:
+    // Of a piece that isn't on the map as a whole the parts that are.
+    void AddPiece(Axis axis, double value, double from, double to, int halvings,
+                  std::vector<Polyline>* parts) const {
+        if (budget_.IsSpent()) return;
+        const IRef<IArray> chain(CreateClassArray());
+        if (lines_->DensifyCoordStraight(sheet_.Map(), At(axis, value, from).Get(), At(axis, value, to).Get(),
+                                         chain.Get())) {
+            budget_.Take(chain->GetCount());
+            PartWriter(sheet_, parts).Append(chain.Get());
+            return;
+        }
+        budget_.Take(POINTS_OF_A_FAILURE);
+        if (halvings > 0) {
+            const double middle = (from + to) / 2.0;
+            AddPiece(axis, value, from, middle, halvings - 1, parts);
+            AddPiece(axis, value, middle, to, halvings - 1, parts);
+        } else {
+            parts->emplace_back();
+        }
+    }
+
+    [[nodiscard]] IRef<ICoord> At(Axis axis, double value, double other) const {
+        IRef<ICoord> coord = axis == Axis::East ? DegreesCoord(other, value, reference_.datum)
+                                                : DegreesCoord(value, other, reference_.datum);
+        coord->SetReference(MakeReference(reference_).Get());
+        return coord;
+    }
+
+    const MapSheet& sheet_;
+    Reference reference_;
+    IRef<ILinePoints> lines_;
+    PointBudget& budget_;
+};
+
+}  // namespace
+
+std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudget* budget) {
+    for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+        const IRef<IArray> points(lines->GetAt(i));
+        if (points.IsValid() && !budget->Take(points->GetCount())) return {};
+    }
+    std::vector<GridLine> placed;
+    for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+        const IRef<IArray> points(lines->GetAt(i));
+        if (!points.IsValid() || points->GetCount() < 2) continue;
+        std::vector<Polyline> parts(1);
+        PartWriter(sheet, &parts).Append(points.Get());
+        placed.push_back({IRef<ICoord>(points->GetAt(0)), IRef<ICoord>(points->GetAt(points->GetCount() - 1)),
+                          Clip(sheet, parts)});
+    }
+    return placed;
+}
+
+bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step) {
+    return WayAcross(sheet, reference, axis) > step * MOST_LINES;
+}
+
+bool IsGraticule(const MapSheet& sheet, const Reference& reference) {
+    if (!IsDegrees(reference.system)) return false;
+    const std::optional<Extent> extent = ExtentOf(sheet, reference.datum);
+    return extent && extent->east - extent->west > HALF_TURN;
+}
+
+std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const Reference& reference,
+                                                    Axis axis, double step, PointBudget* budget) {
+    const std::optional<Extent> whole = ExtentOf(sheet, reference.datum);
+    if (!whole) return std::nullopt;
+    const Extent extent = OnceAround(sheet, *whole);
+    const bool isEast = axis == Axis::East;
+    const double first = std::ceil((isEast ? extent.west : extent.south) / step - SLACK);
+    const double last = std::floor((isEast ? extent.east : extent.north) / step + SLACK);
+    if (!(last - first < MOST_LINES)) return std::nullopt;
+
+    const GraticuleLine line(sheet, reference, budget);
+    std::vector<GridLine> lines;
+    for (double i = first; i <= last && !budget->IsSpent(); ++i) {
+        const double from = isEast ? extent.south : extent.west;
+        lines.push_back(line.Draw(axis, i * step + 0.0, from, isEast ? extent.north : extent.east));
+    }
+    return lines;
+}
+
+}  // namespace tessara::toolkit

@@ -1,0 +1,13 @@
+// Layers become shapes and texts of the picture.
+#pragma once
+
+#include "drawing/map_drawing.h"
+#include "map/map_description.h"
+#include "map/map_sheet.h"
+
+namespace tessara::toolkit {
+
+// `gridIndex` counts the grids in the layers before it.
+[[nodiscard]] Drawing DrawLayer(const MapSheet& sheet, const Layer& layer, std::size_t gridIndex);
+
+}  // namespace tessara::toolkit
