@@ -18,6 +18,8 @@
 #include "lines/input_files.h"
 #include "map/map_around.h"
 #include "run/toolkit_names.h"
+#include "typed/judge.h"
+#include "typed/typed_reader.h"
 
 namespace tessara::program {
 namespace {
@@ -51,12 +53,13 @@ Examples:
   tessara map sheet.json -o sheet.svg
   tessara map sheet.json -o sheet.png --size 2000
   tessara map --around 48.1,11.6 --width 20km -o munich.svg
+  tessara map --around 32UPU9160234791 -o square.svg
   tessara map --preview tracks.geojson -o tracks.png
   tessara map - < sheet.json > sheet.svg)";
 
 struct Options {
     std::string description;
-    std::string around;   // LATITUDE,LONGITUDE
+    std::string around;   // a position as people type it
     std::string width;    // a length with its unit
     std::string preview;  // a file
     std::string output = "-";
@@ -86,20 +89,13 @@ std::optional<double> ParseLength(std::string_view text) {
     return std::nullopt;
 }
 
-std::optional<std::pair<double, double>> ParsePlace(std::string_view text) {
-    const std::size_t comma = text.find(',');
-    if (comma == std::string_view::npos) return std::nullopt;
-    std::string_view east = text.substr(comma + 1);
-    while (east.starts_with(' '))
-        east.remove_prefix(1);
-    const std::optional<double> latitude = ParseNumber(text.substr(0, comma));
-    const std::optional<double> longitude = ParseNumber(east);
-    if (!latitude || !longitude) return std::nullopt;
-    return std::pair(*latitude, *longitude);
+// Of two bare numbers the first is the latitude.
+TypedResult ReadPlace(const std::string& text) {
+    return TypedReader({.order = Order::NorthFirst}).Read(text);
 }
 
 std::string CheckPlace(const std::string& text) {
-    return ParsePlace(text) ? "" : "expected LATITUDE,LONGITUDE in degrees, such as 48.1,11.6";
+    return ReadPlace(text).fault.reason;
 }
 
 std::string CheckLength(const std::string& text) {
@@ -141,9 +137,11 @@ std::string LayerFileOf(const Options& options) {
 
 Source ReadSource(const Options& options) {
     if (!options.around.empty()) {
-        const auto [latitude, longitude] = ParsePlace(options.around).value_or(std::pair(0.0, 0.0));
+        GeodezPayload place{};
+        if (!DegreesOf(ReadPlace(options.around).readings.at(0).record, &place))
+            throw DescriptionError("the place has no latitude and longitude");
         const double width = ParseLength(options.width).value_or(0.0);
-        return {DescribeMapAround({latitude, longitude, width}), {}};
+        return {DescribeMapAround({place.latitude, place.longitude, width}), {}};
     }
     if (!options.preview.empty())
         return {DescribeMapOf(FilesIn({})(options.preview), LayerFileOf(options)), {}};
@@ -224,8 +222,9 @@ void AddMap(CLI::App& program, Action& action) {
     command->add_option("DESCRIPTION", options->description, "A JSON file; '-' is standard input");
     CLI::Option* const around = command
                                     ->add_option("--around", options->around,
-                                                 "Draws the surroundings of a place, in degrees on WGS84")
-                                    ->type_name("LAT,LON")
+                                                 "Draws the surroundings of a position in any form, such as "
+                                                 "48.1,11.6 or 32UPU9160234791, on WGS84")
+                                    ->type_name("POSITION")
                                     ->check(CLI::Validator(CheckPlace, ""));
     options->width = DEFAULT_WIDTH;
     command->add_option("--width", options->width, "How wide they are, in m or km")
