@@ -176,7 +176,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string rest = Rest(bytes);
     const auto open = [&rest](const std::string& name) { return toolkit::LayerFile{name, rest, {}}; };
     try {
-        const toolkit::MapPage page = DrawMapPage(ReadMapDescription(isAnyText ? rest : made, open), 200.0);
+        const toolkit::MapPage page =
+            toolkit::DrawMapPage(toolkit::ReadMapDescription(isAnyText ? rest : made, open), 200.0);
         Require(page.svg.find("nan") == std::string::npos && page.svg.find("inf") == std::string::npos);
     } catch (const toolkit::DescriptionError& error) {
         Require(*error.what() != '\0');

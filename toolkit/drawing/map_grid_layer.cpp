@@ -6,6 +6,7 @@
 
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "drawing/capped_array.h"
 #include "drawing/map_grid_labels.h"
 #include "drawing/map_grid_lines.h"
 #include "drawing/map_squares.h"
@@ -186,7 +187,7 @@ class GridDrawer {
         const double step = StepOf(grid, axis);
         if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step, budget);
         if (AreTooMany(sheet_, reference_, axis, step)) return std::nullopt;
-        const IRef<IArray> lines(CreateClassArray());
+        const IRef<IArray> lines(NewObject<CappedArray>(MOST_LINES + 1));
         const bool isComplete =
             axis == Axis::East ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
         if (lines->GetCount() > MOST_LINES) return std::nullopt;
