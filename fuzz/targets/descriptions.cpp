@@ -43,7 +43,7 @@ Json Place(ByteReader& bytes) {
 
 Json Places(ByteReader& bytes) {
     Json places = Json::array();
-    for (std::uint32_t count = bytes.Below(8); count > 0; --count)
+    for (std::uint32_t count = bytes.Below(5); count > 0; --count)
         places.push_back(Place(bytes));
     return places;
 }
@@ -151,7 +151,7 @@ Json Description(ByteReader& bytes) {
         const Json pixel = Json::array({bytes.Raw<std::int16_t>(), bytes.Raw<std::int16_t>()});
         description["reference"] = {{"pixel", pixel}, {"place", Place(bytes)}};
     }
-    for (std::uint32_t count = bytes.Below(4); count > 0; --count)
+    for (std::uint32_t count = bytes.Below(3); count > 0; --count)
         description["layers"].push_back(LayerOf(bytes));
     return description;
 }
