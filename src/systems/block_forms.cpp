@@ -12,13 +12,14 @@
 #include "kernel/utmref_squares.h"
 #include "systems/block_form.h"
 #include "systems/free_projections.h"
+#include "systems/not_a_number.h"
 #include "systems/reading.h"
 #include "tessara/kernel/zone_systems.h"
 
 namespace tessara {
 namespace {
 
-constexpr double NONE_WANTED = std::numeric_limits<double>::quiet_NaN();
+constexpr double NONE_WANTED = NOT_A_NUMBER;
 
 // A field of a record by its place: a payload that has just been written field by field isn't read as a
 // whole.
@@ -88,7 +89,7 @@ void StoreGeodez(const Block& block, std::span<tagKOORD> records) {
         if (block.IsSpecial(row)) continue;
         SET(records[row], GeodezPayload, latitude, block.latitude[row]);
         SET(records[row], GeodezPayload, longitude, block.longitude[row]);
-        SET(records[row], GeodezPayload, height, block.height[row]);
+        SET(records[row], GeodezPayload, height, WithOneNan(block.height[row]));
     }
 }
 

@@ -59,8 +59,9 @@ inline KoordStatus Conversion::Write(const double position[3], tagKOORD* target,
         if (verdict != KOORD_OK && verdict != KOORD_CHECK_AFTER) return verdict;
     }
     const KoordStatus status = to_->write(position, target_, target);
-    const bool isDone = status == KOORD_OK && to_->range.holdsOnceWritten;
-    if (verdict != KOORD_CHECK_AFTER || isDone) return status;
+    to_->numbers.GiveOneNan(target);
+    if (verdict != KOORD_CHECK_AFTER) return status;
+    if (status == KOORD_OK && to_->range.holdsOnceWritten) return status;
     verdict = to_->range.check(*target, *to_);
     return verdict == KOORD_OK ? status : verdict;
 }

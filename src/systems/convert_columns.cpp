@@ -4,17 +4,15 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
-#include <limits>
 
 #include "numerics/rounding.h"
 #include "systems/block_conversion.h"
 #include "systems/conversion.h"
+#include "systems/not_a_number.h"
 #include "systems/output_values.h"
 
 namespace tessara {
 namespace {
-
-constexpr double NOTHING = std::numeric_limits<double>::quiet_NaN();
 
 constexpr OutputField CONE_COLUMNS[]{
     {"easting", OutputKind::Metres, offsetof(LambertCCPayload, easting)},
@@ -241,7 +239,7 @@ class ColumnConversion {
         const Out heights(to_.height, first);
         if (heights.Exists()) {
             for (std::size_t row = 0; row < rows; ++row)
-                heights.Put(row, IsComplete(statuses_[row]) ? heights_[row] : NOTHING);
+                heights.Put(row, IsComplete(statuses_[row]) ? WithOneNan(heights_[row]) : NOT_A_NUMBER);
         }
         const Out statuses(to_.status, first);
         for (std::size_t row = 0; statuses.Exists() && row < rows; ++row)
@@ -254,7 +252,7 @@ class ColumnConversion {
         double* const all = numbers != nullptr ? numbers : ownNumbers;
         for (std::size_t row = 0; row < rows; ++row) {
             if (numbers != nullptr && !block_.IsSpecial(row)) continue;
-            all[row] = IsComplete(statuses_[row]) ? OutputValue(results_[row], field) : NOTHING;
+            all[row] = IsComplete(statuses_[row]) ? OutputValue(results_[row], field) : NOT_A_NUMBER;
         }
         column.PutNumbers(rows, all);
     }

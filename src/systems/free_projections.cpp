@@ -21,16 +21,6 @@ KoordStatus RefuseToWrite(const double* /*position*/, const Projection& /*projec
     return KOORD_ERR_TYPE;
 }
 
-void GEODEZ_ToGeodetic(const GeodezPayload* payload, double* position) {
-    position[0] = payload->latitude;
-    position[1] = payload->longitude;
-    position[2] = payload->height;
-}
-
-void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload) {
-    *payload = {position[0], position[1], position[2]};
-}
-
 KoordStatus VDG_ReadPayload(const VdgPayload* payload, double* latLon, std::int32_t datum) {
     return VDG_ToGeodetic(payload, datum, latLon);
 }

@@ -15,8 +15,16 @@ KoordStatus RefuseToWrite(const double* position, const Projection& projection, 
 
 TmParams ParamsOf(const TmPayload& p);
 
-void GEODEZ_ToGeodetic(const GeodezPayload* payload, double* position);
-void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload);
+inline void GEODEZ_ToGeodetic(const GeodezPayload* payload, double* position) {
+    position[0] = payload->latitude;
+    position[1] = payload->longitude;
+    position[2] = payload->height;
+}
+
+inline void GEODEZ_FromGeodetic(const double* position, GeodezPayload* payload) {
+    *payload = {position[0], position[1], position[2]};
+}
+
 KoordStatus VDG_ReadPayload(const VdgPayload* payload, double* latLon, std::int32_t datum);
 
 KoordStatus ECEF_Read(const tagKOORD& source, const Projection& projection, double* position);

@@ -11,6 +11,7 @@
 
 #include "kernel/grid_factors.h"
 #include "systems/block_form.h"
+#include "systems/not_a_number.h"
 #include "systems/projection.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
@@ -168,6 +169,7 @@ struct SystemRow {
     // The number of bytes at the start of the payload that describe the projection and are inputs of a
     // conversion.
     std::uint8_t parameterBytes = 0;
+    Numbers numbers{};
 
     const BlockForm* blocks = nullptr;  // how many records at once are converted; null for one by one
 

@@ -30,6 +30,11 @@ namespace {
 #define LETTERS(name, Struct, first, count) \
     { name, OutputKind::Letters, static_cast<std::uint8_t>(offsetof(Struct, first)), count }
 
+#define NUMBERS2(Struct, first, second) \
+    { offsetof(Struct, first), offsetof(Struct, second) }
+#define NUMBERS3(Struct, first, second, third) \
+    { offsetof(Struct, first), offsetof(Struct, second), offsetof(Struct, third) }
+
 template <class Payload>
 constexpr PayloadBytes Default(const Payload& payload) {
     const auto bytes = std::bit_cast<std::array<std::byte, sizeof(Payload)>>(payload);
@@ -82,6 +87,7 @@ constexpr SystemRow Austrian(std::int32_t type, double firstCentre, double centr
                   .east = Either(KOORD_ERR_AT_LON),
                   .north = Either(KOORD_ERR_AT_LAT)},
         .limits = AUSTRIAN_LIMITS,
+        .numbers = NUMBERS2(BmnPayload, easting, northing),
         .form = Form::Zoned,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -127,6 +133,7 @@ constexpr SystemRow Strips(std::int32_t type, ZoneRule rule, double halfWidth, c
                   .east = Either(KOORD_ERR_GK_EAST),
                   .north = Either(KOORD_ERR_GK_LAT)},
         .limits = limits,
+        .numbers = NUMBERS2(GkPayload, easting, northing),
         .form = Form::Zoned,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -161,6 +168,7 @@ constexpr SystemRow Grid(std::int32_t type, const Limits& limits, double easting
         .type = type,
         .range = {.test = RangeTest::After, .check = CheckGrid},
         .limits = limits,
+        .numbers = NUMBERS2(GridPayload, easting, northing),
         .form = Form::Values,
         .hasMidpoint = true,
         .neighborStep = 1.0,
@@ -280,6 +288,7 @@ constexpr SystemRow Utm() {
         .read = Read<UTM_ToGeodetic>,
         .write = Write<UTM_FromGeodetic>,
         .limits = UTM_LIMITS,
+        .numbers = NUMBERS2(UtmPayload, easting, northing),
         .blocks = &UTM_BLOCKS,
         .form = Form::Zoned,
         .hasMidpoint = true,
@@ -362,6 +371,7 @@ constexpr SystemRow Geodez() {
         .read = Read<GEODEZ_ToGeodetic>,
         .write = Write<GEODEZ_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
+        .numbers = NUMBERS3(GeodezPayload, latitude, longitude, height),
         .blocks = &GEODEZ_BLOCKS,
         .form = Form::Values,
         .unit = Unit::Degree,
@@ -389,6 +399,7 @@ constexpr SystemRow Geograd() {
         .read = Read<GEOGRAD_ToGeodetic>,
         .write = Write<GEOGRAD_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
+        .numbers = NUMBERS2(P, latSeconds, lonSeconds),
         .form = Form::Parts,
         .unit = Unit::Degree,
         .wraps = true,
@@ -499,6 +510,7 @@ constexpr SystemRow Ecef() {
         .range = {.test = RangeTest::After, .holdsOnceWritten = true, .check = AcceptRecord},
         .read = ECEF_Read,
         .write = ECEF_Write,
+        .numbers = NUMBERS3(EcefPayload, x, y, z),
         .blocks = &ECEF_BLOCKS,
         .form = Form::Cartesian,
         .hasMidpoint = true,
@@ -521,6 +533,7 @@ constexpr SystemRow GeodezMin() {
         .read = Read<GEODEZMIN_ToGeodetic>,
         .write = Write<GEODEZMIN_FromGeodetic>,
         .limits = GEOGRAPHIC_LIMITS,
+        .numbers = NUMBERS3(P, latMinutes, lonMinutes, height),
         .form = Form::Parts,
         .unit = Unit::Degree,
         .wraps = true,
@@ -578,6 +591,7 @@ constexpr SystemRow Ups() {
         .range = {.test = RangeTest::BeforePolar, .check = CheckUps},
         .read = Read<UPS_ToGeodetic>,
         .write = Write<UPS_FromGeodetic>,
+        .numbers = NUMBERS2(UpsPayload, easting, northing),
         .blocks = &UPS_BLOCKS,
         .form = Form::Polar,
         .hasMidpoint = true,
@@ -617,6 +631,7 @@ constexpr SystemRow Tm() {
         .read = TM_Read,
         .write = TM_Write,
         .parameterBytes = offsetof(P, easting),
+        .numbers = NUMBERS2(P, easting, northing),
         .blocks = &TM_BLOCKS,
         .form = Form::Values,
         .neighborStep = 1.0,
@@ -644,6 +659,7 @@ constexpr SystemRow Vdg() {
         .read = Read<VDG_ReadPayload>,
         .write = Write<VDG_FromGeodetic>,
         .parameterBytes = offsetof(P, x),
+        .numbers = NUMBERS2(P, x, y),
         .form = Form::Values,
         .wraps = true,
         .hasMidpoint = true,
@@ -704,6 +720,7 @@ constexpr SystemRow LambertCc() {
         .read = LAMBERTCC_Read,
         .write = LAMBERTCC_Write,
         .parameterBytes = offsetof(LambertCCPayload, easting),
+        .numbers = NUMBERS2(LambertCCPayload, easting, northing),
         .factors = LAMBERTCC_RecordFactors,
     };
 }
@@ -711,6 +728,8 @@ constexpr SystemRow LambertCc() {
 #undef FIELD
 #undef OUTPUT
 #undef LETTERS
+#undef NUMBERS2
+#undef NUMBERS3
 
 constexpr std::array<SystemRow, KOORD_TYPE_COUNT> ROWS{
     LongPixel(),  FloatPixel(), Utm(), Utmref(), Geodez(),    Geograd(), Georef(), Gk(),

@@ -57,7 +57,7 @@ constexpr Home HOMES[] = {
     {KOORD_LAMBERTCC, "LAMBERTCC", 2, 20.0, 85.0, -60.0, 80.0},
 };
 
-// FNV-1a, by words. All that isn't a number counts the same: its bits are the processor's.
+// FNV-1a, by words.
 class Digest {
   public:
     template <class Value>
@@ -66,7 +66,13 @@ class Digest {
         std::uint64_t words[sizeof value / sizeof(std::uint64_t)];
         std::memcpy(words, &value, sizeof value);
         for (const std::uint64_t word : words)
-            state_ = (state_ ^ (std::isnan(std::bit_cast<double>(word)) ? 0 : word)) * 0x100000001B3;
+            state_ = (state_ ^ word) * 0x100000001B3;
+    }
+
+    // What isn't a number counts the same: its bits are the processor's.
+    void Add(const GeodesicResult& result) {
+        for (const double value : {result.latitude, result.longitude, result.backAzimuth})
+            Add(std::isnan(value) ? std::uint64_t{0} : std::bit_cast<std::uint64_t>(value));
     }
 
     [[nodiscard]] unsigned long long Value() const { return state_; }

@@ -357,7 +357,6 @@ class Table {
 };
 
 void Put(char* at, double number) {
-    if (std::isnan(number)) number = NAN;  // whichever
     std::memcpy(at, &number, sizeof number);
 }
 
@@ -416,15 +415,6 @@ void ExpectColumnsAsSingleCalls(testing::Random& random, const tagKOORD& source,
         Table found(count);
         const TargetColumns to = found.Targets(targetFields.size());
         ConvertColumns(&source, &from, &target, &to, count, check, set);
-        for (std::size_t row = 0; row < count; ++row) {
-            for (std::size_t i = 0; i <= Table::HEIGHT; ++i) {
-                const bool isNumber = i == Table::HEIGHT || (i < targetFields.size() &&
-                                                             targetFields[i].kind != OutputKind::Letters);
-                double number;
-                std::memcpy(&number, found.At(row, i), sizeof number);
-                if (isNumber) Put(found.At(row, i), number);
-            }
-        }
         ASSERT_TRUE(found == expected);
     }
 }

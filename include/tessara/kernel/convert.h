@@ -39,6 +39,10 @@ KoordStatus KoordConvert(const tagKOORD* source, tagKOORD* target);
 // is KOORD_ERR_GENERAL. A failure in reading the source leaves the target unchanged; a later one may leave
 // it partly written.
 //
+// Every NaN of a result is the positive quiet one, 0x7FF8000000000000. It comes with KOORD_OK, too, where a
+// position has no place in the target's system and nothing is tested: in a TM target at latitudes of 90
+// degrees and more, in other grids if `checkRange` isn't 1, and wherever the source has a NaN.
+//
 // UTMREF and GEOREF are rounded where other libraries truncate, and longitudes on the border of two zones
 // that are 0 or negative belong to the western zone: utmref.h, georef.h and zone_systems.h have the details.
 KoordStatus KoordConvertEx(const tagKOORD* source, tagKOORD* target, std::int32_t checkRange);

@@ -1,0 +1,13 @@
+#include "systems/not_a_number.h"
+
+namespace tessara {
+
+void Numbers::Replace(tagKOORD* record) const {
+    if (!exist_) return;
+    for (std::size_t number = 0; number < offsets_.size(); ++number) {
+        const double value = WithOneNan(At(*record, number));
+        std::memcpy(record->payload + offsets_[number], &value, sizeof value);
+    }
+}
+
+}  // namespace tessara
