@@ -5,6 +5,7 @@
 
 #include "columns.h"
 #include "lines.h"
+#include "map/map_sites.h"
 #include "module.h"
 #include "reference.h"
 
@@ -52,7 +53,7 @@ py::array PointInPolygon(const std::vector<py::ssize_t>& shape, const py::array_
     {
         const py::gil_scoped_release released;
         for (std::size_t i = 0; i < inputs.Count(); ++i) {
-            const IRef<ICoord> point = DegreesCoord(latitude.Number(i), longitude.Number(i), number);
+            const IRef<ICoord> point = toolkit::DegreesCoord(latitude.Number(i), longitude.Number(i), number);
             inside.Put(i, area->IsInsideCoordEdgesNoMap(point.Get(), ring.Get()));
         }
     }

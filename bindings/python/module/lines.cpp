@@ -3,6 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "map/map_sites.h"
 #include "record_fields.h"
 
 namespace tessara::python {
@@ -29,12 +30,6 @@ IRef<ICoord> EmptyCoord(const toolkit::Reference& reference) {
     return coord;
 }
 
-IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum) {
-    tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);
-    Store(record, GeodezPayload{latitude, longitude, 0.0});
-    return toolkit::CoordOf(record);
-}
-
 IRef<IArray> LineOf(const DegreeRows& rows, std::int32_t datum) {
     if (rows.ndim() != 2 || rows.shape(1) != 2)
         throw std::invalid_argument("a line or polygon is an array of rows: latitude, longitude");
@@ -43,7 +38,7 @@ IRef<IArray> LineOf(const DegreeRows& rows, std::int32_t datum) {
     for (py::ssize_t i = 0; i < degrees.shape(0); ++i) {
         if (!std::isfinite(degrees(i, 0)) || !std::isfinite(degrees(i, 1)))
             throw std::invalid_argument("point " + std::to_string(i) + " isn't finite");
-        line->Add(DegreesCoord(degrees(i, 0), degrees(i, 1), datum).Get());
+        line->Add(toolkit::DegreesCoord(degrees(i, 0), degrees(i, 1), datum).Get());
     }
     return line;
 }

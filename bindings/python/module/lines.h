@@ -25,7 +25,6 @@ using DegreeRows = pybind11::array_t<double, pybind11::array::c_style | pybind11
 
 // A coordinate without a position.
 [[nodiscard]] IRef<ICoord> EmptyCoord(const toolkit::Reference& reference);
-[[nodiscard]] IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum);
 
 // The values of a coordinate's fields.
 [[nodiscard]] pybind11::tuple FieldsOf(ICoord* coord);

@@ -15,6 +15,7 @@
 #include "map/map_description.h"
 #include "map/map_grids.h"
 #include "map/map_sheet.h"
+#include "map/map_sites.h"
 #include "module.h"
 #include "reference.h"
 #include "tessara/host/rect.h"
@@ -55,7 +56,7 @@ class Map {
                                   const std::string& errors) const {
         const std::int32_t number = DatumOf(datum);
         const auto pixelOf = [&](double latitude, double longitude, PixelPair* pixel) {
-            const IRef<ICoord> coord = DegreesCoord(latitude, longitude, number);
+            const IRef<ICoord> coord = toolkit::DegreesCoord(latitude, longitude, number);
             PixelPair found;
             const bool isThere = sheet_.Map()->CoordToFloatPixel(coord.Get(), &found.column, &found.row);
             if (!isThere || !std::isfinite(found.column) || !std::isfinite(found.row)) return false;

@@ -27,7 +27,7 @@ class ZoneFinder {
   public:
     ZoneFinder(std::int32_t datum, const toolkit::Reference& system)
         : datum_(datum), target_(toolkit::DefaultRecord(system)), zones_(CreateClassZoneCoordOperations()) {
-        if (!zones_->HasZones(toolkit::CoordOf(target_).Get()))
+        if (!zones_->HasZones(host::CoordOf(target_).Get()))
             throw std::invalid_argument(toolkit::SystemName(system.system) + " has no zones");
     }
 
@@ -37,7 +37,7 @@ class ZoneFinder {
         tagKOORD record = target_;
         const KoordStatus status = KoordConvert(&degrees, &record);
         if (status != KOORD_OK) return status;
-        const IRef<ICoord> coord = toolkit::CoordOf(record);
+        const IRef<ICoord> coord = host::CoordOf(record);
         *zone = {zones_->GetZoneNumber(coord.Get()), Longitude(&IZoneCoordOperations::GetZoneCentre, coord),
                  Longitude(&IZoneCoordOperations::GetWestNeighbour, coord),
                  Longitude(&IZoneCoordOperations::GetEastNeighbour, coord)};
