@@ -71,6 +71,7 @@ install(
   COMPONENT development
   FILES_MATCHING
   PATTERN "*.md"
+  PATTERN "*.ipynb"
   PATTERN "*.svg")
 
 # The manual that scripts/docs has built; without it the pages in Markdown and the headers have the same text.

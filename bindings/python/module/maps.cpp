@@ -12,6 +12,7 @@
 #include "errors.h"
 #include "lines.h"
 #include "map/layer_files.h"
+#include "map/map_around.h"
 #include "map/map_description.h"
 #include "map/map_grids.h"
 #include "map/map_sheet.h"
@@ -177,6 +178,9 @@ class Map {
 }  // namespace
 
 void BindMaps(py::module_& module) {
+    module.def("describe_map_around", [](double latitude, double longitude, double width) {
+        return toolkit::DescribeMapAround({latitude, longitude, width});
+    });
     py::register_exception<toolkit::DescriptionError>(module, "DescriptionError", PyExc_ValueError);
     py::class_<Map>(module, "Map")
         .def(py::init<const std::string&, const std::string&>())

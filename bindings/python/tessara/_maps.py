@@ -12,13 +12,10 @@ import numpy as np
 from . import _tessara
 from ._areas import Extent, Line, degree_rows, extent_in
 from ._arrays import broadcast, form_of, numbers
-from ._conversion import WGS84_DEGREES, Errors, check_errors, convert, result_type
+from ._conversion import WGS84_DEGREES, Errors, check_errors, result_type
 
 Straight = Literal["geodesic", "map", "degrees"]
 STRAIGHT = ("geodesic", "map", "degrees")
-
-PIXELS_PER_MILLIMETRE = 10
-DEFAULT_PIXELS = 1000
 
 
 class Grid(NamedTuple):
@@ -42,10 +39,10 @@ class Map:
 
     The keys of a description are keyword arguments; `docs/map.md` lists them. In a notebook a map is its picture.
 
-    >>> sheet = Map.around(48.1375, 11.5755, metres=20000).add("grid", system="UTM", step=5000)
+    >>> sheet = Map.around(48.1375, 11.5755, metres=20000)
     >>> column, row = sheet.pixels(48.1375, 11.5755)
     >>> round(column), round(row)
-    (500, 500)
+    (500, 400)
     """
 
     def __init__(self, description: dict[str, Any] | None = None, *, directory: str | PathLike[str] = "", **keys: Any):
@@ -61,18 +58,15 @@ class Map:
 
     @classmethod
     def around(cls, lat: float, lon: float, *, metres: float = 10000.0, **keys: Any) -> Map:
-        """A square map with a position in the middle, in its UTM zone on WGS84, of so many metres from side to side."""
-        if not metres > 0:
-            raise ValueError("a map is wider than 0 metres")
-        middle = convert(float(lat), float(lon))
-        metres_per_pixel = metres / DEFAULT_PIXELS
-        projection = {
-            "type": "UTM", "zone": middle.zone, "hemisphere": middle.hemisphere,
-            "originEasting": middle.easting - metres / 2, "originNorthing": middle.northing + metres / 2,
-            "metresPerPixelX": metres_per_pixel, "metresPerPixelY": metres_per_pixel,
-        }
-        window = {"left": 0, "top": 0, "right": DEFAULT_PIXELS, "bottom": DEFAULT_PIXELS}
-        return cls({"projection": projection, "window": window}, **keys)
+        """A map of the surroundings of a place in WGS84 degrees, 10 to 40 million metres wide: a projection and layers that
+        fit them, as `tessara map --around` draws them. Keys replace those of its description; `layers=[]` leaves the
+        place's own layers away.
+
+        >>> [layer["type"] for layer in Map.around(48.1375, 11.5755, metres=1_000_000).description["layers"]]
+        ['coast', 'grid', 'positions']
+        """
+        around = json.loads(_tessara.describe_map_around(lat, lon, metres))
+        return cls(around, **keys)
 
     def _make(self) -> _tessara.Map:
         return _tessara.Map(json.dumps(self._description, default=_plain), self._directory)

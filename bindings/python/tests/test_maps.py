@@ -14,7 +14,32 @@ SQUARE = [(48, 11), (49, 11), (49, 12), (48, 12)]
 
 @pytest.fixture
 def sheet():
-    return tessara.Map.around(48.1375, 11.5755, metres=20000)
+    return tessara.Map.around(48.1375, 11.5755, metres=20000, layers=[])
+
+
+def test_the_surroundings_of_a_place_are_a_whole_map():
+    sheet = tessara.Map.around(48.1375, 11.5755, metres=20000)
+    assert [layer["type"] for layer in sheet.description["layers"]] == ["grid", "grid", "positions"]
+    assert sheet.problems() == []
+    assert "20 km" in sheet.svg()
+    assert tessara.Map.around(48.1375, 11.5755, title="Munich").description["title"] == "Munich"
+
+
+# A pole, a continent, the earth: on four projections.
+@pytest.mark.parametrize("latitude, longitude, metres", [(89.9, 30.0, 20e3), (-80.5, 0.0, 10e3), (50.0, 10.0, 3e6), (0.0, -100.0, 40e6)])
+def test_the_surroundings_of_any_place_have_it_in_the_middle(latitude, longitude, metres):
+    sheet = tessara.Map.around(latitude, longitude, metres=metres)
+    window = sheet.description["window"]
+    assert sheet.problems() == []
+    # The corner of a grid has whole centimetres, half of which are 1/2000 pixel of the smallest map.
+    assert sheet.pixels(latitude, longitude) == pytest.approx(((window["left"] + window["right"]) / 2, (window["top"] + window["bottom"]) / 2), abs=1e-3)
+
+
+@pytest.mark.parametrize("latitude, longitude, metres", [
+    (91, 0, 1e4), (0, 181, 1e4), (np.nan, 0, 1e4), (0, 0, 0), (0, 0, -5), (0, 0, 1e9), (0, 0, np.nan), (0, np.inf, 1e4)])
+def test_what_has_no_surroundings_is_refused(latitude, longitude, metres):
+    with pytest.raises(ValueError):
+        tessara.Map.around(latitude, longitude, metres=metres)
 
 
 def test_pixels_are_grid_values_by_the_scale(sheet, rng):
@@ -23,9 +48,9 @@ def test_pixels_are_grid_values_by_the_scale(sheet, rng):
     east, north = pyproj.Transformer.from_crs(4326, 32632).transform(latitudes, longitudes)
     middle = pyproj.Transformer.from_crs(4326, 32632).transform(48.1375, 11.5755)
     pixels = sheet.pixels(latitudes, longitudes)
-    # 20 metres a pixel, the middle at pixel 500; a millimetre is 1/20000 pixel.
-    assert np.allclose(pixels.column, 500 + (east - middle[0]) / 20, rtol=0, atol=1e-4)
-    assert np.allclose(pixels.row, 500 - (north - middle[1]) / 20, rtol=0, atol=1e-4)
+    # 20 metres a pixel, the middle of 1000 by 800 pixels; the corner has whole centimetres, half of which are 1/4000 pixel.
+    assert np.allclose(pixels.column, 500 + (east - middle[0]) / 20, rtol=0, atol=3e-4)
+    assert np.allclose(pixels.row, 400 - (north - middle[1]) / 20, rtol=0, atol=3e-4)
     places = sheet.places(*pixels)
     assert np.allclose(places.latitude, latitudes, rtol=0, atol=1e-9)
     assert np.allclose(places.longitude, longitudes, rtol=0, atol=1e-9)
@@ -64,7 +89,8 @@ def test_grid_lines_stand_at_whole_multiples(sheet):
     for line in grid.east_lines:
         east = pyproj.Transformer.from_crs(4326, 32632).transform(line[:, 0], line[:, 1])[0]
         assert np.allclose(east % 5000 * (east % 5000 < 2500) + (east % 5000 - 5000) * (east % 5000 >= 2500), 0, atol=1e-3)
-    assert len(grid.east_lines) == 4 and len(grid.north_lines) == 4
+    # 681.6 to 701.6 km east and 5326.8 to 5342.8 km north.
+    assert len(grid.east_lines) == 4 and len(grid.north_lines) == 3
     with pytest.raises(ValueError):
         sheet.grid("UTM", 0)
     with pytest.raises(ValueError, match="more than 2000 lines"):
@@ -75,9 +101,9 @@ def test_grid_lines_stand_at_whole_multiples(sheet):
 
 def test_the_extent_of_a_window(sheet):
     extent = sheet.extent("UTM")
-    middle = tessara.convert(48.1375, 11.5755)
-    assert extent.north.northing == pytest.approx(middle.northing + 10000, abs=20)  # a pixel
-    assert extent.west.easting == pytest.approx(middle.easting - 10000, abs=20)
+    east, north = pyproj.Transformer.from_crs(4326, 32632).transform(48.1375, 11.5755)
+    assert extent.north.northing == pytest.approx(north + 8000, abs=20)  # a pixel
+    assert extent.west.easting == pytest.approx(east - 10000, abs=20)
     assert sheet.extent().east.longitude == pytest.approx(11.5755 + 10000 / (111320 * np.cos(np.radians(48.1375))), abs=0.01)
 
 

@@ -1,35 +1,50 @@
-"""The code of docs/python.md runs, from top to bottom, and shows what the page says."""
+"""The tutorial runs from top to bottom, on its page and as a notebook, and shows what they say."""
 
-import ast
 import doctest
-import re
-from pathlib import Path
+import json
+import xml.etree.ElementTree as xml
 
 import pytest
+import tutorial
 
-PAGE = Path(__file__).resolve().parents[3] / "docs" / "python.md"
-BLOCK = re.compile(r"^```python\n(.*?)^```\n(?:\n?^```text\n(.*?)^```\n)?", re.DOTALL | re.MULTILINE)
-
-
-def shown(code, names):
-    """What a notebook shows of a cell: the value of its last expression."""
-    tree = ast.parse(code)
-    last = tree.body.pop() if isinstance(tree.body[-1], ast.Expr) else None
-    exec(compile(tree, str(PAGE), "exec"), names)
-    if last is None:
-        return ""
-    value = eval(compile(ast.Expression(last.value), str(PAGE), "eval"), names)
-    return "" if value is None else f"{value!r}\n"
+pytestmark = pytest.mark.skipif(not tutorial.PAGE.exists(), reason="a source distribution has no docs")
 
 
-def test_the_tutorial_runs():
-    if not PAGE.exists():
-        pytest.skip("a source distribution has no docs")
-    names = {"__name__": "tutorial"}
-    cells = BLOCK.findall(PAGE.read_text(encoding="utf-8"))
-    assert len(cells) >= 12
-    for code, expected in cells:
-        found = shown(code, names)
-        if expected:
-            assert doctest.OutputChecker().check_output(expected, found, doctest.ELLIPSIS | doctest.NORMALIZE_WHITESPACE), (
-                f"{code}\nshows\n{found}\nand not\n{expected}")
+@pytest.fixture(scope="module")
+def run():
+    return tutorial.notebook()
+
+
+def code_cells(book):
+    return [cell for cell in book["cells"] if cell["cell_type"] == "code"]
+
+
+def text_of(cell):
+    return "".join("".join(output.get("text") or output["data"]["text/plain"]) for output in cell["outputs"])
+
+
+def test_the_page_shows_what_its_cells_give(run):
+    expected = [part for part in tutorial.text_and_cells() if not isinstance(part, str)]
+    assert len(expected) >= 12
+    flags = doctest.ELLIPSIS | doctest.NORMALIZE_WHITESPACE
+    for (code, text), cell in zip(expected, code_cells(run), strict=True):
+        found = text_of(cell)
+        assert not text or doctest.OutputChecker().check_output(text, found, flags), f"{code}\nshows\n{found}\nand not\n{text}"
+
+
+def test_the_notebook_has_the_cells_of_the_page_and_what_they_show(run):
+    stored = json.loads(tutorial.NOTEBOOK.read_text(encoding="utf-8"))
+    assert stored["nbformat"] == 4
+    for now, cell in zip(run["cells"], stored["cells"], strict=True):
+        assert cell["source"] == now["source"], "scripts/python notebook writes the notebook again"
+        if cell["cell_type"] == "code":
+            assert text_of(cell).split() == text_of(now).split()
+
+
+def test_the_pictures_are_those_of_the_cells(run):
+    drawn = tutorial.pictures(run)
+    assert drawn
+    for picture in drawn:
+        assert xml.fromstring(picture).tag.endswith("svg")
+    assert tutorial.pictures(json.loads(tutorial.NOTEBOOK.read_text(encoding="utf-8"))) == drawn
+    assert tutorial.PICTURE.read_text(encoding="utf-8").strip() == drawn[0].strip()
