@@ -4,6 +4,7 @@ import pickle
 
 import numpy as np
 import pandas as pd
+import peers
 import pyproj
 import pytest
 
@@ -137,8 +138,8 @@ def test_errors_have_status_index_and_reason():
     with pytest.raises(tessara.PositionError) as raised:
         tessara.convert([[48.0, 48.0], [91.0, 95.0]], 11.0)
     assert raised.value.index == (1, 0)
-    assert raised.value.status == -3762
-    assert raised.value.reason == tessara.status_text(-3762)
+    assert raised.value.status == peers.NORTH_HIGH
+    assert raised.value.reason == tessara.status_text(peers.NORTH_HIGH)
     assert "(1, 0)" in str(raised.value)
     with pytest.raises(ValueError):
         tessara.convert(91.0, 11.0)
@@ -152,12 +153,12 @@ def test_errors_as_nan_and_as_statuses():
     assert result.zone.tolist() == [32, 0]
     assert result.hemisphere.tolist() == ["N", ""]
     statuses = tessara.convert([48.0, 91.0], 11.0, errors="status").status
-    assert statuses.tolist() == [1, -3762]
+    assert statuses.tolist() == [peers.OK, peers.NORTH_HIGH]
 
 
 def test_a_position_far_from_the_wanted_zone_keeps_its_numbers_with_statuses():
     result = tessara.convert([0.0], [100.0], zone=1, errors="status")
-    assert result.status.tolist() == [-3209]
+    assert result.status.tolist() == [peers.ZONE_DISTANT]
     assert np.isfinite(result.easting).all()
     assert np.isnan(tessara.convert([0.0], [100.0], zone=1, errors="nan").easting).all()
 

@@ -3,6 +3,7 @@
 import geopandas as gpd
 import numpy as np
 import pandas as pd
+import peers
 import pyproj
 import pytest
 from shapely.geometry import Point
@@ -29,7 +30,7 @@ def test_frames_convert(towns):
     back = result.drop("nowhere").tessara.convert("northing", "easting", from_="UTM", from_zone="zone",
                                                   from_hemisphere="hemisphere", to="GEODEZ")
     assert np.allclose(back, towns[["lat", "lon"]].drop("nowhere"), rtol=0, atol=1e-9)
-    assert towns.tessara.references(precision=1000).tolist() == ["32UPU9235", "33UUU9118", ""]
+    assert towns.tessara.references(precision=1000).tolist() == [peers.military_reference(48.1375, 11.5755, 32, 2), peers.military_reference(52.5, 13.4, 33, 2), ""]
     assert towns.tessara.zones().zone.tolist() == [32, 33, 0]
     assert towns.tessara.distance((48.1375, 11.5755)).distance["Munich"] == 0.0
 
@@ -39,7 +40,7 @@ def test_points_convert_from_any_reference():
     expected = tessara.geo.convert_points(points, "UTM")
     carried = tessara.geo.convert_points(points.to_crs(3857), "UTM")
     assert expected.index.tolist() == ["a", "b"]
-    assert tessara.geo.references(points, precision=1000).tolist() == ["32UPU9235", "33UUU9118"]
+    assert tessara.geo.references(points).tolist() == [peers.military_reference(48.1375, 11.5755, 32), peers.military_reference(52.5, 13.4, 33)]
     assert np.allclose(expected.easting, carried.easting, rtol=0, atol=1e-3)
 
 

@@ -4,6 +4,7 @@ import pickle
 import xml.etree.ElementTree as xml
 
 import numpy as np
+import peers
 import pyproj
 import pytest
 
@@ -60,7 +61,7 @@ def test_what_has_no_pixel_has_a_status(sheet):
     with pytest.raises(tessara.PositionError) as raised:
         sheet.pixels([48.0, np.nan], 11.5)
     assert raised.value.index == 1
-    assert sheet.pixels([48.0, np.nan], 11.5, errors="status").status.tolist() == [1, -3410]
+    assert sheet.pixels([48.0, np.nan], 11.5, errors="status").status.tolist() == [peers.OK, peers.OUTSIDE]
     assert np.isnan(sheet.places([1e300, np.inf], np.nan, errors="nan").latitude).all()
 
 

@@ -2,6 +2,7 @@
 
 import numpy as np
 import pandas as pd
+import peers
 import pyproj
 import pytest
 from hypothesis import given, settings
@@ -40,6 +41,17 @@ def test_references_are_those_of_the_grid_values(rng):
         assert abs((northing - int(text[-5:]) + 50000) % 100000 - 50000) <= 0.5 + 1e-6
 
 
+@pytest.mark.parametrize("digits", range(6))
+@pytest.mark.parametrize("is_truncated", [False, True])
+def test_letters_are_those_of_the_standard(rng, digits, is_truncated):
+    latitudes = rng.uniform(0.01, 83.9, 300)
+    longitudes = rng.uniform(-179.99, 0, 300)  # west of Norway and Svalbard, zones have 6 degrees everywhere
+    zones = ((longitudes + 180) // 6).astype(int) + 1
+    texts = tessara.format(latitudes, longitudes, precision=10 ** (5 - digits), truncate=is_truncated)
+    for latitude, longitude, zone, text in zip(latitudes.tolist(), longitudes.tolist(), zones.tolist(), texts):
+        assert text == peers.military_reference(latitude, longitude, zone, digits, is_truncated)
+
+
 def test_what_is_written_is_read_back(rng):
     latitudes = rng.uniform(-79, 83, 500)
     longitudes = rng.uniform(-179, 179, 500)
@@ -55,8 +67,8 @@ def test_what_is_written_is_read_back(rng):
 
 
 def test_coarser_references_and_display():
-    assert tessara.format(48.1375, 11.5755, precision=100_000, truncate=True) == "32UPU"
-    assert tessara.format(48.1375, 11.5755, precision=1000, truncate=True) == "32UPU9134"
+    assert tessara.format(48.1375, 11.5755, precision=100_000, truncate=True) == peers.military_reference(48.1375, 11.5755, 32, 0, True)
+    assert tessara.format(48.1375, 11.5755, precision=1000, truncate=True) == peers.military_reference(48.1375, 11.5755, 32, 2, True)
     texts = tessara.format(48.1375, 11.5755, to="GEOGRAD", display=True)
     assert texts.north.startswith("48°08'15.000")
     assert tessara.format(48.1375, 11.5755, to="GEODEZ", precision=0.01).north == "48.14"
