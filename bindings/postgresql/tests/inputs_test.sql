@@ -1,0 +1,93 @@
+-- Wrong values of every argument of every function, NULL, and garbage: a result or an error that says what is wrong.
+\set ON_ERROR_STOP on
+BEGIN;
+SELECT plan(8);
+
+CREATE TEMP TABLE functions AS
+SELECT p.oid, p.proname AS name, p.proargtypes::oid[] AS types, p.provolatile, p.proisstrict, p.proparallel, p.procost, p.proretset
+FROM pg_proc p JOIN pg_depend d ON d.objid = p.oid AND d.deptype = 'e' JOIN pg_extension e ON e.oid = d.refobjid
+WHERE e.extname = 'tessara' AND d.classid = 'pg_proc'::regclass;
+
+SELECT is((SELECT array_agg(name ORDER BY name) FROM functions WHERE provolatile <> 'i' OR NOT proisstrict OR proparallel <> 's' OR procost < 1),
+          NULL, 'functions are immutable, strict and safe in parallel');
+SELECT cmp_ok((SELECT count(*) FROM functions), '>', 100::bigint, 'there are functions');
+
+-- Of each type a value that is right for most functions.
+CREATE TEMP TABLE harmless (type regtype, value text);
+INSERT INTO harmless VALUES
+    ('float8', '48.1'), ('int4', '10'), ('text', 'WGS84'), ('cstring', '48 11'), ('float8[]', '{48,49}'), ('int8', '7'), ('point', '(11,48)'),
+    ('tessara_reference', 'UTM'), ('tessara_gridref', '32UPU916348'), ('tessara_position', '48 11');
+CREATE TEMP TABLE wrong (type regtype, value text);
+INSERT INTO wrong VALUES
+    ('float8', 'NaN'), ('float8', 'Infinity'), ('float8', '-Infinity'), ('float8', '1e308'), ('float8', '-1e308'), ('float8', '91'),
+    ('float8', '-90'), ('float8', '360.0000001'), ('float8', '0'), ('float8', '-0'), ('float8', '5e-324'), ('float8', '48.1'),
+    ('int4', '0'), ('int4', '-1'), ('int4', '61'), ('int4', '33'), ('int4', '100'), ('int4', '2147483647'), ('int4', '-2147483648'),
+    ('text', ''), ('text', ' '), ('text', '((('), ('text', 'WGS84'), ('text', repeat('9', 5000)), ('text', repeat('48 ', 3000)), ('text', 'ü°′″ 中'),
+    ('text', '%s%n'), ('text', '32UPU'), ('text', 'easting'),
+    ('cstring', ''), ('cstring', '%'), ('cstring', 'GEODEZ@WGS84('), ('cstring', '(,,,)'), ('cstring', 'UTM'), ('cstring', repeat('A', 3000)),
+    ('float8[]', '{}'), ('float8[]', '{NaN,NULL}'), ('float8[]', '{{1,2},{3,4}}'), ('float8[]', '{1e308,48}'), ('float8[]', '[5:6]={48,49}'),
+    ('int8', '0'), ('int8', '-1'), ('point', '(1,2)'), ('point', '(NaN,Infinity)'),
+    ('tessara_reference', 'UTM'), ('tessara_reference', 'UTMREF@GER'), ('tessara_reference', 'ECEF'), ('tessara_reference', 'GEOREF'),
+    ('tessara_reference', 'UPS'), ('tessara_reference', 'BMN@MGI'), ('tessara_reference', 'TM:k=0.5'), ('tessara_reference', 'GK:strip=60'),
+    ('tessara_gridref', '32UPU'), ('tessara_gridref', '1CDM1234567890'), ('tessara_position', '48 11'), ('tessara_position', '-90 0'),
+    ('tessara_position', 'ECEF@WGS84(6378137, 0, 0)');
+INSERT INTO wrong SELECT type, NULL FROM (SELECT DISTINCT type FROM wrong) t;
+
+-- Calls each function with all values in one place and harmless ones in the others.
+CREATE FUNCTION call_all(OUT calls int, OUT failures text[]) LANGUAGE plpgsql AS $$
+DECLARE f record; k int; j int; v record; arguments text; other text; found text;
+BEGIN
+    calls := 0;
+    FOR f IN SELECT * FROM functions WHERE 2281 <> ALL (types) LOOP  -- internal
+        FOR k IN 1 .. cardinality(f.types) LOOP
+            FOR v IN SELECT value FROM wrong WHERE type = (f.types)[k - 1] LOOP
+                arguments := '';
+                FOR j IN 1 .. cardinality(f.types) LOOP
+                    SELECT value INTO STRICT other FROM harmless WHERE type = (f.types)[j - 1];
+                    arguments := arguments || CASE WHEN j > 1 THEN ', ' ELSE '' END ||
+                        format('%L::%s', CASE WHEN j = k THEN v.value ELSE other END, (f.types)[j - 1]::regtype);
+                END LOOP;
+                calls := calls + 1;
+                BEGIN
+                    EXECUTE format('SELECT (t)::text FROM %I(%s) t', f.name, arguments) INTO found;
+                    IF v.value IS NULL AND coalesce(translate(found, '(,)', ''), '') <> '' THEN failures := failures || (f.name || ' of NULL is ' || found); END IF;
+                EXCEPTION WHEN numeric_value_out_of_range OR invalid_text_representation OR invalid_parameter_value OR array_subscript_error THEN NULL;
+                WHEN OTHERS THEN failures := failures || format('%s(%s): %s %s', f.name, left(arguments, 80), SQLSTATE, SQLERRM);
+                END;
+            END LOOP;
+        END LOOP;
+    END LOOP;
+END $$;
+SELECT calls, coalesce(array_to_string(failures, E'\n'), '') AS failures FROM call_all() \gset
+SELECT cmp_ok(:calls, '>', 1000, 'functions were called');
+SELECT is(:'failures'::text, '', 'each call gives a result, NULL for NULL, or an error for its input');
+
+-- 10 000 garbage texts: bytes at random, and positions with a few characters changed.
+SELECT setseed(0.1);
+CREATE TEMP TABLE garbage AS
+SELECT string_agg(substr(E' 0123456789ABCUNPSEW.,:;()@+-°\'"ä中\t\n', 1 + floor(random() * 38)::int, 1), '') AS typed
+FROM generate_series(1, 5000) i, generate_series(1, 1 + i % 30) GROUP BY i;
+INSERT INTO garbage
+SELECT overlay(typed PLACING chr(33 + floor(random() * 90)::int) FROM 1 + floor(random() * length(typed))::int FOR floor(random() * 3)::int)
+FROM generate_series(1, 500), unnest(ARRAY['32UPU9160334791', '48.1375 11.5755', 'N 48 8.25 E 11 34.53', '48°08''15"N 11°34''31.8"E', 'UTM@WGS84(32, N, 691602.5, 5334791)',
+    'GEODEZ@WGS84(48, 11)', '32 N 691602 5334791', 'ECEF@WGS84(4177951, 855748, 4727480)', 'NKMD3453 0825', 'TQ 30107 79953']) typed;
+SELECT is((SELECT count(*) FROM garbage), 10000::bigint, 'there are 10 000 texts');
+SELECT is((SELECT count(*) FROM garbage WHERE (tessara_check(typed)).is_position <> (tessara_parse_or_null(typed) IS NOT NULL)),
+          0::bigint, 'a text is a position if the check says so');
+SELECT is((SELECT count(*) FROM garbage, tessara_check(typed) c
+           WHERE NOT c.is_position AND (c.code = '' OR c.reason = '' OR c.piece IS NOT NULL AND substr(typed, c.piece_at, length(c.piece)) <> c.piece)),
+          0::bigint, 'what is none has a reason, and its piece is in the text');
+-- Input functions: an error of the text, or a value whose text is read back.
+CREATE FUNCTION is_read(typed text) RETURNS boolean LANGUAGE plpgsql AS $$
+DECLARE p tessara_position; g tessara_gridref; r tessara_reference;
+BEGIN
+    BEGIN p := typed::tessara_position; IF p::text::tessara_position <> p THEN RETURN false; END IF;
+    EXCEPTION WHEN invalid_text_representation OR invalid_parameter_value THEN NULL; END;
+    BEGIN g := typed::tessara_gridref; IF g::text::tessara_gridref <> g THEN RETURN false; END IF;
+    EXCEPTION WHEN invalid_text_representation THEN NULL; END;
+    BEGIN r := typed::tessara_reference; EXCEPTION WHEN invalid_parameter_value THEN NULL; END;
+    RETURN true;
+END $$;
+SELECT is((SELECT count(*) FROM garbage WHERE NOT is_read(typed)), 0::bigint, 'input functions take or refuse them');
+SELECT * FROM finish();
+ROLLBACK;
