@@ -1,0 +1,75 @@
+// Geodesics over columns of degrees for JavaScript.
+#include <array>
+#include <cmath>
+
+#include "exports.h"
+#include "references.h"
+#include "tessara/kernel/geodesic.h"
+#include "tessara/kernel/limits.h"
+
+namespace tessara::web {
+namespace {
+
+using In = std::array<double, 4>;
+using Out = std::array<double, 3>;
+
+KoordStatus CheckDegrees(double latitude, double longitude) {
+    if (!(std::abs(latitude) <= GEOGRAPHIC_LIMITS.north)) return KOORD_ERR_GEO_LAT;
+    if (!(std::abs(longitude) <= GEOGRAPHIC_LIMITS.east)) return KOORD_ERR_GEO_LON;
+    return KOORD_OK;
+}
+
+KoordStatus Inverse(const In& in, const double* axes, Out* out) {
+    for (const std::size_t k : {std::size_t{0}, std::size_t{2}}) {
+        const KoordStatus status = CheckDegrees(in[k], in[k + 1]);
+        if (status != KOORD_OK) return status;
+    }
+    const GeodesicResult way = Geodesic_InverseCore(in[0], in[1], in[2], in[3], axes[0], axes[1]);
+    if (!(way.distance >= 0.0)) return GEODESIC_NO_SOLUTION;
+    *out = {way.distance, way.azimuth12, way.azimuth21};
+    return KOORD_OK;
+}
+
+// In: latitude, longitude, azimuth, distance.
+KoordStatus Direct(const In& in, const double* axes, Out* out) {
+    const KoordStatus status = CheckDegrees(in[0], in[1]);
+    if (status != KOORD_OK) return status;
+    if (!std::isfinite(in[2]) || !std::isfinite(in[3])) return GEODESIC_NO_SOLUTION;
+    const GeodesicResult end = Geodesic_DirectCore(in[0], in[1], in[3], in[2], axes[0], axes[1]);
+    if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude)) return GEODESIC_NO_SOLUTION;
+    *out = {end.latitude, std::remainder(end.longitude, 360.0), end.backAzimuth};
+    return KOORD_OK;
+}
+
+// Four columns of numbers in, three out, one behind the other with `rows` values each.
+template <class Solve>
+Outcome Each(const char* datum, std::size_t datumSize, const double* in, double* out, std::int32_t* statuses,
+             std::size_t rows, std::size_t count, const Solve& solve) {
+    return Try([&] {
+        double axes[2];
+        Geodesic_LoadAxes(axes, DatumOf(std::string(datum, datumSize)));
+        for (std::size_t i = 0; i < count; ++i) {
+            Out results;
+            results.fill(std::nan(""));
+            statuses[i] = solve({in[i], in[rows + i], in[2 * rows + i], in[3 * rows + i]}, axes, &results);
+            for (std::size_t k = 0; k < results.size(); ++k)
+                out[k * rows + i] = results[k];
+        }
+    });
+}
+
+}  // namespace
+
+TESSARA_EXPORT(inverse)
+Outcome InverseColumns(const char* datum, std::size_t datumSize, const double* in, double* out,
+                       std::int32_t* statuses, std::size_t rows, std::size_t count) {
+    return Each(datum, datumSize, in, out, statuses, rows, count, Inverse);
+}
+
+TESSARA_EXPORT(direct)
+Outcome DirectColumns(const char* datum, std::size_t datumSize, const double* in, double* out,
+                      std::int32_t* statuses, std::size_t rows, std::size_t count) {
+    return Each(datum, datumSize, in, out, statuses, rows, count, Direct);
+}
+
+}  // namespace tessara::web

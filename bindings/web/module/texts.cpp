@@ -1,0 +1,203 @@
+// Texts of positions, read and written by the toolkit's reader and writer.
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+#include "conversion/fields.h"
+#include "conversion/statuses.h"
+#include "exports.h"
+#include "prepared.h"
+#include "references.h"
+#include "tessara/ckoord.h"
+#include "typed/text_writer.h"
+#include "typed/typed_reader.h"
+
+namespace tessara::web {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::string_view ANY_SYSTEM = "auto";
+constexpr std::int32_t NO_DIGITS = -1;
+
+std::string Written(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+// A system that is named, or any that can be told from a text; in both cases on a datum where none is named.
+toolkit::Wanted WantedOf(const std::string& system, const std::string& datum) {
+    toolkit::Wanted wanted;
+    wanted.reference.datum = DatumOf(datum);
+    if (system == ANY_SYSTEM) return wanted;
+    const auto reference = toolkit::ReferenceByName(system, wanted.reference.datum);
+    if (!reference) throw std::invalid_argument(toolkit::WrongReference(system));
+    wanted.reference = *reference;
+    return wanted;
+}
+
+Json FieldsAsJson(const tagKOORD& record) {
+    Json fields = Json::object();
+    for (const toolkit::Field& field : toolkit::FieldsOf(record))
+        std::visit([&](const auto& value) { fields[field.name] = value; }, field.value);
+    return fields;
+}
+
+Json ReadingAsJson(const toolkit::Reading& reading) {
+    GeodezPayload degrees{std::nan(""), std::nan(""), 0.0};
+    (void)toolkit::DegreesOf(reading.record, &degrees);
+    return {{"latitude", degrees.latitude},
+            {"longitude", degrees.longitude},
+            {"system", toolkit::SystemName(reading.reference.system)},
+            {"datum", toolkit::DatumName(reading.reference.datum)},
+            {"fields", FieldsAsJson(reading.record)},
+            {"picture", toolkit::PictureOf(reading)},
+            {"description", toolkit::Describe(reading)}};
+}
+
+// One record with the numbers of a row.
+void PutNumber(const OutputField& field, double value, tagKOORD* record) {
+    std::memcpy(record->payload + field.offset, &value, sizeof value);
+}
+
+struct Row {
+    CKoord source;
+    CKoord target;
+    KoordStatus status;
+};
+
+Row ConvertRow(const PreparedConversion& conversion, double north, double east) {
+    tagKOORD source = conversion.Source();
+    const auto fields = conversion.SourceFields();
+    PutNumber(fields[0], north, &source);
+    PutNumber(fields[1], east, &source);
+    tagKOORD target;
+    const KoordStatus status = conversion.Convert(source, &target);
+    return {CKoord(source), CKoord(target), status};
+}
+
+}  // namespace
+
+// All that a text may mean, or why it means nothing.
+TESSARA_EXPORT(parse)
+Outcome Parse(const char* text, std::size_t textSize, const char* system, std::size_t systemSize,
+              const char* datum, std::size_t datumSize) {
+    return Try([&] {
+        const toolkit::TypedReader reader(
+            WantedOf(std::string(system, systemSize), std::string(datum, datumSize)));
+        const toolkit::TypedResult result = reader.Read(TextAt(text, textSize));
+        Json answer{{"readings", Json::array()}};
+        for (const toolkit::Reading& reading : result.readings)
+            answer["readings"].push_back(ReadingAsJson(reading));
+        if (result.fault.IsThere()) {
+            answer["fault"] = {{"code", result.fault.code},
+                               {"reason", result.fault.reason},
+                               {"begin", result.fault.piece.begin},
+                               {"end", result.fault.piece.end}};
+        }
+        Answer() = Written(answer);
+    });
+}
+
+// Texts many at once, the positions in degrees of any texts: NaN where a text isn't read. The texts stand
+// apart by line breaks.
+TESSARA_EXPORT(parseLines)
+Outcome ParseLines(const char* text, std::size_t textSize, const char* system, std::size_t systemSize,
+                   const char* datum, std::size_t datumSize, double* latitudes, double* longitudes,
+                   std::size_t count) {
+    return Try([&] {
+        const toolkit::TypedReader reader(
+            WantedOf(std::string(system, systemSize), std::string(datum, datumSize)));
+        std::string_view rest = TextAt(text, textSize);
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::size_t end = std::min(rest.find('\n'), rest.size());
+            const toolkit::TypedResult result = reader.Read(rest.substr(0, end));
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+            GeodezPayload degrees{std::nan(""), std::nan(""), 0.0};
+            if (result.IsRead()) (void)toolkit::DegreesOf(result.readings[0].record, &degrees);
+            latitudes[i] = degrees.latitude;
+            longitudes[i] = degrees.longitude;
+        }
+    });
+}
+
+// For each position of two columns of degrees a line: its text, or its north and east text apart by a tab;
+// nothing where it has none. `digits` is -1 unless military references are wanted as one text.
+TESSARA_EXPORT(format)
+Outcome Format(std::int32_t handle, const double* norths, const double* easts, std::size_t count,
+               std::int32_t isDisplay, double resolution, std::int32_t digits, std::int32_t isTruncated) {
+    return Try([&] {
+        const PreparedConversion& conversion = Conversions().At(handle);
+        toolkit::TextStyle style;
+        style.isDisplay = isDisplay != 0;
+        if (resolution > 0.0) style.northResolution = style.eastResolution = resolution;
+        if (digits != NO_DIGITS) style.reference = toolkit::ReferenceDigits{digits, isTruncated != 0};
+        const toolkit::TextWriter writer(conversion.To(), style);
+        for (std::size_t i = 0; i < count; ++i) {
+            const Row row = ConvertRow(conversion, norths[i], easts[i]);
+            if (row.status == KOORD_OK) {
+                const std::vector<std::string> texts = writer.Write(row.target, row.source);
+                for (std::size_t k = 0; k < texts.size(); ++k)
+                    Answer() += (k > 0 ? "\t" : "") + texts[k];
+            }
+            Answer() += '\n';
+        }
+    });
+}
+
+// Military references to the metre of columns that were converted to UTMREF: one of numbers for zone, easting
+// and northing each, and letters. A row without a reference becomes an empty line.
+TESSARA_EXPORT(writeReferences)
+Outcome WriteReferences(const double* zones, const char* bands, const char* squares, const double* eastings,
+                        const double* northings, const std::int32_t* statuses, std::size_t count) {
+    return Try([&] {
+        constexpr std::size_t METRE_DIGITS = 5;
+        std::string& answer = Answer();
+        answer.reserve(count * 16);
+        const auto put = [&answer](double number, std::size_t width) {
+            std::array<char, METRE_DIGITS> text;
+            auto rest = static_cast<std::int32_t>(number);
+            for (std::size_t k = width; k-- > 0; rest /= 10)
+                text[k] = static_cast<char>('0' + rest % 10);
+            answer.append(text.data(), width);
+        };
+        for (std::size_t i = 0; i < count; ++i) {
+            if (statuses[i] == KOORD_OK) {
+                put(zones[i], zones[i] < 10.0 ? 1 : 2);
+                answer.append({bands[i], squares[2 * i], squares[2 * i + 1]});
+                put(eastings[i], METRE_DIGITS);
+                put(northings[i], METRE_DIGITS);
+            }
+            answer += '\n';
+        }
+    });
+}
+
+// The position of degrees on a datum in one system: its fields and texts, or why it has none.
+TESSARA_EXPORT(show)
+Outcome Show(std::int32_t handle, double latitude, double longitude) {
+    return Try([&] {
+        const PreparedConversion& conversion = Conversions().At(handle);
+        const Row row = ConvertRow(conversion, latitude, longitude);
+        std::vector<std::string> texts;
+        if (row.status == KOORD_OK) {
+            toolkit::TextStyle style;
+            if (conversion.To().system == KOORD_UTMREF) style.reference = toolkit::ReferenceDigits{};
+            texts = toolkit::TextWriter(conversion.To(), style).Write(row.target, row.source);
+        }
+        const bool isThere = row.status == KOORD_OK && !texts.empty();
+        Json answer{{"name", conversion.To().Name()}};
+        if (isThere) {
+            answer["fields"] = FieldsAsJson(row.target);
+            answer["texts"] = texts;
+        } else {
+            const KoordStatus status = row.status == KOORD_OK ? KOORD_ERR_OUTSIDE : row.status;
+            answer["code"] = toolkit::StatusCode(status);
+            answer["reason"] = toolkit::StatusReason(status);
+        }
+        Answer() = Written(answer);
+    });
+}
+
+}  // namespace tessara::web

@@ -1,0 +1,210 @@
+// Columns of positions: arrays outside, blocks of rows in the module's memory inside.
+export const BLOCK = 4096;
+const MOST_FIELDS = 8;
+const WORD = 4;
+const DOUBLE = 8;
+
+export function isArray(value) {
+    return Array.isArray(value) || ArrayBuffer.isView(value) || value instanceof Letters;
+}
+
+/** Letters of many positions, side by side in bytes. */
+export class Letters {
+    constructor(bytes, width) {
+        this.bytes = bytes;
+        this.width = width;
+    }
+
+    get length() {
+        return this.bytes.length / this.width;
+    }
+
+    at(index) {
+        const first = (index < 0 ? this.length + index : index) * this.width;
+        const letters = this.bytes.subarray(first, first + this.width);
+        return letters.includes(0) ? "" : String.fromCharCode(...letters);
+    }
+
+    *[Symbol.iterator]() {
+        for (let i = 0; i < this.length; ++i) yield this.at(i);
+    }
+
+    toArray() {
+        return [...this];
+    }
+}
+
+// What isn't ASCII becomes a letter that no system has.
+function bytesOf(text, width) {
+    if (typeof text !== "string") throw new TypeError("letters have to be a string");
+    return Uint8Array.from({ length: width }, (_, i) => {
+        const code = i < text.length ? text.charCodeAt(i) : 0;
+        return code < 0x80 ? code : 0x3f;
+    });
+}
+
+function numberOf(value) {
+    if (typeof value !== "number") throw new TypeError(`expected a number, not ${typeof value}`);
+    return value;
+}
+
+/** Rows of an argument as the module has them: one value for all, or bytes or doubles to copy from. */
+function prepare(value, field) {
+    const isLetters = field !== null && field.kind === "L";
+    if (!isArray(value)) {
+        return { isOne: true, values: isLetters ? bytesOf(value, field.width) : Float64Array.of(numberOf(value)) };
+    }
+    if (!isLetters) return { isOne: false, values: value instanceof Float64Array ? value : Float64Array.from(value) };
+    if (value instanceof Letters) return { isOne: false, values: value.bytes };
+    const bytes = new Uint8Array(value.length * field.width);
+    for (let i = 0; i < value.length; ++i) bytes.set(bytesOf(value[i], field.width), i * field.width);
+    return { isOne: false, values: bytes };
+}
+
+/** How many rows arguments have: the length of the arrays among them, or nothing without any. */
+export function countOf(values) {
+    let count = null;
+    for (const value of values) {
+        if (!isArray(value)) continue;
+        if (count !== null && count !== value.length) throw new RangeError("arrays have to be of the same length");
+        count = value.length;
+    }
+    return count;
+}
+
+/** The memory for a block of rows. */
+export class Block {
+    constructor(memory) {
+        this.memory = memory;
+        const columns = 2 * (MOST_FIELDS + 1);
+        this.structs = memory.allocate((columns + 1) * 2 * WORD);
+        this.columns = memory.allocate(columns * BLOCK * DOUBLE);
+        this.statuses = memory.allocate(BLOCK * WORD);
+    }
+
+    #place(column) {
+        return this.columns + column * BLOCK * DOUBLE;
+    }
+
+    get sources() {
+        return this.structs;
+    }
+
+    get targets() {
+        return this.structs + (MOST_FIELDS + 1) * 2 * WORD;
+    }
+
+    #describe(column, place, stride) {
+        const words = this.memory.words;
+        words[this.structs / WORD + 2 * column] = place;
+        words[this.structs / WORD + 2 * column + 1] = stride;
+    }
+
+    // Runs a conversion over all rows. `given` has a value for each field of the source, or undefined; the height is
+    // the last one. Returns columns for the fields of the target, its height, and statuses.
+    convert(conversion, given, count) {
+        const { memory } = this;
+        const { handle, source, target } = conversion;
+        const height = given[source.length];
+        const inputs = given.map((value, k) => (value === undefined ? null : prepare(value, source[k] ?? null)));
+        const strides = inputs.map((input, k) =>
+            input === null || input.isOne ? 0 : source[k]?.kind === "L" ? source[k].width : DOUBLE);
+        const outputs = target.map((field) =>
+            field.kind === "L" ? new Uint8Array(count * field.width) : new Float64Array(count));
+        const heights = height === undefined && !conversion.knowsHeight ? null : new Float64Array(count);
+        const statuses = new Int32Array(count);
+
+        for (let k = 0; k <= MOST_FIELDS; ++k) this.#describe(k, 0, 0);
+        inputs.forEach((input, k) => {
+            if (input === null) return;
+            this.#describe(k === source.length ? MOST_FIELDS : k, this.#place(k), strides[k]);
+        });
+        const first = MOST_FIELDS + 1;
+        for (let k = 0; k <= MOST_FIELDS; ++k) this.#describe(first + k, 0, 0);
+        target.forEach((field, k) =>
+            this.#describe(first + k, this.#place(first + k), field.kind === "L" ? field.width : DOUBLE));
+        if (heights) this.#describe(first + MOST_FIELDS, this.#place(first + MOST_FIELDS), DOUBLE);
+        this.#describe(first + MOST_FIELDS + 1, this.statuses, WORD);
+
+        for (let row = 0; row < count; row += BLOCK) {
+            const rows = Math.min(BLOCK, count - row);
+            inputs.forEach((input, k) => {
+                if (input === null) return;
+                const heap = input.values instanceof Uint8Array ? memory.bytes : memory.doubles;
+                const width = input.values instanceof Uint8Array ? source[k].width : 1;
+                const part = input.isOne ? input.values : input.values.subarray(row * width, (row + rows) * width);
+                heap.set(part, this.#place(k) / heap.BYTES_PER_ELEMENT);
+            });
+            memory.call("convert", handle, this.sources, this.targets, rows);
+            outputs.forEach((output, k) => {
+                const heap = output instanceof Uint8Array ? memory.bytes : memory.doubles;
+                const width = output instanceof Uint8Array ? target[k].width : 1;
+                const place = this.#place(first + k) / heap.BYTES_PER_ELEMENT;
+                output.set(heap.subarray(place, place + rows * width), row * width);
+            });
+            if (heights) {
+                const place = this.#place(first + MOST_FIELDS) / DOUBLE;
+                heights.set(memory.doubles.subarray(place, place + rows), row);
+            }
+            statuses.set(memory.words.subarray(this.statuses / WORD, this.statuses / WORD + rows), row);
+        }
+        return { outputs, heights, statuses };
+    }
+
+    // Runs a function over four columns of numbers, which gives three.
+    solve(name, datum, given, count) {
+        const { memory } = this;
+        const inputs = given.map((value) => prepare(value, null));
+        const outputs = [0, 1, 2].map(() => new Float64Array(count));
+        const statuses = new Int32Array(count);
+        const results = this.#place(inputs.length);
+        for (let row = 0; row < count; row += BLOCK) {
+            const rows = Math.min(BLOCK, count - row);
+            inputs.forEach((input, k) => {
+                const place = this.#place(k) / DOUBLE;
+                if (input.isOne) memory.doubles.fill(input.values[0], place, place + rows);
+                else memory.doubles.set(input.values.subarray(row, row + rows), place);
+            });
+            memory.call(name, datum, this.columns, results, this.statuses, BLOCK, rows);
+            outputs.forEach((output, k) => {
+                const place = (results + k * BLOCK * DOUBLE) / DOUBLE;
+                output.set(memory.doubles.subarray(place, place + rows), row);
+            });
+            statuses.set(memory.words.subarray(this.statuses / WORD, this.statuses / WORD + rows), row);
+        }
+        return { outputs, statuses };
+    }
+
+    // Lines of text for the rows of two columns of numbers, of all blocks.
+    lines(north, east, count, call) {
+        const lines = [];
+        for (let row = 0; row < count; row += BLOCK) {
+            const rows = Math.min(BLOCK, count - row);
+            [north, east].forEach((value, k) => {
+                const input = prepare(value, null);
+                const place = this.#place(k) / DOUBLE;
+                if (input.isOne) this.memory.doubles.fill(input.values[0], place, place + rows);
+                else this.memory.doubles.set(input.values.subarray(row, row + rows), place);
+            });
+            const answer = call(this.#place(0), this.#place(1), rows);
+            for (const line of answer.split("\n").slice(0, rows)) lines.push(line);
+        }
+        return lines;
+    }
+
+    // The columns of a conversion to military references stay where it has left them.
+    references(conversion, given, count) {
+        const first = MOST_FIELDS + 1;
+        const lines = [];
+        const inputs = given.map((value) => (isArray(value) ? prepare(value, null).values : value));
+        for (let row = 0; row < count; row += BLOCK) {
+            const rows = Math.min(BLOCK, count - row);
+            this.convert(conversion, inputs.map((input) => (isArray(input) ? input.subarray(row, row + rows) : input)), rows);
+            const places = [0, 1, 2, 3, 4].map((k) => this.#place(first + k));
+            const answer = this.memory.ask("writeReferences", ...places, this.statuses, rows);
+            const texts = answer.split("\n");
+            for (let i = 0; i < rows; ++i) lines.push(texts[i]);
+        }
+        return lines;
+    }
+}

@@ -1,0 +1,96 @@
+// The module's memory and its calls. Texts go in as UTF-8, results come out as the answer of the latest call.
+const DONE = 0;
+const NO_MEMORY = 2;
+
+const encoder = new TextEncoder();
+const decoder = new TextDecoder();
+
+export class Memory {
+    #exports;
+    #buffer = null;
+    #bytes = null;
+    #doubles = null;
+    #words = null;
+
+    constructor(exports) {
+        this.#exports = exports;
+    }
+
+    has(name) {
+        return name in this.#exports;
+    }
+
+    // Memory that grows gets another buffer.
+    #refresh() {
+        const buffer = this.#exports.memory.buffer;
+        if (buffer === this.#buffer) return;
+        this.#buffer = buffer;
+        this.#bytes = new Uint8Array(buffer);
+        this.#doubles = new Float64Array(buffer);
+        this.#words = new Int32Array(buffer);
+    }
+
+    get bytes() {
+        this.#refresh();
+        return this.#bytes;
+    }
+
+    get doubles() {
+        this.#refresh();
+        return this.#doubles;
+    }
+
+    get words() {
+        this.#refresh();
+        return this.#words;
+    }
+
+    allocate(size) {
+        const place = this.#exports.allocate(size);
+        if (place === 0) throw new RangeError("tessara: memory has run out");
+        return place;
+    }
+
+    release(place) {
+        this.#exports.release(place);
+    }
+
+    // Calls a function whose arguments are numbers, and texts, which become a place and a size each.
+    call(name, ...given) {
+        const places = [];
+        try {
+            const values = [];
+            for (const argument of given) {
+                if (typeof argument !== "string") {
+                    values.push(argument);
+                    continue;
+                }
+                const bytes = encoder.encode(argument);
+                const place = this.allocate(Math.max(bytes.length, 1));
+                places.push(place);
+                this.bytes.set(bytes, place);
+                values.push(place, bytes.length);
+            }
+            const outcome = this.#exports[name](...values);
+            if (outcome === NO_MEMORY) throw new RangeError("tessara: memory has run out");
+            if (outcome !== DONE) throw new TypeError(this.answer());
+        } finally {
+            for (const place of places) this.release(place);
+        }
+    }
+
+    // A call without an outcome.
+    tell(name, ...values) {
+        this.#exports[name](...values);
+    }
+
+    answer() {
+        const place = this.#exports.answer();
+        return decoder.decode(this.bytes.subarray(place, place + this.#exports.answerSize()));
+    }
+
+    ask(name, ...given) {
+        this.call(name, ...given);
+        return this.answer();
+    }
+}
