@@ -37,7 +37,8 @@ enum : uint32_t {
 };
 constexpr uint32_t WGS84 = 2;
 
-struct Record {
+// Doubles lie at multiples of 8 bytes in all records, also where the processor asks for 4 only.
+struct alignas(8) Record {
     uint32_t datum;
     uint32_t type;
     unsigned char payload[56];
@@ -86,7 +87,7 @@ static_assert(offsetof(MapReferenceNode, pixelX) == 64 && offsetof(MapReferenceN
 struct MapUtmParams {
     char hemisphere;
     int16_t zone;
-    double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
+    alignas(8) double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
 };
 static_assert(offsetof(MapUtmParams, zone) == 2 && offsetof(MapUtmParams, originEasting) == 8 &&
               offsetof(MapUtmParams, originNorthing) == 16 && sizeof(MapUtmParams) == 40);
@@ -94,20 +95,20 @@ static_assert(offsetof(MapUtmParams, zone) == 2 && offsetof(MapUtmParams, origin
 struct MapGkParams {
     int16_t unread;
     int16_t meridian;
-    double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
+    alignas(8) double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
 };
 static_assert(offsetof(MapGkParams, meridian) == 2 && offsetof(MapGkParams, originEasting) == 8 &&
               sizeof(MapGkParams) == 40);
 
 struct MapBmnParams {
     int16_t meridian;
-    double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
+    alignas(8) double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
 };
 static_assert(offsetof(MapBmnParams, originEasting) == 8 && sizeof(MapBmnParams) == 40);
 
 struct MapUpsParams {
     char hemisphere;
-    double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
+    alignas(8) double originEasting, originNorthing, metresPerPixelX, metresPerPixelY;
 };
 static_assert(offsetof(MapUpsParams, originEasting) == 8 && sizeof(MapUpsParams) == 40);
 
@@ -125,13 +126,13 @@ struct MapDdParams {
 };
 struct MapEqualArcParams {
     int16_t zone;
-    double originLatitude, originLongitude, degreesPerPixelY, degreesPerPixelX;
+    alignas(8) double originLatitude, originLongitude, degreesPerPixelY, degreesPerPixelX;
 };
 static_assert(offsetof(MapEqualArcParams, originLatitude) == 8 && sizeof(MapEqualArcParams) == 40);
 
 struct MapPolynomParams {
     uint32_t order;
-    double latFromPixel[10], lonFromPixel[10], pixelXFromWorld[10], pixelYFromWorld[10];
+    alignas(8) double latFromPixel[10], lonFromPixel[10], pixelXFromWorld[10], pixelYFromWorld[10];
 };
 static_assert(offsetof(MapPolynomParams, latFromPixel) == 8 && sizeof(MapPolynomParams) == 328);
 
@@ -140,7 +141,7 @@ struct MapLambert2Params {
 };
 struct MapLambertFrParams {
     int32_t zone;
-    double offsetX, offsetY;
+    alignas(8) double offsetX, offsetY;
 };
 static_assert(offsetof(MapLambertFrParams, offsetX) == 8 && sizeof(MapLambertFrParams) == 24);
 
@@ -172,12 +173,12 @@ struct MapParam {
     uint32_t referenceCount;
     MapReferenceNode reference;
     int32_t scaleDenominator;
-    double resolution;
+    alignas(8) double resolution;
     uint32_t datum;
     uint32_t reserved1, reserved2;
     int32_t worldType;
     uint32_t type;
-    union {
+    union alignas(8) {
         MapUtmParams utm;
         MapGkParams gk;
         MapBmnParams bmn;
@@ -198,11 +199,10 @@ struct MapParam {
     } params;
 };
 static_assert(std::is_standard_layout_v<MapParam> && std::is_trivially_copyable_v<MapParam>);
-static_assert(sizeof(void*) != 8 ||
-              (sizeof(MapReferenceNode) == 80 && sizeof(MapParam) == 456 &&
-               offsetof(MapParam, reference) == 8 && offsetof(MapParam, scaleDenominator) == 88 &&
-               offsetof(MapParam, resolution) == 96 && offsetof(MapParam, datum) == 104 &&
-               offsetof(MapParam, worldType) == 116 && offsetof(MapParam, type) == 120 &&
-               offsetof(MapParam, params) == 128));
+static_assert(sizeof(MapReferenceNode) == 80 && sizeof(MapParam) == 456 &&
+              offsetof(MapParam, reference) == 8 && offsetof(MapParam, scaleDenominator) == 88 &&
+              offsetof(MapParam, resolution) == 96 && offsetof(MapParam, datum) == 104 &&
+              offsetof(MapParam, worldType) == 116 && offsetof(MapParam, type) == 120 &&
+              offsetof(MapParam, params) == 128);
 
 }  // namespace contract
