@@ -1,6 +1,7 @@
 """Builds the extension module with the library's own CMake files, which stand above this directory or, in a source
 distribution, in `library`."""
 
+import os
 import re
 import shutil
 import subprocess
@@ -16,7 +17,7 @@ CARRIED = HERE / "library"
 LIBRARY = CARRIED if CARRIED.is_dir() else HERE.parents[1]
 
 # What the module is made of, besides its own sources.
-SOURCES = ["CMakeLists.txt", "cmake", "include", "src", "toolkit"]
+SOURCES = ["CMakeLists.txt", "LICENSE", "cmake", "include", "src", "toolkit"]
 MODULE = ["CMakeLists.txt", "exports.map", "module"]
 
 
@@ -29,8 +30,8 @@ def version() -> str:
 
 class CMakeBuild(build_ext):
     def build_extension(self, ext: Extension) -> None:
-        # One tree for all builds of a checkout, so that the second one compiles only what has changed.
-        tree = HERE / self.build_temp if LIBRARY == CARRIED else LIBRARY / "build" / "python"
+        # One tree for all builds, so that the second one compiles only what has changed.
+        tree = LIBRARY / "build" / "python"
         out = Path(self.get_ext_fullpath(ext.name)).resolve()
         options = {
             "CMAKE_BUILD_TYPE": "Release",
@@ -42,7 +43,9 @@ class CMakeBuild(build_ext):
         }
         cmake = ["cmake", "-S", str(LIBRARY), "-B", str(tree), "-G", "Ninja"]
         subprocess.run(cmake + [f"-D{name}={value}" for name, value in options.items()], check=True)
-        subprocess.run(["cmake", "--build", str(tree), "--target", "tessara_python"], check=True)
+        # Where ccache is there, what one directory has compiled is good for a copy of it in another.
+        environment = {**os.environ, "CCACHE_BASEDIR": str(LIBRARY)}
+        subprocess.run(["cmake", "--build", str(tree), "--target", "tessara_python"], check=True, env=environment)
         built = next((tree / "lib").glob("_tessara*.so"))
         out.parent.mkdir(parents=True, exist_ok=True)
         shutil.copy2(built, out)

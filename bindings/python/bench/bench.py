@@ -1,8 +1,9 @@
-"""Times beside pyproj: the table of docs/python.md. Each figure is the best of some runs, on one thread."""
+"""Times beside pyproj: the table of docs/python.md. Each figure is the least time of the processor of some runs, in which
+both sides take turns, on one thread. Time in which other programs have the processor doesn't count."""
 
 import shutil
 import subprocess
-import time
+from resource import RUSAGE_CHILDREN, RUSAGE_SELF, getrusage
 
 import numpy as np
 import pyproj
@@ -11,16 +12,25 @@ import tessara
 
 POSITIONS = 1_000_000
 SINGLES = 20_000
-RUNS = 5
+RUNS = 7
 
 
-def best(operation, runs=RUNS):
-    times = []
-    for _ in range(runs):
-        start = time.perf_counter()
-        operation()
-        times.append(time.perf_counter() - start)
-    return min(times)
+def processor_seconds():
+    """Of this process and of those that it started and that have ended."""
+    uses = map(getrusage, (RUSAGE_SELF, RUSAGE_CHILDREN))
+    return sum(use.ru_utime + use.ru_stime for use in uses)
+
+
+def seconds(operation):
+    start = processor_seconds()
+    operation()
+    return processor_seconds() - start
+
+
+def in_turns(ours, theirs=None, runs=RUNS):
+    """The least times of both; none for a peer that isn't there."""
+    both = [(seconds(ours), seconds(theirs) if theirs else None) for _ in range(runs)]
+    return tuple(min(times) if all(times) else None for times in zip(*both))
 
 
 def pyproj_all_zones(latitudes, longitudes):
@@ -35,11 +45,11 @@ def pyproj_all_zones(latitudes, longitudes):
 
 
 def geoconvert_references(latitudes, longitudes):
-    """The time of GeographicLib's program, texts in and out: no package of Debian has its references for Python."""
+    """GeographicLib's program, texts in and out: no package of Debian has its references for Python."""
     if shutil.which("GeoConvert") is None:
         return None
     lines = "".join(f"{latitude:.9f} {longitude:.9f}\n" for latitude, longitude in zip(latitudes, longitudes)).encode()
-    return best(lambda: subprocess.run(["GeoConvert", "-m", "-p", "0"], input=lines, stdout=subprocess.DEVNULL, check=True), 1)
+    return lambda: subprocess.run(["GeoConvert", "-m", "-p", "0"], input=lines, stdout=subprocess.DEVNULL, check=True)
 
 
 def rows():
@@ -51,47 +61,46 @@ def rows():
     to_utm = pyproj.Transformer.from_crs(4326, 32632)
     from_utm = pyproj.Transformer.from_crs(32632, 4326)
     grid = tessara.convert(latitudes, here)
-    yield (
-        "a million positions to UTM, one zone",
-        best(lambda: tessara.convert(latitudes, here)),
-        best(lambda: to_utm.transform(latitudes, here), 2),
+    yield "a million positions to UTM, one zone", *in_turns(
+        lambda: tessara.convert(latitudes, here),
+        lambda: to_utm.transform(latitudes, here),
     )
-    yield (
-        "a million positions from UTM, one zone",
-        best(lambda: tessara.convert(grid.northing, grid.easting, from_="UTM", from_zone=32, to="GEODEZ")),
-        best(lambda: from_utm.transform(grid.easting, grid.northing), 2),
+    yield "a million positions from UTM, one zone", *in_turns(
+        lambda: tessara.convert(grid.northing, grid.easting, from_="UTM", from_zone=32, to="GEODEZ"),
+        lambda: from_utm.transform(grid.easting, grid.northing),
     )
-    yield (
-        "a million positions to UTM, all zones",
-        best(lambda: tessara.convert(latitudes, everywhere)),
-        best(lambda: pyproj_all_zones(latitudes, everywhere), 1),
+    yield "a million positions to UTM, all zones", *in_turns(
+        lambda: tessara.convert(latitudes, everywhere),
+        lambda: pyproj_all_zones(latitudes, everywhere),
+        runs=3,
     )
-    yield "a million positions to UTMREF, as fields", best(lambda: tessara.convert(latitudes, here, to="UTMREF")), None
+    yield "a million positions to UTMREF, as fields", *in_turns(lambda: tessara.convert(latitudes, here, to="UTMREF"))
 
-    references = f"a million military references{' (GeoConvert, as a process)' if shutil.which('GeoConvert') else ''}"
-    yield references, best(lambda: tessara.format(latitudes, here)), geoconvert_references(latitudes, here)
+    geoconvert = geoconvert_references(latitudes, here)
+    yield f"a million military references{' (GeoConvert, as a process)' if geoconvert else ''}", *in_turns(
+        lambda: tessara.format(latitudes, here),
+        geoconvert,
+        runs=3,
+    )
     texts = tessara.format(latitudes[:100_000], here[:100_000]).tolist()
-    yield "100 000 military references read", best(lambda: tessara.parse(texts)), None
+    yield "100 000 military references read", *in_turns(lambda: tessara.parse(texts))
 
     few = slice(0, 100_000)
     geodesics = pyproj.Geod(ellps="WGS84")
-    yield (
-        "100 000 distances",
-        best(lambda: tessara.distance(latitudes[few], here[few], 50.0, 8.0)),
-        best(lambda: geodesics.inv(here[few], latitudes[few], np.full(100_000, 8.0), np.full(100_000, 50.0)), 2),
+    yield "100 000 distances", *in_turns(
+        lambda: tessara.distance(latitudes[few], here[few], 50.0, 8.0),
+        lambda: geodesics.inv(here[few], latitudes[few], np.full(100_000, 8.0), np.full(100_000, 50.0)),
     )
 
     prepared = tessara.Conversion("GEODEZ", "UTM")
     singles = range(SINGLES)
-    yield (
-        "20 000 single positions to UTM, prepared",
-        best(lambda: [prepared(48.1375, 11.5755) for _ in singles]),
-        best(lambda: [to_utm.transform(48.1375, 11.5755) for _ in singles], 2),
+    yield "20 000 single positions to UTM, prepared", *in_turns(
+        lambda: [prepared(48.1375, 11.5755) for _ in singles],
+        lambda: [to_utm.transform(48.1375, 11.5755) for _ in singles],
     )
-    yield (
-        "20 000 single positions to UTM, by names",
-        best(lambda: [tessara.convert(48.1375, 11.5755) for _ in singles]),
-        None,
+    yield "20 000 single positions to UTM, by names", *in_turns(
+        lambda: [tessara.convert(48.1375, 11.5755) for _ in singles],
+        lambda: [to_utm.transform(48.1375, 11.5755) for _ in singles],
     )
 
 

@@ -15,4 +15,5 @@ PYBIND11_MODULE(_tessara, module) {
     tessara::python::BindMaps(module);
     tessara::python::BindAreas(module);
     tessara::python::BindTexts(module);
+    tessara::python::BindCensus(module);
 }

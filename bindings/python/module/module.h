@@ -13,5 +13,6 @@ void BindGridFactors(pybind11::module_& module);
 void BindMaps(pybind11::module_& module);
 void BindAreas(pybind11::module_& module);
 void BindTexts(pybind11::module_& module);
+void BindCensus(pybind11::module_& module);
 
 }  // namespace tessara::python
