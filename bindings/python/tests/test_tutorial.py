@@ -2,7 +2,10 @@
 
 import doctest
 import json
+import subprocess
+import sys
 import xml.etree.ElementTree as xml
+from pathlib import Path
 
 import pytest
 import tutorial
@@ -48,3 +51,11 @@ def test_the_pictures_are_those_of_the_cells(run):
         assert xml.fromstring(picture).tag.endswith("svg")
     assert tutorial.pictures(json.loads(tutorial.NOTEBOOK.read_text(encoding="utf-8"))) == drawn
     assert tutorial.PICTURE.read_text(encoding="utf-8").strip() == drawn[0].strip()
+
+
+def test_all_but_the_step_of_frames_needs_numpy_only():
+    code = (f"import sys\nsys.path.insert(0, {str(Path(__file__).parent)!r})\n"
+            "sys.modules.update(pandas=None, geopandas=None, pyproj=None, shapely=None)\n"
+            "import tutorial\ntutorial.run_without(10)\n")
+    done = subprocess.run([sys.executable, "-P", "-c", code], capture_output=True, text=True)
+    assert done.returncode == 0, done.stderr

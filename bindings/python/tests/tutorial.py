@@ -16,6 +16,7 @@ PICTURE = DOCS / "pictures" / "python.svg"
 
 CELL = re.compile(r"^```python\n(.*?)^```\n(?:\n?^```text\n(.*?)^```\n)?", re.DOTALL | re.MULTILINE)
 LAST_SECTION = "## How fast"
+STEP = re.compile(r"^### (\d+)", re.MULTILINE)
 
 
 @dataclass
@@ -35,6 +36,16 @@ def text_and_cells():
         parts += [page[end:match.start()].strip(), match.groups()]
         end = match.end()
     return [part for part in [*parts, page[end:].strip()] if part]
+
+
+def run_without(step):
+    """Runs all cells but those of one step."""
+    names, here = {"__name__": "tutorial"}, 0
+    for part in text_and_cells():
+        if isinstance(part, str):
+            here = int((STEP.findall(part) or [here])[-1])
+        elif here != step:
+            shown(part[0], names)
 
 
 def shown(code, names):
