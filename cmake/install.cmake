@@ -1,4 +1,5 @@
-# Where `cmake --install` puts each file, in three components: the library, the files for development, and the program.
+# Where `cmake --install` puts each file, in components: the library, the files for development, the program, and the
+# Python package, whose files bindings/python names.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/tessara)
@@ -45,10 +46,14 @@ endforeach()
 set(TESSARA_LIBRARY_PACKAGE libtessara${PROJECT_VERSION_MAJOR})
 set(TESSARA_DEVELOPMENT_PACKAGE libtessara-dev)
 set(TESSARA_PROGRAM_PACKAGE tessara)
+set(TESSARA_PYTHON_PACKAGE python3-tessara)
 set(doc_root ${CMAKE_INSTALL_DATADIR}/doc)
 set(components library development)
 if(TESSARA_BUILD_PROGRAM)
   list(APPEND components program)
+endif()
+if(TESSARA_BUILD_PYTHON)
+  list(APPEND components python)
 endif()
 foreach(component IN LISTS components)
   string(TOUPPER ${component} name)

@@ -1,4 +1,5 @@
-# Debian packages by cpack, one for each component: the library, the files for development, and the program.
+# Debian packages by cpack, one for each component: the library, the files for development, the program, and the Python
+# package.
 # scripts/package builds them.
 set(TESSARA_MAINTAINER "" CACHE STRING "Maintainer of the Debian packages as 'Name <address>'; cpack fails without it")
 
@@ -22,7 +23,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 
-# The first line of a description is the summary. A common summary would be put before each of the three.
+# The first line of a description is the summary. A common summary would be put before each of them.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${TESSARA_LIBRARY_PACKAGE})
@@ -58,10 +59,24 @@ lines, CSV, JSON lines and GeoJSON points, checks typed positions, solves
 geodesics, and draws windows of maps as SVG or PNG files.")
 
 if(TESSARA_BUILD_PYTHON)
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-tessara)
+  # The module fits one version of the interpreter.
+  math(EXPR next_minor "${TESSARA_PYTHON_MINOR} + 1")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME ${TESSARA_PYTHON_PACKAGE})
   set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.11), python3 (<< 3.12), python3-numpy")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.${TESSARA_PYTHON_MINOR}), python3 (<< 3.${next_minor}), python3-numpy")
   set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-pandas, python3-geopandas")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/python3-tessara/postinst
+                                                ${CMAKE_CURRENT_LIST_DIR}/python3-tessara/prerm)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+  set(CPACK_DEBIAN_PYTHON_DESCRIPTION
+      "coordinate calculations for map and geodata applications (Python)
+Tessara converts positions between 24 coordinate systems and 239 geodetic
+datums: numbers, lists, NumPy arrays and pandas Series in, the same out. It
+reads and writes positions as texts, solves geodesics, and draws maps that
+notebooks show.
+
+This package contains the module for Python 3, which needs no other package of
+the library.")
 endif()
 
 include(CPack)
