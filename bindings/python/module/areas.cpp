@@ -13,13 +13,22 @@ namespace tessara::python {
 namespace py = pybind11;
 namespace {
 
+// Other threads of Python run while the library works on objects that nobody else has.
+template <class Operation>
+auto WithoutLock(const Operation& operation) {
+    const py::gil_scoped_release released;
+    return operation();
+}
+
 py::object Extent(const DegreeRows& rows, const std::string& datum, const std::string& system) {
     const IRef<IArray> line = LineOf(rows, DatumOf(datum));
     const Extremes extremes(ReferenceOf(system));
     const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
-    if (!area->GetLineExtremes(line.Get(), extremes.north.Get(), extremes.east.Get(), extremes.south.Get(),
-                               extremes.west.Get()))
-        throw std::invalid_argument("the line has no extent in " + system);
+    const bool isThere = WithoutLock([&] {
+        return area->GetLineExtremes(line.Get(), extremes.north.Get(), extremes.east.Get(),
+                                     extremes.south.Get(), extremes.west.Get());
+    });
+    if (!isThere) throw std::invalid_argument("the line has no extent in " + system);
     return extremes.Fields();
 }
 
@@ -69,8 +78,10 @@ py::tuple Overlay(const DegreeRows& first, const DegreeRows& second, const std::
     const IRef<IArray> onlyFirst(CreateClassArray());
     const IRef<IArray> both(CreateClassArray());
     const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
-    const std::int32_t relation =
-        area->Overlay(one.Get(), other.Get(), neither.Get(), onlySecond.Get(), onlyFirst.Get(), both.Get());
+    const std::int32_t relation = WithoutLock([&] {
+        return area->Overlay(one.Get(), other.Get(), neither.Get(), onlySecond.Get(), onlyFirst.Get(),
+                             both.Get());
+    });
     if (relation == OVERLAY_FAILURE)
         throw std::invalid_argument("the polygons can't be laid over each other");
     return py::make_tuple(relation, LinesOf(both.Get(), number), LinesOf(onlyFirst.Get(), number),
