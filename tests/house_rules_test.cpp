@@ -215,6 +215,7 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/columns/range_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/sphere_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/ups_loops", "tests/systems/convert_many_equality_test.cpp"},
+    {"src/columns/world_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/zone_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/maps/map_coord_creator_factory", "tests/maps/map_coord_creator_test.cpp"},
     {"src/polygons/polygon_reading", "tests/areas/coordinate_area_polygons_test.cpp"},

@@ -7,6 +7,7 @@
 #include "kernel/datum_rows.h"
 #include "kernel/grid_factors.h"
 #include "kernel/lambert_cone.h"
+#include "kernel/lambert_formulas.h"
 #include "numerics/arcs.h"
 #include "numerics/circular.h"
 #include "numerics/exponential.h"
@@ -19,6 +20,12 @@
 
 namespace tessara {
 namespace {
+
+using lambert::ConeOf;
+using lambert::ExponentialOf;
+using lambert::HasOneParallel;
+using lambert::LogOfPower;
+using lambert::RadiusOfFirst;
 
 constexpr double LATITUDE_TOLERANCE = 1e-13;  // radians
 // The iterations gain two digits per step; the bound stops them for ellipsoids that aren't in the table.
@@ -38,40 +45,9 @@ constexpr FrenchZone FRENCH_ZONES[] = {
 };
 constexpr std::int32_t FRENCH_ZONE_COUNT = 4;
 
-// The bearing of a vector in 0..2 pi, clockwise from the first axis.
-double Bearing(double u, double v) {
-    if (v == 0.0) return u >= 0.0 ? 0.0 : PI;
-    if (u > 0.0 && IsSmall(v / u * (v / u)))
-        return v > 0.0 ? AtanOfSmall(v / u) : TWO_PI + AtanOfSmall(v / u);
-    const double bearing = HALF_PI - Atan(u / v);
-    return v < 0.0 ? bearing + PI : bearing;
-}
-
-bool HasOneParallel(const LambertCC& lcc) {
-    return lcc.parallel1 == lcc.parallel2;
-}
-
 // The radius of a parallel on an ellipsoid with the semi-major axis 1.
 double ParallelRadius(SinCos phi, double e2) {
     return phi.cosine / std::sqrt(1.0 - phi.sine * phi.sine * e2);
-}
-
-// exp of the negative isometric latitude, which is cos phi / (1 + sin phi) on the sphere. The formula uses
-// the sine only: a latitude whose sine is rounded to that of the pole lies at the pole, and a latitude
-// beyond the pole is reflected.
-double ExponentialOf(SinCos phi, double e2) {
-    if (phi.sine == 1.0) return 0.0;
-    if (phi.sine == -1.0) return std::numeric_limits<double>::infinity();
-    const double q = EllipsoidShare(phi.sine, e2);
-    const double cosine = std::fabs(phi.cosine);
-    const double sphere = phi.sine < 0.0 ? (1.0 - phi.sine) / cosine : cosine / (1.0 + phi.sine);
-    return sphere * (CoshOfShare(q) + SinhOfShare(q));
-}
-
-// The latitude with this exponential, which is the limit of the usual iteration.
-double LatitudeFromExponential(double t, const LatitudeSeries& series) {
-    const auto [cosChi, sinChi] = DoubledOfTangent(t);
-    return HALF_PI - 2.0 * Atan(t) + LatitudeStep(series, Doubled({sinChi, cosChi}));
 }
 
 // log x - log y
@@ -79,21 +55,10 @@ double Difference(double x, double y) {
     return x < 0.0 ? std::numeric_limits<double>::quiet_NaN() : LogOfRatio(x, y);
 }
 
-// (x / y)^exponent. For parallels, whose ratios are moderate, the logarithm needs no more digits than a
-// double.
-double PowerOfRatio(double x, double y, double exponent) {
-    return ExpOfSmall(exponent * LogOfRatio(x, y));
-}
-
 // The direction of a latitude that often is near another.
 SinCos SinCosBeside(double phi, double beside, SinCos direction) {
     const double away = phi - beside;
     return IsSmall(away * away) ? Sum(direction, SinCosOfSmall(away)) : SinCosOf(phi);
-}
-
-// Of the first parallel in the plane, on an ellipsoid of that size.
-double RadiusOfFirst(const LambertCC& lcc) {
-    return lcc.a * lcc.m1 / lcc.n;
 }
 
 double LatitudeFromIsometricLatitude(double psi, double e) {
@@ -116,9 +81,11 @@ double IsometricOrigin(const LambertFR& lambert) {
 
 KoordStatus PrepareCone(std::int32_t datum, double parallel1, double parallel2, double scale,
                         double falseEasting, double falseNorthing, double lat0, double lon0, LambertCC* lcc) {
-    *lcc = LambertCC{};
     const DatumRow* row = RowOf(datum);
-    if (!row) return KOORD_ERR_DATUM;
+    if (!row) {
+        *lcc = LambertCC{};
+        return KOORD_ERR_DATUM;
+    }
     lcc->datum = datum;
     lcc->parallel1Deg = parallel1;
     lcc->parallel2Deg = parallel2;
@@ -141,7 +108,7 @@ KoordStatus PrepareCone(std::int32_t datum, double parallel1, double parallel2, 
     lcc->m1 = ParallelRadius(phi1, lcc->e2);
     lcc->m2 = ParallelRadius(phi2, lcc->e2);
     lcc->n = HasOneParallel(*lcc) ? phi1.sine : Difference(lcc->m1, lcc->m2) / Difference(lcc->t1, lcc->t2);
-    lcc->rho0 = RadiusOfFirst(*lcc) * PowerOfRatio(lcc->t0, lcc->t1, lcc->n);
+    lcc->rho0 = RadiusOfFirst(*lcc) * ExpOfSmall(LogOfPower(lcc->t0, lcc->t1, lcc->n));
     return KOORD_OK;
 }
 
@@ -155,13 +122,9 @@ KoordStatus LambertCC_Init(std::int32_t datum, double parallel1, double parallel
 }
 
 void LambertCC_Forward(const double latLon[2], double* easting, double* northing, const LambertCC* lcc) {
-    const double t = ExponentialOf(SinCosOf(latLon[0] * RADIANS_PER_DEGREE), lcc->e2);
-    const double theta = (latLon[1] * RADIANS_PER_DEGREE - lcc->lon0) * lcc->n;
-    const SinCos bearing = SinCosOf(theta);
-    const double rho = RadiusOfFirst(*lcc) * PowerOfRatio(t, lcc->t1, lcc->n);
-    const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
-    *easting = bearing.sine * rho * scale + lcc->falseEasting;
-    *northing = (lcc->rho0 - bearing.cosine * rho) * scale + lcc->falseNorthing;
+    const lambert::GridPoint point = lambert::Forward<Cases::Branch>(latLon[0], latLon[1], ConeOf(*lcc));
+    *easting = point.easting;
+    *northing = point.northing;
 }
 
 void LambertCC_Inverse(double easting, double northing, double latLon[2], const LambertCC* lcc) {
@@ -170,16 +133,10 @@ void LambertCC_Inverse(double easting, double northing, double latLon[2], const 
         latLon[0] = latLon[1] = std::numeric_limits<double>::quiet_NaN();
         return;
     }
-    const double scale = HasOneParallel(*lcc) ? lcc->scale : 1.0;
-    const double E = (easting - lcc->falseEasting) / scale;
-    const double N = (northing - lcc->falseNorthing) / scale;
-    const double fromApex = lcc->rho0 - N;
-    const double rho = SignOf(lcc->n) * std::sqrt(E * E + fromApex * fromApex);
-    const double t = lcc->t1 * PowerOfRatio(rho, RadiusOfFirst(*lcc), 1.0 / lcc->n);
-    double angle = lcc->n >= 0.0 ? Bearing(fromApex, E) : Bearing(-fromApex, -E);
-    if (angle > PI) angle -= TWO_PI;
-    latLon[0] = LatitudeFromExponential(t, LATITUDE_SERIES[row->ellipsoid]) * DEGREES_PER_RADIAN;
-    latLon[1] = (angle / lcc->n + lcc->lon0) * DEGREES_PER_RADIAN;
+    const lambert::Position position =
+        lambert::Inverse<Cases::Branch>(easting, northing, ConeOf(*lcc), LATITUDE_SERIES[row->ellipsoid]);
+    latLon[0] = position.latitude;
+    latLon[1] = position.longitude;
 }
 
 void LambertFR_Init(std::int32_t zone, std::int32_t datum, LambertFR* lambert) {

@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-// LambertCC_Init but for the factor F, which stands for itself: projecting goes by ratios to the first
+// LambertCC_Init but for the factor F, which stays as it was: projecting goes by ratios to the first
 // parallel.
 KoordStatus PrepareCone(std::int32_t datum, double parallel1, double parallel2, double scale,
                         double falseEasting, double falseNorthing, double lat0, double lon0, LambertCC* lcc);

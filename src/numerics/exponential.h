@@ -10,6 +10,7 @@
 #include <cstdint>
 
 #include "numerics/called.h"
+#include "numerics/cases.h"
 #include "numerics/double_pair.h"
 #include "numerics/logarithm.h"
 #include "numerics/polynomial.h"
@@ -75,11 +76,14 @@ inline constexpr double POWERS[] = {0x1.000000000000cp-1,  0x1.5555555555561p-3,
     return isOrdinary ? ExpOrdinary(x) : exponential::ExpOfOther({x, 0.0});
 }
 
-// The same to some units in the last place, and faster for a small argument.
+// The same to some units in the last place, and faster for a small argument. To choose between the cases, it
+// has to be up to 708 either way.
+template <Cases cases = Cases::Branch>
 [[nodiscard]] inline double ExpOfSmall(double x) {
     constexpr double small = 0.346;  // half of log 2
-    if (!(Absolute(x) < small)) return called::Exp(x);
-    return 1.0 + (x + x * x * Polynomial(exponential::POWERS, x));
+    return Either<cases>(
+        Absolute(x) < small, [=] { return 1.0 + (x + x * x * Polynomial(exponential::POWERS, x)); },
+        [=] { return cases == Cases::Choose ? ExpOrdinary(x) : called::Exp(x); });
 }
 
 // Of a normal positive base, where exponent * log(base) is up to 708 either way, without branch or call.

@@ -10,6 +10,7 @@
 #include <cstdint>
 
 #include "numerics/called.h"
+#include "numerics/cases.h"
 #include "numerics/double_pair.h"
 #include "numerics/polynomial.h"
 
@@ -67,13 +68,16 @@ inline constexpr double AREAS[] = {0x1.5555555555593p-1, 0x1.999999997fac3p-2, 0
     return isOrdinary ? LogOrdinary(x) : logarithm::LogOfOther(x);
 }
 
-// log(x / y) to some units in the last place, where x is near y, too: no rounded quotient is in between.
+// log(x / y) to some units in the last place, where x is near y, too: no rounded quotient is in between. To
+// choose between the cases, the quotient has to be a normal positive number.
+template <Cases cases = Cases::Branch>
 [[nodiscard]] inline double LogOfRatio(double x, double y) {
     constexpr double near = 0.17;  // a ratio of 1.4 at most
     const double s = (x - y) / (x + y);
-    if (!(Absolute(s) < near)) return called::Log(x / y);
     const double square = s * s;
-    return 2.0 * s + s * square * Polynomial(logarithm::AREAS, square);
+    return Either<cases>(
+        Absolute(s) < near, [=] { return 2.0 * s + s * square * Polynomial(logarithm::AREAS, square); },
+        [=] { return cases == Cases::Choose ? LogOrdinary(x / y) : called::Log(x / y); });
 }
 
 // log((1 + x) / (1 - x)) / 2 for |x| < 1; of small ones, below 2^-10, the last digits don't count.

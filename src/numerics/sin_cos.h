@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "numerics/called.h"
+#include "numerics/cases.h"
 #include "numerics/circular.h"
 #include "numerics/conditions.h"
 #include "numerics/exponential.h"
@@ -95,13 +96,14 @@ template <Reach reach = Reach::Everywhere>
 }
 
 // Twice the angle of a tangent from 0 up to infinity.
+template <Cases cases = Cases::Branch>
 [[nodiscard]] constexpr SinCos DoubledOfTangent(double t) {
-    if (t > 1.0) {
-        const double u = 1.0 / t;
-        const double scale = 1.0 / (1.0 + u * u);
-        return {2.0 * u * scale, (u * u - 1.0) * scale};
-    }
-    return DoubledOfTangentUpTo1(t);
+    const bool isSteep = t > 1.0;
+    const double less = Either<cases>(
+        isSteep, [=] { return 1.0 / t; }, [=] { return t; });
+    const double square = less * less;
+    const double scale = 1.0 / (1.0 + square);
+    return {2.0 * less * scale, (isSteep ? square - 1.0 : 1.0 - square) * scale};
 }
 
 [[nodiscard]] constexpr SinCos Sum(SinCos x, SinCos y) {

@@ -5,6 +5,7 @@
 #include "columns/origin_loops.h"
 #include "columns/sphere_loops.h"
 #include "columns/ups_loops.h"
+#include "columns/world_loops.h"
 #include "columns/zone_loops.h"
 #include "kernel/datum_rows.h"
 #include "kernel/lettered_references.h"
@@ -48,21 +49,31 @@ constexpr BlockColumn WITH_MERIDIAN[]{&Block::zone, &Block::east, &Block::north}
 
 // -- Easting and northing.
 
-template <class Payload>
-void LoadGrid(std::span<const tagKOORD> records, Block& block) {
+template <std::size_t EAST, std::size_t NORTH>
+void LoadPair(std::span<const tagKOORD> records, Block& block) {
     for (std::size_t row = 0; row < records.size(); ++row) {
-        block.east[row] = GET(records[row], Payload, easting);
-        block.north[row] = GET(records[row], Payload, northing);
+        block.east[row] = FieldOf<double>(records[row], EAST);
+        block.north[row] = FieldOf<double>(records[row], NORTH);
+    }
+}
+
+template <std::size_t EAST, std::size_t NORTH>
+void StorePair(const Block& block, std::span<tagKOORD> records) {
+    for (std::size_t row = 0; row < records.size(); ++row) {
+        if (block.IsSpecial(row)) continue;
+        SetField(records[row], EAST, block.east[row]);
+        SetField(records[row], NORTH, block.north[row]);
     }
 }
 
 template <class Payload>
+void LoadGrid(std::span<const tagKOORD> records, Block& block) {
+    LoadPair<offsetof(Payload, easting), offsetof(Payload, northing)>(records, block);
+}
+
+template <class Payload>
 void StoreGrid(const Block& block, std::span<tagKOORD> records) {
-    for (std::size_t row = 0; row < records.size(); ++row) {
-        if (block.IsSpecial(row)) continue;
-        SET(records[row], Payload, easting, block.east[row]);
-        SET(records[row], Payload, northing, block.north[row]);
-    }
+    StorePair<offsetof(Payload, easting), offsetof(Payload, northing)>(block, records);
 }
 
 template <const grids::FixedGrid& grid>
@@ -270,6 +281,21 @@ BlockStep ChInverseOf(const RunOf& /*run*/) {
     return ChInverse();
 }
 
+// -- The cone, and the circle.
+
+BlockStep ConeForwardOf(const RunOf& run) {
+    return ConeForward(run.projection.cone);
+}
+BlockStep ConeInverseOf(const RunOf& run) {
+    return ConeInverse(run.projection.cone);
+}
+BlockStep VdgForwardOf(const RunOf& run) {
+    return VdgForward(Load<VdgPayload>(run.record), run.Datum());
+}
+BlockStep VdgInverseOf(const RunOf& run) {
+    return VdgInverse(Load<VdgPayload>(run.record), run.Datum());
+}
+
 // -- Cartesian.
 
 void LoadEcef(std::span<const tagKOORD> records, Block& block) {
@@ -357,6 +383,11 @@ constinit const BlockForm PO_MILITARY_BLOCKS = Fixed<grids::PO_MILITARY>();
 constinit const BlockForm TM_BLOCKS{LoadGrid<TmPayload>, TmInverseOf,          nullptr,
                                     TmForwardOf,         StoreGrid<TmPayload>, METRES};
 
+constinit const BlockForm VDG_BLOCKS{
+    LoadPair<offsetof(VdgPayload, x), offsetof(VdgPayload, y)>,  VdgInverseOf, nullptr, VdgForwardOf,
+    StorePair<offsetof(VdgPayload, x), offsetof(VdgPayload, y)>, METRES};
+constinit const BlockForm LAMBERTCC_BLOCKS{LoadGrid<LambertCCPayload>,  ConeInverseOf, nullptr, ConeForwardOf,
+                                           StoreGrid<LambertCCPayload>, METRES};
 constinit const BlockForm ECEF_BLOCKS{
     LoadEcef, OnDatum<EcefInverse>, nullptr, OnDatum<EcefForward>, StoreEcef, CARTESIAN};
 constinit const BlockForm UPS_BLOCKS{

@@ -660,6 +660,7 @@ constexpr SystemRow Vdg() {
         .write = Write<VDG_FromGeodetic>,
         .parameterBytes = offsetof(P, x),
         .numbers = NUMBERS2(P, x, y),
+        .blocks = &VDG_BLOCKS,
         .form = Form::Values,
         .wraps = true,
         .hasMidpoint = true,
@@ -721,6 +722,7 @@ constexpr SystemRow LambertCc() {
         .write = LAMBERTCC_Write,
         .parameterBytes = offsetof(LambertCCPayload, easting),
         .numbers = NUMBERS2(LambertCCPayload, easting, northing),
+        .blocks = &LAMBERTCC_BLOCKS,
         .factors = LAMBERTCC_RecordFactors,
     };
 }

@@ -3,6 +3,7 @@
 // types: `ctest -C Soak -R equality` takes 100 000.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
@@ -91,6 +92,62 @@ TEST(ConvertManyEquality, HoldsForShiftsBetweenAllDatums) {
                               RangeCheck::On);
         if (HasFatalFailure()) return;
     }
+}
+
+// There and back.
+void ExpectTheSameByWayOf(testing::Random& random, const tagKOORD& target) {
+    const Records degrees = testing::MixedSources(random, KOORD_GEODEZ, DATUM_WGS84, PositionsWanted());
+    const Records targets(degrees.size(), target);
+    ExpectManyGiveTheSame(degrees, targets, RangeCheck::Off);
+    Records sources = ConvertedOneByOne(degrees, targets, RangeCheck::Off).records;
+    ExpectManyGiveTheSame(sources, Records(sources.size(), MakeKoord(3, KOORD_GEODEZ)), RangeCheck::Off);
+}
+
+TEST(ConvertManyEquality, HoldsForConesOfEveryKind) {
+    // Of two parallels and of one, wide and narrow, over either pole, and none at all.
+    constexpr float parallels[][2] = {{45.0f, 48.0f},   {50.0f, 50.0f}, {20.0f, 70.0f},    {-30.0f, -35.0f},
+                                      {-50.0f, -50.0f}, {89.0f, 89.5f}, {90.0f, 90.0f},    {30.0f, -30.0f},
+                                      {0.0f, 0.0f},     {NAN, 45.0f},   {45.0f, HUGE_VALF}};
+    testing::Random random(28);
+    for (const auto& [first, second] : parallels) {
+        for (const float longitude : {0.0f, -179.0f, 1e30f}) {
+            LambertCCPayload cone{};
+            cone.parallel1 = first;
+            cone.parallel2 = second;
+            cone.originLatitude = first;
+            cone.originLongitude = longitude;
+            cone.falseEasting = 1e5;
+            tagKOORD target = MakeKoord(DATUM_WGS84, KOORD_LAMBERTCC);
+            Store(target, cone);
+            SCOPED_TRACE(first);
+            ExpectTheSameByWayOf(random, target);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+TEST(ConvertManyEquality, HoldsForCirclesAboutAnyOrigin) {
+    testing::Random random(29);
+    for (const double origin : {0.0, -0.0, 48.0, -170.0, 1e10, static_cast<double>(NAN)}) {
+        tagKOORD target = MakeKoord(DATUM_WGS84, KOORD_VDG);
+        Store(target, VdgPayload{origin, std::fmod(origin, 60.0), 0.0, 0.0});
+        ExpectTheSameByWayOf(random, target);
+        if (HasFatalFailure()) return;
+    }
+}
+
+// A rounded position may lie in the next band, up to a metre away.
+TEST(ConvertManyEquality, HoldsNextToTheBordersOfBands) {
+    testing::Random random(25);
+    Records sources;
+    for (std::size_t i = 0; i < 20 * PositionsWanted(); ++i) {
+        const double border = 8.0 * random.Below(23) - 88.0;
+        const double away = random.Below(2) == 0 ? 2e-4 : 1e-5;
+        sources.push_back(
+            GeodezRecord(border + random.Between(-away, away), random.Between(-180.0, 180.0), 0.0));
+    }
+    ExpectManyGiveTheSame(sources, Records(sources.size(), MakeKoord(DATUM_WGS84, KOORD_UTMREF)),
+                          RangeCheck::Off);
 }
 
 // Blocks begin and end in runs of any length.
