@@ -9,25 +9,13 @@
 #include "numerics/rounding.h"
 
 namespace tessara {
+namespace zones {
 namespace {
 
 using austria::AustrianGrid;
 using austria::FALSE_EASTINGS;
 using austria::FALSE_NORTHING;
 using austria::FERRO;
-using zones::GK;
-using zones::GK6;
-using zones::Gk6MeridianOf;
-using zones::GkMeridianOf;
-using zones::NorthOfEquator;
-using zones::STRIP_EASTING_END;
-using zones::STRIP_SCALE;
-using zones::StripOrigin;
-using zones::StripSystem;
-using zones::UTM_SCALE;
-using zones::UtmMeridianOf;
-using zones::UtmNorthing;
-using zones::UTMREF_SNAP_DEGREES;
 
 // A wanted meridian, or the natural one.
 double MeridianFor(double wanted, double natural) {
@@ -216,38 +204,39 @@ BlockStep InverseOn(std::int32_t datum) {
 }
 
 }  // namespace
+}  // namespace zones
 
 BlockStep UtmForward(std::int32_t datum) {
-    return StepOver(Utm{tm::ForwardRow(datum)});
+    return StepOver(zones::Utm{tm::ForwardRow(datum)});
 }
 
 BlockStep UtmInverse(std::int32_t datum) {
-    return StepOver(UtmBackOn(datum));
+    return StepOver(zones::UtmBackOn(datum));
 }
 
 BlockStep UtmrefForward(std::int32_t datum) {
-    return StepOver(Utmref{{tm::ForwardRow(datum)}, UtmBackOn(datum)});
+    return StepOver(zones::Utmref{{tm::ForwardRow(datum)}, zones::UtmBackOn(datum)});
 }
 
 BlockStep UtmrefInverse(std::int32_t datum) {
-    return StepOver(UtmrefBack{UtmBackOn(datum)});
+    return StepOver(zones::UtmrefBack{zones::UtmBackOn(datum)});
 }
 
-BlockStep StripForward(const StripSystem& system, std::int32_t datum) {
-    return &system == &GK6 ? ForwardOn<GK6>(datum) : ForwardOn<GK>(datum);
+BlockStep StripForward(const zones::StripSystem& system, std::int32_t datum) {
+    return &system == &zones::GK6 ? zones::ForwardOn<zones::GK6>(datum) : zones::ForwardOn<zones::GK>(datum);
 }
 
-BlockStep StripInverse(const StripSystem& system, std::int32_t datum) {
-    return &system == &GK6 ? InverseOn<GK6>(datum) : InverseOn<GK>(datum);
+BlockStep StripInverse(const zones::StripSystem& system, std::int32_t datum) {
+    return &system == &zones::GK6 ? zones::InverseOn<zones::GK6>(datum) : zones::InverseOn<zones::GK>(datum);
 }
 
-BlockStep AustrianForward(const AustrianGrid& grid, std::int32_t datum) {
-    return StepOver(Austrian{tm::ForwardRow(datum), grid});
+BlockStep AustrianForward(const austria::AustrianGrid& grid, std::int32_t datum) {
+    return StepOver(zones::Austrian{tm::ForwardRow(datum), grid});
 }
 
-BlockStep AustrianInverse(const AustrianGrid& grid, std::int32_t datum) {
+BlockStep AustrianInverse(const austria::AustrianGrid& grid, std::int32_t datum) {
     const tm::InverseRow tm(datum);
-    return StepOver(AustrianBack{tm, tm.PerUnit(1.0), grid});
+    return StepOver(zones::AustrianBack{tm, tm.PerUnit(1.0), grid});
 }
 
 }  // namespace tessara
