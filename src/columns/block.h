@@ -20,7 +20,11 @@ struct alignas(64) Block {
     Column zone;    // the number of a zone or its meridian
     Column wanted;  // the meridian to force, degrees; not a number for none
     Column south;   // of the equator: 1.0, else 0.0
-    Column edge;    // the latitude of a rounded position, degrees
+    // Of lettered references: one or two chars as they lie in memory, and the metres within the square.
+    Column band;
+    Column square;
+    Column squareEast;
+    Column squareNorth;
     // Not 0.0 for a row that the formulas for the common case aren't good for, whose values mean nothing.
     Column special;
 

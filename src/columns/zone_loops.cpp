@@ -5,6 +5,7 @@
 
 #include "columns/block_loop.h"
 #include "columns/transverse_mercator_row.h"
+#include "kernel/utmref_letters.h"
 #include "numerics/conditions.h"
 #include "numerics/rounding.h"
 
@@ -45,20 +46,14 @@ struct UtmBack {
     tm::InverseRow tm;
     double perUnit;
 
-    // Degrees.
-    [[nodiscard]] tm::Position PositionOf(Block& block, std::size_t row) const {
+    void operator()(Block& block, std::size_t row) const {
         const double falseNorthing = block.south[row] != 0.0 ? UTM_SOUTHERN_FALSE_NORTHING : 0.0;
         const Plane plane{(block.north[row] - falseNorthing) * perUnit,
                           (block.east[row] - ZONE_FALSE_EASTING) * perUnit};
         const tm::Position position = tm.PositionOf(block, row, plane);
         const double meridian = 6.0 * block.zone[row] - 183.0;
-        return {(position.lambda + meridian * RADIANS_PER_DEGREE) * DEGREES_PER_RADIAN,
-                position.phi * DEGREES_PER_RADIAN, true};
-    }
-
-    void operator()(Block& block, std::size_t row) const {
-        const tm::Position degrees = PositionOf(block, row);
-        tm::Snap(block, row, degrees.phi, degrees.lambda, UTM_LIMITS);
+        const double longitude = (position.lambda + meridian * RADIANS_PER_DEGREE) * DEGREES_PER_RADIAN;
+        tm::Snap(block, row, position.phi * DEGREES_PER_RADIAN, longitude, UTM_LIMITS);
     }
 };
 
@@ -67,9 +62,9 @@ double RoundedToMetres(double metres) {
     return Trunc(metres + 0.5);
 }
 
+// A reference has the band of its rounded position. Only next to a border can that be another one.
 struct Utmref {
     Utm utm;
-    UtmBack back;
 
     void operator()(Block& block, std::size_t row) const {
         utm(block, row);
@@ -80,8 +75,9 @@ struct Utmref {
                                  north < UTM_SOUTHERN_FALSE_NORTHING));
         block.east[row] = east;
         block.north[row] = north;
-        block.edge[row] = SnappedToEither(UTM_LIMITS.south, UTM_LIMITS.north, back.PositionOf(block, row).phi,
-                                          LIMIT_TOLERANCE_DEGREES);
+        constexpr double nextTo = 1e-4;  // degrees, ten metres
+        const double bands = std::fabs(block.latitude[row] / UTMREF_BAND_DEGREES);
+        block.Refuse(row, std::fabs(bands - Trunc(bands + 0.5)) < nextTo / UTMREF_BAND_DEGREES);
     }
 };
 
@@ -215,7 +211,7 @@ BlockStep UtmInverse(std::int32_t datum) {
 }
 
 BlockStep UtmrefForward(std::int32_t datum) {
-    return StepOver(zones::Utmref{{tm::ForwardRow(datum)}, zones::UtmBackOn(datum)});
+    return StepOver(zones::Utmref{{tm::ForwardRow(datum)}});
 }
 
 BlockStep UtmrefInverse(std::int32_t datum) {

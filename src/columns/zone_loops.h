@@ -14,7 +14,7 @@ namespace tessara {
 // For datums 0..238.
 [[nodiscard]] BlockStep UtmForward(std::int32_t datum);
 [[nodiscard]] BlockStep UtmInverse(std::int32_t datum);
-// Whole metres, and the latitude of the rounded position in `edge`.
+// Whole metres; the latitude stays, and is in the band of the rounded position.
 [[nodiscard]] BlockStep UtmrefForward(std::int32_t datum);
 [[nodiscard]] BlockStep UtmrefInverse(std::int32_t datum);
 [[nodiscard]] BlockStep StripForward(const zones::StripSystem& system, std::int32_t datum);

@@ -22,6 +22,20 @@ struct RunOf {
 // A column of a block by its name.
 using BlockColumn = Block::Column Block::*;
 
+// One or two letters as a number of a column.
+struct LetterPair {
+    char first, second;
+};
+
+[[nodiscard]] inline double NumberOfLetters(LetterPair letters) {
+    return static_cast<std::uint8_t>(letters.first) + 256 * static_cast<std::uint8_t>(letters.second);
+}
+
+[[nodiscard]] inline LetterPair LettersOf(double number) {
+    const auto both = static_cast<std::uint32_t>(number);
+    return {static_cast<char>(both & 0xFF), static_cast<char>(both >> 8)};
+}
+
 struct BlockForm {
     // Records to columns; a record that the formulas can't take becomes a special row.
     void (*load)(std::span<const tagKOORD> records, Block& block) = nullptr;
@@ -33,12 +47,16 @@ struct BlockForm {
     BlockStep (*forward)(const RunOf& run) = nullptr;
     // The rows that aren't special to records.
     void (*store)(const Block& block, std::span<tagKOORD> records) = nullptr;
-    // The columns of the type's fields, in their order; none where fields take more than copying.
+    // The columns of the type's fields, in their order.
     std::span<const BlockColumn> columns{};
     // Makes rows special whose columns hold what the formulas can't take; null if they take all.
     void (*admit)(Block& block, std::size_t rows) = nullptr;
     // What a letter says that is a hemisphere.
     bool (*isSouth)(char letter) = nullptr;
+    // Of lettered references: from the columns of the fields to those of the formulas, where references that
+    // don't exist make rows special, and back. `record` has the datum.
+    void (*fromFields)(Block& block, std::size_t rows, const tagKOORD& record) = nullptr;
+    void (*toFields)(Block& block, std::size_t rows, const tagKOORD& record) = nullptr;
 };
 
 extern const BlockForm GEODEZ_BLOCKS, UTM_BLOCKS, UTMREF_BLOCKS, GK_BLOCKS, GK6_BLOCKS, BMN_BLOCKS,

@@ -46,6 +46,10 @@ constexpr BlockColumn ZONED[]{&Block::zone, &Block::south, &Block::east, &Block:
 constexpr BlockColumn POLAR[]{&Block::south, &Block::east, &Block::north};
 constexpr BlockColumn CARTESIAN[]{&Block::east, &Block::north, &Block::up};
 constexpr BlockColumn WITH_MERIDIAN[]{&Block::zone, &Block::east, &Block::north};
+constexpr BlockColumn LETTERED[]{&Block::square, &Block::squareEast, &Block::squareNorth, &Block::east,
+                                 &Block::north};
+constexpr BlockColumn MILITARY[]{&Block::zone, &Block::band, &Block::square, &Block::squareEast,
+                                 &Block::squareNorth};
 
 // -- Easting and northing.
 
@@ -166,16 +170,64 @@ void LoadUtmref(std::span<const tagKOORD> records, Block& block) {
     }
 }
 
+// Whole metres.
+UtmPayload UtmOf(const Block& block, std::size_t row) {
+    UtmPayload utm{};
+    utm.hemisphere = block.south[row] != 0.0 ? 'S' : 'N';
+    utm.zone = static_cast<std::int16_t>(block.zone[row]);
+    utm.easting = block.east[row];
+    utm.northing = block.north[row];
+    return utm;
+}
+
 void StoreUtmref(const Block& block, std::span<tagKOORD> records) {
     const std::uint32_t ellipsoid = EllipsoidOf(records);
     for (std::size_t row = 0; row < records.size(); ++row) {
         if (block.IsSpecial(row)) continue;
+        UtmrefFromUtm(UtmOf(block, row), block.latitude[row], ellipsoid,
+                      PayloadIn<UtmrefPayload>(&records[row]));
+    }
+}
+
+// False for what isn't a whole number of the field's type.
+template <class Whole>
+bool PutWhole(double number, Whole* whole) {
+    constexpr double least = std::numeric_limits<Whole>::min();
+    constexpr double greatest = std::numeric_limits<Whole>::max();
+    const bool fits = number >= least && number <= greatest;
+    *whole = fits ? static_cast<Whole>(number) : Whole{0};
+    return fits;
+}
+
+void MilitaryFromFields(Block& block, std::size_t rows, const tagKOORD& record) {
+    const std::uint32_t ellipsoid = RowOf(DatumOf(record))->ellipsoid;
+    for (std::size_t row = 0; row < rows; ++row) {
+        UtmrefPayload reference{};
         UtmPayload utm{};
-        utm.hemisphere = block.south[row] != 0.0 ? 'S' : 'N';
-        utm.zone = static_cast<std::int16_t>(block.zone[row]);
-        utm.easting = block.east[row];
-        utm.northing = block.north[row];
-        UtmrefFromUtm(utm, block.edge[row], ellipsoid, PayloadIn<UtmrefPayload>(&records[row]));
+        reference.band = LettersOf(block.band[row]).first;
+        const LetterPair square = LettersOf(block.square[row]);
+        reference.column = square.first;
+        reference.row = square.second;
+        const bool isWhole = PutWhole(block.zone[row], &reference.zone) &&
+                             PutWhole(block.squareEast[row], &reference.easting) &&
+                             PutWhole(block.squareNorth[row], &reference.northing);
+        block.Refuse(row, !isWhole || UtmrefToUtm(reference, ellipsoid, &utm) != KOORD_OK);
+        block.east[row] = utm.easting;
+        block.north[row] = utm.northing;
+        block.south[row] = utm.hemisphere == 'S' ? 1.0 : 0.0;
+    }
+}
+
+void MilitaryToFields(Block& block, std::size_t rows, const tagKOORD& record) {
+    const std::uint32_t ellipsoid = RowOf(DatumOf(record))->ellipsoid;
+    for (std::size_t row = 0; row < rows; ++row) {
+        if (block.IsSpecial(row)) continue;
+        UtmrefPayload reference{};
+        UtmrefFromUtm(UtmOf(block, row), block.latitude[row], ellipsoid, &reference);
+        block.band[row] = NumberOfLetters({reference.band, '\0'});
+        block.square[row] = NumberOfLetters({reference.column, reference.row});
+        block.squareEast[row] = reference.easting;
+        block.squareNorth[row] = reference.northing;
     }
 }
 
@@ -257,6 +309,36 @@ void StoreLettered(const Block& block, std::span<tagKOORD> records) {
     for (std::size_t row = 0; row < records.size(); ++row) {
         if (block.IsSpecial(row)) continue;
         write({block.east[row], block.north[row]}, PayloadIn<LetterGridPayload>(&records[row]));
+    }
+}
+
+template <bool (*read)(const LetterGridPayload& payload, GridValues* values)>
+void LetteredFromFields(Block& block, std::size_t rows, const tagKOORD& /*record*/) {
+    for (std::size_t row = 0; row < rows; ++row) {
+        const auto [square, subSquare] = LettersOf(block.square[row]);
+        LetterGridPayload reference{};
+        reference.square = square;
+        reference.subSquare = subSquare;
+        reference.easting = block.squareEast[row];
+        reference.northing = block.squareNorth[row];
+        reference.fullEasting = block.east[row];
+        reference.fullNorthing = block.north[row];
+        GridValues values{};
+        block.Refuse(row, !read(reference, &values));
+        block.east[row] = values.easting;
+        block.north[row] = values.northing;
+    }
+}
+
+template <void (*write)(const GridValues& values, LetterGridPayload* payload)>
+void LetteredToFields(Block& block, std::size_t rows, const tagKOORD& /*record*/) {
+    for (std::size_t row = 0; row < rows; ++row) {
+        if (block.IsSpecial(row)) continue;
+        LetterGridPayload reference{};
+        write({block.east[row], block.north[row]}, &reference);
+        block.square[row] = NumberOfLetters({reference.square, reference.subSquare});
+        block.squareEast[row] = reference.easting;
+        block.squareNorth[row] = reference.northing;
     }
 }
 
@@ -367,17 +449,36 @@ constinit const BlockForm UTMREF_BLOCKS{LoadUtmref,
                                         LoadWantedZone<UtmrefPayload>,
                                         OnDatum<UtmrefForward>,
                                         StoreUtmref,
-                                        {},
-                                        AdmitZones};
+                                        MILITARY,
+                                        AdmitZones,
+                                        nullptr,
+                                        MilitaryFromFields,
+                                        MilitaryToFields};
 constinit const BlockForm GK_BLOCKS = Strips<zones::GK>();
 constinit const BlockForm GK6_BLOCKS = Strips<zones::GK6>();
 constinit const BlockForm BMN_BLOCKS = AustrianForms<austria::BMN>();
 constinit const BlockForm OEM_BLOCKS = AustrianForms<austria::OEM>();
 constinit const BlockForm GKAT_BLOCKS = AustrianForms<austria::GKAT>();
-constinit const BlockForm BNG_BLOCKS{LoadLettered<BngReadReference>, GridInverseOf<grids::BRITISH>, nullptr,
-                                     GridForwardOf<grids::BRITISH>, StoreLettered<BngWriteReference>};
-constinit const BlockForm ING_BLOCKS{LoadLettered<IngReadReference>, GridInverseOf<grids::IRISH>, nullptr,
-                                     GridForwardOf<grids::IRISH>, StoreLettered<IngWriteReference>};
+constinit const BlockForm BNG_BLOCKS{LoadLettered<BngReadReference>,
+                                     GridInverseOf<grids::BRITISH>,
+                                     nullptr,
+                                     GridForwardOf<grids::BRITISH>,
+                                     StoreLettered<BngWriteReference>,
+                                     LETTERED,
+                                     nullptr,
+                                     nullptr,
+                                     LetteredFromFields<BngReadReference>,
+                                     LetteredToFields<BngWriteReference>};
+constinit const BlockForm ING_BLOCKS{LoadLettered<IngReadReference>,
+                                     GridInverseOf<grids::IRISH>,
+                                     nullptr,
+                                     GridForwardOf<grids::IRISH>,
+                                     StoreLettered<IngWriteReference>,
+                                     LETTERED,
+                                     nullptr,
+                                     nullptr,
+                                     LetteredFromFields<IngReadReference>,
+                                     LetteredToFields<IngWriteReference>};
 constinit const BlockForm LUREF_BLOCKS = Fixed<grids::LUREF>();
 constinit const BlockForm PO_MILITARY_BLOCKS = Fixed<grids::PO_MILITARY>();
 constinit const BlockForm TM_BLOCKS{LoadGrid<TmPayload>, TmInverseOf,          nullptr,

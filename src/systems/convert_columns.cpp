@@ -129,9 +129,6 @@ class ColumnConversion {
     }
 
   private:
-    // Whether the block's columns are the type's.
-    static bool AreColumns(const BlockForm* form) { return form != nullptr && !form->columns.empty(); }
-
     void ReadHeights(std::size_t first, std::size_t rows) {
         const In heights(from_.height, first);
         if (heights.Exists()) {
@@ -161,8 +158,9 @@ class ColumnConversion {
 
     void ComputeBlock(std::size_t first, std::size_t rows) {
         blocks_.Clear(block_, rows);
-        if (AreColumns(single_.From().blocks)) {
-            ReadColumns(first, rows);
+        if (const BlockForm* const form = single_.From().blocks; form != nullptr) {
+            ReadColumns(*form, first, rows);
+            if (form->fromFields != nullptr) form->fromFields(block_, rows, source_);
             blocks_.Admit(block_, rows);
         } else {
             std::array<tagKOORD, Block::SIZE> records;
@@ -173,7 +171,8 @@ class ColumnConversion {
         blocks_.LoadWanted({targets_.data(), rows}, block_);
         blocks_.Compute(block_, rows, set_);
         if (source_.type == KOORD_ECEF) std::copy_n(block_.height, rows, heights_.begin());
-        if (AreColumns(single_.To().blocks)) {
+        if (const BlockForm* const form = single_.To().blocks; form != nullptr) {
+            if (form->toFields != nullptr) form->toFields(block_, rows, target_);
             std::fill_n(statuses_.begin(), rows, KOORD_OK);
         } else {
             std::fill_n(results_.begin(), rows, target_);
@@ -181,26 +180,40 @@ class ColumnConversion {
         }
     }
 
-    void ReadColumns(std::size_t first, std::size_t rows) {
-        const BlockForm& form = *single_.From().blocks;
+    void ReadColumns(const BlockForm& form, std::size_t first, std::size_t rows) {
         for (std::size_t i = 0; i < form.columns.size(); ++i) {
             const OutputField& field = sourceFields_[i];
             const In column(from_.fields[i], first);
             double* const numbers = block_.*form.columns[i];
             if (IsOfLetters(field)) {
-                const char always = static_cast<char>(source_.payload[field.offset]);
-                for (std::size_t row = 0; row < rows; ++row)
-                    numbers[row] = form.isSouth(column.Exists() ? *column.Letters(row) : always) ? 1.0 : 0.0;
+                ReadLetters(form, column, field, rows, numbers);
             } else if (!column.Exists()) {
                 std::fill_n(numbers, rows, OutputValue(source_, field));
             } else {
                 column.CopyNumbers(rows, numbers);
-                if (field.kind != OutputKind::Whole16) continue;
+                // References are made of whole numbers, whatever is behind the point.
+                if (!IsWhole(field) || form.fromFields != nullptr) continue;
                 for (std::size_t row = 0; row < rows; ++row)
                     numbers[row] = Trunc(numbers[row]);
             }
         }
         std::copy_n(heights_.begin(), rows, block_.height);
+    }
+
+    void ReadLetters(const BlockForm& form, const In& column, const OutputField& field, std::size_t rows,
+                     double* numbers) {
+        const In always({source_.payload + field.offset, 0}, 0);
+        const In& letters = column.Exists() ? column : always;
+        if (form.isSouth != nullptr) {
+            for (std::size_t row = 0; row < rows; ++row)
+                numbers[row] = form.isSouth(letters.Letters(row)[0]) ? 1.0 : 0.0;
+        } else if (field.count == 1) {
+            for (std::size_t row = 0; row < rows; ++row)
+                numbers[row] = NumberOfLetters({letters.Letters(row)[0], '\0'});
+        } else {
+            for (std::size_t row = 0; row < rows; ++row)
+                numbers[row] = NumberOfLetters({letters.Letters(row)[0], letters.Letters(row)[1]});
+        }
     }
 
     // By itself, from the columns of the source to a record.
@@ -226,12 +239,12 @@ class ColumnConversion {
 
     void Write(std::size_t first, std::size_t rows, bool inBlocks) {
         const BlockForm* const form = hasDatums_ ? single_.To().blocks : nullptr;
-        const bool fromBlock = inBlocks && AreColumns(form);
+        const bool fromBlock = inBlocks && form != nullptr;
         for (std::size_t i = 0; i < targetFields_.size(); ++i) {
             const Out column(to_.fields[i], first);
             if (!column.Exists()) continue;
             if (IsOfLetters(targetFields_[i])) {
-                WriteLetters(column, targetFields_[i], rows, fromBlock);
+                WriteLetters(column, targetFields_[i], rows, fromBlock ? block_.*form->columns[i] : nullptr);
             } else {
                 WriteNumbers(column, targetFields_[i], rows, fromBlock ? block_.*form->columns[i] : nullptr);
             }
@@ -257,11 +270,15 @@ class ColumnConversion {
         column.PutNumbers(rows, all);
     }
 
-    void WriteLetters(const Out& column, const OutputField& field, std::size_t rows, bool fromBlock) {
+    void WriteLetters(const Out& column, const OutputField& field, std::size_t rows, const double* numbers) {
         constexpr char none[COLUMN_COUNT] = {};
+        const bool isHemisphere = numbers != nullptr && single_.To().blocks->isSouth != nullptr;
         for (std::size_t row = 0; row < rows; ++row) {
-            if (fromBlock && !block_.IsSpecial(row)) {
-                *column.Letters(row) = block_.south[row] != 0.0 ? 'S' : 'N';
+            if (numbers != nullptr && !block_.IsSpecial(row)) {
+                const LetterPair letters = isHemisphere ? LetterPair{numbers[row] != 0.0 ? 'S' : 'N', '\0'}
+                                                        : LettersOf(numbers[row]);
+                column.Letters(row)[0] = letters.first;
+                if (field.count > 1) column.Letters(row)[1] = letters.second;
                 continue;
             }
             const void* const letters = IsComplete(statuses_[row])

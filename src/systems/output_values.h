@@ -36,6 +36,11 @@ bool Put(tagKOORD* record, std::uint8_t offset, double value) {
     return field.kind == OutputKind::Letters;
 }
 
+[[nodiscard]] inline bool IsWhole(const OutputField& field) {
+    return field.kind == OutputKind::Whole16 || field.kind == OutputKind::Whole32 ||
+           field.kind == OutputKind::GeorefMinutes || field.kind == OutputKind::SquareMetres;
+}
+
 // Not of letters.
 [[nodiscard]] inline double OutputValue(const tagKOORD& record, const OutputField& field) {
     switch (field.kind) {
