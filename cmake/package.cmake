@@ -12,6 +12,9 @@ set(CPACK_COMPONENTS_ALL library development program)
 if(TESSARA_BUILD_PYTHON)
   list(APPEND CPACK_COMPONENTS_ALL python)
 endif()
+if(TESSARA_BUILD_POSTGRESQL)
+  list(APPEND CPACK_COMPONENTS_ALL postgresql)
+endif()
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS library)
 set(CPACK_COMPONENT_PROGRAM_DEPENDS library)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_files.cmake)
@@ -77,6 +80,20 @@ notebooks show.
 
 This package contains the module for Python 3, which needs no other package of
 the library.")
+endif()
+
+if(TESSARA_BUILD_POSTGRESQL)
+  set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_NAME ${TESSARA_POSTGRESQL_PACKAGE})
+  set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_SECTION database)
+  set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_DEPENDS "postgresql-15")
+  set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_SUGGESTS "postgresql-15-postgis-3")
+  set(CPACK_DEBIAN_POSTGRESQL_DESCRIPTION
+      "coordinate systems and military references for PostgreSQL 15
+The extension tessara converts positions between 24 coordinate systems and
+239 geodetic datums within the database. Military references are a type with
+indexes on squares, positions a type that is read from typed texts.
+
+The extension tessara_postgis casts positions to the types of PostGIS.")
 endif()
 
 include(CPack)

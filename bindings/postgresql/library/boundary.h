@@ -100,7 +100,7 @@ TESSARA_BOUNDARY void Tessara_PlaceOf(const TessaraPosition* position, double pl
  * name. */
 TESSARA_BOUNDARY bool Tessara_NumberOf(const TessaraPosition* position, const char* field,
                                        double* number) TESSARA_NOTHROW;
-/* SYSTEM@DATUM. */
+/* SYSTEM[:PARAMETERS]@DATUM. */
 TESSARA_BOUNDARY void Tessara_ReferenceOf(const TessaraPosition* position,
                                           char text[TESSARA_TEXT_SIZE]) TESSARA_NOTHROW;
 
@@ -161,7 +161,7 @@ typedef struct TessaraFinding {
 
 TESSARA_BOUNDARY bool Tessara_Check(const TessaraReader* reader, const char* text, TessaraFinding* finding,
                                     TessaraError* error) TESSARA_NOTHROW;
-/* The text of a position as the library writes it. */
+/* The text of a position as the library writes it: one, or north and east with a comma between them. */
 TESSARA_BOUNDARY bool Tessara_Format(const TessaraPosition* position, char text[TESSARA_TEXT_SIZE],
                                      TessaraError* error) TESSARA_NOTHROW;
 

@@ -97,6 +97,17 @@ std::string WordOf(const OutputField& field, const tagKOORD& record) {
     return {reinterpret_cast<const char*>(record.payload + field.offset), field.count};
 }
 
+// With the parameters of a projection that has some.
+std::string ReferenceName(const tagKOORD& record) {
+    const auto system = static_cast<std::int32_t>(record.type);
+    std::string parameters;
+    for (const OutputField& field : ParametersOf(system))
+        parameters +=
+            (parameters.empty() ? ":" : ",") + std::string(field.name) + '=' + WordOf(field, record);
+    return toolkit::SystemName(system) + parameters + '@' +
+           toolkit::DatumName(static_cast<std::int32_t>(record.datum));
+}
+
 bool HasName(const tagKOORD& record) {
     const auto system = static_cast<std::int32_t>(record.type);
     const auto datum = static_cast<std::int32_t>(record.datum);
@@ -182,7 +193,7 @@ bool Tessara_NumberOf(const TessaraPosition* position, const char* field, double
 void Tessara_ReferenceOf(const TessaraPosition* position, char text[TESSARA_TEXT_SIZE]) noexcept {
     TessaraError unused;
     Guarded(&unused, [&] {
-        CopyText(NameOf(RecordOf(*position)), *reinterpret_cast<char(*)[TESSARA_TEXT_SIZE]>(text));
+        CopyText(ReferenceName(RecordOf(*position)), *reinterpret_cast<char(*)[TESSARA_TEXT_SIZE]>(text));
         return true;
     });
 }

@@ -30,12 +30,6 @@ constexpr std::array VDG_PARAMETERS{PARAMETER("lon0", VdgPayload, originLongitud
 
 #undef PARAMETER
 
-std::span<const OutputField> ParametersOf(std::int32_t system) {
-    if (system == KOORD_TM) return TM_PARAMETERS;
-    if (system == KOORD_VDG) return VDG_PARAMETERS;
-    return {};
-}
-
 template <class Value>
 Value At(const tagKOORD& record, const OutputField& field) {
     Value value;
@@ -92,6 +86,12 @@ toolkit::Reference ReferenceOf(const char* name) {
     if (toolkit::IsPixel(reference.system))
         throw Thrown{TESSARA_WRONG_ARGUMENT, "positions in pixels belong to a map"};
     return reference;
+}
+
+std::span<const OutputField> ParametersOf(std::int32_t system) {
+    if (system == KOORD_TM) return TM_PARAMETERS;
+    if (system == KOORD_VDG) return VDG_PARAMETERS;
+    return {};
 }
 
 std::vector<OutputField> FieldsOf(std::int32_t system) {

@@ -31,6 +31,9 @@ static_assert(sizeof(TessaraPosition) == sizeof(tagKOORD));
 [[nodiscard]] std::int32_t DatumOf(const char* name);
 [[nodiscard]] toolkit::Reference ReferenceOf(const char* name);
 
+// The parameters of a projection that a record holds.
+[[nodiscard]] std::span<const OutputField> ParametersOf(std::int32_t system);
+
 // The fields that make a position in its system: those that the library lists, and before them the
 // parameters of a projection that has some.
 [[nodiscard]] std::vector<OutputField> FieldsOf(std::int32_t system);

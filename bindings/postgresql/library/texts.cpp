@@ -56,7 +56,7 @@ TessaraReader* Tessara_NewReader(const char* reference, TessaraError* error) noe
     TessaraReader* made = nullptr;
     Guarded(error, [&] {
         toolkit::Wanted wanted;
-        if (reference != nullptr) wanted.reference = ReferenceOf(reference);
+        if (reference != nullptr) wanted = {ReferenceOf(reference), toolkit::Order::NorthFirst};
         made = new TessaraReader{toolkit::TypedReader(wanted)};
         return true;
     });
@@ -100,7 +100,7 @@ bool Tessara_Format(const TessaraPosition* position, char text[TESSARA_TEXT_SIZE
                                          style);
         std::string joined;
         for (const std::string& part : writer.Write(record, record))
-            joined += (joined.empty() ? "" : " ") + part;
+            joined += (joined.empty() ? "" : ", ") + part;
         if (joined.empty()) throw NoPlace(KOORD_ERR_OUTSIDE);
         CopyText(joined, *reinterpret_cast<char(*)[TESSARA_TEXT_SIZE]>(text));
         return true;

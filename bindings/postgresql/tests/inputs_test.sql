@@ -1,7 +1,7 @@
 -- Wrong values of every argument of every function, NULL, and garbage: a result or an error that says what is wrong.
 \set ON_ERROR_STOP on
 BEGIN;
-SELECT plan(8);
+SELECT plan(10);
 
 CREATE TEMP TABLE functions AS
 SELECT p.oid, p.proname AS name, p.proargtypes::oid[] AS types, p.provolatile, p.proisstrict, p.proparallel, p.procost, p.proretset
@@ -89,5 +89,29 @@ BEGIN
     RETURN true;
 END $$;
 SELECT is((SELECT count(*) FROM garbage WHERE NOT is_read(typed)), 0::bigint, 'input functions take or refuse them');
+
+-- Bytes at random, and those of positions with a few of them changed, as binary input.
+SELECT current_setting('data_directory') || '/bytes' AS file \gset
+CREATE TABLE some_bytes (bytes bytea);
+CREATE TABLE some_positions (place tessara_position);
+CREATE TABLE some_gridrefs (gridref tessara_gridref);
+CREATE FUNCTION is_received(into_table text, sent bytea, file text) RETURNS boolean LANGUAGE plpgsql AS $$
+BEGIN
+    TRUNCATE some_bytes;
+    INSERT INTO some_bytes VALUES (sent);
+    EXECUTE format('COPY some_bytes TO %L (FORMAT binary)', file);
+    EXECUTE format('COPY %I FROM %L (FORMAT binary)', into_table, file);
+    RETURN true;
+EXCEPTION WHEN invalid_binary_representation THEN RETURN false;
+END $$;
+CREATE TEMP TABLE sent AS
+SELECT i, set_byte(set_byte(tessara_position_send(place), floor(random() * 8)::int, floor(random() * 4)::int), 8 + i % 24, floor(random() * 256)::int) AS position,
+       int8send(floor(random() * 9e18)::bigint) AS gridref, tessara_gridref_send(tessara_gridref(random() * 80, random() * 170)) AS right_gridref
+FROM generate_series(1, 400) i, LATERAL tessara_convert(random() * 80, random() * 170, (ARRAY['UTM', 'UTMREF', 'GEODEZ', 'GEOREF', 'ECEF'])[1 + i % 5]) AS place;
+SELECT is((SELECT count(*) FILTER (WHERE is_received('some_gridrefs', right_gridref, :'file')) FROM sent)
+          + (SELECT 0 * count(is_received('some_gridrefs', gridref, :'file')) + 0 * count(is_received('some_positions', position, :'file')) FROM sent),
+          400::bigint, 'bytes are taken or refused');
+SELECT is((SELECT count(*) FROM some_positions WHERE place::text::tessara_position <> place) + (SELECT count(*) FROM some_gridrefs WHERE gridref::text::tessara_gridref <> gridref),
+          0::bigint, 'and those that are taken are positions');
 SELECT * FROM finish();
 ROLLBACK;

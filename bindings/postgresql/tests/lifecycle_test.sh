@@ -2,7 +2,7 @@
 # What happens around the functions: cancelled queries, two backends, little memory, a restart, updates, removal.
 source "$(dirname "$0")/checks.sh"
 
-plan 14
+plan 17
 
 query() {
     psql -XAtq -v ON_ERROR_STOP=1 "$@"
@@ -81,3 +81,21 @@ like "$(cancelled 'SELECT count(tessara_parse(tessara_format(a.lat, b.lon, $$UTM
 like "$(cancelled "SELECT count(tessara_convert_array(lats, lats, 'UTM')) FROM
     (SELECT array_agg(48.0::float8) AS lats FROM generate_series(1, 3000000)) a, generate_series(1, 100)")" \
     'canceling statement' 'arrays can be cancelled'
+
+# Memory of the library is given back: a session does the same work again and doesn't grow.
+work='SELECT count(tessara_convert_or_null(lat, lon, (ARRAY[$$UTM$$, $$CH@CH1903$$, $$GK@GER$$])[1 + id % 3])), count(tessara_parse(tessara_format(lat, lon, $$UTM$$))),
+    count((tessara_check(id || $$ nothing$$)).reason) FROM (SELECT * FROM tracks LIMIT 20000) t;
+    SELECT count(tessara_convert_array_or_null(ARRAY[lat, 91], ARRAY[lon, 11], $$UTM$$)), count(tessara_parse_or_null(id::text)) FROM (SELECT * FROM tracks LIMIT 20000) t;'
+resident="SELECT (regexp_match(pg_read_file('/proc/' || pg_backend_pid() || '/status'), 'VmRSS:\\s+(\\d+)'))[1]"
+kilobytes=$(query -c "$work" -c "$resident" -c "$work" -c "$work" -c "$work" -c "$resident" | grep -v '|')
+like "$(awk 'NR == 1 {first = $1} END {print NR, ($1 - first < 1024 ? "steady" : "grown from " first " to " $1)}' <<<"$kilobytes")" \
+    '2 steady' 'a session that works on keeps its size'
+
+# Texts in another encoding than UTF-8.
+createdb -E LATIN1 --locale=C -T template0 latin
+latin() {
+    PGCLIENTENCODING=UTF8 PGDATABASE=latin query "$@"
+}
+latin -c 'CREATE EXTENSION tessara'
+is "$(latin -c "SELECT tessara_parse('48°08''15\"N 11°34''31.8\"E')")" 'GEOGRAD@WGS84(48, 8, 15, N, 11, 34, 31.8, E)' 'texts are read in LATIN1'
+is "$(latin -c "SELECT piece, piece_at FROM tessara_check('48°61''N 11°E')")" '61|4' 'and pieces counted in characters'

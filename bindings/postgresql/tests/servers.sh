@@ -17,9 +17,9 @@ install_server() {
     mkdir -p "$places"/{lib,share}/postgresql
     cp -r "/usr/lib/postgresql/$version" "$places/lib/postgresql/"
     cp -r "/usr/share/postgresql/$version" "$places/share/postgresql/"
-    DESTDIR=$places/install cmake --install build/postgresql --component postgresql >/dev/null
-    cp -r "$places/install/usr/lib/postgresql/$version/." "$server"
-    cp -r "$places/install/usr/share/postgresql/$version/." "$share"
+    cmake --install build/postgresql --component postgresql --prefix "$places/install" >/dev/null
+    cp -r "$places/install/lib/postgresql/$version/." "$server"
+    cp -r "$places/install/share/postgresql/$version/." "$share"
     ((EUID != 0)) || chown postgres "$places"
     chmod 755 "$places"
 }
