@@ -1,0 +1,34 @@
+// Bundles the page into one folder of files that any server can serve.
+import { createHash } from "node:crypto";
+import { copyFileSync, mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from "node:fs";
+import { build } from "esbuild";
+
+const SOURCE = new URL("page/", import.meta.url);
+const FOLDER = new URL("../../build/web/page/", import.meta.url);
+const STATIC = ["index.html", "style.css", "icon.svg", "manifest.webmanifest"];
+
+rmSync(FOLDER, { recursive: true, force: true });
+mkdirSync(FOLDER, { recursive: true });
+const options = {
+    absWorkingDir: new URL(".", import.meta.url).pathname,
+    outdir: FOLDER.pathname,
+    bundle: true,
+    minify: true,
+    format: "esm",
+    target: "es2022",
+    conditions: ["browser"],
+    logLevel: "warning",
+};
+await build({ ...options, entryPoints: ["page/main.ts", "page/worker.ts"] });
+for (const name of STATIC) copyFileSync(new URL(name, SOURCE), new URL(name, FOLDER));
+copyFileSync(new URL("package/tessara.wasm", import.meta.url), new URL("tessara.wasm", FOLDER));
+
+// A page that has changed has another version, and the browser keeps the new one.
+const files = readdirSync(FOLDER).sort();
+const hash = createHash("sha256");
+for (const name of files) hash.update(name).update(readFileSync(new URL(name, FOLDER)));
+const define = {
+    FILES: JSON.stringify(["./", ...files]),
+    VERSION: JSON.stringify(`tessara-${hash.digest("hex").slice(0, 12)}`),
+};
+await build({ ...options, entryPoints: ["page/service_worker.ts"], define });
