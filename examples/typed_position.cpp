@@ -19,7 +19,7 @@ std::string Explain(const std::string& north, const std::string& east) {
     if (!(northWords >> utm.hemisphere >> utm.northing))
         return "north is a letter N or S and metres, as N 5334791";
     if (!(eastWords >> utm.zone >> utm.easting)) return "east is a zone and metres, as 32 691602";
-    if (utm.zone < 1 || utm.zone > 60) return "zones are 1 to 60";
+    if (utm.zone < 1 || utm.zone > 60) return "the zone is outside 1..60";
 
     // A record may hold a position that no checker accepts, and a conversion to degrees has no range test.
     // So the host can find out where the place would be.

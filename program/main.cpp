@@ -12,7 +12,9 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* DESCRIPTION =
-    "Coordinate calculations: positions on any of 239 geodetic datums, in national and world systems.";
+    "Coordinate calculations: converts, checks, measures and draws positions in national and global "
+    "coordinate "
+    "systems on 239 geodetic datums.";
 
 constexpr const char* FOOTER = R"(Examples:
   tessara convert --to UTM --to GK@GER -- 48.1375 11.5755
@@ -20,10 +22,10 @@ constexpr const char* FOOTER = R"(Examples:
   tessara systems
   tessara distance 40.64 -73.78 51.47 -0.45
 
-Exit status: 0 all is done, 1 some input has no result (standard error says which and why), 2 wrong
-usage. `tessara COMMAND --help` says more about a command.)";
+Exit status: 0 for success, 1 if some input was rejected (standard error has the reasons), 2 for a usage
+error. `tessara COMMAND --help` explains a command.)";
 
-// Behind `--` stands the position that is to be converted, unless it is files.
+// The words after `--` are a position to convert, unless they are names of files.
 void TakePosition(std::vector<std::string>* arguments) {
     const auto dashes = std::find(arguments->begin(), arguments->end(), "--");
     if (arguments->empty() || arguments->front() != "convert" || dashes == arguments->end()) return;
@@ -35,7 +37,7 @@ void TakePosition(std::vector<std::string>* arguments) {
     arguments->erase(dashes);
 }
 
-// A negative number that begins with its point is a number, and no option.
+// Prevents the parser from reading a number such as -.5 as an option.
 std::vector<std::string> ReadArguments(int argc, char** argv) {
     std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     for (std::string& argument : arguments) {
@@ -63,10 +65,10 @@ int Main(const std::vector<std::string>& arguments) {
     AddManual(program, action);
 
     try {
-        // As the parser takes them.
+        // The parser expects the arguments in reverse order.
         program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::ParseError& error) {
-        // A help text is an error to the parser, too.
+        // The parser also throws for --help, with exit code 0.
         if (program.exit(error) != 0) {
             std::cerr << Suggestion(program, arguments);
             return EXIT_USAGE;

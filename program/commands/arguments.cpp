@@ -12,12 +12,12 @@
 namespace tessara::program {
 namespace {
 
-// In their order.
+// In the order of OnError.
 constexpr const char* ON_ERROR_NAMES[] = {"skip", "keep", "stop"};
 
 constexpr int MOST_JOBS = 256;
 
-// What stands behind `auto`, or nothing if it is something else.
+// The datum after `auto@`, empty for `auto` alone; nothing for another name.
 std::optional<std::string> BehindAuto(const std::string& name) {
     constexpr std::string_view AUTO = "auto";
     std::string word = name.substr(0, AUTO.size());
@@ -52,9 +52,8 @@ std::string WrongTypedReference(const std::string& name) {
 void AddOrder(CLI::App& command, Order& order) {
     const std::map<std::string, Order> orders{{"ne", Order::NorthFirst}, {"en", Order::EastFirst}};
     command
-        .add_option(
-            "--order", order,
-            "Which of two bare numbers in one text comes first; without it, the order that gives a position")
+        .add_option("--order", order,
+                    "Order of two bare numbers in one text; by default the order that gives a position")
         ->transform(CLI::CheckedTransformer(orders, CLI::ignore_case).description(""))
         ->type_name("ne|en");
 }
@@ -81,14 +80,15 @@ std::string NamesOf(const std::vector<std::string>& choices) {
 void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group) {
     AddChoice(command, "--on-error", options.onError,
               std::vector<std::string>(std::begin(ON_ERROR_NAMES), std::end(ON_ERROR_NAMES)),
-              "What becomes of input that can't be used: skip leaves it out, keep writes a placeholder, stop "
-              "ends there. It is reported in any case")
+              "Action for rejected input, which is always reported: skip it, keep a placeholder for it, or "
+              "stop the "
+              "conversion")
         ->capture_default_str()
         ->group(group);
-    command.add_option("--rejects", options.rejects, "Write what can't be used to a file, unchanged")
+    command.add_option("--rejects", options.rejects, "Write rejected records to FILE, unchanged")
         ->type_name("FILE")
         ->group(group);
-    command.add_option("--jobs", options.jobs, "How many cores to use, 1 to " + std::to_string(MOST_JOBS))
+    command.add_option("--jobs", options.jobs, "Number of cores to use, 1 to " + std::to_string(MOST_JOBS))
         ->type_name("NUMBER")
         ->check(CLI::Range(1, MOST_JOBS).description(""))
         ->group(group);
@@ -98,12 +98,14 @@ void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string
                 const std::string& description) {
     command.add_option(names, arguments.words, description)->type_name("");
     command
-        .add_option("--file", arguments.files,
-                    "Read lines of these numbers from a file instead; '-' is standard input. May be given "
-                    "several times. The rest of a line is passed through")
+        .add_option(
+            "--file", arguments.files,
+            "Read lines of these numbers from FILE instead; '-' is standard input. Repeat the option for "
+            "more files. The rest of a line is copied to the output")
         ->type_name("FILE")
         ->allow_extra_args(false);
-    command.add_flag("--json", arguments.isJson, "Write one JSON object for a line, numbers in full");
+    command.add_flag("--json", arguments.isJson,
+                     "Write one JSON object per line, with all digits of the numbers");
     AddFileOptions(command, arguments.lines, "Files");
 }
 
@@ -112,8 +114,7 @@ std::string WrongNumbers(const NumberArguments& arguments, const std::vector<Num
     for (const NumberColumn& column : columns)
         (names += ' ') += column.name;
     if (!arguments.files.empty())
-        return arguments.words.empty() ? ""
-                                       : "the numbers come from --file or from the command line, not both";
+        return arguments.words.empty() ? "" : "expected numbers on the command line or --file, not both";
     if (arguments.words.size() != columns.size()) {
         return "expected" + names + ", or --file; found " + std::to_string(arguments.words.size()) +
                (arguments.words.size() == 1 ? " value" : " values");

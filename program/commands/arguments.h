@@ -1,4 +1,4 @@
-// Arguments that several commands take. What they don't accept is wrong usage.
+// Arguments that several commands share. An invalid value is a usage error.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -16,15 +16,15 @@
 
 namespace tessara::program {
 
-// A datum by its name.
+// Adds an option for the name of a datum.
 CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string& name,
                       const std::string& description);
 
-// What checks that a choice is one of some names, and the names as the help shows them.
+// Validates that a choice is one of some names; joins the names as the help shows them.
 [[nodiscard]] CLI::Validator IsOneOf(const std::vector<std::string>& choices);
 [[nodiscard]] std::string NamesOf(const std::vector<std::string>& choices);
 
-// One of some names.
+// Adds an option for one of some names.
 template <class Text>
 CLI::Option* AddChoice(CLI::App& command, const std::string& option, Text& choice,
                        const std::vector<std::string>& choices, const std::string& description) {
@@ -43,7 +43,7 @@ struct FileOptions {
 };
 void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group);
 
-// The numbers of a computation: by their places on the command line, or from the lines of --file.
+// The numbers of a computation, from the command line or from the lines of --file.
 struct NumberArguments {
     std::vector<std::string> words;
     std::vector<std::string> files;
@@ -53,7 +53,7 @@ struct NumberArguments {
 void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string& names,
                 const std::string& description);
 
-// What is wrong with the numbers; empty if nothing is.
+// The error in the numbers; empty for valid ones.
 [[nodiscard]] std::string WrongNumbers(const NumberArguments& arguments,
                                        const std::vector<NumberColumn>& columns);
 [[nodiscard]] ExitCode Compute(const NumberArguments& arguments, const NumberComputation& computation);
@@ -63,7 +63,7 @@ void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string
                                                             std::int32_t defaultDatum);
 [[nodiscard]] std::string WrongTypedReference(const std::string& name);
 
-// Which of two bare numbers in one text comes first: `--order en`.
+// Adds --order: which of two bare numbers in one text comes first.
 void AddOrder(CLI::App& command, Order& order);
 
 }  // namespace tessara::program

@@ -1,4 +1,4 @@
-// Azimuths among results.
+// Fields for azimuths.
 #pragma once
 
 #include "conversion/azimuths.h"
@@ -8,7 +8,7 @@
 
 namespace tessara::program {
 
-// What would be written as a whole turn is north, 0.
+// An azimuth that rounds to 360 degrees is written as 0.
 [[nodiscard]] inline Field AzimuthField(const char* name, double degrees) {
     const bool isWholeTurn = degrees > 180.0 && FormatAzimuth(degrees) == FormatAzimuth(0.0);
     return {name, isWholeTurn ? 0.0 : degrees, DEGREE_DECIMALS};

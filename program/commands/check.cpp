@@ -14,11 +14,12 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    R"(Writes `valid`, and what the text was understood as: the system, its fields with the digits that were typed -
-a line for each digit of a reference that wasn't - and latitude and longitude on the datum. Otherwise writes
-`not valid`, why, and which piece is meant; the exit status is 1 then.
+    R"(Writes `valid` and the position that was read: the system, its fields with the typed digits (an underscore
+stands for each digit of a reference that was not typed), the resolution, and latitude and longitude on the
+datum. For any other text, writes `not valid`, the reason and the piece of the text in question; the exit
+status is 1.
 
-The position is one text, or a north and an east text. Without --system any is recognised: degrees, UTM, UPS,
+A position is one text, or a north and an east text. Without --system the command recognises degrees, UTM, UPS,
 military references, GEOREF, and squares of the British and Irish grids.
 
 Examples:
@@ -34,7 +35,7 @@ struct Options {
     bool json = false;
 };
 
-// In units of the system that people know: degrees or metres.
+// In degrees or metres, depending on the system.
 std::string ResolutionText(const Reading& reading) {
     const bool areDegrees = System_Unit(reading.reference.system) == Unit::Degree;
     const auto text = [](double resolution) { return FormatPlain(resolution, DEGREE_DECIMALS); };
@@ -111,17 +112,16 @@ ExitCode Check(const Options& options) {
 }  // namespace
 
 void AddCheck(CLI::App& program, Action& action) {
-    CLI::App* const command =
-        program.add_subcommand("check", "Tells whether a text is a legal position, and which");
+    CLI::App* const command = program.add_subcommand("check", "Checks whether a text is a valid position");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("--system", options->system, "The system of the text, on WGS84 where none is named")
+    command->add_option("--system", options->system, "System of the text; its datum is by default WGS84")
         ->type_name("SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
         ->capture_default_str()
         ->check(WrongTypedReference);
     AddOrder(*command, options->order);
-    command->add_flag("--json", options->json, "Write a JSON object, with a code for what is wrong");
-    command->add_option("TEXT", options->words, "One text, or the north and the east text")
+    command->add_flag("--json", options->json, "Write a JSON object, which has a code for the error");
+    command->add_option("TEXT", options->words, "One text, or a north and an east text")
         ->type_name("")
         ->required();
     command->callback([options, &action] { action = [options] { return Check(*options); }; });

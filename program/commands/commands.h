@@ -1,5 +1,5 @@
-// The subcommands. Each has a source of its own, declares its arguments on the program, and sets `action` to
-// what is to be done when it is the one that is called.
+// The subcommands, each in a source of its own. An Add function declares the arguments of its command; the
+// parser sets `action` if the user calls the command.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -18,52 +18,54 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    R"(Reads lines `latitude longitude [height]` - degrees, positive north and east, and metres above the
-ellipsoid - from the files, or from standard input where there are none or where one is called '-'.
-Blank lines are skipped, and so is what follows a '#'. Anything else behind the position is passed through.
+    R"(Input lines hold `latitude longitude [height]`: degrees, positive north and east, and metres above the
+ellipsoid. Without FILES, or for a file named '-', the program reads standard input. It skips blank lines and
+comments, which begin with '#', and copies any text after the position to the output.
 
-Writes one line for a position: for each target its fields, and the height where the line gave one; behind
-them the rest of the line. The targets stand apart by a tab, the fields by a blank; `tessara systems` lists
-the fields of a system. With --display or a precision each target is a north text and an east text instead,
-apart by a tab, and the height stands behind them as a third column.
+The output has one line for each position: the fields of each target, the height if the input line has one,
+and the rest of the input line. Tabs separate the targets, spaces separate the fields; `tessara systems`
+lists the fields of a system. With --display or a precision option, each target is a north text and an east
+text separated by a tab, and the height follows as a third column.
 
-Where --from names a system, or `auto` for any, a line has columns instead: the north text and the east text
-of a position, or one text with both, and any others, which are kept. They stand apart by tabs, semicolons or
-commas, and the texts of the targets take the place of those read. A position may be typed as people do:
+If --from names a system, or is `auto` for any system, input lines have columns separated by tabs, semicolons
+or commas: the north text and the east text of a position, or one text with both, and any other columns,
+which are copied to the output. The texts of the targets replace the texts of the input. Positions can be
+typed in many ways:
   48.1375, 11.5755    48,1375 11,5755    N 48 8 15, E 11 34 32    48°08'15"N 11°34'32"E
   32U 691602 5334791    32N 691602 5334791    32UPU9160234791    32U PU 916 348 (to 100 m)
-All of a text is read or it is refused with a reason; what has two meanings is refused with both. --verbose says
-what each was read as. Two bare numbers in one text are taken in the order that gives a position, if only one
-does; in two texts the north comes first. The texts of GK-AT need GK-AT:meridian=28, 31 or 34.
+A text that is not a complete position is rejected with the reason, and an ambiguous text with all its
+meanings; --verbose shows how each text was read. Of two bare numbers in one text, either can come first if
+only one order gives a position; if there are two texts, the first is the north text. Texts of GK-AT require
+GK-AT:meridian=28, 31 or 34.
 
-Behind `--` stands one position, of any system unless --from names one.
+The arguments after `--` are one position, of any system unless --from names one.
 
-Files of other forms hold records; --input and --output name the form, or the ending of a file does:
-  csv      a header, then a record a line; quotes around a column may hold separators and line ends
+Other file formats contain records. The format follows the file extension, or --input and --output name it:
+  csv      a header, then one record per line; quoted columns may contain separators and line breaks
   tsv      the same with tabs
-  jsonl    an object a line
-  geojson  a FeatureCollection, a Feature or a geometry of any type, on WGS84, longitude first
-In a record the position stands in `latitude` (or `lat`), `longitude` (`lon`, `lng`, `long`) and `height`, or
-in the texts `north` and `east` or the one `text`, unless --columns names others. The results take its place, and all else is
-kept as it is; a result whose name any record of the file has gets the target behind it. GeoJSON has the
-position on WGS84 as its geometry, and the results for each --to among the properties; those of a line or
-polygon nest as its coordinates do. Lines and tables have a line for each position of it. As lines only the
-results are written. A line, record or feature has 16 MiB at most.
+  jsonl    one object per line
+  geojson  a FeatureCollection, a Feature or any geometry, on WGS84, longitude first
+The position of a record is in `latitude` (or `lat`), `longitude` (`lon`, `lng`, `long`) and `height`, or in
+the texts `north` and `east` or the single text `text`; --columns sets other names. The results replace the
+position, and everything else is copied unchanged; if a result has the name of another column, the name of the
+target is appended to it. GeoJSON output has the position on WGS84 as its geometry and the results of each --to
+as properties, nested like the coordinates of the geometry. Lines and tables have one line for each position of
+a geometry, and lines contain only the results. A line, record or feature is limited to 16 MiB.
 
-What can't be used is reported on standard error as `FILE:LINE: what is wrong`, a feature of GeoJSON by its
-number, and the exit status is 1; all others are written. --on-error keep writes a placeholder for it: a `*`
-for each target of a line, empty columns, null; as lines, blank ones and comments stay then as well, so that
-they are as many as before. On a terminal, work of more than two seconds shows on standard error how many
-lines are done, how many a second, and the time left.
+Errors in the input are reported on standard error as `FILE:LINE: reason`, or with the number of the feature in
+GeoJSON; all other input is converted, and the exit status is 1. --on-error keep writes a placeholder for each
+rejected record: a `*` for each target of a line, empty columns or null; output in lines then also has the
+blank lines and comments of the input, so that the line numbers agree. If a conversion takes more than two
+seconds, a terminal shows the number of lines done, the lines per second and the time left.
 
 Examples:
-  tessara convert --to UTM -- 48.1375 11.5755              gives 32 N 691602.6597 5334791.1445
+  tessara convert --to UTM -- 48.1375 11.5755              writes 32 N 691602.6597 5334791.1445
   tessara convert --to UTM --zone 33 -- 48.1375 11.5755    the same in zone 33
   tessara convert --to MGRS --precision 10m -- 48.1375 11.5755
   tessara convert --to TM:lon0=9,k=0.9996,fe=500000 positions.txt
   tessara convert --from auto --to UTM --verbose typed.txt
   tessara convert --to UTMREF --to GK@GER positions.txt    two targets
-  tessara convert --from MGI --to BMN positions.txt        without a change of datum
+  tessara convert --from MGI --to BMN positions.txt        keeps the datum
   tessara convert --from GER positions.txt                 to degrees on WGS84
   tessara convert --to UTM --with convergence,scale positions.txt
   echo 'N 5334791;32 691602' | tessara convert --from UTM --to UTMREF --display
@@ -74,7 +76,7 @@ Examples:
   tessara convert --from UTM --to UTMREF --input jsonl < typed.jsonl
   tessara convert --json --to UTM positions.txt | jq '.results[0].easting')";
 
-// How positions are read and written as texts.
+// Options for positions that are read or written as texts.
 struct TextOptions {
     TextStyle style;
     std::optional<std::string> precision;
@@ -85,7 +87,7 @@ struct TextOptions {
     [[nodiscard]] bool HaveStyle() const {
         return style.isDisplay || style.northResolution || style.eastResolution || precision;
     }
-    // Whether they say something about the positions that are read.
+    // Whether an option applies to the texts of the input.
     [[nodiscard]] bool AreForReading() const { return order != Order::Unknown || isVerbose; }
 };
 
@@ -107,7 +109,7 @@ struct Options {
 constexpr const char* CONVERGENCE = "convergence";
 constexpr const char* SCALE = "scale";
 
-// The form of each file. An object of --json tells about a line.
+// --json reports on lines, whatever the extension of the file.
 Form FormOf(const std::string& file, const Options& options) {
     if (options.input) return FormByName(*options.input);
     return options.json ? Form::LINES : FormOfFile(file);
@@ -125,22 +127,21 @@ Form OutputForm(const Options& options) {
     return options.output ? FormByName(*options.output) : FormsOf(options).front();
 }
 
-// Lines to lines need no records.
+// A conversion from lines to lines.
 bool AreLinesOnly(const Options& options) {
     const std::vector<Form> forms = FormsOf(options);
     return OutputForm(options) == Form::LINES &&
            std::all_of(forms.begin(), forms.end(), [](Form form) { return form == Form::LINES; });
 }
 
-// What is wrong with a target on the command line; empty if nothing is.
+// The error in a target of the command line; empty for a valid target.
 std::string CheckTarget(const std::string& target) {
     std::string wrong = WrongReference(target);
     if (!wrong.empty()) return wrong;
-    return IsPixel(ReferenceByName(target, DATUM_WGS84)->system) ? "a position becomes a pixel by a map only"
-                                                                 : "";
+    return IsPixel(ReferenceByName(target, DATUM_WGS84)->system) ? "conversion to pixels requires a map" : "";
 }
 
-// Whether --from names a system, and with it the form of the lines.
+// With a system, the lines hold texts; with a datum only, degrees.
 bool NamesSystem(const std::string& from) {
     return !DatumByName(from) && TypedReferenceByName(from, DATUM_WGS84).has_value();
 }
@@ -148,12 +149,12 @@ bool NamesSystem(const std::string& from) {
 std::string CheckFrom(const std::string& from) {
     if (DatumByName(from) || WrongTypedReference(from).empty()) {
         const bool isPixel = NamesSystem(from) && IsPixel(TypedReferenceByName(from, DATUM_WGS84)->system);
-        return isPixel ? "a pixel becomes a position by a map only" : "";
+        return isPixel ? "conversion of pixels requires a map" : "";
     }
     if (SystemByName(from.substr(0, from.find_first_of(":@"))) || from.find('@') != std::string::npos)
         return WrongTypedReference(from);
-    return "no datum is called " + Quote(from) +
-           "; `tessara datums` and `tessara systems` list what there is";
+    return "unknown datum or system " + Quote(from) +
+           "; `tessara datums` and `tessara systems` list all names";
 }
 
 bool HasZone(const Reference& target, std::int32_t zone) {
@@ -176,7 +177,7 @@ bool Has(const std::vector<std::string>& words, const std::string& word) {
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-// What is wrong with the wanted zone; empty if nothing is.
+// The error in --zone; empty for a valid zone.
 std::string WrongZone(const Options& options) {
     if (!options.zone) return {};
     std::string ranges;
@@ -187,15 +188,15 @@ std::string WrongZone(const Options& options) {
         if (!range.empty())
             ranges += (ranges.empty() ? ": " : ", ") + SystemName(target.system) + " has " + range;
     }
-    return "--zone " + std::to_string(*options.zone) + " is a zone of no target" + ranges;
+    return "--zone " + std::to_string(*options.zone) + " applies to no target" + ranges;
 }
 
-// Whether positions are read as texts. Degrees are where there is more to say than that they are.
+// Degrees count as texts, too, if --order or --verbose applies to them.
 bool AreTexts(const Options& options) {
     return NamesSystem(options.from) || options.text.AreForReading();
 }
 
-// What the positions are read as: a system, or degrees where there is just a datum.
+// The reference of the input: with a datum only, degrees.
 Wanted WantedOf(const Options& options) {
     if (NamesSystem(options.from))
         return {*TypedReferenceByName(options.from, DATUM_WGS84), options.text.order};
@@ -217,7 +218,7 @@ RecordConversion ConversionOf(const Options& options) {
     conversion.output = OutputForm(options);
     conversion.isReport = options.json;
     conversion.to = Targets(options, conversion.datum);
-    // The points of GeoJSON are degrees on WGS84 anyway.
+    // The geometry of GeoJSON holds these degrees.
     if (options.to.empty() && conversion.output == Form::GEOJSON) conversion.to.clear();
     conversion.withConvergence = Has(options.with, CONVERGENCE);
     conversion.withScale = Has(options.with, SCALE);
@@ -226,7 +227,7 @@ RecordConversion ConversionOf(const Options& options) {
     return conversion;
 }
 
-// A position on the command line: of any system, unless one is named.
+// A position of the command line has any system, unless --from names one.
 ExitCode ConvertPosition(const Options& options) {
     RecordConversion conversion = ConversionOf(options);
     conversion.from = WantedOf(options);
@@ -250,7 +251,7 @@ bool HasGrid(const std::vector<std::string>& targets) {
     });
 }
 
-// What doesn't go together; empty if all does.
+// The error in a combination of options; empty for a valid one.
 std::string WrongCombination(const Options& options) {
     const std::vector<Form> forms = FormsOf(options);
     const auto isAny = [&forms](Form form) {
@@ -258,82 +259,85 @@ std::string WrongCombination(const Options& options) {
     };
     const bool areTexts = AreTexts(options);
     if (!options.with.empty() && !HasGrid(options.to))
-        return "--with says something about grids: name one with --to, such as UTM";
+        return "--with requires a grid as target, such as --to UTM";
     if (std::string zone = WrongZone(options); !zone.empty()) return zone;
-    if (options.text.isTruncated && !options.text.precision) return "--truncate needs --precision";
+    if (options.text.isTruncated && !options.text.precision) return "--truncate requires --precision";
     if (!options.position.empty()) {
         const bool isForFiles = options.input || options.output || options.lines.rejects ||
                                 !options.columns.empty() || options.files != std::vector<std::string>{"-"};
-        return isForFiles ? "a position on the command line takes no files, and no options for them" : "";
+        return isForFiles ? "a position on the command line cannot be combined with files or their options"
+                          : "";
     }
     if (options.text.AreForReading() && !NamesSystem(options.from) && !AreLinesOnly(options))
-        return "--order and --verbose are for texts: name their system with --from";
-    if (options.json && !AreLinesOnly(options)) return "--json tells about lines; try --output jsonl";
+        return "--order and --verbose apply to texts; name the system with --from";
+    if (options.json && !AreLinesOnly(options))
+        return "--json applies to lines; use --output jsonl for records";
     if (isAny(Form::GEOJSON) && (areTexts || DatumByName(options.from) != DATUM_WGS84))
-        return "GeoJSON is in degrees on WGS84: leave --from out";
-    if (options.columns.size() == 3 && areTexts) return "texts have no height: --columns takes NORTH,EAST";
+        return "GeoJSON is in degrees on WGS84; omit --from";
+    if (options.columns.size() == 3 && areTexts) return "texts have no height; expected --columns NORTH,EAST";
     if (options.columns.size() == 1 && !areTexts)
-        return "--columns takes LATITUDE,LONGITUDE[,HEIGHT]; one column is for texts: name their system with "
-               "--from";
+        return "expected --columns LATITUDE,LONGITUDE[,HEIGHT]; for one column of texts, name the system "
+               "with --from";
     if (!options.columns.empty() && !areTexts && isAny(Form::LINES))
-        return "lines of degrees have no columns: try --input csv";
+        return "lines of degrees have no named columns; use --input csv";
     const bool areMixed =
         std::any_of(forms.begin(), forms.end(), [&](Form form) { return form != forms.front(); });
     if (options.lines.rejects && areMixed)
-        return "--rejects is one file, of the form of the input: convert one form at a time";
+        return "--rejects requires inputs of one format; convert each format separately";
     return {};
 }
 
 void AddTextOptions(CLI::App& command, TextOptions& options) {
     const std::string group = "Texts";
-    command.add_flag("--display", options.style.isDisplay, "Write the forms for a screen")->group(group);
+    command.add_flag("--display", options.style.isDisplay, "Write display texts, such as 48°08'14.996''N")
+        ->group(group);
     command
         .add_option("--north-precision", options.style.northResolution,
-                    "Resolution of the north texts, in units of the target (degrees, metres)")
+                    "Set the resolution of north texts, in the unit of the target (degrees or metres)")
         ->type_name("RESOLUTION")
         ->check(CLI::Validator(CLI::PositiveNumber).description(""))
         ->group(group);
-    command.add_option("--east-precision", options.style.eastResolution, "The same for the east texts")
+    command.add_option("--east-precision", options.style.eastResolution, "Set the resolution of east texts")
         ->type_name("RESOLUTION")
         ->check(CLI::Validator(CLI::PositiveNumber).description(""))
         ->group(group);
     const auto isSide = [](const std::string& side) {
-        return DigitsOfSide(side) ? "" : "sides of squares are 1m, 10m, 100m, 1km, 10km and 100km";
+        return DigitsOfSide(side) ? "" : "expected 1m, 10m, 100m, 1km, 10km or 100km";
     };
     command
         .add_option("--precision", options.precision,
-                    "Write military references as one string, of squares with this side")
+                    "Write military references as one text, for squares with sides of this length")
         ->type_name("1m|10m|100m|1km|10km|100km")
         ->check(isSide)
         ->group(group);
     command
         .add_flag("--truncate", options.isTruncated,
-                  "Write the square that the position lies in, not the one whose corner is nearest")
+                  "Write the square that contains the position, not the one with the nearest corner")
         ->group(group);
     AddOrder(command, options.order);
     command.get_option("--order")->group(group);
-    command.add_flag("--verbose", options.isVerbose, "Say on standard error what each text was read as")
+    command.add_flag("--verbose", options.isVerbose, "Report on standard error how each text was read")
         ->group(group);
 }
 
 void AddFormOptions(CLI::App& command, Options& options) {
-    const std::string group = "Forms";
+    const std::string group = "Formats";
     const std::vector<std::string> forms(std::begin(FORM_NAMES), std::end(FORM_NAMES));
     AddChoice(
         command, "--input", options.input, forms,
-        "Form of the files. Without it the endings of their names count: .csv, .tsv, .jsonl or .ndjson, "
-        ".geojson or .json, else lines")
+        "Format of the input files. By default it follows the file extension: .csv, .tsv, .jsonl or .ndjson, "
+        ".geojson or .json; other files hold lines")
         ->group(group);
     AddChoice(command, "--output", options.output, forms,
-              "Form of what is written; without it, that of the first file")
+              "Format of the output; by default that of the first file")
         ->group(group);
     command
         .add_option(
             "--columns", options.columns,
-            "The columns or members with the positions, by their names: the two texts or the one that has "
-            "both, or latitude and longitude and perhaps the height. Columns can be named by their places, "
-            "as 2,3; the file has no "
-            "header then")
+            "Names of the columns or members with the position: the north and the east text, a single text, "
+            "or "
+            "latitude, longitude and optionally height. In a file without a header, numbers such as 2,3 "
+            "select the columns")
         ->type_name("NORTH,EAST[,HEIGHT]|TEXT")
         ->delimiter(',')
         ->expected(1, 3)
@@ -349,38 +353,38 @@ void AddConvert(CLI::App& program, Action& action) {
         program.add_subcommand("convert", "Converts positions to other systems and datums");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("FILES", options->files, "Files to read; '-' is standard input");
+    command->add_option("FILES", options->files, "Input files; '-' is standard input");
     command
-        ->add_option("--from", options->from,
-                     "Datum of the positions that are read; or the system of texts, and their datum")
+        ->add_option("--from", options->from, "Datum of positions in degrees, or system and datum of texts")
         ->type_name("DATUM|SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
         ->capture_default_str()
         ->check(CheckFrom);
     command
         ->add_option(
             "--to", options->to,
-            "Target; on the datum of the positions where none is named. May be given several times. Without "
-            "any, positions are written as degrees on WGS84")
+            "Target system; its datum is by default that of the input. Repeat the option for more targets. "
+            "Without targets, the output is degrees on WGS84")
         ->type_name("SYSTEM[:PARAMETERS][@DATUM]")
         ->allow_extra_args(false)
         ->check(CheckTarget);
     command
         ->add_option("--with", options->with,
-                     "Write the convergence of the meridians, in degrees, or the scale of each grid as well")
+                     "Add the meridian convergence, in degrees, or the scale of each grid")
         ->type_name("convergence,scale")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(IsOneOf({CONVERGENCE, SCALE}));
     command
         ->add_option("--zone", options->zone,
-                     "The zone, strip or meridian of the targets, instead of the natural one")
+                     "Zone, strip or meridian of the targets, instead of the natural one")
         ->type_name("NUMBER");
     command
         ->add_option("--position", options->position,
-                     "A position to convert, instead of files; also behind `--`")
+                     "Position to convert instead of files; the arguments after `--` are short for it")
         ->type_name("TEXT")
         ->allow_extra_args(false);
-    command->add_flag("--json", options->json, "Write one JSON object for a position, numbers in full");
+    command->add_flag("--json", options->json,
+                      "Write one JSON object per position, with all digits of the numbers");
     AddFormOptions(*command, *options);
     AddTextOptions(*command, options->text);
     command->callback([options, &action] {

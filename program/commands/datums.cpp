@@ -14,24 +14,24 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    R"(A line holds number, name, ellipsoid, and the translation from the datum to WGS84 along x, y and z in metres.
-An ellipsoid without a name is written as '-'.
+    R"(Each line holds the number, name and ellipsoid of a datum, and its translation to WGS84 along x, y and z in
+metres. A '-' stands for an ellipsoid without a name.
 
-With --find or --describe a tab and a line for people follow: what the datum is called, where its translation
-is for, and how well it fits there, which is what the EPSG registry gives for it. Three translations don't turn
-and don't scale: where an agency publishes seven parameters or a grid, those are better.
+With --find or --describe, a tab and a description follow: the full name of the datum, the area of its
+translation, and the accuracy there according to the EPSG registry. A translation has no rotation and no scale;
+if an agency publishes seven parameters or a grid of shifts, those are more accurate.
 
 Examples:
-  tessara datums --find bessel        by the ellipsoid
-  tessara datums --find ethiopia      by a country
-  tessara datums --find 'africa arc'  by the region and a part of the name)";
+  tessara datums --find bessel        by ellipsoid
+  tessara datums --find ethiopia      by country
+  tessara datums --find 'africa arc'  by region and part of the name)";
 
 struct Options {
     std::string find;
     bool areDescribed = false;
 };
 
-// No interface tells the ellipsoid or the translation of a datum: they come from the static kernel.
+// No interface has the ellipsoid or the translation of a datum; they come from the kernel.
 void WriteDatum(std::int32_t datum, bool isDescribed) {
     const DatumRow& row = *Datum_Row(datum);
     const char* const ellipsoid = Ellipsoid_Name(static_cast<std::int32_t>(row.ellipsoid));
@@ -49,8 +49,8 @@ ExitCode ListDatums(const Options& options) {
         areAny = true;
     }
     if (areAny) return EXIT_DONE;
-    std::cerr << "tessara: no datum has " << Quote(options.find)
-              << " in its name, ellipsoid, region or area\n";
+    std::cerr << "tessara: no datum matches " << Quote(options.find)
+              << " in name, ellipsoid, region or area\n";
     return EXIT_INCOMPLETE;
 }
 
@@ -62,10 +62,10 @@ void AddDatums(CLI::App& program, Action& action) {
     const auto options = std::make_shared<Options>();
     command
         ->add_option("--find", options->find,
-                     "Only those with these words in name, ellipsoid, region or area")
+                     "List datums with all these words in name, ellipsoid, region or area")
         ->type_name("WORDS");
     command->add_flag("--describe", options->areDescribed,
-                      "Say what each is called, where it is for, and how well it fits");
+                      "Add the full name, area and accuracy of each datum");
     command->callback([options, &action] { action = [options] { return ListDatums(*options); }; });
 }
 

@@ -15,13 +15,13 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    R"(Writes latitude and longitude of the position that lies so far away in this direction, and the azimuth back
-from there, in degrees. Azimuths count clockwise from north.
+    R"(Writes the latitude and longitude of the position at the given azimuth and distance, and the azimuth back
+from there, all in degrees. Azimuths count clockwise from north.
 
 Examples:
   tessara direct 40.64 -73.78 51.4 5553886    from New York towards London
   tessara direct --json 40.64 -73.78 51.4 5553886
-  tessara direct --file rays.txt              for each line LAT LON AZIMUTH DISTANCE)";
+  tessara direct --file rays.txt              reads lines LAT LON AZIMUTH DISTANCE)";
 
 struct Options {
     NumberArguments numbers;
@@ -33,14 +33,14 @@ const std::vector<NumberColumn> COLUMNS{{"latitude1", WrongLatitude},
                                         {"azimuth1", WrongNumber},
                                         {"distance", WrongNumber}};
 
-// The geodesic is the static kernel's: the interfaces offer none.
+// The interfaces have no geodesic problem; the kernel does.
 ExitCode WriteDirect(const Options& options) {
     double axes[2];
     Geodesic_LoadAxes(axes, *DatumByName(options.datum));
     const auto compute = [&axes](const std::vector<double>& n, std::vector<Field>* results) -> std::string {
         const GeodesicResult end = Geodesic_DirectCore(n[0], n[1], n[3], n[2], axes[0], axes[1]);
         if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude))
-            return "no position is found there";
+            return "cannot compute the position";
         results->push_back({"latitude2", end.latitude, DEGREE_DECIMALS});
         results->push_back({"longitude2", std::remainder(end.longitude, 360.0), DEGREE_DECIMALS});
         results->push_back(AzimuthField("azimuth2", end.backAzimuth));
@@ -53,11 +53,12 @@ ExitCode WriteDirect(const Options& options) {
 
 void AddDirect(CLI::App& program, Action& action) {
     CLI::App* const command =
-        program.add_subcommand("direct", "Gives the position at an azimuth and a distance from another");
+        program.add_subcommand("direct", "Computes the position at an azimuth and a distance from another");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
     AddNumbers(*command, options->numbers, "LAT LON AZIMUTH DISTANCE",
-               "Degrees, positive north and east; degrees clockwise from north; metres");
+               "Position in degrees, positive north and east; azimuth in degrees clockwise from north; "
+               "distance in metres");
     AddDatum(*command, "--datum", options->datum, "Datum of both positions");
     command->callback([options, &action] {
         if (const std::string wrong = WrongNumbers(options->numbers, COLUMNS); !wrong.empty())

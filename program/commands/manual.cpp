@@ -1,5 +1,5 @@
-// tessara manual, tessara completion: the man page and what the shell completes, of the same definitions as
-// the help. Both are hidden: the build calls them.
+// tessara manual, tessara completion: generate the man page and the bash completion from the same definitions
+// as the help. The help hides both commands, because only the build calls them.
 #include <iostream>
 #include <sstream>
 
@@ -17,45 +17,45 @@ tessara \- coordinate calculations for map and geodata applications
 .RI [ ARGUMENTS ]
 .SH DESCRIPTION
 .B tessara
-converts positions between 24 kinds of coordinates on 239 geodetic datums, checks typed positions, measures
+converts positions between 21 coordinate systems on 239 geodetic datums, checks typed positions, measures
 on the ellipsoid, and draws maps.
 .B tessara \fICOMMAND\fB \-\-help
 explains a command with examples.
 .PP
-A reference SYSTEM[:PARAMETERS][@DATUM] is a system of
+In SYSTEM[:PARAMETERS][@DATUM],
 .B tessara systems
-and a datum of
-.BR "tessara datums" .
-Without a datum it stands on WGS84; for a target, on the datum of the positions. The parameters are those of
-TM:lon0=9,lat0=0,k=0.9996,fe=500000,fn=0, VDG:lon0=10,lat0=0, UTM:zone=33, GK:strip=4 or BMN:meridian=34. MGRS is
-UTMREF.
+lists the systems and
+.B tessara datums
+lists the datums. The default datum is WGS84; for a target, it is the datum of the input. Examples of parameters are
+TM:lon0=9,lat0=0,k=0.9996,fe=500000,fn=0, VDG:lon0=10,lat0=0, UTM:zone=33, GK:strip=4 and BMN:meridian=34. MGRS is
+another name of UTMREF.
 .SH OPTIONS
 .TP
 .BR \-h ", " \-\-help
-Explains the program, or the command before it.
+Shows the help of the program or of a command.
 .TP
 .B \-\-version
-Writes the version.
+Shows the version.
 .SH COMMANDS
 )";
 
 constexpr const char* MANUAL_END = R"(.SH EXIT STATUS
 .TP
 .B 0
-All is done.
+Success.
 .TP
 .B 1
-Some input has no result, or couldn't be read, or the output couldn't be written; standard error says what.
+Some input was rejected or could not be read, or the output could not be written; standard error has the details.
 .TP
 .B 2
-Wrong usage; nothing is done.
+Usage error; the command did nothing.
 .SH SEE ALSO
 .BR cs2cs (1),
 .BR GeoConvert (1),
 .BR rsvg\-convert (1)
 )";
 
-// As text that is set like any other.
+// Escapes the characters that troff interprets.
 std::string Escaped(const std::string& text) {
     std::string escaped;
     for (const char c : text) {
@@ -104,7 +104,7 @@ void WriteOption(const CLI::Option& option) {
     std::cout << ".\n";
 }
 
-// Paragraphs as they are, and what is indented as an example.
+// Writes indented lines as examples, other lines as paragraphs.
 void WriteText(const std::string& text) {
     std::istringstream lines(text);
     bool isExample = false;
@@ -139,11 +139,11 @@ ExitCode WriteManual(const CLI::App& program) {
 }
 
 constexpr const char* COMPLETION_START =
-    R"(# Bash completion of `tessara`. The names of systems and datums are those that the program lists.
+    R"(# Bash completion of `tessara`. It takes the names of systems and datums from the listings of the program.
 
 _tessara_names() { tessara "$1" 2>/dev/null | awk '{print $2}'; }
 
-# A system, or SYSTEM@DATUM once the '@' is typed.
+# Completes SYSTEM, and SYSTEM@DATUM after the '@'.
 _tessara_references() {
     if [[ $1 == *@* ]]; then
         _tessara_names datums | sed "s/^/${1%%@*}@/"
@@ -154,7 +154,7 @@ _tessara_references() {
 
 _tessara() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
-    # Readline takes '@' for the end of a word; put SYSTEM@DATUM together again.
+    # Readline splits words at '@'; join SYSTEM@DATUM again.
     if type _get_comp_words_by_ref &>/dev/null; then
         local cur prev
         _get_comp_words_by_ref -n @ cur prev
@@ -176,7 +176,7 @@ constexpr const char* COMPLETION_END = R"(        esac
 complete -F _tessara tessara
 )";
 
-// The shell's words for what an option takes; none where it completes files.
+// The words that the shell completes for an option; empty to complete file names.
 std::string ChoicesOf(const CLI::Option& option) {
     const std::string type = option.get_type_name();
     std::string names;
@@ -235,7 +235,7 @@ void AddHidden(CLI::App& program, Action& action, const char* name, const char* 
 
 void AddManual(CLI::App& program, Action& action) {
     AddHidden(program, action, "manual", "Writes the man page", WriteManual);
-    AddHidden(program, action, "completion", "Writes what bash completes", WriteCompletion);
+    AddHidden(program, action, "completion", "Writes the bash completion", WriteCompletion);
 }
 
 }  // namespace tessara::program

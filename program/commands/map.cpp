@@ -25,11 +25,11 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    R"(Draws a window of a map as SVG, to see whether a calibration is right: grid lines with their values at the
-frame, zone borders, positions, geodesics and straight lines, range rings, polygons. An output whose name
-ends in .png is drawn by rsvg-convert.
+    R"(Draws a window of a map as SVG: grid lines with their values at the frame, zone borders, positions, geodesics
+and straight lines, range rings, and polygons. Such a drawing shows whether a calibration is right. For an output
+with the extension .png, rsvg-convert draws the picture.
 
-The description is JSON; docs/map.md lists all keys. This one shows 50 by 40 km south-west of Munich:
+DESCRIPTION is a JSON file; docs/map.md lists all keys. This one describes 50 by 40 km south-west of Munich:
 
   {
     "projection": {"type": "UTM", "zone": 32, "hemisphere": "N",
@@ -43,11 +43,12 @@ The description is JSON; docs/map.md lists all keys. This one shows 50 by 40 km 
     ]
   }
 
-Layers are grid, borders, positions, geodesic, line, rings, polygon, overlay, coast and geojson. What can't be
-drawn is reported on standard error, and the exit status is 1; all the rest is drawn.
+Layers are grid, borders, positions, geodesic, line, rings, polygon, overlay, coast and geojson. Errors in a
+layer are reported on standard error, and the exit status is 1; everything else is drawn.
 
-A map needs no description: --around draws the surroundings of a place, --preview what a file holds, both on a
-projection and with grids that fit. With an output whose name ends in .json they write the description instead.
+Two options replace the description: --around draws the surroundings of a position, and --preview draws the
+contents of a file. Both choose a suitable projection and grids. If the output has the extension .json, they
+write the description instead of the map.
 
 Examples:
   tessara map sheet.json -o sheet.svg
@@ -102,20 +103,20 @@ std::string CheckLength(const std::string& text) {
     return ParseLength(text) ? "" : "expected a length in m or km, such as 20km";
 }
 
-// The ending of a file's name in lower case.
-std::string FormOf(const std::string& file) {
-    std::string ending = std::filesystem::path(file).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
+// The extension of the file in lower case.
+std::string ExtensionOf(const std::string& file) {
+    std::string extension = std::filesystem::path(file).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return ending;
+    return extension;
 }
 
-// A description that was made, for those who want to change it.
+// The user wants to edit the description that --around or --preview generates.
 bool WritesDescription(const Options& options) {
-    return options.description.empty() && FormOf(options.output) == ".json";
+    return options.description.empty() && ExtensionOf(options.output) == ".json";
 }
 
-// What there is to read: the text of a description, and the directory in which its files are.
+// The text of a description, and the directory to which its file names are relative.
 struct Source {
     std::string text;
     std::filesystem::path directory;
@@ -128,7 +129,7 @@ std::string ReadAll(const std::string& file) {
     return text;
 }
 
-// A description names its files from where it lies itself.
+// A description names its files relative to its own directory.
 std::string LayerFileOf(const Options& options) {
     if (!WritesDescription(options)) return options.preview;
     const std::filesystem::path directory = std::filesystem::absolute(options.output).parent_path();
@@ -139,7 +140,7 @@ Source ReadSource(const Options& options) {
     if (!options.around.empty()) {
         GeodezPayload place{};
         if (!DegreesOf(ReadPlace(options.around).readings.at(0).record, &place))
-            throw DescriptionError("the place has no latitude and longitude");
+            throw DescriptionError("cannot convert the position to degrees");
         const double width = ParseLength(options.width).value_or(0.0);
         return {DescribeMapAround({place.latitude, place.longitude, width}), {}};
     }
@@ -155,28 +156,28 @@ std::string NameOf(const Options& options) {
     return options.preview.empty() ? options.description : options.preview;
 }
 
-// Pictures of other forms would hold SVG in spite of their names.
+// Without this check such a file would contain SVG.
 std::string CheckOutput(const std::string& file) {
     static const std::set<std::string> others = {".jpg",  ".jpeg", ".gif", ".webp", ".tif",
                                                  ".tiff", ".bmp",  ".pdf", ".ps",   ".eps"};
-    const std::string form = FormOf(file);
-    return others.contains(form) ? "a map is drawn as .svg or .png, not as " + form : "";
+    const std::string extension = ExtensionOf(file);
+    return others.contains(extension) ? "unsupported output format " + extension + "; use .svg or .png" : "";
 }
 
-// What went wrong; empty if nothing did.
+// The error; empty on success.
 std::string WriteOutput(const std::string& text, const Options& options) {
     const std::string& file = options.output;
     if (file == "-") {
         std::cout << text;
         return {};
     }
-    if (IsOneOf(file, {options.description})) return file + ": is the description, and is left as it is";
-    if (IsOneOf(file, {options.preview})) return file + ": is what is to be drawn, and is left as it is";
-    if (FormOf(file) == ".png") return WritePng(text, file);
+    if (IsOneOf(file, {options.description})) return file + ": cannot overwrite the description";
+    if (IsOneOf(file, {options.preview})) return file + ": cannot overwrite the previewed file";
+    if (ExtensionOf(file) == ".png") return WritePng(text, file);
     errno = 0;
     std::ofstream stream(file, std::ios::binary);
     stream << text;
-    return stream.flush() ? "" : file + ": can't be written" + SystemReason(errno);
+    return stream.flush() ? "" : file + ": cannot write the file" + SystemReason(errno);
 }
 
 std::string Draw(const Source& source, const Options& options, std::vector<std::string>* problems) {
@@ -205,12 +206,12 @@ ExitCode DrawMap(const Options& options) {
     return problems.empty() ? EXIT_DONE : EXIT_INCOMPLETE;
 }
 
-// A map comes from one of three.
+// Exactly one source defines the map.
 void CheckSource(const Options& options) {
     const int sources = (options.description.empty() ? 0 : 1) + (options.around.empty() ? 0 : 1) +
                         (options.preview.empty() ? 0 : 1);
     if (sources == 1) return;
-    throw CLI::ValidationError("tessara map", "expected either a DESCRIPTION, --around or --preview");
+    throw CLI::ValidationError("tessara map", "expected one of DESCRIPTION, --around and --preview");
 }
 
 }  // namespace
@@ -219,29 +220,28 @@ void AddMap(CLI::App& program, Action& action) {
     CLI::App* const command = program.add_subcommand("map", "Draws a window of a map, as SVG or PNG");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("DESCRIPTION", options->description, "A JSON file; '-' is standard input");
+    command->add_option("DESCRIPTION", options->description, "JSON file; '-' is standard input");
     CLI::Option* const around = command
                                     ->add_option("--around", options->around,
-                                                 "Draws the surroundings of a position in any form, such as "
-                                                 "48.1,11.6 or 32UPU9160234791, on WGS84")
+                                                 "Draw the surroundings of a position, such as 48.1,11.6 or "
+                                                 "32UPU9160234791, on WGS84")
                                     ->type_name("POSITION")
                                     ->check(CLI::Validator(CheckPlace, ""));
     options->width = DEFAULT_WIDTH;
-    command->add_option("--width", options->width, "How wide they are, in m or km")
+    command->add_option("--width", options->width, "Width of the surroundings, in m or km")
         ->type_name("LENGTH")
         ->check(CLI::Validator(CheckLength, ""))
         ->capture_default_str()
         ->needs(around);
     command
-        ->add_option("--preview", options->preview, "Draws a file of positions: GeoJSON, or lines of degrees")
+        ->add_option("--preview", options->preview, "Draw a file of positions: GeoJSON, or lines of degrees")
         ->type_name("FILE");
-    command->add_option("-o,--output", options->output, "The file to write; '-' is standard output, as SVG")
+    command->add_option("-o,--output", options->output, "Output file; '-' writes SVG to standard output")
         ->type_name("FILE")
         ->check(CLI::Validator(CheckOutput, ""))
         ->capture_default_str();
     command
-        ->add_option("--size", options->size,
-                     "The longer side of the window in the picture, 100 to 20000 pixels of it")
+        ->add_option("--size", options->size, "Longer side of the window in the picture, 100 to 20000 pixels")
         ->type_name("PIXELS")
         ->check(CLI::Range(SHORTEST_SIDE, LONGEST_SIDE).description(""))
         ->capture_default_str();

@@ -37,7 +37,7 @@ std::string Suggestion(const CLI::App& program, const std::vector<std::string>& 
     const std::vector<std::string> commands = CommandNames(program);
     if (!first.starts_with('-') && !Has(commands, first)) {
         if (ClosestName(first, commands).empty()) return {};
-        return "tessara: there is no command " + Quote(first) + DidYouMean(first, commands) + '\n';
+        return "tessara: unknown command " + Quote(first) + DidYouMean(first, commands) + '\n';
     }
     const CLI::App& command = first.starts_with('-') ? program : *program.get_subcommand(first);
     const std::vector<std::string> options = OptionNames(command);
@@ -46,7 +46,7 @@ std::string Suggestion(const CLI::App& program, const std::vector<std::string>& 
         if (name == "--") break;
         if (!name.starts_with("--") || Has(options, name)) continue;
         if (ClosestName(name, options).empty()) continue;
-        return "tessara: there is no option " + Quote(name) + DidYouMean(name, options) + '\n';
+        return "tessara: unknown option " + Quote(name) + DidYouMean(name, options) + '\n';
     }
     return {};
 }

@@ -1,4 +1,4 @@
-// What somebody may have meant who mistyped the name of a command or an option.
+// Suggestions for mistyped commands and options.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -7,8 +7,8 @@
 
 namespace tessara::program {
 
-// A line that names the likeliest command or option for the first argument that the program doesn't know;
-// empty if all are known, or nothing is like it.
+// A line that names the closest command or option to the first unknown argument; empty if all arguments are
+// known or no name is close.
 [[nodiscard]] std::string Suggestion(const CLI::App& program, const std::vector<std::string>& arguments);
 
 }  // namespace tessara::program

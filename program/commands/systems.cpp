@@ -10,12 +10,12 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    R"(A line holds number, name, and the fields that `tessara convert` writes, in their order. Eastings, northings,
-x, y and z are metres. LONGPIXEL and FLOATPIXEL are pixels of a map and no targets of a conversion. MGRS is
-another name of UTMREF.
+    R"(Each line holds the number and name of a system, and its fields in the order in which `tessara convert` writes
+them. Eastings, northings, x, y and z are in metres. LONGPIXEL and FLOATPIXEL are pixels of a map; positions
+cannot be converted to them. MGRS is another name of UTMREF.
 
-Some systems take parameters behind a colon, as in TM:lon0=9,k=0.9996,fe=500000:
-  TM      lon0, lat0 (degrees), k (scale), fe, fn (metres); without them 0, 0, 1, 0, 0
+Some systems accept parameters after a colon, as in TM:lon0=9,k=0.9996,fe=500000:
+  TM      lon0, lat0 (degrees), k (scale), fe, fn (metres); default 0, 0, 1, 0, 0
   VDG     lon0, lat0
   UTM, UTMREF           zone, 1 to 60
   GK, GK6               strip

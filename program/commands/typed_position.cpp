@@ -20,7 +20,7 @@ std::vector<std::string> TextsOf(const std::vector<std::string>& words) {
     return words.size() == 2 ? words : std::vector<std::string>{Joined(words)};
 }
 
-// How many characters some bytes of UTF-8 show.
+// The number of characters in a UTF-8 text.
 std::size_t Width(std::string_view bytes) {
     std::size_t width = 0;
     for (const char c : bytes)
@@ -36,7 +36,7 @@ std::string InBrackets(const RecordConversion& conversion, const char* code) {
     return conversion.isReport && *code != '\0' ? " [" + std::string(code) + "]" : "";
 }
 
-// The position as a record of standard input, of which the results alone are written.
+// The position as a record of standard input; only its results are written.
 Record RecordOf(const std::vector<std::string>& texts) {
     Record record;
     record.number = 1;

@@ -1,4 +1,4 @@
-// A position that is typed on the command line.
+// Positions typed on the command line.
 #pragma once
 
 #include <string>
@@ -10,13 +10,13 @@
 
 namespace tessara::program {
 
-// Of two words the first is the north; other counts are one text.
+// Two words are a north and an east text; any other number of words is one text.
 [[nodiscard]] TypedResult ReadWords(const TypedReader& reader, const std::vector<std::string>& words);
 
-// Why a position isn't read, and the piece of it underlined: lines for standard error or output.
+// The reason why a text is rejected, and the text with the piece in question underlined.
 [[nodiscard]] std::string ExplainFault(const TypedResult& result, const std::vector<std::string>& words);
 
-// Writes what the position is in each target: a line, or an object of --json.
+// Writes the position in each target, as a line or as a JSON object.
 [[nodiscard]] ExitCode ConvertTypedPosition(const std::vector<std::string>& words,
                                             const RecordConversion& conversion);
 

@@ -16,8 +16,9 @@ namespace tessara::program {
 namespace {
 
 constexpr const char* FOOTER =
-    "Writes the choices for the next piece of a reference: the zones; the bands; the columns of a zone in a\n"
-    "band; the rows in such a column. A choice that doesn't exist is wrong usage.\n"
+    "Lists the choices for the next piece of a military grid reference: the zones, the bands, the columns of "
+    "a\n"
+    "zone and band, or the rows of a column. The exit status is 2 if a given piece does not exist.\n"
     "\n"
     "Examples:\n"
     "  tessara utmref 32 U      K L M N P Q\n"
@@ -36,7 +37,7 @@ IRef<ITessaraString> MakeText(const std::string& text) {
     return made;
 }
 
-// The choices for a piece, given those before it; the list is empty for pieces that don't exist.
+// The choices for the piece after `pieces`; empty if one of them does not exist.
 std::vector<std::string> ChoicesBehind(const std::vector<std::string>& pieces, std::int32_t datum) {
     const IRef<ICoordCheckerUTMREF> checker(CreateClassCoordCheckerUTMREF());
     const IRef<IArray> list(CreateClassArray());
@@ -68,7 +69,7 @@ std::string Joined(const std::vector<std::string>& words) {
     return line;
 }
 
-// In upper case, and without zeros before a number: zone 032 is 32.
+// In upper case and without leading zeros: zone 032 is 32.
 std::string AsListed(std::string piece) {
     piece.erase(0, std::min(piece.find_first_not_of('0'), piece.size()));
     for (char& c : piece) {
@@ -85,8 +86,9 @@ ExitCode WriteChoices(const Options& options) {
         if (piece.empty()) break;
         const std::vector<std::string> choices = ChoicesBehind(pieces, datum);
         if (std::find(choices.begin(), choices.end(), AsListed(piece)) == choices.end()) {
-            std::cerr << "tessara: " << Quote(piece) << " is no " << NAMES[pieces.size()]
-                      << (pieces.empty() ? "" : " behind " + Joined(pieces)) << "; there are "
+            std::cerr << "tessara: "
+                      << "unknown " << NAMES[pieces.size()] << ' ' << Quote(piece)
+                      << (pieces.empty() ? "" : " after " + Joined(pieces)) << "; expected one of "
                       << Joined(choices) << '\n';
             return EXIT_USAGE;
         }
@@ -100,12 +102,12 @@ ExitCode WriteChoices(const Options& options) {
 
 void AddUtmref(CLI::App& program, Action& action) {
     CLI::App* const command =
-        program.add_subcommand("utmref", "Lists what can follow the first pieces of a UTMREF");
+        program.add_subcommand("utmref", "Lists the choices for the next piece of a UTMREF");
     command->footer(FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("ZONE", options->zone, "1 to 60")->type_name("");
-    command->add_option("BAND", options->band, "The letter of the latitude band")->type_name("");
-    command->add_option("COLUMN", options->column, "The letter of the 100 km column")->type_name("");
+    command->add_option("ZONE", options->zone, "Zone, 1 to 60")->type_name("");
+    command->add_option("BAND", options->band, "Letter of the latitude band")->type_name("");
+    command->add_option("COLUMN", options->column, "Letter of the 100 km column")->type_name("");
     AddDatum(*command, "--datum", options->datum, "Datum of the reference");
     command->callback([options, &action] { action = [options] { return WriteChoices(*options); }; });
 }

@@ -23,7 +23,7 @@ std::string MemberOf(std::string_view object, std::string_view wanted) {
     return found;
 }
 
-// An older form of GeoJSON could name another system. What writes it for WGS84 calls it CRS84.
+// GeoJSON before RFC 7946 could name another system; CRS84 and EPSG:4326 name WGS84.
 bool IsWgs84(std::string_view crs) {
     if (crs == "null") return true;
     const std::string name = Unescaped(MemberOf(MemberOf(crs, R"("properties")"), R"("name")"));
@@ -37,7 +37,7 @@ class FeatureBlocks final : public RecordBlocks {
     std::optional<Layout> ReadLayout(const Layout& wanted) override {
         Layout layout = wanted;
         Try([this] { ReadStart(); });
-        if (isElsewhere_) layout.wrong = "isn't on WGS84: the file has a 'crs'";
+        if (isElsewhere_) layout.wrong = "unsupported 'crs'; GeoJSON must be on WGS84";
         return layout;
     }
 
@@ -69,8 +69,8 @@ class FeatureBlocks final : public RecordBlocks {
         }
     }
 
-    // Reads what stands at the start of what is held, and takes it. Where that ends too early, more is read,
-    // and all of it is looked at anew.
+    // Reads a value at the start of the buffer and removes it. If the buffer ends within the value, reads
+    // more input and starts again.
     template <class Read>
     void ReadHeld(Read read) {
         while (true) {
@@ -88,10 +88,10 @@ class FeatureBlocks final : public RecordBlocks {
     bool ReadMore() {
         if (input_.Held().size() < LONGEST_PIECE) return input_.ReadMore();
         throw JsonFault(
-            "has a piece of more than " + std::to_string(LONGEST_PIECE >> 20) + " MiB, from byte ", 0, false);
+            "more than " + std::to_string(LONGEST_PIECE >> 20) + " MiB in one feature, from byte ", 0, false);
     }
 
-    // Up to the first feature of a collection. Anything else is held as a whole.
+    // Reads up to the first feature of a collection, or a whole feature or geometry.
     void ReadStart() {
         ReadHeld([this](JsonScan& scan) {
             type_.clear();
@@ -110,7 +110,7 @@ class FeatureBlocks final : public RecordBlocks {
         root_ = state_;
     }
 
-    // The bracket of the features is taken.
+    // Returns true after the opening bracket of the features.
     bool ReadMembersToFeatures(JsonScan& scan) {
         if (scan.Take('}')) return false;
         do {
@@ -135,7 +135,7 @@ class FeatureBlocks final : public RecordBlocks {
         state_ = State::Rest;
     }
 
-    // As many as make a block; none at the end of the array, which is taken.
+    // Reads the features of one block; none at the end of the array, whose closing bracket it removes.
     void ReadFeatures(std::string* text) {
         while (input_.Held().size() < BYTES_PER_BLOCK && input_.ReadMore()) {
         }
@@ -153,8 +153,8 @@ class FeatureBlocks final : public RecordBlocks {
         state_ = State::Rest;
     }
 
-    // The bytes of the features that are held as a whole, with the commas before them. Where there are none,
-    // and the array isn't over, the fault that keeps the first from being one.
+    // Counts the bytes of the complete features in the buffer, with the commas before them. Without any, and
+    // before the end of the array, sets the fault of the first feature.
     std::size_t CountWhole(std::optional<JsonFault>* fault) {
         JsonScan scan(input_.Held());
         std::size_t whole = 0;
@@ -162,7 +162,7 @@ class FeatureBlocks final : public RecordBlocks {
             while (whole < BYTES_PER_BLOCK && scan.Peek() != ']') {
                 if (number_ > 1) scan.Expect(',');
                 const std::string_view value = scan.Value();
-                // A number that ends with what is held may go on.
+                // A number at the end of the buffer may continue in the input.
                 if (!value.ends_with('}') && scan.Peek() == '\0') scan.Expect(',');
                 whole = scan.At();
                 ++number_;
@@ -190,22 +190,25 @@ class FeatureBlocks final : public RecordBlocks {
         state_ = State::End;
     }
 
-    // What is wrong with the file as a whole; empty if nothing is.
+    // The error that affects the whole file; empty for a valid file.
     [[nodiscard]] std::string WrongRoot() const {
         const bool isCollection = root_ == State::Features && type_ == "FeatureCollection";
-        if (!isCollection && root_ != State::Alone) return "is no GeoJSON FeatureCollection";
-        return isLate_ ? "isn't on WGS84: its 'crs' comes behind features, which were taken for WGS84" : "";
+        if (!isCollection && root_ != State::Alone)
+            return "expected a GeoJSON FeatureCollection, Feature or geometry";
+        return isLate_
+                   ? "unsupported 'crs' after features, which were read as WGS84; GeoJSON must be on WGS84"
+                   : "";
     }
 
     std::string file_;
     InputBuffer& input_;
     State state_ = State::End;
-    State root_ = State::End;  // what the root was found to be
+    State root_ = State::End;  // the kind of the root
     std::string type_;         // of the root
-    std::string alone_;        // the root, where it is a feature or a geometry
+    std::string alone_;        // the root, if it is a feature or a geometry
     bool isElsewhere_ = false;
     bool isLate_ = false;
-    std::size_t number_ = 1;  // of the feature that comes next
+    std::size_t number_ = 1;  // of the next feature
     std::string wrong_;
 };
 

@@ -13,12 +13,11 @@ namespace {
 
 constexpr std::array<double, 10> POWERS{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 
-// Below that a number times its power of ten is a double whose last place is far from a half.
+// Below this limit, the product with the power of ten has an error far smaller than a half.
 constexpr double LARGEST_SCALED = 1e12;
 constexpr double CLOSE_TO_HALF = 1e-3;
 
-// A number with decimals as a whole number of its last place. False where rounding could go either way: that
-// takes all digits of the number.
+// The number in units of its last decimal. False for a possible tie, which only the exact digits decide.
 bool RoundToWhole(double value, int decimals, std::int64_t* whole) {
     if (decimals < 1 || decimals >= static_cast<int>(POWERS.size())) return false;
     const double scaled = std::fabs(value) * POWERS[static_cast<std::size_t>(decimals)];

@@ -1,4 +1,4 @@
-// Fields as they stand in lines, in tables and in JSON.
+// Writes fields to lines, tables and JSON.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 
 namespace tessara::program {
 
-// With the digits that lines have.
+// With the number of digits for lines.
 void AppendText(const Field& field, std::string* out);
 
-// In numbers, with all digits.
+// As JSON values, with all digits.
 void AppendJson(const Field& field, std::string* json);
 
 }  // namespace tessara::program

@@ -32,8 +32,8 @@ const GeometryType* TypeByName(std::string_view name) {
 
 constexpr int NO_DEPTH = -1;
 
-// Reads coordinates as they nest, before it is known how they should, and keeps what is wrong with the first
-// position that has something.
+// Reads nested coordinates before the type of the geometry is known, and keeps the error of the first wrong
+// position.
 class Coordinates {
   public:
     Coordinates(JsonScan& scan, Geometry* geometry) : scan_(scan), nesting_(geometry->nesting) {}
@@ -47,14 +47,14 @@ class Coordinates {
 
     [[nodiscard]] const std::vector<Position>& Positions() const { return positions_; }
 
-    // What is wrong with them in a geometry of a type; empty if nothing is.
+    // The error in the coordinates for a type of geometry; empty for valid coordinates.
     [[nodiscard]] std::string Wrong(const GeometryType& type) const {
         const bool isPoint = type.depth == 0;
         const bool areRight = positionDepth_ == type.depth ||
                               (positionDepth_ == NO_DEPTH && !isPoint && listDepth_ <= type.depth);
-        if (isPoint && !areRight) return "has no longitude and latitude";
+        if (isPoint && !areRight) return "missing longitude and latitude";
         if (!areThere_ || !areRight || areUneven_)
-            return "has no positions that nest like those of a " + std::string(type.name);
+            return "invalid nesting of the coordinates of a " + std::string(type.name);
         if (wrong_.empty() || isPoint) return wrong_;
         return "position " + std::to_string(wrongAt_) + ": " + wrong_;
     }
@@ -89,7 +89,7 @@ class Coordinates {
             if (count == 2) position.height = NumberOf(word, HUGE_VAL, WrongNumber);
             ++count;
         });
-        if (count < 2) Refuse("has no longitude and latitude");
+        if (count < 2) Refuse("missing longitude and latitude");
         positions_.push_back(position);
     }
 
@@ -117,14 +117,14 @@ class Coordinates {
     std::size_t wrongAt_ = 0;
 };
 
-// The parts of a collection. What is wrong with the first that has something.
+// Reads the parts of a collection and returns the first error.
 std::string ReadParts(JsonScan& scan, std::vector<Geometry>* parts, std::vector<Position>* positions) {
     parts->clear();
     positions->clear();
     std::string wrong;
     if (scan.Peek() != '[') {
         scan.Value();
-        return "has no array of geometries";
+        return "missing array 'geometries'";
     }
     scan.Array([&] {
         Geometry part;
@@ -135,7 +135,7 @@ std::string ReadParts(JsonScan& scan, std::vector<Geometry>* parts, std::vector<
     return wrong;
 }
 
-// With as many decimals at most, and one at least.
+// Writes at least one decimal and at most `decimals`.
 void AppendRounded(double value, int decimals, std::string* json) {
     std::string text = FormatPlain(value, decimals);
     *json += text;
@@ -156,7 +156,7 @@ void AppendPosition(const Position& position, std::string* json) {
     *json += ']';
 }
 
-// Writes what stands at the positions of a geometry and of its parts, one after the other.
+// Writes values at the positions of a geometry and of its parts, in order.
 class Nesting {
   public:
     Nesting(const std::function<void(std::size_t)>& append, std::string* json)
@@ -177,7 +177,7 @@ class Nesting {
         }
     }
 
-    // The geometry around it as well.
+    // Writes type and parts, too.
     void AppendWhole(const Geometry& geometry) {
         const bool isCollection = geometry.type == COLLECTION;
         *json_ += R"({"type":")";
@@ -215,9 +215,9 @@ bool IsGeometryType(std::string_view type) {
 
 std::string ReadGeometry(JsonScan& scan, Geometry* geometry, std::vector<Position>* positions) {
     if (scan.Peek() != '{')
-        return scan.Value() == "null" ? "has no geometry" : "has a geometry that is no object";
+        return scan.Value() == "null" ? "missing geometry" : "invalid geometry: expected an object";
     std::string type;
-    std::string wrongParts = "has no array of geometries";
+    std::string wrongParts = "missing array 'geometries'";
     std::vector<Position> ofParts;
     Coordinates coordinates(scan, geometry);
     scan.Object([&](std::string_view name) {
@@ -237,7 +237,7 @@ std::string ReadGeometry(JsonScan& scan, Geometry* geometry, std::vector<Positio
         return wrongParts;
     }
     const GeometryType* const known = TypeByName(type);
-    if (known == nullptr) return "has the geometry " + Quote(type) + ", which GeoJSON doesn't have";
+    if (known == nullptr) return "unknown geometry type " + Quote(type);
     geometry->type = known->name;
     const std::vector<Position>& own = coordinates.Positions();
     positions->insert(positions->end(), own.begin(), own.end());

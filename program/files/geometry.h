@@ -1,4 +1,4 @@
-// Geometries of GeoJSON (RFC 7946): how their positions nest, apart from the positions themselves.
+// Geometries of GeoJSON (RFC 7946): the nesting of their positions, stored separately from the positions.
 #pragma once
 
 #include <cstddef>
@@ -15,22 +15,22 @@ namespace tessara::program {
 
 struct Geometry {
     std::string_view type = "Point";
-    // A point for each position, and the brackets around them.
+    // A '.' for each position, and the brackets around them.
     std::string nesting = ".";
     std::vector<Geometry> parts;  // of a collection
 };
 
-// Takes the next value, and appends its positions. What is wrong with it; empty if nothing is.
+// Reads the next value and appends its positions. Returns the error, or an empty text.
 [[nodiscard]] std::string ReadGeometry(JsonScan& scan, Geometry* geometry, std::vector<Position>* positions);
 
-// Whether an object with this type is a geometry.
+// Whether the type of an object denotes a geometry.
 [[nodiscard]] bool IsGeometryType(std::string_view type);
 
-// Appends the geometry with its positions, which are those of WGS84, to a tenth of a millimetre.
+// Appends the geometry with its positions on WGS84, to a tenth of a millimetre.
 void AppendGeometry(const Geometry& geometry, const std::vector<Position>& positions, std::string* json);
 
-// Appends values that nest as the positions do: each is written by its place among them. A collection is an
-// array of what its geometries give.
+// Appends values with the nesting of the positions; a function writes the value with a given index. A
+// collection becomes an array with an element for each geometry.
 void AppendNested(const Geometry& geometry, const std::function<void(std::size_t)>& append,
                   std::string* json);
 

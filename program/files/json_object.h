@@ -14,7 +14,7 @@ class JsonObject {
   public:
     explicit JsonObject(std::string* json) : json_(*json) { json_ += '{'; }
 
-    // The name of a member, behind which the caller appends the value.
+    // Writes the name of a member; the caller appends the value.
     std::string* Name(std::string_view name);
 
     void Text(std::string_view name, std::string_view text);

@@ -10,15 +10,15 @@
 namespace tessara::program {
 namespace {
 
-// Values in values are read by recursion, which the stack has to hold.
+// Nested values recurse; the limit keeps the stack small.
 constexpr int DEEPEST_NESTING = 200;
 
-// A shorter number without an exponent is never too large.
+// A shorter number without an exponent fits a double.
 constexpr std::size_t SURELY_FINITE = 300;
 
 constexpr std::string_view REPLACEMENT = "\xEF\xBF\xBD";
 
-// What stands for itself in a string, and has one byte.
+// The ASCII characters that need no escape in a string.
 constexpr std::array<bool, 256> PLAIN = [] {
     std::array<bool, 256> plain{};
     for (std::size_t c = 0x20; c < 0x80; ++c)
@@ -34,8 +34,8 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// How many bytes a character of UTF-8 has that begins a text and has several; 0 if it is none (Unicode,
-// table 3-7).
+// The length of the multi-byte UTF-8 character at the start of a text; 0 if it is malformed (Unicode, table
+// 3-7).
 std::size_t LengthOfLongCharacter(std::string_view text) {
     const auto byte = [&](std::size_t i) -> unsigned {
         return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u;
@@ -88,7 +88,7 @@ void AppendUtf8(std::uint32_t code, std::string* text) {
     append(0x80 | (code & 0x3F));
 }
 
-// Takes the escaped character behind a backslash from the start of a checked text.
+// Removes an escaped character, without its backslash, from the start of a checked text.
 void AppendEscaped(std::string_view* rest, std::string* text) {
     constexpr std::string_view LETTERS = "bfnrt";
     constexpr std::string_view MEANINGS = "\b\f\n\r\t";
@@ -108,7 +108,7 @@ void AppendEscaped(std::string_view* rest, std::string* text) {
     AppendUtf8(code, text);
 }
 
-// A control character, a quote or a backslash, as it stands in a string.
+// Escapes a control character, a quote or a backslash.
 void AppendEscape(char c, std::string* json) {
     constexpr std::string_view SHORT = "\"\\\b\f\n\r\t";
     constexpr std::string_view LETTERS = "\"\\bfnrt";
@@ -132,11 +132,11 @@ std::string WordsOf(const JsonFault& fault, std::size_t offset) {
 }
 
 void JsonScan::Fail() const {
-    throw JsonFault("is no JSON at byte ", at_, at_ >= text_.size());
+    throw JsonFault("invalid JSON at byte ", at_, at_ >= text_.size());
 }
 
 void JsonScan::FailByMembers() const {
-    throw JsonFault("has more than " + std::to_string(MOST_MEMBERS) + " members", at_, false);
+    throw JsonFault("more than " + std::to_string(MOST_MEMBERS) + " members", at_, false);
 }
 
 void JsonScan::ExpectEnd() {
@@ -189,7 +189,7 @@ void JsonScan::SkipEscape() {
     if (IsLowSurrogate(first)) Fail();
     at_ += 5;
     if (!IsHighSurrogate(first)) return;
-    // The other half of a pair follows.
+    // The low half of a surrogate pair follows.
     for (const char c : {'\\', 'u'}) {
         if (at_ >= text_.size() || text_[at_] != c) Fail();
         ++at_;
@@ -201,7 +201,7 @@ void JsonScan::SkipEscape() {
 void JsonScan::SkipLongCharacter() {
     const std::string_view rest = text_.substr(at_, 4);
     const std::size_t length = LengthOfLongCharacter(rest);
-    // The end of the text may have cut it.
+    // The end of the text may have cut the word.
     const bool isCut = length == 0 && rest.size() < 4 && static_cast<unsigned char>(rest[0]) >= 0xC2;
     if (isCut) at_ = text_.size();
     if (length == 0) Fail();
@@ -215,7 +215,7 @@ void JsonScan::SkipValue() {
         return;
     }
     if (c == '{' || c == '[') {
-        if (++depth_ > DEEPEST_NESTING) throw JsonFault("is nested too deeply", at_, false);
+        if (++depth_ > DEEPEST_NESTING) throw JsonFault("nested too deeply", at_, false);
         if (c == '{') {
             Object([this](std::string_view) { SkipValue(); });
         } else {
@@ -265,7 +265,7 @@ void JsonScan::SkipNumber() {
     const bool isTooLarge = error == std::errc::result_out_of_range && text_[begin] != '0' &&
                             text_.substr(begin, at_ - begin).find("e-") == std::string_view::npos &&
                             text_.substr(begin, at_ - begin).find("E-") == std::string_view::npos;
-    if (isTooLarge) throw JsonFault("has a number that is too large, before byte ", at_, false);
+    if (isTooLarge) throw JsonFault("number too large before byte ", at_, false);
 }
 
 std::string Unescaped(std::string_view string) {
@@ -325,7 +325,7 @@ void AppendNumber(double number, std::string* json) {
     const char* const end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
     const std::string_view digits(text.data(), static_cast<std::size_t>(end - text.data()));
     *json += digits;
-    // A number with a fraction stays one for who reads it.
+    // Readers that distinguish types keep reading a real number.
     if (digits.find_first_of(".e") == std::string_view::npos) *json += ".0";
 }
 

@@ -1,5 +1,5 @@
-// Reads JSON where it stands (RFC 8259), value by value: each is checked and given as the bytes it has in the
-// text, so that what nobody asks about is written as it was read, whatever its digits.
+// Reads JSON (RFC 8259) in place. Each value is checked and returned as a view of its bytes, so that other
+// members can be copied unchanged, with all their digits.
 #pragma once
 
 #include <cstddef>
@@ -9,20 +9,21 @@
 
 namespace tessara::program {
 
-// Why a text is no JSON, or none that is read.
+// The reason why a text is not valid JSON or exceeds a limit.
 class JsonFault : public std::runtime_error {
   public:
     JsonFault(const std::string& words, std::size_t place, bool isCutOff)
         : std::runtime_error(words), at(place), isAtEnd(isCutOff) {}
 
-    std::size_t at;  // the byte of the text
+    std::size_t at;  // index of the byte in the text
     bool isAtEnd;    // whether more text could mend it
 };
 
-// What is wrong, with the byte counted from 1 in a file of which `offset` bytes stand before the text.
+// The message, with the number of the byte in the file counted from 1; `offset` bytes of the file precede the
+// text.
 [[nodiscard]] std::string WordsOf(const JsonFault& fault, std::size_t offset = 0);
 
-// An object with more members is no record.
+// The largest number of members in an object.
 inline constexpr std::size_t MOST_MEMBERS = 10000;
 
 // Its members throw a JsonFault.
@@ -30,16 +31,16 @@ class JsonScan {
   public:
     explicit JsonScan(std::string_view text) : text_(text) {}
 
-    // The character that begins what comes next; 0 at the end of the text.
+    // The first character of the next token; 0 at the end of the text.
     char Peek() {
         while (at_ < text_.size() && IsBlank(text_[at_]))
             ++at_;
         return at_ < text_.size() ? text_[at_] : '\0';
     }
 
-    // Takes a character if it comes next.
+    // Consumes a character if it comes next.
     bool Take(char c) {
-        // Zero bytes are no part of JSON.
+        // Peek returns 0 for a zero byte, too, which JSON does not allow.
         if (Peek() != c || at_ >= text_.size()) return false;
         ++at_;
         return true;
@@ -53,7 +54,8 @@ class JsonScan {
     std::string_view Value();
     std::string_view String();
 
-    // Calls `member` with the name of each member of an object, with its quotes; it takes the value.
+    // Calls `member` with the name of each member of an object, in its quotes; `member` must consume the
+    // value.
     template <class Member>
     void Object(Member member) {
         Expect('{');
@@ -68,7 +70,7 @@ class JsonScan {
         Expect('}');
     }
 
-    // Calls `element` for each element of an array; it takes the value.
+    // Calls `element` for each element of an array; `element` must consume the value.
     template <class Element>
     void Array(Element element) {
         Expect('[');
@@ -79,10 +81,10 @@ class JsonScan {
         Expect(']');
     }
 
-    // How far the text is read.
+    // The number of bytes read.
     [[nodiscard]] std::size_t At() const { return at_; }
 
-    // Nothing but blanks may follow.
+    // Fails if anything but blanks follows.
     void ExpectEnd();
 
     [[nodiscard]] static bool IsBlank(char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; }
@@ -105,21 +107,21 @@ class JsonScan {
     int depth_ = 0;
 };
 
-// The text of a string with its quotes. Whatever is no string stays as it is.
+// The text of a string in quotes; returns other values unchanged.
 [[nodiscard]] std::string Unescaped(std::string_view string);
 
-// Whether a string needs no unescaping.
+// Whether a string has no escapes.
 [[nodiscard]] inline bool IsPlain(std::string_view string) {
     return string.find('\\') == std::string_view::npos;
 }
 
-// Appends a text as a string. Bytes that are no UTF-8 are replaced.
+// Appends a text as a string, with invalid UTF-8 replaced.
 void AppendString(std::string_view text, std::string* json);
 
-// Appends a checked value without the blanks between its pieces.
+// Appends a checked value without the blanks between its tokens.
 void AppendCompact(std::string_view value, std::string* json);
 
-// Appends a number with all its digits, as short as it can be, and null for one that isn't finite.
+// Appends the shortest text that reads back as the same number; null for a number that is not finite.
 void AppendNumber(double number, std::string* json);
 
 }  // namespace tessara::program

@@ -12,10 +12,10 @@
 namespace tessara::program {
 namespace {
 
-// Enough work for a core to be worth its while, and little enough for the results to stay in the cache.
+// Large enough to outweigh the cost of a job, small enough for the results to stay in the cache.
 constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 16;
 
-// More than that is no record of a table, but a quote that isn't closed.
+// A longer record of a table indicates an unclosed quote.
 constexpr std::size_t LONGEST_ROW = std::size_t{1} << 20;
 
 class LineBlocks final : public RecordBlocks {
@@ -33,7 +33,7 @@ class LineBlocks final : public RecordBlocks {
 
         std::size_t begin = 0;
         if (!FindFirst(&begin)) {
-            // Comments may be all that is wanted of it.
+            // A file without records can still have comments to copy.
             return form_ == Form::LINES && !wanted.hasHeader ? std::optional(layout) : std::nullopt;
         }
         layout.separator = form_ == Form::TSV ? '\t' : SeparatorOf(RowOf(HeldLine(begin)));
@@ -76,7 +76,7 @@ class LineBlocks final : public RecordBlocks {
     }
 
   private:
-    // The two texts stand first, and other columns are called by their places.
+    // The two texts come first; numbers name the other columns.
     static std::string NameOfPlace(const Layout& layout, std::size_t place) {
         const bool isPair = layout.columns.empty() && layout.areTexts;
         if (isPair && place < 2) return place == 0 ? "north" : "east";
@@ -87,7 +87,7 @@ class LineBlocks final : public RecordBlocks {
         return WithoutCarriageReturn(WithoutLineEnd(line));
     }
 
-    // Where the first line begins that isn't skipped; false if there is none.
+    // Finds the first line that is not skipped; false if there is none.
     bool FindFirst(std::size_t* begin) {
         while (true) {
             const std::string_view line = HeldLine(*begin);
@@ -97,7 +97,7 @@ class LineBlocks final : public RecordBlocks {
         }
     }
 
-    // A whole line; at the end of the file what there is.
+    // Returns a whole line; at the end of the file, the rest.
     std::string_view HeldLine(std::size_t begin) {
         std::size_t end = std::string_view::npos;
         while ((end = input_.Held().find('\n', begin)) == std::string_view::npos) {
@@ -106,7 +106,7 @@ class LineBlocks final : public RecordBlocks {
         return input_.Held().substr(begin, end == std::string_view::npos ? end : end + 1 - begin);
     }
 
-    // The same for a row, which may have several lines.
+    // Returns a whole row, which may span several lines.
     std::string_view HeldRow(std::size_t begin) {
         while (true) {
             const std::string_view row = FirstRecord(input_.Held().substr(begin), form_, separator_);
@@ -115,8 +115,8 @@ class LineBlocks final : public RecordBlocks {
         }
     }
 
-    // Whether positions of degrees have heights, and something behind them, is seen by the first. No line is
-    // waited for behind one that is wrong: its message is due.
+    // The first position decides whether heights and other text follow the degrees. The search stops at a
+    // wrong line, so that its message appears at once.
     void LookAtFirstPosition(Layout* layout) {
         bool isWrongSeen = false;
         for (std::size_t begin = 0; true;) {
@@ -134,8 +134,8 @@ class LineBlocks final : public RecordBlocks {
         }
     }
 
-    // How many bytes of those held are whole records that can be converted in one go; 0 if more has to be
-    // read. Where nothing more is there yet, they go by themselves: who types a line then sees its result.
+    // The number of bytes in complete records for one block; 0 if more input is needed. While the input
+    // pauses, a block holds the records so far, so that a user who types lines sees each result.
     std::size_t CountOfWholeRecords() {
         const std::string_view held = input_.Held();
         if (held.size() < BYTES_PER_BLOCK && input_.HasMoreAtOnce()) return 0;
@@ -167,13 +167,13 @@ class LineBlocks final : public RecordBlocks {
 
     bool RefuseLongLine(RecordBlock* block) {
         block->number = number_;
-        block->error = file_ + ":" + std::to_string(number_) + ": is longer than " +
+        block->error = file_ + ":" + std::to_string(number_) + ": record longer than " +
                        std::to_string(LONGEST_PIECE >> 20) + " MiB\n";
         isSkipping_ = true;
         return true;
     }
 
-    // Takes the rest of a line without holding it.
+    // Discards the rest of a line without buffering it.
     void SkipLine() {
         isSkipping_ = false;
         std::size_t end = std::string_view::npos;
@@ -194,7 +194,7 @@ class LineBlocks final : public RecordBlocks {
     std::string file_;
     InputBuffer& input_;
     char separator_ = ',';
-    std::size_t number_ = 1;  // of the line that comes next
+    std::size_t number_ = 1;  // of the next line
     std::string header_;
     bool isSkipping_ = false;
 };

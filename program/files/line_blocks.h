@@ -1,4 +1,4 @@
-// Files whose records are lines, or begin with one: lines of degrees and of texts, tables, JSON lines.
+// Files of lines: lines of degrees, lines of texts, tables and JSON lines.
 #pragma once
 
 #include <memory>

@@ -19,7 +19,7 @@ std::string_view TrimBlanks(std::string_view text) {
     return text;
 }
 
-// The words that stand for numbers, and the rest.
+// The words of the numbers, and the rest of the line.
 struct NumberLine {
     std::vector<std::string_view> words;
     std::string_view rest;

@@ -1,4 +1,4 @@
-// Lines of numbers from files, each computed to results by a function.
+// Computes results from lines of numbers.
 #pragma once
 
 #include <functional>
@@ -14,16 +14,16 @@
 
 namespace tessara::program {
 
-// A number that a line begins with.
+// One of the numbers at the start of a line.
 struct NumberColumn {
     const char* name;
-    std::string (*wrong)(std::string_view);  // what is wrong with a word as such a number
+    std::string (*wrong)(std::string_view);  // returns the error in a word, or an empty text
 };
 
 struct NumberComputation {
     std::vector<NumberColumn> columns;
-    std::vector<Field> about;  // what an object of JSON says besides, such as the datum
-    // Fills in the results; otherwise says what is wrong.
+    std::vector<Field> about;  // other members of a JSON object, such as the datum
+    // Fills in the results, or returns the error.
     std::function<std::string(const std::vector<double>&, std::vector<Field>*)> compute;
 };
 
@@ -33,11 +33,11 @@ struct NumberLines {
     OnError onError = OnError::SKIP;
 };
 
-// Writes the results of each line, apart by blanks, and behind a tab what the line has besides; or an object
-// of JSON. Blank lines are skipped, and so is what follows a '#'.
+// Writes the results of each line separated by spaces, then a tab and the rest of the line; or a JSON object.
+// Skips blank lines and comments, which begin with '#'.
 [[nodiscard]] ExitCode ComputeLines(const InputFiles& files, const NumberLines& lines);
 
-// The same for numbers that don't come from a file.
+// The same for the numbers of the command line.
 [[nodiscard]] ExitCode ComputeOnce(const NumberComputation& computation, const std::vector<double>& numbers,
                                    bool isJson);
 

@@ -5,7 +5,7 @@
 namespace tessara::program {
 
 std::string WritePng(const std::string& /*svg*/, const std::string& /*file*/) {
-    return "a PNG is drawn by rsvg-convert, which isn't started on Windows; write an .svg, and convert that";
+    return "PNG output is not supported on Windows; write an .svg file and convert it";
 }
 
 }  // namespace tessara::program
@@ -25,11 +25,11 @@ extern char** environ;
 namespace tessara::program {
 namespace {
 
-constexpr int COMMAND_NOT_FOUND = 127;  // of a child that couldn't become the program
+constexpr int COMMAND_NOT_FOUND = 127;  // exit status of a child that failed to start the program
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-// The picture as a file without a name, at its beginning.
+// The picture in an unnamed temporary file, rewound to its start.
 File ScratchFile(const std::string& text) {
     File file(std::tmpfile(), &std::fclose);
     if (!file) return file;
@@ -43,7 +43,7 @@ File ScratchFile(const std::string& text) {
 
 std::string WritePng(const std::string& svg, const std::string& file) {
     const File in = ScratchFile(svg);
-    if (!in) return "no temporary file can be written";
+    if (!in) return "cannot write a temporary file";
 
     std::string words[] = {"rsvg-convert", "--format=png", "--output=" + file};
     char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), nullptr};
@@ -61,9 +61,10 @@ std::string WritePng(const std::string& svg, const std::string& file) {
     }
     const int code = WIFEXITED(state) ? WEXITSTATUS(state) : -1;
     if (error != 0 || code == COMMAND_NOT_FOUND)
-        return "a PNG is drawn by rsvg-convert, which isn't installed (Debian: librsvg2-bin); an .svg needs "
-               "none";
-    return code == 0 ? "" : file + ": can't be written by rsvg-convert";
+        return "PNG output requires rsvg-convert, which is not installed (Debian: librsvg2-bin); write an "
+               ".svg "
+               "file instead";
+    return code == 0 ? "" : file + ": rsvg-convert cannot write the file";
 }
 
 }  // namespace tessara::program

@@ -1,11 +1,11 @@
-// SVG as a PNG, by the program rsvg-convert.
+// Converts SVG to PNG with the program rsvg-convert.
 #pragma once
 
 #include <string>
 
 namespace tessara::program {
 
-// What went wrong, for the user; empty if the file is written.
+// Returns the error message; empty on success.
 [[nodiscard]] std::string WritePng(const std::string& svg, const std::string& file);
 
 }  // namespace tessara::program

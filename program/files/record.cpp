@@ -19,7 +19,7 @@ bool IsSameInAnyCase(std::string_view name, std::string_view lower) {
                       [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; });
 }
 
-// The first of the names that is one of those, in any case.
+// The first name that matches a known one, in upper or lower case.
 std::size_t FindAny(const Names& names, const Names& wanted) {
     const auto found = std::find_if(names.begin(), names.end(), [&](std::string_view name) {
         return std::any_of(wanted.begin(), wanted.end(),
@@ -33,7 +33,7 @@ std::size_t FindExactly(const Names& names, const std::string& wanted) {
     return found != names.end() ? static_cast<std::size_t>(found - names.begin()) : NO_MEMBER;
 }
 
-// The place that a number names, counted from 1.
+// The index of a column number, which counts from 1.
 std::size_t PlaceOf(const std::string& column) {
     return std::stoul(column) - 1;
 }
@@ -79,7 +79,7 @@ PositionMembers FindPosition(const Names& names, const Layout& layout) {
         if (i >= columns.size()) return NO_MEMBER;
         return arePlaces ? PlaceOf(columns[i]) : FindExactly(names, columns[i]);
     };
-    // One name is that of a text that has both.
+    // A single name denotes a text with both values.
     return {find(0), find(columns.size() > 1 ? 1 : 0), find(2)};
 }
 
@@ -90,13 +90,13 @@ std::string WrongNames(const PositionMembers& at, const Layout& layout) {
                                             : layout.areTexts
                                                 ? std::vector<std::string>{"north", "east"}
                                                 : std::vector<std::string>{"latitude", "longitude"};
-    if (wanted.size() == 1 && at.north == NO_MEMBER) return "has no " + what + " '" + wanted[0] + "'";
+    if (wanted.size() == 1 && at.north == NO_MEMBER) return "missing " + what + " '" + wanted[0] + "'";
     if (at.north == NO_MEMBER || at.east == NO_MEMBER) {
-        return "has no " + what + "s '" + wanted[0] + "' and '" + wanted[1] + "'" +
-               (areGiven ? "" : "; --columns tells how they are called");
+        return "missing " + what + "s '" + wanted[0] + "' and '" + wanted[1] + "'" +
+               (areGiven ? "" : "; name the " + what + "s with --columns");
     }
     const bool isHeightMissing = layout.columns.size() == 3 && at.height == NO_MEMBER;
-    return isHeightMissing ? "has no " + what + " '" + wanted[2] + "'" : "";
+    return isHeightMissing ? "missing " + what + " '" + wanted[2] + "'" : "";
 }
 
 }  // namespace tessara::program

@@ -1,4 +1,4 @@
-// A record of a file: one position or several, and other members, which are kept.
+// A record of a file: one or more positions, and other members, which are copied to the output.
 #pragma once
 
 #include <cstddef>
@@ -21,10 +21,11 @@ struct Member {
     Value value;
 };
 
-// In place of a member that there isn't.
+// The index of a missing member.
 inline constexpr std::size_t NO_MEMBER = std::numeric_limits<std::size_t>::max();
 
-// The members that hold a position: degrees and perhaps a height, or the two texts, which may be one member.
+// The members that hold a position: degrees and optionally a height, or the two texts, which can be the same
+// member.
 struct PositionMembers {
     std::size_t north = NO_MEMBER;
     std::size_t east = NO_MEMBER;
@@ -35,45 +36,45 @@ struct PositionMembers {
     }
 };
 
-// Its views are into the text of the file.
+// Its views refer to the text of the file.
 struct Record {
     std::size_t number = 0;   // of its line or feature
-    std::string_view source;  // how it stands in the file, without the end of the line
-    std::string error;        // what is wrong with it; then the rest may be empty
-    bool isBlank = false;     // a line without a record, such as a comment
+    std::string_view source;  // its text in the file, without the line break
+    std::string error;        // the error; other fields may then be empty
+    bool isBlank = false;     // the line has no record but, for example, a comment
     std::vector<Member> members;
     PositionMembers at;
-    bool mayBeOneText = false;        // of columns without names the first, or all of them
+    bool mayBeOneText = false;        // without a header, the first column or the whole line
     char separator = '\t';            // of these columns
-    std::vector<Position> positions;  // those that stand in no members
+    std::vector<Position> positions;  // positions that are not members
     Geometry geometry;                // of these positions
-    std::vector<Member> frame;        // what a feature has besides its properties and geometry
-    std::deque<std::string> texts;    // names that don't stand in the file as they are
+    std::vector<Member> frame;        // other members of a feature, outside properties and geometry
+    std::deque<std::string> texts;    // names that differ from their text in the file
 
     void Clear();
 };
 
-// What is known of the records of a file before the first of them is converted.
+// The properties of a file that the conversion needs before the first record.
 struct Layout {
     std::string file;
     Form form = Form::LINES;
-    bool areTexts = false;             // a north and an east text or one for both, not degrees
-    std::vector<std::string> columns;  // the names of the members with the position, where they are given
+    bool areTexts = false;             // texts (north and east, or one for both) rather than degrees
+    std::vector<std::string> columns;  // the names of --columns; may be empty
     char separator = ',';              // of columns
     bool hasHeader = false;
     std::size_t firstLine = 1;       // of the header
-    std::vector<std::string> names;  // of the columns, no two alike; of objects, all that any of them has
-    PositionMembers at;              // among the names
-    bool hasHeights = false;         // outside of the members
-    std::string wrong;               // what is wrong with each of them; empty if nothing is
-    std::vector<std::string> kept;   // the members that are written again, where their names are asked for
-    std::size_t resultsAt = 0;       // before which of them the results stand
+    std::vector<std::string> names;  // unique names of the columns; or of the members of all objects
+    PositionMembers at;              // indices in `names`
+    bool hasHeights = false;         // for positions that are not members
+    std::string wrong;               // the error of all records; empty for a valid layout
+    std::vector<std::string> kept;   // the names of the copied members
+    std::size_t resultsAt = 0;       // index in `kept` before which the results are written
 };
 
-// Whether all of --columns are places of columns, counted from 1. The file has no header then.
+// Whether all of --columns are numbers of columns, which count from 1, of a file without a header.
 [[nodiscard]] bool ArePlaces(const std::vector<std::string>& columns);
 
-// Where the position stands among the members of a layout, or what is missing.
+// Finds the members with the position; WrongNames returns the error if one is missing.
 [[nodiscard]] PositionMembers FindPosition(const std::vector<std::string_view>& names, const Layout& layout);
 [[nodiscard]] std::string WrongNames(const PositionMembers& at, const Layout& layout);
 

@@ -1,4 +1,4 @@
-// A file of records cut into blocks, which are converted in one go each. What is held of a file is a block.
+// Splits a file of records into blocks; one block at a time is in memory.
 #pragma once
 
 #include <cstddef>
@@ -12,25 +12,25 @@
 
 namespace tessara::program {
 
-// Whole records of a file, or what is wrong instead of them.
+// Complete records of a file, or an error instead.
 struct RecordBlock {
     std::size_t number = 0;  // of the first line or feature
     std::string text;
-    std::string error;  // a whole message, in place of the text
+    std::string error;  // a whole line of output, instead of the text
 };
 
-// The records of a file from its first on.
+// Reads the records of a file in order.
 class RecordBlocks {
   public:
     virtual ~RecordBlocks() = default;
 
-    // What a file holds as far as its beginning tells; nothing for a file without records.
+    // The layout according to the start of the file; nothing for a file without records.
     [[nodiscard]] virtual std::optional<Layout> ReadLayout(const Layout& wanted) = 0;
 
-    // The header as it stands in the file; empty without one.
+    // The text of the header; empty without one.
     [[nodiscard]] virtual std::string Header() const { return {}; }
 
-    // Fills in the number and the text of the next block, or an error; false behind the last.
+    // Fills in the number and the text of the next block, or an error; false after the last block.
     virtual bool Next(RecordBlock* block) = 0;
 };
 

@@ -21,7 +21,7 @@ std::string_view TrimBlanks(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(BLANKS) + 1 - begin);
 }
 
-// The number of a member, or what is wrong with its text.
+// The number of a member, or the error in its text.
 struct Number {
     std::optional<double> value;
     std::string wrong;
@@ -43,7 +43,7 @@ Number HeightOf(const Record& record) {
     return NumberOf(record, record.at.height, HUGE_VAL, WrongNumber);
 }
 
-// The texts of a target, or the names they have where nothing else names them.
+// The default names of the texts of a target.
 void AddTexts(std::vector<std::string> texts, std::vector<Field>* values) {
     constexpr const char* NAMES[] = {"north", "east"};
     for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -58,7 +58,7 @@ void AddFactors(const RecordConversion& conversion, const GridFactors& factors, 
     if (conversion.withScale) values->push_back({"scale", factors.scale, SCALE_DECIMALS});
 }
 
-// Lines have the height beside each target; elsewhere it is a member of its own.
+// In lines, the height follows each target; in other formats it is a separate member.
 bool HasHeightBeside(const RecordConversion& conversion, const Reference& target) {
     const bool isLine = conversion.isReport || conversion.output == Form::LINES;
     return isLine && target.system != KOORD_ECEF;
@@ -93,7 +93,7 @@ void Results::Clear() {
 
 RecordConverter::RecordConverter(const RecordConversion& conversion) : conversion_(conversion) {
     const bool areFactorsWanted = conversion.withConvergence || conversion.withScale;
-    // Of a typed position the datum stands in its record.
+    // The record of a typed position holds the datum.
     const std::int32_t datum = conversion.datum;
     for (const Reference& reference : conversion.to) {
         Target target{Conversion(datum, reference), {}, {}};
@@ -147,7 +147,8 @@ std::string RecordConverter::ReadDegrees(const Record& record, std::vector<Posit
     return {};
 }
 
-// The two members; else the first of them, else the line, whose separator may be part of the text.
+// Tries the two members, then the first member, then the whole line, in which the separator may belong to the
+// text.
 TypedResult RecordConverter::ReadTexts(Record& record) const {
     const std::string north = TextOf(record.members[record.at.north].value);
     const std::string east = TextOf(record.members[record.at.east].value);
@@ -161,7 +162,7 @@ TypedResult RecordConverter::ReadTexts(Record& record) const {
         record.members[1].name = "2";
         return first;
     }
-    // With a decimal comma the separator isn't one.
+    // A decimal comma is not a separator.
     const std::string_view line = WithoutCarriageReturn(record.source);
     if (record.separator != ',') return both;
     TypedResult whole = reader_->Read(line);

@@ -1,4 +1,4 @@
-// From the positions of a record to what they are in each target.
+// Converts the positions of a record to all targets.
 #pragma once
 
 #include <cstddef>
@@ -21,59 +21,58 @@ namespace tessara::program {
 enum class OnError { SKIP, KEEP, STOP };
 
 struct RecordConversion {
-    std::int32_t datum = DATUM_WGS84;  // of degrees
+    std::int32_t datum = DATUM_WGS84;  // datum of positions in degrees
     std::optional<Wanted> from;        // of texts
-    std::vector<Reference> to;         // may be none for GeoJSON: the point is the position
+    std::vector<Reference> to;         // may be empty for GeoJSON, whose geometry has the position
     Form output = Form::LINES;
-    bool isReport = false;           // an object of JSON about each line
-    std::optional<TextStyle> texts;  // as which the results are written; otherwise they are fields
+    bool isReport = false;           // --json: one JSON object per line
+    std::optional<TextStyle> texts;  // writes results as texts; otherwise as fields
     bool withConvergence = false;
     bool withScale = false;
-    bool isVerbose = false;  // says what each text was read as
+    bool isVerbose = false;  // reports how each text was read
     OnError onError = OnError::SKIP;
 };
 
-// How many texts a position has in a target: a north and an east text, or one for both.
+// The number of texts of a position in a target: two (north and east), or one for both.
 [[nodiscard]] std::size_t CountTexts(const RecordConversion& conversion, const Reference& target);
 
-// What is written of a target, as far as it doesn't depend on the position: its fields, or its texts, and
-// convergence and scale where it is a grid.
+// The names of the values of a target: its fields or texts, and convergence and scale for a grid.
 [[nodiscard]] std::vector<Field> ValuesOf(const RecordConversion& conversion, const Reference& target);
 
 struct Results {
-    std::string error;                       // or why there are none
-    const char* code = "";                   // of the error, for programs; not every one has it
-    std::optional<Reading> reading;          // what the texts were read as
-    std::vector<Position> positions;         // as they were read, if they are degrees
-    std::vector<std::vector<Field>> values;  // of each position those of each target
-    std::vector<CKoord> koords;              // the same as records
+    std::string error;                       // the reason for missing results
+    const char* code = "";                   // of the error, for programs; may be empty
+    std::optional<Reading> reading;          // the meaning of the texts
+    std::vector<Position> positions;         // from the input, if it has degrees
+    std::vector<std::vector<Field>> values;  // for each position, the values of each target
+    std::vector<CKoord> koords;              // the same positions as records
     std::vector<Position> points;            // on WGS84, for GeoJSON
 
     void Clear();
 };
 
-// Does the conversion for one thread.
+// Converts records; not for concurrent use.
 class RecordConverter {
   public:
     explicit RecordConverter(const RecordConversion& conversion);
 
-    // A line of texts without names may have its position in the first column, or be one text as a whole: the
-    // members of the record are divided like that then.
+    // A line of texts without a header can have its position in the first column or in the whole line;
+    // Convert then splits the members of the record accordingly.
     void Convert(Record& record, Results* results);
 
-    // The same for texts that are read already.
+    // Converts texts that have been read.
     void ConvertTyped(const TypedResult& read, Results* results);
 
   private:
     struct Target {
         Conversion conversion;
         std::optional<TextWriter> writer;
-        std::optional<Conversion> degrees;  // on its datum, where convergence or scale is wanted
+        std::optional<Conversion> degrees;  // to degrees on the target's datum, for convergence and scale
     };
 
     [[nodiscard]] std::string ReadDegrees(const Record& record, std::vector<Position>* positions);
     [[nodiscard]] TypedResult ReadTexts(Record& record) const;
-    // False if there are no results of a position.
+    // Returns false if a position has no results.
     bool ConvertToAll(const CKoord& source, const std::optional<double>& height, Results* results);
     [[nodiscard]] KoordStatus ConvertTo(const Target& target, const CKoord& source,
                                         const std::optional<double>& height, Results* results) const;

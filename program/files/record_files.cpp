@@ -16,14 +16,14 @@
 namespace tessara::program {
 namespace {
 
-// How the records of one file are read and written.
+// The layout, the names and the writer of one file.
 struct Plan {
     Layout layout;
     ResultNames names;
     std::shared_ptr<const OutputTable> table;
 };
 
-// The frame around the features of several blocks, which have a separator before each.
+// Writes the frame around the features of all blocks; a separator precedes each feature.
 class Collection {
   public:
     std::string Framed(std::string_view features) {
@@ -78,7 +78,7 @@ class RecordStages {
         const Plan& plan = *block.plan;
         RecordWriter writer(options_.conversion, plan.layout, plan.names, plan.table.get());
         Results results;
-        // What is written is about as long as what is read, and its results.
+        // The output has about the size of the input plus the results.
         outcome.Results()->reserve(2 * block.records.text.size());
         std::size_t count = 0;
         ReadRecords(plan.layout, block.records.number, block.records.text, [&](Record& record) {
@@ -117,7 +117,7 @@ class RecordStages {
         console_.Advance(outcome);
     }
 
-    // What ends the files. No collection is made of a file that holds none.
+    // Writes the end of the output. An empty input gives no collection.
     void Finish() {
         const bool isWorthIt = !collection_.IsEmpty() || !isFileWrong_;
         if (options_.conversion.output == Form::GEOJSON && isWorthIt) console_.Write(collection_.End());
@@ -155,19 +155,18 @@ class RecordStages {
         WriteHeader(*plan, blocks->Header());
         for (RecordBlock block; blocks->Next(&block);) {
             isFileWrong_ = isFileWrong_ || !block.error.empty();
-            // That the input broke off is said elsewhere.
+            // The reader reports a read error.
             if (!block.error.empty() && stream.bad()) continue;
             take({plan, std::move(block)});
         }
     }
 
-    // What keeps all records of a file from being read.
+    // The error that affects all records of a file.
     static std::string WrongHeader(const Layout& layout, const std::string& header) {
         if (!layout.hasHeader || IsJson(layout.form)) return {};
         const std::string place =
             layout.file + (IsTable(layout.form) ? ":" + std::to_string(layout.firstLine) : "") + ": ";
-        if (IsTable(layout.form) && EndsInQuotes(header, layout.separator))
-            return place + "opens a quote that isn't closed";
+        if (IsTable(layout.form) && EndsInQuotes(header, layout.separator)) return place + "unclosed quote";
         const std::string wrong = WrongNames(layout.at, layout);
         return wrong.empty() ? "" : place + wrong;
     }
@@ -181,7 +180,7 @@ class RecordStages {
         return table_;
     }
 
-    // Where the input has a header, there is one even without a record.
+    // An input with a header and no records gives a header.
     void WriteHeader(const Plan& plan, const std::string& header) {
         const bool isTextLine = plan.layout.form == Form::LINES && plan.layout.hasHeader;
         const bool isFirst = !std::exchange(hasHeader_, true);
@@ -192,7 +191,7 @@ class RecordStages {
         }
         if (!plan.layout.hasHeader) return;
         console_.Write(std::exchange(header_, {}));
-        // The rejected records are a file of the same form.
+        // The file of rejects has the format of the input, header included.
         if (isFirst) console_.Reject(header + '\n');
     }
 
@@ -203,7 +202,7 @@ class RecordStages {
         return {};
     }
 
-    // Where lines are to stay as many as they were, those without a record stay, too.
+    // --on-error keep preserves line numbers, so that lines without a record are copied.
     void KeepBlank(const Record& record, Outcome* outcome) const {
         const bool isKept = options_.conversion.onError == OnError::KEEP &&
                             options_.conversion.output == Form::LINES && !options_.conversion.isReport;
@@ -215,7 +214,7 @@ class RecordStages {
         return layout.file + between + std::to_string(record.number) + ": ";
     }
 
-    // Objects of --json go to programs, and so do the messages about those that there aren't.
+    // Programs that read --json also read its messages.
     [[nodiscard]] std::string CodeOf(const Results& results) const {
         const bool isWanted = options_.conversion.isReport && *results.code != '\0';
         return isWanted ? std::string(" [") + results.code + ']' : "";
@@ -229,7 +228,7 @@ class RecordStages {
     const FileRecords& options_;
     Console& console_;
     std::shared_ptr<const OutputTable> table_;
-    std::string header_;  // of a table, which is written before the first row
+    std::string header_;  // of a table, written before the first row
     bool hasHeader_ = false;
     bool isInputGeoJson_ = false;
     bool isFileWrong_ = false;

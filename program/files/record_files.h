@@ -13,7 +13,7 @@ namespace tessara::program {
 struct FileRecords {
     RecordConversion conversion;
     std::function<Form(const std::string& file)> formOf;
-    std::vector<std::string> columns;  // that hold the positions; empty where that is to be found out
+    std::vector<std::string> columns;  // names of --columns; may be empty
 };
 
 [[nodiscard]] ExitCode ConvertRecordFiles(const InputFiles& files, const FileRecords& records);

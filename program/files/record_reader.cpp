@@ -17,7 +17,7 @@ std::string Count(std::size_t count, const char* what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// Reads the records of one form into one that is used again and again.
+// Reads the records of one format into a single Record, which it reuses.
 class Reader {
   public:
     Reader(const Layout& layout, std::size_t number, const TakeRecord& take, bool hasPositions = true)
@@ -86,13 +86,13 @@ class Reader {
         const bool isHeaderBinding = layout_.hasHeader && IsTable(layout_.form);
         if (isHeaderBinding && columns_.size() != layout_.names.size()) {
             record_.error = EndsInQuotes(record_.source, layout_.separator)
-                                ? "opens a quote that isn't closed"
-                                : "has " + Count(columns_.size(), "column") + ", and the header " +
-                                      std::to_string(layout_.names.size());
+                                ? "unclosed quote"
+                                : "expected " + Count(layout_.names.size(), "column") +
+                                      ", as in the header, found " + std::to_string(columns_.size());
         } else if (EndsInQuotes(record_.source, layout_.separator) && IsTable(layout_.form)) {
-            record_.error = "opens a quote that isn't closed";
+            record_.error = "unclosed quote";
         } else if (IsPositionBeyond()) {
-            record_.error = "has " + Count(columns_.size(), "column");
+            record_.error = "missing column of the position; found " + Count(columns_.size(), "column");
         }
     }
 
@@ -113,7 +113,7 @@ class Reader {
                 scan.Value();
             }
             scan.ExpectEnd();
-            if (!isObject) record_.error = "is no JSON object";
+            if (!isObject) record_.error = "expected a JSON object";
         } catch (const JsonFault& fault) {
             record_.error = WordsOf(fault);
         }
@@ -138,13 +138,13 @@ class Reader {
 
     void ReadFeature(JsonScan& scan) {
         isGeometry_ = false;
-        record_.error = "is no GeoJSON feature";
+        record_.error = "expected a GeoJSON feature";
         if (scan.Peek() != '{') {
             scan.Value();
             return;
         }
         std::string type;
-        std::string wrongGeometry = "has no geometry";
+        std::string wrongGeometry = "missing geometry";
         bool areProperties = true;
         scan.Object([&](std::string_view name) {
             Value value{Notation::Json, {}};
@@ -162,10 +162,10 @@ class Reader {
         });
         isGeometry_ = IsGeometryType(type);
         if (type != "Feature") return;
-        record_.error = areProperties ? wrongGeometry : "has properties that are no object";
+        record_.error = areProperties ? wrongGeometry : "invalid 'properties': expected an object";
     }
 
-    // A geometry may stand alone, without properties.
+    // A geometry without a feature has no properties.
     void ReadGeometryAlone() {
         record_.frame.clear();
         record_.positions.clear();
@@ -178,7 +178,7 @@ class Reader {
     const TakeRecord& take_;
     bool hasPositions_;
     Record record_;
-    bool isGeometry_ = false;  // and no feature
+    bool isGeometry_ = false;  // rather than a feature
     std::vector<std::string_view> columns_;
     std::vector<std::string_view> names_;
 };

@@ -1,4 +1,4 @@
-// The records of a piece of a file, one after the other.
+// Reads the records in a piece of a file.
 #pragma once
 
 #include <cstddef>
@@ -9,26 +9,26 @@
 
 namespace tessara::program {
 
-// Gets a record that is read anew with the next one, so that it may be changed.
+// Receives each record. It may change the record, which the reader then reuses.
 using TakeRecord = std::function<void(Record&)>;
 
-// Reads whole records, of which the first has that number. Of GeoJSON they are features that are checked
-// already, with commas between them.
+// Reads complete records, the first of which has this number. GeoJSON must be checked features with commas
+// between them.
 void ReadRecords(const Layout& layout, std::size_t number, std::string_view text, const TakeRecord& take);
 
-// The same, but of features the members alone, without their positions.
+// The same, without the positions of features.
 void ReadMembers(const Layout& layout, std::string_view text, const TakeRecord& take);
 
-// Whether a line has no record: a blank one, or a comment where the form has those.
+// Whether a line has no record: a blank line, or a comment in a format that has comments.
 [[nodiscard]] bool IsSkipped(std::string_view line, Form form);
 
-// The start of a text up to the end of its first record, with the end of the line; all of it where none ends.
+// The first record of a text, with its line break; the whole text if the record is incomplete.
 [[nodiscard]] std::string_view FirstRecord(std::string_view text, Form form, char separator);
 
-// Whether a text ends within quotes.
+// Whether a text ends inside quotes.
 [[nodiscard]] bool EndsInQuotes(std::string_view text, char separator);
 
-// Takes the end of a line away.
+// Removes the line break.
 [[nodiscard]] std::string_view WithoutLineEnd(std::string_view line);
 
 }  // namespace tessara::program

@@ -14,10 +14,10 @@
 namespace tessara::program {
 namespace {
 
-// What stands in lines for a target whose position isn't found.
+// The placeholder of a target in lines.
 constexpr std::string_view PLACEHOLDER = "*";
 
-// Fields of a target stand apart by blanks, texts by tabs.
+// Spaces separate the fields of a target, tabs its texts.
 char SeparatorOf(const RecordConversion& conversion) {
     return conversion.texts ? '\t' : ' ';
 }
@@ -36,13 +36,13 @@ void AppendTarget(const RecordConversion& conversion, std::size_t target, const 
     }
 }
 
-// The values of a target at a position, or none.
+// The values of a target at a position, or null.
 const std::vector<Field>* ValuesAt(const RecordConversion& conversion, const Results* results,
                                    std::size_t position, std::size_t target) {
     return results == nullptr ? nullptr : &results->values[position * conversion.to.size() + target];
 }
 
-// The height of a position that stands in no members.
+// The height of a position that has no member for it.
 std::optional<double> HeightAt(const Record& record, const Results* results, std::size_t position) {
     const bool isOutside = record.at.north == NO_MEMBER && results != nullptr;
     return isOutside && position < results->positions.size() ? results->positions[position].height
@@ -104,7 +104,7 @@ std::string RecordWriter::Append(const Record& record, const Results* results, s
     return {};
 }
 
-// Lines of texts are columns, of which the two are replaced; of other forms the results alone are written.
+// In lines of texts, the results replace two columns; from other formats, lines contain only the results.
 void RecordWriter::AppendLines(const Record& record, const Results* results, std::string* out) {
     if (layout_.form == Form::LINES && layout_.areTexts) return AppendTextLine(record, results, out);
     for (std::size_t position = 0; position < CountPositions(record, results); ++position) {
@@ -156,7 +156,7 @@ std::size_t RecordWriter::PlaceOf(std::string_view name, std::size_t hint) const
     return found != table_->places.end() ? found->second : NO_MEMBER;
 }
 
-// A row for each position. Columns that a record doesn't have stay empty.
+// Writes a row for each position, with empty cells for columns that the record does not have.
 std::string RecordWriter::AppendRows(const Record& record, const Results* results, std::string* out) {
     row_.assign(table_->names.size(), nullptr);
     lastPlaces_.resize(std::max(lastPlaces_.size(), record.members.size()), NO_MEMBER);
@@ -166,13 +166,13 @@ std::string RecordWriter::AppendRows(const Record& record, const Results* result
         const std::size_t place = lastPlaces_[i] = PlaceOf(name, lastPlaces_[i]);
         if (place == NO_MEMBER && results == nullptr) continue;
         if (place == NO_MEMBER)
-            return "has " + Quote(name) + ", which the first file hasn't: there is no column for it";
+            return "no column for " + Quote(name) + ", which the first file does not have";
         row_[place] = &record.members[i].value;
     }
     for (std::size_t position = 0; position < CountPositions(record, results); ++position) {
         const std::optional<double> height = HeightAt(record, results, position);
         if (height && table_->height == NO_MEMBER)
-            return "has a height, which the first record hasn't: there is no column for it";
+            return "no column for the height, which the first record does not have";
         const std::size_t begin = out->size();
         AppendKept(0, table_->firstResult, out);
         for (std::size_t target = 0; target < names_.values.size(); ++target)
@@ -182,7 +182,7 @@ std::string RecordWriter::AppendRows(const Record& record, const Results* result
             *out += table_->separator;
         }
         AppendKept(table_->firstKeptBehind, table_->names.size(), out);
-        // Each cell has a separator behind it.
+        // A separator follows each cell.
         if (out->size() > begin) out->back() = '\n';
     }
     return {};
@@ -214,7 +214,7 @@ void RecordWriter::AppendObject(const Record& record, const Results* results, st
     *out += '\n';
 }
 
-// The results stand where the position was, or before all else.
+// The results replace the position; if it is no member, they come first.
 void RecordWriter::AddMembers(const Record& record, const Results* results, JsonObject* object,
                               std::string* out) {
     const std::size_t resultsAt = record.at.north < record.members.size() ? record.at.north : 0;
@@ -247,14 +247,14 @@ void RecordWriter::AddResults(const Record& record, const Results* results, Json
                                        [](const Position& position) { return position.height.has_value(); });
     if (!hasHeight) return;
     const std::function<void(std::size_t)> append = [&](std::size_t i) {
-        // What is no number is written as null.
+        // A value that is not finite becomes null.
         AppendNumber(positions[i].height.value_or(std::numeric_limits<double>::quiet_NaN()), out);
     };
     object->Name(names_.height);
     AppendNested(record.geometry, append, out);
 }
 
-// A feature keeps what it has besides, like an id, but for the box around its old geometry.
+// A feature keeps its other members, such as an id, except the bounding box of the old geometry.
 void RecordWriter::AppendFeature(const Record& record, const Results* results, std::string* out) {
     *out += COLLECTION_SEPARATOR;
     JsonObject feature(out);

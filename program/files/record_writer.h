@@ -1,4 +1,4 @@
-// Writes records in the form of the output.
+// Writes records in the format of the output.
 #pragma once
 
 #include <cstddef>
@@ -14,34 +14,34 @@
 
 namespace tessara::program {
 
-// The columns of a table. They are those of the first file, whatever follows.
+// The columns of a table, which the first input file determines.
 struct OutputTable {
     char separator = ',';
     std::vector<std::string> names;
-    std::unordered_map<std::string_view, std::size_t> places;  // of what isn't a result, by its name
+    std::unordered_map<std::string_view, std::size_t> places;  // the columns of copied members, by name
     std::size_t firstResult = 0;
     std::size_t firstKeptBehind = 0;
-    std::size_t height = NO_MEMBER;  // of one that comes from outside of the members
+    std::size_t height = NO_MEMBER;  // of heights that are not members
     bool hasHeader = true;
 };
 
 [[nodiscard]] std::shared_ptr<const OutputTable> MakeTable(const RecordConversion& conversion,
                                                            const Layout& layout, const ResultNames& names);
 
-// The frame around features, and what stands between two of them.
+// The text around features and between them.
 inline constexpr std::string_view COLLECTION_START = "{\"type\":\"FeatureCollection\",\"features\":[\n";
 inline constexpr std::string_view COLLECTION_SEPARATOR = ",\n";
 inline constexpr std::string_view COLLECTION_END = "\n]}\n";
 
-// Writes the records of one file. Each feature has a separator before it.
+// Writes the records of one file. A separator precedes each feature.
 class RecordWriter {
   public:
     RecordWriter(const RecordConversion& conversion, const Layout& layout, const ResultNames& names,
                  const OutputTable* table)
         : conversion_(conversion), layout_(layout), names_(names), table_(table) {}
 
-    // Appends what is written of a record; without results, a placeholder. What is wrong with that; empty if
-    // nothing is.
+    // Appends a record with its results, or with placeholders without results. Returns the error, or an empty
+    // text.
     [[nodiscard]] std::string Append(const Record& record, const Results* results, std::string* out);
 
   private:
@@ -61,7 +61,7 @@ class RecordWriter {
     const ResultNames& names_;
     const OutputTable* table_;
     std::vector<const Value*> row_;
-    std::vector<std::size_t> lastPlaces_;  // of the members of the record before, which often are the same
+    std::vector<std::size_t> lastPlaces_;  // of the members of the previous record, which often are the same
 };
 
 }  // namespace tessara::program

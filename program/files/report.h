@@ -1,4 +1,4 @@
-// An object of JSON about each line: where it stands, what it says, and what that is in each target.
+// The JSON objects of --json: place and text of a line, and its position in each target.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace tessara::program {
 
-// Without results they are null.
+// Missing results are written as null.
 void AppendReport(const RecordConversion& conversion, const Layout& layout, const Record& record,
                   const Results* results, std::string* json);
 

@@ -6,7 +6,7 @@
 namespace tessara::program {
 namespace {
 
-// Names of which no two are alike. What is there already keeps its name.
+// A set of unique names. Existing names keep priority.
 class Names {
   public:
     explicit Names(const std::vector<std::string>& taken) : taken_(taken.begin(), taken.end()) {}
@@ -21,7 +21,7 @@ class Names {
     std::unordered_set<std::string> taken_;
 };
 
-// How many texts a position of the layout has. Records of JSON may differ in that.
+// The number of texts of a position; records of JSON may differ.
 std::size_t CountOf(const Layout& layout) {
     if (IsJson(layout.form)) return layout.columns.size() == 1 ? 1 : 2;
     return layout.at.north == layout.at.east ? 1 : 2;
@@ -38,7 +38,7 @@ ResultNames NameResults(const RecordConversion& conversion, const Layout& layout
         std::vector<std::string> values;
         for (const Field& value : ValuesOf(conversion, target)) {
             std::string name = value.name;
-            // Texts that replace texts are called like those; what replaces one of two, or two one, is not.
+            // Texts keep the names of the texts that they replace if both have the same count.
             const bool isText = conversion.texts && layout.areTexts && values.size() < count;
             const bool areAsMany = isText && count == CountOf(layout);
             const std::size_t replaced = values.empty() ? layout.at.north : layout.at.east;

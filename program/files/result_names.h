@@ -1,5 +1,5 @@
-// How the results are called among the other members of a record: decided once a file, from all names that
-// its records have, so that a result never stands in a member of the user's own.
+// Names of the results among the members of a record. They are chosen once per file from the names of all its
+// members, so that a result never replaces another member.
 #pragma once
 
 #include <string>
@@ -10,16 +10,16 @@
 namespace tessara::program {
 
 struct ResultNames {
-    std::vector<std::vector<std::string>> values;  // of each target
-    std::string height;                            // where it comes from outside of the members
+    std::vector<std::vector<std::string>> values;  // for each target
+    std::string height;                            // for heights that are not members
 };
 
 [[nodiscard]] ResultNames NameResults(const RecordConversion& conversion, const Layout& layout);
 
-// Fills in which members of a layout with columns are kept.
+// Fills in the members of a layout with columns that are copied.
 void KeepColumns(const RecordConversion& conversion, Layout* layout);
 
-// Whether a member is replaced by the results. GeoJSON has the height within the point.
+// Whether the results replace a member. In GeoJSON the height is part of the geometry.
 [[nodiscard]] inline bool IsReplaced(const RecordConversion& conversion, const PositionMembers& at,
                                      std::size_t member) {
     return member == at.north || member == at.east ||

@@ -11,12 +11,12 @@
 namespace tessara::program {
 namespace {
 
-// The names of members in the order in which they come up.
+// The names of members in the order of their first use.
 class Names {
   public:
     explicit Names(std::vector<std::string>* kept) : kept_(*kept) {}
 
-    // Records often have the same members in the same order: then the next one is looked at first.
+    // Records often have the same members in the same order, so that the next name is the best guess.
     void Add(std::string_view name) {
         if (next_ < kept_.size() && kept_[next_] == name) {
             ++next_;
@@ -58,7 +58,7 @@ void Survey(const RecordConversion& conversion, InputBuffer* input, Layout* layo
     };
     for (RecordBlock block; file && blocks->Next(&block);) {
         if (!block.error.empty()) continue;
-        // Only a table must know whether there are heights.
+        // Only a table needs to know whether any record has a height.
         if (IsTable(conversion.output)) {
             ReadRecords(*file, block.number, block.text, add);
         } else {

@@ -1,5 +1,5 @@
-// A first look at all records of a file, for what has to be known before the first of them is written: the
-// names that members have anywhere, and whether there are heights.
+// A first pass over the records of a file. It collects what the output needs from the start: the names of all
+// members, and whether any record has a height.
 #pragma once
 
 #include "files/record_conversion.h"
@@ -8,10 +8,10 @@
 
 namespace tessara::program {
 
-// Whether a conversion of such a file takes one.
+// Whether a conversion of such a file needs this pass.
 [[nodiscard]] bool NeedsSurvey(const RecordConversion& conversion, Form input);
 
-// Fills in what the records have. What is wrong with them comes up when they are converted.
+// Fills in names and heights. The conversion reports errors in records.
 void Survey(const RecordConversion& conversion, InputBuffer* input, Layout* layout);
 
 }  // namespace tessara::program

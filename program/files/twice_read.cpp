@@ -5,7 +5,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* NO_COPY = "no temporary file can be written";
+constexpr const char* NO_COPY = "cannot write a temporary file";
 
 std::size_t ReadSome(std::istream& stream, char* bytes, std::size_t most) {
     if (stream.peek() == std::istream::traits_type::eof()) return 0;

@@ -1,4 +1,4 @@
-// An input that is read twice: a file is wound back, and anything else is kept in a temporary file meanwhile.
+// Reads an input twice: rewinds a file, and copies other inputs to a temporary file.
 #pragma once
 
 #include <cstdio>
@@ -14,7 +14,7 @@ class TwiceRead {
   public:
     explicit TwiceRead(std::istream& stream);
 
-    // Each of them once, in this order; the first one to its end.
+    // Call each once, in this order, and read the first stream to its end.
     [[nodiscard]] InputBuffer First();
     [[nodiscard]] InputBuffer Second();
 

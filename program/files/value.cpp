@@ -7,7 +7,7 @@
 namespace tessara::program {
 namespace {
 
-// Whether a column is the same between any separators.
+// Whether a column needs no quotes with the given separator.
 bool IsBare(std::string_view column, char separator) {
     for (const char c : column) {
         if (c == '"' || c == '\r' || c == '\n' || c == separator) return false;

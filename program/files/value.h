@@ -1,5 +1,4 @@
-// What a record holds besides its position, in the notation of its file. It is written in the notation of
-// another one when that is needed.
+// A value of a record in the notation of its file, and its conversion to the notation of another format.
 #pragma once
 
 #include <string>
@@ -8,8 +7,8 @@
 namespace tessara::program {
 
 enum class Notation {
-    Plain,   // the text itself
-    Column,  // in its quotes, where it has some
+    Plain,   // the plain text
+    Column,  // a column, including any quotes
     Json,
 };
 
@@ -18,7 +17,7 @@ struct Value {
     std::string_view source;
 };
 
-// The text of a string; nothing for null; anything else as it stands in the file.
+// The text of a string, an empty text for null, and the text in the file for any other value.
 [[nodiscard]] std::string TextOf(const Value& value);
 
 void AppendAsJson(const Value& value, std::string* json);

@@ -13,7 +13,7 @@
 namespace tessara::program {
 namespace {
 
-// Of all files together; 0 if one of them has no size, like a pipe.
+// The size of all files together; 0 if one has no size, such as a pipe.
 std::uint64_t BytesOf(const std::vector<std::string>& files) {
     std::uint64_t sum = 0;
     for (const std::string& file : files) {
@@ -60,7 +60,7 @@ void Console::Write(const std::string& results) {
     if (results.empty()) return;
     if (resultsShareTerminal_) progress_.Clear();
     std::cout << results;
-    // The status line must not get between the halves of a result.
+    // The status line must not split a result.
     if (resultsShareTerminal_) std::cout.flush();
     if (!std::cout) throw std::runtime_error(OUTPUT_IS_LOST);
 }
@@ -72,7 +72,7 @@ void Console::Report(const std::string& messages) {
 }
 
 void Console::Advance(const Outcome& outcome) {
-    // Who writes a line and waits for its result, through a pipe too, gets it.
+    // A process that writes a line through a pipe and waits for its result must receive it.
     std::cout.flush();
     if (!outcome.Notes().empty()) {
         progress_.Clear();

@@ -1,5 +1,5 @@
-// What a conversion of files reads, and where it writes to: results, messages about lines, the input that
-// can't be used, and a status line where standard error is a terminal.
+// The inputs and outputs of a conversion: files, results, messages, rejected records, and a status line if
+// standard error is a terminal.
 #pragma once
 
 #include <functional>
@@ -20,27 +20,25 @@ class Console {
     // "-" is standard input.
     explicit Console(std::vector<std::string> files);
 
-    // A file for the input that can't be used, if there is to be one. False if it can't be had, which is
-    // reported.
+    // Opens the file of --rejects, if any. Reports a failure and returns false.
     [[nodiscard]] bool OpenRejects(const std::optional<std::string>& file);
 
-    // Gives `convert` one file after the other, by a stream and its name, and reports those that can't be
-    // read.
+    // Calls `convert` with the stream and the name of each file, and reports files that cannot be read.
     void ReadFiles(const std::function<void(std::istream&, const std::string&)>& convert);
 
-    // All of it, each to its place.
+    // Writes results, messages and rejects of an outcome.
     void Take(const Outcome& outcome);
-    // To standard output. Throws if it doesn't take them: there is no use in going on.
+    // Writes to standard output, and throws if that fails, because any further result would be lost, too.
     void Write(const std::string& results);
-    // To standard error: what can't be done, in whole lines.
+    // Writes whole lines of errors to standard error.
     void Report(const std::string& messages);
-    // To the file for them.
+    // Writes to the file of --rejects.
     void Reject(const std::string& input) { rejects_.Write(input); }
 
-    // Behind what is written of it: says what is worth knowing, and counts the input as done.
+    // After the results are written: writes the notes and updates the status line.
     void Advance(const Outcome& outcome);
 
-    // Whether there was anything to report.
+    // EXIT_INCOMPLETE if anything was reported.
     [[nodiscard]] ExitCode Finish();
 
   private:

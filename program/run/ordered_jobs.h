@@ -1,4 +1,4 @@
-// Work on several cores at once, whose results come in the order in which it was given out.
+// Runs pieces of work on several threads and returns the results in the order of the pieces.
 #pragma once
 
 #include <condition_variable>
@@ -15,7 +15,7 @@ namespace tessara::program {
 template <class Result>
 class OrderedJobs {
   public:
-    // `take` gets one result after the other. With one job the work is done where it is given out.
+    // `take` receives the results in order. With one job, Start runs the work itself.
     OrderedJobs(unsigned jobs, std::function<void(const Result&)> take) : take_(std::move(take)) {
         if (jobs > 1) mostRunning_ = std::size_t{jobs} * PIECES_PER_JOB;
         for (unsigned i = 0; jobs > 1 && i < jobs; ++i)
@@ -24,7 +24,7 @@ class OrderedJobs {
     OrderedJobs(const OrderedJobs&) = delete;
     OrderedJobs& operator=(const OrderedJobs&) = delete;
 
-    // Work that nobody has begun is dropped.
+    // Drops work that has not started.
     ~OrderedJobs() {
         {
             const std::lock_guard lock(mutex_);
@@ -55,7 +55,7 @@ class OrderedJobs {
     }
 
   private:
-    // So that no core waits while the results of another one are taken.
+    // Keeps the threads busy while `take` runs.
     static constexpr unsigned PIECES_PER_JOB = 3;
 
     void TakeFirst() {

@@ -1,4 +1,4 @@
-// What comes of a piece of input: results, and messages about what can't be used, in the order of the input.
+// The results of a piece of input and the messages about rejected records, in the order of the input.
 #pragma once
 
 #include <cstdint>
@@ -10,36 +10,36 @@ namespace tessara::program {
 
 class Outcome {
   public:
-    // Results, and what can't be used behind them.
+    // Results, and the rejected records that follow them.
     struct Run {
         std::string results;
         std::string messages;
         std::string rejects;
     };
 
-    // Where results are appended.
+    // The text to which results are appended.
     [[nodiscard]] std::string* Results() {
         if (runs_.empty() || !runs_.back().messages.empty()) runs_.emplace_back();
         return &runs_.back().results;
     }
 
-    // A message is a whole line; `input` is what goes to the file of rejects.
+    // A message is a whole line; `input` is written to the file of --rejects.
     void Refuse(std::string_view message, std::string_view input) {
         if (runs_.empty()) runs_.emplace_back();
         runs_.back().messages += message;
         runs_.back().rejects += input;
     }
 
-    // What is worth knowing of results, in whole lines.
+    // Adds whole lines of information about results.
     void Note(std::string_view notes) { notes_ += notes; }
 
-    // Says how much input it comes from.
+    // Counts input for the status line.
     void Count(std::uint64_t lines, std::uint64_t bytes) {
         lines_ += lines;
         bytes_ += bytes;
     }
 
-    // Nothing follows it: the rest of the input is left.
+    // Ends the conversion after this outcome.
     void Stop() { isLast_ = true; }
 
     [[nodiscard]] const std::vector<Run>& Runs() const { return runs_; }

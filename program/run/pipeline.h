@@ -1,4 +1,4 @@
-// The way of files from reader to converters to writer, block by block, so that memory is constant.
+// Passes files from reader to converters to writer, block by block, in constant memory.
 #pragma once
 
 #include <istream>
@@ -13,21 +13,21 @@
 namespace tessara::program {
 
 struct InputFiles {
-    std::vector<std::string> names;      // one at least; "-" is standard input
-    std::optional<std::string> rejects;  // a file for the input that can't be used
+    std::vector<std::string> names;      // at least one; "-" is standard input
+    std::optional<std::string> rejects;  // the file of --rejects
     unsigned jobs = 1;
 };
 
-// Thrown behind the last piece that is written, where the rest of the input is left.
+// Thrown after the last outcome of a conversion that --on-error stop ends.
 struct Stopped {};
 
-// Writes to standard output what can be converted, in the order of the input, and to standard error what is
-// wrong with the rest. The stages are made from what they convert to and the console, and are
+// Writes results to standard output, in the order of the input, and errors to standard error. The stages are
+// constructed from the conversion and the console, and have the members
 //   void Read(std::istream&, const std::string& file, take)  gives `take` one Block of a file after the other
 //   Outcome Convert(const Block&) const                      for several blocks at once
 //   void Write(const Outcome&)                               in the order of the blocks
 //   void Finish()                                            behind the last file
-// While a file begins to be read, all blocks of those before it are written.
+// All blocks of a file are written before the next file is read.
 template <class Stages, class Conversion>
 [[nodiscard]] ExitCode ConvertFiles(const InputFiles& files, const Conversion& conversion) {
     using Block = typename Stages::Block;
@@ -49,7 +49,7 @@ template <class Stages, class Conversion>
             jobs.Finish();
         });
     } catch (const Stopped&) {
-        // What was to be written is written.
+        // All results before the stop have been written.
     }
     stages.Finish();
     return console.Finish();

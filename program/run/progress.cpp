@@ -16,7 +16,7 @@ std::string TwoDigits(std::uint64_t number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-// As minutes and seconds, and hours where there are any.
+// Minutes and seconds, with hours if needed.
 std::string ClockText(double seconds) {
     const auto whole = static_cast<std::uint64_t>(std::ceil(seconds));
     const std::uint64_t hours = whole / 3600;
@@ -57,18 +57,18 @@ double Progress::SteadySeconds() {
 std::string Progress::StatusAfter(double elapsed) const {
     const auto perSecond = static_cast<std::uint64_t>(static_cast<double>(linesDone_) / elapsed);
     std::string status = std::to_string(linesDone_) + " lines, " + std::to_string(perSecond) + " lines/s";
-    // A file may have grown since it was asked for its size.
+    // A file may have grown since its size was read.
     if (bytesDone_ == 0 || bytesDone_ > bytes_) return status;
     const double perByte = elapsed / static_cast<double>(bytesDone_);
     return status + ", " + ClockText(perByte * static_cast<double>(bytes_ - bytesDone_)) + " left";
 }
 
-// Over the line that stands there, whose end is wiped out.
+// Overwrites the current line and erases its end.
 void Progress::Draw(const std::string& status) {
     const std::size_t rest = width_ > status.size() ? width_ - status.size() : 0;
     const std::string line = "\r" + status + std::string(rest, ' ') + (status.empty() ? "\r" : "");
     width_ = status.size();
-    // The status is no result: where it can't be written, nothing is lost.
+    // The status is not a result, so a failed write only ends the display.
     if (::write(descriptor_, line.data(), static_cast<unsigned>(line.size())) < 0) isTerminal_ = false;
 }
 

@@ -1,5 +1,4 @@
-// A status line on a terminal, for work that takes its time: how many lines are done, how many a second, and
-// how long the rest will take.
+// A status line on a terminal for long conversions: lines done, lines per second and time left.
 #pragma once
 
 #include <cstdint>
@@ -10,20 +9,19 @@ namespace tessara::program {
 
 class Progress {
   public:
-    using Clock = std::function<double()>;  // seconds, counted from anywhere
+    using Clock = std::function<double()>;  // seconds since any origin
 
-    // Shows nothing where the file descriptor isn't a terminal. `bytes` is how much there is to read; 0 where
-    // nobody knows, and then there is no time left to tell.
+    // Shows nothing if the file descriptor is not a terminal. `bytes` is the size of the input; 0, for an
+    // unknown size, omits the time left.
     Progress(int descriptor, std::uint64_t bytes, Clock clock = SteadySeconds);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress() { Clear(); }
 
-    // Counts what is done, and draws the line when it is time: not in the first two seconds, and not more
-    // than four times a second.
+    // Counts finished input and draws the line: after the first two seconds, and at most four times a second.
     void Advance(std::uint64_t lines, std::uint64_t bytes);
 
-    // Wipes the line out, before anything else is written to the terminal.
+    // Erases the line, so that other text can be written to the terminal.
     void Clear();
 
   private:
@@ -39,7 +37,7 @@ class Progress {
     double lastDrawn_ = 0.0;  // seconds after the start
     std::uint64_t linesDone_ = 0;
     std::uint64_t bytesDone_ = 0;
-    std::size_t width_ = 0;  // of the line that stands on the terminal
+    std::size_t width_ = 0;  // of the current line
 };
 
 }  // namespace tessara::program

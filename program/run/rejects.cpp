@@ -9,15 +9,15 @@ namespace tessara::program {
 namespace {
 
 std::string NotWritten(const std::string& file) {
-    return file + ": can't be written" + SystemReason(errno);
+    return file + ": cannot write the file" + SystemReason(errno);
 }
 
 }  // namespace
 
 std::string Rejects::Open(const std::optional<std::string>& file, const std::vector<std::string>& inputs) {
     if (!file) return {};
-    // Opening it empties it.
-    if (IsOneOf(*file, inputs)) return *file + ": is to be read, and can't take the rejects";
+    // Opening the file truncates it.
+    if (IsOneOf(*file, inputs)) return *file + ": cannot write rejects to an input file";
     file_ = file;
     errno = 0;
     stream_.open(*file, std::ios::binary);

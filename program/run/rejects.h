@@ -1,4 +1,4 @@
-// A file for the input that can't be used.
+// The file of --rejects.
 #pragma once
 
 #include <fstream>
@@ -10,8 +10,8 @@ namespace tessara::program {
 
 class Rejects {
   public:
-    // Without a file there is nothing to write to. What is wrong with it is a message for a line of its own;
-    // empty if nothing is. None of the `inputs` is overwritten.
+    // Without a file, Write does nothing. Returns the error message, or an empty text. Refuses to overwrite
+    // any of the `inputs`.
     [[nodiscard]] std::string Open(const std::optional<std::string>& file,
                                    const std::vector<std::string>& inputs);
 
@@ -19,7 +19,7 @@ class Rejects {
         if (file_) stream_ << text;
     }
 
-    // What went wrong; empty if nothing did.
+    // Returns the error message; empty on success.
     [[nodiscard]] std::string Finish();
 
   private:

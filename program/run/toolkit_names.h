@@ -1,4 +1,4 @@
-// The program speaks of systems, positions and maps in the names of the toolkit.
+// Makes the names of the toolkit visible in the program.
 #pragma once
 
 namespace tessara::toolkit {}

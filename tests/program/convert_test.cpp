@@ -160,10 +160,11 @@ TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(
         LinesOf(outcome.err),
-        (std::vector<std::string>{"-:1: not convertible to UPS@WGS84: it is north of the area of the system",
-                                  "-:2: not convertible to UTM@WGS84: it is north of the area of the system; "
-                                  "to GK@GER: it is north of the area of the system",
-                                  "-:3: not convertible to GK@GER: it is north of the area of the system"}));
+        (std::vector<std::string>{
+            "-:1: not convertible to UPS@WGS84: the latitude or northing is above the limit of the system",
+            "-:2: not convertible to UTM@WGS84: the latitude or northing is above the limit of the system; "
+            "to GK@GER: the latitude or northing is above the limit of the system",
+            "-:3: not convertible to GK@GER: the latitude or northing is above the limit of the system"}));
 }
 
 TEST(Convert, GivesTheReasonACodeInJson) {
@@ -175,7 +176,8 @@ TEST(Convert, TakesAPositionWithoutFiniteFieldsForNone) {
     const Outcome outcome = Tessara(Convert({"--to", "TM"}), "90 10\n");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "-:1: not convertible to TM@WGS84: it is outside the area of the system\n");
+    EXPECT_EQ(outcome.err,
+              "-:1: not convertible to TM@WGS84: the position is outside the area of the system\n");
 }
 
 TEST(Convert, ShowsNoControlCharactersAndNoEndlessWords) {
@@ -249,7 +251,7 @@ TEST(Convert, IsTheSameUnderEveryLocale) {
 TEST(Convert, FailsWhenItsOutputIsLost) {
     const Outcome outcome = RunProgram(TESSARA_PROGRAM, Convert({}), {MUNICH, {}, "/dev/full"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n");
+    EXPECT_EQ(outcome.err, "tessara: cannot write standard output\n");
 }
 
 // The input has no end.
@@ -260,7 +262,7 @@ TEST(Convert, StopsWhenItsOutputIsLost) {
             "/bin/sh", {"-c", std::string("yes '48 11' | tr ' ' '\\t' | timeout 30 " TESSARA_PROGRAM " ") +
                                   arguments + " >/dev/full"});
         EXPECT_EQ(outcome.status, 1) << arguments;
-        EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n") << arguments;
+        EXPECT_EQ(outcome.err, "tessara: cannot write standard output\n") << arguments;
     }
 }
 
@@ -285,23 +287,23 @@ TEST(Convert, ReportsAStandardInputThatBreaks) {
         const Outcome outcome =
             RunProgram("/bin/sh", {"-c", std::string(TESSARA_PROGRAM " ") + arguments + " < /"});
         EXPECT_EQ(outcome.status, 1) << arguments;
-        EXPECT_EQ(outcome.err, "-: can't be read to its end: Is a directory\n") << arguments;
+        EXPECT_EQ(outcome.err, "-: cannot read the whole file: Is a directory\n") << arguments;
     }
 }
 
 TEST(ConvertUsage, KnowsTheNamesOfSystemsAndDatumsOnly) {
-    ExpectUsageError(Tessara(Convert({"--to", "XYZ"}), MUNICH), "no system is called 'XYZ'");
-    ExpectUsageError(Tessara(Convert({"--to", "UTM@XYZ"}), MUNICH), "no datum is called 'XYZ'");
-    ExpectUsageError(Tessara(Convert({"--from", "XYZ"}), MUNICH), "no datum is called 'XYZ'");
-    ExpectUsageError(Tessara(Convert({"--to", ""}), MUNICH), "no system is called ''");
-    ExpectUsageError(Tessara(Convert({"--to", "@GER"}), MUNICH), "no system is called ''");
-    ExpectUsageError(Tessara(Convert({"--to", "UTM@"}), MUNICH), "no datum is called ''");
-    ExpectUsageError(Tessara(Convert({"--to", "LAMBERTCC"}), MUNICH), "no system is called 'LAMBERTCC'");
+    ExpectUsageError(Tessara(Convert({"--to", "XYZ"}), MUNICH), "unknown system 'XYZ'");
+    ExpectUsageError(Tessara(Convert({"--to", "UTM@XYZ"}), MUNICH), "unknown datum 'XYZ'");
+    ExpectUsageError(Tessara(Convert({"--from", "XYZ"}), MUNICH), "unknown datum or system 'XYZ'");
+    ExpectUsageError(Tessara(Convert({"--to", ""}), MUNICH), "unknown system ''");
+    ExpectUsageError(Tessara(Convert({"--to", "@GER"}), MUNICH), "unknown system ''");
+    ExpectUsageError(Tessara(Convert({"--to", "UTM@"}), MUNICH), "unknown datum ''");
+    ExpectUsageError(Tessara(Convert({"--to", "LAMBERTCC"}), MUNICH), "unknown system 'LAMBERTCC'");
 }
 
 TEST(ConvertUsage, OffersNoPixels) {
-    ExpectUsageError(Tessara(Convert({"--to", "LONGPIXEL"}), MUNICH), "by a map only");
-    ExpectUsageError(Tessara(Convert({"--to", "floatpixel"}), MUNICH), "by a map only");
+    ExpectUsageError(Tessara(Convert({"--to", "LONGPIXEL"}), MUNICH), "conversion to pixels requires a map");
+    ExpectUsageError(Tessara(Convert({"--to", "floatpixel"}), MUNICH), "conversion to pixels requires a map");
 }
 
 TEST(ConvertUsage, KnowsItsOptionsOnly) {
@@ -340,8 +342,8 @@ TEST(ConvertFiles, ThatCantBeReadAreReportedAndTheOthersConverted) {
     const Outcome outcome = Tessara(Convert({missing, directory, file}));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "1.000000000 1.000000000\n");
-    EXPECT_EQ(outcome.err, missing + ": can't be read: No such file or directory\n" + directory +
-                               ": can't be read: Is a directory\n");
+    EXPECT_EQ(outcome.err, missing + ": cannot read the file: No such file or directory\n" + directory +
+                               ": cannot read the file: Is a directory\n");
 }
 
 TEST(ConvertFiles, MayBeEmpty) {

@@ -158,7 +158,7 @@ TEST(Examples, TypedPositionTellsWhyATextIsRefused) {
               "48.137499 11.575491\n"
               "north is a letter N or S and metres, as N 5334791\n"
               "east is a zone and metres, as 32 691602\n"
-              "zones are 1 to 60\n"
+              "the zone is outside 1..60\n"
               "the place lies north of 84 degrees, where UTM ends\n"
               "the place lies south of 80 degrees, where UTM ends\n"
               "the place lies outside the zone\n");

@@ -96,26 +96,26 @@ TEST(Csv, CountsTheLinesOfABadRecordFromItsFirst) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "name,latitude,longitude\n\"a\nb\",48.000000000,11.000000000\n");
     EXPECT_EQ(LinesOf(outcome.err),
-              (std::vector<std::string>{"-:4: has 2 columns, and the header 3",
+              (std::vector<std::string>{"-:4: expected 3 columns, as in the header, found 2",
                                         "-:5: latitude '91' is outside -90..90", "-:7: 'x' is not a number",
-                                        "-:8: has 4 columns, and the header 3"}));
+                                        "-:8: expected 3 columns, as in the header, found 4"}));
 }
 
 TEST(Csv, SaysWhatToDoWhereItFindsNoPositions) {
     const Outcome degrees = Convert({"--input", "csv"}, "a,b\n1,2\n");
     EXPECT_EQ(degrees.err,
-              "-:1: has no columns 'latitude' and 'longitude'; --columns tells how they are called\n");
+              "-:1: missing columns 'latitude' and 'longitude'; name the columns with --columns\n");
     EXPECT_EQ(degrees.status, 1);
     EXPECT_EQ(degrees.out, "");
     const Outcome named = Convert({"--input", "csv", "--columns", "a,c"}, "a,b\n1,2\n");
-    EXPECT_EQ(named.err, "-:1: has no columns 'a' and 'c'\n");
+    EXPECT_EQ(named.err, "-:1: missing columns 'a' and 'c'\n");
     const Outcome height = Convert({"--input", "csv", "--columns", "a,b,c"}, "a,b\n1,2\n");
-    EXPECT_EQ(height.err, "-:1: has no column 'c'\n");
+    EXPECT_EQ(height.err, "-:1: missing column 'c'\n");
 }
 
 TEST(Csv, ReportsAQuoteThatIsntClosed) {
     const Outcome outcome = Convert({"--input", "csv"}, "latitude,longitude,a\n48,11,\"x\n48,11,y\n");
-    EXPECT_EQ(outcome.err, "-:2: opens a quote that isn't closed\n");
+    EXPECT_EQ(outcome.err, "-:2: unclosed quote\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -125,7 +125,7 @@ TEST(Csv, GoesOnBehindARecordThatNeverEnds) {
     while (input.size() < (std::size_t{3} << 19))
         input += "48,11,y\n";
     const Outcome outcome = Convert({"--input", "csv"}, input);
-    EXPECT_EQ(outcome.err, "-:2: opens a quote that isn't closed\n");
+    EXPECT_EQ(outcome.err, "-:2: unclosed quote\n");
     EXPECT_GT(LinesOf(outcome.out).size(), 50000u) << "8 bytes a line, in half of 2^20 bytes";
 }
 
@@ -165,7 +165,7 @@ TEST(Csv, MayHaveNoHeader) {
     ExpectDone(Convert({"--from", "UTM", "--to", "UTMREF", "--columns", "2,3"}, "a;N 5334791;32 691602;b\n"),
                std::string("a;") + MUNICH_NORTH + ";" + MUNICH_EAST + ";b\n");
     const Outcome few = Convert({"--input", "csv", "--columns", "2,3"}, "7,48,11\n7,48\n");
-    EXPECT_EQ(few.err, "-:2: has 2 columns\n");
+    EXPECT_EQ(few.err, "-:2: missing column of the position; found 2 columns\n");
 }
 
 // Commas are text there, and tabs need quotes.
@@ -240,20 +240,19 @@ TEST(JsonLines, ReportEachBadLine) {
     EXPECT_EQ(LinesOf(outcome.out).size(), 1u);
     const std::vector<std::string> lines = LinesOf(outcome.err);
     ASSERT_EQ(lines.size(), 7u);
-    EXPECT_EQ(lines[0].find("-:2: is no JSON at byte "), 0u) << lines[0];
-    EXPECT_EQ(lines[1], "-:3: is no JSON object");
-    EXPECT_EQ(lines[2],
-              "-:4: has no members 'latitude' and 'longitude'; --columns tells how they are called");
+    EXPECT_EQ(lines[0].find("-:2: invalid JSON at byte "), 0u) << lines[0];
+    EXPECT_EQ(lines[1], "-:3: expected a JSON object");
+    EXPECT_EQ(lines[2], "-:4: missing members 'latitude' and 'longitude'; name the members with --columns");
     EXPECT_EQ(lines[3], "-:5: 'true' is not a number");
     EXPECT_EQ(lines[4], "-:6: '' is not a number");
-    EXPECT_EQ(lines[5], "-:7: has a number that is too large, before byte 13");
+    EXPECT_EQ(lines[5], "-:7: number too large before byte 13");
     EXPECT_EQ(lines[6], "-:8: latitude '-90.5' is outside -90..90");
 }
 
 TEST(JsonLines, RefuseNestingWithoutEnd) {
     const std::string deep = std::string(100000, '[') + std::string(100000, ']');
     const Outcome outcome = Convert({"--input", "jsonl"}, R"({"lat":1,"lon":2,"x":)" + deep + "}\n");
-    EXPECT_EQ(outcome.err, "-:1: is nested too deeply\n");
+    EXPECT_EQ(outcome.err, "-:1: nested too deeply\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -263,7 +262,7 @@ TEST(JsonLines, RefuseMembersWithoutEnd) {
         members += ",\"" + std::to_string(i) + "\":0";
     EXPECT_EQ(Convert({"--input", "jsonl"}, "{" + members + "}\n").err, "");
     EXPECT_EQ(Convert({"--input", "jsonl"}, "{" + members + ",\"x\":0}\n").err,
-              "-:1: has more than 10000 members\n");
+              "-:1: more than 10000 members\n");
     // Each object has its own.
     EXPECT_EQ(Convert({"--input", "jsonl"},
                       R"({"a":{)" + members + R"(},"b":{)" + members + R"(},"lat":1,"lon":2})")
@@ -344,18 +343,17 @@ TEST(GeoJson, ReportsFeaturesWithoutPositions) {
                    R"(,{"type":"Feature","geometry":{"type":"Point","coordinates":[[1,2]]}})"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "48.000000000 11.000000000\n49.000000000 12.000000000 5.0000\n");
-    EXPECT_EQ(
-        LinesOf(outcome.err),
-        (std::vector<std::string>{
-            "-: feature 2: has no geometry",
-            "-: feature 3: has the geometry 'Circle', which GeoJSON doesn't have",
-            "-: feature 4: has no longitude and latitude", "-: feature 5: latitude '91' is outside -90..90",
-            "-: feature 6: '\"11\"' is not a number", "-: feature 7: has properties that are no object",
-            "-: feature 8: is no GeoJSON feature", "-: feature 9: is no GeoJSON feature",
-            "-: feature 11: position 2: latitude '94' is outside -90..90",
-            "-: feature 12: has no positions that nest like those of a Polygon",
-            "-: feature 13: has no positions that nest like those of a LineString",
-            "-: feature 14: has no longitude and latitude"}));
+    EXPECT_EQ(LinesOf(outcome.err),
+              (std::vector<std::string>{
+                  "-: feature 2: missing geometry", "-: feature 3: unknown geometry type 'Circle'",
+                  "-: feature 4: missing longitude and latitude",
+                  "-: feature 5: latitude '91' is outside -90..90", "-: feature 6: '\"11\"' is not a number",
+                  "-: feature 7: invalid 'properties': expected an object",
+                  "-: feature 8: expected a GeoJSON feature", "-: feature 9: expected a GeoJSON feature",
+                  "-: feature 11: position 2: latitude '94' is outside -90..90",
+                  "-: feature 12: invalid nesting of the coordinates of a Polygon",
+                  "-: feature 13: invalid nesting of the coordinates of a LineString",
+                  "-: feature 14: missing longitude and latitude"}));
 }
 
 // In the members of JSON results nest as the positions do; lines and rows have one position each.
@@ -392,7 +390,7 @@ TEST(GeoJson, MayBeAFeatureOrAGeometryAlone) {
                        R"({"coordinates":[[11,48],[12,49,7]],"type":"MultiPoint"})"),
                "48.000000000 11.000000000\n49.000000000 12.000000000 7.0000\n");
     const Outcome without = Convert({"--input", "geojson"}, R"({"type":"Feature","geometry":null})");
-    EXPECT_EQ(without.err, "-: feature 1: has no geometry\n");
+    EXPECT_EQ(without.err, "-: feature 1: missing geometry\n");
     EXPECT_EQ(without.status, 1);
 }
 
@@ -453,7 +451,7 @@ TEST(GeoJson, RefusesAnotherReferenceSystem) {
         Convert({"--input", "geojson", "--output", "lines"}, withCrs("urn:ogc:def:crs:EPSG::31468"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "-: feature 1: isn't on WGS84: the file has a 'crs'\n");
+    EXPECT_EQ(outcome.err, "-: feature 1: unsupported 'crs'; GeoJSON must be on WGS84\n");
 }
 
 // Features are written while the file is being read.
@@ -464,7 +462,7 @@ TEST(GeoJson, ReportsAnotherReferenceSystemBehindTheFeatures) {
                     R"(],"crs":{"type":"name","properties":{"name":"urn:ogc:def:crs:EPSG::31468"}}})");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err,
-              "-: isn't on WGS84: its 'crs' comes behind features, which were taken for WGS84\n");
+              "-: unsupported 'crs' after features, which were read as WGS84; GeoJSON must be on WGS84\n");
 }
 
 TEST(GeoJson, ReportsFilesThatAreNoCollection) {
@@ -472,10 +470,10 @@ TEST(GeoJson, ReportsFilesThatAreNoCollection) {
                                    R"({"type":"FeatureCollection","features":null})",
                                    R"({"type":"FeatureCollection","features":{"a":{"type":"Feature"}}})"}) {
         const Outcome outcome = Convert({"--input", "geojson", "--output", "csv"}, text);
-        EXPECT_EQ(outcome.err, "-: is no GeoJSON FeatureCollection\n") << text;
+        EXPECT_EQ(outcome.err, "-: expected a GeoJSON FeatureCollection, Feature or geometry\n") << text;
         EXPECT_EQ(outcome.status, 1) << text;
     }
-    EXPECT_EQ(Convert({"--input", "geojson"}, "").err, "-: is no JSON at byte 1\n");
+    EXPECT_EQ(Convert({"--input", "geojson"}, "").err, "-: invalid JSON at byte 1\n");
 }
 
 TEST(GeoJson, TellWhereANumberIsTooLarge) {
@@ -483,8 +481,8 @@ TEST(GeoJson, TellWhereANumberIsTooLarge) {
                               R"("geometry":{"type":"Point","coordinates":[1,)";
     const std::string number = "1e999";
     const Outcome outcome = Convert({"--input", "geojson"}, start + number + "]}}]}");
-    EXPECT_EQ(outcome.err, "-: has a number that is too large, before byte " +
-                               std::to_string(start.size() + number.size() + 1) + "\n");
+    EXPECT_EQ(outcome.err,
+              "-: number too large before byte " + std::to_string(start.size() + number.size() + 1) + "\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -493,7 +491,7 @@ TEST(GeoJson, WritesWhatStandsBeforeTheEndOfABrokenFile) {
     const Outcome outcome = Convert({"--input", "geojson"}, whole.substr(0, whole.size() - 4));
     EXPECT_EQ(outcome.out, whole);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err.find("-: is no JSON at byte "), 0u) << outcome.err;
+    EXPECT_EQ(outcome.err.find("-: invalid JSON at byte "), 0u) << outcome.err;
 }
 
 TEST(GeoJson, IsACollectionWithoutAnyPositionToo) {
@@ -517,7 +515,7 @@ TEST(CsvOfOtherForms, ReportsAMemberThatTheFirstFileHasnt) {
         files.File("b.jsonl", "{\"lat\":3,\"lon\":4}\n{\"lat\":5,\"lon\":6,\"b\":1}\n");
     const Outcome outcome = Convert({"--output", "csv", first, second}, "");
     EXPECT_EQ(outcome.out, "latitude,longitude,a\n1.000000000,2.000000000,true\n3.000000000,4.000000000,\n");
-    EXPECT_EQ(outcome.err, second + ":2: has 'b', which the first file hasn't: there is no column for it\n");
+    EXPECT_EQ(outcome.err, second + ":2: no column for 'b', which the first file does not have\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -601,14 +599,14 @@ TEST(FormFiles, RejectsDontOverwriteAFileThatIsRead) {
     const std::string file = files.File("a.csv", "lat,lon\n48,11\n");
     const Outcome outcome = Convert({"--rejects", file, file}, "");
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, file + ": is to be read, and can't take the rejects\n");
+    EXPECT_EQ(outcome.err, file + ": cannot write rejects to an input file\n");
     EXPECT_EQ(files.Contents("a.csv"), "lat,lon\n48,11\n");
 }
 
 TEST(FormFiles, ThatCantBeReadAreReported) {
     const ScratchDirectory files;
     const Outcome outcome = Convert({files.Path("missing.csv"), files.File("a.csv", "lat,lon\n48,11\n")}, "");
-    EXPECT_EQ(outcome.err, files.Path("missing.csv") + ": can't be read: No such file or directory\n");
+    EXPECT_EQ(outcome.err, files.Path("missing.csv") + ": cannot read the file: No such file or directory\n");
     EXPECT_EQ(outcome.out, "latitude,longitude\n48.000000000,11.000000000\n");
     EXPECT_EQ(outcome.status, 1);
 }
@@ -616,13 +614,13 @@ TEST(FormFiles, ThatCantBeReadAreReported) {
 TEST(FormFiles, WhatDoesntGoTogetherIsWrongUsage) {
     const ScratchDirectory files;
     const std::string geojson = files.Path("a.geojson");
-    ExpectUsageError(Convert({"--from", "GER", geojson}, ""), "leave --from out");
-    ExpectUsageError(Convert({"--from", "UTM", geojson}, ""), "leave --from out");
-    ExpectUsageError(Convert({"--json", "--output", "csv"}, ""), "try --output jsonl");
-    ExpectUsageError(Convert({"--columns", "a,b"}, ""), "try --input csv");
+    ExpectUsageError(Convert({"--from", "GER", geojson}, ""), "GeoJSON is in degrees on WGS84; omit --from");
+    ExpectUsageError(Convert({"--from", "UTM", geojson}, ""), "GeoJSON is in degrees on WGS84; omit --from");
+    ExpectUsageError(Convert({"--json", "--output", "csv"}, ""), "use --output jsonl");
+    ExpectUsageError(Convert({"--columns", "a,b"}, ""), "use --input csv");
     ExpectUsageError(Convert({"--input", "csv", "--from", "UTM", "--columns", "a,b,c"}, ""), "NORTH,EAST");
     ExpectUsageError(Convert({"--rejects", files.Path("r"), geojson, files.Path("a.csv")}, ""),
-                     "one form at a time");
+                     "convert each format separately");
     ExpectUsageError(Convert({"--input", "xml"}, ""), "--input");
     ExpectUsageError(Convert({"--output", "shape"}, ""), "--output");
     EXPECT_FALSE(std::filesystem::exists(files.Path("r")));

@@ -104,11 +104,11 @@ TEST(JsonScan, WritesAndReadsStringsLikeAnother) {
 }
 
 TEST(JsonScan, SaysAtWhichByteItStops) {
-    EXPECT_EQ(Wrong(R"({"a":1,})"), "is no JSON at byte 8");
-    EXPECT_EQ(Wrong("[1,2"), "is no JSON at byte 5");
-    EXPECT_EQ(Wrong(R"("\ud800")"), "is no JSON at byte 8");
-    EXPECT_EQ(Wrong("[1e400]"), "has a number that is too large, before byte 7");
+    EXPECT_EQ(Wrong(R"({"a":1,})"), "invalid JSON at byte 8");
+    EXPECT_EQ(Wrong("[1,2"), "invalid JSON at byte 5");
+    EXPECT_EQ(Wrong(R"("\ud800")"), "invalid JSON at byte 8");
+    EXPECT_EQ(Wrong("[1e400]"), "number too large before byte 7");
     EXPECT_EQ(Wrong("[1e-400]"), "");
-    EXPECT_EQ(Wrong(std::string(201, '[') + std::string(201, ']')), "is nested too deeply");
+    EXPECT_EQ(Wrong(std::string(201, '[') + std::string(201, ']')), "nested too deeply");
     EXPECT_EQ(Wrong(std::string(200, '[') + std::string(200, ']')), "");
 }

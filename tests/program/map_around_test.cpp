@@ -147,9 +147,10 @@ TEST(MapAround, RefusesWhatIsNoPlaceOrLength) {
         EXPECT_EQ(outcome.status, 2) << ::testing::PrintToString(arguments);
         EXPECT_EQ(outcome.out, "");
     }
-    for (const auto& [place, width, message] : {std::tuple{"0,0", "1m", "a map is 10 m to 40000 km wide"},
-                                                {"0,0", "-5km", "a map is 10 m to 40000 km wide"},
-                                                {"0,0", "50000km", "a map is 10 m to 40000 km wide"}}) {
+    for (const auto& [place, width, message] :
+         {std::tuple{"0,0", "1m", "the width must be between 10 m and 40000 km"},
+          {"0,0", "-5km", "the width must be between 10 m and 40000 km"},
+          {"0,0", "50000km", "the width must be between 10 m and 40000 km"}}) {
         const Outcome outcome = Around(place, std::string(width));
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.err, std::string("--around: ") + message + "\n");
@@ -201,7 +202,7 @@ TEST(MapPreview, LeavesTheFileAsItIs) {
     const std::string file = files.File("place.json", json);
     const Outcome outcome = Tessara({"map", "--preview", file, "-o", file});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "tessara: " + file + ": is what is to be drawn, and is left as it is\n");
+    EXPECT_EQ(outcome.err, "tessara: " + file + ": cannot overwrite the previewed file\n");
     EXPECT_EQ(files.Contents("place.json"), json);
 }
 
@@ -209,8 +210,8 @@ TEST(MapPreview, SaysWhyAFileHasNoMap) {
     const ScratchDirectory files;
     const std::string empty = files.File("empty", "# nothing\n");
     for (const auto& [file, message] :
-         {std::pair{empty, "it holds no positions, neither as GeoJSON nor as lines of degrees"},
-          {std::string("nowhere"), "can't be read: No such file or directory"}}) {
+         {std::pair{empty, "no positions found; expected GeoJSON or lines of degrees"},
+          {std::string("nowhere"), "cannot read the file: No such file or directory"}}) {
         const Outcome outcome = Tessara({"map", "--preview", file});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.out, "");

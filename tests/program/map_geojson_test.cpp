@@ -203,14 +203,14 @@ TEST(MapGeoJson, SaysWhatIsWrongWithAFeatureAndDrawsTheOthers) {
                     ".coordinates: expected longitude and latitude, found 1 values"},
           {Geometry("Point", R"([6, "x"])"), R"(.coordinates[1]: expected a number, found "x")"},
           {Geometry("Point", "[6, 91]"), ".coordinates[1]: expected a number in -90..90, found 91"},
-          {Geometry("LineString", "[[6, 54]]"), ".coordinates: expected 2 positions at least, found 1"},
+          {Geometry("LineString", "[[6, 54]]"), ".coordinates: expected at least 2 positions, found 1"},
           {Geometry("Polygon", "[[[6, 54], [7, 54], [7, 53], [6, 53]]]"),
-           ".coordinates[0]: the ring doesn't end where it begins"},
+           ".coordinates[0]: the ring is not closed: its last position differs from the first"},
           {Geometry("MultiPoint", "[[6, 54], 3]"), ".coordinates[1]: expected a list, found 3"},
           {Geometry("Circle", "[6, 54]"),
            ".type: expected one of Point, MultiPoint, LineString, MultiLineString, Polygon, MultiPolygon, "
            R"(GeometryCollection, found "Circle")"},
-          {R"({"type": "Point"})", ": 'coordinates' is missing"}}) {
+          {R"({"type": "Point"})", ": missing 'coordinates'"}}) {
         const Drawn drawn = Draw(Collection(Feature(geometry) + "," + good));
         EXPECT_EQ(drawn.outcome.status, 1);
         EXPECT_EQ(drawn.outcome.err, drawn.file + ": features[0].geometry" + message + "\n");
@@ -220,18 +220,19 @@ TEST(MapGeoJson, SaysWhatIsWrongWithAFeatureAndDrawsTheOthers) {
 
 TEST(MapGeoJson, SaysWhatIsWrongWithAFile) {
     for (const auto& [json, message] :
-         {std::pair{std::string("[1]"), "expected an object, found a list of 1"},
-          {std::string(R"({"type": "FeatureCollection"})"), "'features' is missing"}}) {
+         {std::pair{std::string("[1]"), "expected an object, found a list of length 1"},
+          {std::string(R"({"type": "FeatureCollection"})"), "missing 'features'"}}) {
         const Drawn drawn = Draw(json);
         EXPECT_EQ(drawn.outcome.status, 1);
         EXPECT_EQ(drawn.outcome.err, drawn.file + ": " + message + "\n");
     }
     const Drawn broken = Draw("{");
-    EXPECT_TRUE(broken.outcome.err.starts_with(broken.file + ": no JSON: parse error at line 1, column 2"))
+    EXPECT_TRUE(
+        broken.outcome.err.starts_with(broken.file + ": invalid JSON: parse error at line 1, column 2"))
         << broken.outcome.err;
     const Outcome nowhere = Tessara({"map", "-"}, DEGREE_MAP + R"({"type": "geojson", "file": "nowhere"}]})");
     EXPECT_EQ(nowhere.status, 1);
-    EXPECT_EQ(nowhere.err, "nowhere: can't be read: No such file or directory\n");
+    EXPECT_EQ(nowhere.err, "nowhere: cannot read the file: No such file or directory\n");
 }
 
 TEST(MapGeoJson, RefusesCollectionsWithoutEnd) {
@@ -240,7 +241,7 @@ TEST(MapGeoJson, RefusesCollectionsWithoutEnd) {
         json = R"({"type": "GeometryCollection", "geometries": [)" + json + "]}";
     const Drawn drawn = Draw(json);
     EXPECT_EQ(drawn.outcome.status, 1);
-    EXPECT_NE(drawn.outcome.err.find("collections lie too deep within each other"), std::string::npos);
+    EXPECT_NE(drawn.outcome.err.find("collections are nested too deeply"), std::string::npos);
 }
 
 // What a host does that has no files.

@@ -58,7 +58,7 @@ TEST(MapScaleBar, SaysWhereItHoldsIfItDoesntEverywhere) {
             "window": {"left": 0, "top": 0, "right": 1000, "bottom": 780}, "layers": [)",
         "");
     EXPECT_EQ(TextListOf(svg, "scale"),
-              (std::vector<std::string>{"0", "1000 km", "along the rows in the middle of the map"}));
+              (std::vector<std::string>{"0", "1000 km", "along rows at the centre of the map"}));
     EXPECT_NEAR(BarLength(svg), 1000.0 / 85.394 * 20.0, 0.5);
 }
 
@@ -129,7 +129,7 @@ TEST(MapLegend, FollowsTheLayers) {
         x = entry.Number("x");
         if (entry.text.size() < 6 || entry.text.starts_with("three")) layers.push_back(entry.text);
     }
-    EXPECT_EQ(layers, (std::vector<std::string>{"one", "two", "three: their outlines cross", "four"}));
+    EXPECT_EQ(layers, (std::vector<std::string>{"one", "two", "three: crossing outlines", "four"}));
 }
 
 TEST(MapLegend, BreaksLongNames) {
@@ -166,9 +166,9 @@ TEST(MapNotes, SayWhatLiesOutsideTheWindow) {
     for (const std::string& line : TextListOf(svg, "note"))
         note += (note.empty() ? "" : " ") + line;
     EXPECT_EQ(note,
-              "Not shown: 2 of 3 points of \"cities\", outside the window; \"a way\", all of it outside the "
-              "window; "
-              "\"an area\", all of it outside the window");
+              "Not shown: 2 of 3 points of \"cities\" (outside the window); \"a way\" (entirely outside the "
+              "window); "
+              "\"an area\" (entirely outside the window)");
     EXPECT_TRUE(
         TextListOf(DrawMap(UTM_MAP, R"({"type": "positions", "places": [[48.1, 11.5]]})"), "note").empty());
 }
@@ -183,8 +183,8 @@ TEST(MapNotes, SayHowManyNamesHaveNoRoom) {
     const std::string svg = DrawMap(UTM_MAP, R"({"type": "positions", "places": [)" + places + "]}");
     const std::size_t drawn = ElementsOf(svg, "text", "name").size();
     ASSERT_LT(drawn, 60u);
-    EXPECT_EQ(TextListOf(svg, "note"), std::vector<std::string>{"Not shown: " + std::to_string(60 - drawn) +
-                                                                " names that have no room"});
+    EXPECT_EQ(TextListOf(svg, "note"),
+              std::vector<std::string>{"Not shown: " + std::to_string(60 - drawn) + " names (no room)"});
 }
 
 // A pixel of these maps is 1.1 km high and 0.7 km wide, whatever scale their description has.
@@ -197,8 +197,8 @@ TEST(MapCaption, HasNoScaleThatTheMapDoesntHave) {
     const Outcome wrong = Tessara({"map", "-"}, map("50000"));
     EXPECT_EQ(wrong.status, 1);
     // A degree of latitude at 50 degrees is 111.229 km, one of longitude 71.696 km.
-    EXPECT_TRUE(
-        wrong.err.starts_with("-: scale: with the resolution it makes 5 metres of a pixel, which has 71"))
+    EXPECT_TRUE(wrong.err.starts_with(
+        "-: scale: 'scale' and 'resolution' give 5 metres per pixel; the projection gives 71"))
         << wrong.err;
     EXPECT_EQ(TextListOf(wrong.out, "legend").at(0).find("1:50000"), std::string::npos);
     const Outcome right = Tessara({"map", "-"}, map("10000000"));

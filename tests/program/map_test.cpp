@@ -500,7 +500,7 @@ TEST(MapOverlay, HasThePartsOfCrossingSquares) {
                    {{{100, 100}, {500, 100}, {500, 500}, {100, 500}, {100, 100}}});
     const std::set<std::string> legend = TextsOf(svg, "legend");
     for (const char* text :
-         {"squares: their outlines cross", "only in the first", "only in the second", "in both"})
+         {"squares: crossing outlines", "only in the first", "only in the second", "in both"})
         EXPECT_TRUE(legend.contains(text)) << text;
 }
 
@@ -517,26 +517,26 @@ TEST(MapOverlay, ShowsHowPolygonsLieToEachOther) {
                        R"({"type": "overlay", "first": )" + first + R"(, "second": )" + second + "}");
     };
     const std::string inside = draw(square(200, 300), square(100, 400));
-    EXPECT_TRUE(TextsOf(inside, "legend").contains("two polygons: the first lies in the second"));
+    EXPECT_TRUE(TextsOf(inside, "legend").contains("two polygons: first inside second"));
     EXPECT_EQ(AreaOf(LinesOf(inside, "overlay both")), 100.0 * 100.0);
     EXPECT_EQ(LinesOf(inside, "overlay only-second").size(), 2u);  // with the first as its hole
 
     const std::string around = draw(square(100, 400), square(200, 300));
-    EXPECT_TRUE(TextsOf(around, "legend").contains("two polygons: the second lies in the first"));
+    EXPECT_TRUE(TextsOf(around, "legend").contains("two polygons: second inside first"));
     EXPECT_EQ(LinesOf(around, "overlay only-first").size(), 2u);
 
     const std::string equal = draw(square(100, 400), square(100, 400));
-    EXPECT_TRUE(TextsOf(equal, "legend").contains("two polygons: they cover the same area"));
+    EXPECT_TRUE(TextsOf(equal, "legend").contains("two polygons: same area"));
     EXPECT_EQ(AreaOf(LinesOf(equal, "overlay both")), 300.0 * 300.0);
 
     const std::string apart = draw(square(100, 200), square(300, 400));
-    EXPECT_TRUE(TextsOf(apart, "legend").contains("two polygons: they share no area"));
+    EXPECT_TRUE(TextsOf(apart, "legend").contains("two polygons: no common area"));
     EXPECT_TRUE(LinesOf(apart, "overlay both").empty());
 
     const std::string touching = draw(
         square(100, 200),
         R"([{"pixel": [200, 100]}, {"pixel": [300, 100]}, {"pixel": [300, 200]}, {"pixel": [200, 200]}])");
-    EXPECT_TRUE(TextsOf(touching, "legend").contains("two polygons: they touch"));
+    EXPECT_TRUE(TextsOf(touching, "legend").contains("two polygons: touching outlines"));
 }
 
 TEST(MapPicture, HasTitleLegendAndColoursOfItsOwn) {
@@ -547,7 +547,7 @@ TEST(MapPicture, HasTitleLegendAndColoursOfItsOwn) {
     const std::set<std::string> legend = TextsOf(svg, "legend");
     EXPECT_TRUE(legend.contains("the grid"));
     EXPECT_TRUE(
-        legend.contains("UTM on WGS84, 1:500000, 10 pixels a millimetre; columns 0 to 1000, rows 0 to 800"))
+        legend.contains("UTM on WGS84, 1:500000, 10 pixels per millimetre; columns 0 to 1000, rows 0 to 800"))
         << ::testing::PrintToString(legend);
     for (const SvgElement& group : ElementsOf(svg, "g", "layer0"))
         EXPECT_EQ(group.Attribute("stroke"), "#d55e00");
@@ -662,7 +662,7 @@ TEST(MapOutput, IsAPngWhereTheNameSaysSo) {
 
     const Outcome failed = Tessara({"map", "-", "-o", "/nowhere/map.png"}, UTM_MAP + "]}");
     EXPECT_EQ(failed.status, 1);
-    EXPECT_NE(failed.err.find("tessara: /nowhere/map.png: can't be written by rsvg-convert\n"),
+    EXPECT_NE(failed.err.find("tessara: /nowhere/map.png: rsvg-convert cannot write the file\n"),
               std::string::npos)
         << failed.err;
 }

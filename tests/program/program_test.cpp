@@ -58,6 +58,6 @@ TEST(Program, FailsWhenWhatItTellsIsLost) {
     for (const char* command : {"systems", "datums", "--help", "--version"}) {
         const Outcome outcome = RunProgram(TESSARA_PROGRAM, {command}, {{}, {}, "/dev/full"});
         EXPECT_EQ(outcome.status, 1) << command;
-        EXPECT_EQ(outcome.err, "tessara: standard output can't be written\n") << command;
+        EXPECT_EQ(outcome.err, "tessara: cannot write standard output\n") << command;
     }
 }

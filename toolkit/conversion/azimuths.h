@@ -5,7 +5,7 @@
 
 namespace tessara::toolkit {
 
-// In degrees, with the decimals of a direction. What rounds to a whole turn is north, 0.
+// Formats an azimuth in degrees. A value that rounds to 360 becomes 0.
 [[nodiscard]] std::string FormatAzimuth(double degrees);
 
 }  // namespace tessara::toolkit

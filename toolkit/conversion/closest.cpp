@@ -3,18 +3,19 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "conversion/quote.h"
+
 namespace tessara::toolkit {
 namespace {
 
-// No name is longer, and a comparison takes the square of it.
+// All names are shorter; the time of a comparison is quadratic.
 constexpr std::size_t LONGEST_NAME = 64;
 
 char LowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// How many letters differ, where two that are swapped count as one (Damerau and Levenshtein, neighbours
-// only).
+// The edit distance with swaps of neighbouring letters (Damerau and Levenshtein).
 std::size_t Distance(std::string_view a, std::string_view b) {
     std::vector<std::size_t> twoBefore, before, current(b.size() + 1);
     for (std::size_t j = 0; j <= b.size(); ++j)
@@ -52,7 +53,7 @@ std::string ClosestName(std::string_view mistyped, const std::vector<std::string
 
 std::string DidYouMean(std::string_view mistyped, const std::vector<std::string>& names) {
     const std::string closest = ClosestName(mistyped, names);
-    return closest.empty() ? ";" : "; did you mean " + closest + "?";
+    return closest.empty() ? ";" : "; did you mean " + Quote(closest) + "?";
 }
 
 }  // namespace tessara::toolkit

@@ -1,4 +1,4 @@
-// Which of some names a mistyped one may stand for.
+// Suggestions for mistyped names.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@
 
 namespace tessara::toolkit {
 
-// The name with the fewest letters changed, left out, added or swapped, in upper or lower case: at most one
-// in three. Of several the first; empty if none is as close.
+// The first name with the smallest edit distance (letters changed, omitted, added or swapped, upper and lower
+// case alike), at most a third of the letters; empty if no name is that close.
 [[nodiscard]] std::string ClosestName(std::string_view mistyped, const std::vector<std::string>& names);
 
-// "; did you mean NAME?", or the semicolon alone.
+// "; did you mean 'NAME'?", or only the semicolon.
 [[nodiscard]] std::string DidYouMean(std::string_view mistyped, const std::vector<std::string>& names);
 
 }  // namespace tessara::toolkit

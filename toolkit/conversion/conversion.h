@@ -1,4 +1,4 @@
-// From positions to records in another system and datum.
+// Converts positions to records of another system and datum.
 #pragma once
 
 #include <cstdint>
@@ -12,11 +12,11 @@ namespace tessara::toolkit {
 
 class Conversion {
   public:
-    // From degrees on the datum `from`.
+    // Converts degrees on the datum `from`.
     Conversion(std::int32_t from, Reference to);
 
-    // The record and height of the position in the target, or why there is no such position. A record that is
-    // in the target's system and datum already stays as it is.
+    // Sets the record and height of the position in the target, or returns the status of the failure. A
+    // record that already is in the target's system and datum stays unchanged.
     [[nodiscard]] KoordStatus Convert(const Position& position, CKoord* result) const;
     [[nodiscard]] KoordStatus Convert(const CKoord& source, CKoord* result) const;
 

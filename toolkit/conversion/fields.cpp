@@ -10,13 +10,13 @@
 namespace tessara::toolkit {
 namespace {
 
-// As fine as the decimals of metres and degrees.
+// Match the decimals of metres and degrees.
 constexpr int MINUTE_DECIMALS = 7;
 constexpr int SECOND_DECIMALS = 5;
 constexpr int PIXEL_DECIMALS = 3;
 constexpr int SQUARE_DIGITS = 5;  // whole metres within 100 km
 
-// Decimal minutes aren't carried into the degrees; what would be written as 60 stays below it.
+// Decimal minutes do not carry into the degrees, so a value that rounds to 60 is written below 60.
 constexpr double LAST_MINUTE = 59.9999999;
 
 template <class Value>

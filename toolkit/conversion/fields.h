@@ -1,4 +1,4 @@
-// The fields of a record: what the program writes of a position.
+// The fields of a record, which the program writes for a position.
 #pragma once
 
 #include <cstdint>
@@ -18,15 +18,14 @@ struct Field {
     [[nodiscard]] std::string Text() const;
 };
 
-// The fields of a record of any named system, in the order in which the program writes them. Their names are
-// those of the record's payload, but letters that are read as one word are one field. None for a type
-// without a name.
+// The fields of a record in the order of output, named as in the payload; letters that form one word are one
+// field. Empty for a type without a name.
 [[nodiscard]] std::vector<Field> FieldsOf(const tagKOORD& record);
 
-// The height as a field; what a record has of its own isn't in it.
+// The height as a field. FieldsOf never contains it.
 [[nodiscard]] Field HeightField(double height);
 
-// False if a number of a record isn't finite: there is no such position in its system.
+// Returns false if a number of the record is not finite: the system cannot represent the position.
 [[nodiscard]] bool IsFinite(const tagKOORD& record);
 
 }  // namespace tessara::toolkit

@@ -8,10 +8,10 @@
 namespace tessara::toolkit {
 namespace {
 
-// What most of the world calls UTMREF.
+// A common name of UTMREF.
 constexpr const char* MILITARY_REFERENCES = "MGRS";
 
-// The library gives names to numbers, and no number to a name: a search goes through them all.
+// The library only maps numbers to names, so that the function searches all numbers.
 template <class NameOf>
 std::optional<std::int32_t> NumberOf(const std::string& name, std::int32_t count, NameOf nameOf) {
     if (name.empty()) return std::nullopt;
@@ -60,14 +60,14 @@ std::optional<std::int32_t> DatumByName(const std::string& name) {
 
 std::string WrongSystem(const std::string& name) {
     if (SystemByName(name)) return {};
-    return "no system is called " + Quote(name) + DidYouMean(name, AllNames(KOORD_TYPE_COUNT, SystemName)) +
-           " `tessara systems` lists them";
+    return "unknown system " + Quote(name) + DidYouMean(name, AllNames(KOORD_TYPE_COUNT, SystemName)) +
+           " `tessara systems` lists all names";
 }
 
 std::string WrongDatum(const std::string& name) {
     if (DatumByName(name)) return {};
-    return "no datum is called " + Quote(name) + DidYouMean(name, AllNames(DATUM_COUNT, DatumName)) +
-           " `tessara datums` lists them";
+    return "unknown datum " + Quote(name) + DidYouMean(name, AllNames(DATUM_COUNT, DatumName)) +
+           " `tessara datums` lists all names";
 }
 
 }  // namespace tessara::toolkit

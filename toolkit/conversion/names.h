@@ -1,4 +1,4 @@
-// Systems and datums by their names, as the library's own tables spell them.
+// Names of systems and datums, as in the tables of the library.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +10,15 @@
 
 namespace tessara::toolkit {
 
-// Empty for a number that has no name.
+// Returns an empty text for a number without a name.
 [[nodiscard]] std::string SystemName(std::int32_t system);
 [[nodiscard]] std::string DatumName(std::int32_t datum);
 
-// The number of a name, in upper or lower case. UTMREF is called MGRS, too.
+// The number of a name, in upper or lower case. MGRS is another name of UTMREF.
 [[nodiscard]] std::optional<std::int32_t> SystemByName(const std::string& name);
 [[nodiscard]] std::optional<std::int32_t> DatumByName(const std::string& name);
 
-// What is wrong with a name; empty if nothing is.
+// The error in a name; empty for a valid name.
 [[nodiscard]] std::string WrongSystem(const std::string& name);
 [[nodiscard]] std::string WrongDatum(const std::string& name);
 

@@ -1,4 +1,4 @@
-// Numbers as text, the same under every locale.
+// Converts numbers to texts and back, independently of the locale.
 #pragma once
 
 #include <cstdint>
@@ -8,23 +8,23 @@
 
 namespace tessara::toolkit {
 
-// What the program writes: a tenth of a millimetre on the ground.
+// The decimals of output: a tenth of a millimetre on the ground.
 inline constexpr int METRE_DECIMALS = 4;
 inline constexpr int DEGREE_DECIMALS = 9;
 
-// A decimal number, with or without a sign and an exponent, and nothing else. Infinities and NaN are none.
+// Reads a decimal number, optionally with a sign and an exponent. Rejects infinities, NaN and any other text.
 [[nodiscard]] std::optional<double> ParseNumber(std::string_view text);
 
-// With a fixed number of decimals; what rounds to zero has no sign.
+// Writes a fixed number of decimals, and zero without a sign.
 [[nodiscard]] std::string FormatNumber(double value, int decimals);
 
-// The same without zeros behind the last digit that counts: 0.5, 100000.
+// The same without trailing zeros after the decimal point: 0.5, 100000.
 [[nodiscard]] std::string FormatPlain(double value, int decimals = DEGREE_DECIMALS);
 
-// As short as it can be without a loss.
+// Writes the shortest text that reads back as the same number.
 [[nodiscard]] std::string FormatNumber(double value);
 
-// A whole number that isn't negative, filled up with zeros to `width` digits.
+// Writes a non-negative whole number with at least `width` digits, padded with zeros.
 [[nodiscard]] std::string FormatWhole(std::int64_t value, int width);
 
 }  // namespace tessara::toolkit

@@ -20,7 +20,7 @@ struct ParameterRow {
     double lowest;
     double highest;
     bool isZone = false;
-    // What the record holds of the value.
+    // Converts the value to that of the record.
     double (*stored)(double value, std::int32_t datum) = nullptr;
 };
 
@@ -38,7 +38,7 @@ double MeridianOf3(double strip, std::int32_t datum) {
     return STRIP3 * strip + (datum == DATUM_KKJ ? KKJ_ORIGIN : 0.0);
 }
 
-// There is no strip 0 of six degrees: west of Greenwich they begin with -1.
+// Strips of six degrees have no number 0; west of Greenwich they begin with -1.
 double MeridianOf6(double strip, std::int32_t /*datum*/) {
     return STRIP6 * strip + (strip > 0.0 ? -STRIP3 : STRIP3);
 }
@@ -104,7 +104,7 @@ std::string KeysOf(std::int32_t system) {
     return keys;
 }
 
-// One `key=value`, or what is wrong with it.
+// Reads one `key=value`, or returns the error.
 std::string ReadParameter(std::int32_t system, std::string_view text, Parameter* parameter) {
     const std::size_t equals = text.find('=');
     const std::string_view key = text.substr(0, equals);
@@ -112,13 +112,14 @@ std::string ReadParameter(std::int32_t system, std::string_view text, Parameter*
     if (row == nullptr) {
         const std::string keys = KeysOf(system);
         return keys.empty() ? "the system has no parameters"
-                            : Quote(key) + " is none of its parameters, which are " + keys;
+                            : "unknown parameter " + Quote(key) + "; the system has " + keys;
     }
     if (equals == std::string_view::npos)
-        return Quote(key) + " needs a value: " + std::string(row->key) + "=...";
+        return "missing value of parameter " + Quote(key) + "; write " + std::string(row->key) + "=NUMBER";
     const std::string_view word = text.substr(equals + 1);
     const std::optional<double> value = ParseNumber(word);
-    if (!value || !IsLegal(*row, *value)) return Quote(word) + " is no value of " + RangeOf(*row);
+    if (!value || !IsLegal(*row, *value))
+        return "invalid value " + Quote(word) + "; expected " + RangeOf(*row);
     *parameter = {row, *value};
     return {};
 }

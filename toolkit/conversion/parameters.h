@@ -1,4 +1,4 @@
-// What a reference says besides system and datum: `TM:lon0=9,k=0.9996,fe=500000`, `UTM:zone=33`.
+// The parameters of a reference: `TM:lon0=9,k=0.9996,fe=500000`, `UTM:zone=33`.
 #pragma once
 
 #include <cstdint>
@@ -20,22 +20,21 @@ struct Parameter {
 
 using Parameters = std::vector<Parameter>;
 
-// What stands behind the colon; nothing if it isn't a list of parameters of the system.
+// Reads the text after the colon; nothing if it is not a list of parameters of the system.
 [[nodiscard]] std::optional<Parameters> ReadParameters(std::int32_t system, std::string_view list);
 
-// What is wrong with such a list; empty if nothing is.
+// The error in such a list; empty for a valid list.
 [[nodiscard]] std::string WrongParameters(std::int32_t system, std::string_view list);
 
-// As it is written: `lon0=9,k=0.9996`.
+// The list as a text: `lon0=9,k=0.9996`.
 [[nodiscard]] std::string TextOf(const Parameters& parameters);
 
-// The wanted zone, strip or meridian as a parameter; nothing for a system without, or a number that isn't
-// one.
+// The wanted zone, strip or meridian as a parameter; nothing for a system without zones or an invalid number.
 [[nodiscard]] std::optional<Parameter> WantedZone(std::int32_t system, std::int32_t number);
-// What the zones of a system are called, with their numbers: "zone 1..60"; empty for a system without.
+// The name and range of the zones of a system: "zone 1..60"; empty for a system without zones.
 [[nodiscard]] std::string ZonesOf(std::int32_t system);
 
-// Puts them where the record has them.
+// Stores the parameters in the record.
 void StoreParameters(const Parameters& parameters, tagKOORD* record);
 
 }  // namespace tessara::toolkit

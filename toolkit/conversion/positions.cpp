@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view BLANKS = " \t\r\v\f";
 
-// Takes a word and the blanks behind it off the start of a text that begins with none.
+// Removes the first word and the blanks after it from a text without leading blanks.
 std::string_view TakeWord(std::string_view* text) {
     const std::size_t end = std::min(text->find_first_of(BLANKS), text->size());
     const std::string_view word = text->substr(0, end);
@@ -32,7 +32,7 @@ std::size_t CountWords(std::string_view text) {
     return count;
 }
 
-// What is wrong with a number as such an angle; empty if nothing is.
+// The error in an angle; empty for a valid angle.
 std::string WrongAngle(const char* what, std::optional<double> degrees, std::string_view word, double limit) {
     if (!degrees) return Quote(word) + " is not a number";
     if (std::abs(*degrees) <= limit) return {};

@@ -1,4 +1,4 @@
-// Input: lines `latitude longitude [height]`.
+// Reads lines `latitude longitude [height]`.
 #pragma once
 
 #include <optional>
@@ -13,26 +13,26 @@ struct Position {
     std::optional<double> height;  // metres above the ellipsoid
 };
 
-// One line: nothing (blank, or a comment from '#' on), a position, or what is wrong with it.
+// The content of a line: nothing (a blank line or a comment, which begins with '#'), a position, or an error.
 struct Line {
     std::optional<Position> position;
     std::string error;
-    std::string_view rest;  // of the line, behind the position and without the comment
+    std::string_view rest;  // of the line, after the position and without the comment
 };
 
-// Degrees to both sides of zero.
+// The limits in degrees, on both sides of zero.
 inline constexpr double LATITUDE_LIMIT = 90.0;
 inline constexpr double LONGITUDE_LIMIT = 360.0;
 
-// What is wrong with a word as such a value; empty if nothing is.
+// The error in a word; empty for a valid value.
 [[nodiscard]] std::string WrongNumber(std::string_view word);
 [[nodiscard]] std::string WrongLatitude(std::string_view word);
 [[nodiscard]] std::string WrongLongitude(std::string_view word);
 
-// The values of a line stand apart by blanks or tabs. Nothing else may follow them.
+// Blanks or tabs separate the values. Any other text is an error.
 [[nodiscard]] Line ReadLine(std::string_view text);
 
-// The same, and anything may follow. A number behind latitude and longitude is the height.
+// The same, but allows other text after the position. A number after latitude and longitude is the height.
 [[nodiscard]] Line ReadLineStart(std::string_view text);
 
 }  // namespace tessara::toolkit

@@ -1,4 +1,4 @@
-// What messages show of words that come from elsewhere.
+// Quotes words of the input in messages.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@ namespace tessara::toolkit {
 
 inline constexpr std::size_t LONGEST_QUOTE = 40;
 
-// Not too much of a word, and nothing that a terminal could take for a command.
+// Shortens a long word and replaces control characters, which a terminal could interpret.
 [[nodiscard]] std::string Quote(std::string_view word);
 
 }  // namespace tessara::toolkit

@@ -12,7 +12,7 @@ struct Pieces {
     std::optional<std::string> datum;
 };
 
-// Takes what stands behind a sign away from a text; nothing if the sign isn't there.
+// Removes the text after a separator, and the separator; returns nothing without one.
 std::optional<std::string> TakeBehind(char sign, std::string* text) {
     const std::size_t at = text->find(sign);
     if (at == std::string::npos) return std::nullopt;

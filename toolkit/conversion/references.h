@@ -1,4 +1,4 @@
-// References as they are written on the command line: SYSTEM[:PARAMETERS][@DATUM].
+// References in the notation of the command line: SYSTEM[:PARAMETERS][@DATUM].
 #pragma once
 
 #include <cstdint>
@@ -15,27 +15,27 @@ struct Reference {
     std::int32_t system;
     Parameters parameters{};
 
-    // As it is written on the command line: SYSTEM@DATUM, with the parameters that were given.
+    // The notation of the command line, SYSTEM@DATUM, with the given parameters.
     [[nodiscard]] std::string Name() const;
 };
 
-// The reference of a name, on a default datum where it names none; nothing if it isn't one.
+// Reads a reference; a default datum applies if the name has no datum. Returns nothing for an invalid name.
 [[nodiscard]] std::optional<Reference> ReferenceByName(const std::string& name, std::int32_t defaultDatum);
 
-// What is wrong with such a name; empty if nothing is.
+// The error in such a name; empty for a valid name.
 [[nodiscard]] std::string WrongReference(const std::string& name);
 
-// Whether two have the same system and datum.
+// Whether two references have the same system and datum.
 [[nodiscard]] bool AreAlike(const Reference& one, const Reference& other);
 
-// The default record of a reference, with its parameters: the target of a conversion.
+// The default record of a reference with its parameters, as the target of a conversion.
 [[nodiscard]] CKoord DefaultRecord(const Reference& reference);
 
-// The library's form of a reference, without its parameters.
+// The reference as an object of the library, without parameters.
 [[nodiscard]] IRef<ICoordinateReference> MakeReference(const Reference& reference);
 
 [[nodiscard]] bool IsPixel(std::int32_t system);
-// Whether it is latitude and longitude in one of their spellings, codes aside.
+// Whether the system is latitude and longitude, in decimal degrees or with minutes and seconds.
 [[nodiscard]] bool IsDegrees(std::int32_t system);
 
 }  // namespace tessara::toolkit

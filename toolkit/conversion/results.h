@@ -1,4 +1,4 @@
-// What a position in degrees becomes in each target.
+// Converts a position in degrees to all targets.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ struct Result {
     std::vector<Field> fields;
 };
 
-// All of them, or what is wrong, and its code.
+// All results, or an error and its code.
 struct Results {
     std::vector<Result> results;
     std::string error;
@@ -23,19 +23,19 @@ struct Results {
 
 [[nodiscard]] Results ConvertToAll(const std::vector<Conversion>& conversions, const Position& position);
 
-// Gives each result the height as one more field. The height of an ECEF position is within x, y and z.
+// Adds the height to the fields of each result, except ECEF, whose x, y and z contain it.
 void AddHeights(const Position& position, std::vector<Result>* results);
 
-// The results as a line: targets stand apart by a tab, fields by a blank.
+// The results as a line: tabs separate targets, spaces separate fields.
 [[nodiscard]] std::string LineOf(const std::vector<Result>& results);
 
-// A target that has no such position, and why.
+// A target that cannot represent the position, and the reason.
 struct Missing {
     Reference target;
     KoordStatus status;
 };
 
-// The message about all of them.
+// The message about all missing targets.
 [[nodiscard]] std::string NotConvertibleTo(const std::vector<Missing>& targets);
 
 }  // namespace tessara::toolkit

@@ -16,7 +16,7 @@ struct TextForm {
 constexpr const char* NORTHING_EASTING = "`northing` and `easting`";
 constexpr const char* MERIDIAN_FIRST = "`northing` and `easting`, or `meridian easting northing`";
 constexpr const char* DEGREES =
-    "latitude and longitude in degrees, minutes and seconds, with N, S, E and W before or behind them";
+    "latitude and longitude in degrees, minutes and seconds, with N, S, E and W before or after them";
 
 constexpr TextForm FORMS[] = {
     {KOORD_LONGPIXEL, "`row` and `column`"},
@@ -38,8 +38,8 @@ constexpr TextForm FORMS[] = {
     {KOORD_PO_MILITARY, NORTHING_EASTING},
     {KOORD_TM, NORTHING_EASTING},
     {KOORD_VDG, "`origin-latitude y` and `origin-longitude x`, or `x y`"},
-    {KOORD_BNG, "one text like TQ3000080000, or `northing` and `easting` of the whole grid"},
-    {KOORD_ING, "one text like O1590434671, or `northing` and `easting` of the whole grid"},
+    {KOORD_BNG, "one text like TQ3000080000, or the full `northing` and `easting`"},
+    {KOORD_ING, "one text like O1590434671, or the full `northing` and `easting`"},
     {KOORD_RD, NORTHING_EASTING},
     {KOORD_LUREF, NORTHING_EASTING},
 };

@@ -1,4 +1,4 @@
-// The forms in which the positions of a system are typed, for messages.
+// Descriptions of the typed forms of each system, for messages.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace tessara::toolkit {
 
-// Empty for a number without a system.
+// Returns an empty text for an unknown system.
 [[nodiscard]] std::string FormsOf(std::int32_t system);
 
 }  // namespace tessara::toolkit

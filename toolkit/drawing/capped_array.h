@@ -1,5 +1,5 @@
-// A list that refuses to grow beyond a number of elements, so that an operation ends when it has written more
-// than anyone draws.
+// A list with a maximum number of elements. An operation that writes more of them fails, instead of running for
+// seconds.
 #pragma once
 
 #include <cstdint>

@@ -45,7 +45,7 @@ std::vector<Segment> Clip(const Segment& segment, double width, double height) {
     return {{Between(segment, low), Between(segment, high)}};
 }
 
-// What lies on a side but for rounding lies on it.
+// Points within the rounding error of a side lie on it.
 PicturePoint Snap(const PicturePoint& point, double width, double height) {
     const auto snap = [](double value, double side) {
         return std::abs(value - side) <= ON_SIDE ? side : value;
@@ -62,7 +62,7 @@ double DistanceTo(const Segment& segment, const PicturePoint& point) {
     return std::hypot(point.x - nearest.x, point.y - nearest.y);
 }
 
-// What lies where `depth` isn't negative.
+// The part of an area with a depth of at least 0.
 template <class Depth>
 Polyline CutOff(const Polyline& outline, Depth depth) {
     Polyline kept;

@@ -1,4 +1,4 @@
-// The parts of lines and areas inside a rectangle.
+// Clips lines and areas to a rectangle.
 #pragma once
 
 #include <vector>
@@ -9,18 +9,18 @@ namespace tessara::toolkit {
 
 enum class Side { LEFT, TOP, RIGHT, BOTTOM, INSIDE };
 
-// The pieces of a line inside a rectangle that begins at (0, 0). Points on the rim are inside; a piece that
-// would be one point is left out.
+// The pieces of a line inside a rectangle with the corner (0, 0). Points on the border are inside; single
+// points are omitted.
 [[nodiscard]] std::vector<Polyline> ClipToFrame(const Polyline& line, double width, double height);
 
-// What an area covers of a rectangle, with an even-odd rule: parts of its outline may run along the rim to
-// and fro.
+// The part of an area inside a rectangle, by the even-odd rule. Its outline may run back and forth along the
+// border.
 [[nodiscard]] Polyline ClipArea(const Polyline& outline, const PicturePoint& low, const PicturePoint& high);
 
-// Without the points that lie within the tolerance of what the others make.
+// Removes points within the tolerance of the simplified line.
 [[nodiscard]] Polyline Simplify(const Polyline& line, double tolerance);
 
-// The side on which a point of such a piece lies. A corner belongs to two of them, of which one is preferred.
+// The side of the rectangle on which a point lies. At a corner, `preferred` decides between two sides.
 [[nodiscard]] Side SideOf(const PicturePoint& point, double width, double height, bool preferTopAndBottom);
 
 }  // namespace tessara::toolkit

@@ -1,7 +1,6 @@
-// The coastlines and borders of the world in hundredths of a degree. Of each line: how many steps it has, the
-// longitude and latitude of its first point, and the steps eastward and northward. Longitudes go on over the
-// date line. A ring of land leads back to its first point, or to the same point a turn further on if a pole
-// lies in it.
+// The coastlines and borders of the world in hundredths of a degree. Each line has the number of its steps,
+// the longitude and latitude of its first point, and the steps eastward and northward. Longitudes continue
+// across the date line. A ring of land ends at its first point, or 360 degrees from it if it contains a pole.
 #pragma once
 
 #include <cstddef>

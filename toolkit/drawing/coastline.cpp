@@ -7,7 +7,7 @@ namespace {
 
 constexpr double PARTS_OF_A_DEGREE = 100.0;
 
-// coast_data.h says how lines are written.
+// coast_data.h documents the format of the lines.
 std::vector<EarthLine> Decode(const std::int16_t* data, std::size_t size) {
     std::vector<EarthLine> lines;
     for (const std::int16_t* const end = data + size; data != end;) {

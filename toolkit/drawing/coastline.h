@@ -7,7 +7,7 @@
 
 namespace tessara::toolkit {
 
-// Rings of land; that of Antarctica ends a turn east of its start.
+// Rings of land; the ring of Antarctica ends 360 degrees east of its start.
 [[nodiscard]] const std::vector<EarthLine>& LandRings();
 // Borders of countries on land.
 [[nodiscard]] const std::vector<EarthLine>& CountryBorders();

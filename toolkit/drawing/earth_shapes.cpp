@@ -16,12 +16,12 @@ constexpr double POLE = 90.0;
 constexpr double SAME_DEGREES = 1e-7;
 
 constexpr double MARGIN = 0.01;  // of the extent, on each side
-constexpr double PIECE = 5.0;    // degrees; a longer segment is halved before its bend is looked at
+constexpr double PIECE = 5.0;    // degrees; longer segments are halved before their curvature is measured
 constexpr int MOST_HALVINGS = 12;
 constexpr int HALVINGS_TO_AN_END = 16;
-constexpr double SIMPLER = 0.2;  // picture units; less than anyone sees
+constexpr double SIMPLER = 0.2;  // picture units; invisible
 constexpr double NEARBY = 0.1;   // of the window, from the middle
-constexpr double FAR = 3.0;      // windows from the middle: beyond every side
+constexpr double FAR = 3.0;      // windows from the middle, beyond every side
 
 double Distance(const PicturePoint& a, const PicturePoint& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
@@ -39,7 +39,7 @@ EarthLine Shifted(const EarthLine& line, double east, double north) {
     return shifted;
 }
 
-// Maps of the whole earth within a rim end half a turn from their own meridian, wherever the window is.
+// World maps with an oval or circular edge end 180 degrees from their central meridian, whatever the window.
 std::optional<double> OwnMeridian(const MapSheet& sheet) {
     MapVdgParams round{};
     if (sheet.Projection()->GetVanDerGrintenParams(&round)) return round.originLongitude;
@@ -65,8 +65,8 @@ std::optional<Extent> ShownExtent(const MapSheet& sheet) {
     return isAnything ? extent : std::nullopt;
 }
 
-// Halves the way between two places until each piece is straight in the picture. `pointAt` gives a point of
-// the picture or nothing.
+// Bisects a segment until each piece is straight in the picture. `pointAt` returns a point of the picture or
+// nothing.
 template <class PointAt>
 class Densifier {
   public:
@@ -112,7 +112,7 @@ class Densifier {
         AddWay(middle, to, halvings + 1);
     }
 
-    // Between a place that the map shows and one that it doesn't: as far as it shows them.
+    // From a position on the map towards one that is not, up to the limit of the map.
     void AddEnd(Knot from, Knot to) {
         const bool leaves = from.at.has_value();
         Knot shown = leaves ? from : to;
@@ -138,7 +138,7 @@ class Densifier {
     }
 
     PointAt pointAt_;
-    bool bisects_;  // where the map ends
+    bool bisects_;  // finds the limit of the map by bisection
     PointBudget& budget_;
     std::vector<Polyline> parts_;
 };
@@ -157,8 +157,8 @@ std::optional<PicturePoint> EarthShapes::Shown(const PicturePoint& degrees) cons
     return sheet_.ShownPointAt({degrees.y, degrees.x, 0.0});
 }
 
-// A place that isn't shown lies beyond the window in the direction in which the way there begins, which is
-// enough to close an area.
+// A position outside the map becomes a point far beyond the window in the initial direction of the segment,
+// which is enough to close an area.
 PicturePoint EarthShapes::ShownOrBeyond(const PicturePoint& degrees) const {
     if (const std::optional<PicturePoint> at = Shown(degrees)) return *at;
     const PicturePoint middle{sheet_.Width() / 2.0, sheet_.Height() / 2.0};
@@ -176,7 +176,7 @@ PicturePoint EarthShapes::ShownOrBeyond(const PicturePoint& degrees) const {
     return {middle.x + parts * (toward->x - middle.x), middle.y + parts * (toward->y - middle.y)};
 }
 
-// The parts of a line within the extent, once for each turn that brings it there.
+// The parts of a line within the extent, for each multiple of 360 degrees that shifts the line there.
 std::vector<EarthLine> EarthShapes::Copies(const EarthLine& line) const {
     const auto [west, east] = std::minmax_element(
         line.begin(), line.end(), [](const PicturePoint& a, const PicturePoint& b) { return a.x < b.x; });
@@ -204,7 +204,7 @@ std::vector<Polyline> EarthShapes::Line(const EarthLine& line) const {
     return pieces;
 }
 
-// The same of a ring. One around a pole is a line without an end, which is closed along the pole.
+// The same for a ring. A ring around a pole repeats every 360 degrees and is closed along the pole.
 std::vector<EarthLine> EarthShapes::ClosedCopies(const EarthLine& ring) const {
     const double turn = ring.back().x - ring.front().x;
     if (std::abs(turn) < TURN - SAME_DEGREES) return Copies(ring);

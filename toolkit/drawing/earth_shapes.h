@@ -1,5 +1,5 @@
-// Polylines and polygons whose segments are straight in longitude and latitude, as a map shows them: split
-// where the map ends and goes on at another rim, cut off where it shows nothing of them.
+// Projects polylines and polygons with segments that are straight in longitude and latitude. The result is
+// split where the map continues at another edge, and cut at the limits of the map.
 #pragma once
 
 #include <optional>
@@ -15,13 +15,13 @@ class EarthShapes {
   public:
     explicit EarthShapes(const MapSheet& sheet);
 
-    // Inside the frame.
+    // The parts of a line inside the frame.
     [[nodiscard]] std::vector<Polyline> Line(const EarthLine& line) const;
-    // What a polygon covers of the window, with an even-odd rule. A ring whose end is its start a turn
-    // further on has the nearer pole in it.
+    // The part of a polygon inside the window, by the even-odd rule. A ring that ends 360 degrees from its
+    // start contains the nearer pole.
     [[nodiscard]] std::vector<Polyline> Area(const std::vector<EarthLine>& rings) const;
 
-    // Whether what was drawn bends so often that it takes too long: it isn't complete then.
+    // Whether the shapes exceeded the budget of points and are incomplete.
     [[nodiscard]] bool IsSpent() const { return budget_.IsSpent(); }
 
   private:
@@ -32,9 +32,10 @@ class EarthShapes {
 
     const MapSheet& sheet_;
     mutable PointBudget budget_;
-    std::optional<Extent> extent_;  // what the map shows, and a little more
+    std::optional<Extent> extent_;  // the extent of the map with a margin
     std::optional<GeodezPayload> centre_;
-    double nearby_ = 0.0;  // metres: within the window, wherever one goes from its middle
+    double nearby_ =
+        0.0;  // metres; a distance from the middle that stays within the window in all directions
 };
 
 }  // namespace tessara::toolkit

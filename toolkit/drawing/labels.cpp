@@ -7,8 +7,8 @@
 namespace tessara::toolkit {
 namespace {
 
-// Parts of the font size.
-constexpr double ASCENT = 0.80;  // of letters with marks, too
+// Fractions of the font size.
+constexpr double ASCENT = 0.80;  // including letters with accents
 constexpr double DESCENT = 0.24;
 constexpr double MIDDLE = 0.36;  // of figures and capitals, above the baseline
 constexpr double NARROW = 0.42;

@@ -1,4 +1,4 @@
-// Where texts stand in a picture so that none lies over another.
+// Places texts in a picture without overlaps.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,7 @@ struct Box {
 
 enum class Anchor { START, MIDDLE, END };
 
-// A text by the place of its baseline.
+// A text, positioned by its baseline.
 struct PlacedText {
     PicturePoint at;
     Anchor anchor;
@@ -33,13 +33,13 @@ struct PlacedText {
     [[nodiscard]] Box Bounds() const;
 };
 
-// At most as wide as this in common sans-serif fonts.
+// An upper bound of the width in common sans-serif fonts.
 [[nodiscard]] double TextWidth(std::string_view utf8, double size);
 
-// The lines of a text that is broken between words, and within words that are longer than a line.
+// Breaks a text into lines between words, and within words that are longer than a line.
 [[nodiscard]] std::vector<std::string> WrapText(const std::string& utf8, double size, double width);
 
-// A text beside a point: `clearance` is the room around the point that it leaves free.
+// A text beside a point, at least `clearance` away from it.
 [[nodiscard]] PlacedText TextAbove(const PicturePoint& point, double clearance, std::string text,
                                    double size);
 [[nodiscard]] PlacedText TextBelow(const PicturePoint& point, double clearance, std::string text,
@@ -48,16 +48,17 @@ struct PlacedText {
                                     double size);
 [[nodiscard]] PlacedText TextRightOf(const PicturePoint& point, double clearance, std::string text,
                                      double size);
-// The four, and four between them, best first.
+// The eight directions, best first.
 [[nodiscard]] std::vector<PlacedText> TextsAround(const PicturePoint& point, double clearance,
                                                   const std::string& text, double size);
 
-// Takes no longer for many texts than for few: boxes are kept by the cells of the plane that they touch.
+// Boxes are stored by the cells that they touch, so that the time for a text does not grow with the number of
+// texts.
 class LabelPlacer {
   public:
-    // No text may stand here.
+    // Blocks a box.
     void Block(const Box& box);
-    // Takes the first candidate that is free and lies within `area`, if there is one.
+    // Places the first free candidate within `area`, if there is one.
     std::optional<PlacedText> Place(const std::vector<PlacedText>& candidates,
                                     const std::optional<Box>& area = std::nullopt);
     [[nodiscard]] bool IsFree(const Box& box) const;

@@ -7,10 +7,10 @@
 namespace tessara::toolkit {
 namespace {
 
-// By eighths of a turn a ring's points to the four winds are exact.
+// Steps of 1/8 give a ring exact points in the four cardinal directions.
 constexpr int PIECES = 32;
 constexpr int MOST_HALVINGS = 16;
-constexpr int HALVINGS_OF_NOTHING = 4;  // how closely a point is looked for where the ends have none
+constexpr int HALVINGS_OF_NOTHING = 4;  // depth of the search for a point if both ends have none
 
 struct Knot {
     double part;
@@ -45,7 +45,7 @@ class Tracer {
         if (knot.at) lines_.back().push_back(*knot.at);
     }
 
-    // From a knot that stands at the end of the lines.
+    // Continues from the knot at the end of the lines.
     void AddPiece(const Knot& from, const Knot& to, int halvings) {
         const Knot middle = KnotAt((from.part + to.part) / 2.0);
         if (IsStraight(from, middle, to)) {

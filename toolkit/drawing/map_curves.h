@@ -1,4 +1,4 @@
-// Curves on the earth as lines of the picture.
+// Projects curves on the earth to polylines of the picture.
 #pragma once
 
 #include <functional>
@@ -9,11 +9,11 @@
 
 namespace tessara::toolkit {
 
-// The point of a curve at a part of its way, from 0.0 to 1.0; nothing where it has none in the picture.
+// The point of a curve at a parameter from 0.0 to 1.0; nothing if the picture has no such point.
 using CurvePoint = std::function<std::optional<PicturePoint>(double part)>;
 
-// The pieces of a curve, each a chain that lies within LINE_TOLERANCE of it. Where the curve leaves the map
-// and goes on at another rim, or has no point, one piece ends and another begins, to a fraction of a unit.
+// The pieces of a curve, each a polyline within LINE_TOLERANCE of it. A new piece begins where the curve
+// continues at another edge of the map or has no points; the gap is located to a fraction of a unit.
 [[nodiscard]] std::vector<Polyline> TraceCurve(const CurvePoint& pointAt);
 
 }  // namespace tessara::toolkit

@@ -1,4 +1,4 @@
-// What a layer puts into the picture: shapes, texts, and entries of the legend.
+// The output of a layer: shapes, texts, and entries of the legend.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace tessara::toolkit {
 
-// By importance: what comes later lies on top.
+// Later ranks are drawn on top.
 enum class Rank { LAND, COAST, AREA, GRID, BORDER, OUTLINE, LINE, MARKER };
 
 [[nodiscard]] inline bool IsArea(Rank rank) {
@@ -27,10 +27,10 @@ struct Style {
     double fillOpacity = 1.0;
 };
 
-// Lines of one style; areas where there is a fill.
+// Lines of one style; areas if the style has a fill.
 struct Shape {
     Rank rank;
-    std::string classes;  // names for the reader of the file: what it is
+    std::string classes;  // CSS classes that name the kind of shape
     std::vector<Polyline> paths;
     Style style;
 };
@@ -40,8 +40,8 @@ struct Marker {
     Style style;
 };
 
-// A text at the frame, where a line of a grid ends. Of too many, every second, fifth ... is kept: those whose
-// ordinals are multiples.
+// A text at the frame, at the end of a grid line. If there are too many, every second, fifth ... remains:
+// those with ordinals that are multiples.
 struct FrameLabel {
     PicturePoint at;
     Side side;
@@ -55,7 +55,7 @@ struct FrameLabels {
     std::vector<FrameLabel> labels;
 };
 
-// A text inside the frame, at one of several places; it is left out where none has room.
+// A text inside the frame, at the first free one of several places; without a free place it is omitted.
 struct InnerLabel {
     std::vector<PlacedText> candidates;
     std::string classes;
@@ -76,11 +76,12 @@ struct Drawing {
     std::vector<FrameLabels> frameLabels;
     std::vector<InnerLabel> innerLabels;
     std::vector<LegendEntry> legend;
-    std::vector<std::string> problems;  // what can't be drawn
-    std::vector<std::string> notes;     // what isn't, for the reader of the map
+    std::vector<std::string> problems;  // error messages
+    std::vector<std::string> notes;     // omissions, for the reader of the map
 };
 
-// Picture units: how far a chain of points may lie beside its line, and within which two places are one.
+// Picture units: the maximum distance of a polyline from its curve, and the distance within which two points
+// coincide.
 inline constexpr double LINE_TOLERANCE = 0.25;
 inline constexpr double SAME_PLACE = 1.0;
 

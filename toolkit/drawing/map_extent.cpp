@@ -13,8 +13,7 @@ namespace {
 constexpr double HALF_TURN = 180.0;
 constexpr double POLE = 90.0;
 
-// Whether a pole is a point of the window. On some maps it is a line, which has no longitude more than
-// others.
+// Whether a pole is a point of the window. On some maps a pole is a line, where the longitude stays bounded.
 bool ShowsPole(const MapSheet& sheet, double latitude) {
     const auto at = sheet.ShownPointAt({latitude, 0.0, 0.0});
     const auto same = sheet.ShownPointAt({latitude, HALF_TURN / 2.0, 0.0});
@@ -22,7 +21,7 @@ bool ShowsPole(const MapSheet& sheet, double latitude) {
     return at->x >= 0.0 && at->x <= sheet.Width() && at->y >= 0.0 && at->y <= sheet.Height();
 }
 
-// All meridians meet in a pole: a window that shows one has each of them.
+// All meridians meet at a pole, so a window with a pole contains every longitude.
 Extent WithPoles(const MapSheet& sheet, Extent extent) {
     for (const double pole : {-POLE, POLE}) {
         if (!ShowsPole(sheet, pole)) continue;

@@ -1,4 +1,4 @@
-// How far the window of a map reaches.
+// The extent of the window of a map.
 #pragma once
 
 #include <optional>
@@ -20,7 +20,7 @@ struct Extent {  // degrees
 
 [[nodiscard]] std::optional<Extent> ExtentOf(const MapSheet& sheet, std::int32_t datum);
 
-// Not more than half a turn to either side of the middle of the window.
+// At most 180 degrees to either side of the middle of the window.
 [[nodiscard]] Extent OnceAround(const MapSheet& sheet, Extent extent);
 
 }  // namespace tessara::toolkit

@@ -18,7 +18,7 @@ constexpr double HALF_TURN = 180.0;
 constexpr double SAME_DEGREES = 1e-9;
 constexpr int SQUARE_DIGITS = 5;  // whole metres within a square
 constexpr std::int64_t SQUARE_METRES = 100000;
-constexpr double SLACK = 1e-9;  // of rounding, in parts of a step
+constexpr double SLACK = 1e-9;  // for rounding, in parts of a step
 
 bool IsWhole(double value) {
     return std::abs(value - std::round(value)) <= SLACK * std::max(1.0, std::abs(value));
@@ -31,7 +31,7 @@ int DecimalsOf(double step) {
     return decimals;
 }
 
-// The resolution that a text needs, in units of the system.
+// The resolution of a text, in units of the system.
 double ResolutionOf(std::int32_t system, double step) {
     if (system == KOORD_GEOGRAD || system == KOORD_GEODEZMIN) {
         for (const double parts : {1.0, MINUTES, SECONDS}) {
@@ -48,7 +48,7 @@ bool IsDegreesOrCode(std::int32_t system) {
     return IsDegrees(system) || system == KOORD_GEOREF;
 }
 
-// Degrees in parts and letters become decimal ones, squares the grid that they are cut from.
+// Replaces degrees with minutes by decimal degrees, and lettered squares by their grid.
 CKoord AsNumbers(const CKoord& koord) {
     const auto system = static_cast<std::int32_t>(koord.type);
     if (!IsDegreesOrCode(system) && system != KOORD_UTMREF) return koord;
@@ -59,7 +59,7 @@ CKoord AsNumbers(const CKoord& koord) {
     return host::RecordOf(coord);
 }
 
-// Longitudes go on over the date line on a map, and a label has them within half a turn.
+// Longitudes on a map continue across the date line; labels normalise them to -180..180.
 IRef<ICoord> WithinHalfATurn(ICoord* coord) {
     const CKoord koord = host::RecordOf(coord);
     const auto system = static_cast<std::int32_t>(koord.type);
@@ -77,20 +77,20 @@ bool IsNumber(const std::string& text) {
     return text.find_first_not_of("+-.0123456789") == std::string::npos;
 }
 
-// A number by itself doesn't say which axis it belongs to.
+// A bare number does not identify its axis.
 std::string WithAxis(const std::string& text, Axis axis) {
     if (!IsNumber(text)) return text;
     return text + (axis == Axis::North ? " N" : " E");
 }
 
-// The equator and the two meridians of Greenwich belong to no side.
+// The equator and the meridians 0 and 180 have no hemisphere letter.
 bool IsMiddleLine(double degrees, Axis axis) {
     const double period = axis == Axis::North ? 4.0 * HALF_TURN : HALF_TURN;
     return std::abs(std::remainder(degrees, period)) < SAME_DEGREES;
 }
 
-// The digits within the square that the step needs, as they stand on printed sheets: 91 for 91000 of a step
-// of 1000.
+// The digits within the square that the step requires, as on printed sheets: 91 for 91000 with a step of
+// 1000.
 std::string DigitsInSquare(double value, double step) {
     int digits = SQUARE_DIGITS;
     while (digits > 0 && IsWhole(step / std::pow(10.0, SQUARE_DIGITS - digits + 1)))
@@ -116,7 +116,7 @@ std::string LibraryText(ICoord* coord, Axis axis, double step) {
     return host::ToUtf8(text);
 }
 
-// In the form of the system, and with the side of the earth: 48.25\u00B0N, 48\u00B015'N.
+// In the notation of the system, with the hemisphere letter: 48.25\u00B0N, 48\u00B015'N.
 std::string DegreesText(ICoord* coord, Axis axis, double value, double step) {
     const bool isMiddle = IsMiddleLine(value, axis);
     if (host::RecordOf(coord).type == KOORD_GEODEZ) {
@@ -128,7 +128,7 @@ std::string DegreesText(ICoord* coord, Axis axis, double value, double step) {
     return isMiddle ? text.substr(0, text.find_first_of("NSEW")) : text;
 }
 
-// Of a step as long as a square, the value in the grid that squares are cut from.
+// For a step of a whole square, the value in the underlying grid.
 std::string SquareText(ICoord* coord, Axis axis, double value, double step) {
     if (step < SQUARE_METRES) return WithAxis(DigitsInSquare(value, step), axis);
     return WithAxis(LibraryText(host::CoordOf(AsNumbers(host::RecordOf(coord))).Get(), axis, step), axis);
@@ -140,7 +140,7 @@ std::optional<double> AxisValue(ICoord* coord, Axis axis) {
     const CKoord koord = AsNumbers(host::RecordOf(coord));
     const bool isNorth = axis == Axis::North;
     std::optional<double> value;
-    // The whole value of a lettered grid comes behind the one within its square.
+    // The text of a lettered grid has the full value after the value within the square.
     for (const Field& field : FieldsOf(koord)) {
         const std::string name = field.name;
         const bool isMeant =

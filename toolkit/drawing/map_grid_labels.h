@@ -1,4 +1,4 @@
-// The value of a grid line as a text.
+// Labels of grid lines.
 #pragma once
 
 #include <optional>
@@ -10,12 +10,12 @@ namespace tessara::toolkit {
 
 enum class Axis { East, North };
 
-// The value that all points of the line have on the axis, as precise as the step needs and in a form that
-// shows which axis it is. It is the text of the library but for what those of some systems hold besides: of
-// BNG, ING and VDG the number, of UTMREF the digits within the square. Longitudes are within half a turn.
+// The common value of all points of the line on the axis, as precise as the step requires and in a form that
+// identifies the axis. Most systems use the text of the library; BNG, ING and VDG use the number, and UTMREF
+// uses the digits within the square. Longitudes are in -180..180.
 [[nodiscard]] std::string AxisText(ICoord* coord, Axis axis, double step);
 
-// The same as a number; nothing for UTMREF, which has letters in its place.
+// The value as a number; nothing for UTMREF, which uses letters.
 [[nodiscard]] std::optional<double> AxisValue(ICoord* coord, Axis axis);
 
 }  // namespace tessara::toolkit

@@ -17,14 +17,14 @@
 namespace tessara::toolkit {
 namespace {
 
-// Wider than a zone: of such a grid only the borders are left.
+// Wider than a zone, so that the grid has only the borders.
 constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
-// How far a point of a border may lie beside it: UTMREF has whole metres.
+// The maximum distance of a point from its border; UTMREF has whole metres.
 constexpr double BESIDE_BORDER = 1.5;  // metres
 constexpr double BESIDE = 0.01;        // degrees
 constexpr double FULL_TURN = 360.0;
 
-constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // each is compared with all others
+constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // the time is quadratic in this number
 
 constexpr double SQUARE_SIZE = 18.0;
 constexpr double CLOSE_BORDERS = 60.0;  // picture units from one to the next
@@ -44,7 +44,7 @@ bool LiesOn(Neighbour border, ICoord* coord) {
     return std::abs(IRef<ICoordInternal>(coord)->EastDifference(at.Get())) <= BESIDE_BORDER;
 }
 
-// The zone in which a place lies, as the ground has it: over the date line numbers begin anew.
+// The zone of a position on the ground, where numbers restart at the date line.
 std::string ZoneAt(const Reference& reference, double latitude, double longitude) {
     const IRef<ICoord> degrees =
         DegreesCoord(latitude, std::remainder(longitude, FULL_TURN), reference.datum);
@@ -63,7 +63,7 @@ std::optional<GeodezPayload> DegreesOf(ICoord* coord, std::int32_t datum) {
     return Load<GeodezPayload>(host::RecordOf(degrees));
 }
 
-// Borders are meridians. In their middle no limit of the system is near.
+// Borders are meridians; their middles are far from the limits of the system.
 std::string ZonesBeside(const GridLine& border, const Reference& reference) {
     const auto first = DegreesOf(border.first.Get(), reference.datum);
     const auto last = DegreesOf(border.last.Get(), reference.datum);
@@ -73,7 +73,7 @@ std::string ZonesBeside(const GridLine& border, const Reference& reference) {
            ZoneAt(reference, latitude, first->longitude + BESIDE);
 }
 
-// The two zones that a line parts; empty for a line that is no border.
+// The two zones on both sides of a border; empty for other lines.
 std::string BorderText(const GridLine& line, const Reference& reference) {
     const auto isOn = [&line](Neighbour border) {
         return LiesOn(border, line.first.Get()) && LiesOn(border, line.last.Get());
@@ -111,7 +111,7 @@ class GridDrawer {
         drawing_.frameLabels.push_back(std::move(labels));
     }
 
-    // Those that the lines came upon.
+    // Draws the borders found among the grid lines.
     void DrawBorders(const Style& style) {
         Shape shape{Rank::BORDER, "border", {}, style};
         FrameLabels labels{"border-label", style.stroke, {}};
@@ -123,7 +123,7 @@ class GridDrawer {
         drawing_.frameLabels.push_back(std::move(labels));
     }
 
-    // Many of them in the window are drawn thin, so that they don't cover the map.
+    // Many borders in the window are drawn thin, so that they do not cover the map.
     [[nodiscard]] Style ThinnedBorders(std::optional<std::size_t> colour) const {
         const double apart = sheet_.Width() / static_cast<double>(borders_.size() + 1);
         return BorderStyle(colour, apart < CLOSE_BORDERS);
@@ -141,11 +141,11 @@ class GridDrawer {
         const bool isNamed = !layer_.name.empty();
         drawing_.legend.push_back({LegendEntry::Sample::LINE, style, isNamed ? layer_.name : text});
     }
-    // Beside the entry of a grid, which may have a name of its own.
+    // Added to the entry of the grid, which may have a name.
     void AddBorderLegend(const Style& style, const std::string& text) {
         drawing_.legend.push_back({LegendEntry::Sample::LINE, style, text});
     }
-    // In the middle of each, as large as is usual on printed sheets.
+    // In the middle of each square, in the size that is usual on printed sheets.
     void NameSquares(const std::string& colour) {
         for (const NamedSquare& square : SquaresOf(sheet_, reference_)) {
             if (TextWidth(square.name, SQUARE_SIZE) > square.width) continue;
@@ -171,18 +171,18 @@ class GridDrawer {
         PointBudget budget;
         std::optional<std::vector<GridLine>> lines = FindLines(grid, axis, &budget);
         if (budget.IsSpent()) {
-            AddProblem("the " + NameOf(axis) + " lines of " + reference_.Name() + " take more than " +
-                       std::to_string(PointBudget::MOST_POINTS) + " points; a greater step is needed");
+            AddProblem("the " + NameOf(axis) + " lines of " + reference_.Name() + " have more than " +
+                       std::to_string(PointBudget::MOST_POINTS) + " points; increase the step");
             return {};
         }
         if (!lines) {
-            AddProblem("there are more than " + std::to_string(MOST_LINES) + " " + NameOf(axis) +
-                       " lines of " + reference_.Name() + "; a greater step is needed");
+            AddProblem("more than " + std::to_string(MOST_LINES) + " " + NameOf(axis) + " lines of " +
+                       reference_.Name() + "; increase the step");
         }
         return std::move(lines).value_or(std::vector<GridLine>());
     }
 
-    // Nothing where there are too many.
+    // Returns nothing if there are too many lines.
     std::optional<std::vector<GridLine>> FindLines(ICoordinateGrid& grid, Axis axis, PointBudget* budget) {
         const double step = StepOf(grid, axis);
         if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step, budget);
@@ -193,13 +193,12 @@ class GridDrawer {
         if (lines->GetCount() > MOST_LINES) return std::nullopt;
         std::vector<GridLine> placed = PlaceLines(sheet_, lines.Get(), budget);
         if (!isComplete && !budget->IsSpent()) {
-            AddProblem("not all " + NameOf(axis) + " lines of " + reference_.Name() +
-                       " have a place on the map");
+            AddProblem("cannot draw all " + NameOf(axis) + " lines of " + reference_.Name());
         }
         return placed;
     }
 
-    // Where a line meets the frame; at its ends if it doesn't.
+    // The points where a line meets the frame, or its ends if it does not.
     void AddLabels(const GridLine& line, Axis axis, const std::string& text, std::int64_t ordinal,
                    FrameLabels* labels) {
         std::size_t count = 0;
@@ -221,13 +220,14 @@ class GridDrawer {
         if (!isRing) AddLabelBeyond(last[last.size() - 2], last.back(), text, *labels);
     }
 
-    // Half a turn east and west may be one line.
+    // 180 degrees east and west can be one line.
     static bool IsNew(const PicturePoint& end, const FrameLabels& labels) {
         return std::none_of(labels.labels.begin(), labels.labels.end(),
                             [&end](const FrameLabel& other) { return Distance(end, other.at) < SAME_PLACE; });
     }
 
-    // Where a meridian of the whole earth crosses the middle row of the window: at its ends they all meet.
+    // Labels a meridian of a world map at the middle row of the window, because all meridians meet at the
+    // ends.
     bool AddLabelInside(const GridLine& line, const std::string& text, const FrameLabels& labels) {
         const double row = sheet_.Height() / 2.0;
         for (const Polyline& piece : line.pieces) {
@@ -246,7 +246,7 @@ class GridDrawer {
         return false;
     }
 
-    // In the direction in which the line would go on, or within it where there is no room.
+    // Beyond the end of the line, or inside it without room there.
     void AddLabelBeyond(const PicturePoint& before, const PicturePoint& end, const std::string& text,
                         const FrameLabels& labels) {
         const double dx = end.x - before.x;
@@ -271,7 +271,7 @@ class GridDrawer {
     std::vector<std::pair<GridLine, std::string>> borders_;
 };
 
-// A step of degrees as whole degrees, minutes or seconds where it is one.
+// A step in whole degrees, minutes or seconds if possible.
 std::string DegreesText(double step) {
     struct Unit {
         double parts;
@@ -311,7 +311,7 @@ Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& gri
     drawer.AddLegend(style, grid.reference.Name() + ", every " + StepsText(grid));
     const IRef<ICoordinateGrid> lines = MakeGrid(sheet, grid.reference, grid.eastStep, grid.northStep);
     if (!lines.IsValid()) {
-        drawer.AddProblem("the window has no place in " + grid.reference.Name());
+        drawer.AddProblem("the window is outside the area of " + grid.reference.Name());
         return drawer.Take();
     }
     drawer.DrawLines(*lines.Get(), Axis::North, style);
@@ -332,7 +332,7 @@ Drawing DrawBorders(const MapSheet& sheet, const Layer& layer, const BordersLaye
     if (lines.IsValid()) {
         drawer.KeepBorders(*lines.Get());
     } else {
-        drawer.AddProblem("the window has no place in " + borders.reference.Name());
+        drawer.AddProblem("the window is outside the area of " + borders.reference.Name());
     }
     const Style style = drawer.ThinnedBorders(layer.look.colour);
     drawer.AddLegend(style, "zone borders of " + borders.reference.Name());

@@ -7,7 +7,7 @@
 
 namespace tessara::toolkit {
 
-// `index` counts the grids of a picture.
+// `index` is the index of the grid in the picture.
 [[nodiscard]] Drawing DrawGrid(const MapSheet& sheet, const Layer& layer, const GridLayer& grid,
                                std::size_t index);
 [[nodiscard]] Drawing DrawBorders(const MapSheet& sheet, const Layer& layer, const BordersLayer& borders);

@@ -14,23 +14,23 @@ namespace {
 constexpr double HALF_TURN = 180.0;
 constexpr double RADIANS_PER_DEGREE = std::numbers::pi / 180.0;
 constexpr double LEAST_METRES_PER_DEGREE = 1e5;  // a tenth less than on any ellipsoid
-constexpr double PIECE = 5.0;                    // degrees; of a line that is drawn in pieces
+constexpr double PIECE = 5.0;                    // degrees; the length of a piece
 constexpr int MOST_HALVINGS = 6;
 constexpr int HALVINGS_TO_AN_END = 16;
 constexpr double SHORTEST_LINE = 1.0;  // picture units
-constexpr double SLACK = 1e-9;         // of rounding, in steps
+constexpr double SLACK = 1e-9;         // for rounding, in steps
 
-constexpr std::size_t POINTS_OF_A_FAILURE = 10;  // what a piece takes that isn't on the map, roughly
+constexpr std::size_t POINTS_OF_A_FAILURE = 10;  // the approximate cost of a piece outside the map
 
-// The pole is a line of equal north value, too.
+// A pole has a constant north value, too.
 bool IsSeen(const Polyline& piece) {
     return std::any_of(piece.begin(), piece.end(), [&](const PicturePoint& point) {
         return std::hypot(point.x - piece.front().x, point.y - piece.front().y) >= SHORTEST_LINE;
     });
 }
 
-// Adds the points of chains to parts, of which the last goes on. Between a point that the map shows and one
-// that it doesn't, the part goes on to where it ends.
+// Appends points of polylines to the last part. Between a point on the map and one outside it, the part
+// continues up to the limit of the map.
 class PartWriter {
   public:
     PartWriter(const MapSheet& sheet, std::vector<Polyline>* parts) : sheet_(sheet), parts_(*parts) {}
@@ -93,7 +93,7 @@ double DegreesAcross(const Extent& extent, Axis axis) {
     return axis == Axis::East ? extent.east - extent.west : extent.north - extent.south;
 }
 
-// At least, in metres along the widest parallel or along a meridian.
+// A lower bound in metres, along the widest parallel or along a meridian.
 double MetresAcross(const Extent& extent, Axis axis) {
     const double metres = DegreesAcross(extent, axis) * LEAST_METRES_PER_DEGREE;
     if (axis == Axis::North) return metres;
@@ -101,7 +101,7 @@ double MetresAcross(const Extent& extent, Axis axis) {
     return metres * std::max(0.0, std::cos(widest * RADIANS_PER_DEGREE));
 }
 
-// At least, in units of the system.
+// A lower bound in units of the system.
 double WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
     const bool isEast = axis == Axis::East;
     if (IsPixel(reference.system)) return isEast ? sheet.MapWindow().Width() : sheet.MapWindow().Height();
@@ -124,7 +124,7 @@ class GraticuleLine {
         lines_->SetPixelTolerance(LINE_TOLERANCE / sheet.Zoom());
     }
 
-    // From one end to the other, in degrees of the other axis.
+    // The range of the other axis, in degrees.
     [[nodiscard]] GridLine Draw(Axis axis, double value, double from, double to) const {
         std::vector<Polyline> parts(1);
         const double count = std::max(1.0, std::ceil((to - from) / PIECE));
@@ -135,7 +135,7 @@ class GraticuleLine {
     }
 
   private:
-    // Of a piece that isn't on the map as a whole the parts that are.
+    // The parts on the map of a piece that crosses its limit.
     void AddPiece(Axis axis, double value, double from, double to, int halvings,
                   std::vector<Polyline>* parts) const {
         if (budget_.IsSpent()) return;

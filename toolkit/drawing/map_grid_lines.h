@@ -1,4 +1,4 @@
-// Lines of a grid as they lie in the picture.
+// Projects the lines of a grid to the picture.
 #pragma once
 
 #include <cstddef>
@@ -17,12 +17,12 @@ struct GridLine {
     std::vector<Polyline> pieces;  // inside the frame
 };
 
-// How many points lines may have until it takes too long. A map that nobody would draw makes many of a line.
+// A limit for the number of points, because a degenerate map can bend lines without end.
 class PointBudget {
   public:
     static constexpr std::size_t MOST_POINTS = 1000000;
 
-    // False from the point on that is one too many.
+    // Returns false once the budget is exceeded.
     bool Take(std::size_t points) {
         taken_ += points;
         return !IsSpent();
@@ -33,19 +33,19 @@ class PointBudget {
     std::size_t taken_ = 0;
 };
 
-// Lines of the library: lists of ICoord. None where they spend the budget.
+// Projects lines of the library, which are lists of ICoord. Empty if they exceed the budget.
 [[nodiscard]] std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudget* budget);
 
-// More lines than anyone can tell apart.
+// The largest readable number of lines.
 inline constexpr std::uint32_t MOST_LINES = 2000;
 
-// Whether the window is so wide that there are more, as far as its extremes tell: making them to count them
-// would take long.
+// Whether the extremes of the window imply more lines; computing the lines to count them would take long.
 [[nodiscard]] bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step);
 
-// Whether the window reaches more than half around the earth and the system is one of degrees. Its lines are
-// then drawn piece by piece, once around: what comes again, and what has no pixel, as a pole may have none,
-// is left out. Nothing where there are more than MOST_LINES, and only some lines where they spend the budget.
+// Whether the window covers more than half of the earth and the system is in degrees. PlaceGraticule draws
+// such lines piece by piece, once around the earth, without repetitions and without parts that have no pixel,
+// such as a pole. It returns nothing for more than MOST_LINES lines, and incomplete lines if they exceed the
+// budget.
 [[nodiscard]] bool IsGraticule(const MapSheet& sheet, const Reference& reference);
 [[nodiscard]] std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet,
                                                                   const Reference& reference, Axis axis,

@@ -22,7 +22,7 @@ namespace {
 constexpr double MARKER_CLEARANCE = 6.0;
 constexpr double LINE_CLEARANCE = 5.0;
 
-// What all layers are drawn with.
+// Draws a layer.
 class LayerDrawer {
   public:
     LayerDrawer(const MapSheet& sheet, const Layer& layer)
@@ -60,7 +60,7 @@ class LayerDrawer {
         AddLegend(LegendEntry::Sample::LINE, style, "range rings");
         const std::optional<GeodezPayload> centre = sheet_.NearDegreesOf(rings.centre.coord.Get());
         if (!centre) {
-            AddProblem(rings.centre.where, "the centre has no place on the earth");
+            AddProblem(rings.centre.where, "cannot convert the centre to degrees");
             return;
         }
         AddMarker(rings.centre, MarkerStyle(layer_.look.colour));
@@ -142,8 +142,8 @@ class LayerDrawer {
 
     void CheckBudget(const EarthShapes& shapes) {
         if (!shapes.IsSpent()) return;
-        AddProblem(layer_.where, "its lines bend in more than " + std::to_string(PointBudget::MOST_POINTS) +
-                                     " points on this map, and aren't complete");
+        AddProblem(layer_.where, "the lines have more than " + std::to_string(PointBudget::MOST_POINTS) +
+                                     " points on this map and are incomplete");
     }
 
     void AddCountryBorders(const EarthShapes& shapes) {
@@ -169,7 +169,7 @@ class LayerDrawer {
         drawing_.shapes.push_back(std::move(outline));
     }
 
-    // The kinds of geometries that there are, which are named where they are several.
+    // Adds the kinds of geometries to the legend; several kinds get names.
     void AddKinds(std::vector<std::pair<std::size_t, LegendEntry>> kinds, const std::string& file) {
         std::erase_if(kinds, [](const auto& kind) { return kind.first == 0; });
         const std::string name = layer_.name.empty() ? file : layer_.name;
@@ -189,13 +189,13 @@ class LayerDrawer {
         if (outside_ > 0) {
             drawing_.notes.push_back(std::to_string(outside_) + " of " +
                                      std::to_string(outside_ + drawing_.markers.size()) + " points of \"" +
-                                     name + "\", outside the window");
+                                     name + "\" (outside the window)");
             return;
         }
         const bool isSeen = !drawing_.markers.empty() || !drawing_.problems.empty() ||
                             std::any_of(drawing_.shapes.begin(), drawing_.shapes.end(),
                                         [this](const Shape& shape) { return IsSeen(shape); });
-        if (!isSeen) drawing_.notes.push_back("\"" + name + "\", all of it outside the window");
+        if (!isSeen) drawing_.notes.push_back("\"" + name + "\" (entirely outside the window)");
     }
 
     [[nodiscard]] std::string NameForNotes() const {
@@ -224,14 +224,14 @@ class LayerDrawer {
 
     std::optional<PicturePoint> PlaceOf(const Site& site) {
         const std::optional<PicturePoint> point = sheet_.NearPointOf(site.coord.Get());
-        if (!point) AddProblem(site.where, "the place has no pixel on the map");
+        if (!point) AddProblem(site.where, "the position has no pixel on the map");
         return point;
     }
 
     void AddMarker(const Site& site, const Style& style) {
         const std::optional<PicturePoint> point = PlaceOf(site);
         if (!point) return;
-        // A polar map has a pixel for the other hemisphere, too, on which it shows another place.
+        // A polar map has pixels for the other hemisphere, too, but shows different positions there.
         if (!IsInside(*point) || !sheet_.ShownPointOf(site.coord.Get())) {
             ++outside_;
             return;
@@ -288,7 +288,7 @@ class LayerDrawer {
                 return begin && end ? std::vector<Polyline>{{*begin, *end}} : std::vector<Polyline>();
             }
         }
-        if (way.empty()) AddProblem(to.where, "the line to this place can't be drawn on the map");
+        if (way.empty()) AddProblem(to.where, "cannot draw the line to this position on the map");
         return way;
     }
 
@@ -300,7 +300,7 @@ class LayerDrawer {
         const GeodesicResult way =
             Geodesic_InverseCore(a->latitude, a->longitude, b->latitude, b->longitude, axisA, axisB);
         if (!(way.distance >= 0.0)) return {};
-        // From either end to the middle: near the antipode the way has a bend there.
+        // From both ends to the middle, because a nearly antipodal geodesic bends sharply there.
         return TraceCurve([&](double part) {
             return part < 0.5 ? PlaceAt(*a, part * way.distance, way.azimuth12)
                               : PlaceAt(*b, (1.0 - part) * way.distance, way.azimuth21);
@@ -321,7 +321,7 @@ class LayerDrawer {
         return {line};
     }
 
-    // A copy in the reference; a pixel comes there by the map.
+    // A copy in the reference; the map converts pixels.
     [[nodiscard]] std::optional<IRef<ICoord>> InReference(const Site& site,
                                                           const Reference& reference) const {
         IRef<ICoord> copy(CreateClassCoord());
@@ -340,7 +340,7 @@ class LayerDrawer {
         return {axes[0], axes[1]};
     }
 
-    // The interfaces offer no geodesic by azimuth and distance, the static kernel does.
+    // The interfaces have no direct geodesic problem; the kernel does.
     [[nodiscard]] std::optional<PicturePoint> PlaceAt(const GeodezPayload& centre, double radius,
                                                       double azimuth) const {
         const auto [axisA, axisB] = Axes();
@@ -365,7 +365,7 @@ class LayerDrawer {
         drawing_.innerLabels.push_back(std::move(label));
     }
 
-    // Nothing if a corner has no pixel.
+    // Returns nothing if a corner has no pixel.
     std::optional<Polyline> Outline(const std::vector<Site>& sites) {
         Polyline outline;
         for (const Site& site : sites) {
@@ -386,7 +386,7 @@ class LayerDrawer {
         const std::int32_t code =
             area->OverlayPixels(sheet_.Map(), PixelsOf(overlay.first).Get(), PixelsOf(overlay.second).Get(),
                                 lists[0].Get(), lists[1].Get(), lists[2].Get(), lists[3].Get());
-        if (code < 0) return AddProblem(layer_.where, "the polygons can't be overlaid");
+        if (code < 0) return AddProblem(layer_.where, "cannot overlay the polygons");
 
         Parts parts = WholeParts(code, first, second);
         for (std::size_t part = 0; part < PART_COUNT; ++part) {
@@ -396,8 +396,8 @@ class LayerDrawer {
         AddPartShapes(parts, code);
     }
 
-    // What the polygons are to each other where their outlines don't cross and no parts are given: an outline
-    // within another one is a hole of it.
+    // The parts of two polygons with outlines that do not cross, for which the library returns none. An inner
+    // outline is a hole of the outer one.
     static Parts WholeParts(std::int32_t code, const Polyline& first, const Polyline& second) {
         switch (code) {
             case 1:
@@ -418,9 +418,9 @@ class LayerDrawer {
                                                                   "only in the first", "in both"};
         static const std::array<const char*, PART_COUNT> classes = {"neither", "only-second", "only-first",
                                                                     "both"};
-        static const std::array<const char*, 6> relations = {
-            "they share no area",           "they cover the same area", "the first lies in the second",
-            "the second lies in the first", "their outlines cross",     "they touch"};
+        static const std::array<const char*, 6> relations = {"no common area",      "same area",
+                                                             "first inside second", "second inside first",
+                                                             "crossing outlines",   "touching outlines"};
         const std::string name = layer_.name.empty() ? "two polygons" : layer_.name;
         drawing_.legend.push_back(
             {LegendEntry::Sample::NONE, {}, name + ": " + relations.at(static_cast<std::size_t>(code))});
@@ -431,7 +431,7 @@ class LayerDrawer {
         }
     }
 
-    // The library works on pixels of the map. All corners have one here.
+    // The library works on pixels of the map; here all corners have one.
     [[nodiscard]] IRef<IArray> PixelsOf(const std::vector<Site>& sites) const {
         IRef<IArray> pixels(CreateClassArray());
         const IRef<ICoordinateReference> reference =

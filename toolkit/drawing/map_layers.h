@@ -1,4 +1,4 @@
-// Layers become shapes and texts of the picture.
+// Converts layers to shapes and texts of the picture.
 #pragma once
 
 #include "drawing/map_drawing.h"
@@ -7,7 +7,7 @@
 
 namespace tessara::toolkit {
 
-// `gridIndex` counts the grids in the layers before it.
+// `gridIndex` is the number of grids in the preceding layers.
 [[nodiscard]] Drawing DrawLayer(const MapSheet& sheet, const Layer& layer, std::size_t gridIndex);
 
 }  // namespace tessara::toolkit

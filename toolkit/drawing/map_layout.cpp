@@ -17,17 +17,17 @@ namespace {
 
 constexpr double TITLE_SIZE = 20.0;
 constexpr double LEGEND_SIZE = 13.0;
-constexpr double BOLD = 1.12;  // as wide as plain letters
+constexpr double BOLD = 1.12;  // width relative to regular letters
 constexpr double PADDING = 12.0;
 constexpr double LEGEND_GAP = 14.0;
 constexpr double SAMPLE_GAP = 8.0;
 constexpr double ENTRY_GAP = 28.0;
 constexpr int LEGEND_COLUMNS = 3;
 constexpr double TITLE_ROW = 26.0;
-constexpr double SCALE_HEIGHT = 22.0;  // of the bar and what stands above it
+constexpr double SCALE_HEIGHT = 22.0;  // of the bar and the texts above it
 constexpr double REMARK_GAP = 30.0;
 constexpr double MM_PER_METRE = 1000.0;
-constexpr double SCALE_TOLERANCE = 1.25;  // of one that is meant for a latitude
+constexpr double SCALE_TOLERANCE = 1.25;  // for a scale that holds at one latitude
 constexpr double MEASURES_GAP = 6.0;
 
 constexpr double FRAME_CLEARANCE = 5.0;
@@ -50,8 +50,8 @@ PlacedText BesideFrame(const FrameLabel& label, double clearance) {
     }
 }
 
-// At the frame, or so far outward that it clears what stands there: in rows above and below, by the width of
-// what is in the way on the sides.
+// At the frame, or outward beyond other labels: by rows above and below the window, by the width of the label
+// in the way on the sides.
 std::vector<PlacedText> OutwardPlaces(const FrameLabel& label) {
     const bool isBeside = label.side == Side::LEFT || label.side == Side::RIGHT;
     const double step = isBeside ? 1.0 : LABEL_SIZE * LINE_HEIGHT;
@@ -61,7 +61,7 @@ std::vector<PlacedText> OutwardPlaces(const FrameLabel& label) {
     return places;
 }
 
-// Whether those of every so many labels stand clear of each other.
+// Whether every n-th label fits without overlaps.
 bool AreClear(const std::vector<FrameLabel>& labels, std::int64_t stride) {
     LabelPlacer placer;
     return std::all_of(labels.begin(), labels.end(), [&](const FrameLabel& label) {
@@ -104,7 +104,7 @@ class Layout {
     }
 
   private:
-    // A map in degrees, or by polynomials, doesn't read the scale, which may be that of another map.
+    // Maps in degrees or with polynomials do not use the scale, so that it may be wrong.
     void CheckScale() {
         const SheetDescription& sheet = description_.sheet;
         if (!IsFreeOfScale(sheet.projection) || sheet.scaleDenominator == 0 || sheet.resolution == 0.0)
@@ -116,9 +116,9 @@ class Layout {
             std::minmax({ground->across * sheet_.Zoom(), ground->down * sheet_.Zoom()});
         isScaleRight_ = said * SCALE_TOLERANCE >= least && said <= most * SCALE_TOLERANCE;
         if (isScaleRight_) return;
-        layout_.problems.push_back("scale: with the resolution it makes " + FormatPlain(said, 3) +
-                                   " metres of a pixel, which has " + FormatPlain(least, 3) + " by " +
-                                   FormatPlain(most, 3));
+        layout_.problems.push_back("scale: 'scale' and 'resolution' give " + FormatPlain(said, 3) +
+                                   " metres per pixel; the projection gives " + FormatPlain(least, 3) +
+                                   " by " + FormatPlain(most, 3));
     }
 
     void DrawLayers() {
@@ -131,7 +131,7 @@ class Layout {
         }
     }
 
-    // Borders come first: there are few of them, and the grid's own labels can step back.
+    // Borders come first, because they are few and grid labels can move outward.
     void PlaceFrameLabels() {
         for (const bool isBorder : {true, false}) {
             for (const Drawing& drawing : layout_.drawings) {
@@ -153,7 +153,7 @@ class Layout {
         }
     }
 
-    // A border of two layers has one label.
+    // A border in two layers has one label.
     bool IsNew(const FrameLabel& label) {
         const bool isThere = std::any_of(labelled_.begin(), labelled_.end(), [&](const FrameLabel& other) {
             return other.text == label.text &&
@@ -168,7 +168,7 @@ class Layout {
             for (const Marker& marker : drawing.markers)
                 placer_.Block(Box{marker.at.x, marker.at.y, marker.at.x, marker.at.y}.Grown(MARKER_RADIUS));
         }
-        // The last layer is on top, and its names come first.
+        // The last layer is on top, so its names are placed first.
         for (auto drawing = layout_.drawings.rbegin(); drawing != layout_.drawings.rend(); ++drawing) {
             for (const InnerLabel& label : drawing->innerLabels)
                 if (!PlaceText(label.candidates, label.classes, label.colour, layout_.window) &&
@@ -190,9 +190,8 @@ class Layout {
         for (const Drawing& drawing : layout_.drawings)
             layout_.notes.insert(layout_.notes.end(), drawing.notes.begin(), drawing.notes.end());
         if (crowdedOut_ > 0)
-            layout_.notes.push_back(std::to_string(crowdedOut_) + (crowdedOut_ == 1
-                                                                       ? " name that has no room"
-                                                                       : " names that have no room"));
+            layout_.notes.push_back(std::to_string(crowdedOut_) +
+                                    (crowdedOut_ == 1 ? " name (no room)" : " names (no room)"));
     }
 
     void Extend(const Box& box) {
@@ -200,7 +199,7 @@ class Layout {
                    std::max(bounds_.right, box.right), std::max(bounds_.bottom, box.bottom)};
     }
 
-    // Below the map: how to measure it, what it is, what its layers are, and what is left out.
+    // Below the map: scale bar and north arrow, projection, layers and omissions.
     void PlaceLegend() {
         double y = PlaceMeasures(bounds_.bottom + LEGEND_GAP);
         y = PlaceLines({0.0, y + LEGEND_ROW / 2.0}, SheetText(), "legend");
@@ -212,7 +211,7 @@ class Layout {
         PlaceLines({0.0, y}, notes, "note");
     }
 
-    // Returns where what follows may begin.
+    // Returns the position of the next item.
     double PlaceMeasures(double y) {
         const std::optional<ScaleBar> bar = MeasureScaleBar(sheet_);
         const std::optional<double> north = MeasureNorth(sheet_);
@@ -260,7 +259,7 @@ class Layout {
         return width;
     }
 
-    // Each layer begins in a column, and takes as many as it needs.
+    // Each layer starts a column and uses as many as it needs.
     double PlaceEntries(double y) {
         const double column = layout_.window.right / LEGEND_COLUMNS;
         int filled = 0;
@@ -280,7 +279,7 @@ class Layout {
         return y;
     }
 
-    // The entries of a layer, in rows as wide as the window. Returns the last of the rows.
+    // Places the entries of a layer in rows as wide as the window. Returns the last row.
     double PlaceLayer(const Drawing& drawing, PicturePoint at) {
         const double left = at.x;
         for (const LegendEntry& entry : drawing.legend) {
@@ -307,7 +306,7 @@ class Layout {
         std::string text = ProjectionName(sheet.projection) + " on " + DatumName(sheet.datum);
         if (sheet.scaleDenominator > 0 && isScaleRight_)
             text += ", 1:" + std::to_string(sheet.scaleDenominator);
-        if (sheet.resolution > 0.0) text += ", " + FormatPlain(sheet.resolution) + " pixels a millimetre";
+        if (sheet.resolution > 0.0) text += ", " + FormatPlain(sheet.resolution) + " pixels per millimetre";
         return text + "; columns " + FormatPlain(window.left) + " to " + FormatPlain(window.right) +
                ", rows " + FormatPlain(window.top) + " to " + FormatPlain(window.bottom);
     }
@@ -332,7 +331,7 @@ class Layout {
     LabelPlacer placer_;
     std::vector<FrameLabel> labelled_;
     MapLayout layout_;
-    Box bounds_{};  // of all that is placed
+    Box bounds_{};  // of all placed items
     std::size_t crowdedOut_ = 0;
     bool isScaleRight_ = true;
 };

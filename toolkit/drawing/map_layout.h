@@ -1,5 +1,4 @@
-// The layout of a page: what the layers draw in the window, texts that keep clear of each other, a title and
-// a legend.
+// The layout of a page: the drawings of the layers, texts without overlaps, a title and a legend.
 #pragma once
 
 #include <optional>
@@ -25,20 +24,20 @@ struct StyledText {
     bool isBold = false;
 };
 
-// What the legend shows of an entry besides its text, from the middle of the left side on.
+// The sample of a legend entry, positioned by the middle of its left side.
 struct Sample {
     PicturePoint at;
     LegendEntry entry;
 };
 
-// A bar of parts that are black and white by turns; `at` is the middle of its left end.
+// A bar of alternating black and white parts; `at` is the middle of its left end.
 struct PlacedScaleBar {
     PicturePoint at;
     double partLength;
     int parts;
 };
 
-// Its foot, and where it points to in radians clockwise from the top.
+// The foot of the arrow and its direction in radians clockwise from the top.
 struct NorthArrow {
     PicturePoint at;
     double direction;
@@ -49,14 +48,14 @@ struct MapLayout {
     Box paper;
     std::optional<PlacedScaleBar> scaleBar;
     std::optional<NorthArrow> northArrow;
-    std::vector<Drawing> drawings;  // of a layer each
+    std::vector<Drawing> drawings;  // one for each layer
     std::vector<StyledText> texts;
     std::vector<Sample> samples;
-    std::vector<std::string> problems;  // what couldn't be drawn
-    std::vector<std::string> notes;     // what is left out
+    std::vector<std::string> problems;  // error messages
+    std::vector<std::string> notes;     // omissions
 };
 
-// The longer side of the window becomes `size` units long. Throws DescriptionError if there is no such map.
+// The longer side of the window becomes `size` units long. Throws DescriptionError for an invalid map.
 [[nodiscard]] MapLayout LayOutMap(const MapDescription& description, double size);
 
 }  // namespace tessara::toolkit

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* FONT = "DejaVu Sans, Verdana, Arial, Helvetica, sans-serif";
 
-// Of coastlines, which are less exact than the rest and many.
+// For coastlines, which are many and less exact.
 constexpr int COAST_DECIMALS = 1;
 
 std::string PathOf(const std::vector<Polyline>& lines, bool isClosed, int decimals = SVG_DECIMALS) {
@@ -153,7 +153,7 @@ class PageWriter {
         }
     }
 
-    // A needle around its middle, whose eastern half is black.
+    // A needle with a black eastern half.
     void WriteNorthArrow(const NorthArrow& arrow) {
         const PicturePoint middle{arrow.at.x, arrow.at.y - ARROW_LENGTH / 2.0};
         const double sine = std::sin(arrow.direction);
@@ -199,7 +199,7 @@ class PageWriter {
         }
     }
 
-    // Those inside the frame have a rim of paper, which keeps lines off the letters.
+    // Texts inside the frame have a white outline that separates letters from lines.
     void WriteTexts() {
         static constexpr std::array<const char*, 3> anchors = {"start", "middle", "end"};
         svg_.Open("g", {{"font-family", FONT},

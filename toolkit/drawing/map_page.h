@@ -1,4 +1,4 @@
-// The page as SVG: window and frame, the layers by importance, texts and legend.
+// The page as SVG: window and frame, the layers by rank, texts and legend.
 #pragma once
 
 #include <string>
@@ -10,11 +10,11 @@ namespace tessara::toolkit {
 
 struct MapPage {
     std::string svg;
-    std::vector<std::string> problems;  // what couldn't be drawn
-    std::vector<std::string> notes;     // what is left out, as the page says below the map
+    std::vector<std::string> problems;  // error messages
+    std::vector<std::string> notes;     // omissions, which the page lists below the map
 };
 
-// The longer side of the window becomes `size` units long. Throws DescriptionError if there is no such map.
+// The longer side of the window becomes `size` units long. Throws DescriptionError for an invalid map.
 [[nodiscard]] MapPage DrawMapPage(const MapDescription& description, double size);
 
 }  // namespace tessara::toolkit

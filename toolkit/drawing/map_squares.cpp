@@ -12,7 +12,7 @@ namespace {
 constexpr int SAMPLES = 64;  // along each side of the window
 constexpr std::size_t MOST_SQUARES = 150;
 
-// What the window shows of a square, by the samples that lie in it.
+// The visible part of a square, by the samples in it.
 struct Patch {
     PicturePoint sum{0.0, 0.0};
     double left, right;
@@ -27,7 +27,7 @@ struct Patch {
 };
 
 struct SquareName {
-    std::string zone;  // and band; empty where a system has none
+    std::string zone;  // zone and band; empty for a system without
     std::string letters;
 
     bool operator<(const SquareName& other) const {

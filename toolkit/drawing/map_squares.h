@@ -1,4 +1,4 @@
-// The squares of 100 km whose letters a position of UTMREF, BNG or ING begins with.
+// The squares of 100 km that the letters of UTMREF, BNG and ING name.
 #pragma once
 
 #include <string>
@@ -10,11 +10,11 @@ namespace tessara::toolkit {
 
 struct NamedSquare {
     std::string name;
-    PicturePoint middle;  // of what the window shows of it, nearly
-    double width;         // of that
+    PicturePoint middle;  // the approximate middle of the visible part
+    double width;         // of the visible part
 };
 
-// Nothing for other systems, and where there are more than anyone can read.
+// Empty for other systems, and if there are too many squares to read.
 [[nodiscard]] std::vector<NamedSquare> SquaresOf(const MapSheet& sheet, const Reference& reference);
 
 }  // namespace tessara::toolkit

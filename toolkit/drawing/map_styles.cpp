@@ -59,7 +59,7 @@ Style PolygonStyle(std::optional<std::size_t> colour) {
     return style;
 }
 
-// Below all else, in tints that no other layer has.
+// Below all other layers, in tints that no other layer uses.
 Style LandStyle(const Look& look) {
     Style style{"none", 0.0, "", look.fill ? ColourOf(*look.fill) : LAND_TINT, look.opacity.value_or(1.0)};
     if (!look.isFilled) style.fill = "none";

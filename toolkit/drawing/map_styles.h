@@ -1,4 +1,4 @@
-// Colours, weights and dashes. No two kinds of things differ in colour alone.
+// Colours, widths and dashes. No two kinds of objects differ in colour only.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace tessara::toolkit {
 
-// The order of COLOUR_NAMES.
+// In the order of COLOUR_NAMES.
 enum ColourNumber : std::size_t {
     BLACK,
     ORANGE,
@@ -22,7 +22,7 @@ enum ColourNumber : std::size_t {
 
 [[nodiscard]] std::string ColourOf(std::size_t number);
 
-// A given colour, or that of the kind. Grids take turns.
+// The given colour, or the default colour of the kind. Grids alternate between colours.
 [[nodiscard]] Style GridStyle(std::size_t index, std::optional<std::size_t> colour);
 [[nodiscard]] Style BorderStyle(std::optional<std::size_t> colour, bool isThin);
 [[nodiscard]] Style GeodesicStyle(std::optional<std::size_t> colour);
@@ -32,7 +32,7 @@ enum ColourNumber : std::size_t {
 [[nodiscard]] Style LandStyle(const Look& look);
 [[nodiscard]] Style CoastStyle(const Look& look);
 [[nodiscard]] Style CountryBorderStyle();
-// Of a file.
+// Styles for shapes of a file.
 [[nodiscard]] Style ShapeLineStyle(const Look& look);
 [[nodiscard]] Style ShapeAreaStyle(const Look& look);
 [[nodiscard]] Style MarkerStyle(std::optional<std::size_t> colour);
@@ -42,7 +42,7 @@ inline constexpr std::size_t PART_COUNT = 4;
 [[nodiscard]] Style PartStyle(std::size_t part);
 [[nodiscard]] Style OutlineStyle();
 
-// Hatchings that the fills of parts refer to, as SVG patterns.
+// Hatchings for the fills of parts, as SVG patterns.
 struct Hatching {
     const char* id;
     std::size_t colour;

@@ -5,7 +5,7 @@
 namespace tessara::toolkit {
 namespace {
 
-// Control characters have no place in XML, and what isn't UTF-8 neither.
+// XML allows neither control characters nor invalid UTF-8.
 std::string Escape(std::string_view text) {
     std::string escaped;
     for (const char c : text) {

@@ -1,4 +1,4 @@
-// Scalable Vector Graphics, written element by element.
+// Writes Scalable Vector Graphics element by element.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ using SvgAttributes = std::vector<std::pair<std::string_view, std::string>>;
 
 class SvgWriter {
   public:
-    // A picture of a part of the plane.
+    // Starts a picture of a rectangle of the plane.
     SvgWriter(double left, double top, double width, double height);
 
     void Open(std::string_view element, const SvgAttributes& attributes);
@@ -20,7 +20,7 @@ class SvgWriter {
     void Empty(std::string_view element, const SvgAttributes& attributes);
     void Text(std::string_view element, const SvgAttributes& attributes, std::string_view text);
 
-    // The whole file. Closes what is open.
+    // Closes all open elements and returns the file.
     [[nodiscard]] std::string Finish();
 
   private:
@@ -30,7 +30,7 @@ class SvgWriter {
     std::vector<std::string> open_;
 };
 
-// A length.
+// Formats a length.
 inline constexpr int SVG_DECIMALS = 2;
 [[nodiscard]] std::string SvgNumber(double value, int decimals = SVG_DECIMALS);
 

@@ -6,7 +6,7 @@
 namespace tessara::toolkit {
 namespace {
 
-// Follows a line of columns character by character.
+// The state of a line of columns, character by character.
 class Quotes {
   public:
     enum class Meaning { Text, Quote, Doubled, Separator };
@@ -29,7 +29,7 @@ class Quotes {
     bool isEmpty_ = true;  // whether the column has no text yet
 };
 
-// Calls `read` with each character of a line and what it means; the second one of a doubled quote is skipped.
+// Calls `read` with each character of a line and its meaning; skips the second of two quotes.
 template <class ReadCharacter>
 void ReadQuoted(std::string_view line, char separator, ReadCharacter read) {
     Quotes quotes;
@@ -59,7 +59,7 @@ void OpenQuotes::Read(std::string_view text, char separator) {
     for (const char c : text) {
         const bool isQuote = c == '"' && (areOpen_ || columnIsEmpty_ || haveJustClosed_);
         if (isQuote) {
-            // A quote right behind the closing one is a doubled quote.
+            // Two quotes in a row are an escaped quote.
             if (haveJustClosed_) columnIsEmpty_ = false;
             haveJustClosed_ = areOpen_;
             areOpen_ = !areOpen_;
@@ -92,7 +92,7 @@ void SplitRaw(std::string_view line, char separator, std::vector<std::string_vie
 std::string TextOfRaw(std::string_view raw) {
     if (raw.find('"') == std::string_view::npos) return std::string(raw);
     std::string text;
-    // A raw column has no separator outside of quotes, and so none has to be known.
+    // A raw column has no separator outside quotes, so any value works here.
     ReadQuoted(raw, '\n', [&](std::size_t i, Quotes::Meaning meaning) {
         if (meaning != Quotes::Meaning::Quote) text += raw[i];
     });

@@ -7,11 +7,11 @@
 
 namespace tessara::toolkit {
 
-// A tab, else a semicolon, else a comma: the first of them that is in the line. Without any the line is one
-// column.
+// The separator of a line: a tab if it has one, otherwise a semicolon, otherwise a comma. A line without any
+// of them is one column.
 [[nodiscard]] char SeparatorOf(std::string_view line);
 
-// Follows a line, piece by piece, to tell whether it ends within quotes: the next line then belongs to it.
+// Reads a line piece by piece to determine whether it ends inside quotes, so that the next line continues it.
 class OpenQuotes {
   public:
     void Read(std::string_view text, char separator);
@@ -23,19 +23,19 @@ class OpenQuotes {
     bool haveJustClosed_ = false;
 };
 
-// Columns may stand in quotes, in which a quote is doubled and a separator is none.
+// Splits a line. In a quoted column, quotes are doubled and separators are plain text.
 [[nodiscard]] std::vector<std::string> SplitColumns(std::string_view line, char separator);
-// The same, and each column stays as it is in the line: in its quotes, where it has some.
+// The same, but returns each column with its quotes.
 void SplitRaw(std::string_view line, char separator, std::vector<std::string_view>* columns);
 // The text of such a column.
 [[nodiscard]] std::string TextOfRaw(std::string_view raw);
 
-// The other way round; a column is put in quotes where it needs them.
+// Joins columns, with quotes where they are needed.
 [[nodiscard]] std::string JoinColumns(const std::vector<std::string>& columns, char separator);
 void AppendColumn(std::string_view column, char separator, std::string* line);
 
-// A name of its own for each column of a header: one without a name, or with that of another, gets the number
-// of its column.
+// Unique names for the columns of a header. A column with an empty or repeated name gets its number as the
+// name.
 [[nodiscard]] std::vector<std::string> NamesOfColumns(const std::vector<std::string>& header);
 
 }  // namespace tessara::toolkit

@@ -26,7 +26,7 @@ InputBuffer::InputBuffer(std::istream& stream)
 
 bool InputBuffer::ReadMore() {
     if (taken_ > 0) bytes_.erase(0, std::exchange(taken_, 0));
-    // A long piece grows by halves, so that looking at it anew each time stays cheap.
+    // The buffer grows by half its size, so that repeated scans of a long piece take linear time.
     const std::size_t wanted = std::max(BYTES_AT_ONCE, bytes_.size() / 2);
     const std::size_t held = bytes_.size();
     bytes_.resize(held + wanted);

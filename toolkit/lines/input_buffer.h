@@ -1,4 +1,4 @@
-// The bytes of an input, read piece by piece as they come, and held until they are taken.
+// Buffers an input: reads bytes as they arrive and holds them until they are consumed.
 #pragma once
 
 #include <cstddef>
@@ -9,29 +9,29 @@
 
 namespace tessara::toolkit {
 
-// The most that is held of one line, record or feature. What is longer isn't read.
+// The maximum size of a line, record or feature; longer ones are rejected.
 inline constexpr std::size_t LONGEST_PIECE = std::size_t{16} << 20;
 
 class InputBuffer {
   public:
-    // Gives what is there, one byte at least, and 0 at the end.
+    // Reads at least one byte, waiting if necessary; returns 0 at the end.
     using Source = std::function<std::size_t(char* bytes, std::size_t most)>;
 
     explicit InputBuffer(Source source) : source_(std::move(source)) { SkipByteOrderMark(); }
     explicit InputBuffer(std::istream& stream);
 
-    // What is read and not taken yet.
+    // The bytes that have been read and not consumed.
     [[nodiscard]] std::string_view Held() const { return std::string_view(bytes_).substr(taken_); }
 
-    // Reads more behind what is held, waiting for it if need be. False at the end.
+    // Reads more bytes, waiting if necessary. Returns false at the end.
     bool ReadMore();
 
     void Take(std::size_t count);
 
-    // How many bytes are taken, which is where the held ones stand in the input.
+    // The number of consumed bytes, which is the offset of the held bytes in the input.
     [[nodiscard]] std::size_t Offset() const { return offset_; }
 
-    // Whether reading more needs no waiting. Where nobody knows it does.
+    // Whether more bytes can be read without waiting; false if unknown.
     [[nodiscard]] bool HasMoreAtOnce() const { return hasMoreAtOnce_ && hasMoreAtOnce_(); }
 
   private:

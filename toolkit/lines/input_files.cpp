@@ -9,11 +9,11 @@
 namespace tessara::toolkit {
 namespace {
 
-// A stream that breaks ends like any other, but for this bit.
+// Only this bit distinguishes a read error from the end of the stream.
 std::string ReadToItsEnd(std::istream& stream, const ReadStream& read) {
     errno = 0;
     read(stream);
-    return stream.bad() ? "can't be read to its end" + SystemReason(errno) : "";
+    return stream.bad() ? "cannot read the whole file" + SystemReason(errno) : "";
 }
 
 }  // namespace
@@ -21,8 +21,8 @@ std::string ReadToItsEnd(std::istream& stream, const ReadStream& read) {
 std::string ReadFile(const std::string& file, const ReadStream& read) {
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
-    if (!stream) return "can't be read" + SystemReason(errno);
-    if (std::filesystem::is_directory(file)) return "can't be read" + SystemReason(EISDIR);
+    if (!stream) return "cannot read the file" + SystemReason(errno);
+    if (std::filesystem::is_directory(file)) return "cannot read the file" + SystemReason(EISDIR);
     return ReadToItsEnd(stream, read);
 }
 

@@ -1,4 +1,4 @@
-// Files that are read, and what keeps them from it.
+// Reads files and reports read errors.
 #pragma once
 
 #include <filesystem>
@@ -12,23 +12,23 @@ namespace tessara::toolkit {
 
 using ReadStream = std::function<void(std::istream&)>;
 
-// What went wrong; empty if nothing did. A file that can't be opened isn't read at all.
+// Calls `read` with the file and returns the error, or an empty text. Does not call `read` if the file cannot
+// be opened.
 [[nodiscard]] std::string ReadFile(const std::string& file, const ReadStream& read);
 
-// The same, and '-' is standard input.
+// The same; '-' is standard input.
 [[nodiscard]] std::string ReadInput(const std::string& file, const ReadStream& read);
 
-// Where an input lies among the files.
+// The path of an input.
 [[nodiscard]] std::filesystem::path PathOfInput(const std::string& file);
 
-// Whether a file that is to be written is one of the inputs, which it would overwrite.
+// Whether an output file is one of the inputs and would overwrite it.
 [[nodiscard]] bool IsOneOf(const std::string& file, const std::vector<std::string>& inputs);
 
-// Whether a file's name has an ending, in upper or lower case; the ending is in lower case.
+// Whether a file has an extension, which is given in lower case; ignores the case of the file name.
 [[nodiscard]] bool HasEnding(std::string_view file, std::string_view ending);
 
-// What the system says about an error number of a call: ": No such file or directory"; empty where it says
-// nothing.
+// The system's message for an error number: ": No such file or directory"; empty for 0.
 [[nodiscard]] std::string SystemReason(int error);
 
 }  // namespace tessara::toolkit

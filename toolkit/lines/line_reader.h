@@ -12,17 +12,17 @@ class LineReader {
   public:
     explicit LineReader(std::istream& stream) : stream_(stream) {}
 
-    // The next line without its end, of which a carriage return stays. False if there is none.
+    // Reads the next line without its line feed; a carriage return remains. Returns false at the end.
     bool Next(std::string* line) {
         if (!std::getline(stream_, *line)) return false;
         if (++number_ == 1 && line->starts_with("\xEF\xBB\xBF")) line->erase(0, 3);
         return true;
     }
 
-    // Whether something of the next line is there, so that reading it needs no waiting. False at the end.
+    // Whether part of the next line has arrived. False at the end.
     [[nodiscard]] bool HasMore() { return stream_.rdbuf()->in_avail() > 0; }
 
-    // Of the line that was read last.
+    // The number of the last line.
     [[nodiscard]] std::size_t Number() const { return number_; }
 
   private:
@@ -30,7 +30,7 @@ class LineReader {
     std::size_t number_ = 0;
 };
 
-// Of a line whose end has one.
+// Removes a carriage return from the end of a line.
 [[nodiscard]] inline std::string_view WithoutCarriageReturn(std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);
     return line;

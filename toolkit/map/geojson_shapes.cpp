@@ -13,7 +13,7 @@ namespace {
 
 constexpr double TURN = 360.0;
 constexpr int DEEPEST_COLLECTION = 32;
-constexpr std::size_t LEAST_OF_A_RING = 4;  // the first comes again at the end
+constexpr std::size_t LEAST_OF_A_RING = 4;  // including the repeated first position
 
 class ShapeReader {
   public:
@@ -41,7 +41,7 @@ class ShapeReader {
 
     static std::string TypeOf(const JsonValue& value) { return JsonObject(value).Required("type").Text(); }
 
-    // All of a feature, or nothing.
+    // Adds a feature completely or not at all.
     void ReadWhole(const JsonValue& feature) {
         shapes_ = {};
         try {
@@ -58,7 +58,7 @@ class ShapeReader {
         append(all_.areas, shapes_.areas);
     }
 
-    // A geometry may stand where a feature does.
+    // A geometry can replace a feature.
     void ReadFeature(const JsonValue& value) {
         name_.clear();
         if (TypeOf(value) != "Feature") return ReadGeometry(value, 0);
@@ -88,7 +88,7 @@ class ShapeReader {
         JsonObject geometry(value);
         const std::size_t type = geometry.Required("type").ChoiceOf(names);
         if (type < std::size(readers)) return (this->*readers[type])(geometry.Required("coordinates"));
-        if (depth == DEEPEST_COLLECTION) geometry.Fail("collections lie too deep within each other");
+        if (depth == DEEPEST_COLLECTION) geometry.Fail("collections are nested too deeply");
         for (const JsonValue& element : geometry.Required("geometries").List())
             ReadGeometry(element, depth + 1);
     }
@@ -118,13 +118,13 @@ class ShapeReader {
         EarthLine ring = ReadPositions(value, LEAST_OF_A_RING);
         const double open = std::remainder(ring.back().x - ring.front().x, TURN);
         if (open != 0.0 || ring.back().y != ring.front().y)
-            value.Fail("the ring doesn't end where it begins");
+            value.Fail("the ring is not closed: its last position differs from the first");
         return ring;
     }
 
     EarthLine ReadPositions(const JsonValue& value, std::size_t least) {
         EarthLine line;
-        double last = 0.0;  // longitude as it stands in the file
+        double last = 0.0;  // longitude in the file
         for (const JsonValue& position : value.List()) {
             const PicturePoint at = ReadPosition(position);
             const double east = line.empty() ? at.x : line.back().x + StepTo(at.x - last);
@@ -132,15 +132,15 @@ class ShapeReader {
             last = at.x;
         }
         if (line.size() < least)
-            value.Fail("expected " + std::to_string(least) + " positions at least, found " +
+            value.Fail("expected at least " + std::to_string(least) + " positions, found " +
                        std::to_string(line.size()));
         return line;
     }
 
-    // A whole turn is kept: it is the side of a box around the earth.
+    // Keeps a step of 360 degrees, which is a side of a box around the earth.
     static double StepTo(double east) { return std::abs(east) < TURN ? std::remainder(east, TURN) : east; }
 
-    // Longitude, latitude, and perhaps a height, on the datum of the map.
+    // Reads longitude, latitude and an optional height, and converts them to the datum of the map.
     PicturePoint ReadPosition(const JsonValue& value) const {
         const std::vector<JsonValue> numbers = value.List();
         if (numbers.size() < 2)
@@ -152,7 +152,7 @@ class ShapeReader {
 
         const IRef<ICoord> degrees = DegreesCoord(latitude, longitude, form_.datum);
         if (!degrees->SetReference(MakeReference({.datum = form_.mapDatum, .system = KOORD_GEODEZ}).Get()))
-            value.Fail("the position has no place on the map's datum");
+            value.Fail("cannot convert the position to the datum of the map");
         const auto shifted = Load<GeodezPayload>(host::RecordOf(degrees));
         return {longitude + std::remainder(shifted.longitude - longitude, TURN), shifted.latitude};
     }
@@ -160,8 +160,8 @@ class ShapeReader {
     const LayerFile& file_;
     const GeoJsonForm& form_;
     std::vector<std::string>& problems_;
-    std::string name_;         // of the feature that is being read
-    EarthLayerShapes shapes_;  // of it
+    std::string name_;         // of the current feature
+    EarthLayerShapes shapes_;  // of the current feature
     EarthLayerShapes all_;
 };
 

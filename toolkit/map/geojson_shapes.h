@@ -19,18 +19,18 @@ struct EarthShape {
 struct EarthLayerShapes {
     std::vector<Site> points;
     std::vector<EarthShape> lines;
-    std::vector<EarthShape> areas;  // the rings of a polygon each
+    std::vector<EarthShape> areas;  // one for each polygon, with all its rings
 };
 
 struct GeoJsonForm {
     std::int32_t datum;  // of the text
     std::int32_t mapDatum;
-    std::string nameKey;  // the property that has a feature's name
+    std::string nameKey;  // the property with the name of a feature
 };
 
-// Features, collections and geometries. A feature that can't be used goes into `problems` with its place in
-// the file, and the others are read. A segment of more than half a turn goes the other way around, over the
-// date line; one of a full turn goes around the earth.
+// Reads features, collections and geometries. Adds a message with the place of each invalid feature to
+// `problems`, and reads the others. A segment of more than 180 degrees is taken the shorter way across the
+// date line; a segment of exactly 360 degrees goes around the earth.
 [[nodiscard]] EarthLayerShapes ReadGeoJson(const LayerFile& file, const GeoJsonForm& form,
                                            std::vector<std::string>* problems);
 

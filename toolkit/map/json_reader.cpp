@@ -9,10 +9,10 @@
 namespace tessara::toolkit {
 namespace {
 
-// What a message shows of a value, with ASCII only.
+// A short ASCII text of a value for messages.
 std::string Show(const nlohmann::json& json) {
     if (json.is_object()) return "an object";
-    if (json.is_array()) return "a list of " + std::to_string(json.size());
+    if (json.is_array()) return "a list of length " + std::to_string(json.size());
     std::string text = json.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
     if (text.size() > LONGEST_QUOTE) text = text.substr(0, LONGEST_QUOTE) + "...";
     return text;
@@ -34,7 +34,7 @@ nlohmann::json ParseJson(const std::string& text) {
     } catch (const nlohmann::json::exception& error) {
         const std::string message = error.what();
         const std::size_t begin = message.find("] ");
-        throw DescriptionError("no JSON: " +
+        throw DescriptionError("invalid JSON: " +
                                (begin == std::string::npos ? message : message.substr(begin + 2)));
     }
 }
@@ -48,7 +48,7 @@ void JsonValue::Expected(const std::string& what) const {
 }
 
 std::string JsonValue::Text() const {
-    if (!json_->is_string()) Expected("a text");
+    if (!json_->is_string()) Expected("a string");
     return json_->get<std::string>();
 }
 
@@ -106,7 +106,7 @@ std::vector<JsonValue> JsonValue::List() const {
 }
 
 std::vector<JsonValue> JsonValue::ListOf(std::size_t count) const {
-    if (!json_->is_array() || json_->size() != count) Expected("a list of " + std::to_string(count));
+    if (!json_->is_array() || json_->size() != count) Expected("a list of length " + std::to_string(count));
     return List();
 }
 
@@ -120,7 +120,7 @@ std::string JsonObject::PlaceOf(const std::string& key) const {
 
 JsonValue JsonObject::Required(const std::string& key) {
     const std::optional<JsonValue> value = Optional(key);
-    if (!value) Fail("'" + key + "' is missing");
+    if (!value) Fail("missing '" + key + "'");
     return *value;
 }
 
@@ -134,7 +134,7 @@ std::optional<JsonValue> JsonObject::Optional(const std::string& key) {
 void JsonObject::RefuseOthers() const {
     for (const auto& [key, value] : value_.json_->items()) {
         if (known_.contains(key)) continue;
-        Fail("no key is called " + Show(key) + " here; there are " +
+        Fail("unknown key " + Show(key) + "; expected one of " +
              Join(known_, [](const std::string& name) { return name; }));
     }
 }

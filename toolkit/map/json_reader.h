@@ -1,5 +1,5 @@
-// Values of a JSON file, each with its place in it, so that a message can say what is wrong where:
-// "layers[2].step: expected a number above 0, found -1".
+// JSON values with their place in the file, for messages such as "layers[2].step: expected a number above 0,
+// found -1".
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,16 @@
 
 namespace tessara::toolkit {
 
-// What the reader throws: a text for the user.
+// An error in a description; what() is the message for the user.
 class DescriptionError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-// Comments are allowed. Throws with the line and column of a mistake.
+// Parses JSON with comments. Throws DescriptionError with the line and column of an error.
 [[nodiscard]] nlohmann::json ParseJson(const std::string& text);
 
-// The value has to outlive its readers.
+// The JSON must outlive the JsonValue.
 class JsonValue {
   public:
     JsonValue(const nlohmann::json& json, std::string place) : json_(&json), place_(std::move(place)) {}
@@ -34,7 +34,7 @@ class JsonValue {
     [[nodiscard]] bool IsText() const { return json_->is_string(); }
     [[nodiscard]] bool IsNull() const { return json_->is_null(); }
 
-    // Each fails if the value is something else.
+    // Each throws DescriptionError if the value has another type or is out of range.
     [[nodiscard]] std::string Text() const;
     [[nodiscard]] bool Flag() const;
     [[nodiscard]] double Number() const;
@@ -42,7 +42,7 @@ class JsonValue {
     [[nodiscard]] double NumberAbove0() const;
     [[nodiscard]] std::int32_t WholeIn(std::int32_t low, std::int32_t high) const;
     [[nodiscard]] std::int32_t WholeOf(std::initializer_list<std::int32_t> choices) const;
-    // The number of the text among the choices.
+    // The index of the text among the choices.
     [[nodiscard]] std::size_t ChoiceOf(const std::vector<std::string>& choices) const;
     [[nodiscard]] std::vector<JsonValue> List() const;
     [[nodiscard]] std::vector<JsonValue> ListOf(std::size_t count) const;
@@ -56,7 +56,7 @@ class JsonValue {
     std::string place_;
 };
 
-// The members of an object. What nobody has asked for is a mistake, which RefuseOthers reports.
+// The members of an object. RefuseOthers throws for members that Required and Optional did not read.
 class JsonObject {
   public:
     explicit JsonObject(const JsonValue& value);

@@ -1,4 +1,4 @@
-// The files that a description names. A host that has no files hands in their texts.
+// The files that a description names. A host without files passes their texts.
 #pragma once
 
 #include <filesystem>
@@ -11,7 +11,7 @@ namespace tessara::toolkit {
 struct LayerFile {
     std::string name;  // for messages
     std::string text;
-    std::string wrong;  // why it can't be read; empty if it can
+    std::string wrong;  // the read error; empty on success
 };
 
 using OpenLayerFile = std::function<LayerFile(const std::string& name)>;

@@ -23,7 +23,7 @@ constexpr double ROWS = 800.0;
 constexpr double PIXELS_PER_MM = 10.0;
 constexpr double MM_PER_METRE = 1000.0;
 
-// Metres. What is wider than the first isn't drawn on a zone, than the second not on a cone.
+// Metres: the maximum widths of a map of one zone and of a conic map.
 constexpr double WIDEST_ZONE = 600e3;
 constexpr double WIDEST_REGION = 12e6;
 constexpr double NARROWEST_WITH_COASTS = 300e3;
@@ -33,17 +33,17 @@ constexpr double HALF_TURN = 180.0;
 constexpr double POLE = 90.0;
 constexpr double POLE_IS_NEAR = 0.6;  // widths from the middle
 constexpr double STEP_AROUND_A_POLE = 30.0;
-constexpr double LEAST_LATITUDE = 10.0;  // of a cone, below which it is almost a cylinder
-constexpr double SLANT = 2.0 / 3.0;      // of the window's half height: where a cone cuts the earth
-constexpr double ROOM = 1.2;             // of a file's map, as wide as its positions
+constexpr double LEAST_LATITUDE = 10.0;  // of a conic map; closer to the equator the cone degenerates
+constexpr double SLANT = 2.0 / 3.0;      // of half the height of the window: the standard parallels of a cone
+constexpr double ROOM = 1.2;             // width of the map of a file, relative to its positions
 constexpr double NARROWEST_FILE = 1000.0;
-constexpr double LINES = 5.0;  // of a grid across the window, at least
+constexpr double LINES = 5.0;  // the minimum number across the window
 constexpr double RADIANS = std::numbers::pi / 180.0;
 
 constexpr const char* UTM = "UTM";
 constexpr const char* UPS = "UPS";
 
-// Degrees, with the parts that people count in.
+// Degrees, with the usual fractions of minutes and seconds.
 constexpr std::array STEPS = {30.0,        15.0,        10.0,         5.0,         2.0,        1.0,
                               1.0 / 2.0,   1.0 / 6.0,   1.0 / 12.0,   1.0 / 30.0,  1.0 / 60.0, 1.0 / 120.0,
                               1.0 / 360.0, 1.0 / 720.0, 1.0 / 1800.0, 1.0 / 3600.0};
@@ -70,7 +70,7 @@ Json WindowOf(double left, double top, double rows) {
     return {{"left", left}, {"top", top}, {"right", left + COLUMNS}, {"bottom", top + rows}};
 }
 
-// The grid values of the middle, in UTM or UPS; nothing where the system has none.
+// The grid values of the middle, in UTM or UPS; nothing outside the area of the system.
 std::optional<tagKOORD> GridAt(const Surroundings& around, std::int32_t system) {
     const IRef<ICoord> coord = DegreesCoord(around.latitude, around.longitude, DATUM_WGS84);
     if (!coord->SetReference(MakeReference({.datum = DATUM_WGS84, .system = system}).Get()))
@@ -112,7 +112,7 @@ std::optional<Json> UpsMap(const Surroundings& around) {
     return map;
 }
 
-// The place has the pixel (0, 0).
+// The position has the pixel (0, 0).
 Json PolarMap(const Surroundings& around) {
     const double degrees = MetresPerPixel(around) / DEGREE;
     const bool isNorth = around.latitude > 0.0;
@@ -126,7 +126,7 @@ Json PolarMap(const Surroundings& around) {
             {"window", WindowOf(-COLUMNS / 2.0, -ROWS / 2.0, ROWS)}};
 }
 
-// What ties a map to the earth that has no pixel size of its own: a place in the middle of a row.
+// The reference point of a map without a pixel size: a position in the middle of a row.
 void AddTies(const Surroundings& around, double latitude, double rows, Json* map) {
     (*map)["scale"] = std::llround(MetresPerPixel(around) * PIXELS_PER_MM * MM_PER_METRE);
     (*map)["resolution"] = PIXELS_PER_MM;
@@ -158,7 +158,7 @@ Json ConeMap(const Surroundings& around) {
             {"window", WindowOf(0.0, 0.0, ROWS)}};
 }
 
-// As high as the earth is, or as a window on it that doesn't reach far beyond a pole.
+// The height of the whole earth, or of a window that ends shortly beyond a pole.
 Json EarthMap(const Surroundings& around) {
     const double rows = std::min(ROWS, std::ceil(HEIGHT_OF_THE_EARTH / MetresPerPixel(around)));
     const double farthest = POLE * (1.0 - rows * MetresPerPixel(around) / HEIGHT_OF_THE_EARTH);
@@ -196,9 +196,9 @@ Json GraticuleOf(const Surroundings& around) {
 
 Json Describe(const Surroundings& around) {
     if (!(std::abs(around.latitude) <= POLE && std::abs(around.longitude) <= HALF_TURN))
-        throw DescriptionError("a place has a latitude in -90..90 and a longitude in -180..180");
+        throw DescriptionError("the latitude must be in -90..90 and the longitude in -180..180");
     if (!(around.width >= NARROWEST_MAP && around.width <= WIDEST_MAP))
-        throw DescriptionError("a map is 10 m to 40000 km wide");
+        throw DescriptionError("the width must be between 10 m and 40000 km");
 
     std::optional<Json> zone;
     std::string system = UTM;
@@ -237,7 +237,7 @@ struct Range {
     [[nodiscard]] double Length() const { return high - low; }
 };
 
-// How far positions reach. Longitudes go on over the date line, on the side of the first.
+// The extent of positions. Longitudes continue across the date line from the first one.
 class Reach {
   public:
     void Add(const PicturePoint& degrees) {
@@ -246,7 +246,7 @@ class Reach {
         latitudes_.Add(degrees.y);
     }
 
-    // Some room is left on each side.
+    // Leaves a margin on each side.
     [[nodiscard]] std::optional<Surroundings> Around() const {
         if (latitudes_.low > latitudes_.high) return std::nullopt;
         const double widest =
@@ -269,7 +269,7 @@ bool IsJson(const std::string& text) {
     return first != std::string::npos && text[first] == '{';
 }
 
-// What is wrong with a file is reported when its layer is read.
+// Errors in the file are reported when its layer is read.
 Reach ReachOf(const LayerFile& file) {
     Reach reach;
     std::vector<std::string> problems;
@@ -302,7 +302,7 @@ std::string DescribeMapAround(const Surroundings& around) {
     Json description = Describe(around);
     description["layers"].push_back(
         {{"type", "positions"},
-         {"name", "the place"},
+         {"name", "position"},
          {"places",
           {{{"at", {around.latitude, around.longitude}}, {"datum", "WGS84"}, {"name", PlaceText(around)}}}}});
     return description.dump(2) + "\n";
@@ -311,7 +311,7 @@ std::string DescribeMapAround(const Surroundings& around) {
 std::string DescribeMapOf(const LayerFile& file, const std::string& name) {
     if (!file.wrong.empty()) throw DescriptionError(file.wrong);
     const std::optional<Surroundings> around = ReachOf(file).Around();
-    if (!around) throw DescriptionError("it holds no positions, neither as GeoJSON nor as lines of degrees");
+    if (!around) throw DescriptionError("no positions found; expected GeoJSON or lines of degrees");
     Json description = Describe(*around);
     description["title"] = name.substr(name.rfind('/') + 1);
     description["layers"].push_back({{"type", IsJson(file.text) ? "geojson" : "positions"}, {"file", name}});

@@ -10,7 +10,7 @@ namespace tessara::toolkit {
 namespace {
 
 constexpr double WIDEST_WINDOW = 1e6;
-constexpr double LONGEST_RADIUS = 2e7;  // metres; half around the earth
+constexpr double LONGEST_RADIUS = 2e7;  // metres; half the circumference of the earth
 constexpr double WIDEST_LINE = 20.0;
 constexpr double MM_PER_METRE = 1000.0;
 
@@ -47,10 +47,10 @@ class DescriptionReader {
                      : std::nullopt);
         ReadReferences();
         if (!NeedsReference(sheet.projection)) return;
-        const std::string needs = "; " + ProjectionName(sheet.projection) + " maps need one";
-        if (sheet.scaleDenominator == 0) root_.Fail("'scale' is missing" + needs);
-        if (sheet.resolution == 0.0) root_.Fail("'resolution' is missing" + needs);
-        if (sheet.references.empty()) root_.Fail("'reference' is missing" + needs);
+        const std::string needs = "; " + ProjectionName(sheet.projection) + " maps require it";
+        if (sheet.scaleDenominator == 0) root_.Fail("missing 'scale'" + needs);
+        if (sheet.resolution == 0.0) root_.Fail("missing 'resolution'" + needs);
+        if (sheet.references.empty()) root_.Fail("missing 'reference'" + needs);
     }
 
     // One point, or a list of them.
@@ -69,7 +69,8 @@ class DescriptionReader {
         const Site site = ReadSite(place, description_.sheet.datum);
         double column = 0.0;
         double row = 0.0;
-        if (site.coord->GetPixel(&column, &row)) place.Fail("a pixel is no place on the earth");
+        if (site.coord->GetPixel(&column, &row))
+            place.Fail("expected a position on the earth, found a pixel");
         object.RefuseOthers();
         description_.sheet.references.push_back({site, pixel.x, pixel.y});
     }
@@ -82,9 +83,9 @@ class DescriptionReader {
         const Window window{read("left"), read("top"), read("right"), read("bottom")};
         object.RefuseOthers();
         if (!(window.Width() >= 1.0 && window.Height() >= 1.0))
-            value.Fail("it is empty: rows grow downward, columns to the right");
+            value.Fail("the window is empty; 'right' must exceed 'left', and 'bottom' must exceed 'top'");
         if (window.Width() > WIDEST_WINDOW || window.Height() > WIDEST_WINDOW)
-            value.Fail("it is wider than a million pixels");
+            value.Fail("the window is larger than 1000000 pixels");
         return window;
     }
 
@@ -110,10 +111,10 @@ class DescriptionReader {
         return layer;
     }
 
-    // Nothing that is drawn looks at parameters.
+    // The layers do not use parameters.
     [[nodiscard]] Reference ReferenceIn(const JsonValue& value) const {
         Reference reference = ReadReference(value, description_.sheet.datum);
-        if (!reference.parameters.empty()) value.Fail("maps take systems without parameters");
+        if (!reference.parameters.empty()) value.Fail("maps do not support parameters of systems");
         return reference;
     }
 
@@ -148,7 +149,7 @@ class DescriptionReader {
     void ReadPositions(JsonObject& object, Layer& layer) {
         const auto places = object.Optional("places");
         const auto file = object.Optional("file");
-        if (places.has_value() == file.has_value()) object.Fail("positions have either 'places' or a 'file'");
+        if (places.has_value() == file.has_value()) object.Fail("expected either 'places' or 'file'");
         PositionsLayer positions;
         if (places) {
             positions.sites = ReadSites(*places, 0, description_.sheet.datum);
@@ -175,7 +176,8 @@ class DescriptionReader {
         if (const auto system = object.Optional("straightIn")) {
             line.straight = LineLayer::Straight::IN_SYSTEM;
             line.reference = ReferenceIn(*system);
-            if (IsPixel(line.reference.system)) system->Fail("without it a line is straight in pixels");
+            if (IsPixel(line.reference.system))
+                system->Fail("lines are straight in pixels by default; omit 'straightIn'");
         }
         layer.content = std::move(line);
     }
@@ -184,7 +186,7 @@ class DescriptionReader {
         RingsLayer rings{ReadSite(object.Required("centre"), description_.sheet.datum), {}};
         for (const JsonValue& radius : object.Required("radii").List()) {
             rings.radii.push_back(radius.NumberAbove0());
-            if (rings.radii.back() > LONGEST_RADIUS) radius.Fail("it is longer than 20000 km");
+            if (rings.radii.back() > LONGEST_RADIUS) radius.Fail("the radius is greater than 20000 km");
         }
         layer.content = std::move(rings);
     }
@@ -199,7 +201,7 @@ class DescriptionReader {
         layer.content = std::move(overlay);
     }
 
-    // Of what has areas and lines.
+    // Reads the style of a layer with areas and lines.
     static void ReadLook(JsonObject& object, Look& look) {
         if (const auto fill = object.Optional("fill")) {
             std::vector<std::string> fills = COLOUR_NAMES;

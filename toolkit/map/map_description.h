@@ -1,4 +1,4 @@
-// What `tessara map` draws: a map, a window of it, and layers.
+// The description of a map: projection, window and layers.
 #pragma once
 
 #include <optional>
@@ -81,7 +81,7 @@ struct GeoJsonLayer {
     std::string file;
 };
 
-// What a layer may say of its look; a kind has its own where it says nothing.
+// The style of a layer; empty members take the default of its kind.
 struct Look {
     std::optional<std::size_t> colour;  // in COLOUR_NAMES
     std::optional<std::size_t> fill;    // of areas, likewise
@@ -105,15 +105,15 @@ struct MapDescription {
     SheetDescription sheet;
     Window window;
     std::vector<Layer> layers;
-    std::vector<std::string> problems;  // what can't be used; the rest can
+    std::vector<std::string> problems;  // messages about invalid parts, which are omitted
 };
 
-// The colours of Okabe and Ito (Color Universal Design, 2008), which people with any kind of colour vision
-// can tell apart.
+// The colours of Okabe and Ito (Color Universal Design, 2008), which are distinguishable with any kind of
+// colour vision.
 inline const std::vector<std::string> COLOUR_NAMES = {"black",  "orange", "sky blue",   "bluish green",
                                                       "yellow", "blue",   "vermillion", "reddish purple"};
 
-// The text of a description. Throws DescriptionError.
+// Reads the text of a description. Throws DescriptionError.
 [[nodiscard]] MapDescription ReadMapDescription(const std::string& text, const OpenLayerFile& open);
 
 }  // namespace tessara::toolkit

@@ -8,7 +8,7 @@ namespace {
 using CreateGrid = ICoordinateGrid* (ICoordinateGridFactory::*)(IMapCoordOperations*, std::int32_t, double,
                                                                 double);
 
-// By the number of the system; null for a system without grid lines.
+// Indexed by the number of the system; null for a system without grid lines.
 constexpr std::array<CreateGrid, KOORD_TYPE_COUNT> CREATE = {
     nullptr,  // LONGPIXEL
     &ICoordinateGridFactory::CreateFloatPixelGrid,
@@ -27,7 +27,7 @@ constexpr std::array<CreateGrid, KOORD_TYPE_COUNT> CREATE = {
     &ICoordinateGridFactory::CreateGkAtGrid,
     &ICoordinateGridFactory::CreateUpsGrid,
     &ICoordinateGridFactory::CreatePoMilitaryGrid,
-    nullptr,  // TM, whose positions have no extent in common
+    nullptr,  // TM has no fixed extent
     &ICoordinateGridFactory::CreateVdgGrid,
     &ICoordinateGridFactory::CreateBngGrid,
     &ICoordinateGridFactory::CreateIngGrid,
@@ -49,8 +49,8 @@ IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference
     IRef<ICoordinateGrid> grid((factory.Get()->*create)(sheet.Map(), reference.datum, eastStep, northStep));
     if (!grid.IsValid()) return {};
 
-    // A pixel more on each side: the extremes of a window are known to a quarter of one, and lines have to
-    // reach the frame.
+    // Adds a pixel on each side, because the extremes of a window are accurate to a quarter of a pixel and
+    // lines must reach the frame.
     Window window = sheet.MapWindow();
     window = {window.left - 1.0, window.top - 1.0, window.right + 1.0, window.bottom + 1.0};
     const auto corner = [](double x, double y) {

@@ -10,7 +10,8 @@ namespace tessara::toolkit {
 // Whether a system has grid lines.
 [[nodiscard]] bool HasGrid(std::int32_t system);
 
-// The grid of a system that has lines, a pixel wider than the window on each side; empty where there is none.
+// The grid of a system with grid lines, a pixel wider than the window on each side; empty for a window
+// outside the area of the system.
 [[nodiscard]] IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference,
                                              double eastStep, double northStep);
 

@@ -14,9 +14,9 @@ namespace {
 
 constexpr double METRES_PER_KM = 1000.0;
 constexpr double LONGEST_BAR = 0.3;  // of the window's width
-constexpr double MEASURED = 0.005;   // of the window, to either side of a point
-constexpr double SAME_SCALE = 1.05;  // one scale bar for all of the window
-constexpr double ANY_SCALE = 2.0;    // none
+constexpr double MEASURED = 0.005;   // of the window, on both sides of a point
+constexpr double SAME_SCALE = 1.05;  // up to this ratio, the scale bar holds in the whole window
+constexpr double ANY_SCALE = 2.0;    // above this ratio, there is no scale bar
 constexpr double SAME_NORTH = 10.0;  // degrees
 constexpr double RADIANS = std::numbers::pi / 180.0;
 constexpr double FULL_TURN = 2.0 * std::numbers::pi;
@@ -26,7 +26,7 @@ PicturePoint Middle(const MapSheet& sheet) {
     return {sheet.Width() / 2.0, sheet.Height() / 2.0};
 }
 
-// The middle, and what lies around it near the frame.
+// The middle, and points near the frame.
 std::vector<PicturePoint> Samples(const MapSheet& sheet) {
     std::vector<PicturePoint> samples;
     for (const double x : {0.5, INSET, 1.0 - INSET}) {
@@ -81,7 +81,7 @@ std::optional<ScaleBar> MeasureScaleBar(const MapSheet& sheet) {
     const double whole = RoundLengthBelow(LONGEST_BAR * sheet.Width() * middle->across);
     const int parts = std::abs(std::log10(whole / 2.0) - std::round(std::log10(whole / 2.0))) < 0.01 ? 4 : 5;
     ScaleBar bar{whole / parts / middle->across, whole / parts, parts, {}};
-    if (most > SAME_SCALE * least) bar.remark = "along the rows in the middle of the map";
+    if (most > SAME_SCALE * least) bar.remark = "along rows at the centre of the map";
     return bar;
 }
 

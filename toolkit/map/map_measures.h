@@ -1,4 +1,4 @@
-// What a reader measures a map by: a scale bar, and where north is.
+// The scale bar and the north direction of a map.
 #pragma once
 
 #include <optional>
@@ -12,28 +12,26 @@ struct ScaleBar {
     double partLength;  // in the picture
     double partMetres;
     int parts;
-    std::string remark;  // where it holds, if not everywhere; may be empty
+    std::string remark;  // the validity of the scale; empty if it holds everywhere
 };
 
-// Along the rows, as long as a part of the window's width; nothing on a map whose scale differs too much
-// within the window for any to be useful.
+// A scale bar along the rows; nothing if the scale varies too much within the window.
 [[nodiscard]] std::optional<ScaleBar> MeasureScaleBar(const MapSheet& sheet);
 
-// Metres on the ground of a unit of the picture, along the rows and along the columns.
+// The ground length of a picture unit in metres, along the rows and along the columns.
 struct GroundSize {
     double across, down;
 };
 
 [[nodiscard]] std::optional<GroundSize> GroundSizeAt(const MapSheet& sheet, const PicturePoint& point);
 
-// The direction of north in radians clockwise from the top, on a map that has about the same everywhere in
-// the window.
+// The direction of north in radians clockwise from the top; nothing if it varies too much within the window.
 [[nodiscard]] std::optional<double> MeasureNorth(const MapSheet& sheet);
 
-// A length as people write it: 500 m, 2.5 km.
+// A length as a text: 500 m, 2.5 km.
 [[nodiscard]] std::string LengthText(double metres);
 
-// The greatest of 1, 2, 5, 10, 20 ... that isn't above a number.
+// The largest of 1, 2, 5, 10, 20 ... up to a number.
 [[nodiscard]] double RoundLengthBelow(double number);
 
 }  // namespace tessara::toolkit

@@ -10,10 +10,10 @@
 namespace tessara::toolkit {
 namespace {
 
-// Paper shrinks and scanners are calibrated: a sheet's pixels differ so much from what its scale makes of
-// them.
+// The largest relative difference of pixel sizes between a scan and its scale, because paper shrinks and
+// scanners vary.
 constexpr double SCAN_TOLERANCE = 0.02;
-constexpr double GRID_LIMIT = 1e9;  // metres; more than any grid value on the earth
+constexpr double GRID_LIMIT = 1e9;  // metres; exceeds all grid values on the earth
 
 struct Reader {
     JsonObject object;
@@ -29,17 +29,17 @@ struct Reader {
         if (value) {
             const double metres = value->NumberAbove0();
             if (metresPerPixel && std::abs(metres - *metresPerPixel) > SCAN_TOLERANCE * *metresPerPixel)
-                value->Fail("it contradicts the scale and the resolution, which make " +
-                            FormatPlain(*metresPerPixel) + " metres of a pixel");
+                value->Fail("the value contradicts 'scale' and 'resolution', which give " +
+                            FormatPlain(*metresPerPixel) + " metres per pixel");
             return metres;
         }
         if (!metresPerPixel)
-            object.Fail(std::string("'") + key + "' is missing, and so are a scale and a resolution for it");
+            object.Fail(std::string("missing '") + key + "'; set it, or both 'scale' and 'resolution'");
         return *metresPerPixel;
     }
 };
 
-// What all grids have: the place of pixel (0, 0) and the size of a pixel.
+// Reads the parameters of all grids: the position of pixel (0, 0) and the size of a pixel.
 template <class Params>
 void ReadGrid(Reader& reader, Params& params) {
     params.originEasting = reader.Metres("originEasting");
@@ -48,7 +48,7 @@ void ReadGrid(Reader& reader, Params& params) {
     params.metresPerPixelY = reader.PixelSize("metresPerPixelY");
 }
 
-// Each of the following makes the projection of one type.
+// Each of the following functions creates a projection of one type.
 
 IProjection* Utm(IProjectionFactory& factory, Reader& reader) {
     MapUtmParams params{};
@@ -58,13 +58,13 @@ IProjection* Utm(IProjectionFactory& factory, Reader& reader) {
     return factory.CreateUtm(&params);
 }
 
-// Strips follow each other in steps of 3 or 6 degrees from their first meridian.
+// Central meridians are 3 or 6 degrees apart.
 MapGkParams ReadStrip(Reader& reader, std::int32_t first, std::int32_t step) {
     const JsonValue value = reader.Get("meridian");
     const std::int32_t meridian = value.WholeIn(-180, 180);
     if ((meridian - first) % step != 0) {
-        value.Fail("no strip has the meridian " + std::to_string(meridian) + "; they are " +
-                   std::to_string(first) + " and every " + std::to_string(step) + " degrees from there");
+        value.Fail("invalid central meridian " + std::to_string(meridian) + "; expected " +
+                   std::to_string(first) + " plus or minus a multiple of " + std::to_string(step));
     }
     MapGkParams params{};
     params.meridian = static_cast<std::int16_t>(meridian);
@@ -216,7 +216,7 @@ struct Type {
     IProjection* (*make)(IProjectionFactory&, Reader&);
 };
 
-// The types that show something, by the names of their numbers.
+// The projection types by name.
 constexpr std::array TYPES = {
     Type{"UTM", Utm},
     Type{"GAUKRU", Gaukru},

@@ -1,4 +1,4 @@
-// The projection of a map description: a type and the fields of its parameters (tessara/kernel/map.h).
+// Reads the projection of a map description: a type and the fields of its parameters (tessara/kernel/map.h).
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@
 
 namespace tessara::toolkit {
 
-// `metresPerPixel` is what the scale and the resolution of the sheet give; a grid's parameters may leave
-// their own out then.
+// `metresPerPixel` follows from the scale and the resolution of the sheet; with it, the parameters of a grid
+// can omit the pixel size.
 [[nodiscard]] IRef<IProjection> ReadProjection(const JsonValue& value, std::optional<double> metresPerPixel);
 
 // The name of a projection's type.
@@ -18,7 +18,7 @@ namespace tessara::toolkit {
 // Whether a map of the projection is tied to the earth by a reference point and a scale.
 [[nodiscard]] bool NeedsReference(const IRef<IProjection>& projection);
 
-// Whether it reads no scale, and its parameters have no length of a pixel either.
+// Whether the projection ignores the scale and has no pixel size.
 [[nodiscard]] bool IsFreeOfScale(const IRef<IProjection>& projection);
 
 }  // namespace tessara::toolkit

@@ -6,12 +6,12 @@
 namespace tessara::toolkit {
 namespace {
 
-// A longitude that is half around the earth stays on its side in spite of rounding.
+// A tolerance that keeps a longitude 180 degrees away on its side despite rounding.
 constexpr double HALF_TURN = 180.0 + 1e-7;
 constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
 constexpr double POLE = 90.0;
 constexpr double NORTH_STEP = 0.05;      // degrees
-constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far more than any map's rounding
+constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far above the rounding of any map
 
 IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
     const IRef<IGeoDate> datum(CreateClassGeoDate());
@@ -52,7 +52,7 @@ MapSheet::MapSheet(const SheetDescription& description, const Window& window, do
       hasRowsOfLatitude_(description.projection->GetProjectionType() == MAP_MERCATOR),
       zoom_(size / std::max(window.Width(), window.Height())),
       centreLongitude_(0.0) {
-    if (!map_.IsValid()) throw DescriptionError("no map can be made of this");
+    if (!map_.IsValid()) throw DescriptionError("cannot create a map from this description");
     const std::optional<GeodezPayload> centre = DegreesAt({Width() / 2.0, Height() / 2.0});
     if (centre) centreLongitude_ = centre->longitude;
 }
@@ -107,7 +107,7 @@ std::optional<PicturePoint> MapSheet::ShownPointAt(const GeodezPayload& degrees)
 std::optional<double> MapSheet::NorthAt(const PicturePoint& point) const {
     const std::optional<GeodezPayload> here = DegreesAt(point);
     if (!here) return std::nullopt;
-    // Northward and southward by a step: within it the meridian is straight.
+    // A step north and south, within which the meridian is straight.
     const double step = std::min(NORTH_STEP, (POLE - std::abs(here->latitude)) / 2.0);
     const auto north = ShownPointAt({here->latitude + step, here->longitude, 0.0});
     const auto south = ShownPointAt({here->latitude - step, here->longitude, 0.0});
@@ -140,8 +140,8 @@ GeodezPayload MapSheet::Near(GeodezPayload degrees) const {
     return degrees;
 }
 
-// A position that is near as it stands keeps its numbers, and so does one from whose other longitude the map
-// doesn't lead back: a cone ends half a turn from its own meridian.
+// A position near the window keeps its longitude. So does a position that the map does not return from the
+// shifted longitude, because a cone ends 180 degrees from its central meridian.
 std::optional<PicturePoint> MapSheet::NearPixelOf(ICoord* coord) const {
     const std::optional<PicturePoint> asItStands = PixelOf(coord);
     if (IsPixelCoord(coord)) return asItStands;

@@ -1,5 +1,5 @@
-// The map behind a picture: places become points of the picture, whose units are pixels of the map, counted
-// from the window's corner and scaled.
+// The map behind a picture. It converts positions to points of the picture: scaled pixels of the map,
+// relative to the corner of the window.
 #pragma once
 
 #include <optional>
@@ -12,40 +12,41 @@ namespace tessara::toolkit {
 
 class MapSheet {
   public:
-    // The longer side of the window becomes `size` long. Throws DescriptionError if there is no such map.
+    // The longer side of the window becomes `size` long. Throws DescriptionError for an invalid map.
     MapSheet(const SheetDescription& description, const Window& window, double size);
 
     [[nodiscard]] IMapCoordOperations* Map() const { return map_.Get(); }
     [[nodiscard]] IProjection* Projection() const { return projection_.Get(); }
     [[nodiscard]] std::int32_t Datum() const { return datum_; }
     [[nodiscard]] const Window& MapWindow() const { return window_; }
-    // Of the window, in the picture.
+    // The size of the window in the picture.
     [[nodiscard]] double Width() const { return window_.Width() * zoom_; }
     [[nodiscard]] double Height() const { return window_.Height() * zoom_; }
     [[nodiscard]] double Zoom() const { return zoom_; }
 
-    // In pixels of the map and on the window's side of the globe; nothing for a coordinate without a pixel.
+    // The pixel on the map, with the longitude nearest to the window; nothing for a coordinate without a
+    // pixel.
     [[nodiscard]] std::optional<PicturePoint> NearPixelOf(ICoord* coord) const;
-    // As it stands, in the picture.
+    // The point in the picture, with the longitude as given.
     [[nodiscard]] std::optional<PicturePoint> PointOf(ICoord* coord) const;
-    // The same on the window's side of the globe.
+    // The point with the longitude nearest to the window.
     [[nodiscard]] std::optional<PicturePoint> NearPointOf(ICoord* coord) const;
-    // That one, or nothing where the map shows another place on the pixel, as polar maps do for the other
-    // hemisphere.
+    // The same, but nothing if the map shows a different position at that point, as polar maps do for the
+    // other hemisphere.
     [[nodiscard]] std::optional<PicturePoint> ShownPointOf(ICoord* coord) const;
-    // The same of degrees on the map's datum as they stand.
+    // The same for degrees on the map's datum, with the longitude as given.
     [[nodiscard]] std::optional<PicturePoint> ShownPointAt(const GeodezPayload& degrees) const;
-    // The direction of north at a point of the picture, in radians clockwise from the top; nothing where it
-    // has none, as at a pole.
+    // The direction of north at a point of the picture, in radians clockwise from the top; nothing if it is
+    // undefined, as at a pole.
     [[nodiscard]] std::optional<double> NorthAt(const PicturePoint& point) const;
     [[nodiscard]] PicturePoint PointOfPixel(const PicturePoint& pixel) const;
 
-    // The place as degrees on the map's datum, on the window's side of the globe; nothing for what can't be
-    // converted.
+    // The position in degrees on the map's datum, with the longitude nearest to the window; nothing if it
+    // cannot be converted.
     [[nodiscard]] std::optional<GeodezPayload> NearDegreesOf(ICoord* coord) const;
-    // What lies in the middle of the window; 0 if that is nothing.
+    // The longitude of the middle of the window; 0 if the middle is outside the map.
     [[nodiscard]] double CentreLongitude() const { return centreLongitude_; }
-    // What lies at a point of the picture.
+    // The position at a point of the picture.
     [[nodiscard]] std::optional<GeodezPayload> DegreesAt(const PicturePoint& point) const;
 
   private:
@@ -60,7 +61,7 @@ class MapSheet {
     IRef<IProjection> projection_;
     std::int32_t datum_;
     Window window_;
-    bool hasRowsOfLatitude_;  // each row of the map shows one latitude: no place has the pixel of another
+    bool hasRowsOfLatitude_;  // each row shows one latitude, so positions never share a pixel
     double zoom_;
     double centreLongitude_;
 };

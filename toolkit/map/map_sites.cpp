@@ -40,17 +40,17 @@ IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
     if (const std::optional<JsonValue> pixel = object.Optional("pixel"))
         return ReadPixelCoord(*pixel, mapDatum);
     if (object.Optional("system")) return ReadTexts(object, mapDatum);
-    object.Fail("a place has 'at', 'pixel', or 'system', 'north' and 'east'");
+    object.Fail("expected 'at', 'pixel', or 'system' with 'north' and 'east'");
 }
 
-// The text between the blanks on both sides.
+// Removes leading and trailing blanks.
 std::string Trim(std::string_view text) {
     const std::size_t begin = text.find_first_not_of(" \t\r");
     if (begin == std::string_view::npos) return {};
     return std::string(text.substr(begin, text.find_last_not_of(" \t\r") + 1 - begin));
 }
 
-// What a line of a file says: a site, what is wrong with it, or nothing.
+// The content of a line: a site, an error, or nothing.
 struct SiteLine {
     std::optional<Site> site;
     std::string error;
@@ -134,7 +134,7 @@ std::vector<Site> ReadSites(const JsonValue& value, std::size_t least, std::int3
     for (const JsonValue& element : value.List())
         sites.push_back(ReadSite(element, mapDatum));
     if (sites.size() < least)
-        value.Fail("expected " + std::to_string(least) + " places at least, found " +
+        value.Fail("expected at least " + std::to_string(least) + " places, found " +
                    std::to_string(sites.size()));
     return sites;
 }

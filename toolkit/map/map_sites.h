@@ -1,4 +1,4 @@
-// The places of a map description: in degrees, as texts of any system, or as pixels of the map.
+// Reads the places of a map description: degrees, texts of any system, or pixels of the map.
 #pragma once
 
 #include <string>
@@ -17,10 +17,10 @@ struct Site {
     std::string where;  // in the description, for messages
 };
 
-// Farther away than any pixel of a map.
+// Exceeds all pixels of a map.
 inline constexpr double PIXEL_LIMIT = 1e9;
 
-// A datum and a system by their names; a system is on the datum of the map where it names none.
+// Read the names of a datum and of a reference, whose default datum is that of the map.
 [[nodiscard]] std::int32_t ReadDatum(const JsonValue& value);
 [[nodiscard]] Reference ReadReference(const JsonValue& value, std::int32_t mapDatum);
 
@@ -32,15 +32,15 @@ inline constexpr double PIXEL_LIMIT = 1e9;
 //     {"at": [48.1375, 11.5755], "datum": "WGS84", "name": "Munich"}
 //     {"system": "UTM@WGS84", "north": "N 5334791", "east": "32 691602", "name": "Munich"}
 //     {"pixel": [400, 250], "name": "Munich"}
-// on the datum of the map where none is named.
+// on the datum of the map unless the place names one.
 [[nodiscard]] Site ReadSite(const JsonValue& value, std::int32_t mapDatum);
 [[nodiscard]] std::vector<Site> ReadSites(const JsonValue& value, std::size_t least, std::int32_t mapDatum);
 
 // Degrees on a datum.
 [[nodiscard]] IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum);
 
-// The sites of a file in the forms that `tessara convert` reads: lines `latitude longitude [height] # name`,
-// or columns with the north text, the east text and the name. What is wrong with a line goes into `problems`.
+// Read the sites of a file in the formats of `tessara convert`: lines `latitude longitude [height] # name`,
+// or columns with the north text, the east text and the name. Add messages about wrong lines to `problems`.
 [[nodiscard]] std::vector<Site> ReadDegreesFile(const LayerFile& file, std::int32_t datum,
                                                 std::vector<std::string>* problems);
 [[nodiscard]] std::vector<Site> ReadTextsFile(const LayerFile& file, const Reference& reference,

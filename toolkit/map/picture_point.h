@@ -13,8 +13,8 @@ struct PicturePoint {
 
 using Polyline = std::vector<PicturePoint>;
 
-// The same on the earth, in degrees on the map's datum: x is the longitude, y the latitude. Longitudes go on
-// over the date line.
+// The same on the earth, in degrees on the map's datum: x is the longitude, y the latitude. Longitudes
+// continue across the date line.
 using EarthLine = std::vector<PicturePoint>;
 
 }  // namespace tessara::toolkit

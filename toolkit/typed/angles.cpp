@@ -21,7 +21,7 @@ struct Angle {
     std::array<const Token*, MOST_PARTS> parts{};
     std::size_t count = 0;
     const Token* letter = nullptr;
-    bool isMarked = false;  // has the sign of degrees
+    bool isMarked = false;  // has a degree sign
 
     [[nodiscard]] const Token& Last() const { return *parts[count - 1]; }
     [[nodiscard]] bool IsLongitude() const { return letter != nullptr && (Is('E') || Is('W')); }
@@ -54,15 +54,15 @@ bool IsCompassLetter(const Token& token) {
 }
 
 Fault Missing(const char* what, const Piece& piece) {
-    return {"missing", std::string(what) + " is missing", piece};
+    return {"missing", std::string("missing ") + what, piece};
 }
 
-// Walks along the tokens.
+// Reads angles from tokens.
 class AngleReader {
   public:
     AngleReader(const Tokens& tokens, std::size_t end) : tokens_(tokens), end_(end) {}
 
-    // `most` numbers at most.
+    // Reads at most `most` numbers.
     Fault ReadAngle(const char* what, std::size_t most, Angle* angle) {
         if (IsCompassLetter(Here())) angle->letter = &tokens_[at_++];
         Fault wrong = ReadParts(most, angle);
@@ -98,7 +98,7 @@ class AngleReader {
         return {};
     }
 
-    // Of the number that is here.
+    // Whether the current number has a degree sign.
     [[nodiscard]] bool HasDegreeSign() const {
         return Behind(1).kind == TokenKind::Degree || WordAt(1, "DEG") || IsLittleD(1);
     }
@@ -118,7 +118,7 @@ class AngleReader {
         return true;
     }
 
-    // The sign behind the number that was read last must be that of its unit.
+    // The sign after the last number must match its unit.
     Fault ReadMark(Angle* angle) {
         struct Mark {
             TokenKind kind;
@@ -139,8 +139,7 @@ class AngleReader {
         if (length > 0 ||
             (next != TokenKind::Degree && next != TokenKind::Minute && next != TokenKind::Second))
             return {};
-        return {"sign", std::string("the sign behind the ") + PART_NAMES[unit] + " isn't theirs",
-                Here().piece};
+        return {"sign", std::string("wrong sign after the ") + PART_NAMES[unit], Here().piece};
     }
 
     static Fault Check(const Angle& angle) {
@@ -149,21 +148,23 @@ class AngleReader {
             if (i + 1 < angle.count && part.hasPoint)
                 return {
                     "decimals",
-                    std::string(PART_NAMES[i]) + " with decimals can't be followed by " + PART_NAMES[i + 1],
+                    std::string(PART_NAMES[i]) + " with decimals cannot be followed by " + PART_NAMES[i + 1],
                     part.piece};
             if (i > 0 && part.value >= SIXTY)
-                return {PART_NAMES[i], std::string(PART_NAMES[i]) + " end below 60", part.piece};
+                return {PART_NAMES[i], std::string(PART_NAMES[i]) + " must be below 60", part.piece};
         }
         if (angle.letter != nullptr && angle.parts[0]->hasSign)
-            return {"sign", "a letter and a sign can't both say the hemisphere", angle.parts[0]->piece};
+            return {"sign", "the hemisphere has both a letter and a sign; write one of them",
+                    angle.parts[0]->piece};
         return {};
     }
 
     [[nodiscard]] Fault WrongHere() const {
         const Token& token = Here();
         if (token.kind == TokenKind::Letter && token.letter == 'O')
-            return {"letter", "the letter O is east in some languages and west in others", token.piece};
-        return {"leftover", "there is more than latitude and longitude, or other letters than N, S, E and W",
+            return {"letter", "ambiguous letter O, east in some languages and west in others; write E or W",
+                    token.piece};
+        return {"leftover", "expected only latitude and longitude, with no letters but N, S, E and W",
                 token.piece};
     }
 
@@ -172,7 +173,7 @@ class AngleReader {
     std::size_t at_ = 0;
 };
 
-// How many numbers each of two angles has that nothing but blanks divides; 0 if something does.
+// The count of numbers in each of two angles without signs, letters and separators; 0 for other tokens.
 std::size_t EqualCount(const Tokens& tokens) {
     for (std::size_t i = 0; i < tokens.Count(); ++i) {
         if (tokens[i].kind != TokenKind::Number) return 0;
@@ -181,7 +182,7 @@ std::size_t EqualCount(const Tokens& tokens) {
 }
 
 Fault WrongCount(const Tokens& tokens) {
-    return {"count", "latitude and longitude need one, two or three numbers each, and equally many",
+    return {"count", "latitude and longitude must have equally many numbers: one, two or three each",
             tokens.All()};
 }
 
@@ -196,7 +197,7 @@ struct Whole {
     std::int16_t degrees, minutes;
 };
 
-// The parts of an angle up to the last one of a spelling, which takes what is left.
+// Splits an angle into whole parts and a last part, which takes the remainder.
 double Divide(const Angle& angle, std::size_t parts, Whole* whole) {
     whole->degrees = static_cast<std::int16_t>(angle.Part(0));
     if (angle.count == parts) {
@@ -252,15 +253,15 @@ Fault ReadBoth(const Tokens& tokens, Angle* first, Angle* second) {
     if (equal > 0 && (tokens.Count() % 2 != 0 || equal > MOST_PARTS)) return WrongCount(tokens);
     const std::size_t most = equal > 0 ? equal : MOST_PARTS;
     AngleReader reader(tokens, tokens.Count());
-    Fault wrong = reader.ReadAngle("the latitude", most, first);
+    Fault wrong = reader.ReadAngle("latitude", most, first);
     if (wrong.IsThere()) return wrong;
     reader.SkipBoundary();
-    wrong = reader.ReadAngle("the longitude", most, second);
+    wrong = reader.ReadAngle("longitude", most, second);
     if (wrong.IsThere()) return wrong;
     return reader.ReadEnd();
 }
 
-// Without letters or signs of degrees on both, numbers may be counted to the wrong one.
+// Without letters or degree signs on both angles, the split between them is ambiguous.
 bool MayBeDividedElsewhere(const Angle& first, const Angle& second) {
     const auto isBounded = [](const Angle& angle) { return angle.letter != nullptr || angle.isMarked; };
     return first.count != second.count && !(isBounded(first) && isBounded(second));
@@ -275,7 +276,7 @@ Fault ReadAngles(const Tokens& tokens, std::int32_t datum, Reading* reading) {
     if (wrong.IsThere()) return wrong;
     if (MayBeDividedElsewhere(first, second)) return WrongCount(tokens);
     if ((first.IsLatitude() && second.IsLatitude()) || (first.IsLongitude() && second.IsLongitude()))
-        return {"letter", "both letters are of the same axis", second.letter->piece};
+        return {"letter", "both letters name the same axis", second.letter->piece};
     if (first.IsLongitude() || second.IsLatitude()) std::swap(first, second);
     wrong = CheckRange("latitude", first, LATITUDE_LIMIT);
     if (wrong.IsThere()) return wrong;

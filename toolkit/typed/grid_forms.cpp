@@ -21,7 +21,7 @@ namespace {
 
 constexpr int SQUARE_DIGITS = 5;  // whole metres within 100 km
 constexpr double HALF_SQUARE = SQUARE_METRES / 2.0;
-// Letters and metres are cut from the whole value; at the upper limit of a grid they stay a metre below it.
+// Letters and metres truncate the full value; at the upper limit of a grid they stay a metre below it.
 constexpr double ADDRESS_TOLERANCE = 1.0;
 
 double ResolutionOf(const Token& token) {
@@ -44,12 +44,12 @@ Reading MakeReading(const Blank& blank) {
 
 Fault CheckZone(const Token& token) {
     const std::int32_t zone = WholeOf(token);
-    return IsUtmZone(zone) ? Fault{} : Fault{"zone", "zones are 1 to 60", token.piece};
+    return IsUtmZone(zone) ? Fault{} : Fault{"zone", "the zone is outside 1..60", token.piece};
 }
 
 // --- two numbers
 
-// The numbers of the axes are the last fields of the texts, in every system.
+// In every system the last field of a text is the number of its axis.
 Fault BuildNumbers(const Match& match, const Blank& blank, std::vector<Reading>* readings) {
     Reading reading = MakeReading(blank);
     StoreNumber(System_NorthText(blank.reference.system).back(), match.Value('n'), &reading.record);
@@ -66,7 +66,7 @@ Fault BuildPixel(const Match& match, const Blank& blank, std::vector<Reading>* r
     for (const char element : {'e', 'n'}) {
         const double value = match.Value(element);
         if (value != std::floor(value) || std::fabs(value) > INT32_MAX)
-            return {"number", "pixels are whole numbers of 32 bits", match[element]->piece};
+            return {"number", "a pixel must be a whole number of 32 bits", match[element]->piece};
     }
     Store(reading.record, LongPixelPayload{static_cast<std::int32_t>(match.Value('e')),
                                            static_cast<std::int32_t>(match.Value('n'))});
@@ -102,7 +102,7 @@ Fault BuildEcef(const Match& match, const Blank& blank, std::vector<Reading>* re
 
 // --- the Austrian meridians
 
-// The strips of BMN and OEM lie 300 km apart, and none reaches 150 km to a side.
+// The strips of BMN and OEM are 300 km apart, and each extends less than 150 km to both sides.
 std::int16_t MeridianOfEasting(std::int32_t system, double easting) {
     const double first = system == KOORD_BMN ? BMN_FIRST_CENTRE : OEM_FIRST_CENTRE;
     const double strip = std::round((easting - first) / AUSTRIAN_CENTRE_STEP);
@@ -116,20 +116,18 @@ Fault BuildAustrian(const Match& match, const Blank& blank, std::vector<Reading>
         const std::int32_t typed = WholeOf(*match['M']);
         if (std::find(std::begin(AUSTRIAN_MERIDIANS), std::end(AUSTRIAN_MERIDIANS), typed) ==
             std::end(AUSTRIAN_MERIDIANS))
-            return {"strip", "meridians are 28, 31 and 34", match['M']->piece};
+            return {"strip", "the meridian must be 28, 31 or 34", match['M']->piece};
         meridian = static_cast<std::int16_t>(typed);
     }
     if (blank.reference.system != KOORD_GKAT) {
         const std::int16_t ofEasting = MeridianOfEasting(blank.reference.system, match.Value('e'));
         if (match.Has('M') && meridian != ofEasting)
-            return {"strip", "the easting is that of meridian " + std::to_string(ofEasting),
+            return {"strip", "the easting belongs to meridian " + std::to_string(ofEasting),
                     match['M']->piece};
         meridian = ofEasting;
     }
     if (meridian == NO_WANTED_ZONE)
-        return {"strip",
-                "the numbers don't say which of the meridians 28, 31 and 34 is meant; put it before them",
-                match['e']->piece};
+        return {"strip", "ambiguous meridian; write 28, 31 or 34 before the numbers", match['e']->piece};
     Fault wrong = BuildNumbers(match, blank, readings);
     auto p = Load<BmnPayload>(readings->back().record);
     p.wantedMeridian = NO_WANTED_ZONE;
@@ -148,7 +146,7 @@ char BandOf(double latitude) {
     return BANDS[static_cast<std::size_t>(std::clamp(band, 0.0, static_cast<double>(BANDS.size() - 1)))];
 }
 
-// The band that a letter must name; where the last digit makes the difference, either of two.
+// Checks the letter of the band. Near a border, where the last digit decides, both bands are valid.
 Fault CheckBand(const Token& band, const Reading& reading) {
     char natural = 0;
     for (const double step : {0.0, -reading.northResolution, reading.northResolution}) {
@@ -163,7 +161,8 @@ Fault CheckBand(const Token& band, const Reading& reading) {
         if (natural == 0) natural = found;
     }
     if (natural == 0) return {};
-    return {"band", std::string("it lies in band ") + natural + " and not in " + band.letter, band.piece};
+    return {"band", std::string("the position is in band ") + natural + ", not in " + band.letter,
+            band.piece};
 }
 
 Fault AddUtm(char hemisphere, std::int32_t zone, double easting, const Match& match, const Blank& blank,
@@ -193,12 +192,14 @@ Fault BuildUtm(const Match& match, const Blank& blank, std::vector<Reading>* rea
     return AddUtm(hemisphere, WholeOf(*match['Z']), match.Value('e'), match, blank, readings);
 }
 
-// The display forms: the zone stands before the six digits of the easting. The library's name no hemisphere.
+// The display forms, in which the zone precedes the six digits of the easting. Those of the library have no
+// hemisphere.
 Fault BuildUtmDisplay(const Match& match, const Blank& blank, std::vector<Reading>* readings) {
     constexpr double EASTINGS = 1e6;
     const double joined = match.Value('j');
     const double zone = std::floor(joined / EASTINGS);
-    if (!(zone >= 1.0 && zone <= UTM_ZONE_COUNT)) return {"zone", "zones are 1 to 60", match['j']->piece};
+    if (!(zone >= 1.0 && zone <= UTM_ZONE_COUNT))
+        return {"zone", "the zone is outside 1..60", match['j']->piece};
     for (const char hemisphere : {'N', 'S'}) {
         if (match.Has('H') && match.Letter('H') != hemisphere) continue;
         Fault wrong = AddUtm(hemisphere, static_cast<std::int32_t>(zone), joined - zone * EASTINGS, match,
@@ -240,18 +241,20 @@ double ResolutionOf(std::size_t digits) {
     return std::pow(10.0, SQUARE_DIGITS - static_cast<int>(digits));
 }
 
-// A number with a point is of metres, of which there are no parts.
+// A number with a decimal point counts metres, which must be whole.
 bool AreMetres(const Token& token) {
     return token.hasPoint && token.value == std::floor(token.value) && token.value < SQUARE_METRES;
 }
 
 Fault ReadOneGroup(const Token& group, SquareDigits* read) {
     const std::size_t count = group.digits.size();
-    if (group.hasPoint) return WrongDigits("digits of east and north in one number have no point", group);
+    if (group.hasPoint)
+        return WrongDigits("digits of easting and northing in one number cannot contain a decimal point",
+                           group);
     if (count % 2 != 0)
-        return WrongDigits("an odd count of digits can't be divided between east and north", group);
+        return WrongDigits("odd count of digits; easting and northing must have equally many", group);
     if (count > std::size_t{2} * SQUARE_DIGITS)
-        return WrongDigits("there are at most 10 digits, down to a metre", group);
+        return WrongDigits("too many digits; the maximum is 10, which is a metre", group);
     read->easting = Metres(group.digits.substr(0, count / 2));
     read->northing = Metres(group.digits.substr(count / 2));
     read->resolution = ResolutionOf(count / 2);
@@ -261,14 +264,15 @@ Fault ReadOneGroup(const Token& group, SquareDigits* read) {
 Fault ReadTwoGroups(const Token& east, const Token& north, SquareDigits* read) {
     for (const Token* group : {&east, &north}) {
         if (group->hasPoint && !AreMetres(*group))
-            return WrongDigits("a number with a point is of whole metres below 100000", *group);
+            return WrongDigits("a number with a decimal point must be whole metres below 100000", *group);
         if (!group->hasPoint && group->digits.size() > SQUARE_DIGITS)
-            return WrongDigits("there are at most 5 digits, down to a metre", *group);
+            return WrongDigits("too many digits; the maximum is 5, which is a metre", *group);
     }
     const auto countOf = [](const Token& group) -> std::size_t {
         return group.hasPoint ? SQUARE_DIGITS : group.digits.size();
     };
-    if (countOf(east) != countOf(north)) return WrongDigits("east and north have equally many digits", north);
+    if (countOf(east) != countOf(north))
+        return WrongDigits("easting and northing must have equally many digits", north);
     const auto metresOf = [](const Token& group) {
         return group.hasPoint ? static_cast<std::int32_t>(group.value) : Metres(group.digits);
     };
@@ -281,8 +285,8 @@ Fault ReadTwoGroups(const Token& east, const Token& north, SquareDigits* read) {
 Fault ReadDigits(const Match& match, SquareDigits* read) {
     if (match.Has('g')) return ReadOneGroup(*match['g'], read);
     if (match.Has('u') && match.Has('v')) return ReadTwoGroups(*match['u'], *match['v'], read);
-    if (match.Has('u')) return WrongDigits("the digits of the north are missing", *match['u']);
-    if (match.Has('v')) return WrongDigits("the digits of the east are missing", *match['v']);
+    if (match.Has('u')) return WrongDigits("missing northing digits", *match['u']);
+    if (match.Has('v')) return WrongDigits("missing easting digits", *match['v']);
     return {};
 }
 
@@ -312,13 +316,15 @@ Fault BuildReference(const Match& match, const Blank& blank, std::vector<Reading
 constexpr std::int16_t COARSEST_GEOREF = 3;  // whole minutes
 constexpr std::size_t MOST_MINUTE_DIGITS = 4;
 
-// Two digits are minutes, more are tenths and hundredths of them. The library writes one zero before them.
+// Two digits are minutes; more digits are tenths and hundredths. The library writes a leading zero.
 Fault ReadMinutes(const Token& token, std::string_view digits, std::int16_t* minutes, std::size_t* count) {
-    if (token.hasPoint) return WrongDigits("minutes have no point: 345 is 34.5 minutes", token);
+    if (token.hasPoint)
+        return WrongDigits("minutes cannot contain a decimal point; write 345 for 34.5 minutes", token);
     if (digits.size() == MOST_MINUTE_DIGITS + 1 && digits.front() == '0') digits.remove_prefix(1);
     *count = digits.size();
-    if (*count < 2 || *count > MOST_MINUTE_DIGITS) return WrongDigits("minutes have 2, 3 or 4 digits", token);
-    if (digits.front() > '5') return {"minutes", "minutes end below 60", token.piece};
+    if (*count < 2 || *count > MOST_MINUTE_DIGITS)
+        return WrongDigits("minutes must have 2, 3 or 4 digits", token);
+    if (digits.front() > '5') return {"minutes", "minutes must be below 60", token.piece};
     std::from_chars(digits.data(), digits.data() + digits.size(), *minutes);
     return {};
 }
@@ -329,18 +335,19 @@ Fault ReadGeorefDigits(const Match& match, GeorefPayload* p, std::size_t* count)
         const Token& group = *match['g'];
         const std::size_t half = group.digits.size() / 2;
         if (group.digits.size() % 2 != 0)
-            return WrongDigits("an odd count of digits can't be divided between east and north", group);
+            return WrongDigits("odd count of digits; easting and northing must have equally many", group);
         Fault wrong = ReadMinutes(group, group.digits.substr(0, half), &p->lonMinutes, count);
         return wrong.IsThere() ? wrong
                                : ReadMinutes(group, group.digits.substr(half), &p->latMinutes, &north);
     }
     if (match.Has('u') != match.Has('v'))
-        return WrongDigits("the minutes of one axis are missing", *match[match.Has('u') ? 'u' : 'v']);
+        return WrongDigits("missing minutes of one axis", *match[match.Has('u') ? 'u' : 'v']);
     if (!match.Has('u')) return {};
     Fault wrong = ReadMinutes(*match['u'], match['u']->digits, &p->lonMinutes, count);
     if (!wrong.IsThere()) wrong = ReadMinutes(*match['v'], match['v']->digits, &p->latMinutes, &north);
     if (wrong.IsThere()) return wrong;
-    return *count == north ? Fault{} : WrongDigits("east and north have equally many digits", *match['v']);
+    return *count == north ? Fault{}
+                           : WrongDigits("easting and northing must have equally many digits", *match['v']);
 }
 
 Fault BuildGeoref(const Match& match, const Blank& blank, std::vector<Reading>* readings) {
@@ -363,13 +370,13 @@ Fault BuildGeoref(const Match& match, const Blank& blank, std::vector<Reading>* 
 
 // --- the grids of lettered squares
 
-// A record through degrees and back: the library fills in what the typed text leaves out.
+// Converts a record to degrees and back, so that the library fills in the omitted fields.
 bool Complete(tagKOORD* record) {
     tagKOORD degrees = MakeKoord(static_cast<std::int32_t>(record->datum), KOORD_GEODEZ);
     return KoordConvert(record, &degrees) == KOORD_OK && KoordConvert(&degrees, record) == KOORD_OK;
 }
 
-// The south-western corner of the square with these letters; false if the grid has no such square.
+// The south-western corner of the square with these letters; false if the grid does not contain this square.
 bool FindSquare(char first, char second, tagKOORD record, double* east, double* north) {
     LetterGridPayload p{};
     p.square = first;
@@ -383,7 +390,7 @@ bool FindSquare(char first, char second, tagKOORD record, double* east, double* 
     return true;
 }
 
-// Both letters; the Irish grid has the letter I before its own.
+// Both letters; the first letter of the Irish grid is always I.
 struct SquareLetters {
     char first;
     char second;
@@ -397,10 +404,10 @@ Fault NoSquare(const Match& match) {
     const Token& last = *match['b'];
     Piece piece = last.piece;
     if (match.Has('a') && match['a']->piece.text == piece.text) piece.begin = match['a']->piece.begin;
-    return {"square", "the grid has no such square", piece};
+    return {"square", "the grid does not contain this square", piece};
 }
 
-// Metres within a square, whose letters are given.
+// Metres within a lettered square.
 Fault BuildSquare(const Match& match, const Blank& blank, std::vector<Reading>* readings) {
     SquareDigits digits;
     Fault wrong = ReadDigits(match, &digits);
@@ -421,9 +428,9 @@ Fault BuildSquare(const Match& match, const Blank& blank, std::vector<Reading>* 
     return {};
 }
 
-// Whole grid values; letters and metres follow from them.
+// Full grid values, which determine letters and metres.
 Fault AddFullValues(double east, double north, Reading reading, std::vector<Reading>* readings) {
-    // At the upper limit of the grid the last square goes on.
+    // The last square includes the upper limit of the grid.
     const auto cornerOf = [](double value, double limit) {
         return std::floor(std::min(value, limit - ADDRESS_TOLERANCE) / SQUARE_METRES) * SQUARE_METRES;
     };
@@ -455,7 +462,7 @@ Fault BuildFullValues(const Match& match, const Blank& blank, std::vector<Readin
     return AddFullValues(match.Value('e'), match.Value('n'), reading, readings);
 }
 
-// Whole values with the letters and the metres beside them, which must say the same.
+// Full values with letters and metres, which must agree.
 Fault BuildBoth(const Match& match, const Blank& blank, std::vector<Reading>* readings) {
     Reading reading = MakeReading(blank);
     reading.northResolution = ResolutionOf(*match['N']);
@@ -465,14 +472,14 @@ Fault BuildBoth(const Match& match, const Blank& blank, std::vector<Reading>* re
     const auto p = Load<LetterGridPayload>(readings->back().record);
     const auto [first, second] = LettersOf(match, blank.reference.system);
     if (p.square != first || p.subSquare != second)
-        return {"square", "the whole values lie in square " + std::string{p.square, p.subSquare},
+        return {"square", "the full values are in square " + std::string{p.square, p.subSquare},
                 NoSquare(match).piece};
-    // The metres may have been rounded where the record cuts them.
+    // The typed metres may be rounded; the record truncates.
     const auto differ = [](double one, double other) { return std::fabs(one - other) > ADDRESS_TOLERANCE; };
     if (differ(p.easting, match.Value('e')))
-        return {"easting", "the metres in the square aren't those of the whole value", match['e']->piece};
+        return {"easting", "the metres within the square differ from the full value", match['e']->piece};
     if (differ(p.northing, match.Value('n')))
-        return {"northing", "the metres in the square aren't those of the whole value", match['n']->piece};
+        return {"northing", "the metres within the square differ from the full value", match['n']->piece};
     return {};
 }
 
@@ -481,7 +488,7 @@ constexpr GridForm FORMS[] = {
     {KOORD_FLOATPIXEL, BARE_NUMBERS, BuildPixel},
 
     {KOORD_UTM, "Hn|Ze", BuildUtm, true},
-    // A letter by itself is a field of its own, the hemisphere; at the zone it may be the band S, too.
+    // A separate letter is the hemisphere; attached to the zone, S can also be the band.
     {KOORD_UTM, "Z_He,n", BuildUtm, false, true},
     {KOORD_UTM, "ZHe,n", BuildUtm, true},
     {KOORD_UTM, "ZBe,n", BuildUtm, true},

@@ -1,4 +1,4 @@
-// The forms in which positions of grids, zones and squares are typed: one row a form.
+// The typed forms of grid positions, one row for each form.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +10,16 @@
 
 namespace tessara::toolkit {
 
-// In which order a single text has the two numbers of a grid.
+// The order of the two numbers of a grid in a single text.
 enum class Order { Unknown, NorthFirst, EastFirst };
 
-// A northing and an easting and nothing else: two texts have the north first, one text may have either first.
+// A northing and an easting alone. Of two texts the first is the north text; in a single text either can come
+// first.
 inline constexpr const char* BARE_NUMBERS = "n^e";
 inline constexpr const char* EAST_FIRST = "e,n";
 inline constexpr const char* NORTH_FIRST = "n,e";
 
-// What a reading begins with: the reference, and its default record.
+// The start of a reading: the reference and its default record.
 struct Blank {
     Reference reference;
     tagKOORD record;
@@ -27,12 +28,12 @@ struct Blank {
 struct GridForm {
     std::int32_t system;
     const char* pattern;
-    // Makes the records of a match; without any, the fault says which piece is wrong.
+    // Creates the readings of a match, or returns the fault.
     Fault (*build)(const Match& match, const Blank& blank, std::vector<Reading>* readings);
-    // Whether no other system has such texts: what is typed without naming a system is tried with these.
+    // Whether no other system has such texts, so that the form is tried if no system is named.
     bool isSelfExplaining = false;
-    // Whether it is what the program writes and others write with another meaning: a position in it is no
-    // position in the forms behind it.
+    // Whether the program writes this form and other programs write it with another meaning. If it gives a
+    // position, the later forms are not tried.
     bool isOwn = false;
 };
 

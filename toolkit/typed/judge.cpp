@@ -13,19 +13,19 @@
 namespace tessara::toolkit {
 namespace {
 
-// A position that the free projections return to, this close, is within what they represent.
+// The maximum round trip error of a valid position of TM, VDG and ECEF.
 constexpr double SAME_METRE = 0.01;
 
-// How finely what digits stand for is searched for a legal place, along each axis.
+// Steps per axis in the search for a legal position near the typed digits.
 constexpr int SEARCH_STEPS = 6;
 
-const Fault NO_SQUARE{"square", "zone and band have no such square", {}};
+const Fault NO_SQUARE{"square", "zone and band do not contain this square", {}};
 
 Fault FaultOf(KoordStatus status) {
     return {StatusCode(status), StatusReason(status), {}};
 }
 
-// The checker of the library passes none of these.
+// The checker of the library rejects all of these.
 bool IsBeyondTheChecker(const tagKOORD& record) {
     switch (static_cast<std::int32_t>(record.type)) {
         case KOORD_TM:
@@ -53,7 +53,7 @@ bool AreSame(const tagKOORD& one, const tagKOORD& other) {
     return isSame(System_NorthText(type).back()) && isSame(System_EastText(type).back());
 }
 
-// To degrees and back.
+// Converts to degrees and back.
 Fault CheckRoundTrip(const tagKOORD& record, const tagKOORD& degrees) {
     if (record.type == KOORD_UPS) {
         std::int32_t detail = KOORD_OK;
@@ -84,7 +84,7 @@ bool HasZones(const tagKOORD& record) {
     return WantedZone(static_cast<std::int32_t>(record.type), 28).has_value();
 }
 
-// Of a position that converts and that the checker refuses all the same.
+// The fault of a position that converts but that the checker rejects.
 Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
     tagKOORD natural = DefaultRecord(
         {.datum = static_cast<std::int32_t>(record.datum), .system = static_cast<std::int32_t>(record.type)});
@@ -92,7 +92,7 @@ Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
     if (status != KOORD_OK) return FaultOf(status);
     if (HasZones(record) && ZoneOf(natural) != ZoneOf(record))
         return {"outside-zone",
-                "it lies in zone " + std::to_string(ZoneOf(natural)) + " and not in " +
+                "the position is in zone " + std::to_string(ZoneOf(natural)) + ", not in " +
                     std::to_string(ZoneOf(record)),
                 {}};
     if (record.type == KOORD_UTMREF) return NO_SQUARE;
@@ -105,7 +105,7 @@ tagKOORD DegreesRecord(const tagKOORD& record, KoordStatus* status) {
     return degrees;
 }
 
-// By so many metres; of a system whose texts end with its numbers.
+// Moves a record by metres, in a system with metric axes.
 tagKOORD Moved(const tagKOORD& record, double east, double north) {
     tagKOORD moved = record;
     const auto type = static_cast<std::int32_t>(record.type);
@@ -118,7 +118,7 @@ tagKOORD Moved(const tagKOORD& record, double east, double north) {
     return moved;
 }
 
-// The grid position of a reference in its own zone.
+// The UTM position of a reference in its own zone.
 tagKOORD UtmOf(const tagKOORD& reference, const tagKOORD& degrees) {
     const auto datum = static_cast<std::int32_t>(reference.datum);
     CKoord utm = DefaultRecord({.datum = datum, .system = KOORD_UTM});
@@ -169,8 +169,8 @@ Fault Judge::Check(const Reading& reading) const {
     return WhyRefused(record, degrees);
 }
 
-// Digits stand for more than the place that they name: for half a unit around it where they were rounded, and
-// for all of a unit where they were cut. A part of that must be legal.
+// Typed digits stand for a range: half a unit to both sides if they were rounded, a whole unit if they were
+// truncated. Some position in that range must be legal.
 bool Judge::IsLegalNearby(const Reading& reading, const tagKOORD& degrees) const {
     const auto type = static_cast<std::int32_t>(reading.record.type);
     const bool isReference = type == KOORD_UTMREF;

@@ -1,4 +1,4 @@
-// Whether a record is a position that the library stands behind, and if not, why.
+// Checks whether a record is a position that the library accepts.
 #pragma once
 
 #include "tessara/tessara.h"
@@ -6,12 +6,13 @@
 
 namespace tessara::toolkit {
 
-// For one thread at a time.
+// Not for concurrent use.
 class Judge {
   public:
     Judge();
 
-    // The fault has no piece. A position in the zone that the reference wants may lie beyond its borders.
+    // Returns a fault without a piece. A position in the wanted zone of the reference may lie outside the
+    // zone's borders.
     [[nodiscard]] Fault Check(const Reading& reading) const;
 
   private:
@@ -22,7 +23,7 @@ class Judge {
     IRef<ICoord> coord_;
 };
 
-// In degrees on the record's own datum; false if it has none.
+// Converts a record to degrees on its own datum; false if that fails.
 [[nodiscard]] bool DegreesOf(const tagKOORD& record, GeodezPayload* degrees);
 
 }  // namespace tessara::toolkit

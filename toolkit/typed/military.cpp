@@ -27,7 +27,7 @@ double StepOf(int digits) {
     return std::pow(10.0, MOST_DIGITS - digits);
 }
 
-// In the zone of the position, whether it is wanted or natural.
+// In the wanted zone, or else in the natural one.
 Reference UtmOf(const Reference& target) {
     Reference utm{.datum = target.datum, .system = KOORD_UTM};
     for (const Parameter& parameter : target.parameters) {
@@ -48,7 +48,7 @@ std::optional<int> DigitsOfSide(std::string_view side) {
 ReferenceWriter::ReferenceWriter(const Reference& target, const ReferenceDigits& digits)
     : datum_(target.datum), digits_(digits), toUtm_(target.datum, UtmOf(target)) {}
 
-// The reference of a place of the grid in the zone of `utm`.
+// The reference of a grid position in the zone of `utm`.
 std::optional<UtmrefPayload> ReferenceWriter::At(const CKoord& utm, double easting, double northing) const {
     tagKOORD place = utm;
     auto p = Load<UtmPayload>(place);
@@ -78,7 +78,8 @@ KoordStatus ReferenceWriter::Write(const CKoord& source, std::string* text) cons
         reference =
             At(utm, step * std::floor(easting / step + 0.5), step * std::floor(northing / step + 0.5));
     }
-    // At the edges of a zone and of the system the nearest square may not exist; the one around it does.
+    // At the borders of a zone or of the system, the square with the nearest corner may not exist; the one
+    // that contains the position does.
     if (!reference) reference = At(utm, std::floor(easting), std::floor(northing));
     if (!reference) return KOORD_ERR_OUTSIDE;
     *text = std::to_string(reference->zone) + reference->band +

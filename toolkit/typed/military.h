@@ -1,4 +1,4 @@
-// Military references as one string: 32UPU9160234791.
+// Writes military references as one text: 32UPU9160234791.
 #pragma once
 
 #include <optional>
@@ -11,20 +11,21 @@
 namespace tessara::toolkit {
 
 struct ReferenceDigits {
-    int count = 5;             // of each axis: 5 for metres, 0 for the square of 100 km
-    bool isTruncated = false;  // to the square that the position lies in, not to the nearest one
+    int count = 5;  // of each axis: 5 for metres, 0 for the square of 100 km
+    bool isTruncated =
+        false;  // writes the square that contains the position, not the one with the nearest corner
 };
 
-// The digits of a side like 10m or 1km; nothing if it is none of 1m, 10m, ... 100km.
+// The digits for a side such as 10m or 1km; nothing for a text other than 1m, 10m, ... 100km.
 [[nodiscard]] std::optional<int> DigitsOfSide(std::string_view side);
 
-// Makes the references of positions on one datum.
+// Writes the references of positions on one datum.
 class ReferenceWriter {
   public:
-    // `target` is UTMREF, perhaps with a wanted zone.
+    // `target` is UTMREF, optionally with a wanted zone.
     ReferenceWriter(const Reference& target, const ReferenceDigits& digits);
 
-    // The status of the conversion to UTM; `text` is unchanged if it isn't KOORD_OK.
+    // Returns the status of the conversion to UTM; `text` is unchanged on failure.
     [[nodiscard]] KoordStatus Write(const CKoord& source, std::string* text) const;
 
   private:
@@ -35,8 +36,7 @@ class ReferenceWriter {
     Conversion toUtm_;
 };
 
-// The letters of a square and the leading digits of both axes: the form of a reference, but for zone and
-// band.
+// The letters of a square and the leading digits of both axes: a reference without zone and band.
 [[nodiscard]] std::string SquareText(std::string_view letters, std::int32_t easting, std::int32_t northing,
                                      int digits);
 

@@ -10,13 +10,13 @@ namespace {
 
 enum class Needs { Letter, Whole, Unsigned, Joined, Number };
 
-// An easting has six digits, so that one more is a zone's.
+// An easting has six digits; a seventh belongs to the zone.
 constexpr std::size_t FEWEST_JOINED = 7;
 
 struct Element {
     char sign;
     Needs needs;
-    std::string_view letters;  // that are taken
+    std::string_view letters;  // that match
     const char* words;
     bool isOptional = false;
 };
@@ -28,33 +28,33 @@ constexpr std::string_view BAND_LETTERS = "CDEFGHJKLMNPQRSTUVWX";
 constexpr std::string_view ROW_LETTERS = "ABCDEFGHJKLMNPQRSTUV";
 
 constexpr Element ELEMENTS[] = {
-    {'Z', Needs::Whole, "", "the zone"},
-    {'H', Needs::Letter, "NS", "the hemisphere, N or S"},
-    {'P', Needs::Letter, "ABYZ", "the letter of the polar area, A, B, Y or Z"},
-    {'B', Needs::Letter, BAND_LETTERS, "the letter of the band, C to X without I and O"},
-    {'C', Needs::Letter, ALPHABET_WITHOUT_IO, "the letter of the column, A to Z without I and O"},
-    {'R', Needs::Letter, ROW_LETTERS, "the letter of the row, A to V without I and O"},
-    {'M', Needs::Whole, "", "the meridian, 28, 31 or 34"},
-    {'j', Needs::Joined, "", "the zone and the easting in one number"},
-    {'n', Needs::Number, "", "the northing"},
-    {'e', Needs::Number, "", "the easting"},
+    {'Z', Needs::Whole, "", "zone"},
+    {'H', Needs::Letter, "NS", "hemisphere (N or S)"},
+    {'P', Needs::Letter, "ABYZ", "polar area letter (A, B, Y or Z)"},
+    {'B', Needs::Letter, BAND_LETTERS, "band letter (C to X without I and O)"},
+    {'C', Needs::Letter, ALPHABET_WITHOUT_IO, "column letter (A to Z without I and O)"},
+    {'R', Needs::Letter, ROW_LETTERS, "row letter (A to V without I and O)"},
+    {'M', Needs::Whole, "", "meridian (28, 31 or 34)"},
+    {'j', Needs::Joined, "", "zone and easting in one number"},
+    {'n', Needs::Number, "", "northing"},
+    {'e', Needs::Number, "", "easting"},
     {'x', Needs::Number, "", "x"},
     {'y', Needs::Number, "", "y"},
     {'z', Needs::Number, "", "z"},
-    {'o', Needs::Number, "", "the longitude of the origin"},
-    {'p', Needs::Number, "", "the latitude of the origin"},
-    {'N', Needs::Number, "", "the northing of the whole grid"},
-    {'E', Needs::Number, "", "the easting of the whole grid"},
-    {'a', Needs::Letter, ALPHABET_WITHOUT_I, "the first letter of the square"},
-    {'b', Needs::Letter, ALPHABET_WITHOUT_I, "the letter of the square"},
-    {'i', Needs::Letter, "I", "the letter I"},
-    {'1', Needs::Letter, ALPHABET_WITHOUT_IO, "the first letter, A to Z without I and O"},
-    {'2', Needs::Letter, "ABCDEFGHJKLM", "the second letter, A to M without I"},
-    {'3', Needs::Letter, "ABCDEFGHJKLMNPQ", "the third letter, A to Q without I and O"},
-    {'4', Needs::Letter, "ABCDEFGHJKLMNPQ", "the fourth letter, A to Q without I and O"},
-    {'u', Needs::Unsigned, ALPHABET, "the digits of the east", true},
-    {'v', Needs::Unsigned, ALPHABET, "the digits of the north", true},
-    {'g', Needs::Unsigned, ALPHABET, "the digits of east and north", true},
+    {'o', Needs::Number, "", "longitude of the origin"},
+    {'p', Needs::Number, "", "latitude of the origin"},
+    {'N', Needs::Number, "", "full northing"},
+    {'E', Needs::Number, "", "full easting"},
+    {'a', Needs::Letter, ALPHABET_WITHOUT_I, "first letter of the square"},
+    {'b', Needs::Letter, ALPHABET_WITHOUT_I, "letter of the square"},
+    {'i', Needs::Letter, "I", "letter I"},
+    {'1', Needs::Letter, ALPHABET_WITHOUT_IO, "first letter (A to Z without I and O)"},
+    {'2', Needs::Letter, "ABCDEFGHJKLM", "second letter (A to M without I)"},
+    {'3', Needs::Letter, "ABCDEFGHJKLMNPQ", "third letter (A to Q without I and O)"},
+    {'4', Needs::Letter, "ABCDEFGHJKLMNPQ", "fourth letter (A to Q without I and O)"},
+    {'u', Needs::Unsigned, ALPHABET, "easting digits", true},
+    {'v', Needs::Unsigned, ALPHABET, "northing digits", true},
+    {'g', Needs::Unsigned, ALPHABET, "digits of easting and northing", true},
 };
 
 const Element& ElementOf(char sign) {
@@ -79,15 +79,15 @@ bool IsFit(const Element& element, const Token& token) {
     return token.kind == TokenKind::Number;
 }
 
-// 600,000 may be meant as 600000 or as 600.
+// 600,000 can mean 600000 or 600.
 bool MayDivideThousands(const Token& token) {
     return token.hasComma && token.decimals == 3 && token.digits.size() <= 3;
 }
 
 Fault Expected(const std::string& what, const Token& token) {
     if (token.kind == TokenKind::End || token.kind == TokenKind::Boundary)
-        return {"missing", what + " is missing", token.piece};
-    return {"unexpected", what + " is expected here", token.piece};
+        return {"missing", "missing " + what, token.piece};
+    return {"unexpected", "expected " + what, token.piece};
 }
 
 class Matcher {
@@ -101,9 +101,9 @@ class Matcher {
                 return TakeBoundary();
             case '^':
                 return isPair_ ? TakeBoundary()
-                               : Fault{"missing", "two texts are expected, north and east", tokens_.All()};
+                               : Fault{"missing", "expected two texts, north and east", tokens_.All()};
             case '_':
-                return Here().touchesPrevious ? Expected("a blank", Here()) : Fault{};
+                return Here().touchesPrevious ? Expected("space", Here()) : Fault{};
             case ',':
                 if (!isPair_ && Here().kind == TokenKind::Boundary) ++at_;
                 return {};
@@ -115,7 +115,7 @@ class Matcher {
     [[nodiscard]] Fault TakeEnd() const {
         if (at_ == tokens_.Count()) return {};
         return {"leftover",
-                "this is left over behind the position",
+                "unexpected text after the position",
                 {Here().piece.text, Here().piece.begin,
                  Here().piece.text == tokens_.All().text ? tokens_.All().end : Here().piece.end}};
     }
@@ -124,7 +124,7 @@ class Matcher {
     [[nodiscard]] const Token& Here() const { return tokens_[at_]; }
 
     Fault TakeBoundary() {
-        if (Here().kind != TokenKind::Boundary) return Expected("a boundary between north and east", Here());
+        if (Here().kind != TokenKind::Boundary) return Expected("separator between north and east", Here());
         ++at_;
         return {};
     }
@@ -132,8 +132,7 @@ class Matcher {
     Fault TakeElement(const Element& element) {
         if (!IsFit(element, Here())) return element.isOptional ? Fault{} : Expected(element.words, Here());
         if (MayDivideThousands(Here()))
-            return {"comma",
-                    "the comma may be a decimal comma or divide thousands; write a point, or no comma",
+            return {"comma", "ambiguous comma, decimal or thousands; write a decimal point or no comma",
                     Here().piece};
         if (element.sign != 'g') return Set(element);
         const Token& first = tokens_[at_++];
@@ -146,11 +145,11 @@ class Matcher {
         return {};
     }
 
-    // Both texts have the letters of a square.
+    // Both texts contain the letters of the square.
     Fault Set(const Element& element) {
         const Token& token = tokens_[at_];
         if (match_->Has(element.sign) && match_->Letter(element.sign) != token.letter)
-            return {"square", "the texts have different squares", token.piece};
+            return {"square", "the two texts name different squares", token.piece};
         match_->Set(element.sign, token);
         ++at_;
         return {};

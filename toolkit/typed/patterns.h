@@ -1,4 +1,4 @@
-// The forms of typed grid positions as patterns of tokens, one sign an element:
+// Patterns of typed grid positions, with one character for each element:
 //
 //     Z zone            n northing     1 2 3 4  letters of GEOREF, in their order
 //     H hemisphere      e easting      u v      digits of east and north, which may be missing
@@ -10,7 +10,7 @@
 //     |  a boundary                ^  the boundary between two texts
 //     ,  a boundary within one text, which may be missing
 //
-// Blanks count nowhere else, since letters and numbers end by themselves.
+// Other blanks are ignored, because letters and numbers need no separator.
 #pragma once
 
 #include <array>
@@ -20,7 +20,7 @@
 
 namespace tessara::toolkit {
 
-// The tokens that stand for the elements of a pattern.
+// The tokens that match the elements of a pattern.
 class Match {
   public:
     [[nodiscard]] const Token* operator[](char element) const {
@@ -36,7 +36,8 @@ class Match {
     std::array<const Token*, 128> tokens_{};
 };
 
-// All tokens by one pattern. The fault says what was expected at the first token that doesn't fit.
+// Matches all tokens with a pattern. The fault names the element that was expected at the first token that
+// does not match.
 [[nodiscard]] Fault MatchPattern(const char* pattern, const Tokens& tokens, bool isPair, Match* match);
 
 }  // namespace tessara::toolkit

@@ -1,4 +1,4 @@
-// What a typed text means, or which piece of it is wrong and why.
+// The meaning of a typed text, or the piece in error and the reason.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace tessara::toolkit {
 
-// Bytes of a text; of the first or the second, where there are two.
+// A range of bytes in the first or the second text.
 struct Piece {
     std::size_t text = 0;
     std::size_t begin = 0;
@@ -19,8 +19,8 @@ struct Piece {
     [[nodiscard]] bool IsEmpty() const { return begin == end; }
 };
 
-// Why a text isn't read. The code is a word that stays the same from version to version; the reason is a
-// clause for people. Without a fault both are empty.
+// The reason why a text is rejected. The code is stable between versions; the reason is a clause for people.
+// Without a fault both are empty.
 struct Fault {
     const char* code = "";
     std::string reason{};
@@ -31,16 +31,17 @@ struct Fault {
 
 // One meaning of a text.
 struct Reading {
-    // As the text has it: degrees with minutes and seconds are GEOGRAD, whatever spelling is wanted.
+    // The system of the text: degrees with minutes and seconds are GEOGRAD, even if another system in degrees
+    // is wanted.
     Reference reference{};
     tagKOORD record{};
-    // What a unit of the last digit stands for, in degrees or metres along each axis.
+    // The unit of the last digit along each axis, in degrees or metres.
     double northResolution = 1.0;
     double eastResolution = 1.0;
 };
 
-// One reading is the position. Without any the fault says why; so it does for several, which are what the
-// text could mean.
+// A single reading is the position. Several readings are the meanings of an ambiguous text. Without a single
+// reading, the fault has the reason.
 struct TypedResult {
     std::vector<Reading> readings{};
     Fault fault{};

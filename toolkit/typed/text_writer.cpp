@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t SQUARE_DIGITS = 5;
 
-// The library writes the metres in a square without zeros before them; as digits they count from the left.
+// The library writes the metres in a square without leading zeros, but their digits count from the left.
 std::string FillMetres(const std::string& text) {
     const std::size_t begin = text.find_last_of(' ') + 1;
     const std::size_t end = std::min(text.find('.', begin), text.size());
@@ -34,7 +34,7 @@ bool TextWriter::HasOneText() const {
     return target_.system == KOORD_ECEF || (target_.system == KOORD_UTMREF && style_.reference.has_value());
 }
 
-// Of each axis, as the coarser resolution has them.
+// The digits of each axis, for the coarser resolution.
 int TextWriter::DisplayedDigits() const {
     const double side = std::max(style_.northResolution.value_or(1.0), style_.eastResolution.value_or(1.0));
     int digits = static_cast<int>(SQUARE_DIGITS);
@@ -68,7 +68,7 @@ std::vector<std::string> TextWriter::Write(const CKoord& record, const CKoord& s
         for (std::string& text : texts)
             text = FillMetres(text);
     }
-    // The library's display form of a northing is the same on both hemispheres.
+    // The library's display text of a northing is the same in both hemispheres.
     if (style_.isDisplay && target_.system == KOORD_UTM)
         texts[0].insert(0, 1, Load<UtmPayload>(record).hemisphere);
     return texts;
@@ -79,7 +79,7 @@ std::string TextWriter::LibraryText(bool isNorth) const {
     const Operation plain = isNorth ? &ICoordinateString::GetNorthText : &ICoordinateString::GetEastText;
     const Operation display =
         isNorth ? &ICoordinateString::GetNorthDisplayText : &ICoordinateString::GetEastDisplayText;
-    // A failed display leaves the plain text, or an empty one.
+    // A failed display text leaves the plain text or an empty one.
     (string_.Get()->*(style_.isDisplay ? display : plain))(text_.Get());
     return host::ToUtf8(text_);
 }
@@ -88,7 +88,7 @@ std::vector<std::string> TextWriter::CartesianText() const {
     std::array<IRef<ITessaraString>, 3> texts;
     for (IRef<ITessaraString>& text : texts)
         text = IRef<ITessaraString>(NewObject<host::Text>());
-    // These have the decimals of the two axes, which are unset before their texts are asked for.
+    // The objects keep the decimals of the axes, so these are reset before each text.
     if (!style_.northResolution) string_->SetDefaultNorthPrecision();
     if (!style_.eastResolution) string_->SetDefaultEastPrecision();
     if (!string_->GetCartesianTexts(texts[0].Get(), texts[1].Get(), texts[2].Get())) return {};

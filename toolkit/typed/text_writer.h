@@ -1,4 +1,4 @@
-// Positions as texts that can be read back: a north and an east text, or one that has both.
+// Writes positions as texts that can be read back: a north and an east text, or one text with both.
 #pragma once
 
 #include <optional>
@@ -11,22 +11,22 @@
 namespace tessara::toolkit {
 
 struct TextStyle {
-    bool isDisplay = false;                 // the forms for a screen
+    bool isDisplay = false;                 // display texts
     std::optional<double> northResolution;  // in units of the system
     std::optional<double> eastResolution;
-    std::optional<ReferenceDigits> reference;  // military references as one string
+    std::optional<ReferenceDigits> reference;  // military references as one text
 };
 
-// Of one reference. For one thread at a time.
+// Writes texts of one reference. Not for concurrent use.
 class TextWriter {
   public:
     TextWriter(const Reference& target, const TextStyle& style);
 
-    // Whether positions have one text and not two.
+    // Whether positions have one text rather than two.
     [[nodiscard]] bool HasOneText() const;
 
-    // Two texts, or one, of a record that was converted to the reference from `source`. None where a number
-    // of it isn't finite.
+    // The two texts, or one, of a record converted to the reference from `source`. Empty if a number of the
+    // record is not finite.
     [[nodiscard]] std::vector<std::string> Write(const CKoord& record, const CKoord& source) const;
 
   private:

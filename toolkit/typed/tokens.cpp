@@ -17,7 +17,7 @@ struct Symbol {
     Sign sign;
 };
 
-// Longer ones stand before those that they begin with.
+// Longer symbols precede their own prefixes.
 constexpr Symbol SYMBOLS[] = {
     {" ", Sign::Blank},
     {"\r", Sign::Blank},
@@ -68,7 +68,7 @@ bool IsLetter(char c) {
     return IsLowerCase(c) || (c >= 'A' && c <= 'Z');
 }
 
-// The bytes of the character at the start of a text.
+// The length in bytes of the character at the start of a text.
 std::size_t CharacterLength(std::string_view text) {
     std::size_t length = 1;
     while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
@@ -147,7 +147,7 @@ class Tokens::Lexer {
     Fault Number(bool hasSign, bool isNegative) {
         const std::size_t begin = at_ - (hasSign ? signLength_ : 0);
         if (!hasSign && tokens_->count_ > 0 && Touches() && Last().kind == TokenKind::Number)
-            return {"number", "a number has two points", PieceOf(Last().piece.begin, EndOfNumber())};
+            return {"number", "a number with two decimal points", PieceOf(Last().piece.begin, EndOfNumber())};
         Token token{.kind = TokenKind::Number, .hasSign = hasSign, .isNegative = isNegative};
         const std::size_t first = at_;
         SkipDigits();
@@ -167,16 +167,15 @@ class Tokens::Lexer {
 
         const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), token.value);
         if (read.ec != std::errc() || !std::isfinite(token.value) || plain.size() > LONGEST)
-            return {"number", "a number is out of all range", token.piece};
+            return {"number", "number out of range", token.piece};
         if (isNegative) token.value = -token.value;
         if (comma_ == Comma::Decimal && At(at_) == ',' && IsDigit(At(at_ + 1)))
-            return {"comma", "a comma can't be both a decimal comma and the boundary between two numbers",
-                    PieceOf(at_, at_ + 1)};
+            return {"comma", "ambiguous comma, decimal or between two numbers", PieceOf(at_, at_ + 1)};
         at_ = begin;
         return Add(token, token.piece.end - begin);
     }
 
-    // Only with a sign: the letter E is the east.
+    // An exponent must have a sign, because the letter E means east.
     Fault TakeExponent(Token* token, std::string* plain) {
         const bool isExponent = (At(at_) == 'e' || At(at_) == 'E') &&
                                 (At(at_ + 1) == '+' || At(at_ + 1) == '-') && IsDigit(At(at_ + 2));
@@ -188,7 +187,7 @@ class Tokens::Lexer {
         int exponent = 0;
         const auto read = std::from_chars(text_.data() + begin + 2, text_.data() + at_, exponent);
         if (read.ec != std::errc() || exponent > HIGHEST_EXPONENT)
-            return {"number", "a number is out of all range", PieceOf(begin, at_)};
+            return {"number", "number out of range", PieceOf(begin, at_)};
         plain->append(isPlus ? "e+" : "e-").append(std::to_string(exponent));
         token->hasPoint = true;
         token->decimals -= isPlus ? exponent : -exponent;
@@ -217,7 +216,7 @@ class Tokens::Lexer {
 
     Fault Add(Token token, std::size_t length) {
         token.piece = PieceOf(at_, at_ + length);
-        if (tokens_->count_ == MOST) return {"long", "there is more than a position", token.piece};
+        if (tokens_->count_ == MOST) return {"long", "text too long for a position", token.piece};
         token.touchesPrevious = tokens_->count_ > 0 && Touches();
         tokens_->tokens_[tokens_->count_++] = token;
         at_ += length;
@@ -225,7 +224,7 @@ class Tokens::Lexer {
     }
 
     [[nodiscard]] Fault Wrong(std::size_t length) const {
-        return {"character", Quote(text_.substr(at_, length)) + " has no place in a position",
+        return {"character", "unexpected character " + Quote(text_.substr(at_, length)),
                 PieceOf(at_, at_ + length)};
     }
 
@@ -245,11 +244,11 @@ Fault Tokens::Read(std::span<const std::string_view> texts, Comma comma) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
         Fault fault = Lexer(texts[i], i, comma, this).Read();
         if (fault.IsThere()) return fault;
-        // A shell leaves the comma of `48.1, 11.5` at the first of two words.
+        // In a shell, the first word of `48.1, 11.5` ends with the comma.
         const bool endsWithBoundary = count_ > 0 && tokens_[count_ - 1].kind == TokenKind::Boundary;
         if (i + 1 == texts.size() || endsWithBoundary) continue;
         const Piece end{i, texts[i].size(), texts[i].size()};
-        if (count_ == MOST) return {"long", "there is more than a position", end};
+        if (count_ == MOST) return {"long", "text too long for a position", end};
         tokens_[count_++] = {.kind = TokenKind::Boundary, .piece = end};
     }
     const std::size_t last = texts.size() - 1;
@@ -261,7 +260,7 @@ Piece Tokens::All() const {
     if (count_ == 0) return {};
     const Piece& first = tokens_[0].piece;
     const Piece& last = tokens_[count_ - 1].piece;
-    // What stands in both texts is shown in the second.
+    // A range in both texts is reduced to the second.
     return first.text == last.text ? Piece{first.text, first.begin, last.end} : Piece{last.text, 0, last.end};
 }
 

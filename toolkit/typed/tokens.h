@@ -1,4 +1,5 @@
-// A typed text in tokens: numbers, single letters, signs of degrees, and the boundary between north and east.
+// Splits a typed text into tokens: numbers, single letters, degree signs, and the separator between north and
+// east.
 #pragma once
 
 #include <array>
@@ -34,27 +35,27 @@ struct Token {
     bool hasPoint = false;  // or a decimal comma
     bool hasComma = false;
     std::string_view digits{};  // before the point
-    int decimals = 0;           // behind it; fewer, by an exponent
+    int decimals = 0;           // after the point, less the exponent
 
-    // A number of digits and nothing else.
+    // Whether the number consists of digits only.
     [[nodiscard]] bool IsWhole() const { return kind == TokenKind::Number && !hasSign && !hasPoint; }
 };
 
-// What a comma between two digits is.
+// The meaning of a comma between two digits.
 enum class Comma { Decimal, Boundary };
 
 class Tokens {
   public:
-    // No position has as many.
+    // Exceeds the tokens of all positions.
     static constexpr std::size_t MOST = 32;
 
-    // Reads one text, or two with a boundary between them. What is no token is the fault.
+    // Reads one text, or two with a boundary between them. Returns a fault for an unknown character.
     [[nodiscard]] Fault Read(std::span<const std::string_view> texts, Comma comma);
 
-    // Behind the last one stands an End, which has the place where something is missing.
+    // An End follows the last token and marks the place of missing text.
     [[nodiscard]] const Token& operator[](std::size_t i) const { return tokens_[i]; }
     [[nodiscard]] std::size_t Count() const { return count_; }
-    // From the first to the last one.
+    // The range from the first to the last token.
     [[nodiscard]] Piece All() const;
 
   private:

@@ -15,14 +15,14 @@
 namespace tessara::toolkit {
 namespace {
 
-// Readings that differ less are the same, in degrees.
+// Degrees; readings with smaller differences are the same.
 constexpr double SAME_POSITION = 1e-9;
 
 bool IsBehind(const Piece& one, const Piece& other) {
     return one.text != other.text ? one.text > other.text : one.begin > other.begin;
 }
 
-// The fault that got further says more; of equals the first stays.
+// The fault further to the right is more specific; of equals the first stays.
 void KeepFurther(Fault fault, Fault* kept) {
     if (!kept->IsThere() || IsBehind(fault.piece, kept->piece)) *kept = std::move(fault);
 }
@@ -56,8 +56,7 @@ std::size_t CountOf(TokenKind kind, const Tokens& tokens) {
     return count;
 }
 
-// Whether nothing but latitude and longitude comes into question: there are numbers only, or signs of
-// degrees.
+// Whether the text can only be a latitude and longitude: it has only numbers, or degree signs.
 bool MustBeDegrees(const Tokens& tokens) {
     const bool hasSigns = CountOf(TokenKind::Degree, tokens) + CountOf(TokenKind::Minute, tokens) +
                               CountOf(TokenKind::Second, tokens) >
@@ -73,7 +72,7 @@ bool IsAboutTheForm(std::string_view code) {
     return code == "missing" || code == "unexpected" || code == "leftover" || code == "empty";
 }
 
-// The elements of a pattern that a verdict is about; the first that a text has is shown.
+// The elements of a pattern that a fault concerns; the first one in the text is shown.
 struct Culprit {
     std::string_view code;
     std::string_view elements;
@@ -96,7 +95,7 @@ Piece PieceOf(std::string_view code, const Match& match, const Piece& all) {
     return all;
 }
 
-// Onto the two texts of which one was made.
+// Maps a piece of the joined text to the two texts.
 Piece DividePiece(Piece piece, std::size_t firstLength) {
     const std::size_t second = firstLength + 1;
     if (piece.begin < second)
@@ -134,7 +133,7 @@ TypedResult TypedReader::Read(std::string_view north, std::string_view east) con
 }
 
 TypedReader::Attempt TypedReader::ReadPair(std::string_view north, std::string_view east) const {
-    // Some display texts name the whole position, in both.
+    // Some display texts contain the whole position twice.
     Attempt same = north == east ? ReadTexts(std::array{north}, Texts::One) : Attempt{};
     if (same.readings.size() == 1) return same;
     Attempt pair = ReadTexts(std::array{north, east}, Texts::Pair);
@@ -150,7 +149,7 @@ TypedReader::Attempt TypedReader::ReadTexts(std::span<const std::string_view> te
     const auto read = [&](Comma comma) {
         Tokens tokens;
         Fault wrong = tokens.Read(texts, comma);
-        if (!wrong.IsThere() && IsEmpty(tokens)) wrong = {"empty", "there is no text", {}};
+        if (!wrong.IsThere() && IsEmpty(tokens)) wrong = {"empty", "empty text", {}};
         if (wrong.IsThere()) return Attempt{.fault = std::move(wrong)};
         return ReadTokens(tokens, kind);
     };
@@ -174,7 +173,7 @@ TypedReader::Attempt TypedReader::ReadTokens(const Tokens& tokens, Texts kind) c
     Attempt attempt;
     const std::int32_t system = wanted_.reference.system;
     const bool isAny = system == NO_SYSTEM;
-    // Degrees are divided between latitude and longitude or not at all.
+    // Degrees are split only between latitude and longitude.
     if ((isAny || IsDegrees(system)) && kind != Texts::Divided) TryDegrees(tokens, &attempt);
     for (const GridForm& form : GridForms()) {
         if (isAny ? !form.isSelfExplaining : form.system != system) continue;
@@ -186,18 +185,17 @@ TypedReader::Attempt TypedReader::ReadTokens(const Tokens& tokens, Texts kind) c
     return attempt;
 }
 
-// What one system expects is of no use where any may be meant.
+// The expectation of one system does not help if any system is possible.
 Fault TypedReader::FaultOfAny(const Tokens& tokens, const Attempt& attempt) {
     if (MustBeDegrees(tokens)) {
         if (tokens.Count() - CountOf(TokenKind::Boundary, tokens) != 2) return attempt.degreesFault;
         return {"system",
-                "it is no latitude and longitude, and numbers alone may be of any grid: its system has to be "
-                "named",
+                "not a latitude and longitude; bare numbers can belong to any grid, so name the system",
                 tokens.All()};
     }
     const std::string_view code = attempt.fault.code;
     if (attempt.hasForm || (code != "leftover" && code != "unexpected")) return attempt.fault;
-    return {"unexpected", "no system has this here", attempt.fault.piece};
+    return {"unexpected", "no system allows this here", attempt.fault.piece};
 }
 
 void TypedReader::TryDegrees(const Tokens& tokens, Attempt* attempt) const {
@@ -258,7 +256,7 @@ TypedResult TypedReader::ResultOf(Attempt attempt, std::span<const std::string_v
     if (result.IsRead()) return result;
     result.fault = std::move(attempt.fault);
     if (!result.readings.empty()) {
-        result.fault = {"ambiguous", "it may be ", {}};
+        result.fault = {"ambiguous", "ambiguous: ", {}};
         for (const Reading& reading : result.readings)
             result.fault.reason += (&reading == result.readings.data() ? "" : ", or ") + Describe(reading);
         return result;
@@ -269,7 +267,7 @@ TypedResult TypedReader::ResultOf(Attempt attempt, std::span<const std::string_v
     if (isPart && code != std::string_view("character")) result.fault.reason.insert(0, Quote(text) + ": ");
     const std::string forms = FormsOf(wanted_.reference.system);
     if (IsAboutTheForm(code) && !forms.empty())
-        result.fault.reason += "; " + SystemName(wanted_.reference.system) + " is " + forms;
+        result.fault.reason += "; " + SystemName(wanted_.reference.system) + " is written as " + forms;
     return result;
 }
 
@@ -286,12 +284,12 @@ std::string Describe(const Reading& reading) {
 
 namespace {
 
-// How many decimals a unit of the last digit stands for; none for whole units.
+// The decimals for a resolution; none for whole units.
 int DecimalsOf(double resolution) {
     return resolution < 1.0 ? static_cast<int>(std::lround(-std::log10(resolution))) : 0;
 }
 
-// With a line instead of each digit that isn't known.
+// Replaces each unknown digit by an underscore.
 std::string Unknown(std::string digits, double resolution) {
     const auto count = static_cast<std::size_t>(std::max(std::lround(std::log10(resolution)), 0L));
     for (std::size_t i = 0; i < std::min(count, digits.size()); ++i)
@@ -304,7 +302,7 @@ bool IsOfNorth(std::string_view name) {
            name == "y" || name == "z";
 }
 
-// A number of a field with the digits that were typed.
+// The number of a field with the typed digits.
 std::string Typed(const Field& field, double resolution) {
     const auto* number = std::get_if<double>(&field.value);
     if (number == nullptr) return Unknown(field.Text(), field.digits > 1 ? resolution : 1.0);

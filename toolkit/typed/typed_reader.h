@@ -1,10 +1,10 @@
-// Reads positions as people type them, and says what they mean or which piece is wrong and why.
+// Reads typed positions and returns their meaning, or the piece in error and the reason.
 //
 //     TypedReader reader({.reference = {.datum = DATUM_WGS84, .system = NO_SYSTEM}});
 //     const TypedResult result = reader.Read("32U PU 916 348");
 //
-// A text is consumed whole or refused. What it may mean in two ways is refused with both; what the program
-// itself writes of a position is always read back, or refused where it leaves out what a position needs.
+// The reader accepts a text only as a whole, and rejects an ambiguous text with all its meanings. It reads
+// back every text that the program writes, except texts that omit a part of the position.
 #pragma once
 
 #include <cstdint>
@@ -21,34 +21,35 @@
 namespace tessara::toolkit {
 
 struct Wanted {
-    // With NO_SYSTEM any system that can be told from the text: degrees, UTM, UPS, military references,
-    // GEOREF, and squares of the British and Irish grids.
+    // With NO_SYSTEM the text determines the system: degrees, UTM, UPS, military references, GEOREF, and
+    // squares of the British and Irish grids.
     Reference reference{.datum = DATUM_WGS84, .system = NO_SYSTEM};
-    // Of two bare numbers in one text. Without it the order that gives a position counts, if only one does.
+    // The order of two bare numbers in one text. If unknown, the order that gives a position applies, if only
+    // one does.
     Order order = Order::Unknown;
 };
 
-// For one thread at a time.
+// Not for concurrent use.
 class TypedReader {
   public:
     explicit TypedReader(Wanted wanted);
 
-    // A position in one text.
+    // Reads a position in one text.
     [[nodiscard]] TypedResult Read(std::string_view text) const;
-    // A position in two, north first unless letters say otherwise. Where they are no pair they are read as
-    // one text that was divided.
+    // Reads a position in two texts, north first unless letters swap them. Texts that are not a pair are read
+    // as the two halves of one text.
     [[nodiscard]] TypedResult Read(std::string_view north, std::string_view east) const;
 
   private:
-    // How the texts belong together: by themselves, as north and east, or as pieces of one.
+    // The relation of the texts: a single text, a north and an east text, or two halves of one text.
     enum class Texts { One, Pair, Divided };
 
-    // What comes of a division into tokens.
+    // The result of one way to read the tokens.
     struct Attempt {
-        std::vector<Reading> readings{};  // that are positions
+        std::vector<Reading> readings{};  // valid positions
         Fault fault{};
-        Fault degreesFault{};  // why it isn't latitude and longitude
-        bool hasForm = false;  // whether the text has the form of a system, be it a position or not
+        Fault degreesFault{};  // the reason why the text is not a latitude and longitude
+        bool hasForm = false;  // whether the text has the form of a system, valid or not
     };
 
     [[nodiscard]] Attempt ReadTexts(std::span<const std::string_view> texts, Texts kind) const;
@@ -65,14 +66,14 @@ class TypedReader {
     [[nodiscard]] const Blank& BlankOf(std::int32_t system) const;
 
     Wanted wanted_;
-    std::vector<Blank> blanks_;  // of the systems that come into question
+    std::vector<Blank> blanks_;  // of the possible systems
     Judge judge_;
 };
 
-// The position of a reading for people: its fields, and latitude and longitude.
+// A text for people: the fields of a reading, and latitude and longitude.
 [[nodiscard]] std::string Describe(const Reading& reading);
 
-// Its fields as far as the text has digits for them: `32 U PU 916__ 348__`.
+// The fields with the digits of the text: `32 U PU 916__ 348__`.
 [[nodiscard]] std::string PictureOf(const Reading& reading);
 
 }  // namespace tessara::toolkit

@@ -164,9 +164,9 @@ def test_a_position_far_from_the_wanted_zone_keeps_its_numbers_with_statuses():
 
 
 def test_wrong_names_say_what_is_wrong():
-    with pytest.raises(ValueError, match="no system is called 'UMT'"):
+    with pytest.raises(ValueError, match="unknown system 'UMT'"):
         tessara.convert(1.0, 2.0, to="UMT")
-    with pytest.raises(ValueError, match="no datum is called 'WGS85'"):
+    with pytest.raises(ValueError, match="unknown datum 'WGS85'"):
         tessara.convert(1.0, 2.0, to="UTM@WGS85")
     with pytest.raises(ValueError, match="a Map"):
         tessara.convert(1.0, 2.0, to="FLOATPIXEL")
