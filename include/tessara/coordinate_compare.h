@@ -1,4 +1,4 @@
-// Which of two coordinates is further north, and which further east.
+// Compares two coordinates: which one is further north, and which one further east.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -16,12 +16,12 @@ inline constexpr GUID IID_ICoordinateCompare = ParseGuid("F410B044-E00F-429F-A09
 //     const std::int32_t northSouth = compare->CompareNorthSouth(munich, tokyo);  // 1
 //     const std::int32_t eastWest = compare->CompareEastWest(munich, tokyo);      // -1
 //
-// Both coordinates must have one datum and one system. Comparisons are exact, without a tolerance, on the
+// The two coordinates must agree in datum and system. Comparisons are exact, without a tolerance, on the
 // values of the system:
 //
 //   - Pixels compare columns and rows; a smaller row is further north.
 //   - From west to east, systems with zones compare the zone first and then the easting within it. A
-//     position with a wanted zone is converted into its natural zone for this. It stays in the wanted zone
+//     position with a wanted zone is first converted into its natural zone. It stays in the wanted zone
 //     if that is an outermost one (UTM 1 and 60, GK meridians -180 and 180, Austrian meridian 34) and the
 //     position is on the outer side of its central line: the order isn't cyclic.
 //   - UTM northings of both hemispheres, and the hemispheres of UPS, are ordered from south to north.
@@ -33,12 +33,12 @@ class ICoordinateCompare : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateCompare;
 
-    // 1 if the first coordinate is north of the second, 0 if they are equal on this axis (as a coordinate is
-    // with itself), -1 if it is south of the second or a value is a NaN. -2 if they can't be compared: null
-    // or an object of another kind, two datums or systems, different parameters, or a position that can't be
-    // resolved. Test for -2 before you test the sign.
+    // Returns 1 if the first coordinate is north of the second, 0 if they are equal on this axis (also for a
+    // coordinate and itself), and -1 if it is south of the second or a value is a NaN. Returns -2 if they
+    // can't be compared: null or an object of another kind, different datums, systems or parameters, or a
+    // position whose zone or degrees can't be computed. Test for -2 before you test the sign.
     virtual std::int32_t CompareNorthSouth(ICoord* first, ICoord* second) = 0;
-    // The same for east (1) and west (-1).
+    // Does the same for east (1) and west (-1).
     virtual std::int32_t CompareEastWest(ICoord* first, ICoord* second) = 0;
 
   protected:

@@ -1,4 +1,4 @@
-// Creates coordinate grids, with one operation for each coordinate system.
+// Creates coordinate grids, with one operation for each coordinate system that has grid lines.
 #pragma once
 
 #include <cstdint>
@@ -21,11 +21,12 @@ inline constexpr GUID IID_ICoordinateGridFactory = ParseGuid("86915788-2BD0-49FC
 //     const double step = grid->GetEastStep();  // 1000
 //
 // Each operation creates a grid with count 0 in the system of its name, on the given datum: 0..238, or 999
-// for none, on which only pixels have a place. The grid keeps the map and has no window yet. A negative step
-// counts as its absolute value.
+// for no datum, which only the pixel grid can use. The grid keeps the map and has no window yet. A negative
+// step counts as its absolute value.
 //
-// Null for a null map or an object of another kind, for another datum, for a step that is 0.0, infinite or a
-// NaN, and if memory runs out. A TM grid never accepts a window, since its positions have no common extent.
+// Returns null for a null map or an object of another kind, for another datum, for a step that is 0.0,
+// infinite or a NaN, and if memory runs out. A TM grid never accepts a window, because TM has no fixed
+// extent.
 class ICoordinateGridFactory : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_ICoordinateGridFactory;

@@ -19,14 +19,14 @@ inline constexpr GUID IID_IEllipsoidOfRevolution = ParseGuid("EC4DDAC3-5262-4775
 //     if (!ellipsoids->CoordToEcefVector(coord, &position) || !ellipsoids->GetNormal(coord, &up)) return;
 //     // latitude 0, longitude 90: position 0, 6378137, 0 and up 0, 1, 0
 //
-// The ellipsoid is that of the datum of the coordinate that an operation gets. Angles are in degrees,
+// Operations use the ellipsoid of the datum of their coordinate. Angles are in degrees,
 // lengths in metres. Vectors have three elements: x through the equator at longitude 0, y through the
 // equator at longitude 90, z north.
 //
-// Every operation is false for null and for objects of another kind. Vector outputs are emptied at the start
-// and have no meaning after a failure. An object gets its vector arithmetic when it is created, and
+// Every operation returns false for null and for objects of another kind. Vector outputs are emptied at the
+// start and undefined after a failure. An object obtains its vector arithmetic when it is created, and
 // references when it needs them, from the host's object manager, or from the library itself if there is no
-// manager. If a manager doesn't provide them, every operation except GetNormal is false.
+// manager. If a manager doesn't provide them, every operation except GetNormal returns false.
 //
 // Directions (GetLocalAxes, GetNormal, GetDirection) are those at the WGS84 position of the coordinate,
 // while vectors (CoordToEcefVector) are in the space of its own datum. On a datum other than WGS84 the two
@@ -37,24 +37,25 @@ class IEllipsoidOfRevolution : public IUnknown {
 
     virtual ~IEllipsoidOfRevolution() = default;
 
-    // Unit vectors to the east and to the north; at a pole the longitude decides. GetLocalAxes, GetNormal
-    // and GetDirection are false for an invalid coordinate and for a pixel, which have no WGS84 position.
+    // Writes unit vectors to the east and to the north; at a pole they follow from the longitude.
+    // GetLocalAxes, GetNormal and GetDirection return false for an invalid coordinate and for a pixel, which
+    // have no WGS84 position.
     virtual bool GetLocalAxes(ICoord* p, Vector* east, Vector* north) = 0;
-    // The unit vector up, perpendicular to the ellipsoid.
+    // Writes the unit vector that points up, perpendicular to the ellipsoid.
     virtual bool GetNormal(ICoord* p, Vector* normal) = 0;
-    // The unit vector in the horizontal plane at an azimuth, clockwise from north.
+    // Writes the unit vector in the horizontal plane at an azimuth, clockwise from north.
     virtual bool GetDirection(ICoord* p, double azimuth, Vector* direction) = 0;
 
-    // The coordinate with its height, in the space of its own datum. Whether the coordinate is valid isn't
-    // checked: one without a position gives its default record, and a pixel gives latitude and longitude 0.
-    // False if the conversion to latitude and longitude fails.
+    // Writes the coordinate with its height as a vector in the space of its own datum. Doesn't check whether
+    // the coordinate is valid: an invalid one gives the vector of its default record, and a pixel that of
+    // latitude and longitude 0. Returns false if the conversion to latitude and longitude fails.
     virtual bool CoordToEcefVector(ICoord* p, Vector* xyz) = 0;
 
     // Writes the position of a vector into `out`, in the reference that `out` has. Latitude and height are
     // iterated on the ellipsoid of that datum with h = p / cos(phi) - N and tan(phi) = z / (p (1 - e2 N / (N
     // + h))) (B. Hofmann-Wellenhof, H. Lichtenegger, J. Collins, "Global Positioning System: Theory and
     // Practice", section 10.2.1). The result is then converted as a WGS84 position, so on another datum it
-    // carries the shift between the datums once too often.
+    // contains one additional shift between the datums.
     //
     // The iteration ends at a step of 0.01 m and 1e-6 degrees, without computing the height again for the
     // last latitude. For heights from -10 to 100 km the latitude is within 1e-8 degrees; the error of the
@@ -68,9 +69,9 @@ class IEllipsoidOfRevolution : public IUnknown {
     // pole, with longitude 0 for an x of 0.0. Within some 100 km of the earth's centre the position may be
     // off by kilometres.
     //
-    // False, with `out` unchanged, for a vector that hasn't three elements, the zero vector, numbers that
-    // aren't finite, and a point near the centre for which the iteration doesn't converge. False, with `out`
-    // invalid, if the conversion fails.
+    // Returns false, with `out` unchanged, for a vector without three elements, the zero vector, numbers that
+    // aren't finite, and a point near the centre for which the iteration doesn't converge. Returns false,
+    // with `out` invalid, if the conversion fails.
     virtual bool EcefVectorToCoord(const Vector* xyz, ICoord* out) = 0;
 
     // Writes the point of the ellipsoid at a geodesic distance from `start`, to 0.01 m, into `out`, as an
@@ -82,10 +83,11 @@ class IEllipsoidOfRevolution : public IUnknown {
     // 500 km, 2 cm at 1000 km, 1 m at 3000 km and 7 m at 6300 km. It takes at most 20 secant steps and
     // converges for all distances from 0 to 6340 km.
     //
-    // False for a negative distance, and where the normal misses the ellipsoid: beyond 6340 to 6395 km,
-    // depending on latitude and azimuth. `out` is then the last point tried, if there was one. The distance
-    // counts from the WGS84 latitude and longitude of `start`, used on its own datum: on another datum the
-    // point is off by the shift between the datums, and a distance shorter than the shift has no solution.
+    // Returns false for a negative distance, and if the normal misses the ellipsoid: beyond 6340 to 6395 km,
+    // depending on latitude and azimuth. `out` is then the last point of the search, if there was one. The
+    // distance counts from the WGS84 latitude and longitude of `start`, used on its own datum: on another
+    // datum the point is off by the shift between the datums, and a distance shorter than the shift has no
+    // solution.
     virtual bool PointAtGeodesicDistance(ICoord* start, double azimuth, double distance, ICoord* out) = 0;
 
     // Writes the point of the ellipsoid at a straight-line distance from `start`, in the vertical plane of
@@ -95,11 +97,11 @@ class IEllipsoidOfRevolution : public IUnknown {
     // `out` is unchanged, or invalid if only the conversion into its reference failed.
     virtual bool PointAtChordDistance(ICoord* start, double azimuth, double distance, ICoord* out) = 0;
 
-    // The two intersections of the ellipsoid with the line through `origin` along `direction`, a vector of
-    // any length other than 0. `near` is the closer one; of two at equal distance it is the one in the
-    // direction. Both outputs become ECEF coordinates on the datum of `origin`, whatever their references.
-    // False, with the outputs unchanged, for a line that misses the ellipsoid, a direction of length 0 and
-    // numbers that aren't finite.
+    // Writes the two intersections of the ellipsoid with the line through `origin` along `direction`, a
+    // vector of any length other than 0. `near` is the closer one; of two at equal distance it is the one in
+    // the direction. Both outputs become ECEF coordinates on the datum of `origin`, whatever their
+    // references. Returns false, with the outputs unchanged, for a line that misses the ellipsoid, a
+    // direction of length 0 and numbers that aren't finite.
     virtual bool IntersectLine(ICoord* origin, const Vector* direction, ICoord* near, ICoord* far) = 0;
 };
 

@@ -1,4 +1,4 @@
-// A geodetic datum by its number 0..238; 999 means none.
+// A geodetic datum, identified by its number 0..238; 999 means none.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -19,12 +19,12 @@ class IGeoDate : public IUnknown {
   public:
     static constexpr const GUID& Iid = IID_IGeoDate;
 
-    // A new object holds 999.
+    // Returns the number. A new object has 999.
     virtual std::int32_t GetDatum() = 0;
-    // True for 0..238 and 999. Any other number is false and has no effect.
+    // Returns true for 0..238 and 999, and false without effect for any other number.
     virtual bool SetDatum(std::int32_t datum) = 0;
-    // Replaces the text by the short name of the datum, such as "WGS84"; 999 has none and gives an empty
-    // text. Without effect for null or an object of another kind.
+    // Replaces the text by the short name of the datum, such as "WGS84", or by an empty text for 999. Has no
+    // effect for null or an object of another kind.
     virtual void GetName(ITessaraString* text) = 0;
 
   protected:

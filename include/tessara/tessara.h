@@ -2,25 +2,25 @@
 // for hosts (texts, rectangles, an object manager, copies, listings). Link with tessara::tessara
 // (libtessara.so) or load it at run time. The plain functions on records are in tessara/kernel.h.
 //
-// Failures: an operation answers false, null or a number that its header names, and gives no reason. A null
-// argument is a failure like any other, as is "an object of another kind": one that doesn't have the
-// interface of the argument.
+// Failures: an operation returns false, null or a number that its header documents, and gives no reason. A
+// null argument is a failure like any other, and so is "an object of another kind", which is an object
+// without the interface of the argument.
 //
 // Threads: the library starts no threads and takes no locks; all work is done inside the call, on the
 // caller's thread. Any threads may use at the same time
 //
-//   - the plain functions on records (tessara/kernel), on records that nobody writes meanwhile;
+//   - the plain functions on records (tessara/kernel), on records that no thread writes at that time;
 //   - different objects, also of one class, and the creation functions;
 //   - the counts of one object: AddRef, Release, QueryInterface, and copies of handles;
-//   - the conversions of one complete map, and the objects of singleton classes, which keep nothing between
+//   - the conversions of one complete map, and the objects of singleton classes, which keep no state between
 //     calls.
 //
-// Any other use of one object is for one thread at a time. This includes reading: a coordinate or its text
-// may store what it computes. It also includes the start and end of the component (tessara/component.h).
+// For any other use, an object is limited to one thread at a time. This includes reading: a coordinate or its
+// text may store computed values. It also includes the start and end of the component (tessara/component.h).
 // Handing an object from one thread to another needs the same synchronisation as any other memory.
 //
-// Memory: an operation that runs out of it fails in the way its header names. Only operations without such a
-// result let std::bad_alloc pass: IArray::Add, ITessaraString::AssignText, and IVector, which returns
+// Memory: an operation that runs out of memory fails as its header documents. Only operations without such a
+// result throw std::bad_alloc: IArray::Add, ITessaraString::AssignText, and IVector, which returns
 // vectors.
 #pragma once
 

@@ -20,18 +20,18 @@
 
 namespace tessara {
 
-// The nearest of the three meridians, in degrees east of Ferro, to a longitude of Greenwich.
+// Returns the nearest of the three meridians, in degrees east of Ferro, to a longitude from Greenwich.
 [[nodiscard]] std::int32_t BMN_NaturalMeridian(double lon);
 
-// Writes meridian, easting and northing; always KOORD_OK. The meridian is `wantedMeridian` if that is 28, 31
-// or 34, otherwise the natural one.
+// Write meridian, easting and northing, and return KOORD_OK. The meridian is `wantedMeridian` if that is 28,
+// 31 or 34, otherwise the natural one.
 KoordStatus BMN_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 KoordStatus OEM_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 KoordStatus GKAT_FromGeodetic(const double latLon[2], BmnPayload* payload, const TmConstants* forward);
 
-// KOORD_OK, or KOORD_ERR_MERIDIAN for another meridian than the three. latLon is then 0, 0; GKAT_ToGeodetic
-// leaves it unchanged for a meridian outside 26..36. A result within 1e-7 degrees of the limits of the
-// system (AUSTRIAN_LIMITS) becomes that limit.
+// Write latitude and longitude, and return KOORD_OK. A result within 1e-7 degrees of a limit of the system
+// (AUSTRIAN_LIMITS) becomes that limit. For a meridian other than 28, 31 and 34 they write 0, 0 and return
+// KOORD_ERR_MERIDIAN; GKAT_ToGeodetic leaves latLon unchanged for a meridian outside 26..36.
 KoordStatus BMN_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus OEM_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);
 KoordStatus GKAT_ToGeodetic(const BmnPayload* payload, double latLon[2], const TmConstants* inverse);

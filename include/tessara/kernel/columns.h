@@ -1,8 +1,8 @@
-// Conversion of columns: arrays of latitudes, of eastings, of zones, as data frames, databases and browsers
-// hold them. The results are those of KoordConvertEx, bit for bit.
+// Converts columns: arrays of latitudes, of eastings, of zones, as in data frames, databases and browsers.
+// The results are those of KoordConvertEx, bit for bit.
 //
-// A type's columns are its fields in the order of System_Columns. Columns of letters hold as many chars a row
-// as the field has, side by side; all others hold doubles, those of zones and whole metres, too.
+// The columns of a type are its fields in the order of System_Columns. In a column of letters, each row has
+// as many chars as the field; all other columns hold doubles, including zones and whole metres.
 //
 //     // Latitudes and longitudes to UTM.
 //     const tagKOORD degrees = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
@@ -15,7 +15,7 @@
 //     to.fields[3] = {northings.data(), sizeof(double)};
 //     KoordConvertColumns(&degrees, &from, &utm, &to, latitudes.size(), 1);
 //
-// Pure functions of their arguments and constant tables: no state, no allocation, any thread at any time.
+// The functions are pure: they keep no state and allocate no memory, and any thread may call them.
 #pragma once
 
 #include <cstddef>
@@ -28,11 +28,11 @@
 
 namespace tessara {
 
-// The most fields that a type has.
+// The largest number of fields of a type.
 inline constexpr std::size_t COLUMN_COUNT = 8;
 
-// Where a column's first value is, and how many bytes further each next one. A stride may be negative, 0 (one
-// value for all rows) and any number of bytes: values needn't be aligned. Null for no column.
+// The address of the first value of a column (null for no column), and the distance in bytes from each value
+// to the next. A stride may be negative or 0, which uses one value for all rows. Values needn't be aligned.
 struct SourceColumn {
     const void* first = nullptr;
     std::ptrdiff_t stride = 0;
@@ -42,14 +42,14 @@ struct TargetColumn {
     std::ptrdiff_t stride = 0;
 };
 
-// Of what has no column each row has the value of the source record: a zone that is the same everywhere, or
-// the letters of a grid whose whole values are known.
+// A field without a column takes its value from the source record in every row, for example a common zone,
+// or the letters of a grid that also has full values.
 struct SourceColumns {
     SourceColumn fields[COLUMN_COUNT];
     SourceColumn height;  // doubles, metres; 0 without a column
 };
 
-// What has no column isn't written.
+// The conversion doesn't write fields without a column.
 struct TargetColumns {
     TargetColumn fields[COLUMN_COUNT];
     TargetColumn height;  // doubles, metres
@@ -59,18 +59,18 @@ struct TargetColumns {
 // The fields of a type, 0..23: those of System_Outputs, and for LAMBERTCC easting and northing.
 [[nodiscard]] std::span<const OutputField> System_Columns(std::int32_t type);
 
-// Row by row what KoordConvertEx gives. The two records say the datums, types and parameters of all rows:
-// those of a TM, VDG or LAMBERTCC, the zone or meridian that a target wants.
+// Converts each row as KoordConvertEx does. The two records define the datums, types and parameters of all
+// rows: the projection parameters of TM, VDG or LAMBERTCC, and the wanted zone or meridian of a target.
 //
-// The height of a row is kept; that of an ECEF source is computed. A row that fails has its status, NaN in
-// all columns of doubles and zeros for letters; one of KOORD_ERR_ZONE_DISTANT is complete. KOORD_ERR_GENERAL
-// is also the status of a source row with a number that its field can't hold; fractions of whole numbers are
-// cut off.
+// Heights are copied, except that an ECEF source computes them. A row that fails gets its status, NaN in all
+// columns of doubles, and zeros for letters; a row with KOORD_ERR_ZONE_DISTANT is complete. The status is
+// also KOORD_ERR_GENERAL for a source row with a number that its field can't hold. Fractions of whole
+// numbers are truncated.
 //
-// The first status that isn't KOORD_OK is returned. Nothing is written and KOORD_ERR_GENERAL returned for a
-// null argument, and where the source has no column of a field. Target columns may be source columns of the
-// same stride and type of value, and overlap nothing else. Parts of columns can be converted by several
-// threads at once.
+// Returns the first status other than KOORD_OK. Returns KOORD_ERR_GENERAL, without writing anything, for a
+// null argument and for a source without any columns of fields. A target column may be a source column with
+// the same stride and type of value; no other columns may overlap. Several threads may convert parts of the
+// same columns at once.
 KoordStatus KoordConvertColumns(const tagKOORD* source, const SourceColumns* from, const tagKOORD* target,
                                 const TargetColumns* to, std::size_t count, std::int32_t checkRange);
 

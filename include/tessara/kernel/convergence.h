@@ -1,10 +1,10 @@
-// Meridian convergence and point scale of conformal grids, in closed form: by how much the grid turns and
-// stretches a short line at a position.
+// Meridian convergence and point scale of conformal grids, in closed form: the angle by which the grid
+// rotates a short line at a position, and the factor by which it stretches the line.
 //
 // The convergence is the azimuth of grid north: the angle from true north to the direction in which the
 // northing grows, clockwise, in degrees within -180..180. East of the central meridian of a northern
-// transverse Mercator grid it is positive. A grid azimuth is the true azimuth less the convergence. The
-// scale is the length of a short line in the grid by its length on the ellipsoid.
+// transverse Mercator grid it is positive. A grid azimuth is the true azimuth minus the convergence. The
+// scale is the length of a short line in the grid divided by its length on the ellipsoid.
 //
 //   transverse Mercator    C. F. F. Karney, "Transverse Mercator with an accuracy of a few nanometers",
 //                          Journal of Geodesy 85 (2011), equations 23 to 28, with the series of
@@ -34,13 +34,13 @@ struct GridFactors {
 // TM, BNG, ING, RD, LUREF and LAMBERTCC.
 [[nodiscard]] bool Grid_HasFactors(std::int32_t type);
 
-// The factors at a position, latitude and longitude in degrees on the record's datum, in the zone, strip or
-// hemisphere that the record is in and with its parameters. Without a position (null) they are those at the
-// record's own.
+// Computes the factors at a position, which is latitude and longitude in degrees on the record's datum, with
+// the parameters and in the zone, strip or hemisphere of the record. A null position means the position of
+// the record.
 //
-// KOORD_OK; KOORD_ERR_GENERAL without a record, or where the grid has no finite factors, such as at the apex
-// of a cone; KOORD_ERR_DATUM for a datum outside 0..238; KOORD_ERR_TYPE for a type that is no conformal grid;
-// or what the conversion of the record to degrees says. *factors is unchanged then.
+// Returns KOORD_OK, or leaves *factors unchanged and returns KOORD_ERR_GENERAL without a record or if the
+// grid has no finite factors, as at the apex of a cone, KOORD_ERR_DATUM for a datum outside 0..238,
+// KOORD_ERR_TYPE for a type that is no conformal grid, or the status of the record's conversion to degrees.
 KoordStatus Grid_Factors(const tagKOORD* record, const double* latLon, GridFactors* factors);
 
 }  // namespace tessara

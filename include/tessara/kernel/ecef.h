@@ -7,16 +7,16 @@
 
 namespace tessara {
 
-// Latitude and longitude of a GEODEZ record to x, y, z on the target's datum. The height is ignored: the
-// result is on the ellipsoid. KOORD_OK, or KOORD_ERR_DATUM, with the target unchanged, for a datum outside
-// 0..238.
+// Converts latitude and longitude of a GEODEZ record to x, y, z on the target's datum. Ignores the height, so
+// that the result is on the ellipsoid. Returns KOORD_OK, or KOORD_ERR_DATUM, with the target unchanged, for a
+// datum outside 0..238.
 KoordStatus ECEF_FromGeodetic(const tagKOORD* work, tagKOORD* target);
 
-// x, y, z to latitude, longitude and height on the source's datum, by Newton's method for the tangent of the
-// latitude. The iteration ends at a step below 1.7e-8 radians or a negative one, which leaves an error of
-// 0.7 mm at a height of 10 km, 7 cm at 100 km and 6 m at 1000 km. On the axis the longitude is NaN, and the
-// height is z - b at both poles; on the sphere it is NaN there. Longitude 180 is always returned as -180.
-// KOORD_OK, or KOORD_ERR_DATUM, with `work` unchanged, for a datum outside 0..238.
+// Converts x, y, z to latitude, longitude and height on the source's datum, by Newton's method for the
+// tangent of the latitude. The iteration ends at a step below 1.7e-8 radians or at a negative step, which
+// leaves an error of 0.7 mm at a height of 10 km, 7 cm at 100 km and 6 m at 1000 km. On the axis the
+// longitude is NaN; the height is z - b at both poles, or NaN on the sphere. Longitude 180 is always returned
+// as -180. Returns KOORD_OK, or KOORD_ERR_DATUM, with `work` unchanged, for a datum outside 0..238.
 KoordStatus ECEF_ToGeodetic(const tagKOORD* source, tagKOORD* work);
 
 }  // namespace tessara

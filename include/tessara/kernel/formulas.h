@@ -5,7 +5,7 @@ namespace tessara {
 
 // -- Mathematics of the conformal conics and the world projections. Angles are radians.
 
-// The isometric latitude of `lat` on an ellipsoid of eccentricity `e` (0.0: the sphere), Snyder, "Map
+// The isometric latitude of `lat` on an ellipsoid of eccentricity `e` (0.0 for the sphere), Snyder, "Map
 // Projections: A Working Manual", USGS Professional Paper 1395, 1987, section 3. Infinite at a pole.
 [[nodiscard]] double IsometricLatitude(double e, double lat);
 
