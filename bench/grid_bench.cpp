@@ -1,5 +1,5 @@
 // Measures coordinate grids: the window and all lines of a sheet of 5000 by 5000 pixels, ten metres each,
-// across the border of two zones. The figures are per grid, with a new grid object each time.
+// across the border between two zones. The figures are per grid, with a new grid object each time.
 
 #include <benchmark/benchmark.h>
 

@@ -23,7 +23,7 @@ using testing::PixelLine;
 // The work for a size; returns a measure of its result.
 struct Work {
     std::function<std::uint32_t()> run;
-    double parameter;  // what it was made for; 0.0 if the size says it
+    double parameter;  // of the operation; 0.0 if the size determines it
 };
 
 struct Operation {
@@ -101,7 +101,7 @@ Work DensifyTo(std::uint32_t points) {
 }
 
 Work DensifyPieces(std::uint32_t pieces) {
-    constexpr double tolerance = 0.25;  // what a new object has
+    constexpr double tolerance = 0.25;  // the default of a new object
     return {Densify(pieces, tolerance), tolerance};
 }
 

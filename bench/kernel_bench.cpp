@@ -40,7 +40,7 @@ void RegisterConversions() {
     }
 }
 
-// Converts all positions in one call per thread, each thread its part. The figure is elapsed time per
+// Converts all positions with one call per thread, each for its share. The figure is elapsed time per
 // position.
 void RegisterBatches() {
     for (const Area& area : AREAS) {

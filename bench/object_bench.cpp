@@ -12,7 +12,7 @@ namespace tessara::bench {
 namespace {
 
 void Run(benchmark::State& state, const std::function<void()>& operation) {
-    operation();  // texts have grown as far as they have to
+    operation();  // lets texts grow to their final capacity
     const std::int64_t before = testing::AllocatedBlocks();
     operation();
     const std::int64_t blocks = testing::AllocatedBlocks() - before;

@@ -17,7 +17,7 @@
 
 namespace tessara::bench {
 
-// The counted function; the tool finds it by its name.
+// The counted function; scripts/bench-check finds it by name.
 [[gnu::noinline]] void Repeat(const std::function<void(std::size_t)>& operation, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
         operation(i % POSITIONS);

@@ -57,8 +57,8 @@ inline std::vector<tagKOORD> RandomPositions(const Area& area) {
     return positions;
 }
 
-// A record that positions of the area can be converted into: without a wanted zone and with the parameters
-// of a usual projection.
+// A target record for positions of the area: without a wanted zone, with the parameters of a common
+// projection.
 inline tagKOORD Target(const Area& area) {
     tagKOORD target = MakeKoord(area.datum, area.type);
     if (area.type == KOORD_GK || area.type == KOORD_GK6) {
@@ -78,7 +78,7 @@ inline tagKOORD Target(const Area& area) {
     return target;
 }
 
-// LAMBERTCC has no range test; all other types are measured with it.
+// LAMBERTCC has no range test; all other types are measured with their range test.
 inline std::int32_t CheckRange(const Area& area) {
     return area.type == KOORD_LAMBERTCC ? 0 : 1;
 }

@@ -1,6 +1,6 @@
-// Draws values from the bytes of a fuzzer. Every draw has a value: behind the last byte all bytes are 0.
-// Two draws never stand in one list of arguments, whose order each compiler chooses: a corpus would then mean
-// something else to each.
+// Draws values from the bytes of a fuzzer. Every draw has a value: after the last byte all bytes are 0. Never
+// put two draws in one list of arguments: compilers evaluate arguments in different orders, so that a corpus
+// would differ between compilers.
 #pragma once
 
 #include <cstddef>
@@ -41,7 +41,7 @@ class ByteReader {
         return values[Below(static_cast<std::uint32_t>(N))];
     }
 
-    // Numbers that mean something as degrees, metres or pixels, limits of types, and any bits.
+    // Plausible numbers of degrees, metres or pixels, limits of types, and arbitrary bits.
     [[nodiscard]] double Number() {
         using Limits = std::numeric_limits<double>;
         static constexpr double SPECIAL[] = {0.0,
@@ -96,7 +96,7 @@ class ByteReader {
         }
     }
 
-    // Mostly small; now and then at the ends of the type.
+    // Mostly small, sometimes at the limits of the type.
     [[nodiscard]] std::int32_t Integer() {
         static constexpr std::int32_t SPECIAL[] = {0,  1,   -1,  2,   4,         22,
                                                    23, 238, 239, 999, INT32_MAX, INT32_MIN};
@@ -112,7 +112,7 @@ class ByteReader {
         }
     }
 
-    // Up to `limit` bytes, of which texts of positions are made or any but 0.
+    // Up to `limit` bytes, either characters of positions or any bytes except 0.
     [[nodiscard]] std::string Text(std::uint32_t limit) {
         static constexpr char LETTERS[] =
             "0123456789.,-+ NSEWUXTC'\"\xb0"
@@ -131,7 +131,7 @@ class ByteReader {
     std::size_t size_;
 };
 
-// What has to hold whatever the bytes are.
+// Aborts if a property that holds for all inputs is violated.
 inline void Require(bool holds) {
     if (!holds) __builtin_trap();
 }

@@ -15,7 +15,7 @@
 
 namespace tessara::fuzz {
 
-// Tells that it has an interface and writes none.
+// Claims to have an interface but writes none.
 class SilentHost final : public IUnknown {
   public:
     ResultCode QueryInterface(const GUID*, void**) override { return RESULT_OK; }
@@ -34,8 +34,8 @@ class RefusingHost final : public IUnknown {
     std::uint32_t Release() override { return 1; }
 };
 
-// What the operations of one input are called on and with. Nothing leaves it, so that the counts of what it
-// made are its own.
+// The objects and arguments for the operations of one input. No object leaves the stage, so that it controls
+// their reference counts.
 class Stage {
   public:
     explicit Stage(ByteReader& bytes) : bytes_(bytes) {}
@@ -49,7 +49,7 @@ class Stage {
         if (object.IsValid() && objects_.size() < MOST_OBJECTS) objects_.push_back(object);
     }
 
-    // An argument that no operation is called on: one of a host's own classes.
+    // An argument of a host's own class, whose operations are never called.
     void AddHost(const IRef<IUnknown>& object) { hosts_.push_back(object); }
 
     template <class I>
@@ -57,7 +57,7 @@ class Stage {
         return OneWith<I>(objects_);
     }
 
-    // Rarely something that isn't one.
+    // Rarely an object of another class.
     template <class I>
     [[nodiscard]] I* Argument() {
         switch (bytes_.Below(16)) {
@@ -69,7 +69,7 @@ class Stage {
                 return reinterpret_cast<I*>(static_cast<IUnknown*>(&refusing_));
             case 3:
                 return reinterpret_cast<I*>(objects_[bytes_.Below(256) % objects_.size()].Get());
-            // Held by the stage.
+            // The stage holds a reference.
             default:
                 return Object<I>().Get();
         }
@@ -78,7 +78,7 @@ class Stage {
   private:
     static constexpr std::size_t MOST_OBJECTS = 64;
 
-    // If there is one with the interface: behind the drawn one, the next.
+    // The next object with the interface, starting at the drawn one, if there is one.
     template <class I>
     [[nodiscard]] IRef<I> OneWith(const std::vector<IRef<IUnknown>>& objects) {
         const std::size_t first = bytes_.Below(256);
@@ -96,7 +96,7 @@ class Stage {
     RefusingHost refusing_;
 };
 
-// Lists may hold each other by now.
+// Lists can contain each other.
 inline Stage::~Stage() {
     for (const IRef<IUnknown>& object : objects_) {
         const IRef<IArray> list(object);
@@ -104,7 +104,7 @@ inline Stage::~Stage() {
     }
 }
 
-// An argument, or the room for an output.
+// An argument, or the space for an output.
 template <class T>
 struct Slot;
 
@@ -129,7 +129,7 @@ struct Slot<std::int32_t> {
     std::int32_t Get() { return value; }
 };
 
-// Indices and counts. A count of points is how many are made.
+// Indices and counts; some counts are numbers of points to create.
 template <>
 struct Slot<std::uint32_t> {
     std::uint32_t value;
@@ -185,12 +185,12 @@ struct Slot<T*> {
     T* Get() { return object; }
 };
 
-// Calls the operation on some object that has the interface. Only lists and vectors may throw.
+// Calls the operation on an object with the interface. Only lists and vectors may throw.
 template <class I, class Result, class... Arguments>
 void Call(Stage& stage, Result (I::*operation)(Arguments...)) {
     const IRef<I> object = stage.Object<I>();
     if (!object.IsValid()) return;
-    // In braces, draws come in the order they are written in.
+    // Braces guarantee the order of the draws.
     std::tuple<Slot<Arguments>...> slots{Slot<Arguments>(stage)...};
     const auto call = [&](auto&... slot) { return (object.Get()->*operation)(slot.Get()...); };
     try {

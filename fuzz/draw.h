@@ -1,5 +1,5 @@
-// Draws records, maps and objects from the bytes of a fuzzer: as a user would make them, spoiled in a place,
-// or made of any bytes.
+// Draws records, maps and objects from the bytes of a fuzzer: valid ones, ones with a single error, and ones
+// of arbitrary bytes.
 #pragma once
 
 #include <string>
@@ -39,7 +39,7 @@ inline tagKOORD DrawDegrees(ByteReader& bytes, std::int32_t datum) {
     return record;
 }
 
-// A record of a system that holds a position, where the system has it.
+// A record of a system with a position, if the system can represent it.
 inline tagKOORD DrawPosition(ByteReader& bytes, std::int32_t datum, std::int32_t type) {
     if (IsPixelType(type)) {
         tagKOORD pixel = MakeKoord(datum, type);
@@ -194,8 +194,8 @@ inline IRef<ITessaraString> DrawText(ByteReader& bytes, std::uint32_t limit) {
     return testing::MakeText(bytes.Text(limit).c_str());
 }
 
-// A line or polygon of up to `limit` points: of one system or of several, with vertices that come twice and
-// elements that are nothing or no coordinate.
+// A line or polygon of up to `limit` points in one or several systems, with repeated vertices, null elements
+// and elements of other classes.
 inline IRef<IArray> DrawLine(ByteReader& bytes, std::uint32_t limit) {
     IRef<IArray> line(CreateClassArray());
     const std::int32_t datum = DrawDatum(bytes);

@@ -1,6 +1,6 @@
 // Runs a target over a stored corpus, without a fuzzer: replay_TARGET FILE_OR_DIRECTORY... An input that
-// takes too long is a failure; one that breaks the target ends the program, as it would end a fuzzer, and is
-// the one named last.
+// exceeds the time limit is a failure. An input that crashes the target ends the program; its name is the
+// last one printed.
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The sanitizers, whose build isn't optimised either, cost a factor of up to 10.
+// The build with sanitizers is not optimised and up to 10 times slower.
 constexpr double LIMIT_MS = tessara::testing::IS_SANITIZED ? 1000.0 : 100.0;
 
 std::vector<fs::path> FilesOf(int count, char** arguments) {
@@ -33,15 +33,14 @@ std::vector<fs::path> FilesOf(int count, char** arguments) {
     return files;
 }
 
-// Processor time: the machine may have other things to do.
+// Processor time, which is independent of other processes.
 double RunOnce(const std::vector<char>& input) {
     const std::clock_t start = std::clock();
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
     return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-// The best of some runs: on a machine under load even processor time has spikes, which an input that is slow
-// by itself shows every time.
+// The best of several runs: under load even processor time has spikes, but a slow input is slow in every run.
 double MillisecondsFor(const std::vector<char>& input) {
     double best = RunOnce(input);
     for (int again = 0; again < 4 && best > LIMIT_MS; ++again)

@@ -25,7 +25,7 @@ std::vector<Value> Repeated(const std::vector<Value>& values) {
     return all;
 }
 
-// Nanoseconds a position, of processor time: the time that other programs take away doesn't count.
+// Nanoseconds of processor time per position, so that other programs do not count.
 template <class Work>
 double TimeOf(Work work) {
     const std::clock_t start = std::clock();
@@ -33,7 +33,7 @@ double TimeOf(Work work) {
     return 1e9 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / static_cast<double>(COUNT);
 }
 
-// By the clock on the wall, for work of several threads.
+// Elapsed time, for work of several threads.
 template <class Work>
 double DurationOf(Work work) {
     const auto start = std::chrono::steady_clock::now();
@@ -47,7 +47,7 @@ double Median(std::vector<double> times) {
     return times[times.size() / 2];
 }
 
-// The fields of a type as columns one behind the other: doubles, and letters in as many bytes.
+// The fields of a type as consecutive columns: doubles, and one byte per letter.
 class FieldColumns {
   public:
     explicit FieldColumns(std::uint32_t type)
@@ -74,7 +74,7 @@ class FieldColumns {
         return columns;
     }
 
-    // The column by its name.
+    // Returns a column by name.
     [[nodiscard]] const double* Named(const char* name) {
         for (std::size_t i = 0; i < fields_.size(); ++i) {
             if (std::strcmp(fields_[i].name, name) == 0) return At(i);
@@ -103,7 +103,7 @@ class FieldColumns {
     std::vector<double> values_;
 };
 
-// PROJ works in place on radians: longitude and latitude are copied and turned before, and back after.
+// PROJ works in place on radians: longitude and latitude are copied and converted before and after the call.
 class ProjArrays {
   public:
     explicit ProjArrays(const ArrayTask& task)
@@ -168,7 +168,7 @@ void RequireAgreement(const ArrayTask& task, const std::vector<tagKOORD>& record
     }
 }
 
-// The columns are the records' fields.
+// The columns are the fields of the records.
 void RequireTheSame(const ArrayTask& task, const std::vector<tagKOORD>& records, FieldColumns& columns) {
     FieldColumns expected(task.target.type);
     expected.Fill(records);

@@ -1,4 +1,4 @@
-// Each position and the next; and from each position a distance of up to 8000 km.
+// Geodesics between consecutive positions, and from each position over up to 8000 km.
 #include <proj.h>
 
 #include <GeographicLib/Geodesic.hpp>

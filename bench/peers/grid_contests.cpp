@@ -1,4 +1,4 @@
-// The kernel's coordinate systems beside PROJ's operations and GeographicLib's classes.
+// Compares the kernel's coordinate systems with PROJ's operations and GeographicLib's classes.
 #include <GeographicLib/Geocentric.hpp>
 #include <GeographicLib/LambertConformalConic.hpp>
 #include <GeographicLib/OSGB.hpp>
@@ -84,8 +84,8 @@ void LambertInverse(const Values& in, Values& out) {
     TheCone().projection.Reverse(10.0, in[0], in[1] + TheCone().y0, out[0], out[1]);
 }
 
-// The grids, each of them compared in both directions. North of 56 degrees GeographicLib has the wider zones
-// of Norway and Spitsbergen, so UTM ends before.
+// The grids, each compared in both directions. UTM ends at 56 degrees, because GeographicLib uses the wider
+// zones of Norway and Spitsbergen.
 struct GridTask {
     Area area;
     const char* proj;
@@ -93,7 +93,7 @@ struct GridTask {
     double tolerance;  // metres
 };
 
-constexpr double CONFORMAL = 5e-6;  // the order of the kernel's series
+constexpr double CONFORMAL = 5e-6;  // from the order of the kernel's series
 constexpr double EXACT = 1e-6;
 constexpr double CANCELLING = 0.1;  // van der Grinten's formulas lose digits near both axes
 

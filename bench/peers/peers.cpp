@@ -1,6 +1,6 @@
-// The kernel beside PROJ and GeographicLib: the same positions, the same arrays of 4096, one thread, one run,
-// medians of five. Before anything is timed the libraries are held against each other on all positions; a
-// disagreement ends the program, for a comparison of different tasks says nothing.
+// Compares the kernel with PROJ and GeographicLib: the same positions, the same arrays of 4096, one thread,
+// one run, medians of five. Before the measurement, the program compares the results of the libraries for all
+// positions, and ends if they disagree, because the tasks would then differ.
 //
 //     peers [--json FILE] [NAME ...]     only the tasks whose names begin with a NAME
 //     peers --arrays [NAME ...]          a million positions in one call instead

@@ -1,4 +1,5 @@
-// References of letters and digits: GeographicLib's are texts, ours records. It cuts where ours rounds.
+// Compares references of letters and digits. GeographicLib writes truncated texts, the kernel rounded
+// records.
 #include <GeographicLib/Georef.hpp>
 #include <GeographicLib/MGRS.hpp>
 #include <GeographicLib/UTMUPS.hpp>
@@ -58,7 +59,7 @@ constexpr TextTask GEOREF{{"GEOREF", KOORD_GEOREF, 2, -89.0, 89.0, -179.9, 179.9
                           ValuesOfGeorefText,
                           1.5 * GEOREF_UNIT};
 
-// As its own text would give it, for comparing the records of GEOREF in degrees.
+// The position of its text, to compare GEOREF in degrees.
 Values DegreesOf(const tagKOORD& record) {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
     if (KoordConvert(&record, &geodez) != KOORD_OK) Fail("a reference can't be read");

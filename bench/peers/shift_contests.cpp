@@ -13,8 +13,8 @@
 namespace tessara::bench {
 namespace {
 
-// One step of Molodensky's formulas between Bessel and WGS84. The way out of WGS84 is refined here and isn't
-// in PROJ.
+// One step of Molodensky's formulas between Bessel and WGS84. The kernel refines the shift from WGS84
+// iteratively, PROJ does not.
 constexpr Area GERMANY{"Germany", KOORD_GEODEZ, 3, 47.5, 55.0, 6.0, 15.0};
 constexpr Area GERMANY_ZONE_32{"Germany, zone 32", KOORD_GEODEZ, 3, 47.5, 55.0, 6.0, 11.9};
 
@@ -68,7 +68,7 @@ void AddShifts(std::vector<Contest>* contests) {
 }
 
 void AddRequests(std::vector<Contest>* contests) {
-    constexpr double wholeMetres = 1.5;  // one rounds, the other cuts
+    constexpr double wholeMetres = 1.5;  // one rounds, the other truncates
     constexpr std::pair<std::int32_t, const char*> rows[] = {{KOORD_GEOGRAD, "request from degrees"},
                                                              {KOORD_UTM, "request from UTM"}};
     PJ* const shift = proj_create(PJ_DEFAULT_CTX, Molodensky().c_str());

@@ -1,5 +1,5 @@
-// Records of any bytes, in runs of one projection and mixed: arrays of them are converted as one by one, with
-// every set of instructions, and columns of their fields too.
+// Records of arbitrary bytes, in runs of one projection and mixed. Converting arrays and columns must give
+// the same results as converting single records, with every instruction set.
 #include <cstring>
 #include <vector>
 
@@ -14,7 +14,7 @@ using Records = std::vector<tagKOORD>;
 
 constexpr std::size_t COUNT = 40;
 
-// One record again and again, now and then with another number in a place of its payload.
+// Repeats of one record, sometimes with a changed number in its payload.
 Records DrawRun(ByteReader& bytes) {
     tagKOORD record = DrawRecord(bytes);
     Records records;
@@ -43,7 +43,7 @@ void ConvertArrays(const Records& sources, const Records& targets, RangeCheck ch
     }
 }
 
-// The records' payloads are read as columns in place; of the results the statuses are compared.
+// Reads the payloads as columns in place and compares the statuses of the results.
 void ConvertColumnsOf(const Records& sources, const tagKOORD& target, RangeCheck check) {
     tagKOORD source = sources.front();
     std::vector<double> numbers(COLUMN_COUNT * COUNT), found(COLUMN_COUNT * COUNT);

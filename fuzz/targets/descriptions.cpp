@@ -1,5 +1,5 @@
-// A description of a map: any text, or one of the right form with values of all sizes, and the file that it
-// names.
+// Descriptions of maps: any text, or a description with the right keys and arbitrary values, and the file that
+// it names.
 #include <nlohmann/json.hpp>
 
 #include <string>
@@ -18,7 +18,7 @@ constexpr const char* SYSTEMS[] = {"UTM",   "UTMREF", "GEODEZ",      "GEOREF", "
                                    "GK6",   "GK-AT",  "UPS",         "VDG",    "BNG",       "ING", "RD",
                                    "LUREF", "TM",     "PO_MILITARY", "ECEF",   "FLOATPIXEL"};
 
-// Degrees that mostly lie on the earth.
+// Degrees, mostly on the earth.
 double Degrees(ByteReader& bytes) {
     return bytes.Below(16) == 0 ? bytes.Number() : bytes.Raw<std::int16_t>() / 128.0;
 }

@@ -62,7 +62,7 @@ void SearchRect(ByteReader& bytes, const IRef<IMapCoordOperations>& map) {
     transformable->FindValidCoordInRect(map.Get(), rect.Get(), north.Get());
 }
 
-// A walk of up to ten million pixels takes longer than an input may.
+// A walk over ten million pixels exceeds the time limit of an input.
 bool IsLongWalk(const IRef<IFloatPoint>& a, const IRef<IFloatPoint>& b) {
     const double length = std::hypot(b->GetX() - a->GetX(), b->GetY() - a->GetY());
     return length > 5000.0 && length < 2e7;

@@ -420,8 +420,8 @@ constexpr Step* OPERATIONS[] = {
     Do<&ITessaraString::CompareNoCase>,
     Do<&ITessaraString::Clear>,
 
-    // ITransformableMapPixel. Another target calls the operations that clip lines, since the length of the
-    // lines has to be limited.
+    // ITransformableMapPixel. Another target calls the operations that clip lines, because it limits the
+    // length of the lines.
     Do<&ITransformableMapPixel::FindValidCoordInRect>,
 
     // ITransformableInternal

@@ -1,5 +1,5 @@
-// Converts a record of any bytes into any system. The status is one of the contract and the same in a second
-// call, and nothing is written where nothing should be.
+// Converts a record of arbitrary bytes to any system. The status must belong to the contract and be the same
+// in a second call, and the conversion must not write outside the target.
 #include <cstring>
 
 #include "fuzz/draw.h"

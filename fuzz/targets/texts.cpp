@@ -1,4 +1,4 @@
-// Two texts as a position of any reference, and the texts of whatever position that is.
+// Reads two texts as a position of any reference, and writes the texts of the result.
 #include <string>
 
 #include "fuzz/draw.h"

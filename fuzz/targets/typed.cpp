@@ -1,4 +1,4 @@
-// One or two typed texts as a position of any system, named or not, and what is said of it.
+// Reads one or two typed texts as a position of any system, named or not, and describes the result.
 #include <string>
 #include <string_view>
 
@@ -11,7 +11,7 @@ namespace {
 
 using toolkit::TypedResult;
 
-// Pieces of positions; bytes alone seldom make one.
+// Pieces of positions, because random bytes are rarely a position.
 std::string DrawTyped(ByteReader& bytes) {
     static constexpr const char* PIECES[] = {"48",
                                              "11.5755",
@@ -94,7 +94,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string second = bytes.Below(8) == 0 ? first : DrawTyped(bytes);
     Look(reader.Read(first), first, {});
     Look(reader.Read(first, second), first, second);
-    // What no position has is never skipped.
+    // The reader never skips a character that no position contains.
     Require(!reader.Read(first + '#').IsRead());
     Require(!reader.Read(first, second + '#').IsRead());
     return 0;

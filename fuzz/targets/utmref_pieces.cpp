@@ -1,5 +1,5 @@
-// UTMREF positions piece by piece: pieces of any letters into a record, a record into pieces, and the lists
-// of what is possible.
+// UTMREF positions piece by piece: arbitrary pieces to a record, a record to its pieces, and the lists of
+// choices.
 #include "fuzz/draw.h"
 #include "tessara/coord_checker_utmref.h"
 

@@ -1,4 +1,4 @@
-// Random doubles of all sizes, and what tells two of them apart to the last bit.
+// Random doubles of all magnitudes, and a comparison to the last bit.
 #pragma once
 
 #include <bit>
@@ -9,7 +9,7 @@
 
 namespace tessara::testing {
 
-// Any finite double, each pattern of bits as likely as another.
+// A finite double with uniformly distributed bits.
 inline double AnyFinite(Random& random) {
     for (;;) {
         const auto x = std::bit_cast<double>(random.Bits());
@@ -17,7 +17,7 @@ inline double AnyFinite(Random& random) {
     }
 }
 
-// With either sign, its logarithm evenly spread.
+// A double of either sign with a uniformly distributed logarithm.
 inline double AnySize(Random& random, double least, double most) {
     const double magnitude = std::exp(random.Between(std::log(least), std::log(most)));
     return (random.Bits() & 1) != 0 ? -magnitude : magnitude;

@@ -1,4 +1,4 @@
-// A host whose numbers have a decimal comma.
+// A host with a decimal comma.
 #pragma once
 
 #include <clocale>
@@ -7,8 +7,8 @@
 
 namespace tessara::testing {
 
-// While it lives, streams write 1234.5 as 1.234,5; so does printf, where the machine has a C locale with a
-// comma.
+// During its lifetime, streams write 1234.5 as 1.234,5. So does printf if the machine has a C locale with a
+// decimal comma.
 class CommaLocale {
   public:
     CommaLocale() : before_(std::locale()), cBefore_(std::setlocale(LC_ALL, nullptr)) {

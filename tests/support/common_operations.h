@@ -49,7 +49,7 @@ class CommonOperations {
         Require(string_->SetCoord(utmref_.Get()));
     }
 
-    // In the order in which a request meets them. The last three are whole requests.
+    // In the order of a request. The last three are whole requests.
     [[nodiscard]] std::vector<Operation> All() {
         return {
             {"make a coordinate", [] { Require(IRef<ICoord>(CreateClassCoord()).IsValid()); }},
@@ -96,7 +96,7 @@ class CommonOperations {
         Require(reference->SetDatum(datum) && reference->SetSystem(system));
     }
 
-    // Two texts in one reference become the text of a military reference on WGS84.
+    // Converts two texts in one reference to the text of a military reference on WGS84.
     void Request(const Texts& texts, const IRef<ICoordinateReference>& reference) {
         Require(parser_->ParseCoord(reference.Get(), texts.North(), texts.East()) &&
                 parser_->GetCoord(coord_.Get()) && coord_->SetReference(wgs84Utmref_.Get()) &&

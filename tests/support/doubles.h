@@ -1,4 +1,4 @@
-// Doubles that are no numbers.
+// Doubles that are not numbers.
 #pragma once
 
 #include <limits>

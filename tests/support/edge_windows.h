@@ -1,4 +1,4 @@
-// Random windows of maps of every type, next to and across the places where values end, jump or turn:
+// Random windows of maps of every type, next to and across the lines where values end, jump or turn:
 // longitudes 0 and 180, borders of zones, the equator and the poles.
 #pragma once
 
@@ -17,14 +17,14 @@ struct Place {
     double latitude, longitude;
 };
 
-// A map that goes through a place, about so many metres a pixel.
+// A map through a place, with an approximate pixel size in metres.
 using EdgeMapMaker = MapParam (*)(const Place&, double metresPerPixel, Random*);
 
 struct EdgeMap {
     const char* name;
     EdgeMapMaker make;
     double finest, coarsest;    // metres per pixel
-    std::optional<Place> home;  // of a map that covers one country
+    std::optional<Place> home;  // for a map of a single country
 };
 
 inline double ClampedLatitude(double latitude, double most) {
@@ -157,7 +157,7 @@ inline MapParam WagnerEdgeMap(const Place& at, double metres, Random* random) {
                        DATUM_SPHERE);
 }
 
-// Degrees along the rows and columns, a little turned.
+// Degrees along the rows and columns, slightly rotated.
 inline MapParam PolynomEdgeMap(const Place& at, double metres, Random*) {
     const double scale = metres / METRES_PER_DEGREE, turn = 0.1;
     const double norm = scale * (1.0 + turn * turn);
@@ -205,7 +205,7 @@ inline const EdgeMap EDGE_MAPS[] = {
     {"POLYNOM", PolynomEdgeMap, 5.0, 2000.0, {}},
 };
 
-// Where a system ends that covers one country; nothing for the others.
+// The limits of a system of a single country; nothing for the others.
 inline std::optional<Place> HomeOf(std::int32_t system) {
     switch (system) {
         case KOORD_BMN:
@@ -231,7 +231,7 @@ inline std::optional<Place> HomeOf(std::int32_t system) {
     }
 }
 
-// A meridian at which something ends, or any: near the home if there is one, unless that is a pole.
+// A meridian at a limit, or any meridian; near the home if there is one, unless that is a pole.
 inline double EdgeLongitude(std::optional<Place> home, Random* random) {
     if (home && std::fabs(home->latitude) > 80.0) home.reset();
     const double around =
@@ -262,12 +262,12 @@ inline double EdgeLatitude(const std::optional<Place>& home, Random* random) {
     return random->Below(2) == 0 ? random->OneOf(edges) : random->Between(-79.0, 79.0);
 }
 
-// A window beside or across an edge; nothing where the map can't show the place.
+// A window beside or across an edge; nothing if the map can't show the place.
 struct EdgeWindow {
     MapParam map;
     PixelRect rect;
-    std::int32_t datum;     // to ask in
-    double metresPerPixel;  // about
+    std::int32_t datum;     // of the query
+    double metresPerPixel;  // approximate
     std::string name;
 };
 
@@ -276,7 +276,7 @@ inline std::optional<EdgeWindow> MakeEdgeWindow(const EdgeMap& type, std::int32_
     Random random(seed);
     const std::optional<Place> home = type.home ? type.home : HomeOf(system);
     const Place at{EdgeLatitude(home, &random), EdgeLongitude(home, &random)};
-    // Far off its own country a grid's values come again: such windows stay smaller than some thousand
+    // Far from its own country, the values of a grid repeat, so such windows are smaller than some thousand
     // kilometres.
     const double coarsest = HomeOf(system) ? std::fmin(type.coarsest, 1500.0) : type.coarsest;
     const double metres = std::exp(random.Between(std::log(type.finest), std::log(coarsest)));

@@ -1,4 +1,4 @@
-// Functions of doubles in 200 bits, by MPFR, and how far a double is from them.
+// Functions of doubles with 200 bits, by MPFR, and the errors of doubles.
 #pragma once
 
 #include <mpfr.h>
@@ -44,7 +44,7 @@ class Exact {
 using ExactFunction = int (*)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t);
 using ExactFunctionOfTwo = int (*)(mpfr_ptr, mpfr_srcptr, mpfr_srcptr, mpfr_rnd_t);
 
-// The largest error of a function over `count` arguments that next() gives, in units of the last place.
+// The largest error of a function over `count` arguments from next(), in units of the last place.
 template <class Function, class Next>
 double LargestError(Function function, ExactFunction exact, Next next, int count = 8000) {
     double largest = 0.0;

@@ -28,12 +28,12 @@ namespace tessara::testing {
     return {lines.begin(), lines.end()};
 }
 
-// As a program's source spells them.
+// In the spelling of source code.
 [[nodiscard]] inline std::set<std::string> ListedExports() {
     return ListedIn("exports.txt");
 }
 
-// As the linker spells them.
+// In the spelling of the linker.
 [[nodiscard]] inline std::set<std::string> ListedSymbols() {
     return ListedIn("symbols.txt");
 }

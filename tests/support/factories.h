@@ -1,4 +1,4 @@
-// The library's class factories as a host sees them, for tests that link the library's parts.
+// The library's class factories for tests that link the parts of the library.
 #pragma once
 
 #include "frame/class_factory.h"
@@ -6,7 +6,7 @@
 
 namespace tessara::testing {
 
-// The registered factory of a class; null for one that has none.
+// The registered factory of a class; null for a class without one.
 [[nodiscard]] inline MClassFactory* FactoryOf(const GUID& classId) {
     MClassFactory* factory = FirstClassFactory();
     while (factory != nullptr && !(*factory->ClassId() == classId))
@@ -14,7 +14,7 @@ namespace tessara::testing {
     return factory;
 }
 
-// Makes a singleton's factory give up its object.
+// Makes a singleton's factory release its object.
 inline void TerminateFactory(MClassFactory* factory) {
     IRef<ITerminator>(factory)->Terminate();
 }

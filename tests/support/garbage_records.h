@@ -1,4 +1,4 @@
-// Records that no host would make: of arbitrary bytes, and of nearly legal ones.
+// Invalid records: arbitrary bytes, and nearly legal records.
 #pragma once
 
 #include <cmath>
@@ -11,7 +11,7 @@
 
 namespace tessara::testing {
 
-// Any 56 bytes under a datum and a type.
+// Arbitrary 56 bytes with any datum and type.
 inline tagKOORD ArbitraryPayload(Random& random, std::int32_t datum, std::int32_t type) {
     tagKOORD record = MakeKoord(datum, type);
     for (std::size_t i = 0; i < sizeof record.payload; i += 8) {
@@ -21,7 +21,7 @@ inline tagKOORD ArbitraryPayload(Random& random, std::int32_t datum, std::int32_
     return record;
 }
 
-// The same under a datum and a type that mostly exist.
+// The same with a datum and a type that mostly exist.
 inline tagKOORD ArbitraryRecord(Random& random) {
     const auto mostlyBelow = [&random](std::int32_t count, std::int32_t rounds) {
         return random.Below(rounds) == 0 ? random.AnyInt32() : random.Below(count);
@@ -31,7 +31,7 @@ inline tagKOORD ArbitraryRecord(Random& random) {
     return ArbitraryPayload(random, datum, type);
 }
 
-// A record that a conversion made, so that every field is plausible.
+// The result of a conversion, so that every field is plausible.
 inline tagKOORD PlausibleRecord(Random& random) {
     const std::int32_t datum = random.Below(DATUM_COUNT);
     const std::int32_t type = random.Below(KOORD_TYPE_COUNT);
@@ -52,7 +52,7 @@ void OverwriteField(Random& random, Field value, tagKOORD* record) {
                 sizeof value);
 }
 
-// Overwrites one field of eight, four, two or one bytes by a value that hurts.
+// Overwrites one field of eight, four, two or one bytes by an extreme value.
 inline void Mutate(Random& random, tagKOORD* record) {
     constexpr double doubles[] = {0.0, 1e-320, 1e-9, 1.0, 90.0, 180.0, 5e5, 6e8, 1e16, 1e300, HUGE_VAL, NAN};
     constexpr std::int16_t shorts[] = {0, -1, 1, 28, 31, 34, 60, 61, -1000, INT16_MIN, INT16_MAX};
@@ -70,7 +70,7 @@ inline void Mutate(Random& random, tagKOORD* record) {
     }
 }
 
-// One half arbitrary, the other plausible but for up to three fields.
+// One half is arbitrary; the other half is plausible except for up to three fields.
 inline tagKOORD GarbageRecord(Random& random) {
     if (random.Below(2) == 0) return ArbitraryRecord(random);
     tagKOORD record = PlausibleRecord(random);

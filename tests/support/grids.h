@@ -64,7 +64,7 @@ inline IRef<IFloatPoint> FloatPointOf(double x, double y) {
     return point;
 }
 
-// The rectangle of two opposite corners.
+// The rectangle with two opposite corners.
 inline bool SetWindow(const IRef<ICoordinateGrid>& grid, double left, double top, double right,
                       double bottom) {
     return grid->SetWindowFromPoints(FloatPointOf(left, top).Get(), FloatPointOf(right, top).Get(),
@@ -101,7 +101,7 @@ inline std::vector<std::vector<CKoord>> NorthLinesOf(const IRef<ICoordinateGrid>
     return LinesOf(lines);
 }
 
-// Where a system is used, with a place on a border or the equator where there is one to get over.
+// Places in the area of a system, on a border or on the equator if there is one.
 struct GridPlace {
     const char* name;
     std::int32_t system;
@@ -137,14 +137,15 @@ inline const std::vector<GridPlace> GRID_PLACES = {
     {"LUREF", KOORD_LUREF, DATUM_NTL, 49.8, 6.1},
 };
 
-// A map around the place, a hundred metres a pixel, whose lines of equal latitude and longitude are bent.
+// A map around the place with pixels of a hundred metres, on which lines of equal latitude and longitude are
+// curved.
 inline IRef<IMapCoordOperations> ConeMap(const GridPlace& place) {
     const MapLambert2Params cone{place.latitude - 1.0, place.latitude + 1.5, place.longitude - 1.0};
     const tagKOORD centre = GeodezRecord(place.latitude, place.longitude, 0.0, place.datum);
     return MapOf(WithReference(Map(MAP_LAMBERT2, cone, place.datum), centre, 800, 600, 1000000, 10.0));
 }
 
-// The same place in degrees on the sheet, a kilometre of latitude for ten pixels.
+// A sheet in degrees around the same place, with ten pixels for a kilometre of latitude.
 inline IRef<IMapCoordOperations> PlateMap(const GridPlace& place) {
     return MapOf(
         Map(MAP_DD, MapDdParams{place.longitude - 0.8, place.latitude + 0.55, 1100.0, 1100.0}, place.datum));

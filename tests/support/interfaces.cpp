@@ -34,7 +34,7 @@ std::vector<std::string> StatementsOf(const std::filesystem::path& header) {
     return statements;
 }
 
-// IArray of "class IArray : public IUnknown"; empty for a class that is no interface.
+// "IArray" for "class IArray : public IUnknown"; empty for a class that is not an interface.
 std::string InterfaceOf(const std::string& statement) {
     std::istringstream words(statement.substr(statement.find(' ') + 1));
     std::string name;

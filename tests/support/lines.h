@@ -26,7 +26,7 @@ inline tagKOORD Utm32(double easting, double northing) {
     return Record(KOORD_UTM, payload);
 }
 
-// A position on a datum that doesn't exist, which no map can show.
+// A position on an unknown datum, which no map can show.
 inline tagKOORD Nowhere() {
     return GeodezRecord(48.0, 9.0, 0.0, 500);
 }

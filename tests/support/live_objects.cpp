@@ -8,7 +8,7 @@ namespace {
 
 constinit std::atomic<std::int64_t> g_liveBlocks{0};
 constinit std::atomic<std::int64_t> g_allocatedBlocks{0};
-constinit thread_local int g_allocationsUntilFailure = 0;  // 0: none is to fail
+constinit thread_local int g_allocationsUntilFailure = 0;  // 0 for no failure
 
 bool IsToFail() {
     return g_allocationsUntilFailure > 0 && --g_allocationsUntilFailure == 0;
@@ -16,7 +16,7 @@ bool IsToFail() {
 
 }  // namespace
 
-// The other forms go through these, but for arrays under the address sanitizer, which has forms of its own.
+// The other forms call these, except arrays under the address sanitizer, which has its own forms.
 void* operator new(std::size_t size) {
     void* const block = IsToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
     if (block == nullptr) throw std::bad_alloc();

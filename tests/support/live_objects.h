@@ -1,5 +1,5 @@
-// Counts allocations: a test program that links this replaces global operator new and delete by counting
-// versions. A library that the program loads uses them, too.
+// Counts allocations: a test program that links this file replaces global operator new and delete by counting
+// versions, also for libraries that it loads.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,13 +8,13 @@
 
 namespace tessara::testing {
 
-// How many blocks from operator new are alive.
+// The number of live blocks from operator new.
 [[nodiscard]] std::int64_t LiveBlocks();
 
 // The number of allocations so far.
 [[nodiscard]] std::int64_t AllocatedBlocks();
 
-// While it lives, the `nth` allocation of this thread from now on fails, once. 1 is the next one.
+// Makes the `nth` allocation of this thread fail once; 1 is the next one.
 class FailAllocation {
   public:
     explicit FailAllocation(int nth);
@@ -22,16 +22,17 @@ class FailAllocation {
     FailAllocation(const FailAllocation&) = delete;
     FailAllocation& operator=(const FailAllocation&) = delete;
 
-    // Whether that allocation has been reached.
+    // Whether the allocation has failed.
     [[nodiscard]] bool HasFailed() const;
 };
 
-// A test whose objects are all gone at its end. Members of a derived fixture die before the account is taken.
+// Expects that all objects of a test are released at its end. Members of a derived fixture end before the
+// check.
 class BalancedTest : public ::testing::Test {
   protected:
     BalancedTest() : before_(LiveBlocks()) {}
     ~BalancedTest() override {
-        // A failed expectation keeps its message.
+        // Keeps the message of a failed expectation.
         if (HasFailure()) return;
         EXPECT_EQ(LiveBlocks(), before_) << "blocks alive, after and before the test";
     }

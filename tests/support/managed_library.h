@@ -1,4 +1,4 @@
-// The library with a host's object manager, from which some classes get their parts.
+// The library with a host's object manager, which creates the parts of some classes.
 #pragma once
 
 #include "tessara/array.h"
@@ -9,7 +9,7 @@
 
 namespace tessara::testing {
 
-// A manager that takes every class and gives no object.
+// A manager that accepts every class and returns no object.
 class EmptyHandedManager : public host::ObjectManager {
   public:
     ResultCode CreateInstance(const GUID*, const GUID*, void** out) override {
@@ -25,7 +25,7 @@ class EmptyHandedManager : public host::ObjectManager {
     return IRef<IObjectManager>(NewObject<EmptyHandedManager>());
 }
 
-// While it lives, the library has a manager; the default one makes every class of the class table.
+// Gives the library a manager; the default one creates every class of the class table.
 class ManagedLibrary {
   public:
     ManagedLibrary()
@@ -41,7 +41,7 @@ class ManagedLibrary {
     ManagedLibrary(const ManagedLibrary&) = delete;
     ManagedLibrary& operator=(const ManagedLibrary&) = delete;
 
-    // A new object of a class, as the host gets it; a singleton's one object.
+    // A new object of a class, or the object of a singleton.
     template <class I>
     [[nodiscard]] IRef<I> Make(const GUID& classId) const {
         return IRef<I>(classId, manager_.Get());

@@ -1,4 +1,4 @@
-// Map objects for tests, as a host would make them.
+// Map objects for tests, created as a host does.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ inline IRef<IProjection> ProjectionOf(const MapParam& map) {
     return projection;
 }
 
-// A map object with the record as it is. It takes over a chain in it.
+// A map object with an unchanged copy of the record. It takes ownership of a chain in the record.
 inline IRef<IMapCoordOperations> MapOf(const MapParam& map) {
     IRef<IMapCoordOperations> operations(CreateClassMapCoordOperations());
     EXPECT_TRUE(IRef<IMapParamInternal>(operations)->SetMapParam(&map));
@@ -67,7 +67,7 @@ inline IRef<IArray> ListOf(std::initializer_list<IUnknown*> objects) {
     return list;
 }
 
-// A sheet of the map grid of Bavaria in UTM, 2.5 metres a pixel.
+// A sheet of Bavaria in UTM, 2.5 metres per pixel.
 inline MapParam MunichSheet() {
     return Map(MAP_UTM, MapUtmParams{'N', 32, 675000.0, 5345000.0, 2.5, 2.5});
 }

@@ -16,8 +16,7 @@ MapParam Map(MapType type, const Params& params, std::int32_t datum = DATUM_WGS8
     return map;
 }
 
-// With the scale 1:N, `resolution` pixels per millimetre, and the reference that ties the raster to the
-// plane.
+// With the scale 1:N, `resolution` pixels per millimetre, and a reference point.
 inline MapParam WithReference(MapParam map, const tagKOORD& world, std::int32_t pixelX, std::int32_t pixelY,
                               std::int32_t scaleDenominator, double resolution) {
     map.referenceCount = 1;

@@ -1,5 +1,5 @@
-// Records of one type for conversions of many at once: ordinary positions, borders and their neighbours,
-// poles, values that are no numbers, and fields that nobody would write, all with the same parameters.
+// Records of one type for conversions of arrays: ordinary positions, borders and their neighbours, poles,
+// values that are not numbers, and invalid fields, all with the same parameters.
 #pragma once
 
 #include <cmath>
@@ -36,7 +36,7 @@ struct MixedPosition {
     double latitude, longitude;
 };
 
-// Where the national grids lie.
+// The areas of the national grids.
 inline MixedPosition OrdinaryPosition(Random& random) {
     constexpr double homes[][4] = {{46.0, 48.0, 9.0, 17.5},   {50.0, 58.0, -6.0, 1.5},
                                    {51.5, 55.0, -10.0, -6.0}, {49.5, 50.1, 5.8, 6.5},
@@ -61,7 +61,7 @@ inline double AtOrNextTo(Random& random, double value) {
     }
 }
 
-// On a line where something changes, or a few digits from it.
+// On a border, or a few units of the last place from it.
 inline MixedPosition BorderPosition(Random& random) {
     constexpr double latitudes[] = {0.0,  8.0,  45.0, 47.0, 51.0,  72.0, 80.0,
                                     84.0, 85.0, 88.0, 90.0, -80.0, 60.0, 89.99999};
@@ -70,7 +70,7 @@ inline MixedPosition BorderPosition(Random& random) {
     return {random.Below(2) == 0 ? latitude : -latitude, longitude};
 }
 
-// Outside of everything, or no number.
+// Outside all limits, or not a number.
 inline MixedPosition WildPosition(Random& random) {
     constexpr double values[] = {NAN, HUGE_VAL, -HUGE_VAL, 1e300, 1e-320, -0.0, 91.0, 361.0, -541.0, 1e10};
     const MixedPosition ordinary = OrdinaryPosition(random);
@@ -96,7 +96,7 @@ inline MixedPosition AnyPosition(Random& random) {
     }
 }
 
-// Overwrites a field or more, but for the parameters.
+// Overwrites one or more fields, except the parameters.
 inline void MutatePosition(Random& random, tagKOORD* record) {
     const tagKOORD before = *record;
     Mutate(random, record);
@@ -119,7 +119,7 @@ inline std::vector<tagKOORD> MixedSources(Random& random, std::int32_t type, std
     return sources;
 }
 
-// Some want another zone, and none is clean.
+// Some have another wanted zone, and none is initialised.
 inline std::vector<tagKOORD> MixedTargets(Random& random, std::int32_t type, std::int32_t datum,
                                           std::size_t count) {
     std::vector<tagKOORD> targets;

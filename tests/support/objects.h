@@ -1,4 +1,4 @@
-// Objects as a host would make them, well-behaved and otherwise.
+// Objects of a host, correct and incorrect ones.
 #pragma once
 
 #include <cstdio>
@@ -13,7 +13,7 @@
 
 namespace tessara::testing {
 
-// A GUID as it is written, without braces.
+// The text of a GUID, without braces.
 [[nodiscard]] inline std::string TextOf(const GUID& id) {
     char text[37];
     std::snprintf(text, sizeof text, "%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X", id.Data1, id.Data2,
@@ -22,7 +22,7 @@ namespace tessara::testing {
     return text;
 }
 
-// The count of an object that has a holder.
+// The reference count of an object.
 [[nodiscard]] inline std::uint32_t CountOf(IUnknown* object) {
     object->AddRef();
     return object->Release();
@@ -33,7 +33,7 @@ template <class I>
     return CountOf(handle.Get());
 }
 
-// Answers IUnknown and nothing else.
+// Supports IUnknown and no other interface.
 class Stranger : public IUnknown {
   public:
     using Faces = FaceList<IUnknown>;
@@ -46,14 +46,14 @@ class Stranger : public IUnknown {
     return IRef<IUnknown>(NewObject<Stranger>());
 }
 
-// Passes an object as another interface, a mistake that no compiler detects behind a C interface. Operations
-// only query such an argument, which every object supports.
+// Passes an object as another interface, an error that no compiler detects in a C interface. Operations only
+// query such an argument, which every object supports.
 template <class I>
 [[nodiscard]] I* Disguised(const IRef<IUnknown>& object) {
     return reinterpret_cast<I*>(object.Get());
 }
 
-// A host's own ICoord, without a record inside.
+// A host's own ICoord, without a record.
 class HostCoord : public ICoord {
   public:
     using Faces = FaceList<ICoord>;

@@ -11,7 +11,7 @@
 
 namespace tessara::testing {
 
-// The place of a virtual function, from its member pointer (Itanium C++ ABI: one more than its offset in the
+// The index of a virtual function, from its member pointer (Itanium C++ ABI: one more than its offset in the
 // table).
 template <class Operation>
 std::ptrdiff_t PlaceOf(Operation operation) {
@@ -20,7 +20,7 @@ std::ptrdiff_t PlaceOf(Operation operation) {
     return (value - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
 }
 
-// Expects the operations to follow each other in the table.
+// Expects that the operations are consecutive in the table.
 template <class... Operations>
 void ExpectInOrder(std::ptrdiff_t first, Operations... operations) {
     std::ptrdiff_t place = first;

@@ -25,7 +25,7 @@ inline tagKOORD Ups(char hemisphere, double easting, double northing) {
     return Record(KOORD_UPS, payload);
 }
 
-// BNG or ING; no letters are the pair of zeros.
+// BNG or ING; two zeros mean no letters.
 inline tagKOORD LetterGrid(std::int32_t type, const char* letters, double easting, double northing,
                            double fullEasting = 0.0, double fullNorthing = 0.0) {
     LetterGridPayload payload{};

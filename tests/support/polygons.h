@@ -29,7 +29,7 @@ inline IRef<IArray> PixelPolygon(const Ring& ring) {
     return LineOf(records);
 }
 
-// In metres of the northern polar grid.
+// UPS, in metres of the northern grid.
 inline IRef<IArray> PolarSquare(double west, double south, double size) {
     return LineOf({Ups('N', west, south), Ups('N', west + size, south), Ups('N', west + size, south + size),
                    Ups('N', west, south + size)});
@@ -59,7 +59,7 @@ inline std::vector<double> AreasOf(const IRef<IArray>& parts) {
     return areas;
 }
 
-// 100 pixels a degree: column 100 (longitude - 8), row 100 (51 - latitude).
+// 100 pixels per degree: column 100 (longitude - 8), row 100 (51 - latitude).
 inline IRef<IMapCoordOperations> HundredPixelsADegree(std::int32_t datum = DATUM_GER) {
     return MapOf(Map(MAP_DD, MapDdParams{8.0, 51.0, 100.0, 100.0}, datum));
 }
@@ -68,20 +68,20 @@ class PolygonTest : public BalancedTest {
   protected:
     static constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
 
-    // A pixel square of 4 by 4 with something in it that is no vertex.
+    // A pixel square of 4 by 4 with an element that is not a vertex.
     static IRef<IArray> SquareWith(IUnknown* odd) {
         IRef<IArray> square = PixelPolygon(Rectangle(0, 0, 4, 4));
         square->Add(odd);
         return square;
     }
 
-    // What a host may pass by mistake in place of an object.
+    // Wrong arguments of a host in the place of an object.
     template <class I>
     [[nodiscard]] std::vector<I*> Wrong() const {
         return {nullptr, Disguised<I>(stranger)};
     }
 
-    // Puts something into a list that an operation must take away or leave.
+    // Adds an element to a list that an operation must either remove or keep.
     void Fill(const IRef<IArray>& list) const {
         list->Clear();
         list->Add(stranger.Get());

@@ -9,7 +9,7 @@
 
 namespace tessara::testing {
 
-// A part of the earth that lies well inside a system, degrees on a datum.
+// A region well inside the area of a system, in degrees on a datum.
 struct Region {
     std::int32_t type;
     std::int32_t datum;

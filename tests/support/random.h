@@ -11,7 +11,7 @@ class Random {
   public:
     explicit Random(std::uint64_t seed) : engine_(seed) {}
 
-    // Evenly spread over low..high.
+    // Uniformly distributed over low..high.
     [[nodiscard]] double Between(double low, double high) {
         return low + (high - low) * static_cast<double>(engine_() >> 11) * 0x1p-53;
     }

@@ -1,4 +1,4 @@
-// Records for tests, with everything a test doesn't name zero.
+// Records for tests; unnamed fields are zero.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,7 @@ tagKOORD Record(std::int32_t type, const Payload& payload, std::int32_t datum = 
     return record;
 }
 
-// A GK target that wants its natural strip: 0 would be a wanted meridian.
+// A GK target with the natural strip; 0 would be a wanted meridian.
 inline tagKOORD NaturalTarget(std::int32_t type, std::int32_t datum = DATUM_WGS84) {
     tagKOORD record = MakeKoord(datum, type);
     if (type == KOORD_GK || type == KOORD_GK6) {
@@ -34,8 +34,8 @@ inline tagKOORD NaturalTarget(std::int32_t type, std::int32_t datum = DATUM_WGS8
     return record;
 }
 
-// The bytes of a record's payload as those of another type: payloads of several systems have a field in the
-// same place, and some operations leave the bytes of another system in a record.
+// Reads a record's payload as that of another type. Payloads of several systems share the offset of a field,
+// and some operations leave the bytes of another system in a record.
 template <KoordPayload Payload>
 [[nodiscard]] Payload BytesAs(const tagKOORD& record) {
     Payload payload;

@@ -1,5 +1,5 @@
-// Reference figures that an independent program or a publication gave: text files under tests/data, one row
-// of whitespace-separated columns a line. Lines that start with '#' say where the figures come from.
+// Reference figures of an independent program or a publication: text files in tests/data, one row of
+// whitespace-separated columns per line. Lines that start with '#' name the source of the figures.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,12 +19,12 @@ struct ReferenceRow {
     std::string place;  // file and line, for messages
     std::vector<std::string> columns;
 
-    // The column's text; empty past the end of the row.
+    // The text of a column; empty beyond the end of the row.
     [[nodiscard]] std::string Text(std::size_t column) const {
         return column < columns.size() ? columns[column] : std::string();
     }
 
-    // The column as a number; NaN, which compares equal to nothing, where there is none.
+    // A column as a number; NaN, which compares equal to nothing, if it is missing.
     [[nodiscard]] double Number(std::size_t column) const {
         const std::string text = Text(column);
         double value = 0.0;
@@ -34,7 +34,7 @@ struct ReferenceRow {
     }
 };
 
-// The rows of tests/data/NAME, e.g. "kernel/utm.txt". A file that is missing or has no rows fails the test.
+// The rows of tests/data/NAME, e.g. "kernel/utm.txt". Fails the test if the file is missing or has no rows.
 [[nodiscard]] inline std::vector<ReferenceRow> ReadReferenceFile(const std::string& name) {
     std::ifstream file(SourceDir() + "/tests/data/" + name);
     std::vector<ReferenceRow> rows;

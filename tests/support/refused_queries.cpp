@@ -30,14 +30,14 @@ void RefusedQueries::Refuse(int nth, Refusal refusal) {
     refusal_ = refusal;
 }
 
-// The table of an object that was taken over, recognised by its first operation.
+// The replaced table of an object, recognised by its first operation.
 RefusedQueries::Table* RefusedQueries::TableOf(IUnknown* object) {
     void** const operations = TableIn(object);
     if (operations[0] != reinterpret_cast<void*>(&Ask)) return nullptr;
     return reinterpret_cast<Table*>(reinterpret_cast<std::byte*>(operations) - offsetof(Table, operations));
 }
 
-// A table has no recorded end, so the copy includes some memory behind it, which is never called.
+// The length of a table is unknown, so the copy includes some memory after it, which is never called.
 __attribute__((no_sanitize("address", "undefined"))) void RefusedQueries::TakeOver(IUnknown* object) {
     if (object == nullptr || TableOf(object) != nullptr) return;
     void* const* const original = TableIn(object);
@@ -63,7 +63,7 @@ ResultCode RefusedQueries::Ask(IUnknown* object, const GUID* iid, void** out) {
     using Query = ResultCode (*)(IUnknown*, const GUID*, void**);
     const auto query = reinterpret_cast<Query>(TableOf(object)->original[0]);
     const ResultCode result = query(object, iid, out);
-    // Another face of the object has a table of its own.
+    // Another interface of the object has its own table.
     if (result == RESULT_OK) g_queries->TakeOver(static_cast<IUnknown*>(*out));
     return result;
 }

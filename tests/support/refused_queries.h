@@ -1,5 +1,5 @@
-// Objects that answer a query and refuse the next one, as a host's object may: an operation that got an
-// interface once must not rely on getting it again.
+// Makes objects answer one query and refuse the next, as a host's object may: an operation must not rely on a
+// second query for the same interface.
 #pragma once
 
 #include "tessara/unknown.h"
@@ -12,8 +12,8 @@ namespace tessara::testing {
 
 enum class Refusal { ONCE, FROM_THEN_ON };
 
-// Takes over the queries of objects: each gets a function table of its own, whose first operation asks here
-// before it asks the object. The objects must end before this does.
+// Intercepts the queries of objects: each gets its own function table, whose first operation calls this
+// object before the original. The objects must end before this object.
 class RefusedQueries {
   public:
     RefusedQueries();
@@ -21,10 +21,10 @@ class RefusedQueries {
     RefusedQueries(const RefusedQueries&) = delete;
     RefusedQueries& operator=(const RefusedQueries&) = delete;
 
-    // Null is nothing to take over, and so is an object that is taken over already.
+    // Ignores null and objects that are already intercepted.
     void TakeOver(IUnknown* object);
 
-    // Refuses the `nth` query, counted from now; 0 refuses none.
+    // Refuses the `nth` query from now on; 0 refuses none.
     void Refuse(int nth, Refusal refusal);
     [[nodiscard]] int Asked() const { return asked_; }
 

@@ -12,7 +12,7 @@
 
 namespace tessara::testing {
 
-// From its upper left corner around by the right, not closed.
+// Clockwise from its upper left corner, not closed.
 inline Ring Rectangle(double left, double top, double right, double bottom) {
     return {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
 }
@@ -32,7 +32,7 @@ inline Ring StartingAt(std::size_t vertex, Ring open) {
     return open;
 }
 
-// The sum of the trapezia under the edges, positive from x to y turning. Not closed ones are closed.
+// The sum of the trapezia under the edges, positive for a turn from x to y. Closes open rings.
 inline double SignedArea(const Ring& ring) {
     double twice = 0.0;
     for (std::size_t i = 0; i < ring.size(); ++i) {
@@ -64,8 +64,8 @@ inline std::vector<double> AreasOf(const std::vector<Ring>& rings) {
     return areas;
 }
 
-// Around a centre, a vertex in each of `count` equal sectors, at 0.3 to 1 of the radius: it never crosses
-// itself.
+// A ring around a centre with a vertex in each of `count` equal sectors, at 0.3 to 1 of the radius. It never
+// crosses itself.
 inline Ring RandomStar(Random& random, int count, PlanePoint centre, double radius) {
     constexpr double TURN = 6.283185307179586;
     Ring star;
@@ -77,7 +77,7 @@ inline Ring RandomStar(Random& random, int count, PlanePoint centre, double radi
     return star;
 }
 
-// A row of towers of whole heights side by side on a common ground line, which never crosses itself.
+// A row of adjacent towers with integer heights on a common ground line. The ring never crosses itself.
 inline Ring RandomSkyline(Random& random, int towers, int x, int y) {
     Ring skyline{{static_cast<double>(x), static_cast<double>(y)}};
     for (int i = 0; i < towers; ++i) {

@@ -1,4 +1,4 @@
-// A shared library that is loaded at run time, by the means of the system.
+// Loads a shared library at run time.
 #pragma once
 
 #include <string>
@@ -7,14 +7,14 @@ namespace tessara::testing {
 
 class SharedLibrary {
   public:
-    // Whether the library takes the program's operator new. One for Windows has its own.
+    // Whether the library uses the program's operator new. A library for Windows has its own.
 #if defined(_WIN32)
     static constexpr bool ALLOCATES_THROUGH_PROGRAM = false;
 #else
     static constexpr bool ALLOCATES_THROUGH_PROGRAM = true;
 #endif
 
-    // Loads the library; a failure is the running test's.
+    // Loads the library; a failure fails the running test.
     explicit SharedLibrary(const std::string& path);
     ~SharedLibrary();
     SharedLibrary(const SharedLibrary&) = delete;

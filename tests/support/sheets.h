@@ -1,4 +1,4 @@
-// Plausible map sheets, at least two of each type whose plane an independent program can compute.
+// Plausible map sheets, at least two for each type with a plane that an independent program can compute.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace tessara::testing {
 
-// Besides the map, the linear relation that it stands for: column = pixelX + (easting - `easting`) /
-// metresPerPixelX, row = pixelY + (`northing` - northing) / metresPerPixelY.
+// The map, and its linear relation: column = pixelX + (easting - `easting`) / metresPerPixelX, row = pixelY +
+// (`northing` - northing) / metresPerPixelY.
 struct Sheet {
     std::string name;
     MapParam map;
@@ -32,7 +32,7 @@ inline constexpr std::int32_t DATUM_NTF = 236;    // Clarke 1880
 inline constexpr std::int32_t DATUM_RDNAP = 237;  // Bessel
 inline constexpr std::int32_t DATUM_NTL = 238;    // International 1924
 
-// Grid sheets: the origin of the raster is the place of pixel (0, 0) on the plane.
+// Grid sheets: the origin of the raster is the plane position of pixel (0, 0).
 template <class Params>
 Sheet GridSheet(const char* name, MapType type, const Params& p, std::int32_t datum, std::int32_t width,
                 std::int32_t height) {
@@ -48,7 +48,7 @@ Sheet GridSheet(const char* name, MapType type, const Params& p, std::int32_t da
             height};
 }
 
-// Sheets with a reference point, whose place on the plane is `easting`, `northing`: 10 pixels per millimetre.
+// Sheets with a reference point at the plane position `easting`, `northing`: 10 pixels per millimetre.
 template <class Params>
 Sheet ReferenceSheet(const char* name, MapType type, const Params& params, const tagKOORD& reference,
                      double easting, double northing, std::int32_t scaleDenominator, std::int32_t pixelX,

@@ -47,7 +47,7 @@ inline constexpr double PI_180 = 3.14159265358979323846 / 180.0;
     return (r - 1.0) * std::sqrt(Dot(p, p));
 }
 
-// How far off EcefVectorToCoord may be in height, in metres, for a position on an ellipsoid of eccentricity
+// The tolerance for the height of EcefVectorToCoord in metres, for a position on an ellipsoid of eccentricity
 // squared `e2`. Its last step in latitude is up to 1e-6 degrees and the height belongs to the latitude before
 // that step, 6.4e6 m * 1.75e-8 = 0.112 m times the tangent of the latitude; the very first latitude is off by
 // e2 h / (N + h) sin cos, which is at most e2 h in height. On top of that the rounding of a latitude near 90

@@ -1,4 +1,4 @@
-// Transverse Mercator constants of a datum, ready to hand to a conversion.
+// Transverse Mercator constants of a datum for a conversion.
 #pragma once
 
 #include <gtest/gtest.h>

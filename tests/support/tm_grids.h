@@ -31,8 +31,8 @@ inline void ExpectPosition(const Geodetic& position, double lat, double lon, dou
     EXPECT_NEAR(position.lon, lon, degrees / std::cos(lat * RADIANS_PER_DEGREE));
 }
 
-// Strictly closer to a limit than 1e-7 degrees a position is on it. `outAndBack` takes a latitude and a
-// longitude through the grid; (lat, lon) is some position well inside.
+// A position strictly closer to a limit than 1e-7 degrees is on the limit. `outAndBack` takes a latitude and
+// a longitude through the grid; (lat, lon) is some position well inside.
 template <class OutAndBack>
 void ExpectLimitsAttract(const OutAndBack& outAndBack, const Limits& limits, double lat, double lon) {
     for (const double near : {-5e-8, 5e-8}) {

@@ -1,4 +1,4 @@
-// Places of a window measured along the axes of a system, and the lines of a grid by which they are measured.
+// Measures places of a window along the axes of a system, by the lines of a grid.
 #pragma once
 
 #include <algorithm>
@@ -13,8 +13,8 @@
 
 namespace tessara::testing {
 
-// The value of a record on an axis as one number that grows eastward or northward. A zone weighs more than
-// any easting.
+// The value of a record on an axis as a single number that grows eastward or northward. A zone counts more
+// than any easting.
 inline constexpr double ZONE_WEIGHT = 1e8;
 
 inline double KeyOf(Axis axis, tagKOORD record) {
@@ -44,9 +44,9 @@ inline double UnitOf(std::int32_t system) {
             return 1.0 / 6000.0;
         case KOORD_BNG:
         case KOORD_ING:
-            return 1e-5;  // what letters leave
+            return 1e-5;  // precision of lettered systems
         default:
-            return 1e-7;  // degrees or metres: what conversions leave
+            return 1e-7;  // degrees or metres; precision of conversions
     }
 }
 
@@ -63,14 +63,14 @@ inline double ValueOn(Axis axis, const Sampled& at) {
     return axis == Axis::East ? at.east : at.north;
 }
 
-// 1, 2 or 5 and zeros, about so much.
+// The largest 1, 2 or 5 times a power of ten up to a value.
 inline double RoundStep(double about) {
     const double power = std::pow(10.0, std::floor(std::log10(about)));
     const double rest = about / power;
     return (rest < 2.0 ? 1.0 : rest < 5.0 ? 2.0 : 5.0) * power;
 }
 
-// Where lines of equal easting begin in a zone.
+// The origin of the lines of equal easting in a zone.
 inline double CentreOf(std::int32_t system, double zone) {
     switch (system) {
         case KOORD_BMN:
@@ -84,7 +84,7 @@ inline double CentreOf(std::int32_t system, double zone) {
     }
 }
 
-// Whether a piece comes into the rectangle grown by a margin.
+// Whether a segment touches the rectangle with a margin.
 inline bool Meets(const PixelRect& rect, double margin, const Pixel& a, const Pixel& b) {
     double first = 0.0, last = 1.0;
     const auto cut = [&](double from, double to, double low, double high) {
@@ -98,18 +98,18 @@ inline bool Meets(const PixelRect& rect, double margin, const Pixel& a, const Pi
            cut(a.y, b.y, rect.top - margin, rect.bottom + margin);
 }
 
-// What the lines of an axis are measured by.
+// The scale of the lines of an axis.
 struct Ruler {
     Axis axis;
     double step;
     bool isZoned;
     std::int32_t system;
-    double anchor;  // of the system without zones
+    double anchor;  // for systems without zones
 
     [[nodiscard]] double ZoneOf(double key) const {
         return isZoned && axis == Axis::East ? std::floor(key / ZONE_WEIGHT + 0.5) : 0.0;
     }
-    // In steps from the anchor.
+    // The value in steps from the anchor.
     [[nodiscard]] double CountOf(double key) const {
         if (!isZoned || axis == Axis::North) return (key - anchor) / step;
         const double zone = ZoneOf(key);
@@ -120,7 +120,7 @@ struct Ruler {
 // A zone and a number of steps.
 using LineName = std::pair<int, long long>;
 
-// The outermost strips of GK have one meridian: on the ground they are the same.
+// The outermost strips of GK have the same meridian on the ground.
 inline LineName NameOf(const Ruler& ruler, double key, double count) {
     const int zone = static_cast<int>(ruler.ZoneOf(key));
     return {ruler.system == KOORD_GK && zone == -60 ? 60 : zone, static_cast<long long>(count)};

@@ -1,4 +1,4 @@
-// Records of the zoned systems that want no zone, and common checks on coordinates.
+// Records of the zoned systems without a wanted zone, and common checks on coordinates.
 #pragma once
 
 #include <cstring>
@@ -61,8 +61,8 @@ namespace tessara::testing {
     return std::memcmp(&left, &right, sizeof(tagKOORD)) == 0;
 }
 
-// Whether a coordinate holds a position. The look destroys the position: a coordinate without one follows any
-// reference, one with a position doesn't follow into a system that nothing converts into.
+// Whether a coordinate holds a position. The check destroys the position: a coordinate without a position
+// accepts any reference, one with a position rejects a system to which no position converts.
 [[nodiscard]] inline bool HeldPosition(const IRef<ICoord>& coord) {
     double x = 0.0;
     double y = 0.0;

@@ -44,7 +44,7 @@ inline tagKOORD Austrian(std::int32_t type, std::int16_t meridian, double eastin
     return Wanting(wantedMeridian, AustrianRecord(6, type, meridian, easting, northing));
 }
 
-// What a false easting adds in an Austrian system.
+// The false easting of an Austrian system.
 inline double AustrianFalseEasting(std::int32_t type, std::int32_t meridian) {
     if (type == KOORD_GKAT) return 0.0;
     return 150000.0 + (meridian - 28) / 3 * 300000.0 + (type == KOORD_OEM ? 300000.0 : 0.0);
@@ -83,7 +83,7 @@ inline tagKOORD RandomZoned(std::int32_t type, Random& random) {
 inline const std::vector<std::int32_t> ZONED_TYPES = {KOORD_UTM, KOORD_GK,  KOORD_GK6,
                                                       KOORD_BMN, KOORD_OEM, KOORD_GKAT};
 
-// Two longitudes apart, in degrees, whichever way they are written.
+// The difference of two longitudes in degrees, modulo 360.
 inline double LongitudesApart(double first, double second) {
     return std::fabs(std::remainder(first - second, 360.0));
 }
