@@ -1,4 +1,4 @@
-// Columns of values: strided memory that stands for the same field of many positions.
+// Columns: strided memory with the values of one field for many positions.
 #pragma once
 
 #include <pybind11/numpy.h>
@@ -12,14 +12,15 @@
 
 namespace tessara::python {
 
-// Values that are read. A stride of 0 is one value for all positions; a column without data isn't there.
+// Input values. A stride of 0 means one value for all positions; a null pointer means that there is no
+// column.
 struct InColumn {
     const std::byte* data = nullptr;
     std::ptrdiff_t stride = 0;
 
     [[nodiscard]] bool IsThere() const { return data != nullptr; }
 
-    // Arrays may lie at any address.
+    // Arrays can have any alignment.
     [[nodiscard]] double Number(std::size_t i) const {
         double value;
         std::memcpy(&value, At(i), sizeof value);
@@ -30,7 +31,7 @@ struct InColumn {
     }
 };
 
-// Values that are written, one behind the other.
+// Output values, contiguous.
 struct OutColumn {
     std::byte* data = nullptr;
 
@@ -51,12 +52,12 @@ struct OutColumn {
     }
 };
 
-// Arrays of one shape as columns. Holds what the columns point to.
+// Arrays of one shape as columns. Keeps the arrays alive.
 class InputArrays {
   public:
     explicit InputArrays(std::vector<pybind11::ssize_t> shape);
 
-    // The array has the shape. Nothing is copied where its elements follow each other at one distance.
+    // The array must have the shape. It is copied only if its elements have no common stride.
     [[nodiscard]] InColumn Add(const pybind11::array& array);
 
     [[nodiscard]] const std::vector<pybind11::ssize_t>& Shape() const { return shape_; }
@@ -68,7 +69,7 @@ class InputArrays {
     std::vector<pybind11::array> held_;
 };
 
-// New arrays of one shape.
+// Allocates arrays of one shape.
 class OutputArrays {
   public:
     explicit OutputArrays(const std::vector<pybind11::ssize_t>& shape) : shape_(shape) {}
@@ -83,13 +84,13 @@ class OutputArrays {
     pybind11::list arrays_;
 };
 
-// The first position that has no result.
+// The first position without a result.
 struct Failure {
     std::size_t index;
     KoordStatus status;
 };
 
-// The place of an element among those of a shape: a number, or a tuple of them.
+// The index of an element in an array of a shape: a number, or a tuple of numbers.
 [[nodiscard]] pybind11::object IndexOf(std::size_t element, const std::vector<pybind11::ssize_t>& shape);
 
 }  // namespace tessara::python

@@ -22,7 +22,7 @@ py::tuple NamesOf(std::span<const OutputField> fields) {
     return names;
 }
 
-// For each field the kind of its values: 'U' text, 'i' whole numbers, 'f' numbers; and how many letters.
+// The kind of the values of each field ('U' text, 'i' whole numbers, 'f' numbers) and the number of letters.
 py::tuple TypesOf(std::span<const OutputField> fields) {
     py::list types;
     for (const OutputField& field : fields)
@@ -41,10 +41,10 @@ class Conversion {
         if (!pair_) return py::none();
         return py::make_tuple(pair_->north, pair_->east);
     }
-    // Whether the pair is all that there is to say of a position.
+    // Whether a position of the source consists of the pair only.
     [[nodiscard]] bool CanBePoint() const { return pair_ && prepared_.SourceFields().size() == 2; }
 
-    // One position, at height 0.
+    // Converts one position at height 0.
     [[nodiscard]] py::tuple ConvertPoint(double north, double east) const {
         if (!CanBePoint()) throw std::invalid_argument("the source has more fields than north and east");
         const tagKOORD source = prepared_.SourceAt(*pair_, north, east);
@@ -54,14 +54,14 @@ class Conversion {
         return TupleOf(target);
     }
 
-    // Arrays of the given shape, one for each field or none; a list of new arrays: the target's fields, the
-    // height if there is one, the statuses if they are wanted.
+    // Converts arrays of the given shape, one or none for each field. Returns a list of new arrays: the
+    // target's fields, the height if there is one, and the statuses if they are wanted.
     [[nodiscard]] py::list ConvertArrays(const std::vector<py::ssize_t>& shape,
                                          const std::vector<std::optional<py::array>>& fields,
                                          const std::optional<py::array>& height,
                                          const std::string& errors) const {
         if (fields.size() != prepared_.SourceFields().size())
-            throw std::invalid_argument("the source has another number of fields");
+            throw std::invalid_argument("the number of columns must match the number of source fields");
         InputArrays inputs(shape);
         GivenColumns source;
         for (std::size_t k = 0; k < fields.size(); ++k) {

@@ -4,7 +4,7 @@ namespace tessara::python {
 namespace py = pybind11;
 
 void BindErrors(py::module_& module) {
-    // The class is Python's own, so that it can be caught, subclassed and pickled like any other.
+    // The class is defined in Python, so that it can be subclassed and pickled.
     static py::handle type;
     module.def("set_position_error", [](py::object error) { type = error.release(); });
     module.def("status_text", &Koord_StatusText);

@@ -1,4 +1,4 @@
-// Positions that have no result, as exceptions.
+// Exceptions for positions without a result.
 #pragma once
 
 #include <pybind11/pybind11.h>
@@ -9,7 +9,7 @@
 
 namespace tessara::python {
 
-// What becomes the Python exception PositionError: a status, and what it means.
+// Becomes the Python exception PositionError, with a status and its description.
 struct PositionError {
     KoordStatus status;
     pybind11::object index = pybind11::none();

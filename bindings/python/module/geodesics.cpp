@@ -1,4 +1,4 @@
-// Geodesics over columns of degrees.
+// Solves geodesics for columns of degrees.
 #include <pybind11/numpy.h>
 #include <pybind11/stl.h>
 
@@ -55,7 +55,7 @@ KoordStatus Direct(const In& in, const Axes& axes, Out* out) {
     return KOORD_OK;
 }
 
-// The three results for each four numbers, and the statuses if they are wanted.
+// Returns three results for each row of four numbers, and the statuses if they are wanted.
 template <KoordStatus (*solve)(const In&, const Axes&, Out*)>
 py::list Solve(const std::vector<py::ssize_t>& shape, const std::array<Numbers, IN_COUNT>& arrays,
                const std::string& datum, const std::string& errors) {

@@ -29,7 +29,7 @@ py::list Factors(const std::vector<py::ssize_t>& shape, const py::array_t<double
     const PreparedConversion conversion({.datum = DatumOf(datum), .system = KOORD_GEODEZ},
                                         ReferenceOf(system), zone);
     if (!Grid_HasFactors(conversion.To().system))
-        throw std::invalid_argument(system + " is no conformal grid");
+        throw std::invalid_argument(system + " is not a conformal grid");
     InputArrays inputs(shape);
     const InColumn latitude = inputs.Add(latitudes);
     const InColumn longitude = inputs.Add(longitudes);

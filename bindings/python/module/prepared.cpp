@@ -16,9 +16,9 @@
 namespace tessara::python {
 namespace {
 
-constexpr std::size_t BLOCK = 1024;  // rows whose whole numbers and letters stay in the nearest cache
+constexpr std::size_t BLOCK = 1024;  // rows; their whole numbers and letters fit in the first-level cache
 
-// The reference with the zone, strip or meridian that is wanted of it.
+// Adds the wanted zone, strip or meridian to a reference.
 toolkit::Reference WithZone(toolkit::Reference reference, std::optional<std::int32_t> zone) {
     if (!zone) return reference;
     const std::string system = toolkit::SystemName(reference.system);
@@ -30,7 +30,7 @@ toolkit::Reference WithZone(toolkit::Reference reference, std::optional<std::int
     return reference;
 }
 
-// A record with the precision with which the minutes of positions are written.
+// A record with the precision of the output's minutes.
 tagKOORD WrittenGeoref(std::int32_t datum) {
     const tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
     tagKOORD record = MakeKoord(datum, KOORD_GEOREF);
@@ -38,7 +38,7 @@ tagKOORD WrittenGeoref(std::int32_t datum) {
     return record;
 }
 
-// The first of the names that a field of numbers has.
+// The first of the names that belongs to a numeric field.
 std::optional<std::size_t> FieldCalled(std::initializer_list<std::string_view> names,
                                        std::span<const OutputField> fields) {
     for (const std::string_view name : names) {
@@ -49,21 +49,20 @@ std::optional<std::size_t> FieldCalled(std::initializer_list<std::string_view> n
     return std::nullopt;
 }
 
-// Degrees as a target aren't tested: what isn't finite in them has no result either.
+// The library doesn't test degrees as a target, so values that aren't finite are detected here.
 KoordStatus StatusOfMissing(const OutputField& field) {
     return field.offset == 0 ? KOORD_ERR_GEO_LAT : KOORD_ERR_GEO_LON;
 }
 
 }  // namespace
 
-// The rows of the library's columns beside those of Python, which have whole numbers and letters of other
-// types.
+// Columns of the library for the rows of a block. Python has other types for whole numbers and letters.
 class PreparedConversion::Block {
   public:
     Block(const PreparedConversion& conversion, const GivenColumns& given, const WantedColumns& wanted)
         : conversion_(conversion), given_(given), wanted_(wanted) {}
 
-    // The first failure of the rows from `first` on.
+    // Returns the first failure of a block that starts at row `first`.
     [[nodiscard]] std::optional<Failure> Convert(std::size_t first, std::size_t count, DistantZones distant) {
         first_ = first;
         count_ = count;
@@ -112,7 +111,7 @@ class PreparedConversion::Block {
         return to;
     }
 
-    // Earth-centred positions are converted as if they were on the ellipsoid: their heights come in behind.
+    // Earth-centred positions are converted on the ellipsoid first; their heights are added afterwards.
     [[nodiscard]] bool HasRaised() const {
         return !conversion_.GivesHeight() && (given_.height.IsThere() || conversion_.KnowsHeight());
     }
@@ -182,7 +181,8 @@ PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Referen
       source_(toolkit::DefaultRecord(from_)),
       target_(toolkit::DefaultRecord(to_)) {
     for (const toolkit::Reference& reference : {from_, to_}) {
-        if (toolkit::IsPixel(reference.system)) throw std::invalid_argument("pixels are converted by a Map");
+        if (toolkit::IsPixel(reference.system))
+            throw std::invalid_argument("conversion of pixels requires a Map");
     }
     if (from_.system == KOORD_GEOREF) source_ = WrittenGeoref(from_.datum);
 }

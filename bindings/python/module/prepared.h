@@ -1,5 +1,4 @@
-// A conversion that is prepared once and applied to columns. The one source that knows how the library
-// converts many.
+// A prepared conversion of columns. Only its source calls the column conversion of the library.
 #pragma once
 
 #include <cstdint>
@@ -15,17 +14,17 @@
 namespace tessara::python {
 
 struct GivenColumns {
-    std::vector<InColumn> fields;  // one for each field of the source; one that isn't there keeps its default
+    std::vector<InColumn> fields;  // one for each field of the source; a missing field keeps its default
     InColumn height;
 };
 
 struct WantedColumns {
     std::vector<OutColumn> fields;
     OutColumn height;
-    OutColumn status;  // a KoordStatus each
+    OutColumn status;  // one KoordStatus per row
 };
 
-// What a position far from the wanted zone leaves in the columns.
+// The treatment of a position far from the wanted zone.
 enum class DistantZones { Missing, Kept };
 
 // The numbers of two fields.
@@ -36,7 +35,7 @@ struct FieldPair {
 
 class PreparedConversion {
   public:
-    // `zone` is the zone, strip or meridian that is wanted of the target.
+    // `zone` is the wanted zone, strip or meridian of the target.
     PreparedConversion(toolkit::Reference from, toolkit::Reference to, std::optional<std::int32_t> zone);
 
     [[nodiscard]] const toolkit::Reference& From() const { return from_; }
@@ -49,15 +48,15 @@ class PreparedConversion {
     [[nodiscard]] bool KnowsHeight() const;
     [[nodiscard]] bool GivesHeight() const;
 
-    // The fields of the source that say where a position is, if there are two of numbers for it.
+    // The two numeric fields that define a position of the source, if there are such fields.
     [[nodiscard]] std::optional<FieldPair> NorthAndEast() const;
-    // A record of the source with these; its other fields have their defaults.
+    // A record of the source with the pair, and defaults in the other fields.
     [[nodiscard]] tagKOORD SourceAt(FieldPair pair, double north, double east) const;
 
-    // One position, at height 0.
+    // Converts one position at height 0.
     [[nodiscard]] KoordStatus Convert(const tagKOORD& source, tagKOORD* target) const;
 
-    // Many positions, and the first of them that has no result. Touches nothing of Python.
+    // Converts many positions and returns the first one without a result. Doesn't use Python objects.
     [[nodiscard]] std::optional<Failure> Convert(const GivenColumns& given, std::size_t count,
                                                  DistantZones distant, const WantedColumns& wanted) const;
 

@@ -9,7 +9,7 @@ namespace tessara::python {
 namespace py = pybind11;
 namespace {
 
-using Letters = std::array<char32_t, MOST_LETTERS>;  // as NumPy holds text
+using Letters = std::array<char32_t, MOST_LETTERS>;  // the text format of NumPy
 
 constexpr double NO_WHOLE = 1e300;
 
@@ -20,7 +20,7 @@ Value At(const tagKOORD& record, const OutputField& field) {
     return value;
 }
 
-// A row that has no position holds NaN.
+// A row without a position contains NaN.
 template <class Whole>
 void WriteWholes(std::span<const double> values, std::size_t first, std::size_t count,
                  const OutColumn& column) {

@@ -1,4 +1,4 @@
-// References by their names, as Python passes them.
+// Reads references that Python passes by name.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 
 namespace tessara::python {
 
-// SYSTEM[:PARAMETERS][@DATUM], on WGS84 where it names no datum. Throws std::invalid_argument with what is
-// wrong.
+// Reads SYSTEM[:PARAMETERS][@DATUM], with the default datum WGS84. Throws std::invalid_argument with the
+// error.
 [[nodiscard]] toolkit::Reference ReferenceOf(const std::string& name);
 [[nodiscard]] std::int32_t DatumOf(const std::string& name);
 

@@ -1,4 +1,4 @@
-// Systems and datums as rows.
+// The tables of systems and datums.
 #include "conversion/names.h"
 #include "module.h"
 #include "tessara/host/listings.h"

@@ -1,4 +1,4 @@
-// Positions as texts, read and written by the toolkit's reader and writer.
+// Reads and writes texts of positions with the reader and writer of the toolkit.
 #include <pybind11/numpy.h>
 #include <pybind11/stl.h>
 
@@ -20,8 +20,7 @@ namespace tessara::python {
 namespace py = pybind11;
 namespace {
 
-// A system that is named, or any that can be told from a text; in both cases on
-// a datum where none is named.
+// A named system, or any system that the text determines, on a default datum.
 toolkit::Wanted WantedOf(const std::string& system, const std::string& datum) {
     toolkit::Wanted wanted;
     wanted.reference.datum = DatumOf(datum);
@@ -57,8 +56,8 @@ ReadTexts ReadAll(const toolkit::TypedReader& reader, const std::vector<std::str
     return all;
 }
 
-// Latitudes and longitudes, the names of the systems, and of what can't be read
-// the index, the code, the reason and the piece in bytes.
+// Returns latitudes, longitudes and names of systems; and for each rejected text the index, the code, the
+// reason and the piece in bytes.
 py::tuple Parse(const std::vector<std::string>& texts, const std::string& system, const std::string& datum) {
     const toolkit::TypedReader reader(WantedOf(system, datum));
     ReadTexts all;
@@ -76,7 +75,7 @@ py::tuple Parse(const std::vector<std::string>& texts, const std::string& system
                           faults);
 }
 
-// The fields of each meaning of a text.
+// Returns the fields of each meaning of a text.
 py::list Meanings(const std::string& text, const std::string& system, const std::string& datum) {
     const toolkit::TypedReader reader(WantedOf(system, datum));
     py::list meanings;
@@ -86,7 +85,8 @@ py::list Meanings(const std::string& text, const std::string& system, const std:
 }
 
 struct WrittenTexts {
-    std::vector<std::vector<std::string>> texts;  // one or two of each position; none where it has no result
+    std::vector<std::vector<std::string>>
+        texts;  // one or two for each position; none for a position without a result
     std::optional<Failure> failure;
 };
 
@@ -113,7 +113,7 @@ WrittenTexts WriteAll(const PreparedConversion& conversion, const toolkit::TextW
 constexpr int METRE_DIGITS = 5;
 constexpr std::size_t LONGEST_REFERENCE = 15;  // 32UPU9160334791
 
-// The columns of military references to the metre, which the library converts many at once.
+// Columns of military references to the metre, which the library converts in blocks.
 struct References {
     explicit References(std::size_t count)
         : zones(count), bands(count), squares(2 * count), eastings(count), northings(count) {}
@@ -166,8 +166,7 @@ py::array FormatReferences(const PreparedConversion& conversion, InputArrays& in
     return outputs.Arrays()[0];
 }
 
-// A list of texts, or a pair of such lists where a position has a north and an
-// east text.
+// Returns a list of texts, or a pair of lists if positions have a north and an east text.
 py::object Format(const std::vector<py::ssize_t>& shape, const py::array_t<double>& norths,
                   const py::array_t<double>& easts, const std::string& from, const std::string& to,
                   std::optional<std::int32_t> zone, bool isDisplay, std::optional<double> precision,

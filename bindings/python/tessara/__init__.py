@@ -1,10 +1,10 @@
-"""Coordinate calculations: positions between coordinate systems and geodetic datums, arrays in and out.
+"""Coordinate calculations: converts positions and arrays of positions between coordinate systems and geodetic datums.
 
 >>> import tessara
 >>> tessara.convert(48.1375, 11.5755)
 UTM(zone=32, hemisphere='N', easting=691602.659..., northing=5334791.144...)
 
-North comes before east everywhere. Degrees are positive north and east; grid values and heights are metres.
+North comes before east everywhere. Degrees are positive north and east; grid values and heights are in metres.
 """
 
 from ._tessara import __version__ as __version__

@@ -26,7 +26,7 @@ class Extent(NamedTuple):
 
 
 class Overlay(NamedTuple):
-    """How two polygons lie to each other, and the parts that they cut each other into."""
+    """The relation of two polygons, and the parts into which they divide each other."""
 
     relation: str
     both: list[Line]
@@ -36,10 +36,10 @@ class Overlay(NamedTuple):
 
 
 def degree_rows(line: Any, name: str) -> Line:
-    """Rows of latitude and longitude: an array of two columns, a list of pairs, a frame of two columns."""
+    """Converts an array of two columns, a list of pairs or a frame of two columns to rows of latitude and longitude."""
     rows = numbers(line, name)
     if rows.ndim != 2 or rows.shape[1] != 2:
-        raise ValueError(f"{name} has to be rows of latitude and longitude, not an array of shape {rows.shape}")
+        raise ValueError(f"{name} must be rows of latitude and longitude, not an array of shape {rows.shape}")
     return rows
 
 
@@ -51,10 +51,10 @@ def extent_in(system: str, extremes: tuple[tuple[Any, ...], ...]) -> Extent:
 
 
 def extent(line: Any, to: str = WGS84_DEGREES, *, datum: str = "WGS84") -> Extent:
-    """How far a line or the outline of a polygon reaches in a system, its edges being straight in degrees.
+    """Returns the extent of a line or an outline of a polygon in a system. The edges are straight in degrees.
 
-    `line` is rows of latitude and longitude on `datum`. Of each of the four positions only the value in its own
-    direction means something.
+    `line` is rows of latitude and longitude on `datum`. In each of the four positions, only the value in its own
+    direction is significant.
 
     >>> extent([(48.0, 11.0), (48.5, 12.0)]).north.latitude
     48.5
@@ -63,8 +63,8 @@ def extent(line: Any, to: str = WGS84_DEGREES, *, datum: str = "WGS84") -> Exten
 
 
 def densify(line: Any, straight_in: str, *, datum: str = "WGS84") -> Line:
-    """The line as 33 points an edge, so that its edges look straight in a system. `line` and the result are rows of
-    latitude and longitude on `datum`. A `Map` densifies to a fraction of a pixel.
+    """Divides each edge of a line into 32 pieces, so that it can be drawn straight in a system. `line` and the result
+    are rows of latitude and longitude on `datum`. `Map.densify` divides lines to a fraction of a pixel.
 
     >>> densify([(48.0, 11.0), (48.0, 12.0)], "UTM").shape
     (33, 2)
@@ -73,9 +73,10 @@ def densify(line: Any, straight_in: str, *, datum: str = "WGS84") -> Line:
 
 
 def point_in_polygon(lat: Any, lon: Any, polygon: Any, *, datum: str = "WGS84") -> Any:
-    """Whether positions lie inside a polygon or on its edges, which are straight in degrees.
+    """Checks whether positions are inside a polygon or on its edges, which are straight in degrees.
 
-    `lat` and `lon` are degrees, `polygon` is rows of latitude and longitude and closes by itself; all on one datum.
+    `lat` and `lon` are in degrees, `polygon` is rows of latitude and longitude, all on `datum`. The last vertex of the
+    polygon is joined to the first.
 
     >>> point_in_polygon([48.1, 49.1], 11.5, [(48, 11), (49, 11), (49, 12), (48, 12)])
     array([ True, False])
@@ -86,8 +87,8 @@ def point_in_polygon(lat: Any, lon: Any, polygon: Any, *, datum: str = "WGS84") 
 
 
 def overlay(first: Any, second: Any, *, datum: str = "WGS84") -> Overlay:
-    """How two polygons lie to each other: apart, equal, first inside, second inside, crossing or touching. Polygons that
-    cross come with the parts that are in both, in one only, and in neither but closed in between them.
+    """Returns the relation of two polygons: apart, equal, first inside, second inside, crossing or touching. For crossing
+    polygons, the result also has the parts in both, in one only, and enclosed between them without being in either.
 
     Polygons are rows of latitude and longitude.
 

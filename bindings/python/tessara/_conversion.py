@@ -1,4 +1,4 @@
-"""Positions from one coordinate system and datum to another."""
+"""Converts positions to another coordinate system and datum."""
 
 from __future__ import annotations
 
@@ -22,12 +22,12 @@ WGS84_UTM = "UTM@WGS84"
 
 def check_errors(errors: str) -> None:
     if errors not in ERRORS:
-        raise ValueError(f"errors is one of {', '.join(ERRORS)}, not {errors!r}")
+        raise ValueError(f"errors must be one of {', '.join(ERRORS)}, not {errors!r}")
 
 
 @lru_cache(maxsize=None)
 def result_type(name: str, fields: tuple[str, ...]) -> type[tuple[Any, ...]]:
-    """The named tuple with these fields. Its values are numbers and texts, or arrays of them."""
+    """The type of named tuples with these fields. The values are numbers and texts, or arrays of them."""
     made = cast(Any, namedtuple(name, fields))
     made.__reduce__ = lambda self: (_rebuild, (name, fields, tuple(self)))
     return cast(type[tuple[Any, ...]], made)
@@ -38,15 +38,15 @@ def _rebuild(name: str, fields: tuple[str, ...], values: tuple[Any, ...]) -> tup
 
 
 def system_name(reference: str) -> str:
-    """The system of a reference, as a name of a class."""
+    """The system of a reference, as the name of a class."""
     return re.sub(r"\W", "_", re.split("[:@]", reference)[0])
 
 
 class Conversion:
-    """A conversion that is prepared once: from one reference to another.
+    """A prepared conversion from one reference to another.
 
-    References are `SYSTEM[:PARAMETERS][@DATUM]`; without a datum they are on WGS84. `zone` is the zone, strip or meridian
-    that is wanted of the target; without it each position goes into the zone that it lies in.
+    References are `SYSTEM[:PARAMETERS][@DATUM]` with the default datum WGS84. `zone` is the wanted zone, strip or meridian
+    of the target; without it each position is converted to its natural zone.
 
     >>> to_utm = Conversion("GEODEZ", "UTM")
     >>> to_utm(48.1375, 11.5755)
@@ -76,12 +76,12 @@ class Conversion:
 
     @property
     def source_fields(self) -> tuple[str, ...]:
-        """What a position of the source consists of; the keywords of `fields`."""
+        """The names of the fields of a source position, which are the keys of `fields`."""
         return self._core.source_fields
 
     @property
     def target_fields(self) -> tuple[str, ...]:
-        """What a position of the target consists of; a result has them in this order."""
+        """The names of the fields of a target position, in the order of a result."""
         return self._core.target_fields
 
     def __repr__(self) -> str:
@@ -100,7 +100,7 @@ class Conversion:
         from_hemisphere: Any = None,
         errors: Errors = "raise",
     ) -> Any:
-        """Converts positions; see `convert`, whose arguments these are."""
+        """Converts positions; `convert` documents the arguments."""
         if self._can_be_point and type(north) is float and type(east) is float and errors == "raise":
             if height is None:
                 if from_zone is None and from_hemisphere is None:
@@ -108,7 +108,7 @@ class Conversion:
         pair = self._core.pair
         names = self._core.source_fields
         if pair is None:
-            raise ValueError(f"a position in {self.from_} isn't a north and an east value; "
+            raise ValueError(f"a position in {self.from_} has more than a north and an east value; "
                              f"pass {', '.join(names)} to Conversion.fields")
         given = {names[pair[0]]: north, names[pair[1]]: east}
         for name, value in (("zone", from_zone), ("meridian", from_zone), ("hemisphere", from_hemisphere)):
@@ -119,11 +119,11 @@ class Conversion:
         if from_hemisphere is not None and "hemisphere" not in given:
             raise ValueError(f"{self.from_} has no hemispheres")
         if ("zone" in names or "meridian" in names) and from_zone is None:
-            raise ValueError(f"positions in {self.from_} need a zone: from_zone")
+            raise ValueError(f"positions in {self.from_} require a zone; pass from_zone")
         return self.fields(given, height=height, errors=errors)
 
     def fields(self, fields: Mapping[str, Any] | tuple[Any, ...], *, height: Any = None, errors: Errors = "raise") -> Any:
-        """Converts positions that are given by the fields of the source: a mapping, or the result of a conversion.
+        """Converts positions from the fields of the source: a mapping, or the result of a conversion.
 
         >>> there = convert(48.1375, 11.5755, to="UTMREF")
         >>> Conversion("UTMREF", "GEODEZ").fields(there)
@@ -134,9 +134,9 @@ class Conversion:
         height = given.pop("height", None) if height is None else height
         unknown = given.keys() - set(self.source_fields)
         if unknown:
-            raise ValueError(f"{self.from_} has no field {sorted(unknown)[0]!r}; there are {', '.join(self.source_fields)}")
+            raise ValueError(f"{self.from_} has no field {sorted(unknown)[0]!r}; expected one of {', '.join(self.source_fields)}")
         if not given:
-            raise ValueError(f"pass {', '.join(self.source_fields)}")
+            raise ValueError(f"missing fields; pass {', '.join(self.source_fields)}")
         columns: dict[str, npt.NDArray[Any]] = {}
         for name, kind in zip(self.source_fields, self._core.source_types):
             if name in given:
@@ -179,15 +179,15 @@ def convert(
 
     north, east: latitudes and longitudes in degrees, or northings and eastings in metres: numbers, arrays of any
         shapes that broadcast, lists, pandas Series.
-    height: metres above the ellipsoid. It is handed on, and ECEF takes it into account.
+    height: metres above the ellipsoid. It is copied to the result; ECEF contains it in x, y and z.
     from_, to: SYSTEM or SYSTEM@DATUM; `systems()` and `datums()` list them. Free projections have parameters:
         "TM:lon0=9,k=0.9996,fe=500000".
-    zone: the zone, strip or meridian that is wanted of the target. Without it each position goes into its own.
-    from_zone, from_hemisphere: of UTM positions, the hemisphere "N" where none is given; from_zone is the
-        meridian of Austrian grids, too.
-    errors: what becomes of a position without a result. "raise" raises PositionError with its index; "nan" leaves NaN,
-        0 and "" there; "status" does so, too, and adds the field `status`, 1 for success. A position far from the
-        wanted zone keeps its numbers then.
+    zone: the wanted zone, strip or meridian of the target. Without it each position is converted to its natural zone.
+    from_zone, from_hemisphere: the zone and hemisphere of UTM positions; the default hemisphere is "N". For Austrian
+        grids, from_zone is the meridian.
+    errors: the treatment of positions without a result. "raise" raises PositionError with the index of the position;
+        "nan" returns NaN, 0 and "" for it; "status" does the same and adds the field `status`, which is 1 for success.
+        With "status", a position far from the wanted zone keeps its numbers.
 
     The result is a named tuple of the target's fields: numbers and texts for a single position, arrays for arrays,
     Series with the same index for Series.

@@ -1,4 +1,4 @@
-"""What a position without a result raises."""
+"""The exceptions of positions and texts."""
 
 from __future__ import annotations
 
@@ -6,10 +6,10 @@ from . import _tessara
 
 
 class PositionError(ValueError):
-    """A position that has no result.
+    """Raised for a position without a result.
 
-    `status` is the library's number for it, `index` the position's place in the arrays (None for a single one), and
-    `reason` says what is wrong.
+    `status` is the library's number of the error, `reason` its description, and `index` the index of the position in the
+    arrays (None for a single position).
     """
 
     def __init__(self, status: int, reason: str, index: int | tuple[int, ...] | None = None) -> None:
@@ -24,10 +24,10 @@ class PositionError(ValueError):
 
 
 class TextError(ValueError):
-    """A text that is no position.
+    """Raised for a text that isn't a position.
 
-    `code` is a word that stays the same from version to version, `reason` a clause for people, `piece` the piece of the
-    text that is wrong, which begins at the character `begin`, and `index` the text's place in the arrays.
+    `code` is a word that is stable between versions, `reason` a clause for people, `piece` the piece of the text in error,
+    which begins at the character `begin`, and `index` the index of the text in the arrays.
     """
 
     def __init__(
@@ -50,7 +50,7 @@ _tessara.set_position_error(PositionError)
 
 
 def status_text(status: int) -> str:
-    """What a status means.
+    """Returns the description of a status.
 
     >>> status_text(-3708)
     'the latitude is outside 80 south to 84 north'

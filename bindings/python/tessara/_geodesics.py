@@ -1,4 +1,4 @@
-"""Shortest ways on the ellipsoid."""
+"""Geodesics on the ellipsoid."""
 
 from __future__ import annotations
 
@@ -21,10 +21,10 @@ def _solve(solve: Any, name: str, fields: tuple[str, ...], given: dict[str, Any]
 
 
 def distance(lat1: Any, lon1: Any, lat2: Any, lon2: Any, *, datum: str = "WGS84", errors: Errors = "raise") -> Any:
-    """The length of the geodesic between two positions in metres, and its azimuths in degrees clockwise from north:
-    at the first position toward the second, and at the second back toward the first.
+    """Computes the length of the geodesic between two positions in metres, and its azimuths in degrees clockwise from
+    north: at the first position toward the second, and at the second back toward the first.
 
-    Arguments are degrees: numbers, arrays, Series. `errors` is as in `convert`.
+    Arguments are numbers, arrays or Series of degrees. `errors` works as in `convert`.
 
     >>> distance(42.25, -71.116667, 45.516667, -123.683333, datum="NAD27")
     Way(distance=4164192..., azimuth=293.469..., back_azimuth=75.653...)
@@ -34,8 +34,8 @@ def distance(lat1: Any, lon1: Any, lat2: Any, lon2: Any, *, datum: str = "WGS84"
 
 
 def direct(lat: Any, lon: Any, azimuth: Any, distance: Any, *, datum: str = "WGS84", errors: Errors = "raise") -> Any:
-    """The position at a distance in metres along the geodesic that starts with an azimuth in degrees, and the azimuth
-    back from there. The longitude lies in -180..180. `errors` is as in `convert`.
+    """Computes the position at an azimuth in degrees and a distance in metres along the geodesic, and the azimuth back
+    from there. The longitude is in -180..180. `errors` works as in `convert`.
 
     >>> round(direct(0.0, 0.0, 90.0, 111319.4908).longitude, 7)
     1.0

@@ -1,4 +1,4 @@
-"""The systems by the names that other libraries have for them."""
+"""Names of the systems in other libraries."""
 
 from __future__ import annotations
 
@@ -17,7 +17,7 @@ UPS_CODES = {"N": 5041, "S": 5042}
 
 
 def to_pyproj(reference: str, *, zone: int | None = None, hemisphere: str = "N") -> str:
-    """The EPSG code of a system where it has one: a text that `pyproj.CRS` takes.
+    """Returns the EPSG code of a system, as a text for `pyproj.CRS`. Raises ValueError for a system without a code.
 
     >>> to_pyproj("UTM", zone=32)
     'EPSG:32632'
@@ -25,13 +25,13 @@ def to_pyproj(reference: str, *, zone: int | None = None, hemisphere: str = "N")
     name = _tessara.Conversion(reference, reference, None).to
     system, _, datum = name.partition("@")
     if hemisphere not in ("N", "S"):
-        raise ValueError(f"the hemisphere is N or S, not {hemisphere!r}")
+        raise ValueError(f"the hemisphere must be N or S, not {hemisphere!r}")
     if system == "UTM" and (datum, hemisphere) in UTM_CODES:
         if zone is None or not 1 <= zone <= 60:
-            raise ValueError("a UTM grid has a zone in 1..60")
+            raise ValueError("UTM requires a zone in 1..60")
         return f"EPSG:{UTM_CODES[datum, hemisphere] + zone}"
     if system == "UPS" and datum == "WGS84":
         return f"EPSG:{UPS_CODES[hemisphere]}"
     if (system, datum) in EPSG_CODES:
         return f"EPSG:{EPSG_CODES[system, datum]}"
-    raise ValueError(f"no EPSG code is known for {name}")
+    raise ValueError(f"{name} has no known EPSG code")

@@ -1,4 +1,4 @@
-"""The systems and the datums as rows."""
+"""The tables of systems and datums."""
 
 from __future__ import annotations
 
@@ -34,8 +34,8 @@ def _table(rows: list[Any]) -> Any:
 
 
 def systems(frame: bool = True) -> Any:
-    """The coordinate systems: number, name, unit, and the fields of a position. A DataFrame by name if pandas is
-    there, otherwise or with `frame=False` a list of `System`.
+    """Returns the coordinate systems: number, name, unit, and the fields of a position. The result is a DataFrame
+    indexed by name if pandas is installed; without pandas or with `frame=False`, it is a list of `System`.
 
     >>> systems(frame=False)[2]
     System(number=2, name='UTM', unit='metre', fields=('zone', 'hemisphere', 'easting', 'northing'))
@@ -45,9 +45,9 @@ def systems(frame: bool = True) -> Any:
 
 
 def datums(frame: bool = True) -> Any:
-    """The geodetic datums: number, name, ellipsoid, its semi-major axis `a` in metres and flattening `f`, and the
-    translation to WGS84 in metres. A DataFrame by name if pandas is there, otherwise or with `frame=False` a list of
-    `Datum`.
+    """Returns the geodetic datums: number, name, ellipsoid, its semi-major axis `a` in metres and flattening `f`, and the
+    translation to WGS84 in metres. The result is a DataFrame indexed by name if pandas is installed; without pandas or
+    with `frame=False`, it is a list of `Datum`.
 
     >>> datums(frame=False)[2].a
     6378137.0

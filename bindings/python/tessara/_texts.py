@@ -1,4 +1,4 @@
-"""Positions as texts."""
+"""Reads and writes texts of positions."""
 
 from __future__ import annotations
 
@@ -16,7 +16,7 @@ METRE_DIGITS = 5
 
 
 class Parsed(NamedTuple):
-    """Where texts are: degrees, and the systems that the texts are in."""
+    """The positions of texts in degrees, and the systems of the texts."""
 
     latitude: Any
     longitude: Any
@@ -24,8 +24,8 @@ class Parsed(NamedTuple):
 
 
 class Check(NamedTuple):
-    """Whether a text is a position, and if not, which piece of it is wrong and why. `code` is a word that stays the same
-    from version to version; `meanings` are what the text says, several if it can be read in several ways."""
+    """The result of `check`: whether a text is a position, and otherwise the piece in error and the reason. `code` is a
+    word that is stable between versions; `meanings` has the meanings of the text, several for an ambiguous text."""
 
     good: bool
     code: str
@@ -44,7 +44,7 @@ class Texts(NamedTuple):
 
 
 def _pieces(text: str, begin: int, end: int) -> tuple[int, int]:
-    """The characters that stand at bytes of a text."""
+    """Converts a range of bytes of a text to a range of characters."""
     encoded = text.encode("utf-8", "replace")
     return len(encoded[:begin].decode("utf-8", "ignore")), len(encoded[:end].decode("utf-8", "ignore"))
 
@@ -62,9 +62,9 @@ def _error(texts: list[str], fault: tuple[int, str, str, int, int], index: Any) 
 def parse(texts: Any, system: str = AUTO, *, datum: str = "WGS84", errors: Errors = "raise") -> Parsed:
     """Reads texts as positions: latitudes and longitudes in degrees on `datum`, and the system of each text.
 
-    A text is one position, as people type it: degrees in any spelling, military references, UTM, and with `system` the
-    texts of that one, north before east. What isn't a position raises TextError with the piece that is wrong; with
-    errors="nan" it is NaN instead, with "" for its system.
+    Each text is one typed position: degrees in any notation, military references, UTM, or, with `system`, texts of that
+    system, north before east. A text that isn't a position raises TextError with the piece in error; with errors="nan"
+    it gives NaN and the system "".
 
     >>> parse("32UPU9160334791").system
     'UTMREF'
@@ -78,7 +78,7 @@ def parse(texts: Any, system: str = AUTO, *, datum: str = "WGS84", errors: Error
     flat = array.ravel().tolist()
     for text in flat:
         if not isinstance(text, str):
-            raise TypeError(f"texts have to be str, not {type(text).__name__}")
+            raise TypeError(f"texts must be str, not {type(text).__name__}")
     flat = [_clean(text) for text in flat]
     latitudes, longitudes, systems, faults = _tessara.parse(flat, system, datum)
     if faults and errors == "raise":
@@ -90,7 +90,7 @@ def parse(texts: Any, system: str = AUTO, *, datum: str = "WGS84", errors: Error
 
 
 def check(text: str, system: str = AUTO, *, datum: str = "WGS84") -> Check:
-    """Whether a text is a position; if not, which piece of it is wrong and why.
+    """Checks whether a text is a position; otherwise returns the piece in error and the reason.
 
     >>> check("48 8 15 N 11 34 31.8 E").good
     True
@@ -99,7 +99,7 @@ def check(text: str, system: str = AUTO, *, datum: str = "WGS84") -> Check:
     (False, ...)
     """
     if not isinstance(text, str):
-        raise TypeError(f"a text has to be str, not {type(text).__name__}")
+        raise TypeError(f"text must be str, not {type(text).__name__}")
     text = _clean(text)
     faults = _tessara.parse([text], system, datum)[3]
     meanings = _tessara.meanings(text, system, datum)
@@ -124,10 +124,10 @@ def format(
 ) -> Any:
     """Writes positions as texts that can be read back.
 
-    `precision` is what a unit of the last digit stands for, in units of the system: 0.001 for millimetres. Military
-    references are one text, to 1, 10, 100 ... 100000 metres, rounded to the nearest square or, with `truncate`, of the
-    square that the position lies in. Other systems have a north and an east text; `display` gives their forms for a
-    screen. A position without a result has empty texts with errors="nan".
+    `precision` is the unit of the last digit, in units of the system: 0.001 for millimetres. A military reference is a
+    single text with a precision of 1, 10, 100 ... 100000 metres. It names the square with the nearest corner or, with
+    `truncate`, the square that contains the position. Other systems have a north and an east text; `display` selects
+    display texts. With errors="nan", a position without a result has empty texts.
 
     >>> format(48.1375, 11.5755)
     '32UPU9160334791'
@@ -138,13 +138,13 @@ def format(
     """
     check_errors(errors)
     if errors == "status":
-        raise ValueError("texts have no statuses; errors is raise or nan")
+        raise ValueError("texts have no statuses; errors must be raise or nan")
     shape, (norths, easts) = broadcast(numbers(north, "north"), numbers(east, "east"))
     digits = None
     if system_name(to).upper() == "UTMREF" and not display:
         digits = _digits(1.0 if precision is None else precision)
     if precision is not None and not precision > 0:
-        raise ValueError("precision is above 0")
+        raise ValueError("precision must be above 0")
     made = _tessara.format(shape, norths, easts, from_, to, zone, display, precision, digits, truncate, errors)
     form = form_of((north, east))
 
@@ -158,4 +158,4 @@ def _digits(precision: float) -> int:
     for digits in range(METRE_DIGITS + 1):
         if precision == 10.0 ** (METRE_DIGITS - digits):
             return digits
-    raise ValueError("military references are to 1, 10, 100, 1000, 10000 or 100000 metres")
+    raise ValueError("the precision of military references must be 1, 10, 100, 1000, 10000 or 100000 metres")

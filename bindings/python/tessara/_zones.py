@@ -12,7 +12,7 @@ ZONE = ("zone", "centre", "west", "east")
 
 
 def zones(lat: Any, lon: Any, system: str = "UTM", *, datum: str = "WGS84", errors: Errors = "raise") -> Any:
-    """The zones in which positions lie: their numbers, and the longitudes of the central line and of both borders on
+    """Returns the natural zones of positions: the number, and the longitudes of the central line and of both borders at
     the latitude of the position, in degrees. The system is UTM, UTMREF, GK, GK6, BMN, OEM or GK-AT.
 
     >>> found = zones(48.1375, 11.5755)
@@ -29,9 +29,9 @@ def zones(lat: Any, lon: Any, system: str = "UTM", *, datum: str = "WGS84", erro
 def convergence_and_scale(
     lat: Any, lon: Any, system: str = "UTM", *, datum: str = "WGS84", zone: int | None = None, errors: Errors = "raise"
 ) -> Any:
-    """By how much a grid turns and stretches a short line at positions: the convergence in degrees, which is the azimuth
-    of grid north, and the scale, the length in the grid by the length on the ellipsoid. The grid is conformal: UTM,
-    UTMREF, UPS, Gauss-Krueger and the national grids. `zone` is the zone, strip or meridian that is wanted.
+    """Computes the factors of a conformal grid at positions: the convergence in degrees, which is the azimuth of grid
+    north, and the scale, which is the length of a short line in the grid divided by its length on the ellipsoid. The
+    grids are UTM, UTMREF, UPS, Gauss-Krueger and the national grids. `zone` is the wanted zone, strip or meridian.
 
     >>> factors = convergence_and_scale(48.1375, 9.0)
     >>> round(factors.convergence, 6), round(factors.scale, 6)

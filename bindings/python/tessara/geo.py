@@ -1,4 +1,4 @@
-"""Positions and lines of GeoPandas, whose points have the longitude first."""
+"""Positions and lines of GeoPandas. Its points have the longitude first."""
 
 from __future__ import annotations
 
@@ -19,8 +19,8 @@ BORDER_STEP = 1.0  # degrees
 
 
 def references(points: gpd.GeoSeries, *, precision: float = 1.0, errors: Errors = "nan") -> pd.Series:
-    """The military references of points, to so many metres, with the index of the series. A point without one, as beyond
-    84 degrees north, has an empty text.
+    """Returns the military references of points with a precision in metres and the index of the series. A point without a
+    reference, for example north of 84 degrees, has an empty text.
 
     >>> from shapely.geometry import Point
     >>> references(gpd.GeoSeries([Point(11.5755, 48.1375)], crs=4326))[0]
@@ -31,8 +31,8 @@ def references(points: gpd.GeoSeries, *, precision: float = 1.0, errors: Errors 
 
 
 def convert_points(points: gpd.GeoSeries, to: str, *, zone: int | None = None, errors: Errors = "nan") -> pd.DataFrame:
-    """The fields of points in another system, with the index of the series. Points of another reference system than
-    WGS84 degrees are carried there first.
+    """Converts points to another system and returns its fields with the index of the series. Points of another reference
+    system than WGS84 degrees are converted to WGS84 degrees first.
 
     >>> from shapely.geometry import Point
     >>> convert_points(gpd.GeoSeries([Point(11.5755, 48.1375)], crs=4326), "UTMREF").square[0]
@@ -48,18 +48,18 @@ def _series(lines: list[Any], names: list[str]) -> gpd.GeoSeries:
 
 
 def grid_lines(sheet: Map, system: str, step: float, north_step: float | None = None) -> gpd.GeoSeries:
-    """The lines of a coordinate grid over the window of a map as LineStrings in WGS84 degrees, indexed `east` and
-    `north` by the value that is equal along them."""
+    """Returns the lines of a coordinate grid over the window of a map as LineStrings in WGS84 degrees. The index is
+    `east` or `north`, the axis whose value is constant along the line."""
     grid = sheet.grid(system, step, north_step)
     names = ["east"] * len(grid.east_lines) + ["north"] * len(grid.north_lines)
     return _series([*grid.east_lines, *grid.north_lines], names)
 
 
 def zone_borders(south: float, west: float, north: float, east: float, system: str = "UTM") -> gpd.GeoSeries:
-    """The western borders of the zones that a window of degrees reaches, as LineStrings in WGS84 degrees, indexed by the
+    """Returns the western borders of the zones in a window of degrees, as LineStrings in WGS84 degrees, indexed by the
     number of the zone."""
     if not (-80.0 <= south < north <= 80.0 and -180.0 <= west < east <= 180.0):
-        raise ValueError("the window lies within 80 degrees of latitude and 180 of longitude, south before north")
+        raise ValueError("the window must be within latitudes -80..80 and longitudes -180..180, with south below north")
     across = np.arange(west, east, BORDER_STEP / 2)
     found = zones(np.full_like(across, (south + north) / 2), across, system, errors="nan")
     up = np.append(np.arange(south, north, BORDER_STEP), north)

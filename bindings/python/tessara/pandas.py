@@ -1,4 +1,4 @@
-"""Positions in data frames: `import tessara.pandas` gives each DataFrame an accessor `tessara`."""
+"""Positions in data frames: `import tessara.pandas` adds the accessor `tessara` to DataFrame."""
 
 from __future__ import annotations
 
@@ -24,9 +24,9 @@ class TessaraAccessor:
         zone: int | None = None, from_zone: str | int | None = None, from_hemisphere: str | None = None,
         errors: Errors = "nan",
     ) -> pd.DataFrame:
-        """The fields of the positions in another system; `tessara.convert` has the arguments. `lat`, `lon`, `height` and,
-        where they name columns, `from_zone` and `from_hemisphere` are the names of columns. A position without a result
-        is NaN, unless `errors` says otherwise.
+        """Converts the positions to another system; `tessara.convert` documents the arguments. `lat`, `lon` and `height`
+        are names of columns; `from_zone` and `from_hemisphere` are values or names of columns. By default, a position
+        without a result is NaN.
 
         >>> towns = pd.DataFrame({"lat": [48.1375], "lon": [11.5755]}, index=["Munich"])
         >>> towns.tessara.convert(to="UTMREF")
@@ -40,7 +40,7 @@ class TessaraAccessor:
         return pd.DataFrame(result._asdict(), index=self._frame.index)
 
     def references(self, lat: str = "lat", lon: str = "lon", *, precision: float = 1.0, errors: Errors = "nan") -> Any:
-        """The military references of the positions, to so many metres; empty where there is none.
+        """Returns the military references of the positions with a precision in metres; empty for positions without one.
 
         >>> pd.DataFrame({"lat": [48.1375], "lon": [11.5755]}).tessara.references(precision=100)[0]
         '32UPU916348'
@@ -48,12 +48,12 @@ class TessaraAccessor:
         return format(self._frame[lat], self._frame[lon], precision=precision, errors=errors)
 
     def zones(self, lat: str = "lat", lon: str = "lon", system: str = "UTM", *, errors: Errors = "nan") -> pd.DataFrame:
-        """The zones of the positions; see `tessara.zones`."""
+        """Returns the zones of the positions; see `tessara.zones`."""
         result = zones(self._frame[lat], self._frame[lon], system, errors=errors)
         return pd.DataFrame(result._asdict(), index=self._frame.index)
 
     def distance(self, to: tuple[float, float], lat: str = "lat", lon: str = "lon", *, errors: Errors = "nan") -> pd.DataFrame:
-        """The ways from the positions to one place; see `tessara.distance`."""
+        """Computes the geodesics from the positions to another one; see `tessara.distance`."""
         result = distance(self._frame[lat], self._frame[lon], *to, errors=errors)
         return pd.DataFrame(result._asdict(), index=self._frame.index)
 
