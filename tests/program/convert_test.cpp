@@ -167,6 +167,14 @@ TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
             "-:3: not convertible to GK@GER: the latitude or northing is above the limit of the system"}));
 }
 
+// A GEOREF has no letters for longitude 180 and latitude 90; the count of its digits isn't the reason.
+TEST(Convert, NamesTheLimitsOfGeoref) {
+    for (const char* position : {"10 180\n", "90 10\n"})
+        EXPECT_EQ(Tessara(Convert({"--to", "GEOREF"}), position).err,
+                  "-:1: not convertible to GEOREF@WGS84: longitude 180 and latitude 90 have no GEOREF, and "
+                  "minutes must have 2, 3 or 4 digits\n");
+}
+
 TEST(Convert, GivesTheReasonACodeInJson) {
     EXPECT_EQ(Tessara({"convert", "--to", "CH", "--json"}, "10 10\n").err,
               "-:1: not convertible to CH@WGS84: the northing is below -300000 [northing]\n");
