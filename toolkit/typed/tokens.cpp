@@ -147,7 +147,7 @@ class Tokens::Lexer {
     Fault Number(bool hasSign, bool isNegative) {
         const std::size_t begin = at_ - (hasSign ? signLength_ : 0);
         if (!hasSign && tokens_->count_ > 0 && Touches() && Last().kind == TokenKind::Number)
-            return {"number", "a number with two decimal points", PieceOf(Last().piece.begin, EndOfNumber())};
+            return {"number", "two decimal points in one number", PieceOf(Last().piece.begin, EndOfNumber())};
         Token token{.kind = TokenKind::Number, .hasSign = hasSign, .isNegative = isNegative};
         const std::size_t first = at_;
         SkipDigits();

@@ -33,7 +33,7 @@ def test_what_is_no_place_has_a_status():
     assert (raised.value.index, raised.value.status) == (1, peers.GEO_LAT)
     assert np.isnan(tessara.distance([np.nan, 0], 0, 0, 0, errors="nan").distance).tolist() == [True, False]
     assert tessara.direct(0, 0, np.inf, [1.0], errors="status").status.tolist() == [peers.GEODESIC_NO_SOLUTION]
-    with pytest.raises(ValueError, match="no datum"):
+    with pytest.raises(ValueError, match="unknown datum"):
         tessara.distance(0, 0, 0, 0, datum="WGS85")
 
 
