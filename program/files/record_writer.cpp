@@ -214,7 +214,7 @@ void RecordWriter::AppendObject(const Record& record, const Results* results, st
     *out += '\n';
 }
 
-// The results replace the position; if it is no member, they come first.
+// The results replace the position; if it is not a member, they come first.
 void RecordWriter::AddMembers(const Record& record, const Results* results, JsonObject* object,
                               std::string* out) {
     const std::size_t resultsAt = record.at.north < record.members.size() ? record.at.north : 0;

@@ -26,7 +26,7 @@ struct Stopped {};
 //   void Read(std::istream&, const std::string& file, take)  gives `take` one Block of a file after the other
 //   Outcome Convert(const Block&) const                      for several blocks at once
 //   void Write(const Outcome&)                               in the order of the blocks
-//   void Finish()                                            behind the last file
+//   void Finish()                                            after the last file
 // All blocks of a file are written before the next file is read.
 template <class Stages, class Conversion>
 [[nodiscard]] ExitCode ConvertFiles(const InputFiles& files, const Conversion& conversion) {

@@ -4,7 +4,7 @@
 #include "errors.h"
 
 PYBIND11_MODULE(_tessara, module) {
-    module.doc() = "The library behind the package tessara. Use that one.";
+    module.doc() = "The extension module of the package tessara. Import tessara instead.";
     module.attr("__version__") = TESSARA_VERSION;
     tessara::python::BindErrors(module);
     tessara::python::BindTables(module);
