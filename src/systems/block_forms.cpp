@@ -189,7 +189,7 @@ void StoreUtmref(const Block& block, std::span<tagKOORD> records) {
     }
 }
 
-// False for what isn't a whole number of the field's type.
+// False for a number that the field can't hold; a fraction is cut off.
 template <class Whole>
 bool PutWhole(double number, Whole* whole) {
     constexpr double least = std::numeric_limits<Whole>::min();
@@ -212,6 +212,7 @@ void MilitaryFromFields(Block& block, std::size_t rows, const tagKOORD& record) 
                              PutWhole(block.squareEast[row], &reference.easting) &&
                              PutWhole(block.squareNorth[row], &reference.northing);
         block.Refuse(row, !isWhole || UtmrefToUtm(reference, ellipsoid, &utm) != KOORD_OK);
+        block.zone[row] = reference.zone;
         block.east[row] = utm.easting;
         block.north[row] = utm.northing;
         block.south[row] = utm.hemisphere == 'S' ? 1.0 : 0.0;

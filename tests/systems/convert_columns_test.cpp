@@ -323,6 +323,31 @@ double NumberOf(const tagKOORD& record, const OutputField& field) {
     return bytes == 4 ? NumberAt<std::int32_t>(record, field) : NumberAt<double>(record, field);
 }
 
+// 32U PU 91602 34791.
+TEST(ConvertColumns, FractionsOfTheWholeNumbersOfAReferenceAreCutOff) {
+    const tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+    constexpr char band[] = {'U'}, square[] = {'P', 'U'};
+    const Doubles whole{32.0, 91602.0, 34791.0}, fractions{32.9, 91602.5, 34791.999};
+    Doubles found;
+    for (const Doubles& numbers : {whole, fractions}) {
+        SourceColumns from;
+        from.fields[0] = {&numbers[0], 0};
+        from.fields[1] = {band, 0};
+        from.fields[2] = {square, 0};
+        from.fields[3] = {&numbers[1], 0};
+        from.fields[4] = {&numbers[2], 0};
+        Doubles latitude(1), longitude(1);
+        TargetColumns to;
+        to.fields[0] = Into(latitude);
+        to.fields[1] = Into(longitude);
+        EXPECT_EQ(KoordConvertColumns(&utmref, &from, &DEGREES, &to, 1, 1), KOORD_OK);
+        EXPECT_NEAR(latitude[0], LATITUDES[0], 1e-5);
+        found.push_back(longitude[0]);
+    }
+    EXPECT_NEAR(found[0], LONGITUDES[0], 2e-5);
+    EXPECT_EQ(found[0], found[1]);
+}
+
 // A table of rows as they lie in memory: eight bytes for each field, the height and the status, and three
 // more.
 class Table {
