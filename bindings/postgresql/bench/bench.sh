@@ -8,7 +8,7 @@ export PGDATABASE=bench
 createdb bench
 psql -Xq -c 'CREATE EXTENSION tessara' -c 'CREATE EXTENSION postgis' -c "CREATE TABLE places AS
     SELECT lat, lon, ST_SetSRID(ST_MakePoint(lon, lat), 4326) AS point
-    FROM (SELECT random() * 160 - 78 AS lat, 6.001 + random() * 5.998 AS lon FROM generate_series(1, $rows)) p" -c 'VACUUM ANALYZE places' 2>/dev/null
+    FROM (SELECT random() * 157 - 78 AS lat, 6.001 + random() * 5.998 AS lon FROM generate_series(1, $rows)) p" -c 'VACUUM ANALYZE places' 2>/dev/null
 
 names=(
     'reading the columns'
@@ -18,9 +18,10 @@ names=(
     'military reference'
     'military square of 10 km'
     'military reference as text'
-    'easting of the Swiss grid'
+    'easting of Gauss-Krueger on GER'
     'distance to a place'
     'references in a square, counted'
+    'positions without a result, as NULL'
     'ST_Transform to UTM'
 )
 queries=(
@@ -31,9 +32,10 @@ queries=(
     'max(hashtext(NULL)) FILTER (WHERE tessara_gridref(lat, lon) IS NULL)'
     'max(hashtext(NULL)) FILTER (WHERE tessara_square(lat, lon, 10000) IS NULL)'
     'max(length(tessara_gridref(lat, lon)::text))'
-    "sum(tessara_east_or_null(lat, lon, 'CH@CH1903'))"
+    "sum(tessara_east(lat, lon, 'GK@GER'))"
     'sum(tessara_distance(lat, lon, 48.1375, 11.5755))'
     "count(*) FILTER (WHERE tessara_gridref(lat, lon) <@ '32UPU')"
+    "count(tessara_east_or_null(lat, lon, 'ING@OGB_M'))"
     'sum(ST_X(ST_Transform(point, 32632)))'
 )
 

@@ -32,10 +32,19 @@ enum { TESSARA_TEXT_SIZE = 512 };
 
 typedef struct TessaraError {
     TessaraErrorKind kind;
+    /* Of a position without a result; its texts are written by Tessara_Describe, as most such rows need none.
+     */
+    int32_t status;
+    double north;
+    double east;
+    /* Of other errors. Detail and hint are empty for none. */
     char message[TESSARA_TEXT_SIZE];
-    char detail[TESSARA_TEXT_SIZE]; /* empty for none */
-    char hint[TESSARA_TEXT_SIZE];   /* empty for none */
+    char detail[TESSARA_TEXT_SIZE];
+    char hint[TESSARA_TEXT_SIZE];
 } TessaraError;
+
+/* Writes the texts of an error. */
+TESSARA_BOUNDARY void Tessara_Describe(TessaraError* error) TESSARA_NOTHROW;
 
 /* UTM. */
 typedef struct TessaraUtm {

@@ -17,9 +17,7 @@ KoordStatus CheckDegrees(const double at[2]) {
 }
 
 bool NoGeodesic(const double at[2], TessaraError* error) {
-    NoPosition(at[0], at[1], KOORD_ERR_GENERAL, error);
-    CopyText("There is no such geodesic.", error->detail);
-    return false;
+    return NoPosition(at[0], at[1], GEODESIC_NO_SOLUTION, error);
 }
 
 }  // namespace

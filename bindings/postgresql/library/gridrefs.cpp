@@ -68,13 +68,18 @@ Parts Unpack(TessaraGridref packed) {
     return parts;
 }
 
-Parts PartsOf(const UtmrefPayload& p, int count) {
-    Parts parts{p.zone, p.band, p.column, p.row, {}, count};
-    for (int k = 0; k < count; ++k) {
-        const int side = SIDES[static_cast<std::size_t>(k) + 1];
-        parts.pairs[static_cast<std::size_t>(k)] = p.easting / side % 10 * 10 + p.northing / side % 10;
+// The reference of so many pairs of digits that a record has.
+TessaraGridref PackPayload(const UtmrefPayload& p, int count) {
+    TessaraGridref packed = Pack({p.zone, p.band, p.column, p.row, {}, count});
+    auto easting = static_cast<std::uint32_t>(p.easting);
+    auto northing = static_cast<std::uint32_t>(p.northing);
+    for (int k = PAIR_COUNT - 1; k >= 0; --k) {
+        const std::uint64_t pair = easting % 10 * 10 + northing % 10;
+        if (k < count) packed |= pair << PairAt(k);
+        easting /= 10;
+        northing /= 10;
     }
-    return parts;
+    return packed;
 }
 
 // Of the south-western corner.
@@ -166,7 +171,7 @@ bool Tessara_Gridref(double latitude, double longitude, TessaraGridref* gridref,
     UtmrefPayload p;
     const KoordStatus status = ToReference(Degrees(latitude, longitude), NO_WANTED_ZONE, &p);
     if (status != KOORD_OK) return NoPosition(latitude, longitude, status, error);
-    *gridref = Pack(PartsOf(p, PAIR_COUNT));
+    *gridref = PackPayload(p, PAIR_COUNT);
     return true;
 }
 
@@ -179,7 +184,7 @@ bool Tessara_Square(double latitude, double longitude, int32_t metres, TessaraGr
         KoordStatus status = ToReference(degrees, NO_WANTED_ZONE, &p);
         if (status != KOORD_OK || MayHaveLeft(p, metres)) status = ToSquareMetre(degrees, &p);
         if (status != KOORD_OK) return NoPosition(latitude, longitude, status, error);
-        *gridref = Pack(PartsOf(p, count));
+        *gridref = PackPayload(p, count);
         return true;
     });
 }
@@ -198,7 +203,7 @@ bool Tessara_ReadGridref(const char* text, TessaraGridref* gridref, TessaraError
         const toolkit::TypedResult result = reader.Read(text);
         if (!result.IsRead()) throw WrongText("military reference", text, result.fault);
         const toolkit::Reading& reading = result.readings[0];
-        *gridref = Pack(PartsOf(Load<UtmrefPayload>(reading.record), CountOfReading(reading)));
+        *gridref = PackPayload(Load<UtmrefPayload>(reading.record), CountOfReading(reading));
         return true;
     });
 }

@@ -21,13 +21,10 @@ void CopyText(std::string_view text, char (&copy)[TESSARA_TEXT_SIZE]) {
 }
 
 bool NoPosition(double north, double east, KoordStatus status, TessaraError* error) noexcept {
-    *error = TessaraError{};
     error->kind = TESSARA_NO_POSITION;
-    std::snprintf(error->message, sizeof error->message, "position (%.9g, %.9g) has no result", north, east);
-    std::snprintf(error->detail, sizeof error->detail, "%s.", toolkit::StatusReason(status));
-    error->detail[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(error->detail[0])));
-    std::snprintf(error->hint, sizeof error->hint,
-                  "The function of this name with _or_null behind it returns NULL instead.");
+    error->status = status;
+    error->north = north;
+    error->east = east;
     return false;
 }
 
@@ -36,6 +33,18 @@ void WriteError(const Thrown& thrown, TessaraError* error) noexcept {
     CopyText(thrown.message, error->message);
     CopyText(thrown.detail, error->detail);
     CopyText(thrown.hint, error->hint);
+}
+
+extern "C" void Tessara_Describe(TessaraError* error) noexcept {
+    if (error->kind != TESSARA_NO_POSITION) return;
+    const char* const reason = error->status == GEODESIC_NO_SOLUTION ? "there is no such geodesic"
+                                                                     : toolkit::StatusReason(error->status);
+    std::snprintf(error->message, sizeof error->message, "position (%.9g, %.9g) has no result", error->north,
+                  error->east);
+    std::snprintf(error->detail, sizeof error->detail, "%s.", reason);
+    error->detail[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(error->detail[0])));
+    std::snprintf(error->hint, sizeof error->hint,
+                  "The function of this name with _or_null behind it returns NULL instead.");
 }
 
 }  // namespace tessara::postgresql

@@ -21,8 +21,7 @@ struct Thrown {
     std::string hint{};
 };
 
-// A position without a result, and why. Touches neither the heap nor exceptions, for it is what rows of bad
-// data come to.
+// A position without a result, and why. As fast as a result, for many rows of a table may come to it.
 bool NoPosition(double north, double east, KoordStatus status, TessaraError* error) noexcept;
 
 void WriteError(const Thrown& thrown, TessaraError* error) noexcept;

@@ -61,13 +61,15 @@ static bool IsNull(const Rows* rows, size_t i) {
     return rows->nulls != NULL && rows->nulls[i];
 }
 
-/* Reports the error of an element with its place. */
-static void ReportRow(size_t row, TessaraError* error) {
-    char message[TESSARA_TEXT_SIZE];
+/* Says which element an error is about. */
+static void NameElement(void* row) {
+    errcontext("element %zu of the arrays", *(const size_t*)row + 1);
+}
 
-    strlcpy(message, error->message, sizeof message);
-    snprintf(error->message, sizeof error->message, "%.*s, element %zu", TESSARA_TEXT_SIZE - 40, message,
-             row + 1);
+static void ReportRow(size_t row, TessaraError* error) {
+    ErrorContextCallback context = {error_context_stack, NameElement, &row};
+
+    error_context_stack = &context;
     ReportError(error);
 }
 

@@ -23,13 +23,14 @@ static int CodeOf(TessaraErrorKind kind) {
     return ERRCODE_INTERNAL_ERROR;
 }
 
-void ReportError(const TessaraError* error) {
+void ReportError(TessaraError* error) {
+    Tessara_Describe(error);
     ereport(ERROR, (errcode(CodeOf(error->kind)), errmsg("%s", StringOfUtf8(error->message)),
                     error->detail[0] != '\0' ? errdetail("%s", StringOfUtf8(error->detail)) : 0,
                     error->hint[0] != '\0' ? errhint("%s", StringOfUtf8(error->hint)) : 0));
 }
 
-Datum FailureOf(FunctionCallInfo fcinfo, const TessaraError* error, bool orNull) {
+Datum FailureOf(FunctionCallInfo fcinfo, TessaraError* error, bool orNull) {
     if (!orNull || (error->kind != TESSARA_NO_POSITION && error->kind != TESSARA_WRONG_TEXT))
         ReportError(error);
     PG_RETURN_NULL();

@@ -9,11 +9,11 @@
 #include "boundary.h"
 
 /* Reports an error of the library as one of the server. */
-extern void ReportError(const TessaraError* error) pg_attribute_noreturn();
+extern void ReportError(TessaraError* error) pg_attribute_noreturn();
 
 /* What a function does about an error: NULL for a position without a result if it is the variant for that, an
  * error of the query otherwise. */
-extern Datum FailureOf(FunctionCallInfo fcinfo, const TessaraError* error, bool orNull);
+extern Datum FailureOf(FunctionCallInfo fcinfo, TessaraError* error, bool orNull);
 
 /* A function of SQL, and its variant with _or_null behind the name. The body follows in braces. */
 #define FUNCTION(name)         \
