@@ -2,7 +2,7 @@
 \echo Use "CREATE EXTENSION tessara" to load this file. \quit
 
 -- Everything depends on the arguments alone and is the same on every machine, so it is immutable and runs in parallel
--- workers. A cost is the measured time of a call beside that of an addition.
+-- workers. A cost is the measured time of a call in units of 10 nanoseconds, about that of an addition.
 
 -- References: SYSTEM[:PARAMETERS][@DATUM]. They are names, but have no collation, so that foreign servers are sent
 -- what is asked by them.
@@ -116,19 +116,19 @@ CREATE TYPE tessara_position (
 COMMENT ON TYPE tessara_position IS 'a position in a coordinate system on a datum';
 
 CREATE FUNCTION tessara_position_lt(tessara_position, tessara_position) RETURNS boolean
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_le(tessara_position, tessara_position) RETURNS boolean
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_eq(tessara_position, tessara_position) RETURNS boolean
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_ne(tessara_position, tessara_position) RETURNS boolean
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_ge(tessara_position, tessara_position) RETURNS boolean
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_gt(tessara_position, tessara_position) RETURNS boolean
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_cmp(tessara_position, tessara_position) RETURNS integer
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
 CREATE FUNCTION tessara_position_hash(tessara_position) RETURNS integer
     AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_position_hash_extended(tessara_position, bigint) RETURNS bigint
@@ -203,9 +203,9 @@ CREATE FUNCTION tessara_utm_or_null(latitude double precision, longitude double 
 
 -- Military references: the nearest metre, the square that a position lies in, and the larger square around one.
 CREATE FUNCTION tessara_gridref(latitude double precision, longitude double precision) RETURNS tessara_gridref
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 12;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_gridref_or_null(latitude double precision, longitude double precision) RETURNS tessara_gridref
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 12;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_square(latitude double precision, longitude double precision, metres integer) RETURNS tessara_gridref
     AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_square_or_null(latitude double precision, longitude double precision, metres integer) RETURNS tessara_gridref
@@ -217,19 +217,19 @@ CREATE FUNCTION tessara_side(gridref tessara_gridref) RETURNS integer
 
 -- Conversions. From degrees on WGS84, from a position, or from the two numbers of a source.
 CREATE FUNCTION tessara_convert(latitude double precision, longitude double precision, target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 35;
 CREATE FUNCTION tessara_convert_or_null(latitude double precision, longitude double precision, target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 35;
 CREATE FUNCTION tessara_convert(north double precision, east double precision, source tessara_reference,
     target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 35;
 CREATE FUNCTION tessara_convert_or_null(north double precision, east double precision, source tessara_reference,
     target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 35;
 CREATE FUNCTION tessara_convert(place tessara_position, target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME', 'tessara_convert_position' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
+    AS 'MODULE_PATHNAME', 'tessara_convert_position' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 35;
 CREATE FUNCTION tessara_convert_or_null(place tessara_position, target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME', 'tessara_convert_position_or_null' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 25;
+    AS 'MODULE_PATHNAME', 'tessara_convert_position_or_null' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 35;
 CREATE FUNCTION tessara_north(latitude double precision, longitude double precision, target tessara_reference) RETURNS double precision
     AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_north_or_null(latitude double precision, longitude double precision, target tessara_reference) RETURNS double precision
@@ -267,110 +267,110 @@ CREATE FUNCTION tessara_square_array_or_null(latitudes double precision[], longi
 
 -- Positions: made of degrees on WGS84 and taken apart.
 CREATE FUNCTION tessara_position(latitude double precision, longitude double precision) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2;
 CREATE FUNCTION tessara_position_or_null(latitude double precision, longitude double precision) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2;
 CREATE FUNCTION tessara_latitude(place tessara_position) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_longitude(place tessara_position) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_number(place tessara_position, field text) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_reference(place tessara_position) RETURNS text
-    AS 'MODULE_PATHNAME', 'tessara_reference_of' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME', 'tessara_reference_of' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_position_of_point(point) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2;
 CREATE FUNCTION tessara_point(place tessara_position) RETURNS point
-    AS 'MODULE_PATHNAME', 'tessara_point_of_position' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME', 'tessara_point_of_position' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE FUNCTION tessara_position_of_gridref(tessara_gridref) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 10;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 15;
 CREATE CAST (point AS tessara_position) WITH FUNCTION tessara_position_of_point(point);
 CREATE CAST (tessara_position AS point) WITH FUNCTION tessara_point(tessara_position);
 CREATE CAST (tessara_gridref AS tessara_position) WITH FUNCTION tessara_position_of_gridref(tessara_gridref) AS IMPLICIT;
 
 -- Texts.
 CREATE FUNCTION tessara_parse(typed text) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE FUNCTION tessara_parse_or_null(typed text) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE FUNCTION tessara_parse(typed text, target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE FUNCTION tessara_parse_or_null(typed text, target tessara_reference) RETURNS tessara_position
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE FUNCTION tessara_check(typed text,
     OUT is_position boolean, OUT code text, OUT reason text, OUT piece text, OUT piece_at integer)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE FUNCTION tessara_check(typed text, target tessara_reference,
     OUT is_position boolean, OUT code text, OUT reason text, OUT piece text, OUT piece_at integer)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE FUNCTION tessara_format(place tessara_position) RETURNS text
-    AS 'MODULE_PATHNAME', 'tessara_format_position' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 200;
+    AS 'MODULE_PATHNAME', 'tessara_format_position' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 150;
 CREATE FUNCTION tessara_format(latitude double precision, longitude double precision, target tessara_reference) RETURNS text
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 200;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 150;
 CREATE FUNCTION tessara_format_or_null(latitude double precision, longitude double precision, target tessara_reference) RETURNS text
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 200;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 150;
 
 -- Geodesics, on the ellipsoid of WGS84 or of a datum. Azimuths are degrees clockwise from north.
 CREATE FUNCTION tessara_distance(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_distance_or_null(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_azimuth(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_azimuth_or_null(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_way(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision,
     OUT distance double precision, OUT azimuth double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_way_or_null(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision,
     OUT distance double precision, OUT azimuth double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_direct(latitude double precision, longitude double precision,
     azimuth double precision, distance double precision,
     OUT end_latitude double precision, OUT end_longitude double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_direct_or_null(latitude double precision, longitude double precision,
     azimuth double precision, distance double precision,
     OUT end_latitude double precision, OUT end_longitude double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_distance(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision, datum text) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_distance_or_null(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision, datum text) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_azimuth(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision, datum text) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_azimuth_or_null(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision, datum text) RETURNS double precision
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_way(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision, datum text,
     OUT distance double precision, OUT azimuth double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_way_or_null(latitude1 double precision, longitude1 double precision,
     latitude2 double precision, longitude2 double precision, datum text,
     OUT distance double precision, OUT azimuth double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_direct(latitude double precision, longitude double precision,
     azimuth double precision, distance double precision, datum text,
     OUT end_latitude double precision, OUT end_longitude double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_direct_or_null(latitude double precision, longitude double precision,
     azimuth double precision, distance double precision, datum text,
     OUT end_latitude double precision, OUT end_longitude double precision, OUT back_azimuth double precision)
-    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_distance(place1 tessara_position, place2 tessara_position) RETURNS double precision
-    AS 'MODULE_PATHNAME', 'tessara_distance_of_positions' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME', 'tessara_distance_of_positions' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION tessara_distance_or_null(place1 tessara_position, place2 tessara_position) RETURNS double precision
-    AS 'MODULE_PATHNAME', 'tessara_distance_of_positions_or_null' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
+    AS 'MODULE_PATHNAME', 'tessara_distance_of_positions_or_null' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 
 -- What there is.
 CREATE FUNCTION tessara_systems(OUT number integer, OUT name text, OUT unit text, OUT fields text[]) RETURNS SETOF record
