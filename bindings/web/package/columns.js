@@ -1,6 +1,7 @@
 // Columns of positions: arrays outside, blocks of rows in the module's memory inside.
 export const BLOCK = 4096;
 const MOST_FIELDS = 8;
+const FIRST_TARGET = MOST_FIELDS + 1;
 const WORD = 4;
 const DOUBLE = 8;
 
@@ -76,7 +77,7 @@ export function countOf(values) {
 export class Block {
     constructor(memory) {
         this.memory = memory;
-        const columns = 2 * (MOST_FIELDS + 1);
+        const columns = 2 * FIRST_TARGET;
         this.structs = memory.allocate((columns + 1) * 2 * WORD);
         this.columns = memory.allocate(columns * BLOCK * DOUBLE);
         this.statuses = memory.allocate(BLOCK * WORD);
@@ -91,7 +92,7 @@ export class Block {
     }
 
     get targets() {
-        return this.structs + (MOST_FIELDS + 1) * 2 * WORD;
+        return this.structs + FIRST_TARGET * 2 * WORD;
     }
 
     #describe(column, place, stride) {
@@ -100,32 +101,28 @@ export class Block {
         words[this.structs / WORD + 2 * column + 1] = stride;
     }
 
-    // Runs a conversion over all rows. `given` has a value for each field of the source, or undefined; the height is
-    // the last one. Returns columns for the fields of the target, its height, and statuses.
-    convert(conversion, given, count) {
-        const { memory } = this;
-        const { handle, source, target } = conversion;
-        const height = given[source.length];
-        const inputs = given.map((value, k) => (value === undefined ? null : prepare(value, source[k] ?? null)));
-        const strides = inputs.map((input, k) =>
-            input === null || input.isOne ? 0 : source[k]?.kind === "L" ? source[k].width : DOUBLE);
-        const outputs = target.map((field) =>
-            field.kind === "L" ? new Uint8Array(count * field.width) : new Float64Array(count));
-        const heights = height === undefined && !conversion.knowsHeight ? null : new Float64Array(count);
-        const statuses = new Int32Array(count);
-
+    // Says where the columns of a conversion are. `given` has a value for each field of the source, or undefined; the
+    // height is the last one.
+    #arrange({ source, target }, inputs, hasHeights) {
         for (let k = 0; k <= MOST_FIELDS; ++k) this.#describe(k, 0, 0);
         inputs.forEach((input, k) => {
             if (input === null) return;
-            this.#describe(k === source.length ? MOST_FIELDS : k, this.#place(k), strides[k]);
+            const stride = input.isOne ? 0 : source[k]?.kind === "L" ? source[k].width : DOUBLE;
+            this.#describe(k === source.length ? MOST_FIELDS : k, this.#place(k), stride);
         });
-        const first = MOST_FIELDS + 1;
-        for (let k = 0; k <= MOST_FIELDS; ++k) this.#describe(first + k, 0, 0);
+        for (let k = 0; k <= MOST_FIELDS; ++k) this.#describe(FIRST_TARGET + k, 0, 0);
         target.forEach((field, k) =>
-            this.#describe(first + k, this.#place(first + k), field.kind === "L" ? field.width : DOUBLE));
-        if (heights) this.#describe(first + MOST_FIELDS, this.#place(first + MOST_FIELDS), DOUBLE);
-        this.#describe(first + MOST_FIELDS + 1, this.statuses, WORD);
+            this.#describe(FIRST_TARGET + k, this.#place(FIRST_TARGET + k), field.kind === "L" ? field.width : DOUBLE));
+        if (hasHeights) this.#describe(FIRST_TARGET + MOST_FIELDS, this.#place(FIRST_TARGET + MOST_FIELDS), DOUBLE);
+        this.#describe(FIRST_TARGET + MOST_FIELDS + 1, this.statuses, WORD);
+    }
 
+    // Converts block by block; `take` is called with the first row of each, and how many it has.
+    #convertBlocks(conversion, given, count, hasHeights, take) {
+        const { memory } = this;
+        const { source } = conversion;
+        const inputs = given.map((value, k) => (value === undefined ? null : prepare(value, source[k] ?? null)));
+        this.#arrange(conversion, inputs, hasHeights);
         for (let row = 0; row < count; row += BLOCK) {
             const rows = Math.min(BLOCK, count - row);
             inputs.forEach((input, k) => {
@@ -135,20 +132,45 @@ export class Block {
                 const part = input.isOne ? input.values : input.values.subarray(row * width, (row + rows) * width);
                 heap.set(part, this.#place(k) / heap.BYTES_PER_ELEMENT);
             });
-            memory.call("convert", handle, this.sources, this.targets, rows);
+            memory.call("convert", conversion.handle, this.sources, this.targets, rows);
+            take(row, rows);
+        }
+    }
+
+    // Columns for the fields of the target, its height, and statuses.
+    convert(conversion, given, count) {
+        const { memory } = this;
+        const { source, target } = conversion;
+        const outputs = target.map((field) =>
+            field.kind === "L" ? new Uint8Array(count * field.width) : new Float64Array(count));
+        const hasHeights = given[source.length] !== undefined || conversion.knowsHeight;
+        const heights = hasHeights ? new Float64Array(count) : null;
+        const statuses = new Int32Array(count);
+        this.#convertBlocks(conversion, given, count, hasHeights, (row, rows) => {
             outputs.forEach((output, k) => {
                 const heap = output instanceof Uint8Array ? memory.bytes : memory.doubles;
                 const width = output instanceof Uint8Array ? target[k].width : 1;
-                const place = this.#place(first + k) / heap.BYTES_PER_ELEMENT;
+                const place = this.#place(FIRST_TARGET + k) / heap.BYTES_PER_ELEMENT;
                 output.set(heap.subarray(place, place + rows * width), row * width);
             });
             if (heights) {
-                const place = this.#place(first + MOST_FIELDS) / DOUBLE;
+                const place = this.#place(FIRST_TARGET + MOST_FIELDS) / DOUBLE;
                 heights.set(memory.doubles.subarray(place, place + rows), row);
             }
             statuses.set(memory.words.subarray(this.statuses / WORD, this.statuses / WORD + rows), row);
-        }
+        });
         return { outputs, heights, statuses };
+    }
+
+    // Military references: the columns of the conversion stay where they are until they are written.
+    references(conversion, given, count) {
+        const lines = new Array(count);
+        const places = [0, 1, 2, 3, 4].map((k) => this.#place(FIRST_TARGET + k));
+        this.#convertBlocks(conversion, given, count, false, (row, rows) => {
+            const texts = this.memory.ask("writeReferences", ...places, this.statuses, rows).split("\n");
+            for (let i = 0; i < rows; ++i) lines[row + i] = texts[i];
+        });
+        return lines;
     }
 
     // Runs a function over four columns of numbers, which gives three.
@@ -188,22 +210,6 @@ export class Block {
             });
             const answer = call(this.#place(0), this.#place(1), rows);
             for (const line of answer.split("\n").slice(0, rows)) lines.push(line);
-        }
-        return lines;
-    }
-
-    // The columns of a conversion to military references stay where it has left them.
-    references(conversion, given, count) {
-        const first = MOST_FIELDS + 1;
-        const lines = [];
-        const inputs = given.map((value) => (isArray(value) ? prepare(value, null).values : value));
-        for (let row = 0; row < count; row += BLOCK) {
-            const rows = Math.min(BLOCK, count - row);
-            this.convert(conversion, inputs.map((input) => (isArray(input) ? input.subarray(row, row + rows) : input)), rows);
-            const places = [0, 1, 2, 3, 4].map((k) => this.#place(first + k));
-            const answer = this.memory.ask("writeReferences", ...places, this.statuses, rows);
-            const texts = answer.split("\n");
-            for (let i = 0; i < rows; ++i) lines.push(texts[i]);
         }
         return lines;
     }

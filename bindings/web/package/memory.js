@@ -11,6 +11,7 @@ export class Memory {
     #bytes = null;
     #doubles = null;
     #words = null;
+    #hasStopped = false;
 
     constructor(exports) {
         this.#exports = exports;
@@ -55,6 +56,17 @@ export class Memory {
         this.#exports.release(place);
     }
 
+    // A trap, of memory that runs out where no exception can leave, ends the module: what it was doing stays half done.
+    #run(name, values) {
+        if (this.#hasStopped) throw new Error("tessara: the module has stopped; load it again");
+        try {
+            return this.#exports[name](...values);
+        } catch (error) {
+            this.#hasStopped = true;
+            throw error;
+        }
+    }
+
     // Calls a function whose arguments are numbers, and texts, which become a place and a size each.
     call(name, ...given) {
         const places = [];
@@ -71,7 +83,7 @@ export class Memory {
                 this.bytes.set(bytes, place);
                 values.push(place, bytes.length);
             }
-            const outcome = this.#exports[name](...values);
+            const outcome = this.#run(name, values);
             if (outcome === NO_MEMORY) throw new RangeError("tessara: memory has run out");
             if (outcome !== DONE) throw new TypeError(this.answer());
         } finally {
