@@ -9,7 +9,8 @@ const STEP = 0.25; // of the map, for a key
 const LARGEST_LINES = 6;
 const MARGINS = 0.75; // the part of the picture that isn't numbers at its frame
 const BESIDE = 76; // units of the picture for numbers left and right of the window
-const BELOW = 84; // for numbers and the scale bar
+const BELOW = 36; // for numbers below it
+const BAR = 48; // for a scale bar
 const SMALLEST = 280;
 const LARGEST = 900;
 const CLICK = 5; // pixels of a pointer that doesn't drag
@@ -162,7 +163,8 @@ export class MapView {
         const [left, top, width, height] = (/viewBox="([^"]+)"/.exec(svg)?.[1] ?? "0 0 1 1").split(/[ ,]+/).map(Number) as [number, number, number, number];
         const west = Math.max(left, -BESIDE);
         const east = Math.min(left + width, this.#window.width + BESIDE);
-        const south = Math.min(top + height, this.#window.height + BELOW);
+        const below = svg.includes('class="scale-bar"') ? BELOW + BAR : BELOW;
+        const south = Math.min(top + height, this.#window.height + below);
         this.#view = { left: west, top, width: east - west, height: south - top };
         const box = Object.values(this.#view).map((value) => value.toFixed(2));
         return svg.replace(/viewBox="[^"]*"/, `viewBox="${box.join(" ")}"`)

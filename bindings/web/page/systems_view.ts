@@ -93,12 +93,15 @@ export class SystemsView {
         const found: HTMLTableRowElement[] = [];
         const missing: HTMLTableRowElement[] = [];
         this.#note.textContent = "";
+        const { position } = state;
+        if (position === null) {
+            this.#body.replaceChildren(make("tr", [make("td", ["There is no position yet."], { colspan: "3", role: "cell" })], { role: "row" }));
+            return;
+        }
         this.#targets.forEach(({ system, datum }, i) => {
             const { row, datum: where, value, copy } = this.#rows[i]!;
             const on = datum ?? state.datum;
-            const shown = state.position === null
-                ? { reason: "there is no position yet" } as Shown
-                : this.tessara.show(state.position.latitude, state.position.longitude, { from: `GEODEZ@${state.datum}`, to: `${system}@${on}` });
+            const shown = this.tessara.show(position.latitude, position.longitude, { from: `GEODEZ@${state.datum}`, to: `${system}@${on}` });
             const text = textOf(shown, system);
             where.textContent = on;
             value.textContent = text === "" ? (shown.reason ?? "") : text;

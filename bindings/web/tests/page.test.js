@@ -8,7 +8,7 @@ import { ROOT } from "./support.js";
 
 const AXE = readFileSync(new URL("../node_modules/axe-core/axe.min.js", import.meta.url), "utf8");
 const SCREENSHOTS = new URL("build/web/screenshots/", ROOT);
-const DESK = { width: 1280, height: 900 };
+const DESK = { width: 1200, height: 800 };
 const PHONE = { width: 375, height: 760 };
 const MUNICH = "32UPU9160334791";
 
@@ -64,6 +64,7 @@ test("a position is shown in all systems, or why it has none", async () => {
     assert.equal(await page.locator('tr:has([data-system="BNG"]) button').isVisible(), false);
     await page.fill("#text", "");
     assert.equal(await page.textContent("#understood"), "Type a position.");
+    assert.equal(await page.textContent("#systems"), "There is no position yet.");
     await close(opened);
 });
 
@@ -294,10 +295,28 @@ for (const colorScheme of ["light", "dark"]) {
             assert.ok(overflow <= 0, `${overflow} pixels too wide`);
             await page.evaluate(() => scrollTo(0, 0));
             await page.screenshot({ path: new URL(`${size}-${colorScheme}.png`, SCREENSHOTS).pathname, fullPage: true });
+            // The first view of a light page is a picture of docs/web.md.
+            if (colorScheme === "light") await page.screenshot({ path: new URL(`page_${size}.png`, SCREENSHOTS).pathname });
             await close(opened);
         });
     }
 }
+
+test("the example of the manual shows a military reference", async () => {
+    const [, html] = /```html\n([\s\S]*?)```/.exec(readFileSync(new URL("docs/web.md", ROOT), "utf8"));
+    const context = await browser.newContext();
+    const page = await context.newPage();
+    const types = { js: "text/javascript", wasm: "application/wasm" };
+    await page.route("**/node_modules/tessara/*", (route) => {
+        const name = new URL(route.request().url()).pathname.split("/").pop();
+        return route.fulfill({ body: readFileSync(new URL(`../package/${name}`, import.meta.url)), contentType: types[name.split(".").pop()] });
+    });
+    await page.route("**/example.html", (route) => route.fulfill({ body: html, contentType: "text/html" }));
+    await page.goto(`${address}example.html`);
+    await page.waitForFunction(() => document.querySelector("output").textContent !== "");
+    assert.equal(await page.textContent("output"), MUNICH.slice(0, 3) + " " + MUNICH.slice(3, 5));
+    await context.close();
+});
 
 test("the policy forbids scripts within the page", async () => {
     const opened = await open();
