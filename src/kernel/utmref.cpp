@@ -40,6 +40,17 @@ std::int32_t SquareNumber(double metres) {
     return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / SQUARE_METRES) : -1;
 }
 
+// Whether the metre next to a position of its own zone lies in the same band as the position: 0.71 metres of
+// the grid are less than 1e-5 degrees, and a band has 8.
+bool IsFarFromBandEdges(const double latLon[2], std::int16_t zone) {
+    constexpr double CLOSE = 2e-6;  // bands, 1.6e-5 degrees
+    constexpr double HALF_ZONE = 3.001;
+    const double bands = std::fabs(latLon[0] / UTMREF_BAND_DEGREES);
+    const bool isInZone = IsUtmZone(zone) && std::fabs(latLon[1] - UtmMeridian(zone)) < HALF_ZONE;
+    return isInZone && std::fabs(latLon[0]) < UTM_LIMITS.north &&
+           std::fabs(bands - Floor(bands + 0.5)) > CLOSE;
+}
+
 void RoundToMetres(UtmPayload* utm) {
     utm->easting = Floor(utm->easting + 0.5);
     utm->northing = Floor(utm->northing + 0.5);
@@ -180,6 +191,7 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     KoordStatus status = UTM_FromGeodetic(latLon, &utm, forward);
     if (status != KOORD_OK) return status;
     RoundToMetres(&utm);
+    if (IsFarFromBandEdges(latLon, utm.zone)) return UtmrefFromUtm(utm, latLon[0], datum->ellipsoid, payload);
 
     double rounded[2];
     status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));

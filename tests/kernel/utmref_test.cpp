@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "support/doubles.h"
 #include "support/reference_file.h"
@@ -243,6 +245,33 @@ TEST(UtmrefFromGeodetic, TakesTheBandOfTheRoundedPosition) {
     // On the central meridian latitude 8 is at the northing 884297.85 (GeoConvert): 884298 lies beyond it.
     EXPECT_EQ(wgs84.At(7.999999999, 9.0).band, 'P');
     EXPECT_EQ(wgs84.At(7.99999, 9.0).band, 'N');
+}
+
+// Close to the edges of bands and anywhere else, in the own zone and in others.
+TEST(UtmrefFromGeodetic, TakesTheBandOfTheRoundedPositionEverywhere) {
+    constexpr std::string_view BANDS = "CDEFGHJKLMNPQRSTUVWX";
+    const Datum wgs84(DATUM_WGS84);
+    std::mt19937 random(24);
+    std::uniform_real_distribution<double> across(-179.9, 179.9), within(-80.0, 84.0), near(-2e-5, 2e-5);
+    for (int i = 0; i < 20000; ++i) {
+        const double edge = 8.0 * (static_cast<int>(random() % 20) - 9);
+        const double latLon[2] = {i % 2 == 0 ? edge + near(random) : within(random), across(random)};
+        UtmPayload utm{};
+        UtmrefPayload reference{};
+        if (i % 5 == 0) utm.wantedZone = static_cast<std::int16_t>(1 + random() % 60);
+        reference.wantedZone = utm.wantedZone;
+        if (UTMREF_FromGeodetic(latLon, &reference, &wgs84.forward) != KOORD_OK) continue;
+        ASSERT_EQ(UTM_FromGeodetic(latLon, &utm, &wgs84.forward), KOORD_OK);
+        utm.easting = std::floor(utm.easting + 0.5);
+        utm.northing = std::floor(utm.northing + 0.5);
+        double rounded[2];
+        ASSERT_EQ(UTM_ToGeodetic(&utm, rounded, &wgs84.inverse), KOORD_OK);
+        const int band = static_cast<int>(std::floor(rounded[0] / 8.0)) + 10;
+        // A border belongs to the northern band; which one a position has that is on it counts elsewhere.
+        if (std::fabs(rounded[0] - 8.0 * std::round(rounded[0] / 8.0)) < DEGREES) continue;
+        EXPECT_EQ(reference.band, BANDS[static_cast<std::size_t>(std::min(band, 19))])
+            << latLon[0] << ' ' << latLon[1];
+    }
 }
 
 TEST(UtmrefFromGeodetic, HasNoExceptionsForNorwayAndSvalbard) {
