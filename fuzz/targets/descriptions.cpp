@@ -1,5 +1,5 @@
-// Descriptions of maps: any text, or a description with the right keys and arbitrary values, and the file that
-// it names.
+// Descriptions of maps: any text, or a description with the right keys and arbitrary values, and the file
+// that it names.
 #include <nlohmann/json.hpp>
 
 #include <string>

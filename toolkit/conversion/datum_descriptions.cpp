@@ -9,15 +9,15 @@
 namespace tessara::toolkit {
 namespace {
 
-// In the order of the datum numbers. Names, areas and accuracies come from the EPSG and ESRI registries, from the
-// transformations with the translations of the datums, in the database of PROJ 9.1.1 with EPSG v10.076:
+// In the order of the datum numbers. Names, areas and accuracies come from the EPSG and ESRI registries, from
+// the transformations with the translations of the datums, in the database of PROJ 9.1.1 with EPSG v10.076:
 //   SELECT h.name, h.accuracy, e.description FROM helmert_transformation h
 //     JOIN usage u ON u.object_auth_name = h.auth_name AND u.object_code = h.code
 //       AND u.object_table_name = 'helmert_transformation'
 //     JOIN extent e ON e.auth_name = u.extent_auth_name AND e.code = u.extent_code
 //     WHERE h.auth_name = '$authority' AND h.code = '$code'
-// There, an accuracy of 999 m means unknown. Long areas are shortened. For datums without a code, the registries
-// have a different translation or no accuracy.
+// There, an accuracy of 999 m means unknown. Long areas are shortened. For datums without a code, the
+// registries have a different translation or no accuracy.
 // clang-format off
 constexpr std::array<DatumDescription, DATUM_COUNT> DESCRIPTIONS{{
     {"Sphere of 6371 km", "World", "World, for small scales", 0, ""},

@@ -1,5 +1,5 @@
-// A list with a maximum number of elements. An operation that writes more of them fails, instead of running for
-// seconds.
+// A list with a maximum number of elements. An operation that writes more of them fails, instead of running
+// for seconds.
 #pragma once
 
 #include <cstdint>
