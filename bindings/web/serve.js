@@ -1,5 +1,5 @@
 // Serves the page at 127.0.0.1, on the port of the environment variable PORT or 8025.
-import { createReadStream, existsSync, statSync } from "node:fs";
+import { createReadStream, statSync } from "node:fs";
 import { createServer } from "node:http";
 import { extname, join, normalize } from "node:path";
 import { fileURLToPath } from "node:url";
@@ -10,11 +10,21 @@ const TYPES = {
     ".svg": "image/svg+xml", ".wasm": "application/wasm", ".webmanifest": "application/manifest+json",
 };
 
+// The file of an address; null where it has none, as for one that isn't well formed.
+function fileOf(address) {
+    try {
+        const path = normalize(decodeURIComponent(new URL(address, "http://localhost").pathname));
+        const file = join(FOLDER, path.endsWith("/") ? `${path}index.html` : path);
+        return file.startsWith(FOLDER) && statSync(file).isFile() ? file : null;
+    } catch {
+        return null;
+    }
+}
+
 export function serve(port) {
     const server = createServer((request, response) => {
-        const path = normalize(decodeURIComponent(new URL(request.url, "http://localhost").pathname));
-        const file = join(FOLDER, path.endsWith("/") ? `${path}index.html` : path);
-        if (!file.startsWith(FOLDER) || !existsSync(file) || !statSync(file).isFile()) {
+        const file = fileOf(request.url);
+        if (file === null) {
             response.writeHead(404).end();
             return;
         }
