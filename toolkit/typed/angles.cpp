@@ -197,16 +197,14 @@ struct Whole {
     std::int16_t degrees, minutes;
 };
 
-// Splits an angle into whole parts and a last part, which takes the remainder.
+// Splits an angle into whole parts and a last part. If the angle has fewer numbers, the last of them is
+// split, so that 11 34 becomes 11 34 0 without rounding.
 double Divide(const Angle& angle, std::size_t parts, Whole* whole) {
     whole->degrees = static_cast<std::int16_t>(angle.Part(0));
-    if (angle.count == parts) {
-        whole->minutes = static_cast<std::int16_t>(angle.Part(1));
-        return angle.Part(parts - 1);
-    }
-    const double minutes = (angle.Magnitude() - whole->degrees) * SIXTY;
+    const double minutes = angle.count > 1 ? angle.Part(1) : (angle.Part(0) - whole->degrees) * SIXTY;
+    if (parts == 2) return minutes;
     whole->minutes = static_cast<std::int16_t>(minutes);
-    return parts == 2 ? minutes : (minutes - whole->minutes) * SIXTY;
+    return angle.count > 2 ? angle.Part(2) : (minutes - whole->minutes) * SIXTY;
 }
 
 tagKOORD MakeRecord(const Angle& latitude, const Angle& longitude, std::int32_t datum) {

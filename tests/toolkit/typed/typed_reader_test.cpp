@@ -239,6 +239,22 @@ const std::vector<RefusedRow> REFUSED{
     {{"BNG", {"530000 180000"}}, "ambiguous", nullptr},
 };
 
+// 34 minutes have no seconds; 11 + 34 / 60 degrees would be 33 minutes and 59.999... seconds.
+TEST(TypedReader, KeepsTheWholeNumbersOfAnAngleWithFewerNumbersThanTheOther) {
+    const TypedResult read = Read({"", {"48 8 15 N 11 34 E"}});
+    ASSERT_TRUE(read.IsRead());
+    const auto seconds = Load<GeogradPayload>(read.readings[0].record);
+    EXPECT_EQ(seconds.lonDegrees, 11);
+    EXPECT_EQ(seconds.lonMinutes, 34);
+    EXPECT_EQ(seconds.lonSeconds, 0.0);
+    const TypedResult degrees = Read({"", {"48.5 N 11 34 30 E"}});
+    ASSERT_TRUE(degrees.IsRead());
+    const auto half = Load<GeogradPayload>(degrees.readings[0].record);
+    EXPECT_EQ(half.latDegrees, 48);
+    EXPECT_EQ(half.latMinutes, 30);
+    EXPECT_EQ(half.latSeconds, 0.0);
+}
+
 TEST(TypedReader, RefusesAndSaysWhichPieceIsWrong) {
     for (const auto& [typed, code, piece] : REFUSED) {
         SCOPED_TRACE(Words(typed));
