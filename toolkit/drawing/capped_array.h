@@ -2,6 +2,7 @@
 // for seconds.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <new>
 #include <vector>
@@ -25,7 +26,7 @@ class CappedArray : public IArray {
     }
 
     void RemoveAt(std::uint32_t index) override {
-        if (index < objects_.size()) objects_.erase(objects_.begin() + index);
+        if (index < objects_.size()) objects_.erase(objects_.begin() + static_cast<std::ptrdiff_t>(index));
     }
 
     std::uint32_t GetCount() override { return static_cast<std::uint32_t>(objects_.size()); }
