@@ -18,6 +18,14 @@ using austria::FALSE_EASTINGS;
 using austria::FALSE_NORTHING;
 using austria::FERRO;
 
+constexpr double ZONE_WIDTH = UtmMeridian(1) - UtmMeridian(0);
+
+// UtmMeridian of a zone that is a double.
+double MeridianOf(double zone) {
+    constexpr double before = UtmMeridian(0);
+    return ZONE_WIDTH * zone + before;
+}
+
 // A wanted meridian, or the natural one.
 double MeridianFor(double wanted, double natural) {
     return wanted == wanted ? wanted : natural;
@@ -27,7 +35,7 @@ struct Utm {
     tm::ForwardRow tm;
 
     void operator()(Block& block, std::size_t row) const {
-        constexpr double lastMeridian = 177.0;  // beyond it zones are counted from the other end
+        constexpr double lastMeridian = UtmMeridian(UTM_ZONE_COUNT);  // beyond it zones are counted from the other end
         const double longitude = block.longitude[row];
         const double meridian = MeridianFor(block.wanted[row], UtmMeridianOf(longitude));
         const double dLon = (longitude - meridian) * RADIANS_PER_DEGREE;
@@ -37,7 +45,7 @@ struct Utm {
         block.east[row] = ka * plane.east + ZONE_FALSE_EASTING;
         block.north[row] = UtmNorthing(north);
         block.south[row] = north < 0.0 ? 1.0 : 0.0;
-        block.zone[row] = (meridian - 3.0) / 6.0 + 31.0;
+        block.zone[row] = (meridian - UtmMeridian(0)) / ZONE_WIDTH;
         block.Refuse(row, !(std::fabs(meridian) <= lastMeridian));
     }
 };
@@ -51,7 +59,7 @@ struct UtmBack {
         const Plane plane{(block.north[row] - falseNorthing) * perUnit,
                           (block.east[row] - ZONE_FALSE_EASTING) * perUnit};
         const tm::Position position = tm.PositionOf(block, row, plane);
-        const double meridian = 6.0 * block.zone[row] - 183.0;
+        const double meridian = MeridianOf(block.zone[row]);
         const double longitude = (position.lambda + meridian * RADIANS_PER_DEGREE) * DEGREES_PER_RADIAN;
         tm::Snap(block, row, position.phi * DEGREES_PER_RADIAN, longitude, UTM_LIMITS);
     }
