@@ -3,9 +3,9 @@ set(TESSARA_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,und
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Compares precompiled headers by content instead of by time.
+  # Compares precompiled headers by content instead of by time, and lets all build directories share what one compiles.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
       ${CCACHE_PROGRAM})
 endif()
 

@@ -1,7 +1,6 @@
 """Builds the extension module with the library's own CMake files, which stand above this directory or, in a source
 distribution, in `library`."""
 
-import os
 import re
 import shutil
 import subprocess
@@ -43,9 +42,7 @@ class CMakeBuild(build_ext):
         }
         cmake = ["cmake", "-S", str(LIBRARY), "-B", str(tree), "-G", "Ninja"]
         subprocess.run(cmake + [f"-D{name}={value}" for name, value in options.items()], check=True)
-        # Where ccache is there, what one directory has compiled is good for a copy of it in another.
-        environment = {**os.environ, "CCACHE_BASEDIR": str(LIBRARY)}
-        subprocess.run(["cmake", "--build", str(tree), "--target", "tessara_python"], check=True, env=environment)
+        subprocess.run(["cmake", "--build", str(tree), "--target", "tessara_python"], check=True)
         built = next((tree / "lib").glob("_tessara*.so"))
         out.parent.mkdir(parents=True, exist_ok=True)
         shutil.copy2(built, out)
