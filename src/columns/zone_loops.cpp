@@ -35,7 +35,8 @@ struct Utm {
     tm::ForwardRow tm;
 
     void operator()(Block& block, std::size_t row) const {
-        constexpr double lastMeridian = UtmMeridian(UTM_ZONE_COUNT);  // beyond it zones are counted from the other end
+        constexpr double lastMeridian =
+            UtmMeridian(UTM_ZONE_COUNT);  // beyond it zones are counted from the other end
         const double longitude = block.longitude[row];
         const double meridian = MeridianFor(block.wanted[row], UtmMeridianOf(longitude));
         const double dLon = (longitude - meridian) * RADIANS_PER_DEGREE;
