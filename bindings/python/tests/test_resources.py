@@ -16,6 +16,10 @@ POSITIONS = 1_000_000
 SCHEDULE = Path("/proc/thread-self/schedstat")
 RUNS = 3
 
+# Two threads that don't wait for each other do 1.8 to 2 times the work of one, two that take turns at most 1.1 times. A value
+# in between separates them also on a busy machine, where other programs use the caches.
+GAIN = 1.4
+
 # Builds with sanitizers count the library's objects, and are slower by their watching.
 living_objects = getattr(tessara._tessara, "living_objects", None)
 SLOWNESS = 20 if living_objects else 1
@@ -61,9 +65,9 @@ def gain_of_a_second_thread(operation, times):
     return 2 * min(alone) / min(both)
 
 
-def is_gain_above(gain, operation, times):
+def have_a_gain(operation, times):
     """In the best of some tries: the caches are shared with whatever else runs."""
-    return any(gain_of_a_second_thread(operation, times) > gain for _ in range(4))
+    return any(gain_of_a_second_thread(operation, times) > GAIN for _ in range(4))
 
 
 @pytest.mark.skipif(not SCHEDULE.exists(), reason="the kernel doesn't say how long threads wait for a core")
@@ -71,17 +75,17 @@ class TestTwoThreads:
     def test_convert_at_once(self, rng):
         latitudes = rng.uniform(-79, 79, POSITIONS // SLOWNESS)
         longitudes = rng.uniform(-179, 179, POSITIONS // SLOWNESS)
-        assert is_gain_above(1.8, lambda: tessara.convert(latitudes, longitudes, to="UTMREF"), 5)
+        assert have_a_gain(lambda: tessara.convert(latitudes, longitudes, to="UTMREF"), 5)
 
     def test_lay_polygons_over_each_other_at_once(self, rng):
         turns = np.linspace(0, 2 * np.pi, 1500, endpoint=False)
         one, other = (np.column_stack([48 + np.sin(turns) * reach, 11 + np.cos(turns) * reach])
                       for reach in rng.uniform(0.5, 1, (2, len(turns))))
-        assert is_gain_above(1.5, lambda: tessara.overlay(one, other), 1 + 12 // SLOWNESS)
+        assert have_a_gain(lambda: tessara.overlay(one, other), 1 + 12 // SLOWNESS)
 
     def test_have_one_interpreter(self):
         # A call that keeps the interpreter's lock all the time: the measure notices it.
-        assert gain_of_a_second_thread(lambda: sum(range(1_000_000)), 12) < 1.4
+        assert gain_of_a_second_thread(lambda: sum(range(1_000_000)), 12) < GAIN
 
 
 def grown(operation, times):
