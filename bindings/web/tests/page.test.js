@@ -19,7 +19,7 @@ let address;
 before(async () => {
     server = await serve(0);
     address = `http://127.0.0.1:${server.address().port}/`;
-    browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox"] });
+    browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox", "--disable-dev-shm-usage"] });
     mkdirSync(SCREENSHOTS, { recursive: true });
 });
 
