@@ -47,6 +47,18 @@ std::string DatumName(std::int32_t number) {
     return name->GetText();
 }
 
+const char* UnitName(Unit unit) {
+    switch (unit) {
+        case Unit::Pixel:
+            return "pixel";
+        case Unit::Degree:
+            return "degree";
+        case Unit::Metre:
+            break;
+    }
+    return "metre";
+}
+
 std::optional<std::int32_t> SystemByName(const std::string& name) {
     const std::optional<std::int32_t> number = NumberOf(name, KOORD_TYPE_COUNT, SystemName);
     if (number) return number;

@@ -1,31 +1,16 @@
 #include "boundary.h"
+#include "conversion/names.h"
 #include "tessara/host/listings.h"
 #include "tessara/kernel/systems.h"
 
 namespace tessara::postgresql {
-namespace {
-
-const char* UnitName(Unit unit) {
-    switch (unit) {
-        case Unit::Pixel:
-            return "pixel";
-        case Unit::Degree:
-            return "degree";
-        case Unit::Metre:
-            break;
-    }
-    return "metre";
-}
-
-}  // namespace
-
 extern "C" {
 
 bool Tessara_SystemAt(size_t index, TessaraSystem* system) noexcept {
     const auto rows = host::Systems();
     if (index >= rows.size()) return false;
     const auto number = static_cast<std::int32_t>(rows[index].number);
-    *system = {number, rows[index].name, UnitName(System_Unit(number)), {}, 0};
+    *system = {number, rows[index].name, toolkit::UnitName(System_Unit(number)), {}, 0};
     for (const OutputField& field : System_Outputs(number))
         system->fields[system->fieldCount++] = field.name;
     return true;

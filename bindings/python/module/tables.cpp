@@ -10,18 +10,6 @@ namespace tessara::python {
 namespace py = pybind11;
 namespace {
 
-const char* UnitName(Unit unit) {
-    switch (unit) {
-        case Unit::Pixel:
-            return "pixel";
-        case Unit::Degree:
-            return "degree";
-        case Unit::Metre:
-            break;
-    }
-    return "metre";
-}
-
 py::list Systems() {
     py::list rows;
     for (const NameRow& row : host::Systems()) {
@@ -29,7 +17,8 @@ py::list Systems() {
         py::list fields;
         for (const OutputField& field : System_Outputs(number))
             fields.append(field.name);
-        rows.append(py::make_tuple(number, row.name, UnitName(System_Unit(number)), py::tuple(fields)));
+        rows.append(
+            py::make_tuple(number, row.name, toolkit::UnitName(System_Unit(number)), py::tuple(fields)));
     }
     return rows;
 }

@@ -1,4 +1,5 @@
 // Systems and datums as lines whose fields stand apart by tabs.
+#include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "exports.h"
 #include "tessara/host/listings.h"
@@ -6,18 +7,6 @@
 
 namespace tessara::web {
 namespace {
-
-const char* UnitName(Unit unit) {
-    switch (unit) {
-        case Unit::Pixel:
-            return "pixel";
-        case Unit::Degree:
-            return "degree";
-        case Unit::Metre:
-            break;
-    }
-    return "metre";
-}
 
 void Add(const std::string& field) {
     Answer() += field + '\t';
@@ -32,7 +21,7 @@ TESSARA_EXPORT(systems) Outcome Systems() {
             const auto number = static_cast<std::int32_t>(row.number);
             Add(std::to_string(number));
             Add(row.name);
-            Add(UnitName(System_Unit(number)));
+            Add(toolkit::UnitName(System_Unit(number)));
             for (const OutputField& field : System_Outputs(number))
                 Answer() += std::string(field.name) + ' ';
             Answer() += '\n';

@@ -35,12 +35,12 @@ export class Letters {
     }
 }
 
-// What isn't ASCII becomes a letter that no system has.
+// Letters outside ASCII, and a text that is too long, become letters that no system has.
 function bytesOf(text, width) {
     if (typeof text !== "string") throw new TypeError("letters have to be a string");
     return Uint8Array.from({ length: width }, (_, i) => {
         const code = i < text.length ? text.charCodeAt(i) : 0;
-        return code < 0x80 ? code : 0x3f;
+        return code < 0x80 && text.length <= width ? code : 0x3f;
     });
 }
 
@@ -56,7 +56,10 @@ function prepare(value, field) {
         return { isOne: true, values: isLetters ? bytesOf(value, field.width) : Float64Array.of(numberOf(value)) };
     }
     if (!isLetters) return { isOne: false, values: value instanceof Float64Array ? value : Float64Array.from(value) };
-    if (value instanceof Letters) return { isOne: false, values: value.bytes };
+    if (value instanceof Letters) {
+        if (value.width !== field.width) throw new TypeError(`${field.name} has ${field.width} letters, not ${value.width}`);
+        return { isOne: false, values: value.bytes };
+    }
     const bytes = new Uint8Array(value.length * field.width);
     for (let i = 0; i < value.length; ++i) bytes.set(bytesOf(value[i], field.width), i * field.width);
     return { isOne: false, values: bytes };
@@ -173,6 +176,16 @@ export class Block {
         return lines;
     }
 
+    // Copies rows of columns of numbers into the memory.
+    #fill(inputs, row, rows) {
+        const { doubles } = this.memory;
+        inputs.forEach((input, k) => {
+            const place = this.#place(k) / DOUBLE;
+            if (input.isOne) doubles.fill(input.values[0], place, place + rows);
+            else doubles.set(input.values.subarray(row, row + rows), place);
+        });
+    }
+
     // Runs a function over four columns of numbers, which gives three.
     solve(name, datum, given, count) {
         const { memory } = this;
@@ -182,11 +195,7 @@ export class Block {
         const results = this.#place(inputs.length);
         for (let row = 0; row < count; row += BLOCK) {
             const rows = Math.min(BLOCK, count - row);
-            inputs.forEach((input, k) => {
-                const place = this.#place(k) / DOUBLE;
-                if (input.isOne) memory.doubles.fill(input.values[0], place, place + rows);
-                else memory.doubles.set(input.values.subarray(row, row + rows), place);
-            });
+            this.#fill(inputs, row, rows);
             memory.call(name, datum, this.columns, results, this.statuses, BLOCK, rows);
             outputs.forEach((output, k) => {
                 const place = (results + k * BLOCK * DOUBLE) / DOUBLE;
@@ -199,15 +208,11 @@ export class Block {
 
     // Lines of text for the rows of two columns of numbers, of all blocks.
     lines(north, east, count, call) {
+        const inputs = [north, east].map((value) => prepare(value, null));
         const lines = [];
         for (let row = 0; row < count; row += BLOCK) {
             const rows = Math.min(BLOCK, count - row);
-            [north, east].forEach((value, k) => {
-                const input = prepare(value, null);
-                const place = this.#place(k) / DOUBLE;
-                if (input.isOne) this.memory.doubles.fill(input.values[0], place, place + rows);
-                else this.memory.doubles.set(input.values.subarray(row, row + rows), place);
-            });
+            this.#fill(inputs, row, rows);
             const answer = call(this.#place(0), this.#place(1), rows);
             for (const line of answer.split("\n").slice(0, rows)) lines.push(line);
         }

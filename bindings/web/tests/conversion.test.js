@@ -151,6 +151,26 @@ test("wrong calls are refused with a reason", () => {
     assert.throws(() => tessara.convert({ zone: 32.5, hemisphere: "N", easting: 5e5, northing: 5e6 }, { from: "UTM", to: "GEODEZ" }), PositionError);
 });
 
+test("letters that don't fit a field are refused instead of cut", () => {
+    const munich = tessara.convert([48.1375], [11.5755], { to: "UTMREF" });
+    const one = { zone: 32, band: "U", square: "PU", easting: 91603, northing: 34791 };
+    assert.equal(tessara.convert(one, { from: "UTMREF", to: "UTM" }).zone, 32);
+    assert.throws(() => tessara.convert({ ...one, square: "PUX" }, { from: "UTMREF", to: "UTM" }), PositionError);
+    assert.throws(() => tessara.convert({ ...one, band: "UU" }, { from: "UTMREF", to: "UTM" }), PositionError);
+    assert.throws(() => tessara.convert({ ...munich, band: munich.square }, { from: "UTMREF", to: "UTM" }), /band has 1 letters/);
+});
+
+test("arrays of numbers have the texts of typed arrays over several blocks", () => {
+    const latitude = Array.from({ length: 10000 }, (_, i) => (i % 160) - 80);
+    const longitude = Array.from({ length: 10000 }, (_, i) => (i % 359) - 179);
+    for (const to of ["GEOGRAD", "UTMREF"]) {
+        const texts = tessara.format(latitude, longitude, { to, digits: 4 });
+        assert.deepEqual(texts, tessara.format(Float64Array.from(latitude), Float64Array.from(longitude), { to, digits: 4 }));
+        const alone = tessara.format(latitude[9000], longitude[9000], { to, digits: 4 });
+        assert.deepEqual(to === "UTMREF" ? texts[9000] : { north: texts.north[9000], east: texts.east[9000] }, alone);
+    }
+});
+
 test("empty arrays give empty columns", () => {
     const result = tessara.convert(new Float64Array(), new Float64Array());
     assert.equal(result.easting.length, 0);
