@@ -6,6 +6,7 @@
 
 #include "commands/arguments.h"
 #include "commands/commands.h"
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/quote.h"
 #include "run/toolkit_names.h"
@@ -32,15 +33,15 @@ struct Options {
 };
 
 IRef<ITessaraString> MakeText(const std::string& text) {
-    IRef<ITessaraString> made(NewObject<host::Text>());
+    IRef<ITessaraString> made = Made<ITessaraString>(NewObject<host::Text>());
     made->AssignText(text.c_str());
     return made;
 }
 
 // The choices for the piece after `pieces`; empty if one of them does not exist.
 std::vector<std::string> ChoicesBehind(const std::vector<std::string>& pieces, std::int32_t datum) {
-    const IRef<ICoordCheckerUTMREF> checker(CreateClassCoordCheckerUTMREF());
-    const IRef<IArray> list(CreateClassArray());
+    const IRef<ICoordCheckerUTMREF> checker = Made(CreateClassCoordCheckerUTMREF());
+    const IRef<IArray> list = Made(CreateClassArray());
     const auto text = [&pieces](std::size_t i) { return MakeText(i < pieces.size() ? pieces[i] : ""); };
     const IRef<ITessaraString> zone = text(0), band = text(1), column = text(2), row = text(3);
     switch (pieces.size()) {
@@ -58,7 +59,7 @@ std::vector<std::string> ChoicesBehind(const std::vector<std::string>& pieces, s
     }
     std::vector<std::string> choices;
     for (std::uint32_t i = 0; i < list->GetCount(); ++i)
-        choices.emplace_back(IRef<ITessaraString>(list->GetAt(i))->GetText());
+        choices.emplace_back(Made(IRef<ITessaraString>(list->GetAt(i)))->GetText());
     return choices;
 }
 

@@ -1,6 +1,7 @@
 #include "conversion/names.h"
 
 #include "conversion/closest.h"
+#include "conversion/made.h"
 #include "conversion/quote.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
@@ -15,7 +16,7 @@ constexpr const char* MILITARY_REFERENCES = "MGRS";
 template <class NameOf>
 std::optional<std::int32_t> NumberOf(const std::string& name, std::int32_t count, NameOf nameOf) {
     if (name.empty()) return std::nullopt;
-    const IRef<ITessaraString> wanted(NewObject<host::Text>());
+    const IRef<ITessaraString> wanted = Made<ITessaraString>(NewObject<host::Text>());
     wanted->AssignText(name.c_str());
     for (std::int32_t number = 0; number < count; ++number) {
         if (wanted->CompareTextNoCase(nameOf(number).c_str()) == 0) return number;
@@ -34,15 +35,15 @@ std::vector<std::string> AllNames(std::int32_t count, std::string (*nameOf)(std:
 }  // namespace
 
 std::string SystemName(std::int32_t number) {
-    const IRef<ICoordinateSystem> system(CreateClassCoordinateSystem());
-    const IRef<ITessaraString> name(NewObject<host::Text>());
+    const IRef<ICoordinateSystem> system = Made(CreateClassCoordinateSystem());
+    const IRef<ITessaraString> name = Made<ITessaraString>(NewObject<host::Text>());
     if (system->SetSystem(number)) system->GetName(name.Get());
     return name->GetText();
 }
 
 std::string DatumName(std::int32_t number) {
-    const IRef<IGeoDate> datum(CreateClassGeoDate());
-    const IRef<ITessaraString> name(NewObject<host::Text>());
+    const IRef<IGeoDate> datum = Made(CreateClassGeoDate());
+    const IRef<ITessaraString> name = Made<ITessaraString>(NewObject<host::Text>());
     if (datum->SetDatum(number)) datum->GetName(name.Get());
     return name->GetText();
 }

@@ -1,5 +1,6 @@
 #include "conversion/references.h"
 
+#include "conversion/made.h"
 #include "conversion/names.h"
 
 namespace tessara::toolkit {
@@ -57,7 +58,7 @@ bool AreAlike(const Reference& one, const Reference& other) {
 }
 
 CKoord DefaultRecord(const Reference& reference) {
-    const IRef<ICoord> coord(CreateClassCoord());
+    const IRef<ICoord> coord = Made(CreateClassCoord());
     coord->SetReference(MakeReference(reference).Get());
     CKoord record = host::RecordOf(coord);
     StoreParameters(reference.parameters, &record);
@@ -65,7 +66,7 @@ CKoord DefaultRecord(const Reference& reference) {
 }
 
 IRef<ICoordinateReference> MakeReference(const Reference& reference) {
-    IRef<ICoordinateReference> made(CreateClassCoordinateReference());
+    IRef<ICoordinateReference> made = Made(CreateClassCoordinateReference());
     made->SetDatum(reference.datum);
     made->SetSystem(reference.system);
     return made;

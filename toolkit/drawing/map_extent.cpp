@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "conversion/made.h"
 #include "drawing/map_drawing.h"
 #include "drawing/map_grid_labels.h"
 #include "tessara/host/rect.h"
@@ -37,15 +38,15 @@ Extent WithPoles(const MapSheet& sheet, Extent extent) {
 std::optional<Extremes> ExtremesOf(const MapSheet& sheet, const Reference& reference) {
     const auto whole = [](double pixel) { return static_cast<std::int32_t>(std::lround(pixel)); };
     const Window& window = sheet.MapWindow();
-    const IRef<IRect> rect(NewObject<host::Rect>(whole(window.left), whole(window.top), whole(window.right),
-                                                 whole(window.bottom)));
+    const IRef<IRect> rect = Made<IRect>(NewObject<host::Rect>(whole(window.left), whole(window.top),
+                                                               whole(window.right), whole(window.bottom)));
     const auto empty = [&reference] {
-        IRef<ICoord> coord(CreateClassCoord());
+        IRef<ICoord> coord = Made(CreateClassCoord());
         coord->SetReference(MakeReference(reference).Get());
         return coord;
     };
     const Extremes extremes{empty(), empty(), empty(), empty()};
-    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const IRef<ICoordinateArea> area = Made(CreateClassCoordinateArea());
     const bool isThere =
         area->GetMapRectExtremes(sheet.Map(), rect.Get(), extremes.north.Get(), extremes.east.Get(),
                                  extremes.south.Get(), extremes.west.Get());

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "conversion/fields.h"
+#include "conversion/made.h"
 #include "conversion/numbers.h"
 #include "conversion/references.h"
 #include "map/map_sites.h"
@@ -52,7 +53,7 @@ bool IsDegreesOrCode(std::int32_t system) {
 CKoord AsNumbers(const CKoord& koord) {
     const auto system = static_cast<std::int32_t>(koord.type);
     if (!IsDegreesOrCode(system) && system != KOORD_UTMREF) return koord;
-    const IRef<ICoord> coord = host::CoordOf(koord);
+    const IRef<ICoord> coord = Made(host::CoordOf(koord));
     const std::int32_t numbers = system == KOORD_UTMREF ? KOORD_UTM : KOORD_GEODEZ;
     coord->SetReference(
         MakeReference({.datum = static_cast<std::int32_t>(koord.datum), .system = numbers}).Get());
@@ -63,7 +64,7 @@ CKoord AsNumbers(const CKoord& koord) {
 IRef<ICoord> WithinHalfATurn(ICoord* coord) {
     const CKoord koord = host::RecordOf(coord);
     const auto system = static_cast<std::int32_t>(koord.type);
-    IRef<ICoord> within(host::CoordOf(koord));
+    IRef<ICoord> within(Made(host::CoordOf(koord)));
     auto degrees = Load<GeodezPayload>(AsNumbers(koord));
     if (std::abs(degrees.longitude) <= HALF_TURN) return within;
     within = DegreesCoord(degrees.latitude, std::remainder(degrees.longitude, 2.0 * HALF_TURN),
@@ -101,8 +102,8 @@ std::string DigitsInSquare(double value, double step) {
 
 std::string LibraryText(ICoord* coord, Axis axis, double step) {
     const auto system = static_cast<std::int32_t>(host::RecordOf(coord).type);
-    const IRef<ICoordinateString> string(CreateClassCoordinateString());
-    const IRef<ITessaraString> text(NewObject<host::Text>());
+    const IRef<ICoordinateString> string = Made(CreateClassCoordinateString());
+    const IRef<ITessaraString> text = Made<ITessaraString>(NewObject<host::Text>());
     string->SetCoord(coord);
     const double resolution = ResolutionOf(system, step);
     string->SetNorthPrecision(resolution);
@@ -131,7 +132,8 @@ std::string DegreesText(ICoord* coord, Axis axis, double value, double step) {
 // For a step of a whole square, the value in the underlying grid.
 std::string SquareText(ICoord* coord, Axis axis, double value, double step) {
     if (step < SQUARE_METRES) return WithAxis(DigitsInSquare(value, step), axis);
-    return WithAxis(LibraryText(host::CoordOf(AsNumbers(host::RecordOf(coord))).Get(), axis, step), axis);
+    return WithAxis(LibraryText(Made(host::CoordOf(AsNumbers(host::RecordOf(coord)))).Get(), axis, step),
+                    axis);
 }
 
 }  // namespace

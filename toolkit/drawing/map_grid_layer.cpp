@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "drawing/capped_array.h"
@@ -38,8 +39,8 @@ double Distance(const PicturePoint& a, const PicturePoint& b) {
 using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
 
 bool LiesOn(Neighbour border, ICoord* coord) {
-    const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
-    const IRef<ICoord> at(CreateClassCoord());
+    const IRef<IZoneCoordOperations> zones = Made(CreateClassZoneCoordOperations());
+    const IRef<ICoord> at = Made(CreateClassCoord());
     if (!(zones.Get()->*border)(coord, at.Get())) return false;
     return std::abs(IRef<ICoordInternal>(coord)->EastDifference(at.Get())) <= BESIDE_BORDER;
 }
@@ -48,17 +49,17 @@ bool LiesOn(Neighbour border, ICoord* coord) {
 std::string ZoneAt(const Reference& reference, double latitude, double longitude) {
     const IRef<ICoord> degrees =
         DegreesCoord(latitude, std::remainder(longitude, FULL_TURN), reference.datum);
-    const IRef<ICoord> coord(CreateClassCoord());
+    const IRef<ICoord> coord = Made(CreateClassCoord());
     coord->SetReference(MakeReference(reference).Get());
-    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
     if (!transfer->Transfer(degrees.Get(), coord.Get())) return "-";
-    const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
+    const IRef<IZoneCoordOperations> zones = Made(CreateClassZoneCoordOperations());
     return std::to_string(zones->GetZoneNumber(coord.Get()));
 }
 
 std::optional<GeodezPayload> DegreesOf(ICoord* coord, std::int32_t datum) {
     const IRef<ICoord> degrees = DegreesCoord(0.0, 0.0, datum);
-    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
     if (!transfer->Transfer(coord, degrees.Get())) return std::nullopt;
     return Load<GeodezPayload>(host::RecordOf(degrees));
 }
@@ -187,7 +188,7 @@ class GridDrawer {
         const double step = StepOf(grid, axis);
         if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step, budget);
         if (AreTooMany(sheet_, reference_, axis, step)) return std::nullopt;
-        const IRef<IArray> lines(NewObject<CappedArray>(MOST_LINES + 1));
+        const IRef<IArray> lines = Made<IArray>(NewObject<CappedArray>(MOST_LINES + 1));
         const bool isComplete =
             axis == Axis::East ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
         if (lines->GetCount() > MOST_LINES) return std::nullopt;

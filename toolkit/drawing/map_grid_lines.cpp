@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "conversion/made.h"
 #include "drawing/clipping.h"
 #include "drawing/map_drawing.h"
 #include "drawing/map_extent.h"
@@ -39,7 +40,7 @@ class PartWriter {
         IRef<ICoord> last;
         bool isLastShown = false;
         for (std::uint32_t i = 0; i < chain->GetCount(); ++i) {
-            const IRef<ICoord> coord(chain->GetAt(i));
+            const IRef<ICoord> coord = Made(IRef<ICoord>(chain->GetAt(i)));
             const auto at = sheet_.ShownPointOf(coord.Get());
             const bool isShown = at.has_value();
             if (last.IsValid() && isShown && !isLastShown) Add(EndOfShown(coord, last));
@@ -60,9 +61,9 @@ class PartWriter {
     }
 
     [[nodiscard]] std::optional<PicturePoint> EndOfShown(IRef<ICoord> shown, IRef<ICoord> hidden) const {
-        const IRef<ICoordinateAverage> average(CreateClassCoordinateAverage());
+        const IRef<ICoordinateAverage> average = Made(CreateClassCoordinateAverage());
         for (int i = 0; i < HALVINGS_TO_AN_END; ++i) {
-            const IRef<ICoord> middle(CreateClassCoord());
+            const IRef<ICoord> middle = Made(CreateClassCoord());
             if (!average->Average(shown.Get(), hidden.Get(), middle.Get())) break;
             (sheet_.ShownPointOf(middle.Get()) ? shown : hidden) = middle;
         }
@@ -84,9 +85,9 @@ std::vector<Polyline> Clip(const MapSheet& sheet, const std::vector<Polyline>& p
 }
 
 bool HasZones(const Reference& reference) {
-    const IRef<ICoord> coord(CreateClassCoord());
+    const IRef<ICoord> coord = Made(CreateClassCoord());
     coord->SetReference(MakeReference(reference).Get());
-    return IRef<IZoneCoordOperations>(CreateClassZoneCoordOperations())->HasZones(coord.Get());
+    return Made(CreateClassZoneCoordOperations())->HasZones(coord.Get());
 }
 
 double DegreesAcross(const Extent& extent, Axis axis) {
@@ -120,7 +121,7 @@ double WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
 class GraticuleLine {
   public:
     GraticuleLine(const MapSheet& sheet, const Reference& reference, PointBudget* budget)
-        : sheet_(sheet), reference_(reference), lines_(CreateClassLinePoints()), budget_(*budget) {
+        : sheet_(sheet), reference_(reference), lines_(Made(CreateClassLinePoints())), budget_(*budget) {
         lines_->SetPixelTolerance(LINE_TOLERANCE / sheet.Zoom());
     }
 
@@ -139,7 +140,7 @@ class GraticuleLine {
     void AddPiece(Axis axis, double value, double from, double to, int halvings,
                   std::vector<Polyline>* parts) const {
         if (budget_.IsSpent()) return;
-        const IRef<IArray> chain(CreateClassArray());
+        const IRef<IArray> chain = Made(CreateClassArray());
         if (lines_->DensifyCoordStraight(sheet_.Map(), At(axis, value, from).Get(), At(axis, value, to).Get(),
                                          chain.Get())) {
             budget_.Take(chain->GetCount());
@@ -173,17 +174,17 @@ class GraticuleLine {
 
 std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudget* budget) {
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
-        const IRef<IArray> points(lines->GetAt(i));
+        const IRef<IArray> points = Made(IRef<IArray>(lines->GetAt(i)));
         if (points.IsValid() && !budget->Take(points->GetCount())) return {};
     }
     std::vector<GridLine> placed;
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
-        const IRef<IArray> points(lines->GetAt(i));
+        const IRef<IArray> points = Made(IRef<IArray>(lines->GetAt(i)));
         if (!points.IsValid() || points->GetCount() < 2) continue;
         std::vector<Polyline> parts(1);
         PartWriter(sheet, &parts).Append(points.Get());
-        placed.push_back({IRef<ICoord>(points->GetAt(0)), IRef<ICoord>(points->GetAt(points->GetCount() - 1)),
-                          Clip(sheet, parts)});
+        placed.push_back({Made(IRef<ICoord>(points->GetAt(0))),
+                          Made(IRef<ICoord>(points->GetAt(points->GetCount() - 1))), Clip(sheet, parts)});
     }
     return placed;
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "drawing/coastline.h"
@@ -26,7 +27,7 @@ constexpr double LINE_CLEARANCE = 5.0;
 class LayerDrawer {
   public:
     LayerDrawer(const MapSheet& sheet, const Layer& layer)
-        : sheet_(sheet), layer_(layer), lines_(CreateClassLinePoints()) {
+        : sheet_(sheet), layer_(layer), lines_(Made(CreateClassLinePoints())) {
         lines_->SetPixelTolerance(LINE_TOLERANCE / sheet.Zoom());
     }
 
@@ -310,12 +311,12 @@ class LayerDrawer {
     std::vector<Polyline> InSystem(const Reference& reference, const Site& from, const Site& to) {
         const std::optional<IRef<ICoord>> a = InReference(from, reference);
         const std::optional<IRef<ICoord>> b = InReference(to, reference);
-        const IRef<IArray> points(CreateClassArray());
+        const IRef<IArray> points = Made(CreateClassArray());
         if (!a || !b || !lines_->DensifyCoordStraight(sheet_.Map(), a->Get(), b->Get(), points.Get()))
             return {};
         Polyline line;
         for (std::uint32_t i = 0; i < points->GetCount(); ++i) {
-            const auto point = sheet_.PointOf(IRef<ICoord>(points->GetAt(i)).Get());
+            const auto point = sheet_.PointOf(Made(IRef<ICoord>(points->GetAt(i))).Get());
             if (point) line.push_back(*point);
         }
         return {line};
@@ -324,9 +325,9 @@ class LayerDrawer {
     // A copy in the reference; the map converts pixels.
     [[nodiscard]] std::optional<IRef<ICoord>> InReference(const Site& site,
                                                           const Reference& reference) const {
-        IRef<ICoord> copy(CreateClassCoord());
+        IRef<ICoord> copy = Made(CreateClassCoord());
         copy->SetReference(MakeReference(reference).Get());
-        const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+        const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
         double x = 0.0;
         double y = 0.0;
         const bool isThere = site.coord->GetPixel(&x, &y) ? sheet_.Map()->FloatPixelToCoord(x, y, copy.Get())
@@ -379,10 +380,9 @@ class LayerDrawer {
     using Parts = std::array<std::vector<Polyline>, PART_COUNT>;
 
     void AddParts(const OverlayLayer& overlay, const Polyline& first, const Polyline& second) {
-        const IRef<IArray> lists[PART_COUNT] = {
-            IRef<IArray>(CreateClassArray()), IRef<IArray>(CreateClassArray()),
-            IRef<IArray>(CreateClassArray()), IRef<IArray>(CreateClassArray())};
-        const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+        const IRef<IArray> lists[PART_COUNT] = {Made(CreateClassArray()), Made(CreateClassArray()),
+                                                Made(CreateClassArray()), Made(CreateClassArray())};
+        const IRef<ICoordinateArea> area = Made(CreateClassCoordinateArea());
         const std::int32_t code =
             area->OverlayPixels(sheet_.Map(), PixelsOf(overlay.first).Get(), PixelsOf(overlay.second).Get(),
                                 lists[0].Get(), lists[1].Get(), lists[2].Get(), lists[3].Get());
@@ -391,7 +391,7 @@ class LayerDrawer {
         Parts parts = WholeParts(code, first, second);
         for (std::size_t part = 0; part < PART_COUNT; ++part) {
             for (std::uint32_t i = 0; i < lists[part]->GetCount(); ++i)
-                parts[part].push_back(PolylineOf(IRef<IArray>(lists[part]->GetAt(i))));
+                parts[part].push_back(PolylineOf(Made(IRef<IArray>(lists[part]->GetAt(i)))));
         }
         AddPartShapes(parts, code);
     }
@@ -433,12 +433,12 @@ class LayerDrawer {
 
     // The library works on pixels of the map; here all corners have one.
     [[nodiscard]] IRef<IArray> PixelsOf(const std::vector<Site>& sites) const {
-        IRef<IArray> pixels(CreateClassArray());
+        IRef<IArray> pixels = Made(CreateClassArray());
         const IRef<ICoordinateReference> reference =
             MakeReference({.datum = sheet_.Datum(), .system = KOORD_FLOATPIXEL});
         for (const Site& site : sites) {
             const PicturePoint at = sheet_.NearPixelOf(site.coord.Get()).value_or(PicturePoint{});
-            const IRef<ICoord> pixel(CreateClassCoord());
+            const IRef<ICoord> pixel = Made(CreateClassCoord());
             pixel->SetReference(reference.Get());
             pixel->SetPixel(at.x, at.y);
             pixels->Add(pixel.Get());
@@ -449,7 +449,7 @@ class LayerDrawer {
     [[nodiscard]] Polyline PolylineOf(const IRef<IArray>& pixels) const {
         Polyline line;
         for (std::uint32_t i = 0; i < pixels->GetCount(); ++i) {
-            if (const auto point = sheet_.PointOf(IRef<ICoord>(pixels->GetAt(i)).Get()))
+            if (const auto point = sheet_.PointOf(Made(IRef<ICoord>(pixels->GetAt(i))).Get()))
                 line.push_back(*point);
         }
         return line;

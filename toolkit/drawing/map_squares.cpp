@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "conversion/fields.h"
+#include "conversion/made.h"
 
 namespace tessara::toolkit {
 namespace {
@@ -39,9 +40,9 @@ std::optional<SquareName> NameAt(const MapSheet& sheet, const PicturePoint& at, 
     const std::optional<GeodezPayload> degrees = sheet.DegreesAt(at);
     if (!degrees) return std::nullopt;
     const IRef<ICoord> from = DegreesCoord(degrees->latitude, degrees->longitude, sheet.Datum());
-    const IRef<ICoord> coord(CreateClassCoord());
+    const IRef<ICoord> coord = Made(CreateClassCoord());
     coord->SetReference(MakeReference(reference).Get());
-    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
     if (!transfer->Transfer(from.Get(), coord.Get())) return std::nullopt;
     SquareName name;
     for (const Field& field : FieldsOf(host::RecordOf(coord))) {

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "map/map_grids.h"
 #include "map/map_projection.h"
@@ -139,8 +140,8 @@ class DescriptionReader {
     void ReadBorders(JsonObject& object, Layer& layer) {
         const JsonValue system = object.Required("system");
         const Reference reference = ReferenceIn(system);
-        const IRef<ICoord> coord(CreateClassCoord());
-        const IRef<IZoneCoordOperations> zones(CreateClassZoneCoordOperations());
+        const IRef<ICoord> coord = Made(CreateClassCoord());
+        const IRef<IZoneCoordOperations> zones = Made(CreateClassZoneCoordOperations());
         if (!coord->SetReference(MakeReference(reference).Get()) || !zones->HasZones(coord.Get()))
             system.Fail(SystemName(reference.system) + " has no zones");
         layer.content = BordersLayer{reference};

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "conversion/made.h"
+
 namespace tessara::toolkit {
 namespace {
 
@@ -44,7 +46,7 @@ bool HasGrid(std::int32_t system) {
 
 IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
                                double northStep) {
-    const IRef<ICoordinateGridFactory> factory(CreateClassCoordinateGridFactory());
+    const IRef<ICoordinateGridFactory> factory = Made(CreateClassCoordinateGridFactory());
     const CreateGrid create = CREATE.at(static_cast<std::size_t>(reference.system));
     IRef<ICoordinateGrid> grid((factory.Get()->*create)(sheet.Map(), reference.datum, eastStep, northStep));
     if (!grid.IsValid()) return {};
@@ -54,7 +56,7 @@ IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference
     Window window = sheet.MapWindow();
     window = {window.left - 1.0, window.top - 1.0, window.right + 1.0, window.bottom + 1.0};
     const auto corner = [](double x, double y) {
-        IRef<IFloatPoint> point(CreateClassFloatPoint());
+        IRef<IFloatPoint> point = Made(CreateClassFloatPoint());
         point->SetX(x);
         point->SetY(y);
         return point;

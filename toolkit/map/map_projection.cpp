@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "conversion/made.h"
 #include "conversion/numbers.h"
 #include "tessara/host/text.h"
 
@@ -253,14 +254,14 @@ std::vector<std::string> TypeNames() {
 IRef<IProjection> ReadProjection(const JsonValue& value, std::optional<double> metresPerPixel) {
     Reader reader{JsonObject(value), metresPerPixel};
     const Type& type = TYPES[reader.Get("type").ChoiceOf(TypeNames())];
-    const IRef<IProjectionFactory> factory(CreateClassProjectionFactory());
+    const IRef<IProjectionFactory> factory = Made(CreateClassProjectionFactory());
     IRef<IProjection> projection(type.make(*factory.Get(), reader));
     reader.object.RefuseOthers();
     return projection;
 }
 
 std::string ProjectionName(const IRef<IProjection>& projection) {
-    const IRef<ITessaraString> name(NewObject<host::Text>());
+    const IRef<ITessaraString> name = Made<ITessaraString>(NewObject<host::Text>());
     projection->GetProjectionName(name.Get());
     return name->GetText();
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "conversion/made.h"
+
 namespace tessara::toolkit {
 namespace {
 
@@ -14,15 +16,15 @@ constexpr double NORTH_STEP = 0.05;      // degrees
 constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far above the rounding of any map
 
 IRef<IMapCoordOperations> MakeMap(const SheetDescription& description) {
-    const IRef<IGeoDate> datum(CreateClassGeoDate());
+    const IRef<IGeoDate> datum = Made(CreateClassGeoDate());
     datum->SetDatum(description.datum);
-    const IRef<IArray> points(CreateClassArray());
+    const IRef<IArray> points = Made(CreateClassArray());
     for (const ReferenceSite& reference : description.references) {
-        const IRef<IReferencePoint> point(CreateClassReferencePoint());
+        const IRef<IReferencePoint> point = Made(CreateClassReferencePoint());
         point->SetFloat(reference.site.coord.Get(), reference.x, reference.y);
         points->Add(point.Get());
     }
-    const IRef<IMapCoordOperationsFactory> maps(CreateClassMapCoordOperationsFactory());
+    const IRef<IMapCoordOperationsFactory> maps = Made(CreateClassMapCoordOperationsFactory());
     return IRef<IMapCoordOperations>(
         maps->CreateFromReferencePoints(points.Get(), description.scaleDenominator, description.resolution,
                                         datum.Get(), description.projection.Get()));
@@ -116,14 +118,14 @@ std::optional<double> MapSheet::NorthAt(const PicturePoint& point) const {
 }
 
 IRef<ICoord> MapSheet::EmptyDegrees() const {
-    IRef<ICoord> coord(CreateClassCoord());
+    IRef<ICoord> coord = Made(CreateClassCoord());
     coord->SetReference(MakeReference({.datum = datum_, .system = KOORD_GEODEZ}).Get());
     return coord;
 }
 
 std::optional<GeodezPayload> MapSheet::DegreesOf(ICoord* coord) const {
     const IRef<ICoord> copy = EmptyDegrees();
-    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
     const bool isThere = IsPixelCoord(coord) ? map_->PixelCoordToCoord(coord, copy.Get())
                                              : transfer->Transfer(coord, copy.Get());
     return isThere ? std::optional(DegreesIn(copy)) : std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/positions.h"
 #include "lines/columns.h"
@@ -21,7 +22,7 @@ IRef<ICoord> ReadDegrees(const JsonValue& value, std::int32_t datum) {
 IRef<ICoord> ReadPixelCoord(const JsonValue& value, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_FLOATPIXEL);
     Store(record, ReadPixel(value));
-    return host::CoordOf(record);
+    return Made(host::CoordOf(record));
 }
 
 IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
@@ -29,7 +30,7 @@ IRef<ICoord> ReadTexts(JsonObject& object, std::int32_t datum) {
     const std::string north = object.Required("north").Text();
     const TypedResult read = reader.Read(north, object.Required("east").Text());
     if (!read.IsRead()) object.Fail(read.fault.reason);
-    return host::CoordOf(read.readings.front().record);
+    return Made(host::CoordOf(read.readings.front().record));
 }
 
 IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
@@ -73,7 +74,7 @@ SiteLine ReadTextLine(const std::string& text, const TypedReader& reader) {
     if (columns.size() < 2) return {std::nullopt, "expected a north and an east text, found one column"};
     const TypedResult read = reader.Read(columns[0], columns[1]);
     if (!read.IsRead()) return {std::nullopt, read.fault.reason};
-    IRef<ICoord> coord = host::CoordOf(read.readings.front().record);
+    IRef<ICoord> coord = Made(host::CoordOf(read.readings.front().record));
     return {Site{std::move(coord), columns.size() > 2 ? RepairUtf8(Trim(columns[2])) : "", {}}, {}};
 }
 
@@ -117,7 +118,7 @@ FloatPixelPayload ReadPixel(const JsonValue& value) {
 IRef<ICoord> DegreesCoord(double latitude, double longitude, std::int32_t datum) {
     tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);
     Store(record, GeodezPayload{latitude, longitude, 0.0});
-    return host::CoordOf(record);
+    return Made(host::CoordOf(record));
 }
 
 Site ReadSite(const JsonValue& value, std::int32_t mapDatum) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "conversion/fields.h"
+#include "conversion/made.h"
 #include "conversion/statuses.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/range_checks.h"
@@ -144,7 +145,7 @@ bool IsInWantedZone(const Reading& reading) {
 
 }  // namespace
 
-Judge::Judge() : checker_(CreateClassCoordinateChecker()), coord_(CreateClassCoord()) {}
+Judge::Judge() : checker_(Made(CreateClassCoordinateChecker())), coord_(Made(CreateClassCoord())) {}
 
 bool Judge::IsLegal(const tagKOORD& record) const {
     const CKoord koord(record);

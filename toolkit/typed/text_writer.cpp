@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "conversion/fields.h"
+#include "conversion/made.h"
 #include "tessara/host/text.h"
 
 namespace tessara::toolkit {
@@ -23,7 +24,10 @@ std::string FillMetres(const std::string& text) {
 }  // namespace
 
 TextWriter::TextWriter(const Reference& target, const TextStyle& style)
-    : target_(target), style_(style), string_(CreateClassCoordinateString()), text_(NewObject<host::Text>()) {
+    : target_(target),
+      style_(style),
+      string_(Made(CreateClassCoordinateString())),
+      text_(Made<ITessaraString>(NewObject<host::Text>())) {
     if (target.system != KOORD_UTMREF) return;
     if (style.reference) references_.emplace(target, *style.reference);
     if (style.isDisplay && !style.reference)
@@ -59,7 +63,7 @@ std::vector<std::string> TextWriter::Write(const CKoord& record, const CKoord& s
                        static_cast<std::int32_t>(p.northing), DisplayedDigits());
         return {text, text};
     }
-    if (!string_->SetCoord(host::CoordOf(record).Get())) return {};
+    if (!string_->SetCoord(Made(host::CoordOf(record)).Get())) return {};
     if (style_.northResolution) string_->SetNorthPrecision(*style_.northResolution);
     if (style_.eastResolution) string_->SetEastPrecision(*style_.eastResolution);
     if (target_.system == KOORD_ECEF) return CartesianText();
@@ -87,7 +91,7 @@ std::string TextWriter::LibraryText(bool isNorth) const {
 std::vector<std::string> TextWriter::CartesianText() const {
     std::array<IRef<ITessaraString>, 3> texts;
     for (IRef<ITessaraString>& text : texts)
-        text = IRef<ITessaraString>(NewObject<host::Text>());
+        text = Made<ITessaraString>(NewObject<host::Text>());
     // The objects keep the decimals of the axes, so these are reset before each text.
     if (!style_.northResolution) string_->SetDefaultNorthPrecision();
     if (!style_.eastResolution) string_->SetDefaultEastPrecision();

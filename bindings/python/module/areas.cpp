@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "columns.h"
+#include "conversion/made.h"
 #include "lines.h"
 #include "map/map_sites.h"
 #include "module.h"
@@ -23,7 +24,7 @@ auto WithoutLock(const Operation& operation) {
 py::object Extent(const DegreeRows& rows, const std::string& datum, const std::string& system) {
     const IRef<IArray> line = LineOf(rows, DatumOf(datum));
     const Extremes extremes(ReferenceOf(system));
-    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const IRef<ICoordinateArea> area = toolkit::Made(CreateClassCoordinateArea());
     const bool isThere = WithoutLock([&] {
         return area->GetLineExtremes(line.Get(), extremes.north.Get(), extremes.east.Get(),
                                      extremes.south.Get(), extremes.west.Get());
@@ -35,15 +36,16 @@ py::object Extent(const DegreeRows& rows, const std::string& datum, const std::s
 DegreeRows Densify(const DegreeRows& rows, const std::string& datum, const std::string& system) {
     const IRef<IArray> line = LineOf(rows, DatumOf(datum));
     const IRef<ICoordinateReference> reference = toolkit::MakeReference(ReferenceOf(system));
-    const IRef<ILinePoints> points(CreateClassLinePoints());
-    const IRef<IArray> all(CreateClassArray());
+    const IRef<ILinePoints> points = toolkit::Made(CreateClassLinePoints());
+    const IRef<IArray> all = toolkit::Made(CreateClassArray());
     for (std::uint32_t i = 1; i < line->GetCount(); ++i) {
-        const IRef<IArray> chain(CreateClassArray());
-        if (!points->DensifyInReference(IRef<ICoord>(line->GetAt(i - 1)).Get(),
-                                        IRef<ICoord>(line->GetAt(i)).Get(), reference.Get(), chain.Get()))
+        const IRef<IArray> chain = toolkit::Made(CreateClassArray());
+        if (!points->DensifyInReference(toolkit::Made(IRef<ICoord>(line->GetAt(i - 1))).Get(),
+                                        toolkit::Made(IRef<ICoord>(line->GetAt(i))).Get(), reference.Get(),
+                                        chain.Get()))
             throw std::invalid_argument("edge " + std::to_string(i - 1) + " can't be followed in " + system);
         for (std::uint32_t k = i == 1 ? 0 : 1; k < chain->GetCount(); ++k)
-            all->Add(chain->GetAt(k));
+            all->Add(toolkit::Made(IRef<ICoord>(chain->GetAt(k))).Get());
     }
     return line->GetCount() < 2 ? rows : RowsOf(all.Get(), DatumOf(datum));
 }
@@ -53,7 +55,7 @@ py::array PointInPolygon(const std::vector<py::ssize_t>& shape, const py::array_
                          const std::string& datum) {
     const std::int32_t number = DatumOf(datum);
     const IRef<IArray> ring = LineOf(polygon, number);
-    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const IRef<ICoordinateArea> area = toolkit::Made(CreateClassCoordinateArea());
     InputArrays inputs(shape);
     const InColumn latitude = inputs.Add(latitudes);
     const InColumn longitude = inputs.Add(longitudes);
@@ -73,11 +75,11 @@ py::tuple Overlay(const DegreeRows& first, const DegreeRows& second, const std::
     const std::int32_t number = DatumOf(datum);
     const IRef<IArray> one = LineOf(first, number);
     const IRef<IArray> other = LineOf(second, number);
-    const IRef<IArray> neither(CreateClassArray());
-    const IRef<IArray> onlySecond(CreateClassArray());
-    const IRef<IArray> onlyFirst(CreateClassArray());
-    const IRef<IArray> both(CreateClassArray());
-    const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+    const IRef<IArray> neither = toolkit::Made(CreateClassArray());
+    const IRef<IArray> onlySecond = toolkit::Made(CreateClassArray());
+    const IRef<IArray> onlyFirst = toolkit::Made(CreateClassArray());
+    const IRef<IArray> both = toolkit::Made(CreateClassArray());
+    const IRef<ICoordinateArea> area = toolkit::Made(CreateClassCoordinateArea());
     const std::int32_t relation = WithoutLock([&] {
         return area->Overlay(one.Get(), other.Get(), neither.Get(), onlySecond.Get(), onlyFirst.Get(),
                              both.Get());

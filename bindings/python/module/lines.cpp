@@ -3,6 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "conversion/made.h"
 #include "map/map_sites.h"
 #include "record_fields.h"
 
@@ -13,7 +14,7 @@ namespace {
 // Degrees on the datum; NaN where there are none.
 GeodezPayload DegreesOf(ICoord* coord, std::int32_t datum, IMapCoordOperations* map) {
     const IRef<ICoord> degrees = EmptyCoord({.datum = datum, .system = KOORD_GEODEZ});
-    const IRef<ICoordinateTransfer> transfer(CreateClassCoordinateTransfer());
+    const IRef<ICoordinateTransfer> transfer = toolkit::Made(CreateClassCoordinateTransfer());
     const auto type = static_cast<std::int32_t>(host::RecordOf(coord).type);
     const bool isThere = toolkit::IsPixel(type)
                              ? map != nullptr && map->PixelCoordToCoord(coord, degrees.Get())
@@ -25,7 +26,7 @@ GeodezPayload DegreesOf(ICoord* coord, std::int32_t datum, IMapCoordOperations* 
 }  // namespace
 
 IRef<ICoord> EmptyCoord(const toolkit::Reference& reference) {
-    IRef<ICoord> coord(CreateClassCoord());
+    IRef<ICoord> coord = toolkit::Made(CreateClassCoord());
     coord->SetReference(toolkit::MakeReference(reference).Get());
     return coord;
 }
@@ -34,7 +35,7 @@ IRef<IArray> LineOf(const DegreeRows& rows, std::int32_t datum) {
     if (rows.ndim() != 2 || rows.shape(1) != 2)
         throw std::invalid_argument("a line or polygon is an array of rows: latitude, longitude");
     const auto degrees = rows.unchecked<2>();
-    IRef<IArray> line(CreateClassArray());
+    IRef<IArray> line = toolkit::Made(CreateClassArray());
     for (py::ssize_t i = 0; i < degrees.shape(0); ++i) {
         if (!std::isfinite(degrees(i, 0)) || !std::isfinite(degrees(i, 1)))
             throw std::invalid_argument("point " + std::to_string(i) + " isn't finite");
@@ -48,7 +49,7 @@ DegreeRows RowsOf(IArray* line, std::int32_t datum, IMapCoordOperations* map) {
     DegreeRows rows({count, py::ssize_t{2}});
     auto degrees = rows.mutable_unchecked<2>();
     for (py::ssize_t i = 0; i < count; ++i) {
-        const IRef<ICoord> coord(line->GetAt(static_cast<std::uint32_t>(i)));
+        const IRef<ICoord> coord = toolkit::Made(IRef<ICoord>(line->GetAt(static_cast<std::uint32_t>(i))));
         const GeodezPayload at = DegreesOf(coord.Get(), datum, map);
         degrees(i, 0) = at.latitude;
         degrees(i, 1) = at.longitude;
@@ -63,7 +64,7 @@ DegreeRows RowsOf(IArray* line, std::int32_t datum) {
 py::list LinesOf(IArray* lines, std::int32_t datum, IMapCoordOperations* map) {
     py::list made;
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i)
-        made.append(RowsOf(IRef<IArray>(lines->GetAt(i)).Get(), datum, map));
+        made.append(RowsOf(toolkit::Made(IRef<IArray>(lines->GetAt(i))).Get(), datum, map));
     return made;
 }
 

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "columns.h"
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "drawing/map_grid_lines.h"
 #include "drawing/map_page.h"
@@ -92,8 +93,8 @@ class Map {
             throw std::invalid_argument("the window has more than " + std::to_string(toolkit::MOST_LINES) +
                                         " lines with these steps");
         const IRef<ICoordinateGrid> grid = toolkit::MakeGrid(sheet_, reference, eastStep, northStep);
-        const IRef<IArray> east(CreateClassArray());
-        const IRef<IArray> north(CreateClassArray());
+        const IRef<IArray> east = toolkit::Made(CreateClassArray());
+        const IRef<IArray> north = toolkit::Made(CreateClassArray());
         if (!grid.IsValid() || !grid->GetEastLines(east.Get()) || !grid->GetNorthLines(north.Get()))
             throw std::invalid_argument("the window has no grid of " + system + " with these steps");
         const std::int32_t number = DatumOf(datum);
@@ -106,9 +107,9 @@ class Map {
         const Extremes extremes(ReferenceOf(system));
         const auto whole = [](double pixel) { return static_cast<std::int32_t>(std::lround(pixel)); };
         const toolkit::Window& window = sheet_.MapWindow();
-        const IRef<IRect> rect(NewObject<host::Rect>(whole(window.left), whole(window.top),
-                                                     whole(window.right), whole(window.bottom)));
-        const IRef<ICoordinateArea> area(CreateClassCoordinateArea());
+        const IRef<IRect> rect = toolkit::Made<IRect>(NewObject<host::Rect>(
+            whole(window.left), whole(window.top), whole(window.right), whole(window.bottom)));
+        const IRef<ICoordinateArea> area = toolkit::Made(CreateClassCoordinateArea());
         if (!area->GetMapRectExtremes(sheet_.Map(), rect.Get(), extremes.north.Get(), extremes.east.Get(),
                                       extremes.south.Get(), extremes.west.Get()))
             throw std::invalid_argument("the window has no extent in " + system);
@@ -120,19 +121,19 @@ class Map {
                                      const std::string& straight) const {
         const std::int32_t number = DatumOf(datum);
         const IRef<IArray> line = LineOf(rows, number);
-        const IRef<ILinePoints> points(CreateClassLinePoints());
-        const IRef<IArray> all(CreateClassArray());
+        const IRef<ILinePoints> points = toolkit::Made(CreateClassLinePoints());
+        const IRef<IArray> all = toolkit::Made(CreateClassArray());
         const auto densify = straight == "geodesic" ? &ILinePoints::DensifyGeodesic
                              : straight == "map"    ? &ILinePoints::DensifyMapStraight
                                                     : &ILinePoints::DensifyCoordStraight;
         for (std::uint32_t i = 1; i < line->GetCount(); ++i) {
-            const IRef<IArray> chain(CreateClassArray());
-            if (!(points.Get()->*densify)(sheet_.Map(), IRef<ICoord>(line->GetAt(i - 1)).Get(),
-                                          IRef<ICoord>(line->GetAt(i)).Get(), chain.Get()))
+            const IRef<IArray> chain = toolkit::Made(CreateClassArray());
+            if (!(points.Get()->*densify)(sheet_.Map(), toolkit::Made(IRef<ICoord>(line->GetAt(i - 1))).Get(),
+                                          toolkit::Made(IRef<ICoord>(line->GetAt(i))).Get(), chain.Get()))
                 throw std::invalid_argument("edge " + std::to_string(i - 1) +
                                             " can't be followed on the map");
             for (std::uint32_t k = i == 1 ? 0 : 1; k < chain->GetCount(); ++k)
-                all->Add(chain->GetAt(k));
+                all->Add(toolkit::Made(IRef<ICoord>(chain->GetAt(k))).Get());
         }
         return line->GetCount() < 2 ? rows : RowsOf(all.Get(), number);
     }

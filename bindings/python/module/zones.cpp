@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "columns.h"
+#include "conversion/made.h"
 #include "conversion/names.h"
 #include "errors.h"
 #include "lines.h"
@@ -26,8 +27,10 @@ struct Zone {
 class ZoneFinder {
   public:
     ZoneFinder(std::int32_t datum, const toolkit::Reference& system)
-        : datum_(datum), target_(toolkit::DefaultRecord(system)), zones_(CreateClassZoneCoordOperations()) {
-        if (!zones_->HasZones(host::CoordOf(target_).Get()))
+        : datum_(datum),
+          target_(toolkit::DefaultRecord(system)),
+          zones_(toolkit::Made(CreateClassZoneCoordOperations())) {
+        if (!zones_->HasZones(toolkit::Made(host::CoordOf(target_)).Get()))
             throw std::invalid_argument(toolkit::SystemName(system.system) + " has no zones");
     }
 
@@ -37,7 +40,7 @@ class ZoneFinder {
         tagKOORD record = target_;
         const KoordStatus status = KoordConvert(&degrees, &record);
         if (status != KOORD_OK) return status;
-        const IRef<ICoord> coord = host::CoordOf(record);
+        const IRef<ICoord> coord = toolkit::Made(host::CoordOf(record));
         *zone = {zones_->GetZoneNumber(coord.Get()), Longitude(&IZoneCoordOperations::GetZoneCentre, coord),
                  Longitude(&IZoneCoordOperations::GetWestNeighbour, coord),
                  Longitude(&IZoneCoordOperations::GetEastNeighbour, coord)};
@@ -48,7 +51,7 @@ class ZoneFinder {
     using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
 
     [[nodiscard]] double Longitude(Neighbour neighbour, const IRef<ICoord>& coord) const {
-        const IRef<ICoord> there(CreateClassCoord());
+        const IRef<ICoord> there = toolkit::Made(CreateClassCoord());
         if (!(zones_.Get()->*neighbour)(coord.Get(), there.Get())) return std::nan("");
         const tagKOORD record = host::RecordOf(there);
         tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);

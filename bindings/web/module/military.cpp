@@ -2,6 +2,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
+#include "conversion/made.h"
 #include "exports.h"
 #include "references.h"
 #include "tessara/host/text.h"
@@ -19,7 +20,7 @@ Texts Split(std::string_view pieces) {
     Texts texts;
     for (IRef<ITessaraString>& text : texts) {
         const std::size_t end = std::min(pieces.find('\t'), pieces.size());
-        text = IRef<ITessaraString>(NewObject<host::Text>());
+        text = toolkit::Made<ITessaraString>(NewObject<host::Text>());
         text->AssignText(std::string(pieces.substr(0, end)).c_str());
         pieces.remove_prefix(std::min(end + 1, pieces.size()));
     }
@@ -29,7 +30,7 @@ Texts Split(std::string_view pieces) {
 Json AsJson(IArray* list) {
     Json choices = Json::array();
     for (std::uint32_t i = 0; i < list->GetCount(); ++i)
-        choices.push_back(IRef<ITessaraString>(list->GetAt(i))->GetText());
+        choices.push_back(toolkit::Made(IRef<ITessaraString>(list->GetAt(i)))->GetText());
     return choices;
 }
 
@@ -43,8 +44,8 @@ Outcome MilitaryChoices(const char* pieces, std::size_t piecesSize, const char* 
         const std::int32_t number = DatumOf(std::string(datum, datumSize));
         const Texts texts = Split(TextAt(pieces, piecesSize));
         const auto& [zone, band, column, row, easting, northing] = texts;
-        const IRef<ICoordCheckerUTMREF> checker(CreateClassCoordCheckerUTMREF());
-        const IRef<IArray> list(CreateClassArray());
+        const IRef<ICoordCheckerUTMREF> checker = toolkit::Made(CreateClassCoordCheckerUTMREF());
+        const IRef<IArray> list = toolkit::Made(CreateClassArray());
         Json answer;
         checker->GetZoneList(list.Get());
         answer["zones"] = AsJson(list.Get());
