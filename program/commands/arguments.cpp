@@ -5,8 +5,8 @@
 #include <iterator>
 #include <map>
 
+#include "commands/typed_position.h"
 #include "conversion/names.h"
-#include "conversion/numbers.h"
 #include "run/toolkit_names.h"
 
 namespace tessara::program {
@@ -16,6 +16,22 @@ namespace {
 constexpr const char* ON_ERROR_NAMES[] = {"skip", "keep", "stop"};
 
 constexpr int MOST_JOBS = 256;
+
+// Reads the words, or returns the error.
+std::string WrongNumbers(const NumberInput& input, NumberArguments* arguments) {
+    const std::vector<std::string>& words = arguments->words;
+    if (!arguments->files.empty())
+        return words.empty() ? "" : "expected positions on the command line or --file, not both";
+    NumberReading reading = NumberReader(input, *DatumByName(arguments->datum)).Read(words);
+    arguments->numbers = std::move(reading.numbers);
+    if (reading.IsRead()) return {};
+    if (words.empty()) return reading.error + "; --file reads lines";
+    if (reading.texts.empty()) return reading.error;
+    // The lines below the reason show the piece.
+    std::string lines = ExplainFault(reading.position, reading.texts);
+    lines.pop_back();
+    return reading.error + lines.substr(std::min(lines.find('\n'), lines.size()));
+}
 
 // The datum after `auto@`, empty for `auto` alone; nothing for another name.
 std::optional<std::string> BehindAuto(const std::string& name) {
@@ -98,43 +114,30 @@ void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string
                 const std::string& description) {
     command.add_option(names, arguments.words, description)->type_name("");
     command
-        .add_option(
-            "--file", arguments.files,
-            "Read lines of these numbers from FILE instead; '-' is standard input. Repeat the option for "
-            "more files. The rest of a line is copied to the output")
+        .add_option("--file", arguments.files,
+                    "Read lines of the same from FILE instead; '-' is standard input. Repeat the option for "
+                    "more files. The rest of a line is copied to the output")
         ->type_name("FILE")
         ->allow_extra_args(false);
+    AddDatum(command, "--datum", arguments.datum, "Datum of all positions");
     command.add_flag("--json", arguments.isJson,
                      "Write one JSON object per line, with all digits of the numbers");
     AddFileOptions(command, arguments.lines, "Files");
 }
 
-std::string WrongNumbers(const NumberArguments& arguments, const std::vector<NumberColumn>& columns) {
-    std::string names;
-    for (const NumberColumn& column : columns)
-        (names += ' ') += column.name;
-    if (!arguments.files.empty())
-        return arguments.words.empty() ? "" : "expected numbers on the command line or --file, not both";
-    if (arguments.words.size() != columns.size()) {
-        return "expected" + names + ", or --file; found " + std::to_string(arguments.words.size()) +
-               (arguments.words.size() == 1 ? " value" : " values");
-    }
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        std::string wrong = columns[i].wrong(arguments.words[i]);
-        if (!wrong.empty()) return std::string(columns[i].name) + ": " + wrong;
-    }
-    return {};
+void ReadNumbers(const CLI::App& command, const NumberInput& input, NumberArguments* arguments) {
+    const std::string wrong = WrongNumbers(input, arguments);
+    if (!wrong.empty()) throw CLI::ValidationError("tessara " + command.get_name(), wrong);
 }
 
-ExitCode Compute(const NumberArguments& arguments, const NumberComputation& computation) {
+ExitCode Compute(const NumberArguments& arguments, const NumberInput& input, const ComputeNumbers& compute) {
+    const std::string& datum = arguments.datum;
+    const NumberComputation computation{input, *DatumByName(datum), {{"datum", datum, 0}}, compute};
     if (!arguments.files.empty()) {
         return ComputeLines({arguments.files, arguments.lines.rejects, arguments.lines.jobs},
                             {computation, arguments.isJson, arguments.lines.WhatOnError()});
     }
-    std::vector<double> numbers;
-    for (const std::string& word : arguments.words)
-        numbers.push_back(*ParseNumber(word));
-    return ComputeOnce(computation, numbers, arguments.isJson);
+    return ComputeOnce(computation, arguments.numbers, arguments.isJson);
 }
 
 }  // namespace tessara::program

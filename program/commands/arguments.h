@@ -43,20 +43,22 @@ struct FileOptions {
 };
 void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group);
 
-// The numbers of a computation, from the command line or from the lines of --file.
+// The positions and numbers of a computation, from the command line or from the lines of --file.
 struct NumberArguments {
     std::vector<std::string> words;
     std::vector<std::string> files;
+    std::string datum = "WGS84";
     bool isJson = false;
     FileOptions lines;
+    std::vector<double> numbers;  // of the words
 };
 void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string& names,
                 const std::string& description);
 
-// The error in the numbers; empty for valid ones.
-[[nodiscard]] std::string WrongNumbers(const NumberArguments& arguments,
-                                       const std::vector<NumberColumn>& columns);
-[[nodiscard]] ExitCode Compute(const NumberArguments& arguments, const NumberComputation& computation);
+// Reads the words; an error is a usage error.
+void ReadNumbers(const CLI::App& command, const NumberInput& input, NumberArguments* arguments);
+[[nodiscard]] ExitCode Compute(const NumberArguments& arguments, const NumberInput& input,
+                               const ComputeNumbers& compute);
 
 // The reference of typed positions: SYSTEM[:PARAMETERS][@DATUM], or auto[@DATUM] for any system.
 [[nodiscard]] std::optional<Reference> TypedReferenceByName(const std::string& name,

@@ -8,6 +8,7 @@
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "files/json_object.h"
+#include "files/typed_words.h"
 #include "tessara/kernel/systems.h"
 
 namespace tessara::program {

@@ -18,25 +18,26 @@ constexpr const char* FOOTER =
     R"(Writes the latitude and longitude of the position at the given azimuth and distance, and the azimuth back
 from there, all in degrees. Azimuths count clockwise from north.
 
+The position is degrees, positive north and east, or any text that `tessara convert --from auto` reads. A line of
+a file has four numbers, or columns separated by tabs, semicolons or commas, one or two of them for the position,
+or a position and two numbers between blanks and nothing else. Input with several meanings is rejected.
+
 Examples:
   tessara direct 40.64 -73.78 51.4 5553886    from New York towards London
   tessara direct --json 40.64 -73.78 51.4 5553886
-  tessara direct --file rays.txt              reads lines LAT LON AZIMUTH DISTANCE)";
+  tessara direct 32UPU9160234791 51.4 1000
+  tessara direct --file rays.txt              reads lines)";
 
-struct Options {
-    NumberArguments numbers;
-    std::string datum = "WGS84";
-};
-
-const std::vector<NumberColumn> COLUMNS{{"latitude1", WrongLatitude},
-                                        {"longitude1", WrongLongitude},
-                                        {"azimuth1", WrongNumber},
-                                        {"distance", WrongNumber}};
+const NumberInput INPUT{1,
+                        {{"latitude1", WrongLatitude},
+                         {"longitude1", WrongLongitude},
+                         {"azimuth1", WrongNumber},
+                         {"distance", WrongNumber}}};
 
 // The interfaces have no geodesic problem; the kernel does.
-ExitCode WriteDirect(const Options& options) {
+ExitCode WriteDirect(const NumberArguments& arguments) {
     double axes[2];
-    Geodesic_LoadAxes(axes, *DatumByName(options.datum));
+    Geodesic_LoadAxes(axes, *DatumByName(arguments.datum));
     const auto compute = [&axes](const std::vector<double>& n, std::vector<Field>* results) -> std::string {
         const GeodesicResult end = Geodesic_DirectCore(n[0], n[1], n[3], n[2], axes[0], axes[1]);
         if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude))
@@ -46,7 +47,7 @@ ExitCode WriteDirect(const Options& options) {
         results->push_back(AzimuthField("azimuth2", end.backAzimuth));
         return {};
     };
-    return Compute(options.numbers, {COLUMNS, {{"datum", options.datum, 0}}, compute});
+    return Compute(arguments, INPUT, compute);
 }
 
 }  // namespace
@@ -55,15 +56,12 @@ void AddDirect(CLI::App& program, Action& action) {
     CLI::App* const command =
         program.add_subcommand("direct", "Computes the position at an azimuth and a distance from another");
     command->footer(FOOTER);
-    const auto options = std::make_shared<Options>();
-    AddNumbers(*command, options->numbers, "LAT LON AZIMUTH DISTANCE",
-               "Position in degrees, positive north and east; azimuth in degrees clockwise from north; "
-               "distance in metres");
-    AddDatum(*command, "--datum", options->datum, "Datum of both positions");
-    command->callback([options, &action] {
-        if (const std::string wrong = WrongNumbers(options->numbers, COLUMNS); !wrong.empty())
-            throw CLI::ValidationError("tessara direct", wrong);
-        action = [options] { return WriteDirect(*options); };
+    const auto arguments = std::make_shared<NumberArguments>();
+    AddNumbers(*command, *arguments, "POSITION AZIMUTH DISTANCE",
+               "Position; azimuth in degrees clockwise from north; distance in metres");
+    command->callback([arguments, command, &action] {
+        ReadNumbers(*command, INPUT, arguments.get());
+        action = [arguments] { return WriteDirect(*arguments); };
     });
 }
 

@@ -18,25 +18,27 @@ constexpr const char* FOOTER =
 second position, both in degrees clockwise from north. For nearly antipodal positions the iteration may not
 converge; the exit status is 1 then.
 
+Positions are degrees, positive north and east, or any text that `tessara convert --from auto` reads. A line of a
+file has four numbers, or a position in one or two columns separated by tabs, semicolons or commas, or two
+positions between blanks and nothing else. Input with several meanings is rejected.
+
 Examples:
   tessara distance 40.64 -73.78 51.47 -0.45    from New York to London
   tessara distance --json 40.64 -73.78 51.47 -0.45
-  tessara distance --file legs.txt             reads lines LAT1 LON1 LAT2 LON2)";
+  tessara distance 32UPU9160234791 "52°31'12\"N 13°24'18\"E"
+  tessara distance 32U 691602 5334791 33U 391800 5820000
+  tessara distance --file legs.txt             reads lines)";
 
-struct Options {
-    NumberArguments numbers;
-    std::string datum = "WGS84";
-};
-
-const std::vector<NumberColumn> COLUMNS{{"latitude1", WrongLatitude},
-                                        {"longitude1", WrongLongitude},
-                                        {"latitude2", WrongLatitude},
-                                        {"longitude2", WrongLongitude}};
+const NumberInput INPUT{2,
+                        {{"latitude1", WrongLatitude},
+                         {"longitude1", WrongLongitude},
+                         {"latitude2", WrongLatitude},
+                         {"longitude2", WrongLongitude}}};
 
 // The interfaces have no geodesic problem; the kernel does.
-ExitCode WriteDistances(const Options& options) {
+ExitCode WriteDistances(const NumberArguments& arguments) {
     double axes[2];
-    Geodesic_LoadAxes(axes, *DatumByName(options.datum));
+    Geodesic_LoadAxes(axes, *DatumByName(arguments.datum));
     const auto compute = [&axes](const std::vector<double>& n, std::vector<Field>* results) -> std::string {
         const GeodesicResult way = Geodesic_InverseCore(n[0], n[1], n[2], n[3], axes[0], axes[1]);
         if (way.distance < 0.0) return "the iteration for the geodesic does not converge";
@@ -45,7 +47,7 @@ ExitCode WriteDistances(const Options& options) {
         results->push_back(AzimuthField("azimuth2", way.azimuth21));
         return {};
     };
-    return Compute(options.numbers, {COLUMNS, {{"datum", options.datum, 0}}, compute});
+    return Compute(arguments, INPUT, compute);
 }
 
 }  // namespace
@@ -54,13 +56,11 @@ void AddDistance(CLI::App& program, Action& action) {
     CLI::App* const command =
         program.add_subcommand("distance", "Computes the distance and the azimuths between two positions");
     command->footer(FOOTER);
-    const auto options = std::make_shared<Options>();
-    AddNumbers(*command, options->numbers, "LAT1 LON1 LAT2 LON2", "Degrees, positive north and east");
-    AddDatum(*command, "--datum", options->datum, "Datum of both positions");
-    command->callback([options, &action] {
-        if (const std::string wrong = WrongNumbers(options->numbers, COLUMNS); !wrong.empty())
-            throw CLI::ValidationError("tessara distance", wrong);
-        action = [options] { return WriteDistances(*options); };
+    const auto arguments = std::make_shared<NumberArguments>();
+    AddNumbers(*command, *arguments, "POSITION1 POSITION2", "Two positions");
+    command->callback([arguments, command, &action] {
+        ReadNumbers(*command, INPUT, arguments.get());
+        action = [arguments] { return WriteDistances(*arguments); };
     });
 }
 

@@ -4,21 +4,10 @@
 
 #include "files/record_writer.h"
 #include "files/report.h"
+#include "files/typed_words.h"
 
 namespace tessara::program {
 namespace {
-
-std::string Joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const std::string& word : words)
-        text += (text.empty() ? "" : " ") + word;
-    return text;
-}
-
-// Two words are two texts.
-std::vector<std::string> TextsOf(const std::vector<std::string>& words) {
-    return words.size() == 2 ? words : std::vector<std::string>{Joined(words)};
-}
 
 // The number of characters in a UTF-8 text.
 std::size_t Width(std::string_view bytes) {
@@ -47,11 +36,6 @@ Record RecordOf(const std::vector<std::string>& texts) {
 }
 
 }  // namespace
-
-TypedResult ReadWords(const TypedReader& reader, const std::vector<std::string>& words) {
-    const std::vector<std::string> texts = TextsOf(words);
-    return texts.size() == 2 ? reader.Read(texts[0], texts[1]) : reader.Read(texts[0]);
-}
 
 std::string ExplainFault(const TypedResult& result, const std::vector<std::string>& words) {
     std::string lines = result.fault.reason + '\n';

@@ -10,9 +10,6 @@
 
 namespace tessara::program {
 
-// Two words are a north and an east text; any other number of words is one text.
-[[nodiscard]] TypedResult ReadWords(const TypedReader& reader, const std::vector<std::string>& words);
-
 // The reason why a text is rejected, and the text with the piece in question underlined.
 [[nodiscard]] std::string ExplainFault(const TypedResult& result, const std::vector<std::string>& words);
 

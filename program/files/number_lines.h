@@ -1,30 +1,27 @@
-// Computes results from lines of numbers.
+// Computes results from lines of positions and numbers.
 #pragma once
 
+#include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "conversion/fields.h"
+#include "files/number_reader.h"
 #include "files/record_conversion.h"
 #include "run/pipeline.h"
 #include "run/toolkit_names.h"
 
 namespace tessara::program {
 
-// One of the numbers at the start of a line.
-struct NumberColumn {
-    const char* name;
-    std::string (*wrong)(std::string_view);  // returns the error in a word, or an empty text
-};
+// Fills in the results, or returns the error.
+using ComputeNumbers = std::function<std::string(const std::vector<double>&, std::vector<Field>*)>;
 
 struct NumberComputation {
-    std::vector<NumberColumn> columns;
-    std::vector<Field> about;  // other members of a JSON object, such as the datum
-    // Fills in the results, or returns the error.
-    std::function<std::string(const std::vector<double>&, std::vector<Field>*)> compute;
+    NumberInput input;
+    std::int32_t datum = 0;    // of the positions
+    std::vector<Field> about;  // other members of a JSON object
+    ComputeNumbers compute;
 };
 
 struct NumberLines {

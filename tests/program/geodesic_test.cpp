@@ -164,6 +164,149 @@ TEST(Direct, ReadsRaysFromFilesAndWritesObjects) {
     EXPECT_EQ(once["azimuth1"], 90.0);
 }
 
+namespace {
+
+// GeographicLib, manual page of GeodSolve: New York at 40:38:23N 073:46:44W to Singapore at 01:21:33N
+// 103:59:22E, 15347628 m.
+void ExpectTheWayToSingapore(const Outcome& outcome) {
+    EXPECT_NEAR(Numbers(outcome)[0], 15347628.0, 0.5) << outcome.err;
+}
+
+// What goes to standard error, without the hint at the help.
+std::string Error(const std::vector<std::string>& arguments) {
+    const Outcome outcome = Tessara(arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    return outcome.err.substr(0, outcome.err.find("\nRun with"));
+}
+
+}  // namespace
+
+TEST(Distance, TakesDegreesAsTyped) {
+    for (const std::vector<std::string>& positions : {
+             std::vector<std::string>{"40°38'23\"N 73°46'44\"W", "1°21'33\"N 103°59'22\"E"},
+             {"N 40 38 23, W 73 46 44", "1 21 33 N", "103 59 22 E"},
+             {"40", "38", "23", "N", "73", "46", "44", "W", "1", "21", "33", "N", "103", "59", "22", "E"},
+             {"40", "38", "23", "-73", "46", "44", "1", "21", "33", "103", "59", "22"},
+             {"40.639722222222, -73.778888888889", "1.359166666667", "103.989444444444"},
+             {"40,639722222222 -73,778888888889", "1°21'33\"N 103°59'22\"E"},
+         }) {
+        std::vector<std::string> arguments{"distance"};
+        arguments.insert(arguments.end(), positions.begin(), positions.end());
+        ExpectTheWayToSingapore(Tessara(arguments));
+    }
+}
+
+// A position is at no distance from the latitude and longitude to which it is converted. The distance is
+// written to a tenth of a millimetre.
+TEST(Distance, TakesTheFormsThatConvertRecognises) {
+    for (const std::string form : {"32UPU9160234791", "32u pu 916 348", "32N 691602 5334791",
+                                   "32U 691602.66 5334791.14", "NJFM3407", "TQ 30 80", "Y 2132000 1898000"}) {
+        const Json converted =
+            Json::parse(Tessara({"convert", "--json", "--to", "GEODEZ", "--position", form}).out);
+        const auto number = [&](const char* name) { return converted["results"][0]["fields"][name].dump(); };
+        const Outcome outcome = Tessara({"distance", form, number("latitude"), number("longitude")});
+        EXPECT_EQ(Numbers(outcome)[0], 0.0) << form;
+    }
+}
+
+TEST(Distance, DividesWordsAmongPositions) {
+    const Outcome quoted = Tessara({"distance", "32U 691602 5334791", "33UUU9180020000"});
+    EXPECT_EQ(quoted.status, 0);
+    for (const std::vector<std::string>& arguments : {
+             std::vector<std::string>{"distance", "32U", "691602", "5334791", "33UUU9180020000"},
+             {"distance", "32UPU9160234791", "33U", "391800", "5820000"},
+             {"distance", "32U", "PU", "91602", "34791", "33U", "391800", "5820000"},
+         })
+        EXPECT_EQ(Tessara(arguments).out, quoted.out) << ::testing::PrintToString(arguments);
+}
+
+// Of six numbers, either position could have minutes; letters decide.
+TEST(Distance, NumbersOnlyDivideInEqualParts) {
+    const Outcome minutes = Tessara({"distance", "1", "2", "3", "4", "5", "6", "7", "8"});
+    EXPECT_EQ(minutes.status, 0);
+    EXPECT_EQ(minutes.out, Tessara({"distance", "1 2 N 3 4 E", "5 6 N 7 8 E"}).out);
+    EXPECT_EQ(Error({"distance", "1", "2", "3", "4", "5", "6"}),
+              "tessara distance: expected latitude1 longitude1 latitude2 longitude2, found 6 values");
+    EXPECT_EQ(Tessara({"distance", "1", "2", "3 4 5 6"}).out,
+              Tessara({"distance", "1 2", "3 4 N 5 6 E"}).out);
+}
+
+TEST(Distance, NamesThePieceInError) {
+    EXPECT_EQ(Error({"distance", "32UPU9160234791", "52 61 12 N 13 24 18 E"}),
+              "tessara distance: position 2: '61': minutes must be below 60\n"
+              "  52 61 12 N 13 24 18 E\n"
+              "     ^^");
+    EXPECT_EQ(Error({"distance", "32UPI9160234791", "52.5", "13.4"}).find("tessara distance: position 1: 'I"),
+              0u);
+    EXPECT_EQ(Error({"direct", "52 61 12 N 13 24 18 E", "90", "1000"}),
+              "tessara direct: '61': minutes must be below 60\n"
+              "  52 61 12 N 13 24 18 E\n"
+              "     ^^");
+    EXPECT_EQ(Error({"direct", "32UPU9160234791", "x", "1000"}), "tessara direct: 'x' is not a number");
+    EXPECT_EQ(Error({"distance", "1", "2", "3", "x"}), "tessara distance: longitude2: 'x' is not a number");
+}
+
+TEST(Distance, ReadsTypedPositionsFromLines) {
+    const std::string way = Tessara({"distance", "32UPU9160234791", "33UUU9180020000"}).out;
+    const std::string plain = Tessara({"distance", "48.1375", "11.5755", "52.5", "13.25"}).out;
+    const auto with = [](std::string line, const std::string& rest) {
+        return line.insert(line.size() - 1, rest);
+    };
+    const std::pair<std::string, std::string> lines[] = {
+        {"32UPU9160234791;33UUU9180020000;leg 1", with(way, "\tleg 1")},
+        {"32UPU9160234791\t33U 391800 5820000", way},
+        {"N 5334791;32 691602;N 5820000;33 391800;a;b", with(way, "\ta;b")},
+        {"32UPU9160234791 33UUU9180020000  # nothing follows", way},
+        {"48.1375, 11.5755; 52.5, 13.25; x", with(plain, "\tx")},
+        {"48.1375,11.5755,52.5,13.25,x,y", with(plain, "\tx,y")},
+        {"\"48,1375 11,5755\";\"52,5 13,25\"", plain},
+        {"48.1375\t11.5755\t52.5\t13.25\tx", with(plain, "\tx")},
+        {"48.1375 11.5755 52.5 13.25 1 2", with(plain, "\t1 2")},
+    };
+    for (const auto& [line, expected] : lines) {
+        const Outcome outcome = Tessara({"distance", "--file", "-"}, line + "\n");
+        EXPECT_EQ(outcome.out, expected) << line << outcome.err;
+    }
+}
+
+// Whole degrees in a line can be degrees and minutes of other positions.
+TEST(Distance, RefusesLinesWithSeveralMeanings) {
+    const auto error = [](const std::string& line) {
+        const Outcome outcome = Tessara({"distance", "--file", "-"}, line + "\n");
+        EXPECT_EQ(outcome.out, "") << line;
+        return outcome.err;
+    };
+    EXPECT_EQ(error("10 20 30 40\t1\t2"), "-:1: ambiguous: 10 20 30 40, or 10.33333 30.66667 1 2\n");
+    EXPECT_EQ(error("10 20 30 40 1 2 3 4"),
+              "-:1: ambiguous: 10 20 30 40, or 10.33333 30.66667 1.03333 3.06667\n");
+    EXPECT_EQ(error("32UPU9160234791;32UPI9160234791").find("-:1: position 2: 'I"), 0u);
+}
+
+TEST(Direct, TakesAPositionInAnyForm) {
+    const std::string north = Tessara({"direct", "48.5", "11.25", "0", "1000"}).out;
+    for (const std::vector<std::string>& arguments : {
+             std::vector<std::string>{"direct", "48°30'N 11°15'E", "0", "1000"},
+             {"direct", "48", "30", "11", "15", "0", "1000"},
+             {"direct", "N", "48", "30", "0", "E", "11", "15", "0", "0", "1000"},
+         })
+        EXPECT_EQ(Tessara(arguments).out, north) << ::testing::PrintToString(arguments);
+    for (const std::string line : {"48 30 N 11 15 E;0;1000", "48.5,11.25,0,1000", "48°30'N 11°15'E 0 1000"})
+        EXPECT_EQ(Tessara({"direct", "--file", "-"}, line + "\n").out, north) << line;
+    EXPECT_EQ(Tessara({"direct", "--file", "-"}, "48 30 11 15 0 1000\n").err,
+              "-:1: ambiguous: 48 30 11 15, or 48.5 11.25 0 1000\n");
+}
+
+TEST(GeodesicUsage, TypedPositionsAreOnTheDatum) {
+    const Outcome plain = Tessara({"distance", "42.25", "-71.5", "45.5", "-123.75", "--datum", "NAD27"});
+    const Outcome typed = Tessara({"distance", "42°15'N 71°30'W", "45°30'N 123°45'W", "--datum", "NAD27"});
+    EXPECT_EQ(typed.out, plain.out);
+    const Json object =
+        Json::parse(Tessara({"distance", "--json", "42°15'N 71°30'W", "45.5", "-123.75"}).out);
+    EXPECT_EQ(object["latitude1"], 42.25);
+    EXPECT_EQ(object["longitude1"], -71.5);
+}
+
 TEST(GeodesicUsage, TakesNumbersFromOnePlace) {
     EXPECT_EQ(Tessara({"distance", "--file", "-", "1", "2", "3", "4"}).status, 2);
     EXPECT_EQ(Tessara({"distance"}).status, 2);
