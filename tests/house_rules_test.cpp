@@ -211,6 +211,7 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/grids/date_line_map", "tests/grids/coordinate_grid_test.cpp"},
     {"src/columns/datum_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/ecef_loops", "tests/systems/convert_many_equality_test.cpp"},
+    {"src/columns/geodesic_loops", "tests/columns/geodesic_columns_test.cpp"},
     {"src/columns/origin_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/range_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/sphere_loops", "tests/systems/convert_many_equality_test.cpp"},

@@ -3,37 +3,16 @@
 #include <atomic>
 #include <chrono>
 #include <cstring>
-#include <ctime>
 #include <limits>
 #include <thread>
 
+#include "bench/peers/array_timing.h"
 #include "bench/peers/record_values.h"
 #include "tessara/kernel/columns.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara::bench {
 namespace {
-
-constexpr std::size_t REPETITIONS = 244;
-constexpr std::size_t COUNT = REPETITIONS * POSITIONS;
-constexpr std::size_t RUNS = 7;
-
-template <class Value>
-std::vector<Value> Repeated(const std::vector<Value>& values) {
-    std::vector<Value> all;
-    all.reserve(COUNT);
-    for (std::size_t i = 0; i < REPETITIONS; ++i)
-        all.insert(all.end(), values.begin(), values.end());
-    return all;
-}
-
-// Nanoseconds of processor time per position, so that other programs do not count.
-template <class Work>
-double TimeOf(Work work) {
-    const std::clock_t start = std::clock();
-    work();
-    return 1e9 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / static_cast<double>(COUNT);
-}
 
 // Elapsed time, for work of several threads.
 template <class Work>
@@ -72,11 +51,6 @@ double SpeedOfTwoThreads(Convert convertPart) {
     }
     other.join();
     return one / two;
-}
-
-double Median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 // The fields of a type as consecutive columns: doubles, and one byte per letter.

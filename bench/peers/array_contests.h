@@ -39,4 +39,7 @@ struct ArrayFigures {
 void PrintArrayHeading(double copying);
 void PrintArrayRow(const std::string& name, const ArrayFigures& figures, double copying);
 
+// Geodesics in columns beside single calls, and prints them.
+void CompareGeodesicArrays(const std::function<bool(const std::string&)>& isWanted);
+
 }  // namespace tessara::bench

@@ -73,6 +73,7 @@ void CompareArrays(const Options& options) {
     for (const ArrayTask& task : tasks) {
         if (options.Wants(task.name)) PrintArrayRow(task.name, TimeArrays(task), copying);
     }
+    CompareGeodesicArrays([&](const std::string& name) { return options.Wants(name); });
 }
 
 int Main(int count, char** arguments) {

@@ -26,6 +26,7 @@
 #include "tessara/kernel/fixed_grids.h"
 #include "tessara/kernel/formulas.h"
 #include "tessara/kernel/geodesic.h"
+#include "tessara/kernel/geodesic_columns.h"
 #include "tessara/kernel/georef.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"

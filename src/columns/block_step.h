@@ -13,7 +13,7 @@
 
 namespace tessara {
 
-// What processors of one family have.
+// What processors of one family have: registers of 2, 4 and 8 doubles.
 enum class InstructionSet : std::uint8_t { Plain, Avx2, Avx512 };
 
 inline constexpr InstructionSet INSTRUCTION_SETS[] = {InstructionSet::Plain, InstructionSet::Avx2,
@@ -23,12 +23,18 @@ inline constexpr InstructionSet INSTRUCTION_SETS[] = {InstructionSet::Plain, Ins
 // The last one that this processor has.
 [[nodiscard]] InstructionSet BestInstructionSet();
 
-using BlockLoop = void (*)(const std::byte* constants, Block& block, std::size_t rows);
-
-// One loop for each set of instructions.
-struct BlockLoops {
-    std::array<BlockLoop, std::size(INSTRUCTION_SETS)> bySet;
+// One loop over columns of a kind for each set of instructions.
+template <class Columns>
+struct LoopsOver {
+    using Loop = void (*)(const std::byte* constants, Columns& columns, std::size_t rows);
+    std::array<Loop, std::size(INSTRUCTION_SETS)> bySet;
 };
+
+// Rows are computed by whole registers: what stands behind the last one, too.
+[[nodiscard]] constexpr std::size_t WholeRegisters(InstructionSet set, std::size_t rows) {
+    const std::size_t doubles = std::size_t{2} << static_cast<std::size_t>(set);
+    return (rows + doubles - 1) / doubles * doubles;
+}
 
 class BlockStep {
   public:
@@ -36,7 +42,7 @@ class BlockStep {
     BlockStep() = default;
 
     template <class Formula>
-    BlockStep(const Formula& formula, const BlockLoops& loops) : loops_(&loops) {
+    BlockStep(const Formula& formula, const LoopsOver<Block>& loops) : loops_(&loops) {
         static_assert(std::is_trivially_copyable_v<Formula> && sizeof formula <= sizeof constants_);
         std::memcpy(constants_, &formula, sizeof formula);
     }
@@ -46,7 +52,7 @@ class BlockStep {
     }
 
   private:
-    const BlockLoops* loops_ = nullptr;
+    const LoopsOver<Block>* loops_ = nullptr;
     alignas(8) std::byte constants_[256];
 };
 

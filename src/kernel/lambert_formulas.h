@@ -116,11 +116,6 @@ template <Cases cases>
 }
 
 template <Cases cases>
-[[nodiscard]] inline SinCos DirectionOf(double angle) {
-    return cases == Cases::Choose ? SinCosOrdinary(angle) : SinCosOf(angle);
-}
-
-template <Cases cases>
 [[nodiscard]] inline GridPoint Forward(double latitude, double longitude, const Cone& cone) {
     const double phi = latitude * RADIANS_PER_DEGREE;
     const SinCos direction = DirectionOf<cases>(phi);

@@ -13,6 +13,7 @@
 
 #include <cmath>
 
+#include "numerics/conditions.h"
 #include "numerics/double_pair.h"
 #include "numerics/polynomial.h"
 
@@ -129,15 +130,17 @@ template <Digits DIGITS>
     return AcosOrdinary(cosine);
 }
 
-// The angle of (x, y) from the x axis, -pi..pi. That of (0, 0) is 0 or pi by the sign of x.
-[[nodiscard]] inline double Atan2(double y, double x) {
+// Whether Atan2Ordinary is good for the vector.
+[[nodiscard, gnu::always_inline]] constexpr bool IsOrdinaryVector(double y, double x) {
     const double one = Absolute(x);
     const double other = Absolute(y);
-    const double more = one < other ? other : one;
-    const double less = one < other ? one : other;
-    const bool isOrdinary =
-        more <= arcs::GREATEST && (less >= arcs::LEAST || (less == 0.0 && more >= arcs::LEAST));
-    return isOrdinary ? Atan2Ordinary(y, x) : arcs::Atan2OfOther(y, x);
+    return AllOf(one <= arcs::GREATEST, other <= arcs::GREATEST, AnyOf(one >= arcs::LEAST, one == 0.0),
+                 AnyOf(other >= arcs::LEAST, other == 0.0));
+}
+
+// The angle of (x, y) from the x axis, -pi..pi. That of (0, 0) is 0 or pi by the sign of x.
+[[nodiscard]] inline double Atan2(double y, double x) {
+    return IsOrdinaryVector(y, x) ? Atan2Ordinary(y, x) : arcs::Atan2OfOther(y, x);
 }
 
 }  // namespace tessara

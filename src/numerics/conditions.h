@@ -9,4 +9,10 @@ template <class... Conditions>
     return static_cast<bool>((conditions & ...));
 }
 
+// Whether one of the conditions holds, each of them looked at.
+template <class... Conditions>
+[[nodiscard, gnu::always_inline]] constexpr bool AnyOf(Conditions... conditions) {
+    return static_cast<bool>((conditions | ...));
+}
+
 }  // namespace tessara

@@ -14,6 +14,12 @@
 
 namespace tessara {
 
+// SinCosOf; to choose between the cases, the angle has to be ordinary.
+template <Cases cases>
+[[nodiscard]] inline SinCos DirectionOf(double angle) {
+    return cases == Cases::Choose ? SinCosOrdinary(angle) : SinCosOf(angle);
+}
+
 // Up to a tenth of a radian, 5.7 degrees, a few terms of the power series are exact to the last place. x2 is
 // the square of the angle.
 [[nodiscard]] inline bool IsSmall(double x2) {

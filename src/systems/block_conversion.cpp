@@ -64,11 +64,8 @@ void BlockConversion::LoadWanted(std::span<const tagKOORD> targets, Block& block
 }
 
 void BlockConversion::Compute(Block& block, std::size_t rows, InstructionSet set) const {
-    // Whole registers: what stands behind the last row is computed, too.
-    constexpr std::size_t longest = 8;
-    const std::size_t computed = (rows + longest - 1) / longest * longest;
     for (const BlockStep& step : steps_)
-        step.Run(set, block, computed);
+        step.Run(set, block, WholeRegisters(set, rows));
 }
 
 void BlockConversion::Store(const Block& block, std::span<tagKOORD> targets,

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 
+#include "columns/strided.h"
 #include "numerics/rounding.h"
 #include "systems/block_conversion.h"
 #include "systems/conversion.h"
@@ -22,68 +23,6 @@ constexpr OutputField CONE_COLUMNS[]{
 bool IsComplete(KoordStatus status) {
     return status == KOORD_OK || status == KOORD_ERR_ZONE_DISTANT;
 }
-
-// A column of chars or doubles, from some row on.
-class In {
-  public:
-    In(const SourceColumn& column, std::size_t first)
-        : at_(column.first == nullptr ? nullptr
-                                      : static_cast<const char*>(column.first) +
-                                            static_cast<std::ptrdiff_t>(first) * column.stride),
-          stride_(column.stride) {}
-
-    [[nodiscard]] bool Exists() const { return at_ != nullptr; }
-    [[nodiscard]] const char* Letters(std::size_t row) const {
-        return at_ + static_cast<std::ptrdiff_t>(row) * stride_;
-    }
-    [[nodiscard]] double Number(std::size_t row) const {
-        double value;
-        std::memcpy(&value, Letters(row), sizeof value);
-        return value;
-    }
-    void CopyNumbers(std::size_t rows, double* numbers) const {
-        if (stride_ == sizeof *numbers) {
-            std::memcpy(numbers, at_, rows * sizeof *numbers);
-            return;
-        }
-        for (std::size_t row = 0; row < rows; ++row)
-            numbers[row] = Number(row);
-    }
-
-  private:
-    const char* at_;
-    std::ptrdiff_t stride_;
-};
-
-class Out {
-  public:
-    Out(const TargetColumn& column, std::size_t first)
-        : at_(column.first == nullptr
-                  ? nullptr
-                  : static_cast<char*>(column.first) + static_cast<std::ptrdiff_t>(first) * column.stride),
-          stride_(column.stride) {}
-
-    [[nodiscard]] bool Exists() const { return at_ != nullptr; }
-    template <class Value>
-    void Put(std::size_t row, Value value) const {
-        std::memcpy(Letters(row), &value, sizeof value);
-    }
-    [[nodiscard]] char* Letters(std::size_t row) const {
-        return at_ + static_cast<std::ptrdiff_t>(row) * stride_;
-    }
-    void PutNumbers(std::size_t rows, const double* numbers) const {
-        if (stride_ == sizeof *numbers) {
-            std::memcpy(at_, numbers, rows * sizeof *numbers);
-            return;
-        }
-        for (std::size_t row = 0; row < rows; ++row)
-            Put(row, numbers[row]);
-    }
-
-  private:
-    char* at_;
-    std::ptrdiff_t stride_;
-};
 
 // In a record that has one.
 void SetHeight(tagKOORD* record, double height) {
@@ -130,7 +69,7 @@ class ColumnConversion {
 
   private:
     void ReadHeights(std::size_t first, std::size_t rows) {
-        const In heights(from_.height, first);
+        const StridedSource heights(from_.height, first);
         if (heights.Exists()) {
             heights.CopyNumbers(rows, heights_.data());
         } else {
@@ -144,7 +83,7 @@ class ColumnConversion {
         *record = source_;
         for (std::size_t i = 0; i < sourceFields_.size(); ++i) {
             const OutputField& field = sourceFields_[i];
-            const In column(from_.fields[i], first);
+            const StridedSource column(from_.fields[i], first);
             if (!column.Exists()) continue;
             if (IsOfLetters(field)) {
                 std::memcpy(record->payload + field.offset, column.Letters(row), field.count);
@@ -183,7 +122,7 @@ class ColumnConversion {
     void ReadColumns(const BlockForm& form, std::size_t first, std::size_t rows) {
         for (std::size_t i = 0; i < form.columns.size(); ++i) {
             const OutputField& field = sourceFields_[i];
-            const In column(from_.fields[i], first);
+            const StridedSource column(from_.fields[i], first);
             double* const numbers = block_.*form.columns[i];
             if (IsOfLetters(field)) {
                 ReadLetters(form, column, field, rows, numbers);
@@ -200,10 +139,10 @@ class ColumnConversion {
         std::copy_n(heights_.begin(), rows, block_.height);
     }
 
-    void ReadLetters(const BlockForm& form, const In& column, const OutputField& field, std::size_t rows,
-                     double* numbers) {
-        const In always({source_.payload + field.offset, 0}, 0);
-        const In& letters = column.Exists() ? column : always;
+    void ReadLetters(const BlockForm& form, const StridedSource& column, const OutputField& field,
+                     std::size_t rows, double* numbers) {
+        const StridedSource always({source_.payload + field.offset, 0}, 0);
+        const StridedSource& letters = column.Exists() ? column : always;
         if (form.isSouth != nullptr) {
             for (std::size_t row = 0; row < rows; ++row)
                 numbers[row] = form.isSouth(letters.Letters(row)[0]) ? 1.0 : 0.0;
@@ -241,7 +180,7 @@ class ColumnConversion {
         const BlockForm* const form = hasDatums_ ? single_.To().blocks : nullptr;
         const bool fromBlock = inBlocks && form != nullptr;
         for (std::size_t i = 0; i < targetFields_.size(); ++i) {
-            const Out column(to_.fields[i], first);
+            const StridedTarget column(to_.fields[i], first);
             if (!column.Exists()) continue;
             if (IsOfLetters(targetFields_[i])) {
                 WriteLetters(column, targetFields_[i], rows, fromBlock ? block_.*form->columns[i] : nullptr);
@@ -249,18 +188,19 @@ class ColumnConversion {
                 WriteNumbers(column, targetFields_[i], rows, fromBlock ? block_.*form->columns[i] : nullptr);
             }
         }
-        const Out heights(to_.height, first);
+        const StridedTarget heights(to_.height, first);
         if (heights.Exists()) {
             for (std::size_t row = 0; row < rows; ++row)
                 heights.Put(row, IsComplete(statuses_[row]) ? WithOneNan(heights_[row]) : NOT_A_NUMBER);
         }
-        const Out statuses(to_.status, first);
+        const StridedTarget statuses(to_.status, first);
         for (std::size_t row = 0; statuses.Exists() && row < rows; ++row)
             statuses.Put(row, statuses_[row]);
     }
 
     // From the block's column, or from the records.
-    void WriteNumbers(const Out& column, const OutputField& field, std::size_t rows, double* numbers) {
+    void WriteNumbers(const StridedTarget& column, const OutputField& field, std::size_t rows,
+                      double* numbers) {
         double ownNumbers[Block::SIZE];
         double* const all = numbers != nullptr ? numbers : ownNumbers;
         for (std::size_t row = 0; row < rows; ++row) {
@@ -270,7 +210,8 @@ class ColumnConversion {
         column.PutNumbers(rows, all);
     }
 
-    void WriteLetters(const Out& column, const OutputField& field, std::size_t rows, const double* numbers) {
+    void WriteLetters(const StridedTarget& column, const OutputField& field, std::size_t rows,
+                      const double* numbers) {
         constexpr char none[COLUMN_COUNT] = {};
         const bool isHemisphere = numbers != nullptr && single_.To().blocks->isSouth != nullptr;
         for (std::size_t row = 0; row < rows; ++row) {

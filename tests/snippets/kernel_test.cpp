@@ -86,6 +86,27 @@ TEST_F(HeaderExample, Geodesic) {
     IsDone();
 }
 
+TEST_F(HeaderExample, GeodesicColumns) {
+    double axes[2];
+    tessara::Geodesic_LoadAxes(axes, tessara::DATUM_WGS84);
+    const double latitudes[] = {40.64, 51.47, 35.55};  // New York, London, Tokyo
+    const double longitudes[] = {-73.78, -0.45, 139.78};
+    double distances[2];
+    constexpr std::ptrdiff_t stride = sizeof(double);
+    tessara::GeodesicInverseColumns legs;
+    legs.latitude1 = {latitudes, stride};
+    legs.longitude1 = {longitudes, stride};
+    legs.latitude2 = {latitudes + 1, stride};
+    legs.longitude2 = {longitudes + 1, stride};
+    legs.distance = {distances, stride};
+    tessara::Geodesic_InverseColumns(&legs, 2, axes[0], axes[1]);  // 5555409 m and 9614945 m
+
+    // GeographicLib finds 5555408.6582 and 9614945.1195.
+    EXPECT_NEAR(distances[0], 5555408.6582, 1e-3);
+    EXPECT_NEAR(distances[1], 9614945.1195, 1e-3);
+    IsDone();
+}
+
 TEST_F(HeaderExample, Map) {
     const tagKOORD degrees = GeodezRecord(48.1375, 11.5755);
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <vector>
 
+#include "support/instruction_sets.h"
 #include "support/mixed_records.h"
 #include "systems/convert_many.h"
 
@@ -20,14 +21,6 @@ using Statuses = std::vector<KoordStatus>;
 std::size_t PositionsWanted() {
     const char* const text = std::getenv("TESSARA_EQUALITY_POSITIONS");
     return text != nullptr ? static_cast<std::size_t>(std::atoi(text)) : 1000;
-}
-
-std::vector<InstructionSet> SupportedSets() {
-    std::vector<InstructionSet> sets;
-    for (const InstructionSet set : INSTRUCTION_SETS) {
-        if (IsSupported(set)) sets.push_back(set);
-    }
-    return sets;
 }
 
 struct Results {
@@ -52,7 +45,7 @@ void ExpectTheSame(const Results& one, const Results& other, const char* way) {
 
 void ExpectManyGiveTheSame(const Records& sources, const Records& targets, RangeCheck check) {
     const Results single = ConvertedOneByOne(sources, targets, check);
-    for (const InstructionSet set : SupportedSets()) {
+    for (const InstructionSet set : testing::SupportedSets()) {
         Results many{targets, Statuses(targets.size())};
         ConvertMany(sources.data(), many.records.data(), sources.size(), check, many.statuses.data(), set);
         ExpectTheSame(single, many, "many");
@@ -171,7 +164,7 @@ TEST(ConvertManyEquality, HoldsInPlace) {
     for (std::int32_t type = 0; type < KOORD_TYPE_COUNT; ++type) {
         const Records records = testing::MixedSources(random, type, 3, 300);
         const Results single = ConvertedOneByOne(records, records, RangeCheck::Off);
-        for (const InstructionSet set : SupportedSets()) {
+        for (const InstructionSet set : testing::SupportedSets()) {
             Results many{records, Statuses(records.size())};
             ConvertMany(many.records.data(), many.records.data(), records.size(), RangeCheck::Off,
                         many.statuses.data(), set);
