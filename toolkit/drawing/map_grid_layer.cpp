@@ -4,26 +4,18 @@
 #include <array>
 #include <cmath>
 
-#include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
-#include "drawing/capped_array.h"
 #include "drawing/map_grid_labels.h"
 #include "drawing/map_grid_lines.h"
 #include "drawing/map_squares.h"
 #include "drawing/map_styles.h"
+#include "drawing/zone_borders.h"
 #include "map/map_grids.h"
 #include "tessara/kernel/systems.h"
 
 namespace tessara::toolkit {
 namespace {
-
-// Wider than a zone, so that the grid has only the borders.
-constexpr double STEP_BEYOND_ZONES = 2e6;  // metres
-// The maximum distance of a point from its border; UTMREF has whole metres.
-constexpr double BESIDE_BORDER = 1.5;  // metres
-constexpr double BESIDE = 0.01;        // degrees
-constexpr double FULL_TURN = 360.0;
 
 constexpr std::size_t MOST_LABELS = 4 * std::size_t{MOST_LINES};  // the time is quadratic in this number
 
@@ -36,58 +28,18 @@ double Distance(const PicturePoint& a, const PicturePoint& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
 }
 
-using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
-
-bool LiesOn(Neighbour border, ICoord* coord) {
-    const IRef<IZoneCoordOperations> zones = Made(CreateClassZoneCoordOperations());
-    const IRef<ICoord> at = Made(CreateClassCoord());
-    if (!(zones.Get()->*border)(coord, at.Get())) return false;
-    return std::abs(IRef<ICoordInternal>(coord)->EastDifference(at.Get())) <= BESIDE_BORDER;
-}
-
-// The zone of a position on the ground, where numbers restart at the date line.
-std::string ZoneAt(const Reference& reference, double latitude, double longitude) {
-    const IRef<ICoord> degrees =
-        DegreesCoord(latitude, std::remainder(longitude, FULL_TURN), reference.datum);
-    const IRef<ICoord> coord = Made(CreateClassCoord());
-    coord->SetReference(MakeReference(reference).Get());
-    const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
-    if (!transfer->Transfer(degrees.Get(), coord.Get())) return "-";
-    const IRef<IZoneCoordOperations> zones = Made(CreateClassZoneCoordOperations());
-    return std::to_string(zones->GetZoneNumber(coord.Get()));
-}
-
-std::optional<GeodezPayload> DegreesOf(ICoord* coord, std::int32_t datum) {
-    const IRef<ICoord> degrees = DegreesCoord(0.0, 0.0, datum);
-    const IRef<ICoordinateTransfer> transfer = Made(CreateClassCoordinateTransfer());
-    if (!transfer->Transfer(coord, degrees.Get())) return std::nullopt;
-    return Load<GeodezPayload>(host::RecordOf(degrees));
-}
-
-// Borders are meridians; their middles are far from the limits of the system.
-std::string ZonesBeside(const GridLine& border, const Reference& reference) {
-    const auto first = DegreesOf(border.first.Get(), reference.datum);
-    const auto last = DegreesOf(border.last.Get(), reference.datum);
-    if (!first || !last) return {};
-    const double latitude = (first->latitude + last->latitude) / 2.0;
-    return "zone " + ZoneAt(reference, latitude, first->longitude - BESIDE) + " | " +
-           ZoneAt(reference, latitude, first->longitude + BESIDE);
-}
-
-// The two zones on both sides of a border; empty for other lines.
+// The name of a border; empty for other lines.
 std::string BorderText(const GridLine& line, const Reference& reference) {
-    const auto isOn = [&line](Neighbour border) {
-        return LiesOn(border, line.first.Get()) && LiesOn(border, line.last.Get());
-    };
-    const bool isBorder =
-        isOn(&IZoneCoordOperations::GetWestNeighbour) || isOn(&IZoneCoordOperations::GetEastNeighbour);
-    return isBorder ? ZonesBeside(line, reference) : "";
+    const std::optional<BorderZones> zones = ZonesBeside(line, reference);
+    if (!zones) return {};
+    const auto text = [](std::optional<std::int32_t> zone) { return zone ? std::to_string(*zone) : "-"; };
+    return "zone " + text(zones->west) + " | " + text(zones->east);
 }
 
 class GridDrawer {
   public:
     GridDrawer(const MapSheet& sheet, const Layer& layer, const Reference& reference)
-        : sheet_(sheet), layer_(layer), reference_(reference), isGraticule_(IsGraticule(sheet, reference)) {}
+        : sheet_(sheet), layer_(layer), reference_(reference) {}
 
     void DrawLines(ICoordinateGrid& grid, Axis axis, const Style& style) {
         const std::string name = NameOf(axis);
@@ -169,34 +121,23 @@ class GridDrawer {
     }
 
     std::vector<GridLine> LinesOf(ICoordinateGrid& grid, Axis axis) {
-        PointBudget budget;
-        std::optional<std::vector<GridLine>> lines = FindLines(grid, axis, &budget);
-        if (budget.IsSpent()) {
-            AddProblem("the " + NameOf(axis) + " lines of " + reference_.Name() + " have more than " +
-                       std::to_string(PointBudget::MOST_POINTS) + " points; increase the step");
-            return {};
+        FoundLines found = FindLines(sheet_, reference_, grid, axis);
+        const std::string lines = NameOf(axis) + " lines of " + reference_.Name();
+        switch (found.outcome) {
+            case LinesOutcome::ALL:
+                break;
+            case LinesOutcome::SOME:
+                AddProblem("cannot draw all " + lines);
+                break;
+            case LinesOutcome::TOO_MANY:
+                AddProblem("more than " + std::to_string(MOST_LINES) + " " + lines + "; increase the step");
+                break;
+            case LinesOutcome::TOO_LONG:
+                AddProblem("the " + lines + " have more than " + std::to_string(PointBudget::MOST_POINTS) +
+                           " points; increase the step");
+                break;
         }
-        if (!lines) {
-            AddProblem("more than " + std::to_string(MOST_LINES) + " " + NameOf(axis) + " lines of " +
-                       reference_.Name() + "; increase the step");
-        }
-        return std::move(lines).value_or(std::vector<GridLine>());
-    }
-
-    // Returns nothing if there are too many lines.
-    std::optional<std::vector<GridLine>> FindLines(ICoordinateGrid& grid, Axis axis, PointBudget* budget) {
-        const double step = StepOf(grid, axis);
-        if (isGraticule_) return PlaceGraticule(sheet_, reference_, axis, step, budget);
-        if (AreTooMany(sheet_, reference_, axis, step)) return std::nullopt;
-        const IRef<IArray> lines = Made<IArray>(NewObject<CappedArray>(MOST_LINES + 1));
-        const bool isComplete =
-            axis == Axis::East ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
-        if (lines->GetCount() > MOST_LINES) return std::nullopt;
-        std::vector<GridLine> placed = PlaceLines(sheet_, lines.Get(), budget);
-        if (!isComplete && !budget->IsSpent()) {
-            AddProblem("cannot draw all " + NameOf(axis) + " lines of " + reference_.Name());
-        }
-        return placed;
+        return std::move(found.lines);
     }
 
     // The points where a line meets the frame, or its ends if it does not.
@@ -267,7 +208,6 @@ class GridDrawer {
     const MapSheet& sheet_;
     const Layer& layer_;
     Reference reference_;
-    bool isGraticule_;
     Drawing drawing_;
     std::vector<std::pair<GridLine, std::string>> borders_;
 };

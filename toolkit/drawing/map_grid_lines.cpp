@@ -5,9 +5,11 @@
 #include <numbers>
 
 #include "conversion/made.h"
+#include "drawing/capped_array.h"
 #include "drawing/clipping.h"
 #include "drawing/map_drawing.h"
 #include "drawing/map_extent.h"
+#include "map/map_grids.h"
 
 namespace tessara::toolkit {
 namespace {
@@ -84,12 +86,6 @@ std::vector<Polyline> Clip(const MapSheet& sheet, const std::vector<Polyline>& p
     return pieces;
 }
 
-bool HasZones(const Reference& reference) {
-    const IRef<ICoord> coord = Made(CreateClassCoord());
-    coord->SetReference(MakeReference(reference).Get());
-    return Made(CreateClassZoneCoordOperations())->HasZones(coord.Get());
-}
-
 double DegreesAcross(const Extent& extent, Axis axis) {
     return axis == Axis::East ? extent.east - extent.west : extent.north - extent.south;
 }
@@ -132,7 +128,8 @@ class GraticuleLine {
         for (double i = 0.0; i < count; ++i)
             AddPiece(axis, value, from + (to - from) * (i / count), from + (to - from) * ((i + 1.0) / count),
                      MOST_HALVINGS, &parts);
-        return {At(axis, value, from), At(axis, value, to), Clip(sheet_, parts)};
+        return {At(axis, value, from), At(axis, value, (from + to) / 2.0), At(axis, value, to),
+                Clip(sheet_, parts)};
     }
 
   private:
@@ -170,8 +167,7 @@ class GraticuleLine {
     PointBudget& budget_;
 };
 
-}  // namespace
-
+// Lines of the library, which are lists of ICoord. Empty if they exceed the budget.
 std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudget* budget) {
     for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
         const IRef<IArray> points = Made(IRef<IArray>(lines->GetAt(i)));
@@ -183,22 +179,24 @@ std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudg
         if (!points.IsValid() || points->GetCount() < 2) continue;
         std::vector<Polyline> parts(1);
         PartWriter(sheet, &parts).Append(points.Get());
+        const std::uint32_t last = points->GetCount() - 1;
         placed.push_back({Made(IRef<ICoord>(points->GetAt(0))),
-                          Made(IRef<ICoord>(points->GetAt(points->GetCount() - 1))), Clip(sheet, parts)});
+                          Made(IRef<ICoord>(points->GetAt(last / 2 + last % 2))),
+                          Made(IRef<ICoord>(points->GetAt(last))), Clip(sheet, parts)});
     }
     return placed;
 }
 
-bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step) {
-    return WayAcross(sheet, reference, axis) > step * MOST_LINES;
-}
-
+// Whether the window covers more than half of the earth and the system is in degrees. Such lines are drawn
+// piece by piece, once around the earth, without repetitions and without parts that have no pixel, such as a
+// pole.
 bool IsGraticule(const MapSheet& sheet, const Reference& reference) {
     if (!IsDegrees(reference.system)) return false;
     const std::optional<Extent> extent = ExtentOf(sheet, reference.datum);
     return extent && extent->east - extent->west > HALF_TURN;
 }
 
+// Nothing for more than MOST_LINES lines, and incomplete lines if they exceed the budget.
 std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const Reference& reference,
                                                     Axis axis, double step, PointBudget* budget) {
     const std::optional<Extent> whole = ExtentOf(sheet, reference.datum);
@@ -216,6 +214,31 @@ std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const
         lines.push_back(line.Draw(axis, i * step + 0.0, from, isEast ? extent.north : extent.east));
     }
     return lines;
+}
+
+}  // namespace
+
+bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step) {
+    return WayAcross(sheet, reference, axis) > step * MOST_LINES;
+}
+
+FoundLines FindLines(const MapSheet& sheet, const Reference& reference, ICoordinateGrid& grid, Axis axis) {
+    const double step = axis == Axis::East ? grid.GetEastStep() : grid.GetNorthStep();
+    PointBudget budget;
+    if (IsGraticule(sheet, reference)) {
+        std::optional<std::vector<GridLine>> lines = PlaceGraticule(sheet, reference, axis, step, &budget);
+        if (!lines) return {LinesOutcome::TOO_MANY, {}};
+        if (budget.IsSpent()) return {LinesOutcome::TOO_LONG, {}};
+        return {LinesOutcome::ALL, std::move(*lines)};
+    }
+    if (AreTooMany(sheet, reference, axis, step)) return {LinesOutcome::TOO_MANY, {}};
+    const IRef<IArray> lines = Made<IArray>(NewObject<CappedArray>(MOST_LINES + 1));
+    const bool isComplete =
+        axis == Axis::East ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());
+    if (lines->GetCount() > MOST_LINES) return {LinesOutcome::TOO_MANY, {}};
+    std::vector<GridLine> placed = PlaceLines(sheet, lines.Get(), &budget);
+    if (budget.IsSpent()) return {LinesOutcome::TOO_LONG, {}};
+    return {isComplete ? LinesOutcome::ALL : LinesOutcome::SOME, std::move(placed)};
 }
 
 }  // namespace tessara::toolkit

@@ -13,6 +13,7 @@ namespace tessara::toolkit {
 
 struct GridLine {
     IRef<ICoord> first;
+    IRef<ICoord> middle;  // one of the points between them, if there are any
     IRef<ICoord> last;
     std::vector<Polyline> pieces;  // inside the frame
 };
@@ -33,22 +34,26 @@ class PointBudget {
     std::size_t taken_ = 0;
 };
 
-// Projects lines of the library, which are lists of ICoord. Empty if they exceed the budget.
-[[nodiscard]] std::vector<GridLine> PlaceLines(const MapSheet& sheet, IArray* lines, PointBudget* budget);
-
 // The largest readable number of lines.
 inline constexpr std::uint32_t MOST_LINES = 2000;
 
 // Whether the extremes of the window imply more lines; computing the lines to count them would take long.
 [[nodiscard]] bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step);
 
-// Whether the window covers more than half of the earth and the system is in degrees. PlaceGraticule draws
-// such lines piece by piece, once around the earth, without repetitions and without parts that have no pixel,
-// such as a pole. It returns nothing for more than MOST_LINES lines, and incomplete lines if they exceed the
-// budget.
-[[nodiscard]] bool IsGraticule(const MapSheet& sheet, const Reference& reference);
-[[nodiscard]] std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet,
-                                                                  const Reference& reference, Axis axis,
-                                                                  double step, PointBudget* budget);
+// The lines of an axis in the window: those of a grid, or the graticule of a system in degrees.
+enum class LinesOutcome {
+    ALL,
+    SOME,      // the grid cannot place all of them
+    TOO_MANY,  // more than MOST_LINES; there are none
+    TOO_LONG,  // more than PointBudget::MOST_POINTS; there are none
+};
+
+struct FoundLines {
+    LinesOutcome outcome;
+    std::vector<GridLine> lines;
+};
+
+[[nodiscard]] FoundLines FindLines(const MapSheet& sheet, const Reference& reference, ICoordinateGrid& grid,
+                                   Axis axis);
 
 }  // namespace tessara::toolkit

@@ -44,6 +44,18 @@ bool HasGrid(std::int32_t system) {
     return CREATE.at(static_cast<std::size_t>(system)) != nullptr;
 }
 
+bool HasZones(const Reference& reference) {
+    const IRef<ICoord> coord = Made(CreateClassCoord());
+    coord->SetReference(MakeReference(reference).Get());
+    return Made(CreateClassZoneCoordOperations())->HasZones(coord.Get());
+}
+
+std::optional<std::int32_t> ZoneOf(ICoord* coord) {
+    const IRef<IZoneCoordOperations> zones = Made(CreateClassZoneCoordOperations());
+    const std::int32_t zone = zones->GetZoneNumber(coord);
+    return zone == UNKNOWN_ZONE ? std::nullopt : std::optional(zone);
+}
+
 IRef<ICoordinateGrid> MakeGrid(const MapSheet& sheet, const Reference& reference, double eastStep,
                                double northStep) {
     const IRef<ICoordinateGridFactory> factory = Made(CreateClassCoordinateGridFactory());
