@@ -9,6 +9,7 @@
 #include "module.h"
 #include "reference.h"
 #include "tessara/kernel/geodesic.h"
+#include "tessara/kernel/geodesic_columns.h"
 #include "tessara/kernel/limits.h"
 
 namespace tessara::python {
@@ -17,9 +18,12 @@ namespace {
 
 constexpr std::size_t IN_COUNT = 4;
 constexpr std::size_t OUT_COUNT = 3;
+constexpr double HALF_TURN = 180.0;  // degrees
 using Numbers = py::array_t<double>;
 using In = std::array<double, IN_COUNT>;
 using Out = std::array<double, OUT_COUNT>;
+using Sources = std::array<SourceColumn, IN_COUNT>;
+using Targets = std::array<TargetColumn, OUT_COUNT>;
 
 struct Axes {
     explicit Axes(std::int32_t datum) { Geodesic_LoadAxes(values, datum); }
@@ -32,55 +36,73 @@ KoordStatus CheckDegrees(double latitude, double longitude) {
     return KOORD_OK;
 }
 
-KoordStatus Inverse(const In& in, const Axes& axes, Out* out) {
-    for (const std::size_t k : {std::size_t{0}, std::size_t{2}}) {
-        const KoordStatus status = CheckDegrees(in[k], in[k + 1]);
-        if (status != KOORD_OK) return status;
+// A problem solves all rows, and then looks at each: at what it was, and at the result.
+struct Inverse {
+    static void Solve(const Sources& in, const Targets& out, std::size_t count, const Axes& axes) {
+        const GeodesicInverseColumns columns{in[0], in[1], in[2], in[3], out[0], out[1], out[2]};
+        Geodesic_InverseColumns(&columns, count, axes.values[0], axes.values[1]);
     }
-    const GeodesicResult way =
-        Geodesic_InverseCore(in[0], in[1], in[2], in[3], axes.values[0], axes.values[1]);
-    if (!(way.distance >= 0.0)) return GEODESIC_NO_SOLUTION;
-    *out = {way.distance, way.azimuth12, way.azimuth21};
-    return KOORD_OK;
-}
+    static KoordStatus Check(const In& in, Out* out) {
+        for (const std::size_t k : {std::size_t{0}, std::size_t{2}}) {
+            const KoordStatus status = CheckDegrees(in[k], in[k + 1]);
+            if (status != KOORD_OK) return status;
+        }
+        return (*out)[0] >= 0.0 ? KOORD_OK : GEODESIC_NO_SOLUTION;
+    }
+};
 
-KoordStatus Direct(const In& in, const Axes& axes, Out* out) {
-    const KoordStatus status = CheckDegrees(in[0], in[1]);
-    if (status != KOORD_OK) return status;
-    if (!std::isfinite(in[2]) || !std::isfinite(in[3])) return GEODESIC_NO_SOLUTION;
-    const GeodesicResult end =
-        Geodesic_DirectCore(in[0], in[1], in[3], in[2], axes.values[0], axes.values[1]);
-    if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude)) return GEODESIC_NO_SOLUTION;
-    *out = {end.latitude, std::remainder(end.longitude, 360.0), end.backAzimuth};
-    return KOORD_OK;
-}
+struct Direct {
+    // In: latitude, longitude, azimuth, distance.
+    static void Solve(const Sources& in, const Targets& out, std::size_t count, const Axes& axes) {
+        const GeodesicDirectColumns columns{in[0], in[1], in[3], in[2], out[0], out[1], out[2]};
+        Geodesic_DirectColumns(&columns, count, axes.values[0], axes.values[1]);
+    }
+    static KoordStatus Check(const In& in, Out* out) {
+        const KoordStatus status = CheckDegrees(in[0], in[1]);
+        if (status != KOORD_OK) return status;
+        if (!std::isfinite(in[2]) || !std::isfinite(in[3])) return GEODESIC_NO_SOLUTION;
+        auto& [latitude, longitude, backAzimuth] = *out;
+        if (!std::isfinite(latitude) || !std::isfinite(longitude)) return GEODESIC_NO_SOLUTION;
+        if (std::abs(longitude) > HALF_TURN) longitude = std::remainder(longitude, 2.0 * HALF_TURN);
+        return KOORD_OK;
+    }
+};
 
 // Returns three results for each row of four numbers, and the statuses if they are wanted.
-template <KoordStatus (*solve)(const In&, const Axes&, Out*)>
+template <class Problem>
 py::list Solve(const std::vector<py::ssize_t>& shape, const std::array<Numbers, IN_COUNT>& arrays,
                const std::string& datum, const std::string& errors) {
     const Axes axes(DatumOf(datum));
     InputArrays inputs(shape);
     std::array<InColumn, IN_COUNT> in;
-    for (std::size_t k = 0; k < IN_COUNT; ++k)
+    Sources sources;
+    for (std::size_t k = 0; k < IN_COUNT; ++k) {
         in[k] = inputs.Add(arrays[k]);
+        sources[k] = {in[k].data, in[k].stride};
+    }
     OutputArrays outputs(shape);
     std::array<OutColumn, OUT_COUNT> out;
-    for (OutColumn& column : out)
-        column = outputs.Add(py::dtype::of<double>());
+    Targets targets;
+    for (std::size_t k = 0; k < OUT_COUNT; ++k) {
+        out[k] = outputs.Add(py::dtype::of<double>());
+        targets[k] = {out[k].data, sizeof(double)};
+    }
     OutColumn statuses;
     if (errors == "status") statuses = outputs.Add(py::dtype::of<std::int32_t>());
 
     std::optional<Failure> failure;
     {
         const py::gil_scoped_release released;
+        Problem::Solve(sources, targets, inputs.Count(), axes);
         for (std::size_t i = 0; i < inputs.Count(); ++i) {
             In values;
             for (std::size_t k = 0; k < IN_COUNT; ++k)
                 values[k] = in[k].Number(i);
             Out results;
-            results.fill(std::nan(""));
-            const KoordStatus status = solve(values, axes, &results);
+            for (std::size_t k = 0; k < OUT_COUNT; ++k)
+                results[k] = out[k].Number(i);
+            const KoordStatus status = Problem::Check(values, &results);
+            if (status != KOORD_OK) results.fill(std::nan(""));
             for (std::size_t k = 0; k < OUT_COUNT; ++k)
                 out[k].Put(i, results[k]);
             if (statuses.IsThere()) statuses.Put(i, status);
