@@ -12,7 +12,7 @@ constexpr std::string_view LON_ZONE_LETTERS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
 constexpr std::string_view LAT_ZONE_LETTERS = "ABCDEFGHJKLM";
 constexpr std::string_view DEGREE_LETTERS = "ABCDEFGHJKLMNPQ";  // of both axes
 
-constexpr double ZONE_DEGREES = 15.0;
+constexpr std::int32_t ZONE_DEGREES = 15;
 constexpr std::int32_t LAST_DEGREE = 14;
 constexpr double GRID_WEST = -180.0;
 constexpr double GRID_SOUTH = -90.0;
@@ -33,18 +33,17 @@ struct Axis {
     [[nodiscard]] bool IsLastZone() const { return !HasIndex(zoneLetters, zone + 1); }
 };
 
-// `degrees` count from the edge of the grid on this axis.
-void SetZone(Axis* axis, double degrees) {
-    axis->zone = TruncateToInt32(degrees / ZONE_DEGREES);
+// `degrees` count from the edge of the grid on this axis. Cells begin at whole degrees, so the fraction
+// doesn't matter.
+void SetCell(Axis* axis, double degrees) {
+    const std::int32_t whole = TruncateToInt32(degrees);
+    axis->zone = whole / ZONE_DEGREES;
+    axis->degree = whole % ZONE_DEGREES;
 }
 
-void SetDegree(Axis* axis, double degrees) {
-    axis->degree = TruncateToInt32(degrees - ZONE_DEGREES * axis->zone);
-}
-
+// Of degrees that have a cell.
 void SetMinutes(Axis* axis, double degrees) {
-    const double fraction = degrees - ZONE_DEGREES * axis->zone - axis->degree;
-    const double minutes = fraction * 60.0;
+    const double minutes = (degrees - Trunc(degrees)) * 60.0;
     axis->minutes = TruncateToInt32(minutes);
     const double tenths = (minutes - axis->minutes) * 10.0;
     axis->tenths = TruncateToInt32(tenths);
@@ -121,13 +120,11 @@ KoordStatus GEOREF_FromGeodetic(const double latLon[2], GeorefPayload* payload) 
     Axis lon{LON_ZONE_LETTERS};
     Axis lat{LAT_ZONE_LETTERS};
 
-    SetZone(&lon, east);
-    SetZone(&lat, north);
+    SetCell(&lon, east);
+    SetCell(&lat, north);
     if (!lon.ZoneHasLetter() || !lat.ZoneHasLetter()) return KOORD_ERR_OUTSIDE;
     WriteZoneLetters(lon, lat, payload);
 
-    SetDegree(&lon, east);
-    SetDegree(&lat, north);
     if (!lon.DegreeHasLetter() || !lat.DegreeHasLetter()) return KOORD_ERR_OUTSIDE;
 
     SetMinutes(&lon, east);
