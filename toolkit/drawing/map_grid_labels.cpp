@@ -150,7 +150,9 @@ std::optional<double> AxisValue(ICoord* coord, Axis axis) {
                     : name == "easting" || name == "longitude" || name == "x" || name == "fullEasting";
         if (isMeant && std::holds_alternative<double>(field.value)) value = std::get<double>(field.value);
     }
-    return value;
+    // A reference has whole metres, which the way over degrees blurs.
+    const bool isReference = host::RecordOf(coord).type == KOORD_UTMREF;
+    return value && isReference ? std::optional(std::round(*value)) : value;
 }
 
 std::string AxisText(ICoord* coord, Axis axis, double step) {

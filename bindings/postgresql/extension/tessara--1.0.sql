@@ -372,6 +372,22 @@ CREATE FUNCTION tessara_distance(place1 tessara_position, place2 tessara_positio
 CREATE FUNCTION tessara_distance_or_null(place1 tessara_position, place2 tessara_position) RETURNS double precision
     AS 'MODULE_PATHNAME', 'tessara_distance_of_positions_or_null' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 
+-- Grid lines and zone borders in a window of degrees on WGS84. A point of a path has its longitude as x.
+CREATE FUNCTION tessara_grid_lines(system tessara_reference, south double precision, west double precision,
+    north double precision, east double precision, step double precision,
+    OUT axis text, OUT value double precision, OUT label text, OUT zone integer, OUT part integer, OUT line path)
+    RETURNS SETOF record
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100000 ROWS 20;
+CREATE FUNCTION tessara_grid_lines(system tessara_reference, south double precision, west double precision,
+    north double precision, east double precision, east_step double precision, north_step double precision,
+    OUT axis text, OUT value double precision, OUT label text, OUT zone integer, OUT part integer, OUT line path)
+    RETURNS SETOF record
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100000 ROWS 20;
+CREATE FUNCTION tessara_zone_borders(system tessara_reference, south double precision, west double precision,
+    north double precision, east double precision,
+    OUT west_zone integer, OUT east_zone integer, OUT part integer, OUT line path) RETURNS SETOF record
+    AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100000 ROWS 10;
+
 -- What there is.
 CREATE FUNCTION tessara_systems(OUT number integer, OUT name text, OUT unit text, OUT fields text[]) RETURNS SETOF record
     AS 'MODULE_PATHNAME' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE ROWS 23;

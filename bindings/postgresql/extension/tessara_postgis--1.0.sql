@@ -15,6 +15,9 @@ CREATE FUNCTION tessara_geometry(place tessara_position) RETURNS geometry
 CREATE FUNCTION tessara_geography(place tessara_position) RETURNS geography
     LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE COST 20
     RETURN ST_SetSRID(ST_MakePoint(tessara_longitude(place), tessara_latitude(place)), 4326)::geography;
+CREATE FUNCTION tessara_geometry(line path) RETURNS geometry
+    LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE COST 20
+    RETURN ST_SetSRID(line::geometry, 4326);
 
 CREATE CAST (geometry AS tessara_position) WITH FUNCTION tessara_position(geometry);
 CREATE CAST (geography AS tessara_position) WITH FUNCTION tessara_position(geography);

@@ -151,6 +151,33 @@ TESSARA_BOUNDARY bool Tessara_End(const double from[2], double azimuth, double d
                                   double end[3], TessaraError* error) TESSARA_NOTHROW;
 enum { TESSARA_WGS84 = 2 };
 
+/* Grid lines and zone borders in a window: south, west, north and east. Lines that a window cuts have several
+ * parts, which are rows of their own. */
+typedef struct TessaraLines TessaraLines;
+typedef enum TessaraAxis { TESSARA_EAST, TESSARA_NORTH } TessaraAxis;
+
+enum { TESSARA_NO_ZONE = INT32_MIN };
+
+typedef struct TessaraLine {
+    double value;
+    const char* label;
+    int32_t zones[2]; /* of a line of equal east value; on the two sides of a border */
+    int32_t part;     /* from 1 */
+    size_t placeCount;
+} TessaraLine;
+
+/* The lines on which the value of the axis is a multiple of the step. */
+TESSARA_BOUNDARY TessaraLines* Tessara_GridLines(const char* system, const double window[4], TessaraAxis axis,
+                                                 double step, TessaraError* error) TESSARA_NOTHROW;
+TESSARA_BOUNDARY TessaraLines* Tessara_ZoneBorders(const char* system, const double window[4],
+                                                   TessaraError* error) TESSARA_NOTHROW;
+TESSARA_BOUNDARY void Tessara_FreeLines(TessaraLines* lines) TESSARA_NOTHROW;
+/* False behind the last. */
+TESSARA_BOUNDARY bool Tessara_LineAt(const TessaraLines* lines, size_t index,
+                                     TessaraLine* line) TESSARA_NOTHROW;
+TESSARA_BOUNDARY void Tessara_PlaceAt(const TessaraLines* lines, size_t index, size_t place,
+                                      double degrees[2]) TESSARA_NOTHROW;
+
 /* Reads texts as people type them: in any system that can be told from a text, or in the one that is named.
  */
 typedef struct TessaraReader TessaraReader;

@@ -4,7 +4,7 @@ BEGIN;
 SET client_min_messages = warning;
 CREATE EXTENSION postgis;
 CREATE EXTENSION tessara_postgis;
-SELECT plan(13);
+SELECT plan(15);
 SELECT setseed(0.3);
 
 -- PROJ and the library compute transverse Mercator by different series; a millimetre is what a position has.
@@ -38,5 +38,8 @@ SELECT is(ST_GeomFromText('POINT EMPTY', 4326)::tessara_position, NULL, 'an empt
 SELECT throws_like($$SELECT ST_MakePoint(11.5, 48.25)::tessara_position$$, '%SRID%', 'a geometry without a system');
 SELECT throws_like($$SELECT ST_GeomFromText('LINESTRING(11 48, 12 49)', 4326)::tessara_position$$, '%POINT%', 'a line');
 SELECT throws_ok($$SELECT ST_SetSRID(ST_MakePoint(11, 91), 4326)::tessara_position$$, NULL, NULL, 'beyond the pole');
+SELECT is((SELECT ST_AsText(tessara_geometry(line), 6) FROM tessara_grid_lines('GEODEZ', 47, 10.5, 48, 11.5, 1) WHERE axis = 'east'), 'LINESTRING(11 48,11 47)',
+          'a grid line');
+SELECT is((SELECT ST_AsEWKT(tessara_geometry(line), 6) FROM tessara_zone_borders('UTM', 47, 11, 48, 13)), 'SRID=4326;LINESTRING(12 48,12 47)', 'a zone border');
 SELECT * FROM finish();
 ROLLBACK;

@@ -110,6 +110,13 @@ TEST(LinesInWindow, EndAtTheBorderOfTheirZoneOnBothSidesOfTheEquator) {
               (std::vector<double>{200000.0, 300000.0, 400000.0, 500000.0, 600000.0, 700000.0, 800000.0}));
 }
 
+TEST(LinesInWindow, OfMilitaryReferencesHaveWholeMetres) {
+    const auto lines = Lines({48.1, 11.7, 48.2, 11.9}, "UTMREF", Axis::East, 10000.0);
+
+    EXPECT_EQ(ValuesOf(lines), (std::vector<double>{710000.0}));
+    EXPECT_EQ(lines.at(0).zone, 32);
+}
+
 TEST(LinesInWindow, AreOnTheDatumOfTheReference) {
     // The easting 600000 is the meridian of the old observatory of Berne, 7 degrees 26' 22.50" on CH1903 and
     // 7 degrees 26' 19.077" on WGS84 (swisstopo, "Formulas and constants for the calculation of the Swiss
