@@ -68,18 +68,29 @@ Parts Unpack(TessaraGridref packed) {
     return parts;
 }
 
-// The reference of so many pairs of digits that a record has.
+// The digits of a number below 100, each at the place of its pair.
+constexpr auto TWO_DIGITS = [] {
+    std::array<std::uint16_t, 100> digits{};
+    for (unsigned number = 0; number < digits.size(); ++number)
+        digits[number] = static_cast<std::uint16_t>(number / 10 << PAIR_BITS | number % 10);
+    return digits;
+}();
+
+// The five digits of whole metres in a square, from the lowest bit on.
+std::uint64_t SpreadDigits(std::int32_t metres) {
+    const auto whole = static_cast<std::uint32_t>(metres);
+    return std::uint64_t{whole / 10000} << 4 * PAIR_BITS |
+           static_cast<std::uint64_t>(TWO_DIGITS[whole / 100 % 100]) << 2 * PAIR_BITS |
+           TWO_DIGITS[whole % 100];
+}
+
+// The reference of so many pairs of digits that a record has. No pair exceeds 99, so none carries into
+// another.
 TessaraGridref PackPayload(const UtmrefPayload& p, int count) {
-    TessaraGridref packed = Pack({p.zone, p.band, p.column, p.row, {}, count});
-    auto easting = static_cast<std::uint32_t>(p.easting);
-    auto northing = static_cast<std::uint32_t>(p.northing);
-    for (int k = PAIR_COUNT - 1; k >= 0; --k) {
-        const std::uint64_t pair = easting % 10 * 10 + northing % 10;
-        if (k < count) packed |= pair << PairAt(k);
-        easting /= 10;
-        northing /= 10;
-    }
-    return packed;
+    const std::uint64_t pairs = SpreadDigits(p.easting) * 10 + SpreadDigits(p.northing);
+    const unsigned dropped = static_cast<unsigned>(PAIR_COUNT - count) * PAIR_BITS;
+    const TessaraGridref square = Pack({p.zone, p.band, p.column, p.row, {}, 0});
+    return square | pairs >> dropped << dropped << DIGITS_AT | static_cast<std::uint64_t>(count);
 }
 
 // Of the south-western corner.
