@@ -119,6 +119,23 @@ TEST_F(PointAtDistance, AShortGeodesicIsTakenAsItIs) {
     EXPECT_LT(Dot(Minus(XyzOf(out), XyzAt(start)), east), 13520.0 - 1e-3);
 }
 
+// On the equator all is in the circle of R = 6378137 m, and the searches can be followed by hand. A point t
+// along the horizontal line lies R asin(t / R) from the start. The search for 200 km:
+//
+//     t, metres        distance - 200 km
+//     200000.000000    32.790141      the distance itself
+//     100000.000000    -99995.902593  half of it
+//     199967.219265    -0.006720      a secant step between the two, which is near enough
+//
+// A first trial at a thousandth more than half moves the last t by 5e-6 m.
+TEST_F(PointAtDistance, GeodesicTriesHalfOfTheDistanceFirst) {
+    const IRef<ICoord> start = Place(0.0, 16.0);
+    Vector east;
+    ASSERT_TRUE(ellipsoid->GetDirection(start.Get(), 90.0, &east));
+    ASSERT_TRUE(Geodesic(start, 90.0, 200000.0));
+    EXPECT_NEAR(Dot(Minus(XyzOf(out), XyzAt(start)), east), 199967.219264828, 1e-6);
+}
+
 // A point t along the horizontal line lies t^2 / (2 R) above the ground, 0.01 m at 357.2 m.
 TEST_F(PointAtDistance, AShortChordStaysInTheHorizontalPlane) {
     const IRef<ICoord> start = Place(0.0, 16.0);

@@ -126,6 +126,68 @@ TEST(IntersectPlane, ARayInThePlaneGivesThePlaceOfItsPoint) {
     }
 }
 
+// Of components of equal size, the order of the pivots decides by which one to divide. Each case has one
+// component in units of 2^30, in which the sum of the last division cancels nine digits; the other component
+// of the tie has whole numbers of one digit. The expected results are the solutions of t D = x E + y N - d in
+// fractions.
+TEST(IntersectPlane, OfEqualComponentsThePivotIsTheThirdOrElseTheSecond) {
+    const struct {
+        Triple d, D, E, N;
+        double t;
+    } cases[] = {
+        // The second and the third.
+        {{-4.0, -9663676416.0, -9.0},
+         {1.0, 2.0, 2.0},
+         {5.0, 5368709120.0, 1.0},
+         {5.0, 4831838208.0, 3.0},
+         -18924699648.0 / 1476395003.0},
+        // The first and the third.
+        {{-1073741824.0, -4.0, -2.0},
+         {2.0, 1.0, 2.0},
+         {7516192768.0, 4.0, 7.0},
+         {4831838208.0, 4.0, 7.0},
+         -20.0},
+        // The first and the second.
+        {{-6442450944.0, -9.0, -4.0},
+         {2.0, 2.0, 1.0},
+         {3221225472.0, 1.0, 4.0},
+         {3221225472.0, 8.0, 7.0},
+         -78920024064.0 / 1610612711.0},
+        // All three, of which the first or the second has the large numbers.
+        {{-5368709120.0, -3.0, -7.0},
+         {2.0, 2.0, 2.0},
+         {9663676416.0, 6.0, 2.0},
+         {3221225472.0, 3.0, 1.0},
+         4.5},
+        {{-9.0, -5368709120.0, -5.0},
+         {2.0, 2.0, 2.0},
+         {1.0, 6442450944.0, 8.0},
+         {1.0, 3221225472.0, 5.0},
+         9663676416.0 / 1073741825.0},
+    };
+    // Six units in the last place of t; the other component of the tie misses by 3e-6 at least.
+    for (const auto& [d, D, E, N, t] : cases)
+        EXPECT_NEAR(IntersectPlane(d, D, E, N).t, t, 1e-13) << D[0] << D[1] << D[2];
+}
+
+// b1 = 1 * 3 - 1 * 4 = -1 and b2 = 1 * 1 - 0 * 4 = 1.
+TEST(IntersectPlane, OfEqualDivisorsOfXTheSecondCounts) {
+    const PlaneHit hit = IntersectPlane({-9663676416.0, -3.0, -2.0}, {3.0, 1.0, 4.0}, {1.0, 0.0, 1.0},
+                                        {5368709120.0, 3.0, 5.0});
+    // In fractions; the first divisor misses by 6e-6.
+    EXPECT_NEAR(hit.x, -13958643739.0 / 5368709118.0, 1e-14);
+}
+
+// The ray runs along N, 4e-6 m beside the plane. u = 1 * 1 - 0 * 0 = 1 and v = 1 * 1 - 0 * 0 = 1, so y is w2
+// / v, from the second and third components, which are exact.
+TEST(IntersectPlane, OfEqualDivisorsAlongThePlaneTheSecondCounts) {
+    const PlaneHit hit =
+        IntersectPlane({2.000004, 2.0, 7.0}, {1.0, 1.0, 0.0}, {0.0, 0.0, 1.0}, {1.0, 1.0, 0.0});
+    EXPECT_EQ(hit.t, RAY_IN_PLANE);
+    EXPECT_EQ(hit.x, 7.0);
+    EXPECT_EQ(hit.y, 2.0);
+}
+
 TEST(IntersectPlane, ARayBesideThePlaneMisses) {
     const Triple E{0.0, 1.0, 0.0};
     const Triple N{-1.0, 0.0, 1.0};

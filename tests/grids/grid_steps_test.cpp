@@ -43,6 +43,13 @@ TEST(GridSteps, FindNoLineWhereTheSystemEndsBeforeIt) {
     EXPECT_EQ(EastSteps(10000.0).MoveToFirst(&place), FirstLine::None);
 }
 
+// 173.6e18 steps are 173.59999999999997, and one step more is lost in the digits.
+TEST(GridSteps, FindNoLineThatTheDigitsCantReach) {
+    CKoord place = Degrees(48.0, 173.6);
+    EXPECT_EQ(EastSteps(1e-18).MoveToFirst(&place), FirstLine::None);
+    EXPECT_EQ(LongitudeOf(place), 173.6);
+}
+
 TEST(GridSteps, CountEastValuesFromTheCentreOfTheZone) {
     CKoord place(AustrianRecord(6, KOORD_BMN, 34, 741000.0, 300000.0));
     EXPECT_EQ(EastSteps(20000.0).MoveToFirst(&place), FirstLine::Found);
@@ -59,6 +66,17 @@ TEST(GridSteps, FailOnPlacesWithoutASystemOrAZone) {
     EXPECT_EQ(EastSteps(1.0).MoveToFirst(&place), FirstLine::Failed);
     place = AustrianRecord(6, KOORD_BMN, 29, 500000.0, 300000.0);
     EXPECT_EQ(EastSteps(1.0).MoveToFirst(&place), FirstLine::Failed);
+}
+
+// The anchor of TM has the default parameters, so a place with others has no order beside its lines.
+TEST(GridSteps, FailOnPlacesThatTheirAnchorDoesntCompareWith) {
+    TmPayload tm{};
+    tm.originLongitude = 9.0;
+    tm.scale = 0.9996;
+    tm.easting = 1234.0;
+    CKoord place(Record(KOORD_TM, tm));
+    EXPECT_EQ(EastSteps(1000.0).MoveToFirst(&place), FirstLine::Failed);
+    EXPECT_EQ(Load<TmPayload>(place).easting, 1234.0);
 }
 
 TEST(GridSteps, EndOnNumbersThatAreNone) {

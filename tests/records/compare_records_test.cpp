@@ -359,6 +359,20 @@ TEST(CompareRecords, UtmrefComparesItsSquares) {
     EXPECT_EQ(NorthSouth(Utmref(32, 'N', "NF", 0, 0), Utmref(32, 'M', "NE", 0, 99999)), 1);
 }
 
+// The conversion through degrees moves an easting toward the central meridian, by up to 5e-8 m that depend on
+// the northing. Whole metres are what codes with equal digits have in common.
+TEST(CompareRecords, UtmrefsWithEqualEastDigitsAreEqualInTheEast) {
+    Random random(733);
+    for (const char* square : {"KU", "LU", "MU", "PU", "QU"}) {
+        for (int i = 0; i < 200; ++i) {
+            const std::int32_t easting = random.Below(100000);
+            const tagKOORD a = Utmref(32, 'U', square, easting, random.Below(100000));
+            const tagKOORD b = Utmref(32, 'U', square, easting, random.Below(100000));
+            ASSERT_EQ(EastWest(a, b), 0) << square << " " << easting;
+        }
+    }
+}
+
 TEST(CompareRecords, UtmrefsBeyondTheLimitsOfUtmAreComparable) {
     // Northings 9329000 and 9328500 at 3 degrees east, where UTM ends at 9328094.
     tagKOORD codes[2];
