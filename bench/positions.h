@@ -45,8 +45,11 @@ inline constexpr Area AREAS[] = {
     {"LAMBERTCC", KOORD_LAMBERTCC, 2, 43.0, 60.0, 0.0, 20.0},
 };
 
+// Of the positions. The measurements of time are repeated with the same ones.
+inline std::uint64_t positionsSeed = 4096;
+
 inline std::vector<tagKOORD> RandomPositions(const Area& area) {
-    std::mt19937_64 random(4096);
+    std::mt19937_64 random(positionsSeed);
     std::uniform_real_distribution<double> latitude(area.south, area.north);
     std::uniform_real_distribution<double> longitude(area.west, area.east);
     std::vector<tagKOORD> positions(POSITIONS, MakeKoord(area.datum, KOORD_GEODEZ));

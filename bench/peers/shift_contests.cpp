@@ -16,7 +16,8 @@ namespace {
 // One step of Molodensky's formulas between Bessel and WGS84. The kernel refines the shift from WGS84
 // iteratively, PROJ does not.
 constexpr Area GERMANY{"Germany", KOORD_GEODEZ, 3, 47.5, 55.0, 6.0, 15.0};
-constexpr Area GERMANY_ZONE_32{"Germany, zone 32", KOORD_GEODEZ, 3, 47.5, 55.0, 6.0, 11.9};
+// East of the border by more than the shift, which would move a position into zone 31.
+constexpr Area GERMANY_ZONE_32{"Germany, zone 32", KOORD_GEODEZ, 3, 47.5, 55.0, 6.01, 11.9};
 
 std::string Molodensky() {
     const DatumRow& row = *Datum_Row(GERMANY.datum);

@@ -1,11 +1,10 @@
 // Overlays of random pairs of polygons, compared with GEOS.
-#include <geos_c.h>
 #include <gtest/gtest.h>
 
 #include <array>
-#include <memory>
 
 #include "polygons/polygon_overlay.h"
+#include "support/geos_peer.h"
 #include "support/rings.h"
 #include "tessara/coordinate_area.h"
 
@@ -14,72 +13,10 @@ namespace {
 
 using testing::Area;
 using testing::AreaOf;
-using testing::Closed;
+using testing::GeosPeer;
 using testing::Random;
 
 constexpr double TOLERANCE = 2.220446049250313e-11;
-
-class Peer {
-  public:
-    using Shape = std::shared_ptr<GEOSGeometry>;
-
-    Peer() : context_(GEOS_init_r()) {}
-    ~Peer() { GEOS_finish_r(context_); }
-    Peer(const Peer&) = delete;
-    Peer& operator=(const Peer&) = delete;
-
-    Shape Polygon(const Ring& open) {
-        const Ring ring = Closed(open);
-        GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(context_, static_cast<unsigned>(ring.size()), 2);
-        for (std::size_t i = 0; i < ring.size(); ++i)
-            GEOSCoordSeq_setXY_r(context_, sequence, static_cast<unsigned>(i), ring[i].x, ring[i].y);
-        return Own(
-            GEOSGeom_createPolygon_r(context_, GEOSGeom_createLinearRing_r(context_, sequence), nullptr, 0));
-    }
-    Shape Border(const Shape& a) { return Own(GEOSBoundary_r(context_, a.get())); }
-    Shape Common(const Shape& a, const Shape& b) {
-        return Own(GEOSIntersection_r(context_, a.get(), b.get()));
-    }
-    Shape Difference(const Shape& a, const Shape& b) {
-        return Own(GEOSDifference_r(context_, a.get(), b.get()));
-    }
-    // The faces into which the edges of both cut the plane.
-    Shape Faces(const Shape& a, const Shape& b) {
-        const Shape borders[] = {Border(a), Border(b)};
-        const Shape pieces = Own(GEOSUnion_r(context_, borders[0].get(), borders[1].get()));
-        const GEOSGeometry* lines[] = {pieces.get()};
-        return Own(GEOSPolygonize_r(context_, lines, 1));
-    }
-    int CountOf(const Shape& a) { return GEOSGetNumGeometries_r(context_, a.get()); }
-    // A part of a collection, which keeps it.
-    Shape PartOf(const Shape& a, int index) {
-        return {a, const_cast<GEOSGeometry*>(GEOSGetGeometryN_r(context_, a.get(), index))};
-    }
-    Shape PointWithin(const Shape& a) { return Own(GEOSPointOnSurface_r(context_, a.get())); }
-    // By the even-odd rule, if the polygon crosses itself.
-    bool Contains(const Shape& polygon, const Shape& point) {
-        return GEOSContains_r(context_, polygon.get(), point.get()) == 1;
-    }
-    double AreaOf(const Shape& a) {
-        double area = -1.0;
-        EXPECT_EQ(GEOSArea_r(context_, a.get(), &area), 1);
-        return area;
-    }
-    double LengthOf(const Shape& a) {
-        double length = -1.0;
-        EXPECT_EQ(GEOSLength_r(context_, a.get(), &length), 1);
-        return length;
-    }
-    bool IsSimple(const Shape& a) { return GEOSisValid_r(context_, a.get()) == 1; }
-
-  private:
-    Shape Own(GEOSGeometry* geometry) {
-        EXPECT_NE(geometry, nullptr);
-        return {geometry, [context = context_](GEOSGeometry* last) { GEOSGeom_destroy_r(context, last); }};
-    }
-
-    GEOSContextHandle_t context_;
-};
 
 // The areas that GEOS finds, and the relation that follows from them.
 struct PeerOverlay {
@@ -87,9 +24,9 @@ struct PeerOverlay {
     std::int32_t result;
 };
 
-PeerOverlay OverlayByPeer(Peer& peer, const Ring& first, const Ring& second) {
-    const Peer::Shape a = peer.Polygon(first);
-    const Peer::Shape b = peer.Polygon(second);
+PeerOverlay OverlayByPeer(GeosPeer& peer, const Ring& first, const Ring& second) {
+    const GeosPeer::Shape a = peer.Polygon(first);
+    const GeosPeer::Shape b = peer.Polygon(second);
     EXPECT_TRUE(peer.IsSimple(a) && peer.IsSimple(b));
     PeerOverlay found{peer.AreaOf(peer.Common(a, b)), peer.AreaOf(peer.Difference(a, b)),
                       peer.AreaOf(peer.Difference(b, a)), OVERLAY_APART};
@@ -142,7 +79,7 @@ struct Tally {
     int parts = 0;
 };
 
-void Check(Peer& peer, const Pair& pair, Tally* tally) {
+void Check(GeosPeer& peer, const Pair& pair, Tally* tally) {
     OverlayParts parts;
     const std::int32_t result = OverlayVertices(pair.first, pair.second, TOLERANCE, &parts);
     const PeerOverlay expected = OverlayByPeer(peer, pair.first, pair.second);
@@ -161,7 +98,7 @@ void Check(Peer& peer, const Pair& pair, Tally* tally) {
 }
 
 TEST(OverlayPeer, RandomStarsAreWhatGeosFinds) {
-    Peer peer;
+    GeosPeer peer;
     Random random(11);
     Tally tally;
     for (int k = 0; k < 2000; ++k) {
@@ -177,7 +114,7 @@ TEST(OverlayPeer, RandomStarsAreWhatGeosFinds) {
 }
 
 TEST(OverlayPeer, RandomSkylinesAreWhatGeosFinds) {
-    Peer peer;
+    GeosPeer peer;
     Random random(12);
     Tally tally;
     for (int k = 0; k < 2000; ++k) {
@@ -191,7 +128,7 @@ TEST(OverlayPeer, RandomSkylinesAreWhatGeosFinds) {
 
 // Vertices anywhere, so that nearly a quarter of all pairs of edges cross.
 TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
-    Peer peer;
+    GeosPeer peer;
     Random random(13);
     for (int k = 0; k < 20; ++k) {
         SCOPED_TRACE(k);
@@ -204,14 +141,14 @@ TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
         OverlayParts parts;
         ASSERT_EQ(OverlayVertices(rings[0], rings[1], TOLERANCE, &parts), OVERLAY_CROSSING);
 
-        const Peer::Shape first = peer.Polygon(rings[0]);
-        const Peer::Shape second = peer.Polygon(rings[1]);
-        const Peer::Shape faces = peer.Faces(first, second);
+        const GeosPeer::Shape first = peer.Polygon(rings[0]);
+        const GeosPeer::Shape second = peer.Polygon(rings[1]);
+        const GeosPeer::Shape faces = peer.Faces(first, second);
         std::array<std::array<std::size_t, 2>, 2> counts{};
         std::array<std::array<double, 2>, 2> areas{};
         for (int i = 0; i < peer.CountOf(faces); ++i) {
-            const Peer::Shape face = peer.PartOf(faces, i);
-            const Peer::Shape within = peer.PointWithin(face);
+            const GeosPeer::Shape face = peer.PartOf(faces, i);
+            const GeosPeer::Shape within = peer.PointWithin(face);
             const std::size_t isInFirst = peer.Contains(first, within) ? 1u : 0u;
             const std::size_t isInSecond = peer.Contains(second, within) ? 1u : 0u;
             ++counts[isInFirst][isInSecond];
