@@ -1,6 +1,7 @@
 // A check compares the library with another program, or with a rule of mathematics, at random cases.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -22,7 +23,7 @@ struct Outcome {
     template <class Describe>
     void Note(double difference, Describe describe) {
         ++cases;
-        if (difference <= worst) return;
+        if (difference <= worst || std::isnan(worst)) return;
         worst = difference;
         place = describe();
     }

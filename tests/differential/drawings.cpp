@@ -172,7 +172,8 @@ Outcome ExtentsOfWindows(Random& random, std::size_t cases) {
         for (const Compass direction : DIRECTIONS) {
             const double extreme = SignOf(direction) * testing::KeyOf(AxisOf(direction), extremes[direction]);
             const double step = sample->Change(AxisOf(direction));
-            const double miss = std::fabs(extreme - sample->Furthest(direction)) / step;
+            const double difference = std::fabs(extreme - sample->Furthest(direction));
+            const double miss = difference == 0.0 ? 0.0 : difference / step;
             outcome.Note(isDone ? miss : NAN, [&] {
                 return window->name + ", system " + std::to_string(system) + ", direction " +
                        std::to_string(static_cast<int>(direction)) + ": " + std::to_string(extreme) +
