@@ -4,6 +4,7 @@
 
 #include "kernel/datum_rows.h"
 #include "kernel/ecef_formulas.h"
+#include "kernel/payload_in.h"
 #include "numerics/arcs.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
@@ -39,12 +40,16 @@ Latitude LatitudeOf(double p, double z, const Figure& figure) {
 
 }  // namespace
 
+void ecef::Write(double latitude, double longitude, const DatumRow& row, tagKOORD* target) {
+    *PayloadIn<EcefPayload>(target) = PointOf({row.a, row.e2}, SinCosOf(latitude * RADIANS_PER_DEGREE),
+                                              SinCosOf(longitude * RADIANS_PER_DEGREE));
+}
+
 KoordStatus ECEF_FromGeodetic(const tagKOORD* work, tagKOORD* target) {
     const DatumRow* row = RowOf(static_cast<std::int32_t>(target->datum));
     if (!row) return KOORD_ERR_DATUM;
     const auto position = Load<GeodezPayload>(*work);
-    Store(*target, ecef::PointOf({row->a, row->e2}, SinCosOf(position.latitude * RADIANS_PER_DEGREE),
-                                 SinCosOf(position.longitude * RADIANS_PER_DEGREE)));
+    ecef::Write(position.latitude, position.longitude, *row, target);
     return KOORD_OK;
 }
 

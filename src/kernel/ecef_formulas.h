@@ -7,6 +7,7 @@
 #include "numerics/arcs.h"
 #include "numerics/sin_cos.h"
 #include "tessara/kernel/constants.h"
+#include "tessara/kernel/datum.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara::ecef {
@@ -61,5 +62,8 @@ struct Latitude {
 [[nodiscard]] inline double HeightOf(const Latitude& lat, const Figure& figure, double p) {
     return p / lat.direction.cosine - NormalRadius(figure, lat.direction.sine);
 }
+
+// A position in degrees of height 0, to a record.
+void Write(double latitude, double longitude, const DatumRow& row, tagKOORD* target);
 
 }  // namespace tessara::ecef

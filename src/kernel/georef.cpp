@@ -20,6 +20,7 @@ constexpr double GRID_SOUTH = -90.0;
 // One axis of a reference, counted from the western or southern edge of the grid.
 struct Axis {
     std::string_view zoneLetters;
+    std::int32_t whole = 0;  // degrees
     std::int32_t zone = 0;
     std::int32_t degree = 0;
     std::int32_t minutes = 0;
@@ -36,14 +37,14 @@ struct Axis {
 // `degrees` count from the edge of the grid on this axis. Cells begin at whole degrees, so the fraction
 // doesn't matter.
 void SetCell(Axis* axis, double degrees) {
-    const std::int32_t whole = TruncateToInt32(degrees);
-    axis->zone = whole / ZONE_DEGREES;
-    axis->degree = whole % ZONE_DEGREES;
+    axis->whole = TruncateToInt32(degrees);
+    axis->zone = axis->whole / ZONE_DEGREES;
+    axis->degree = axis->whole % ZONE_DEGREES;
 }
 
 // Of degrees that have a cell.
 void SetMinutes(Axis* axis, double degrees) {
-    const double minutes = (degrees - Trunc(degrees)) * 60.0;
+    const double minutes = (degrees - axis->whole) * 60.0;
     axis->minutes = TruncateToInt32(minutes);
     const double tenths = (minutes - axis->minutes) * 10.0;
     axis->tenths = TruncateToInt32(tenths);

@@ -1,5 +1,7 @@
 #include "systems/free_projections.h"
 
+#include "kernel/datum_rows.h"
+#include "kernel/ecef_formulas.h"
 #include "kernel/grid_factors.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "systems/reading.h"
@@ -34,9 +36,8 @@ KoordStatus ECEF_Read(const tagKOORD& source, const Projection& /*projection*/, 
 }
 
 KoordStatus ECEF_Write(const double* position, const Projection& /*projection*/, tagKOORD* target) {
-    tagKOORD work = MakeKoord(DatumOf(*target), KOORD_GEODEZ);
-    Store(work, GeodezPayload{position[0], position[1], position[2]});
-    return ECEF_FromGeodetic(&work, target);
+    ecef::Write(position[0], position[1], *RowOf(DatumOf(*target)), target);
+    return KOORD_OK;
 }
 
 KoordStatus TM_Read(const tagKOORD& source, const Projection& projection, double* position) {

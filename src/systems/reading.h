@@ -3,8 +3,7 @@
 // or the constants of one or both directions.
 #pragma once
 
-#include <new>
-
+#include "kernel/payload_in.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "systems/projection.h"
 #include "tessara/kernel/koord.h"
@@ -15,13 +14,6 @@ namespace tessara {
 
 [[nodiscard]] inline std::int32_t DatumOf(const tagKOORD& record) {
     return static_cast<std::int32_t>(record.datum);
-}
-
-// The payload as an object within the record. A local copy would be written field by field and read back by
-// wider loads, for which a processor has to wait until the fields have reached memory.
-template <class Payload>
-[[nodiscard]] Payload* PayloadIn(tagKOORD* record) {
-    return ::new (static_cast<void*>(record->payload)) Payload(Load<Payload>(*record));
 }
 
 namespace reading {
