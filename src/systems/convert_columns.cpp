@@ -48,7 +48,9 @@ class ColumnConversion {
         if (!hasDatums_) return;
         single_.Prepare(source, target);
         blocks_.Prepare(single_, source, target, check);
-        targets_.fill(target);
+        std::array<tagKOORD, Block::SIZE> targets;
+        targets.fill(target);
+        if (blocks_.IsWorthwhile()) blocks_.LoadWanted(targets, block_);
     }
 
     // Some rows, at most Block::SIZE; the first status that isn't KOORD_OK.
@@ -57,9 +59,8 @@ class ColumnConversion {
         ReadHeights(first, rows);
         if (inBlocks) ComputeBlock(first, rows);
         // Target columns may be source columns: all rows are read before one is written.
-        for (std::size_t row = 0; row < rows; ++row) {
-            if (!inBlocks || block_.IsSpecial(row)) ConvertOne(first, row);
-        }
+        for (const std::size_t row : FindSingles(rows, inBlocks))
+            ConvertOne(first, row);
         Write(first, rows, inBlocks);
         const auto end = statuses_.begin() + static_cast<std::ptrdiff_t>(rows);
         const auto failure =
@@ -68,6 +69,17 @@ class ColumnConversion {
     }
 
   private:
+    // The rows that no block has computed.
+    std::span<const std::size_t> FindSingles(std::size_t rows, bool inBlocks) {
+        std::size_t count = 0;
+        for (std::size_t row = 0; row < rows; ++row) {
+            singleRows_[count] = row;
+            count += static_cast<std::size_t>(!inBlocks || block_.IsSpecial(row));
+        }
+        singles_ = {singleRows_.data(), count};
+        return singles_;
+    }
+
     void ReadHeights(std::size_t first, std::size_t rows) {
         const StridedSource heights(from_.height, first);
         if (heights.Exists()) {
@@ -107,7 +119,6 @@ class ColumnConversion {
                 block_.Refuse(row, !ReadRecord(first, row, &records[row]));
             blocks_.Load({records.data(), rows}, block_);
         }
-        blocks_.LoadWanted({targets_.data(), rows}, block_);
         blocks_.Compute(block_, rows, set_);
         if (source_.type == KOORD_ECEF) std::copy_n(block_.height, rows, heights_.begin());
         if (const BlockForm* const form = single_.To().blocks; form != nullptr) {
@@ -201,13 +212,18 @@ class ColumnConversion {
     // From the block's column, or from the records.
     void WriteNumbers(const StridedTarget& column, const OutputField& field, std::size_t rows,
                       double* numbers) {
-        double ownNumbers[Block::SIZE];
-        double* const all = numbers != nullptr ? numbers : ownNumbers;
-        for (std::size_t row = 0; row < rows; ++row) {
-            if (numbers != nullptr && !block_.IsSpecial(row)) continue;
-            all[row] = IsComplete(statuses_[row]) ? OutputValue(results_[row], field) : NOT_A_NUMBER;
+        const auto numberOf = [&](std::size_t row) {
+            return IsComplete(statuses_[row]) ? OutputValue(results_[row], field) : NOT_A_NUMBER;
+        };
+        if (numbers != nullptr) {
+            for (const std::size_t row : singles_)
+                numbers[row] = numberOf(row);
+            return column.PutNumbers(rows, numbers);
         }
-        column.PutNumbers(rows, all);
+        double ownNumbers[Block::SIZE];
+        for (std::size_t row = 0; row < rows; ++row)
+            ownNumbers[row] = numberOf(row);
+        column.PutNumbers(rows, ownNumbers);
     }
 
     void WriteLetters(const StridedTarget& column, const OutputField& field, std::size_t rows,
@@ -239,7 +255,8 @@ class ColumnConversion {
     Conversion single_;
     BlockConversion blocks_;
     Block block_{};
-    std::array<tagKOORD, Block::SIZE> targets_;
+    std::array<std::size_t, Block::SIZE> singleRows_;
+    std::span<const std::size_t> singles_;
     std::array<tagKOORD, Block::SIZE> results_;
     std::array<KoordStatus, Block::SIZE> statuses_;
     std::array<double, Block::SIZE> heights_;
