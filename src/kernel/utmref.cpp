@@ -34,10 +34,9 @@ std::int32_t BandIndex(double latitude) {
     return bands < LAST_BAND ? TruncateToInt32(bands) : LAST_BAND;
 }
 
-// The 100 km square that contains a grid value, counted from the origin of the grid; negative for a value
-// outside the grid.
-std::int32_t SquareNumber(double metres) {
-    return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres / SQUARE_METRES) : -1;
+// Whole metres in 0..10000000; negative for other values.
+std::int32_t MetresOnGrid(double metres) {
+    return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres) : -1;
 }
 
 // Whether the metre next to a position of its own zone lies in the same band as the position: 0.71 metres of
@@ -147,9 +146,11 @@ bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
 KoordStatus UtmrefFromUtm(const UtmPayload& utm, double latitude, std::uint32_t ellipsoid,
                           UtmrefPayload* payload) {
     const std::string_view columns = utmref::ColumnLetters(utm.zone);
-    const std::int32_t column = SquareNumber(utm.easting) - 1;
-    const std::int32_t row = SquareNumber(utm.northing);
-    if (!HasIndex(columns, column) || row < 0) return KOORD_ERR_GENERAL;
+    const std::int32_t easting = MetresOnGrid(utm.easting);
+    const std::int32_t northing = MetresOnGrid(utm.northing);
+    const std::int32_t column = easting / WHOLE_SQUARE - 1;
+    const std::int32_t row = northing / WHOLE_SQUARE;
+    if (!HasIndex(columns, column) || northing < 0) return KOORD_ERR_GENERAL;
 
     const std::string_view bands = utm.hemisphere == 'S' ? UTMREF_SOUTH_BANDS : UTMREF_NORTH_BANDS;
     payload->zone = utm.zone;
@@ -157,8 +158,8 @@ KoordStatus UtmrefFromUtm(const UtmPayload& utm, double latitude, std::uint32_t 
     payload->column = LetterAt(columns, column);
     payload->row =
         LetterAt(utmref::RowLetters(ellipsoid), (row + utmref::RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
-    payload->easting = TruncateToInt32(utm.easting) % WHOLE_SQUARE;
-    payload->northing = TruncateToInt32(utm.northing) % WHOLE_SQUARE;
+    payload->easting = easting % WHOLE_SQUARE;
+    payload->northing = northing % WHOLE_SQUARE;
     return KOORD_OK;
 }
 
