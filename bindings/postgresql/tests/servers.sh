@@ -17,7 +17,7 @@ install_server() {
     mkdir -p "$places"/{lib,share}/postgresql
     cp -r "/usr/lib/postgresql/$version" "$places/lib/postgresql/"
     cp -r "/usr/share/postgresql/$version" "$places/share/postgresql/"
-    cmake --install build/postgresql --component postgresql --prefix "$places/install" >/dev/null
+    cmake --install "$tree" --component postgresql --prefix "$places/install" >/dev/null
     cp -r "$places/install/lib/postgresql/$version/." "$server"
     cp -r "$places/install/share/postgresql/$version/." "$share"
     ((EUID != 0)) || chown postgres "$places"
@@ -39,7 +39,7 @@ start_cluster() {
 
 # control PORT start|stop|restart
 control() {
-    as_server "$server/bin/pg_ctl" -D "$places/$1" -l "$places/$1/log" -w -s -m fast "${@:2}"
+    as_server env ${server_preload:+LD_PRELOAD=$server_preload} "$server/bin/pg_ctl" -D "$places/$1" -l "$places/$1/log" -w -s -m fast "${@:2}"
 }
 
 stop_clusters() {
