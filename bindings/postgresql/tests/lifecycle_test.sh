@@ -2,7 +2,7 @@
 # What happens around the functions: cancelled queries, two backends, little memory, a restart, updates, removal.
 source "$(dirname "$0")/checks.sh"
 
-plan 17
+plan 19
 
 query() {
     psql -XAtq -v ON_ERROR_STOP=1 "$@"
@@ -81,15 +81,23 @@ like "$(cancelled 'SELECT count(tessara_parse(tessara_format(a.lat, b.lon, $$UTM
 like "$(cancelled "SELECT count(tessara_convert_array(lats, lats, 'UTM')) FROM
     (SELECT array_agg(48.0::float8) AS lats FROM generate_series(1, 3000000)) a, generate_series(1, 100)")" \
     'canceling statement' 'arrays can be cancelled'
+like "$(cancelled "SELECT count(line) FROM generate_series(1, 10000) i, tessara_grid_lines('UTM', -70, -180, 70, 180, 50000 + i)")" \
+    'canceling statement' 'grid lines can be cancelled'
 
 # Memory of the library is given back: a session does the same work again and doesn't grow.
 work='SELECT count(tessara_convert_or_null(lat, lon, (ARRAY[$$UTM$$, $$CH@CH1903$$, $$GK@GER$$])[1 + id % 3])), count(tessara_parse(tessara_format(lat, lon, $$UTM$$))),
     count((tessara_check(id || $$ nothing$$)).reason) FROM (SELECT * FROM tracks LIMIT 20000) t;
     SELECT count(tessara_convert_array_or_null(ARRAY[lat, 91], ARRAY[lon, 11], $$UTM$$)), count(tessara_parse_or_null(id::text)) FROM (SELECT * FROM tracks LIMIT 20000) t;'
 resident="SELECT (regexp_match(pg_read_file('/proc/' || pg_backend_pid() || '/status'), 'VmRSS:\\s+(\\d+)'))[1]"
-kilobytes=$(query -c "$work" -c "$resident" -c "$work" -c "$work" -c "$work" -c "$resident" | grep -v '|')
-like "$(awk 'NR == 1 {first = $1} END {print NR, ($1 - first < 1024 ? "steady" : "grown from " first " to " $1)}' <<<"$kilobytes")" \
-    '2 steady' 'a session that works on keeps its size'
+growth() {
+    local kilobytes
+    kilobytes=$(query -c "$1" -c "$resident" -c "$1" -c "$1" -c "$1" -c "$resident" | grep -v '|')
+    awk 'NR == 1 {first = $1} END {print NR, ($1 - first < 1024 ? "steady" : "grown from " first " to " $1)}' <<<"$kilobytes"
+}
+like "$(growth "$work")" '2 steady' 'a session that works on keeps its size'
+lines='SELECT count(g.line), max(g.part) FROM generate_series(1, 20) i, tessara_grid_lines($$UTM$$, 45, 5, 55, 15 + i, 20000) g;
+    SELECT count(b.line), max(b.part) FROM generate_series(1, 200) i, tessara_zone_borders($$UTM$$, 45, 5, 55, 15 + i % 20) b;'
+like "$(growth "$lines")" '2 steady' 'and so does one that makes lines'
 
 # Texts in another encoding than UTF-8.
 createdb -E LATIN1 --locale=C -T template0 latin
