@@ -43,12 +43,8 @@ Outcome FacesOfTangles(Random& random, std::size_t cases) {
     GeosPeer peer;
     Outcome outcome;
     for (std::size_t i = 0; i < cases; ++i) {
-        Ring rings[2];
-        for (Ring& ring : rings) {
-            ring.resize(static_cast<std::size_t>(20 + random.Below(60)));
-            for (PlanePoint& p : ring)
-                p = {random.Between(0, 1000), random.Between(0, 1000)};
-        }
+        const Ring rings[] = {testing::RandomTangle(random, 20 + random.Below(60)),
+                              testing::RandomTangle(random, 20 + random.Below(60))};
         OverlayParts parts;
         const bool isDone = OverlayVertices(rings[0], rings[1], SNAP_TOLERANCE, &parts) == OVERLAY_CROSSING;
         const std::size_t ours =

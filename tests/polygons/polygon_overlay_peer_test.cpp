@@ -132,12 +132,8 @@ TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
     Random random(13);
     for (int k = 0; k < 20; ++k) {
         SCOPED_TRACE(k);
-        Ring rings[2];
-        for (Ring& ring : rings) {
-            ring.resize(static_cast<std::size_t>(20 + random.Below(60)));
-            for (PlanePoint& p : ring)
-                p = {random.Between(0, 1000), random.Between(0, 1000)};
-        }
+        const Ring rings[] = {testing::RandomTangle(random, 20 + random.Below(60)),
+                              testing::RandomTangle(random, 20 + random.Below(60))};
         OverlayParts parts;
         ASSERT_EQ(OverlayVertices(rings[0], rings[1], TOLERANCE, &parts), OVERLAY_CROSSING);
 

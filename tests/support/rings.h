@@ -77,6 +77,16 @@ inline Ring RandomStar(Random& random, int count, PlanePoint centre, double radi
     return star;
 }
 
+// A ring of vertices anywhere in a square, which crosses itself nearly everywhere.
+inline Ring RandomTangle(Random& random, int count) {
+    Ring tangle;
+    for (int i = 0; i < count; ++i) {
+        const double x = random.Between(0, 1000);
+        tangle.push_back({x, random.Between(0, 1000)});
+    }
+    return tangle;
+}
+
 // A row of adjacent towers with integer heights on a common ground line. The ring never crosses itself.
 inline Ring RandomSkyline(Random& random, int towers, int x, int y) {
     Ring skyline{{static_cast<double>(x), static_cast<double>(y)}};
