@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <new>
 
 #include "support/live_objects.h"
@@ -159,13 +160,15 @@ TEST_F(MapCoordCreatorTest, LeavesFloatPixelsAsTheyAre) {
     EXPECT_EQ(coord->GetHeight(), 7.0);
 }
 
-// The bytes of the doubles 3.0 and 4.0 are 0, 0x40080000 and 0, 0x40100000.
+// The bytes of the column 3.0 take the place of both whole numbers.
 TEST_F(MapCoordCreatorTest, WritesDoublesIntoAWholePixel) {
     const IRef<ICoord> coord = CoordOf(LongPixel(3, 4));
     ASSERT_TRUE(creator->ConvertCoord(coord.Get()));
     EXPECT_EQ(KoordOf(coord).type, static_cast<std::uint32_t>(KOORD_LONGPIXEL));
-    EXPECT_EQ(PayloadOf<LongPixelPayload>(coord).x, 0);
-    EXPECT_EQ(PayloadOf<LongPixelPayload>(coord).y, 0x40080000);
+    const auto halves = std::bit_cast<LongPixelPayload>(3.0);
+    EXPECT_EQ(PayloadOf<LongPixelPayload>(coord).x, halves.x);
+    EXPECT_EQ(PayloadOf<LongPixelPayload>(coord).y, halves.y);
+    EXPECT_EQ(BytesAs<FloatPixelPayload>(KoordOf(coord)).x, 3.0);
     EXPECT_EQ(BytesAs<FloatPixelPayload>(KoordOf(coord)).y, 4.0);
 }
 
