@@ -11,34 +11,49 @@
 #include <vector>
 
 #include "fuzz/draw.h"
+#include "support/live_objects.h"
+#include "tessara/euclidean_vector.h"
+#include "tessara/tessara_string.h"
 #include "tessara/vector.h"
 
 namespace tessara::fuzz {
 
+// An object of a host that counts its references.
+class CountingHost : public IUnknown {
+  public:
+    std::uint32_t AddRef() final { return ++count_; }
+    std::uint32_t Release() final { return --count_; }
+
+    // Whether only its owner has a reference.
+    [[nodiscard]] bool IsReleased() const { return count_ == 1; }
+
+  protected:
+    ~CountingHost() = default;
+
+  private:
+    std::uint32_t count_ = 1;
+};
+
 // Claims to have an interface but writes none.
-class SilentHost final : public IUnknown {
+class SilentHost final : public CountingHost {
   public:
     ResultCode QueryInterface(const GUID*, void**) override { return RESULT_OK; }
-    std::uint32_t AddRef() override { return 2; }
-    std::uint32_t Release() override { return 1; }
 };
 
 // Has no interface at all, not even IUnknown.
-class RefusingHost final : public IUnknown {
+class RefusingHost final : public CountingHost {
   public:
     ResultCode QueryInterface(const GUID*, void** out) override {
         if (out != nullptr) *out = nullptr;
         return RESULT_NO_INTERFACE;
     }
-    std::uint32_t AddRef() override { return 2; }
-    std::uint32_t Release() override { return 1; }
 };
 
 // The objects and arguments for the operations of one input. No object leaves the stage, so that it controls
 // their reference counts.
 class Stage {
   public:
-    explicit Stage(ByteReader& bytes) : bytes_(bytes) {}
+    explicit Stage(ByteReader& bytes) : bytes_(bytes) { objects_.reserve(MOST_OBJECTS); }
     ~Stage();
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
@@ -49,7 +64,7 @@ class Stage {
         if (object.IsValid() && objects_.size() < MOST_OBJECTS) objects_.push_back(object);
     }
 
-    // An argument of a host's own class, whose operations are never called.
+    // An argument of a host's own class, whose operations only the library calls.
     void AddHost(const IRef<IUnknown>& object) { hosts_.push_back(object); }
 
     template <class I>
@@ -57,7 +72,7 @@ class Stage {
         return OneWith<I>(objects_);
     }
 
-    // Rarely an object of another class.
+    // Rarely an object of another class, or of a host. The stage holds a reference to each.
     template <class I>
     [[nodiscard]] I* Argument() {
         switch (bytes_.Below(16)) {
@@ -69,11 +84,22 @@ class Stage {
                 return reinterpret_cast<I*>(static_cast<IUnknown*>(&refusing_));
             case 3:
                 return reinterpret_cast<I*>(objects_[bytes_.Below(256) % objects_.size()].Get());
-            // The stage holds a reference.
+            case 4:
+                return OneWith<I>(hosts_).Get();
+            case 5:
+                return IRef<I>(last_).Get();
             default:
                 return Object<I>().Get();
         }
     }
+
+    // Which allocation of a call fails; mostly none.
+    [[nodiscard]] int FailingAllocation() {
+        return bytes_.Below(4) == 0 ? 1 + static_cast<int>(bytes_.Below(32)) : 0;
+    }
+
+    // The object of the call, or the argument before, so that the next argument can be the same one.
+    void SetLast(const IRef<IUnknown>& object) { last_ = object; }
 
   private:
     static constexpr std::size_t MOST_OBJECTS = 64;
@@ -92,6 +118,7 @@ class Stage {
     ByteReader& bytes_;
     std::vector<IRef<IUnknown>> objects_;
     std::vector<IRef<IUnknown>> hosts_;
+    IRef<IUnknown> last_;
     SilentHost silent_;
     RefusingHost refusing_;
 };
@@ -102,6 +129,10 @@ inline Stage::~Stage() {
         const IRef<IArray> list(object);
         if (list.IsValid()) list->Clear();
     }
+    last_ = {};
+    objects_.clear();
+    hosts_.clear();
+    Require(silent_.IsReleased() && refusing_.IsReleased());
 }
 
 // An argument, or the space for an output.
@@ -181,25 +212,42 @@ template <class T>
 requires std::is_base_of_v<IUnknown, T>
 struct Slot<T*> {
     T* object;
-    explicit Slot(Stage& stage) : object(stage.Argument<T>()) {}
+    explicit Slot(Stage& stage) : object(stage.Argument<T>()) {
+        if (IRef<T>(object).IsValid()) stage.SetLast(IRef<IUnknown>(object));
+    }
     T* Get() { return object; }
 };
 
-// Calls the operation on an object with the interface. Only lists and vectors may throw.
+// Interfaces whose operations grow lists, vectors and texts, and may throw.
+template <class I>
+inline constexpr bool MAY_THROW =
+    std::is_same_v<I, IArray> || std::is_same_v<I, IVector> || std::is_same_v<I, ITessaraString>;
+
+// Calls the operation on an object with the interface. Memory runs out in some calls.
 template <class I, class Result, class... Arguments>
 void Call(Stage& stage, Result (I::*operation)(Arguments...)) {
     const IRef<I> object = stage.Object<I>();
     if (!object.IsValid()) return;
+    stage.SetLast(IRef<IUnknown>(object));
     // Braces guarantee the order of the draws.
     std::tuple<Slot<Arguments>...> slots{Slot<Arguments>(stage)...};
     const auto call = [&](auto&... slot) { return (object.Get()->*operation)(slot.Get()...); };
+    const int nth = stage.FailingAllocation();
+    const auto callShortOfMemory = [&] {
+        const testing::FailAllocation failure(nth);
+        return std::apply(call, slots);
+    };
     try {
         if constexpr (std::is_convertible_v<Result, IUnknown*>)
-            stage.Add(IRef<IUnknown>(std::apply(call, slots)));
+            stage.Add(IRef<IUnknown>(callShortOfMemory()));
         else
-            std::apply(call, slots);
+            callShortOfMemory();
+    } catch (const std::bad_alloc&) {
+        Require(MAY_THROW<I> && nth > 0);
     } catch (const std::length_error&) {
+        Require(MAY_THROW<I>);
     } catch (const std::out_of_range&) {
+        Require(MAY_THROW<I>);
     }
 }
 

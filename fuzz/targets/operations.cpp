@@ -1,5 +1,5 @@
 // Random sequences of operations: every operation of every interface, on objects that the sequence has
-// created.
+// created, while memory runs out in some calls. At the end of a sequence no memory remains in use.
 #include "fuzz/call.h"
 #include "support/host_projection.h"
 #include "support/managed_library.h"
@@ -20,7 +20,11 @@ void Do(Stage& stage) {
 
 template <auto Create>
 void Make(Stage& stage) {
-    stage.Add(IRef<IUnknown>(Create()));
+    const auto create = [nth = stage.FailingAllocation()] {
+        const testing::FailAllocation failure(nth);
+        return Create();
+    };
+    stage.Add(IRef<IUnknown>(create()));
 }
 
 constexpr Step* CREATIONS[] = {
@@ -471,18 +475,27 @@ void AddOneOfEachClass(Stage& stage) {
         create(stage);
 }
 
-}  // namespace
-}  // namespace tessara::fuzz
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace tessara::fuzz;
-    static const tessara::testing::ManagedLibrary library;
-    ByteReader bytes(data, size);
+void Play(ByteReader& bytes) {
+    const testing::ManagedLibrary library;
     Stage stage(bytes);
     AddHostObjects(stage);
     AddPositions(stage);
     AddOneOfEachClass(stage);
     for (int i = 0; i < MOST_STEPS && !bytes.IsAtEnd(); ++i)
         (bytes.Below(16) == 0 ? bytes.OneOf(CREATIONS) : bytes.OneOf(OPERATIONS))(stage);
+}
+
+void PlayAndCount(ByteReader& bytes) {
+    const std::int64_t blocks = testing::LiveBlocks();
+    Play(bytes);
+    Require(testing::LiveBlocks() == blocks);
+}
+
+}  // namespace
+}  // namespace tessara::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tessara::fuzz::ByteReader bytes(data, size);
+    tessara::fuzz::PlayAndCount(bytes);
     return 0;
 }
