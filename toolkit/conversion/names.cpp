@@ -1,10 +1,13 @@
 #include "conversion/names.h"
 
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
 #include "conversion/closest.h"
-#include "conversion/made.h"
 #include "conversion/quote.h"
-#include "tessara/host/text.h"
-#include "tessara/tessara.h"
+#include "tessara/kernel/datum.h"
+#include "tessara/kernel/names.h"
 
 namespace tessara::toolkit {
 namespace {
@@ -12,14 +15,21 @@ namespace {
 // A common name of UTMREF.
 constexpr const char* MILITARY_REFERENCES = "MGRS";
 
+char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsSameName(std::string_view one, std::string_view other) {
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [](char a, char b) { return LowerCase(a) == LowerCase(b); });
+}
+
 // The library only maps numbers to names, so that the function searches all numbers.
-template <class NameOf>
-std::optional<std::int32_t> NumberOf(const std::string& name, std::int32_t count, NameOf nameOf) {
+std::optional<std::int32_t> NumberOf(std::string_view name, std::int32_t count,
+                                     std::string (*nameOf)(std::int32_t)) {
     if (name.empty()) return std::nullopt;
-    const IRef<ITessaraString> wanted = Made<ITessaraString>(NewObject<host::Text>());
-    wanted->AssignText(name.c_str());
     for (std::int32_t number = 0; number < count; ++number) {
-        if (wanted->CompareTextNoCase(nameOf(number).c_str()) == 0) return number;
+        if (IsSameName(name, nameOf(number))) return number;
     }
     return std::nullopt;
 }
@@ -35,17 +45,13 @@ std::vector<std::string> AllNames(std::int32_t count, std::string (*nameOf)(std:
 }  // namespace
 
 std::string SystemName(std::int32_t number) {
-    const IRef<ICoordinateSystem> system = Made(CreateClassCoordinateSystem());
-    const IRef<ITessaraString> name = Made<ITessaraString>(NewObject<host::Text>());
-    if (system->SetSystem(number)) system->GetName(name.Get());
-    return name->GetText();
+    const char* const name = CoordinateType_Name(number);
+    return name != nullptr ? name : "";
 }
 
 std::string DatumName(std::int32_t number) {
-    const IRef<IGeoDate> datum = Made(CreateClassGeoDate());
-    const IRef<ITessaraString> name = Made<ITessaraString>(NewObject<host::Text>());
-    if (datum->SetDatum(number)) datum->GetName(name.Get());
-    return name->GetText();
+    const char* const name = Datum_Name(number);
+    return name != nullptr ? name : "";
 }
 
 const char* UnitName(Unit unit) {
@@ -63,8 +69,7 @@ const char* UnitName(Unit unit) {
 std::optional<std::int32_t> SystemByName(const std::string& name) {
     const std::optional<std::int32_t> number = NumberOf(name, KOORD_TYPE_COUNT, SystemName);
     if (number) return number;
-    const auto isAlias = [](std::int32_t /*number*/) { return std::string(MILITARY_REFERENCES); };
-    return NumberOf(name, 1, isAlias) ? std::optional<std::int32_t>(KOORD_UTMREF) : std::nullopt;
+    return IsSameName(name, MILITARY_REFERENCES) ? std::optional<std::int32_t>(KOORD_UTMREF) : std::nullopt;
 }
 
 std::optional<std::int32_t> DatumByName(const std::string& name) {
