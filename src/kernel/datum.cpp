@@ -42,11 +42,12 @@ double ReflectAtPole(double latitude) {
     return (latitude > 0.0 ? 180.0 : -180.0) - latitude;
 }
 
-constexpr auto TO_HUB = ForEachDatum<StepConstants>([](const EllipsoidFigure&, std::int32_t datum) consteval {
-    return StepOf(ToHubOf(DATUMS[static_cast<std::size_t>(datum)]));
-});
-constexpr auto FROM_HUB =
-    ForEachDatum<StepConstants>([](const EllipsoidFigure&, std::int32_t datum) consteval {
+TESSARA_TABLE auto TO_HUB =
+    ForEachDatum<StepConstants>([](const EllipsoidFigure&, std::int32_t datum) constexpr {
+        return StepOf(ToHubOf(DATUMS[static_cast<std::size_t>(datum)]));
+    });
+TESSARA_TABLE auto FROM_HUB =
+    ForEachDatum<StepConstants>([](const EllipsoidFigure&, std::int32_t datum) constexpr {
         return StepOf(FromHubOf(DATUMS[static_cast<std::size_t>(datum)]));
     });
 

@@ -12,6 +12,16 @@ namespace tessara {
 
 using internal::DATUMS;
 
+// Tables of all datums are constant data. A build that has to be small computes them, to the same bits, when
+// it is loaded.
+#if defined(TESSARA_TABLES_AT_LOAD)
+#define TESSARA_TABLE const
+#define TESSARA_COMPUTED inline
+#else
+#define TESSARA_TABLE constexpr
+#define TESSARA_COMPUTED consteval
+#endif
+
 // Datum_Row for use within the kernel, inline because a call would cost more than the look-up.
 [[nodiscard]] inline const DatumRow* RowOf(std::int32_t datum) {
     return datum >= 0 && datum < DATUM_COUNT ? &DATUMS[static_cast<std::size_t>(datum)] : nullptr;
@@ -42,8 +52,8 @@ constexpr HubParams FromHubOf(const DatumRow& row) {
 
 // compute(figure) for the ellipsoid of each datum, indexed by the number of the datum.
 template <class Constants>
-consteval std::array<Constants, DATUM_COUNT> ForEachDatum(Constants (*compute)(const EllipsoidFigure&,
-                                                                               std::int32_t)) {
+TESSARA_COMPUTED std::array<Constants, DATUM_COUNT> ForEachDatum(Constants (*compute)(const EllipsoidFigure&,
+                                                                                      std::int32_t)) {
     std::array<Constants, DATUM_COUNT> table{};
     for (const DatumRow& row : DATUMS)
         table[row.id] = compute(ELLIPSOIDS[row.ellipsoid], static_cast<std::int32_t>(row.id));

@@ -31,7 +31,7 @@ constexpr TmConstants Common(const EllipsoidFigure& figure, std::int32_t datum,
     return c;
 }
 
-consteval TmConstants Forward(const EllipsoidFigure& figure, std::int32_t datum) {
+constexpr TmConstants Forward(const EllipsoidFigure& figure, std::int32_t datum) {
     TmConstants c = Common(figure, datum, FORWARD_MATRIX);
     const double d = c.secondEcc2;
     const double d2 = d * d;
@@ -44,7 +44,7 @@ consteval TmConstants Forward(const EllipsoidFigure& figure, std::int32_t datum)
     return c;
 }
 
-consteval TmConstants Inverse(const EllipsoidFigure& figure, std::int32_t datum) {
+constexpr TmConstants Inverse(const EllipsoidFigure& figure, std::int32_t datum) {
     TmConstants c = Common(figure, datum, INVERSE_MATRIX);
     const double d = c.secondEcc2;
     const double d2 = d * d;
@@ -57,8 +57,8 @@ consteval TmConstants Inverse(const EllipsoidFigure& figure, std::int32_t datum)
 
 using Table = std::array<TmConstants, DATUM_COUNT>;
 
-constexpr Table FORWARD = ForEachDatum<TmConstants>(Forward);
-constexpr Table INVERSE = ForEachDatum<TmConstants>(Inverse);
+TESSARA_TABLE Table FORWARD = ForEachDatum<TmConstants>(Forward);
+TESSARA_TABLE Table INVERSE = ForEachDatum<TmConstants>(Inverse);
 
 KoordStatus Load(const TmConstants* constants, TmConstants* c) {
     if (!constants) return KOORD_ERR_DATUM;
