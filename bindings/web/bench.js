@@ -48,11 +48,12 @@ for (const part of ["conversions", "all"]) {
 
 const tessara = await load();
 const [latitude, longitude] = randomColumns(MANY, 0, 80, 6, 12);
+const [swissLatitude, swissLongitude] = randomColumns(MANY, 45.8, 47.8, 6, 10.4);
 const utm32 = proj4("EPSG:4326", "+proj=utm +zone=32 +datum=WGS84 +units=m");
 const swiss = proj4("EPSG:4326",
     "+proj=somerc +lat_0=46.9524055555556 +lon_0=7.43958333333333 +k_0=1 +x_0=600000 +y_0=200000 +ellps=bessel +towgs84=660.077,13.551,369.344");
-const each = (count, work) => () => {
-    for (let i = 0; i < count; ++i) work(longitude[i], latitude[i]);
+const each = (count, work, north = latitude, east = longitude) => () => {
+    for (let i = 0; i < count; ++i) work(east[i], north[i]);
 };
 const { easting, northing, zone, hemisphere } = tessara.convert(latitude, longitude);
 const references = tessara.format(latitude.subarray(0, FEW), longitude.subarray(0, FEW));
@@ -63,10 +64,18 @@ row("a million positions to UTM, one zone (proj4)", () => tessara.convert(latitu
 row("a million positions from UTM (proj4)",
     () => tessara.convert({ zone, hemisphere, easting, northing }, { from: "UTM", to: "GEODEZ" }),
     () => { for (let i = 0; i < MANY; ++i) utm32.inverse([easting[i], northing[i]]); });
-row("a million positions to the Swiss grid on its datum (proj4)",
-    () => tessara.convert(latitude, longitude, { to: "CH@CH1903" }), each(MANY, (lon, lat) => swiss.forward([lon, lat])));
-row("a million military references (mgrs)", () => tessara.format(latitude, longitude), each(MANY, (lon, lat) => mgrs.forward([lon, lat])));
+row("a million positions in Switzerland to its grid and datum (proj4)",
+    () => tessara.convert(swissLatitude, swissLongitude, { to: "CH@CH1903" }),
+    each(MANY, (lon, lat) => swiss.forward([lon, lat]), swissLatitude, swissLongitude));
+row("a million military references as texts (mgrs)", () => tessara.format(latitude, longitude), each(MANY, (lon, lat) => mgrs.forward([lon, lat])));
 row("100 000 military references read (mgrs)", () => tessara.parse(references), () => { for (const text of references) mgrs.toPoint(text); });
-row("100 000 single positions to UTM (proj4)", each(FEW, (lon, lat) => tessara.convert(lat, lon)),
+row("a million military references in columns (mgrs)", () => tessara.convert(latitude, longitude, { to: "UTMREF" }),
+    each(MANY, (lon, lat) => mgrs.forward([lon, lat])));
+row("100 000 single positions to UTM (proj4)", each(FEW, (lon, lat) => tessara.convert(lat, lon, { to: "UTM" })),
     each(FEW, (lon, lat) => utm32.forward([lon, lat])));
+const small = await load({ part: "conversions" });
+row("the same with the small module (proj4)", each(FEW, (lon, lat) => small.convert(lat, lon, { to: "UTM" })),
+    each(FEW, (lon, lat) => utm32.forward([lon, lat])));
+row("a million positions to UTM with the small module (proj4)", () => small.convert(latitude, longitude),
+    each(MANY, (lon, lat) => utm32.forward([lon, lat])));
 row("a million distances", () => tessara.distance(latitude, longitude, 48, 11), null);

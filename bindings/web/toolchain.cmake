@@ -14,6 +14,8 @@ string(JOIN " " CMAKE_CXX_FLAGS_INIT
   -D__EMSCRIPTEN__ -D_LIBCPP_ABI_VERSION=2 -fno-threadsafe-statics -Xclang -iwithsysroot/include/compat
   # Exceptions of WebAssembly itself: Node 17, Chrome 95, Firefox 100, Safari 15.2.
   -fwasm-exceptions
+  # What browsers with these exceptions have, too: smaller conversions of numbers and copies of memory.
+  -msign-ext -mnontrapping-fptoint -mbulk-memory
   # What the standard library lacks.
   -isystem ${web}/standard -I${web}/module)
 set(CMAKE_CXX_LINK_EXECUTABLE "em++ -O2 -fwasm-exceptions <LINK_FLAGS> <OBJECTS> -o <TARGET> <LINK_LIBRARIES>")

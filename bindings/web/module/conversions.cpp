@@ -41,6 +41,13 @@ Outcome Convert(std::int32_t handle, const SourceColumns* from, const TargetColu
     return Try([&] { Conversions().At(handle).Convert(*from, *to, count); });
 }
 
+// One row; the status of the conversion.
+TESSARA_EXPORT(convertRow)
+KoordStatus ConvertRow(std::int32_t handle, const Slot* from, std::uint32_t given, Slot* to) {
+    const PreparedConversion* const conversion = Conversions().Find(handle);
+    return conversion != nullptr ? conversion->ConvertRow(from, given, to) : KOORD_ERR_GENERAL;
+}
+
 // The code of a status, a line break, and its reason.
 TESSARA_EXPORT(statusText) Outcome StatusText(std::int32_t status) {
     return Try(

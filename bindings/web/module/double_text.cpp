@@ -1,16 +1,15 @@
 #include "double_text.h"
 
-#include <fast_float/fast_float.h>
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstring>
-#include <limits>
+#include <cstdlib>
 #include <string>
 #include <string_view>
+
+#include "host_numbers.h"
 
 namespace tessara::web {
 namespace {
@@ -18,9 +17,9 @@ namespace {
 constexpr int MANTISSA_BITS = 52;
 constexpr int EXPONENT_BIAS = 1075;
 constexpr int MOST_EXACT_DECIMALS = 22;  // 53 bits times 10^22 are 127 bits
-constexpr int SAFE_DIGITS = 15;          // a decimal of so many digits is a double's, and comes back from it
-constexpr int MOST_DIGITS = 17;
-constexpr std::size_t LONGEST_EXPONENT_FORM = 32;
+constexpr int MOST_EXACT_POWER = 22;     // of ten, as a double
+constexpr double EXACT_WHOLE = 9007199254740992.0;
+constexpr int FAR_EXPONENT = 100000000;  // beyond the length of any text
 
 WrittenText Write(char* first, char* last, std::string_view text) {
     if (text.size() > static_cast<std::size_t>(last - first)) return {last, std::errc::value_too_large};
@@ -69,43 +68,18 @@ std::string FixedBelowMantissa(const Binary& number, int decimals) {
     return text;
 }
 
-std::string Printed(const char* format, int precision, double value) {
-    std::array<char, 512> text;
-    const int length = std::snprintf(text.data(), text.size(), format, precision, value);
-    return {text.data(), static_cast<std::size_t>(length)};
+// Enough for the greatest double with all its digits and some decimals.
+using Buffer = std::array<char, 512>;
+
+std::string ExactText(double value, int decimals) {
+    Buffer text;
+    return {text.data(), tessara_write_fixed(value, decimals, text.data(), text.size())};
 }
 
-bool IsReadAs(double value, const std::string& text) {
-    double read = 0.0;
-    fast_float::from_chars(text.data(), text.data() + text.size(), read);
-    return read == value;
-}
-
-// The same digits with the last one raised.
-std::string NextAfter(std::string scientific) {
-    for (std::size_t i = scientific.find('e'); i-- > 0;) {
-        if (scientific[i] == '.') continue;
-        if (scientific[i] != '9') {
-            ++scientific[i];
-            return scientific;
-        }
-        scientific[i] = '0';
-    }
-    return scientific;
-}
-
-// The fewest digits of a positive number that are read as the same double, in the form 1.25e+02. Below a
-// power of two doubles are twice as dense: the closest of 16 digits may be another double's while the next
-// one isn't.
+// The fewest digits of a positive number that are read as the same double, in the form 1.25e+2.
 std::string ShortestScientific(double value) {
-    const int first = value < std::numeric_limits<double>::min() ? 1 : SAFE_DIGITS;
-    for (int digits = first; digits < MOST_DIGITS; ++digits) {
-        std::string text = Printed("%.*e", digits - 1, value);
-        if (IsReadAs(value, text)) return text;
-        text = NextAfter(std::move(text));
-        if (digits > SAFE_DIGITS && IsReadAs(value, text)) return text;
-    }
-    return Printed("%.*e", MOST_DIGITS - 1, value);
+    Buffer text;
+    return {text.data(), tessara_write_scientific(value, text.data(), text.size())};
 }
 
 struct Decimal {
@@ -135,27 +109,94 @@ struct Decimal {
 std::string FixedOf(const Decimal& decimal, double value) {
     const int whole = decimal.exponent + 1;  // digits before the point
     if (whole <= 0) return "0." + std::string(static_cast<std::size_t>(-whole), '0') + decimal.digits;
-    if (whole >= decimal.Count()) return Printed("%.*f", 0, value);
+    if (whole >= decimal.Count()) return ExactText(value, 0);
     return decimal.digits.substr(0, static_cast<std::size_t>(whole)) + "." +
            decimal.digits.substr(static_cast<std::size_t>(whole));
 }
 
-bool HasDigit(const char* first, const char* last, char least) {
-    return std::any_of(first, std::find_if(first, last, [](char c) { return c == 'e' || c == 'E'; }),
-                       [least](char c) { return c >= least && c <= '9'; });
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
 }
+
+char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// What a text of digits with a point and an exponent consists of.
+class NumberText {
+  public:
+    NumberText(const char* first, const char* last) : last_(last), at_(first) {
+        isNegative_ = at_ < last_ && *at_ == '-';
+        at_ += isNegative_ ? 1 : 0;
+        begin_ = at_;
+        ReadDigits(0);
+        if (at_ < last_ && *at_ == '.' && (count_ > 0 || (at_ + 1 < last_ && IsDigit(at_[1])))) {
+            ++at_;
+            ReadDigits(-1);
+        }
+        if (IsNumber()) ReadExponent();
+    }
+
+    [[nodiscard]] bool IsNumber() const { return count_ > 0; }
+    [[nodiscard]] bool IsNegative() const { return isNegative_; }
+    [[nodiscard]] bool IsZero() const { return isZero_; }
+    [[nodiscard]] const char* Begin() const { return begin_; }
+    [[nodiscard]] const char* End() const { return at_; }
+
+    // Without the sign. A whole number and a power of ten that both are doubles give the closest one.
+    [[nodiscard]] double Value() const {
+        const bool isExact = digits_ < EXACT_WHOLE && std::abs(exponent_) <= MOST_EXACT_POWER;
+        if (!isExact) return tessara_read_number(begin_, static_cast<std::size_t>(at_ - begin_));
+        double power = 1.0;
+        for (int i = 0; i < std::abs(exponent_); ++i)
+            power *= 10.0;
+        return exponent_ < 0 ? digits_ / power : digits_ * power;
+    }
+
+  private:
+    void ReadDigits(int step) {
+        for (; at_ < last_ && IsDigit(*at_); ++at_, ++count_) {
+            isZero_ = isZero_ && *at_ == '0';
+            digits_ = digits_ * 10.0 + (*at_ - '0');
+            exponent_ += step;
+        }
+    }
+
+    // An e without digits isn't part of the number.
+    void ReadExponent() {
+        const char* next = at_;
+        if (next == last_ || LowerCase(*next) != 'e') return;
+        ++next;
+        const bool isDown = next < last_ && *next == '-';
+        if (next < last_ && (*next == '-' || *next == '+')) ++next;
+        if (next == last_ || !IsDigit(*next)) return;
+        int size = 0;
+        for (; next < last_ && IsDigit(*next); ++next)
+            size = std::min(size * 10 + (*next - '0'), FAR_EXPONENT);
+        exponent_ += isDown ? -size : size;
+        at_ = next;
+    }
+
+    const char* last_;
+    const char* at_;
+    const char* begin_;
+    bool isNegative_;
+    bool isZero_ = true;
+    int count_ = 0;
+    double digits_ = 0.0;  // all of them as a whole number
+    int exponent_ = 0;
+};
 
 }  // namespace
 
 ReadText ReadDouble(const char* first, const char* last, double* value) {
-    double read = 0.0;
-    const fast_float::from_chars_result result = fast_float::from_chars(first, last, read);
-    if (result.ec != std::errc()) return {result.ptr, result.ec};
-    const bool isTooLarge = std::isinf(read) && HasDigit(first, result.ptr, '0');
-    const bool isTooSmall = read == 0.0 && HasDigit(first, result.ptr, '1');
-    if (isTooLarge || isTooSmall) return {result.ptr, std::errc::result_out_of_range};
-    *value = read;
-    return {result.ptr, std::errc()};
+    const NumberText text(first, last);
+    if (!text.IsNumber()) return {first, std::errc::invalid_argument};
+    const double read = text.Value();
+    if (std::isinf(read) || (read == 0.0 && !text.IsZero()))
+        return {text.End(), std::errc::result_out_of_range};
+    *value = text.IsNegative() ? -read : read;
+    return {text.End(), std::errc()};
 }
 
 WrittenText WriteShortest(char* first, char* last, double value) {
@@ -173,8 +214,9 @@ WrittenText WriteFixed(char* first, char* last, double value, int decimals) {
     if (!std::isfinite(value)) return Write(first, last, NameOf(value));
     const Binary number(std::abs(value));
     const bool isShort = number.exponent < 0 && decimals >= 0 && decimals <= MOST_EXACT_DECIMALS;
-    if (!isShort) return Write(first, last, Printed("%.*f", decimals, value));
-    return Write(first, last, (std::signbit(value) ? "-" : "") + FixedBelowMantissa(number, decimals));
+    const std::string text =
+        isShort ? FixedBelowMantissa(number, decimals) : ExactText(std::abs(value), decimals);
+    return Write(first, last, (std::signbit(value) ? "-" : "") + text);
 }
 
 }  // namespace tessara::web

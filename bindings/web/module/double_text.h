@@ -1,4 +1,5 @@
-// Doubles as texts, with the values, ends and errors of std::from_chars and std::to_chars.
+// Doubles as texts, with the values, ends and errors of std::from_chars and std::to_chars. Infinities and NaN
+// are written but not read.
 #pragma once
 
 #include <system_error>

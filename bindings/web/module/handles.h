@@ -23,8 +23,13 @@ class Handles {
     }
 
     [[nodiscard]] const Object& At(std::int32_t handle) const {
-        if (!IsThere(handle)) throw std::invalid_argument("it has been released");
-        return *objects_[static_cast<std::size_t>(handle) - 1];
+        if (const Object* const found = Find(handle)) return *found;
+        throw std::invalid_argument("it has been released");
+    }
+
+    // Null for one that has been released.
+    [[nodiscard]] const Object* Find(std::int32_t handle) const {
+        return IsThere(handle) ? objects_[static_cast<std::size_t>(handle) - 1].get() : nullptr;
     }
 
     void Remove(std::int32_t handle) {

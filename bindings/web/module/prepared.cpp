@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "systems/output_values.h"
+#include "systems/system_row.h"
 #include "tessara/ckoord.h"
 #include "tessara/kernel/convert.h"
 
@@ -41,6 +43,15 @@ KoordStatus StatusOfMissing(const OutputField& field) {
     return field.offset == 0 ? KOORD_ERR_GEO_LAT : KOORD_ERR_GEO_LON;
 }
 
+// The record that a conversion into a system starts from.
+tagKOORD StartRecord(const toolkit::Reference& reference) {
+    tagKOORD record = MakeKoord(reference.datum, reference.system);
+    const PayloadBytes& payload = SystemOf(reference.system).defaultPayload;
+    std::memcpy(record.payload, payload.data(), payload.size());
+    toolkit::StoreParameters(reference.parameters, &record);
+    return record;
+}
+
 // A record with the precision with which the minutes of positions are written.
 tagKOORD WrittenGeoref(std::int32_t datum) {
     const tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
@@ -49,20 +60,33 @@ tagKOORD WrittenGeoref(std::int32_t datum) {
     return record;
 }
 
+// False for a number that the field can't hold.
+bool PutField(const OutputField& field, const Slot& slot, tagKOORD* record) {
+    if (IsOfLetters(field)) {
+        std::memcpy(record->payload + field.offset, slot.bytes, field.count);
+        return true;
+    }
+    double value;
+    std::memcpy(&value, slot.bytes, sizeof value);
+    return (!IsWhole(field) || value == std::floor(value)) && SetOutputValue(record, field, value);
+}
+
+// False for a number that isn't finite.
+bool TakeField(const tagKOORD& record, const OutputField& field, Slot* slot) {
+    if (IsOfLetters(field)) {
+        std::memcpy(slot->bytes, record.payload + field.offset, field.count);
+        return true;
+    }
+    const double value = OutputValue(record, field);
+    std::memcpy(slot->bytes, &value, sizeof value);
+    return std::isfinite(value);
+}
+
 }  // namespace
 
 ColumnKind KindOf(const OutputField& field) {
-    switch (field.kind) {
-        case OutputKind::Letters:
-            return ColumnKind::Letters;
-        case OutputKind::Whole16:
-        case OutputKind::GeorefMinutes:
-        case OutputKind::Whole32:
-        case OutputKind::SquareMetres:
-            return ColumnKind::Whole;
-        default:
-            return ColumnKind::Number;
-    }
+    if (IsOfLetters(field)) return ColumnKind::Letters;
+    return IsWhole(field) ? ColumnKind::Whole : ColumnKind::Number;
 }
 
 Handles<PreparedConversion>& Conversions() {
@@ -71,13 +95,11 @@ Handles<PreparedConversion>& Conversions() {
 }
 
 PreparedConversion::PreparedConversion(toolkit::Reference from, toolkit::Reference to)
-    : from_(std::move(from)),
-      to_(std::move(to)),
-      source_(toolkit::DefaultRecord(from_)),
-      target_(toolkit::DefaultRecord(to_)) {
+    : from_(std::move(from)), to_(std::move(to)), source_(StartRecord(from_)), target_(StartRecord(to_)) {
     if (toolkit::IsPixel(from_.system) || toolkit::IsPixel(to_.system))
         throw std::invalid_argument("pixels are converted by a map");
     if (from_.system == KOORD_GEOREF) source_ = WrittenGeoref(from_.datum);
+    single_.Prepare(source_, target_);
 }
 
 std::span<const OutputField> PreparedConversion::SourceFields() const {
@@ -128,9 +150,26 @@ void PreparedConversion::Raise(const TargetColumns& to, const SourceColumn& heig
     }
 }
 
+KoordStatus PreparedConversion::ConvertRow(const Slot* from, std::uint32_t given, Slot* to) const {
+    tagKOORD source = source_;
+    const auto sources = SourceFields();
+    for (std::size_t k = 0; k < sources.size(); ++k) {
+        if (((given >> k) & 1U) == 0) continue;
+        if (!PutField(sources[k], from[k], &source)) return KOORD_ERR_GENERAL;
+    }
+    tagKOORD target;
+    const KoordStatus status = Convert(source, &target);
+    if (status != KOORD_OK) return status;
+    const auto targets = TargetFields();
+    for (std::size_t k = 0; k < targets.size(); ++k) {
+        if (!TakeField(target, targets[k], &to[k])) return StatusOfMissing(targets[k]);
+    }
+    return KOORD_OK;
+}
+
 KoordStatus PreparedConversion::Convert(const tagKOORD& source, tagKOORD* target) const {
     *target = target_;
-    return KoordConvert(&source, target);
+    return single_.Convert(source, target, RangeCheck::On);
 }
 
 }  // namespace tessara::web

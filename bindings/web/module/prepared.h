@@ -6,10 +6,16 @@
 
 #include "conversion/references.h"
 #include "handles.h"
+#include "systems/conversion.h"
 #include "tessara/kernel/columns.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara::web {
+
+// A field of one row: a double, or letters in its first bytes.
+struct alignas(8) Slot {
+    std::byte bytes[8];
+};
 
 class PreparedConversion {
   public:
@@ -22,6 +28,10 @@ class PreparedConversion {
     // A status in each row. Whole numbers of the source that aren't whole are replaced in their columns by
     // one that no field holds.
     void Convert(const SourceColumns& from, const TargetColumns& to, std::size_t count) const;
+
+    // One row, with the results of Convert. The bits of `given` say which fields of the source are in their
+    // slots; the others have their defaults. Heights aren't converted.
+    [[nodiscard]] KoordStatus ConvertRow(const Slot* from, std::uint32_t given, Slot* to) const;
 
     // One position in a record of the source.
     [[nodiscard]] KoordStatus Convert(const tagKOORD& source, tagKOORD* target) const;
@@ -36,6 +46,7 @@ class PreparedConversion {
     toolkit::Reference to_;
     tagKOORD source_;
     tagKOORD target_;
+    Conversion single_;
 };
 
 [[nodiscard]] Handles<PreparedConversion>& Conversions();

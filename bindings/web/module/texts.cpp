@@ -1,5 +1,4 @@
 // Texts of positions, read and written by the toolkit's reader and writer.
-#include <array>
 #include <cmath>
 #include <cstring>
 #include <nlohmann/json.hpp>
@@ -142,34 +141,6 @@ Outcome Format(std::int32_t handle, const double* norths, const double* easts, s
                     Answer() += (k > 0 ? "\t" : "") + texts[k];
             }
             Answer() += '\n';
-        }
-    });
-}
-
-// Military references to the metre of columns that were converted to UTMREF: one of numbers for zone, easting
-// and northing each, and letters. A row without a reference becomes an empty line.
-TESSARA_EXPORT(writeReferences)
-Outcome WriteReferences(const double* zones, const char* bands, const char* squares, const double* eastings,
-                        const double* northings, const std::int32_t* statuses, std::size_t count) {
-    return Try([&] {
-        constexpr std::size_t METRE_DIGITS = 5;
-        std::string& answer = Answer();
-        answer.reserve(count * 16);
-        const auto put = [&answer](double number, std::size_t width) {
-            std::array<char, METRE_DIGITS> text;
-            auto rest = static_cast<std::int32_t>(number);
-            for (std::size_t k = width; k-- > 0; rest /= 10)
-                text[k] = static_cast<char>('0' + rest % 10);
-            answer.append(text.data(), width);
-        };
-        for (std::size_t i = 0; i < count; ++i) {
-            if (statuses[i] == KOORD_OK) {
-                put(zones[i], zones[i] < 10.0 ? 1 : 2);
-                answer.append({bands[i], squares[2 * i], squares[2 * i + 1]});
-                put(eastings[i], METRE_DIGITS);
-                put(northings[i], METRE_DIGITS);
-            }
-            answer += '\n';
         }
     });
 }

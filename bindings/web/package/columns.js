@@ -1,9 +1,9 @@
 // Columns of positions: arrays outside, blocks of rows in the module's memory inside.
 export const BLOCK = 4096;
-const MOST_FIELDS = 8;
+export const MOST_FIELDS = 8;
 const FIRST_TARGET = MOST_FIELDS + 1;
 const WORD = 4;
-const DOUBLE = 8;
+export const DOUBLE = 8;
 
 export function isArray(value) {
     return Array.isArray(value) || ArrayBuffer.isView(value) || value instanceof Letters;
@@ -36,7 +36,7 @@ export class Letters {
 }
 
 // Letters outside ASCII, and a text that is too long, become letters that no system has.
-function bytesOf(text, width) {
+export function bytesOf(text, width) {
     if (typeof text !== "string") throw new TypeError("letters have to be a string");
     return Uint8Array.from({ length: width }, (_, i) => {
         const code = i < text.length ? text.charCodeAt(i) : 0;
@@ -44,7 +44,7 @@ function bytesOf(text, width) {
     });
 }
 
-function numberOf(value) {
+export function numberOf(value) {
     if (typeof value !== "number") throw new TypeError(`expected a number, not ${typeof value}`);
     return value;
 }
@@ -170,8 +170,13 @@ export class Block {
         const lines = new Array(count);
         const places = [0, 1, 2, 3, 4].map((k) => this.#place(FIRST_TARGET + k));
         this.#convertBlocks(conversion, given, count, false, (row, rows) => {
-            const texts = this.memory.ask("writeReferences", ...places, this.statuses, rows).split("\n");
-            for (let i = 0; i < rows; ++i) lines[row + i] = texts[i];
+            const texts = this.memory.ask("writeReferences", ...places, this.statuses, rows);
+            let first = 0;
+            for (let i = row; i < row + rows; ++i) {
+                const last = texts.indexOf("\n", first);
+                lines[i] = texts.slice(first, last);
+                first = last + 1;
+            }
         });
         return lines;
     }

@@ -15,7 +15,7 @@ export type Reference = string;
 export type Numbers = Float64Array | Float32Array | readonly number[];
 
 export interface LoadOptions {
-    /** Everything, or `conversions`: a sixth of the size, without texts and maps. */
+    /** Everything, or `conversions`: a sixth of the size, without texts and maps; arrays take three times as long. */
     part?: "all" | "conversions";
     /** The module from elsewhere: its bytes, a response, or what `Tessara.module` is in another thread. */
     source?: WebAssembly.Module | BufferSource | Response | Promise<WebAssembly.Module | BufferSource | Response>;

@@ -1,14 +1,14 @@
 // The module's memory and its calls. Texts go in as UTF-8, results come out as the answer of the latest call.
 const DONE = 0;
 const NO_MEMORY = 2;
+const STOPPED = "tessara: the module has stopped; load it again";
 
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
 export class Memory {
     #exports;
-    #buffer = null;
-    #bytes = null;
+    #bytes = new Uint8Array();
     #doubles = null;
     #words = null;
     #hasStopped = false;
@@ -21,11 +21,10 @@ export class Memory {
         return name in this.#exports;
     }
 
-    // Memory that grows gets another buffer.
+    // Memory that grows gets another buffer, and views of the old one become empty.
     #refresh() {
-        const buffer = this.#exports.memory.buffer;
-        if (buffer === this.#buffer) return;
-        this.#buffer = buffer;
+        if (this.#bytes.length > 0) return;
+        const { buffer } = this.#exports.memory;
         this.#bytes = new Uint8Array(buffer);
         this.#doubles = new Float64Array(buffer);
         this.#words = new Int32Array(buffer);
@@ -58,13 +57,19 @@ export class Memory {
 
     // A trap, of memory that runs out where no exception can leave, ends the module: what it was doing stays half done.
     #run(name, values) {
-        if (this.#hasStopped) throw new Error("tessara: the module has stopped; load it again");
+        if (this.#hasStopped) throw new Error(STOPPED);
         try {
             return this.#exports[name](...values);
         } catch (error) {
             this.#hasStopped = true;
             throw error;
         }
+    }
+
+    // Calls a function of numbers that gives a number.
+    number(name, first, second, third, fourth) {
+        if (this.#hasStopped) throw new Error(STOPPED);
+        return this.#exports[name](first, second, third, fourth);
     }
 
     // Calls a function whose arguments are numbers, and texts, which become a place and a size each.

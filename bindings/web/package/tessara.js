@@ -1,6 +1,8 @@
 import { Block, Letters, countOf, isArray } from "./columns.js";
 import { PositionError, TextError } from "./errors.js";
 import { Memory } from "./memory.js";
+import { numberImports } from "./numbers.js";
+import { Row } from "./row.js";
 
 export { Letters, PositionError, TextError };
 
@@ -12,6 +14,7 @@ const NO_DIGITS = -1;
 const MOST_CONVERSIONS = 64; // that are kept prepared
 const NORTH_NAMES = ["latitude", "fullNorthing", "northing", "y"];
 const EAST_NAMES = ["longitude", "fullEasting", "easting", "x"];
+const NO_OPTIONS = {};
 
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
@@ -22,18 +25,19 @@ export function fileFor(part = "all") {
     throw new TypeError(`there is no part '${part}': expected 'all' or 'conversions'`);
 }
 
-// The library calls nothing outside. What its standard library might write is dropped.
-const imports = new Proxy({}, {
-    get: () => new Proxy({}, { get: (_, name) => (name === "emscripten_notify_memory_growth" ? () => {} : () => 52) }),
-    has: () => true,
-});
+// The library calls nothing outside but what reads and writes numbers. What its standard library might write is dropped.
+export function importsWith(memory) {
+    const dropped = new Proxy({}, { get: (_, name) => (name === "emscripten_notify_memory_growth" ? () => {} : () => 52) });
+    const numbers = numberImports(memory);
+    return new Proxy({}, { get: (_, name) => (name === "tessara" ? numbers : dropped), has: () => true });
+}
 
 export async function instantiate(source) {
     const given = await source;
     const isResponse = typeof Response !== "undefined" && given instanceof Response;
     if (isResponse && !given.ok) throw new Error(`tessara: the module can't be loaded (${given.status})`);
     const module = given instanceof WebAssembly.Module ? given : await WebAssembly.compile(isResponse ? await given.arrayBuffer() : given);
-    const instance = await WebAssembly.instantiate(module, imports);
+    const instance = await WebAssembly.instantiate(module, importsWith(() => instance.exports.memory));
     instance.exports._initialize?.();
     return new Tessara(instance.exports, module);
 }
@@ -65,24 +69,28 @@ function characters(text, begin, end) {
 export class Tessara {
     #memory;
     #block;
+    #row;
     #conversions = new Map();
+    #conversionCount = 0;
     #statuses = new Map();
 
     constructor(exports, module) {
         this.module = module;
         this.#memory = new Memory(exports);
         this.#block = new Block(this.#memory);
+        this.#row = new Row(this.#memory);
     }
 
     #needAll() {
         if (!this.#memory.has("parse")) throw new TypeError("the part 'conversions' has no texts and no maps: load part 'all'");
     }
 
-    // Conversions by the names of their references, of which the ones used last are kept.
+    // Conversions by the names of their references.
     #prepare(from, to) {
-        const key = `${from}>${to}`;
-        const found = this.#conversions.get(key);
-        if (found !== undefined) return found;
+        return this.#conversions.get(from)?.get(to) ?? this.#prepareNew(from, to);
+    }
+
+    #prepareNew(from, to) {
         const [head, target] = this.#memory.ask("prepare", from, to).trimEnd().split("\n\n");
         const [handle, ...source] = head.split("\n");
         const conversion = {
@@ -93,13 +101,21 @@ export class Tessara {
         };
         conversion.north = placeOf(NORTH_NAMES, conversion.source);
         conversion.east = placeOf(EAST_NAMES, conversion.source);
-        if (this.#conversions.size >= MOST_CONVERSIONS) {
-            const [oldest, old] = this.#conversions.entries().next().value;
-            this.#memory.tell("forget", old.handle);
-            this.#conversions.delete(oldest);
-        }
-        this.#conversions.set(key, conversion);
+        conversion.hasPair = conversion.north >= 0 && conversion.east >= 0 && systemOf(from) !== "ECEF";
+        conversion.givesPair = conversion.hasPair ? (1 << conversion.north) | (1 << conversion.east) : 0;
+        if (this.#conversionCount >= MOST_CONVERSIONS) this.#forget();
+        if (!this.#conversions.has(from)) this.#conversions.set(from, new Map());
+        this.#conversions.get(from).set(to, conversion);
+        ++this.#conversionCount;
         return conversion;
+    }
+
+    #forget() {
+        for (const targets of this.#conversions.values()) {
+            for (const { handle } of targets.values()) this.#memory.tell("forget", handle);
+        }
+        this.#conversions.clear();
+        this.#conversionCount = 0;
     }
 
     #errorOf(status) {
@@ -119,9 +135,11 @@ export class Tessara {
                 else if (name === "height") values[conversion.source.length] = fields[name];
                 else if (name !== "status") throw new TypeError(`${systemOf(from)} has no field '${name}', but ${conversion.source.map((field) => field.name).join(", ")}`);
             }
+            if (values.every((value, k) => value === undefined || k === conversion.source.length))
+                throw new TypeError(`pass fields of ${systemOf(from)}: ${conversion.source.map((field) => field.name).join(", ")}`);
             return values;
         }
-        if (conversion.north < 0 || conversion.east < 0 || systemOf(from) === "ECEF")
+        if (!conversion.hasPair)
             throw new TypeError(`${systemOf(from)} has no north and east: pass its fields in an object`);
         values[conversion.north] = given[0];
         values[conversion.east] = given[1];
@@ -132,8 +150,13 @@ export class Tessara {
         const options = this.#takeOptions(given);
         const { from = DEGREES, to = "UTM" } = options;
         const conversion = this.#prepare(from, to);
+        const isPair = typeof given[0] === "number" && typeof given[1] === "number";
+        if (isPair && options.height === undefined && conversion.hasPair)
+            return this.#single(conversion, this.#row.convertPair(conversion, given[0], given[1]));
         const values = this.#arguments(conversion, given, from, options);
         const count = countOf(values);
+        const hasHeight = values[conversion.source.length] !== undefined || conversion.knowsHeight;
+        if (count === null && !hasHeight) return this.#single(conversion, this.#row.convert(conversion, values));
         const { outputs, heights, statuses } = this.#block.convert(conversion, values, count ?? 1);
         const result = {};
         if (count === null) {
@@ -152,11 +175,16 @@ export class Tessara {
         return result;
     }
 
+    #single(conversion, status) {
+        if (status !== OK) throw this.#errorOf(status);
+        return this.#row.result(conversion);
+    }
+
     // The last argument, if it is an object behind what says where a position is.
     #takeOptions(given) {
         const last = given[given.length - 1];
         const hasOptions = given.length > 1 && typeof last === "object" && last !== null && !isArray(last);
-        return hasOptions ? given.pop() : {};
+        return hasOptions ? given.pop() : NO_OPTIONS;
     }
 
     statusText(status) {

@@ -123,6 +123,44 @@ test("columns have the bits of records", () => {
     }
 });
 
+test("the fields of one position have the bits and the statuses of arrays", () => {
+    const utm = { zone: 32, hemisphere: "N", easting: 691602.66, northing: 5334791.14 };
+    const military = { zone: 32, band: "U", square: "PU", easting: 91603, northing: 34791 };
+    const cases = [
+        ["UTM", utm], ["UTM", { ...utm, zone: 32.5 }], ["UTM", { ...utm, zone: NaN }], ["UTM", { ...utm, zone: Infinity }], ["UTM", { ...utm, zone: 1e9 }],
+        ["UTM", { ...utm, hemisphere: "S" }], ["UTM", { ...utm, hemisphere: "x" }], ["UTM", { ...utm, northing: NaN }], ["UTM", { easting: 5e5, northing: 5e6 }],
+        ["UTMREF", military], ["UTMREF", { ...military, square: "II" }], ["UTMREF", { ...military, easting: 0.5 }], ["UTMREF", { ...military, band: "PU" }],
+        ["GEOREF", { letters: "NKMD", lonMinutes: 3453, latMinutes: 825 }], ["GK@GER", { easting: 4468510.9, northing: 5333359.7 }],
+        ["BNG@OGB_M", { square: "TQ", easting: 30000, northing: 80000 }], ["GEODEZ", { latitude: 91, longitude: 0 }], ["GEODEZ", { latitude: 48 }],
+    ];
+    for (const [from, fields] of cases) {
+        const columns = Object.fromEntries(Object.entries(fields).map(([name, value]) => [name, [value]]));
+        for (const to of ["GEODEZ", "UTM", "GEOGRAD", "UTMREF"]) {
+            for (const library of [tessara, small]) {
+                const many = library.convert(columns, { from, to });
+                if (many.status[0] !== 1) {
+                    assert.throws(() => library.convert(fields, { from, to }), { status: many.status[0] }, `${from} ${JSON.stringify(fields)} to ${to}`);
+                    continue;
+                }
+                const one = library.convert(fields, { from, to });
+                for (const [name, value] of Object.entries(one)) assert.ok(Object.is(many[name].at(0), value), `${from} to ${to}: ${name}`);
+            }
+        }
+    }
+});
+
+test("a position without fields is refused", () => {
+    tessara.convert(48, 11);
+    for (const fields of [{}, { height: 5 }, { status: 1 }]) assert.throws(() => tessara.convert(fields, { from: "UTM", to: "GEODEZ" }), TypeError);
+});
+
+test("many conversions by turns are those of a few", () => {
+    const references = Array.from({ length: 200 }, (_, i) => `TM:lon0=${i % 100}`);
+    const eastings = references.map((to) => small.convert(48, 11, { to }).easting);
+    references.forEach((to, i) => assert.equal(small.convert(48, 11, { to }).easting, eastings[i]));
+    assert.equal(new Set(eastings).size, 100);
+});
+
 test("rows without a result have a status, and NaN and no letters in their fields", () => {
     const result = tessara.convert([48, 91, NaN], 11, { to: "UTMREF" });
     assert.deepEqual(Array.from(result.status, Number).map((status) => status === 1), [true, false, false]);

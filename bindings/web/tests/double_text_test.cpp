@@ -1,6 +1,8 @@
 // Compares the texts of doubles with those of the standard library that builds this program: values of all
 // magnitudes, of few digits, on powers of two and ten, and texts on the borders of their ranges. Exits with 1
-// after the first difference.
+// after any difference. With an argument it prints texts for numbers.test.js instead.
+//
+// What JavaScript does for the module is done by the standard library here; numbers.test.js compares the two.
 #include "double_text.h"
 
 #include <array>
@@ -9,9 +11,32 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <string_view>
+
+#include "host_numbers.h"
+
+extern "C" {
+
+double tessara_read_number(const char* first, std::size_t size) {
+    double value = 0.0;
+    const auto read = std::from_chars(first, first + size, value);
+    if (read.ec != std::errc::result_out_of_range) return value;
+    return std::strtod(std::string(first, size).c_str(), nullptr);
+}
+
+std::size_t tessara_write_scientific(double value, char* text, std::size_t room) {
+    return static_cast<std::size_t>(
+        std::to_chars(text, text + room, value, std::chars_format::scientific).ptr - text);
+}
+
+std::size_t tessara_write_fixed(double value, int decimals, char* text, std::size_t room) {
+    return static_cast<std::size_t>(
+        std::to_chars(text, text + room, value, std::chars_format::fixed, decimals).ptr - text);
+}
+}
 
 namespace {
 
@@ -47,7 +72,7 @@ void Compare(double value) {
     const auto* const shortest = tessara::web::WriteShortest(is.data(), is.data() + is.size(), value).end;
     const auto* const wanted = std::to_chars(should.data(), should.data() + should.size(), value).ptr;
     Expect(TextOf(is, shortest), TextOf(should, wanted), value);
-    CompareReading(TextOf(should, wanted));
+    if (std::isfinite(value)) CompareReading(TextOf(should, wanted));
     for (const int decimals : {0, 1, 2, 3, 5, 7, 12, 22, 23, 32}) {
         const auto* const fixed =
             tessara::web::WriteFixed(is.data(), is.data() + is.size(), value, decimals).end;
@@ -58,15 +83,52 @@ void Compare(double value) {
     }
 }
 
+// Nobody writes a position with one of these.
+void ExpectRefused(std::string_view text) {
+    double value = -1.0;
+    const auto read = tessara::web::ReadDouble(text.data(), text.data() + text.size(), &value);
+    if (read.error == std::errc::invalid_argument && read.end == text.data() && value == -1.0) return;
+    ++differences;
+    std::printf("'%.*s' is read\n", static_cast<int>(text.size()), text.data());
+}
+
 void CompareShortBuffer() {
     Buffer buffer;
     const auto written = tessara::web::WriteFixed(buffer.data(), buffer.data() + 3, 1234.5, 1);
     if (written.error != std::errc::value_too_large) ++differences;
 }
 
+// Values in hexadecimal, with the texts that JavaScript has to write and read.
+void PrintTexts() {
+    std::mt19937_64 random(25);
+    for (int i = 0; i < 5000; ++i) {
+        const double values[] = {
+            std::abs(std::bit_cast<double>(random())),
+            std::ldexp(static_cast<double>(random() % 100000000), -static_cast<int>(random() % 40)),
+            std::ldexp(1.0, i % 2098 - 1074)};
+        for (const double value : values) {
+            if (!std::isfinite(value)) continue;
+            Buffer text;
+            std::printf("%016llx", static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(value)));
+            const auto print = [&](const char* end) {
+                std::printf(" %.*s", static_cast<int>(end - text.data()), text.data());
+            };
+            char* const last = text.data() + text.size();
+            print(std::to_chars(text.data(), last, value, std::chars_format::scientific).ptr);
+            for (const int decimals : {0, 1, 7, 23, 60})
+                print(std::to_chars(text.data(), last, value, std::chars_format::fixed, decimals).ptr);
+            std::printf("\n");
+        }
+    }
+}
+
 }  // namespace
 
-int main() {
+int main(int argc, char**) {
+    if (argc > 1) {
+        PrintTexts();
+        return 0;
+    }
     std::mt19937_64 random(25);
     for (int i = 0; i < 50000; ++i) {
         Compare(std::bit_cast<double>(random()));
@@ -104,8 +166,23 @@ int main() {
                                         "0x10",
                                         " 1",
                                         "e5",
-                                        "1e+5x"})
+                                        "1e+5x",
+                                        "1.e5",
+                                        "1E5",
+                                        "1e+",
+                                        "1e-x",
+                                        "-.5e1",
+                                        "00012.500",
+                                        "9007199254740991e22",
+                                        "9007199254740991e-22",
+                                        "9007199254740991e23",
+                                        "12345678901234567890123456789e-10",
+                                        "0.000000000000000000000012345e30",
+                                        "1e99999999999999999999",
+                                        "1e-99999999999999999999"})
         CompareReading(text);
+    for (const std::string_view text : {"nan", "-nan", "inf", "-infinity"})
+        ExpectRefused(text);
     CompareShortBuffer();
     std::printf("%d differences\n", differences);
     return differences == 0 ? 0 : 1;
