@@ -1,4 +1,5 @@
-// Bundles the page into one folder of files that any server can serve.
+// Bundles the page into one folder of files, which any server can serve and a browser can open as files: scripts are
+// no modules, which browsers don't load from files.
 import { createHash } from "node:crypto";
 import { copyFileSync, mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from "node:fs";
 import { build } from "esbuild";
@@ -14,8 +15,9 @@ const options = {
     outdir: FOLDER.pathname,
     bundle: true,
     minify: true,
-    format: "esm",
+    format: "iife",
     target: "es2022",
+    define: { "import.meta.url": "location.href" },
     conditions: ["browser"],
     logLevel: "warning",
 };
@@ -28,7 +30,12 @@ const files = readdirSync(FOLDER).sort();
 const hash = createHash("sha256");
 for (const name of files) hash.update(name).update(readFileSync(new URL(name, FOLDER)));
 const define = {
+    ...options.define,
     FILES: JSON.stringify(["./", ...files]),
     VERSION: JSON.stringify(`tessara-${hash.digest("hex").slice(0, 12)}`),
 };
 await build({ ...options, entryPoints: ["page/service_worker.ts"], define });
+
+// From a file the module is a script. The page that a server serves doesn't need it.
+const module = readFileSync(new URL("tessara.wasm", FOLDER)).toString("base64");
+writeFileSync(new URL("module.js", FOLDER), `TESSARA_MODULE = "${module}";\n`);

@@ -1,6 +1,8 @@
 import type { Tessara } from "tessara";
 import { element, fill } from "./dom.js";
-import type { Job, News } from "./messages.js";
+import { convertList } from "./list_conversion.js";
+import type { Job, News, Wish } from "./messages.js";
+import { isFile } from "./opened.js";
 import type { State } from "./position.js";
 import { targetsOf } from "./systems_view.js";
 
@@ -18,6 +20,7 @@ export class ListView {
     #dropped: File | null = null;
     #datum = "WGS84";
     #worker: Worker | null = null;
+    #cancelled: AbortController | null = null;
 
     constructor(private readonly tessara: Tessara) {
         this.#targets = targetsOf(tessara);
@@ -58,16 +61,36 @@ export class ListView {
         this.#progress.hidden = this.#cancel.hidden = false;
         this.#progress.value = 0;
         this.#download.hidden = this.#preview.hidden = true;
-        this.#worker = new Worker(new URL("worker.js", import.meta.url), { type: "module" });
+        const wish: Wish = { source, datum: this.#datum, target: `${target.system}@${target.datum ?? this.#datum}` };
+        this.#cancelled = new AbortController();
+        if (isFile()) this.#convertHere(wish, this.#cancelled.signal);
+        else this.#convertBeside(wish);
+    }
+
+    #convertBeside(wish: Wish): void {
+        this.#worker = new Worker("worker.js");
         this.#worker.addEventListener("message", (event: MessageEvent<News>) => this.#hear(event.data));
         this.#worker.addEventListener("error", () => this.#stop("The list couldn't be converted."));
-        const job: Job = { module: this.tessara.module, source, datum: this.#datum, target: `${target.system}@${target.datum ?? this.#datum}` };
+        const job: Job = { ...wish, module: this.tessara.module };
         this.#worker.postMessage(job);
+    }
+
+    // Browsers start no worker from a file. The page is drawn and answers between blocks.
+    #convertHere(wish: Wish, cancelled: AbortSignal): void {
+        const hear = async (news: News) => {
+            cancelled.throwIfAborted();
+            this.#hear(news);
+            await new Promise((resolve) => setTimeout(resolve));
+        };
+        convertList(this.tessara, wish, hear).catch((error: Error) => {
+            if (!cancelled.aborted) this.#hear({ kind: "failed", reason: error.message });
+        });
     }
 
     #stop(message: string): void {
         this.#worker?.terminate();
         this.#worker = null;
+        this.#cancelled?.abort();
         this.#progress.hidden = this.#cancel.hidden = true;
         this.#result.textContent = message;
     }

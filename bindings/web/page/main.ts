@@ -1,8 +1,9 @@
-import { load, type Reading, type Tessara } from "tessara";
+import type { Reading, Tessara } from "tessara";
 import { button, element, make } from "./dom.js";
 import { ListView } from "./list_view.js";
 import { MapView } from "./map_view.js";
 import { MilitaryView } from "./military_view.js";
+import { keepPage, loadLibrary } from "./opened.js";
 import { degreesText, readLink, writeLink, type Position, type State } from "./position.js";
 import { SystemsView, labelOf } from "./systems_view.js";
 import { WayView } from "./way_view.js";
@@ -125,12 +126,29 @@ function startTheme(): void {
     theme.addEventListener("click", () => set(theme.getAttribute("aria-pressed") !== "true"));
 }
 
-startTheme();
-try {
-    const tessara = await load();
-    new Page(tessara);
-    document.documentElement.dataset["ready"] = performance.now().toFixed(0);
-} catch (error) {
-    element("understood").textContent = `The page can't start: ${(error as Error).message}.`;
+// Links within the page move the focus; the address keeps the position.
+function startLinks(): void {
+    for (const link of document.querySelectorAll<HTMLAnchorElement>("nav a")) {
+        link.addEventListener("click", (event) => {
+            event.preventDefault();
+            const target = element(link.hash.slice(1));
+            target.focus({ preventScroll: true });
+            (target.closest("section") ?? target).scrollIntoView();
+        });
+    }
 }
-if ("serviceWorker" in navigator) navigator.serviceWorker.register("service_worker.js").catch(() => {});
+
+async function start(): Promise<void> {
+    startTheme();
+    startLinks();
+    try {
+        const tessara = await loadLibrary();
+        new Page(tessara);
+        document.documentElement.dataset["ready"] = performance.now().toFixed(0);
+    } catch (error) {
+        element("understood").textContent = `The page can't start: ${(error as Error).message}.`;
+    }
+    keepPage();
+}
+
+void start();

@@ -1,9 +1,12 @@
 // What the page and its worker say to each other.
-export interface Job {
-    module: WebAssembly.Module;
+export interface Wish {
     source: Blob | string;
     datum: string;
     target: string;
+}
+
+export interface Job extends Wish {
+    module: WebAssembly.Module;
 }
 
 export type News =

@@ -25,6 +25,8 @@ export const SYSTEMS: readonly { system: string; label: string; datum?: string }
     { system: "PO_MILITARY", label: "Portugal, military", datum: "#1" },
 ];
 
+const COPIED_MILLISECONDS = 2000;
+
 export interface Target {
     system: string;
     label: string;
@@ -74,15 +76,18 @@ export class SystemsView {
         this.#rows = this.#targets.map(({ label }) => {
             const datum = make("small");
             const value = make("td", [], { role: "cell" });
-            const copy = button("Copy", () => void this.#copy(label, value.textContent ?? ""), { "aria-label": `Copy ${label}` });
+            const copy = button("Copy", () => void this.#copy(copy, label, value.textContent ?? ""), { "aria-label": `Copy ${label}` });
             const row = make("tr", [make("th", [label, datum], { scope: "row", role: "rowheader" }), value, make("td", [copy], { role: "cell" })], { role: "row" });
             return { row, datum, value, copy };
         });
     }
 
-    async #copy(label: string, text: string): Promise<void> {
+    // The button says so, too: on a phone the note is far below it.
+    async #copy(copy: HTMLButtonElement, label: string, text: string): Promise<void> {
         try {
             await navigator.clipboard.writeText(text);
+            copy.textContent = "Copied";
+            setTimeout(() => (copy.textContent = "Copy"), COPIED_MILLISECONDS);
             this.#note.textContent = `${label} is in the clipboard.`;
         } catch {
             this.#note.textContent = "The browser doesn't allow copying here; select the text instead.";

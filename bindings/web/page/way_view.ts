@@ -11,7 +11,11 @@ export class WayView {
         this.#other.addEventListener("input", () => this.#update());
         element("swap").addEventListener("click", () => {
             const [here, there] = [this.#state?.text ?? "", this.#other.value];
-            if (there.trim() === "") return;
+            if (there.trim() === "") {
+                this.#result.textContent = "Type the other position first.";
+                this.#other.focus();
+                return;
+            }
             this.#other.value = here;
             onSwap(there);
         });

@@ -29,7 +29,7 @@ after(async () => {
 });
 
 // A page in a browser without memory of earlier ones. What it complains of is collected.
-async function open({ viewport = DESK, hash = "", ...options } = {}) {
+async function open({ viewport = DESK, hash = "", from = address, ...options } = {}) {
     const context = await browser.newContext({ viewport, acceptDownloads: true, ...options });
     const page = await context.newPage();
     const complaints = [];
@@ -37,7 +37,7 @@ async function open({ viewport = DESK, hash = "", ...options } = {}) {
         if (["error", "warning"].includes(message.type())) complaints.push(message.text());
     });
     page.on("pageerror", (error) => complaints.push(String(error)));
-    await page.goto(address + hash);
+    await page.goto(from + hash);
     await page.waitForSelector("html[data-ready]");
     return { page, context, complaints };
 }
@@ -268,8 +268,9 @@ test("the whole page is used with the keyboard", async () => {
     const { page } = opened;
     const reached = new Set();
     await page.keyboard.press("Tab");
-    assert.equal(await page.evaluate(() => document.activeElement.className), "skip");
+    assert.equal(await page.evaluate(() => document.activeElement.textContent), "Position");
     await page.keyboard.press("Enter");
+    assert.equal(await page.evaluate(() => document.activeElement.id), "text");
     for (let i = 0; i < 80; ++i) {
         reached.add(await page.evaluate(() => document.activeElement.id || document.activeElement.tagName));
         await page.keyboard.press("Tab");
@@ -316,6 +317,27 @@ test("the example of the manual shows a military reference", async () => {
     await page.waitForFunction(() => document.querySelector("output").textContent !== "");
     assert.equal(await page.textContent("output"), MUNICH.slice(0, 3) + " " + MUNICH.slice(3, 5));
     await context.close();
+});
+
+test("the page opens as a file", async () => {
+    const opened = await open({ from: new URL("build/web/page/index.html", ROOT).href });
+    const { page } = opened;
+    assert.equal(await valueOf(page, "UTMREF"), MUNICH);
+    await page.fill("#other", "49 11");
+    assert.match(await page.textContent("#way-result"), /azimuth/);
+    await page.focus("#sheet");
+    await page.keyboard.press("ArrowRight");
+    await page.keyboard.press("Enter");
+    assert.match(page.url(), /#at=48\.\d+\+11\.\d+$/);
+    const rows = Array.from({ length: 30000 }, (_, i) => `48.1375,${i % 180}`);
+    const list = Buffer.from(["48.1375,11.5755", ...rows].join("\n"));
+    await page.setInputFiles("#file", { name: "positions.csv", mimeType: "text/csv", buffer: list });
+    await page.selectOption("#target", "UTMREF");
+    await page.click("#convert");
+    await page.waitForSelector("#download:visible");
+    assert.match(await page.textContent("#list-result"), /^30,001 rows/);
+    assert.match(await page.textContent("#preview"), new RegExp(MUNICH));
+    await close(opened);
 });
 
 test("the policy forbids scripts within the page", async () => {
