@@ -1,7 +1,7 @@
 #include "areas/coordinate_area.h"
 
 #include <array>
-#include <new>
+#include <exception>
 #include <optional>
 
 #include "areas/extremes.h"
@@ -93,7 +93,7 @@ bool WriteRectExtremes(IMapCoordOperations* map, const PixelRect& rect, const Re
     Extremes extremes;
     const bool isComplete = ExtentOfRect(on.Get(), rect, reference.datum, reference.system, &extremes);
     return results.Write(extremes) && isComplete;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -104,7 +104,7 @@ bool WriteLineExtremes(IMapCoordOperations* map, IArray* line, const Results& re
     Extremes extremes;
     const bool isComplete = ExtentOfLine(map, coords.Get(), reference.datum, reference.system, &extremes);
     return results.Write(extremes) && isComplete;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -142,7 +142,7 @@ bool IsInside(IMapCoordOperations* map, ICoord* point, IArray* polygon, double t
     Ring ring;
     return ReadPlace(plane, probe.Get(), &place) && read(plane, vertices.Get(), &ring) &&
            PointInPolygon(place, ring, tolerance);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -272,7 +272,7 @@ bool CoordinateArea::IsInsideCoordEdgesNoMap(ICoord* point, IArray* polygon) try
     if (IsPixelType(ReferenceOf(koord).system)) return IsInsidePixels(probe.Get(), vertices.Get());
     const IRef<IMapCoordOperations> map = MakeHelperMap(koord);
     return IsInsideCoordEdges(map.Get(), probe.Get(), vertices.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -298,7 +298,7 @@ bool CoordinateArea::IsInsidePixels(ICoord* point, IArray* polygon) try {
     Ring ring;
     return probe.IsValid() && vertices.IsValid() && PixelOfCoord(probe.Get(), &place) &&
            ReadPixelLine(vertices.Get(), &ring) && PointInPolygon(place, ring, tolerance_);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -312,7 +312,7 @@ std::int32_t CoordinateArea::OverlayOnMap(IMapCoordOperations* map, IArray* firs
     if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
     if (!call.ReadStart(&start) || !plane.GetDatum(&datum)) return OVERLAY_FAILURE;
     return call.RunOnMap(plane, tolerance_, PixelForm(datum));
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return OVERLAY_FAILURE;
 }
 
@@ -327,7 +327,7 @@ std::int32_t CoordinateArea::Overlay(IArray* first, IArray* second, IArray* neit
     const MapPlane plane(map.Get());
     if (!plane.IsComplete()) return OVERLAY_FAILURE;
     return call.RunOnMap(plane, tolerance_, PositionForm(plane, reference));
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return OVERLAY_FAILURE;
 }
 
@@ -340,7 +340,7 @@ std::int32_t CoordinateArea::OverlayPixels(IMapCoordOperations* map, IArray* fir
     if (!plane.IsComplete() || !call.IsComplete()) return OVERLAY_FAILURE;
     const bool isReady = call.HasEmptyPolygon() || plane.GetDatum(&datum);
     return isReady ? call.RunOnPixels(tolerance_, PixelForm(datum)) : call.Fail();
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return OVERLAY_FAILURE;
 }
 
@@ -356,7 +356,7 @@ bool CoordinateArea::SplitPolygon(IMapCoordOperations* map, IArray* polygon, IAr
     const std::vector<Ring> simple = SplitVertices(ring);
     list->Clear();
     return AppendRings(simple, PixelForm(datum), list.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

@@ -2,7 +2,7 @@
 // tessara/host/text.h), and the one way a name is written into a caller's text.
 #pragma once
 
-#include <new>
+#include <exception>
 
 #include "tessara/host/text.h"
 #include "tessara/ref.h"
@@ -19,7 +19,7 @@ inline void FillWithName(ITessaraString* text, const char* name) {
     target->Clear();
     try {
         if (name != nullptr) target->AssignText(name);
-    } catch (const std::bad_alloc&) {  // an operation that gives a name has no failure to report
+    } catch (const std::exception&) {  // an operation that gives a name has no failure to report
     }
 }
 

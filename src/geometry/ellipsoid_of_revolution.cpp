@@ -1,8 +1,8 @@
 #include "geometry/ellipsoid_of_revolution.h"
 
 #include <cmath>
+#include <exception>
 #include <initializer_list>
-#include <new>
 
 #include "geometry/coord_reading.h"
 #include "geometry/ellipsoid_space.h"
@@ -82,7 +82,7 @@ bool EllipsoidOfRevolution::GetLocalAxes(ICoord* p, Vector* east, Vector* north)
     *east = {-lambda.sine, lambda.cosine, 0.0};
     *north = vectors_->Cross(normal, *east);
     return IsSpatial(north);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -94,7 +94,7 @@ bool EllipsoidOfRevolution::GetNormal(ICoord* p, Vector* normal) try {
     const SinCos lambda = SinCosOf(position.longitude / DEGREES_PER_RADIAN);
     *normal = {phi.cosine * lambda.cosine, phi.cosine * lambda.sine, phi.sine};
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -108,7 +108,7 @@ bool EllipsoidOfRevolution::GetDirection(ICoord* p, double azimuth, Vector* dire
     for (std::uint32_t i = 0; i < 3; ++i)
         (*direction)[i] = ahead.sine * east[i] + ahead.cosine * north[i];
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -129,7 +129,7 @@ bool EllipsoidOfRevolution::CoordToEcefVector(ICoord* p, Vector* xyz) try {
     }
     *xyz = VectorOf(SpacePoint(ellipsoid, Load<GeodezPayload>(record)));
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -202,7 +202,7 @@ bool EllipsoidOfRevolution::PointAtGeodesicDistance(ICoord* start, double azimut
     };
     return SeekParameter(distance, distance, geodesicDistance,
                          [](double miss) { return miss < SEARCH_TOLERANCE; });
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -228,7 +228,7 @@ bool EllipsoidOfRevolution::PointAtChordDistance(ICoord* start, double azimuth, 
     };
     return SeekParameter(distance, 0.0, height, [](double miss) { return miss <= SEARCH_TOLERANCE; }) &&
            EcefVectorToCoord(&end, result.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

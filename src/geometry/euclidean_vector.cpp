@@ -1,7 +1,7 @@
 #include "geometry/euclidean_vector.h"
 
 #include <cmath>
-#include <new>
+#include <exception>
 
 #include "tessara/kernel/constants.h"
 
@@ -67,7 +67,7 @@ Vector EuclideanVector::Cross(const Vector& a, const Vector& b) {
 
 double EuclideanVector::TripleProduct(const Vector& a, const Vector& b, const Vector& c) try {
     return Dot(Cross(a, b), c);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return MISSING_NUMBER;
 }
 

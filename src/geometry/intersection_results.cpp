@@ -1,6 +1,6 @@
 #include "geometry/intersection_results.h"
 
-#include <new>
+#include <exception>
 
 #include "tessara/line_intersection_parameters.h"
 
@@ -18,9 +18,32 @@ bool Append(IUnknown* object, const IRef<IArray>& list) try {
     const std::uint32_t index = list->GetCount();
     list->Add(object);
     return list->GetAt(index) != nullptr;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
+
+// The next entry of two lists. It is taken back unless it is kept, also if an object of the host throws.
+class Pair {
+  public:
+    Pair(const IRef<IArray>& first, const IRef<IArray>& second)
+        : first_(first), second_(second), firstIndex_(first->GetCount()), secondIndex_(second->GetCount()) {}
+    Pair(const Pair&) = delete;
+    Pair& operator=(const Pair&) = delete;
+    ~Pair() {
+        if (isKept_) return;
+        first_->RemoveAt(firstIndex_);
+        second_->RemoveAt(secondIndex_);
+    }
+
+    bool Keep() { return isKept_ = true; }
+
+  private:
+    const IRef<IArray>& first_;
+    const IRef<IArray>& second_;
+    std::uint32_t firstIndex_;
+    std::uint32_t secondIndex_;
+    bool isKept_ = false;
+};
 
 }  // namespace
 
@@ -28,13 +51,8 @@ bool IntersectionResults::Add(ILineIntersectionParameters* first, ILineIntersect
     const IRef<ILineIntersectionParameters> onFirst(first);
     const IRef<ILineIntersectionParameters> onSecond(second);
     if (!HasLists() || !onFirst.IsValid() || !onSecond.IsValid()) return false;
-    const std::uint32_t firstIndex = firstList_->GetCount();
-    const std::uint32_t secondIndex = secondList_->GetCount();
-    if (Append(onFirst.Get(), firstList_) && Append(onSecond.Get(), secondList_)) return true;
-    // A pair that can't be completed is taken back.
-    firstList_->RemoveAt(firstIndex);
-    secondList_->RemoveAt(secondIndex);
-    return false;
+    Pair pair(firstList_, secondList_);
+    return Append(onFirst.Get(), firstList_) && Append(onSecond.Get(), secondList_) && pair.Keep();
 }
 
 bool IntersectionResults::RemoveAt(std::uint32_t index) {

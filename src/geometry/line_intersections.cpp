@@ -1,6 +1,6 @@
 #include "geometry/line_intersections.h"
 
-#include <new>
+#include <exception>
 
 #include "geometry/creation.h"
 #include "geometry/line_reading.h"
@@ -148,7 +148,7 @@ bool CrossOnMap(IMapCoordOperations* map, IArray* lineA, IArray* lineB, IUnknown
     if (!ReadLineOnMap(plane, b.coords.Get(), &b.places)) return false;
     sink.Clear();
     return PutIntersections(a, b, reference.Get(), sink, on.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -165,7 +165,7 @@ bool CrossPixels(IArray* lineA, IArray* lineB, IUnknown* out) try {
     sink.Clear();
     if (!ReadPixelLine(a.coords.Get(), &a.places) || !ReadPixelLine(b.coords.Get(), &b.places)) return false;
     return PutIntersections(a, b, reference.Get(), sink, nullptr);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
+#include <exception>
 
 #include "geometry/line_intersections.h"
 #include "geometry/line_reading.h"
@@ -36,7 +36,7 @@ bool FillPolyline(ICoord* a, ICoord* b, IArray* out, const Densifier& densify) {
     try {
         std::vector<CKoord> polyline;
         if (densify(from, to, &polyline) && AddAll(polyline, out)) return true;
-    } catch (const std::bad_alloc&) {  // missing memory is a failure like any other
+    } catch (const std::exception&) {  // missing memory is a failure like any other
     }
     out->Clear();
     return false;
@@ -168,7 +168,7 @@ bool LinePoints::IsPointOnLine(IMapCoordOperations* map, ICoord* point, IArray* 
     std::vector<PlanePoint> polyline;
     return KoordFromCoord(probe.Get(), &koord) && plane.ToPlane(koord, &p) &&
            ReadLineOnMap(plane, coords.Get(), &polyline) && IsOnPolyline(p, polyline);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

@@ -1,7 +1,7 @@
 #include "geometry/plane_arc.h"
 
 #include <cmath>
-#include <new>
+#include <exception>
 
 #include "geometry/coord_reading.h"
 #include "numerics/circular.h"
@@ -83,7 +83,7 @@ bool AddPoints(IVector* vectors, const PlaneFrame& frame, const PlaneEllipse& el
         out->Add(point.Get());
     }
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

@@ -1,5 +1,6 @@
 #include "geometry/tangent_plane.h"
 
+#include <exception>
 #include <new>
 #include <utility>
 
@@ -52,7 +53,7 @@ bool TangentPlane::GetFrame(ICoord* origin, Vector* east, Vector* north) {
         *east = std::move(eastCopy);
         *north = std::move(northCopy);
         return true;
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {
         return false;
     }
 }
@@ -102,7 +103,7 @@ double TangentPlane::ProjectAlong(ICoord* p, const Vector* direction, ICoord* ou
     if (t == RAY_IN_PLANE) return transfer_->Transfer(coord.Get(), result.Get()) ? t : MISSING_NUMBER;
     const Vector hit = vectors_->Add(point, vectors_->Scale(*direction, t));
     return ellipsoid_->EcefVectorToCoord(&hit, result.Get()) ? t : MISSING_NUMBER;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return MISSING_NUMBER;
 }
 
@@ -134,7 +135,7 @@ bool TangentPlane::MapByChord(ICoord* p, ICoord* out) try {
     Vector point;
     if (!ellipsoid_->CoordToEcefVector(coord.Get(), &point)) return false;
     return PointInPlane(coord.Get(), vectors_->Length(vectors_->Subtract(originXyz_, point)), result.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -158,7 +159,7 @@ bool TangentPlane::PlaneCoordsToCoord(double x, double y, double z, ICoord* out)
     const Vector inPlane = vectors_->Add(east, vectors_->Scale(north_, y));
     const Vector point = vectors_->Add(inPlane, vectors_->Scale(normal, z));
     return ellipsoid_->EcefVectorToCoord(&point, result.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

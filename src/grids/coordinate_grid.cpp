@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
+#include <exception>
 #include <utility>
 #include <vector>
 
@@ -190,7 +190,7 @@ bool CoordinateGrid::SetWindow(ICoord* a, ICoord* b, ICoord* c, ICoord* d) try {
                          northStep_,
                          SystemOf(system_).finestStep};
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -210,7 +210,7 @@ bool CoordinateGrid::WriteLines(Axis axis, IArray* lines) const try {
         PackedPolyline polyline;
         return ToGridSystem(system_, line, &polyline) && AddLine(std::move(polyline), MakeCoord, out.Get());
     });
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -234,7 +234,7 @@ bool CoordinateGrid::WriteLinePixels(Axis axis, IArray* lines) const try {
                line = PackedPolyline();
                return isPlaced && AddLine(std::move(pixels), MakeFloatPoint, out.Get());
            });
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

@@ -1,5 +1,6 @@
 #include "grids/grid_line_array.h"
 
+#include <exception>
 #include <new>
 
 namespace tessara {
@@ -17,7 +18,7 @@ bool GridLineArray::Unpack() {
         });
         if (!isComplete) return false;
         points_ = points;
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {
         return false;
     }
     polyline_ = PackedPolyline();

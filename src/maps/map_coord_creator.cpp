@@ -1,6 +1,6 @@
 #include "maps/map_coord_creator.h"
 
-#include <new>
+#include <exception>
 
 #include "frame/fresh.h"
 #include "maps/creation.h"
@@ -46,7 +46,7 @@ IArray* MapCoordCreator::CreateCoords(std::uint32_t count) try {
         coords->Add(coord.Get());
     }
     return coords.HandOut();
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return nullptr;
 }
 
@@ -78,7 +78,7 @@ IArray* MapCoordCreator::CreateCoordsFrom(IArray* source) try {
         coords->Add(coord.Get());
     }
     return coords.HandOut();
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return nullptr;
 }
 

@@ -1,6 +1,6 @@
 #include "maps/map_coord_operations.h"
 
-#include <new>
+#include <exception>
 
 #include "maps/creation.h"
 #include "objects/koord_access.h"
@@ -58,7 +58,7 @@ bool MapCoordOperations::GetReferencePoints(IArray* out) try {
         points->Add(point.Get());
     }
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

@@ -1,6 +1,6 @@
 #include "polygons/polygon_writing.h"
 
-#include <new>
+#include <exception>
 
 #include "objects/koord_access.h"
 
@@ -48,7 +48,7 @@ bool AppendRings(const std::vector<Ring>& rings, const RingForm& form, IArray* l
         list->Add(part.Get());
     }
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

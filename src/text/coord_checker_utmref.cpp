@@ -1,7 +1,7 @@
 #include "text/coord_checker_utmref.h"
 
 #include <array>
-#include <new>
+#include <exception>
 
 #include "frame/tessara_string.h"
 #include "objects/koord_access.h"
@@ -26,7 +26,7 @@ bool Fill(const Choices& choices, const IRef<IArray>& list) try {
         list->Add(text.Get());
     }
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -78,7 +78,7 @@ bool RefillForTexts(FindChoices find, std::int32_t datum, const Texts<4>& texts,
     UtmrefPieces pieces;
     return texts.Read({&pieces.zone, &pieces.band, &pieces.column, &pieces.row}) &&
            RefillFor(find, datum, pieces, list);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -87,7 +87,7 @@ bool RefillForCoord(FindChoices find, ICoord* coord, IArray* list) try {
     UtmrefPieces pieces;
     if (!KoordFromCoord(coord, &koord) || !utmref::Split(koord, &pieces)) return false;
     return RefillFor(find, static_cast<std::int32_t>(koord.datum), pieces, list);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -100,13 +100,13 @@ bool CoordCheckerUTMREF::CheckCoord(ICoord* coord) {
 
 bool CoordCheckerUTMREF::GetZoneList(IArray* list) try {
     return Refill(utmref::ZoneChoices(), list);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
 bool CoordCheckerUTMREF::GetBandList(IArray* list) try {
     return Refill(utmref::BandChoices(), list);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -137,7 +137,7 @@ bool CoordCheckerUTMREF::SplitCoord(ICoord* coord, ITessaraString* zone, ITessar
     return KoordFromCoord(coord, &koord) && utmref::Split(koord, &pieces) &&
            texts.Write(
                {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -149,7 +149,7 @@ bool CoordCheckerUTMREF::ComposeCoord(ITessaraString* zone, ITessaraString* band
     const bool haveTexts = texts.Read(
         {&pieces.zone, &pieces.band, &pieces.column, &pieces.row, &pieces.easting, &pieces.northing});
     return haveTexts && target != nullptr && utmref::Compose(pieces, target);
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

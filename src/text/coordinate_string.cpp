@@ -1,6 +1,7 @@
 #include "text/coordinate_string.h"
 
 #include <algorithm>
+#include <exception>
 #include <new>
 
 #include "objects/koord_access.h"
@@ -41,7 +42,7 @@ class ThreeTexts {
         try {
             for (int i = 0; i < 3; ++i)
                 texts_[i]->AssignText(FixedText(values[i], decimals[i]).c_str());
-        } catch (const std::bad_alloc&) {
+        } catch (const std::exception&) {
             Clear();
             return false;
         }
@@ -111,7 +112,7 @@ bool CoordinateString::ParseCoord(ICoordinateReference* reference, ITessaraStrin
     if (!IsLegalRecord(parsed)) return false;
     UnsetPrecisionsIfOther(system);
     return KoordToCoord(&parsed, coord_.Get()) && coord_->GetReference(reference_.Get());
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -156,7 +157,7 @@ bool CoordinateString::GetText(Axis axis, ITessaraString* text) try {
     if (!MakePlainText(axis, &plain)) return false;
     target->AssignText(plain.c_str());
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 
@@ -182,7 +183,7 @@ bool CoordinateString::GetDisplayText(Axis axis, ITessaraString* text) try {
     if (!text::Display(axis, System(), PrecisionOf(axis), plain, &display)) return false;
     target->AssignText(display.c_str());
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     return false;
 }
 

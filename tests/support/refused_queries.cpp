@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <iterator>
+#include <memory>
+#include <utility>
 
 namespace tessara::testing {
 namespace {
@@ -28,6 +30,17 @@ void RefusedQueries::Refuse(int nth, Refusal refusal) {
     asked_ = 0;
     nth_ = nth;
     refusal_ = refusal;
+    action_ = nullptr;
+}
+
+void RefusedQueries::Interrupt(int nth, std::function<void()> action) {
+    Refuse(nth, Refusal::ONCE);
+    action_ = std::move(action);
+}
+
+bool RefusedQueries::IsRefused() const {
+    if (nth_ == 0 || action_) return false;
+    return refusal_ == Refusal::ONCE ? asked_ == nth_ : asked_ >= nth_;
 }
 
 // The replaced table of an object, recognised by its first operation.
@@ -53,12 +66,18 @@ __attribute__((no_sanitize("address", "undefined"))) void RefusedQueries::TakeOv
 
 ResultCode RefusedQueries::Ask(IUnknown* object, const GUID* iid, void** out) {
     ++g_queries->asked_;
-    const bool isRefused =
-        g_queries->nth_ > 0 && (g_queries->refusal_ == Refusal::ONCE ? g_queries->asked_ == g_queries->nth_
-                                                                     : g_queries->asked_ >= g_queries->nth_);
-    if (isRefused) {
+    if (g_queries->IsRefused()) {
         *out = nullptr;
         return RESULT_NO_INTERFACE;
+    }
+    // The action may release other references to the object.
+    object->AddRef();
+    const auto release = [](IUnknown* held) { held->Release(); };
+    const std::unique_ptr<IUnknown, decltype(release)> held(object, release);
+    // The action can set the next one.
+    if (g_queries->action_ && g_queries->asked_ == g_queries->nth_) {
+        g_queries->nth_ = 0;
+        std::exchange(g_queries->action_, nullptr)();
     }
     using Query = ResultCode (*)(IUnknown*, const GUID*, void**);
     const auto query = reinterpret_cast<Query>(TableOf(object)->original[0]);

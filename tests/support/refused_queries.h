@@ -7,6 +7,7 @@
 #if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
 
 #include <deque>
+#include <functional>
 
 namespace tessara::testing {
 
@@ -26,6 +27,8 @@ class RefusedQueries {
 
     // Refuses the `nth` query from now on; 0 refuses none.
     void Refuse(int nth, Refusal refusal);
+    // Calls a function once, before the answer to the `nth` query from now on.
+    void Interrupt(int nth, std::function<void()> action);
     [[nodiscard]] int Asked() const { return asked_; }
 
   private:
@@ -38,6 +41,7 @@ class RefusedQueries {
         void* operations[64];
     };
 
+    [[nodiscard]] bool IsRefused() const;
     static ResultCode Ask(IUnknown* object, const GUID* iid, void** out);
     [[nodiscard]] static Table* TableOf(IUnknown* object);
 
@@ -45,6 +49,7 @@ class RefusedQueries {
     int asked_ = 0;
     int nth_ = 0;
     Refusal refusal_ = Refusal::ONCE;
+    std::function<void()> action_;
 };
 
 }  // namespace tessara::testing
