@@ -82,8 +82,10 @@ class ICoordinateGrid : public IUnknown {
     virtual double GetEastStep() = 0;
     virtual double GetNorthStep() = 0;
 
-    // Makes the target a copy of the grid's map, with its reference points. False for null or an object of
-    // another kind, if the grid's map or the target isn't an object of this library, and if memory runs out.
+    // Makes the target a copy of the grid's map, with its reference points. Like SetMapParam of
+    // map_param_internal.h, it doesn't free the target's own list of reference points. False for null or an
+    // object of another kind, if the grid's map or the target isn't an object of this library, and if memory
+    // runs out.
     virtual bool CopyMapTo(IMapCoordOperations* target) = 0;
     // False for null or an object of another kind.
     virtual bool GetReference(ICoordinateReference* target) = 0;

@@ -22,6 +22,11 @@
 // Memory: an operation that runs out of memory fails as its header documents. Only operations without such a
 // result throw std::bad_alloc: IArray::Add, ITessaraString::AssignText, and IVector, which returns
 // vectors.
+//
+// Objects of a host: an operation fails if a list or text of the host throws a standard exception. Other
+// exceptions fail the operation or pass through it without leaks. A host's object may call the library again
+// during a call. The caller holds a reference to the called object and to each argument until the call
+// returns.
 #pragma once
 
 #include "tessara/array.h"
