@@ -143,6 +143,18 @@ TEST(ConvertManyEquality, HoldsNextToTheBordersOfBands) {
                           RangeCheck::Off);
 }
 
+// A northing on the equator is a positive zero, from either side.
+TEST(ConvertManyEquality, HoldsOnTheEquatorAndTheMeridians) {
+    Records sources;
+    for (const double latitude : {0.0, -0.0, 5e-324, -5e-324, 1e-17, -1e-17}) {
+        for (const double longitude : {0.0, -0.0, 9.0, -9.0, 10.25, 177.0, -177.0, 180.0, -180.0})
+            sources.push_back(GeodezRecord(latitude, longitude));
+    }
+    for (const std::int32_t type :
+         {KOORD_UTM + 0, KOORD_GK + 0, KOORD_GK6 + 0, KOORD_VDG + 0, KOORD_ECEF + 0})
+        ExpectManyGiveTheSame(sources, Records(sources.size(), NaturalTarget(type)), RangeCheck::Off);
+}
+
 // Blocks begin and end in runs of any length.
 TEST(ConvertManyEquality, HoldsForRunsOfAnyLength) {
     testing::Random random(21);

@@ -32,7 +32,9 @@ TEST(PrecisionOfResolution, IsTheGreatestPowerOfTenAtMostAsLarge) {
 TEST(PrecisionOfResolution, CountsSecondsInGeograd) {
     EXPECT_EQ(precision::OfResolution(0.001 / 3600.0, KOORD_GEOGRAD), -3);
     EXPECT_EQ(precision::OfResolution(1.0 / 3600.0, KOORD_GEOGRAD), 0);
+    EXPECT_EQ(precision::OfResolution(9.995 / 3600.0, KOORD_GEOGRAD), 0);
     EXPECT_EQ(precision::OfResolution(10.0 / 3600.0, KOORD_GEOGRAD), 1);
+    EXPECT_EQ(precision::OfResolution(59.99 / 3600.0, KOORD_GEOGRAD), 1);
     EXPECT_EQ(precision::OfResolution(1.0 / 60.0, KOORD_GEOGRAD), 2);
     EXPECT_EQ(precision::OfResolution(10.0 / 60.0, KOORD_GEOGRAD), 3);
     EXPECT_EQ(precision::OfResolution(1.0, KOORD_GEOGRAD), 4);
