@@ -7,9 +7,9 @@
 //     const auto position = tessara::Load<tessara::GeodezPayload>(record);
 //     const double longitude = position.longitude;  // 11.5755
 //
-// A record is little-endian with natural alignment, and is copied as bytes. `datum` and `type` say what the
-// 56 bytes of the payload mean; each type has one of the structs of this header. Bytes that a type doesn't
-// use are declared as `unused` members, so reading and writing a payload preserves them.
+// A record has the byte order of the machine and natural alignment, and is copied as bytes. `datum` and
+// `type` say what the 56 bytes of the payload mean; each type has one of the structs of this header. Bytes
+// that a type doesn't use are `unused` members, so reading and writing a payload preserves them.
 //
 // Latitudes and longitudes are in degrees, positive to the north and east. Grid values and heights are in
 // metres.
