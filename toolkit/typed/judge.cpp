@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <string>
 
 #include "conversion/fields.h"
@@ -85,7 +86,22 @@ bool HasZones(const tagKOORD& record) {
     return WantedZone(static_cast<std::int32_t>(record.type), 28).has_value();
 }
 
-// The fault of a position that converts but that the checker rejects.
+// Whether two references are the same but for the truncation of a metre.
+bool AreSameReferences(const UtmrefPayload& one, const UtmrefPayload& other) {
+    return one.band == other.band && one.column == other.column && one.row == other.row &&
+           std::abs(one.easting - other.easting) <= 1 && std::abs(one.northing - other.northing) <= 1;
+}
+
+// Whether a record, which has the zone of its position, is what a conversion writes.
+bool IsWrittenAs(const tagKOORD& record, const tagKOORD& natural) {
+    return record.type == KOORD_UTMREF
+               ? AreSameReferences(Load<UtmrefPayload>(record), Load<UtmrefPayload>(natural))
+               : AreSame(record, natural);
+}
+
+// The fault of a position that converts but that the checker rejects. The checker's limits of UTM are the
+// northings of its last parallels on the meridian of the zone; positions beside it, up to these parallels,
+// exceed them.
 Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
     tagKOORD natural = DefaultRecord(
         {.datum = static_cast<std::int32_t>(record.datum), .system = static_cast<std::int32_t>(record.type)});
@@ -96,8 +112,9 @@ Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
                 "the position is in zone " + std::to_string(ZoneOf(natural)) + ", not in " +
                     std::to_string(ZoneOf(record)),
                 {}};
-    if (record.type == KOORD_UTMREF) return NO_SQUARE;
-    return FaultOf(KOORD_ERR_OUTSIDE);
+    const bool isUtm = record.type == KOORD_UTM || record.type == KOORD_UTMREF;
+    if (isUtm && IsWrittenAs(record, natural)) return {};
+    return record.type == KOORD_UTMREF ? NO_SQUARE : FaultOf(KOORD_ERR_OUTSIDE);
 }
 
 tagKOORD DegreesRecord(const tagKOORD& record, KoordStatus* status) {

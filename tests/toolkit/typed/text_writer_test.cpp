@@ -29,6 +29,11 @@ const std::vector<Area> AREAS{
     {"UTM@GER", 47.0, 55.0, 5.0, 16.0},
     {"UTMREF", -79.9, 83.9, -179.9, 179.9},
     {"UTMREF@GER", 47.0, 55.0, 5.0, 16.0},
+    // Off the meridian of a zone, the ends of the system have other northings than on it.
+    {"UTM", -79.9999, -79.99, -179.9, 179.9},
+    {"UTM", 83.99, 83.9999, -179.9, 179.9},
+    {"UTMREF", -79.9999, -79.99, -179.9, 179.9},
+    {"UTMREF", 83.99, 83.9999, -179.9, 179.9},
     {"GEODEZ", -89.9, 89.9, -179.9, 179.9},
     {"GEODEZ@MGI", -0.2, 0.2, -0.2, 0.2},
     {"GEOGRAD", -89.9, 89.9, -179.9, 179.9},
