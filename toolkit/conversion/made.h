@@ -7,8 +7,8 @@
 
 namespace tessara::toolkit {
 
-// A handle that isn't empty. The library gives null if memory runs out; here that is std::bad_alloc, as for anything else that
-// allocates.
+// A handle that isn't empty. The library gives null if memory runs out; here that is std::bad_alloc, as for
+// anything else that allocates.
 template <class I>
 [[nodiscard]] IRef<I> Made(IRef<I> object) {
     if (!object.IsValid()) throw std::bad_alloc();
