@@ -8,7 +8,7 @@ import pytest
 
 import tessara
 
-DATABASES = [Path(directory) / "proj.db" for directory in (pyproj.datadir.get_data_dir(), "/usr/share/proj")]
+DEBIAN_DATABASE = Path("/usr/share/proj/proj.db")
 
 # Shifts by three numbers without rotations, from any geographic system to WGS84, with the ellipsoid of the system.
 SHIFTS = """
@@ -39,7 +39,8 @@ def minor_axis(a, inverse_flattening, b):
 
 @pytest.fixture(scope="module")
 def registry():
-    database = next(path for path in DATABASES if path.exists())
+    # pyproj itself finds Debian's directory only where PROJ's programs are installed.
+    database = DEBIAN_DATABASE if DEBIAN_DATABASE.exists() else Path(pyproj.datadir.get_data_dir()) / "proj.db"
     with sqlite3.connect(f"file:{database}?mode=ro", uri=True) as connection:
         rows = connection.execute(SHIFTS).fetchall()
     ellipsoids = {}
