@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "bench/peers/array_timing.h"
+#include "bench/peers/projection.h"
 #include "bench/peers/record_values.h"
 #include "tessara/kernel/columns.h"
 #include "tessara/kernel/convert.h"
@@ -113,20 +114,13 @@ class FieldColumns {
 class ProjArrays {
   public:
     explicit ProjArrays(const ArrayTask& task)
-        : task_(task),
-          projection_(proj_create(PJ_DEFAULT_CTX, task.proj.c_str())),
-          in_(3 * COUNT),
-          out_(3 * COUNT) {
-        if (projection_ == nullptr) Fail("PROJ doesn't know " + task.proj);
+        : task_(task), projection_(MakeProjection(task.proj)), in_(3 * COUNT), out_(3 * COUNT) {
         const std::vector<Values> values = ValuesOf(task.sources);
         for (std::size_t i = 0; i < COUNT; ++i) {
             for (std::size_t k = 0; k < 3; ++k)
                 in_[k * COUNT + i] = values[i % POSITIONS][k];
         }
     }
-    ProjArrays(const ProjArrays&) = delete;
-    ProjArrays& operator=(const ProjArrays&) = delete;
-    ~ProjArrays() { proj_destroy(projection_); }
 
     void Run() {
         double* const x = out_.data();
@@ -143,7 +137,7 @@ class ProjArrays {
             std::memcpy(x, in_.data(), (isSpatial ? 3 : 2) * COUNT * sizeof(double));
         }
         constexpr std::size_t stride = sizeof(double);
-        proj_trans_generic(projection_, task_.direction, x, stride, COUNT, y, stride, COUNT,
+        proj_trans_generic(projection_.get(), task_.direction, x, stride, COUNT, y, stride, COUNT,
                            isSpatial ? z : nullptr, stride, isSpatial ? COUNT : 0, nullptr, 0, 0);
         if (task_.targetAxes == Axes::DEGREES) {
             for (std::size_t i = 0; i < COUNT; ++i) {
@@ -161,7 +155,7 @@ class ProjArrays {
 
   private:
     const ArrayTask& task_;
-    PJ* projection_;
+    Projection projection_;
     std::vector<double> in_, out_;
 };
 

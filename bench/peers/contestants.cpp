@@ -1,5 +1,6 @@
 #include "bench/peers/contestants.h"
 
+#include "bench/peers/projection.h"
 #include "bench/peers/record_values.h"
 #include "tessara/kernel/convert.h"
 
@@ -35,12 +36,12 @@ Contestant Ours(const std::vector<tagKOORD>& sources, const tagKOORD& target, st
 
 Contestant Proj(const std::string& definition, PJ_DIRECTION direction, const std::vector<Values>& sources,
                 Axes sourceAxes, Axes resultAxes) {
-    PJ* const P = proj_create(PJ_DEFAULT_CTX, definition.c_str());
-    if (P == nullptr) Fail("PROJ doesn't know " + definition);
     return Compete(
         Values{},
-        [P, direction, sources, sourceAxes, resultAxes](std::size_t i, Values& output) {
-            output = FromProj(proj_trans(P, direction, ToProj(sources[i], sourceAxes)), resultAxes);
+        [projection = MakeProjection(definition), direction, sources, sourceAxes, resultAxes](
+            std::size_t i, Values& output) {
+            output =
+                FromProj(proj_trans(projection.get(), direction, ToProj(sources[i], sourceAxes)), resultAxes);
         },
         [](const Values& output) { return output; });
 }

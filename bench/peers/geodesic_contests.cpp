@@ -7,6 +7,7 @@
 #include "bench/peers/array_timing.h"
 #include "bench/peers/contestants.h"
 #include "bench/peers/contests.h"
+#include "bench/peers/projection.h"
 #include "bench/peers/record_values.h"
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/geodesic_columns.h"
@@ -150,7 +151,7 @@ void AddGeodesics(std::vector<Contest>* contests) {
     const std::vector<tagKOORD> positions = RandomPositions(WORLD);
     const std::vector<Values> degrees = ValuesOf(positions);
     const auto same = [](const Values& v) { return v; };
-    PJ* const ellipsoid = proj_create(PJ_DEFAULT_CTX, "+proj=longlat +ellps=WGS84");
+    const Projection ellipsoid = MakeProjection("+proj=longlat +ellps=WGS84");
     std::vector<PJ_COORD> radians;
     for (const Values& v : degrees)
         radians.push_back(proj_coord(proj_torad(v[1]), proj_torad(v[0]), 0.0, 0.0));
@@ -168,7 +169,7 @@ void AddGeodesics(std::vector<Contest>* contests) {
          Compete(
              Values{},
              [ellipsoid, radians](std::size_t i, Values& out) {
-                 out[0] = proj_geod(ellipsoid, radians[i], radians[(i + 1) % POSITIONS]).lpz.lam;
+                 out[0] = proj_geod(ellipsoid.get(), radians[i], radians[(i + 1) % POSITIONS]).lpz.lam;
              },
              same),
          Compete(

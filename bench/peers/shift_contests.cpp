@@ -6,6 +6,7 @@
 #include "bench/peers/array_contests.h"
 #include "bench/peers/contestants.h"
 #include "bench/peers/contests.h"
+#include "bench/peers/projection.h"
 #include "bench/peers/record_values.h"
 #include "bench/peers/requests.h"
 #include "tessara/kernel/datum.h"
@@ -72,7 +73,7 @@ void AddRequests(std::vector<Contest>* contests) {
     constexpr double wholeMetres = 1.5;  // one rounds, the other truncates
     constexpr std::pair<std::int32_t, const char*> rows[] = {{KOORD_GEOGRAD, "request from degrees"},
                                                              {KOORD_UTM, "request from UTM"}};
-    PJ* const shift = proj_create(PJ_DEFAULT_CTX, Molodensky().c_str());
+    const Projection shift = MakeProjection(Molodensky());
     for (const auto& [system, name] : rows) {
         const auto request = std::make_shared<Request>(RandomPositions(GERMANY_ZONE_32), system);
         contests->push_back(
@@ -83,7 +84,7 @@ void AddRequests(std::vector<Contest>* contests) {
              Contestant{},
              Compete(
                  std::string(),
-                 [request, shift](std::size_t i, std::string& out) { out = request->Peers(i, shift); },
+                 [request, shift](std::size_t i, std::string& out) { out = request->Peers(i, shift.get()); },
                  ValuesOfMgrsText)});
     }
 }
