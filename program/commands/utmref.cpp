@@ -9,6 +9,7 @@
 #include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/quote.h"
+#include "lines/words.h"
 #include "run/toolkit_names.h"
 #include "tessara/host/text.h"
 #include "tessara/tessara.h"
@@ -61,13 +62,6 @@ std::vector<std::string> ChoicesBehind(const std::vector<std::string>& pieces, s
     for (std::uint32_t i = 0; i < list->GetCount(); ++i)
         choices.emplace_back(Made(IRef<ITessaraString>(list->GetAt(i)))->GetText());
     return choices;
-}
-
-std::string Joined(const std::vector<std::string>& words) {
-    std::string line;
-    for (const std::string& word : words)
-        line += (line.empty() ? "" : " ") + word;
-    return line;
 }
 
 // In upper case and without leading zeros: zone 032 is 32.

@@ -8,12 +8,12 @@
 #include "conversion/numbers.h"
 #include "files/typed_words.h"
 #include "lines/columns.h"
+#include "lines/words.h"
 #include "typed/judge.h"
 
 namespace tessara::program {
 namespace {
 
-constexpr std::string_view BLANKS = " \t\r\v\f";
 constexpr std::string_view DIGITS = "0123456789";
 
 // More words than two positions and two numbers have.
@@ -21,12 +21,6 @@ constexpr std::size_t MOST_WORDS = 32;
 
 // Degrees; numbers with smaller differences are the same.
 constexpr double SAME_NUMBER = 1e-9;
-
-std::string_view TrimBlanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
-    text.remove_suffix(text.size() - (text.find_last_not_of(BLANKS) + 1));
-    return text;
-}
 
 // Splits off the first words, and returns the rest of the line.
 template <class Word>

@@ -8,18 +8,13 @@
 #include "conversion/numbers.h"
 #include "conversion/statuses.h"
 #include "lines/line_reader.h"
+#include "lines/words.h"
 #include "tessara/kernel/convergence.h"
 
 namespace tessara::program {
 namespace {
 
 constexpr int SCALE_DECIMALS = 10;
-
-std::string_view TrimBlanks(std::string_view text) {
-    constexpr std::string_view BLANKS = " \t\r\n";
-    const std::size_t begin = std::min(text.find_first_not_of(BLANKS), text.size());
-    return text.substr(begin, text.find_last_not_of(BLANKS) + 1 - begin);
-}
 
 // The number of a member, or the error in its text.
 struct Number {

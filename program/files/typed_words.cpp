@@ -1,16 +1,8 @@
 #include "files/typed_words.h"
 
+#include "lines/words.h"
+
 namespace tessara::program {
-namespace {
-
-std::string Joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const std::string& word : words)
-        text += (text.empty() ? "" : " ") + word;
-    return text;
-}
-
-}  // namespace
 
 std::vector<std::string> TextsOf(const std::vector<std::string>& words) {
     return words.size() == 2 ? words : std::vector<std::string>{Joined(words)};

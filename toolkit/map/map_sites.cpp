@@ -8,6 +8,7 @@
 #include "lines/columns.h"
 #include "lines/line_reader.h"
 #include "lines/utf8.h"
+#include "lines/words.h"
 #include "typed/typed_reader.h"
 
 namespace tessara::toolkit {
@@ -44,13 +45,6 @@ IRef<ICoord> ReadCoord(JsonObject& object, std::int32_t mapDatum) {
     object.Fail("expected 'at', 'pixel', or 'system' with 'north' and 'east'");
 }
 
-// Removes leading and trailing blanks.
-std::string Trim(std::string_view text) {
-    const std::size_t begin = text.find_first_not_of(" \t\r");
-    if (begin == std::string_view::npos) return {};
-    return std::string(text.substr(begin, text.find_last_not_of(" \t\r") + 1 - begin));
-}
-
 // The content of a line: a site, an error, or nothing.
 struct SiteLine {
     std::optional<Site> site;
@@ -61,21 +55,24 @@ SiteLine ReadDegreesLine(const std::string& text, std::int32_t datum) {
     const Line line = ReadLine(text);
     if (!line.position) return {std::nullopt, line.error};
     const std::size_t comment = text.find('#');
-    return {
-        Site{DegreesCoord(line.position->latitude, line.position->longitude, datum),
-             comment == std::string::npos ? "" : RepairUtf8(Trim(std::string_view(text).substr(comment + 1))),
-             {}},
-        {}};
+    return {Site{DegreesCoord(line.position->latitude, line.position->longitude, datum),
+                 comment == std::string::npos
+                     ? ""
+                     : RepairUtf8(std::string(TrimBlanks(std::string_view(text).substr(comment + 1)))),
+                 {}},
+            {}};
 }
 
 SiteLine ReadTextLine(const std::string& text, const TypedReader& reader) {
-    if (Trim(text).empty() || text.starts_with('#')) return {};
-    const std::vector<std::string> columns = SplitColumns(Trim(text), SeparatorOf(text));
+    if (TrimBlanks(text).empty() || text.starts_with('#')) return {};
+    const std::vector<std::string> columns = SplitColumns(TrimBlanks(text), SeparatorOf(text));
     if (columns.size() < 2) return {std::nullopt, "expected a north and an east text, found one column"};
     const TypedResult read = reader.Read(columns[0], columns[1]);
     if (!read.IsRead()) return {std::nullopt, read.fault.reason};
     IRef<ICoord> coord = Made(host::CoordOf(read.readings.front().record));
-    return {Site{std::move(coord), columns.size() > 2 ? RepairUtf8(Trim(columns[2])) : "", {}}, {}};
+    return {
+        Site{std::move(coord), columns.size() > 2 ? RepairUtf8(std::string(TrimBlanks(columns[2]))) : "", {}},
+        {}};
 }
 
 template <class ReadText>
