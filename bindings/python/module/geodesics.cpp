@@ -5,12 +5,12 @@
 #include <cmath>
 
 #include "columns.h"
+#include "conversion/geodesic_checks.h"
 #include "errors.h"
 #include "module.h"
 #include "reference.h"
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/geodesic_columns.h"
-#include "tessara/kernel/limits.h"
 
 namespace tessara::python {
 namespace py = pybind11;
@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::size_t IN_COUNT = 4;
 constexpr std::size_t OUT_COUNT = 3;
-constexpr double HALF_TURN = 180.0;  // degrees
 using Numbers = py::array_t<double>;
 using In = std::array<double, IN_COUNT>;
 using Out = std::array<double, OUT_COUNT>;
@@ -30,12 +29,6 @@ struct Axes {
     double values[2];
 };
 
-KoordStatus CheckDegrees(double latitude, double longitude) {
-    if (!(std::abs(latitude) <= GEOGRAPHIC_LIMITS.north)) return KOORD_ERR_GEO_LAT;
-    if (!(std::abs(longitude) <= GEOGRAPHIC_LIMITS.east)) return KOORD_ERR_GEO_LON;
-    return KOORD_OK;
-}
-
 // A problem solves all rows, and then looks at each: at what it was, and at the result.
 struct Inverse {
     static void Solve(const Sources& in, const Targets& out, std::size_t count, const Axes& axes) {
@@ -43,11 +36,7 @@ struct Inverse {
         Geodesic_InverseColumns(&columns, count, axes.values[0], axes.values[1]);
     }
     static KoordStatus Check(const In& in, Out* out) {
-        for (const std::size_t k : {std::size_t{0}, std::size_t{2}}) {
-            const KoordStatus status = CheckDegrees(in[k], in[k + 1]);
-            if (status != KOORD_OK) return status;
-        }
-        return (*out)[0] >= 0.0 ? KOORD_OK : GEODESIC_NO_SOLUTION;
+        return toolkit::CheckWay(in[0], in[1], in[2], in[3], (*out)[0]);
     }
 };
 
@@ -58,13 +47,7 @@ struct Direct {
         Geodesic_DirectColumns(&columns, count, axes.values[0], axes.values[1]);
     }
     static KoordStatus Check(const In& in, Out* out) {
-        const KoordStatus status = CheckDegrees(in[0], in[1]);
-        if (status != KOORD_OK) return status;
-        if (!std::isfinite(in[2]) || !std::isfinite(in[3])) return GEODESIC_NO_SOLUTION;
-        auto& [latitude, longitude, backAzimuth] = *out;
-        if (!std::isfinite(latitude) || !std::isfinite(longitude)) return GEODESIC_NO_SOLUTION;
-        if (std::abs(longitude) > HALF_TURN) longitude = std::remainder(longitude, 2.0 * HALF_TURN);
-        return KOORD_OK;
+        return toolkit::CheckEnd(in[0], in[1], in[2], in[3], (*out)[0], &(*out)[1]);
     }
 };
 

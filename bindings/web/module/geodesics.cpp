@@ -2,10 +2,10 @@
 #include <array>
 #include <cmath>
 
+#include "conversion/geodesic_checks.h"
 #include "exports.h"
 #include "references.h"
 #include "tessara/kernel/geodesic.h"
-#include "tessara/kernel/limits.h"
 
 namespace tessara::web {
 namespace {
@@ -13,32 +13,19 @@ namespace {
 using In = std::array<double, 4>;
 using Out = std::array<double, 3>;
 
-KoordStatus CheckDegrees(double latitude, double longitude) {
-    if (!(std::abs(latitude) <= GEOGRAPHIC_LIMITS.north)) return KOORD_ERR_GEO_LAT;
-    if (!(std::abs(longitude) <= GEOGRAPHIC_LIMITS.east)) return KOORD_ERR_GEO_LON;
-    return KOORD_OK;
-}
-
 KoordStatus Inverse(const In& in, const double* axes, Out* out) {
-    for (const std::size_t k : {std::size_t{0}, std::size_t{2}}) {
-        const KoordStatus status = CheckDegrees(in[k], in[k + 1]);
-        if (status != KOORD_OK) return status;
-    }
     const GeodesicResult way = Geodesic_InverseCore(in[0], in[1], in[2], in[3], axes[0], axes[1]);
-    if (!(way.distance >= 0.0)) return GEODESIC_NO_SOLUTION;
-    *out = {way.distance, way.azimuth12, way.azimuth21};
-    return KOORD_OK;
+    const KoordStatus status = toolkit::CheckWay(in[0], in[1], in[2], in[3], way.distance);
+    if (status == KOORD_OK) *out = {way.distance, way.azimuth12, way.azimuth21};
+    return status;
 }
 
 // In: latitude, longitude, azimuth, distance.
 KoordStatus Direct(const In& in, const double* axes, Out* out) {
-    const KoordStatus status = CheckDegrees(in[0], in[1]);
-    if (status != KOORD_OK) return status;
-    if (!std::isfinite(in[2]) || !std::isfinite(in[3])) return GEODESIC_NO_SOLUTION;
-    const GeodesicResult end = Geodesic_DirectCore(in[0], in[1], in[3], in[2], axes[0], axes[1]);
-    if (!std::isfinite(end.latitude) || !std::isfinite(end.longitude)) return GEODESIC_NO_SOLUTION;
-    *out = {end.latitude, std::remainder(end.longitude, 360.0), end.backAzimuth};
-    return KOORD_OK;
+    GeodesicResult end = Geodesic_DirectCore(in[0], in[1], in[3], in[2], axes[0], axes[1]);
+    const KoordStatus status = toolkit::CheckEnd(in[0], in[1], in[2], in[3], end.latitude, &end.longitude);
+    if (status == KOORD_OK) *out = {end.latitude, end.longitude, end.backAzimuth};
+    return status;
 }
 
 // Four columns of numbers in, three out, one behind the other with `rows` values each.
