@@ -27,18 +27,24 @@
 
 namespace tessara {
 
-// All columns hold doubles. Each row needs all the values of its problem, so that no source column may be
-// null; results without a column aren't written. A target column may be a source column with the same stride;
-// no other columns may overlap.
+// All columns hold doubles: metres, and degrees, which for azimuths count clockwise from north. Each row
+// needs all the values of its problem, so that no source column may be null; results without a column aren't
+// written. A target column may be a source column with the same stride; no other columns may overlap.
+//
+// Without a solution, as for a number that isn't finite, the distance is negative and the azimuths have no
+// meaning.
 struct GeodesicInverseColumns {
-    SourceColumn latitude1, longitude1, latitude2, longitude2;  // degrees
-    TargetColumn distance;                                      // metres; negative without a solution
-    TargetColumn azimuth12, azimuth21;                          // degrees
+    SourceColumn latitude1, longitude1, latitude2, longitude2;
+    TargetColumn distance;
+    TargetColumn azimuth12, azimuth21;  // 0..360
 };
+// The longitude of an end isn't brought into -180..180. A number that isn't finite makes it
+// infinite or NaN.
 struct GeodesicDirectColumns {
-    SourceColumn latitude, longitude;  // degrees
-    SourceColumn distance, azimuth;    // metres, degrees
-    TargetColumn endLatitude, endLongitude, backAzimuth;
+    SourceColumn latitude, longitude;
+    SourceColumn distance, azimuth;
+    TargetColumn endLatitude, endLongitude;
+    TargetColumn backAzimuth;  // 0..360
 };
 
 // The distances and azimuths between the positions of each row, on the ellipsoid with the semi-axes a and b.
