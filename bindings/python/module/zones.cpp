@@ -1,4 +1,4 @@
-// The zones that positions lie in.
+// The zones that positions lie in, and their borders.
 #include <pybind11/numpy.h>
 #include <pybind11/stl.h>
 
@@ -7,6 +7,7 @@
 #include "columns.h"
 #include "conversion/made.h"
 #include "conversion/names.h"
+#include "drawing/window_lines.h"
 #include "errors.h"
 #include "lines.h"
 #include "module.h"
@@ -97,10 +98,34 @@ py::list Zones(const std::vector<py::ssize_t>& shape, const py::array_t<double>&
     return outputs.Arrays();
 }
 
+DegreeRows RowsOf(const toolkit::DegreeLine& line) {
+    DegreeRows rows({static_cast<py::ssize_t>(line.size()), py::ssize_t{2}});
+    auto degrees = rows.mutable_unchecked<2>();
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        degrees(static_cast<py::ssize_t>(i), 0) = line[i].latitude;
+        degrees(static_cast<py::ssize_t>(i), 1) = line[i].longitude;
+    }
+    return rows;
+}
+
+// The zones to the west and to the east of each border in the window, and a line for each of its parts.
+py::list ZoneBorders(double south, double west, double north, double east, const std::string& system) {
+    py::list borders;
+    for (const toolkit::WindowBorder& border :
+         toolkit::BordersInWindow({south, west, north, east}, ReferenceOf(system))) {
+        py::list parts;
+        for (const toolkit::DegreeLine& part : border.parts)
+            parts.append(RowsOf(part));
+        borders.append(py::make_tuple(border.west, border.east, parts));
+    }
+    return borders;
+}
+
 }  // namespace
 
 void BindZones(py::module_& module) {
     module.def("zones", &Zones);
+    module.def("zone_borders", &ZoneBorders);
 }
 
 }  // namespace tessara::python

@@ -5,17 +5,15 @@ from __future__ import annotations
 from typing import Any
 
 import geopandas as gpd
-import numpy as np
 import pandas as pd
 from shapely.geometry import LineString
 
+from . import _tessara
 from ._conversion import Errors, convert
 from ._maps import Map
 from ._texts import format
-from ._zones import zones
 
 DEGREES = "EPSG:4326"
-BORDER_STEP = 1.0  # degrees
 
 
 def references(points: gpd.GeoSeries, *, precision: float = 1.0, errors: Errors = "nan") -> pd.Series:
@@ -43,7 +41,7 @@ def convert_points(points: gpd.GeoSeries, to: str, *, zone: int | None = None, e
     return pd.DataFrame(result._asdict(), index=points.index)
 
 
-def _series(lines: list[Any], names: list[str]) -> gpd.GeoSeries:
+def _series(lines: list[Any], names: list[Any]) -> gpd.GeoSeries:
     return gpd.GeoSeries([LineString(line[:, ::-1]) for line in lines], index=names, crs=DEGREES)
 
 
@@ -56,17 +54,14 @@ def grid_lines(sheet: Map, system: str, step: float, north_step: float | None = 
 
 
 def zone_borders(south: float, west: float, north: float, east: float, system: str = "UTM") -> gpd.GeoSeries:
-    """Returns the western borders of the zones in a window of degrees, as LineStrings in WGS84 degrees, indexed by the
-    number of the zone."""
-    if not (-80.0 <= south < north <= 80.0 and -180.0 <= west < east <= 180.0):
-        raise ValueError("the window must be within latitudes -80..80 and longitudes -180..180, with south below north")
-    across = np.arange(west, east, BORDER_STEP / 2)
-    found = zones(np.full_like(across, (south + north) / 2), across, system, errors="nan")
-    up = np.append(np.arange(south, north, BORDER_STEP), north)
-    lines, names = [], []
-    for number in dict.fromkeys(found.zone[found.zone != 0].tolist()):
-        border = float(found.west[found.zone == number][0])
-        if west <= border <= east:
-            lines.append(np.column_stack([up, np.full_like(up, border)]))
-            names.append(number)
-    return _series(lines, names)
+    """Returns the western borders of the zones in a window of WGS84 degrees, as LineStrings in WGS84 degrees, indexed by the
+    number of the zone. A window whose western longitude is greater than its eastern one crosses the date line, and the
+    longitudes of its lines continue beyond 180 degrees. Raises ValueError for a window that isn't one and for a system
+    without zones.
+
+    >>> zone_borders(40, 2, 50, 20).bounds.minx.round(6).to_dict()
+    {32: 6.0, 33: 12.0, 34: 18.0}
+    """
+    borders = [(zone, part) for _, zone, parts in _tessara.zone_borders(south, west, north, east, system)
+               if zone is not None for part in parts]
+    return _series([part for _, part in borders], [zone for zone, _ in borders])

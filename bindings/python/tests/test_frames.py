@@ -58,8 +58,42 @@ def test_zone_borders_are_meridians():
     borders = tessara.geo.zone_borders(40, 2, 50, 20)
     assert borders.index.tolist() == [32, 33, 34]
     assert np.allclose(borders.bounds.minx, [6, 12, 18], rtol=0, atol=1e-7)
+    assert np.allclose(borders.bounds[["miny", "maxy"]], [40, 50], rtol=0, atol=1e-7)
+
+
+# UTM ends at 80 degrees south and 84 degrees north, the limits of northings on the central meridian. Three degrees beside
+# it, a northing is up to 0.0134 degrees nearer to the equator, and lines end within a 16000th of the window, 0.0113 degrees.
+def test_zone_borders_end_with_the_system():
+    borders = tessara.geo.zone_borders(-90, 11, 90, 13)
+    assert borders.index.tolist() == [33]
+    assert borders.bounds.miny[33] == pytest.approx(-80, abs=0.025)
+    assert borders.bounds.maxy[33] == pytest.approx(84, abs=0.025)
+
+
+def test_zone_borders_cross_the_date_line():
+    borders = tessara.geo.zone_borders(10, 173, 11, -173)
+    assert borders.index.tolist() == [60, 1, 2]
+    assert np.allclose(borders.bounds.minx, [174, 180, 186], rtol=0, atol=1e-7)
+
+
+# Strips of Gauss and Krueger have their central meridians at multiples of 3 degrees.
+def test_zone_borders_of_strips_are_halfway_between_meridians():
+    borders = tessara.geo.zone_borders(48, 10, 49, 14, "GK@WGS84")
+    assert borders.index.tolist() == [4, 5]
+    assert np.allclose(borders.bounds.minx, [10.5, 13.5], rtol=0, atol=1e-7)
+
+
+@pytest.mark.parametrize("window, system", [
+    ((50, 2, 40, 20), "UTM"),
+    ((40, 2, 40, 20), "UTM"),
+    ((40, 2, 50, np.inf), "UTM"),
+    ((np.nan, 2, 50, 20), "UTM"),
+    ((46, 7, 47, 8), "CH"),
+    ((46, 7, 47, 8), "nowhere"),
+])
+def test_windows_and_systems_without_borders_are_refused(window, system):
     with pytest.raises(ValueError):
-        tessara.geo.zone_borders(50, 2, 40, 20)
+        tessara.geo.zone_borders(*window, system)
 
 
 # The names of the same grid: positions on the grid's own datum agree to a millimetre.
