@@ -91,9 +91,13 @@ static bool IsName(const char* kept, const text* name) {
            memcmp(kept, VARDATA_ANY(name), VARSIZE_ANY_EXHDR(name)) == 0;
 }
 
+/* Memory may run out between the old name and the new one. */
 static void KeepName(FunctionCallInfo fcinfo, char** kept, const text* name) {
-    if (*kept != NULL) pfree(*kept);
-    *kept = name == NULL ? NULL : MemoryContextStrdup(fcinfo->flinfo->fn_mcxt, text_to_cstring(name));
+    char* old = *kept;
+
+    *kept = NULL;
+    if (old != NULL) pfree(old);
+    if (name != NULL) *kept = MemoryContextStrdup(fcinfo->flinfo->fn_mcxt, text_to_cstring(name));
 }
 
 static const char* NameOrDegrees(const text* name) {
