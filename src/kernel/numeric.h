@@ -22,6 +22,11 @@ static_assert(FLT_EVAL_METHOD == 0, "build for SSE2 or another unit that rounds 
     return value > below && value < above ? static_cast<std::int32_t>(value) : INT32_MIN;
 }
 
+// The same for a value that is known to be in range.
+[[nodiscard]] inline std::int32_t TruncateInRange(double value) {
+    return static_cast<std::int32_t>(value);
+}
+
 // TruncateToInt32, then its low 16 bits.
 [[nodiscard]] inline std::int16_t TruncateToInt16(double value) {
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(TruncateToInt32(value) & 0xFFFF));

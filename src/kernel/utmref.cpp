@@ -1,6 +1,5 @@
 #include "tessara/kernel/utmref.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
@@ -21,43 +20,36 @@
 namespace tessara {
 namespace {
 
-constexpr auto WHOLE_SQUARE = static_cast<std::int32_t>(SQUARE_METRES);
-
-constexpr std::int32_t LAST_BAND = 9;
 // The factors from meridian distances to the northings of a band: the scale on the central meridian, and the
 // scale toward the edge of the zone with a margin.
 constexpr double SMALLEST_SCALE = 0.9996;
 constexpr double LARGEST_SCALE = 1.00037;
 
-std::int32_t BandIndex(double latitude) {
-    const double bands = std::fabs(latitude / UTMREF_BAND_DEGREES);
-    return bands < LAST_BAND ? TruncateToInt32(bands) : LAST_BAND;
-}
-
-// Whole metres in 0..10000000; negative for other values.
-std::int32_t MetresOnGrid(double metres) {
-    return IsWithin(metres, 0.0, UTM_SOUTHERN_FALSE_NORTHING) ? TruncateToInt32(metres) : -1;
-}
-
 // Whether the metre next to a position of its own zone lies in the same band as the position: 0.71 metres of
 // the grid are less than 1e-5 degrees, and a band has 8.
 bool IsFarFromBandEdges(const double latLon[2], std::int16_t zone) {
-    constexpr double CLOSE = 2e-6;  // bands, 1.6e-5 degrees
-    constexpr double HALF_ZONE = 3.001;
-    const double bands = std::fabs(latLon[0] / UTMREF_BAND_DEGREES);
-    const bool isInZone = IsUtmZone(zone) && std::fabs(latLon[1] - UtmMeridian(zone)) < HALF_ZONE;
-    return isInZone && std::fabs(latLon[0]) < UTM_LIMITS.north &&
-           std::fabs(bands - Floor(bands + 0.5)) > CLOSE;
+    constexpr double close = 2e-6;  // bands, 1.6e-5 degrees
+    constexpr double halfZone = 3.001;
+    const double latitude = std::fabs(latLon[0]);
+    const double bands = latitude / UTMREF_BAND_DEGREES;
+    return IsUtmZone(zone) && std::fabs(latLon[1] - UtmMeridian(zone)) < halfZone &&
+           latitude < UTM_LIMITS.north && std::fabs(bands - rounding::Nearest(bands)) > close;
 }
 
-void RoundToMetres(UtmPayload* utm) {
-    utm->easting = Floor(utm->easting + 0.5);
-    utm->northing = Floor(utm->northing + 0.5);
+// Half a metre to the north-east, a place is in the metre that it is rounded to.
+void AddHalfMetre(UtmPayload* utm) {
+    utm->easting += 0.5;
+    utm->northing += 0.5;
     // A point just south of the equator may round onto it, and the equator belongs to the north.
     if (utm->northing >= UTM_SOUTHERN_FALSE_NORTHING) {
         utm->northing -= UTM_SOUTHERN_FALSE_NORTHING;
         utm->hemisphere = 'N';
     }
+}
+
+void CutToMetres(UtmPayload* utm) {
+    utm->easting = Floor(utm->easting);
+    utm->northing = Floor(utm->northing);
 }
 
 // The edges of the bands in degrees from the equator.
@@ -142,27 +134,6 @@ bool UTMREF_UsesSchemeAA(std::int32_t ellipsoidCode) {
     return utmref::HasSchemeAA(static_cast<std::uint32_t>(ellipsoidCode));
 }
 
-// The band is that of the rounded position.
-KoordStatus UtmrefFromUtm(const UtmPayload& utm, double latitude, std::uint32_t ellipsoid,
-                          UtmrefPayload* payload) {
-    const std::string_view columns = utmref::ColumnLetters(utm.zone);
-    const std::int32_t easting = MetresOnGrid(utm.easting);
-    const std::int32_t northing = MetresOnGrid(utm.northing);
-    const std::int32_t column = easting / WHOLE_SQUARE - 1;
-    const std::int32_t row = northing / WHOLE_SQUARE;
-    if (!HasIndex(columns, column) || northing < 0) return KOORD_ERR_GENERAL;
-
-    const std::string_view bands = utm.hemisphere == 'S' ? UTMREF_SOUTH_BANDS : UTMREF_NORTH_BANDS;
-    payload->zone = utm.zone;
-    payload->band = LetterAt(bands, BandIndex(latitude));
-    payload->column = LetterAt(columns, column);
-    payload->row =
-        LetterAt(utmref::RowLetters(ellipsoid), (row + utmref::RowShift(utm.zone)) % UTMREF_ROW_CYCLE);
-    payload->easting = easting % WHOLE_SQUARE;
-    payload->northing = northing % WHOLE_SQUARE;
-    return KOORD_OK;
-}
-
 KoordStatus UtmrefToUtm(const UtmrefPayload& reference, std::uint32_t ellipsoid, UtmPayload* utm) {
     const std::int32_t north = NORTH_BANDS.IndexOf(reference.band);
     const bool isSouth = north == NO_LETTER;
@@ -191,13 +162,17 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     utm.wantedZone = payload->wantedZone;
     KoordStatus status = UTM_FromGeodetic(latLon, &utm, forward);
     if (status != KOORD_OK) return status;
-    RoundToMetres(&utm);
-    if (IsFarFromBandEdges(latLon, utm.zone)) return UtmrefFromUtm(utm, latLon[0], datum->ellipsoid, payload);
-
-    double rounded[2];
-    status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
-    if (status != KOORD_OK) return status;
-    return UtmrefFromUtm(utm, rounded[0], datum->ellipsoid, payload);
+    AddHalfMetre(&utm);
+    // The band is that of the rounded position.
+    double latitude = latLon[0];
+    if (!IsFarFromBandEdges(latLon, utm.zone)) {
+        CutToMetres(&utm);
+        double rounded[2];
+        status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
+        if (status != KOORD_OK) return status;
+        latitude = rounded[0];
+    }
+    return UtmrefFromUtm(utm, latitude, utmref::AllRowsOf(datum->ellipsoid), payload);
 }
 
 KoordStatus UTMREF_ToGeodetic(const UtmrefPayload* payload, double latLon[2], const TmConstants* inverse) {

@@ -1,6 +1,8 @@
 // The alphabets of UTMREF.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -34,7 +36,8 @@ namespace utmref {
 
 // Which of the three alphabets of columns a zone has.
 [[nodiscard]] constexpr std::size_t ColumnSet(std::int32_t zone) {
-    return static_cast<std::size_t>((zone % 3 + 3) % 3);
+    const std::int32_t rest = zone % 3;
+    return static_cast<std::size_t>(rest < 0 ? rest + 3 : rest);
 }
 [[nodiscard]] constexpr std::string_view ColumnLetters(std::int32_t zone) {
     return UTMREF_COLUMNS_BY_ZONE[ColumnSet(zone)];
@@ -54,6 +57,26 @@ inline constexpr std::uint32_t SCHEME_AA =
 
 [[nodiscard]] constexpr std::string_view RowLetters(std::uint32_t ellipsoid) {
     return HasSchemeAA(ellipsoid) ? UTMREF_ROWS_AA : UTMREF_ROWS_AL;
+}
+
+// The letters of all rows of a hemisphere's grid, from its origin northward, in the zones whose rows aren't
+// shifted. The last row, which begins at the equator, is a single line.
+inline constexpr std::size_t UTMREF_ROW_COUNT =
+    static_cast<std::size_t>(UTM_SOUTHERN_FALSE_NORTHING / SQUARE_METRES) + 1;
+using AllRows = std::array<char, UTMREF_ROW_COUNT + UTMREF_EVEN_ZONE_ROW_SHIFT>;
+
+consteval AllRows RepeatRows(std::string_view letters) {
+    AllRows rows{};
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        rows[i] = letters[i % letters.size()];
+    return rows;
+}
+
+inline constexpr AllRows ALL_ROWS_AA = RepeatRows(UTMREF_ROWS_AA);
+inline constexpr AllRows ALL_ROWS_AL = RepeatRows(UTMREF_ROWS_AL);
+
+[[nodiscard]] constexpr const AllRows& AllRowsOf(std::uint32_t ellipsoid) {
+    return HasSchemeAA(ellipsoid) ? ALL_ROWS_AA : ALL_ROWS_AL;
 }
 
 // The number of letters by which the rows of a zone are shifted.

@@ -118,7 +118,13 @@ KoordStatus StripFactors(const StripSystem& system, const tagKOORD& record, cons
 }  // namespace
 
 std::int32_t UTM_NaturalMeridian(double lon) {
-    return TruncateToInt32(UtmMeridianOf(lon));
+    // A few turns are counted in integers, on both sides of Greenwich alike: a branch would often be guessed
+    // wrong.
+    constexpr double FEW_TURNS = 10.0 * DEGREES_PER_TURN;
+    const double magnitude = std::fabs(lon);
+    if (!(magnitude < FEW_TURNS)) return TruncateToInt32(UtmMeridianOf(lon));
+    const std::int32_t meridian = TruncateInRange((magnitude + 6.0) / 6.0) * 6 - 3;
+    return lon > 0.0 ? meridian : -meridian;
 }
 
 std::int32_t GK6_NaturalMeridian(double lon) {
@@ -145,12 +151,19 @@ KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const 
     if (zone > UTM_ZONE_COUNT) zone %= UTM_ZONE_COUNT;
     payload->zone = static_cast<std::int16_t>(zone);
 
+    // The side of the equator is that of the latitude, which is known before the northing is; only within a
+    // rounding error of the equator and beyond a pole it may be the other one.
+    constexpr double FALSE_NORTHINGS[] = {0.0, UTM_SOUTHERN_FALSE_NORTHING};
+    const bool isLatitudeSouth = latLon[0] < 0.0;
+    const double falseNorthing = FALSE_NORTHINGS[isLatitudeSouth ? 1 : 0];
+
     const double dLon = (latLon[1] - static_cast<double>(meridian)) * RADIANS_PER_DEGREE;
     TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, UTM_SCALE, ZONE_FALSE_EASTING, 0.0, &payload->easting,
                &payload->northing, forward);
     const double north = NorthOfEquator(latLon[0], payload->northing);
-    payload->hemisphere = north < 0.0 ? 'S' : 'N';
-    payload->northing = UtmNorthing(north);
+    const bool isSouth = north < 0.0;
+    payload->hemisphere = "NS"[isSouth ? 1 : 0];
+    payload->northing = isSouth == isLatitudeSouth ? north + falseNorthing : UtmNorthing(north);
     return isDistant ? KOORD_ERR_ZONE_DISTANT : KOORD_OK;
 }
 

@@ -181,10 +181,10 @@ UtmPayload UtmOf(const Block& block, std::size_t row) {
 }
 
 void StoreUtmref(const Block& block, std::span<tagKOORD> records) {
-    const std::uint32_t ellipsoid = EllipsoidOf(records);
+    const utmref::AllRows& letters = utmref::AllRowsOf(EllipsoidOf(records));
     for (std::size_t row = 0; row < records.size(); ++row) {
         if (block.IsSpecial(row)) continue;
-        UtmrefFromUtm(UtmOf(block, row), block.latitude[row], ellipsoid,
+        UtmrefFromUtm(UtmOf(block, row), block.latitude[row], letters,
                       PayloadIn<UtmrefPayload>(&records[row]));
     }
 }
@@ -220,11 +220,11 @@ void MilitaryFromFields(Block& block, std::size_t rows, const tagKOORD& record) 
 }
 
 void MilitaryToFields(Block& block, std::size_t rows, const tagKOORD& record) {
-    const std::uint32_t ellipsoid = RowOf(DatumOf(record))->ellipsoid;
+    const utmref::AllRows& letters = utmref::AllRowsOf(RowOf(DatumOf(record))->ellipsoid);
     for (std::size_t row = 0; row < rows; ++row) {
         if (block.IsSpecial(row)) continue;
         UtmrefPayload reference{};
-        UtmrefFromUtm(UtmOf(block, row), block.latitude[row], ellipsoid, &reference);
+        UtmrefFromUtm(UtmOf(block, row), block.latitude[row], letters, &reference);
         block.band[row] = NumberOfLetters({reference.band, '\0'});
         block.square[row] = NumberOfLetters({reference.column, reference.row});
         block.squareEast[row] = reference.easting;

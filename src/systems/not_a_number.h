@@ -32,6 +32,9 @@ class Numbers {
 
     // Gives the pattern to those that are none.
     void GiveOneNan(tagKOORD* record) const {
+        // A payload without doubles has just been written in pieces, which a processor doesn't read as one
+        // number before they are in memory.
+        if (!exist_) return;
         // A few instructions for a case that is rare. Infinite numbers may lead beyond them, too.
         const double sum = At(*record, 0) + At(*record, 1);
         if (__builtin_isunordered(sum, At(*record, 2))) [[unlikely]]

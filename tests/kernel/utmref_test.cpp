@@ -274,6 +274,44 @@ TEST(UtmrefFromGeodetic, TakesTheBandOfTheRoundedPositionEverywhere) {
     }
 }
 
+// Beside lines of whole and half metres, of which every hundredth is beside a border of squares.
+TEST(UtmrefFromGeodetic, NamesTheSquareAndTheMetreThatAPositionIsRoundedTo) {
+    constexpr std::string_view COLUMNS = "ABCDEFGHJKLMNPQRSTUVWXYZ";
+    constexpr std::string_view ROWS = "ABCDEFGHJKLMNPQRSTUV";
+    const Datum wgs84(DATUM_WGS84);
+    std::mt19937 random(25);
+    const auto beside = [&random](int first, int last) {
+        constexpr double distances[] = {-0.5, -1e-7, 0.0, 1e-7, 0.5};
+        std::uniform_int_distribution<int> metres(first, last);
+        const int whole = random() % 100 == 0 ? 100000 * (metres(random) / 100000) : metres(random);
+        return whole + distances[random() % 5];
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const int zone = 1 + static_cast<int>(random() % 60);
+        UtmPayload utm{};
+        utm.hemisphere = random() % 2 == 0 ? 'N' : 'S';
+        utm.zone = utm.wantedZone = static_cast<std::int16_t>(zone);
+        utm.easting = beside(200000, 800000);
+        utm.northing = utm.hemisphere == 'N' ? beside(0, 9300000) : beside(1200000, 10000000);
+        double latLon[2];
+        ASSERT_EQ(UTM_ToGeodetic(&utm, latLon, &wgs84.inverse), KOORD_OK);
+        ASSERT_EQ(UTM_FromGeodetic(latLon, &utm, &wgs84.forward), KOORD_OK);
+        UtmrefPayload reference{};
+        reference.wantedZone = utm.wantedZone;
+        ASSERT_EQ(UTMREF_FromGeodetic(latLon, &reference, &wgs84.forward), KOORD_OK);
+
+        const int easting = static_cast<int>(std::floor(utm.easting + 0.5));
+        const int northing = static_cast<int>(std::floor(utm.northing + 0.5)) % 10000000;
+        const int column = (zone - 1) % 3 * 8 + easting / 100000 - 1;
+        const int row = (northing / 100000 + (zone % 2 == 0 ? 5 : 0)) % 20;
+        EXPECT_EQ(reference.zone, zone);
+        EXPECT_EQ(reference.column, COLUMNS[static_cast<std::size_t>(column)]) << zone << ' ' << easting;
+        EXPECT_EQ(reference.row, ROWS[static_cast<std::size_t>(row)]) << zone << ' ' << northing;
+        EXPECT_EQ(reference.easting, easting % 100000);
+        EXPECT_EQ(reference.northing, northing % 100000);
+    }
+}
+
 TEST(UtmrefFromGeodetic, HasNoExceptionsForNorwayAndSvalbard) {
     const Datum wgs84(DATUM_WGS84);
     EXPECT_EQ(wgs84.At(60.4, 5.3).zone, 31);
