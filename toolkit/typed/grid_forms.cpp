@@ -290,25 +290,44 @@ Fault ReadDigits(const Match& match, SquareDigits* read) {
     return {};
 }
 
+// The zone, its band and the letters of a square.
+struct Square {
+    std::int32_t zone;
+    char band, column, row;
+};
+
+Reading MakeReference(const Square& square, const SquareDigits& digits, const Blank& blank) {
+    Reading reading = MakeReading(blank);
+    UtmrefPayload p{};
+    p.wantedZone = NO_WANTED_ZONE;
+    p.zone = static_cast<std::int16_t>(square.zone);
+    p.band = square.band;
+    p.column = square.column;
+    p.row = square.row;
+    p.easting = digits.easting;
+    p.northing = digits.northing;
+    Store(reading.record, p);
+    reading.northResolution = reading.eastResolution = digits.resolution;
+    return reading;
+}
+
 Fault BuildReference(const Match& match, const Blank& blank, std::vector<Reading>* readings) {
     Fault wrong = CheckZone(*match['Z']);
     if (wrong.IsThere()) return wrong;
     SquareDigits digits;
     wrong = ReadDigits(match, &digits);
     if (wrong.IsThere()) return wrong;
-    Reading reading = MakeReading(blank);
-    UtmrefPayload p{};
-    p.wantedZone = NO_WANTED_ZONE;
-    p.zone = static_cast<std::int16_t>(WholeOf(*match['Z']));
-    p.band = match.Letter('B');
-    p.column = match.Letter('C');
-    p.row = match.Letter('R');
-    p.easting = digits.easting;
-    p.northing = digits.northing;
-    Store(reading.record, p);
-    reading.northResolution = reading.eastResolution = digits.resolution;
-    readings->push_back(reading);
+    const Square square{WholeOf(*match['Z']), match.Letter('B'), match.Letter('C'), match.Letter('R')};
+    readings->push_back(MakeReference(square, digits, blank));
     return {};
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool IsCapital(char c) {
+    return c >= 'A' && c <= 'Z';
 }
 
 // --- GEOREF
@@ -542,6 +561,29 @@ constexpr GridForm FORMS[] = {
 
 std::span<const GridForm> GridForms() {
     return FORMS;
+}
+
+bool ReadPlainReference(std::string_view text, const Blank& blank, Reading* reading) {
+    constexpr std::size_t mostZoneDigits = 2;
+    constexpr std::size_t letterCount = 3;
+    const auto zoneEnd = std::find_if_not(text.begin(), text.end(), IsDigit);
+    const auto zoneDigits = static_cast<std::size_t>(zoneEnd - text.begin());
+    if (zoneDigits < 1 || zoneDigits > mostZoneDigits || text.size() < zoneDigits + letterCount) return false;
+
+    const std::string_view letters = text.substr(zoneDigits, letterCount);
+    const std::string_view digits = text.substr(zoneDigits + letterCount);
+    const bool areDigits = digits.size() % 2 == 0 && digits.size() <= std::size_t{2} * SQUARE_DIGITS &&
+                           std::all_of(digits.begin(), digits.end(), IsDigit);
+    if (!areDigits || !std::all_of(letters.begin(), letters.end(), IsCapital)) return false;
+
+    std::int32_t zone = 0;
+    std::from_chars(text.data(), text.data() + zoneDigits, zone);
+    if (!IsUtmZone(zone)) return false;
+    const std::size_t count = digits.size() / 2;
+    *reading = MakeReference(
+        {zone, letters[0], letters[1], letters[2]},
+        {Metres(digits.substr(0, count)), Metres(digits.substr(count)), ResolutionOf(count)}, blank);
+    return true;
 }
 
 }  // namespace tessara::toolkit

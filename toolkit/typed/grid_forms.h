@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "typed/patterns.h"
@@ -38,5 +39,9 @@ struct GridForm {
 };
 
 [[nodiscard]] std::span<const GridForm> GridForms();
+
+// Reads a military reference in the form that lists have, 32UPU9160234791: capitals, no blanks, and digits of
+// both axes in equal number. Returns false for every other text, which the forms may read or refuse.
+[[nodiscard]] bool ReadPlainReference(std::string_view text, const Blank& blank, Reading* reading);
 
 }  // namespace tessara::toolkit

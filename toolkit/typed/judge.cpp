@@ -173,6 +173,7 @@ bool Judge::IsLegal(const tagKOORD& record) const {
 Fault Judge::Check(const Reading& reading) const {
     const tagKOORD& record = reading.record;
     if (IsPixel(static_cast<std::int32_t>(record.type))) return {};
+    if (record.type == KOORD_UTMREF && IsWrittenAgain(record)) return {};
     const bool isBeyond = IsBeyondTheChecker(record);
     if (!isBeyond && IsLegal(record)) return {};
 
@@ -204,6 +205,18 @@ bool Judge::IsLegalNearby(const Reading& reading, const tagKOORD& degrees) const
         }
     }
     return false;
+}
+
+bool IsWrittenAgain(const tagKOORD& reference) {
+    KoordStatus status = KOORD_OK;
+    const tagKOORD degrees = DegreesRecord(reference, &status);
+    if (status != KOORD_OK) return false;
+    tagKOORD natural = MakeKoord(static_cast<std::int32_t>(reference.datum), KOORD_UTMREF);
+    UtmrefPayload p{};
+    p.wantedZone = NO_WANTED_ZONE;
+    Store(natural, p);
+    return KoordConvert(&degrees, &natural) == KOORD_OK && ZoneOf(natural) == ZoneOf(reference) &&
+           IsWrittenAs(reference, natural);
 }
 
 bool DegreesOf(const tagKOORD& record, GeodezPayload* degrees) {

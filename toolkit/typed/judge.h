@@ -23,6 +23,10 @@ class Judge {
     IRef<ICoord> coord_;
 };
 
+// Whether a conversion writes a military reference again for its own position. Then a judge finds no fault in
+// it, along a way that takes many times as long.
+[[nodiscard]] bool IsWrittenAgain(const tagKOORD& reference);
+
 // Converts a record to degrees on its own datum; false if that fails.
 [[nodiscard]] bool DegreesOf(const tagKOORD& record, GeodezPayload* degrees);
 

@@ -123,6 +123,11 @@ const Blank& TypedReader::BlankOf(std::int32_t system) const {
 }
 
 TypedResult TypedReader::Read(std::string_view text) const {
+    const std::int32_t system = wanted_.reference.system;
+    Reading reference;
+    if ((system == NO_SYSTEM || system == KOORD_UTMREF) &&
+        ReadPlainReference(text, BlankOf(KOORD_UTMREF), &reference) && IsWrittenAgain(reference.record))
+        return {{std::move(reference)}, {}};
     const std::array texts{text};
     return ResultOf(ReadTexts(texts, Texts::One), texts);
 }

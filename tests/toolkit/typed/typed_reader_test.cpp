@@ -4,13 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "conversion/names.h"
+#include "support/random.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::toolkit {
 namespace {
+
+using testing::Random;
 
 // A position that is read: its system, and latitude and longitude on its own datum.
 struct Expected {
@@ -315,6 +321,59 @@ TEST(TypedReader, TellsTheDigitsThatWereTyped) {
     EXPECT_EQ(reading.eastResolution, 100.0);
     EXPECT_EQ(Read({"", {"48.1375 11.5"}}).readings.at(0).northResolution, 1e-4);
     EXPECT_NEAR(Read({"", {"48 8 15.5 11 34 32.5"}}).readings.at(0).eastResolution, 0.1 / 3600.0, 1e-15);
+}
+
+// Of a random position, or of letters and digits without sense, sometimes with a character that doesn't
+// belong there.
+std::string RandomReference(std::int32_t datum, Random* random) {
+    constexpr std::string_view characters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789u";
+    const auto digits = [random](std::int32_t number) {
+        std::string text = std::to_string(100000 + number).substr(1);
+        return text.substr(0, static_cast<std::size_t>(random->Below(6)));
+    };
+    tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
+    Store(degrees, GeodezPayload{random->Between(-80.0, 84.0), random->Between(-180.0, 180.0), 0.0});
+    tagKOORD reference = MakeKoord(datum, KOORD_UTMREF);
+    KoordConvert(&degrees, &reference);
+    auto p = Load<UtmrefPayload>(reference);
+    if (random->Below(4) == 0) p.zone = static_cast<std::int16_t>(random->Below(64));
+    if (random->Below(4) == 0) p.band = characters[static_cast<std::size_t>(random->Below(26))];
+    if (random->Below(4) == 0) p.row = characters[static_cast<std::size_t>(random->Below(26))];
+    const std::string east = digits(p.easting);
+    std::string text = std::to_string(p.zone) + p.band + p.column + p.row + east +
+                       std::to_string(100000 + p.northing).substr(1, east.size());
+    if (random->Below(4) == 0)
+        text[static_cast<std::size_t>(random->Below(static_cast<std::int32_t>(text.size())))] =
+            characters[static_cast<std::size_t>(random->Below(37))];
+    if (random->Below(8) == 0) text.erase(static_cast<std::size_t>(random->Below(5)), 1);
+    return text;
+}
+
+// A plain reference has a way of its own, which a blank in front of it closes.
+TEST(TypedReader, ReadsPlainReferencesAsItReadsThemWithBlanks) {
+    Random random(26);
+    int readCount = 0;
+    for (const char* const wanted : {"", "UTMREF", "UTMREF@GER"}) {
+        const TypedReader reader = ReaderOf(wanted);
+        const std::int32_t datum = wanted == std::string_view("UTMREF@GER") ? 3 : DATUM_WGS84;
+        for (int i = 0; i < 2000; ++i) {
+            const std::string text = RandomReference(datum, &random);
+            const TypedResult plain = reader.Read(text);
+            const TypedResult spaced = reader.Read(' ' + text);
+            EXPECT_STREQ(plain.fault.code, spaced.fault.code) << text;
+            ASSERT_EQ(plain.readings.size(), spaced.readings.size()) << text;
+            if (!plain.IsRead()) continue;
+            ++readCount;
+            const Reading& one = plain.readings[0];
+            const Reading& other = spaced.readings[0];
+            EXPECT_EQ(one.reference.Name(), other.reference.Name()) << text;
+            EXPECT_EQ(std::memcmp(&one.record, &other.record, sizeof one.record), 0) << text;
+            EXPECT_EQ(one.northResolution, other.northResolution) << text;
+            EXPECT_EQ(one.eastResolution, other.eastResolution) << text;
+        }
+    }
+    EXPECT_GT(readCount, 1500);
+    EXPECT_LT(readCount, 4500);
 }
 
 // No part of a text may be left unread: a letter put anywhere into a position makes it another or none.
