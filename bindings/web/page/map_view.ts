@@ -1,5 +1,6 @@
 import type { Tessara, TessaraMap } from "tessara";
 import { element, fill } from "./dom.js";
+import { Gesture, type Change, type Point } from "./gesture.js";
 import { degreesText, widthText, type Position, type State } from "./position.js";
 
 const NARROWEST = 50;
@@ -8,12 +9,16 @@ const ZOOM = 2;
 const STEP = 0.25; // of the map, for a key
 const LARGEST_LINES = 6;
 const MARGINS = 0.75; // the part of the picture that isn't numbers at its frame
+const SHAPE = 0.8; // the height of the library's maps, in their widths
 const BESIDE = 76; // units of the picture for numbers left and right of the window
-const BELOW = 36; // for numbers below it
-const BAR = 48; // for a scale bar
+const ABOVE = 76; // for four rows of them
+const BELOW = 98; // for three rows and a scale bar
+const EDGE = 12; // around maps without numbers beside them
+const LEGEND = /^.* class="(legend|sample|note)".*\n/gm; // lines of a picture
 const SMALLEST = 280;
 const LARGEST = 900;
 const CLICK = 5; // pixels of a pointer that doesn't drag
+const FIRST_BUTTON = 0; // of a mouse; a finger has no other
 
 const GRIDS = ["as it fits", "UTM", "GK@GER", "GEODEZ", "BNG@OGB_M", "CH@CH1903", "zones of UTM", "none"];
 
@@ -26,10 +31,15 @@ function roundStep(metres: number): number {
     return (metres / power >= 5 ? 5 : metres / power >= 2 ? 2 : 1) * power;
 }
 
+function limitedWidth(metres: number): number {
+    return Math.min(Math.max(metres, NARROWEST), WIDEST);
+}
+
 export class MapView {
     readonly #sheet = element("sheet");
     readonly #picture = element<HTMLImageElement>("picture");
     readonly #grid = element<HTMLSelectElement>("grid");
+    readonly #wide = element("wide");
     readonly #place = element("place");
     #map: TessaraMap | null = null;
     #view = { left: 0, top: 0, width: 1, height: 1 }; // of the picture, in its units
@@ -37,7 +47,8 @@ export class MapView {
     #centre: Position = { latitude: 48, longitude: 11 };
     #width = 50e3;
     #position: Position | null = null;
-    #drag: { x: number; y: number; moved: boolean } | null = null;
+    readonly #gesture = new Gesture();
+    #hasMoved = false; // in this gesture, which is no click then
 
     constructor(private readonly tessara: Tessara, private readonly onPlace: (place: Position) => void) {
         fill(this.#grid, GRIDS);
@@ -48,15 +59,14 @@ export class MapView {
         this.#sheet.addEventListener("keydown", (event) => this.#onKey(event));
         this.#sheet.addEventListener("wheel", (event) => {
             event.preventDefault();
-            this.#zoom(event.deltaY > 0 ? ZOOM : 1 / ZOOM, this.#placeAt(event));
+            const at = this.#pointAt(event);
+            this.#apply({ from: at, to: at, scale: event.deltaY > 0 ? 1 / ZOOM : ZOOM });
         }, { passive: false });
-        this.#sheet.addEventListener("pointerdown", (event) => {
-            this.#drag = { x: event.clientX, y: event.clientY, moved: false };
-            this.#sheet.setPointerCapture(event.pointerId);
-        });
+        this.#sheet.addEventListener("pointerdown", (event) => this.#onDown(event));
         this.#sheet.addEventListener("pointermove", (event) => this.#onMove(event));
         this.#sheet.addEventListener("pointerup", (event) => this.#onUp(event));
-        this.#sheet.addEventListener("pointercancel", () => this.#endDrag());
+        this.#sheet.addEventListener("pointercancel", () => this.#cancel());
+        this.#picture.addEventListener("load", () => this.#transform());
         let last = this.#sheet.clientWidth;
         new ResizeObserver(() => {
             if (Math.abs(this.#sheet.clientWidth - last) < CLICK) return;
@@ -91,18 +101,24 @@ export class MapView {
         this.#draw();
     }
 
-    // The place under the pointer stays where it is.
-    #zoom(factor: number, around: Position | null = null): void {
-        const width = Math.min(Math.max(this.#width * factor, NARROWEST), WIDEST);
-        if (around !== null) {
-            const part = 1 - width / this.#width;
-            const east = ((around.longitude - this.#centre.longitude + 540) % 360) - 180;
-            this.#centre = {
-                latitude: this.#centre.latitude + (around.latitude - this.#centre.latitude) * part,
-                longitude: ((this.#centre.longitude + east * part + 540) % 360) - 180,
-            };
-        }
-        this.#width = width;
+    #zoom(factor: number): void {
+        this.#width = limitedWidth(this.#width * factor);
+        this.#draw();
+    }
+
+    // A change whose map is neither too wide nor too narrow.
+    #limited(change: Change): Change {
+        return { ...change, scale: this.#width / limitedWidth(this.#width / change.scale) };
+    }
+
+    #apply(change: Change): void {
+        const { from, to, scale } = this.#limited(change);
+        const start = this.#unitsAt(from);
+        const end = this.#unitsAt(to);
+        const x = start.x + (this.#window.width / 2 - end.x) / scale;
+        const y = start.y + (this.#window.height / 2 - end.y) / scale;
+        this.#centre = this.#map?.degreesAt(x, y) ?? this.#centre;
+        this.#width /= scale;
         this.#draw();
     }
 
@@ -111,7 +127,7 @@ export class MapView {
         const description = this.tessara.mapAround(latitude, longitude, this.#width) as unknown as Description;
         const layers = description.layers.filter((layer) => layer.type !== "positions");
         description.layers = this.#withGrid(layers);
-        description.title = `${widthText(this.#width)} wide`;
+        delete description.title;
         const place = this.#position;
         if (place !== null) {
             const at = [place.latitude, place.longitude];
@@ -143,6 +159,7 @@ export class MapView {
             this.#map = map;
         } catch (error) {
             this.#place.textContent = `No map: ${(error as Error).message}.`;
+            this.#transform();
             return;
         }
         const { svg, problems, notes } = this.#map.draw();
@@ -150,44 +167,69 @@ export class MapView {
         const old = this.#picture.src;
         this.#picture.src = URL.createObjectURL(new Blob([shown], { type: "image/svg+xml" }));
         this.#picture.style.setProperty("aspect-ratio", `${this.#view.width} / ${this.#view.height}`);
-        this.#picture.style.setProperty("transform", "none");
         if (old.startsWith("blob:")) URL.revokeObjectURL(old);
+        this.#wide.textContent = `${widthText(this.#width)} wide`;
         const middle = degreesText(this.#centre);
         this.#picture.alt = `Map, ${widthText(this.#width)} wide, around ${middle}`;
         this.#place.textContent = [...problems, ...notes].join("; ");
         this.#sheet.dataset["milliseconds"] = (performance.now() - began).toFixed(0);
     }
 
-    // The picture without its legend, and with the numbers next to the frame only.
+    // The picture without its legend. The window has the same place in it whatever numbers are next to its frame, so
+    // that what is under a pointer stays there when the map is drawn again.
     #crop(svg: string): string {
-        const [left, top, width, height] = (/viewBox="([^"]+)"/.exec(svg)?.[1] ?? "0 0 1 1").split(/[ ,]+/).map(Number) as [number, number, number, number];
-        const west = Math.max(left, -BESIDE);
-        const east = Math.min(left + width, this.#window.width + BESIDE);
-        const below = svg.includes('class="scale-bar"') ? BELOW + BAR : BELOW;
-        const south = Math.min(top + height, this.#window.height + below);
-        this.#view = { left: west, top, width: east - west, height: south - top };
+        const { width, height } = this.#window;
+        const [left = 0, , whole = 0] = (/viewBox="([^"]+)"/.exec(svg)?.[1] ?? "").split(/[ ,]+/).map(Number);
+        const isBare = left >= -EDGE && left + whole <= width + EDGE;
+        const shown = width + 2 * (isBare ? EDGE : BESIDE);
+        const part = shown / (width + 2 * BESIDE);
+        this.#view = {
+            left: (width - shown) / 2,
+            top: height / 2 - part * (ABOVE + (SHAPE * width) / 2),
+            width: shown,
+            height: part * (ABOVE + SHAPE * width + BELOW),
+        };
         const box = Object.values(this.#view).map((value) => value.toFixed(2));
-        return svg.replace(/viewBox="[^"]*"/, `viewBox="${box.join(" ")}"`)
+        return svg.replace(LEGEND, "").replace(/viewBox="[^"]*"/, `viewBox="${box.join(" ")}"`)
             .replace(/ width="[^"]*"/, ` width="${box[2]}"`).replace(/ height="[^"]*"/, ` height="${box[3]}"`);
     }
 
-    // The place of a pixel of the browser's window.
-    #placeAt(event: { clientX: number; clientY: number }): Position | null {
+    // Pixels of the sheet, of the browser's window.
+    #pointAt(event: { clientX: number; clientY: number }): Point {
         const box = this.#sheet.getBoundingClientRect();
-        const x = this.#view.left + ((event.clientX - box.left) / box.width) * this.#view.width;
-        const y = this.#view.top + ((event.clientY - box.top) / box.height) * this.#view.height;
+        return { x: event.clientX - box.left, y: event.clientY - box.top };
+    }
+
+    // Units of the picture, of pixels of the sheet.
+    #unitsAt({ x, y }: Point): Point {
+        return {
+            x: this.#view.left + (x / this.#sheet.offsetWidth) * this.#view.width,
+            y: this.#view.top + (y / this.#sheet.offsetHeight) * this.#view.height,
+        };
+    }
+
+    #placeAt(event: PointerEvent): Position | null {
+        const { x, y } = this.#unitsAt(this.#pointAt(event));
         return this.#map?.degreesAt(x, y) ?? null;
     }
 
+    #onDown(event: PointerEvent): void {
+        if (event.button !== FIRST_BUTTON) return;
+        if (this.#hasMoved) this.#settle();
+        if (!this.#gesture.add(event.pointerId, this.#pointAt(event))) return;
+        this.#sheet.setPointerCapture(event.pointerId);
+        if (this.#gesture.fingers > 1) this.#hasMoved = true;
+    }
+
     #onMove(event: PointerEvent): void {
-        if (this.#drag === null) {
+        if (!this.#gesture.has(event.pointerId)) {
             if (event.pointerType === "mouse") this.#tell(this.#placeAt(event));
             return;
         }
-        const x = event.clientX - this.#drag.x;
-        const y = event.clientY - this.#drag.y;
-        if (Math.hypot(x, y) > CLICK) this.#drag.moved = true;
-        if (this.#drag.moved) this.#picture.style.setProperty("transform", `translate(${x}px, ${y}px)`);
+        this.#gesture.move(event.pointerId, this.#pointAt(event));
+        const { from, to } = this.#gesture.change;
+        if (Math.hypot(to.x - from.x, to.y - from.y) > CLICK) this.#hasMoved = true;
+        this.#transform();
     }
 
     #tell(place: Position | null): void {
@@ -195,20 +237,36 @@ export class MapView {
     }
 
     #onUp(event: PointerEvent): void {
-        const drag = this.#drag;
-        this.#endDrag();
-        if (drag === null) return;
-        if (!drag.moved) {
-            const place = this.#placeAt(event);
-            if (place !== null) this.onPlace(place);
-            return;
-        }
-        this.#move((drag.x - event.clientX) / this.#sheet.clientWidth, (drag.y - event.clientY) / this.#sheet.clientHeight);
+        if (!this.#gesture.has(event.pointerId)) return;
+        if (this.#hasMoved) this.#settle();
+        this.#gesture.remove(event.pointerId);
+        const isClick = !this.#hasMoved;
+        if (this.#gesture.fingers === 0) this.#hasMoved = false;
+        const place = isClick ? this.#placeAt(event) : null;
+        if (place !== null) this.onPlace(place);
     }
 
-    #endDrag(): void {
-        this.#drag = null;
-        this.#picture.style.setProperty("transform", "none");
+    // Draws the map that the fingers have made.
+    #settle(): void {
+        const { change } = this.#gesture;
+        this.#gesture.restart();
+        this.#apply(change);
+    }
+
+    #cancel(): void {
+        this.#gesture.clear();
+        this.#hasMoved = false;
+        this.#transform();
+    }
+
+    // The picture follows the fingers until it is drawn again.
+    #transform(): void {
+        if (!this.#hasMoved || this.#gesture.fingers === 0) {
+            this.#picture.style.setProperty("transform", "none");
+            return;
+        }
+        const { from, to, scale } = this.#limited(this.#gesture.change);
+        this.#picture.style.setProperty("transform", `translate(${to.x - scale * from.x}px, ${to.y - scale * from.y}px) scale(${scale})`);
     }
 
     // By parts of the map to the right and down.

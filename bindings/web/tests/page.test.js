@@ -1,55 +1,11 @@
 // The page in headless Chromium.
 import assert from "node:assert/strict";
-import { mkdirSync, readFileSync, readdirSync } from "node:fs";
-import { after, before, test } from "node:test";
-import { chromium } from "playwright-core";
-import { serve } from "../serve.js";
+import { readFileSync, readdirSync } from "node:fs";
+import { test } from "node:test";
+import { DESK, MUNICH, PHONE, SCREENSHOTS, address, browser, close, open, valueOf } from "./browser.js";
 import { ROOT } from "./support.js";
 
 const AXE = readFileSync(new URL("../node_modules/axe-core/axe.min.js", import.meta.url), "utf8");
-const SCREENSHOTS = new URL("build/web/screenshots/", ROOT);
-const DESK = { width: 1200, height: 800 };
-const PHONE = { width: 375, height: 760 };
-const MUNICH = "32UPU9160334791";
-
-let server;
-let browser;
-let address;
-
-before(async () => {
-    server = await serve(0);
-    address = `http://127.0.0.1:${server.address().port}/`;
-    browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox", "--disable-dev-shm-usage"] });
-    mkdirSync(SCREENSHOTS, { recursive: true });
-});
-
-after(async () => {
-    await browser?.close();
-    server?.close();
-});
-
-// A page in a browser without memory of earlier ones. What it complains of is collected.
-async function open({ viewport = DESK, hash = "", from = address, ...options } = {}) {
-    const context = await browser.newContext({ viewport, acceptDownloads: true, ...options });
-    const page = await context.newPage();
-    const complaints = [];
-    page.on("console", (message) => {
-        if (["error", "warning"].includes(message.type())) complaints.push(message.text());
-    });
-    page.on("pageerror", (error) => complaints.push(String(error)));
-    await page.goto(from + hash);
-    await page.waitForSelector("html[data-ready]");
-    return { page, context, complaints };
-}
-
-async function close({ context, complaints }) {
-    await context.close();
-    assert.deepEqual(complaints, []);
-}
-
-function valueOf(page, system) {
-    return page.locator(`[data-system="${system}"]`).textContent();
-}
 
 test("a position is shown in all systems, or why it has none", async () => {
     const opened = await open();

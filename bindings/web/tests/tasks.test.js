@@ -1,28 +1,10 @@
 // Ten everyday tasks on the page with the keyboard alone, at a desk and on a phone: each from a fresh page, with few keys.
 import assert from "node:assert/strict";
-import { mkdirSync, readFileSync } from "node:fs";
-import { after, before, test } from "node:test";
-import { chromium } from "playwright-core";
-import { serve } from "../serve.js";
-import { ROOT } from "./support.js";
+import { readFileSync } from "node:fs";
+import { test } from "node:test";
+import { DESK, MUNICH, PHONE, SCREENSHOTS, close, open } from "./browser.js";
 
-const SCREENSHOTS = new URL("build/web/screenshots/", ROOT);
-const MUNICH = "32UPU9160334791";
 const MOST_TABS = 20;
-
-let server;
-let browser;
-
-before(async () => {
-    server = await serve(0);
-    browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox", "--disable-dev-shm-usage"] });
-    mkdirSync(SCREENSHOTS, { recursive: true });
-});
-
-after(async () => {
-    await browser?.close();
-    server?.close();
-});
 
 // Goes by the links at the head of the page and then from control to control, as people do.
 class Keyboard {
@@ -156,13 +138,11 @@ const TASKS = {
     },
 };
 
-for (const [size, viewport] of [["desk", { width: 1200, height: 800 }], ["phone", { width: 375, height: 760 }]]) {
+for (const [size, viewport] of [["desk", DESK], ["phone", PHONE]]) {
     for (const [name, task] of Object.entries(TASKS)) {
         test(`${name}, by keyboard, ${size}`, async () => {
-            const context = await browser.newContext({ viewport, acceptDownloads: true, permissions: ["clipboard-read", "clipboard-write"] });
-            const page = await context.newPage();
-            await page.goto(`http://127.0.0.1:${server.address().port}/`);
-            await page.waitForSelector("html[data-ready]");
+            const opened = await open({ viewport, permissions: ["clipboard-read", "clipboard-write"] });
+            const { page } = opened;
             await task(new Keyboard(page), page);
             // What has the focus is on the screen.
             const box = await page.evaluate(() => document.activeElement.getBoundingClientRect().toJSON());
@@ -171,7 +151,7 @@ for (const [size, viewport] of [["desk", { width: 1200, height: 800 }], ["phone"
                 .filter((control) => control.getBoundingClientRect().right > card.getBoundingClientRect().right).map((control) => control.id)));
             assert.deepEqual(wide, []);
             await page.screenshot({ path: new URL(`task-${size}-${name.replace(/\W+/g, "-")}.png`, SCREENSHOTS).pathname });
-            await context.close();
+            await close(opened);
         });
     }
 }
