@@ -130,7 +130,9 @@ class Conversion:
         GEODEZ(latitude=48.1374..., longitude=11.5755...)
         """
         check_errors(errors)
-        given: dict[str, Any] = dict(fields) if isinstance(fields, Mapping) else fields._asdict()  # type: ignore[attr-defined]
+        if not isinstance(fields, Mapping) and not hasattr(fields, "_asdict"):
+            raise TypeError(f"fields must be a mapping or the result of a conversion, not {type(fields).__name__}")
+        given: dict[str, Any] = dict(fields) if isinstance(fields, Mapping) else fields._asdict()
         height = given.pop("height", None) if height is None else height
         unknown = given.keys() - set(self.source_fields)
         if unknown:

@@ -17,6 +17,9 @@ from ._conversion import WGS84_DEGREES, Errors, check_errors, result_type
 Straight = Literal["geodesic", "map", "degrees"]
 STRAIGHT = ("geodesic", "map", "degrees")
 
+# An array that repeats one number in memory can have more items than fit into a list.
+MOST_NUMBERS = 10_000_000
+
 
 class Grid(NamedTuple):
     """The lines of equal east and of equal north value, each rows of latitude and longitude."""
@@ -28,6 +31,8 @@ class Grid(NamedTuple):
 def _plain(value: Any) -> Any:
     """What JSON has no word for: arrays and numbers of NumPy, paths."""
     if isinstance(value, (np.ndarray, np.generic)):
+        if value.size > MOST_NUMBERS:
+            raise ValueError(f"an array of a description has at most {MOST_NUMBERS} numbers, not {value.size}")
         return value.tolist()
     if isinstance(value, PathLike):
         return str(value)

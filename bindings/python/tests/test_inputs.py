@@ -111,6 +111,17 @@ def test_any_fields_have_a_result_or_an_exception(fields):
         pass
 
 
+def test_fields_are_a_mapping_or_a_result():
+    with pytest.raises(TypeError, match="mapping or the result of a conversion, not list"):
+        tessara.Conversion("UTMREF", "GEODEZ").fields([32, "U", "PU", 91603, 34791])
+
+
+def test_a_description_has_no_array_beyond_memory():
+    everything = np.broadcast_to(48.0, (1 << 20, 1 << 20, 16))
+    with pytest.raises(ValueError, match="at most 10000000 numbers"):
+        tessara.Map.around(48.0, 11.0).add("positions", places=everything)
+
+
 def test_letters_are_checked():
     conversion = tessara.Conversion("UTMREF", "GEODEZ")
     good = {"zone": 32, "band": "U", "square": "PU", "easting": 91603, "northing": 34791}
