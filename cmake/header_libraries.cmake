@@ -1,7 +1,7 @@
 # CLI11::CLI11 and nlohmann_json::nlohmann_json. Both consist of headers only, so a build for another system can use those
 # of this system, through a directory that contains no other headers.
 if(NOT CMAKE_CROSSCOMPILING)
-  if(TESSARA_BUILD_PROGRAM)
+  if(TESSARA_BUILD_PROGRAM OR TESSARA_BUILD_FUZZERS)
     find_package(CLI11 REQUIRED)
   endif()
   find_package(nlohmann_json REQUIRED)

@@ -126,6 +126,14 @@ class ByteReader {
         return text;
     }
 
+    // All bytes that are left.
+    [[nodiscard]] std::string Rest() {
+        std::string text(data_, data_ + size_);
+        data_ += size_;
+        size_ = 0;
+        return text;
+    }
+
   private:
     const std::uint8_t* data_;
     std::size_t size_;

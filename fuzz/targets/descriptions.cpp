@@ -156,13 +156,6 @@ Json Description(ByteReader& bytes) {
     return description;
 }
 
-std::string Rest(ByteReader& bytes) {
-    std::string text;
-    while (!bytes.IsAtEnd())
-        text += static_cast<char>(bytes.Byte());
-    return text;
-}
-
 }  // namespace
 }  // namespace tessara::fuzz
 
@@ -173,7 +166,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isAnyText = bytes.Below(4) == 0;
     const std::string made =
         isAnyText ? std::string() : Description(bytes).dump(-1, ' ', true, Json::error_handler_t::replace);
-    const std::string rest = Rest(bytes);
+    const std::string rest = bytes.Rest();
     const auto open = [&rest](const std::string& name) { return toolkit::LayerFile{name, rest, {}}; };
     try {
         const toolkit::MapPage page =

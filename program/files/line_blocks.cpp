@@ -27,7 +27,7 @@ class LineBlocks final : public RecordBlocks {
         Layout layout = wanted;
         const bool hasColumns = IsTable(form_) || (form_ == Form::LINES && wanted.areTexts);
         if (!hasColumns) {
-            if (form_ == Form::LINES) LookAtFirstPosition(&layout);
+            if (form_ == Form::LINES && wanted.isForTable) LookAtFirstPosition(&layout);
             return layout;
         }
 
@@ -115,12 +115,10 @@ class LineBlocks final : public RecordBlocks {
         }
     }
 
-    // The first position decides whether heights and other text follow the degrees. The search stops at a
-    // wrong line, so that its message appears at once.
+    // The first position decides which columns a table has for heights and other text. How far the search goes depends
+    // on the text alone and not on how much of it has arrived, so that a pipe gives the same results as a file.
     void LookAtFirstPosition(Layout* layout) {
-        bool isWrongSeen = false;
-        for (std::size_t begin = 0; true;) {
-            if (isWrongSeen && input_.Held().find('\n', begin) == std::string_view::npos) return;
+        for (std::size_t begin = 0; begin < LONGEST_PIECE;) {
             const std::string_view text = HeldLine(begin);
             if (text.empty()) return;
             const Line line = ReadLineStart(WithoutLineEnd(text));
@@ -129,7 +127,6 @@ class LineBlocks final : public RecordBlocks {
                 if (!line.rest.empty()) layout->names = {"rest"};
                 return;
             }
-            isWrongSeen = isWrongSeen || !line.error.empty();
             begin += text.size();
         }
     }

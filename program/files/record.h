@@ -59,6 +59,7 @@ struct Layout {
     std::string file;
     Form form = Form::LINES;
     bool areTexts = false;             // texts (north and east, or one for both) rather than degrees
+    bool isForTable = false;           // the output has the same columns for all records
     std::vector<std::string> columns;  // the names of --columns; may be empty
     char separator = ',';              // of columns
     bool hasHeader = false;

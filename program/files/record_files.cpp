@@ -130,6 +130,7 @@ class RecordStages {
         layout.file = file;
         layout.form = options_.formOf(file);
         layout.areTexts = options_.conversion.from.has_value();
+        layout.isForTable = IsTable(options_.conversion.output);
         layout.columns = options_.columns;
         const bool arePlaces = ArePlaces(options_.columns);
         const bool areNamed = !options_.columns.empty() && !arePlaces;
