@@ -115,8 +115,9 @@ class LineBlocks final : public RecordBlocks {
         }
     }
 
-    // The first position decides which columns a table has for heights and other text. How far the search goes depends
-    // on the text alone and not on how much of it has arrived, so that a pipe gives the same results as a file.
+    // The first position decides which columns a table has for heights and other text. How far the search
+    // goes depends on the text alone and not on how much of it has arrived, so that a pipe gives the same
+    // results as a file.
     void LookAtFirstPosition(Layout* layout) {
         for (std::size_t begin = 0; begin < LONGEST_PIECE;) {
             const std::string_view text = HeldLine(begin);
