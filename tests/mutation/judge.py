@@ -1,4 +1,4 @@
-"""Runs the test suites that reach a change, the nearest and fastest first, until a test fails."""
+"""Runs the tests that reach a change, the nearest and fastest first, until one fails."""
 import os
 import re
 import resource
@@ -11,23 +11,23 @@ from library import BUILD, LIBRARY, ROOT, SCRATCH, TESTS
 TEST_MEMORY = 4 << 30
 LONGEST_WAIT = 1800
 # A batch may take this many seconds, and this many times what its tests take on the unchanged library.
-LEAST_TIME, MOST_TIMES = 20, 4
+LEAST_TIME, MOST_TIMES = 8, 4
 BATCHES = [1.0, 8.0, 30.0, float("inf")]  # seconds of tests in each batch
 
 # On a busy machine these tests fail by time, which says nothing about a change.
 TIMED = "*EndInTime*:*EndsInHalfAMillisecond*"
 
-# These suites take most of the total time; only changes in their own rooms wait for them.
+# These tests take most of the total time; only changes in their own rooms wait for them.
 LONGEST = re.compile(r"WindowsInASystem|WindowSweep")
 ROOMS_OF_THE_LONGEST = {"areas", "grids"}
 
 
-def suites_by_file():
-    suites = {}
+def files_by_suite():
+    files = {}
     for file in (ROOT / "tests").rglob("*_test.cpp"):
         for suite in re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\(\s*(\w+)", file.read_text(), re.MULTILINE):
-            suites.setdefault(suite, set()).add(file)
-    return suites
+            files.setdefault(suite, set()).add(file)
+    return files
 
 
 # A copy, so that the tests may be built again while changes are judged.
@@ -38,27 +38,27 @@ class Judge:
     def __init__(self, reach):
         shutil.copy2(TESTS, RUNNING_TESTS)
         self.reach = reach
-        self.suites = suites_by_file()
+        self.files = files_by_suite()
 
-    def distance(self, suite, change):
+    def distance(self, test, change):
         """0 for the tests of the source itself, 1 for those of its room, 2 for all others."""
         mirrored = ROOT / "tests" / change.path.relative_to(ROOT / "src").parent / f"{change.path.stem}_test.cpp"
-        names = suite.split(".")[0].split("/")
-        files = set().union(*(self.suites.get(name, set()) for name in names))
+        names = test.split(".")[0].split("/")
+        files = set().union(*(self.files.get(name, set()) for name in names))
         if mirrored in files:
             return 0
         return 1 if mirrored.parent in {file.parent for file in files} else 2
 
     def batches(self, change):
-        suites = self.reach.suites(change)
+        tests = self.reach.tests(change)
         if change.path.parent.name not in ROOMS_OF_THE_LONGEST:
-            suites = [suite for suite in suites if not LONGEST.search(suite)]
-        suites.sort(key=lambda suite: (self.distance(suite, change), self.reach.time(suite)))
+            tests = [test for test in tests if not LONGEST.search(test)]
+        tests.sort(key=lambda test: (self.distance(test, change), self.reach.time(test)))
         batch, total, limits = [], 0.0, iter(BATCHES)
         limit = next(limits)
-        for suite in suites:
-            batch.append(suite)
-            total += self.reach.time(suite)
+        for test in tests:
+            batch.append(test)
+            total += self.reach.time(test)
             if total > limit:
                 yield batch, total
                 batch, total, limit = [], 0.0, next(limits, float("inf"))
@@ -74,15 +74,15 @@ class Judge:
         return None
 
 
-def run(suites, directory, seconds):
-    """The first test of some suites that fails, crashes or uses more than some seconds of the processor; or None."""
+def run(tests, directory, seconds):
+    """The first of some tests that fails, crashes or uses more than some seconds of the processor; or None."""
     def limit():
         resource.setrlimit(resource.RLIMIT_AS, (TEST_MEMORY, TEST_MEMORY))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
         resource.setrlimit(resource.RLIMIT_CPU, (int(seconds), int(seconds) + 1))
 
     flags = directory / "flags"
-    flags.write_text(f"--gtest_filter={':'.join(suites)}-{TIMED}\n--gtest_fail_fast\n")
+    flags.write_text(f"--gtest_filter={':'.join(tests)}-{TIMED}\n--gtest_fail_fast\n")
     command = [str(RUNNING_TESTS), f"--gtest_flagfile={flags}"]
     environment = dict(os.environ, LD_LIBRARY_PATH=str(directory))
     try:
@@ -110,8 +110,8 @@ def check_unchanged(judge, library):
     shutil.rmtree(directory, ignore_errors=True)
     directory.mkdir(parents=True)
     library.link_with({}, directory)
-    suites = [suite for suite in judge.reach.known + judge.reach.new if not LONGEST.search(suite)]
-    failed = run(suites, directory, LONGEST_WAIT)
+    tests = [test for test in judge.reach.known + judge.reach.new if not LONGEST.search(test)]
+    failed = run(tests, directory, LONGEST_WAIT)
     if failed:
         raise SystemExit(f"mutate: without any change there is {failed}")
     passed.touch()

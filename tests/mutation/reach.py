@@ -1,6 +1,6 @@
-"""Which test suites run which lines of the library, and how long each suite takes.
+"""Which tests run which lines of the library, and how long each test takes.
 
-A suite that doesn't run a line can't notice a change of it, so only the others have to run.
+A test that doesn't run a line can't notice a change of it, so only the others have to run.
 """
 import concurrent.futures
 import json
@@ -16,15 +16,21 @@ from changes import digest
 from library import BUILD, ROOT, SCRATCH, TESTS, is_done, with_option
 
 REACH = BUILD / "reach.json"
-# Seconds of the processor while the blocks of a suite are noted. The suites that take longer repeat one test with many
-# inputs, which reaches its lines in the first seconds.
+# Seconds of the processor while the blocks of a test are noted. The tests that take longer repeat the same with many
+# inputs, and reach their lines in the first seconds.
 LONGEST = 10
 
 
-def all_suites():
+def all_tests():
     listing = subprocess.run([str(TESTS), "--gtest_list_tests"], check=True, text=True, stdout=subprocess.PIPE).stdout
-    return [name + "*" for name in (line.split("#")[0].strip() for line in listing.splitlines() if line[0] != " ")
-            if name.endswith(".")]
+    tests, suite = [], None
+    for line in listing.splitlines():
+        name = line.split("#")[0].strip()
+        if line[0] == " ":
+            tests.append(suite + name)
+        else:
+            suite = name
+    return tests
 
 
 def fingerprint(path):
@@ -84,11 +90,11 @@ def limit_time():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def run_noted(suite, directory, number):
+def run_noted(test, directory, number):
     notes = directory / f"{number}.notes"
     environment = dict(os.environ, LD_LIBRARY_PATH=str(directory), TESSARA_REACH=str(notes))
     start = time.monotonic()
-    subprocess.run([str(TESTS), f"--gtest_filter={suite}"], cwd=directory, env=environment,
+    subprocess.run([str(TESTS), f"--gtest_filter={test}"], cwd=directory, env=environment,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=limit_time)
     seconds = time.monotonic() - start
     data = notes.read_bytes() if notes.exists() else b""
@@ -99,13 +105,13 @@ def run_noted(suite, directory, number):
 def measure(library, jobs):
     directory = SCRATCH / "reach"
     build_noting_library(library, directory, jobs)
-    suites = all_suites()
+    tests = all_tests()
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        runs = list(pool.map(lambda entry: run_noted(entry[1], directory, entry[0]), enumerate(suites)))
-    suites_of_block = {}
+        runs = list(pool.map(lambda entry: run_noted(entry[1], directory, entry[0]), enumerate(tests)))
+    tests_of_block = {}
     for number, (blocks, _) in enumerate(runs):
         for block in blocks:
-            suites_of_block[block] = suites_of_block.get(block, 0) | 1 << number
+            tests_of_block[block] = tests_of_block.get(block, 0) | 1 << number
     lines = {}
     for (name, line), blocks in blocks_by_line(directory / "libtessara_tested.so").items():
         path = Path(name)
@@ -113,30 +119,30 @@ def measure(library, jobs):
             continue
         reached = 0
         for block in blocks:
-            reached |= suites_of_block.get(block, 0)
+            reached |= tests_of_block.get(block, 0)
         lines.setdefault(str(path.relative_to(ROOT)), {})[line] = f"{reached:x}"
     texts = {name: fingerprint(ROOT / name) for name in lines}
     seconds = [seconds for _, seconds in runs]
-    REACH.write_text(json.dumps({"suites": suites, "seconds": seconds, "lines": lines, "texts": texts}))
+    REACH.write_text(json.dumps({"tests": tests, "seconds": seconds, "lines": lines, "texts": texts}))
     shutil.rmtree(directory)
 
 
 class Reach:
     def __init__(self):
         stored = json.loads(REACH.read_text())
-        self.seconds = dict(zip(stored["suites"], stored["seconds"]))
+        self.seconds = dict(zip(stored["tests"], stored["seconds"]))
         self.lines = {name: lines for name, lines in stored["lines"].items()
                       if (ROOT / name).exists() and stored["texts"][name] == fingerprint(ROOT / name)}
-        self.known = stored["suites"]
-        self.new = [suite for suite in all_suites() if suite not in self.seconds]
+        self.known = stored["tests"]
+        self.new = [test for test in all_tests() if test not in self.seconds]
 
-    def suites(self, change):
-        """The suites that run a line, and those written since; all suites if the line has no code of its own."""
+    def tests(self, change):
+        """The tests that run a line, and those written since; all tests if the line has no code of its own."""
         line = self.lines.get(change.name, {}).get(str(change.line))
         if line is None:
             return self.known + self.new
         reached = int(line, 16)
-        return [suite for number, suite in enumerate(self.known) if reached >> number & 1] + self.new
+        return [test for number, test in enumerate(self.known) if reached >> number & 1] + self.new
 
-    def time(self, suite):
-        return self.seconds.get(suite, 1.0)
+    def time(self, test):
+        return self.seconds.get(test, 1.0)
