@@ -224,7 +224,6 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/polygons/polygon_writing", "tests/areas/coordinate_area_split_test.cpp"},
     {"src/records/check_record", "tests/text/coordinate_checker_test.cpp"},
     {"src/systems/block_conversion", "tests/systems/convert_many_equality_test.cpp"},
-    {"src/systems/block_forms", "tests/systems/convert_many_equality_test.cpp"},
     {"src/systems/free_projections", "tests/systems/convert_many_test.cpp"},
     {"src/systems/projection", "tests/systems/convert_many_test.cpp"},
     {"src/systems/systems", "tests/systems/convert_test.cpp"},

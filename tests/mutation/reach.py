@@ -18,7 +18,7 @@ from library import BUILD, ROOT, SCRATCH, TESTS, is_done, with_option
 REACH = BUILD / "reach.json"
 # Seconds of the processor while the blocks of a test are noted. The tests that take longer repeat the same with many
 # inputs, and reach their lines in the first seconds.
-LONGEST = 10
+LONGEST = 4
 
 
 def all_tests():
