@@ -236,6 +236,19 @@ TEST_F(PolygonQuestions, AnEdgeWithoutAMiddleFails) {
     EXPECT_FALSE(Ask(&ICoordinateArea::IsInsideCoordEdges, point, field));
 }
 
+// The other edges would hold the point.
+TEST_F(PolygonQuestions, AnEdgeWithoutAMiddleIsNotLeftOut) {
+    map = testing::DegreeMap(0.0, 0.0, 1.0);
+    const auto at = [](double latitude, double longitude) {
+        return In(KOORD_UPS, GeodezRecord(latitude, longitude));
+    };
+    const auto point = CoordOf(GeodezRecord(87, 20));
+    const auto north = PolygonOf({at(85, 0), at(85, 40), at(89, 40), at(89, 0)});
+    EXPECT_TRUE(Ask(&ICoordinateArea::IsInsideCoordEdges, point, north));
+    const auto both = PolygonOf({at(85, 0), at(85, 40), at(89, 40), at(89, 0), at(-85, 0)});
+    EXPECT_FALSE(Ask(&ICoordinateArea::IsInsideCoordEdges, point, both));
+}
+
 TEST_F(PolygonQuestions, WithoutAMapEverySystemHasAPlane) {
     int systems = 0;
     for (const testing::Region& region : testing::REGIONS) {

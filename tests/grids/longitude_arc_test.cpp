@@ -36,6 +36,19 @@ TEST(LongitudeArc, LeavesOutWhatTheWindowDoes) {
     EXPECT_LE(arc->east, -CORNER + 0.2);
 }
 
+// 80 metres wide and 60 high, 500 km from the pole: the lower corners lie atan(40 / 499940) off the meridian
+// 180, which is 0.00458422 degrees. Samples lie a 256th of the window apart, 3.6e-5 degrees.
+TEST(LongitudeArc, LeavesOutNearlyAllOfTheEarthForASmallWindow) {
+    const auto map = MapOf(Map(MAP_UPS, MapUpsParams{'N', 2000000.0 - 40.0, 2500000.0, 0.01, 0.01}));
+    const auto arc = ArcOf(map, BESIDE_THE_POLE);
+    ASSERT_TRUE(arc);
+    constexpr double corner = 180.0 - 0.00458422;
+    EXPECT_LE(arc->west, corner);
+    EXPECT_GE(arc->west, corner - 5e-5);
+    EXPECT_GE(arc->east, -corner);
+    EXPECT_LE(arc->east, -corner + 5e-5);
+}
+
 TEST(LongitudeArc, OtherWindowsHaveNone) {
     const auto map = MapBesideThePole();
     EXPECT_FALSE(ArcOf(map, {0, 0, 3900, 6000})) << "on one side of the meridian";

@@ -45,7 +45,7 @@ def build_noting_library(library, directory, jobs):
         made = directory / f"{number}.o"
         objects[library.object_of(source)] = made
         command = with_option(library.compile[source], "-o", made)
-        command[command.index("-c"):command.index("-c")] = ["-w", "-O0", "-g1", "-fsanitize-coverage=trace-pc"]
+        command[command.index("-c"):command.index("-c")] = ["-w", "-O0", "-g1", "-gdwarf-4", "-fsanitize-coverage=trace-pc"]
         commands.append(command)
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
         if not all(pool.map(is_done, commands)):

@@ -332,6 +332,19 @@ TEST(AverageUtmref, AveragesInUtm) {
     EXPECT_FALSE(HasMean(Utmref(32, 'U', "IA", 0, 0), Utmref(32, 'U', "NA", 0, 0)));
 }
 
+// At 83.999 degrees on either side of the meridian 6, a border at which the northing is 0.5 * 0.0524^2 * sin
+// * cos = 1.4e-4 radians larger than on the central meridian of either zone: there the mean northing is that
+// of 84.007 degrees.
+TEST(AverageUtmref, HasNoMeanWhereUtmHasNone) {
+    const auto at = [](double longitude) {
+        const tagKOORD degrees = GeodezRecord(83.999, longitude);
+        tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+        EXPECT_EQ(KoordConvert(&degrees, &utmref), KOORD_OK);
+        return utmref;
+    };
+    EXPECT_FALSE(HasMean(at(5.99), at(6.01)));
+}
+
 void ExpectStrip(const tagKOORD& mean, double easting, double northing) {
     const auto payload = Load<GkPayload>(mean);
     EXPECT_NEAR(payload.easting, easting, BORDER_TOLERANCE);

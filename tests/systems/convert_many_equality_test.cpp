@@ -155,6 +155,25 @@ TEST(ConvertManyEquality, HoldsOnTheEquatorAndTheMeridians) {
         ExpectManyGiveTheSame(sources, Records(sources.size(), NaturalTarget(type)), RangeCheck::Off);
 }
 
+// Where one zone, strip or meridian ends and the next begins, and the doubles beside it. Austrian longitudes
+// count from 17.666666666666 degrees west of Greenwich.
+TEST(ConvertManyEquality, HoldsOnTheBordersOfZones) {
+    constexpr double ferro = 17.666666666666;
+    Records sources;
+    const auto add = [&](double border) {
+        for (const double longitude :
+             {border, std::nextafter(border, 400.0), std::nextafter(border, -400.0), -border,
+              std::nextafter(-border, 400.0), std::nextafter(-border, -400.0)})
+            sources.push_back(GeodezRecord(47.0, longitude));
+    };
+    for (int i = 0; i <= 120; ++i)
+        add(1.5 * i);
+    add(29.5 - ferro);
+    add(32.5 - ferro);
+    for (std::int32_t type = 0; type < KOORD_TYPE_COUNT; ++type)
+        ExpectManyGiveTheSame(sources, Records(sources.size(), NaturalTarget(type)), RangeCheck::Off);
+}
+
 // Blocks begin and end in runs of any length.
 TEST(ConvertManyEquality, HoldsForRunsOfAnyLength) {
     testing::Random random(21);

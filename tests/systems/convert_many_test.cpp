@@ -202,6 +202,22 @@ TEST(KoordConvertMany, NothingToDoTouchesNothing) {
     EXPECT_EQ(status, UNTOUCHED);
 }
 
+// 200 records of an array, which end within a block, and those behind them.
+TEST(KoordConvertMany, TouchesNothingBehindItsRecords) {
+    constexpr std::size_t count = 200;
+    Records sources;
+    for (std::int32_t i = 0; i < 400; ++i)
+        sources.push_back(Position(i, DATUM_WGS84));
+    const tagKOORD untouched = MakeKoord(DATUM_WGS84, KOORD_UTM);
+    Records targets(sources.size(), untouched);
+    Statuses statuses(sources.size(), UNTOUCHED);
+    EXPECT_EQ(KoordConvertMany(sources.data(), targets.data(), count, 1, statuses.data()), KOORD_OK);
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        EXPECT_EQ(statuses[i], i < count ? KOORD_OK : UNTOUCHED) << i;
+        EXPECT_EQ(SameBytes(targets[i], untouched), i >= count) << i;
+    }
+}
+
 TEST(KoordConvertMany, WorksInPlace) {
     Records records, single;
     for (std::int32_t i = 0; i < 50; ++i) {

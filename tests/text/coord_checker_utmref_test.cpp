@@ -154,7 +154,7 @@ TEST_F(CoordCheckerUtmref, AnEmptyPieceStandsForItsFirstChoice) {
 }
 
 TEST_F(CoordCheckerUtmref, PiecesThatDontExistLeaveNoChoice) {
-    for (const char* zone : {"0", "61", "-1", "032 ", " 32", "x", "3 2", "132"}) {
+    for (const char* zone : {"0", "61", "-1", "032 ", " 32", "x", "3 2", "132", "4294967328"}) {
         EXPECT_EQ(Columns({zone, "U"}), "(false)") << zone;
         EXPECT_EQ(Rows({zone, "U", "Q"}), "(false)") << zone;
     }

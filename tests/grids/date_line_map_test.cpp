@@ -1,0 +1,94 @@
+#include "grids/date_line_map.h"
+
+#include <gtest/gtest.h>
+
+#include "support/grids.h"
+#include "support/lines.h"
+#include "support/live_objects.h"
+#include "tessara/coord.h"
+
+namespace tessara::testing {
+namespace {
+
+// 178 to 182 degrees east and 10 to 8 degrees north, a hundredth of a degree a pixel.
+constexpr PixelRect WINDOW{0, 0, 400, 200};
+
+class DateLineMap : public BalancedTest {
+  protected:
+    IRef<IMapCoordOperations> map = MapOverDateLine(DegreeMap(178.0, 10.0, 100.0), WINDOW);
+
+    static IRef<ICoord> Degrees(double latitude, double longitude) {
+        return CoordOf(GeodezRecord(latitude, longitude));
+    }
+    static UtmPayload UtmOf(const IRef<ICoord>& coord) { return Load<UtmPayload>(KoordOf(coord)); }
+};
+
+TEST_F(DateLineMap, IsTheMapItselfWhereTheWindowEndsBeforeTheLine) {
+    const auto before = DegreeMap(175.0, 10.0, 100.0);
+    EXPECT_EQ(MapOverDateLine(before, WINDOW).Get(), before.Get());
+    const auto over = DegreeMap(178.0, 10.0, 100.0);
+    EXPECT_NE(MapOverDateLine(over, WINDOW).Get(), over.Get());
+}
+
+TEST_F(DateLineMap, APositionHasThePixelClosestToTheWindow) {
+    double x = 0.0;
+    double y = 0.0;
+    ASSERT_TRUE(map->CoordToFloatPixel(Degrees(9.0, -179.0).Get(), &x, &y));
+    EXPECT_NEAR(x, 300.0, 1e-9);
+    EXPECT_NEAR(y, 100.0, 1e-9);
+    ASSERT_TRUE(map->CoordToFloatPixel(Degrees(9.0, 179.0).Get(), &x, &y));
+    EXPECT_NEAR(x, 100.0, 1e-9);
+}
+
+TEST_F(DateLineMap, WholePixelsAreRounded) {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    ASSERT_TRUE(map->CoordToLongPixel(Degrees(9.0012, -179.0012).Get(), &x, &y));
+    EXPECT_EQ(x, 300);
+    EXPECT_EQ(y, 100);
+}
+
+TEST_F(DateLineMap, APixelBeyondTheLineHasAPositionInTheZoneThere) {
+    // 181 degrees is -179: the zone 1.
+    const auto coord = CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM));
+    ASSERT_TRUE(map->FloatPixelToCoord(300.0, 100.0, coord.Get()));
+    EXPECT_EQ(UtmOf(coord).zone, 1);
+    const auto whole = CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM));
+    ASSERT_TRUE(map->LongPixelToCoord(300, 100, whole.Get()));
+    EXPECT_EQ(UtmOf(whole).easting, UtmOf(coord).easting);
+    const auto pixel = CoordOf(FloatPixel(300.0, 100.0));
+    const auto other = CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM));
+    ASSERT_TRUE(map->PixelCoordToCoord(pixel.Get(), other.Get()));
+    EXPECT_EQ(UtmOf(other).easting, UtmOf(coord).easting);
+}
+
+TEST_F(DateLineMap, NullFails) {
+    double x = 0.0;
+    double y = 0.0;
+    std::int32_t column = 0;
+    std::int32_t row = 0;
+    const auto coord = Degrees(9.0, 179.0);
+    EXPECT_FALSE(map->CoordToFloatPixel(nullptr, &x, &y));
+    EXPECT_FALSE(map->CoordToLongPixel(nullptr, &column, &row));
+    EXPECT_FALSE(map->FloatPixelToCoord(0.0, 0.0, nullptr));
+    EXPECT_FALSE(map->LongPixelToCoord(0, 0, nullptr));
+    EXPECT_FALSE(map->PixelCoordToCoord(nullptr, coord.Get()));
+    EXPECT_FALSE(map->PixelCoordToCoord(coord.Get(), coord.Get())) << "no pixel";
+    EXPECT_FALSE(MapOverDateLine({}, WINDOW).IsValid());
+}
+
+TEST_F(DateLineMap, DescribesItselfAsTheMapDoes) {
+    EXPECT_FALSE(map->CoordToPixelCoord(Degrees(9.0, 179.0).Get(), CoordOf(FloatPixel(0.0, 0.0)).Get()));
+    const auto plain = DegreeMap(178.0, 10.0, 100.0);
+    EXPECT_EQ(map->GetScaleDenominator(), plain->GetScaleDenominator());
+    EXPECT_EQ(map->GetScale(), plain->GetScale());
+    EXPECT_EQ(map->GetResolution(), plain->GetResolution());
+    const IRef<IGeoDate> date(CreateClassGeoDate());
+    EXPECT_TRUE(map->GetGeoDate(date.Get()));
+    EXPECT_EQ(date->GetDatum(), DATUM_WGS84);
+    const IRef<IProjection> projection(CreateClassProjection());
+    EXPECT_TRUE(map->GetProjection(projection.Get()));
+}
+
+}  // namespace
+}  // namespace tessara::testing
