@@ -210,7 +210,6 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/geometry/line_reading", "tests/geometry/line_intersections_test.cpp"},
     {"src/columns/datum_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/ecef_loops", "tests/systems/convert_many_equality_test.cpp"},
-    {"src/columns/geodesic_loops", "tests/columns/geodesic_columns_test.cpp"},
     {"src/columns/origin_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/range_loops", "tests/systems/convert_many_equality_test.cpp"},
     {"src/columns/sphere_loops", "tests/systems/convert_many_equality_test.cpp"},

@@ -147,7 +147,6 @@ class ColumnConversion {
                     numbers[row] = Trunc(numbers[row]);
             }
         }
-        std::copy_n(heights_.begin(), rows, block_.height);
     }
 
     void ReadLetters(const BlockForm& form, const StridedSource& column, const OutputField& field,

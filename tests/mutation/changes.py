@@ -17,10 +17,10 @@ GUARDED = re.compile(r"(?<=\) )(?:return|continue|break)\b[^;{}\n]*(?=;$)", re.M
 # A statement on a line of its own: a call or an assignment.
 STATEMENT = re.compile(r"(?<=[;{}]\n)[ \t]+(?!return\b|using\b|case\b|break\b|continue\b|default\b|else\b|static_assert\b)"
                        r"(?:\+\+|--|\*)?[A-Za-z_][\w.:>\[\]-]*(?:\(| [-+*/|&]?= |\+\+|--)[^\n]*;$", re.MULTILINE)
-# Text that isn't changed: comments, strings, declarations checked at compile time, and array lengths of arguments.
+# Text that isn't changed: comments, strings, declarations checked at compile time, and array lengths.
 BLANKED = re.compile(
     r"//[^\n]*|/\*.*?\*/|\"(?:\\.|[^\"\\\n])*\"|(?<!\w)'(?:\\.|[^'\\\n])'|^[ \t]*#[^\n]*|static_assert\(.*?\);"
-    r"|std::array<[^<>\n]*>|[\w:>] \w+\[\d+\](?=[,)])",
+    r"|std::array<[^<>\n]*>|[\w:>] \w+\[\d+\](?=[,)]| = |\{)",
     re.DOTALL | re.MULTILINE)
 
 CONTEXT_LINES = 2

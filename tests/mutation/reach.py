@@ -145,4 +145,4 @@ class Reach:
         return [test for number, test in enumerate(self.known) if reached >> number & 1] + self.new
 
     def time(self, test):
-        return self.seconds.get(test, 1.0)
+        return self.seconds.get(test, 0.1)

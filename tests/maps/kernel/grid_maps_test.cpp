@@ -377,6 +377,13 @@ TEST(Gk6Map, CountsStripsOfSixDegrees) {
     EXPECT_EQ(ToPixel(map, GeodezRecord(48.0, 16.0)).status, KOORD_OK);
 }
 
+// (3 + 3) / 6 to (8 + 3) / 6 are 1 in whole numbers, and (9 + 3) / 6 is 2.
+TEST(Gk6Map, TheStripOfAMeridianBetweenTwoIsThatOfTheWesternOne) {
+    for (std::int16_t meridian = 3; meridian <= 8; ++meridian)
+        EXPECT_EQ(ToWorld(Gk6Map(meridian, 1500000.0, 5600000.0), 0.0, 0.0).status, KOORD_OK) << meridian;
+    EXPECT_EQ(ToWorld(Gk6Map(9, 1500000.0, 5600000.0), 0.0, 0.0).status, KOORD_ERR_GK_EAST);
+}
+
 // A position without a longitude has no meridian and no meaningful grid value.
 TEST(GkMap, ARecordThatIsNoNumberHasNoPixel) {
     for (double number : {NOT_A_NUMBER, std::numeric_limits<double>::infinity()}) {
