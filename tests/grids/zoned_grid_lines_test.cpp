@@ -339,6 +339,24 @@ TEST_F(ZonedGridLinesTest, AWindowOverTheDateLineHasTheZonesAroundIt) {
     }
 }
 
+// 174 to 186 degrees are the zones 60 and 1, and their outer borders are the sides of the window.
+TEST_F(ZonedGridLinesTest, AWindowOverTheDateLineHasTheBordersOnItsSides) {
+    map = DegreeMap(174.0, 10.0, 100.0);
+    grid = GridOf(KOORD_UTM, map, 100000.0, 100000.0);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 1200, 200));
+    const IRef<IArray> lines(CreateClassArray());
+    ASSERT_TRUE(grid->GetEastLinePixels(lines.Get()));
+    int borders[3] = {};
+    for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+        const IRef<IFloatPoint> point(LineAt(lines, i)->GetAt(0));
+        for (int k = 0; k < 3; ++k)
+            borders[k] += std::fabs(point->GetX() - 600.0 * k) < 1e-3 ? 1 : 0;
+    }
+    EXPECT_EQ(borders[0], 1) << "174 degrees";
+    EXPECT_EQ(borders[1], 1) << "180 degrees";
+    EXPECT_EQ(borders[2], 1) << "186 degrees";
+}
+
 // Maps on which longitudes go on over 180 degrees, each with the date line in its middle.
 std::vector<IRef<IMapCoordOperations>> DateLineMaps() {
     const auto mercator = [](double longitude) {

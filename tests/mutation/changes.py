@@ -14,8 +14,8 @@ NUMBER = re.compile(r"(?<![\w.])(\d+\.\d*(?:[eE][-+]?\d+)?|\d+[eE][-+]?\d+|\d+)(
 BOOLEAN = re.compile(r"\b(true|false)\b")
 # The consequence of a guard on one line. The condition remains, with all that it calls.
 GUARDED = re.compile(r"(?<=\) )(?:return|continue|break)\b[^;{}\n]*(?=;$)", re.MULTILINE)
-# A statement on a line of its own: a call or an assignment.
-STATEMENT = re.compile(r"(?<=[;{}]\n)[ \t]+(?!return\b|using\b|case\b|break\b|continue\b|default\b|else\b|static_assert\b)"
+# A statement on a line of its own: a call or an assignment, except of memory that would be found anyway.
+STATEMENT = re.compile(r"(?<=[;{}]\n)[ \t]+(?!return\b|using\b|case\b|break\b|continue\b|default\b|else\b|static_assert\b|\w+\.reserve\()"
                        r"(?:\+\+|--|\*)?[A-Za-z_][\w.:>\[\]-]*(?:\(| [-+*/|&]?= |\+\+|--)[^\n]*;$", re.MULTILINE)
 # Text that isn't changed: comments, strings, declarations checked at compile time, and array lengths.
 BLANKED = re.compile(

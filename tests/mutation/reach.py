@@ -58,31 +58,31 @@ def build_noting_library(library, directory, jobs):
 def blocks_by_line(shared):
     """The blocks that hold code of a line, by file and line. A block is the address at which it notes itself."""
     listing = subprocess.Popen(["objdump", "-d", "-l", "--no-show-raw-insn", shared], text=True, stdout=subprocess.PIPE)
-    lines, waiting = {}, []
-    block, is_noted = None, False
+    blocks = {}
+    # What comes before the first block of a function belongs to it; the call that notes a block belongs to none before.
+    line, block, waiting, is_noted = None, None, set(), False
     for text in listing.stdout:
         if text[0] == " ":
-            address = text.split(":", 1)[0].strip()
             if is_noted:
-                block, is_noted = int(address, 16), False
-                for line in waiting:
-                    lines.setdefault(line, set()).add(block)
-                waiting = []
-            elif "__sanitizer_cov_trace_pc" in text and "call" in text:
-                is_noted = True
+                block = int(text.split(":", 1)[0], 16)
+                for before in waiting | {line}:
+                    blocks.setdefault(before, set()).add(block)
+                waiting = set()
+            is_noted = "__sanitizer_cov_trace_pc" in text and "call" in text
+            if is_noted:
+                continue
+            if block is None:
+                waiting.add(line)
+            else:
+                blocks.setdefault(line, set()).add(block)
         elif text[0] == "/":
             match = re.match(r"(.+?):(\d+)", text)
-            if match is None:  # the name of the library itself
-                continue
-            line = (os.path.normpath(match.group(1)), int(match.group(2)))
-            # Before the first block of a function, a line belongs to it.
-            if block is None or is_noted:
-                waiting.append(line)
-            else:
-                lines.setdefault(line, set()).add(block)
+            if match is not None:  # else the name of the library itself
+                line = (os.path.normpath(match.group(1)), int(match.group(2)))
         elif re.match(r"[0-9a-f]+ <", text):
-            block, is_noted, waiting = None, False, []
-    return lines
+            line, block, waiting, is_noted = None, None, set(), False
+    blocks.pop(None, None)
+    return blocks
 
 
 def limit_time():

@@ -238,6 +238,31 @@ TEST(ConvertColumns, NumbersThatAFieldCantHoldFail) {
         EXPECT_EQ(statuses[i], KOORD_ERR_GENERAL) << i;
 }
 
+TEST(ConvertColumns, NumbersThatAReferenceCantHoldFail) {
+    const tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+    constexpr char band[] = {'U'}, square[] = {'P', 'U'};
+    const Doubles zones{32.0, 65568.0, 32.0, 32.0, NAN},
+        eastings{91602.0, 91602.0, 4294967296.0, 91602.0, 91602.0},
+        northings{34791.0, 34791.0, 34791.0, -4294967296.0, 34791.0};
+    SourceColumns from;
+    from.fields[0] = From(zones);
+    from.fields[1] = {band, 0};
+    from.fields[2] = {square, 0};
+    from.fields[3] = From(eastings);
+    from.fields[4] = From(northings);
+    Doubles latitudes(5);
+    KoordStatus statuses[5] = {};
+    TargetColumns to;
+    to.fields[0] = Into(latitudes);
+    to.status = {statuses, sizeof(KoordStatus)};
+    EXPECT_EQ(KoordConvertColumns(&utmref, &from, &DEGREES, &to, 5, 1), KOORD_ERR_GENERAL);
+    EXPECT_EQ(statuses[0], KOORD_OK);
+    for (std::size_t i = 1; i < 5; ++i) {
+        EXPECT_EQ(statuses[i], KOORD_ERR_GENERAL) << i;
+        EXPECT_TRUE(std::isnan(latitudes[i])) << i;
+    }
+}
+
 TEST(ConvertColumns, DatumsAndTypesThatDontExistFailInEveryRow) {
     SourceColumns from;
     from.fields[0] = From(LATITUDES);

@@ -183,7 +183,8 @@ TEST(ConvertManyEquality, HoldsForRunsOfAnyLength) {
             const std::int32_t datum = random.OneOf(DATUMS);
             const Records run = testing::MixedSources(random, type, datum, length);
             sources.insert(sources.end(), run.begin(), run.end());
-            targets.insert(targets.end(), length, testing::WithParameters(KOORD_GK, random.OneOf(DATUMS)));
+            const std::int32_t target = random.Below(2) == 0 ? KOORD_GK : KOORD_GEODEZ;
+            targets.insert(targets.end(), length, testing::WithParameters(target, random.OneOf(DATUMS)));
         }
     }
     ExpectManyGiveTheSame(sources, targets, RangeCheck::On);
