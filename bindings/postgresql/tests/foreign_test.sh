@@ -64,9 +64,10 @@ is "$(ask -c "$pushed" -c "$grouped" | sort | md5sum)" "$(ask -c "${grouped/sigh
 like "$(ask -c "EXPLAIN (COSTS OFF) SELECT * FROM sightings WHERE tessara_square(lat, lon, 10000) = '32UPU93'" | tr '\n' ' ')" \
     'Append.*Async Foreign Scan.*Async Foreign Scan' 'both servers work at the same time'
 
-# A server that stops in the middle of a query.
+# A server that stops in the middle of a query. The query reads its rows alone, a hundred in a tenth of a second: beside
+# another server the error may wait until that one has no more rows, some minutes later.
 (sleep 1 && control "${parts[1]}" stop -m immediate) &
-like "$(ask -c 'SELECT count(tessara_parse(tessara_format(a.lat, a.lon, $$UTMREF$$))) FROM sightings a, generate_series(1, 1000)' 2>&1)" \
+like "$(ask -c 'SELECT count(tessara_parse(tessara_format(lat, lon, $$UTMREF$$))), count(pg_sleep(0.001)) FROM sightings WHERE zone > 30' 2>&1)" \
     'ERROR' 'a server that stops in the middle is an error'
 wait
 control "${parts[1]}" start
