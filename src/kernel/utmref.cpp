@@ -47,9 +47,15 @@ void AddHalfMetre(UtmPayload* utm) {
     }
 }
 
-void CutToMetres(UtmPayload* utm) {
-    utm->easting = Floor(utm->easting);
-    utm->northing = Floor(utm->northing);
+// The latitude of the south-western corner of the metre that contains a place. Few positions need it, so its
+// instructions stand apart.
+[[gnu::noinline]] KoordStatus CornerLatitude(UtmPayload utm, std::int32_t datum, double* latitude) {
+    utm.easting = Floor(utm.easting);
+    utm.northing = Floor(utm.northing);
+    double corner[2];
+    const KoordStatus status = UTM_ToGeodetic(&utm, corner, TmInverseConstants(datum));
+    if (status == KOORD_OK) *latitude = corner[0];
+    return status;
 }
 
 // The edges of the bands in degrees from the equator.
@@ -165,12 +171,9 @@ KoordStatus UTMREF_FromGeodetic(const double latLon[2], UtmrefPayload* payload, 
     AddHalfMetre(&utm);
     // The band is that of the rounded position.
     double latitude = latLon[0];
-    if (!IsFarFromBandEdges(latLon, utm.zone)) {
-        CutToMetres(&utm);
-        double rounded[2];
-        status = UTM_ToGeodetic(&utm, rounded, TmInverseConstants(forward->datum));
+    if (!IsFarFromBandEdges(latLon, utm.zone)) [[unlikely]] {
+        status = CornerLatitude(utm, forward->datum, &latitude);
         if (status != KOORD_OK) return status;
-        latitude = rounded[0];
     }
     return UtmrefFromUtm(utm, latitude, utmref::AllRowsOf(datum->ellipsoid), payload);
 }

@@ -30,6 +30,16 @@ using zones::UtmNorthing;
 
 using NaturalMeridian = std::int32_t (*)(double lon);
 
+inline std::int32_t NaturalUtmMeridian(double lon) {
+    // A few turns are counted in integers, on both sides of Greenwich alike: a branch would often be guessed
+    // wrong.
+    constexpr double FEW_TURNS = 10.0 * DEGREES_PER_TURN;
+    const double magnitude = std::fabs(lon);
+    if (!(magnitude < FEW_TURNS)) return TruncateToInt32(UtmMeridianOf(lon));
+    const std::int32_t meridian = TruncateInRange((magnitude + 6.0) / 6.0) * 6 - 3;
+    return lon > 0.0 ? meridian : -meridian;
+}
+
 // Whether two meridians are 13 degrees or more apart, also across the date line.
 bool AreDistant(std::int32_t meridian, std::int32_t natural) {
     if (meridian > 90 && natural < -90) natural += 360;
@@ -49,6 +59,21 @@ double WithStrip(const StripSystem& system, std::int32_t meridian, double eastin
     const std::int32_t side = meridian < 0 ? -1 : 1;
     const std::int32_t strip = (meridian + side * system.offset) / system.width;
     return strip * STRIP_MILLION + side * easting;
+}
+
+inline void PutNorthing(double latitude, double north, UtmPayload* payload) {
+    constexpr double falseNorthings[] = {0.0, UTM_SOUTHERN_FALSE_NORTHING};
+    // The side of the equator is that of the latitude, which is known before the northing is; only within a
+    // rounding error of the equator and beyond a pole it may be the other one.
+    const bool isSouth = latitude < 0.0;
+    if ((north < 0.0) == isSouth) [[likely]] {
+        payload->hemisphere = "NS"[isSouth ? 1 : 0];
+        payload->northing = north + falseNorthings[isSouth ? 1 : 0];
+        return;
+    }
+    const double corrected = NorthOfEquator(latitude, north);
+    payload->hemisphere = corrected < 0.0 ? 'S' : 'N';
+    payload->northing = UtmNorthing(corrected);
 }
 
 KoordStatus FromGeodetic(const StripSystem& system, NaturalMeridian naturalMeridian, const double latLon[2],
@@ -118,13 +143,7 @@ KoordStatus StripFactors(const StripSystem& system, const tagKOORD& record, cons
 }  // namespace
 
 std::int32_t UTM_NaturalMeridian(double lon) {
-    // A few turns are counted in integers, on both sides of Greenwich alike: a branch would often be guessed
-    // wrong.
-    constexpr double FEW_TURNS = 10.0 * DEGREES_PER_TURN;
-    const double magnitude = std::fabs(lon);
-    if (!(magnitude < FEW_TURNS)) return TruncateToInt32(UtmMeridianOf(lon));
-    const std::int32_t meridian = TruncateInRange((magnitude + 6.0) / 6.0) * 6 - 3;
-    return lon > 0.0 ? meridian : -meridian;
+    return NaturalUtmMeridian(lon);
 }
 
 std::int32_t GK6_NaturalMeridian(double lon) {
@@ -138,7 +157,7 @@ std::int32_t GK_NaturalMeridian(double lon) {
 KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const TmConstants* forward) {
     payload->easting = 0.0;
     payload->northing = 0.0;
-    const std::int64_t natural = UTM_NaturalMeridian(latLon[1]);
+    const std::int64_t natural = NaturalUtmMeridian(latLon[1]);
     if (natural == UNKNOWN_ZONE) return KOORD_ERR_ZONE_DISTANT;
     std::int64_t meridian = IsUtmZone(payload->wantedZone) ? UtmMeridian(payload->wantedZone) : natural;
     const std::int64_t distance = std::abs(meridian - natural);
@@ -151,19 +170,10 @@ KoordStatus UTM_FromGeodetic(const double latLon[2], UtmPayload* payload, const 
     if (zone > UTM_ZONE_COUNT) zone %= UTM_ZONE_COUNT;
     payload->zone = static_cast<std::int16_t>(zone);
 
-    // The side of the equator is that of the latitude, which is known before the northing is; only within a
-    // rounding error of the equator and beyond a pole it may be the other one.
-    constexpr double FALSE_NORTHINGS[] = {0.0, UTM_SOUTHERN_FALSE_NORTHING};
-    const bool isLatitudeSouth = latLon[0] < 0.0;
-    const double falseNorthing = FALSE_NORTHINGS[isLatitudeSouth ? 1 : 0];
-
     const double dLon = (latLon[1] - static_cast<double>(meridian)) * RADIANS_PER_DEGREE;
     TM_Forward(dLon, latLon[0] * RADIANS_PER_DEGREE, UTM_SCALE, ZONE_FALSE_EASTING, 0.0, &payload->easting,
                &payload->northing, forward);
-    const double north = NorthOfEquator(latLon[0], payload->northing);
-    const bool isSouth = north < 0.0;
-    payload->hemisphere = "NS"[isSouth ? 1 : 0];
-    payload->northing = isSouth == isLatitudeSouth ? north + falseNorthing : UtmNorthing(north);
+    PutNorthing(latLon[0], payload->northing, payload);
     return isDistant ? KOORD_ERR_ZONE_DISTANT : KOORD_OK;
 }
 
