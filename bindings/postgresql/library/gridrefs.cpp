@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "degrees.h"
 #include "guard.h"
 #include "records.h"
 #include "tessara/kernel/constants.h"
@@ -42,11 +43,16 @@ unsigned PairAt(int pair) {
     return DIGITS_AT + static_cast<unsigned>(PAIR_COUNT - 1 - pair) * PAIR_BITS;
 }
 
-TessaraGridref Pack(const Parts& parts) {
+// Without digits.
+TessaraGridref PackSquare(int zone, char band, char column, char row) {
     const auto letter = [](char c) { return static_cast<std::uint64_t>(c - 'A'); };
-    TessaraGridref packed = static_cast<std::uint64_t>(parts.zone) << ZONE_AT |
-                            letter(parts.band) << BAND_AT | letter(parts.column) << COLUMN_AT |
-                            letter(parts.row) << ROW_AT | static_cast<std::uint64_t>(parts.count);
+    return static_cast<std::uint64_t>(zone) << ZONE_AT | letter(band) << BAND_AT |
+           letter(column) << COLUMN_AT | letter(row) << ROW_AT;
+}
+
+TessaraGridref Pack(const Parts& parts) {
+    TessaraGridref packed =
+        PackSquare(parts.zone, parts.band, parts.column, parts.row) | static_cast<std::uint64_t>(parts.count);
     for (int k = 0; k < parts.count; ++k)
         packed |= static_cast<std::uint64_t>(parts.pairs[static_cast<std::size_t>(k)]) << PairAt(k);
     return packed;
@@ -89,7 +95,7 @@ std::uint64_t SpreadDigits(std::int32_t metres) {
 TessaraGridref PackPayload(const UtmrefPayload& p, int count) {
     const std::uint64_t pairs = SpreadDigits(p.easting) * 10 + SpreadDigits(p.northing);
     const unsigned dropped = static_cast<unsigned>(PAIR_COUNT - count) * PAIR_BITS;
-    const TessaraGridref square = Pack({p.zone, p.band, p.column, p.row, {}, 0});
+    const TessaraGridref square = PackSquare(p.zone, p.band, p.column, p.row);
     return square | pairs >> dropped << dropped << DIGITS_AT | static_cast<std::uint64_t>(count);
 }
 
@@ -114,36 +120,33 @@ tagKOORD RecordOfParts(const Parts& parts) {
     return record;
 }
 
-tagKOORD Degrees(double latitude, double longitude) {
-    tagKOORD degrees = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
-    Store(degrees, GeodezPayload{latitude, longitude, 0.0});
-    return degrees;
+UtmrefPayload Wanting(std::int16_t zone) {
+    UtmrefPayload p{};
+    p.wantedZone = zone;
+    return p;
 }
 
-KoordStatus ToReference(const tagKOORD& source, std::int16_t zone, UtmrefPayload* p) {
-    tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
-    UtmrefPayload wanted{};
-    wanted.wantedZone = zone;
-    Store(record, wanted);
-    const KoordStatus status = KoordConvert(&source, &record);
-    *p = Load<UtmrefPayload>(record);
-    return status;
+KoordStatus ToReference(double latitude, double longitude, UtmrefPayload* p) {
+    *p = Wanting(NO_WANTED_ZONE);
+    return ToUtmref(latitude, longitude, p);
 }
 
 // The reference of the square metre that a position lies in: references count whole metres, and a place of
 // the grid with whole metres has its own.
-KoordStatus ToSquareMetre(const tagKOORD& degrees, UtmrefPayload* p) {
-    tagKOORD utm = MakeKoord(DATUM_WGS84, KOORD_UTM);
+KoordStatus ToSquareMetre(double latitude, double longitude, UtmrefPayload* p) {
     UtmPayload place{};
     place.wantedZone = NO_WANTED_ZONE;
-    Store(utm, place);
-    const KoordStatus status = KoordConvert(&degrees, &utm);
+    KoordStatus status = ToUtm(latitude, longitude, &place);
     if (status != KOORD_OK) return status;
-    place = Load<UtmPayload>(utm);
     place.easting = std::floor(place.easting);
     place.northing = std::floor(place.northing);
+    tagKOORD utm = MakeKoord(DATUM_WGS84, KOORD_UTM);
     Store(utm, place);
-    return ToReference(utm, place.zone, p);
+    tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+    Store(record, Wanting(place.zone));
+    status = KoordConvert(&utm, &record);
+    *p = Load<UtmrefPayload>(record);
+    return status;
 }
 
 // Rounding to the metre leaves the square only where the rounded metre is the first of the next one.
@@ -180,7 +183,7 @@ extern "C" {
 bool Tessara_Gridref(double latitude, double longitude, TessaraGridref* gridref,
                      TessaraError* error) noexcept {
     UtmrefPayload p;
-    const KoordStatus status = ToReference(Degrees(latitude, longitude), NO_WANTED_ZONE, &p);
+    const KoordStatus status = ToReference(latitude, longitude, &p);
     if (status != KOORD_OK) return NoPosition(latitude, longitude, status, error);
     *gridref = PackPayload(p, PAIR_COUNT);
     return true;
@@ -190,10 +193,9 @@ bool Tessara_Square(double latitude, double longitude, int32_t metres, TessaraGr
                     TessaraError* error) noexcept {
     return Guarded(error, [&] {
         const int count = CountOf(metres);
-        const tagKOORD degrees = Degrees(latitude, longitude);
         UtmrefPayload p;
-        KoordStatus status = ToReference(degrees, NO_WANTED_ZONE, &p);
-        if (status != KOORD_OK || MayHaveLeft(p, metres)) status = ToSquareMetre(degrees, &p);
+        KoordStatus status = ToReference(latitude, longitude, &p);
+        if (status != KOORD_OK || MayHaveLeft(p, metres)) status = ToSquareMetre(latitude, longitude, &p);
         if (status != KOORD_OK) return NoPosition(latitude, longitude, status, error);
         *gridref = PackPayload(p, count);
         return true;

@@ -1,7 +1,7 @@
 // UTM of single positions: what queries ask for most, without anything to prepare.
+#include "degrees.h"
 #include "guard.h"
 #include "tessara/kernel/constants.h"
-#include "tessara/kernel/convert.h"
 
 namespace tessara::postgresql {
 
@@ -13,15 +13,10 @@ bool Tessara_Utm(double latitude, double longitude, int32_t zone, TessaraUtm* ut
         WriteError({TESSARA_WRONG_ARGUMENT, "UTM has the zones 1 to 60"}, error);
         return false;
     }
-    tagKOORD degrees = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
-    Store(degrees, GeodezPayload{latitude, longitude, 0.0});
-    tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_UTM);
-    UtmPayload wanted{};
-    wanted.wantedZone = zone == 0 ? NO_WANTED_ZONE : static_cast<std::int16_t>(zone);
-    Store(record, wanted);
-    const KoordStatus status = KoordConvert(&degrees, &record);
+    UtmPayload p{};
+    p.wantedZone = zone == 0 ? NO_WANTED_ZONE : static_cast<std::int16_t>(zone);
+    const KoordStatus status = ToUtm(latitude, longitude, &p);
     if (status != KOORD_OK) return NoPosition(latitude, longitude, status, error);
-    const auto p = Load<UtmPayload>(record);
     *utm = {p.zone, p.hemisphere, p.easting, p.northing};
     return true;
 }
