@@ -111,7 +111,10 @@ class LineBlocks final : public RecordBlocks {
         while (true) {
             const std::string_view row = FirstRecord(input_.Held().substr(begin), form_, separator_);
             const bool isOpen = begin + row.size() == input_.Held().size() && EndsInQuotes(row, separator_);
-            if (!isOpen || row.size() > LONGEST_ROW || !input_.ReadMore()) return row;
+            if (!isOpen || row.size() > LONGEST_ROW) return row;
+            // The buffer moves when it reads, at the end of the file, too.
+            const std::size_t size = row.size();
+            if (!input_.ReadMore()) return input_.Held().substr(begin, size);
         }
     }
 

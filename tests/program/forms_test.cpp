@@ -119,6 +119,13 @@ TEST(Csv, ReportsAQuoteThatIsntClosed) {
     EXPECT_EQ(outcome.status, 1);
 }
 
+TEST(Csv, ReportsAHeaderWhoseQuoteIsntClosed) {
+    const Outcome outcome = Convert({"--input", "csv"}, "latitude,\"longitude\n48,11\n");
+    EXPECT_EQ(outcome.err, "-:1: unclosed quote\n");
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.status, 1);
+}
+
 // 2^20 bytes are the most that a record may have.
 TEST(Csv, GoesOnBehindARecordThatNeverEnds) {
     std::string input = "latitude,longitude,a\n1,1,\"x\n";
