@@ -67,7 +67,10 @@ row("a million positions from UTM (proj4)",
 row("a million positions in Switzerland to its grid and datum (proj4)",
     () => tessara.convert(swissLatitude, swissLongitude, { to: "CH@CH1903" }),
     each(MANY, (lon, lat) => swiss.forward([lon, lat]), swissLatitude, swissLongitude));
-row("a million military references as texts (mgrs)", () => tessara.format(latitude, longitude), each(MANY, (lon, lat) => mgrs.forward([lon, lat])));
+row("an array of a million military references as texts (mgrs)", () => tessara.format(latitude, longitude),
+    () => Array.from(latitude, (lat, i) => mgrs.forward([longitude[i], lat])));
+row("100 000 single military references (mgrs)", each(FEW, (lon, lat) => tessara.format(lat, lon)),
+    each(FEW, (lon, lat) => mgrs.forward([lon, lat])));
 row("100 000 military references read (mgrs)", () => tessara.parse(references), () => { for (const text of references) mgrs.toPoint(text); });
 row("a million military references in columns (mgrs)", () => tessara.convert(latitude, longitude, { to: "UTMREF" }),
     each(MANY, (lon, lat) => mgrs.forward([lon, lat])));

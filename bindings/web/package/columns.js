@@ -1,8 +1,11 @@
 // Columns of positions: arrays outside, blocks of rows in the module's memory inside.
+import { CELL, referenceAt } from "./references.js";
+
 export const BLOCK = 4096;
 export const MOST_FIELDS = 8;
 const FIRST_TARGET = MOST_FIELDS + 1;
-const WORD = 4;
+export const WORD = 4;
+export const OK = 1; // of a status
 export const DOUBLE = 8;
 
 export function isArray(value) {
@@ -47,6 +50,11 @@ export function bytesOf(text, width) {
 export function numberOf(value) {
     if (typeof value !== "number") throw new TypeError(`expected a number, not ${typeof value}`);
     return value;
+}
+
+function lineOf(value) {
+    const text = String(value);
+    return text.includes("\n") ? text.replaceAll("\n", " ") : text;
 }
 
 /** Rows of an argument as the module has them: one value for all, or bytes or doubles to copy from. */
@@ -167,18 +175,15 @@ export class Block {
 
     // Military references: the columns of the conversion stay where they are until they are written.
     references(conversion, given, count) {
-        const lines = new Array(count);
-        const places = [0, 1, 2, 3, 4].map((k) => this.#place(FIRST_TARGET + k));
+        const texts = new Array(count);
+        const places = conversion.target.map((_, k) => this.#place(FIRST_TARGET + k));
+        const cells = this.#place(FIRST_TARGET + conversion.target.length); // as large as the two next columns
         this.#convertBlocks(conversion, given, count, false, (row, rows) => {
-            const texts = this.memory.ask("writeReferences", ...places, this.statuses, rows);
-            let first = 0;
-            for (let i = row; i < row + rows; ++i) {
-                const last = texts.indexOf("\n", first);
-                lines[i] = texts.slice(first, last);
-                first = last + 1;
-            }
+            this.memory.tell("writeReferences", ...places, this.statuses, rows, cells);
+            const { bytes } = this.memory;
+            for (let i = 0; i < rows; ++i) texts[row + i] = referenceAt(bytes, cells + i * CELL);
         });
-        return lines;
+        return texts;
     }
 
     // Copies rows of columns of numbers into the memory.
@@ -209,6 +214,26 @@ export class Block {
             statuses.set(memory.words.subarray(this.statuses / WORD, this.statuses / WORD + rows), row);
         }
         return { outputs, statuses };
+    }
+
+    // Positions of texts, which go in as lines.
+    parse(texts, system, datum) {
+        const { memory } = this;
+        const latitude = new Float64Array(texts.length);
+        const longitude = new Float64Array(texts.length);
+        let row = 0;
+        do {
+            const rows = Math.min(BLOCK, texts.length - row);
+            let lines = "";
+            for (let i = row; i < row + rows; ++i) lines += lineOf(texts[i]) + "\n";
+            memory.call("parseLines", lines, system, datum, this.#place(0), this.#place(1), rows);
+            [latitude, longitude].forEach((output, k) => {
+                const place = this.#place(k) / DOUBLE;
+                output.set(memory.doubles.subarray(place, place + rows), row);
+            });
+            row += rows;
+        } while (row < texts.length);
+        return { latitude, longitude };
     }
 
     // Lines of text for the rows of two columns of numbers, of all blocks.

@@ -1,4 +1,4 @@
-import { Block, Letters, countOf, isArray } from "./columns.js";
+import { Block, Letters, OK, countOf, isArray, numberOf } from "./columns.js";
 import { PositionError, TextError } from "./errors.js";
 import { Memory } from "./memory.js";
 import { numberImports } from "./numbers.js";
@@ -6,7 +6,6 @@ import { Row } from "./row.js";
 
 export { Letters, PositionError, TextError };
 
-const OK = 1; // of a status
 const DEGREES = "GEODEZ";
 const MILITARY = "UTMREF";
 const METRE_DIGITS = 5;
@@ -95,13 +94,15 @@ export class Tessara {
         const [handle, ...source] = head.split("\n");
         const conversion = {
             handle: Number(handle),
+            from: systemOf(from),
+            to: systemOf(to),
             source: parseFields(source),
             target: parseFields(target.split("\n")),
-            knowsHeight: systemOf(from) === "ECEF" && systemOf(to) !== "ECEF",
         };
+        conversion.knowsHeight = conversion.from === "ECEF" && conversion.to !== "ECEF";
         conversion.north = placeOf(NORTH_NAMES, conversion.source);
         conversion.east = placeOf(EAST_NAMES, conversion.source);
-        conversion.hasPair = conversion.north >= 0 && conversion.east >= 0 && systemOf(from) !== "ECEF";
+        conversion.hasPair = conversion.north >= 0 && conversion.east >= 0 && conversion.from !== "ECEF";
         conversion.givesPair = conversion.hasPair ? (1 << conversion.north) | (1 << conversion.east) : 0;
         if (this.#conversionCount >= MOST_CONVERSIONS) this.#forget();
         if (!this.#conversions.has(from)) this.#conversions.set(from, new Map());
@@ -124,7 +125,7 @@ export class Tessara {
     }
 
     // A value for each field of the source, and the height.
-    #arguments(conversion, given, from, options) {
+    #arguments(conversion, given, options) {
         const values = new Array(conversion.source.length + 1).fill(undefined);
         values[conversion.source.length] = options.height;
         if (given.length === 1) {
@@ -133,14 +134,14 @@ export class Tessara {
                 const k = conversion.source.findIndex((field) => field.name === name);
                 if (k >= 0) values[k] = fields[name];
                 else if (name === "height") values[conversion.source.length] = fields[name];
-                else if (name !== "status") throw new TypeError(`${systemOf(from)} has no field '${name}', but ${conversion.source.map((field) => field.name).join(", ")}`);
+                else if (name !== "status") throw new TypeError(`${conversion.from} has no field '${name}', but ${conversion.source.map((field) => field.name).join(", ")}`);
             }
             if (values.every((value, k) => value === undefined || k === conversion.source.length))
-                throw new TypeError(`pass fields of ${systemOf(from)}: ${conversion.source.map((field) => field.name).join(", ")}`);
+                throw new TypeError(`pass fields of ${conversion.from}: ${conversion.source.map((field) => field.name).join(", ")}`);
             return values;
         }
         if (!conversion.hasPair)
-            throw new TypeError(`${systemOf(from)} has no north and east: pass its fields in an object`);
+            throw new TypeError(`${conversion.from} has no north and east: pass its fields in an object`);
         values[conversion.north] = given[0];
         values[conversion.east] = given[1];
         return values;
@@ -153,7 +154,7 @@ export class Tessara {
         const isPair = typeof given[0] === "number" && typeof given[1] === "number";
         if (isPair && options.height === undefined && conversion.hasPair)
             return this.#single(conversion, this.#row.convertPair(conversion, given[0], given[1]));
-        const values = this.#arguments(conversion, given, from, options);
+        const values = this.#arguments(conversion, given, options);
         const count = countOf(values);
         const hasHeight = values[conversion.source.length] !== undefined || conversion.knowsHeight;
         if (count === null && !hasHeight) return this.#single(conversion, this.#row.convert(conversion, values));
@@ -164,13 +165,13 @@ export class Tessara {
             conversion.target.forEach((field, k) => {
                 result[field.name] = field.kind === "L" ? String.fromCharCode(...outputs[k]) : outputs[k][0];
             });
-            if (heights !== null && systemOf(to) !== "ECEF") result.height = heights[0];
+            if (heights !== null && conversion.to !== "ECEF") result.height = heights[0];
             return result;
         }
         conversion.target.forEach((field, k) => {
             result[field.name] = field.kind === "L" ? new Letters(outputs[k], field.width) : outputs[k];
         });
-        if (heights !== null && systemOf(to) !== "ECEF") result.height = heights;
+        if (heights !== null && conversion.to !== "ECEF") result.height = heights;
         result.status = statuses;
         return result;
     }
@@ -247,19 +248,7 @@ export class Tessara {
             return check.meanings[0];
         }
         const { system = "auto", datum = "WGS84" } = options;
-        const memory = this.#memory;
-        const size = Math.max(text.length, 1) * 8;
-        const place = memory.allocate(2 * size);
-        try {
-            const lines = text.map((line) => String(line).replaceAll("\n", " ")).join("\n");
-            memory.call("parseLines", lines, system, datum, place, place + size, text.length);
-            return {
-                latitude: memory.doubles.slice(place / 8, place / 8 + text.length),
-                longitude: memory.doubles.slice((place + size) / 8, (place + size) / 8 + text.length),
-            };
-        } finally {
-            memory.release(place);
-        }
+        return this.#block.parse(text, system, datum);
     }
 
     format(latitude, longitude, options = {}) {
@@ -267,16 +256,17 @@ export class Tessara {
         const { from = DEGREES, to = MILITARY, display = false, precision = 0, digits = METRE_DIGITS, truncate = false } = options;
         if (!Number.isInteger(digits) || digits < 0 || digits > METRE_DIGITS) throw new RangeError("a reference has 0 to 5 digits of each axis");
         const conversion = this.#prepare(from, to);
-        if (conversion.source.length !== 2) throw new TypeError(`${systemOf(from)} has more fields than north and east`);
-        const target = systemOf(to);
+        if (conversion.source.length !== 2) throw new TypeError(`${conversion.from} has more fields than north and east`);
+        const target = conversion.to;
         const isReference = target === MILITARY || target === "MGRS";
         const count = countOf([latitude, longitude]);
-        const isPlain = isReference && digits === METRE_DIGITS && !truncate && systemOf(from) === DEGREES;
+        const isPlain = isReference && digits === METRE_DIGITS && !truncate && conversion.from === DEGREES;
+        if (isPlain && count === null) return this.#reference(conversion, latitude, longitude);
         const given = [undefined, undefined, undefined];
         given[conversion.north] = latitude;
         given[conversion.east] = longitude;
         const lines = isPlain
-            ? this.#block.references(conversion, given, count ?? 1)
+            ? this.#block.references(conversion, given, count)
             : this.#block.lines(given[0], given[1], count ?? 1, (first, second, rows) =>
                 this.#memory.ask("format", conversion.handle, first, second, rows, display ? 1 : 0, precision,
                     isReference ? digits : NO_DIGITS, truncate ? 1 : 0));
@@ -290,10 +280,16 @@ export class Tessara {
         return { north: pairs.map((pair) => pair[0]), east: pairs.map((pair) => pair[1] ?? "") };
     }
 
+    #reference(conversion, latitude, longitude) {
+        const status = this.#row.convertPair(conversion, numberOf(latitude), numberOf(longitude));
+        if (status !== OK) throw this.#errorOf(status);
+        return this.#row.reference();
+    }
+
     show(latitude, longitude, { from = DEGREES, to = "UTM" } = {}) {
         this.#needAll();
         const conversion = this.#prepare(from, to);
-        if (conversion.source.length !== 2) throw new TypeError(`${systemOf(from)} has more fields than north and east`);
+        if (conversion.source.length !== 2) throw new TypeError(`${conversion.from} has more fields than north and east`);
         return JSON.parse(this.#memory.ask("show", conversion.handle, latitude, longitude));
     }
 

@@ -32,10 +32,19 @@ test("one reference and many are the same texts", () => {
     const many = tessara.format(latitudes, longitudes);
     const other = tessara.format(latitudes, longitudes, { from: "GEODEZ@WGS84" });
     assert.deepEqual(many, other);
-    for (let i = 0; i < many.length; i += 53) assert.equal(tessara.format(latitudes[i], longitudes[i]), many[i]);
-    // The slow way: each text by the writer of all systems.
-    const shown = tessara.show(latitudes[100], longitudes[100], { to: "UTMREF" });
-    assert.deepEqual(shown.texts, [many[100]]);
+    for (let i = 0; i < many.length; i += 53) {
+        assert.equal(tessara.format(latitudes[i], longitudes[i]), many[i]);
+        // The slow way: each text by the writer of all systems.
+        assert.deepEqual(tessara.show(latitudes[i], longitudes[i], { to: "UTMREF" }).texts, [many[i]]);
+    }
+    assert.deepEqual(new Set(many.map((text) => text.length)), new Set([14, 15])); // zones of one digit and of two
+});
+
+test("a position without a reference has an empty text among many", () => {
+    const [before, none, after] = tessara.format([48.1375, 91, 48.1375], [11.5755, 0, 11.5755]);
+    assert.deepEqual([before, none, after], ["32UPU9160334791", "", "32UPU9160334791"]);
+    assert.throws(() => tessara.format(91, 0), (error) => error.code !== "");
+    assert.throws(() => tessara.format("48", "11"), TypeError);
 });
 
 test("others have a north and an east text", () => {
@@ -64,6 +73,12 @@ test("many texts are read at once", () => {
     assert.ok(Number.isNaN(latitude[1]));
     assert.ok(Math.abs(latitude[2] - 48.1375) < 1e-4);
     assert.equal(latitude.length, 4);
+    const degrees = Array.from({ length: 10000 }, (_, i) => i / 125);
+    const many = tessara.parse(degrees.map((degree) => `${degree} ${degree / 2}`));
+    assert.deepEqual([...many.latitude], degrees);
+    assert.deepEqual([...many.longitude], degrees.map((degree) => degree / 2));
+    assert.equal(tessara.parse([]).latitude.length, 0);
+    assert.throws(() => tessara.parse([], { system: "nothing" }), TypeError);
 });
 
 test("any bytes are read or refused", () => {
