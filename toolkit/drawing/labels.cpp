@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <sstream>
 
 namespace tessara::toolkit {
 namespace {
@@ -32,6 +31,17 @@ double AdvanceOf(char c) {
     return WIDE;
 }
 
+std::vector<std::string> WordsOf(std::string_view utf8) {
+    constexpr std::string_view blanks = " \t\n\v\f\r";
+    std::vector<std::string> words;
+    for (;;) {
+        utf8.remove_prefix(std::min(utf8.find_first_not_of(blanks), utf8.size()));
+        if (utf8.empty()) return words;
+        words.emplace_back(utf8.substr(0, utf8.find_first_of(blanks)));
+        utf8.remove_prefix(words.back().size());
+    }
+}
+
 }  // namespace
 
 bool Box::Overlaps(const Box& other) const {
@@ -56,8 +66,7 @@ double TextWidth(std::string_view utf8, double size) {
 
 std::vector<std::string> WrapText(const std::string& utf8, double size, double width) {
     std::vector<std::string> lines(1);
-    std::istringstream words(utf8);
-    for (std::string word; words >> word;) {
+    for (const std::string& word : WordsOf(utf8)) {
         const std::string longer = lines.back().empty() ? word : lines.back() + " " + word;
         if (TextWidth(longer, size) <= width) {
             lines.back() = longer;

@@ -1,8 +1,8 @@
-// The lines of a stream, counted from 1, without a byte order mark at its start.
+// The lines of a text, counted from 1, without a byte order mark at its start.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <istream>
 #include <string>
 #include <string_view>
 
@@ -10,23 +10,26 @@ namespace tessara::toolkit {
 
 class LineReader {
   public:
-    explicit LineReader(std::istream& stream) : stream_(stream) {}
+    // The text outlives the reader.
+    explicit LineReader(std::string_view text) : rest_(text) {
+        if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);
+    }
 
     // Reads the next line without its line feed; a carriage return remains. Returns false at the end.
     bool Next(std::string* line) {
-        if (!std::getline(stream_, *line)) return false;
-        if (++number_ == 1 && line->starts_with("\xEF\xBB\xBF")) line->erase(0, 3);
+        if (rest_.empty()) return false;
+        const std::size_t end = std::min(rest_.find('\n'), rest_.size());
+        line->assign(rest_.substr(0, end));
+        rest_.remove_prefix(std::min(end + 1, rest_.size()));
+        ++number_;
         return true;
     }
-
-    // Whether part of the next line has arrived. False at the end.
-    [[nodiscard]] bool HasMore() { return stream_.rdbuf()->in_avail() > 0; }
 
     // The number of the last line.
     [[nodiscard]] std::size_t Number() const { return number_; }
 
   private:
-    std::istream& stream_;
+    std::string_view rest_;
     std::size_t number_ = 0;
 };
 

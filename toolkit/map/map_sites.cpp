@@ -1,7 +1,5 @@
 #include "map/map_sites.h"
 
-#include <sstream>
-
 #include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/positions.h"
@@ -79,8 +77,7 @@ template <class ReadText>
 std::vector<Site> ReadLines(const LayerFile& file, ReadText readText, std::vector<std::string>* problems) {
     std::vector<Site> sites;
     if (!file.wrong.empty()) problems->push_back(file.name + ": " + file.wrong);
-    std::istringstream stream(file.text);
-    LineReader lines(stream);
+    LineReader lines(file.text);
     for (std::string text; lines.Next(&text);) {
         const std::string where = file.name + ":" + std::to_string(lines.Number());
         SiteLine line = readText(text);
