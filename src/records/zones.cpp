@@ -59,9 +59,7 @@ bool StepAround(std::string_view ring, std::int32_t steps, char* letter) {
 }
 
 std::int16_t StepUtmZone(std::int16_t zone, std::int32_t delta) {
-    const std::int64_t sum = std::int64_t{zone} + delta;
-    if (sum >= 1 && sum <= UTM_ZONE_COUNT) return static_cast<std::int16_t>(sum);
-    const std::int64_t rest = sum % UTM_ZONE_COUNT;
+    const std::int64_t rest = (std::int64_t{zone} + delta) % UTM_ZONE_COUNT;
     return static_cast<std::int16_t>(rest >= 1 ? rest : rest + UTM_ZONE_COUNT);
 }
 

@@ -194,6 +194,21 @@ TEST(PolynomialMap, RefinesOnAtAnErrorOfExactlyATenth) {
     EXPECT_NEAR(ToWorld(ShiftedByColumns(0.2, 1.0), 0.0, 0.0).Degrees().longitude, -0.15, DEGREES);
 }
 
+// The same for rows, of which row 0 leads back to 0.1 or 0.2.
+TEST(PolynomialMap, RefinesRowsAsColumns) {
+    const auto shiftedByRows = [](double offset, double slope) {
+        MapParam map = ShiftedByColumns(0.0, 1.0);
+        auto params = Load<MapPolynomParams>(map);
+        params.pixelYFromWorld[0] = offset;
+        params.pixelYFromWorld[2] = slope;
+        Store(map, params);
+        return map;
+    };
+    for (double tenth : {0.1, -0.1})
+        EXPECT_EQ(ToWorld(shiftedByRows(tenth, 0.0), 0.0, 0.0).Degrees().latitude, 0.0);
+    EXPECT_NEAR(ToWorld(shiftedByRows(0.2, 1.0), 0.0, 0.0).Degrees().latitude, -0.15, DEGREES);
+}
+
 // Pixel (0, 0) is off by (-10, 3). With the inverse x = lon - 6 lat - 10, y = lat + 3 the error of round n
 // is (18 n - 10, 3) / 2^n: 10.4, then 4.3, up again to 6.5, and below a tenth in round 11. There lat =
 // 3/2048 - 3 and lon = 188/2048 + 10 + 6 lat.
