@@ -224,7 +224,6 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/systems/free_projections", "tests/systems/convert_many_test.cpp"},
     {"src/systems/projection", "tests/systems/convert_many_test.cpp"},
     {"src/systems/systems", "tests/systems/convert_test.cpp"},
-    {"src/text/rounding_guard", "tests/text/write_text_test.cpp"},
     {"src/text/utmref_pieces", "tests/text/coord_checker_utmref_test.cpp"},
 };
 

@@ -150,6 +150,34 @@ TEST(TmConstants, HoldTheClassicalArcOfTheBesselEllipsoid) {
     EXPECT_NEAR(inverse.arcTerm[2], 0.0000004, 1e-7);
 }
 
+// With d = e'^2 the arc is c times the integral of (1 + d cos^2)^(-3/2). Its binomial series has the terms
+// binom(-3/2, k) d^k cos^2k, and cos^2k has 2^(1 - 2k) binom(2k, k - j) as the factor of the cosine of the
+// 2j-fold, which an integral divides by 2j. The footpoint latitude has the factors 3n/2 - 27n^3/32, 21n^2/16
+// and 151n^3/96 (Helmert), and n = d/4 - d^2/8 + 5d^3/64.
+TEST(TmConstants, HoldTheTermsOfTheClassicalArcUpToTheirPowers) {
+    const TmConstants forward = ForwardConstants(GER);
+    const TmConstants inverse = InverseConstants(GER);
+    const double d = forward.secondEcc2;
+    // binom(-3/2, k) 2^(1 - 2k) for k = 1..4
+    constexpr double factors[] = {-3.0 / 4.0, 15.0 / 64.0, -35.0 / 512.0, 315.0 / 16384.0};
+    constexpr double binomials[3][4] = {{1.0, 4.0, 15.0, 56.0}, {0.0, 1.0, 6.0, 28.0}, {0.0, 0.0, 1.0, 8.0}};
+    for (int j = 1; j <= 3; ++j) {
+        double sum = 0.0;
+        for (int k = 1; k <= 4; ++k)
+            sum += factors[k - 1] * binomials[j - 1][k - 1] * std::pow(d, k);
+        const double expected = forward.polarRadius * sum / (2.0 * j);
+        EXPECT_NEAR(forward.arcTerm[j - 1], expected, 1e-14 * std::fabs(expected)) << j;
+    }
+    const double n = d / 4.0 - d * d / 8.0 + 5.0 * d * d * d / 64.0;
+    const double n2 = d * d / 16.0 - d * d * d / 16.0;
+    const double n3 = d * d * d / 64.0;
+    const double footpoint[] = {1.5 * n - 27.0 / 32.0 * n3, 21.0 / 16.0 * n2, 151.0 / 96.0 * n3};
+    for (int j = 0; j < 3; ++j) {
+        const double expected = footpoint[j] / DEGREE;
+        EXPECT_NEAR(inverse.arcTerm[j], expected, 1e-14 * expected) << j;
+    }
+}
+
 TEST(TmConstants, HoldTheSecondEccentricityAndThePolarRadiusOfWgs84) {
     // NIMA TR 8350.2, third edition, table 3.3: e'^2 6.73949674228e-3, c 6399593.6258 m.
     const TmConstants c = ForwardConstants(DATUM_WGS84);

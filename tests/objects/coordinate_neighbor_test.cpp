@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "records/koord_shift.h"
 #include "support/coords.h"
+#include "support/legal_positions.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
 #include "support/records.h"
@@ -17,6 +19,11 @@ using testing::SameRecord;
 using testing::Strip;
 using testing::Utm;
 using testing::Utmref;
+
+// Of metres, pixels, or whole degrees; the others step by a ten thousandth of a degree.
+bool StepsByOne(std::int32_t system) {
+    return system != KOORD_GEODEZ && system != KOORD_GEOGRAD && system != KOORD_GEODEZMIN;
+}
 
 class CoordinateNeighborTest : public testing::BalancedTest {
   protected:
@@ -78,6 +85,17 @@ TEST_F(CoordinateNeighborTest, GridsStepByAMetre) {
         Load<UtmrefPayload>(NeighborOf(Utmref(32, 'U', "QA", 0, 0), &ICoordinateNeighbor::GetWestNeighbor));
     EXPECT_EQ(square.column, 'P');
     EXPECT_EQ(square.easting, 99999);
+}
+
+TEST_F(CoordinateNeighborTest, StepsAreMetresDegreesAndPixelsInEverySystem) {
+    testing::Random random(35);
+    for (const testing::LegalArea& area : testing::LEGAL_AREAS) {
+        if (area.system == KOORD_ING) continue;  // its shifts lose fractions of a metre
+        const tagKOORD here = testing::RandomLegal(area, &random);
+        const double step = StepsByOne(area.system) ? 1.0 : 0.0001;
+        const tagKOORD east = NeighborOf(here, &ICoordinateNeighbor::GetEastNeighbor);
+        EXPECT_NEAR(koord::Difference(Axis::East, here, east), step, 1e-4 * step) << area.system;
+    }
 }
 
 TEST_F(CoordinateNeighborTest, TheNorthernPixelIsInTheRowBelow) {

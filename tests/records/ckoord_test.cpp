@@ -175,6 +175,20 @@ TEST(CKoordTest, TheHeightIsComputedAnewForEachOtherPositionAndDatum) {
     EXPECT_NE(heightAt({EQUATOR, 0.0, 1.0}, DATUM_WGS84), 55.0);
 }
 
+// At the second place the coordinate that changes is 0, as in a cache that doesn't know it.
+TEST(CKoordTest, TheHeightIsComputedAnewWhereACoordinateReturnsToZero) {
+    const auto heightAfter = [](const EcefPayload& first, const EcefPayload& second) {
+        CKoord koord = EcefRecord(first.x, first.y, first.z);
+        EXPECT_GT(koord.GetHeight(), 500.0);
+        Store(koord, second);
+        return koord.GetHeight();
+    };
+    // Metres: on the equator, and to the rounding of 6.4e6 m.
+    EXPECT_NEAR(heightAfter({EQUATOR, 100000.0, 0.0}, {EQUATOR, 0.0, 0.0}), 0.0, 1e-6);
+    EXPECT_NEAR(heightAfter({EQUATOR, 0.0, 100000.0}, {EQUATOR, 0.0, 0.0}), 0.0, 1e-6);
+    EXPECT_NEAR(heightAfter({100000.0, EQUATOR, 0.0}, {0.0, EQUATOR, 0.0}), 0.0, 1e-6);
+}
+
 TEST(CKoordTest, AFailingConversionGivesTheHeightZero) {
     CKoord koord = EcefRecord(EQUATOR, 0.0, 0.0);
     koord.datum = 999;

@@ -392,6 +392,29 @@ TEST(RangeCheckRecord, GaussKruegerIsJudgedByThePositionItStandsFor) {
     EXPECT_EQ(gk(KOORD_GK6, 30900000.0, 1000.0), KOORD_ERR_GK_EAST);
 }
 
+// A degree at the poles is 111.694 km long on the ellipsoid and 0.994 of that on the plane, and a little more
+// further out: 1000 km from the pole is about 9 degrees, and 1200 km nearly 11.
+TEST(RangeCheckRecord, UpsIsJudgedByItsLetterAndThePositionItStandsFor) {
+    const auto ups = [](char hemisphere, double fromPole) {
+        UpsPayload payload{};
+        payload.hemisphere = hemisphere;
+        payload.easting = 2000000.0 + fromPole;
+        payload.northing = 2000000.0;
+        tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_UPS);
+        Store(record, payload);
+        return OfRecord(record);
+    };
+    for (const char hemisphere : {'N', 'S'}) {
+        EXPECT_EQ(ups(hemisphere, 0.0), KOORD_OK);
+        EXPECT_EQ(ups(hemisphere, 1.0e6), KOORD_OK);
+        EXPECT_EQ(ups(hemisphere, -1.0e6), KOORD_OK);
+        EXPECT_EQ(ups(hemisphere, 1.2e6), KOORD_ERR_UPS);
+        EXPECT_EQ(ups(hemisphere, -1.2e6), KOORD_ERR_UPS);
+    }
+    for (const char other : {'n', 's', 'X', '\0'})
+        EXPECT_EQ(ups(other, 1.0e6), KOORD_ERR_UPS) << other;
+}
+
 TEST(RangeCheckRecord, TheAustrianGridsAreJudgedByThePositionTheyStandFor) {
     const struct {
         std::int32_t type;
