@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "lines/words.h"
+
 namespace tessara::toolkit {
 namespace {
 
@@ -29,17 +31,6 @@ double AdvanceOf(char c) {
     if (c >= 'a' && c <= 'z' && c != 'm' && c != 'w') return LETTER;
     if (c >= 'A' && c <= 'Z' && c != 'M' && c != 'W') return CAPITAL;
     return WIDE;
-}
-
-std::vector<std::string> WordsOf(std::string_view utf8) {
-    constexpr std::string_view blanks = " \t\n\v\f\r";
-    std::vector<std::string> words;
-    for (;;) {
-        utf8.remove_prefix(std::min(utf8.find_first_not_of(blanks), utf8.size()));
-        if (utf8.empty()) return words;
-        words.emplace_back(utf8.substr(0, utf8.find_first_of(blanks)));
-        utf8.remove_prefix(words.back().size());
-    }
 }
 
 }  // namespace

@@ -16,6 +16,14 @@ TEST(TrimBlanks, LeavesNothingOfBlanks) {
     EXPECT_EQ(TrimBlanks(" \t\r\n\v\f"), "");
 }
 
+TEST(WordsOf, AreWhatBlanksSeparate) {
+    using Words = std::vector<std::string>;
+    EXPECT_EQ(WordsOf(""), Words{});
+    EXPECT_EQ(WordsOf(" \t"), Words{});
+    EXPECT_EQ(WordsOf("32U"), Words{"32U"});
+    EXPECT_EQ(WordsOf("\t32  U\r\nPU "), (Words{"32", "U", "PU"}));
+}
+
 TEST(Joined, HasOneSpaceBetweenWords) {
     EXPECT_EQ(Joined({}), "");
     EXPECT_EQ(Joined({"32"}), "32");
