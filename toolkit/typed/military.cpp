@@ -1,6 +1,7 @@
 #include "typed/military.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -37,6 +38,30 @@ Reference UtmOf(const Reference& target) {
     return utm;
 }
 
+// The leading digits of metres within a square.
+void AppendDigits(std::int32_t metres, int count, std::string* text) {
+    std::array<char, MOST_DIGITS> digits;
+    std::for_each(digits.rbegin(), digits.rend(), [&metres](char& digit) {
+        digit = static_cast<char>('0' + metres % 10);
+        metres /= 10;
+    });
+    text->append(digits.data(), static_cast<std::size_t>(count));
+}
+
+std::string TextOf(const UtmrefPayload& reference, int digits) {
+    std::string text = std::to_string(reference.zone);
+    text += {reference.band, reference.column, reference.row};
+    AppendDigits(reference.easting, digits, &text);
+    AppendDigits(reference.northing, digits, &text);
+    return text;
+}
+
+// Whether the metre next to a position in such a square may lie beyond the ends of the system.
+bool TouchesAnEnd(const UtmrefPayload& reference) {
+    return reference.zone == 1 || reference.zone == UTM_ZONE_COUNT || reference.band == 'C' ||
+           reference.band == 'X';
+}
+
 }  // namespace
 
 std::optional<int> DigitsOfSide(std::string_view side) {
@@ -46,7 +71,23 @@ std::optional<int> DigitsOfSide(std::string_view side) {
 }
 
 ReferenceWriter::ReferenceWriter(const Reference& target, const ReferenceDigits& digits)
-    : datum_(target.datum), digits_(digits), toUtm_(target.datum, UtmOf(target)) {}
+    : datum_(target.datum),
+      digits_(digits),
+      isNearestMetre_(digits.count == MOST_DIGITS && !digits.isTruncated && target.parameters.empty()),
+      toUtm_(target.datum, UtmOf(target)) {}
+
+// Without the way over the grid, which ends at the same reference: a conversion rounds to the metre. A UTM
+// position keeps its zone.
+std::optional<UtmrefPayload> ReferenceWriter::NearestMetre(const CKoord& source) const {
+    if (!isNearestMetre_ || source.type == KOORD_UTM) return std::nullopt;
+    tagKOORD reference = MakeKoord(datum_, KOORD_UTMREF);
+    UtmrefPayload p{};
+    p.wantedZone = NO_WANTED_ZONE;
+    Store(reference, p);
+    if (KoordConvert(&source, &reference) != KOORD_OK) return std::nullopt;
+    p = Load<UtmrefPayload>(reference);
+    return TouchesAnEnd(p) ? std::nullopt : std::optional(p);
+}
 
 // The reference of a grid position in the zone of `utm`.
 std::optional<UtmrefPayload> ReferenceWriter::At(const CKoord& utm, double easting, double northing) const {
@@ -64,6 +105,10 @@ std::optional<UtmrefPayload> ReferenceWriter::At(const CKoord& utm, double easti
 }
 
 KoordStatus ReferenceWriter::Write(const CKoord& source, std::string* text) const {
+    if (const auto nearest = NearestMetre(source)) {
+        *text = TextOf(*nearest, digits_.count);
+        return KOORD_OK;
+    }
     CKoord utm;
     const KoordStatus status = toUtm_.Convert(source, &utm);
     if (status != KOORD_OK) return status;
@@ -82,9 +127,7 @@ KoordStatus ReferenceWriter::Write(const CKoord& source, std::string* text) cons
     // that contains the position does.
     if (!reference) reference = At(utm, std::floor(easting), std::floor(northing));
     if (!reference) return KOORD_ERR_OUTSIDE;
-    *text = std::to_string(reference->zone) + reference->band +
-            SquareText(std::string{reference->column, reference->row}, reference->easting,
-                       reference->northing, digits_.count);
+    *text = TextOf(*reference, digits_.count);
     return KOORD_OK;
 }
 

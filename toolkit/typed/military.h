@@ -29,10 +29,12 @@ class ReferenceWriter {
     [[nodiscard]] KoordStatus Write(const CKoord& source, std::string* text) const;
 
   private:
+    [[nodiscard]] std::optional<UtmrefPayload> NearestMetre(const CKoord& source) const;
     [[nodiscard]] std::optional<UtmrefPayload> At(const CKoord& utm, double easting, double northing) const;
 
     std::int32_t datum_;
     ReferenceDigits digits_;
+    bool isNearestMetre_;
     Conversion toUtm_;
 };
 

@@ -11,6 +11,8 @@
 #include "conversion/fields.h"
 #include "conversion/names.h"
 #include "conversion/results.h"
+#include "support/random.h"
+#include "tessara/kernel/convert.h"
 #include "tessara/kernel/systems.h"
 #include "typed/typed_reader.h"
 
@@ -279,6 +281,34 @@ TEST(ReferenceWriter, RoundsOrTruncates) {
     EXPECT_EQ(textOf(4, false), "32UPU91603479");
     EXPECT_EQ(textOf(3, false), "32UPU916348");
     EXPECT_EQ(textOf(1, false), "32UPU93");
+}
+
+// To the metre, degrees need no way over the grid, which their UTM position takes. Anywhere and beside the
+// borders of zones, bands, the equator and the system.
+TEST(ReferenceWriter, WritesDegreesAsTheirUtmPosition) {
+    testing::Random random(27);
+    for (const std::int32_t datum : {DATUM_WGS84, 3}) {
+        const ReferenceWriter writer({.datum = datum, .system = KOORD_UTMREF}, {5, false});
+        for (int i = 0; i < 3000; ++i) {
+            const auto beside = [&random](double border) {
+                constexpr double distances[] = {0.0, 1e-9, 4e-6, 8e-6, 1e-3};
+                return border + random.OneOf(distances) * (random.Below(2) == 0 ? 1.0 : -1.0);
+            };
+            const bool isBesideBand = random.Below(3) == 0;
+            const bool isBesideZone = random.Below(3) == 0;
+            tagKOORD degrees = MakeKoord(datum, KOORD_GEODEZ);
+            Store(degrees,
+                  GeodezPayload{
+                      isBesideBand ? beside(4.0 * random.Below(42) - 80.0) : random.Between(-80.0, 84.0),
+                      isBesideZone ? beside(6.0 * random.Below(61) - 180.0) : random.Between(-180.0, 180.0),
+                      0.0});
+            CKoord utm = DefaultRecord({.datum = datum, .system = KOORD_UTM});
+            if (KoordConvert(&degrees, &utm) != KOORD_OK) continue;
+            std::string text, textOfUtm;
+            EXPECT_EQ(writer.Write(CKoord(degrees), &text), writer.Write(utm, &textOfUtm));
+            EXPECT_EQ(text, textOfUtm);
+        }
+    }
 }
 
 }  // namespace
