@@ -42,7 +42,7 @@ struct Utm {
         const double dLon = (longitude - meridian) * RADIANS_PER_DEGREE;
         const Plane plane = tm.PlaneOf(block, row, dLon);
         const double ka = UTM_SCALE * tm.a;
-        const double north = NorthOfEquator(block.latitude[row], ka * plane.north + 0.0);
+        const double north = NorthOfEquator(block.latitude[row], ka * plane.north);
         block.east[row] = ka * plane.east + ZONE_FALSE_EASTING;
         block.north[row] = UtmNorthing(north);
         block.south[row] = north < 0.0 ? 1.0 : 0.0;
@@ -122,7 +122,7 @@ struct Strip {
         const double side = numbered < 0.0 ? -1.0 : 1.0;
         const double strip = Trunc((numbered + side * offset) / width);
         block.east[row] = strip * STRIP_MILLION + side * easting;
-        block.north[row] = ka * plane.north + 0.0;
+        block.north[row] = ka * plane.north;
         block.Refuse(row, !AllOf(std::fabs(natural) <= 180.0, easting >= 0.0, easting <= STRIP_EASTING_END));
     }
 };

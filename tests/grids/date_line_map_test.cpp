@@ -28,6 +28,9 @@ TEST_F(DateLineMap, IsTheMapItselfWhereTheWindowEndsBeforeTheLine) {
     EXPECT_EQ(MapOverDateLine(before, WINDOW).Get(), before.Get());
     const auto over = DegreeMap(178.0, 10.0, 100.0);
     EXPECT_NE(MapOverDateLine(over, WINDOW).Get(), over.Get());
+    // -181 to -173 degrees: of nine columns of samples the first alone lies beyond the line.
+    const auto west = DegreeMap(-181.0, 10.0, 100.0);
+    EXPECT_NE(MapOverDateLine(west, {0, 0, 800, 200}).Get(), west.Get());
 }
 
 TEST_F(DateLineMap, APositionHasThePixelClosestToTheWindow) {

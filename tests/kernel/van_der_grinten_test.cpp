@@ -171,6 +171,17 @@ TEST(VdgToGeodetic, ThePoleReadsBack) {
     EXPECT_NEAR(ToGeodetic({0.0, 0.0, 0.0, -RADIUS}).latitude, -90.0, 1e-5);
 }
 
+// Where the three roots meet, rounding may leave the cosine of their angle a little above 1.
+TEST(VdgToGeodetic, PointsAroundAPoleReadBackAsThePole) {
+    std::mt19937_64 random(8);
+    std::uniform_real_distribution<double> metres(-1e-4, 1e-4);
+    for (int i = 0; i < 20000; ++i) {
+        const double pole = i % 2 == 0 ? RADIUS : -RADIUS;
+        const Position p = ToGeodetic({0.0, 0.0, metres(random), pole + metres(random)});
+        ASSERT_NEAR(p.latitude, std::copysign(90.0, pole), 1e-3) << i;
+    }
+}
+
 TEST(VdgToGeodetic, TheCubicHasARootForEveryPointOfThePlane) {
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> exponent(-9.0, 30.0);

@@ -1,4 +1,4 @@
-"""Runs the tests that reach a change, the nearest and fastest first, until one fails."""
+"""Runs the tests that reach a change, those of its source and the fastest first, until one fails."""
 import os
 import re
 import resource
@@ -41,20 +41,16 @@ class Judge:
         self.most_seconds = most_seconds
         self.files = files_by_suite()
 
-    def distance(self, test, change):
-        """0 for the tests of the source itself, 1 for those of its room, 2 for all others."""
+    def is_mirrored(self, test, change):
+        """Whether a test stands in the file by the name of the source."""
         mirrored = ROOT / "tests" / change.path.relative_to(ROOT / "src").parent / f"{change.path.stem}_test.cpp"
-        names = test.split(".")[0].split("/")
-        files = set().union(*(self.files.get(name, set()) for name in names))
-        if mirrored in files:
-            return 0
-        return 1 if mirrored.parent in {file.parent for file in files} else 2
+        return any(mirrored in self.files.get(name, ()) for name in test.split(".")[0].split("/"))
 
     def batches(self, change):
         tests = self.reach.tests(change)
         if change.path.parent.name not in ROOMS_OF_THE_LONGEST:
             tests = [test for test in tests if not LONGEST.search(test)]
-        tests.sort(key=lambda test: (self.distance(test, change), self.reach.time(test)))
+        tests.sort(key=lambda test: (not self.is_mirrored(test, change), self.reach.time(test)))
         batch, total, limits = [], 0.0, iter(BATCHES)
         limit = next(limits)
         for test in tests:

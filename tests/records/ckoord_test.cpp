@@ -189,6 +189,15 @@ TEST(CKoordTest, TheHeightIsComputedAnewWhereACoordinateReturnsToZero) {
     EXPECT_NEAR(heightAfter({100000.0, EQUATOR, 0.0}, {0.0, EQUATOR, 0.0}), 0.0, 1e-6);
 }
 
+// The semi-major axis of the Bessel ellipsoid is 6377397.155 m.
+TEST(CKoordTest, TheHeightIsComputedAnewWhereTheDatumReturns) {
+    CKoord koord = EcefRecord(EQUATOR, 0.0, 0.0);
+    koord.datum = 3;
+    EXPECT_NEAR(koord.GetHeight(), EQUATOR - 6377397.155, 1e-3);
+    koord.datum = DATUM_WGS84;
+    EXPECT_NEAR(koord.GetHeight(), 0.0, 1e-6);
+}
+
 TEST(CKoordTest, AFailingConversionGivesTheHeightZero) {
     CKoord koord = EcefRecord(EQUATOR, 0.0, 0.0);
     koord.datum = 999;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <memory>
+#include <vector>
 
 #include "support/instruction_sets.h"
 #include "support/legal_positions.h"
@@ -28,7 +29,7 @@ Records OrdinaryRecords(testing::Random& random, const testing::LegalArea& area)
         const double longitude = random.Between(std::max(area.west, -179.0), std::min(area.east, 179.0));
         const tagKOORD degrees = GeodezRecord(latitude, longitude);
         tagKOORD record = testing::WithParameters(area.system, DATUM_WGS84);
-        EXPECT_EQ(KoordConvert(&degrees, &record), KOORD_OK);
+        EXPECT_EQ(KoordConvertEx(&degrees, &record, 0), KOORD_OK);
         records.push_back(record);
     }
     return records;
@@ -54,7 +55,10 @@ std::size_t SpecialRows(const Records& sources, const tagKOORD& target, Instruct
 // A row that the formulas of a block refuse has the right result all the same, from a single conversion.
 TEST(BlockConversion, ConvertsOrdinaryPositionsItself) {
     testing::Random random(32);
-    for (const testing::LegalArea& area : testing::LEGAL_AREAS) {
+    std::vector<testing::LegalArea> areas(std::begin(testing::LEGAL_AREAS), std::end(testing::LEGAL_AREAS));
+    areas.push_back({KOORD_TM, 47.5, 49.5, 9.5, 12.0});
+    areas.push_back({KOORD_LAMBERTCC, 40.0, 55.0, 0.0, 20.0});
+    for (const testing::LegalArea& area : areas) {
         if (IsPixelType(area.system)) continue;
         const Records records = OrdinaryRecords(random, area);
         if (SystemOf(records[0]).blocks == nullptr) continue;

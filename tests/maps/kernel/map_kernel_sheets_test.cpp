@@ -68,6 +68,7 @@ TEST_P(SheetTest, ReadsAPositionFromItsPixel) {
         EXPECT_NEAR(world.Degrees().longitude, row.Number(2),
                     degrees / std::cos(latitude / DEGREES_PER_RADIAN))
             << row.place;
+        EXPECT_EQ(world.Degrees().height, 0.0) << row.place;
     }
 }
 
