@@ -174,6 +174,18 @@ TEST(ConvertManyEquality, HoldsOnTheBordersOfZones) {
         ExpectManyGiveTheSame(sources, Records(sources.size(), NaturalTarget(type)), RangeCheck::Off);
 }
 
+// Strips of KKJ count from 18 degrees, so that the last ones lie beyond the meridian 180.
+TEST(ConvertManyEquality, HoldsForStripsOfKkjAllAroundTheEarth) {
+    Records degrees;
+    for (int i = -359; i < 360; ++i)
+        degrees.push_back(GeodezRecord(60.0, 0.5 * i, 0.0, DATUM_KKJ));
+    const Records strips(degrees.size(), NaturalTarget(KOORD_GK, DATUM_KKJ));
+    ExpectManyGiveTheSame(degrees, strips, RangeCheck::Off);
+    const Records sources = ConvertedOneByOne(degrees, strips, RangeCheck::Off).records;
+    ExpectManyGiveTheSame(sources, Records(sources.size(), MakeKoord(DATUM_KKJ, KOORD_GEODEZ)),
+                          RangeCheck::Off);
+}
+
 // Blocks begin and end in runs of any length.
 TEST(ConvertManyEquality, HoldsForRunsOfAnyLength) {
     testing::Random random(21);
