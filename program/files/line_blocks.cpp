@@ -110,8 +110,9 @@ class LineBlocks final : public RecordBlocks {
     std::string_view HeldRow(std::size_t begin) {
         while (true) {
             const std::string_view row = FirstRecord(input_.Held().substr(begin), form_, separator_);
-            const bool isOpen = begin + row.size() == input_.Held().size() && EndsInQuotes(row, separator_);
-            if (!isOpen || row.size() > LONGEST_ROW) return row;
+            const bool isAtEnd = begin + row.size() == input_.Held().size();
+            const bool isWhole = !isAtEnd || (row.ends_with('\n') && !EndsInQuotes(row, separator_));
+            if (isWhole || row.size() > LONGEST_ROW) return row;
             // The buffer moves when it reads, at the end of the file, too.
             const std::size_t size = row.size();
             if (!input_.ReadMore()) return input_.Held().substr(begin, size);
