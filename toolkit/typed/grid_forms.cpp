@@ -577,7 +577,8 @@ bool ReadPlainReference(std::string_view text, const Blank& blank, Reading* read
     if (!areDigits || !std::all_of(letters.begin(), letters.end(), IsCapital)) return false;
 
     std::int32_t zone = 0;
-    std::from_chars(text.data(), text.data() + zoneDigits, zone);
+    for (const char digit : text.substr(0, zoneDigits))
+        zone = 10 * zone + (digit - '0');
     if (!IsUtmZone(zone)) return false;
     const std::size_t count = digits.size() / 2;
     *reading = MakeReference(

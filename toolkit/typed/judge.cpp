@@ -20,6 +20,7 @@ constexpr double SAME_METRE = 0.01;
 
 // Steps per axis in the search for a legal position near the typed digits.
 constexpr int SEARCH_STEPS = 6;
+constexpr std::int32_t CHECKED = 1;  // by KoordConvertMany, against the limits of the target
 
 const Fault NO_SQUARE{"square", "zone and band do not contain this square", {}};
 
@@ -123,6 +124,15 @@ tagKOORD DegreesRecord(const tagKOORD& record, KoordStatus* status) {
     return degrees;
 }
 
+// Of the zone that a position lies in.
+tagKOORD NaturalReference(const tagKOORD& reference) {
+    tagKOORD natural = MakeKoord(static_cast<std::int32_t>(reference.datum), KOORD_UTMREF);
+    UtmrefPayload p{};
+    p.wantedZone = NO_WANTED_ZONE;
+    Store(natural, p);
+    return natural;
+}
+
 // Moves a record by metres, in a system with metric axes.
 tagKOORD Moved(const tagKOORD& record, double east, double north) {
     tagKOORD moved = record;
@@ -211,12 +221,29 @@ bool IsWrittenAgain(const tagKOORD& reference) {
     KoordStatus status = KOORD_OK;
     const tagKOORD degrees = DegreesRecord(reference, &status);
     if (status != KOORD_OK) return false;
-    tagKOORD natural = MakeKoord(static_cast<std::int32_t>(reference.datum), KOORD_UTMREF);
-    UtmrefPayload p{};
-    p.wantedZone = NO_WANTED_ZONE;
-    Store(natural, p);
+    tagKOORD natural = NaturalReference(reference);
     return KoordConvert(&degrees, &natural) == KOORD_OK && ZoneOf(natural) == ZoneOf(reference) &&
            IsWrittenAs(reference, natural);
+}
+
+std::vector<std::optional<GeodezPayload>> DegreesOfWrittenAgain(std::span<const tagKOORD> references) {
+    const std::size_t count = references.size();
+    if (count == 0) return {};
+    const auto datum = static_cast<std::int32_t>(references.front().datum);
+    std::vector<tagKOORD> degrees(count, MakeKoord(datum, KOORD_GEODEZ));
+    std::vector<tagKOORD> naturals(count, NaturalReference(references.front()));
+    std::vector<KoordStatus> read(count);
+    std::vector<KoordStatus> written(count);
+    KoordConvertMany(references.data(), degrees.data(), count, CHECKED, read.data());
+    KoordConvertMany(degrees.data(), naturals.data(), count, CHECKED, written.data());
+    std::vector<std::optional<GeodezPayload>> found(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool isAgain = read[i] == KOORD_OK && written[i] == KOORD_OK && IsFinite(degrees[i]) &&
+                             ZoneOf(naturals[i]) == ZoneOf(references[i]) &&
+                             IsWrittenAs(references[i], naturals[i]);
+        if (isAgain) found[i] = Load<GeodezPayload>(degrees[i]);
+    }
+    return found;
 }
 
 bool DegreesOf(const tagKOORD& record, GeodezPayload* degrees) {

@@ -1,6 +1,10 @@
 // Checks whether a record is a position that the library accepts.
 #pragma once
 
+#include <optional>
+#include <span>
+#include <vector>
+
 #include "tessara/tessara.h"
 #include "typed/result.h"
 
@@ -26,6 +30,10 @@ class Judge {
 // Whether a conversion writes a military reference again for its own position. Then a judge finds no fault in
 // it, along a way that takes many times as long.
 [[nodiscard]] bool IsWrittenAgain(const tagKOORD& reference);
+
+// The same for many at once, all on one datum: the degrees of those that are.
+[[nodiscard]] std::vector<std::optional<GeodezPayload>> DegreesOfWrittenAgain(
+    std::span<const tagKOORD> references);
 
 // Converts a record to degrees on its own datum; false if that fails.
 [[nodiscard]] bool DegreesOf(const tagKOORD& record, GeodezPayload* degrees);

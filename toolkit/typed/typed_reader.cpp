@@ -123,13 +123,44 @@ const Blank& TypedReader::BlankOf(std::int32_t system) const {
 }
 
 TypedResult TypedReader::Read(std::string_view text) const {
-    const std::int32_t system = wanted_.reference.system;
     Reading reference;
-    if ((system == NO_SYSTEM || system == KOORD_UTMREF) &&
-        ReadPlainReference(text, BlankOf(KOORD_UTMREF), &reference) && IsWrittenAgain(reference.record))
+    if (ReadReference(text, &reference) && IsWrittenAgain(reference.record))
         return {{std::move(reference)}, {}};
     const std::array texts{text};
     return ResultOf(ReadTexts(texts, Texts::One), texts);
+}
+
+bool TypedReader::ReadReference(std::string_view text, Reading* reference) const {
+    const std::int32_t system = wanted_.reference.system;
+    return (system == NO_SYSTEM || system == KOORD_UTMREF) &&
+           ReadPlainReference(text, BlankOf(KOORD_UTMREF), reference);
+}
+
+void TypedReader::ReadDegrees(std::span<const std::string_view> texts,
+                              std::span<GeodezPayload> degrees) const {
+    std::vector<tagKOORD> references;
+    std::vector<std::size_t> places;
+    references.reserve(texts.size());
+    places.reserve(texts.size());
+    Reading reference;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (ReadReference(texts[i], &reference)) {
+            references.push_back(reference.record);
+            places.push_back(i);
+        } else {
+            degrees[i] = DegreesIn(texts[i]);
+        }
+    }
+    const auto found = DegreesOfWrittenAgain(references);
+    for (std::size_t k = 0; k < places.size(); ++k)
+        degrees[places[k]] = found[k] ? *found[k] : DegreesIn(texts[places[k]]);
+}
+
+GeodezPayload TypedReader::DegreesIn(std::string_view text) const {
+    const TypedResult result = Read(text);
+    GeodezPayload degrees{};
+    if (result.IsRead() && DegreesOf(result.readings[0].record, &degrees)) return degrees;
+    return {std::nan(""), std::nan(""), 0.0};
 }
 
 TypedResult TypedReader::Read(std::string_view north, std::string_view east) const {

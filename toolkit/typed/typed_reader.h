@@ -36,6 +36,8 @@ class TypedReader {
 
     // Reads a position in one text.
     [[nodiscard]] TypedResult Read(std::string_view text) const;
+    // Reads many texts, each with a position, as degrees on their own datum: NaN for those that aren't read.
+    void ReadDegrees(std::span<const std::string_view> texts, std::span<GeodezPayload> degrees) const;
     // Reads a position in two texts, north first unless letters swap them. Texts that are not a pair are read
     // as the two halves of one text.
     [[nodiscard]] TypedResult Read(std::string_view north, std::string_view east) const;
@@ -52,6 +54,9 @@ class TypedReader {
         bool hasForm = false;  // whether the text has the form of a system, valid or not
     };
 
+    // Whether a text is a reference in the form that lists have; it may contradict itself.
+    [[nodiscard]] bool ReadReference(std::string_view text, Reading* reference) const;
+    [[nodiscard]] GeodezPayload DegreesIn(std::string_view text) const;
     [[nodiscard]] Attempt ReadTexts(std::span<const std::string_view> texts, Texts kind) const;
     [[nodiscard]] Attempt ReadPair(std::string_view north, std::string_view east) const;
     [[nodiscard]] Attempt ReadTokens(const Tokens& tokens, Texts kind) const;

@@ -108,15 +108,17 @@ Outcome ParseLines(const char* text, std::size_t textSize, const char* system, s
     return Try([&] {
         const toolkit::TypedReader reader(
             WantedOf(std::string(system, systemSize), std::string(datum, datumSize)));
+        std::vector<std::string_view> lines(count);
         std::string_view rest = TextAt(text, textSize);
+        for (std::string_view& line : lines) {
+            line = rest.substr(0, rest.find('\n'));
+            rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        }
+        std::vector<GeodezPayload> degrees(count);
+        reader.ReadDegrees(lines, degrees);
         for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t end = std::min(rest.find('\n'), rest.size());
-            const toolkit::TypedResult result = reader.Read(rest.substr(0, end));
-            rest.remove_prefix(std::min(end + 1, rest.size()));
-            GeodezPayload degrees{std::nan(""), std::nan(""), 0.0};
-            if (result.IsRead()) (void)toolkit::DegreesOf(result.readings[0].record, &degrees);
-            latitudes[i] = degrees.latitude;
-            longitudes[i] = degrees.longitude;
+            latitudes[i] = degrees[i].latitude;
+            longitudes[i] = degrees[i].longitude;
         }
     });
 }

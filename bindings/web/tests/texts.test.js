@@ -81,6 +81,17 @@ test("many texts are read at once", () => {
     assert.throws(() => tessara.parse([], { system: "nothing" }), TypeError);
 });
 
+test("references among many texts are read as each by itself", () => {
+    // The last ones have no such square, no such band and no such zone.
+    const texts = ["32UPU9160334791", "32UPU916348", "4QFJ12345678", "1 2", "32U PU 91603 34791", "32UAA9160334791", "32IPU9160334791", "61UPU9160334791"];
+    const { latitude, longitude } = tessara.parse(texts);
+    texts.forEach((text, i) => {
+        const alone = tessara.check(text).good ? tessara.parse(text) : { latitude: NaN, longitude: NaN };
+        assert.deepEqual([latitude[i], longitude[i]], [alone.latitude, alone.longitude], text);
+    });
+    assert.deepEqual([...latitude].map(Number.isNaN), [false, false, false, false, false, true, true, true]);
+});
+
 test("any bytes are read or refused", () => {
     let count = 0;
     for (const corpus of ["typed", "texts"]) {

@@ -376,6 +376,30 @@ TEST(TypedReader, ReadsPlainReferencesAsItReadsThemWithBlanks) {
     EXPECT_LT(readCount, 4500);
 }
 
+TEST(TypedReader, ReadsManyTextsAsItReadsEach) {
+    Random random(27);
+    for (const char* const wanted : {"", "UTMREF", "UTMREF@GER", "UTM"}) {
+        const TypedReader reader = ReaderOf(wanted);
+        const std::int32_t datum = wanted == std::string_view("UTMREF@GER") ? 3 : DATUM_WGS84;
+        std::vector<std::string> words;
+        for (int i = 0; i < 1000; ++i)
+            words.push_back(i % 3 > 0 ? RandomReference(datum, &random) : std::to_string(i % 100) + " 11.5");
+        const std::vector<std::string_view> texts(words.begin(), words.end());
+        std::vector<GeodezPayload> degrees(texts.size());
+        reader.ReadDegrees(texts, degrees);
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const TypedResult alone = reader.Read(texts[i]);
+            GeodezPayload expected{};
+            const bool isRead = alone.IsRead() && DegreesOf(alone.readings[0].record, &expected);
+            EXPECT_EQ(std::isnan(degrees[i].latitude), !isRead) << texts[i];
+            EXPECT_EQ(std::isnan(degrees[i].longitude), !isRead) << texts[i];
+            if (!isRead) continue;
+            EXPECT_EQ(degrees[i].latitude, expected.latitude) << texts[i];
+            EXPECT_EQ(degrees[i].longitude, expected.longitude) << texts[i];
+        }
+    }
+}
+
 // No part of a text may be left unread: a letter put anywhere into a position makes it another or none.
 TEST(TypedReader, ConsumesTheWholeText) {
     for (const auto& [typed, expected] : READ) {
