@@ -1,9 +1,15 @@
 // Runs a target without a fuzzer.
-// replay_TARGET FILE_OR_DIRECTORY...: over a stored corpus. An input that exceeds the time limit is a
-// failure. An input that crashes the target ends the program; its name is the last one printed. replay_TARGET
-// --random COUNT SEED FILE_OR_DIRECTORY...: over so many changed inputs of the corpus. Nothing observes the
-// target, so that this reaches more inputs in an hour than a fuzzer. An input that crashes the target is
-// written to the file random-input.
+//
+//     replay_TARGET FILE_OR_DIRECTORY...
+//
+// runs a stored corpus. An input that exceeds the time limit is a failure. An input that crashes the target
+// ends the program; its name is the last one printed.
+//
+//     replay_TARGET --random COUNT SEED FILE_OR_DIRECTORY...
+//
+// runs so many inputs, each of them one of the corpus with random changes. Nothing observes the target, so
+// that this reaches more inputs in an hour than a fuzzer. An input that crashes the target is written to the
+// file random-input.
 #include <fcntl.h>
 #include <unistd.h>
 

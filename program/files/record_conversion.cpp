@@ -1,6 +1,5 @@
 #include "files/record_conversion.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <utility>

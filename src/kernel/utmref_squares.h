@@ -20,7 +20,7 @@ inline KoordStatus UtmrefFromUtm(const UtmPayload& utm, double latitude, const u
     constexpr auto side = static_cast<std::uint32_t>(SQUARE_METRES);
     constexpr double lastBand = UTMREF_NORTH_BANDS.size() - 1;
     const bool hasLetters = utm.easting >= SQUARE_METRES && utm.easting < 9.0 * SQUARE_METRES &&
-                            utm.northing >= 0.0 && utm.northing <= UTM_SOUTHERN_FALSE_NORTHING;
+                            utm.northing >= 0.0 && utm.northing < UTM_SOUTHERN_FALSE_NORTHING + 1.0;
     if (!hasLetters) return KOORD_ERR_GENERAL;
 
     const auto easting = static_cast<std::uint32_t>(TruncateInRange(utm.easting));

@@ -221,21 +221,28 @@ TEST(ConvertColumns, TargetsMayTakeThePlaceOfSources) {
     EXPECT_TRUE(std::isnan(first[7]) && std::isnan(second[7]));
 }
 
+// Only the first row holds numbers that its fields can hold.
+void ExpectFailuresBehindTheFirst(const tagKOORD& source, const SourceColumns& from, std::size_t count) {
+    Doubles latitudes(count);
+    std::vector<KoordStatus> statuses(count);
+    TargetColumns to;
+    to.fields[0] = Into(latitudes);
+    to.status = {statuses.data(), sizeof(KoordStatus)};
+    EXPECT_EQ(KoordConvertColumns(&source, &from, &DEGREES, &to, count, 1), KOORD_ERR_GENERAL);
+    EXPECT_EQ(statuses[0], KOORD_OK);
+    for (std::size_t i = 1; i < count; ++i) {
+        EXPECT_EQ(statuses[i], KOORD_ERR_GENERAL) << i;
+        EXPECT_TRUE(std::isnan(latitudes[i])) << i;
+    }
+}
+
 TEST(ConvertColumns, NumbersThatAFieldCantHoldFail) {
-    const Doubles zones{32.9, 65568.0, NAN, -32769.0}, metres(4, 5e5);
+    const Doubles zones{32.9, 65568.0, NAN, -32769.0}, metres(4, 5e5);  // the first one is the zone 32
     SourceColumns from;
     from.fields[0] = From(zones);
     from.fields[2] = From(metres);
     from.fields[3] = From(metres);
-    Doubles latitudes(4);
-    KoordStatus statuses[4] = {};
-    TargetColumns to;
-    to.fields[0] = Into(latitudes);
-    to.status = {statuses, sizeof(KoordStatus)};
-    EXPECT_EQ(KoordConvertColumns(&UTM, &from, &DEGREES, &to, 4, 1), KOORD_ERR_GENERAL);
-    EXPECT_EQ(statuses[0], KOORD_OK);  // the zone 32
-    for (std::size_t i = 1; i < 4; ++i)
-        EXPECT_EQ(statuses[i], KOORD_ERR_GENERAL) << i;
+    ExpectFailuresBehindTheFirst(UTM, from, zones.size());
 }
 
 TEST(ConvertColumns, NumbersThatAReferenceCantHoldFail) {
@@ -250,17 +257,7 @@ TEST(ConvertColumns, NumbersThatAReferenceCantHoldFail) {
     from.fields[2] = {square, 0};
     from.fields[3] = From(eastings);
     from.fields[4] = From(northings);
-    Doubles latitudes(5);
-    KoordStatus statuses[5] = {};
-    TargetColumns to;
-    to.fields[0] = Into(latitudes);
-    to.status = {statuses, sizeof(KoordStatus)};
-    EXPECT_EQ(KoordConvertColumns(&utmref, &from, &DEGREES, &to, 5, 1), KOORD_ERR_GENERAL);
-    EXPECT_EQ(statuses[0], KOORD_OK);
-    for (std::size_t i = 1; i < 5; ++i) {
-        EXPECT_EQ(statuses[i], KOORD_ERR_GENERAL) << i;
-        EXPECT_TRUE(std::isnan(latitudes[i])) << i;
-    }
+    ExpectFailuresBehindTheFirst(utmref, from, zones.size());
 }
 
 TEST(ConvertColumns, DatumsAndTypesThatDontExistFailInEveryRow) {

@@ -38,8 +38,7 @@ struct GeodesicInverseColumns {
     TargetColumn distance;
     TargetColumn azimuth12, azimuth21;  // 0..360
 };
-// The longitude of an end isn't brought into -180..180. A number that isn't finite makes it
-// infinite or NaN.
+// The longitude of an end isn't brought into -180..180. A number that isn't finite makes it infinite or NaN.
 struct GeodesicDirectColumns {
     SourceColumn latitude, longitude;
     SourceColumn distance, azimuth;
