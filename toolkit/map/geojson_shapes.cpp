@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <iterator>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "conversion/numbers.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <nlohmann/json.hpp>
 
 #include "conversion/numbers.h"
 #include "conversion/quote.h"
@@ -45,6 +46,22 @@ void JsonValue::Fail(const std::string& what) const {
 
 void JsonValue::Expected(const std::string& what) const {
     Fail("expected " + what + ", found " + Show(*json_));
+}
+
+bool JsonValue::IsObject() const {
+    return json_->is_object();
+}
+
+bool JsonValue::IsNumber() const {
+    return json_->is_number();
+}
+
+bool JsonValue::IsText() const {
+    return json_->is_string();
+}
+
+bool JsonValue::IsNull() const {
+    return json_->is_null();
 }
 
 std::string JsonValue::Text() const {

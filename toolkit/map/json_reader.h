@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -29,10 +29,10 @@ class JsonValue {
 
     [[noreturn]] void Fail(const std::string& what) const;
     [[nodiscard]] const std::string& Place() const { return place_; }
-    [[nodiscard]] bool IsObject() const { return json_->is_object(); }
-    [[nodiscard]] bool IsNumber() const { return json_->is_number(); }
-    [[nodiscard]] bool IsText() const { return json_->is_string(); }
-    [[nodiscard]] bool IsNull() const { return json_->is_null(); }
+    [[nodiscard]] bool IsObject() const;
+    [[nodiscard]] bool IsNumber() const;
+    [[nodiscard]] bool IsText() const;
+    [[nodiscard]] bool IsNull() const;
 
     // Each throws DescriptionError if the value has another type or is out of range.
     [[nodiscard]] std::string Text() const;

@@ -1,6 +1,7 @@
 #include "map/map_description.h"
 
 #include <limits>
+#include <nlohmann/json.hpp>
 
 #include "conversion/made.h"
 #include "conversion/names.h"
