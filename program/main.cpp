@@ -1,4 +1,5 @@
 // The program `tessara`: coordinate calculations on the command line.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <iostream>

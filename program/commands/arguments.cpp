@@ -1,5 +1,6 @@
 #include "commands/arguments.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
 #include <iterator>
@@ -65,25 +66,19 @@ std::string WrongTypedReference(const std::string& name) {
     return datum->empty() ? "" : WrongDatum(*datum);
 }
 
-void AddOrder(CLI::App& command, Order& order) {
+Option AddOrder(Command command, Order& order) {
     const std::map<std::string, Order> orders{{"ne", Order::NorthFirst}, {"en", Order::EastFirst}};
-    command
-        .add_option("--order", order,
-                    "Order of two bare numbers in one text; by default the order that gives a position")
-        ->transform(CLI::CheckedTransformer(orders, CLI::ignore_case).description(""))
-        ->type_name("ne|en");
+    return Option(
+        command.Parser()
+            .add_option("--order", order,
+                        "Order of two bare numbers in one text; by default the order that gives a position")
+            ->transform(CLI::CheckedTransformer(orders, CLI::ignore_case).description(""))
+            ->type_name("ne|en"));
 }
 
-CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string& name,
-                      const std::string& description) {
-    return command.add_option(option, name, description)
-        ->type_name("DATUM")
-        ->capture_default_str()
-        ->check(WrongDatum);
-}
-
-CLI::Validator IsOneOf(const std::vector<std::string>& choices) {
-    return CLI::Validator(CLI::IsMember(choices)).description("");
+Option AddDatum(Command command, const std::string& option, std::string& name,
+                const std::string& description) {
+    return command.Add(option, name, description).Type("DATUM").ShowDefault().CheckedBy(WrongDatum);
 }
 
 std::string NamesOf(const std::vector<std::string>& choices) {
@@ -93,41 +88,41 @@ std::string NamesOf(const std::vector<std::string>& choices) {
     return names;
 }
 
-void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group) {
+void AddFileOptions(Command command, FileOptions& options, const std::string& group) {
     AddChoice(command, "--on-error", options.onError,
               std::vector<std::string>(std::begin(ON_ERROR_NAMES), std::end(ON_ERROR_NAMES)),
               "Action for rejected input, which is always reported: skip it, keep a placeholder for it, or "
               "stop the "
               "conversion")
-        ->capture_default_str()
-        ->group(group);
-    command.add_option("--rejects", options.rejects, "Write rejected records to FILE, unchanged")
-        ->type_name("FILE")
-        ->group(group);
-    command.add_option("--jobs", options.jobs, "Number of cores to use, 1 to " + std::to_string(MOST_JOBS))
-        ->type_name("NUMBER")
-        ->check(CLI::Range(1, MOST_JOBS).description(""))
-        ->group(group);
+        .ShowDefault()
+        .Group(group);
+    command.Add("--rejects", options.rejects, "Write rejected records to FILE, unchanged")
+        .Type("FILE")
+        .Group(group);
+    command.Add("--jobs", options.jobs, "Number of cores to use, 1 to " + std::to_string(MOST_JOBS))
+        .Type("NUMBER")
+        .Within(1, MOST_JOBS)
+        .Group(group);
 }
 
-void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string& names,
+void AddNumbers(Command command, NumberArguments& arguments, const std::string& names,
                 const std::string& description) {
-    command.add_option(names, arguments.words, description)->type_name("");
+    command.Add(names, arguments.words, description).Type("");
     command
-        .add_option("--file", arguments.files,
-                    "Read lines of the same from FILE instead; '-' is standard input. Repeat the option for "
-                    "more files. The rest of a line is copied to the output")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
+        .Add("--file", arguments.files,
+             "Read lines of the same from FILE instead; '-' is standard input. Repeat the option for more "
+             "files. The rest of a line is copied to the output")
+        .Type("FILE")
+        .OneValueEach();
     AddDatum(command, "--datum", arguments.datum, "Datum of all positions");
-    command.add_flag("--json", arguments.isJson,
-                     "Write one JSON object per line, with all digits of the numbers");
+    command.AddFlag("--json", arguments.isJson,
+                    "Write one JSON object per line, with all digits of the numbers");
     AddFileOptions(command, arguments.lines, "Files");
 }
 
-void ReadNumbers(const CLI::App& command, const NumberInput& input, NumberArguments* arguments) {
+void ReadNumbers(const Command& command, const NumberInput& input, NumberArguments* arguments) {
     const std::string wrong = WrongNumbers(input, arguments);
-    if (!wrong.empty()) throw CLI::ValidationError("tessara " + command.get_name(), wrong);
+    if (!wrong.empty()) command.Refuse(wrong);
 }
 
 ExitCode Compute(const NumberArguments& arguments, const NumberInput& input, const ComputeNumbers& compute) {

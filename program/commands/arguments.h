@@ -1,12 +1,12 @@
 // Arguments that several commands share. An invalid value is a usage error.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "commands/command.h"
 #include "conversion/references.h"
 #include "files/number_lines.h"
 #include "files/record_conversion.h"
@@ -17,20 +17,17 @@
 namespace tessara::program {
 
 // Adds an option for the name of a datum.
-CLI::Option* AddDatum(CLI::App& command, const std::string& option, std::string& name,
-                      const std::string& description);
+Option AddDatum(Command command, const std::string& option, std::string& name,
+                const std::string& description);
 
-// Validates that a choice is one of some names; joins the names as the help shows them.
-[[nodiscard]] CLI::Validator IsOneOf(const std::vector<std::string>& choices);
+// Joins the names of a choice as the help shows them.
 [[nodiscard]] std::string NamesOf(const std::vector<std::string>& choices);
 
 // Adds an option for one of some names.
 template <class Text>
-CLI::Option* AddChoice(CLI::App& command, const std::string& option, Text& choice,
-                       const std::vector<std::string>& choices, const std::string& description) {
-    return command.add_option(option, choice, description)
-        ->check(IsOneOf(choices))
-        ->type_name(NamesOf(choices));
+Option AddChoice(Command command, const std::string& option, Text& choice,
+                 const std::vector<std::string>& choices, const std::string& description) {
+    return command.Add(option, choice, description).OneOf(choices).Type(NamesOf(choices));
 }
 
 // --on-error, --rejects and --jobs of the commands that read files.
@@ -41,7 +38,7 @@ struct FileOptions {
 
     [[nodiscard]] OnError WhatOnError() const;
 };
-void AddFileOptions(CLI::App& command, FileOptions& options, const std::string& group);
+void AddFileOptions(Command command, FileOptions& options, const std::string& group);
 
 // The positions and numbers of a computation, from the command line or from the lines of --file.
 struct NumberArguments {
@@ -52,11 +49,11 @@ struct NumberArguments {
     FileOptions lines;
     std::vector<double> numbers;  // of the words
 };
-void AddNumbers(CLI::App& command, NumberArguments& arguments, const std::string& names,
+void AddNumbers(Command command, NumberArguments& arguments, const std::string& names,
                 const std::string& description);
 
 // Reads the words; an error is a usage error.
-void ReadNumbers(const CLI::App& command, const NumberInput& input, NumberArguments* arguments);
+void ReadNumbers(const Command& command, const NumberInput& input, NumberArguments* arguments);
 [[nodiscard]] ExitCode Compute(const NumberArguments& arguments, const NumberInput& input,
                                const ComputeNumbers& compute);
 
@@ -66,6 +63,6 @@ void ReadNumbers(const CLI::App& command, const NumberInput& input, NumberArgume
 [[nodiscard]] std::string WrongTypedReference(const std::string& name);
 
 // Adds --order: which of two bare numbers in one text comes first.
-void AddOrder(CLI::App& command, Order& order);
+Option AddOrder(Command command, Order& order);
 
 }  // namespace tessara::program

@@ -113,19 +113,16 @@ ExitCode Check(const Options& options) {
 }  // namespace
 
 void AddCheck(CLI::App& program, Action& action) {
-    CLI::App* const command = program.add_subcommand("check", "Checks whether a text is a valid position");
-    command->footer(FOOTER);
+    Command command(program, "check", "Checks whether a text is a valid position", FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("--system", options->system, "System of the text; its datum is by default WGS84")
-        ->type_name("SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
-        ->capture_default_str()
-        ->check(WrongTypedReference);
-    AddOrder(*command, options->order);
-    command->add_flag("--json", options->json, "Write a JSON object, which has a code for the error");
-    command->add_option("TEXT", options->words, "One text, or a north and an east text")
-        ->type_name("")
-        ->required();
-    command->callback([options, &action] { action = [options] { return Check(*options); }; });
+    command.Add("--system", options->system, "System of the text; its datum is by default WGS84")
+        .Type("SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
+        .ShowDefault()
+        .CheckedBy(WrongTypedReference);
+    AddOrder(command, options->order);
+    command.AddFlag("--json", options->json, "Write a JSON object, which has a code for the error");
+    command.Add("TEXT", options->words, "One text, or a north and an east text").Type("").Required();
+    command.OnCall(action, [options] { return [options] { return Check(*options); }; });
 }
 
 }  // namespace tessara::program

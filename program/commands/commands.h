@@ -2,10 +2,13 @@
 // parser sets `action` if the user calls the command.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
 
 #include "run/exit_code.h"
+
+namespace CLI {
+class App;
+}
 
 namespace tessara::program {
 

@@ -287,111 +287,101 @@ std::string WrongCombination(const Options& options) {
     return {};
 }
 
-void AddTextOptions(CLI::App& command, TextOptions& options) {
+void AddTextOptions(Command command, TextOptions& options) {
     const std::string group = "Texts";
-    command.add_flag("--display", options.style.isDisplay, "Write display texts, such as 48°08'14.996''N")
-        ->group(group);
+    command.AddFlag("--display", options.style.isDisplay, "Write display texts, such as 48°08'14.996''N")
+        .Group(group);
     command
-        .add_option("--north-precision", options.style.northResolution,
-                    "Set the resolution of north texts, in the unit of the target (degrees or metres)")
-        ->type_name("RESOLUTION")
-        ->check(CLI::Validator(CLI::PositiveNumber).description(""))
-        ->group(group);
-    command.add_option("--east-precision", options.style.eastResolution, "Set the resolution of east texts")
-        ->type_name("RESOLUTION")
-        ->check(CLI::Validator(CLI::PositiveNumber).description(""))
-        ->group(group);
+        .Add("--north-precision", options.style.northResolution,
+             "Set the resolution of north texts, in the unit of the target (degrees or metres)")
+        .Type("RESOLUTION")
+        .Above0()
+        .Group(group);
+    command.Add("--east-precision", options.style.eastResolution, "Set the resolution of east texts")
+        .Type("RESOLUTION")
+        .Above0()
+        .Group(group);
     const auto isSide = [](const std::string& side) {
         return DigitsOfSide(side) ? "" : "expected 1m, 10m, 100m, 1km, 10km or 100km";
     };
     command
-        .add_option("--precision", options.precision,
-                    "Write military references as one text, for squares with sides of this length")
-        ->type_name("1m|10m|100m|1km|10km|100km")
-        ->check(isSide)
-        ->group(group);
+        .Add("--precision", options.precision,
+             "Write military references as one text, for squares with sides of this length")
+        .Type("1m|10m|100m|1km|10km|100km")
+        .CheckedBy(isSide)
+        .Group(group);
     command
-        .add_flag("--truncate", options.isTruncated,
-                  "Write the square that contains the position, not the one with the nearest corner")
-        ->group(group);
-    AddOrder(command, options.order);
-    command.get_option("--order")->group(group);
-    command.add_flag("--verbose", options.isVerbose, "Report on standard error how each text was read")
-        ->group(group);
+        .AddFlag("--truncate", options.isTruncated,
+                 "Write the square that contains the position, not the one with the nearest corner")
+        .Group(group);
+    AddOrder(command, options.order).Group(group);
+    command.AddFlag("--verbose", options.isVerbose, "Report on standard error how each text was read")
+        .Group(group);
 }
 
-void AddFormOptions(CLI::App& command, Options& options) {
+void AddFormOptions(Command command, Options& options) {
     const std::string group = "Formats";
     const std::vector<std::string> forms(std::begin(FORM_NAMES), std::end(FORM_NAMES));
     AddChoice(
         command, "--input", options.input, forms,
         "Format of the input files. By default it follows the file extension: .csv, .tsv, .jsonl or .ndjson, "
         ".geojson or .json; other files hold lines")
-        ->group(group);
+        .Group(group);
     AddChoice(command, "--output", options.output, forms,
               "Format of the output; by default that of the first file")
-        ->group(group);
+        .Group(group);
     command
-        .add_option(
-            "--columns", options.columns,
-            "Names of the columns or members with the position: the north and the east text, a single text, "
-            "or "
-            "latitude, longitude and optionally height. In a file without a header, numbers such as 2,3 "
-            "select the columns")
-        ->type_name("NORTH,EAST[,HEIGHT]|TEXT")
-        ->delimiter(',')
-        ->expected(1, 3)
-        ->allow_extra_args(false)
-        ->group(group);
+        .Add("--columns", options.columns,
+             "Names of the columns or members with the position: the north and the east text, a single text, "
+             "or "
+             "latitude, longitude and optionally height. In a file without a header, numbers such as 2,3 "
+             "select the columns")
+        .Type("NORTH,EAST[,HEIGHT]|TEXT")
+        .SeparatedBy(',')
+        .Count(1, 3)
+        .OneValueEach()
+        .Group(group);
     AddFileOptions(command, options.lines, group);
 }
 
 }  // namespace
 
 void AddConvert(CLI::App& program, Action& action) {
-    CLI::App* const command =
-        program.add_subcommand("convert", "Converts positions to other systems and datums");
-    command->footer(FOOTER);
+    Command command(program, "convert", "Converts positions to other systems and datums", FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("FILES", options->files, "Input files; '-' is standard input");
+    command.Add("FILES", options->files, "Input files; '-' is standard input");
+    command.Add("--from", options->from, "Datum of positions in degrees, or system and datum of texts")
+        .Type("DATUM|SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
+        .ShowDefault()
+        .CheckedBy(CheckFrom);
     command
-        ->add_option("--from", options->from, "Datum of positions in degrees, or system and datum of texts")
-        ->type_name("DATUM|SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
-        ->capture_default_str()
-        ->check(CheckFrom);
+        .Add("--to", options->to,
+             "Target system; its datum is by default that of the input. Repeat the option for more targets. "
+             "Without targets, the output is degrees on WGS84")
+        .Type("SYSTEM[:PARAMETERS][@DATUM]")
+        .OneValueEach()
+        .CheckedBy(CheckTarget);
     command
-        ->add_option(
-            "--to", options->to,
-            "Target system; its datum is by default that of the input. Repeat the option for more targets. "
-            "Without targets, the output is degrees on WGS84")
-        ->type_name("SYSTEM[:PARAMETERS][@DATUM]")
-        ->allow_extra_args(false)
-        ->check(CheckTarget);
+        .Add("--with", options->with, "Add the meridian convergence, in degrees, or the scale of each grid")
+        .Type("convergence,scale")
+        .SeparatedBy(',')
+        .OneValueEach()
+        .OneOf({CONVERGENCE, SCALE});
+    command.Add("--zone", options->zone, "Zone, strip or meridian of the targets, instead of the natural one")
+        .Type("NUMBER");
     command
-        ->add_option("--with", options->with,
-                     "Add the meridian convergence, in degrees, or the scale of each grid")
-        ->type_name("convergence,scale")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->check(IsOneOf({CONVERGENCE, SCALE}));
-    command
-        ->add_option("--zone", options->zone,
-                     "Zone, strip or meridian of the targets, instead of the natural one")
-        ->type_name("NUMBER");
-    command
-        ->add_option("--position", options->position,
-                     "Position to convert instead of files; the arguments after `--` are short for it")
-        ->type_name("TEXT")
-        ->allow_extra_args(false);
-    command->add_flag("--json", options->json,
-                      "Write one JSON object per position, with all digits of the numbers");
-    AddFormOptions(*command, *options);
-    AddTextOptions(*command, options->text);
-    command->callback([options, &action] {
+        .Add("--position", options->position,
+             "Position to convert instead of files; the arguments after `--` are short for it")
+        .Type("TEXT")
+        .OneValueEach();
+    command.AddFlag("--json", options->json,
+                    "Write one JSON object per position, with all digits of the numbers");
+    AddFormOptions(command, *options);
+    AddTextOptions(command, options->text);
+    command.OnCall(action, [options, command] {
         if (options->files.empty()) options->files = {"-"};
-        if (const std::string wrong = WrongCombination(*options); !wrong.empty())
-            throw CLI::ValidationError("tessara convert", wrong);
-        action = [options] { return Convert(*options); };
+        if (const std::string wrong = WrongCombination(*options); !wrong.empty()) command.Refuse(wrong);
+        return [options] { return Convert(*options); };
     });
 }
 

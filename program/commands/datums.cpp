@@ -2,7 +2,7 @@
 #include <iostream>
 #include <memory>
 
-#include "commands/commands.h"
+#include "commands/command.h"
 #include "conversion/datum_descriptions.h"
 #include "conversion/numbers.h"
 #include "conversion/quote.h"
@@ -57,16 +57,14 @@ ExitCode ListDatums(const Options& options) {
 }  // namespace
 
 void AddDatums(CLI::App& program, Action& action) {
-    CLI::App* const command = program.add_subcommand("datums", "Lists the geodetic datums");
-    command->footer(FOOTER);
+    Command command(program, "datums", "Lists the geodetic datums", FOOTER);
     const auto options = std::make_shared<Options>();
     command
-        ->add_option("--find", options->find,
-                     "List datums with all these words in name, ellipsoid, region or area")
-        ->type_name("WORDS");
-    command->add_flag("--describe", options->areDescribed,
-                      "Add the full name, area and accuracy of each datum");
-    command->callback([options, &action] { action = [options] { return ListDatums(*options); }; });
+        .Add("--find", options->find, "List datums with all these words in name, ellipsoid, region or area")
+        .Type("WORDS");
+    command.AddFlag("--describe", options->areDescribed,
+                    "Add the full name, area and accuracy of each datum");
+    command.OnCall(action, [options] { return [options] { return ListDatums(*options); }; });
 }
 
 }  // namespace tessara::program

@@ -53,15 +53,14 @@ ExitCode WriteDirect(const NumberArguments& arguments) {
 }  // namespace
 
 void AddDirect(CLI::App& program, Action& action) {
-    CLI::App* const command =
-        program.add_subcommand("direct", "Computes the position at an azimuth and a distance from another");
-    command->footer(FOOTER);
+    Command command(program, "direct", "Computes the position at an azimuth and a distance from another",
+                    FOOTER);
     const auto arguments = std::make_shared<NumberArguments>();
-    AddNumbers(*command, *arguments, "POSITION AZIMUTH DISTANCE",
+    AddNumbers(command, *arguments, "POSITION AZIMUTH DISTANCE",
                "Position; azimuth in degrees clockwise from north; distance in metres");
-    command->callback([arguments, command, &action] {
-        ReadNumbers(*command, INPUT, arguments.get());
-        action = [arguments] { return WriteDirect(*arguments); };
+    command.OnCall(action, [arguments, command] {
+        ReadNumbers(command, INPUT, arguments.get());
+        return [arguments] { return WriteDirect(*arguments); };
     });
 }
 

@@ -53,14 +53,13 @@ ExitCode WriteDistances(const NumberArguments& arguments) {
 }  // namespace
 
 void AddDistance(CLI::App& program, Action& action) {
-    CLI::App* const command =
-        program.add_subcommand("distance", "Computes the distance and the azimuths between two positions");
-    command->footer(FOOTER);
+    Command command(program, "distance", "Computes the distance and the azimuths between two positions",
+                    FOOTER);
     const auto arguments = std::make_shared<NumberArguments>();
-    AddNumbers(*command, *arguments, "POSITION1 POSITION2", "Two positions");
-    command->callback([arguments, command, &action] {
-        ReadNumbers(*command, INPUT, arguments.get());
-        action = [arguments] { return WriteDistances(*arguments); };
+    AddNumbers(command, *arguments, "POSITION1 POSITION2", "Two positions");
+    command.OnCall(action, [arguments, command] {
+        ReadNumbers(command, INPUT, arguments.get());
+        return [arguments] { return WriteDistances(*arguments); };
     });
 }
 

@@ -1,5 +1,6 @@
 // tessara manual, tessara completion: generate the man page and the bash completion from the same definitions
 // as the help. The help hides both commands, because only the build calls them.
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <sstream>
 

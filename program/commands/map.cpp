@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-#include "commands/commands.h"
+#include "commands/command.h"
 #include "conversion/numbers.h"
 #include "drawing/map_page.h"
 #include "files/png.h"
@@ -206,48 +206,43 @@ ExitCode DrawMap(const Options& options) {
     return problems.empty() ? EXIT_DONE : EXIT_INCOMPLETE;
 }
 
-// Exactly one source defines the map.
-void CheckSource(const Options& options) {
+bool HasOneSource(const Options& options) {
     const int sources = (options.description.empty() ? 0 : 1) + (options.around.empty() ? 0 : 1) +
                         (options.preview.empty() ? 0 : 1);
-    if (sources == 1) return;
-    throw CLI::ValidationError("tessara map", "expected one of DESCRIPTION, --around and --preview");
+    return sources == 1;
 }
 
 }  // namespace
 
 void AddMap(CLI::App& program, Action& action) {
-    CLI::App* const command = program.add_subcommand("map", "Draws a window of a map, as SVG or PNG");
-    command->footer(FOOTER);
+    Command command(program, "map", "Draws a window of a map, as SVG or PNG", FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("DESCRIPTION", options->description, "JSON file; '-' is standard input");
-    CLI::Option* const around = command
-                                    ->add_option("--around", options->around,
-                                                 "Draw the surroundings of a position, such as 48.1,11.6 or "
-                                                 "32UPU9160234791, on WGS84")
-                                    ->type_name("POSITION")
-                                    ->check(CLI::Validator(CheckPlace, ""));
+    command.Add("DESCRIPTION", options->description, "JSON file; '-' is standard input");
+    const Option around = command
+                              .Add("--around", options->around,
+                                   "Draw the surroundings of a position, such as 48.1,11.6 or "
+                                   "32UPU9160234791, on WGS84")
+                              .Type("POSITION")
+                              .CheckedBy(CheckPlace);
     options->width = DEFAULT_WIDTH;
-    command->add_option("--width", options->width, "Width of the surroundings, in m or km")
-        ->type_name("LENGTH")
-        ->check(CLI::Validator(CheckLength, ""))
-        ->capture_default_str()
-        ->needs(around);
-    command
-        ->add_option("--preview", options->preview, "Draw a file of positions: GeoJSON, or lines of degrees")
-        ->type_name("FILE");
-    command->add_option("-o,--output", options->output, "Output file; '-' writes SVG to standard output")
-        ->type_name("FILE")
-        ->check(CLI::Validator(CheckOutput, ""))
-        ->capture_default_str();
-    command
-        ->add_option("--size", options->size, "Longer side of the window in the picture, 100 to 20000 pixels")
-        ->type_name("PIXELS")
-        ->check(CLI::Range(SHORTEST_SIDE, LONGEST_SIDE).description(""))
-        ->capture_default_str();
-    command->callback([options, &action] {
-        CheckSource(*options);
-        action = [options] { return DrawMap(*options); };
+    command.Add("--width", options->width, "Width of the surroundings, in m or km")
+        .Type("LENGTH")
+        .CheckedBy(CheckLength)
+        .ShowDefault()
+        .Needs(around);
+    command.Add("--preview", options->preview, "Draw a file of positions: GeoJSON, or lines of degrees")
+        .Type("FILE");
+    command.Add("-o,--output", options->output, "Output file; '-' writes SVG to standard output")
+        .Type("FILE")
+        .CheckedBy(CheckOutput)
+        .ShowDefault();
+    command.Add("--size", options->size, "Longer side of the window in the picture, 100 to 20000 pixels")
+        .Type("PIXELS")
+        .Within(SHORTEST_SIDE, LONGEST_SIDE)
+        .ShowDefault();
+    command.OnCall(action, [options, command] {
+        if (!HasOneSource(*options)) command.Refuse("expected one of DESCRIPTION, --around and --preview");
+        return [options] { return DrawMap(*options); };
     });
 }
 

@@ -1,5 +1,6 @@
 #include "commands/suggestions.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "conversion/closest.h"

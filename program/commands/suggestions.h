@@ -1,9 +1,12 @@
 // Suggestions for mistyped commands and options.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace tessara::program {
 

@@ -1,7 +1,7 @@
 // tessara systems
 #include <iostream>
 
-#include "commands/commands.h"
+#include "commands/command.h"
 #include "conversion/fields.h"
 #include "conversion/names.h"
 #include "run/toolkit_names.h"
@@ -36,9 +36,8 @@ ExitCode ListSystems() {
 }  // namespace
 
 void AddSystems(CLI::App& program, Action& action) {
-    CLI::App* const command = program.add_subcommand("systems", "Lists the coordinate systems");
-    command->footer(FOOTER);
-    command->callback([&action] { action = ListSystems; });
+    Command command(program, "systems", "Lists the coordinate systems", FOOTER);
+    command.OnCall(action, [] { return ListSystems; });
 }
 
 }  // namespace tessara::program

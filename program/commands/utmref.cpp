@@ -96,15 +96,13 @@ ExitCode WriteChoices(const Options& options) {
 }  // namespace
 
 void AddUtmref(CLI::App& program, Action& action) {
-    CLI::App* const command =
-        program.add_subcommand("utmref", "Lists the choices for the next piece of a UTMREF");
-    command->footer(FOOTER);
+    Command command(program, "utmref", "Lists the choices for the next piece of a UTMREF", FOOTER);
     const auto options = std::make_shared<Options>();
-    command->add_option("ZONE", options->zone, "Zone, 1 to 60")->type_name("");
-    command->add_option("BAND", options->band, "Letter of the latitude band")->type_name("");
-    command->add_option("COLUMN", options->column, "Letter of the 100 km column")->type_name("");
-    AddDatum(*command, "--datum", options->datum, "Datum of the reference");
-    command->callback([options, &action] { action = [options] { return WriteChoices(*options); }; });
+    command.Add("ZONE", options->zone, "Zone, 1 to 60").Type("");
+    command.Add("BAND", options->band, "Letter of the latitude band").Type("");
+    command.Add("COLUMN", options->column, "Letter of the 100 km column").Type("");
+    AddDatum(command, "--datum", options->datum, "Datum of the reference");
+    command.OnCall(action, [options] { return [options] { return WriteChoices(*options); }; });
 }
 
 }  // namespace tessara::program
