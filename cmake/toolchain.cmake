@@ -41,6 +41,6 @@ endif()
 
 # For sources that include <regex>, in which g++ 12 warns of uninitialized members if sanitizers are on.
 add_library(tessara_regex INTERFACE)
-if(TESSARA_SANITIZE)
+if(TESSARA_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(tessara_regex INTERFACE -Wno-maybe-uninitialized)
 endif()

@@ -360,7 +360,7 @@ TEST_F(ZonedGridLinesTest, AWindowOverTheDateLineHasTheBordersOnItsSides) {
 // Maps on which longitudes go on over 180 degrees, each with the date line in its middle.
 std::vector<IRef<IMapCoordOperations>> DateLineMaps() {
     const auto mercator = [](double longitude) {
-        return MapOf(WithReference(Map(MAP_MERCATOR, MapMercatorParams{-17.0, 0.0, 0.0}),
+        return MapOf(WithReference(Map(MAP_MERCATOR, MapMercatorParams{-17.0, {0.0, 0.0}}),
                                    GeodezRecord(-17.0, longitude), 500, 400, 5000000, 10.0));
     };
     const auto cone = [](double longitude) {
@@ -427,7 +427,7 @@ TEST_F(ZonedGridLinesTest, LinesReachAllOverWindowsOverTheDateLine) {
         const IRef<IMapCoordOperations> sheets[] = {
             MapOf(Map(MAP_DD, MapDdParams{middle - degrees / 2.0, latitude + degrees * 0.4, 1000.0 / degrees,
                                           1000.0 / degrees})),
-            MapOf(WithReference(Map(MAP_MERCATOR, MapMercatorParams{30.0, 0.0, 0.0}),
+            MapOf(WithReference(Map(MAP_MERCATOR, MapMercatorParams{30.0, {0.0, 0.0}}),
                                 GeodezRecord(latitude, middle), 500, 400,
                                 static_cast<std::int32_t>(metres * 10000.0), 10.0)),
             MapOf(Map(MAP_LAMBERTCC,

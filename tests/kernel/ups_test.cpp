@@ -20,7 +20,6 @@ using testing::ReferenceRow;
 constexpr double GRID_TOLERANCE = 1e-5;     // metres
 constexpr double DEGREE_TOLERANCE = 1e-10;  // degrees, 1e-5 m on the ground
 constexpr double FALSE_ORIGIN = 2000000.0;
-constexpr std::int32_t DATUM_SPHERE = 0;
 
 UpsPayload FromGeodetic(double lat, double lon, std::int32_t datum = DATUM_WGS84) {
     const double latLon[2] = {lat, lon};

@@ -40,7 +40,7 @@ TEST(Exp, OfSpecialValues) {
 
 TEST(ExpOfSmall, IsRightToSomeUnitsAndCompleteBeyond) {
     Random random(5);
-    EXPECT_LT(LargestError(ExpOfSmall, mpfr_exp, [&] { return random.Between(-0.346, 0.346); }), 2.0);
+    EXPECT_LT(LargestError(ExpOfSmall<>, mpfr_exp, [&] { return random.Between(-0.346, 0.346); }), 2.0);
     for (const double x : {0.347, -5.0, 800.0, -INFINITE, INFINITE})
         EXPECT_EQ(ExpOfSmall(x), Exp(x));
     EXPECT_TRUE(std::isnan(ExpOfSmall(NOT_A_NUMBER)));

@@ -64,10 +64,10 @@ TEST(SinCosByDoubling, IsExactAtZeroAndSymmetric) {
 TEST(FunctionsOfSmall, AreRightToSomeUnits) {
     testing::Random random(2);
     const auto next = [&] { return testing::AnySize(random, 1e-10, 0.9); };
-    EXPECT_LT(testing::LargestError(AtanOfSmall, mpfr_atan, next), 2.0);
-    EXPECT_LT(testing::LargestError(AsinOfSmall, mpfr_asin, next), 3.0);
-    EXPECT_LT(testing::LargestError(AtanhOfSmall, mpfr_atanh, next), 2.0);
-    EXPECT_LT(testing::LargestError(SinhOfSmall, mpfr_sinh, next), 2.0);
+    EXPECT_LT(testing::LargestError(AtanOfSmall<>, mpfr_atan, next), 2.0);
+    EXPECT_LT(testing::LargestError(AsinOfSmall<>, mpfr_asin, next), 3.0);
+    EXPECT_LT(testing::LargestError(AtanhOfSmall<>, mpfr_atanh, next), 2.0);
+    EXPECT_LT(testing::LargestError(SinhOfSmall<>, mpfr_sinh, next), 2.0);
 }
 
 TEST(FunctionsOfSmall, OfSpecialValues) {

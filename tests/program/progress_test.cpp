@@ -5,6 +5,8 @@
 #include <pty.h>
 #include <unistd.h>
 
+#include <sstream>
+
 #include "program/run_program.h"
 
 using tessara::program::Progress;
@@ -161,6 +163,18 @@ TEST(Progress, ShowsNothingWhereThereIsNoTerminal) {
 
 namespace {
 
+// What is written behind each return of the cursor.
+std::vector<std::string> PiecesOf(const std::string& shown) {
+    std::vector<std::string> pieces;
+    std::istringstream rest(shown);
+    std::string piece;
+    std::getline(rest, piece, '\r');
+    EXPECT_EQ(piece, "");
+    while (std::getline(rest, piece, '\r'))
+        pieces.push_back(piece);
+    return pieces;
+}
+
 // Converts two blocks of lines that come more than two seconds apart, with standard error on a terminal.
 Outcome ConvertSlowly(const Terminal& terminal, const std::string& results) {
     const std::string block = "yes 'N 5334791;32 691602' | head -n 4096; ";
@@ -179,16 +193,22 @@ TEST(ConvertProgress, StandsOnTheTerminalOfStandardErrorUntilTheEnd) {
     EXPECT_EQ(tessara::testing::LinesOf(outcome.out).size(), 8192u);
     EXPECT_EQ(outcome.out.find("lines/s"), std::string::npos);
 
-    const std::string shown = terminal.Taken();
-    const std::size_t end = shown.find("lines/s");
-    ASSERT_NE(end, std::string::npos) << shown;
-    // The first block to be done behind the pause is shown, with those before it.
-    const int lines = std::stoi(shown.substr(1));
-    EXPECT_GT(lines, 4096) << shown;
-    EXPECT_LE(lines, 8192) << shown;
-    // A pipe has no size: the status ends here, and is wiped out.
-    const std::string status = shown.substr(1, end + std::string("lines/s").size() - 1);
-    EXPECT_EQ(shown, "\r" + status + WipingOut(status));
+    // A busy machine shows a status after each of some blocks, one over the other; the first stands behind
+    // the pause. A pipe has no size, so a status ends with the speed. At the end the last one is wiped out.
+    std::vector<std::string> statuses = PiecesOf(terminal.Taken());
+    ASSERT_GE(statuses.size(), 2u);
+    const std::string wiping = statuses.back();
+    statuses.pop_back();
+    int before = 4096;
+    for (std::string& status : statuses) {
+        status.erase(status.find_last_not_of(' ') + 1);  // where a longer one stood
+        EXPECT_TRUE(status.ends_with(" lines/s")) << status;
+        const int lines = std::stoi(status);
+        EXPECT_GT(lines, before);
+        before = lines;
+    }
+    EXPECT_LE(before, 8192);
+    EXPECT_EQ("\r" + wiping + "\r", WipingOut(statuses.back()));
 }
 
 TEST(ConvertProgress, KeepsAwayFromResultsOnTheSameTerminal) {
