@@ -21,7 +21,6 @@ class HalfEdges {
         const std::vector<std::size_t> around = AroundNodes();
         for (std::size_t begin = 0, end = 0; begin < around.size(); begin = end) {
             ++nodeCount_;
-            end = begin + 1;
             while (end < around.size() && Start(around[end]) == Start(around[begin]))
                 ++end;
             // A walk with the face on its left leaves a node along the next half-edge clockwise from the

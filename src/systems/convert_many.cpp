@@ -17,11 +17,8 @@ namespace {
 // What tells records of one projection from others: datum and type as they lie in memory, and the parameters.
 class SameProjection {
   public:
-    void As(const tagKOORD& record) {
-        first_ = record;
-        key_ = KeyOf(record);
-        parameterBytes_ = SystemOf(record).parameterBytes;
-    }
+    explicit SameProjection(const tagKOORD& first)
+        : first_(first), key_(KeyOf(first)), parameterBytes_(SystemOf(first).parameterBytes) {}
     [[nodiscard]] const tagKOORD& First() const { return first_; }
     [[nodiscard]] bool Holds(const tagKOORD& record) const {
         return KeyOf(record) == key_ &&
@@ -69,25 +66,27 @@ class ArrayConversion {
     }
 
   private:
+    struct Ends {
+        SameProjection source, target;
+    };
+
     // False for datums that don't exist.
     bool Begin(const tagKOORD& source, const tagKOORD& target) {
-        if (isPrepared_ && Belongs(source, target)) return true;
-        isPrepared_ = HaveDatums(source, target);
-        areBlocksPrepared_ = false;
-        if (!isPrepared_) return false;
+        if (prepared_ && Belongs(source, target)) return true;
+        if (!HaveDatums(source, target)) return false;
         single_.Prepare(source, target);
-        source_.As(source);
-        target_.As(target);
+        areBlocksPrepared_ = false;
+        prepared_ = Ends{SameProjection(source), SameProjection(target)};
         return true;
     }
 
     [[nodiscard]] bool Belongs(const tagKOORD& source, const tagKOORD& target) const {
-        return source_.Holds(source) && target_.Holds(target);
+        return prepared_->source.Holds(source) && prepared_->target.Holds(target);
     }
 
     bool BlocksAreWorthwhile() {
         if (!areBlocksPrepared_) {
-            blocks_.Prepare(single_, source_.First(), target_.First(), check_);
+            blocks_.Prepare(single_, prepared_->source.First(), prepared_->target.First(), check_);
             if (blocks_.IsWorthwhile() && !block_) block_.emplace();
             areBlocksPrepared_ = true;
         }
@@ -96,10 +95,9 @@ class ArrayConversion {
 
     RangeCheck check_;
     InstructionSet set_;
-    bool isPrepared_ = false;
+    std::optional<Ends> prepared_;
     bool areBlocksPrepared_ = false;
     Conversion single_;
-    SameProjection source_, target_;
     BlockConversion blocks_;
     std::optional<Block> block_;
 };
