@@ -12,6 +12,7 @@
 #include "areas/extremes.h"
 #include "records/axis.h"
 #include "records/compare_records.h"
+#include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -253,6 +254,20 @@ TEST_F(RectExtentsTest, TheMeridian180AmidTheWindowIsReachedFromBothSides) {
     }
 }
 
+TEST_F(RectExtentsTest, ASideIsWalkedOnBothSidesOfGreenwich) {
+    // Four kilometres a pixel in UPS. The top edge is nearest to the pole on the meridian of Greenwich, 500
+    // km away.
+    map = MapOf(testing::Map(MAP_UPS, MapUpsParams{'N', 350000.0, 1500000.0, 4000.0, 4000.0}));
+    for (const std::int32_t system : {KOORD_GEODEZ, KOORD_GEOGRAD, KOORD_GEODEZMIN}) {
+        Ask(system);
+        ASSERT_TRUE(Extremes(0, 0, 500, 450));
+        ASSERT_TRUE(results[NORTH]->SetReference(ReferenceOf(2, KOORD_GEODEZ).Get()));
+        // cs2cs from +proj=stere +lat_0=90 +k=0.994 +x_0=2000000 +y_0=2000000 to +proj=latlong of 2000000
+        // 1500000. The meridian is found to half a pixel, 2 km, which is 2^2 / (2 500) km further south.
+        EXPECT_NEAR(Degrees(NORTH).latitude, 85.49868478, 4e-5) << system;
+    }
+}
+
 TEST_F(RectExtentsTest, CornersOffTheSystemMoveInward) {
     // CH ends 600 km from its origin; a degree map of Europe has all corners outside.
     map = DegreeMap(-10.0, 60.0, 10.0);
@@ -273,34 +288,24 @@ TEST_F(RectExtentsTest, CornersOffTheSystemMoveInward) {
 }
 
 // Degrees, on a sheet of which only a square around pixel (0, 0) can be shown.
-class SquareMap : public IMapCoordOperations {
+class SquareMap : public testing::HostMap {
   public:
-    using Faces = FaceList<IMapCoordOperations>;
+    // Pixel (0, 0) is 9 degrees east and 50 north.
+    explicit SquareMap(double halfSide) : HostMap(DegreeMap(9.0, 50.0, 100.0)), halfSide_(halfSide) {}
 
-    explicit SquareMap(double halfSide) : halfSide_(halfSide) {}
-
-    bool GetMapDefinition(IArray*, std::int32_t*, double*, IGeoDate*, IProjection*) override { return false; }
-    bool GetReferencePoint(IReferencePoint*) override { return false; }
-    bool GetReferencePoints(IArray*) override { return false; }
-    std::int32_t GetScaleDenominator() override { return 0; }
-    double GetScale() override { return 0.0; }
-    double GetResolution() override { return 0.0; }
-    bool GetGeoDate(IGeoDate* out) override { return degrees_->GetGeoDate(out); }
-    bool GetProjection(IProjection*) override { return false; }
     bool FloatPixelToCoord(double x, double y, ICoord* out) override {
-        return IsShown(x, y) && degrees_->FloatPixelToCoord(x, y, out);
+        return IsShown(x, y) && HostMap::FloatPixelToCoord(x, y, out);
     }
     bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) override {
-        return IsShown(x, y) && degrees_->LongPixelToCoord(x, y, out);
+        return IsShown(x, y) && HostMap::LongPixelToCoord(x, y, out);
     }
     bool PixelCoordToCoord(ICoord*, ICoord*) override { return false; }
     bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
-        return degrees_->CoordToFloatPixel(in, x, y) && IsShown(*x, *y);
+        return HostMap::CoordToFloatPixel(in, x, y) && IsShown(*x, *y);
     }
     bool CoordToLongPixel(ICoord* in, std::int32_t* x, std::int32_t* y) override {
-        return degrees_->CoordToLongPixel(in, x, y) && IsShown(*x, *y);
+        return HostMap::CoordToLongPixel(in, x, y) && IsShown(*x, *y);
     }
-    bool CoordToPixelCoord(ICoord*, ICoord*) override { return false; }
 
   protected:
     ~SquareMap() = default;
@@ -311,8 +316,6 @@ class SquareMap : public IMapCoordOperations {
     }
 
     double halfSide_;
-    // Pixel (0, 0) is 9 degrees east and 50 north.
-    IRef<IMapCoordOperations> degrees_ = DegreeMap(9.0, 50.0, 100.0);
 };
 
 TEST_F(RectExtentsTest, WithoutAnyCornerTheMovedPointsAreTheExtremes) {

@@ -6,6 +6,7 @@
 #include <new>
 
 #include "geometry/line_points.h"
+#include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
@@ -31,6 +32,30 @@ using testing::Random;
 using testing::Utm32;
 
 constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
+
+// Refuses the nth request for a position, a pixel or its datum, and no other.
+class FailingMap : public testing::HostMap {
+  public:
+    FailingMap(IRef<IMapCoordOperations> map, int nth) : HostMap(std::move(map)), left_(nth) {}
+
+    bool GetGeoDate(IGeoDate* out) override { return Answers() && HostMap::GetGeoDate(out); }
+    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
+        return Answers() && HostMap::FloatPixelToCoord(x, y, out);
+    }
+    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
+        return Answers() && HostMap::CoordToFloatPixel(in, x, y);
+    }
+
+    [[nodiscard]] bool HasFailed() const { return left_ <= 0; }
+
+  protected:
+    ~FailingMap() = default;
+
+  private:
+    bool Answers() { return --left_ != 0; }
+
+    int left_;
+};
 
 class LineDensifyingTest : public testing::BalancedTest {
   protected:
@@ -444,6 +469,33 @@ TEST_F(LineDensifyingTest, EndsWithoutNumbersEndTheWork) {
         }
         Across(Utm32(bad, 5.3e6), Utm32(5e5, bad), 3, KOORD_GK);
         EXPECT_LE(polyline->GetCount(), 33u);
+    }
+}
+
+TEST_F(LineDensifyingTest, AnyRequestThatTheMapRefusesFailsTheLine) {
+    const IRef<IMapCoordOperations> shown = map;
+    const struct {
+        Operation operation;
+        CKoord a, b;
+    } calls[] = {
+        {&ILinePoints::DensifyMapStraight, CKoord(Utm32(5e5, 5.3e6)), CKoord(Utm32(7e5, 5.3e6))},
+        {&ILinePoints::DensifyCoordStraight, CKoord(Utm32(5e5, 5.3e6)), CKoord(Utm32(7e5, 5.3e6))},
+        {&ILinePoints::DensifyCoordStraightZoned, CKoord(Utm32(6e5, 5.3e6)), CKoord(Utm32(6e5, 5.4e6))},
+        {&ILinePoints::DensifyGeodesic, CKoord(GeodezRecord(48, 7)), CKoord(GeodezRecord(49, 12))},
+        {&ILinePoints::DensifyGeodesic, CKoord(FloatPixel(10, 20)), CKoord(FloatPixel(500, 30))}};
+    for (const auto& [operation, a, b] : calls) {
+        int nth = 0;
+        bool hasFailed = true;
+        while (hasFailed) {
+            auto* const failing = NewObject<FailingMap>(shown, ++nth);
+            map = IRef<IMapCoordOperations>(failing);
+            polyline->Add(lines.Get());
+            const bool isDone = Densify(operation, a, b);
+            hasFailed = failing->HasFailed();
+            EXPECT_EQ(isDone, !hasFailed) << nth;
+            EXPECT_EQ(polyline->GetCount() == 0u, hasFailed) << nth;
+        }
+        EXPECT_GT(nth, 3);
     }
 }
 

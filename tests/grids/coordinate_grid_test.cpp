@@ -8,6 +8,7 @@
 
 #include "records/zones.h"
 #include "support/grids.h"
+#include "support/host_map.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
 
@@ -20,45 +21,21 @@ MapParam BorderSheet() {
 }
 
 // A map of a host's own, which gives up after some positions.
-class HostMap : public IMapCoordOperations {
+class TiringMap : public HostMap {
   public:
-    using Faces = FaceList<IMapCoordOperations>;
+    TiringMap(IRef<IMapCoordOperations> map, int positions) : HostMap(std::move(map)), left_(positions) {}
 
-    HostMap(IRef<IMapCoordOperations> map, int positions) : map_(std::move(map)), left_(positions) {}
-
-    bool GetMapDefinition(IArray*, std::int32_t*, double*, IGeoDate*, IProjection*) override { return false; }
-    bool GetReferencePoint(IReferencePoint*) override { return false; }
-    bool GetReferencePoints(IArray*) override { return false; }
-    std::int32_t GetScaleDenominator() override { return 0; }
-    double GetScale() override { return 0.0; }
-    double GetResolution() override { return 0.0; }
-    bool GetGeoDate(IGeoDate* out) override { return map_->GetGeoDate(out); }
-    bool GetProjection(IProjection*) override { return false; }
-    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
-        return map_->FloatPixelToCoord(x, y, out);
-    }
-    bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) override {
-        return map_->LongPixelToCoord(x, y, out);
-    }
-    bool PixelCoordToCoord(ICoord* pixel, ICoord* out) override {
-        return map_->PixelCoordToCoord(pixel, out);
-    }
     bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
-        return left_-- > 0 && map_->CoordToFloatPixel(in, x, y);
+        return left_-- > 0 && HostMap::CoordToFloatPixel(in, x, y);
     }
-    bool CoordToLongPixel(ICoord* in, std::int32_t* x, std::int32_t* y) override {
-        return map_->CoordToLongPixel(in, x, y);
-    }
-    bool CoordToPixelCoord(ICoord*, ICoord*) override { return false; }
 
     void GiveUpAfter(int positions) { left_ = positions; }
     [[nodiscard]] int Left() const { return left_; }
 
   protected:
-    ~HostMap() = default;
+    ~TiringMap() = default;
 
   private:
-    IRef<IMapCoordOperations> map_;
     int left_;
 };
 
@@ -255,7 +232,7 @@ TEST_F(CoordinateGridTest, PixelLinesAreTheSameLines) {
 }
 
 TEST_F(CoordinateGridTest, WorksOnAHostsOwnMap) {
-    const IRef<IMapCoordOperations> foreign(NewObject<HostMap>(map, NEVER));
+    const IRef<IMapCoordOperations> foreign(NewObject<TiringMap>(map, NEVER));
     grid = GridOf(KOORD_UTM, foreign, 10000.0, 10000.0);
     ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
     EXPECT_EQ(CountOfEastLines(), 7u);
@@ -263,7 +240,7 @@ TEST_F(CoordinateGridTest, WorksOnAHostsOwnMap) {
 }
 
 TEST_F(CoordinateGridTest, AFailureOnTheWayLeavesTheLinesBefore) {
-    auto* const host = NewObject<HostMap>(map, NEVER);
+    auto* const host = NewObject<TiringMap>(map, NEVER);
     const IRef<IMapCoordOperations> foreign(host);
     grid = GridOf(KOORD_UTM, foreign, 10000.0, 10000.0);
     ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
@@ -408,7 +385,7 @@ TEST_F(CoordinateGridTest, CopiesItsMapWithTheReferencePoints) {
 TEST_F(CoordinateGridTest, CopiesItsMapOntoMapsOnly) {
     EXPECT_FALSE(grid->CopyMapTo(nullptr));
     EXPECT_FALSE(grid->CopyMapTo(Disguised<IMapCoordOperations>(stranger)));
-    const IRef<IMapCoordOperations> foreign(NewObject<HostMap>(map, NEVER));
+    const IRef<IMapCoordOperations> foreign(NewObject<TiringMap>(map, NEVER));
     EXPECT_FALSE(grid->CopyMapTo(foreign.Get()));
 }
 
