@@ -21,7 +21,7 @@ class PolylineBoxes {
 
     // The segments of this polyline, in ascending order, that may have a point in common with a block of the
     // other one. The list may hold a few more, but never lacks a segment for which IntersectSegments finds a
-    // common point.
+    // common point, unless by products that overflow.
     void FindNear(const PolylineBoxes& other, std::size_t block, std::vector<std::size_t>* segments) const;
 
   private:

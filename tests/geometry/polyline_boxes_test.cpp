@@ -96,12 +96,37 @@ TEST(PolylineBoxes, PointsThatArentFiniteHideNothingAroundThem) {
         for (int i = 0; i < 200; ++i) {
             Polyline a = RandomPolyline(random, 3, 10.0);
             Polyline b = RandomPolyline(random, 4, 10.0);
-            b[static_cast<std::size_t>(random.Below(static_cast<std::int32_t>(b.size())))].x = odd;
+            PlanePoint& point =
+                b[static_cast<std::size_t>(random.Below(static_cast<std::int32_t>(b.size())))];
+            // A huge y lets products overflow, of which IntersectSegments makes intersections.
+            (i % 4 < 2 || std::isfinite(odd) ? point.x : point.y) = odd;
             if (i % 2 == 0)
                 a[static_cast<std::size_t>(random.Below(static_cast<std::int32_t>(a.size())))].y = odd;
             ASSERT_EQ(IntersectionPairsByBoxes(a, b), IntersectionPairs(a, b)) << odd;
         }
     }
+}
+
+// Two blocks of segments: eight far above the line, and eight of which one crosses it.
+TEST(PolylineBoxes, APointWithOneFiniteCoordinateHidesNothingInItsBlock) {
+    const Polyline line{{-1.0, 0.0}, {1.0, 0.0}};
+    for (const double odd : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
+        for (const PlanePoint point : {PlanePoint{9.0, odd}, PlanePoint{odd, 9.0}}) {
+            Polyline polyline;
+            for (int i = 0; i <= 8; ++i)
+                polyline.push_back({i * 1.0, 100.0 + i});
+            polyline.insert(polyline.end(), {point, {9.0, 9.0}, {0.5, 5.0}, {0.5, -5.0}});
+            EXPECT_EQ(IntersectionPairsByBoxes(line, polyline), (std::vector<Pair>{{1, 12}})) << odd;
+        }
+    }
+}
+
+TEST(PolylineBoxes, LeaveOutTheSegmentsBesideALine) {
+    const Polyline line{{0.0, 0.0}, {1.0, 0.0}, {2.0, 0.0}};
+    const Polyline beside{{0.0, 1.0}, {1.0, 1.0}, {2.0, 2.0}};
+    std::vector<std::size_t> near{7};
+    PolylineBoxes(beside).FindNear(PolylineBoxes(line), 0, &near);
+    EXPECT_TRUE(near.empty());
 }
 
 TEST(PolylineBoxes, LeaveMostSegmentsOut) {

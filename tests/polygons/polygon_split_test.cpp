@@ -152,6 +152,16 @@ TEST(SplitVertices, EdgesThatRunAlongEachOtherSplitWhereTheyStart) {
     ExpectRing(parts[2], {{0, 0}, {3, 0}, {0, 4}});
 }
 
+// Out along y = 0 to (8, 0) and straight back beyond the start.
+TEST(SplitVertices, NeighbouringEdgesThatRunBackOverEachOtherHaveNoStop) {
+    const Ring spike{{0, 0}, {8, 0}, {-4, 0}, {-4, 5}, {0, 5}};
+    for (std::size_t first = 0; first < spike.size(); ++first) {
+        Ring turned = spike;
+        std::rotate(turned.begin(), turned.begin() + static_cast<std::ptrdiff_t>(first), turned.end());
+        EXPECT_EQ(SplitVertices(turned), std::vector<Ring>{Closed(turned)}) << first;
+    }
+}
+
 // Whatever is cut off and left over, the walk is the same, and with it the signed area.
 TEST(SplitVertices, SignedAreasAddUpAndNoVertexIsVisitedTwice) {
     Random random(2);
