@@ -191,6 +191,22 @@ TEST_F(LeadsBackTest, APlaceOnTheOtherHemisphereDoesnt) {
     EXPECT_TRUE(Leads(PolarSheet('N'), Axis::East, GeodezRecord(-85.0, 90.0)));
 }
 
+TEST_F(LeadsBackTest, AReferenceWithoutASquareDoesnt) {
+    const IRef<IMapCoordOperations> on = MapOf(LondonSheet());
+    const MapPlane plane(on.Get());
+    const PlanePoint pixel{1000.0, 1000.0};
+    CKoord there(MakeKoord(DATUM_WGS84, KOORD_UTMREF));
+    ASSERT_TRUE(plane.ToWorld(pixel, &there));
+    CKoord nowhere = there;
+    auto reference = Load<UtmrefPayload>(nowhere);
+    reference.column = 'I';
+    Store(nowhere, reference);
+    for (const Axis axis : {Axis::East, Axis::North}) {
+        EXPECT_TRUE(LeadsBack(plane, axis, there, pixel));
+        EXPECT_FALSE(LeadsBack(plane, axis, nowhere, pixel));
+    }
+}
+
 TEST_F(LeadsBackTest, TheDateLineDoesFromBothSidesButNoFurtherTurn) {
     const MapParam west = Map(MAP_UTM, MapUtmParams{'S', 60, 700000.0, 8200000.0, 10.0, 10.0});
     EXPECT_TRUE(Leads(west, Axis::East, GeodezRecord(-17.0, 180.0)));

@@ -43,6 +43,18 @@ TEST_F(DateLineMap, APositionHasThePixelClosestToTheWindow) {
     EXPECT_NEAR(x, 100.0, 1e-9);
 }
 
+// Half a turn from the middle of the window, at 180 degrees.
+TEST_F(DateLineMap, APositionHalfATurnAwayStaysOnItsSide) {
+    double x = 0.0;
+    double y = 0.0;
+    for (const double longitude : {5e-8, 0.0, -5e-8}) {
+        ASSERT_TRUE(map->CoordToFloatPixel(Degrees(9.0, longitude).Get(), &x, &y));
+        EXPECT_NEAR(x, -17800.0, 1e-4) << longitude;
+    }
+    ASSERT_TRUE(map->CoordToFloatPixel(Degrees(9.0, -2e-7).Get(), &x, &y));
+    EXPECT_NEAR(x, 18200.0, 1e-4);
+}
+
 TEST_F(DateLineMap, WholePixelsAreRounded) {
     std::int32_t x = 0;
     std::int32_t y = 0;

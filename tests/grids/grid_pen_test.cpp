@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "support/map_objects.h"
+#include "support/records.h"
+
 namespace tessara {
 namespace {
 
@@ -68,6 +71,30 @@ TEST(GridPen, DrawsBordersThatTouchTheWindow) {
     EXPECT_EQ(count, 1);
     EXPECT_TRUE(pen.DrawNearWindow(Pixel(-5.0, 10.8), Pixel(20.0, 10.8)));
     EXPECT_EQ(count, 1);
+}
+
+// A circle of about 1000 pixels around a pole at pixel (1000, 1000), halved six times. Between the vertices,
+// 5.625 degrees apart, it is 1000 (1 - cos 2.8125) = 1.2 pixels beside its chords, and each vertex is
+// 1000 (1 - cos 5.625) = 4.8 pixels beside the chord of its neighbours.
+TEST(GridPen, DrawsALineThatMayBendIntoTheWindowButNoOther) {
+    const auto map =
+        testing::MapOf(testing::Map(MAP_UPS, MapUpsParams{'N', 1000000.0, 3000000.0, 1000.0, 1000.0}));
+    const MapPlane plane(map.Get());
+    const CKoord from(GeodezRecord(81.0, -180.0));
+    const CKoord to(GeodezRecord(81.0, 180.0));
+    PlanePoint lowest{};
+    ASSERT_TRUE(plane.ToPlane(CKoord(GeodezRecord(81.0, 0.0)), &lowest));
+    const auto bottom = static_cast<std::int32_t>(lowest.y);
+    ASSERT_NEAR(bottom, 2000, 30);
+    const auto isDrawn = [&](std::int32_t below) {
+        int count = 0;
+        GridPen pen(plane, {900, bottom + below, 1100, bottom + 100},
+                    [&count](const GridLine&) { return ++count > 0; });
+        EXPECT_TRUE(pen.DrawNearWindow(from, to));
+        return count == 1;
+    };
+    EXPECT_TRUE(isDrawn(1)) << "by half a pixel and 1.2 the circle may touch the window";
+    EXPECT_FALSE(isDrawn(6));
 }
 
 }  // namespace

@@ -64,6 +64,10 @@ TEST(ZoneArc, ZonesFollowEachOtherAroundTheEarth) {
     }
     CKoord none(UtmRecord(DATUM_WGS84, 'N', 61, 500000.0, 0.0));
     EXPECT_FALSE(MoveAroundEarth(1, &none));
+    for (const double easting : {61500000.0, -61500000.0}) {
+        none = StripRecord(DATUM_WGS84, KOORD_GK, easting, 0.0);
+        EXPECT_FALSE(MoveAroundEarth(1, &none)) << easting;
+    }
     none = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
     EXPECT_FALSE(MoveAroundEarth(1, &none));
     CKoord austrian(AustrianRecord(6, KOORD_BMN, 34, 741000.0, 300000.0));

@@ -1,9 +1,12 @@
 // Grids of zoned systems: their lines, the ends of the lines, and the joints between zones.
+#include "grids/zoned_grid_lines.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <set>
 
+#include "areas/rect_extents.h"
 #include "records/convert_records.h"
 #include "records/zone_borders.h"
 #include "records/zones.h"
@@ -204,6 +207,27 @@ TEST_F(ZonedGridLinesTest, InTheSouthLinesAreClippedAtTheirSouthernEnds) {
     for (const std::size_t clipped : {3u, 5u}) {
         EXPECT_NEAR(Utm(lines[clipped].front()).northing, 1e7 - 5312371.248, 2e-3);
         EXPECT_NEAR(Utm(lines[clipped].back()).northing, 1e7 - 5314899.828, 0.03);
+    }
+}
+
+TEST_F(ZonedGridLinesTest, ALineThatIsNotTakenEndsTheDrawing) {
+    SetBorderWindow(10000.0);
+    constexpr PixelRect rect{0, 0, 5000, 5000};
+    GridWindow window{{}, rect, {}, {}, 10000.0, 10000.0, 0.0};
+    ASSERT_TRUE(ExtentOfRect(map.Get(), rect, DATUM_WGS84, KOORD_UTM, &window.extremes));
+    const MapPlane plane(map.Get());
+    for (const auto draw : {DrawZonedEastLines, DrawZonedNorthLines}) {
+        int refused = 0;
+        int drawn = 0;
+        do {
+            ++refused;
+            drawn = 0;
+            GridPen pen(plane, rect, [&](const GridLine&) { return ++drawn != refused; });
+            const bool isDone = draw(window, &pen);
+            EXPECT_EQ(isDone, drawn < refused) << refused;
+            EXPECT_LE(drawn, refused);
+        } while (drawn == refused);
+        EXPECT_GE(drawn, 5);
     }
 }
 

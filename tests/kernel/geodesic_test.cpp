@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "support/doubles.h"
 #include "support/random.h"
@@ -230,6 +232,56 @@ TEST(GeodesicInverseCore, TheSearchTakesWholeTurnsOffLongitudes) {
     EXPECT_NEAR(Inverse(10.0, 720.0, -10.0, 179.9).distance, distance, 0.02);
     EXPECT_NEAR(Inverse(10.0, -720.0, -10.0, 179.9).distance, distance, 0.02);
     EXPECT_NEAR(Inverse(10.0, 0.0, -10.0, 179.9 + 360e6).distance, distance, 0.02);
+}
+
+// A trial of the search: by how much its line differs from the shortest before it, and the shortest since.
+struct Trial {
+    double change, shortest;
+};
+
+// The search between (lat1, 0) and (lat2, dLon), written anew: along the meridian halfway, from the pole and
+// half the latitude, each stride half as long again while the line gets shorter, and halved after a longer
+// one.
+std::vector<Trial> TrialsOfTheSearch(double lat1, double lat2, double dLon) {
+    const auto lengthThrough = [&](double lat) {
+        return Inverse(lat1, 0.0, lat, dLon / 2.0).distance + Inverse(lat, dLon / 2.0, lat2, dLon).distance;
+    };
+    double place = lat1 + lat2 < 0.0 ? -90.0 : 90.0;
+    double shortest = lengthThrough(place);
+    double next = place / 2.0;
+    bool wasShorter = false;
+    std::vector<Trial> trials;
+    do {
+        const double length = lengthThrough(next);
+        const double change = std::fabs(shortest - length);
+        const double stride = next - place;
+        const bool isShorter = length <= shortest;
+        if (isShorter) {
+            place = next;
+            shortest = length;
+            next = place + stride / 2.0;
+        } else {
+            next = wasShorter ? place - stride : place + stride / 2.0;
+        }
+        wasShorter = isShorter;
+        trials.push_back({change, shortest});
+    } while (trials.back().change > 0.01);
+    return trials;
+}
+
+TEST(GeodesicInverseCore, TheSearchEndsWithAChangeOfACentimetreAndNotBefore) {
+    // Pairs of which one trial changes the length by little more than a centimetre, and a later one by more.
+    const double pairs[][3] = {
+        {-15.65, 15.333, 179.567}, {10.23, -10.288, 179.813}, {-16.67, 17.246, 179.628}};
+    for (const auto& [lat1, lat2, dLon] : pairs) {
+        const std::vector<Trial> trials = TrialsOfTheSearch(lat1, lat2, dLon);
+        const auto early = std::find_if(trials.begin(), trials.end(),
+                                        [](const Trial& trial) { return trial.change < 0.01001; });
+        ASSERT_NE(early, trials.end() - 1) << lat1;
+        ASSERT_GT(early->shortest - trials.back().shortest, 0.01) << lat1;
+        // Metres: roundings of the latitudes.
+        EXPECT_NEAR(Inverse(lat1, 0.0, lat2, dLon).distance, trials.back().shortest, 1e-6) << lat1;
+    }
 }
 
 TEST(GeodesicInverseCore, NearTheAntipodeTheWayIsNeverTooShortAndRarelyMuchTooLong) {

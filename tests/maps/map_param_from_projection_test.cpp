@@ -59,11 +59,12 @@ TEST_F(MapParamFromProjectionTest, FailsWithTheGetter) {
 class OpenProjection : public HostProjection, public IMapParamInternal {
   public:
     using Faces = FaceList<IProjection, IMapParamInternal>;
-    explicit OpenProjection(const MapParam& map) : HostProjection(map), record_(map) {}
+    explicit OpenProjection(const MapParam& map, bool gives = true)
+        : HostProjection(map), record_(map), gives_(gives) {}
 
     bool GetMapParam(MapParam* out) override {
         *out = record_;
-        return true;
+        return gives_;
     }
     bool SetMapParam(const MapParam*) override { return false; }
 
@@ -72,7 +73,16 @@ class OpenProjection : public HostProjection, public IMapParamInternal {
 
   private:
     MapParam record_;
+    bool gives_;
 };
+
+TEST_F(MapParamFromProjectionTest, FailsWithTheRecord) {
+    IProjection* const made = NewObject<OpenProjection>(CountedRecord(MAP_UTM), false);
+    const IRef<IProjection> projection(made);
+    MapParam out;
+    EXPECT_FALSE(MapParamFromProjection(projection.Get(), &out));
+    EXPECT_EQ(out.type, MapParam().type);
+}
 
 TEST_F(MapParamFromProjectionTest, TakesNoChainFromAnybody) {
     MapParam record = CountedRecord(MAP_UTM);

@@ -27,7 +27,8 @@ CONTEXT_LINES = 2
 
 
 class Change:
-    """One place of a file with other text in it. Its key names it by the text around it, whatever its line."""
+    """One place of a file with other text in it. Its key names it by the text around it, whatever its line, and by a
+    number if there are others alike."""
 
     def __init__(self, path, name, text, lines, start, end, new):
         self.path, self.name, self.original, self.start, self.end, self.new = path, name, text, start, end, new
@@ -38,6 +39,11 @@ class Change:
         self.after = (text[first:start] + new + text[end:last]).strip()
         around = lines[max(0, self.line - 1 - CONTEXT_LINES):self.line + CONTEXT_LINES]
         self.key = digest([name, *around, str(start - first), new])
+
+    def tell_apart(self, number):
+        """Gives the second and each later change with the same text around it a key of its own."""
+        if number > 1:
+            self.key = digest([self.key, str(number)])
 
     def text(self):
         return self.original[:self.start] + self.new + self.original[self.end:]
@@ -77,8 +83,11 @@ def changes_of(path, root):
     lines = text.splitlines()
     name = str(path.relative_to(root))
     by_line = {}
-    for (start, end), new in found:
+    alike = {}  # how many changes before have the same text around them
+    for (start, end), new in sorted(found):
         change = Change(path, name, text, lines, start, end, new)
+        alike[change.key] = alike.get(change.key, 0) + 1
+        change.tell_apart(alike[change.key])
         by_line.setdefault(change.line, []).append(change)
     ordered = []
     for on_line in by_line.values():

@@ -92,6 +92,13 @@ TEST(Pow, OfAnythingIsRightToSomeUnits) {
     EXPECT_LT(LargestErrorOfTwo(Pow, mpfr_pow, base, [&] { return random.Between(-1.1, 1.1); }), 8.0);
 }
 
+TEST(Pow, OfSmallBasesVanishesGradually) {
+    // 10^-309 is subnormal: the digits of the double 0.001 leave it one of a few doubles.
+    EXPECT_NEAR(Pow(0.001, 103.0), 1e-309, 10.0 * 5e-324);
+    EXPECT_NEAR(Pow(-0.001, 103.0), -1e-309, 10.0 * 5e-324);
+    EXPECT_EQ(Pow(0.001, 108.0), 0.0);
+}
+
 // The table of the C standard, annex F.9.4.4.
 TEST(Pow, OfSpecialValues) {
     const struct {
@@ -104,6 +111,9 @@ TEST(Pow, OfSpecialValues) {
         {-0.0, -2.5, INFINITE},
         {0.0, -INFINITE, INFINITE},
         {-0.0, -INFINITE, INFINITE},
+        {0.0, -0.5, INFINITE},
+        {0.0, 0.5, 0.0},
+        {-0.0, 0.5, 0.0},
         {0.0, 3.0, 0.0},
         {-0.0, 3.0, -0.0},
         {-0.0, 2.0, 0.0},

@@ -56,6 +56,23 @@ TEST(BlockForms, ChangeNoRowBehindThoseOfTheirRecords) {
     }
 }
 
+// The Eiffel tower, 31U DQ 48251 11932: the column D begins at 400 km of easting, and the row Q of an odd
+// zone at 1400 km, for the third time at 5400 km of northing.
+TEST(BlockForms, ReadAMilitaryReferenceFromItsFields) {
+    const auto block = std::make_unique<Block>();
+    block->zone[0] = 31.0;
+    block->band[0] = NumberOfLetters({'U', '\0'});
+    block->square[0] = NumberOfLetters({'D', 'Q'});
+    block->squareEast[0] = 48251.0;
+    block->squareNorth[0] = 11932.0;
+    UTMREF_BLOCKS.fromFields(*block, 1, MakeKoord(DATUM_WGS84, KOORD_UTMREF));
+    EXPECT_FALSE(block->IsSpecial(0));
+    EXPECT_EQ(block->zone[0], 31.0);
+    EXPECT_EQ(block->south[0], 0.0);
+    EXPECT_EQ(block->east[0], 448251.0);
+    EXPECT_EQ(block->north[0], 5411932.0);
+}
+
 TEST(BlockForms, RefuseZonesAndMeridiansThatDontExist) {
     const auto admitted = [](const BlockForm& form, double zone) {
         Block block{};

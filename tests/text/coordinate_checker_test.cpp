@@ -122,6 +122,14 @@ TEST_F(CoordinateCheckerTest, AZoneThatIsWantedFarAwayIsRefused) {
     EXPECT_FALSE(Check(Utm(61, 'N', 500000.0, 5500000.0)));
 }
 
+TEST_F(CoordinateCheckerTest, TheCentralLineLiesInItsZoneAlsoIfTheZoneIsWanted) {
+    EXPECT_TRUE(Check(Utm(32, 'N', 500000.0, 5500000.0, 32)));
+    EXPECT_TRUE(Check(Strip(KOORD_GK, 3500000.0, 5500000.0, 9)));
+    EXPECT_TRUE(Check(Strip(KOORD_GK6, 2500000.0, 5500000.0, 9)));
+    EXPECT_TRUE(Check(Austrian(KOORD_BMN, 31, 450000.0, 200000.0, 31)));
+    EXPECT_TRUE(Check(Austrian(KOORD_GKAT, 31, 0.0, 5200000.0, 31)));
+}
+
 TEST_F(CoordinateCheckerTest, AUtmrefHasTheLettersOfAnExistingSquare) {
     EXPECT_TRUE(Check(Utmref(32, 'U', "QA", 7819, 42661)));
     EXPECT_FALSE(Check(Utmref(32, 'U', "RA", 0, 0))) << "a column beyond the zone";
