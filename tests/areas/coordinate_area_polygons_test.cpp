@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "areas/coordinate_area.h"
+#include "support/host_map.h"
 #include "support/polygons.h"
 #include "support/positions.h"
 #include "support/zoned_records.h"
@@ -135,6 +136,26 @@ TEST_F(PolygonQuestions, HalfAPixelOfToleranceWidensARectangle) {
         EXPECT_TRUE(AskAll(PixelAt(p.x, p.y), square, false));
     ASSERT_TRUE(area->SetTolerance(0.0));
     EXPECT_TRUE(AskAll(PixelAt(4.4, 2), square, false));
+}
+
+TEST_F(PolygonQuestions, NothingIsInsideOnAMapThatRefusesARequest) {
+    const auto field =
+        LineOf({GeodezRecord(48, 7), GeodezRecord(48, 11), GeodezRecord(49, 11), GeodezRecord(49, 7)});
+    const auto inside = CoordOf(GeodezRecord(48.5, 9));
+    const IRef<IMapCoordOperations> shown = map;
+    for (const OnMap operation : {&ICoordinateArea::IsInsideCoordEdges, &ICoordinateArea::IsInsideMapEdges,
+                                  &ICoordinateArea::IsInsideOnMap}) {
+        int nth = 0;
+        bool hasFailed = true;
+        while (hasFailed) {
+            auto* const failing = NewObject<testing::FailingMap>(shown, ++nth);
+            map = IRef<IMapCoordOperations>(failing);
+            const bool isInside = Ask(operation, inside, field);
+            hasFailed = failing->HasFailed();
+            EXPECT_EQ(isInside, !hasFailed) << nth;
+        }
+        EXPECT_GT(nth, 4);
+    }
 }
 
 // The parallel of 48 degrees from 7 to 11 degrees east bends on the map: cs2cs +proj=latlong to +proj=utm

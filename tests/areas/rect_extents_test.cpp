@@ -268,6 +268,35 @@ TEST_F(RectExtentsTest, ASideIsWalkedOnBothSidesOfGreenwich) {
     }
 }
 
+// A cone whose northern end is the pole, some rows above the middle of the window's top edge. The points of
+// the edge are sixteen pixels apart.
+TEST_F(RectExtentsTest, AnEdgeBesideThePoleIsFollowedToAQuarterOfAPixel) {
+    map = MapOf(testing::WithReference(testing::Map(MAP_LAMBERT2, MapLambert2Params{60.0, 80.0, 90.0}),
+                                       GeodezRecord(80.0, 90.0), 0, 0, 5000000, 10.0));
+    const Pixel pole = testing::PixelOn(map, CKoord(GeodezRecord(90.0, 90.0)));
+    const auto latitudeBelow = [&](double rows) {
+        const IRef<ICoord> coord = EmptyCoord(DATUM_WGS84, KOORD_GEODEZ);
+        EXPECT_TRUE(map->FloatPixelToCoord(pole.x, std::floor(pole.y) + rows, coord.Get()));
+        return PayloadOf<GeodezPayload>(coord).latitude;
+    };
+    const auto top = static_cast<std::int32_t>(std::floor(pole.y)) + 3;
+    const double quarter = (latitudeBelow(3.0) - latitudeBelow(4.0)) / 4.0;
+    Ask(KOORD_GEODEZ);
+    ASSERT_TRUE(Extremes(-493, top, 507, top + 600));
+    EXPECT_NEAR(Degrees(NORTH).latitude, latitudeBelow(3.0), quarter);
+}
+
+// Degrees 90..346 east and 50..60 north, 100 pixels a degree. The samples of the edges are four degrees
+// apart, and the strip around 180 lies between those at 178 and 182.
+TEST_F(RectExtentsTest, AZoneBetweenTwoSamplesCounts) {
+    map = DegreeMap(90.0, 60.0, 100.0);
+    Ask(KOORD_GK);
+    ASSERT_TRUE(Extremes(0, 0, 25600, 1000));
+    // cs2cs from +proj=latlong to +proj=tmerc +lon_0=180 +x_0=500000 of 181.5 50, where the last strip is
+    // widest; the border is found to half a pixel, 358 metres.
+    EXPECT_NEAR(PayloadOf<GkPayload>(results[EAST]).easting, 60607541.510, 358.0);
+}
+
 TEST_F(RectExtentsTest, CornersOffTheSystemMoveInward) {
     // CH ends 600 km from its origin; a degree map of Europe has all corners outside.
     map = DegreeMap(-10.0, 60.0, 10.0);

@@ -33,30 +33,6 @@ using testing::Utm32;
 
 constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
 
-// Refuses the nth request for a position, a pixel or its datum, and no other.
-class FailingMap : public testing::HostMap {
-  public:
-    FailingMap(IRef<IMapCoordOperations> map, int nth) : HostMap(std::move(map)), left_(nth) {}
-
-    bool GetGeoDate(IGeoDate* out) override { return Answers() && HostMap::GetGeoDate(out); }
-    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
-        return Answers() && HostMap::FloatPixelToCoord(x, y, out);
-    }
-    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
-        return Answers() && HostMap::CoordToFloatPixel(in, x, y);
-    }
-
-    [[nodiscard]] bool HasFailed() const { return left_ <= 0; }
-
-  protected:
-    ~FailingMap() = default;
-
-  private:
-    bool Answers() { return --left_ != 0; }
-
-    int left_;
-};
-
 class LineDensifyingTest : public testing::BalancedTest {
   protected:
     using Operation = bool (ILinePoints::*)(IMapCoordOperations*, ICoord*, ICoord*, IArray*);
@@ -487,7 +463,7 @@ TEST_F(LineDensifyingTest, AnyRequestThatTheMapRefusesFailsTheLine) {
         int nth = 0;
         bool hasFailed = true;
         while (hasFailed) {
-            auto* const failing = NewObject<FailingMap>(shown, ++nth);
+            auto* const failing = NewObject<testing::FailingMap>(shown, ++nth);
             map = IRef<IMapCoordOperations>(failing);
             polyline->Add(lines.Get());
             const bool isDone = Densify(operation, a, b);

@@ -232,6 +232,30 @@ TEST(Utmref, LettersTheRowSouthOfTheEquatorWithTheLastLetter) {
     EXPECT_EQ(Letters(Datum(DATUM_GER).At(-0.5, 9.0)), "MNQ");
 }
 
+// A latitude south of the equator with exactly this northing, found by halves; 0.0 if there is none.
+double LatitudeOfNorthing(const Datum& datum, double northing) {
+    double south = -1e-5;
+    double north = 0.0;
+    for (int i = 0; i < 100; ++i) {
+        const double latLon[2] = {(south + north) / 2.0, 9.0};
+        UtmPayload utm{};
+        EXPECT_EQ(UTM_FromGeodetic(latLon, &utm, &datum.forward), KOORD_OK);
+        if (utm.northing == northing) return latLon[0];
+        (utm.northing < northing ? south : north) = latLon[0];
+    }
+    return 0.0;
+}
+
+TEST(Utmref, ExactlyHalfAMetreSouthOfTheEquatorRoundsOntoIt) {
+    const Datum datum(DATUM_WGS84);
+    const double latitude = LatitudeOfNorthing(datum, 9999999.5);
+    ASSERT_LT(latitude, 0.0);
+    const UtmrefPayload p = datum.At(latitude, 9.0);
+    EXPECT_EQ(p.band, 'N');
+    EXPECT_EQ(p.northing, 0);
+    EXPECT_EQ(datum.At(latitude - 1e-12, 9.0).band, 'M') << "a ten-thousandth of a millimetre further south";
+}
+
 // 0.11 m and 1.1 m south of the equator: 9999999.89 and 9999998.89 m.
 TEST(UtmrefFromGeodetic, RoundsAPointJustSouthOfTheEquatorOntoIt) {
     const Datum wgs84(DATUM_WGS84);

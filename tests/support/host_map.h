@@ -1,4 +1,4 @@
-// A host's own map, which has no record and shows what another map shows.
+// Maps of a host's own, which have no record and show what another map shows.
 #pragma once
 
 #include <utility>
@@ -45,6 +45,30 @@ class HostMap : public IMapCoordOperations {
 
   private:
     IRef<IMapCoordOperations> map_;
+};
+
+// Refuses the nth request for a position, a pixel or its datum, and no other.
+class FailingMap : public HostMap {
+  public:
+    FailingMap(IRef<IMapCoordOperations> map, int nth) : HostMap(std::move(map)), left_(nth) {}
+
+    bool GetGeoDate(IGeoDate* out) override { return Answers() && HostMap::GetGeoDate(out); }
+    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
+        return Answers() && HostMap::FloatPixelToCoord(x, y, out);
+    }
+    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
+        return Answers() && HostMap::CoordToFloatPixel(in, x, y);
+    }
+
+    [[nodiscard]] bool HasFailed() const { return left_ <= 0; }
+
+  protected:
+    ~FailingMap() = default;
+
+  private:
+    bool Answers() { return --left_ != 0; }
+
+    int left_;
 };
 
 }  // namespace tessara::testing

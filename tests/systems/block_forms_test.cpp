@@ -56,6 +56,23 @@ TEST(BlockForms, ChangeNoRowBehindThoseOfTheirRecords) {
     }
 }
 
+TEST(BlockForms, LeaveSpecialRowsAlone) {
+    testing::Random random(32);
+    for (std::int32_t type = 0; type < KOORD_TYPE_COUNT; ++type) {
+        const auto sources = testing::MixedSources(random, type, DATUM_WGS84, ROWS);
+        const BlockForm* const form = SystemOf(sources[0]).blocks;
+        if (form == nullptr) continue;
+        const auto block = UntouchedBlock();
+        ASSERT_TRUE(block->IsSpecial(0));
+        auto targets = sources;
+        form->store(*block, targets);
+        for (std::size_t row = 0; row < ROWS; ++row)
+            EXPECT_EQ(std::memcmp(&targets[row], &sources[row], sizeof targets[row]), 0) << type;
+        if (form->toFields != nullptr) form->toFields(*block, ROWS, sources[0]);
+        EXPECT_TRUE(AreUntouched(*block, 0)) << type;
+    }
+}
+
 // The Eiffel tower, 31U DQ 48251 11932: the column D begins at 400 km of easting, and the row Q of an odd
 // zone at 1400 km, for the third time at 5400 km of northing.
 TEST(BlockForms, ReadAMilitaryReferenceFromItsFields) {
