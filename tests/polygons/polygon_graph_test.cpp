@@ -67,6 +67,10 @@ TEST(GraphOf, RingsTouchWithinTheSnapTolerance) {
     EXPECT_FALSE(GraphOf(square, Rectangle(4.15, 1, 6, 3), 0.1).doRingsTouch);
     EXPECT_TRUE(GraphOf(square, {{2, 4.05}}, 0.1).doRingsTouch) << "a single point on an edge";
     EXPECT_TRUE(GraphOf({{2, 4}}, {{2.05, 4.05}}, 0.1).doRingsTouch) << "two points";
+    // 14 and 16 pixels below the diagonal, which is 9.9 and 11.3 beside it.
+    const Ring triangle{{0, 0}, {400, 400}, {0, 400}};
+    EXPECT_TRUE(GraphOf(triangle, {{207, 193}}, 10.0).doRingsTouch);
+    EXPECT_FALSE(GraphOf(triangle, {{208, 192}}, 10.0).doRingsTouch);
 }
 
 }  // namespace

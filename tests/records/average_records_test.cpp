@@ -155,6 +155,13 @@ TEST(AverageRecords, GeorefAveragesToTheFinestPrecision) {
     EXPECT_EQ(mean.latMinutes, 1300);
 }
 
+TEST(AverageRecords, ACodeOutsideItsAlphabetHasNoMean) {
+    const tagKOORD place = Record(KOORD_GEOREF, GeorefPayload{4, 'N', 'K', 'F', 'B', 130, 140});
+    const tagKOORD none = Record(KOORD_GEOREF, GeorefPayload{4, 'I', 'K', 'F', 'B', 130, 140});
+    EXPECT_FALSE(HasMean(place, none));
+    EXPECT_FALSE(HasMean(none, place));
+}
+
 TEST(AverageRecords, UpsNeedsOneHemisphere) {
     EXPECT_TRUE(SameRecord(MeanOf(Ups('S', 2.0e6, 2.0e6), Ups('S', 2.5e6, 1.0e6)), Ups('S', 2.25e6, 1.5e6)));
     EXPECT_FALSE(HasMean(Ups('N', 2.0e6, 2.0e6), Ups('S', 2.0e6, 2.0e6)));

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -368,6 +369,40 @@ TEST(ConvertColumns, FractionsOfTheWholeNumbersOfAReferenceAreCutOff) {
     }
     EXPECT_NEAR(found[0], LONGITUDES[0], 2e-5);
     EXPECT_EQ(found[0], found[1]);
+}
+
+// Two blocks of references in bands that share row letters: 51 degrees north is in U, 33.5 in S.
+TEST(ConvertColumns, EachBlockReadsItsOwnBands) {
+    constexpr std::size_t block = 128;
+    const tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+    Doubles zones, eastings, northings, expected;
+    std::string bands, squares;
+    for (const double latitude : {51.0, 33.5}) {
+        const tagKOORD position = GeodezRecord(latitude, 9.0);
+        tagKOORD reference = utmref;
+        ASSERT_EQ(KoordConvert(&position, &reference), KOORD_OK);
+        const auto p = Load<UtmrefPayload>(reference);
+        zones.insert(zones.end(), block, p.zone);
+        bands.append(block, p.band);
+        for (std::size_t row = 0; row < block; ++row)
+            squares += {p.column, p.row};
+        eastings.insert(eastings.end(), block, p.easting);
+        northings.insert(northings.end(), block, p.northing);
+        expected.insert(expected.end(), block, latitude);
+    }
+    ASSERT_EQ(bands.substr(block - 1, 2), "US");
+    SourceColumns from;
+    from.fields[0] = From(zones);
+    from.fields[1] = {bands.data(), 1};
+    from.fields[2] = {squares.data(), 2};
+    from.fields[3] = From(eastings);
+    from.fields[4] = From(northings);
+    Doubles latitudes(expected.size());
+    TargetColumns to;
+    to.fields[0] = Into(latitudes);
+    EXPECT_EQ(KoordConvertColumns(&utmref, &from, &DEGREES, &to, expected.size(), 1), KOORD_OK);
+    for (std::size_t row = 0; row < expected.size(); ++row)
+        EXPECT_NEAR(latitudes[row], expected[row], 1e-5) << row;  // degrees; a metre
 }
 
 // A table of rows as they lie in memory: eight bytes for each field, the height and the status, and three

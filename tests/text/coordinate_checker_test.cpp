@@ -197,6 +197,13 @@ TEST_F(CoordinateCheckerTest, SomeSystemsHaveNoLegalPositions) {
     EXPECT_FALSE(Check(MakeKoord(DATUM_WGS84, -1)));
 }
 
+TEST_F(CoordinateCheckerTest, TheFirstDatumIsOneAsWell) {
+    const tagKOORD position = GeodezRecord(48.0, 9.0, 0.0, 0);
+    EXPECT_TRUE(Check(position));
+    EXPECT_TRUE(Convertible(position, 0, KOORD_UTM));
+    EXPECT_TRUE(Convertible(GeodezRecord(48.0, 9.0), 0, KOORD_GEODEZ));
+}
+
 TEST_F(CoordinateCheckerTest, APositionNeedsADatum) {
     for (const std::int32_t datum : {-1, DATUM_COUNT, NO_DATUM, INT32_MAX}) {
         EXPECT_FALSE(Check(GeodezRecord(48.0, 11.0, 0.0, datum))) << datum;
