@@ -9,7 +9,6 @@ template <class Pixel>
 bool ReferencePoint::Set(ICoord* world, KoordType type, const Pixel& pixel) {
     isSet_ = KoordFromCoord(world, &world_);
     if (!isSet_) return false;
-    pixel_.datum = world_.datum;
     pixel_.type = static_cast<std::uint32_t>(type);
     Store(pixel_, pixel);
     return true;

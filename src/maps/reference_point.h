@@ -23,7 +23,7 @@ class ReferencePoint : public IReferencePoint {
     bool Set(ICoord* world, KoordType type, const Pixel& pixel);
 
     CKoord world_;
-    CKoord pixel_;  // LONGPIXEL or FLOATPIXEL in the world's datum
+    CKoord pixel_;  // LONGPIXEL or FLOATPIXEL
     bool isSet_ = false;
 };
 

@@ -87,15 +87,14 @@ double CentreEast(tagKOORD record) {
     return zones::MoveToCentre(&record) ? zones::East(record) : std::numeric_limits<double>::quiet_NaN();
 }
 
-// The mean of two points on either side of a zone border. On entry `mean` names the zone west of the border
-// and has the northing of the mean. `offset` is the average distance of the two points east of the central
-// lines of their zones, in metres; if it is positive, the mean lies that far east of the border, in the
-// eastern zone. False for a NaN.
+// The mean of two points on either side of a zone border. On entry `mean` names the zone west of the border,
+// wants none and has the northing of the mean. `offset` is the average distance of the two points east of the
+// central lines of their zones, in metres; if it is positive, the mean lies that far east of the border, in
+// the eastern zone. False for a NaN.
 bool MeanBesideBorder(double offset, tagKOORD* mean) {
     const bool isEastOfBorder = offset >= 0.0;
     if (!isEastOfBorder && !(offset < 0.0)) return false;
     tagKOORD result = *mean;
-    zones::Want(NO_WANTED_ZONE, &result);
     if (isEastOfBorder && !zones::Move(1, &result)) return false;
     if (!zones::MoveToCentre(&result)) return false;
     const double centre = zones::East(result);

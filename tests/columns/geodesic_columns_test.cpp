@@ -268,6 +268,10 @@ TEST(GeodesicColumns, ReportARowWithoutASolution) {
     EXPECT_LT(distances[1], 0.0);
     EXPECT_EQ(distances[2], 0.0);
     EXPECT_EQ(Geodesic_InverseColumns(&columns, 1, axes.values[0], axes.values[1]), KOORD_OK);
+    columns.latitude1 = {&latitudes[2], STRIDE};
+    columns.longitude1 = {&longitudes[2], STRIDE};
+    EXPECT_EQ(Geodesic_InverseColumns(&columns, 1, axes.values[0], axes.values[1]), KOORD_OK)
+        << "no way at all";
 }
 
 TEST(GeodesicColumns, WithoutAColumnOfTheProblemWriteNothing) {

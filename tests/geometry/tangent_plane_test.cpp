@@ -341,6 +341,16 @@ TEST_F(TangentPlaneTest, ProjectAlongMovesOntoThePlane) {
     EXPECT_NEAR(foot.z, 0.0, 0.01);
 }
 
+TEST_F(TangentPlaneTest, APointOnNoDatumIsNotProjected) {
+    SetOrigin(48.0, 16.0);
+    const IRef<ICoord> nowhere = CoordOf(GeodezRecord(48.0, 16.0, 0.0, 500));
+    const IRef<ICoord> kept = Place(1.0, 2.0);
+    Vector normal;
+    ASSERT_TRUE(plane->GetNormal(&normal));
+    EXPECT_EQ(plane->ProjectAlong(nowhere.Get(), &normal, kept.Get()), MISSING_NUMBER);
+    EXPECT_EQ(PayloadOf<GeodezPayload>(kept).latitude, 1.0);
+}
+
 TEST_F(TangentPlaneTest, ProjectAlongThePlaneCopiesAPointOfIt) {
     SetOrigin(48.0, 16.0);
     const IRef<ICoord> origin = Place(48.0, 16.0);

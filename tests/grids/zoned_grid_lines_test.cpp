@@ -261,6 +261,23 @@ TEST_F(ZonedGridLinesTest, ABorderIsDrawnWhereTheWindowTouchesItAndNowhereElse) 
     ExpectEastLines({{33, 0.0}, {33, 280000.0}});
 }
 
+// At 5500000 zone 32 ends at 716703.412 and 283296.588 (cs2cs of 12 and 6 degrees east), and further south it
+// is wider: of the windows' sides the top corner alone is 3.4 and 13.4 metres from the border.
+TEST_F(ZonedGridLinesTest, ABorderBesideACornerIsDrawnWithinHalfAPixel) {
+    map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 700000.0, 5500000.0, 10.0, 10.0}));
+    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+    for (const bool isNear : {true, false}) {
+        ASSERT_TRUE(SetWindow(grid, 0, 0, isNear ? 1670 : 1669, 1000));
+        EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u);
+    }
+    map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 283300.0, 5500000.0, 10.0, 10.0}));
+    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+    for (const bool isNear : {true, false}) {
+        ASSERT_TRUE(SetWindow(grid, isNear ? 0 : 1, 0, 1000, 1000));
+        EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u);
+    }
+}
+
 TEST_F(ZonedGridLinesTest, AStepLargerThanTheWindowHasTheCentralLineOrNone) {
     map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 495000.0, 5310000.0, 10.0, 10.0}));
     grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
