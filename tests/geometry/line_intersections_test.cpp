@@ -188,6 +188,20 @@ TEST_F(LineIntersectionsTest, TwoSystemsCrossInPixels) {
     EXPECT_EQ(KoordOf(At(points, 0)).datum, 2u);
 }
 
+TEST_F(LineIntersectionsTest, AnySingleCoordinateOfAnotherSystemMakesPixels) {
+    const tagKOORD ends[] = {Utm32(4e5, 5.3e6), Utm32(6e5, 5.1e6), Utm32(4e5, 5.1e6), Utm32(6e5, 5.3e6)};
+    // Degrees near those ends.
+    const tagKOORD others[] = {GeodezRecord(47.8, 7.7), GeodezRecord(46, 10.3), GeodezRecord(46, 7.7),
+                               GeodezRecord(47.8, 10.3)};
+    for (std::size_t i = 0; i < std::size(ends); ++i) {
+        std::vector<tagKOORD> records(std::begin(ends), std::end(ends));
+        records[i] = others[i];
+        ASSERT_TRUE(CrossOn(LineOf({records[0], records[1]}), LineOf({records[2], records[3]})));
+        ASSERT_EQ(points->GetCount(), 1u) << i;
+        EXPECT_EQ(KoordOf(At(points, 0)).type, KOORD_FLOATPIXEL) << i;
+    }
+}
+
 TEST_F(LineIntersectionsTest, TwoSystemsOfAnotherDatumCrossOnTheMaps) {
     const auto a = LineOf({GeodezRecord(48, 8, 0.0, DATUM_GER), GeodezRecord(46, 10, 0.0, DATUM_GER)});
     CKoord utm[2] = {Utm32(4e5, 5.1e6), Utm32(6e5, 5.3e6)};

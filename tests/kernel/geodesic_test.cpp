@@ -232,6 +232,11 @@ TEST(GeodesicInverseCore, TheSearchTakesWholeTurnsOffLongitudes) {
     EXPECT_NEAR(Inverse(10.0, 720.0, -10.0, 179.9).distance, distance, 0.02);
     EXPECT_NEAR(Inverse(10.0, -720.0, -10.0, 179.9).distance, distance, 0.02);
     EXPECT_NEAR(Inverse(10.0, 0.0, -10.0, 179.9 + 360e6).distance, distance, 0.02);
+    // 180.1 degrees eastward, which is 179.9 westward: the halves meet on the meridian between these two.
+    const GeodesicResult west = Inverse(10.0, 0.0, -10.0, -179.9);
+    const GeodesicResult over = Inverse(10.0, -100.0, -10.0, 80.1);
+    EXPECT_NEAR(over.distance, west.distance, 0.02);
+    EXPECT_LT(Turn(over.azimuth12, west.azimuth12), 1e-6);
 }
 
 // A trial of the search: by how much its line differs from the shortest before it, and the shortest since.

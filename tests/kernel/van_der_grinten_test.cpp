@@ -144,6 +144,16 @@ TEST(Vdg, WithinATenMillionthOfAnAxisAPointIsOnIt) {
     EXPECT_NE(ToGeodetic({0.0, 0.0, 1.1e-7 * RADIUS, 1e6}).longitude, 0.0);
 }
 
+// Degrees that are exactly a ten-millionth of a radian.
+TEST(VdgFromGeodetic, AtATenMillionthOfAnAxisAPointIsBesideIt) {
+    const double limit = 1e-7 / RADIANS_PER_DEGREE;
+    ASSERT_EQ(limit * RADIANS_PER_DEGREE, 1e-7);
+    for (const double side : {1.0, -1.0}) {
+        EXPECT_NE(FromGeodetic(20.0, side * limit).x, 0.0);
+        EXPECT_NE(FromGeodetic(side * limit, 20.0).y, 0.0);
+    }
+}
+
 TEST(Vdg, TheFourQuadrantsAreMirrored) {
     const VdgPayload p = FromGeodetic(50.0, 70.0);
     for (const double ns : {1.0, -1.0}) {
