@@ -223,7 +223,6 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/records/check_record", "tests/text/coordinate_checker_test.cpp"},
     {"src/systems/free_projections", "tests/systems/convert_many_test.cpp"},
     {"src/systems/projection", "tests/systems/convert_many_test.cpp"},
-    {"src/systems/systems", "tests/systems/convert_test.cpp"},
     {"src/text/utmref_pieces", "tests/text/coord_checker_utmref_test.cpp"},
 };
 

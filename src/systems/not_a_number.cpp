@@ -3,7 +3,6 @@
 namespace tessara {
 
 void Numbers::Replace(tagKOORD* record) const {
-    if (!exist_) return;
     for (std::size_t number = 0; number < offsets_.size(); ++number) {
         const double value = WithOneNan(At(*record, number));
         std::memcpy(record->payload + offsets_[number], &value, sizeof value);

@@ -51,10 +51,11 @@ std::size_t NumberLength(std::string_view text) {
     return exponent == 0 ? 0 : end + exponent;
 }
 
-// The exponent in a part such as "e-5". One with too many digits is replaced by a value far from 0.
+// The exponent in a part such as "e-5", which has a digit. One with too many is replaced by a value far from
+// 0.
 std::int64_t ExponentIn(std::string_view part) {
     if (part.empty()) return 0;
-    part.remove_prefix(part.size() > 1 && part[1] == '+' ? 2 : 1);
+    part.remove_prefix(part[1] == '+' ? 2 : 1);
     std::int64_t exponent = 0;
     const auto read = std::from_chars(part.data(), part.data() + part.size(), exponent);
     if (read.ec == std::errc()) return exponent;

@@ -202,6 +202,20 @@ TEST(MolodenskyFromHub, CorrectsAgainWhatWasAboveATenthOfAThousandth) {
     }
 }
 
+// The step of KUS ends 2 km from the place on GER. A correction leaves some ten thousandths of itself: 2e-6
+// degrees the first, 2e-10 the second.
+TEST(MolodenskyFromHub, RefinesTheStepOfAnotherDatum) {
+    HubParams out{};
+    HubParams in{};
+    ASSERT_EQ(Datum_LoadFromHub(KUS, &out), KOORD_OK);
+    ASSERT_EQ(Datum_LoadToHub(GER, &in), KOORD_OK);
+    Position position{{48.0, 11.0}};
+    Molodensky_FromHub(position.latLon, &out, GER);
+    Molodensky_ToHub(position.latLon, &in);
+    EXPECT_NEAR(position.Latitude(), 48.0, 1e-8);
+    EXPECT_NEAR(position.Longitude(), 11.0, 1e-8);
+}
+
 TEST(MolodenskyFromHub, IsTheSingleStepForAnUnknownDatum) {
     HubParams p{};
     ASSERT_EQ(Datum_LoadFromHub(GER, &p), KOORD_OK);

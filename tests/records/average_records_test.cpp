@@ -542,6 +542,22 @@ TEST(AverageRecords, TheMeanLiesBetweenItsPoints) {
     }
 }
 
+// A record of zeros has no letters.
+TEST(AverageRecords, EitherPositionMayHaveNoLetters) {
+    for (const std::int32_t type : {KOORD_GEOREF, KOORD_UTMREF}) {
+        const tagKOORD degrees = GeodezRecord(48.1, 9.1);
+        tagKOORD code = MakeKoord(DATUM_WGS84, type);
+        ASSERT_EQ(KoordConvert(&degrees, &code), KOORD_OK);
+        const tagKOORD zeros = MakeKoord(DATUM_WGS84, type);
+        tagKOORD mean = degrees;
+        EXPECT_TRUE(AverageRecords(code, code, &mean)) << type;
+        mean = degrees;
+        EXPECT_FALSE(AverageRecords(code, zeros, &mean)) << type;
+        EXPECT_FALSE(AverageRecords(zeros, code, &mean)) << type;
+        EXPECT_TRUE(testing::SameRecord(mean, degrees)) << type;
+    }
+}
+
 TEST(AverageRecords, GarbageEnds) {
     Random random(13);
     for (int i = 0; i < 5000; ++i) {

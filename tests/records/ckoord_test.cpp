@@ -206,6 +206,18 @@ TEST(CKoordTest, AFailingConversionGivesTheHeightZero) {
     EXPECT_EQ(Load<EcefPayload>(koord).x, EQUATOR) << "there is no normal to move along";
 }
 
+// On the equator the normal points away from the centre.
+TEST(CKoordTest, AHeightMovesAnEcefPositionAlongTheNormalAtEachQuarterOfTheEquator) {
+    for (const auto& [x, y] : {std::pair(1.0, 0.0), {0.0, 1.0}, {-1.0, 0.0}, {0.0, -1.0}}) {
+        CKoord koord = EcefRecord(x * EQUATOR, y * EQUATOR, 0.0);
+        koord.SetHeight(1000.0);
+        const auto moved = Load<EcefPayload>(koord);
+        EXPECT_NEAR(moved.x, x * (EQUATOR + 1000.0), 1e-8);  // metres; some ten roundings
+        EXPECT_NEAR(moved.y, y * (EQUATOR + 1000.0), 1e-8);
+        EXPECT_EQ(moved.z, 0.0);
+    }
+}
+
 // The height of an ECEF position is that of its three coordinates to about their rounding.
 constexpr double ECEF_HEIGHT_TOLERANCE =
     1e-4;  // metres; the iteration ends a little early above the ellipsoid

@@ -118,6 +118,20 @@ TEST(ResetToDefaultTest, KeepsTheReferenceOfTheRecord) {
     }
 }
 
+TEST(IsEarthCentreTest, IsTrueOfTheOriginAlone) {
+    const auto at = [](double x, double y, double z) {
+        tagKOORD record = MakeKoord(DATUM_WGS84, KOORD_ECEF);
+        Store(record, EcefPayload{x, y, z});
+        return record;
+    };
+    EXPECT_TRUE(IsEarthCentre(at(0.0, 0.0, 0.0)));
+    EXPECT_TRUE(IsEarthCentre(at(-0.0, 0.0, -0.0)));
+    EXPECT_FALSE(IsEarthCentre(at(1.0, 0.0, 0.0)));
+    EXPECT_FALSE(IsEarthCentre(at(0.0, 1.0, 0.0)));
+    EXPECT_FALSE(IsEarthCentre(at(0.0, 0.0, 1.0)));
+    EXPECT_FALSE(IsEarthCentre(MakeKoord(DATUM_WGS84, KOORD_GEODEZ))) << "its payload is zero";
+}
+
 TEST(ResetToDefaultTest, LeavesARecordWithoutADefault) {
     CKoord koord = Rubbish(2, 23);
     const CKoord before = koord;

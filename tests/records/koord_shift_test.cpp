@@ -683,6 +683,38 @@ TEST(KoordDifference, LettersThatNoSquareHasAreUnknown) {
     }
 }
 
+// Without a datum there are no limits, and no border of a zone.
+TEST(KoordShift, OnADatumThatDoesntExistNothingMoves) {
+    for (const Region& region : REGIONS) {
+        if (region.type == KOORD_GEOREF) continue;
+        Random random(90u + static_cast<std::uint64_t>(region.type));
+        tagKOORD record = RandomIn(region, random);
+        record.datum = DATUM_COUNT;
+        const tagKOORD before = record;
+        // A zone is left by 10 000 km; degrees have no place for so many.
+        EXPECT_FALSE(koord::Shift(Axis::East, 1e7, &record)) << region.type;
+        EXPECT_FALSE(koord::Shift(Axis::North, 1e7, &record)) << region.type;
+        EXPECT_TRUE(testing::SameRecord(record, before)) << region.type;
+    }
+    for (tagKOORD pixel : {FloatPixel(5.0, 6.0), LongPixel(5, 6)}) {
+        pixel.datum = DATUM_COUNT;
+        const tagKOORD before = pixel;
+        EXPECT_FALSE(koord::Shift(Axis::East, 1.0, &pixel));
+        EXPECT_FALSE(koord::Shift(Axis::North, 1.0, &pixel));
+        EXPECT_TRUE(testing::SameRecord(pixel, before));
+    }
+}
+
+TEST(KoordDifference, IsUnknownIfEitherCodeHasNoLetters) {
+    const tagKOORD degrees = GeodezRecord(48.1, 9.1);
+    tagKOORD code = MakeKoord(DATUM_WGS84, KOORD_GEOREF);
+    ASSERT_EQ(KoordConvert(&degrees, &code), KOORD_OK);
+    const tagKOORD zeros = MakeKoord(DATUM_WGS84, KOORD_GEOREF);
+    EXPECT_EQ(koord::Difference(Axis::East, code, code), 0.0);
+    EXPECT_EQ(koord::Difference(Axis::East, code, zeros), UNKNOWN_DIFFERENCE);
+    EXPECT_EQ(koord::Difference(Axis::East, zeros, code), UNKNOWN_DIFFERENCE);
+}
+
 TEST(KoordDifference, AShiftIsTheDifferenceItMakes) {
     for (const Region& region : REGIONS) {
         if (region.type == KOORD_ECEF || region.type == KOORD_UTMREF || region.type == KOORD_GEOREF) continue;

@@ -512,6 +512,15 @@ TEST(ZoneEquator, TheRowOfAUtmrefFollowsTheLetteringOfItsDatum) {
     }
 }
 
+TEST(ZoneEquator, WithoutADatumThereIsNoFoot) {
+    for (const std::int32_t type : {KOORD_UTMREF, KOORD_BMN}) {
+        tagKOORD record = MakeKoord(NO_DATUM, type);
+        const tagKOORD before = record;
+        EXPECT_FALSE(zones::MoveToEquator(&record)) << type;
+        EXPECT_TRUE(testing::SameRecord(record, before)) << type;
+    }
+}
+
 TEST(ZoneEquator, WithoutZonesThereIsNoFoot) {
     tagKOORD record = GeodezRecord(10.0, 20.0);
     EXPECT_FALSE(zones::MoveToEquator(&record));

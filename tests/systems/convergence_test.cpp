@@ -148,11 +148,18 @@ TEST(GridFactors, AreRefusedWhereThereAreNone) {
     EXPECT_EQ(Grid_Factors(&noDatum, latLon, &factors), KOORD_ERR_DATUM);
     tagKOORD noZone = MakeKoord(DATUM_WGS84, KOORD_UTM);
     EXPECT_EQ(Grid_Factors(&noZone, latLon, &factors), KOORD_ERR_UTM_ZONE);
+    EXPECT_EQ(Grid_Factors(&noZone, nullptr, &factors), KOORD_ERR_UTM_ZONE) << "it has no position either";
+    tagKOORD noSquare = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+    EXPECT_EQ(Grid_Factors(&noSquare, latLon, &factors), KOORD_ERR_UTM_ZONE);
     tagKOORD noMeridian = MakeKoord(DATUM_WGS84, KOORD_BMN);
     EXPECT_EQ(Grid_Factors(&noMeridian, latLon, &factors), KOORD_ERR_MERIDIAN);
     const double nowhere[2] = {std::numeric_limits<double>::quiet_NaN(), 11.0};
     const tagKOORD tm = Target(KOORD_TM, DATUM_WGS84, 0);
     EXPECT_EQ(Grid_Factors(&tm, nowhere, &factors), KOORD_ERR_GENERAL);
+    // The grid of one pole has no scale at the other, but a convergence.
+    const double southPole[2] = {-90.0, 0.0};
+    const tagKOORD ups = Target(KOORD_UPS, DATUM_WGS84, 0);
+    EXPECT_EQ(Grid_Factors(&ups, southPole, &factors), KOORD_ERR_GENERAL);
     EXPECT_EQ(factors.convergence, 7.0);
     EXPECT_EQ(factors.scale, 8.0);
     for (const std::int32_t type : {KOORD_LONGPIXEL, KOORD_GEODEZ, KOORD_GEOREF, KOORD_ECEF, KOORD_VDG})

@@ -192,6 +192,8 @@ TEST(KoordConvertMany, NullRecordsFailAsInOneCall) {
     status.assign(2, UNTOUCHED);
     EXPECT_EQ(KoordConvertMany(records.data(), nullptr, 2, 1, status.data()), KOORD_ERR_GENERAL);
     EXPECT_EQ(status, failed);
+    EXPECT_EQ(KoordConvertMany(nullptr, records.data(), 2, 1, nullptr), KOORD_ERR_GENERAL);
+    EXPECT_EQ(KoordConvertMany(records.data(), nullptr, 2, 1, nullptr), KOORD_ERR_GENERAL);
     EXPECT_EQ(KoordConvertMany(nullptr, nullptr, 0, 1, nullptr), KOORD_OK);
 }
 

@@ -42,6 +42,13 @@ TEST(TextDisplay, DigitGroupsStandForMetresWhateverTheirSize) {
     EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, 2, plain), "32UQA000000");
 }
 
+TEST(TextDisplay, AReferenceNeedsTheWordsOfBothAxes) {
+    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, 0, {"U A 7", "32 Q"}), "(false)");
+    EXPECT_EQ(Display(Axis::North, KOORD_UTMREF, 0, {"U A", "32 Q 42"}), "(false)");
+    EXPECT_EQ(Display(Axis::East, KOORD_UTMREF, 5, {"U", "32 Q"}), "(false)");
+    EXPECT_EQ(Display(Axis::East, KOORD_UTMREF, 5, {"U A", "32"}), "(false)");
+}
+
 // With decimals a group is 5 minus the precision characters wide, the point among them: fewer are filled up
 // with zeros, more are cut.
 TEST(TextDisplay, AFinerPrecisionShowsDecimalsInADigitGroup) {

@@ -47,6 +47,13 @@ TEST(CarryRounding, InTheSouthReducesTheMagnitude) {
     EXPECT_NEAR(south.latSeconds, 59.91, 1e-10);
 }
 
+TEST(CarryRounding, LeavesARecordOnADatumThatDoesntExist) {
+    tagKOORD record = Seconds(59.99);
+    record.datum = DATUM_COUNT;
+    EXPECT_EQ(Carried(1, record).latMinutes, 10);
+    EXPECT_EQ(Carried(1, record).latSeconds, 59.99);
+}
+
 TEST(CarryRounding, LeavesSystemsWithoutACarryAlone) {
     const tagKOORD degrees = GeodezRecord(59.9999999, 59.9999999);
     EXPECT_EQ(Load<GeodezPayload>(text::CarryRounding(Axis::North, 0, degrees)).latitude, 59.9999999);

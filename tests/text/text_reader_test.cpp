@@ -142,6 +142,17 @@ TEST(TextReader, APairOfLettersMayBeOne) {
     EXPECT_FALSE(reader.ReadLetterPair(&first, &second));
 }
 
+TEST(TextReader, APairMayEndTheText) {
+    char first = 'x';
+    char second = 'x';
+    EXPECT_TRUE(TextReader(" B").ReadLetterPair(&first, &second));
+    EXPECT_EQ(first, 'B');
+    EXPECT_EQ(second, '\0') << "a single letter";
+    EXPECT_TRUE(TextReader("CD").ReadLetterPair(&first, &second));
+    EXPECT_EQ(first, 'C');
+    EXPECT_EQ(second, 'D');
+}
+
 TEST(TextReader, AFailureLeavesTheOutputAlone) {
     double number = 3.0;
     std::int16_t whole = 4;

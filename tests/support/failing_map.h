@@ -1,0 +1,73 @@
+// A map of a host's own that gives up after some calls, whatever they ask.
+#pragma once
+
+#include <utility>
+
+#include "support/map_objects.h"
+#include "tessara/object.h"
+
+namespace tessara::testing {
+
+class FailingMap : public IMapCoordOperations {
+  public:
+    using Faces = FaceList<IMapCoordOperations>;
+
+    FailingMap(IRef<IMapCoordOperations> map, int calls) : map_(std::move(map)), left_(calls) {}
+
+    bool GetMapDefinition(IArray*, std::int32_t*, double*, IGeoDate*, IProjection*) override { return false; }
+    bool GetReferencePoint(IReferencePoint*) override { return false; }
+    bool GetReferencePoints(IArray*) override { return false; }
+    std::int32_t GetScaleDenominator() override { return 0; }
+    double GetScale() override { return 0.0; }
+    double GetResolution() override { return 0.0; }
+    bool GetGeoDate(IGeoDate* out) override { return Answers() && map_->GetGeoDate(out); }
+    bool GetProjection(IProjection* out) override { return Answers() && map_->GetProjection(out); }
+    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
+        return Answers() && map_->FloatPixelToCoord(x, y, out);
+    }
+    bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) override {
+        return Answers() && map_->LongPixelToCoord(x, y, out);
+    }
+    bool PixelCoordToCoord(ICoord* pixel, ICoord* out) override {
+        return Answers() && map_->PixelCoordToCoord(pixel, out);
+    }
+    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
+        return Answers() && map_->CoordToFloatPixel(in, x, y);
+    }
+    bool CoordToLongPixel(ICoord* in, std::int32_t* x, std::int32_t* y) override {
+        return Answers() && map_->CoordToLongPixel(in, x, y);
+    }
+    bool CoordToPixelCoord(ICoord* in, ICoord* pixel) override {
+        return Answers() && map_->CoordToPixelCoord(in, pixel);
+    }
+
+    void GiveUpAfter(int calls) { left_ = calls; }
+    [[nodiscard]] bool HasGivenUp() const { return left_ < 0; }
+
+  protected:
+    ~FailingMap() = default;
+
+  private:
+    bool Answers() { return left_-- > 0 || (left_ = -1, false); }
+
+    IRef<IMapCoordOperations> map_;
+    int left_;
+};
+
+// Lets a map answer no call, one, two and so on, until that is enough. Each shorter run has to fail.
+template <class Operation>
+void ExpectFailureAtEachCall(FailingMap* map, const Operation& operation) {
+    for (int calls = 0; calls < 100000; ++calls) {
+        map->GiveUpAfter(calls);
+        const bool isDone = operation();
+        if (!map->HasGivenUp()) {
+            EXPECT_TRUE(isDone) << "with all " << calls << " calls";
+            EXPECT_GT(calls, 0);
+            return;
+        }
+        EXPECT_FALSE(isDone) << "after " << calls << " calls";
+    }
+    ADD_FAILURE() << "the map is asked without end";
+}
+
+}  // namespace tessara::testing
