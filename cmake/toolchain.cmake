@@ -34,6 +34,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   target_compile_options(tessara_build INTERFACE -Wno-restrict)
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 17)
+  # std::stable_sort of libstdc++ 12 uses a function that is deprecated, which clang reports since 17.
+  target_compile_options(tessara_build INTERFACE -Wno-deprecated-declarations)
+endif()
+
 if(TESSARA_SANITIZE)
   add_compile_options(-fsanitize=${TESSARA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TESSARA_SANITIZE})
