@@ -1,5 +1,5 @@
-// Prints a digest of conversions for each type of coordinates and each direction, and of geodesics: the same
-// text from every compiler, on every processor.
+// Prints a digest of conversions for each type of coordinates and each direction, of geodesics, and of
+// elementary functions: the same text from every compiler, on every processor.
 //
 //     conversion_digest [POSITIONS]      of so many positions a type, 100 000 if nothing is said
 //     conversion_digest POSITIONS FILE   writes statuses and records there, too, for comparing them one by
@@ -12,6 +12,13 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "numerics/arcs.h"
+#include "numerics/circular.h"
+#include "numerics/exponential.h"
+#include "numerics/hypotenuse.h"
+#include "numerics/logarithm.h"
+#include "numerics/rounding.h"
+#include "support/byte_order.h"
 #include "support/garbage_records.h"
 #include "support/random.h"
 #include "support/records.h"
@@ -60,19 +67,26 @@ constexpr Home HOMES[] = {
 // FNV-1a, by words.
 class Digest {
   public:
-    template <class Value>
-    void Add(const Value& value) {
-        static_assert(sizeof value % sizeof(std::uint64_t) == 0);
-        std::uint64_t words[sizeof value / sizeof(std::uint64_t)];
-        std::memcpy(words, &value, sizeof value);
-        for (const std::uint64_t word : words)
-            state_ = (state_ ^ word) * 0x100000001B3;
+    void Add(std::uint64_t word) { state_ = (state_ ^ word) * 0x100000001B3; }
+
+    void Add(const tagKOORD& record) {
+        Add(std::uint64_t{record.type} << 32 | record.datum);
+        const tagKOORD image = testing::LittleEndian(record);
+        for (std::size_t at = 0; at < sizeof image.payload; at += sizeof(std::uint64_t)) {
+            std::uint64_t word;
+            std::memcpy(&word, image.payload + at, sizeof word);
+            Add(testing::LittleEndian(word));
+        }
     }
 
     // What isn't a number counts the same: its bits are the processor's.
+    void Add(double value) {
+        Add(std::isnan(value) ? std::uint64_t{0} : std::bit_cast<std::uint64_t>(value));
+    }
+
     void Add(const GeodesicResult& result) {
         for (const double value : {result.latitude, result.longitude, result.backAzimuth})
-            Add(std::isnan(value) ? std::uint64_t{0} : std::bit_cast<std::uint64_t>(value));
+            Add(value);
     }
 
     [[nodiscard]] unsigned long long Value() const { return state_; }
@@ -87,7 +101,7 @@ class Conversions {
 
     void Convert(const tagKOORD& source, std::int32_t checkRange, tagKOORD* target) {
         const KoordStatus status = KoordConvertEx(&source, target, checkRange);
-        digest_.Add(static_cast<std::int64_t>(status));
+        digest_.Add(static_cast<std::uint64_t>(status));
         digest_.Add(*target);
         if (records_ == nullptr) return;
         const auto stored = static_cast<std::int32_t>(status);
@@ -179,12 +193,39 @@ void DigestGeodesics(int positions) {
     std::printf("%-12s %016llx %016llx\n", "geodesics", inverse.Value(), direct.Value());
 }
 
+// Tests compare these functions with exact ones where there is a library of those.
+constexpr double (*FUNCTIONS[])(double) = {Sin, Cos, Tan, Asin, Acos, Atan, Exp, Log, Sinh, Artanh};
+constexpr double (*FUNCTIONS_OF_TWO[])(double, double) = {Atan2, Pow, Hypot, Fmod, Remainder};
+
+double AnyArgument(Random& random) {
+    constexpr double ranges[] = {1e-9, 1.0, 10.0, 1000.0, 1e9};
+    if (random.Below(4) == 0) return std::bit_cast<double>(random.Bits());
+    const double range = random.OneOf(ranges);
+    return random.Between(-range, range);
+}
+
+void DigestFunctions(int arguments) {
+    Random random(2);
+    Digest ofOne;
+    Digest ofTwo;
+    for (int i = 0; i < arguments; ++i) {
+        const double x = AnyArgument(random);
+        const double y = AnyArgument(random);
+        for (const auto function : FUNCTIONS)
+            ofOne.Add(function(x));
+        for (const auto function : FUNCTIONS_OF_TWO)
+            ofTwo.Add(function(x, y));
+    }
+    std::printf("%-12s %016llx %016llx\n", "functions", ofOne.Value(), ofTwo.Value());
+}
+
 int Main(int count, char** arguments) {
     const int positions = count > 1 ? std::atoi(arguments[1]) : 100000;
     std::FILE* records = count > 2 ? std::fopen(arguments[2], "wb") : nullptr;
     for (const Home& home : HOMES)
         DigestType(home, positions, records);
     DigestGeodesics(positions);
+    DigestFunctions(positions);
     if (records != nullptr) std::fclose(records);
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "support/byte_order.h"
 #include "support/random.h"
 #include "support/records.h"
 #include "tessara/kernel/convert.h"
@@ -43,13 +44,17 @@ inline tagKOORD PlausibleRecord(Random& random) {
     return record;
 }
 
-// Overwrites one of the fields of this size in the payload.
+// Overwrites one of the fields of this size in the payload, in which it may be a part of another field: the
+// same on every machine.
 template <class Field>
 void OverwriteField(Random& random, Field value, tagKOORD* record) {
     constexpr std::size_t bytes = sizeof record->payload;
     constexpr auto fields = static_cast<std::int32_t>(bytes / sizeof(Field));
-    std::memcpy(record->payload + sizeof(Field) * static_cast<std::size_t>(random.Below(fields)), &value,
-                sizeof value);
+    const Field image = LittleEndian(value);
+    *record = LittleEndian(*record);
+    std::memcpy(record->payload + sizeof(Field) * static_cast<std::size_t>(random.Below(fields)), &image,
+                sizeof image);
+    *record = LittleEndian(*record);
 }
 
 // Overwrites one field of eight, four, two or one bytes by an extreme value.
