@@ -11,7 +11,7 @@
 #include "support/live_objects.h"
 #include "support/refused_queries.h"
 
-#if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
+#if defined(__unix__)
 
 namespace tessara::testing {
 namespace {

@@ -9,7 +9,7 @@
 #include "faults/operation.h"
 #include "support/live_objects.h"
 
-#if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
+#if defined(__unix__)
 
 namespace tessara::testing {
 namespace {

@@ -547,7 +547,7 @@ TEST(UtmrefToGeodetic, EndsWithAnyPayload) {
     std::mt19937_64 random(1949);
     const Datum wgs84(DATUM_WGS84);
     const Datum bessel(DATUM_GER);
-    const std::string letters = "ABCDEFGHJKLMNPQRSTUVWXYZ";
+    constexpr char letters[] = "ABCDEFGHJKLMNPQRSTUVWXYZ";
     for (int i = 0; i < 50000; ++i) {
         std::uint64_t words[2] = {random(), random()};
         UtmrefPayload payload;

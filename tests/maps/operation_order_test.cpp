@@ -5,7 +5,7 @@
 #include "support/operation_order.h"
 #include "tessara/tessara.h"
 
-#if defined(__x86_64__) && defined(__unix__)
+#if defined(__unix__)
 
 namespace tessara {
 namespace {

@@ -13,31 +13,31 @@ namespace tessara::testing {
 
 // How many bytes each field of a payload has. Single bytes follow the last.
 inline constexpr std::string_view FIELD_BYTES[KOORD_TYPE_COUNT] = {
-    "44",               // LONGPIXEL
-    "88",               // FLOATPIXEL
-    "11221188",         // UTM
-    "22111144",         // UTMREF
-    "888",              // GEODEZ
-    "22111181122118",   // GEOGRAD
-    "2111122",          // GEOREF
-    "112111188",        // GK
-    "22111188",         // BMN
-    "22111188",         // OEM
-    "88",               // CH
-    "888",              // ECEF
-    "2111111811211118"  // GEODEZMIN, to the minutes of longitude
+    "44",               // KOORD_LONGPIXEL
+    "88",               // KOORD_FLOATPIXEL
+    "11221188",         // KOORD_UTM
+    "22111144",         // KOORD_UTMREF
+    "888",              // KOORD_GEODEZ
+    "22111181122118",   // KOORD_GEOGRAD
+    "2111122",          // KOORD_GEOREF
+    "112111188",        // KOORD_GK
+    "22111188",         // KOORD_BMN
+    "22111188",         // KOORD_OEM
+    "88",               // KOORD_CH
+    "888",              // KOORD_ECEF
+    "2111111811211118"  // KOORD_GEODEZMIN, to the minutes of longitude
     "111111118",        // and on
-    "112111188",        // GK6
-    "22111188",         // GK-AT
-    "1111111188",       // UPS
-    "88",               // PO_MILITARY
-    "8888888",          // TM
-    "8888",             // VDG
-    "111111118888",     // BNG
-    "111111118888",     // ING
-    "88",               // RD
-    "88",               // LUREF
-    "44448888",         // LAMBERTCC
+    "112111188",        // KOORD_GK6
+    "22111188",         // KOORD_GKAT
+    "1111111188",       // KOORD_UPS
+    "88",               // KOORD_PO_MILITARY
+    "8888888",          // KOORD_TM
+    "8888",             // KOORD_VDG
+    "111111118888",     // KOORD_BNG
+    "111111118888",     // KOORD_ING
+    "88",               // KOORD_RD
+    "88",               // KOORD_LUREF
+    "44448888",         // KOORD_LAMBERTCC
 };
 
 // Calls visit(offset, bytes) for the fields of more than one byte.

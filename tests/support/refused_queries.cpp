@@ -1,6 +1,6 @@
 #include "support/refused_queries.h"
 
-#if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
+#if defined(__unix__)
 
 #include <cstddef>
 #include <iterator>

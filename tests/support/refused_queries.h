@@ -4,7 +4,7 @@
 
 #include "tessara/unknown.h"
 
-#if defined(__unix__) && (defined(__x86_64__) || defined(__aarch64__))
+#if defined(__unix__)
 
 #include <deque>
 #include <functional>
