@@ -148,10 +148,10 @@ TEST_F(PolygonQuestions, NothingIsInsideOnAMapThatRefusesARequest) {
         int nth = 0;
         bool hasFailed = true;
         while (hasFailed) {
-            auto* const failing = NewObject<testing::FailingMap>(shown, ++nth);
+            auto* const failing = NewObject<testing::RefusingMap>(shown, ++nth);
             map = IRef<IMapCoordOperations>(failing);
             const bool isInside = Ask(operation, inside, field);
-            hasFailed = failing->HasFailed();
+            hasFailed = failing->HasRefused();
             EXPECT_EQ(isInside, !hasFailed) << nth;
         }
         EXPECT_GT(nth, 4);

@@ -463,11 +463,11 @@ TEST_F(LineDensifyingTest, AnyRequestThatTheMapRefusesFailsTheLine) {
         int nth = 0;
         bool hasFailed = true;
         while (hasFailed) {
-            auto* const failing = NewObject<testing::FailingMap>(shown, ++nth);
+            auto* const failing = NewObject<testing::RefusingMap>(shown, ++nth);
             map = IRef<IMapCoordOperations>(failing);
             polyline->Add(lines.Get());
             const bool isDone = Densify(operation, a, b);
-            hasFailed = failing->HasFailed();
+            hasFailed = failing->HasRefused();
             EXPECT_EQ(isDone, !hasFailed) << nth;
             EXPECT_EQ(polyline->GetCount() == 0u, hasFailed) << nth;
         }

@@ -1,7 +1,7 @@
 // A map of a host may stop giving positions at any call. Then a line or a point fails whole.
 #include <gtest/gtest.h>
 
-#include "support/failing_map.h"
+#include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "tessara/line_points.h"

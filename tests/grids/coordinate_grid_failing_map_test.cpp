@@ -2,8 +2,8 @@
 // lines.
 #include <gtest/gtest.h>
 
-#include "support/failing_map.h"
 #include "support/grids.h"
+#include "support/host_map.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
 #include "tessara/coordinate_grid.h"

@@ -1,7 +1,7 @@
 // A map of a host may stop answering at any call.
 #include <gtest/gtest.h>
 
-#include "support/failing_map.h"
+#include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "tessara/coordinate_transfer.h"

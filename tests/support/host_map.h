@@ -1,6 +1,8 @@
 // Maps of a host's own, which have no record and show what another map shows.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <utility>
 
 #include "tessara/map_coord_operations.h"
@@ -21,54 +23,91 @@ class HostMap : public IMapCoordOperations {
     std::int32_t GetScaleDenominator() override { return 0; }
     double GetScale() override { return 0.0; }
     double GetResolution() override { return 0.0; }
-    bool GetGeoDate(IGeoDate* out) override { return map_->GetGeoDate(out); }
-    bool GetProjection(IProjection*) override { return false; }
+    bool GetGeoDate(IGeoDate* out) override { return Answers() && map_->GetGeoDate(out); }
+    bool GetProjection(IProjection* out) override { return Answers() && map_->GetProjection(out); }
     bool FloatPixelToCoord(double x, double y, ICoord* out) override {
-        return map_->FloatPixelToCoord(x, y, out);
+        return Answers() && map_->FloatPixelToCoord(x, y, out);
     }
     bool LongPixelToCoord(std::int32_t x, std::int32_t y, ICoord* out) override {
-        return map_->LongPixelToCoord(x, y, out);
+        return Answers() && map_->LongPixelToCoord(x, y, out);
     }
     bool PixelCoordToCoord(ICoord* pixel, ICoord* out) override {
-        return map_->PixelCoordToCoord(pixel, out);
+        return Answers() && map_->PixelCoordToCoord(pixel, out);
     }
     bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
-        return map_->CoordToFloatPixel(in, x, y);
+        return Answers() && map_->CoordToFloatPixel(in, x, y);
     }
     bool CoordToLongPixel(ICoord* in, std::int32_t* x, std::int32_t* y) override {
-        return map_->CoordToLongPixel(in, x, y);
+        return Answers() && map_->CoordToLongPixel(in, x, y);
     }
-    bool CoordToPixelCoord(ICoord*, ICoord*) override { return false; }
+    bool CoordToPixelCoord(ICoord* in, ICoord* pixel) override {
+        return Answers() && map_->CoordToPixelCoord(in, pixel);
+    }
 
   protected:
     ~HostMap() = default;
 
   private:
+    // Asked at each request for a position, a pixel, the datum or the projection.
+    virtual bool Answers() { return true; }
+
     IRef<IMapCoordOperations> map_;
 };
 
-// Refuses the nth request for a position, a pixel or its datum, and no other.
+// Refuses the nth request and no other.
+class RefusingMap : public HostMap {
+  public:
+    RefusingMap(IRef<IMapCoordOperations> map, int nth) : HostMap(std::move(map)), left_(nth) {}
+
+    [[nodiscard]] bool HasRefused() const { return left_ <= 0; }
+
+  protected:
+    ~RefusingMap() = default;
+
+  private:
+    bool Answers() override { return --left_ != 0; }
+
+    int left_;
+};
+
+// Gives up after some requests.
 class FailingMap : public HostMap {
   public:
-    FailingMap(IRef<IMapCoordOperations> map, int nth) : HostMap(std::move(map)), left_(nth) {}
+    FailingMap(IRef<IMapCoordOperations> map, int requests) : HostMap(std::move(map)), left_(requests) {}
 
-    bool GetGeoDate(IGeoDate* out) override { return Answers() && HostMap::GetGeoDate(out); }
-    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
-        return Answers() && HostMap::FloatPixelToCoord(x, y, out);
-    }
-    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
-        return Answers() && HostMap::CoordToFloatPixel(in, x, y);
-    }
-
-    [[nodiscard]] bool HasFailed() const { return left_ <= 0; }
+    void GiveUpAfter(int requests) { left_ = requests; }
+    [[nodiscard]] bool HasGivenUp() const { return left_ < 0; }
 
   protected:
     ~FailingMap() = default;
 
   private:
-    bool Answers() { return --left_ != 0; }
+    bool Answers() override {
+        if (left_ > 0) {
+            --left_;
+            return true;
+        }
+        left_ = -1;
+        return false;
+    }
 
     int left_;
 };
+
+// Lets a map answer no request, one, two and so on, until that is enough. Each shorter run has to fail.
+template <class Operation>
+void ExpectFailureAtEachCall(FailingMap* map, const Operation& operation) {
+    for (int calls = 0; calls < 100000; ++calls) {
+        map->GiveUpAfter(calls);
+        const bool isDone = operation();
+        if (!map->HasGivenUp()) {
+            EXPECT_TRUE(isDone) << "with all " << calls << " calls";
+            EXPECT_GT(calls, 0);
+            return;
+        }
+        EXPECT_FALSE(isDone) << "after " << calls << " calls";
+    }
+    ADD_FAILURE() << "the map is asked without end";
+}
 
 }  // namespace tessara::testing
