@@ -66,7 +66,8 @@ struct FaultScene {
     IRef<ITessaraString> north = MakeText("48.25"), east = MakeText("11.5"),
                          longText = MakeText("longer than the room that a text has inside"),
                          longNorth = MakeText("48.250000000000000000000"),
-                         longEast = MakeText("11.500000000000000000000");
+                         longEast = MakeText("11.500000000000000000000"),
+                         longZone = MakeText("000000000000000000000032");
     IRef<ILineIntersectionParameters> parameters =
         library.Make<ILineIntersectionParameters>(CLSID_LineIntersectionParameters);
 
@@ -178,8 +179,9 @@ struct FaultScene {
         for (const auto* coord : {&degrees, &moreDegrees, &utm, &moreUtm, &utmref, &ecef, &pixel, &morePixel,
                                   &inSquare, &out, &out2, &out3, &out4, &outOnOtherDatum, &outInUtm})
             visit(coord->Get());
-        for (const auto* piece : {&zone, &band, &column, &row, &easting, &northing, &north, &east, &longText,
-                                  &longNorth, &longEast, &text, &text2, &text3, &text4, &text5, &text6})
+        for (const auto* piece :
+             {&zone, &band, &column, &row, &easting, &northing, &north, &east, &longText, &longNorth,
+              &longEast, &longZone, &text, &text2, &text3, &text4, &text5, &text6})
             visit(piece->Get());
         for (const auto* chain :
              {&square, &moreSquare, &bow, &utmLine, &moreUtmLine, &utmPolygon, &moreUtmPolygon, &polarPolygon,
@@ -201,7 +203,7 @@ struct FaultScene {
                                   &moreUtmPolygon, &degreeLine, &single, &polarPolygon, &morePolarPolygon})
             AppendList(*chain, &bytes);
         for (const auto* piece : {&zone, &band, &column, &row, &easting, &northing, &north, &east, &longText,
-                                  &longNorth, &longEast})
+                                  &longNorth, &longEast, &longZone})
             bytes += (*piece)->GetText();
         for (const auto* reference : {&gk, &degreeReference, &utmReference, &longPixelReference}) {
             Append((*reference)->GetDatum(), &bytes);

@@ -24,6 +24,12 @@ bool WritesFinely(Scene& s) {
     return (s.fineString.Get()->*Write)(s.text.Get()) && s.text->GetLength() > 15;
 }
 
+bool Composes(Scene& s, const IRef<ITessaraString>& zone) {
+    CKoord koord(MakeKoord(DATUM_WGS84, KOORD_UTMREF));
+    return s.utmrefChecker->ComposeCoord(zone.Get(), s.band.Get(), s.column.Get(), s.row.Get(),
+                                         s.easting.Get(), s.northing.Get(), &koord);
+}
+
 constexpr FaultyOperation OPERATIONS[] = {
     {"ICoordinateString::SetCoord", NEVER, [](Scene& s) { return s.string->SetCoord(s.utm.Get()); }},
     {"ICoordinateString::GetCoord", NEVER, [](Scene& s) { return s.string->GetCoord(s.out.Get()); }},
@@ -77,12 +83,9 @@ constexpr FaultyOperation OPERATIONS[] = {
          return s.utmrefChecker->SplitCoord(s.utmref.Get(), s.text.Get(), s.text2.Get(), s.text3.Get(),
                                             s.text4.Get(), s.text5.Get(), s.text6.Get());
      }},
-    {"ICoordCheckerUTMREF::ComposeCoord", NEVER,
-     [](Scene& s) {
-         CKoord koord(MakeKoord(DATUM_WGS84, KOORD_UTMREF));
-         return s.utmrefChecker->ComposeCoord(s.zone.Get(), s.band.Get(), s.column.Get(), s.row.Get(),
-                                              s.easting.Get(), s.northing.Get(), &koord);
-     }},
+    {"ICoordCheckerUTMREF::ComposeCoord", NEVER, [](Scene& s) { return Composes(s, s.zone); }},
+    {"ICoordCheckerUTMREF::ComposeCoord of a long text", TOLD,
+     [](Scene& s) { return Composes(s, s.longZone); }},
 };
 
 }  // namespace

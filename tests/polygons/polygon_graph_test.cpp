@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+
 #include "support/rings.h"
 
 namespace tessara {
@@ -59,6 +63,28 @@ TEST(GraphOf, AWayThereAndBackSeparatesNothing) {
     EXPECT_EQ(graph.edges[0].runs[0], 2u);
     EXPECT_FALSE(graph.edges[0].Separates(0));
     EXPECT_FALSE(graph.doRingsTouch);
+}
+
+// A ring that goes from -1 to 1, -2, 2 and so on along a line, and at last back to -1. Of its 1600 edges,
+// each lies on most of those before, so there are more pieces than are kept at once. The pieces between k and
+// k + 1, or -k and -k - 1, belong to the n - k edges from -k - 1 or below to k + 1 or above and to as many on
+// the way back, among them the last edge; the piece from -1 to 1 belongs to all.
+TEST(GraphOf, PiecesOfManyEdgesOnOneLineAreCounted) {
+    constexpr int n = 800;
+    Ring ring;
+    for (int k = 1; k <= n; ++k) {
+        ring.push_back({static_cast<double>(-k), 0.0});
+        ring.push_back({static_cast<double>(k), 0.0});
+    }
+    const RingGraph graph = GraphOf(ring, {{0, 9}}, SNAP_TOLERANCE);
+    ASSERT_EQ(graph.nodes.size(), 2u * n + 1u);
+    ASSERT_EQ(graph.edges.size(), 2u * n - 1u);
+    for (const GraphEdge& edge : graph.edges) {
+        const double inner = std::min(std::fabs(graph.nodes[edge.from].x), std::fabs(graph.nodes[edge.to].x));
+        const bool isMiddle = graph.nodes[edge.from].x * graph.nodes[edge.to].x < 0.0;
+        const auto edges = static_cast<std::size_t>(2.0 * (n - (isMiddle ? 0.0 : inner)));
+        EXPECT_EQ(edge.runs, (std::array<std::size_t, 2>{edges, 0}));
+    }
 }
 
 TEST(GraphOf, RingsTouchWithinTheSnapTolerance) {
