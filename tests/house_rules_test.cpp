@@ -220,7 +220,6 @@ const std::map<std::string, const char*> SOURCES_TESTED_ELSEWHERE{
     {"src/polygons/polygon_reading", "tests/areas/coordinate_area_polygons_test.cpp"},
     {"src/polygons/polygon_ring", "tests/polygons/polygon_split_test.cpp"},
     {"src/polygons/polygon_writing", "tests/areas/coordinate_area_split_test.cpp"},
-    {"src/records/check_record", "tests/text/coordinate_checker_test.cpp"},
     {"src/systems/free_projections", "tests/systems/convert_many_test.cpp"},
     {"src/systems/projection", "tests/systems/convert_many_test.cpp"},
     {"src/text/utmref_pieces", "tests/text/coord_checker_utmref_test.cpp"},

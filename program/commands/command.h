@@ -65,7 +65,7 @@ class Command {
     // Ends the reading of the arguments with a usage error.
     [[noreturn]] void Refuse(const std::string& wrong) const;
 
-    // For what is only needed once.
+    // The command as the parser knows it, for an option that no other function declares.
     [[nodiscard]] CLI::App& Parser() { return *command_; }
 
   private:

@@ -20,25 +20,6 @@ MapParam BorderSheet() {
     return Map(MAP_UTM, MapUtmParams{'N', 32, 695000.0, 5365000.0, 10.0, 10.0});
 }
 
-// A map of a host's own, which gives up after some positions.
-class TiringMap : public HostMap {
-  public:
-    TiringMap(IRef<IMapCoordOperations> map, int positions) : HostMap(std::move(map)), left_(positions) {}
-
-    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
-        return left_-- > 0 && HostMap::CoordToFloatPixel(in, x, y);
-    }
-
-    void GiveUpAfter(int positions) { left_ = positions; }
-    [[nodiscard]] int Left() const { return left_; }
-
-  protected:
-    ~TiringMap() = default;
-
-  private:
-    int left_;
-};
-
 constexpr int NEVER = 1000000;
 
 class CoordinateGridTest : public BalancedTest {
@@ -232,7 +213,7 @@ TEST_F(CoordinateGridTest, PixelLinesAreTheSameLines) {
 }
 
 TEST_F(CoordinateGridTest, WorksOnAHostsOwnMap) {
-    const IRef<IMapCoordOperations> foreign(NewObject<TiringMap>(map, NEVER));
+    const IRef<IMapCoordOperations> foreign(NewObject<FailingMap>(map, NEVER));
     grid = GridOf(KOORD_UTM, foreign, 10000.0, 10000.0);
     ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
     EXPECT_EQ(CountOfEastLines(), 7u);
@@ -240,7 +221,7 @@ TEST_F(CoordinateGridTest, WorksOnAHostsOwnMap) {
 }
 
 TEST_F(CoordinateGridTest, AFailureOnTheWayLeavesTheLinesBefore) {
-    auto* const host = NewObject<TiringMap>(map, NEVER);
+    auto* const host = NewObject<FailingMap>(map, NEVER);
     const IRef<IMapCoordOperations> foreign(host);
     grid = GridOf(KOORD_UTM, foreign, 10000.0, 10000.0);
     ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
@@ -385,7 +366,7 @@ TEST_F(CoordinateGridTest, CopiesItsMapWithTheReferencePoints) {
 TEST_F(CoordinateGridTest, CopiesItsMapOntoMapsOnly) {
     EXPECT_FALSE(grid->CopyMapTo(nullptr));
     EXPECT_FALSE(grid->CopyMapTo(Disguised<IMapCoordOperations>(stranger)));
-    const IRef<IMapCoordOperations> foreign(NewObject<TiringMap>(map, NEVER));
+    const IRef<IMapCoordOperations> foreign(NewObject<FailingMap>(map, NEVER));
     EXPECT_FALSE(grid->CopyMapTo(foreign.Get()));
 }
 

@@ -77,6 +77,7 @@ class FailingMap : public HostMap {
 
     void GiveUpAfter(int requests) { left_ = requests; }
     [[nodiscard]] bool HasGivenUp() const { return left_ < 0; }
+    [[nodiscard]] int Left() const { return left_; }
 
   protected:
     ~FailingMap() = default;
