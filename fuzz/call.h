@@ -101,8 +101,18 @@ class Stage {
     // The object of the call, or the argument before, so that the next argument can be the same one.
     void SetLast(const IRef<IUnknown>& object) { last_ = object; }
 
+    // Empties long lists: the intersections of two lines may be a line of the next call, which has as many as
+    // the product of the numbers of points.
+    void EmptyLongLists() {
+        for (const IRef<IUnknown>& object : objects_) {
+            const IRef<IArray> list(object);
+            if (list.IsValid() && list->GetCount() > LONG_LIST) list->Clear();
+        }
+    }
+
   private:
     static constexpr std::size_t MOST_OBJECTS = 64;
+    static constexpr std::uint32_t LONG_LIST = 200;
 
     // The next object with the interface, starting at the drawn one, if there is one.
     template <class I>

@@ -481,8 +481,10 @@ void Play(ByteReader& bytes) {
     AddHostObjects(stage);
     AddPositions(stage);
     AddOneOfEachClass(stage);
-    for (int i = 0; i < MOST_STEPS && !bytes.IsAtEnd(); ++i)
+    for (int i = 0; i < MOST_STEPS && !bytes.IsAtEnd(); ++i) {
         (bytes.Below(16) == 0 ? bytes.OneOf(CREATIONS) : bytes.OneOf(OPERATIONS))(stage);
+        stage.EmptyLongLists();
+    }
 }
 
 void PlayAndCount(ByteReader& bytes) {
