@@ -98,18 +98,19 @@ double MetresAcross(const Extent& extent, Axis axis) {
     return metres * std::max(0.0, std::cos(widest * RADIANS_PER_DEGREE));
 }
 
-// A lower bound in units of the system.
-double WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
+// A lower bound in units of the system; none if the window has no extremes, so that lines in it, if any,
+// couldn't be counted before they are drawn.
+std::optional<double> WayAcross(const MapSheet& sheet, const Reference& reference, Axis axis) {
     const bool isEast = axis == Axis::East;
     if (IsPixel(reference.system)) return isEast ? sheet.MapWindow().Width() : sheet.MapWindow().Height();
     const bool isInDegrees = IsDegrees(reference.system) || reference.system == KOORD_GEOREF;
     if (isInDegrees || HasZones(reference)) {
         const std::optional<Extent> extent = ExtentOf(sheet, reference.datum);
-        if (!extent) return 0.0;
+        if (!extent) return std::nullopt;
         return isInDegrees ? DegreesAcross(*extent, axis) : MetresAcross(*extent, axis);
     }
     const std::optional<Extremes> extremes = ExtremesOf(sheet, reference);
-    if (!extremes) return 0.0;
+    if (!extremes) return std::nullopt;
     return isEast ? IRef<ICoordInternal>(extremes->west)->EastDifference(extremes->east.Get())
                   : IRef<ICoordInternal>(extremes->south)->NorthDifference(extremes->north.Get());
 }
@@ -218,8 +219,10 @@ std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const
 
 }  // namespace
 
-bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step) {
-    return WayAcross(sheet, reference, axis) > step * MOST_LINES;
+LinesOutcome ForeseeLines(const MapSheet& sheet, const Reference& reference, Axis axis, double step) {
+    const std::optional<double> way = WayAcross(sheet, reference, axis);
+    if (!way) return LinesOutcome::SOME;
+    return *way > step * MOST_LINES ? LinesOutcome::TOO_MANY : LinesOutcome::ALL;
 }
 
 FoundLines FindLines(const MapSheet& sheet, const Reference& reference, ICoordinateGrid& grid, Axis axis) {
@@ -231,7 +234,8 @@ FoundLines FindLines(const MapSheet& sheet, const Reference& reference, ICoordin
         if (budget.IsSpent()) return {LinesOutcome::TOO_LONG, {}};
         return {LinesOutcome::ALL, std::move(*lines)};
     }
-    if (AreTooMany(sheet, reference, axis, step)) return {LinesOutcome::TOO_MANY, {}};
+    const LinesOutcome foreseen = ForeseeLines(sheet, reference, axis, step);
+    if (foreseen != LinesOutcome::ALL) return {foreseen, {}};
     const IRef<IArray> lines = Made<IArray>(NewObject<CappedArray>(MOST_LINES + 1));
     const bool isComplete =
         axis == Axis::East ? grid.GetEastLines(lines.Get()) : grid.GetNorthLines(lines.Get());

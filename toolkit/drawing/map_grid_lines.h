@@ -37,16 +37,19 @@ class PointBudget {
 // The largest readable number of lines.
 inline constexpr std::uint32_t MOST_LINES = 2000;
 
-// Whether the extremes of the window imply more lines; computing the lines to count them would take long.
-[[nodiscard]] bool AreTooMany(const MapSheet& sheet, const Reference& reference, Axis axis, double step);
-
 // The lines of an axis in the window: those of a grid, or the graticule of a system in degrees.
 enum class LinesOutcome {
     ALL,
-    SOME,      // the grid cannot place all of them
-    TOO_MANY,  // more than MOST_LINES; there are none
+    SOME,      // the grid cannot place all of them; none if the window has no extremes
+    TOO_MANY,  // more than MOST_LINES, by the extremes or by what the grid draws; there are none
     TOO_LONG,  // more than PointBudget::MOST_POINTS; there are none
 };
+
+// What the extremes of the window say beforehand, as computing lines to count them would take long: SOME
+// without extremes, TOO_MANY, or ALL where the lines may be computed. The step is positive, in units of the
+// system.
+[[nodiscard]] LinesOutcome ForeseeLines(const MapSheet& sheet, const Reference& reference, Axis axis,
+                                        double step);
 
 struct FoundLines {
     LinesOutcome outcome;

@@ -88,15 +88,13 @@ class Map {
                                  const std::string& datum) const {
         const toolkit::Reference reference = ReferenceOf(system);
         if (!toolkit::HasGrid(reference.system)) throw std::invalid_argument(system + " has no grid lines");
-        if (IsTooFine(reference, toolkit::Axis::East, eastStep) ||
-            IsTooFine(reference, toolkit::Axis::North, northStep))
-            throw std::invalid_argument("the window has more than " + std::to_string(toolkit::MOST_LINES) +
-                                        " lines with these steps");
+        RequireFewLines(system, toolkit::Axis::East, eastStep);
+        RequireFewLines(system, toolkit::Axis::North, northStep);
         const IRef<ICoordinateGrid> grid = toolkit::MakeGrid(sheet_, reference, eastStep, northStep);
         const IRef<IArray> east = toolkit::Made(CreateClassArray());
         const IRef<IArray> north = toolkit::Made(CreateClassArray());
         if (!grid.IsValid() || !grid->GetEastLines(east.Get()) || !grid->GetNorthLines(north.Get()))
-            throw std::invalid_argument("the window has no grid of " + system + " with these steps");
+            throw NoGrid(system);
         const std::int32_t number = DatumOf(datum);
         return py::make_tuple(LinesOf(east.Get(), number, sheet_.Map()),
                               LinesOf(north.Get(), number, sheet_.Map()));
@@ -139,9 +137,19 @@ class Map {
     }
 
   private:
-    // A step may have a sign, which doesn't count.
-    [[nodiscard]] bool IsTooFine(const toolkit::Reference& reference, toolkit::Axis axis, double step) const {
-        return step != 0.0 && toolkit::AreTooMany(sheet_, reference, axis, std::abs(step));
+    [[nodiscard]] static std::invalid_argument NoGrid(const std::string& system) {
+        return std::invalid_argument("the window has no grid of " + system + " with these steps");
+    }
+
+    // A step may have a sign, which doesn't count, and be 0, which the grid refuses.
+    void RequireFewLines(const std::string& system, toolkit::Axis axis, double step) const {
+        if (step == 0.0) return;
+        const toolkit::LinesOutcome foreseen =
+            toolkit::ForeseeLines(sheet_, ReferenceOf(system), axis, std::abs(step));
+        if (foreseen == toolkit::LinesOutcome::SOME) throw NoGrid(system);
+        if (foreseen == toolkit::LinesOutcome::TOO_MANY)
+            throw std::invalid_argument("the window has more than " + std::to_string(toolkit::MOST_LINES) +
+                                        " lines with these steps");
     }
 
     template <class Operation>

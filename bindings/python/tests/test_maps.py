@@ -100,6 +100,17 @@ def test_grid_lines_stand_at_whole_multiples(sheet):
         sheet.grid("ECEF", 1)
 
 
+# The window lies beyond the edge of the world, so that nothing bounds how many points a grid would try.
+def test_a_window_without_extremes_has_no_grid():
+    beyond = tessara.Map({
+        "projection": {"type": "WAGNER-IV", "originLongitude": -98.390625, "stretchX": 1, "stretchY": 1},
+        "scale": 94967287, "resolution": 10,
+        "reference": {"pixel": [-12594, 8398], "place": {"at": [65.33984375, 138.109375]}},
+        "window": {"left": 23328, "top": -598, "right": 26636.875, "bottom": 2710.875}, "layers": []})
+    with pytest.raises(ValueError, match="no grid of UTMREF"):
+        beyond.grid("UTMREF", 50.5)
+
+
 def test_the_extent_of_a_window(sheet):
     extent = sheet.extent("UTM")
     east, north = pyproj.Transformer.from_crs(4326, 32632).transform(48.1375, 11.5755)
