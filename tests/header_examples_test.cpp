@@ -20,10 +20,6 @@ std::string Trimmed(const std::string& line) {
     return first != std::string::npos ? line.substr(first) : std::string();
 }
 
-bool StartsWith(const std::string& line, const std::string& start) {
-    return line.compare(0, start.size(), start) == 0;
-}
-
 // Without indentation, in which a comment and a function differ.
 Lines TrimmedLinesOf(const fs::path& path) {
     std::ifstream file(path);
@@ -35,7 +31,7 @@ Lines TrimmedLinesOf(const fs::path& path) {
 
 // A line of code in a comment.
 bool IsCode(const std::string& line) {
-    return StartsWith(line, "//     ");
+    return line.starts_with("//     ");
 }
 
 // The code below each line that begins with "Example".
@@ -43,8 +39,8 @@ std::vector<Lines> ExamplesOf(const fs::path& header) {
     const Lines lines = TrimmedLinesOf(header);
     std::vector<Lines> examples;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (!StartsWith(lines[i], "// Example")) continue;
-        while (i < lines.size() && StartsWith(lines[i], "//") && !IsCode(lines[i]))
+        if (!lines[i].starts_with("// Example")) continue;
+        while (i < lines.size() && lines[i].starts_with("//") && !IsCode(lines[i]))
             ++i;
         Lines& example = examples.emplace_back();
         for (; i < lines.size() && IsCode(lines[i]); ++i)
@@ -64,7 +60,7 @@ std::vector<fs::path> FilesBelow(const std::string& directory) {
 bool HasCreationFunction(const fs::path& header) {
     const Lines lines = TrimmedLinesOf(header);
     return std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
-        return StartsWith(line, "extern \"C\"") && line.find(" CreateClass") != std::string::npos;
+        return line.starts_with("extern \"C\"") && line.find(" CreateClass") != std::string::npos;
     });
 }
 

@@ -70,10 +70,6 @@ std::string NameOf(const SourceFile& file) {
     return (path.parent_path() / path.stem()).generic_string();
 }
 
-bool StartsWith(const std::string& text, const std::string& prefix) {
-    return text.rfind(prefix, 0) == 0;
-}
-
 TEST(HouseRules, IncludesAreReadFromTheLines) {
     const SourceFile file{
         "a.cpp", "#include <map>\n  #  include  \"b/c.h\"\n// #include \"no.h\"\n#include \"d.h\" // x\n"};
@@ -103,7 +99,7 @@ TEST(HouseRules, QuotedIncludesStartAtTheRootOfTheirTree) {
             if (!include.isQuoted) continue;
             const bool isThere =
                 fs::exists(ROOT / "include" / include.name) || fs::exists(ROOT / "src" / include.name);
-            EXPECT_TRUE(isThere && !StartsWith(include.name, ".")) << file.path << ": " << include.name;
+            EXPECT_TRUE(isThere && !include.name.starts_with(".")) << file.path << ": " << include.name;
         }
     }
 }
@@ -112,7 +108,7 @@ TEST(HouseRules, PublicHeadersIncludePublicHeadersOnly) {
     for (const SourceFile& file : FilesBelow({"include"})) {
         for (const Include& include : file.Includes()) {
             if (!include.isQuoted) continue;
-            EXPECT_TRUE(StartsWith(include.name, "tessara/")) << file.path << ": " << include.name;
+            EXPECT_TRUE(include.name.starts_with("tessara/")) << file.path << ": " << include.name;
             EXPECT_TRUE(fs::exists(ROOT / "include" / include.name)) << file.path << ": " << include.name;
         }
     }
@@ -123,11 +119,11 @@ TEST(HouseRules, PublicHeadersIncludePublicHeadersOnly) {
 TEST(HouseRules, TheContractsOtherHostIncludesNothingOfTheLibrary) {
     int contractFiles = 0;
     for (const SourceFile& file : FilesBelow({"tests/abi"})) {
-        if (!StartsWith(file.path, "tests/abi/contract")) continue;
+        if (!file.path.starts_with("tests/abi/contract")) continue;
         ++contractFiles;
         for (const Include& include : file.Includes()) {
             if (!include.isQuoted) continue;
-            const bool isItsOwn = StartsWith(include.name, "abi/contract/");
+            const bool isItsOwn = include.name.starts_with("abi/contract/");
             const bool knowsNothing =
                 include.name == "support/live_objects.h" || include.name == "support/shared_library.h";
             EXPECT_TRUE(isItsOwn || knowsNothing) << file.path << ": " << include.name;
@@ -297,8 +293,8 @@ TEST(HouseRules, TheTwoDoorsLeadToAllHeaders) {
     const std::set<std::string> host = IncludedBy("tessara/tessara.h");
     for (const SourceFile& file : FilesBelow({"include"})) {
         const std::string name = fs::path(file.path).lexically_relative("include").generic_string();
-        if (otherNames.count(name) > 0 || StartsWith(name, "tessara/internal/")) continue;
-        const bool isKernels = StartsWith(name, "tessara/kernel/");
+        if (otherNames.count(name) > 0 || name.starts_with("tessara/internal/")) continue;
+        const bool isKernels = name.starts_with("tessara/kernel/");
         EXPECT_EQ((isKernels ? kernel : host).count(name), 1u) << name;
     }
 }
@@ -309,7 +305,7 @@ TEST(HouseRules, TheKernelsHeadersIncludeNoOthers) {
     for (const SourceFile& file : FilesBelow({"include/tessara/kernel"})) {
         ++headers;
         for (const Include& include : file.Includes()) {
-            EXPECT_TRUE(!include.isQuoted || StartsWith(include.name, "tessara/kernel/")) << file.path;
+            EXPECT_TRUE(!include.isQuoted || include.name.starts_with("tessara/kernel/")) << file.path;
         }
     }
     EXPECT_GT(headers, 10);

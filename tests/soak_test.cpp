@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "support/live_objects.h"
 #include "support/managed_library.h"
 #include "support/objects.h"
+#include "support/setting.h"
 #include "tessara/host/rect.h"
 #include "tessara/tessara.h"
 
@@ -320,11 +320,6 @@ void DoOne(const Operation (&operations)[Count], Pool& pool) {
     operations[pool.random.Below(static_cast<std::int32_t>(Count))](pool);
 }
 
-int OperationsWanted() {
-    const char* const text = std::getenv("TESSARA_SOAK_OPERATIONS");
-    return text != nullptr ? std::atoi(text) : 20000;
-}
-
 // The resident pages of the program; 0 if the system doesn't provide the number.
 std::int64_t ResidentPages() {
     FILE* const file = std::fopen("/proc/self/statm", "r");
@@ -349,7 +344,7 @@ class Soak : public BalancedTest {};
 
 TEST_F(Soak, MixedOperationsLeaveNothingBehind) {
     constexpr int STAGES = 10;
-    const int perStage = OperationsWanted() / STAGES;
+    const int perStage = static_cast<int>(testing::Setting("TESSARA_SOAK_OPERATIONS", 20000)) / STAGES;
     std::vector<std::int64_t> blocks, pages;
     blocks.reserve(STAGES);
     pages.reserve(STAGES);

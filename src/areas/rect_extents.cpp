@@ -45,15 +45,11 @@ constexpr std::size_t FEWEST_OF_FINEST = 8;
 constexpr double ONE_PIXEL = 1.0;
 constexpr double END_OF_PIECE = 0.5;  // pixels; how exactly the end of a piece is found
 
-// The rectangle without a quarter of its size on each side. Its width may exceed 32 bits.
+// The rectangle without a quarter of its size, in whole pixels, on each side. Its width may exceed 32 bits.
 PixelRect Narrowed(const PixelRect& rect) {
     const auto dx = static_cast<std::int32_t>((std::int64_t{rect.right} - rect.left) / 4);
     const auto dy = static_cast<std::int32_t>((std::int64_t{rect.bottom} - rect.top) / 4);
     return {rect.left + dx, rect.top + dy, rect.right - dx, rect.bottom - dy};
-}
-
-bool operator==(const PixelRect& a, const PixelRect& b) {
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
 struct Corner {
@@ -106,7 +102,7 @@ class WindowSearch {
         PixelRect narrow = window_;
         for (int pass = 0; pass < NARROWING_PASSES && !areCornersValid; ++pass) {
             const PixelRect next = Narrowed(narrow);
-            if (next == narrow) break;
+            if (next.left == narrow.left && next.top == narrow.top) break;
             narrow = next;
             areCornersValid = FindCorners(narrow, &corners);
             WalkRim(corners);

@@ -129,11 +129,7 @@ bool WalkOnMap(const MapPlane& map, const CKoord& a, const CKoord& b, DensifyMod
     MapKnot right{b};
     if (!map.ToPlane(a, &left.pixel) || !map.ToPlane(b, &right.pixel)) return false;
     add(left);
-    return WalkPolyline<GEODESIC_DEPTH_LIMIT>(left, right, MapDivider(map, mode, tolerance),
-                                              [&add](const MapKnot& knot) {
-                                                  add(knot);
-                                                  return true;
-                                              });
+    return WalkPolyline<GEODESIC_DEPTH_LIMIT>(left, right, MapDivider(map, mode, tolerance), add);
 }
 
 // A point of the line, in the line's own reference and in the one in which the line is straight.
@@ -165,11 +161,8 @@ bool WalkAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, 
         return isSame ? Division::Finished : Division::Split;
     };
     polyline->push_back(a);
-    return WalkPolyline<ACROSS_REFERENCES_DEPTH_LIMIT>(left, right, divide,
-                                                       [polyline](const ReferenceKnot& knot) {
-                                                           polyline->push_back(knot.koord);
-                                                           return true;
-                                                       });
+    return WalkPolyline<ACROSS_REFERENCES_DEPTH_LIMIT>(
+        left, right, divide, [polyline](const ReferenceKnot& knot) { polyline->push_back(knot.koord); });
 }
 
 bool ToGeodezRecord(const MapPlane& map, const CKoord& koord, CKoord* geodez) {

@@ -35,7 +35,7 @@ class Pair {
         second_->RemoveAt(secondIndex_);
     }
 
-    bool Keep() { return isKept_ = true; }
+    void Keep() { isKept_ = true; }
 
   private:
     const IRef<IArray>& first_;
@@ -52,7 +52,9 @@ bool IntersectionResults::Add(ILineIntersectionParameters* first, ILineIntersect
     const IRef<ILineIntersectionParameters> onSecond(second);
     if (!HasLists() || !onFirst.IsValid() || !onSecond.IsValid()) return false;
     Pair pair(firstList_, secondList_);
-    return Append(onFirst.Get(), firstList_) && Append(onSecond.Get(), secondList_) && pair.Keep();
+    if (!Append(onFirst.Get(), firstList_) || !Append(onSecond.Get(), secondList_)) return false;
+    pair.Keep();
+    return true;
 }
 
 bool IntersectionResults::RemoveAt(std::uint32_t index) {

@@ -12,7 +12,7 @@ enum class Division { Finished, Split, Failed };
 // Splits the piece between two knots. `divide(left, right, depth, &middle)` judges a piece that has been
 // halved `depth` times and returns the knot at which to split it; a piece at the depth LIMIT must not be
 // split. `finish(right)` receives the end of each finished piece, in order along the line. Stops, with
-// false, when either fails.
+// false, when a division fails.
 template <std::size_t LIMIT, class Knot, class Divide, class Finish>
 bool WalkPolyline(Knot left, const Knot& right, const Divide& divide, const Finish& finish) {
     // The ends of the pieces still to be walked, the next one last, with the depth of each piece.
@@ -33,7 +33,7 @@ bool WalkPolyline(Knot left, const Knot& right, const Divide& divide, const Fini
             ends[count++] = {middle, end.depth};
             continue;
         }
-        if (!finish(end.knot)) return false;
+        finish(end.knot);
         left = end.knot;
         --count;
     }

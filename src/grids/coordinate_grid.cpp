@@ -56,7 +56,7 @@ double LongitudeOf(const CKoord& geodez) {
 }
 
 // Degrees continue beyond the codes of GEOREF, so the window is cut where the codes end. A window that spans
-// more than 360 degrees covers all codes.
+// more than 360 degrees covers all codes. False for a window without any.
 bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes) {
     if (system != KOORD_GEOREF) return true;
     const double width = LongitudeOf((*extremes)[Compass::East]) - LongitudeOf((*extremes)[Compass::West]);
@@ -72,7 +72,7 @@ bool KeepWithinCodes(std::int32_t datum, std::int32_t system, Extremes* extremes
         if (!CopyAxis(axis, limit, &extreme)) return false;
         extremes->Set(direction, extreme);
     }
-    return true;
+    return LongitudeOf((*extremes)[Compass::West]) <= LongitudeOf((*extremes)[Compass::East]);
 }
 
 struct LongPixelPlace {

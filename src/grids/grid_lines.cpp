@@ -41,7 +41,6 @@ void AddPlaces(const CKoord& from, const CKoord& to, int halvings, std::vector<C
 // Whether the lines between two extremes are too close together.
 bool AreTooDense(Axis axis, const CKoord& first, const CKoord& last, double step, const GridPen& pen) {
     const double distance = koord::Difference(axis, first, last);
-    if (distance == UNKNOWN_DIFFERENCE) return false;
     const double count = std::fabs(distance) / step;
     CKoord end = first;
     if (!pen.AreMany(count) || !CopyAxis(axis, last, &end)) return false;

@@ -139,8 +139,6 @@ class ZonedLines {
             zones_ = ZonesBetween(west, east);
             westEnd_ = WindowEnd{zones::Number(west), zones::East(west)};
             eastEnd_ = WindowEnd{zones::Number(east), zones::East(east)};
-            westPlace_ = west;
-            eastPlace_ = east;
         }
     }
 
@@ -273,14 +271,14 @@ class ZonedLines {
     }
 
     bool DrawWestBorder(const Share& share) {
-        const bool isOutside = IsFirst(share.zone) && !Reaches(share, westPlace_, &Borders::west);
+        const bool isOutside = IsFirst(share.zone) && !Reaches(share, &Borders::west);
         return isOutside || DrawBorder(share, &Borders::west);
     }
 
     // Around a pole the last border is the western border of the first zone, which is drawn already.
     bool DrawLastBorder(const std::vector<Share>& shares) {
         const Share& last = shares.back();
-        if (IsLast(last.zone) && !Reaches(last, eastPlace_, &Borders::east)) return true;
+        if (IsLast(last.zone) && !Reaches(last, &Borders::east)) return true;
         if (shares.size() > 1 && IsSameBorder(shares.front(), last)) return true;
         return DrawBorder(last, &Borders::east);
     }
@@ -293,20 +291,17 @@ class ZonedLines {
     }
 
     // Whether a window that ends inside a zone may reach the zone's border: by its east value at the
-    // northings where the zone is narrow, or at the extreme to within a pixel. The limit of a system isn't
-    // searched more finely.
-    [[nodiscard]] bool Reaches(const Share& share, const std::optional<CKoord>& extreme,
-                               double Borders::*side) const {
+    // northing where the zone is narrow, or there to within a pixel.
+    [[nodiscard]] bool Reaches(const Share& share, double Borders::*side) const {
         const bool isWest = side == &Borders::west;
+        const double end = isWest ? westEnd_->east : eastEnd_->east;
         const double atNorth = share.atNorth.*side;
         const double atSouth = share.atSouth.*side;
-        if (isWest ? westEnd_->east <= std::max(atNorth, atSouth)
-                   : eastEnd_->east >= std::min(atNorth, atSouth))
-            return TouchesBorder(share.zone, side);
-        if (!extreme) return false;
-        const double northing = axes::SignedNorthing(*extreme);
-        const auto borders = share.zone.BordersAt(northing);
-        return borders && pen_.IsWithinAPixel(*extreme, share.zone.At((*borders).*side, northing));
+        const bool isNarrowInNorth = isWest ? atNorth > atSouth : atNorth < atSouth;
+        const double border = isNarrowInNorth ? atNorth : atSouth;
+        if (isWest ? end <= border : end >= border) return TouchesBorder(share.zone, side);
+        const double northing = isNarrowInNorth ? north_ : south_;
+        return pen_.IsWithinAPixel(share.zone.At(end, northing), share.zone.At(border, northing));
     }
 
     bool DrawBorder(const Share& share, double Borders::*side) {
@@ -365,7 +360,6 @@ class ZonedLines {
     const CKoord& northPlace_;
     std::vector<Zone> zones_;
     std::optional<WindowEnd> westEnd_, eastEnd_;
-    std::optional<CKoord> westPlace_, eastPlace_;  // the extremes of the window that serve as its ends
     double south_, north_;
     double eastStep_, northStep_;
     GridSteps eastSteps_, northSteps_;

@@ -71,10 +71,11 @@ template <Digits DIGITS>
     const double sign = isSteep != isBehind ? -1.0 : 1.0;
     const double flat = isBehind ? pi.high : 0.0;
     const double flatLow = isBehind ? pi.low : 0.0;
-    const Pair axis{isSteep ? quarterTurn.high : flat, isSteep ? quarterTurn.low : flatLow};
-    const Pair base = SumOfOrdered(axis.high, sign * start.high);
+    const double axis = isSteep ? quarterTurn.high : flat;
+    const double axisLow = isSteep ? quarterTurn.low : flatLow;
+    const Pair base = SumOfOrdered(axis, sign * start.high);
     const Pair angle = SumOfOrdered(base.high, sign * quotient.high);
-    return angle.high + (angle.low + ((base.low + axis.low) + sign * (start.low + rest)));
+    return angle.high + (angle.low + ((base.low + axisLow) + sign * (start.low + rest)));
 }
 
 // sqrt(1 - x^2)

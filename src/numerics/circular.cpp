@@ -25,10 +25,10 @@ struct Quarters {
     std::uint32_t words[PRODUCT_WORDS + 1];  // the last digits first; one more to read across
     int fractionBits;
 
-    // 32 bits, of which `end` is the first that is too high.
+    // 32 bits, of which `end` is the first that is too high; it is at least 1.
     [[nodiscard]] std::uint32_t WordBelow(int end) const {
         const int begin = end - WORD_BITS;
-        if (begin < 0) return begin <= -WORD_BITS ? 0 : words[0] << -begin;
+        if (begin < 0) return words[0] << -begin;
         const std::size_t word = static_cast<std::size_t>(begin / WORD_BITS);
         const std::uint64_t both = static_cast<std::uint64_t>(words[word + 1]) << WORD_BITS | words[word];
         return static_cast<std::uint32_t>(both >> begin % WORD_BITS);

@@ -97,7 +97,6 @@ bool MeanBesideBorder(double offset, tagKOORD* mean) {
     tagKOORD result = *mean;
     if (isEastOfBorder && !zones::Move(1, &result)) return false;
     if (!zones::MoveToCentre(&result)) return false;
-    const double centre = zones::East(result);
     GeodezPayload position;
     if (!ToGeodez(result, &position)) return false;
     const double inset = zones::HalfWidth(static_cast<std::int32_t>(result.type)) - BORDER_INSET;
@@ -111,9 +110,7 @@ bool MeanBesideBorder(double offset, tagKOORD* mean) {
             return false;
         distance = std::fabs(position.longitude - longitude);
     }
-    const double east = zones::East(border);
-    if (!(isEastOfBorder && east < centre) && !(offset <= 0.0 && east > centre)) return false;
-    zones::SetEast(east + offset, &result);
+    zones::SetEast(zones::East(border) + offset, &result);
     *mean = result;
     return true;
 }

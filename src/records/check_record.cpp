@@ -49,7 +49,6 @@ bool IsWithinBorder(Compass side, const tagKOORD& record) {
 bool IsWithinZone(const tagKOORD& record) {
     tagKOORD centre = record;
     if (!zones::MoveToCentre(&centre)) return false;
-    if (zones::Number(centre) != zones::Number(record)) return true;
     if (zones::Wanted(record) == NO_WANTED_ZONE && zones::IsWellInside(record)) return true;
     const std::int32_t side = CompareRecords(Axis::East, record, centre);
     if (side == NOT_COMPARABLE) return false;

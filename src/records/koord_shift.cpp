@@ -72,7 +72,6 @@ bool ShiftEastInZone(double delta, tagKOORD* record) {
     if (!isInOwnZone || !zones::IsWellInside(moved)) {
         tagKOORD limit = *record;
         if (!MoveToFurthest(DirectionOf(Axis::East, delta), &limit)) return false;
-        if (zones::Number(limit) != zones::Number(*record)) return false;
         if (GoesBeyond(zones::East(limit), east, delta)) return false;
     }
     *record = moved;

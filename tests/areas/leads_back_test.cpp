@@ -7,13 +7,12 @@
 #include "support/grids.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
+#include "support/result_order.h"
 #include "tessara/host/rect.h"
 #include "tessara/transformable_map_pixel.h"
 
 namespace tessara::testing {
 namespace {
-
-enum { NORTH, EAST, SOUTH, WEST };
 
 // Ten metres a pixel, with Greenwich in columns around 5900.
 MapParam LondonSheet() {

@@ -6,21 +6,25 @@
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
+#include "support/result_order.h"
 
 namespace tessara {
 namespace {
 
 using testing::CountOf;
 using testing::DegreeMap;
+using testing::EAST;
 using testing::FloatPixel;
 using testing::LineOf;
 using testing::MapOf;
+using testing::NORTH;
 using testing::PixelLine;
 using testing::PixelOf;
+using testing::SOUTH;
 using testing::Utm32;
+using testing::WEST;
 
-constexpr std::int32_t DATUM_GER = 3;
-enum { NORTH, EAST, SOUTH, WEST };
+constexpr std::int32_t ON_BESSEL = 3;
 
 class LineExtentsTest : public testing::BalancedTest {
   protected:
@@ -140,7 +144,7 @@ TEST_F(LineExtentsTest, WorldEdgesHaveNoExtentInPixels) {
     Ask(KOORD_FLOATPIXEL);
     EXPECT_FALSE(ExtremesOnMap(LineOf({Utm32(400000.0, 5700000.0), Utm32(500000.0, 5600000.0)})));
     EXPECT_NEAR(PixelOf(results[NORTH]).x, 1000.0, 1e-6) << "the first point";
-    Ask(KOORD_LONGPIXEL, DATUM_GER);
+    Ask(KOORD_LONGPIXEL, ON_BESSEL);
     EXPECT_TRUE(ExtremesOnMap(LineOf({Utm32(400000.0, 5700000.0)})));
     EXPECT_EQ(PixelOf(results[EAST]).x, 1000.0);
     EXPECT_EQ(PixelOf(results[EAST]).y, 1000.0);
@@ -167,7 +171,7 @@ TEST_F(LineExtentsTest, AnEmptyLineHasNone) {
 }
 
 TEST_F(LineExtentsTest, NeighboursMustShareTheirReference) {
-    for (const tagKOORD& other : {GeodezRecord(49, 8, 0.0, DATUM_GER), Utm32(5e5, 5.4e6)}) {
+    for (const tagKOORD& other : {GeodezRecord(49, 8, 0.0, ON_BESSEL), Utm32(5e5, 5.4e6)}) {
         const auto line = LineOf({GeodezRecord(48, 7), GeodezRecord(48.5, 7.5), other});
         Ask(KOORD_GEODEZ);
         EXPECT_FALSE(Extremes(line));
@@ -178,7 +182,7 @@ TEST_F(LineExtentsTest, NeighboursMustShareTheirReference) {
 
 TEST_F(LineExtentsTest, TheLineMayBeOfAnotherDatum) {
     Ask(KOORD_GEODEZ);
-    ASSERT_TRUE(Extremes(LineOf({GeodezRecord(48, 7, 0.0, DATUM_GER), GeodezRecord(47, 9, 0.0, DATUM_GER)})));
+    ASSERT_TRUE(Extremes(LineOf({GeodezRecord(48, 7, 0.0, ON_BESSEL), GeodezRecord(47, 9, 0.0, ON_BESSEL)})));
     EXPECT_NEAR(Degrees(NORTH).latitude, 48.0, 2e-3);  // degrees: a datum shift of 100 m
     EXPECT_NEAR(Degrees(EAST).longitude, 9.0, 2e-3);
     EXPECT_NE(Degrees(NORTH).latitude, 48.0);

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <iterator>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "areas/coordinate_area.h"
@@ -17,6 +17,9 @@
 #include "support/live_objects.h"
 #include "support/objects.h"
 #include "support/random.h"
+#include "support/result_order.h"
+#include "support/sanitized.h"
+#include "support/setting.h"
 #include "support/sheets.h"
 #include "tessara/coordinate_checker.h"
 #include "tessara/host/rect.h"
@@ -27,12 +30,14 @@ namespace {
 
 using testing::CountOf;
 using testing::DegreeMap;
+using testing::EAST;
 using testing::MapOf;
+using testing::NORTH;
 using testing::Pixel;
 using testing::PixelOf;
 using testing::Random;
-
-enum { NORTH, EAST, SOUTH, WEST };
+using testing::SOUTH;
+using testing::WEST;
 
 IRef<IRect> RectOf(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
     return IRef<IRect>(NewObject<host::Rect>(left, top, right, bottom));
@@ -271,19 +276,22 @@ TEST_F(RectExtentsTest, ASideIsWalkedOnBothSidesOfGreenwich) {
 // A cone whose northern end is the pole, some rows above the middle of the window's top edge. The points of
 // the edge are sixteen pixels apart.
 TEST_F(RectExtentsTest, AnEdgeBesideThePoleIsFollowedToAQuarterOfAPixel) {
-    map = MapOf(testing::WithReference(testing::Map(MAP_LAMBERT2, MapLambert2Params{60.0, 80.0, 90.0}),
-                                       GeodezRecord(80.0, 90.0), 0, 0, 5000000, 10.0));
-    const Pixel pole = testing::PixelOn(map, CKoord(GeodezRecord(90.0, 90.0)));
-    const auto latitudeBelow = [&](double rows) {
-        const IRef<ICoord> coord = EmptyCoord(DATUM_WGS84, KOORD_GEODEZ);
-        EXPECT_TRUE(map->FloatPixelToCoord(pole.x, std::floor(pole.y) + rows, coord.Get()));
-        return PayloadOf<GeodezPayload>(coord).latitude;
-    };
-    const auto top = static_cast<std::int32_t>(std::floor(pole.y)) + 3;
-    const double quarter = (latitudeBelow(3.0) - latitudeBelow(4.0)) / 4.0;
-    Ask(KOORD_GEODEZ);
-    ASSERT_TRUE(Extremes(-493, top, 507, top + 600));
-    EXPECT_NEAR(Degrees(NORTH).latitude, latitudeBelow(3.0), quarter);
+    // Whatever the number of the pole's column is.
+    for (std::int32_t column = -480; column <= 0; column += 40) {
+        map = MapOf(testing::WithReference(testing::Map(MAP_LAMBERT2, MapLambert2Params{60.0, 80.0, 90.0}),
+                                           GeodezRecord(80.0, 90.0), column, 0, 5000000, 10.0));
+        const Pixel pole = testing::PixelOn(map, CKoord(GeodezRecord(90.0, 90.0)));
+        const auto latitudeBelow = [&](double rows) {
+            const IRef<ICoord> coord = EmptyCoord(DATUM_WGS84, KOORD_GEODEZ);
+            EXPECT_TRUE(map->FloatPixelToCoord(pole.x, std::floor(pole.y) + rows, coord.Get()));
+            return PayloadOf<GeodezPayload>(coord).latitude;
+        };
+        const auto top = static_cast<std::int32_t>(std::floor(pole.y)) + 3;
+        const double quarter = (latitudeBelow(3.0) - latitudeBelow(4.0)) / 4.0;
+        Ask(KOORD_GEODEZ);
+        ASSERT_TRUE(Extremes(column - 493, top, column + 507, top + 600));
+        EXPECT_NEAR(Degrees(NORTH).latitude, latitudeBelow(3.0), quarter) << column;
+    }
 }
 
 // Degrees 90..346 east and 50..60 north, 100 pixels a degree. The samples of the edges are four degrees
@@ -316,11 +324,11 @@ TEST_F(RectExtentsTest, CornersOffTheSystemMoveInward) {
     }
 }
 
-// Degrees, on a sheet of which only a square around pixel (0, 0) can be shown.
+// A sheet of which only a square around pixel (0, 0) can be shown.
 class SquareMap : public testing::HostMap {
   public:
-    // Pixel (0, 0) is 9 degrees east and 50 north.
-    explicit SquareMap(double halfSide) : HostMap(DegreeMap(9.0, 50.0, 100.0)), halfSide_(halfSide) {}
+    explicit SquareMap(double halfSide, IRef<IMapCoordOperations> map = DegreeMap(9.0, 50.0, 100.0))
+        : HostMap(std::move(map)), halfSide_(halfSide) {}
 
     bool FloatPixelToCoord(double x, double y, ICoord* out) override {
         return IsShown(x, y) && HostMap::FloatPixelToCoord(x, y, out);
@@ -363,6 +371,45 @@ TEST_F(RectExtentsTest, WithoutAnyCornerTheMovedPointsAreTheExtremes) {
         EXPECT_NEAR(Degrees(SOUTH).latitude, 50.0 - reach, 1e-12) << halfSide;
         EXPECT_NEAR(Degrees(WEST).longitude, 9.0 - reach, 1e-12) << halfSide;
     }
+}
+
+// A window of three by three pixels has no narrower one.
+TEST_F(RectExtentsTest, AWindowTooSmallToBeNarrowedHasThePixelThatIsLeft) {
+    map = IRef<IMapCoordOperations>(NewObject<SquareMap>(0.5));
+    Ask(KOORD_GEODEZ);
+    ASSERT_TRUE(Extremes(-1, -1, 1, 1));
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(Degrees(i).latitude, 50.0);
+        EXPECT_EQ(Degrees(i).longitude, 9.0);
+    }
+}
+
+// Shows a square around latitude and longitude 0, and finds its pixels 10 degrees further north than it shows
+// them.
+class DisplacedMap : public SquareMap {
+  public:
+    DisplacedMap() : SquareMap(5.0, DegreeMap(0.0, 0.0, 100.0)) {}
+
+    bool FloatPixelToCoord(double x, double y, ICoord* out) override {
+        return SquareMap::FloatPixelToCoord(x, y, out) && IRef<ICoordInternal>(out)->ShiftNorth(10.0);
+    }
+
+  protected:
+    ~DisplacedMap() = default;
+};
+
+// No other pixel that is tried lies in the square.
+TEST_F(RectExtentsTest, TheDefaultPositionCountsOnlyWhereBothOfItsValuesAreShown) {
+    const IRef<IRect> window = RectOf(-4000, -4000, 6000, 6000);
+    Ask(KOORD_GEODEZ);
+    map = IRef<IMapCoordOperations>(NewObject<SquareMap>(5.0, DegreeMap(0.0, 0.0, 100.0)));
+    ASSERT_TRUE(Extremes(window));
+    EXPECT_EQ(Degrees(NORTH).latitude, 0.0);
+    EXPECT_EQ(Degrees(EAST).longitude, 0.0);
+    Ask(KOORD_GEODEZ);
+    map = IRef<IMapCoordOperations>(NewObject<DisplacedMap>());
+    EXPECT_FALSE(Extremes(window));
+    EXPECT_FALSE(AnyResultHoldsPosition());
 }
 
 TEST_F(RectExtentsTest, NothingValidHasNoExtremes) {
@@ -459,13 +506,12 @@ TEST_F(RectExtentsTest, AWindowOfOnePixelIsThatPixel) {
     }
 }
 
-// How many windows each system gets: TESSARA_EXTENT_WINDOWS, or 27, which makes 513 in all. They take some
-// seconds, so several tests share them.
+// How many windows each system gets; 27 make 513 in all. They take some seconds, so several tests share them.
 int WindowsPerSystem() {
-    const char* const wanted = std::getenv("TESSARA_EXTENT_WINDOWS");
-    return wanted != nullptr ? std::stoi(wanted) : 27;
+    return static_cast<int>(testing::Setting("TESSARA_EXTENT_WINDOWS", testing::IS_SANITIZED ? 3 : 27));
 }
 constexpr int SHARES = 3;
+constexpr int MOST_TRIES = 1000;
 
 // Windows of many sheets, compared with a dense sample of their places. ECEF and TM have no valid positions.
 class WindowsInASystem : public RectExtentsTest,
@@ -582,7 +628,7 @@ TEST_P(WindowsInASystem, NoPlaceLiesBeyondAndTheExtremesLieInTheWindow) {
     Random random(41 + static_cast<std::uint64_t>(System() + 100 * Share()));
     const int wanted = (WindowsPerSystem() + SHARES - 1) / SHARES;
     int windows = 0;
-    for (int tries = 0; windows < wanted && tries < 100 * wanted; ++tries) {
+    for (int tries = 0; windows < wanted && tries < MOST_TRIES; ++tries) {
         if (!ChooseWindow(&random)) continue;
         ASSERT_TRUE(Extremes(window.left, window.top, window.right, window.bottom)) << name;
         ++windows;

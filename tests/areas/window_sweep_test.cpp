@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <map>
 #include <set>
 #include <utility>
@@ -22,6 +21,7 @@
 #include "support/grids.h"
 #include "support/live_objects.h"
 #include "support/sanitized.h"
+#include "support/setting.h"
 #include "support/window_ruler.h"
 #include "tessara/host/rect.h"
 #include "tessara/kernel/convert.h"
@@ -34,11 +34,6 @@ constexpr std::int32_t SYSTEMS[] = {
     KOORD_UTM,  KOORD_UTMREF, KOORD_GEODEZ,    KOORD_GEOGRAD, KOORD_GEOREF, KOORD_GK,          KOORD_BMN,
     KOORD_OEM,  KOORD_CH,     KOORD_GEODEZMIN, KOORD_GK6,     KOORD_UPS,    KOORD_PO_MILITARY, KOORD_VDG,
     KOORD_GKAT, KOORD_BNG,    KOORD_ING,       KOORD_RD,      KOORD_LUREF};
-
-std::uint64_t Setting(const char* name, std::uint64_t otherwise) {
-    const char* const text = std::getenv(name);
-    return text != nullptr ? std::strtoull(text, nullptr, 10) : otherwise;
-}
 
 class WindowSweep : public BalancedTest, public ::testing::WithParamInterface<int> {
   protected:

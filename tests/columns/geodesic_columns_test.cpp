@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -10,6 +9,7 @@
 #include "support/doubles.h"
 #include "support/instruction_sets.h"
 #include "support/random.h"
+#include "support/setting.h"
 #include "tessara/kernel/datum.h"
 #include "tessara/kernel/geodesic.h"
 
@@ -169,8 +169,7 @@ Results SolvedOneByOne(const std::vector<Ray>& rays, const Axes& axes) {
 
 // `ctest -C Soak -R equality` sets the variable.
 std::size_t RowsWanted() {
-    const char* const text = std::getenv("TESSARA_EQUALITY_POSITIONS");
-    return text != nullptr ? static_cast<std::size_t>(std::atoi(text)) : 5000;
+    return testing::Setting("TESSARA_EQUALITY_POSITIONS", 5000);
 }
 
 // WGS84, Bessel, the sphere, and none.

@@ -123,6 +123,13 @@ constexpr FaultyOperation OPERATIONS[] = {
     {"ITransformableMapPixel::FindValidCoordInRect", TOLD,
      [](Scene& s) { return s.transformable->FindValidCoordInRect(s.map.Get(), s.rect.Get(), s.out.Get()); },
      nullptr, TRIES_ANOTHER_PIXEL},
+    {"ITransformableMapPixel::FindValidCoordInRect by the default position", TOLD,
+     [](Scene& s) {
+         // No other pixel that is tried has a position.
+         const IRef<IRect> rect(NewObject<host::Rect>(-1320, -1000000, -1280, 300000));
+         return s.transformable->FindValidCoordInRect(s.map.Get(), rect.Get(), s.outInUtm.Get());
+     },
+     nullptr, TRIES_ANOTHER_PIXEL},
     {"ITransformableMapPixel::ClipLineToValid", TOLD,
      [](Scene& s) {
          return s.transformable->ClipLineToValid(s.map.Get(), s.utmReference.Get(), s.corner.Get(),

@@ -94,6 +94,21 @@ TEST_F(RefusedQueriesTest, OfTheAreasAreTold) {
     ExpectAllTold(AreaOperations());
 }
 
+// The factory asks the map, and the creator asks it again.
+TEST_F(RefusedQueriesTest, LeaveACreatorWithoutItsMap) {
+    RefusedQueries queries;
+    FaultScene scene;
+    queries.TakeOver(scene.map.Get());
+    queries.Refuse(2, Refusal::ONCE);
+    const IRef<IMapCoordCreator> creator(scene.creators->CreateMapCoordCreator(scene.map.Get()));
+    ASSERT_TRUE(creator.IsValid());
+    const std::string before = scene.Inputs();
+    EXPECT_FALSE(creator->ConvertCoord(scene.degrees.Get()));
+    EXPECT_FALSE(IRef<ICoord>(creator->CreateCoordFrom(scene.degrees.Get())).IsValid());
+    EXPECT_FALSE(IRef<ICoord>(creator->CreateCoord()).IsValid());
+    EXPECT_EQ(scene.Inputs(), before);
+}
+
 }  // namespace
 }  // namespace tessara::testing
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <new>
 
 #include "geometry/line_points.h"
+#include "support/doubles.h"
 #include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
@@ -30,8 +30,6 @@ using testing::PixelOn;
 using testing::PixelsOn;
 using testing::Random;
 using testing::Utm32;
-
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
 
 class LineDensifyingTest : public testing::BalancedTest {
   protected:
@@ -62,7 +60,7 @@ class LineDensifyingTest : public testing::BalancedTest {
 TEST_F(LineDensifyingTest, KeepsATolerance) {
     EXPECT_EQ(lines->GetPixelTolerance(), 0.25);
     EXPECT_FALSE(lines->SetPixelTolerance(-1.0));
-    EXPECT_FALSE(lines->SetPixelTolerance(NAN_VALUE));
+    EXPECT_FALSE(lines->SetPixelTolerance(NOT_A_NUMBER));
     EXPECT_EQ(lines->GetPixelTolerance(), 0.25);
     EXPECT_TRUE(lines->SetPixelTolerance(0.0));
     EXPECT_EQ(lines->GetPixelTolerance(), 0.0);
@@ -435,8 +433,7 @@ TEST_F(LineDensifyingTest, AnEmptyMapHasNoPixels) {
 }
 
 TEST_F(LineDensifyingTest, EndsWithoutNumbersEndTheWork) {
-    const double infinity = std::numeric_limits<double>::infinity();
-    for (const double bad : {NAN_VALUE, infinity, -infinity, 1e300}) {
+    for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE, 1e300}) {
         for (const Operation operation : ON_MAP) {
             Densify(operation, GeodezRecord(bad, 7), GeodezRecord(47, bad));
             EXPECT_LE(polyline->GetCount(), 129u);
@@ -554,6 +551,17 @@ TEST_F(LineDensifyingTest, PolylinesFollowTheirCurves) {
             }
         }
     }
+}
+
+// UTM ends at 84 degrees north.
+TEST_F(LineDensifyingTest, BothEndsNeedAPositionInTheReferenceOfTheLine) {
+    const tagKOORD inside = GeodezRecord(83.0, 9.0);
+    const tagKOORD outside = GeodezRecord(85.0, 9.0);
+    EXPECT_TRUE(Across(inside, inside, DATUM_WGS84, KOORD_UTM));
+    EXPECT_FALSE(Across(inside, outside, DATUM_WGS84, KOORD_UTM));
+    EXPECT_EQ(polyline->GetCount(), 0u);
+    EXPECT_FALSE(Across(outside, inside, DATUM_WGS84, KOORD_UTM));
+    EXPECT_EQ(polyline->GetCount(), 0u);
 }
 
 }  // namespace

@@ -159,12 +159,12 @@ TEST_F(PointAtDistance, ZeroIsTheFootOfTheStart) {
 TEST_F(PointAtDistance, BeyondTheirRangeTheSearchesFail) {
     const IRef<ICoord> start = Place(48.0, 16.0);
     EXPECT_TRUE(Geodesic(start, 60.0, 6370000.0));
-    for (const double distance : {6400000.0, 1e7, 1e100, -1.0, -1000.0, INFINITE, -INFINITE, NAN_VALUE})
+    for (const double distance : {6400000.0, 1e7, 1e100, -1.0, -1000.0, INFINITE, -INFINITE, NOT_A_NUMBER})
         EXPECT_FALSE(Geodesic(start, 60.0, distance)) << distance;
     EXPECT_TRUE(Chord(start, 60.0, 12000000.0));
-    for (const double distance : {12800000.0, 1e9, 1e100, INFINITE, -INFINITE, NAN_VALUE})
+    for (const double distance : {12800000.0, 1e9, 1e100, INFINITE, -INFINITE, NOT_A_NUMBER})
         EXPECT_FALSE(Chord(start, 60.0, distance)) << distance;
-    for (const double azimuth : {INFINITE, NAN_VALUE}) {
+    for (const double azimuth : {INFINITE, NOT_A_NUMBER}) {
         EXPECT_FALSE(Geodesic(start, azimuth, 1000.0));
         EXPECT_FALSE(Chord(start, azimuth, 1000.0));
     }
@@ -228,6 +228,30 @@ TEST_F(PointAtDistance, OnFailureGeodesicLeavesTheLastTrialAndChordNothing) {
     EXPECT_FALSE(ellipsoid->PointAtChordDistance(Place(48.0, 16.0).Get(), 0.0, 1e9, kept.Get()));
     EXPECT_EQ(PayloadOf<GeodezPayload>(kept).longitude, 2.0);
     EXPECT_TRUE(HoldsPosition(kept));
+}
+
+// Takes any record and gives one on an unknown datum.
+class StrayCoord : public testing::HostCoord, public ICoordInternal {
+  public:
+    using Faces = FaceList<ICoord, ICoordInternal>;
+
+    bool SetKoord(const CKoord*) override { return true; }
+    bool GetKoord(CKoord* koord) override {
+        *koord = CKoord(GeodezRecord(48.0, 16.0, 0.0, 500));
+        return true;
+    }
+    bool ShiftEast(double) override { return false; }
+    bool ShiftNorth(double) override { return false; }
+    double EastDifference(ICoord*) override { return UNKNOWN_DIFFERENCE; }
+    double NorthDifference(ICoord*) override { return UNKNOWN_DIFFERENCE; }
+
+  protected:
+    ~StrayCoord() = default;
+};
+
+TEST_F(PointAtDistance, GeodesicFailsWhereTheResultGivesAnotherRecordThanItTook) {
+    out = IRef<ICoord>(static_cast<ICoord*>(NewObject<StrayCoord>()));
+    EXPECT_FALSE(Geodesic(Place(48.0, 16.0), 45.0, 1000.0));
 }
 
 }  // namespace

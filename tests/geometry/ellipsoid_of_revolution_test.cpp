@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "support/empty_vectors.h"
+#include "support/failing_reference.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/space_fixture.h"
@@ -21,10 +23,10 @@ using testing::Moved;
 using testing::PI_180;
 using testing::Place;
 using testing::Random;
+using testing::WGS84_B;
 using testing::XyzOf;
 
 constexpr double WGS84_E2 = 0.0066943799901413165;
-constexpr double WGS84_B = 6356752.314245179;
 
 class EllipsoidOfRevolutionTest : public testing::SpaceTest {};
 
@@ -190,7 +192,7 @@ TEST_F(EllipsoidOfRevolutionTest, VectorsWithoutAPlaceAreRefused) {
     const IRef<ICoord> out = Place(1.0, 2.0);
     for (const Vector& xyz :
          {Vector{0.0, 0.0, 0.0}, Vector{}, Vector{1.0, 2.0}, Vector{1.0, 2.0, 3.0, 4.0},
-          Vector{NAN_VALUE, 0.0, 6e6}, Vector{0.0, INFINITE, 0.0}, Vector{1.0, 0.0, 0.0}}) {
+          Vector{NOT_A_NUMBER, 0.0, 6e6}, Vector{0.0, INFINITE, 0.0}, Vector{1.0, 0.0, 0.0}}) {
         EXPECT_FALSE(ellipsoid->EcefVectorToCoord(&xyz, out.Get()));
     }
     EXPECT_EQ(PayloadOf<GeodezPayload>(out).latitude, 1.0);
@@ -258,7 +260,7 @@ TEST_F(EllipsoidOfRevolutionTest, ALineThatMissesLeavesTheOutputs) {
     expectMiss({0.0, 0.0, 0.0});
     expectMiss({});
     expectMiss({1.0, 0.0});
-    expectMiss({NAN_VALUE, 0.0, 0.0});
+    expectMiss({NOT_A_NUMBER, 0.0, 0.0});
     expectMiss({0.0, INFINITE, 0.0});
     EXPECT_EQ(PayloadOf<GeodezPayload>(near).latitude, 1.0);
     EXPECT_EQ(PayloadOf<GeodezPayload>(far).latitude, 3.0);
@@ -416,57 +418,31 @@ TEST_F(EllipsoidOfRevolutionWithoutManager, AManagerThatGivesNothingLeavesOnlyTh
               (std::vector<bool>{true, false, false, true, true, true, false, false}));
 }
 
-// Arithmetic without results, as a manager of a host may offer it.
-class EmptyVectors : public IVector {
-  public:
-    using Faces = FaceList<IVector>;
-
-    // With a working cross product the local axes are there, and everything after them fails.
-    explicit EmptyVectors(bool hasCross) : hasCross_(hasCross) {}
-
-    Vector Normalize(const Vector&) override { return {}; }
-    Vector MakeZero(std::uint32_t) override { return {}; }
-    double Length(const Vector&) override { return 0.0; }
-    Vector Add(const Vector&, const Vector&) override { return {}; }
-    Vector Subtract(const Vector&, const Vector&) override { return {}; }
-    double Dot(const Vector&, const Vector&) override { return 0.0; }
-    Vector Cross(const Vector& a, const Vector& b) override {
-        return hasCross_ ? IRef<IVector>(CreateClassEuclideanVector())->Cross(a, b) : Vector{};
-    }
-    double TripleProduct(const Vector&, const Vector&, const Vector&) override { return 0.0; }
-    Vector Scale(const Vector&, double) override { return {}; }
-
-  protected:
-    ~EmptyVectors() override = default;
-
-  private:
-    bool hasCross_;
-};
-
-class ManagerWithEmptyVectors : public host::ObjectManager {
-  public:
-    explicit ManagerWithEmptyVectors(bool hasCross) : vectors_(NewObject<EmptyVectors>(hasCross)) {}
-
-    ResultCode CreateInstance(const GUID* classId, const GUID* iid, void** out) override {
-        if (*classId == CLSID_EuclideanVector) return vectors_->QueryInterface(iid, out);
-        return host::ObjectManager::CreateInstance(classId, iid, out);
-    }
-
-  protected:
-    ~ManagerWithEmptyVectors() = default;
-
-  private:
-    IRef<IVector> vectors_;
-};
-
 TEST_F(EllipsoidOfRevolutionWithoutManager, ArithmeticWithoutResultsFailsPlainly) {
     for (const bool hasCross : {false, true}) {
-        const testing::ManagedLibrary library{
-            IRef<IObjectManager>(NewObject<ManagerWithEmptyVectors>(hasCross))};
+        const testing::ManagedLibrary library{testing::Substituting(
+            CLSID_EuclideanVector, [hasCross] { return testing::MakeEmptyVectors(hasCross); })};
         const IRef<IEllipsoidOfRevolution> ellipsoid(CreateClassEllipsoidOfRevolution());
         EXPECT_EQ(AllResults(ellipsoid.Get()),
                   (std::vector<bool>{true, hasCross, hasCross, true, true, true, false, false}));
     }
+}
+
+TEST_F(EllipsoidOfRevolutionWithoutManager, AReferenceOfTheManagerMayGiveUp) {
+    testing::CallBudget calls;
+    const testing::ManagedLibrary library{testing::Substituting(CLSID_CoordinateReference, [&calls] {
+        return IRef<IUnknown>(NewObject<testing::FailingReference>(&calls));
+    })};
+    const IRef<IEllipsoidOfRevolution> ellipsoid(CreateClassEllipsoidOfRevolution());
+    const IRef<ICoord> p = Place(48.0, 16.0, 100.0);
+    const IRef<ICoord> out(CreateClassCoord());
+    Vector xyz;
+    ExpectFailureAtEachCall(&calls, [&] { return ellipsoid->CoordToEcefVector(p.Get(), &xyz); });
+    ExpectFailureAtEachCall(&calls, [&] { return ellipsoid->EcefVectorToCoord(&xyz, out.Get()); });
+    ExpectFailureAtEachCall(
+        &calls, [&] { return ellipsoid->PointAtGeodesicDistance(p.Get(), 10.0, 1000.0, out.Get()); });
+    ExpectFailureAtEachCall(
+        &calls, [&] { return ellipsoid->PointAtChordDistance(p.Get(), 10.0, 1000.0, out.Get()); });
 }
 
 }  // namespace

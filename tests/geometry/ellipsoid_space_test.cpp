@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <optional>
 
+#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/space.h"
@@ -15,12 +15,9 @@ namespace {
 
 using testing::HeightLimit;
 using testing::Random;
-
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
+using testing::WGS84_B;
 
 constexpr EllipsoidAxes WGS84{6378137.0, 0.0066943799901413165};  // e2 = 2f - f^2
-constexpr double WGS84_B = 6356752.314245179;
 
 bool IsSettled(const EcefPayload& point, const EllipsoidAxes& ellipsoid = WGS84) {
     GeodezPayload position{};
@@ -140,11 +137,12 @@ TEST(SpacePosition, ResolvesTheEquatorAndTheDateLine) {
 
 TEST(SpacePosition, FailsForTheCentreAndWhatIsNotFinite) {
     GeodezPayload position{1.0, 2.0, 3.0};
-    for (const EcefPayload& point : {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{-0.0, 0.0, -0.0},
-                                     EcefPayload{NAN_VALUE, 0.0, 0.0}, EcefPayload{6378137.0, NAN_VALUE, 0.0},
-                                     EcefPayload{6378137.0, 0.0, NAN_VALUE}, EcefPayload{INFINITE, 0.0, 0.0},
-                                     EcefPayload{0.0, NAN_VALUE, 6356752.0}, EcefPayload{0.0, INFINITE, 1.0},
-                                     EcefPayload{0.0, 0.0, -INFINITE}, EcefPayload{1e200, 1e200, 0.0}}) {
+    for (const EcefPayload& point :
+         {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{-0.0, 0.0, -0.0}, EcefPayload{NOT_A_NUMBER, 0.0, 0.0},
+          EcefPayload{6378137.0, NOT_A_NUMBER, 0.0}, EcefPayload{6378137.0, 0.0, NOT_A_NUMBER},
+          EcefPayload{INFINITE, 0.0, 0.0}, EcefPayload{0.0, NOT_A_NUMBER, 6356752.0},
+          EcefPayload{0.0, INFINITE, 1.0}, EcefPayload{0.0, 0.0, -INFINITE},
+          EcefPayload{1e200, 1e200, 0.0}}) {
         EXPECT_FALSE(SpacePosition(WGS84, point, &position));
     }
     EXPECT_EQ(position.latitude, 1.0);
@@ -275,11 +273,11 @@ TEST(IntersectEllipsoid, FailsWithoutADirectionAndForWhatIsNotFinite) {
     double far = 8.0;
     const EcefPayload point{6378237.0, 0.0, 0.0};
     for (const EcefPayload& direction :
-         {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{1e-200, 0.0, 0.0}, EcefPayload{NAN_VALUE, 0.0, 0.0},
+         {EcefPayload{0.0, 0.0, 0.0}, EcefPayload{1e-200, 0.0, 0.0}, EcefPayload{NOT_A_NUMBER, 0.0, 0.0},
           EcefPayload{0.0, INFINITE, 0.0}, EcefPayload{-1e200, 0.0, 0.0}}) {
         EXPECT_FALSE(IntersectEllipsoid(WGS84, point, direction, &near, &far));
     }
-    EXPECT_FALSE(IntersectEllipsoid(WGS84, {NAN_VALUE, 0.0, 0.0}, {1.0, 0.0, 0.0}, &near, &far));
+    EXPECT_FALSE(IntersectEllipsoid(WGS84, {NOT_A_NUMBER, 0.0, 0.0}, {1.0, 0.0, 0.0}, &near, &far));
     EXPECT_FALSE(IntersectEllipsoid(WGS84, {0.0, INFINITE, 0.0}, {1.0, 0.0, 0.0}, &near, &far));
     EXPECT_EQ(near, 7.0);
     EXPECT_EQ(far, 8.0);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <vector>
 
 #include "geometry/creation.h"
 #include "support/live_objects.h"
@@ -139,6 +140,26 @@ TEST(IntersectionResults, AreUselessWithAManagerThatGivesNoList) {
     results->Clear();
     EXPECT_EQ(results->GetCount(), -1);
     EXPECT_EQ(CountOf(record), 1u);
+}
+
+// Lists that a manager of a host makes are the host's, too.
+TEST(IntersectionResults, RemoveNothingFromListsOfDifferentLengths) {
+    std::vector<IRef<IArray>> lists;
+    const testing::ManagedLibrary library{testing::Substituting(CLSID_HostArray, [&lists] {
+        lists.emplace_back(CreateClassArray());
+        return IRef<IUnknown>(lists.back());
+    })};
+    const IRef<IIntersectionResults> results(CreateClassIntersectionResults());
+    const auto record = MakeRecord();
+    ASSERT_EQ(lists.size(), 2u);
+    for (const IRef<IArray>& shortened : lists) {
+        results->Clear();
+        ASSERT_TRUE(results->Add(record.Get(), record.Get()));
+        shortened->Clear();
+        EXPECT_EQ(results->GetCount(), -1);
+        EXPECT_FALSE(results->RemoveAt(0));
+        EXPECT_EQ(lists[0]->GetCount() + lists[1]->GetCount(), 1u);
+    }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/empty_vectors.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/space_fixture.h"
@@ -218,7 +219,7 @@ TEST_F(PlaneArcTest, FewerThanTwoPointsAreNoArc) {
 }
 
 TEST_F(PlaneArcTest, NumbersThatAreNotFiniteMakeNoArc) {
-    for (const double bad : {NAN_VALUE, INFINITE, -INFINITE}) {
+    for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
         EXPECT_FALSE(MakeCircle(bad, 90.0, 3, true));
         EXPECT_EQ(points->GetCount(), 0u);
         EXPECT_FALSE(MakeCircle(0.0, bad, 3, false));
@@ -324,6 +325,16 @@ TEST_F(PlaneArcWithoutManager, AManagerThatGivesNothingLeavesTheListEmpty) {
     }
     // What was made without its parts stays so.
     EXPECT_FALSE(MakeArcs());
+}
+
+TEST_F(PlaneArcWithoutManager, ArithmeticThatIsMissingOrGivesNothingLeavesTheListEmpty) {
+    const testing::SubstitutingManager::Make makers[] = {[] { return IRef<IUnknown>(); },
+                                                         [] { return testing::MakeEmptyVectors(true); }};
+    for (const auto& make : makers) {
+        const testing::ManagedLibrary library{testing::Substituting(CLSID_EuclideanVector, make)};
+        Create();
+        EXPECT_FALSE(MakeArcs());
+    }
 }
 
 }  // namespace

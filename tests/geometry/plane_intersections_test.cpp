@@ -267,5 +267,15 @@ TEST(VisitIntersections, AgreesWithExactArithmetic) {
     EXPECT_GT(total, 50000u);
 }
 
+// The length of the first segment overflows, and so does the distance of (8e307, 0.001) from its start. They
+// are parallel within rounding.
+TEST(IntersectSegments, ParametersThatOverflowAreNoIntersections) {
+    const PlanePoint a1{-1e308, 0.0}, a2{1.5e308, 1e17}, b1{0.7976931348623157e308, 0.0}, b2{8e307, 1e-3};
+    for (const auto& [t, s] : IntersectSegments(a1, a2, b1, b2)) {
+        EXPECT_TRUE(t >= 0.0 && t <= 1.0) << t;
+        EXPECT_TRUE(s >= 0.0 && s <= 1.0) << s;
+    }
+}
+
 }  // namespace
 }  // namespace tessara

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "support/doubles.h"
 #include "support/random.h"
 
 namespace tessara {
@@ -13,8 +14,6 @@ namespace {
 
 using testing::Random;
 
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double LARGEST = std::numeric_limits<double>::max();
 
 TEST(ParameterOnSegment, IsTakenOnTheLongerAxis) {
@@ -85,7 +84,7 @@ TEST(LineParameter, ASegmentThroughAPointIsMeasuredOnItsLongerAxis) {
 }
 
 TEST(LineParameter, IsNoPlaceOnASegmentForNumbersThatArent) {
-    for (const double bad : {NAN_VALUE, INFINITE, -INFINITE}) {
+    for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
         for (int which = 0; which < 8; ++which) {
             double v[8] = {0, 0, 4, 4, 0, 4, 4, 0};
             v[which] = bad;

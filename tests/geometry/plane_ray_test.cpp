@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
+#include "support/doubles.h"
 #include "support/random.h"
 #include "tessara/kernel/constants.h"
 
@@ -11,9 +10,6 @@ namespace tessara {
 namespace {
 
 using testing::Random;
-
-constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 Triple operator*(double s, const Triple& v) {
     return {s * v[0], s * v[1], s * v[2]};
@@ -222,11 +218,11 @@ TEST(IntersectPlane, NumbersThatAreNotFiniteMiss) {
     const Triple E{0.0, 1.0, 0.0};
     const Triple N{0.0, 0.0, 1.0};
     const Triple D{1.0, 0.1, 0.1};
-    for (const double bad : {NAN_VALUE, INFINITE, -INFINITE, 1e308}) {
+    for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE, 1e308}) {
         ExpectMiss(IntersectPlane({1.0, bad, 1.0}, {1e-9, 1.0, 10.0}, E, N));
         ExpectMiss(IntersectPlane({1e10, 1.0, 1.0}, {1e-300, bad, 1.0}, E, N));
     }
-    ExpectMiss(IntersectPlane({1.0, 1.0, 1.0}, D, {NAN_VALUE, 1.0, 0.0}, N));
+    ExpectMiss(IntersectPlane({1.0, 1.0, 1.0}, D, {NOT_A_NUMBER, 1.0, 0.0}, N));
     ExpectMiss(IntersectPlane({1.0, 1.0, 1.0}, D, E, {0.0, 0.0, INFINITE}));
     ExpectMiss(IntersectPlane({1.0, 1.0, 1.0}, D, {0.0, 0.0, 0.0}, {0.0, 0.0, 0.0}));
 }

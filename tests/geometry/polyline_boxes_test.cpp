@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "geometry/plane_intersections.h"
+#include "support/doubles.h"
 #include "support/random.h"
 
 namespace tessara {
@@ -17,7 +18,6 @@ using testing::Random;
 using Polyline = std::vector<PlanePoint>;
 using Pair = std::pair<std::size_t, std::size_t>;
 
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // Each pair of segments that IntersectSegments finds an intersection on, by trying all of them.

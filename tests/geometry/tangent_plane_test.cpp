@@ -520,7 +520,7 @@ TEST_F(TangentPlaneTest, TakesCoordinatesFreshFromTheirCreation) {
 TEST_F(TangentPlaneTest, NumbersThatAreNotFiniteFail) {
     SetOrigin(48.0, 16.0);
     const IRef<ICoord> out = Place(1.0, 2.0);
-    for (const double bad : {NAN_VALUE, INFINITE, -INFINITE}) {
+    for (const double bad : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
         EXPECT_FALSE(plane->PlaneCoordsToCoord(bad, 0.0, 0.0, out.Get()));
         EXPECT_FALSE(plane->PlaneCoordsToCoord(0.0, bad, 0.0, out.Get()));
         EXPECT_FALSE(plane->PlaneCoordsToCoord(0.0, 0.0, bad, out.Get()));
@@ -540,7 +540,7 @@ TEST_F(TangentPlaneTest, APointThatIsNotFiniteHasThePlaceOfARayThatMisses) {
     double x = 1.0;
     double y = 2.0;
     double z = 3.0;
-    EXPECT_FALSE(plane->GetPlaneCoords(Place(48.0, 16.0, NAN_VALUE).Get(), &x, &y, &z));
+    EXPECT_FALSE(plane->GetPlaneCoords(Place(48.0, 16.0, NOT_A_NUMBER).Get(), &x, &y, &z));
     EXPECT_EQ(x, 0.0);
     EXPECT_EQ(y, 0.0);
     EXPECT_EQ(z, 3.0);
@@ -569,6 +569,35 @@ TEST_F(TangentPlaneWithoutManager, TakesNoOriginWithAManagerThatGivesNothing) {
     const IRef<ITangentPlane> plane(CreateClassTangentPlane());
     EXPECT_FALSE(plane->SetOrigin(Place(48.0, 16.0).Get()));
     ExpectWithoutOrigin(plane.Get());
+}
+
+// The plane of an origin at longitude 0 stands upright on the meridian 90. An origin for which memory runs
+// out may replace the position of the old one, but not its axes; the normal of the new origin then lies in
+// the old plane.
+TEST_F(TangentPlaneTest, ANormalThatLiesInThePlaneGivesNoHeight) {
+    const IRef<ICoord> old = Place(0.0, 0.0);
+    const IRef<ICoord> next = CoordOf(GeodezRecord(0.0, 90.0));
+    ASSERT_TRUE(next->SetReference(ReferenceOf(DATUM_WGS84, KOORD_GEOGRAD).Get()));
+    const Vector xyz = XyzAt(old);
+    int mixed = 0;
+    for (int nth = 1; nth < 50; ++nth) {
+        SetOrigin(0.0, 0.0);
+        {
+            const testing::FailAllocation failure(nth);
+            if (plane->SetOrigin(next.Get())) continue;
+        }
+        Vector normal;
+        PlanePlace place{};
+        ASSERT_TRUE(plane->GetNormal(&normal));
+        if (plane->IntersectRay(&xyz, &normal, &place.x, &place.y) != RAY_IN_PLANE) continue;
+        ++mixed;
+        place = {7.0, 7.0, 7.0};
+        EXPECT_TRUE(plane->GetPlaneCoords(old.Get(), &place.x, &place.y, &place.z));
+        EXPECT_EQ(place.x, 0.0);
+        EXPECT_EQ(place.y, 0.0);
+        EXPECT_EQ(place.z, 0.0);
+    }
+    EXPECT_GT(mixed, 0);
 }
 
 }  // namespace

@@ -5,12 +5,15 @@
 #include <cmath>
 #include <limits>
 #include <new>
+#include <vector>
 
 #include "records/zones.h"
+#include "support/failing_reference.h"
 #include "support/grids.h"
 #include "support/host_map.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
+#include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
 namespace {
@@ -21,6 +24,19 @@ MapParam BorderSheet() {
 }
 
 constexpr int NEVER = 1000000;
+
+// Shows no references, only positions.
+class MapWithoutReferences : public HostMap {
+  public:
+    explicit MapWithoutReferences(const IRef<IMapCoordOperations>& map) : HostMap(map) {}
+
+    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
+        return KoordOf(IRef<ICoord>(in)).type != KOORD_UTMREF && HostMap::CoordToFloatPixel(in, x, y);
+    }
+
+  protected:
+    ~MapWithoutReferences() = default;
+};
 
 class CoordinateGridTest : public BalancedTest {
   protected:
@@ -146,6 +162,18 @@ TEST_F(CoordinateGridTest, AWindowOutsideTheSystemIsNone) {
     EXPECT_FALSE(SetWindow(GridOf(KOORD_UTM, empty, 1e4, 1e4), 0, 0, 5000, 5000));
 }
 
+// The codes of GEOREF end half a turn from Greenwich; degrees go on.
+TEST_F(CoordinateGridTest, AWindowBesideAllCodesIsNone) {
+    for (const double west : {-182.0, 181.0}) {
+        map = DegreeMap(west, 50.0, 100.0);
+        EXPECT_FALSE(SetWindow(GridOf(KOORD_GEOREF, map, 0.1, 0.1), 0, 0, 100, 100)) << west;
+        EXPECT_TRUE(SetWindow(GridOf(KOORD_GEODEZ, map, 0.1, 0.1), 0, 0, 100, 100)) << west;
+    }
+    // From 181 to 179 degrees west.
+    map = DegreeMap(-181.0, 50.0, 100.0);
+    EXPECT_TRUE(SetWindow(GridOf(KOORD_GEOREF, map, 0.1, 0.1), 0, 0, 200, 100));
+}
+
 TEST_F(CoordinateGridTest, LineOperationsNeedAList) {
     ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
     for (const LineOperation operation : LINE_OPERATIONS) {
@@ -209,6 +237,48 @@ TEST_F(CoordinateGridTest, PixelLinesAreTheSameLines) {
                 }
             }
         }
+    }
+}
+
+TEST_F(CoordinateGridTest, ARoundedPointThatTheMapDoesntShowHasThePixelOfTheExactOne) {
+    const IRef<IMapCoordOperations> bare(NewObject<MapWithoutReferences>(map));
+    const auto rounded = GridOf(KOORD_UTMREF, bare, 10000.0, 10000.0);
+    ASSERT_TRUE(SetWindow(rounded, 0, 0, 5000, 5000));
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 5000, 5000));
+    const IRef<IArray> exact(CreateClassArray());
+    ASSERT_TRUE(grid->GetEastLinePixels(exact.Get()));
+    ASSERT_TRUE(rounded->GetEastLinePixels(lines.Get()));
+    ASSERT_EQ(lines->GetCount(), exact->GetCount());
+    for (std::uint32_t i = 0; i < lines->GetCount(); ++i) {
+        ASSERT_EQ(LineAt(lines, i)->GetCount(), LineAt(exact, i)->GetCount());
+        for (std::uint32_t k = 0; k < LineAt(lines, i)->GetCount(); ++k) {
+            const IRef<IFloatPoint> point(LineAt(lines, i)->GetAt(k));
+            const IRef<IFloatPoint> expected(LineAt(exact, i)->GetAt(k));
+            EXPECT_EQ(point->GetX(), expected->GetX());
+            EXPECT_EQ(point->GetY(), expected->GetY());
+        }
+    }
+}
+
+// Two pixels a degree, and a meridian of GEOREF every five degrees from -180 to 175.
+TEST_F(CoordinateGridTest, AWindowOfMoreThanATurnHasTheMeridiansThatTheMapShows) {
+    for (const auto& [west, width] : {std::pair{-200.0, 400.0}, {-200.0, 370.0}, {-170.0, 370.0}}) {
+        map = DegreeMap(west, 90.0, 2.0);
+        std::vector<double> expected;
+        for (double meridian = -180.0; meridian < 180.0; meridian += 5.0) {
+            if (meridian >= west && meridian <= west + width) expected.push_back(meridian);
+        }
+        grid = GridOf(KOORD_GEOREF, map, 5.0, 15.0);
+        ASSERT_TRUE(SetWindow(grid, 0, 0, 2.0 * width, 360.0));
+        std::vector<double> meridians;
+        for (const auto& line : EastLinesOf(grid)) {
+            const tagKOORD code = line.front();
+            tagKOORD degrees = MakeKoord(DATUM_WGS84, KOORD_GEODEZ);
+            ASSERT_EQ(KoordConvert(&code, &degrees), KOORD_OK);
+            meridians.push_back(Load<GeodezPayload>(degrees).longitude);
+        }
+        EXPECT_EQ(meridians, expected) << west;
+        EXPECT_EQ(NorthLinesOf(grid).size(), 12u) << "-90 to 75";
     }
 }
 
@@ -392,6 +462,11 @@ TEST_F(CoordinateGridTest, GivesItsReference) {
     EXPECT_FALSE(grid->GetReference(nullptr));
     EXPECT_FALSE(grid->GetReference(Disguised<ICoordinateReference>(stranger)));
     EXPECT_FALSE(grid->GetReference(MakeHostReference(2, KOORD_UTM).Get())) << "it takes no numbers";
+    CallBudget calls;
+    ExpectFailureAtEachCall(&calls, [&] {
+        const IRef<ICoordinateReference> failing(NewObject<FailingReference>(&calls));
+        return grid->GetReference(failing.Get());
+    });
 }
 
 TEST_F(CoordinateGridTest, LeavesNothingBehindWithoutMemory) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "support/failing_coord.h"
 #include "support/grids.h"
+#include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"
 #include "tessara/coord.h"
@@ -75,6 +77,45 @@ TEST_F(DateLineMap, APixelBeyondTheLineHasAPositionInTheZoneThere) {
     const auto other = CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM));
     ASSERT_TRUE(map->PixelCoordToCoord(pixel.Get(), other.Get()));
     EXPECT_EQ(UtmOf(other).easting, UtmOf(coord).easting);
+}
+
+// Beyond the line, beyond the pole: row -9000 would be at 100 degrees north.
+TEST_F(DateLineMap, APixelWithoutAPlaceOnTheEarthHasNoPosition) {
+    const auto coord = CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM));
+    EXPECT_FALSE(map->FloatPixelToCoord(300.0, -9000.0, coord.Get()));
+    EXPECT_FALSE(map->LongPixelToCoord(300, -9000, coord.Get()));
+    EXPECT_FALSE(map->PixelCoordToCoord(CoordOf(FloatPixel(300.0, -9000.0)).Get(), coord.Get()));
+}
+
+TEST_F(DateLineMap, APositionOnAnUnknownDatumHasNoPixel) {
+    double x = 7.0;
+    double y = 7.0;
+    EXPECT_FALSE(map->CoordToFloatPixel(CoordOf(Nowhere()).Get(), &x, &y));
+    EXPECT_EQ(x, 7.0);
+    EXPECT_EQ(y, 7.0);
+}
+
+TEST_F(DateLineMap, ACoordinateThatGivesUpGetsNoPosition) {
+    CallBudget calls;
+    ExpectFailureAtEachCall(&calls, [&] {
+        const auto coord = MakeFailingCoord(CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM)), &calls);
+        return map->FloatPixelToCoord(300.0, 100.0, coord.Get());
+    });
+}
+
+TEST_F(DateLineMap, AMapThatGivesUpPlacesNothing) {
+    auto* const host = NewObject<FailingMap>(DegreeMap(178.0, 10.0, 100.0), 1000000);
+    const IRef<IMapCoordOperations> held(host);
+    const auto over = MapOverDateLine(held, WINDOW);
+    ASSERT_NE(over.Get(), held.Get());
+    double x = 0.0;
+    double y = 0.0;
+    ExpectFailureAtEachCall(host,
+                            [&] { return over->CoordToFloatPixel(Degrees(9.0, -179.0).Get(), &x, &y); });
+    EXPECT_NEAR(x, 300.0, 1e-9);
+    const auto coord = CoordOf(MakeKoord(DATUM_WGS84, KOORD_UTM));
+    ExpectFailureAtEachCall(host, [&] { return over->FloatPixelToCoord(300.0, 100.0, coord.Get()); });
+    EXPECT_EQ(UtmOf(coord).zone, 1);
 }
 
 TEST_F(DateLineMap, NullFails) {

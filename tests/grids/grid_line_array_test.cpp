@@ -72,8 +72,28 @@ TEST_F(GridLineArrayTest, KeepsItsPointsWhereThereIsNoMemoryForThem) {
         const FailAllocation failure(1);
         EXPECT_THROW(line->Add(nullptr), std::bad_alloc);
     }
+    {
+        const FailAllocation failure(1);
+        line->RemoveAt(0);
+        EXPECT_TRUE(failure.HasFailed());
+    }
     EXPECT_EQ(line->GetCount(), count);
     EXPECT_NE(line->GetAt(count - 1), nullptr);
+}
+
+TEST_F(GridLineArrayTest, KeepsItsPixelsWhereThereIsNoMemoryForThem) {
+    const auto grid = GridOf(KOORD_UTM, MapOf(MunichSheet()), 1000.0, 1000.0);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 8000, 6000));
+    ASSERT_TRUE(grid->GetEastLinePixels(lines.Get()));
+    line = LineAt(lines, 0);
+    const std::uint32_t count = line->GetCount();
+    for (int nth = 1; nth <= 3; ++nth) {
+        const FailAllocation failure(nth);
+        EXPECT_EQ(line->GetAt(0), nullptr) << nth;
+        EXPECT_TRUE(failure.HasFailed());
+    }
+    EXPECT_EQ(line->GetCount(), count);
+    EXPECT_TRUE(IRef<IFloatPoint>(line->GetAt(count - 1)).IsValid());
 }
 
 }  // namespace

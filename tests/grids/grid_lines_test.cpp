@@ -434,5 +434,16 @@ TEST_F(GridLinesTest, GeorefEndsWithItsLettersAt180) {
     }
 }
 
+// From 179.9 degrees west to 180.2 east, a tenth of a degree more than a turn.
+TEST_F(GridLinesTest, AWindowALittleWiderThanATurnHasAllCodesOfGeoref) {
+    const auto map = DegreeMap(-179.9, 10.0, 10.0);
+    const auto grid = GridOf(KOORD_GEOREF, map, 10.0, 1.0);
+    ASSERT_TRUE(SetWindow(grid, 0, 5, 3601, 55));
+    const auto lines = NorthLinesOf(grid);
+    EXPECT_EQ(lines.size(), 5u) << "5 to 9 degrees north";
+    for (const Line& line : lines)
+        EXPECT_EQ(ValueOf(Axis::East, line.front()), -180.0) << "where the codes begin";
+}
+
 }  // namespace
 }  // namespace tessara::testing

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "support/map_objects.h"
+#include <cmath>
+
+#include "support/host_map.h"
+#include "support/lines.h"
 #include "support/records.h"
+#include "support/zoned_records.h"
 
 namespace tessara {
 namespace {
@@ -35,6 +39,19 @@ TEST(GridPen, EndsAlsoWhereNoLineComesOfTheWork) {
     EXPECT_TRUE(pen.Spend(1));
     EXPECT_FALSE(pen.Spend(1));
     EXPECT_FALSE(pen.DrawNearWindow(Pixel(0.0), Pixel(1.0)));
+}
+
+TEST(GridPen, AppendsNoPieceAndDrawsNoBorderBeyondItsLimit) {
+    const MapPlane plane(nullptr);
+    int count = 0;
+    GridPen pen(plane, {0, 0, 10, 10}, [&count](const GridLine&) { return ++count > 0; });
+    GridLine line;
+    EXPECT_TRUE(pen.Spend(19999997));
+    EXPECT_TRUE(pen.Append(Pixel(0.0), Pixel(1.0), DensifyMode::CoordStraight, &line));
+    EXPECT_FALSE(pen.Append(Pixel(1.0), Pixel(2.0), DensifyMode::CoordStraight, &line));
+    EXPECT_EQ(line.size(), 2u);
+    EXPECT_FALSE(pen.DrawBorder(Pixel(0.0), Pixel(1.0)));
+    EXPECT_EQ(count, 0);
 }
 
 TEST(GridPen, HandsOnWhetherALineIsTaken) {
@@ -71,6 +88,68 @@ TEST(GridPen, DrawsBordersThatTouchTheWindow) {
     EXPECT_EQ(count, 1);
     EXPECT_TRUE(pen.DrawNearWindow(Pixel(-5.0, 10.8), Pixel(20.0, 10.8)));
     EXPECT_EQ(count, 1);
+}
+
+TEST(GridPen, ABorderWithoutAPlaceOnTheMapIsntInTheWindow) {
+    const auto map = testing::DegreeMap(0.0, 10.0, 10.0);
+    const MapPlane plane(map.Get());
+    GridPen pen(plane, {0, 0, 100, 100}, [](const GridLine&) { return true; });
+    const CKoord inside(testing::UtmRecord(DATUM_WGS84, 'N', 31, 166000.0, 500000.0));
+    const CKoord nowhere(testing::Nowhere());
+    EXPECT_FALSE(pen.IsBorderInWindow(nowhere, nowhere));
+    EXPECT_FALSE(pen.IsBorderInWindow(inside, nowhere));
+    EXPECT_FALSE(pen.DrawBorder(inside, nowhere));
+}
+
+TEST(GridPen, PlacesAreWithinAPixelIfTheyAreOnBothAxes) {
+    const auto map = testing::DegreeMap(0.0, 10.0, 10.0);
+    const MapPlane plane(map.Get());
+    const GridPen pen(plane, {0, 0, 10, 10}, [](const GridLine&) { return true; });
+    EXPECT_TRUE(pen.IsWithinAPixel(Pixel(3.0, 4.0), Pixel(4.0, 3.0)));
+    EXPECT_FALSE(pen.IsWithinAPixel(Pixel(3.0, 4.0), Pixel(4.25, 4.0)));
+    EXPECT_FALSE(pen.IsWithinAPixel(Pixel(3.0, 4.0), Pixel(3.0, 2.75)));
+    EXPECT_FALSE(pen.IsWithinAPixel(Pixel(3.0, 4.0), CKoord(testing::Nowhere())));
+    EXPECT_FALSE(pen.IsWithinAPixel(CKoord(testing::Nowhere()), Pixel(3.0, 4.0)));
+}
+
+// A window of 30 by 40 pixels has a diagonal of 50.
+TEST(GridPen, AWayCountsAPlaceThatIsFarAwayOrNowhereAsADiagonal) {
+    const auto map = testing::DegreeMap(0.0, 10.0, 10.0);
+    const MapPlane plane(map.Get());
+    const GridPen pen(plane, {0, 0, 30, 40}, [](const GridLine&) { return true; });
+    EXPECT_EQ(pen.WayThrough({Pixel(0.0), Pixel(3.0, 4.0), Pixel(3.0, 10.0)}), 5.0 + 6.0);
+    EXPECT_EQ(pen.WayThrough({Pixel(0.0), Pixel(1000.0), Pixel(1001.0)}), 50.0 + 1.0);
+    EXPECT_EQ(pen.WayThrough({Pixel(0.0), CKoord(testing::Nowhere()), Pixel(3.0, 4.0)}), 50.0 + 50.0);
+}
+
+// Shows what lies south of the equator on top of what lies north of it.
+class FoldedMap : public testing::HostMap {
+  public:
+    FoldedMap() : HostMap(testing::DegreeMap(0.0, 0.0, 10.0)) {}
+
+    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
+        if (!HostMap::CoordToFloatPixel(in, x, y)) return false;
+        *y = std::fabs(*y);
+        return true;
+    }
+
+  protected:
+    ~FoldedMap() = default;
+};
+
+// A meridian from 10 degrees north to 10 south comes back to the pixel where it begins, 100 from its middle,
+// and may bend by half of that.
+TEST(GridPen, ALineBackToItsBeginningBendsByTheWayToItsMiddle) {
+    const IRef<IMapCoordOperations> map(NewObject<FoldedMap>());
+    const MapPlane plane(map.Get());
+    const auto isDrawn = [&](std::int32_t beside) {
+        int count = 0;
+        GridPen pen(plane, {100 + beside, 0, 200, 100}, [&count](const GridLine&) { return ++count > 0; });
+        EXPECT_TRUE(pen.DrawNearWindow(CKoord(GeodezRecord(10.0, 10.0)), CKoord(GeodezRecord(-10.0, 10.0))));
+        return count == 1;
+    };
+    EXPECT_TRUE(isDrawn(50));
+    EXPECT_FALSE(isDrawn(51));
 }
 
 // A circle of about 1000 pixels around a pole at pixel (1000, 1000), halved six times. Between the vertices,

@@ -4,6 +4,7 @@
 
 #include "areas/rect_extents.h"
 #include "support/grids.h"
+#include "support/host_map.h"
 #include "support/lines.h"
 #include "tessara/kernel/convert.h"
 
@@ -56,6 +57,28 @@ TEST(LongitudeArc, OtherWindowsHaveNone) {
     EXPECT_FALSE(ArcOf(map, BESIDE_THE_POLE, KOORD_UPS)) << "no degrees";
     EXPECT_FALSE(ArcOf(DegreeMap(178.0, 10.0, 100.0), {0, 0, 400, 200})) << "178 to 182 degrees";
     EXPECT_FALSE(ArcOf(DegreeMap(-180.0, 90.0, 10.0), {0, 0, 3600, 1800})) << "the whole world";
+}
+
+Extremes BetweenLongitudes(double west, double east) {
+    Extremes extremes;
+    extremes.Start(CKoord(GeodezRecord(0.0, west)));
+    extremes.Set(Compass::East, CKoord(GeodezRecord(0.0, east)));
+    return extremes;
+}
+
+// Ten pixels a degree. A window of codes ends at -180 degrees where the map goes on to the west.
+TEST(LongitudeArc, WhatLiesBeyondTheExtremesDoesntCount) {
+    const auto map = DegreeMap(-300.0, 60.0, 10.0);
+    EXPECT_FALSE(FindLongitudeArc(MapPlane(map.Get()), {0, 0, 4000, 600}, BetweenLongitudes(-180.0, 100.0)))
+        << "all longitudes between the extremes are in the window";
+}
+
+TEST(LongitudeArc, AWindowWithoutPlacesHasNone) {
+    const auto map = DegreeMap(-180.0, 60.0, 10.0);
+    const Extremes extremes = BetweenLongitudes(-150.0, 150.0);
+    EXPECT_FALSE(FindLongitudeArc(MapPlane(map.Get()), {0, -900, 3600, -400}, extremes)) << "beyond the pole";
+    const IRef<IMapCoordOperations> silent(NewObject<FailingMap>(map, 0));
+    EXPECT_FALSE(FindLongitudeArc(MapPlane(silent.Get()), {0, 0, 3600, 600}, extremes));
 }
 
 TEST(LongitudeArc, AGridHasTheMeridiansOfTheWindowOnly) {

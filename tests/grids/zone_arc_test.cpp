@@ -10,8 +10,8 @@
 namespace tessara::testing {
 namespace {
 
-std::optional<ZoneArc> ArcOf(const IRef<IMapCoordOperations>& map, const PixelRect& window,
-                             std::int32_t system) {
+std::optional<ZoneArc> ZonesOf(const IRef<IMapCoordOperations>& map, const PixelRect& window,
+                               std::int32_t system) {
     Extremes extremes;
     EXPECT_TRUE(ExtentOfRect(map.Get(), window, DATUM_WGS84, system, &extremes));
     return FindZoneArc(MapPlane(map.Get()), window, extremes);
@@ -23,7 +23,7 @@ IRef<IMapCoordOperations> DateLineMap() {
 }
 
 TEST(ZoneArc, AWindowOverTheDateLineGoesFromTheLastZoneToTheFirst) {
-    const auto utm = ArcOf(DateLineMap(), {0, 0, 200, 200}, KOORD_UTM);
+    const auto utm = ZonesOf(DateLineMap(), {0, 0, 200, 200}, KOORD_UTM);
     ASSERT_TRUE(utm);
     EXPECT_EQ(utm->first, 60);
     EXPECT_EQ(utm->last, 1);
@@ -35,7 +35,7 @@ TEST(ZoneArc, AWindowOverTheDateLineGoesFromTheLastZoneToTheFirst) {
 // 178 to 182 degrees: the strips of GK around 177, 180 and -177, and the two of GK6 beside the line.
 TEST(ZoneArc, TheOutermostStripsOfGkAreOne) {
     const auto map = DegreeMap(178.0, 10.0, 100.0);
-    const auto gk = ArcOf(map, {0, 0, 400, 200}, KOORD_GK);
+    const auto gk = ZonesOf(map, {0, 0, 400, 200}, KOORD_GK);
     ASSERT_TRUE(gk);
     EXPECT_EQ(gk->first, 59);
     EXPECT_EQ(gk->last, -59);
@@ -76,15 +76,37 @@ TEST(ZoneArc, ZonesFollowEachOtherAroundTheEarth) {
     EXPECT_EQ(ZonesAroundEarth(KOORD_BMN), 0);
 }
 
+Extremes BetweenZones(std::int16_t west, std::int16_t east) {
+    Extremes extremes;
+    extremes.Start(CKoord(UtmRecord(DATUM_WGS84, 'N', west, 500000.0, 1000000.0)));
+    extremes.Set(Compass::East, CKoord(UtmRecord(DATUM_WGS84, 'N', east, 500000.0, 1000000.0)));
+    return extremes;
+}
+
+// From -179 to 59 degrees, the zones 1 to 40.
+TEST(ZoneArc, ZonesInTheirOrderFollowFromTheExtremes) {
+    const auto map = DegreeMap(-179.0, 10.0, 10.0);
+    EXPECT_FALSE(ZonesOf(map, {0, 0, 2380, 100}, KOORD_UTM));
+    const auto arc = FindZoneArc(MapPlane(map.Get()), {0, 0, 2380, 100}, BetweenZones(1, 45));
+    ASSERT_TRUE(arc);
+    EXPECT_EQ(arc->first, 1);
+    EXPECT_EQ(arc->last, 40) << "where the window ends";
+}
+
+TEST(ZoneArc, AWindowOffTheMapHasNone) {
+    const auto map = DegreeMap(-180.0, 60.0, 10.0);
+    EXPECT_FALSE(FindZoneArc(MapPlane(map.Get()), {0, -900, 3600, -400}, BetweenZones(1, 60)));
+}
+
 TEST(ZoneArc, OtherWindowsHaveNone) {
-    EXPECT_FALSE(ArcOf(DateLineMap(), {0, 0, 80, 200}, KOORD_UTM)) << "west of the line";
-    EXPECT_FALSE(ArcOf(DateLineMap(), {120, 0, 200, 200}, KOORD_UTM)) << "east of it";
-    EXPECT_FALSE(ArcOf(DateLineMap(), {0, 0, 200, 200}, KOORD_GEODEZ)) << "no zones";
+    EXPECT_FALSE(ZonesOf(DateLineMap(), {0, 0, 80, 200}, KOORD_UTM)) << "west of the line";
+    EXPECT_FALSE(ZonesOf(DateLineMap(), {120, 0, 200, 200}, KOORD_UTM)) << "east of it";
+    EXPECT_FALSE(ZonesOf(DateLineMap(), {0, 0, 200, 200}, KOORD_GEODEZ)) << "no zones";
     const auto world = DegreeMap(-180.0, 90.0, 10.0);
     for (const std::int32_t system : {KOORD_UTM, KOORD_GK, KOORD_GK6})
-        EXPECT_FALSE(ArcOf(world, {0, 0, 3600, 1800}, system)) << "all zones of " << system;
+        EXPECT_FALSE(ZonesOf(world, {0, 0, 3600, 1800}, system)) << "all zones of " << system;
     const auto austria = DegreeMap(8.0, 51.5, 100.0);
-    EXPECT_FALSE(ArcOf(austria, {0, 0, 1100, 700}, KOORD_BMN)) << "all three meridians";
+    EXPECT_FALSE(ZonesOf(austria, {0, 0, 1100, 700}, KOORD_BMN)) << "all three meridians";
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "records/zone_borders.h"
 #include "records/zones.h"
 #include "support/grids.h"
+#include "support/host_map.h"
 #include "support/live_objects.h"
 #include "support/random.h"
 #include "support/zoned_records.h"
@@ -130,6 +131,21 @@ TEST_F(ZonedGridLinesTest, ALineOnTheEasternBorderIsTheBorder) {
         EXPECT_EQ(Utm(line.front()).zone, 33);
 }
 
+// On the equator zones are widest, so that such a line touches the border there and nowhere else.
+TEST_F(ZonedGridLinesTest, ALineThatTouchesTheEasternBorderOnTheEquatorIsNone) {
+    map = DegreeMap(11.0, 1.0, 100.0);
+    CKoord border(UtmRecord(DATUM_WGS84, 'N', 32, 700000.0, 0.0));
+    ASSERT_TRUE(zones::MoveToBorder(Compass::East, &border));
+    const double step = zones::East(border) - 500000.0;
+    ASSERT_EQ(500000.0 + step, zones::East(border));
+    grid = GridOf(KOORD_UTM, map, step, step);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 150, 200));
+    const auto lines = EastLinesOf(grid);
+    ASSERT_FALSE(lines.empty());
+    for (const Line& line : lines)
+        EXPECT_EQ(Utm(line.front()).zone, 33);
+}
+
 TEST_F(ZonedGridLinesTest, ANorthLineRunsThroughAllZones) {
     SetBorderWindow(10000.0);
     const auto lines = NorthLinesOf(grid);
@@ -231,6 +247,72 @@ TEST_F(ZonedGridLinesTest, ALineThatIsNotTakenEndsTheDrawing) {
     }
 }
 
+// The pen's limit of twenty million points, of which only some are left. The lines of the first two windows
+// end on borders, those of the third on the last border of their system.
+TEST_F(ZonedGridLinesTest, TheDrawingEndsWhereThePenHasReachedItsLimit) {
+    const struct {
+        MapParam map;
+        PixelRect rect;
+        std::int32_t datum, system;
+    } windows[] = {
+        {Map(MAP_UTM, MapUtmParams{'N', 32, 695000.0, 5365000.0, 10.0, 10.0}),
+         {0, 0, 5000, 5100},
+         2,
+         KOORD_UTM},
+        {Map(MAP_UTM, MapUtmParams{'S', 32, 695000.0, 1e7 - 5314000.0, 10.0, 10.0}),
+         {0, 0, 5000, 5100},
+         2,
+         KOORD_UTM},
+        {Map(MAP_DD, MapDdParams{17.0, 48.0, 1000.0, 1000.0}, DATUM_MGI),
+         {0, 0, 1000, 500},
+         DATUM_MGI,
+         KOORD_BMN},
+    };
+    for (const auto& [sheet, rect, datum, system] : windows) {
+        map = MapOf(sheet);
+        GridWindow window{{}, rect, {}, {}, 8000.0, 8000.0, 0.0};
+        ASSERT_TRUE(ExtentOfRect(map.Get(), rect, datum, system, &window.extremes));
+        const MapPlane plane(map.Get());
+        for (const auto draw : {DrawZonedEastLines, DrawZonedNorthLines}) {
+            // clang 14 doesn't capture the name of a binding by itself.
+            const auto drawn = [&, &rect = rect](std::size_t points, bool* isDone) {
+                int lines = 0;
+                GridPen pen(plane, rect, [&lines](const GridLine&) { return ++lines > 0; });
+                EXPECT_TRUE(pen.Spend(20000000 - points));
+                *isDone = draw(window, &pen);
+                return lines;
+            };
+            bool isDone = false;
+            const int all = drawn(20000000, &isDone);
+            ASSERT_TRUE(isDone);
+            ASSERT_GE(all, 5);
+            isDone = false;
+            int before = 0;
+            for (std::size_t points = 0; !isDone; ++points) {
+                const int lines = drawn(points, &isDone);
+                EXPECT_GE(lines, before) << points;
+                EXPECT_LE(lines, all) << points;
+                before = lines;
+            }
+            EXPECT_EQ(before, all) << "as soon as the points suffice";
+        }
+    }
+}
+
+// Its extremes to the west and to the east are the same, so that between them nothing is left to draw.
+TEST_F(ZonedGridLinesTest, AWindowWithoutWidthHasNoNorthLines) {
+    map = MapOf(MunichSheet());
+    const PixelRect rect{0, 0, 0, 1000};
+    GridWindow window{{}, rect, {}, {}, 1000.0, 1000.0, 0.0};
+    window.extremes.Start(CKoord(UtmRecord(DATUM_WGS84, 'N', 32, 675000.0, 5345000.0)));
+    window.extremes.Set(Compass::South, CKoord(UtmRecord(DATUM_WGS84, 'N', 32, 675000.0, 5342500.0)));
+    const MapPlane plane(map.Get());
+    int lines = 0;
+    GridPen pen(plane, rect, [&lines](const GridLine&) { return ++lines > 0; });
+    EXPECT_TRUE(DrawZonedNorthLines(window, &pen));
+    EXPECT_EQ(lines, 0);
+}
+
 TEST_F(ZonedGridLinesTest, AWindowInsideAZoneHasNoBorder) {
     map = MapOf(MunichSheet());
     grid = GridOf(KOORD_UTM, map, 5000.0, 5000.0);
@@ -264,17 +346,26 @@ TEST_F(ZonedGridLinesTest, ABorderIsDrawnWhereTheWindowTouchesItAndNowhereElse) 
 // At 5500000 zone 32 ends at 716703.412 and 283296.588 (cs2cs of 12 and 6 degrees east), and further south it
 // is wider: of the windows' sides the top corner alone is 3.4 and 13.4 metres from the border.
 TEST_F(ZonedGridLinesTest, ABorderBesideACornerIsDrawnWithinHalfAPixel) {
-    map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 700000.0, 5500000.0, 10.0, 10.0}));
-    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
-    for (const bool isNear : {true, false}) {
-        ASSERT_TRUE(SetWindow(grid, 0, 0, isNear ? 1670 : 1669, 1000));
-        EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u);
-    }
-    map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 283300.0, 5500000.0, 10.0, 10.0}));
-    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
-    for (const bool isNear : {true, false}) {
-        ASSERT_TRUE(SetWindow(grid, isNear ? 0 : 1, 0, 1000, 1000));
-        EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u);
+    for (const int height : {0, 1, 10, 20, 50, 1000}) {
+        map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 700000.0, 5500000.0, 10.0, 10.0}));
+        grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+        for (const bool isNear : {true, false}) {
+            ASSERT_TRUE(SetWindow(grid, 0, 0, isNear ? 1670 : 1669, height));
+            EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u) << height;
+        }
+        map = MapOf(Map(MAP_UTM, MapUtmParams{'N', 32, 283300.0, 5500000.0, 10.0, 10.0}));
+        grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+        for (const bool isNear : {true, false}) {
+            ASSERT_TRUE(SetWindow(grid, isNear ? 0 : 1, 0, 1000, height));
+            EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u) << height;
+        }
+        // South of the equator the bottom corner is the closest.
+        map = MapOf(Map(MAP_UTM, MapUtmParams{'S', 32, 283300.0, 4500000.0, 10.0, 10.0}));
+        grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+        for (const bool isNear : {true, false}) {
+            ASSERT_TRUE(SetWindow(grid, isNear ? 0 : 1, -height, 1000, 0));
+            EXPECT_EQ(EastLinesOf(grid).size(), isNear ? 1u : 0u) << height;
+        }
     }
 }
 
@@ -396,6 +487,37 @@ TEST_F(ZonedGridLinesTest, AWindowOverTheDateLineHasTheBordersOnItsSides) {
     EXPECT_EQ(borders[0], 1) << "174 degrees";
     EXPECT_EQ(borders[1], 1) << "180 degrees";
     EXPECT_EQ(borders[2], 1) << "186 degrees";
+}
+
+// Shows what lies within five degrees of the date line and nothing else.
+class MapBesideTheDateLine : public HostMap {
+  public:
+    using HostMap::HostMap;
+
+    bool CoordToFloatPixel(ICoord* in, double* x, double* y) override {
+        const IRef<ICoord> coord(in);
+        tagKOORD position = KoordOf(coord);
+        return ConvertTo(KOORD_GEODEZ, &position) &&
+               std::fabs(Load<GeodezPayload>(position).longitude) > 175.0 &&
+               HostMap::CoordToFloatPixel(coord.Get(), x, y);
+    }
+
+  protected:
+    ~MapBesideTheDateLine() = default;
+};
+
+// The outer borders of the zones 60 and 1 are six degrees from the date line.
+TEST_F(ZonedGridLinesTest, AMapNeedntShowTheBordersOutsideAWindowOverTheDateLine) {
+    map = IRef<IMapCoordOperations>(NewObject<MapBesideTheDateLine>(DegreeMap(178.0, 10.0, 100.0)));
+    grid = GridOf(KOORD_UTM, map, 100000.0, 100000.0);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 400, 200));
+    // cs2cs +proj=longlat to +proj=utm +zone=60 of 178 10 and 178 8 gives 609601 and 610205, of 180 10 and
+    // 180 8 828929 and 830744; zone 1 begins on the other side of its centre, and ends as far from it.
+    std::vector<double> eastings;
+    const auto lines = EastLinesOf(grid);
+    for (const Line& line : lines)
+        eastings.push_back(std::round(Utm(line.front()).easting / 100000.0));
+    EXPECT_EQ(eastings, (std::vector<double>{7.0, 8.0, 2.0, 2.0, 3.0}));
 }
 
 // Maps on which longitudes go on over 180 degrees, each with the date line in its middle.
@@ -538,6 +660,31 @@ TEST_F(ZonedGridLinesTest, OverTheEndOfTheStripsEachIsThereOnce) {
             EXPECT_GE(NorthLinesOf(grid).size(), 6u);
         }
     }
+}
+
+// Four kilometres a pixel, the pole in the middle. With each zone's central line comes its western border,
+// which is the eastern one of its neighbour, and at longitude 180 of the last zone.
+TEST_F(ZonedGridLinesTest, AroundThePoleEachBorderComesOnce) {
+    map = MapOf(Map(MAP_UPS, MapUpsParams{'N', -2000000.0, 6000000.0, 4000.0, 4000.0}));
+    for (const auto& [system, zones] : {std::pair{KOORD_UTM, 60u}, {KOORD_GK6, 60u}, {KOORD_GK, 120u}}) {
+        grid = GridOf(system, map, 1e6, 1e6);
+        ASSERT_TRUE(SetWindow(grid, 0, 0, 2000, 2000));
+        EXPECT_EQ(EastLinesOf(grid).size(), 2 * zones) << system;
+    }
+}
+
+// A cone on which the limits of longitude are a pixel apart near the pole and many pixels at the equator.
+TEST_F(ZonedGridLinesTest, ABorderThatIsTheSameAtOneEndOnlyComesTwice) {
+    map =
+        MapOf(Map(MAP_LAMBERTCC, MapLambertCcParams{60.0, 75.0, 0.0, 45.0, 0.0, 0.0, 1e6, 1e6, 15.0, 15.0}));
+    Pixel ends[4];
+    for (int i = 0; i < 4; ++i)
+        ends[i] = PixelOn(map, GeodezRecord(i < 2 ? 84.0 : 0.0, i % 2 == 0 ? -180.0 : 180.0));
+    EXPECT_LT(std::hypot(ends[0].x - ends[1].x, ends[0].y - ends[1].y), 1.0);
+    EXPECT_GT(std::hypot(ends[2].x - ends[3].x, ends[2].y - ends[3].y), 3.0);
+    grid = GridOf(KOORD_UTM, map, 1e6, 1e6);
+    ASSERT_TRUE(SetWindow(grid, 0, 0, 30, 30));
+    EXPECT_EQ(EastLinesOf(grid).size(), 121u) << "60 central lines, 59 borders, and two at longitude 180";
 }
 
 TEST_F(ZonedGridLinesTest, AMapOfTheWorldHasAllZones) {

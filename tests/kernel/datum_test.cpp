@@ -216,6 +216,22 @@ TEST(MolodenskyFromHub, RefinesTheStepOfAnotherDatum) {
     EXPECT_NEAR(position.Longitude(), 11.0, 1e-8);
 }
 
+// 300 metres along one axis; what is left after a correction is some ten thousandths of it.
+TEST(MolodenskyFromHub, RefinesAStepThatDiffersFromTheWayBackAlongOneAxis) {
+    HubParams in{};
+    ASSERT_EQ(Datum_LoadToHub(GER, &in), KOORD_OK);
+    for (double HubParams::*axis : {&HubParams::dx, &HubParams::dy, &HubParams::dz}) {
+        HubParams out{};
+        ASSERT_EQ(Datum_LoadFromHub(GER, &out), KOORD_OK);
+        out.*axis += 300.0;
+        Position position{{48.0, 11.0}};
+        Molodensky_FromHub(position.latLon, &out, GER);
+        Molodensky_ToHub(position.latLon, &in);
+        EXPECT_NEAR(position.Latitude(), 48.0, 1e-8);
+        EXPECT_NEAR(position.Longitude(), 11.0, 1e-8);
+    }
+}
+
 TEST(MolodenskyFromHub, IsTheSingleStepForAnUnknownDatum) {
     HubParams p{};
     ASSERT_EQ(Datum_LoadFromHub(GER, &p), KOORD_OK);

@@ -212,5 +212,35 @@ TEST(ClipLine, EndsWhereDoublesAreCoarserThanAStep) {
         CLIP_ONE_PIECE);
 }
 
+// A walk down a column passes the end by its rows alone.
+TEST(ClipLine, WalksDownAColumn) {
+    const auto onRow = [](auto condition) {
+        return [condition](const PlanePoint& p, PlanePoint* back) {
+            *back = p;
+            return condition(p.y);
+        };
+    };
+    EXPECT_EQ(ClipLine({3.0, 0.0}, {3.0, 10.0}, onRow([](double) { return true; })).result, CLIP_ALL_VALID);
+    const ClippedLine gap =
+        ClipLine({3.0, 10.0}, {3.0, 0.0}, onRow([](double y) { return y < 2.5 || y > 3.5; }));
+    EXPECT_EQ(gap.result, CLIP_ONE_GAP);
+    EXPECT_EQ(gap.first, (PlanePoint{3.0, 4.0}));
+    EXPECT_EQ(gap.second, (PlanePoint{3.0, 2.0}));
+}
+
+// Between two neighbouring doubles the middle is one of the two, that whose last bit is 0.
+TEST(ClipLine, TheEdgeBetweenNeighbouringDoublesIsTheValidOne) {
+    const double even = 1.0;
+    const double odd = std::nextafter(even, 2.0);
+    for (const double valid : {even, odd}) {
+        const double invalid = valid == even ? odd : even;
+        const ClippedLine line =
+            ClipLine({valid, 0.0}, {invalid, 0.0}, Where([valid](double x) { return x == valid; }));
+        EXPECT_EQ(line.result, CLIP_ONE_PIECE);
+        EXPECT_EQ(line.first.x, valid);
+        EXPECT_EQ(line.second.x, valid);
+    }
+}
+
 }  // namespace
 }  // namespace tessara

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "support/host_map.h"
 #include "support/live_objects.h"
 #include "support/map_objects.h"
 #include "support/objects.h"
@@ -311,6 +312,26 @@ TEST_F(ClipLineTest, FailsWithoutMemoryForItsParts) {
     }
     const FailAllocation fail(1);
     EXPECT_FALSE(clipper->FindValidCoordInRect(map.Get(), rect.Get(), coord.Get()));
+}
+
+// Shows positions and finds the pixel of none.
+class OneWayMap : public HostMap {
+  public:
+    using HostMap::HostMap;
+
+    bool CoordToFloatPixel(ICoord*, double*, double*) override { return false; }
+
+  protected:
+    ~OneWayMap() = default;
+};
+
+TEST_F(ClipLineTest, ALineOfPositionsWithoutAPixelHasNoValidPart) {
+    const IRef<IMapCoordOperations> map(NewObject<OneWayMap>(MapOf(DegreeMap())));
+    EXPECT_EQ(clipper->ClipLineToValid(map.Get(), ReferenceOf(DATUM_WGS84, KOORD_UTM).Get(),
+                                       PointAt(1.0, -50.0).Get(), PointAt(12.5, -30.25).Get(), first.Get(),
+                                       second.Get()),
+              3);
+    ExpectPoints(-1.0, -2.0, -3.0, -4.0);
 }
 
 }  // namespace

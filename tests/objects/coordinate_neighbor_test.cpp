@@ -87,6 +87,17 @@ TEST_F(CoordinateNeighborTest, GridsStepByAMetre) {
     EXPECT_EQ(square.easting, 99999);
 }
 
+// cs2cs +proj=utm +zone=32 to +proj=longlat of 832168.0006 662248 gives the longitude 11.999999999791: the
+// border is 1.0006 metres east of the easting 832167.
+TEST_F(CoordinateNeighborTest, TheLastWholeMetreOfAZoneIsANeighbour) {
+    const tagKOORD beforeLast = Utmref(32, 'N', "RM", 32167, 62248);
+    const tagKOORD last = NeighborOf(beforeLast, &ICoordinateNeighbor::GetEastNeighbor);
+    EXPECT_EQ(Load<UtmrefPayload>(last).easting, 32168);
+    EXPECT_EQ(Load<UtmrefPayload>(last).zone, 32);
+    const IRef<ICoord> none(CreateClassCoord());
+    EXPECT_FALSE(neighbor->GetEastNeighbor(CoordOf(last).Get(), none.Get()));
+}
+
 TEST_F(CoordinateNeighborTest, StepsAreMetresDegreesAndPixelsInEverySystem) {
     testing::Random random(35);
     for (const testing::LegalArea& area : testing::LEGAL_AREAS) {

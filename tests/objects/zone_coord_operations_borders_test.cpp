@@ -172,5 +172,13 @@ TEST_F(ZoneCoordBorders, NullAndForeignObjectsFailAndChangeNothing) {
     EXPECT_EQ(testing::CountOf(coord), 1u);
 }
 
+TEST_F(ZoneCoordBorders, AZoneThatDoesNotExistHasNoBorders) {
+    const IRef<ICoord> coord = CoordOf(Utm(61, 'N', 700000.0, 5.5e6));
+    const IRef<ICoord> out = CoordOf(GeodezRecord(1.0, 2.0));
+    for (const BorderOperation operation : BORDERS)
+        EXPECT_FALSE(Call(operation, coord.Get(), out.Get()));
+    EXPECT_TRUE(SameRecord(KoordOf(out), GeodezRecord(1.0, 2.0)));
+}
+
 }  // namespace
 }  // namespace tessara

@@ -179,6 +179,26 @@ TEST_F(OverlayCallTest, PolarPositionsWithoutAMapKeepTheirGrid) {
     }
 }
 
+// CH ends at the northing -300000. Edges are straight on a map whose parallels are straight lines, and in the
+// grid a parallel runs further south in its middle than at its ends.
+TEST_F(OverlayCallTest, APartBeyondTheLimitOfItsSystemFailsAndEmptiesTheLists) {
+    const auto relation = [&](double south) {
+        const auto triangle = [south](double west, double east) {
+            std::vector<tagKOORD> vertices = {testing::Grid(KOORD_CH, west, south),
+                                              testing::Grid(KOORD_CH, east, south),
+                                              testing::Grid(KOORD_CH, (west + east) / 2.0, 100000.0)};
+            for (tagKOORD& vertex : vertices)
+                vertex.datum = testing::DATUM_CH1903;
+            return LineOf(vertices);
+        };
+        FillLists();
+        return Run(Kind::NoMap, triangle(0.0, 800000.0), triangle(400000.0, 1200000.0));
+    };
+    EXPECT_EQ(relation(-200000.0), OVERLAY_CROSSING);
+    EXPECT_EQ(relation(-299999.0), OVERLAY_FAILURE);
+    EXPECT_TRUE(AreListsEmpty());
+}
+
 TEST_F(OverlayCallTest, MixedReferencesFailAndLeaveTheLists) {
     const auto wgs84 = Field(47, 9, 49, 11);
     const auto german = Field(48, 10, 50, 12, DATUM_GER);

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <limits>
+#include <numeric>
 
 #include "polygons/polygon_split.h"
 #include "support/rings.h"
@@ -217,6 +218,27 @@ TEST(PointInPolygon, HoldsWhateverTheRingWindsAround) {
         }
     }
     EXPECT_GT(wound, 5000);
+}
+
+// Of a polygon that crosses itself the edges are split, at places that are rounded.
+TEST(PointInPolygon, APlaceOnAnEdgeThatCrossesAnotherIsInsideWithTheSmallestTolerance) {
+    ExactCases random(RASTERS[1], 400);
+    int onEdges = 0;
+    for (int k = 0; k < 3000; ++k) {
+        const WholeRing whole = random.Ring();
+        const Ring ring = random.Pixels(whole);
+        for (std::size_t i = 1; i < whole.size(); ++i) {
+            const std::int64_t dx = whole[i].x - whole[i - 1].x, dy = whole[i].y - whole[i - 1].y;
+            const std::int64_t pieces = std::gcd(dx, dy);
+            for (std::int64_t piece = 1; piece < pieces; ++piece, ++onEdges) {
+                const WholePoint p{whole[i - 1].x + dx / pieces * piece,
+                                   whole[i - 1].y + dy / pieces * piece};
+                ASSERT_TRUE(PointInPolygon(random.Pixel(p), ring, std::numeric_limits<double>::min()))
+                    << "ring " << k << ", point " << p.x << " " << p.y;
+            }
+        }
+    }
+    EXPECT_GT(onEdges, 10000);
 }
 
 TEST(PointInVertices, NothingIsInsideAnEmptyPolygon) {

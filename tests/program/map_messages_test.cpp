@@ -258,6 +258,19 @@ TEST(MapMessages, TellLinesThatTakeTooManyPoints) {
         << outcome.err;
 }
 
+// Beyond the edge of the world map there are no extremes, and a grid would try some twenty million points.
+TEST(MapMessages, TellGridsOfWindowsWithoutExtremes) {
+    const Outcome outcome = Draw(R"({"projection": {"type": "WAGNER-IV", "originLongitude": -98.390625,
+        "stretchX": 1, "stretchY": 1}, "scale": 94967287, "resolution": 10,
+        "reference": {"pixel": [-12594, 8398], "place": {"at": [65.33984375, 138.109375]}},
+        "window": {"left": 23328, "top": -598, "right": 26636.875, "bottom": 2710.875},
+        "layers": [{"type": "grid", "system": "UTMREF", "step": 50.5}]})");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "-: layers[0]: cannot draw all north lines of UTMREF@WGS84\n"
+              "-: layers[0]: cannot draw all east lines of UTMREF@WGS84\n");
+}
+
 TEST(MapMessages, TellCoastlinesThatBendWithoutEnd) {
     const Outcome outcome = Draw(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
         "originLongitude": 3, "originLatitude": 46.5, "falseEasting": 700000, "falseNorthing": 6600000,

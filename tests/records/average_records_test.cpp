@@ -339,17 +339,25 @@ TEST(AverageUtmref, AveragesInUtm) {
     EXPECT_FALSE(HasMean(Utmref(32, 'U', "IA", 0, 0), Utmref(32, 'U', "NA", 0, 0)));
 }
 
+// The reference at 83.999 degrees.
+tagKOORD BelowTheLimit(double longitude) {
+    const tagKOORD degrees = GeodezRecord(83.999, longitude);
+    tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+    EXPECT_EQ(KoordConvert(&degrees, &utmref), KOORD_OK);
+    return utmref;
+}
+
 // At 83.999 degrees on either side of the meridian 6, a border at which the northing is 0.5 * 0.0524^2 * sin
 // * cos = 1.4e-4 radians larger than on the central meridian of either zone: there the mean northing is that
 // of 84.007 degrees.
 TEST(AverageUtmref, HasNoMeanWhereUtmHasNone) {
-    const auto at = [](double longitude) {
-        const tagKOORD degrees = GeodezRecord(83.999, longitude);
-        tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
-        EXPECT_EQ(KoordConvert(&degrees, &utmref), KOORD_OK);
-        return utmref;
-    };
-    EXPECT_FALSE(HasMean(at(5.99), at(6.01)));
+    EXPECT_FALSE(HasMean(BelowTheLimit(5.99), BelowTheLimit(6.01)));
+}
+
+// The same northing on the central meridian between the borders of one zone.
+TEST(AverageUtmref, HasNoMeanWhereUtmGoesOnBeyondTheLimit) {
+    EXPECT_FALSE(HasMean(BelowTheLimit(6.01), BelowTheLimit(11.99)));
+    EXPECT_TRUE(HasMean(BelowTheLimit(8.99), BelowTheLimit(9.01)));
 }
 
 void ExpectStrip(const tagKOORD& mean, double easting, double northing) {
@@ -478,6 +486,11 @@ TEST(AverageAustrian, WhatDoesntConvertHasNoMeanBesideABorder) {
         EXPECT_FALSE(HasMean(Austrian(type, 28, NaN, 5e5), Austrian(type, 31, 4e5, 5e5)));
         EXPECT_FALSE(HasMean(Austrian(type, 28, 1e5, 9e6), Austrian(type, 31, 4e5, 9e6)));  // north of 51
     }
+}
+
+// The eastings of GK-AT are the same in all zones, those that don't exist among them.
+TEST(AverageAustrian, EastOfTheLastMeridianThereIsNoMean) {
+    EXPECT_FALSE(HasMean(Austrian(KOORD_GKAT, 34, 10000.0, 5.3e6), Austrian(KOORD_GKAT, 37, 10000.0, 5.3e6)));
 }
 
 // How far two means lie apart on an axis, in the unit of the system.

@@ -24,5 +24,28 @@ TEST(IsLegalRecord, NeedsADatumExceptForPixels) {
     EXPECT_TRUE(IsLegalRecord(WithoutDatum(MakeKoord(DATUM_WGS84, KOORD_FLOATPIXEL))));
 }
 
+// All central lines of GK-AT have the easting 0, but there are three meridians only.
+TEST(IsLegalRecord, NeedsAMeridianThatExists) {
+    EXPECT_TRUE(IsLegalRecord(testing::Austrian(KOORD_GKAT, 31, 0.0, 5.3e6)));
+    for (const auto meridian : {std::int16_t{29}, std::int16_t{32}, std::int16_t{33}}) {
+        const tagKOORD record = testing::Austrian(KOORD_GKAT, meridian, 0.0, 5.3e6);
+        EXPECT_TRUE(IsInSystemArea(record)) << "between the outermost meridians";
+        EXPECT_FALSE(IsLegalRecord(record)) << meridian;
+    }
+}
+
+// A position is rounded to whole metres, which may put it outside its zone.
+TEST(IsLegalRecord, HoldsForTheReferenceOfEachPositionBesideTheBorderOfItsZone) {
+    for (double latitude = -79.0; latitude < 55.0; latitude += 0.01) {
+        for (const double longitude : {6.0 + 1e-12, 12.0 - 1e-12}) {
+            const tagKOORD position = GeodezRecord(latitude, longitude);
+            tagKOORD reference = testing::Utmref(0, 'N', "AA", 0, 0);
+            ASSERT_EQ(KoordConvert(&position, &reference), KOORD_OK);
+            ASSERT_EQ(Load<UtmrefPayload>(reference).zone, 32);
+            EXPECT_TRUE(IsLegalRecord(reference)) << latitude << " " << longitude;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tessara

@@ -260,6 +260,19 @@ TEST(KoordShift, OutsideItsZoneAPositionMayOnlyComeBack) {
     EXPECT_TRUE(SameRecord(North(-1.0, record), Utm(32, 'N', 720000.0, 5499999.0)));
 }
 
+// Beyond the poles zones have no borders. What is left is the limit of the system on the equator, 333978.556
+// metres from the central meridian of zone 60: cs2cs +proj=longlat to +proj=utm of longitude 3 east of one.
+TEST(KoordShift, BeyondThePoleTheLimitOfTheSystemEndsTheOutermostZones) {
+    const tagKOORD east = Utm(60, 'N', 700000.0, 1.2e7);
+    EXPECT_TRUE(SameRecord(East(133978.0, east), Utm(60, 'N', 833978.0, 1.2e7)));
+    EXPECT_TRUE(Refuses(Axis::East, 133979.0, east));
+    EXPECT_TRUE(Refuses(Axis::East, -1.0, east)) << "zone 60 isn't the westernmost";
+    const tagKOORD west = Utm(1, 'N', 300000.0, 1.2e7);
+    EXPECT_TRUE(SameRecord(East(-133978.0, west), Utm(1, 'N', 166022.0, 1.2e7)));
+    EXPECT_TRUE(Refuses(Axis::East, -133979.0, west));
+    EXPECT_TRUE(Refuses(Axis::East, 1.0, west));
+}
+
 TEST(KoordShift, AnUnknownZoneIsRefused) {
     EXPECT_TRUE(Refuses(Axis::East, 1.0, Utm(0, 'N', 5e5, 5e6)));
     EXPECT_TRUE(Refuses(Axis::North, 1.0, Utm(61, 'N', 5e5, 5e6)));
@@ -392,6 +405,18 @@ TEST(KoordShift, UtmrefShiftsByWholeMetresInItsZone) {
     EXPECT_EQ(shifted.easting, 0);
     EXPECT_EQ(shifted.wantedZone, 32);
     EXPECT_TRUE(Refuses(Axis::East, 1.0, Utmref(32, 'U', "IA", 0, 0)));
+}
+
+// Two and a half degrees beside the central meridian, where parallels run 43 metres toward the pole on a way
+// of a kilometre. A ten-thousandth of a degree is 11 metres.
+TEST(KoordShift, AUtmrefMayNotLeaveTheSystemOnItsWayToTheCentralMeridian) {
+    for (const double latitude : {83.9999, -79.9999}) {
+        const tagKOORD degrees = GeodezRecord(latitude, 6.5);
+        tagKOORD utmref = MakeKoord(DATUM_WGS84, KOORD_UTMREF);
+        ASSERT_EQ(KoordConvert(&degrees, &utmref), KOORD_OK);
+        EXPECT_TRUE(Refuses(Axis::East, 1000.0, utmref)) << latitude;
+        EXPECT_EQ(Load<UtmrefPayload>(East(-1000.0, utmref)).northing, Load<UtmrefPayload>(utmref).northing);
+    }
 }
 
 TEST(KoordShift, CodesOfDegreesShiftThroughDegrees) {

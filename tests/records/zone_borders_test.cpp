@@ -408,6 +408,19 @@ TEST(ZoneLimits, RandomLimitsAreFoundWhereverThereIsOne) {
     }
 }
 
+// Next to the equator the first step of the search is lengthened. From this easting it leads to the limit, to
+// the last digit.
+TEST(ZoneLimits, ALimitIsFoundWhereALengthenedStepMeetsIt) {
+    double easting = 829882.05245776137;
+    for (int i = 0; i < 10; ++i, easting = std::nextafter(easting, HUGE_VAL)) {
+        tagKOORD limit = Utm(32, 'N', easting, 500000.0);
+        ASSERT_EQ(zones::MoveToLimit(Compass::North, &limit), ZoneLimit::Border);
+        tagKOORD border = limit;
+        ASSERT_TRUE(zones::MoveToBorder(Compass::East, &border));
+        EXPECT_NEAR(zones::East(border), easting, 1e-5) << "metres, the accuracy of the search";
+    }
+}
+
 TEST(ZoneBorders, WellInsideIsWithinTheBorderOnly) {
     for (const std::int32_t type : ZONED_TYPES) {
         Random random(200u + static_cast<std::uint64_t>(type));

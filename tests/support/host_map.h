@@ -1,10 +1,9 @@
 // Maps of a host's own, which have no record and show what another map shows.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <utility>
 
+#include "support/call_budget.h"
 #include "tessara/map_coord_operations.h"
 #include "tessara/object.h"
 #include "tessara/ref.h"
@@ -71,44 +70,17 @@ class RefusingMap : public HostMap {
 };
 
 // Gives up after some requests.
-class FailingMap : public HostMap {
+class FailingMap : public HostMap, public CallBudget {
   public:
-    FailingMap(IRef<IMapCoordOperations> map, int requests) : HostMap(std::move(map)), left_(requests) {}
-
-    void GiveUpAfter(int requests) { left_ = requests; }
-    [[nodiscard]] bool HasGivenUp() const { return left_ < 0; }
-    [[nodiscard]] int Left() const { return left_; }
+    FailingMap(IRef<IMapCoordOperations> map, int requests) : HostMap(std::move(map)) {
+        GiveUpAfter(requests);
+    }
 
   protected:
     ~FailingMap() = default;
 
   private:
-    bool Answers() override {
-        if (left_ > 0) {
-            --left_;
-            return true;
-        }
-        left_ = -1;
-        return false;
-    }
-
-    int left_;
+    bool Answers() override { return Take(); }
 };
-
-// Lets a map answer no request, one, two and so on, until that is enough. Each shorter run has to fail.
-template <class Operation>
-void ExpectFailureAtEachCall(FailingMap* map, const Operation& operation) {
-    for (int calls = 0; calls < 100000; ++calls) {
-        map->GiveUpAfter(calls);
-        const bool isDone = operation();
-        if (!map->HasGivenUp()) {
-            EXPECT_TRUE(isDone) << "with all " << calls << " calls";
-            EXPECT_GT(calls, 0);
-            return;
-        }
-        EXPECT_FALSE(isDone) << "after " << calls << " calls";
-    }
-    ADD_FAILURE() << "the map is asked without end";
-}
 
 }  // namespace tessara::testing

@@ -1,6 +1,9 @@
 // The library with a host's object manager, which creates the parts of some classes.
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "tessara/array.h"
 #include "tessara/component.h"
 #include "tessara/host/object_manager.h"
@@ -23,6 +26,33 @@ class EmptyHandedManager : public host::ObjectManager {
 
 [[nodiscard]] inline IRef<IObjectManager> MakeEmptyHandedManager() {
     return IRef<IObjectManager>(NewObject<EmptyHandedManager>());
+}
+
+// A manager with objects of the host's own for one class; an empty handle stands for none.
+class SubstitutingManager : public host::ObjectManager {
+  public:
+    using Make = std::function<IRef<IUnknown>()>;
+
+    SubstitutingManager(const GUID& classId, Make make)
+        : host::ObjectManager(CreateClassArray), classId_(classId), make_(std::move(make)) {}
+
+    ResultCode CreateInstance(const GUID* classId, const GUID* iid, void** out) override {
+        if (*classId != classId_) return host::ObjectManager::CreateInstance(classId, iid, out);
+        *out = nullptr;
+        const IRef<IUnknown> made = make_();
+        return made.IsValid() ? made->QueryInterface(iid, out) : RESULT_FAIL;
+    }
+
+  protected:
+    ~SubstitutingManager() = default;
+
+  private:
+    GUID classId_;
+    Make make_;
+};
+
+[[nodiscard]] inline IRef<IObjectManager> Substituting(const GUID& classId, SubstitutingManager::Make make) {
+    return IRef<IObjectManager>(NewObject<SubstitutingManager>(classId, std::move(make)));
 }
 
 // Gives the library a manager; the default one creates every class of the class table.

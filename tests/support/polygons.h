@@ -8,11 +8,10 @@
 #include "support/live_objects.h"
 #include "support/objects.h"
 #include "support/rings.h"
+#include "support/sheets.h"
 #include "tessara/coordinate_area.h"
 
 namespace tessara::testing {
-
-inline constexpr std::int32_t DATUM_GER = 3;
 
 inline IRef<IArray> PolygonOf(const std::vector<IRef<ICoord>>& vertices) {
     IRef<IArray> polygon(CreateClassArray());

@@ -1,6 +1,7 @@
 // Plausible map sheets, at least two for each type with a plane that an independent program can compute.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,11 @@ struct Sheet {
     double metresPerPixelX, metresPerPixelY;
     std::int32_t width, height;  // of the raster, pixels
 };
+
+// Otherwise each test that starts would print all bytes of all sheets.
+inline void PrintTo(const Sheet& sheet, std::ostream* out) {
+    *out << sheet.name;
+}
 
 inline constexpr std::int32_t DATUM_EUR_M = 1;    // International 1924
 inline constexpr std::int32_t DATUM_GER = 3;      // Bessel

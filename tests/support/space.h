@@ -12,6 +12,8 @@
 namespace tessara::testing {
 
 inline constexpr double PI_180 = 3.14159265358979323846 / 180.0;
+// Half the minor axis in metres.
+inline constexpr double WGS84_B = 6356752.314245179;
 
 // A valid coordinate at latitude, longitude and height.
 [[nodiscard]] inline IRef<ICoord> Place(double latitude, double longitude, double height = 0.0,

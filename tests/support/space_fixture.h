@@ -1,8 +1,7 @@
 // Shared parts of the tests of the objects for geometry in space.
 #pragma once
 
-#include <limits>
-
+#include "support/doubles.h"
 #include "support/live_objects.h"
 #include "support/managed_library.h"
 #include "support/objects.h"
@@ -13,8 +12,6 @@ namespace tessara::testing {
 
 class SpaceTest : public BalancedTest {
   protected:
-    static constexpr double NAN_VALUE = std::numeric_limits<double>::quiet_NaN();
-    static constexpr double INFINITE = std::numeric_limits<double>::infinity();
     static constexpr std::int32_t DATUM_GER = 3;  // Bessel's ellipsoid, some 170 m from WGS84 in Vienna
 
     Vector XyzAt(const IRef<ICoord>& coord) {

@@ -104,11 +104,11 @@ TEST(GridFactors, HoldAtThePole) {
 
 // The chord between two positions 0.002 degrees apart, by the arc of the meridian: over 1.7e-5 radians what
 // is left out is their square, some 1e-10.
-TEST(GridFactors, OfAConeAreTheDerivativesOfItsConversion) {
+void ExpectDerivativesOfTheConversion(float parallel1, float parallel2) {
     tagKOORD target = MakeKoord(DATUM_WGS84, KOORD_LAMBERTCC);
     LambertCCPayload cone{};
-    cone.parallel1 = 40.0;
-    cone.parallel2 = 50.0;
+    cone.parallel1 = parallel1;
+    cone.parallel2 = parallel2;
     cone.originLatitude = 45.0;
     cone.originLongitude = 10.0;
     Store(target, cone);
@@ -126,6 +126,11 @@ TEST(GridFactors, OfAConeAreTheDerivativesOfItsConversion) {
     const double w = 1.0 - e2 * std::pow(std::sin(47.0 * degree), 2);
     const double arc = 6378137.0 * (1.0 - e2) / std::pow(w, 1.5) * 2.0 * step * degree;
     EXPECT_NEAR(factors.scale, std::hypot(east, up) / arc, 1e-9);
+}
+
+TEST(GridFactors, OfAConeAreTheDerivativesOfItsConversion) {
+    ExpectDerivativesOfTheConversion(40.0F, 50.0F);
+    ExpectDerivativesOfTheConversion(45.0F, 45.0F);
 }
 
 TEST(GridFactors, OfARecordAreThoseAtItsPosition) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <thread>
@@ -12,6 +11,8 @@
 #include "support/live_objects.h"
 #include "support/mixed_records.h"
 #include "support/records.h"
+#include "support/sanitized.h"
+#include "support/setting.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {
@@ -371,6 +372,38 @@ TEST(ConvertColumns, FractionsOfTheWholeNumbersOfAReferenceAreCutOff) {
     EXPECT_EQ(found[0], found[1]);
 }
 
+// The same place, in UTM.
+TEST(ConvertColumns, FractionsOfZonesAreCutOffInEveryRow) {
+    const Doubles zones{32.9, 32.5, 32.0}, eastings(3, 691602.0), northings(3, 5334791.0);
+    SourceColumns from;
+    from.fields[0] = From(zones);
+    from.fields[2] = From(eastings);
+    from.fields[3] = From(northings);
+    Doubles longitudes(3);
+    TargetColumns to;
+    to.fields[1] = Into(longitudes);
+    EXPECT_EQ(KoordConvertColumns(&UTM, &from, &DEGREES, &to, 3, 1), KOORD_OK);
+    for (const double longitude : longitudes)
+        EXPECT_NEAR(longitude, LONGITUDES[0], 2e-5);
+}
+
+TEST(ConvertColumns, EachRowIsInTheHemisphereOfItsLetter) {
+    const Doubles zones(2, 32.0), eastings(2, 691602.0), northings(2, 5334791.0);
+    for (const char* letters : {"SN", "NS"}) {
+        SourceColumns from;
+        from.fields[0] = From(zones);
+        from.fields[1] = {letters, 1};
+        from.fields[2] = From(eastings);
+        from.fields[3] = From(northings);
+        Doubles latitudes(2);
+        TargetColumns to;
+        to.fields[0] = Into(latitudes);
+        EXPECT_EQ(KoordConvertColumns(&UTM, &from, &DEGREES, &to, 2, 1), KOORD_OK);
+        for (std::size_t i = 0; i < 2; ++i)
+            EXPECT_EQ(letters[i], latitudes[i] < 0.0 ? 'S' : 'N') << letters;
+    }
+}
+
 // Two blocks of references in bands that share row letters: 51 degrees north is in U, 33.5 in S.
 TEST(ConvertColumns, EachBlockReadsItsOwnBands) {
     constexpr std::size_t block = 128;
@@ -442,14 +475,10 @@ void Put(char* at, double number) {
     std::memcpy(at, &number, sizeof number);
 }
 
-std::size_t PositionsWanted() {
-    const char* const text = std::getenv("TESSARA_EQUALITY_POSITIONS");
-    return text != nullptr ? static_cast<std::size_t>(std::atoi(text)) : 300;
-}
-
 void ExpectColumnsAsSingleCalls(testing::Random& random, const tagKOORD& source, const tagKOORD& target,
                                 RangeCheck check) {
-    const std::size_t count = PositionsWanted();
+    const std::size_t count =
+        testing::Setting("TESSARA_EQUALITY_POSITIONS", testing::IS_SANITIZED ? 60 : 300);
     const auto sourceFields = System_Columns(static_cast<std::int32_t>(source.type));
     const auto targetFields = System_Columns(static_cast<std::int32_t>(target.type));
     if (sourceFields.empty()) return;

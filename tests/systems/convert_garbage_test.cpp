@@ -4,10 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "support/garbage_records.h"
+#include "support/sanitized.h"
+#include "support/setting.h"
 #include "support/timing.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/range_checks.h"
@@ -15,13 +16,7 @@
 namespace tessara {
 namespace {
 
-constexpr int DEFAULT_CONVERSIONS = testing::IS_SANITIZED ? 100000 : 1000000;
 constexpr double SLOWEST_CONVERSION = 0.001;  // seconds
-
-int Conversions() {
-    const char* wanted = std::getenv("TESSARA_GARBAGE_RECORDS");
-    return wanted != nullptr ? std::stoi(wanted) : DEFAULT_CONVERSIONS;
-}
 
 using testing::GarbageRecord;
 
@@ -29,8 +24,9 @@ class GarbageRecords : public ::testing::TestWithParam<int> {};
 
 TEST_P(GarbageRecords, EndInTimeWithAnyTarget) {
     testing::Random random(static_cast<std::uint64_t>(GetParam()));
-    const int conversions = Conversions();
-    for (int i = 0; i < conversions; ++i) {
+    const std::uint64_t conversions =
+        testing::Setting("TESSARA_GARBAGE_RECORDS", testing::IS_SANITIZED ? 100000 : 1000000);
+    for (std::uint64_t i = 0; i < conversions; ++i) {
         const tagKOORD source = GarbageRecord(random);
         const tagKOORD target = GarbageRecord(random);
         const auto check = random.Below(2);

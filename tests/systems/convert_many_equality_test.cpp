@@ -4,12 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <vector>
 
 #include "support/instruction_sets.h"
 #include "support/mixed_records.h"
+#include "support/sanitized.h"
+#include "support/setting.h"
 #include "systems/convert_many.h"
 
 namespace tessara {
@@ -19,8 +20,7 @@ using Records = std::vector<tagKOORD>;
 using Statuses = std::vector<KoordStatus>;
 
 std::size_t PositionsWanted() {
-    const char* const text = std::getenv("TESSARA_EQUALITY_POSITIONS");
-    return text != nullptr ? static_cast<std::size_t>(std::atoi(text)) : 1000;
+    return testing::Setting("TESSARA_EQUALITY_POSITIONS", testing::IS_SANITIZED ? 200 : 1000);
 }
 
 struct Results {

@@ -16,6 +16,7 @@
 #include "map/map_around.h"
 #include "map/map_description.h"
 #include "support/live_objects.h"
+#include "support/sanitized.h"
 #include "typed/text_writer.h"
 #include "typed/typed_reader.h"
 
@@ -110,7 +111,7 @@ void ExpectFailuresOfDrawingNoticed(const Surroundings& around) {
             const MapPage page = DrawMapPage(description, 200.0);
             return page.problems.empty() ? page.svg : "";
         },
-        150,
+        testing::IS_SANITIZED ? 15 : 150,
         [](const std::string& answer, const std::string&) {
             return answer.empty() || answer.ends_with("</svg>\n");
         });

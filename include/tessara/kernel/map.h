@@ -256,6 +256,8 @@ inline void Store(MapParam& map, const Params& params) {
 //   any other status of the conversion into `world`
 // `world` is unchanged then, except that a failure late in that conversion may leave it partly written.
 //
+// Every NaN of a result is the positive quiet one, as in conversions.
+//
 // AZYL and WAGNER-IV maps whose reference can't be converted give KOORD_OK with latitude 0 and longitude 0.
 // A WAGNER-IV map gives KOORD_OK with the position of its reference for a row that isn't finite.
 KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD* world);
@@ -266,6 +268,9 @@ KoordStatus MapPixelToWorld(const MapParam* map, const tagKOORD* pixel, tagKOORD
 // system; but a UTM map accepts positions beyond 180 degrees and at any distance from its zone (more than 90
 // degrees away the pixel is that of another place), and a GAUKRU or GAUKRU6 map accepts eastings outside its
 // strip's million.
+//
+// Every NaN of a pixel is the positive quiet one. It comes with KOORD_OK from a position that has a NaN, and
+// on a VAN_DER_GRINTEN map from one more than 90 degrees of latitude from the origin of the projection.
 //
 // KOORD_OK, or
 //   KOORD_ERR_MAP_TYPE       a type outside 2..21; found before anything else

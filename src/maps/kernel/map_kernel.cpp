@@ -4,6 +4,7 @@
 
 #include "kernel/numeric.h"
 #include "maps/kernel/map_parts.h"
+#include "systems/not_a_number.h"
 #include "systems/range_check.h"
 #include "tessara/kernel/convert.h"
 
@@ -64,7 +65,7 @@ bool ReadPixel(const tagKOORD& pixel, FloatPixelPayload* at) {
 
 bool WritePixel(const FloatPixelPayload& at, tagKOORD* pixel) {
     if (pixel->type == KOORD_FLOATPIXEL) {
-        Store(*pixel, at);
+        Store(*pixel, FloatPixelPayload{WithOneNan(at.x), WithOneNan(at.y)});
         return true;
     }
     if (pixel->type != KOORD_LONGPIXEL) return false;

@@ -21,9 +21,9 @@ struct PlanePoint {
 // has at least the height of the parallel on the central meridian. The centres are (0, F) and (-C, 0), the
 // radii E and D. The coefficients are expanded with D^2 - C^2 = A^2, F - E = |y0| and F + E = A^3 / y0^2:
 // near the central meridian and the parallel of origin the squares are so large that their differences would
-// be off by kilometres. Since |y0| is at most A and F + E at least A, T is never positive and w at least
-// |Q|, so the tests for a missing intersection only catch rounding errors.
-bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth, PlanePoint* point) {
+// be off by kilometres. |y0| is A at a pole and below by 1e-8 of it anywhere else, and F + E is A or above by
+// twice as much. So T is never positive, w at least |Q|, and there always is an intersection on either side.
+PlanePoint MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSouth) {
     const double s = 2.0 * Atan2(lambda, PI);
     const double height = std::fabs(y0);
     const double C = A / Tan(s);
@@ -35,23 +35,20 @@ bool MapVdgIntersect(double A, double lambda, double y0, bool isEast, bool isSou
     const double P = C * C + F * F;
     const double Q = (F * F + E * E - A2) * C;
     const double T = (A2 - sum * sum) * (A2 - height * height) * 0.25;
-    if (Q * Q < 4.0 * P * T) return false;
     const double w = std::sqrt(Q * Q - 4.0 * P * T);
 
     const double x = (isEast ? w - Q : -Q - w) / (2.0 * P);
-    if (isEast ? x < 0.0 : x > 0.0) return false;
     double y = (height * sum + A2 - 2.0 * x * C) / (2.0 * F);
     if (isSouth) y = -y;
     if (std::fabs(y) < height) y = y0;
-    *point = {x, y};
-    return true;
+    return {x, y};
 }
 
 // A position in degrees on the plane of van der Grinten's first projection, on a sphere with the semi-major
 // axis as its radius. Parallels and meridians are circles, except for the central meridian and the parallel
 // of origin (J. P. Snyder, "Map Projections: A Working Manual", USGS Professional Paper 1395, 1987, section
-// 29). False if the circles have no intersection on the right side.
-bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point) {
+// 29).
+PlanePoint MapVdgPlane(const MapParam& map, const GeodezPayload& at) {
     const auto params = Load<MapVdgParams>(map);
     const double lambda = (at.longitude - params.originLongitude) / DEGREES_PER_RADIAN;
     const double phi = (at.latitude - params.originLatitude) / DEGREES_PER_RADIAN;
@@ -59,22 +56,20 @@ bool MapVdgPlane(const MapParam& map, const GeodezPayload& at, PlanePoint* point
     const bool isOnParallel = std::fabs(phi) < ON_THE_LINE;
     const double y0 = isOnParallel ? 0.0 : (PI - std::sqrt(PI_SQUARED - 4.0 * phi * phi)) * A / (2.0 * phi);
 
-    if (std::fabs(lambda) < ON_THE_LINE) {
-        *point = {0.0, y0};
-        return true;
-    }
+    if (std::fabs(lambda) < ON_THE_LINE) return {0.0, y0};
     if (isOnParallel) {
         const double s = 2.0 * Atan2(lambda, PI);
-        *point = {A / Sin(s) - A / Tan(s), 0.0};
-        return true;
+        return {A / Sin(s) - A / Tan(s), 0.0};
     }
-    return MapVdgIntersect(A, lambda, y0, params.originLongitude <= at.longitude, phi < 0.0, point);
+    return MapVdgIntersect(A, lambda, y0, params.originLongitude <= at.longitude, phi < 0.0);
 }
 
 // Converts a position to degrees on the map's datum and projects it.
 bool MapVdgPlaneOf(const MapParam& map, const tagKOORD& record, PlanePoint* point) {
     GeodezPayload at{};
-    return ToDegrees(record, map, &at) == KOORD_OK && MapVdgPlane(map, at, point);
+    if (ToDegrees(record, map, &at) != KOORD_OK) return false;
+    *point = MapVdgPlane(map, at);
+    return true;
 }
 
 }  // namespace

@@ -486,5 +486,26 @@ TEST(ChMap, ADistanceThatIsNoWholeNumberHasNoPosition) {
     }
 }
 
+// Some 13.4 degrees west of the meridian 3, where strip 1 has the easting 0. A conversion that ends without a
+// grid value leaves 0, too, but with the northing 0.
+TEST(GkMap, APositionBesideTheStripHasAPixelAlsoAtTheEastingZero) {
+    const MapParam map = GkMap(3, 0.0, 0.0);
+    int zeros = 0;
+    for (double latitude = 0.5; latitude < 5.0; latitude += 0.5) {
+        const auto at = [&](double longitude) { return ToPixel(map, GeodezRecord(latitude, longitude)); };
+        double west = -12.0;
+        double east = -9.0;
+        for (double middle = (west + east) / 2.0; middle != west && middle != east;
+             middle = (west + east) / 2.0)
+            (at(middle).x < 0.0 ? west : east) = middle;
+        const PixelResult zero = at(east);
+        EXPECT_EQ(zero.status, KOORD_OK) << latitude;
+        EXPECT_NEAR(zero.x, 0.0, 1e-9) << latitude;  // metres; a unit in the last place of 500 km
+        EXPECT_NEAR(zero.y, at(east + 1e-7).y, 0.1) << latitude;  // 1e-7 degrees are a centimetre
+        if (zero.x == 0.0) ++zeros;
+    }
+    EXPECT_GT(zeros, 0);
+}
+
 }  // namespace
 }  // namespace tessara::testing

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <map>
 
@@ -101,6 +103,26 @@ TEST_P(SheetTest, WhatIsNoNumberHasNeitherPixelNorPosition) {
     const auto datum = static_cast<std::int32_t>(sheet.map.datum);
     const PixelResult pixel = ToPixel(sheet.map, GeodezRecord(none, none, 0.0, datum));
     EXPECT_TRUE(pixel.status != KOORD_OK || (std::isnan(pixel.x) && std::isnan(pixel.y)));
+}
+
+// Whatever pattern of bits goes in, and whichever sign the operations give.
+TEST_P(SheetTest, WhatIsNoNumberHasOnePattern) {
+    const Sheet& sheet = GetParam();
+    const auto datum = static_cast<std::int32_t>(sheet.map.datum);
+    const auto isNumberOrQuiet = [](double value) {
+        return !std::isnan(value) || std::bit_cast<std::uint64_t>(value) == 0x7FF8000000000000;
+    };
+    for (const std::uint64_t pattern : {0x7FF8000000000001u, 0xFFF8000000000000u, 0xFFFFFFFFFFFFFFFFu}) {
+        const auto none = std::bit_cast<double>(pattern);
+        const WorldResult world = ToWorld(sheet.map, none, none);
+        EXPECT_TRUE(isNumberOrQuiet(world.Degrees().latitude) && isNumberOrQuiet(world.Degrees().longitude));
+        for (const tagKOORD& place :
+             {GeodezRecord(none, none, 0.0, datum), GeodezRecord(none, 10.0, 0.0, datum),
+              GeodezRecord(45.0, none, 0.0, datum)}) {
+            const PixelResult pixel = ToPixel(sheet.map, place);
+            EXPECT_TRUE(isNumberOrQuiet(pixel.x) && isNumberOrQuiet(pixel.y)) << std::hex << pattern;
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Maps, SheetTest, ::testing::ValuesIn(AllSheets()),

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 
@@ -49,6 +51,17 @@ TEST(VanDerGrintenMap, TheCentralMeridianAndTheParallelOfOriginHaveAWidth) {
             EXPECT_EQ(ToPixel(VdgMap(), GeodezRecord(side * 5.729e-6, longitude)).y, 1000.0);
             EXPECT_GT((1000.0 - ToPixel(VdgMap(), GeodezRecord(side * 5.730e-6, longitude)).y) * side, 0.0);
         }
+    }
+}
+
+// There is no parallel further from that of the origin than a pole is.
+TEST(VanDerGrintenMap, APlaceMoreThan90DegreesOfLatitudeFromTheOriginHasNoPixel) {
+    const MapParam map = VdgMap(10.0, 45.0, GeodezRecord(45.0, 10.0));
+    EXPECT_TRUE(std::isfinite(ToPixel(map, GeodezRecord(-44.999, 20.0)).y));
+    for (const double longitude : {-170.0, 10.0, 20.0}) {
+        const PixelResult pixel = ToPixel(map, GeodezRecord(-45.001, longitude));
+        EXPECT_EQ(pixel.status, KOORD_OK);
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(pixel.y), 0x7FF8000000000000) << longitude;
     }
 }
 
