@@ -24,6 +24,11 @@ target_compile_options(
             -ffp-contract=off
             -fno-fast-math)
 
+if(TESSARA_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # Names that belong to the compiler, such as _Name or a__b.
+  target_compile_options(tessara_build INTERFACE -Wreserved-identifier -Wreserved-macro-identifier)
+endif()
+
 # The library's own sources, besides: nobody reads errno or the flags of exceptions, so that a square root is an
 # instruction and both sides of a choice may be computed. Results are the same.
 add_library(tessara_arithmetic INTERFACE)
@@ -43,6 +48,16 @@ if(TESSARA_SANITIZE)
   add_compile_options(-fsanitize=${TESSARA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TESSARA_SANITIZE})
 endif()
+
+# Precompiles the standard headers that most sources of a target include. clang reads the part that a source uses, which
+# saves a third of the time. Other builds don't: g++ reads all of it, and clang-tidy can't read those of g++.
+function(tessara_precompile target)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND (TESSARA_SANITIZE OR TESSARA_BUILD_WEB))
+    target_precompile_headers(
+      ${target} PRIVATE <algorithm> <array> <charconv> <cmath> <cstdint> <cstring> <functional> <limits> <map> <memory>
+      <optional> <set> <span> <sstream> <stdexcept> <string> <string_view> <tuple> <utility> <vector>)
+  endif()
+endfunction()
 
 # For sources that include <regex>, in which g++ 12 warns of uninitialized members if sanitizers are on.
 add_library(tessara_regex INTERFACE)

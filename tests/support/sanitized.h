@@ -1,9 +1,10 @@
-// Whether the tests are built with a sanitizer.
+// Whether the build has a sanitizer. Tests that only call a program may be compiled without; they say
+// TESSARA_SANITIZED.
 #pragma once
 
 namespace tessara::testing {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(TESSARA_SANITIZED) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 inline constexpr bool IS_SANITIZED = true;
 #elif defined(__has_feature)
 inline constexpr bool IS_SANITIZED = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
