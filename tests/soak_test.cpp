@@ -14,6 +14,7 @@
 #include "support/live_objects.h"
 #include "support/managed_library.h"
 #include "support/objects.h"
+#include "support/sanitized.h"
 #include "support/setting.h"
 #include "tessara/host/rect.h"
 #include "tessara/tessara.h"
@@ -330,16 +331,6 @@ std::int64_t ResidentPages() {
     return resident;
 }
 
-bool MemoryIsKept() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    return true;  // sanitizers keep what is freed for a while
-#elif defined(__has_feature)
-    return __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-    return false;
-#endif
-}
-
 class Soak : public BalancedTest {};
 
 TEST_F(Soak, MixedOperationsLeaveNothingBehind) {
@@ -368,7 +359,7 @@ TEST_F(Soak, MixedOperationsLeaveNothingBehind) {
     // The memory that the first stages touched is used again. The heap itself may vary by a quarter of a
     // megabyte.
     constexpr std::int64_t SLACK = 64;
-    if (MemoryIsKept()) return;
+    if (testing::IS_SANITIZED) return;  // sanitizers keep what is freed for a while
     EXPECT_LE(pages.back(), pages[2] + SLACK) << "pages in memory";
 }
 

@@ -611,11 +611,7 @@ class WindowsInASystem : public RectExtentsTest,
         }
     }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    static constexpr int SAMPLES = 20;  // per side; everything takes many times as long
-#else
-    static constexpr int SAMPLES = 200;
-#endif
+    static constexpr int SAMPLES = testing::Samples(200);  // per side
 
     const std::vector<testing::Sheet> sheets = testing::AllSheets();
     PixelRect window{};

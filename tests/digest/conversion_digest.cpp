@@ -1,5 +1,6 @@
 // Prints a digest of conversions for each type of coordinates and each direction, of geodesics, and of
-// elementary functions: the same text from every compiler, on every processor.
+// elementary functions: the same text from every compiler, on every processor. stored/N.txt has the digest of
+// N positions; a change that is meant to change results stores it anew and says why.
 //
 //     conversion_digest [POSITIONS]      of so many positions a type, 100 000 if nothing is said
 //     conversion_digest POSITIONS FILE   writes statuses and records there, too, for comparing them one by

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "support/rings.h"
+#include "support/sanitized.h"
 #include "tessara/coordinate_area.h"
 
 namespace tessara {
@@ -196,7 +197,7 @@ TEST(OverlayVertices, TurnedScaledAndMovedExamplesStayWhatTheyAre) {
 // Turned, both is so to a rounding only, and nothing may change but the directions.
 TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
     testing::Random random(9);
-    for (int k = 0; k < 4000; ++k) {
+    for (int k = 0; k < testing::Samples(4000); ++k) {
         SCOPED_TRACE(k);
         const auto skyline = [&] {
             return testing::RandomSkyline(random, 1 + random.Below(8), random.Below(6), random.Below(3));
@@ -229,7 +230,7 @@ TEST(OverlayVertices, TurnedSkylinesStayWhatTheyAreUpright) {
 // vertices on the edges: rounding decides where edges cross, but nearly all of the area is common.
 TEST(OverlayVertices, AnInexactCopyCoversNearlyTheSameArea) {
     testing::Random random(10);
-    for (int k = 0; k < 8000; ++k) {
+    for (int k = 0; k < testing::Samples(8000); ++k) {
         SCOPED_TRACE(k);
         const double offset = k % 2 == 0 ? 0.0 : 1e5;
         const Ring star = testing::RandomStar(random, 3 + random.Below(20), {offset, offset}, 100);

@@ -13,6 +13,7 @@
 #include "support/positions.h"
 #include "support/random.h"
 #include "support/records.h"
+#include "support/sanitized.h"
 #include "support/zones.h"
 #include "tessara/kernel/convert.h"
 
@@ -114,7 +115,7 @@ TEST(CompareRecords, TheOrderIsTotalInEverySystem) {
         const auto any = [&]() -> const tagKOORD& {
             return records[static_cast<std::size_t>(random.Below(1000))];
         };
-        for (int i = 0; i < 10000; ++i)
+        for (int i = 0; i < testing::Samples(10000); ++i)
             ExpectTotalOrder(i % 2 == 0 ? Axis::North : Axis::East, any(), any(), any());
     }
 }

@@ -11,6 +11,7 @@
 #include "support/random.h"
 #include "support/records.h"
 #include "support/reference_file.h"
+#include "support/sanitized.h"
 #include "support/zones.h"
 #include "tessara/kernel/convert.h"
 
@@ -131,7 +132,7 @@ TEST(ZoneBorders, ABorderIsItsOwnBorder) {
 TEST(ZoneBorders, RandomBordersLieOnTheirMeridianAndKeepTheNorthing) {
     for (const std::int32_t type : ZONED_TYPES) {
         Random random(static_cast<std::uint64_t>(type));
-        for (int i = 0; i < 10000; ++i) {
+        for (int i = 0; i < testing::Samples(10000); ++i) {
             const tagKOORD record = RandomZoned(type, random);
             const Compass side = i % 2 == 0 ? Compass::East : Compass::West;
             tagKOORD border = record;
@@ -209,7 +210,7 @@ tagKOORD InOwnZone(const tagKOORD& record, std::int32_t type) {
 
 TEST(ZoneBorders, RandomUtmrefBordersAreTheRoundedOnesOfUtm) {
     Random random(KOORD_UTMREF);
-    for (int i = 0; i < 10000; ++i) {
+    for (int i = 0; i < testing::Samples(10000); ++i) {
         tagKOORD utmref = InOwnZone(RandomZoned(KOORD_UTM, random), KOORD_UTMREF);
         tagKOORD utm = InOwnZone(utmref, KOORD_UTM);
         const Compass side = i % 2 == 0 ? Compass::East : Compass::West;

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "support/doubles.h"
+#include "support/sanitized.h"
 
 namespace tessara::testing {
 
@@ -49,7 +50,7 @@ template <class Function, class Next>
 double LargestError(Function function, ExactFunction exact, Next next, int count = 8000) {
     double largest = 0.0;
     Exact expected;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < Samples(count); ++i) {
         const double x = next();
         exact(expected.Value(), Exact(x).Value(), MPFR_RNDN);
         largest = std::max(largest, expected.UnitsTo(function(x)));
@@ -62,7 +63,7 @@ double LargestErrorOfTwo(Function function, ExactFunctionOfTwo exact, Next next,
                          int count = 8000) {
     double largest = 0.0;
     Exact expected;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < Samples(count); ++i) {
         const double x = next();
         const double y = nextOther();
         exact(expected.Value(), Exact(x).Value(), Exact(y).Value(), MPFR_RNDN);

@@ -12,4 +12,10 @@ inline constexpr bool IS_SANITIZED = __has_feature(address_sanitizer) || __has_f
 inline constexpr bool IS_SANITIZED = false;
 #endif
 
+// How many random samples a test draws that compares numbers: fewer with a sanitizer, which is slow and looks
+// for something else.
+constexpr int Samples(int count) {
+    return IS_SANITIZED ? count / 10 : count;
+}
+
 }  // namespace tessara::testing

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "support/legal_positions.h"
+#include "support/sanitized.h"
 #include "support/texts.h"
 
 namespace tessara {
@@ -121,7 +122,7 @@ TEST_P(MutatedTexts, AreRefusedOrALegalPosition) {
     testing::Random random(static_cast<std::uint64_t>(area.system) + 77);
     const IRef<ICoordinateString> string(CreateClassCoordinateString());
     int positions = 0, refusals = 0;
-    for (int i = 0; i < 10000 && !HasFailure(); ++i) {
+    for (int i = 0; i < testing::Samples(10000) && !HasFailure(); ++i) {
         const TextPair texts = testing::PlainTextsOf(testing::RandomLegal(area, &random));
         const TextPair mutated{Mutated(texts.north, &random), Mutated(texts.east, &random)};
         const CKoord before = testing::KoordOf(string);

@@ -7,6 +7,7 @@
 
 #include "records/zones.h"
 #include "support/legal_positions.h"
+#include "support/sanitized.h"
 #include "support/texts.h"
 #include "text/text_layout.h"
 
@@ -16,7 +17,7 @@ namespace {
 using testing::LegalArea;
 using testing::TextPair;
 
-constexpr int POSITIONS = 10000;
+constexpr int POSITIONS = testing::Samples(10000);
 constexpr double RESOLUTIONS[] = {1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 0.1, 1.0, 10.0, 100.0, 1e3, 1e4, 1e5};
 
 // Seven decimals in every system, in GEOGRAD of a second.
