@@ -14,7 +14,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* CHECK_FOOTER =
     R"(Writes `valid` and the position that was read: the system, its fields with the typed digits (an underscore
 stands for each digit of a reference that was not typed), the resolution, and latitude and longitude on the
 datum. For any other text, writes `not valid`, the reason and the piece of the text in question; the exit
@@ -29,7 +29,7 @@ Examples:
   tessara check --system UTM 'N 5334791' '32 691602'
   tessara check --system GK@GER 5333259.5 4468409.7)";
 
-struct Options {
+struct CheckOptions {
     std::string system = "auto";
     std::vector<std::string> words;
     Order order = Order::Unknown;
@@ -96,7 +96,7 @@ void WriteJson(const TypedResult& result) {
     std::cout << json << '\n';
 }
 
-ExitCode Check(const Options& options) {
+ExitCode Check(const CheckOptions& options) {
     const Reference reference = *TypedReferenceByName(options.system, DATUM_WGS84);
     const TypedResult result = ReadWords(TypedReader({reference, options.order}), options.words);
     if (options.json) {
@@ -113,8 +113,8 @@ ExitCode Check(const Options& options) {
 }  // namespace
 
 void AddCheck(CLI::App& program, Action& action) {
-    Command command(program, "check", "Checks whether a text is a valid position", FOOTER);
-    const auto options = std::make_shared<Options>();
+    Command command(program, "check", "Checks whether a text is a valid position", CHECK_FOOTER);
+    const auto options = std::make_shared<CheckOptions>();
     command.Add("--system", options->system, "System of the text; its datum is by default WGS84")
         .Type("SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")
         .ShowDefault()

@@ -17,7 +17,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* CONVERT_FOOTER =
     R"(Input lines hold `latitude longitude [height]`: degrees, positive north and east, and metres above the
 ellipsoid. Without FILES, or for a file named '-', the program reads standard input. It skips blank lines and
 comments, which begin with '#', and copies any text after the position to the output.
@@ -91,7 +91,7 @@ struct TextOptions {
     [[nodiscard]] bool AreForReading() const { return order != Order::Unknown || isVerbose; }
 };
 
-struct Options {
+struct ConvertOptions {
     std::vector<std::string> files;
     std::vector<std::string> position;  // in words
     std::string from = "WGS84";
@@ -110,25 +110,25 @@ constexpr const char* CONVERGENCE = "convergence";
 constexpr const char* SCALE = "scale";
 
 // --json reports on lines, whatever the extension of the file.
-Form FormOf(const std::string& file, const Options& options) {
+Form FormOf(const std::string& file, const ConvertOptions& options) {
     if (options.input) return FormByName(*options.input);
     return options.json ? Form::LINES : FormOfFile(file);
 }
 
 // In the order of the files.
-std::vector<Form> FormsOf(const Options& options) {
+std::vector<Form> FormsOf(const ConvertOptions& options) {
     std::vector<Form> forms;
     for (const std::string& file : options.files)
         forms.push_back(FormOf(file, options));
     return forms;
 }
 
-Form OutputForm(const Options& options) {
+Form OutputForm(const ConvertOptions& options) {
     return options.output ? FormByName(*options.output) : FormsOf(options).front();
 }
 
 // A conversion from lines to lines.
-bool AreLinesOnly(const Options& options) {
+bool AreLinesOnly(const ConvertOptions& options) {
     const std::vector<Form> forms = FormsOf(options);
     return OutputForm(options) == Form::LINES &&
            std::all_of(forms.begin(), forms.end(), [](Form form) { return form == Form::LINES; });
@@ -161,7 +161,7 @@ bool HasZone(const Reference& target, std::int32_t zone) {
     return target.parameters.empty() && WantedZone(target.system, zone).has_value();
 }
 
-std::vector<Reference> Targets(const Options& options, std::int32_t datum) {
+std::vector<Reference> Targets(const ConvertOptions& options, std::int32_t datum) {
     std::vector<Reference> targets;
     for (const std::string& target : options.to)
         targets.push_back(*ReferenceByName(target, datum));
@@ -178,7 +178,7 @@ bool Has(const std::vector<std::string>& words, const std::string& word) {
 }
 
 // The error in --zone; empty for a valid zone.
-std::string WrongZone(const Options& options) {
+std::string WrongZone(const ConvertOptions& options) {
     if (!options.zone) return {};
     std::string ranges;
     for (const std::string& name : options.to) {
@@ -192,12 +192,12 @@ std::string WrongZone(const Options& options) {
 }
 
 // Degrees count as texts, too, if --order or --verbose applies to them.
-bool AreTexts(const Options& options) {
+bool AreTexts(const ConvertOptions& options) {
     return NamesSystem(options.from) || options.text.AreForReading();
 }
 
 // The reference of the input: with a datum only, degrees.
-Wanted WantedOf(const Options& options) {
+Wanted WantedOf(const ConvertOptions& options) {
     if (NamesSystem(options.from))
         return {*TypedReferenceByName(options.from, DATUM_WGS84), options.text.order};
     return {{.datum = *DatumByName(options.from), .system = KOORD_GEODEZ}, options.text.order};
@@ -209,7 +209,7 @@ TextStyle StyleOf(const TextOptions& options) {
     return style;
 }
 
-RecordConversion ConversionOf(const Options& options) {
+RecordConversion ConversionOf(const ConvertOptions& options) {
     RecordConversion conversion;
     const Wanted wanted = WantedOf(options);
     conversion.datum = wanted.reference.datum;
@@ -228,7 +228,7 @@ RecordConversion ConversionOf(const Options& options) {
 }
 
 // A position of the command line has any system, unless --from names one.
-ExitCode ConvertPosition(const Options& options) {
+ExitCode ConvertPosition(const ConvertOptions& options) {
     RecordConversion conversion = ConversionOf(options);
     conversion.from = WantedOf(options);
     if (!NamesSystem(options.from)) conversion.from->reference.system = NO_SYSTEM;
@@ -237,7 +237,7 @@ ExitCode ConvertPosition(const Options& options) {
     return ConvertTypedPosition(options.position, conversion);
 }
 
-ExitCode Convert(const Options& options) {
+ExitCode Convert(const ConvertOptions& options) {
     if (!options.position.empty()) return ConvertPosition(options);
     FileRecords records{ConversionOf(options),
                         [&options](const std::string& file) { return FormOf(file, options); },
@@ -252,7 +252,7 @@ bool HasGrid(const std::vector<std::string>& targets) {
 }
 
 // The error in a combination of options; empty for a valid one.
-std::string WrongCombination(const Options& options) {
+std::string WrongCombination(const ConvertOptions& options) {
     const std::vector<Form> forms = FormsOf(options);
     const auto isAny = [&forms](Form form) {
         return std::find(forms.begin(), forms.end(), form) != forms.end();
@@ -319,7 +319,7 @@ void AddTextOptions(Command command, TextOptions& options) {
         .Group(group);
 }
 
-void AddFormOptions(Command command, Options& options) {
+void AddFormOptions(Command command, ConvertOptions& options) {
     const std::string group = "Formats";
     const std::vector<std::string> forms(std::begin(FORM_NAMES), std::end(FORM_NAMES));
     AddChoice(
@@ -347,8 +347,8 @@ void AddFormOptions(Command command, Options& options) {
 }  // namespace
 
 void AddConvert(CLI::App& program, Action& action) {
-    Command command(program, "convert", "Converts positions to other systems and datums", FOOTER);
-    const auto options = std::make_shared<Options>();
+    Command command(program, "convert", "Converts positions to other systems and datums", CONVERT_FOOTER);
+    const auto options = std::make_shared<ConvertOptions>();
     command.Add("FILES", options->files, "Input files; '-' is standard input");
     command.Add("--from", options->from, "Datum of positions in degrees, or system and datum of texts")
         .Type("DATUM|SYSTEM[:PARAMETERS][@DATUM]|auto[@DATUM]")

@@ -13,7 +13,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* DATUMS_FOOTER =
     R"(Each line holds the number, name and ellipsoid of a datum, and its translation to WGS84 along x, y and z in
 metres. A '-' stands for an ellipsoid without a name.
 
@@ -26,7 +26,7 @@ Examples:
   tessara datums --find ethiopia      by country
   tessara datums --find 'africa arc'  by region and part of the name)";
 
-struct Options {
+struct DatumsOptions {
     std::string find;
     bool areDescribed = false;
 };
@@ -41,7 +41,7 @@ void WriteDatum(std::int32_t datum, bool isDescribed) {
     std::cout << '\n';
 }
 
-ExitCode ListDatums(const Options& options) {
+ExitCode ListDatums(const DatumsOptions& options) {
     bool areAny = false;
     for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
         if (!MatchesDatum(datum, options.find)) continue;
@@ -57,8 +57,8 @@ ExitCode ListDatums(const Options& options) {
 }  // namespace
 
 void AddDatums(CLI::App& program, Action& action) {
-    Command command(program, "datums", "Lists the geodetic datums", FOOTER);
-    const auto options = std::make_shared<Options>();
+    Command command(program, "datums", "Lists the geodetic datums", DATUMS_FOOTER);
+    const auto options = std::make_shared<DatumsOptions>();
     command
         .Add("--find", options->find, "List datums with all these words in name, ellipsoid, region or area")
         .Type("WORDS");

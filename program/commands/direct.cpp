@@ -14,7 +14,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* DIRECT_FOOTER =
     R"(Writes the latitude and longitude of the position at the given azimuth and distance, and the azimuth back
 from there, all in degrees. Azimuths count clockwise from north.
 
@@ -28,11 +28,11 @@ Examples:
   tessara direct 32UPU9160234791 51.4 1000
   tessara direct --file rays.txt              reads lines)";
 
-const NumberInput INPUT{1,
-                        {{"latitude1", WrongLatitude},
-                         {"longitude1", WrongLongitude},
-                         {"azimuth1", WrongNumber},
-                         {"distance", WrongNumber}}};
+const NumberInput DIRECT_INPUT{1,
+                               {{"latitude1", WrongLatitude},
+                                {"longitude1", WrongLongitude},
+                                {"azimuth1", WrongNumber},
+                                {"distance", WrongNumber}}};
 
 // The interfaces have no geodesic problem; the kernel does.
 ExitCode WriteDirect(const NumberArguments& arguments) {
@@ -47,19 +47,19 @@ ExitCode WriteDirect(const NumberArguments& arguments) {
         results->push_back(AzimuthField("azimuth2", end.backAzimuth));
         return {};
     };
-    return Compute(arguments, INPUT, compute);
+    return Compute(arguments, DIRECT_INPUT, compute);
 }
 
 }  // namespace
 
 void AddDirect(CLI::App& program, Action& action) {
     Command command(program, "direct", "Computes the position at an azimuth and a distance from another",
-                    FOOTER);
+                    DIRECT_FOOTER);
     const auto arguments = std::make_shared<NumberArguments>();
     AddNumbers(command, *arguments, "POSITION AZIMUTH DISTANCE",
                "Position; azimuth in degrees clockwise from north; distance in metres");
     command.OnCall(action, [arguments, command] {
-        ReadNumbers(command, INPUT, arguments.get());
+        ReadNumbers(command, DIRECT_INPUT, arguments.get());
         return [arguments] { return WriteDirect(*arguments); };
     });
 }

@@ -13,7 +13,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* DISTANCE_FOOTER =
     R"(Writes the length of the geodesic in metres, its azimuth at the first position and the azimuth back at the
 second position, both in degrees clockwise from north. For nearly antipodal positions the iteration may not
 converge; the exit status is 1 then.
@@ -29,11 +29,11 @@ Examples:
   tessara distance 32U 691602 5334791 33U 391800 5820000
   tessara distance --file legs.txt             reads lines)";
 
-const NumberInput INPUT{2,
-                        {{"latitude1", WrongLatitude},
-                         {"longitude1", WrongLongitude},
-                         {"latitude2", WrongLatitude},
-                         {"longitude2", WrongLongitude}}};
+const NumberInput DISTANCE_INPUT{2,
+                                 {{"latitude1", WrongLatitude},
+                                  {"longitude1", WrongLongitude},
+                                  {"latitude2", WrongLatitude},
+                                  {"longitude2", WrongLongitude}}};
 
 // The interfaces have no geodesic problem; the kernel does.
 ExitCode WriteDistances(const NumberArguments& arguments) {
@@ -47,18 +47,18 @@ ExitCode WriteDistances(const NumberArguments& arguments) {
         results->push_back(AzimuthField("azimuth2", way.azimuth21));
         return {};
     };
-    return Compute(arguments, INPUT, compute);
+    return Compute(arguments, DISTANCE_INPUT, compute);
 }
 
 }  // namespace
 
 void AddDistance(CLI::App& program, Action& action) {
     Command command(program, "distance", "Computes the distance and the azimuths between two positions",
-                    FOOTER);
+                    DISTANCE_FOOTER);
     const auto arguments = std::make_shared<NumberArguments>();
     AddNumbers(command, *arguments, "POSITION1 POSITION2", "Two positions");
     command.OnCall(action, [arguments, command] {
-        ReadNumbers(command, INPUT, arguments.get());
+        ReadNumbers(command, DISTANCE_INPUT, arguments.get());
         return [arguments] { return WriteDistances(*arguments); };
     });
 }

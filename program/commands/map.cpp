@@ -24,7 +24,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* MAP_FOOTER =
     R"(Draws a window of a map as SVG: grid lines with their values at the frame, zone borders, positions, geodesics
 and straight lines, range rings, and polygons. Such a drawing shows whether a calibration is right. For an output
 with the extension .png, rsvg-convert draws the picture.
@@ -58,7 +58,7 @@ Examples:
   tessara map --preview tracks.geojson -o tracks.png
   tessara map - < sheet.json > sheet.svg)";
 
-struct Options {
+struct MapOptions {
     std::string description;
     std::string around;   // a position as people type it
     std::string width;    // a length with its unit
@@ -112,7 +112,7 @@ std::string ExtensionOf(const std::string& file) {
 }
 
 // The user wants to edit the description that --around or --preview generates.
-bool WritesDescription(const Options& options) {
+bool WritesDescription(const MapOptions& options) {
     return options.description.empty() && ExtensionOf(options.output) == ".json";
 }
 
@@ -130,13 +130,13 @@ std::string ReadAll(const std::string& file) {
 }
 
 // A description names its files relative to its own directory.
-std::string LayerFileOf(const Options& options) {
+std::string LayerFileOf(const MapOptions& options) {
     if (!WritesDescription(options)) return options.preview;
     const std::filesystem::path directory = std::filesystem::absolute(options.output).parent_path();
     return std::filesystem::proximate(std::filesystem::absolute(options.preview), directory).generic_string();
 }
 
-Source ReadSource(const Options& options) {
+Source ReadSource(const MapOptions& options) {
     if (!options.around.empty()) {
         GeodezPayload place{};
         if (!DegreesOf(ReadPlace(options.around).readings.at(0).record, &place))
@@ -151,7 +151,7 @@ Source ReadSource(const Options& options) {
             isInput ? "" : std::filesystem::path(options.description).parent_path()};
 }
 
-std::string NameOf(const Options& options) {
+std::string NameOf(const MapOptions& options) {
     if (!options.around.empty()) return "--around";
     return options.preview.empty() ? options.description : options.preview;
 }
@@ -165,7 +165,7 @@ std::string CheckOutput(const std::string& file) {
 }
 
 // The error; empty on success.
-std::string WriteOutput(const std::string& text, const Options& options) {
+std::string WriteOutput(const std::string& text, const MapOptions& options) {
     const std::string& file = options.output;
     if (file == "-") {
         std::cout << text;
@@ -180,7 +180,7 @@ std::string WriteOutput(const std::string& text, const Options& options) {
     return stream.flush() ? "" : file + ": cannot write the file" + SystemReason(errno);
 }
 
-std::string Draw(const Source& source, const Options& options, std::vector<std::string>* problems) {
+std::string Draw(const Source& source, const MapOptions& options, std::vector<std::string>* problems) {
     const MapDescription description = ReadMapDescription(source.text, FilesIn(source.directory));
     MapPage page = DrawMapPage(description, options.size);
     *problems = description.problems;
@@ -189,7 +189,7 @@ std::string Draw(const Source& source, const Options& options, std::vector<std::
     return std::move(page.svg);
 }
 
-ExitCode DrawMap(const Options& options) {
+ExitCode DrawMap(const MapOptions& options) {
     std::string text;
     std::vector<std::string> problems;
     try {
@@ -206,7 +206,7 @@ ExitCode DrawMap(const Options& options) {
     return problems.empty() ? EXIT_DONE : EXIT_INCOMPLETE;
 }
 
-bool HasOneSource(const Options& options) {
+bool HasOneSource(const MapOptions& options) {
     const int sources = (options.description.empty() ? 0 : 1) + (options.around.empty() ? 0 : 1) +
                         (options.preview.empty() ? 0 : 1);
     return sources == 1;
@@ -215,8 +215,8 @@ bool HasOneSource(const Options& options) {
 }  // namespace
 
 void AddMap(CLI::App& program, Action& action) {
-    Command command(program, "map", "Draws a window of a map, as SVG or PNG", FOOTER);
-    const auto options = std::make_shared<Options>();
+    Command command(program, "map", "Draws a window of a map, as SVG or PNG", MAP_FOOTER);
+    const auto options = std::make_shared<MapOptions>();
     command.Add("DESCRIPTION", options->description, "JSON file; '-' is standard input");
     const Option around = command
                               .Add("--around", options->around,

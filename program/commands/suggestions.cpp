@@ -26,7 +26,7 @@ std::vector<std::string> OptionNames(const CLI::App& command) {
     return names;
 }
 
-bool Has(const std::vector<std::string>& names, const std::string& name) {
+bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
@@ -36,7 +36,7 @@ std::string Suggestion(const CLI::App& program, const std::vector<std::string>& 
     if (arguments.empty()) return {};
     const std::string& first = arguments.front();
     const std::vector<std::string> commands = CommandNames(program);
-    if (!first.starts_with('-') && !Has(commands, first)) {
+    if (!first.starts_with('-') && !IsAmong(commands, first)) {
         if (ClosestName(first, commands).empty()) return {};
         return "tessara: unknown command " + Quote(first) + DidYouMean(first, commands) + '\n';
     }
@@ -45,7 +45,7 @@ std::string Suggestion(const CLI::App& program, const std::vector<std::string>& 
     for (const std::string& argument : arguments) {
         const std::string name = argument.substr(0, argument.find('='));
         if (name == "--") break;
-        if (!name.starts_with("--") || Has(options, name)) continue;
+        if (!name.starts_with("--") || IsAmong(options, name)) continue;
         if (ClosestName(name, options).empty()) continue;
         return "tessara: unknown option " + Quote(name) + DidYouMean(name, options) + '\n';
     }

@@ -9,7 +9,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* SYSTEMS_FOOTER =
     R"(Each line holds the number and name of a system, and its fields in the order in which `tessara convert` writes
 them. Eastings, northings, x, y and z are in metres. LONGPIXEL and FLOATPIXEL are pixels of a map; positions
 cannot be converted to them. MGRS is another name of UTMREF.
@@ -36,7 +36,7 @@ ExitCode ListSystems() {
 }  // namespace
 
 void AddSystems(CLI::App& program, Action& action) {
-    Command command(program, "systems", "Lists the coordinate systems", FOOTER);
+    Command command(program, "systems", "Lists the coordinate systems", SYSTEMS_FOOTER);
     command.OnCall(action, [] { return ListSystems; });
 }
 

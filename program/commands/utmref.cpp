@@ -17,7 +17,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr const char* FOOTER =
+constexpr const char* UTMREF_FOOTER =
     "Lists the choices for the next piece of a military grid reference: the zones, the bands, the columns of "
     "a\n"
     "zone and band, or the rows of a column. The exit status is 2 if a given piece does not exist.\n"
@@ -26,7 +26,7 @@ constexpr const char* FOOTER =
     "  tessara utmref 32 U      K L M N P Q\n"
     "  tessara utmref 32 U Q    U V A B C D E";
 
-struct Options {
+struct UtmrefOptions {
     std::string zone;
     std::string band;
     std::string column;
@@ -73,7 +73,7 @@ std::string AsListed(std::string piece) {
     return piece;
 }
 
-ExitCode WriteChoices(const Options& options) {
+ExitCode WriteChoices(const UtmrefOptions& options) {
     static constexpr const char* NAMES[] = {"zone", "band", "column"};
     const std::int32_t datum = *DatumByName(options.datum);
     std::vector<std::string> pieces;
@@ -96,8 +96,8 @@ ExitCode WriteChoices(const Options& options) {
 }  // namespace
 
 void AddUtmref(CLI::App& program, Action& action) {
-    Command command(program, "utmref", "Lists the choices for the next piece of a UTMREF", FOOTER);
-    const auto options = std::make_shared<Options>();
+    Command command(program, "utmref", "Lists the choices for the next piece of a UTMREF", UTMREF_FOOTER);
+    const auto options = std::make_shared<UtmrefOptions>();
     command.Add("ZONE", options->zone, "Zone, 1 to 60").Type("");
     command.Add("BAND", options->band, "Letter of the latitude band").Type("");
     command.Add("COLUMN", options->column, "Letter of the 100 km column").Type("");

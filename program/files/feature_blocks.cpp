@@ -10,7 +10,7 @@
 namespace tessara::program {
 namespace {
 
-constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 17;
+constexpr std::size_t BYTES_OF_FEATURES = std::size_t{1} << 17;
 
 std::string MemberOf(std::string_view object, std::string_view wanted) {
     std::string found;
@@ -137,7 +137,7 @@ class FeatureBlocks final : public RecordBlocks {
 
     // Reads the features of one block; none at the end of the array, whose closing bracket it removes.
     void ReadFeatures(std::string* text) {
-        while (input_.Held().size() < BYTES_PER_BLOCK && input_.ReadMore()) {
+        while (input_.Held().size() < BYTES_OF_FEATURES && input_.ReadMore()) {
         }
         while (true) {
             std::optional<JsonFault> fault;
@@ -159,7 +159,7 @@ class FeatureBlocks final : public RecordBlocks {
         JsonScan scan(input_.Held());
         std::size_t whole = 0;
         try {
-            while (whole < BYTES_PER_BLOCK && scan.Peek() != ']') {
+            while (whole < BYTES_OF_FEATURES && scan.Peek() != ']') {
                 if (number_ > 1) scan.Expect(',');
                 const std::string_view value = scan.Value();
                 // A number at the end of the buffer may continue in the input.

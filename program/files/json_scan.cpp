@@ -7,6 +7,8 @@
 #include <optional>
 #include <system_error>
 
+#include "conversion/ascii.h"
+
 namespace tessara::program {
 namespace {
 
@@ -28,10 +30,6 @@ constexpr std::array<bool, 256> PLAIN = [] {
 
 bool IsPlainByte(char c) {
     return PLAIN[static_cast<unsigned char>(c)];
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 // The length of the multi-byte UTF-8 character at the start of a text; 0 if it is malformed (Unicode, table
@@ -239,7 +237,7 @@ void JsonScan::SkipWord(std::string_view word) {
 
 bool JsonScan::SkipDigits() {
     const std::size_t begin = at_;
-    while (at_ < text_.size() && IsDigit(text_[at_]))
+    while (at_ < text_.size() && toolkit::IsDigit(text_[at_]))
         ++at_;
     return at_ > begin;
 }

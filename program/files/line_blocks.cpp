@@ -13,7 +13,7 @@ namespace tessara::program {
 namespace {
 
 // Large enough to outweigh the cost of a job, small enough for the results to stay in the cache.
-constexpr std::size_t BYTES_PER_BLOCK = std::size_t{1} << 16;
+constexpr std::size_t BYTES_OF_LINES = std::size_t{1} << 16;
 
 // A longer record of a table indicates an unclosed quote.
 constexpr std::size_t LONGEST_ROW = std::size_t{1} << 20;
@@ -140,7 +140,7 @@ class LineBlocks final : public RecordBlocks {
     // pauses, a block holds the records so far, so that a user who types lines sees each result.
     std::size_t CountOfWholeRecords() {
         const std::string_view held = input_.Held();
-        if (held.size() < BYTES_PER_BLOCK && input_.HasMoreAtOnce()) return 0;
+        if (held.size() < BYTES_OF_LINES && input_.HasMoreAtOnce()) return 0;
         const std::size_t end = held.rfind('\n');
         if (end == std::string_view::npos) return 0;
         const std::string_view lines = held.substr(0, end + 1);

@@ -7,9 +7,9 @@ namespace tessara::program {
 namespace {
 
 // A set of unique names. Existing names keep priority.
-class Names {
+class TakenNames {
   public:
-    explicit Names(const std::vector<std::string>& taken) : taken_(taken.begin(), taken.end()) {}
+    explicit TakenNames(const std::vector<std::string>& taken) : taken_(taken.begin(), taken.end()) {}
 
     std::string Take(std::string name, const std::string& suffix) {
         while (!taken_.insert(name).second)
@@ -31,7 +31,7 @@ std::size_t CountOf(const Layout& layout) {
 
 ResultNames NameResults(const RecordConversion& conversion, const Layout& layout) {
     ResultNames results;
-    Names names(layout.kept);
+    TakenNames names(layout.kept);
     for (const Reference& target : conversion.to) {
         const std::string suffix = " " + target.Name();
         const std::size_t count = conversion.texts ? CountTexts(conversion, target) : 0;

@@ -12,9 +12,9 @@ namespace tessara::program {
 namespace {
 
 // The names of members in the order of their first use.
-class Names {
+class KeptNames {
   public:
-    explicit Names(std::vector<std::string>* kept) : kept_(*kept) {}
+    explicit KeptNames(std::vector<std::string>* kept) : kept_(*kept) {}
 
     // Records often have the same members in the same order, so that the next name is the best guess.
     void Add(std::string_view name) {
@@ -44,7 +44,7 @@ bool NeedsSurvey(const RecordConversion& conversion, Form input) {
 void Survey(const RecordConversion& conversion, InputBuffer* input, Layout* layout) {
     const std::unique_ptr<RecordBlocks> blocks = MakeRecordBlocks(layout->form, layout->file, input);
     const std::optional<Layout> file = blocks->ReadLayout(*layout);
-    Names names(&layout->kept);
+    KeptNames names(&layout->kept);
     bool isFirst = true;
     const auto add = [&](const Record& record) {
         names.BeginRecord();

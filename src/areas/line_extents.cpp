@@ -6,6 +6,7 @@
 #include "geometry/map_plane.h"
 #include "objects/koord_access.h"
 #include "objects/reference_change.h"
+#include "systems/reference.h"
 #include "tessara/array.h"
 #include "tessara/coord.h"
 #include "tessara/map_coord_operations.h"
@@ -13,10 +14,6 @@
 
 namespace tessara {
 namespace {
-
-bool IsPixel(const CKoord& koord) {
-    return IsPixelType(static_cast<std::int32_t>(koord.type));
-}
 
 // Walks a line in the reference in which its extent is wanted.
 class LineWalk {

@@ -10,6 +10,7 @@
 #include "records/compare_records.h"
 #include "records/zone_borders.h"
 #include "records/zones.h"
+#include "systems/reference.h"
 #include "tessara/kernel/geodesic.h"
 
 namespace tessara {
@@ -18,18 +19,6 @@ namespace {
 constexpr std::size_t DEPTH_LIMIT = 6;
 constexpr std::size_t GEODESIC_DEPTH_LIMIT = 7;
 constexpr std::size_t ACROSS_REFERENCES_DEPTH_LIMIT = 5;
-
-std::int32_t DatumOf(const CKoord& koord) {
-    return static_cast<std::int32_t>(koord.datum);
-}
-
-std::int32_t SystemOf(const CKoord& koord) {
-    return static_cast<std::int32_t>(koord.type);
-}
-
-bool IsPixel(const CKoord& koord) {
-    return IsPixelType(SystemOf(koord));
-}
 
 PlanePoint PixelOf(const CKoord& koord) {
     if (koord.type == KOORD_LONGPIXEL) {
@@ -56,7 +45,7 @@ bool GeodesicMiddle(const CKoord& a, const CKoord& b, CKoord* middle) {
     double azimuth = 0.0;
     double backAzimuth = 0.0;
     if (Geodesic_Inverse(&a, &b, DatumOf(a), &distance, &azimuth, &backAzimuth) != KOORD_OK) return false;
-    tagKOORD record = MakeKoord(DatumOf(a), SystemOf(a));
+    tagKOORD record = MakeKoord(DatumOf(a), TypeOf(a));
     if (Geodesic_Direct(&a, DatumOf(a), distance / 2.0, azimuth, &record) != KOORD_OK) return false;
     *middle = CKoord(record);
     return true;
@@ -142,7 +131,7 @@ bool WalkAcrossReferences(const CKoord& a, const CKoord& b, std::int32_t datum, 
                           std::vector<CKoord>* polyline) {
     if (!ShareReference(a, b) || IsPixelType(system) || IsPixel(a)) return false;
     const ReferenceChange toTarget(datum, system);
-    const ReferenceChange toOwn(DatumOf(a), SystemOf(a));
+    const ReferenceChange toOwn(DatumOf(a), TypeOf(a));
     ReferenceKnot left{a, {}};
     ReferenceKnot right{b, {}};
     if (!toTarget.Apply(a, &left.target) || !toTarget.Apply(b, &right.target)) return false;

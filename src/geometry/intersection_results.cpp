@@ -23,13 +23,13 @@ bool Append(IUnknown* object, const IRef<IArray>& list) try {
 }
 
 // The next entry of two lists. It is taken back unless it is kept, also if an object of the host throws.
-class Pair {
+class ListPair {
   public:
-    Pair(const IRef<IArray>& first, const IRef<IArray>& second)
+    ListPair(const IRef<IArray>& first, const IRef<IArray>& second)
         : first_(first), second_(second), firstIndex_(first->GetCount()), secondIndex_(second->GetCount()) {}
-    Pair(const Pair&) = delete;
-    Pair& operator=(const Pair&) = delete;
-    ~Pair() {
+    ListPair(const ListPair&) = delete;
+    ListPair& operator=(const ListPair&) = delete;
+    ~ListPair() {
         if (isKept_) return;
         first_->RemoveAt(firstIndex_);
         second_->RemoveAt(secondIndex_);
@@ -51,7 +51,7 @@ bool IntersectionResults::Add(ILineIntersectionParameters* first, ILineIntersect
     const IRef<ILineIntersectionParameters> onFirst(first);
     const IRef<ILineIntersectionParameters> onSecond(second);
     if (!HasLists() || !onFirst.IsValid() || !onSecond.IsValid()) return false;
-    Pair pair(firstList_, secondList_);
+    ListPair pair(firstList_, secondList_);
     if (!Append(onFirst.Get(), firstList_) || !Append(onSecond.Get(), secondList_)) return false;
     pair.Keep();
     return true;

@@ -10,6 +10,7 @@
 #include "grids/creation.h"
 #include "grids/date_line_map.h"
 #include "grids/grid_line_array.h"
+#include "grids/longitudes.h"
 #include "grids/packed_polyline.h"
 #include "kernel/numeric.h"
 #include "maps/owned_map_param.h"
@@ -49,10 +50,6 @@ bool ToGridSystem(std::int32_t system, CKoord* koord) {
     zones::Want(NO_WANTED_ZONE, &record);
     *koord = CKoord(record);
     return true;
-}
-
-double LongitudeOf(const CKoord& geodez) {
-    return Load<GeodezPayload>(geodez).longitude;
 }
 
 // Degrees continue beyond the codes of GEOREF, so the window is cut where the codes end. A window that spans

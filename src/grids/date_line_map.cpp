@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "geometry/map_plane.h"
+#include "grids/longitudes.h"
 #include "grids/window_samples.h"
 #include "kernel/numeric.h"
 #include "numerics/rounding.h"
@@ -16,16 +17,14 @@ namespace tessara {
 namespace {
 
 constexpr int SAMPLES_OF_A_SIDE = 8;
-constexpr std::int32_t UNCHECKED = 0;  // a border is drawn 1e-9 degrees outside its zone
-constexpr double FULL_TURN = 360.0;
-constexpr double HALF_TURN = 180.0;
+constexpr std::int32_t NO_CHECK = 0;              // a border is drawn 1e-9 degrees outside its zone
 constexpr double ON_ITS_SIDE = HALF_TURN + 1e-7;  // a position half a turn away stays on its side
 constexpr double SAME_LONGITUDE = 1e-3;           // degrees; well above the rounding error of any map
 
 std::optional<double> LongitudeAt(const MapPlane& plane, std::int32_t datum, const PlanePoint& pixel) {
     CKoord place(MakeKoord(datum, KOORD_GEODEZ));
     if (!plane.ToWorld(pixel, &place)) return std::nullopt;
-    return Load<GeodezPayload>(place).longitude;
+    return LongitudeOf(place);
 }
 
 class DateLineMap : public IMapCoordOperations {
@@ -106,7 +105,7 @@ class DateLineMap : public IMapCoordOperations {
         CKoord koord;
         if (!KoordFromCoord(coord, &koord)) return std::nullopt;
         tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);
-        if (KoordConvertEx(&koord, &degrees, UNCHECKED) != KOORD_OK) return std::nullopt;
+        if (KoordConvertEx(&koord, &degrees, NO_CHECK) != KOORD_OK) return std::nullopt;
         auto position = Load<GeodezPayload>(degrees);
         const double east = position.longitude - middle_;
         if (!(std::fabs(east) > ON_ITS_SIDE)) return std::nullopt;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "grids/longitudes.h"
 #include "grids/window_samples.h"
 #include "numerics/rounding.h"
 #include "records/check_record.h"
@@ -13,17 +14,11 @@ namespace tessara {
 namespace {
 
 constexpr int SAMPLES_OF_A_LINE = 256;
-constexpr double FULL_TURN = 360.0;
-constexpr double HALF_TURN = 180.0;
-
-double LongitudeOf(const CKoord& geodez) {
-    return Load<GeodezPayload>(geodez).longitude;
-}
 
 // The longitudes found along some rows and columns of the window, its sides included.
-class Survey {
+class LongitudeSurvey {
   public:
-    Survey(const MapPlane& map, const PixelRect& window, const Extremes& extremes)
+    LongitudeSurvey(const MapPlane& map, const PixelRect& window, const Extremes& extremes)
         : west_(extremes[Compass::West]), east_(extremes[Compass::East]) {
         double last = NAN;
         WalkAcrossWindow(window, SAMPLES_OF_A_LINE, [&](const PlanePoint& pixel, bool isFirst) {
@@ -68,7 +63,7 @@ std::optional<LongitudeArc> FindLongitudeArc(const MapPlane& map, const PixelRec
     if (west.type != KOORD_GEODEZ) return std::nullopt;
     if (LongitudeOf(extremes[Compass::East]) - LongitudeOf(west) <= HALF_TURN) return std::nullopt;
 
-    const Survey survey(map, window, extremes);
+    const LongitudeSurvey survey(map, window, extremes);
     const std::vector<double>& seen = survey.Seen();
     if (seen.empty()) return std::nullopt;
     LongitudeArc arc{0.0, 0.0};  // the ends of the widest gap

@@ -2,18 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 #include <vector>
 
 #include "grids/window_samples.h"
+#include "numerics/special_values.h"
 #include "records/zones.h"
 
 namespace tessara {
 namespace {
 
 constexpr int SAMPLES_OF_A_ZONE = 4;  // enough to find a sample in every zone that a line crosses
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 // The index of a zone, counted eastward from longitude -180. The strips of GK at -180 and 180 share a
 // meridian and are the same on the ground; GK6 has no strip 0. Nothing for a zone that doesn't exist.
@@ -46,9 +45,9 @@ struct Sighting {
 };
 
 // The zones found along some rows and columns of the window, its sides included.
-class Survey {
+class ZoneSurvey {
   public:
-    Survey(const MapPlane& map, const PixelRect& window, const CKoord& empty)
+    ZoneSurvey(const MapPlane& map, const PixelRect& window, const CKoord& empty)
         : empty_(empty), zones_(static_cast<std::size_t>(Circle())) {
         std::optional<CKoord> last;
         WalkAcrossWindow(window, SAMPLES_OF_A_ZONE * Circle(), [&](const PlanePoint& pixel, bool isFirst) {
@@ -122,7 +121,7 @@ std::optional<ZoneArc> FindZoneArc(const MapPlane& map, const PixelRect& window,
     const std::int32_t last = zones::Number(extremes[Compass::East]);
     if (last - first <= circle / 2) return std::nullopt;
 
-    const Survey survey(map, window, west);
+    const ZoneSurvey survey(map, window, west);
     // The longest run of zones without a sample. The scan goes around twice, since a run may cross the end
     // of the numbers.
     std::int32_t longest = 0;

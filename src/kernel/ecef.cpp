@@ -13,10 +13,9 @@
 namespace tessara {
 namespace {
 
-using ecef::Figure;
 using ecef::Latitude;
 
-constexpr int LATITUDE_ITERATIONS = 100;
+constexpr int GEODETIC_ITERATIONS = 100;
 
 Latitude FirstLatitude(double tangent) {
     constexpr double squareOverflows = 1e150;
@@ -26,7 +25,7 @@ Latitude FirstLatitude(double tangent) {
 }
 
 // Only a step above the tolerance goes on: a negative one ends the iteration too.
-Latitude LatitudeOf(double p, double z, const Figure& figure) {
+Latitude LatitudeOf(double p, double z, const ecef::Figure& figure) {
     Latitude lat = FirstLatitude(ecef::FirstTangent(figure, p, z));
     double step = 0.0;
     int count = 0;
@@ -34,7 +33,7 @@ Latitude LatitudeOf(double p, double z, const Figure& figure) {
         step = ecef::StepFrom(lat, figure, p, z);
         lat.angle -= step;
         lat.direction = Difference(lat.direction, SinCosOfSmall(step));
-    } while (step > ecef::LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
+    } while (step > ecef::LATITUDE_TOLERANCE && ++count < GEODETIC_ITERATIONS);
     return lat;
 }
 
@@ -56,7 +55,7 @@ KoordStatus ECEF_FromGeodetic(const tagKOORD* work, tagKOORD* target) {
 KoordStatus ECEF_ToGeodetic(const tagKOORD* source, tagKOORD* work) {
     const DatumRow* row = RowOf(static_cast<std::int32_t>(source->datum));
     if (!row) return KOORD_ERR_DATUM;
-    const Figure figure{row->a, row->e2};
+    const ecef::Figure figure{row->a, row->e2};
     const auto [x, y, z] = Load<EcefPayload>(*source);
     const double p = std::sqrt(x * x + y * y);
     double lat = 0.0;

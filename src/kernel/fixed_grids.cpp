@@ -36,13 +36,6 @@ KoordStatus ToGeodetic(const FixedGrid& grid, const GridPayload* payload, double
     return KOORD_OK;
 }
 
-KoordStatus Factors(const TmParams& projection, const tagKOORD& record, const double* latLon,
-                    GridFactors* factors) {
-    TM_Factors(latLon, projection.originLongitude, projection.scale,
-               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
-    return KOORD_OK;
-}
-
 }  // namespace
 
 KoordStatus POMilitary_FromGeodetic(const double latLon[2], GridPayload* payload,
@@ -65,11 +58,11 @@ KoordStatus LUREF_ToGeodetic(const GridPayload* payload, double latLon[2], const
 }
 
 KoordStatus POMilitary_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
-    return Factors(PO_MILITARY.projection, record, latLon, factors);
+    return TmOrigin_Factors(PO_MILITARY.projection, record, latLon, factors);
 }
 
 KoordStatus LUREF_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
-    return Factors(LUREF.projection, record, latLon, factors);
+    return TmOrigin_Factors(LUREF.projection, record, latLon, factors);
 }
 
 }  // namespace tessara

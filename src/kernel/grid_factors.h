@@ -18,6 +18,9 @@ using FactorsFunction = KoordStatus(const tagKOORD& record, const double* latLon
 // Of a grid with the scale k on its central meridian.
 void TM_Factors(const double* latLon, double centralMeridian, double k, const TmConstants& forward,
                 GridFactors* factors);
+// Of a grid from an origin.
+KoordStatus TmOrigin_Factors(const TmParams& projection, const tagKOORD& record, const double* latLon,
+                             GridFactors* factors);
 void LambertCC_Factors(const double* latLon, const LambertCC& cone, GridFactors* factors);
 
 FactorsFunction UTM_Factors, UTMREF_Factors, GK_Factors, GK6_Factors;

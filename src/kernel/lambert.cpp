@@ -29,7 +29,7 @@ using lambert::RadiusOfFirst;
 
 constexpr double LATITUDE_TOLERANCE = 1e-13;  // radians
 // The iterations gain two digits per step; the bound stops them for ellipsoids that aren't in the table.
-constexpr int LATITUDE_ITERATIONS = 100;
+constexpr int CONE_ITERATIONS = 100;
 
 constexpr double PARIS = 2.33722917;  // degrees east of Greenwich
 
@@ -69,7 +69,7 @@ double LatitudeFromIsometricLatitude(double psi, double e) {
         const double old = lat;
         lat = Atan(Sinh(Atanh(Sin(old) * e) * e + psi));
         step = std::fabs(old - lat);
-    } while (step > LATITUDE_TOLERANCE && ++count < LATITUDE_ITERATIONS);
+    } while (step > LATITUDE_TOLERANCE && ++count < CONE_ITERATIONS);
     return lat;
 }
 

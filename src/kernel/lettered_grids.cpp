@@ -123,13 +123,6 @@ KoordStatus ToGeodetic(const LetterGridPayload* payload, double latLon[2], const
     return KOORD_OK;
 }
 
-KoordStatus Factors(const TmParams& projection, const tagKOORD& record, const double* latLon,
-                    GridFactors* factors) {
-    TM_Factors(latLon, projection.originLongitude, projection.scale,
-               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
-    return KOORD_OK;
-}
-
 }  // namespace
 
 void BngWriteReference(const GridValues& values, LetterGridPayload* payload) {
@@ -167,11 +160,11 @@ KoordStatus ING_ToGeodetic(const LetterGridPayload* payload, double latLon[2], c
 }
 
 KoordStatus BNG_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
-    return Factors(grids::BRITISH.projection, record, latLon, factors);
+    return TmOrigin_Factors(grids::BRITISH.projection, record, latLon, factors);
 }
 
 KoordStatus ING_Factors(const tagKOORD& record, const double* latLon, GridFactors* factors) {
-    return Factors(grids::IRISH.projection, record, latLon, factors);
+    return TmOrigin_Factors(grids::IRISH.projection, record, latLon, factors);
 }
 
 }  // namespace tessara

@@ -124,4 +124,11 @@ void TM_Factors(const double* latLon, double centralMeridian, double k, const Tm
                      std::sqrt(1.0 - aside * aside);
 }
 
+KoordStatus TmOrigin_Factors(const TmParams& projection, const tagKOORD& record, const double* latLon,
+                             GridFactors* factors) {
+    TM_Factors(latLon, projection.originLongitude, projection.scale,
+               *TmForwardConstants(static_cast<std::int32_t>(record.datum)), factors);
+    return KOORD_OK;
+}
+
 }  // namespace tessara

@@ -5,6 +5,7 @@
 #include "maps/creation.h"
 #include "objects/koord_access.h"
 #include "records/default_koord.h"
+#include "systems/reference.h"
 #include "tessara/array.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/geo_date.h"
@@ -14,10 +15,6 @@
 
 namespace tessara {
 namespace {
-
-bool IsPixel(const CKoord& koord) {
-    return IsPixelType(static_cast<std::int32_t>(koord.type));
-}
 
 bool FillPoint(const MapReferenceNode& node, IReferencePoint* point) {
     const CKoord world(node.world);

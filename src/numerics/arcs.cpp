@@ -2,10 +2,10 @@
 
 #include <limits>
 
+#include "numerics/special_values.h"
+
 namespace tessara::arcs {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 // Beside an infinite coordinate a finite one is nothing.
 double Direction(double coordinate) {

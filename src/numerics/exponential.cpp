@@ -1,14 +1,10 @@
 #include "numerics/exponential.h"
 
-#include <limits>
-
 #include "numerics/rounding.h"
+#include "numerics/special_values.h"
 
 namespace tessara {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
 
 // log x times y, of an x that may be subnormal.
 Pair LogOfAnyPower(double x, double y) {
@@ -36,7 +32,7 @@ double exponential::ExpOfOther(Pair x) {
     constexpr double overflowing = 710.0;
     constexpr double vanishing = -746.0;
     constexpr double log2Of64 = 64.0;
-    if (x.high != x.high) return NONE;
+    if (x.high != x.high) return NOT_A_NUMBER;
     if (x.high > overflowing) return INFINITE;
     if (x.high < vanishing) return 0.0;
     // 2^k is brought in by two factors: one of them would overflow, or lose digits before the other does.
@@ -49,7 +45,7 @@ double exponential::ExpOfOther(Pair x) {
 
 double exponential::PowOfOther(double base, double exponent) {
     if (exponent == 0.0 || base == 1.0) return 1.0;
-    if (base != base || exponent != exponent) return NONE;
+    if (base != base || exponent != exponent) return NOT_A_NUMBER;
     const double magnitude = Absolute(base);
     if (Absolute(exponent) == INFINITE) {
         if (magnitude == 1.0) return 1.0;
@@ -59,7 +55,7 @@ double exponential::PowOfOther(double base, double exponent) {
     const double sign = isInteger && IsOdd(exponent) ? TimesSignOf(1.0, base) : 1.0;
     if (magnitude == 0.0) return exponent > 0.0 ? sign * 0.0 : sign * INFINITE;
     if (magnitude == INFINITE) return exponent > 0.0 ? sign * INFINITE : sign * 0.0;
-    if (base < 0.0 && !isInteger) return NONE;
+    if (base < 0.0 && !isInteger) return NOT_A_NUMBER;
     return sign * PowOfPositive(magnitude, exponent);
 }
 

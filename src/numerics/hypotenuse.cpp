@@ -1,14 +1,12 @@
 #include "numerics/hypotenuse.h"
 
 #include <cmath>
-#include <limits>
 
 #include "numerics/double_pair.h"
+#include "numerics/special_values.h"
 
 namespace tessara {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 // Of magnitudes whose squares are normal numbers, or nothing beside each other.
 double HypotOrdinary(double longer, double shorter) {

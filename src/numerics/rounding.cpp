@@ -1,12 +1,9 @@
 #include "numerics/rounding.h"
 
-#include <limits>
+#include "numerics/special_values.h"
 
 namespace tessara {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NONE = std::numeric_limits<double>::quiet_NaN();
 
 constexpr int MANTISSA_BITS = 52;
 
@@ -56,12 +53,12 @@ double rounding::RestOf(double magnitude, double divisor) {
 }
 
 double Fmod(double x, double y) {
-    if (!HasRemainder(x, y)) return NONE;
+    if (!HasRemainder(x, y)) return NOT_A_NUMBER;
     return TimesSignOf(rounding::RestOf(Absolute(x), Absolute(y)), x);
 }
 
 double Remainder(double x, double y) {
-    if (!HasRemainder(x, y)) return NONE;
+    if (!HasRemainder(x, y)) return NOT_A_NUMBER;
     const double divisor = Absolute(y);
     if (divisor == INFINITE) return x;
     // The rest of twice the divisor says which multiple is even.

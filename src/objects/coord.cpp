@@ -5,6 +5,7 @@
 #include "records/default_koord.h"
 #include "records/koord_shift.h"
 #include "records/zones.h"
+#include "systems/reference.h"
 #include "tessara/coord_geographic.h"
 #include "tessara/coordinate_reference.h"
 #include "tessara/kernel/constants.h"
@@ -13,13 +14,6 @@
 
 namespace tessara {
 namespace {
-
-std::int32_t DatumOf(const CKoord& koord) {
-    return static_cast<std::int32_t>(koord.datum);
-}
-std::int32_t SystemOf(const CKoord& koord) {
-    return static_cast<std::int32_t>(koord.type);
-}
 
 bool IsWgs84Geodez(const CKoord& koord) {
     return koord.datum == DATUM_WGS84 && koord.type == KOORD_GEODEZ;
@@ -41,7 +35,7 @@ bool Coord::SetPixel(double x, double y) {
 }
 
 bool Coord::GetPixel(double* x, double* y) {
-    if (!valid_ || !IsPixelType(SystemOf(koord_)) || x == nullptr || y == nullptr) return false;
+    if (!valid_ || !IsPixel(koord_) || x == nullptr || y == nullptr) return false;
     const FloatPixelPayload pixel = PixelOf(koord_);
     *x = pixel.x;
     *y = pixel.y;
@@ -84,7 +78,7 @@ bool Coord::SetGeographic(ICoordGeographic* source) {
         CKoord wgs84;
         Store(wgs84, position);
         // The default record wants no zone, so the new position is written in its natural zone.
-        if (zones::Exist(SystemOf(koord_))) ResetToDefault(&koord_);
+        if (zones::Exist(TypeOf(koord_))) ResetToDefault(&koord_);
         if (KoordConvert(&wgs84, &koord_) != KOORD_OK) return false;
     }
     koord_.SetHeight(position.height);
@@ -95,7 +89,7 @@ bool Coord::SetGeographic(ICoordGeographic* source) {
 bool Coord::GetReference(ICoordinateReference* target) {
     const IRef<ICoordinateReference> reference(target);
     return reference.IsValid() && reference->SetDatum(DatumOf(koord_)) &&
-           reference->SetSystem(SystemOf(koord_));
+           reference->SetSystem(TypeOf(koord_));
 }
 
 bool Coord::SetReference(ICoordinateReference* newReference) {
@@ -103,10 +97,10 @@ bool Coord::SetReference(ICoordinateReference* newReference) {
     if (!reference.IsValid()) return false;
     const std::int32_t datum = reference->GetDatum();
     const std::int32_t system = reference->GetSystem();
-    if (datum == DatumOf(koord_) && system == SystemOf(koord_)) return true;
+    if (datum == DatumOf(koord_) && system == TypeOf(koord_)) return true;
 
     if (valid_) {
-        const bool fromPixel = IsPixelType(SystemOf(koord_));
+        const bool fromPixel = IsPixel(koord_);
         const bool toPixel = IsPixelType(system);
         if (fromPixel && toPixel) return SetPixelReference(datum, system);
         // Only a map can relate a pixel to a world position.

@@ -10,12 +10,12 @@
 namespace tessara {
 namespace {
 
-constexpr double ROUNDINGS = 8.0;
+constexpr double MARGIN_ROUNDINGS = 8.0;
 
 // Infinite borders get no margin, since infinity minus infinity isn't a number.
 double Margin(double a, double b) {
     const double size = 1.0 + std::fabs(a) + std::fabs(b);
-    return std::isfinite(size) ? ROUNDINGS * std::numeric_limits<double>::epsilon() * size : 0.0;
+    return std::isfinite(size) ? MARGIN_ROUNDINGS * std::numeric_limits<double>::epsilon() * size : 0.0;
 }
 
 bool Meet(const Box& a, const Box& b) {

@@ -20,7 +20,7 @@ namespace {
 // degrees. A midpoint beside a zone border is measured from a point this far inside the zone, and the search
 // for that point ends at this accuracy.
 constexpr double BORDER_INSET = 1e-8;
-constexpr int BORDER_ROUNDS = 8;
+constexpr int INSET_ROUNDS = 8;
 
 double Mean(double first, double second) {
     return (first + second) / 2.0;
@@ -105,7 +105,7 @@ bool MeanBesideBorder(double offset, tagKOORD* mean) {
     tagKOORD border = result;
     double distance = HUGE_VAL;
     for (int round = 0; distance > BORDER_INSET; ++round) {
-        if (round == BORDER_ROUNDS) return false;
+        if (round == INSET_ROUNDS) return false;
         if (!zones::StepAlongMeridian(longitude, position.latitude, RangeCheck::On, &border, &position))
             return false;
         distance = std::fabs(position.longitude - longitude);

@@ -46,7 +46,7 @@ void RaiseGeorefPrecision(const tagKOORD& source, tagKOORD* target) {
 }
 
 // Derives letters and partial values from the full values, by a conversion there and back on one datum.
-void RenewLetters(tagKOORD* target) {
+void RenewParts(tagKOORD* target) {
     tagKOORD scratch = *target;
     scratch.datum = DATUM_WGS84;
     auto payload = Load<LetterGridPayload>(scratch);
@@ -68,7 +68,7 @@ bool CopyAxis(Axis axis, const tagKOORD& source, tagKOORD* target) {
     for (const RecordField field : AxisRowOf(axis, source).travels.All())
         CopyField(field, source, target);
     if (row.form == Form::Squares && axis == Axis::East) KeepRowOnItsGround(oldZone, target);
-    if (row.form == Form::LetterGrid) RenewLetters(target);
+    if (row.form == Form::LetterGrid) RenewParts(target);
     if (row.type == KOORD_GEOREF) RaiseGeorefPrecision(source, target);
     return true;
 }

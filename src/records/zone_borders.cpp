@@ -2,16 +2,17 @@
 
 #include <cfloat>
 #include <cmath>
-#include <limits>
 
 #include "kernel/numeric.h"
 #include "numerics/rounding.h"
+#include "numerics/special_values.h"
 #include "records/axis_values.h"
 #include "records/call_depth.h"
 #include "records/convert_records.h"
 #include "records/system_extremes.h"
 #include "records/zone_meridian.h"
 #include "records/zones.h"
+#include "systems/reference.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/datum.h"
@@ -33,15 +34,6 @@ constexpr int EAST_TRIALS = 20;
 
 constexpr double WELL_INSIDE = 1e-4;         // degrees; more than a metre at latitude 84
 constexpr double EQUATOR_DEGREE = 112000.0;  // metres; more than a degree on the equator of any ellipsoid
-
-constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
-
-std::int32_t DatumOf(const tagKOORD& record) {
-    return static_cast<std::int32_t>(record.datum);
-}
-std::int32_t TypeOf(const tagKOORD& record) {
-    return static_cast<std::int32_t>(record.type);
-}
 
 // The wanted zone with which a position stays in the record's zone. Strips want the true meridian, however
 // their numbers count.
@@ -71,14 +63,14 @@ bool MoveUtmrefToEquator(tagKOORD* record) {
 double WidestNorthing(const tagKOORD& record) {
     if (SystemOf(record).limits.south <= 0.0) return 0.0;
     tagKOORD south;
-    if (!FindSystemExtreme(Compass::South, DatumOf(record), TypeOf(record), &south)) return NO_VALUE;
+    if (!FindSystemExtreme(Compass::South, DatumOf(record), TypeOf(record), &south)) return NOT_A_NUMBER;
     return axes::Value(Axis::North, south);
 }
 
 // The distance of a record east of the central line of its zone; NaN if the zone doesn't exist.
 double EastOfCentre(const tagKOORD& record) {
     tagKOORD centre = record;
-    return zones::MoveToCentre(&centre) ? zones::East(record) - zones::East(centre) : NO_VALUE;
+    return zones::MoveToCentre(&centre) ? zones::East(record) - zones::East(centre) : NOT_A_NUMBER;
 }
 
 // Whether the point of a meridian at a latitude has the northing of `border`. Beyond a pole it doesn't: the
@@ -101,7 +93,7 @@ class ZoneWidth {
     double At(double signedNorthing) const {
         tagKOORD border = record_;
         axes::SetSignedNorthing(signedNorthing, &border);
-        return zones::MoveToBorder(side_, &border) ? std::fabs(EastOfCentre(border)) : NO_VALUE;
+        return zones::MoveToBorder(side_, &border) ? std::fabs(EastOfCentre(border)) : NOT_A_NUMBER;
     }
 
   private:

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <limits>
 
 #include "kernel/letters.h"
 #include "kernel/numeric.h"
 #include "kernel/utmref_letters.h"
 #include "numerics/rounding.h"
+#include "numerics/special_values.h"
 #include "records/axis_values.h"
 #include "systems/fields.h"
 #include "systems/system_row.h"
@@ -16,8 +16,6 @@
 
 namespace tessara {
 namespace {
-
-constexpr double NO_VALUE = std::numeric_limits<double>::quiet_NaN();
 
 constexpr std::int32_t AUSTRIAN_STEP = AUSTRIAN_MERIDIANS[1] - AUSTRIAN_MERIDIANS[0];
 
@@ -189,10 +187,10 @@ double zones::JoinStrip(const StripEasting& parts) {
 double zones::East(const tagKOORD& record) {
     if (HasStrips(record)) {
         StripEasting parts;
-        return zones::SplitStrip(record, &parts) ? parts.offset : NO_VALUE;
+        return zones::SplitStrip(record, &parts) ? parts.offset : NOT_A_NUMBER;
     }
     const SystemRow& row = SystemOf(record);
-    return row.form == Form::Zoned ? axes::Value(Axis::East, record) : NO_VALUE;
+    return row.form == Form::Zoned ? axes::Value(Axis::East, record) : NOT_A_NUMBER;
 }
 
 void zones::SetEast(double east, tagKOORD* record) {

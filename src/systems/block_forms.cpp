@@ -422,7 +422,7 @@ void StoreUps(const Block& block, std::span<tagKOORD> records) {
 #undef SET
 
 template <const zones::StripSystem& system>
-constexpr BlockForm Strips() {
+constexpr BlockForm StripBlocks() {
     return {LoadGrid<GkPayload>,    StripInverseOf<system>, LoadWantedMeridian<system>,
             StripForwardOf<system>, StoreGrid<GkPayload>,   METRES};
 }
@@ -455,8 +455,8 @@ constinit const BlockForm UTMREF_BLOCKS{LoadUtmref,
                                         nullptr,
                                         MilitaryFromFields,
                                         MilitaryToFields};
-constinit const BlockForm GK_BLOCKS = Strips<zones::GK>();
-constinit const BlockForm GK6_BLOCKS = Strips<zones::GK6>();
+constinit const BlockForm GK_BLOCKS = StripBlocks<zones::GK>();
+constinit const BlockForm GK6_BLOCKS = StripBlocks<zones::GK6>();
 constinit const BlockForm BMN_BLOCKS = AustrianForms<austria::BMN>();
 constinit const BlockForm OEM_BLOCKS = AustrianForms<austria::OEM>();
 constinit const BlockForm GKAT_BLOCKS = AustrianForms<austria::GKAT>();

@@ -7,13 +7,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 
+#include "numerics/special_values.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
 
-inline constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 static_assert(std::bit_cast<std::uint64_t>(NOT_A_NUMBER) == 0x7FF8000000000000);
 
 [[nodiscard]] constexpr double WithOneNan(double value) {

@@ -35,10 +35,6 @@ AxisRange NorthRange(const Limits& limits) {
 constexpr RangeStatus EAST_STATUS{KOORD_ERR_EAST_LOW, KOORD_ERR_EAST_HIGH};
 constexpr RangeStatus NORTH_STATUS{KOORD_ERR_NORTH_LOW, KOORD_ERR_NORTH_HIGH};
 
-constexpr RangeStatus Either(KoordStatus status) {
-    return {status, status};
-}
-
 KoordStatus CheckAxis(double value, AxisRange range, RangeStatus status) {
     if (!(value >= range.low)) return status.low;
     if (value > range.high) return status.high;

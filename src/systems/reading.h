@@ -6,15 +6,12 @@
 #include "kernel/payload_in.h"
 #include "kernel/transverse_mercator_constants.h"
 #include "systems/projection.h"
+#include "systems/reference.h"
 #include "tessara/kernel/koord.h"
 #include "tessara/kernel/koord_status.h"
 #include "tessara/kernel/transverse_mercator.h"
 
 namespace tessara {
-
-[[nodiscard]] inline std::int32_t DatumOf(const tagKOORD& record) {
-    return static_cast<std::int32_t>(record.datum);
-}
 
 namespace reading {
 

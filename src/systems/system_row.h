@@ -88,6 +88,10 @@ struct RangeStatus {
     KoordStatus high;
 };
 
+constexpr RangeStatus Either(KoordStatus status) {
+    return {status, status};
+}
+
 // The stage at which a conversion tests the range of its target.
 enum class RangeTest : std::uint8_t {
     Refused,      // such a target can't be tested

@@ -74,10 +74,6 @@ constexpr WantedZones GK6_WANTED{-177, 177, 6, NO_WANTED_ZONE, NO_WANTED_ZONE};
 constexpr WantedZones AUSTRIAN_WANTED{AUSTRIAN_MERIDIANS[0], AUSTRIAN_MERIDIANS[2], 1, NO_WANTED_ZONE,
                                       AUSTRIAN_MERIDIANS[2]};
 
-constexpr RangeStatus Either(KoordStatus status) {
-    return {status, status};
-}
-
 // The common properties of the three Austrian grids.
 constexpr SystemRow Austrian(std::int32_t type, double firstCentre, double centreStep) {
     return {

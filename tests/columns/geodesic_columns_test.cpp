@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "numerics/special_values.h"
 #include "support/any_doubles.h"
-#include "support/doubles.h"
 #include "support/instruction_sets.h"
 #include "support/random.h"
 #include "support/setting.h"
@@ -169,7 +169,7 @@ Results SolvedOneByOne(const std::vector<Ray>& rays, const Axes& axes) {
 
 // `ctest -C Soak -R equality` sets the variable.
 std::size_t RowsWanted() {
-    return testing::Setting("TESSARA_EQUALITY_POSITIONS", 5000);
+    return testing::SizeSetting("TESSARA_EQUALITY_POSITIONS", 5000);
 }
 
 // WGS84, Bessel, the sphere, and none.

@@ -5,7 +5,7 @@
 #include <new>
 
 #include "geometry/line_points.h"
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/host_map.h"
 #include "support/lines.h"
 #include "support/live_objects.h"

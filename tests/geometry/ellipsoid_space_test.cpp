@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/space.h"

@@ -21,7 +21,7 @@ using testing::PixelOf;
 using testing::Utm32;
 
 constexpr double FAILED = -std::numeric_limits<double>::max();
-constexpr std::int32_t DATUM_GER = 3;
+constexpr std::int32_t GER = 3;
 
 class LinePointsTest : public testing::BalancedTest {
   protected:
@@ -137,7 +137,7 @@ TEST_F(LinePointsTest, TheFootHasTheReferenceThatIsAskedFor) {
     EXPECT_EQ(degrees->GetHeight(), 80.0);
 
     for (const std::int32_t system : {KOORD_LONGPIXEL, KOORD_FLOATPIXEL}) {
-        for (const std::int32_t datum : {DATUM_WGS84, DATUM_GER}) {
+        for (const std::int32_t datum : {DATUM_WGS84, GER}) {
             const IRef<ICoord> pixel = EmptyCoord(datum, system);
             ASSERT_TRUE(Foot(GeodezRecord(60, 5.03), GeodezRecord(50, 0), GeodezRecord(50, 10), pixel));
             EXPECT_EQ(KoordOf(pixel).type, KOORD_FLOATPIXEL);

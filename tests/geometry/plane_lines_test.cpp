@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 
 namespace tessara {

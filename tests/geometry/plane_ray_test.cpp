@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 #include "tessara/kernel/constants.h"
 

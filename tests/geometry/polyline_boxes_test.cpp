@@ -4,10 +4,9 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 
 #include "geometry/plane_intersections.h"
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 
 namespace tessara {
@@ -17,8 +16,6 @@ using testing::Random;
 
 using Polyline = std::vector<PlanePoint>;
 using Pair = std::pair<std::size_t, std::size_t>;
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // Each pair of segments that IntersectSegments finds an intersection on, by trying all of them.
 std::vector<Pair> IntersectionPairs(const Polyline& a, const Polyline& b) {

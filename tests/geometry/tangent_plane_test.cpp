@@ -21,7 +21,7 @@ using testing::PI_180;
 using testing::Place;
 using testing::Random;
 
-constexpr double WGS84_E2 = 0.0066943799901413165;
+constexpr double E2_OF_WGS84 = 0.0066943799901413165;
 
 struct PlanePlace {
     double x, y, z;
@@ -78,7 +78,7 @@ TEST_F(TangentPlaneTest, TheWayBackUndoesPlaneCoordinates) {
         const PlanePlace place = PlaceOf(p);
         ASSERT_TRUE(plane->PlaneCoordsToCoord(place.x, place.y, place.z, out.Get()));
         const double latitude = PayloadOf<GeodezPayload>(p).latitude;
-        const double limit = testing::HeightLimit(latitude, p->GetHeight(), WGS84_E2) + 1e-6;
+        const double limit = testing::HeightLimit(latitude, p->GetHeight(), E2_OF_WGS84) + 1e-6;
         ASSERT_NEAR(out->GetHeight(), p->GetHeight(), limit) << "latitude " << latitude;
         Vector up;
         ASSERT_TRUE(ellipsoid->GetNormal(p.Get(), &up));

@@ -2,17 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
+#include "numerics/special_values.h"
 #include "support/grids.h"
 #include "support/live_objects.h"
 #include "support/objects.h"
 
 namespace tessara::testing {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 class CoordinateGridFactoryTest : public BalancedTest {
   protected:

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/tm_constants.h"

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "numerics/special_values.h"
 #include "support/datum_steps.h"
-#include "support/doubles.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 

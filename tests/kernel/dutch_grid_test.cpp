@@ -5,7 +5,7 @@
 #include <cmath>
 #include <random>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 

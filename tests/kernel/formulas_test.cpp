@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "tessara/kernel/constants.h"
 
 namespace tessara {

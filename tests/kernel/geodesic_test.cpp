@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/records.h"
 #include "support/reference_file.h"

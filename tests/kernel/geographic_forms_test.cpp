@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara {

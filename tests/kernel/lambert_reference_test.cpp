@@ -3,9 +3,9 @@
 
 #include <cfloat>
 #include <cmath>
-#include <limits>
 
 #include "kernel/reference_forms.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 
 namespace tessara {
@@ -14,8 +14,6 @@ namespace {
 using ::tessara::testing::Random;
 
 constexpr int TRIALS = 20000;
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // Parallels on one side of the equator, at least a degree apart.
 LambertCC RandomCone(Random& random) {

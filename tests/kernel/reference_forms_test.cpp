@@ -5,7 +5,7 @@
 #include <cfloat>
 #include <cmath>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/tm_constants.h"
 #include "tessara/kernel/dutch_grid.h"

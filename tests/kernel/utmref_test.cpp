@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/reference_file.h"
 #include "support/sanitized.h"
 #include "tessara/kernel/constants.h"

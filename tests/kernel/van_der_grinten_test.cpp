@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 

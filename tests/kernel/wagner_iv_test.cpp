@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/records.h"
 #include "support/reference_file.h"
 

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <string>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 #include "support/tm_constants.h"

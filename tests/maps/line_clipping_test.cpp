@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+
+#include "numerics/special_values.h"
 
 namespace tessara {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // Valid where the condition on x holds; a valid pixel leads back to itself.
 template <class Condition>

@@ -7,6 +7,7 @@
 #include <limits>
 #include <new>
 
+#include "numerics/special_values.h"
 #include "support/live_objects.h"
 #include "support/map_objects.h"
 #include "support/objects.h"
@@ -16,17 +17,15 @@
 namespace tessara::testing {
 namespace {
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-
 // One degree a pixel: column and row are the longitude and the negative latitude.
-MapParam DegreeMap(std::int32_t datum = DATUM_WGS84) {
+MapParam DegreesOn(std::int32_t datum = DATUM_WGS84) {
     return Map(MAP_DD, MapDdParams{0.0, 0.0, 1.0, 1.0}, datum);
 }
 
 class MapTest : public BalancedTest {
   protected:
     IRef<IUnknown> stranger = MakeStranger();
-    IRef<IMapCoordOperations> degrees = MapOf(DegreeMap());
+    IRef<IMapCoordOperations> degrees = MapOf(DegreesOn());
     double fx = 1.5, fy = 2.5;
     std::int32_t lx = 3, ly = 4;
 };
@@ -87,9 +86,9 @@ TEST_F(MapTest, GivesItsScale) {
 
 TEST_F(MapTest, GivesItsDatum) {
     const IRef<IGeoDate> date(CreateClassGeoDate());
-    EXPECT_TRUE(MapOf(DegreeMap(6))->GetGeoDate(date.Get()));
+    EXPECT_TRUE(MapOf(DegreesOn(6))->GetGeoDate(date.Get()));
     EXPECT_EQ(date->GetDatum(), 6);
-    EXPECT_FALSE(MapOf(DegreeMap(500))->GetGeoDate(date.Get()));
+    EXPECT_FALSE(MapOf(DegreesOn(500))->GetGeoDate(date.Get()));
     EXPECT_EQ(date->GetDatum(), 6);
     EXPECT_FALSE(degrees->GetGeoDate(nullptr));
     EXPECT_FALSE(degrees->GetGeoDate(Disguised<IGeoDate>(stranger)));
@@ -346,7 +345,7 @@ TEST_F(MapTest, APixelFillsAFreshEcefCoordinateOnEveryDatum) {
     const IRef<IMapCoordOperations> nowhere =
         MapOf(Map(MAP_GAUKRU, MapGkParams{0, -6, -2500000.0, 5400000.0, 1.0, 1.0}));
     for (std::int32_t datum = 0; datum < DATUM_COUNT; ++datum) {
-        const IRef<IMapCoordOperations> map = MapOf(DegreeMap(datum));
+        const IRef<IMapCoordOperations> map = MapOf(DegreesOn(datum));
         const IRef<ICoord> ecef = EmptyCoord(datum, KOORD_ECEF);
         for (const bool isReused : {false, true}) {
             if (isReused) {
@@ -369,7 +368,7 @@ TEST_F(MapTest, APixelFillsAFreshEcefCoordinateOnEveryDatum) {
 TEST_F(MapTest, AnEcefCoordinateWithoutAPositionKeepsTheHeightThatItWasGiven) {
     const IRef<ICoord> ecef = EmptyCoord(3, KOORD_ECEF);
     ecef->SetHeight(123.0);
-    ASSERT_TRUE(MapOf(DegreeMap(3))->FloatPixelToCoord(11.0, -48.0, ecef.Get()));
+    ASSERT_TRUE(MapOf(DegreesOn(3))->FloatPixelToCoord(11.0, -48.0, ecef.Get()));
     EXPECT_NEAR(ecef->GetHeight(), 123.0, 1e-3);
 }
 
@@ -457,7 +456,7 @@ TEST_F(MapTest, GivesFractionalAndWholePixels) {
 }
 
 TEST_F(MapTest, FillsAPixelCoordinateOfEitherForm) {
-    const IRef<IMapCoordOperations> map = MapOf(DegreeMap(6));
+    const IRef<IMapCoordOperations> map = MapOf(DegreesOn(6));
     const IRef<ICoord> in = CoordOf(GeodezRecord(48.5, -11.5, 520.0, 6));
     for (std::int32_t system : {KOORD_LONGPIXEL, KOORD_FLOATPIXEL}) {
         const IRef<ICoord> pixel = EmptyCoord(DATUM_WGS84, system);

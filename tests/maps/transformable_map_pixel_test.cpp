@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "numerics/special_values.h"
 #include "support/host_map.h"
 #include "support/live_objects.h"
 #include "support/map_objects.h"
@@ -15,8 +15,6 @@
 
 namespace tessara::testing {
 namespace {
-
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 IRef<IFloatPoint> PointAt(double x, double y) {
     IRef<IFloatPoint> point(CreateClassFloatPoint());
@@ -31,7 +29,7 @@ IRef<IRect> RectOf(std::int32_t left, std::int32_t top, std::int32_t right, std:
 
 // A map of whole degrees: column and row are the longitude and the negative latitude. UTM is valid on the
 // rows -84 to 80.
-MapParam DegreeMap() {
+MapParam WholeDegreeMap() {
     return Map(MAP_DD, MapDdParams{0.0, 0.0, 1.0, 1.0});
 }
 
@@ -57,7 +55,7 @@ class FindValidCoordTest : public BalancedTest {
 
     IRef<IUnknown> stranger = MakeStranger();
     IRef<ITransformableMapPixel> finder{CreateClassTransformableMapPixel()};
-    IRef<IMapCoordOperations> map = MapOf(DegreeMap());
+    IRef<IMapCoordOperations> map = MapOf(WholeDegreeMap());
     IRef<ICoord> coord = EmptyCoord(DATUM_WGS84, KOORD_UTM);
 };
 
@@ -171,12 +169,12 @@ class ClipLineTest : public BalancedTest {
 };
 
 TEST_F(ClipLineTest, AWhollyValidLineStaysAsItIs) {
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(1.0, -50.0), PointAt(12.5, -30.25)), 0);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(1.0, -50.0), PointAt(12.5, -30.25)), 0);
     ExpectPoints(1.0, -50.0, 12.5, -30.25);
 }
 
 TEST_F(ClipLineTest, AWhollyInvalidLineWritesNothing) {
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(0.0, -100.0), PointAt(50.0, -86.0)), 3);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(0.0, -100.0), PointAt(50.0, -86.0)), 3);
     ExpectPoints(-1.0, -2.0, -3.0, -4.0);
 }
 
@@ -231,9 +229,9 @@ TEST_F(ClipLineTest, APieceInTheMiddleIsCutFromBothSides) {
 }
 
 TEST_F(ClipLineTest, ALineOfOnePointIsValidOrNot) {
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(5.0, -50.0), PointAt(5.0, -50.0)), 0);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(5.0, -50.0), PointAt(5.0, -50.0)), 0);
     ExpectPoints(5.0, -50.0, 5.0, -50.0);
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(5.0, -86.0), PointAt(5.0, -86.0)), 3);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(5.0, -86.0), PointAt(5.0, -86.0)), 3);
 }
 
 // The area of the system alone would take it.
@@ -253,9 +251,10 @@ TEST_F(ClipLineTest, HoldsAPositionToTheLimitsOfLatitudeToo) {
 TEST_F(ClipLineTest, ReadsItsEndsBeforeItWrites) {
     const IRef<IFloatPoint> a = PointAt(5.0, -100.0);
     const IRef<IFloatPoint> b = PointAt(5.0, -50.0);
-    EXPECT_EQ(clipper->ClipLineToValid(MapOf(DegreeMap()).Get(), ReferenceOf(DATUM_WGS84, KOORD_UTM).Get(),
-                                       a.Get(), b.Get(), a.Get(), b.Get()),
-              2);
+    EXPECT_EQ(
+        clipper->ClipLineToValid(MapOf(WholeDegreeMap()).Get(), ReferenceOf(DATUM_WGS84, KOORD_UTM).Get(),
+                                 a.Get(), b.Get(), a.Get(), b.Get()),
+        2);
     // Pixels: the edge is found to half of one.
     EXPECT_NEAR(a->GetY(), -84.0, 0.5);
     EXPECT_EQ(b->GetY(), -50.0);
@@ -263,18 +262,18 @@ TEST_F(ClipLineTest, ReadsItsEndsBeforeItWrites) {
 
 TEST_F(ClipLineTest, LeavesTheThirdNumberOfAPoint) {
     first->SetZ(7.0);
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(1.0, -50.0), PointAt(2.0, -50.0)), 0);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(1.0, -50.0), PointAt(2.0, -50.0)), 0);
     EXPECT_EQ(first->GetZ(), 7.0);
 }
 
 TEST_F(ClipLineTest, AnEndThatIsNowhereFails) {
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(NOT_A_NUMBER, 0.0), PointAt(1.0, 1.0)), -1);
-    EXPECT_EQ(Clip(DegreeMap(), KOORD_UTM, PointAt(0.0, 0.0), PointAt(1.0, -INFINITY)), -1);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(NOT_A_NUMBER, 0.0), PointAt(1.0, 1.0)), -1);
+    EXPECT_EQ(Clip(WholeDegreeMap(), KOORD_UTM, PointAt(0.0, 0.0), PointAt(1.0, -INFINITY)), -1);
     ExpectPoints(-1.0, -2.0, -3.0, -4.0);
 }
 
 TEST_F(ClipLineTest, NeedsAllOfItsArguments) {
-    const IRef<IMapCoordOperations> map = MapOf(DegreeMap());
+    const IRef<IMapCoordOperations> map = MapOf(WholeDegreeMap());
     const IRef<ICoordinateReference> utm = ReferenceOf(DATUM_WGS84, KOORD_UTM);
     const IRef<IFloatPoint> a = PointAt(1.0, -50.0);
     const IRef<IFloatPoint> b = PointAt(2.0, -50.0);
@@ -298,7 +297,7 @@ TEST_F(ClipLineTest, NeedsAllOfItsArguments) {
 }
 
 TEST_F(ClipLineTest, FailsWithoutMemoryForItsParts) {
-    const IRef<IMapCoordOperations> map = MapOf(DegreeMap());
+    const IRef<IMapCoordOperations> map = MapOf(WholeDegreeMap());
     const IRef<ICoordinateReference> utm = ReferenceOf(DATUM_WGS84, KOORD_UTM);
     const IRef<IFloatPoint> a = PointAt(1.0, -50.0);
     const IRef<IFloatPoint> b = PointAt(2.0, -50.0);
@@ -326,7 +325,7 @@ class OneWayMap : public HostMap {
 };
 
 TEST_F(ClipLineTest, ALineOfPositionsWithoutAPixelHasNoValidPart) {
-    const IRef<IMapCoordOperations> map(NewObject<OneWayMap>(MapOf(DegreeMap())));
+    const IRef<IMapCoordOperations> map(NewObject<OneWayMap>(MapOf(WholeDegreeMap())));
     EXPECT_EQ(clipper->ClipLineToValid(map.Get(), ReferenceOf(DATUM_WGS84, KOORD_UTM).Get(),
                                        PointAt(1.0, -50.0).Get(), PointAt(12.5, -30.25).Get(), first.Get(),
                                        second.Get()),

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
+#include "numerics/special_values.h"
 #include "support/any_doubles.h"
-#include "support/doubles.h"
 #include "support/exact_functions.h"
 #include "support/random.h"
 

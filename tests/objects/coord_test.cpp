@@ -5,8 +5,8 @@
 #include <climits>
 #include <cmath>
 
+#include "numerics/special_values.h"
 #include "records/default_koord.h"
-#include "support/doubles.h"
 #include "support/live_objects.h"
 #include "support/reference_file.h"
 #include "support/zoned_records.h"

@@ -24,7 +24,7 @@ constexpr const char* MUNICH_GK = "4468409.6792 5333259.5202";
 // echo 48.1375 11.5755 | GeoConvert -u -p 4
 constexpr const char* MUNICH_UTM = "32 N 691602.6597 5334791.1445";
 
-std::vector<std::string> Convert(std::vector<std::string> arguments) {
+std::vector<std::string> Converting(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "convert");
     return arguments;
 }
@@ -32,17 +32,17 @@ std::vector<std::string> Convert(std::vector<std::string> arguments) {
 }  // namespace
 
 TEST(Convert, WritesTheFieldsOfATarget) {
-    ExpectDone(Tessara(Convert({"--to", "UTM"}), MUNICH), std::string(MUNICH_UTM) + "\n");
+    ExpectDone(Tessara(Converting({"--to", "UTM"}), MUNICH), std::string(MUNICH_UTM) + "\n");
 }
 
 TEST(Convert, PassesTheRestOfALineThrough) {
-    ExpectDone(Tessara(Convert({"--to", "UTM", "--to", "GEODEZ"}),
+    ExpectDone(Tessara(Converting({"--to", "UTM", "--to", "GEODEZ"}),
                        "48.1375 11.5755 520 town hall, \"A\"  # kept out\n48.1375 11.5755\tb7  c\n"),
                std::string(MUNICH_UTM) + " 520.0000\t48.137500000 11.575500000 520.0000\ttown hall, \"A\"\n" +
                    MUNICH_UTM + "\t48.137500000 11.575500000\tb7  c\n");
-    const Outcome json = Tessara(Convert({"--json"}), "48 11 5 town hall\n");
+    const Outcome json = Tessara(Converting({"--json"}), "48 11 5 town hall\n");
     EXPECT_EQ(Json::parse(json.out)["rest"], "town hall");
-    ExpectDone(Tessara(Convert({"--output", "csv"}), "48 11 a,b\n1 2\n"),
+    ExpectDone(Tessara(Converting({"--output", "csv"}), "48 11 a,b\n1 2\n"),
                "latitude,longitude,rest\n48.000000000,11.000000000,\"a,b\"\n1.000000000,2.000000000,\n");
 }
 
@@ -50,31 +50,33 @@ TEST(Convert, PassesTheRestOfALineThrough) {
 // the two texts of each target, as it does behind fields.
 TEST(Convert, WritesDegreesAsTexts) {
     ExpectDone(
-        Tessara(Convert({"--to", "UTM", "--to", "GEOGRAD", "--display"}), "48.1375 11.5755 520.5 hall\n"),
+        Tessara(Converting({"--to", "UTM", "--to", "GEOGRAD", "--display"}), "48.1375 11.5755 520.5 hall\n"),
         "N5334791.145\t32691602.660\t520.5000\t48\u00b008'15.000''N\t11\u00b034'31.800''E\t520.5000\thall\n");
-    ExpectDone(Tessara(Convert({"--to", "UTM", "--north-precision", "1", "--east-precision", "1"}), MUNICH),
-               "N 5334791\t32 691603\n");
-    ExpectDone(Tessara(Convert({"--input", "csv", "--to", "GEOGRAD", "--display"}), "lat,lon\n48.5,-11.25\n"),
-               "north,east\n48\u00b030'0.000''N,11\u00b015'0.000''W\n");
+    ExpectDone(
+        Tessara(Converting({"--to", "UTM", "--north-precision", "1", "--east-precision", "1"}), MUNICH),
+        "N 5334791\t32 691603\n");
+    ExpectDone(
+        Tessara(Converting({"--input", "csv", "--to", "GEOGRAD", "--display"}), "lat,lon\n48.5,-11.25\n"),
+        "north,east\n48\u00b030'0.000''N,11\u00b015'0.000''W\n");
 }
 
 TEST(Convert, PartsTheTargetsByTabs) {
-    ExpectDone(Tessara(Convert({"--from", "GER", "--to", "GK", "--to", "GEOGRAD"}), MUNICH),
+    ExpectDone(Tessara(Converting({"--from", "GER", "--to", "GK", "--to", "GEOGRAD"}), MUNICH),
                std::string(MUNICH_GK) + "\t48 8 15.00000 N 11 34 31.80000 E\n");
 }
 
 TEST(Convert, WritesDegreesOnWgs84WithoutATarget) {
-    ExpectDone(Tessara(Convert({}), "48.1375 11.5755"), "48.137500000 11.575500000\n");
+    ExpectDone(Tessara(Converting({}), "48.1375 11.5755"), "48.137500000 11.575500000\n");
 }
 
 TEST(Convert, TakesATargetWithoutDatumOnTheDatumOfThePositions) {
-    const Outcome named = Tessara(Convert({"--from", "GER", "--to", "GK@GER"}), MUNICH);
+    const Outcome named = Tessara(Converting({"--from", "GER", "--to", "GK@GER"}), MUNICH);
     ExpectDone(named, std::string(MUNICH_GK) + "\n");
-    ExpectDone(Tessara(Convert({"--from", "GER", "--to", "GK"}), MUNICH), named.out);
+    ExpectDone(Tessara(Converting({"--from", "GER", "--to", "GK"}), MUNICH), named.out);
 }
 
 TEST(Convert, ShiftsBetweenDatums) {
-    const Outcome outcome = Tessara(Convert({"--to", "GEODEZ@GER", "--json"}), MUNICH);
+    const Outcome outcome = Tessara(Converting({"--to", "GEODEZ@GER", "--json"}), MUNICH);
     ASSERT_EQ(outcome.status, 0);
     const Json result = Json::parse(outcome.out)["results"][0];
     // echo 11.5755 48.1375 | cs2cs -f %.10f +proj=longlat +datum=WGS84 +to +proj=longlat +ellps=bessel
@@ -85,42 +87,44 @@ TEST(Convert, ShiftsBetweenDatums) {
 }
 
 TEST(Convert, TakesNamesInUpperAndLowerCase) {
-    ExpectDone(Tessara(Convert({"--from", "ger", "--to", "gk@Ger"}), MUNICH), std::string(MUNICH_GK) + "\n");
+    ExpectDone(Tessara(Converting({"--from", "ger", "--to", "gk@Ger"}), MUNICH),
+               std::string(MUNICH_GK) + "\n");
 }
 
 TEST(Convert, WritesTheHeightOfALineThatGaveOne) {
     ExpectDone(
-        Tessara(Convert({"--to", "UTM", "--to", "GEODEZ"}), "48.1375 11.5755 520.25\n48.1375 11.5755\n"),
+        Tessara(Converting({"--to", "UTM", "--to", "GEODEZ"}), "48.1375 11.5755 520.25\n48.1375 11.5755\n"),
         std::string(MUNICH_UTM) + " 520.2500\t48.137500000 11.575500000 520.2500\n" + MUNICH_UTM +
             "\t48.137500000 11.575500000\n");
 }
 
 TEST(Convert, PutsTheHeightIntoEarthCentredCoordinates) {
     // echo 11.5755 48.1375 520 | cs2cs -f %.4f +proj=longlat +datum=WGS84 +to +proj=geocent +datum=WGS84
-    ExpectDone(Tessara(Convert({"--to", "ECEF"}), "48.1375 11.5755 520"),
+    ExpectDone(Tessara(Converting({"--to", "ECEF"}), "48.1375 11.5755 520"),
                "4177951.7880 855748.7081 4727480.1959\n");
 }
 
 TEST(Convert, SkipsBlankLinesAndComments) {
-    ExpectDone(Tessara(Convert({}), "# heading\n\n   \t\n48 11 # Munich\n  # end"),
+    ExpectDone(Tessara(Converting({}), "# heading\n\n   \t\n48 11 # Munich\n  # end"),
                "48.000000000 11.000000000\n");
 }
 
 TEST(Convert, TakesTabsSignsExponentsAndForeignLineEnds) {
-    ExpectDone(Tessara(Convert({}), "\t+48.5\t-1.15e1 \r\n-.5 +0\r\n"),
+    ExpectDone(Tessara(Converting({}), "\t+48.5\t-1.15e1 \r\n-.5 +0\r\n"),
                "48.500000000 -11.500000000\n-0.500000000 0.000000000\n");
 }
 
 TEST(Convert, WritesNoNegativeZero) {
-    ExpectDone(Tessara(Convert({}), "-0.0 -0.0000000001"), "0.000000000 0.000000000\n");
+    ExpectDone(Tessara(Converting({}), "-0.0 -0.0000000001"), "0.000000000 0.000000000\n");
 }
 
 TEST(Convert, WritesNoSixtiethMinute) {
-    ExpectDone(Tessara(Convert({"--to", "GEODEZMIN"}), "47.9999999999 0"), "47 59.9999999 N 0 0.0000000 E\n");
+    ExpectDone(Tessara(Converting({"--to", "GEODEZMIN"}), "47.9999999999 0"),
+               "47 59.9999999 N 0 0.0000000 E\n");
 }
 
 TEST(Convert, ReportsEachBadLineAndWritesAllOthers) {
-    const Outcome outcome = Tessara(Convert({}),
+    const Outcome outcome = Tessara(Converting({}),
                                     "48 11\n"
                                     "abc 11\n"
                                     "48 11x\n"
@@ -155,7 +159,7 @@ TEST(Convert, ReportsEachBadLineAndWritesAllOthers) {
 TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
     // UTM ends at 84 degrees, UPS begins at 80.
     const Outcome outcome =
-        Tessara(Convert({"--to", "UTM", "--to", "UPS", "--to", "GK@GER"}), "48 11\n85 11\n82 11\n");
+        Tessara(Converting({"--to", "UTM", "--to", "UPS", "--to", "GK@GER"}), "48 11\n85 11\n82 11\n");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(
@@ -170,7 +174,7 @@ TEST(Convert, NamesTheTargetsThatHaveNoSuchPosition) {
 // A GEOREF has no letters for longitude 180 and latitude 90; the count of its digits isn't the reason.
 TEST(Convert, NamesTheLimitsOfGeoref) {
     for (const char* position : {"10 180\n", "90 10\n"})
-        EXPECT_EQ(Tessara(Convert({"--to", "GEOREF"}), position).err,
+        EXPECT_EQ(Tessara(Converting({"--to", "GEOREF"}), position).err,
                   "-:1: not convertible to GEOREF@WGS84: longitude 180 and latitude 90 have no GEOREF, and "
                   "minutes must have 2, 3 or 4 digits\n");
 }
@@ -181,7 +185,7 @@ TEST(Convert, GivesTheReasonACodeInJson) {
 }
 
 TEST(Convert, TakesAPositionWithoutFiniteFieldsForNone) {
-    const Outcome outcome = Tessara(Convert({"--to", "TM"}), "90 10\n");
+    const Outcome outcome = Tessara(Converting({"--to", "TM"}), "90 10\n");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err,
@@ -190,7 +194,7 @@ TEST(Convert, TakesAPositionWithoutFiniteFieldsForNone) {
 
 TEST(Convert, ShowsNoControlCharactersAndNoEndlessWords) {
     const std::string word(10000, 'a');
-    const Outcome outcome = Tessara(Convert({}), std::string("\x1b[2Jx\0y 1\n", 10) + word + " 1\n");
+    const Outcome outcome = Tessara(Converting({}), std::string("\x1b[2Jx\0y 1\n", 10) + word + " 1\n");
     EXPECT_EQ(LinesOf(outcome.err), (std::vector<std::string>{
                                         "-:1: '?[2Jx?y' is not a number",
                                         "-:2: '" + std::string(40, 'a') + "...' is not a number",
@@ -201,7 +205,7 @@ TEST(Convert, WritesOneLineForEachOfManyPositions) {
     std::string input;
     for (int i = 0; i < 5000; ++i)
         input += std::to_string(i % 80) + " " + std::to_string(i % 180) + "\n";
-    const Outcome outcome = Tessara(Convert({"--to", "UTM"}), input);
+    const Outcome outcome = Tessara(Converting({"--to", "UTM"}), input);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(LinesOf(outcome.out).size(), 5000u);
 }
@@ -217,8 +221,8 @@ TEST(Convert, JobsKeepTheOrderOfTheLines) {
          {std::vector<std::string>{"--to", "UTM"}, std::vector<std::string>{"--json"}}) {
         std::vector<std::string> withJobs = arguments;
         withJobs.insert(withJobs.end(), {"--jobs", "4"});
-        const Outcome one = Tessara(Convert(arguments), input);
-        const Outcome four = Tessara(Convert(withJobs), input);
+        const Outcome one = Tessara(Converting(arguments), input);
+        const Outcome four = Tessara(Converting(withJobs), input);
         EXPECT_EQ(LinesOf(one.out).size(), 30000u - 30u);
         EXPECT_EQ(LinesOf(one.err).size(), 30u);
         EXPECT_EQ(LinesOf(one.err)[1], "-:1008: 'no' is not a number");
@@ -251,13 +255,14 @@ TEST(Convert, AnswersATypedTextBeforeTheNextIsThere) {
 
 TEST(Convert, IsTheSameUnderEveryLocale) {
     for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=tlh_QO", "LC_NUMERIC=fr_FR"}) {
-        const Outcome outcome = RunProgram(TESSARA_PROGRAM, Convert({"--to", "UTM"}), {MUNICH, {locale}, {}});
+        const Outcome outcome =
+            RunProgram(TESSARA_PROGRAM, Converting({"--to", "UTM"}), {MUNICH, {locale}, {}});
         ExpectDone(outcome, std::string(MUNICH_UTM) + "\n");
     }
 }
 
 TEST(Convert, FailsWhenItsOutputIsLost) {
-    const Outcome outcome = RunProgram(TESSARA_PROGRAM, Convert({}), {MUNICH, {}, "/dev/full"});
+    const Outcome outcome = RunProgram(TESSARA_PROGRAM, Converting({}), {MUNICH, {}, "/dev/full"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "tessara: cannot write standard output\n");
 }
@@ -282,7 +287,7 @@ TEST(Convert, EndsQuietlyWhereNobodyReadsItsOutput) {
 }
 
 TEST(Convert, TakesAByteOrderMarkForNoPartOfALine) {
-    ExpectDone(Tessara(Convert({}),
+    ExpectDone(Tessara(Converting({}),
                        "\xEF\xBB\xBF"
                        "48 11\n"),
                "48.000000000 11.000000000\n");
@@ -300,44 +305,46 @@ TEST(Convert, ReportsAStandardInputThatBreaks) {
 }
 
 TEST(ConvertUsage, KnowsTheNamesOfSystemsAndDatumsOnly) {
-    ExpectUsageError(Tessara(Convert({"--to", "XYZ"}), MUNICH), "unknown system 'XYZ'");
-    ExpectUsageError(Tessara(Convert({"--to", "UTM@XYZ"}), MUNICH), "unknown datum 'XYZ'");
-    ExpectUsageError(Tessara(Convert({"--from", "XYZ"}), MUNICH), "unknown datum or system 'XYZ'");
-    ExpectUsageError(Tessara(Convert({"--to", ""}), MUNICH), "unknown system ''");
-    ExpectUsageError(Tessara(Convert({"--to", "@GER"}), MUNICH), "unknown system ''");
-    ExpectUsageError(Tessara(Convert({"--to", "UTM@"}), MUNICH), "unknown datum ''");
-    ExpectUsageError(Tessara(Convert({"--to", "LAMBERTCC"}), MUNICH), "unknown system 'LAMBERTCC'");
+    ExpectUsageError(Tessara(Converting({"--to", "XYZ"}), MUNICH), "unknown system 'XYZ'");
+    ExpectUsageError(Tessara(Converting({"--to", "UTM@XYZ"}), MUNICH), "unknown datum 'XYZ'");
+    ExpectUsageError(Tessara(Converting({"--from", "XYZ"}), MUNICH), "unknown datum or system 'XYZ'");
+    ExpectUsageError(Tessara(Converting({"--to", ""}), MUNICH), "unknown system ''");
+    ExpectUsageError(Tessara(Converting({"--to", "@GER"}), MUNICH), "unknown system ''");
+    ExpectUsageError(Tessara(Converting({"--to", "UTM@"}), MUNICH), "unknown datum ''");
+    ExpectUsageError(Tessara(Converting({"--to", "LAMBERTCC"}), MUNICH), "unknown system 'LAMBERTCC'");
 }
 
 TEST(ConvertUsage, OffersNoPixels) {
-    ExpectUsageError(Tessara(Convert({"--to", "LONGPIXEL"}), MUNICH), "conversion to pixels requires a map");
-    ExpectUsageError(Tessara(Convert({"--to", "floatpixel"}), MUNICH), "conversion to pixels requires a map");
+    ExpectUsageError(Tessara(Converting({"--to", "LONGPIXEL"}), MUNICH),
+                     "conversion to pixels requires a map");
+    ExpectUsageError(Tessara(Converting({"--to", "floatpixel"}), MUNICH),
+                     "conversion to pixels requires a map");
 }
 
 TEST(ConvertUsage, KnowsItsOptionsOnly) {
-    ExpectUsageError(Tessara(Convert({"--frm", "GER"}), MUNICH), "--frm");
-    ExpectUsageError(Tessara(Convert({"--to"}), MUNICH), "--to");
+    ExpectUsageError(Tessara(Converting({"--frm", "GER"}), MUNICH), "--frm");
+    ExpectUsageError(Tessara(Converting({"--to"}), MUNICH), "--to");
 }
 
 TEST(ConvertFiles, AreReadInTheirOrderAndStandardInputAmongThem) {
     const ScratchDirectory files;
     const std::string first = files.File("first", "1 1");
     const std::string last = files.File("last", "3 3\n");
-    ExpectDone(Tessara(Convert({first, "-", last}), "2 2\n"),
+    ExpectDone(Tessara(Converting({first, "-", last}), "2 2\n"),
                "1.000000000 1.000000000\n2.000000000 2.000000000\n3.000000000 3.000000000\n");
 }
 
 TEST(ConvertFiles, MayStandOnEitherSideOfTheTargets) {
     const ScratchDirectory files;
     const std::string file = files.File("positions", MUNICH);
-    ExpectDone(Tessara(Convert({file, "--to", "UTM"})), std::string(MUNICH_UTM) + "\n");
-    ExpectDone(Tessara(Convert({"--to", "UTM", file})), std::string(MUNICH_UTM) + "\n");
+    ExpectDone(Tessara(Converting({file, "--to", "UTM"})), std::string(MUNICH_UTM) + "\n");
+    ExpectDone(Tessara(Converting({"--to", "UTM", file})), std::string(MUNICH_UTM) + "\n");
 }
 
 TEST(ConvertFiles, AreNamedInMessages) {
     const ScratchDirectory files;
     const std::string file = files.File("positions", "1 1\nx y\n");
-    const Outcome outcome = Tessara(Convert({file}));
+    const Outcome outcome = Tessara(Converting({file}));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, file + ":2: 'x' is not a number\n");
 }
@@ -347,7 +354,7 @@ TEST(ConvertFiles, ThatCantBeReadAreReportedAndTheOthersConverted) {
     const std::string missing = files.Path("missing");
     const std::string directory = files.Path("");
     const std::string file = files.File("positions", "1 1");
-    const Outcome outcome = Tessara(Convert({missing, directory, file}));
+    const Outcome outcome = Tessara(Converting({missing, directory, file}));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "1.000000000 1.000000000\n");
     EXPECT_EQ(outcome.err, missing + ": cannot read the file: No such file or directory\n" + directory +
@@ -356,19 +363,19 @@ TEST(ConvertFiles, ThatCantBeReadAreReportedAndTheOthersConverted) {
 
 TEST(ConvertFiles, MayBeEmpty) {
     const ScratchDirectory files;
-    ExpectDone(Tessara(Convert({files.File("empty", "")})), "");
+    ExpectDone(Tessara(Converting({files.File("empty", "")})), "");
 }
 
 TEST(ConvertFiles, AreNamedInJsonWhateverTheirBytes) {
     const ScratchDirectory files;
-    const Outcome outcome = Tessara(Convert({"--json", files.File("k\xf6ln", "1 1")}));
+    const Outcome outcome = Tessara(Converting({"--json", files.File("k\xf6ln", "1 1")}));
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_TRUE(Json::parse(outcome.out)["file"].get<std::string>().ends_with("k\xef\xbf\xbdln"));
 }
 
 TEST(ConvertJson, IsOneObjectForAPosition) {
     const Outcome outcome =
-        Tessara(Convert({"--json", "--from", "GER", "--to", "GK", "--to", "UTMREF@WGS84"}),
+        Tessara(Converting({"--json", "--from", "GER", "--to", "GK", "--to", "UTMREF@WGS84"}),
                 "# comment\n48.1375 11.5755 520.5\n48.1375 11.5755\n");
     ASSERT_EQ(outcome.status, 0);
     const std::vector<std::string> lines = LinesOf(outcome.out);
@@ -405,14 +412,14 @@ TEST(ConvertJson, IsOneObjectForAPosition) {
 }
 
 TEST(ConvertJson, KeepsAllDigits) {
-    const Outcome outcome = Tessara(Convert({"--json"}), "48.12345678901234 11.98765432109876");
+    const Outcome outcome = Tessara(Converting({"--json"}), "48.12345678901234 11.98765432109876");
     const Json result = Json::parse(outcome.out)["results"][0];
     EXPECT_EQ(result["latitude"].get<double>(), 48.12345678901234);
     EXPECT_EQ(result["longitude"].get<double>(), 11.98765432109876);
 }
 
 TEST(ConvertJson, LeavesOutBadLines) {
-    const Outcome outcome = Tessara(Convert({"--json"}), "x\n1 2\n");
+    const Outcome outcome = Tessara(Converting({"--json"}), "x\n1 2\n");
     EXPECT_EQ(outcome.status, 1);
     ASSERT_EQ(LinesOf(outcome.out).size(), 1u);
     EXPECT_EQ(Json::parse(outcome.out)["line"], 2);

@@ -8,6 +8,7 @@
 #include "program/run_program.h"
 #include "support/sanitized.h"
 
+using tessara::testing::Convert;
 using tessara::testing::ExpectDone;
 using tessara::testing::ExpectUsageError;
 using tessara::testing::LinesOf;
@@ -15,16 +16,7 @@ using tessara::testing::Outcome;
 using tessara::testing::RunProgram;
 using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
-using Json = nlohmann::ordered_json;
-
-namespace {
-
-Outcome Convert(std::vector<std::string> arguments, const std::string& input) {
-    arguments.insert(arguments.begin(), "convert");
-    return Tessara(arguments, input);
-}
-
-}  // namespace
+using OrderedJson = nlohmann::ordered_json;
 
 TEST(OnError, KeepsAsManyLinesAsThereWere) {
     const Outcome outcome = Convert({"--on-error", "keep", "--to", "GEODEZ", "--to", "UTM"},
@@ -59,10 +51,11 @@ TEST(OnError, KeepsObjectsAndFeaturesWithNulls) {
     const Outcome features = Convert(
         {"--on-error", "keep", "--input", "geojson", "--to", "GEODEZ"},
         R"({"type":"FeatureCollection","features":[{"type":"Feature","geometry":null,"properties":{"a":1}}]})");
-    const Json feature = Json::parse(features.out)["features"][0];
+    const OrderedJson feature = OrderedJson::parse(features.out)["features"][0];
     EXPECT_TRUE(feature["geometry"].is_null());
-    EXPECT_EQ(feature["properties"], Json::parse(R"({"latitude":null,"longitude":null,"a":1})"));
-    EXPECT_EQ(Json::parse(Convert({"--on-error", "keep", "--json"}, "91 1\n").out)["results"], nullptr);
+    EXPECT_EQ(feature["properties"], OrderedJson::parse(R"({"latitude":null,"longitude":null,"a":1})"));
+    EXPECT_EQ(OrderedJson::parse(Convert({"--on-error", "keep", "--json"}, "91 1\n").out)["results"],
+              nullptr);
 }
 
 TEST(OnError, StopsAtTheFirst) {
@@ -76,7 +69,7 @@ TEST(OnError, StopsAtTheFirst) {
         EXPECT_EQ(outcome.status, 1);
     }
     const Outcome geojson = Convert({"--on-error", "stop", "--output", "geojson"}, "48 11\nx 1\n49 12\n");
-    EXPECT_EQ(Json::parse(geojson.out)["features"].size(), 1u);
+    EXPECT_EQ(OrderedJson::parse(geojson.out)["features"].size(), 1u);
 }
 
 TEST(OnError, SkipsUnlessItIsNamed) {

@@ -8,6 +8,7 @@
 #include "program/files.h"
 #include "program/run_program.h"
 
+using tessara::testing::Convert;
 using tessara::testing::ExpectDone;
 using tessara::testing::ExpectUsageError;
 using tessara::testing::LinesOf;
@@ -15,12 +16,12 @@ using tessara::testing::Outcome;
 using tessara::testing::RunProgram;
 using tessara::testing::ScratchDirectory;
 using tessara::testing::Tessara;
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 namespace {
 
 // echo 48.1375 11.5755 | GeoConvert -u -p 4
-constexpr const char* MUNICH_UTM = "32,N,691602.6597,5334791.1445";
+constexpr const char* MUNICH_FIELDS = "32,N,691602.6597,5334791.1445";
 // The digits of a reference are those of the grid values: 691602 is 91602 in the sixth column of zone 32, P,
 // and 5334791 is 34791 in the square row U.
 constexpr const char* MUNICH_NORTH = "U U 34791.000";
@@ -29,18 +30,13 @@ constexpr const char* MUNICH_EAST = "32 P 91602.000";
 constexpr const char* COLLECTION = "{\"type\":\"FeatureCollection\",\"features\":[\n";
 
 // A point of GeoJSON with some properties.
-std::string Feature(const std::string& coordinates, const std::string& properties) {
+std::string PointFeature(const std::string& coordinates, const std::string& properties) {
     return R"({"type":"Feature","geometry":{"type":"Point","coordinates":[)" + coordinates +
            R"(]},"properties":)" + properties + "}";
 }
 
-std::string Collection(const std::string& features) {
+std::string Features(const std::string& features) {
     return COLLECTION + features + "\n]}\n";
-}
-
-Outcome Convert(std::vector<std::string> arguments, const std::string& input) {
-    arguments.insert(arguments.begin(), "convert");
-    return Tessara(arguments, input);
 }
 
 }  // namespace
@@ -49,7 +45,7 @@ TEST(Csv, PutsTheFieldsWhereThePositionWas) {
     ExpectDone(Convert({"--input", "csv", "--to", "UTM"},
                        "id,latitude,longitude,height,name\n"
                        "7,48.1375,11.5755,520.5,town hall\n"),
-               std::string("id,zone,hemisphere,easting,northing,height,name\n7,") + MUNICH_UTM +
+               std::string("id,zone,hemisphere,easting,northing,height,name\n7,") + MUNICH_FIELDS +
                    ",520.5,town hall\n");
 }
 
@@ -61,8 +57,9 @@ TEST(Csv, NamesTheFieldsOfSeveralTargetsByTheTargets) {
 }
 
 TEST(Csv, KeepsAColumnThatIsCalledLikeAField) {
-    ExpectDone(Convert({"--input", "csv", "--to", "UTM"}, "lat,lon,zone\n48.1375,11.5755,old town\n"),
-               std::string("zone UTM@WGS84,hemisphere,easting,northing,zone\n") + MUNICH_UTM + ",old town\n");
+    ExpectDone(
+        Convert({"--input", "csv", "--to", "UTM"}, "lat,lon,zone\n48.1375,11.5755,old town\n"),
+        std::string("zone UTM@WGS84,hemisphere,easting,northing,zone\n") + MUNICH_FIELDS + ",old town\n");
 }
 
 TEST(Csv, KeepsQuotedSeparatorsQuotesAndLineEnds) {
@@ -166,7 +163,7 @@ TEST(Csv, WritesTheHeaderOfAFileWithoutRecords) {
 TEST(Csv, MayHaveNoHeader) {
     ExpectDone(
         Convert({"--input", "csv", "--columns", "3,2", "--to", "UTM"}, "7,11.5755,48.1375,town hall\n"),
-        std::string("7,") + MUNICH_UTM + ",town hall\n");
+        std::string("7,") + MUNICH_FIELDS + ",town hall\n");
     ExpectDone(Convert({"--input", "csv", "--columns", "2,3", "--output", "jsonl"}, "7,48,11\n"),
                "{\"1\":\"7\",\"latitude\":48.0,\"longitude\":11.0}\n");
     ExpectDone(Convert({"--from", "UTM", "--to", "UTMREF", "--columns", "2,3"}, "a;N 5334791;32 691602;b\n"),
@@ -208,7 +205,7 @@ TEST(JsonLines, KeepOtherMembersAsTheyAre) {
     const Outcome outcome = Convert({"--input", "jsonl", "--to", "UTM"},
                                     R"({"id":7,"lat":48.1375,"lon":"11.5755","tags":["a",null,{"b":1.5}]})");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    const Json json = Json::parse(outcome.out);
+    const OrderedJson json = OrderedJson::parse(outcome.out);
     std::vector<std::string> names;
     for (const auto& member : json.items())
         names.push_back(member.key());
@@ -280,15 +277,15 @@ TEST(JsonLines, RefuseMembersWithoutEnd) {
 TEST(GeoJson, IsWrittenWithLongitudeFirstAndTheOtherColumnsAsProperties) {
     ExpectDone(Convert({"--input", "csv", "--output", "geojson"},
                        "id,latitude,longitude,height\n7,48.1375,11.5755,520.5\n8,-1,-190,\n"),
-               Collection(Feature("11.5755,48.1375,520.5", R"({"id":"7"})") + ",\n" +
-                          Feature("170.0,-1.0", R"({"id":"8"})")));
+               Features(PointFeature("11.5755,48.1375,520.5", R"({"id":"7"})") + ",\n" +
+                        PointFeature("170.0,-1.0", R"({"id":"8"})")));
 }
 
 TEST(GeoJson, HasTheResultsForTargetsAmongTheProperties) {
     const Outcome outcome =
         Convert({"--input", "csv", "--output", "geojson", "--to", "UTM"}, "lat,lon,id\n48.1375,11.5755,7\n");
-    const Json feature = Json::parse(outcome.out)["features"][0];
-    EXPECT_EQ(feature["geometry"]["coordinates"], Json::parse("[11.5755,48.1375]"));
+    const OrderedJson feature = OrderedJson::parse(outcome.out)["features"][0];
+    EXPECT_EQ(feature["geometry"]["coordinates"], OrderedJson::parse("[11.5755,48.1375]"));
     EXPECT_EQ(feature["properties"]["zone"], 32);
     EXPECT_EQ(feature["properties"]["hemisphere"], "N");
     // echo 48.1375 11.5755 | cs2cs -f %.4f EPSG:4326 EPSG:32632: 691602.6597 5334791.1445. Metres: half a
@@ -300,19 +297,19 @@ TEST(GeoJson, HasTheResultsForTargetsAmongTheProperties) {
 TEST(GeoJson, StandsOnWgs84WhateverTheDatumOfThePositions) {
     const Outcome lines = Convert({"--from", "GER"}, "48 11\n");
     const Outcome points = Convert({"--from", "GER", "--output", "geojson"}, "48 11\n");
-    const Json coordinates = Json::parse(points.out)["features"][0]["geometry"]["coordinates"];
+    const OrderedJson coordinates = OrderedJson::parse(points.out)["features"][0]["geometry"]["coordinates"];
     double latitude = 0.0, longitude = 0.0;
     std::istringstream(lines.out) >> latitude >> longitude;
     EXPECT_NE(latitude, 48.0);
-    EXPECT_EQ(coordinates, (Json{longitude, latitude}));
+    EXPECT_EQ(coordinates, (OrderedJson{longitude, latitude}));
 }
 
 TEST(GeoJson, HasThePointsOfTexts) {
     const Outcome outcome = Convert({"--from", "UTM", "--to", "UTMREF", "--output", "geojson"},
                                     "N 5334791.1445\t32 691602.6597\ttown hall\n");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    const Json feature = Json::parse(outcome.out)["features"][0];
-    const Json& coordinates = feature["geometry"]["coordinates"];
+    const OrderedJson feature = OrderedJson::parse(outcome.out)["features"][0];
+    const OrderedJson& coordinates = feature["geometry"]["coordinates"];
     EXPECT_NEAR(coordinates[0].get<double>(), 11.5755, 2e-9);  // degrees; 0.05 mm are 7e-10 of longitude
     EXPECT_NEAR(coordinates[1].get<double>(), 48.1375, 2e-9);
     EXPECT_EQ(feature["properties"]["3"], "town hall");
@@ -326,28 +323,29 @@ TEST(GeoJson, KeepsPropertiesAndIds) {
     ExpectDone(
         Convert({"--input", "geojson"}, R"({"features":[)" + start + R"("bbox":[11.5,48.25,11.5,48.25],)" +
                                             kept + R"(],"type":"FeatureCollection","name":"sites"})"),
-        Collection(start + kept));
+        Features(start + kept));
 }
 
 TEST(GeoJson, BecomesColumnsWithTheHeight) {
     ExpectDone(Convert({"--input", "geojson", "--output", "csv", "--to", "UTM"},
-                       Collection(Feature("11.5755,48.1375,520.5", R"({"name":"A","n":1})") + "," +
-                                  Feature("11.5755,48.1375", R"({"n":null})"))),
-               std::string("zone,hemisphere,easting,northing,height,name,n\n") + MUNICH_UTM + ",520.5,A,1\n" +
-                   MUNICH_UTM + ",,,\n");
+                       Features(PointFeature("11.5755,48.1375,520.5", R"({"name":"A","n":1})") + "," +
+                                PointFeature("11.5755,48.1375", R"({"n":null})"))),
+               std::string("zone,hemisphere,easting,northing,height,name,n\n") + MUNICH_FIELDS +
+                   ",520.5,A,1\n" + MUNICH_FIELDS + ",,,\n");
 }
 
 TEST(GeoJson, ReportsFeaturesWithoutPositions) {
     const Outcome outcome = Convert(
         {"--input", "geojson", "--output", "lines"},
-        Collection(Feature("11,48", "{}") + R"(,{"type":"Feature","geometry":null,"properties":null})" +
-                   R"(,{"type":"Feature","geometry":{"type":"Circle","coordinates":[1,2]}})" + "," +
-                   Feature("11", "{}") + "," + Feature("11,91", "{}") + "," + Feature("\"11\",48", "{}") +
-                   "," + Feature("11,48", "[1]") + ",17,[]," + Feature("12,49,5", "null") +
-                   R"(,{"type":"Feature","geometry":{"type":"LineString","coordinates":[[1,2],[3,94]]}})" +
-                   R"(,{"type":"Feature","geometry":{"type":"Polygon","coordinates":[[1,2],[3,4]]}})" +
-                   R"(,{"type":"Feature","geometry":{"type":"LineString"}})" +
-                   R"(,{"type":"Feature","geometry":{"type":"Point","coordinates":[[1,2]]}})"));
+        Features(PointFeature("11,48", "{}") + R"(,{"type":"Feature","geometry":null,"properties":null})" +
+                 R"(,{"type":"Feature","geometry":{"type":"Circle","coordinates":[1,2]}})" + "," +
+                 PointFeature("11", "{}") + "," + PointFeature("11,91", "{}") + "," +
+                 PointFeature("\"11\",48", "{}") + "," + PointFeature("11,48", "[1]") + ",17,[]," +
+                 PointFeature("12,49,5", "null") +
+                 R"(,{"type":"Feature","geometry":{"type":"LineString","coordinates":[[1,2],[3,94]]}})" +
+                 R"(,{"type":"Feature","geometry":{"type":"Polygon","coordinates":[[1,2],[3,4]]}})" +
+                 R"(,{"type":"Feature","geometry":{"type":"LineString"}})" +
+                 R"(,{"type":"Feature","geometry":{"type":"Point","coordinates":[[1,2]]}})"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "48.000000000 11.000000000\n49.000000000 12.000000000 5.0000\n");
     EXPECT_EQ(LinesOf(outcome.err),
@@ -373,26 +371,26 @@ TEST(GeoJson, HasEveryKindOfGeometry) {
     const std::string multi = R"({"type":"MultiPolygon","coordinates":[[[[7.0,8.0]]],[]]})";
     const std::string collection = R"({"type":"GeometryCollection","geometries":[)" + polygon +
                                    R"(,{"type":)" + R"("Point","coordinates":[9.0,10.0]},)" + multi + "]}";
-    const std::string input = Collection(feature(collection) + ",\n" + feature(multi));
+    const std::string input = Features(feature(collection) + ",\n" + feature(multi));
     ExpectDone(Convert({"--input", "geojson"}, input), input);
 
     const Outcome named = Convert({"--input", "geojson", "--to", "GEODEZ"}, input);
-    const Json first = Json::parse(named.out)["features"][0]["properties"];
-    EXPECT_EQ(first["latitude"], Json::parse("[[[1.0,3.0,1.0],[6.0]],10.0,[[[8.0]],[]]]"));
-    EXPECT_EQ(first["longitude"], Json::parse("[[[0.0,2.0,0.0],[5.0]],9.0,[[[7.0]],[]]]"));
+    const OrderedJson first = OrderedJson::parse(named.out)["features"][0]["properties"];
+    EXPECT_EQ(first["latitude"], OrderedJson::parse("[[[1.0,3.0,1.0],[6.0]],10.0,[[[8.0]],[]]]"));
+    EXPECT_EQ(first["longitude"], OrderedJson::parse("[[[0.0,2.0,0.0],[5.0]],9.0,[[[7.0]],[]]]"));
 
-    ExpectDone(Convert({"--input", "geojson", "--output", "csv"}, Collection(feature(polygon))),
+    ExpectDone(Convert({"--input", "geojson", "--output", "csv"}, Features(feature(polygon))),
                "latitude,longitude,height,n\n1.000000000,0.000000000,,1\n3.000000000,2.000000000,4.5,1\n"
                "1.000000000,0.000000000,,1\n6.000000000,5.000000000,,1\n");
-    ExpectDone(Convert({"--input", "geojson", "--output", "jsonl"}, Collection(feature(polygon))),
+    ExpectDone(Convert({"--input", "geojson", "--output", "jsonl"}, Features(feature(polygon))),
                R"({"latitude":[[1.0,3.0,1.0],[6.0]],"longitude":[[0.0,2.0,0.0],[5.0]],)"
                R"("height":[[null,4.5,null],[null]],"n":1})"
                "\n");
 }
 
 TEST(GeoJson, MayBeAFeatureOrAGeometryAlone) {
-    ExpectDone(Convert({"--input", "geojson"}, Feature("11.0,48.0", R"({"a":1})")),
-               Collection(Feature("11.0,48.0", R"({"a":1})")));
+    ExpectDone(Convert({"--input", "geojson"}, PointFeature("11.0,48.0", R"({"a":1})")),
+               Features(PointFeature("11.0,48.0", R"({"a":1})")));
     ExpectDone(Convert({"--input", "geojson", "--output", "lines"},
                        R"({"coordinates":[[11,48],[12,49,7]],"type":"MultiPoint"})"),
                "48.000000000 11.000000000\n49.000000000 12.000000000 7.0000\n");
@@ -405,11 +403,11 @@ TEST(GeoJson, MayBeAFeatureOrAGeometryAlone) {
 TEST(GeoJson, NamesTheResultsOnceForAllFeatures) {
     const Outcome outcome =
         Convert({"--input", "geojson", "--to", "UTM"},
-                Collection(Feature("11.5755,48.1375", R"({"n":1})") + "," +
-                           Feature("11.5755,48.1375", R"({"zone":"old town","zone UTM@WGS84":2})")));
+                Features(PointFeature("11.5755,48.1375", R"({"n":1})") + "," +
+                         PointFeature("11.5755,48.1375", R"({"zone":"old town","zone UTM@WGS84":2})")));
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    const Json features = Json::parse(outcome.out)["features"];
-    for (const Json& feature : features) {
+    const OrderedJson features = OrderedJson::parse(outcome.out)["features"];
+    for (const OrderedJson& feature : features) {
         EXPECT_EQ(feature["properties"]["zone UTM@WGS84 UTM@WGS84"], 32);
         EXPECT_EQ(feature["properties"]["hemisphere"], "N");
     }
@@ -420,7 +418,8 @@ TEST(GeoJson, NamesTheResultsOnceForAllFeatures) {
 // The same from a pipe, which can't be wound back.
 TEST(GeoJson, NamesTheResultsOfAPipeOnce) {
     const ScratchDirectory files;
-    const std::string text = Collection(Feature("11.5,48.5", "{}") + "," + Feature("12,49", R"({"zone":7})"));
+    const std::string text =
+        Features(PointFeature("11.5,48.5", "{}") + "," + PointFeature("12,49", R"({"zone":7})"));
     const std::string file = files.File("a.geojson", text);
     const Outcome piped = RunProgram(
         "/bin/sh", {"-c", "cat '" + file + "' | " TESSARA_PROGRAM " convert --input geojson --to UTM"});
@@ -432,8 +431,8 @@ TEST(GeoJson, NamesTheResultsOfAPipeOnce) {
 TEST(GeoJson, PassesNumbersThroughUnchanged) {
     const std::string kept =
         R"({"id":18446744073709551616,"tenth":0.1000000000000000055511151231257827,"e":1E5,"deep":[{"a":1.0}]})";
-    ExpectDone(Convert({"--input", "geojson"}, Collection(Feature("11.0,48.0", kept))),
-               Collection(Feature("11.0,48.0", kept)));
+    ExpectDone(Convert({"--input", "geojson"}, Features(PointFeature("11.0,48.0", kept))),
+               Features(PointFeature("11.0,48.0", kept)));
     ExpectDone(Convert({"--input", "jsonl"},
                        "{\"lat\":1,\"lon\":2,\"id\":18446744073709551616,\"x\":[ 1, \"a b\" ]}\n"),
                "{\"latitude\":1.0,\"longitude\":2.0,\"id\":18446744073709551616,\"x\":[1,\"a b\"]}\n");
@@ -450,7 +449,7 @@ TEST(GeoJson, WritesNoCollectionForAFileThatHoldsNone) {
 TEST(GeoJson, RefusesAnotherReferenceSystem) {
     const auto withCrs = [](const std::string& name) {
         return R"({"type":"FeatureCollection","crs":{"type":"name","properties":{"name":")" + name +
-               R"("}},"features":[)" + Feature("11,48", "{}") + "]}";
+               R"("}},"features":[)" + PointFeature("11,48", "{}") + "]}";
     };
     ExpectDone(Convert({"--input", "geojson", "--output", "lines"}, withCrs("urn:ogc:def:crs:OGC:1.3:CRS84")),
                "48.000000000 11.000000000\n");
@@ -465,7 +464,7 @@ TEST(GeoJson, RefusesAnotherReferenceSystem) {
 TEST(GeoJson, ReportsAnotherReferenceSystemBehindTheFeatures) {
     const Outcome outcome =
         Convert({"--input", "geojson", "--output", "lines"},
-                R"({"type":"FeatureCollection","features":[)" + Feature("11,48", "{}") +
+                R"({"type":"FeatureCollection","features":[)" + PointFeature("11,48", "{}") +
                     R"(],"crs":{"type":"name","properties":{"name":"urn:ogc:def:crs:EPSG::31468"}}})");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err,
@@ -494,7 +493,7 @@ TEST(GeoJson, TellWhereANumberIsTooLarge) {
 }
 
 TEST(GeoJson, WritesWhatStandsBeforeTheEndOfABrokenFile) {
-    const std::string whole = Collection(Feature("11.0,48.0", "{}"));
+    const std::string whole = Features(PointFeature("11.0,48.0", "{}"));
     const Outcome outcome = Convert({"--input", "geojson"}, whole.substr(0, whole.size() - 4));
     EXPECT_EQ(outcome.out, whole);
     EXPECT_EQ(outcome.status, 1);
@@ -503,7 +502,8 @@ TEST(GeoJson, WritesWhatStandsBeforeTheEndOfABrokenFile) {
 
 TEST(GeoJson, IsACollectionWithoutAnyPositionToo) {
     const Outcome outcome = Convert({"--output", "geojson"}, "# nothing\n");
-    EXPECT_EQ(Json::parse(outcome.out), (Json{{"type", "FeatureCollection"}, {"features", Json::array()}}));
+    EXPECT_EQ(OrderedJson::parse(outcome.out),
+              (OrderedJson{{"type", "FeatureCollection"}, {"features", OrderedJson::array()}}));
 }
 
 TEST(CsvOfOtherForms, HasAColumnForEveryMemberOfTheFile) {
@@ -528,7 +528,7 @@ TEST(CsvOfOtherForms, ReportsAMemberThatTheFirstFileHasnt) {
 
 TEST(Forms, MayBeLinesOnEitherSide) {
     ExpectDone(Convert({"--output", "csv", "--to", "UTM"}, "48.1375 11.5755 520 # Munich\n\n"),
-               std::string("zone,hemisphere,easting,northing,height\n") + MUNICH_UTM + ",520\n");
+               std::string("zone,hemisphere,easting,northing,height\n") + MUNICH_FIELDS + ",520\n");
     ExpectDone(Convert({"--input", "csv", "--output", "lines"}, "lat,lon,height\n48,11,5\n"),
                "48.000000000 11.000000000 5.0000\n");
     ExpectDone(Convert({"--input", "csv", "--output", "lines", "--from", "UTM", "--to", "UTMREF"},
@@ -552,13 +552,13 @@ TEST(Forms, BytesThatAreNoUtf8AreReplacedInJson) {
     const Outcome outcome =
         Convert({"--input", "csv", "--output", "jsonl"}, "lat,lon,n\xF6\n48,11,K\xF6ln\n");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(Json::parse(outcome.out)["n\xEF\xBF\xBD"], "K\xEF\xBF\xBDln");
+    EXPECT_EQ(OrderedJson::parse(outcome.out)["n\xEF\xBF\xBD"], "K\xEF\xBF\xBDln");
 }
 
 TEST(FormFiles, AreToldByTheEndingsOfTheirNames) {
     const ScratchDirectory files;
     const std::string object = "{\"lat\":48,\"lon\":11}\n";
-    const std::string point = Collection(Feature("11,48", "{}"));
+    const std::string point = Features(PointFeature("11,48", "{}"));
     for (const std::string& file :
          {files.File("a.csv", "lat,lon\n48,11\n"), files.File("a.jsonl", object),
           files.File("b.CSV", "lat,lon\n48,11\n"), files.File("a.tsv", "lat\tlon\n48\t11\n"),
@@ -570,11 +570,11 @@ TEST(FormFiles, AreToldByTheEndingsOfTheirNames) {
 TEST(FormFiles, AreWrittenInTheFormOfTheFirst) {
     const ScratchDirectory files;
     const std::string csv = files.File("a.csv", "lat,lon\n48,11\n");
-    const std::string geojson = files.File("b.geojson", Collection(Feature("12,49", "{}")));
+    const std::string geojson = files.File("b.geojson", Features(PointFeature("12,49", "{}")));
     ExpectDone(Convert({csv, geojson}, ""),
                "latitude,longitude\n48.000000000,11.000000000\n49.000000000,12.000000000\n");
     ExpectDone(Convert({geojson, csv}, ""),
-               Collection(Feature("12.0,49.0", "{}") + ",\n" + Feature("11.0,48.0", "{}")));
+               Features(PointFeature("12.0,49.0", "{}") + ",\n" + PointFeature("11.0,48.0", "{}")));
 }
 
 TEST(FormFiles, InputNamesTheFormWhateverTheEnding) {
@@ -593,10 +593,10 @@ TEST(FormFiles, RejectsHaveTheFormOfTheInput) {
     Convert({"--input", "jsonl", "--columns", "lat,lon", "--rejects", files.Path("named")},
             "{\"lat\":1,\"lon\":2}\n{\"lat\": 1}\n");
     EXPECT_EQ(files.Contents("named"), "{\"lat\": 1}\n");
-    const std::string bad = Feature("11,91", R"({"a":1})");
+    const std::string bad = PointFeature("11,91", R"({"a":1})");
     Convert({"--input", "geojson", "--rejects", files.Path("geojson")},
-            Collection(Feature("11,48", "{}") + "," + bad));
-    EXPECT_EQ(files.Contents("geojson"), Collection(bad));
+            Features(PointFeature("11,48", "{}") + "," + bad));
+    EXPECT_EQ(files.Contents("geojson"), Features(bad));
     Convert({"--rejects", files.Path("lines")}, "48 11\n91 11 # x\nabc\n");
     EXPECT_EQ(files.Contents("lines"), "91 11 # x\nabc\n");
 }

@@ -87,7 +87,6 @@ TEST(JsonScan, GivesTheSameValues) {
 
 // Any bytes as a string, and a string of any escapes as bytes.
 TEST(JsonScan, WritesAndReadsStringsLikeAnother) {
-    using Json = nlohmann::json;
     std::mt19937 random(13);
     for (int i = 0; i < 20000; ++i) {
         std::string bytes;
@@ -96,11 +95,11 @@ TEST(JsonScan, WritesAndReadsStringsLikeAnother) {
                 random() % 2 == 0 ? SEEDS[1][random() % SEEDS[1].size()] : static_cast<char>(random() % 256);
         std::string json;
         AppendString(bytes, &json);
-        ASSERT_TRUE(Json::accept(json)) << json;
-        ASSERT_EQ(Unescaped(json), Json::parse(json).get<std::string>());
+        ASSERT_TRUE(nlohmann::json::accept(json)) << json;
+        ASSERT_EQ(Unescaped(json), nlohmann::json::parse(json).get<std::string>());
     }
     const std::string escapes = R"("\"\\\/\b\f\n\r\t\u00e4\u20AC\ud83d\ude00\u0000x")";
-    EXPECT_EQ(Unescaped(escapes), Json::parse(escapes).get<std::string>());
+    EXPECT_EQ(Unescaped(escapes), nlohmann::json::parse(escapes).get<std::string>());
 }
 
 TEST(JsonScan, SaysAtWhichByteItStops) {

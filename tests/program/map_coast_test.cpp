@@ -14,7 +14,7 @@ using namespace tessara::testing;
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 struct Place {
     double latitude, longitude;
@@ -23,37 +23,37 @@ struct Place {
 };
 
 // All more than two degrees from any coast, which the coastline has to half a degree.
-const std::vector<Place> PLACES = {{48.14, 11.58, "Munich", true},
-                                   {39.74, -104.99, "Denver", true},
-                                   {-23.7, 133.88, "Alice Springs", true},
-                                   {-15.78, -47.93, "Brasilia", true},
-                                   {0.5, 25.2, "Kisangani", true},
-                                   {67.5, -178.0, "Chukotka", true},
-                                   {67.5, 178.0, "Chukotka, east", true},
-                                   {-89.0, 45.0, "near the South Pole", true},
-                                   {-82.0, 179.0, "Ross shelf", false},
-                                   {-85.5, 60.0, "Antarctica, east", true},
-                                   {-80.0, -120.0, "Antarctica, west", true},
-                                   {75.0, -40.0, "Greenland", true},
-                                   {55.0, -105.0, "Canada", true},
-                                   {60.0, 100.0, "Siberia", true},
-                                   {0.0, -150.0, "Pacific", false},
-                                   {-30.0, 179.9, "Pacific, date line", false},
-                                   {30.0, -179.9, "Pacific, north", false},
-                                   {0.0, -25.0, "Atlantic", false},
-                                   {-30.0, 80.0, "Indian Ocean", false},
-                                   {88.0, 0.0, "Arctic", false},
-                                   {88.0, 120.0, "Arctic, east", false},
-                                   {-60.0, -170.0, "Southern Ocean", false}};
+const std::vector<Place> TOWNS = {{48.14, 11.58, "Munich", true},
+                                  {39.74, -104.99, "Denver", true},
+                                  {-23.7, 133.88, "Alice Springs", true},
+                                  {-15.78, -47.93, "Brasilia", true},
+                                  {0.5, 25.2, "Kisangani", true},
+                                  {67.5, -178.0, "Chukotka", true},
+                                  {67.5, 178.0, "Chukotka, east", true},
+                                  {-89.0, 45.0, "near the South Pole", true},
+                                  {-82.0, 179.0, "Ross shelf", false},
+                                  {-85.5, 60.0, "Antarctica, east", true},
+                                  {-80.0, -120.0, "Antarctica, west", true},
+                                  {75.0, -40.0, "Greenland", true},
+                                  {55.0, -105.0, "Canada", true},
+                                  {60.0, 100.0, "Siberia", true},
+                                  {0.0, -150.0, "Pacific", false},
+                                  {-30.0, 179.9, "Pacific, date line", false},
+                                  {30.0, -179.9, "Pacific, north", false},
+                                  {0.0, -25.0, "Atlantic", false},
+                                  {-30.0, 80.0, "Indian Ocean", false},
+                                  {88.0, 0.0, "Arctic", false},
+                                  {88.0, 120.0, "Arctic, east", false},
+                                  {-60.0, -170.0, "Southern Ocean", false}};
 
 // The coast is layer 0, and each place is a layer of its own behind it.
 std::string WithCoast(const std::string& map) {
-    Json description = Json::parse(map);
-    description["layers"] = Json::array();
+    OrderedJson description = OrderedJson::parse(map);
+    description["layers"] = OrderedJson::array();
     description["layers"].push_back({{"type", "coast"}, {"borders", true}});
-    for (const Place& place : PLACES) {
-        Json layer{{"type", "positions"}};
-        layer["places"] = Json::array();
+    for (const Place& place : TOWNS) {
+        OrderedJson layer{{"type", "positions"}};
+        layer["places"] = OrderedJson::array();
         layer["places"].push_back({{"at", {place.latitude, place.longitude}}});
         description["layers"].push_back(layer);
     }
@@ -79,13 +79,13 @@ void ExpectLandWhereItIs(const std::string& map, std::size_t least) {
     const Outcome outcome = Tessara({"map", "-"}, WithCoast(map));
     const std::vector<SvgLine> land = LinesOf(outcome.out, "land");
     std::size_t found = 0;
-    for (std::size_t i = 0; i < PLACES.size(); ++i) {
+    for (std::size_t i = 0; i < TOWNS.size(); ++i) {
         const std::string layer = "layer" + std::to_string(i + 1);
         const std::vector<SvgElement> circles = ElementsOf(outcome.out, "circle", layer + " position");
         if (circles.empty()) continue;
         ++found;
         const SvgPoint at{circles[0].Number("cx"), circles[0].Number("cy")};
-        EXPECT_EQ(IsIn(land, at), PLACES[i].isLand) << PLACES[i].name << "\n" << map;
+        EXPECT_EQ(IsIn(land, at), TOWNS[i].isLand) << TOWNS[i].name << "\n" << map;
     }
     EXPECT_GE(found, least) << map;
 }
@@ -146,10 +146,10 @@ std::string WidePolarMap(const std::string& zone, const std::string& latitude) {
 
 TEST(MapCoast, ParallelsLandAndSeaOnMapsOfTheWholeEarth) {
     for (const char* west : {"-180", "0", "-30", "-360"})
-        ExpectLandWhereItIs(DegreeMap(west), PLACES.size());
+        ExpectLandWhereItIs(DegreeMap(west), TOWNS.size());
     for (const char* longitude : {"0", "150", "-100", "180"}) {
-        ExpectLandWhereItIs(RoundMap(longitude), PLACES.size());
-        ExpectLandWhereItIs(OvalMap(longitude), PLACES.size());
+        ExpectLandWhereItIs(RoundMap(longitude), TOWNS.size());
+        ExpectLandWhereItIs(OvalMap(longitude), TOWNS.size());
     }
 }
 
@@ -223,8 +223,8 @@ TEST(MapCoast, HasTheCapesWhereTheyAre) {
 
 TEST(MapCoast, LeavesOutBordersAndLandWhereTheyArentWanted) {
     const auto draw = [](const std::string& layer) {
-        Json description = Json::parse(DegreeMap("-180"));
-        description["layers"] = Json::array({Json::parse(layer)});
+        OrderedJson description = OrderedJson::parse(DegreeMap("-180"));
+        description["layers"] = OrderedJson::array({OrderedJson::parse(layer)});
         const Outcome outcome = Tessara({"map", "-"}, description.dump());
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         return outcome.out;
@@ -243,7 +243,7 @@ TEST(MapCoast, LeavesOutBordersAndLandWhereTheyArentWanted) {
 TEST(MapCoast, StaysInsideTheFrameOnEveryTypeOfMap) {
     for (const TypedMap& map : MapsOfAllTypes()) {
         SCOPED_TRACE(map.type);
-        Json description = Json::parse(map.description);
+        OrderedJson description = OrderedJson::parse(map.description);
         description["layers"].push_back({{"type", "coast"}, {"borders", true}});
         const Outcome outcome = Tessara({"map", "-"}, description.dump());
         EXPECT_EQ(outcome.status, 0) << outcome.err;

@@ -26,7 +26,7 @@ const std::string DATE_LINE_MAP =
                        "pixelsPerDegreeY": 100},
         "window": {"left": 0, "top": 0, "right": 1000, "bottom": 1000}, "layers": [)";
 
-constexpr double ROUNDING = 0.011;
+constexpr double TWO_DECIMALS = 0.011;
 
 struct Drawn {
     Outcome outcome;
@@ -56,8 +56,8 @@ void ExpectLine(const std::vector<SvgLine>& lines, const SvgLine& expected) {
     ASSERT_EQ(lines.size(), 1u);
     ASSERT_EQ(lines[0].size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_NEAR(lines[0][i].x, expected[i].x, ROUNDING);
-        EXPECT_NEAR(lines[0][i].y, expected[i].y, ROUNDING);
+        EXPECT_NEAR(lines[0][i].x, expected[i].x, TWO_DECIMALS);
+        EXPECT_NEAR(lines[0][i].y, expected[i].y, TWO_DECIMALS);
     }
 }
 
@@ -76,17 +76,17 @@ TEST(MapGeoJson, DrawsPointsLinesAndPolygonsWithTheirNames) {
     EXPECT_EQ(outcome.err, "");
     const std::vector<SvgElement> circles = ElementsOf(outcome.out, "circle", "layer0 position");
     ASSERT_EQ(circles.size(), 1u);
-    EXPECT_NEAR(circles[0].Number("cx"), 100.0, ROUNDING);
-    EXPECT_NEAR(circles[0].Number("cy"), 100.0, ROUNDING);
+    EXPECT_NEAR(circles[0].Number("cx"), 100.0, TWO_DECIMALS);
+    EXPECT_NEAR(circles[0].Number("cy"), 100.0, TWO_DECIMALS);
     EXPECT_EQ(TextsOf(outcome.out, "name"), (std::set<std::string>{"here", "way"}));
 
     const std::vector<SvgLine> lines = LinesOf(outcome.out, "layer0 shape");
     // The polygon's area with its hole, its two outlines, and the line.
     ASSERT_EQ(lines.size(), 5u);
-    EXPECT_LT(DistanceTo(lines, {250.0, 150.0}), ROUNDING);
-    EXPECT_LT(DistanceTo(lines, {350.0, 175.0}), ROUNDING);
-    EXPECT_LT(DistanceTo(lines, {500.0, 400.0}), ROUNDING);
-    EXPECT_LT(DistanceTo(lines, {575.0, 425.0}), ROUNDING);
+    EXPECT_LT(DistanceTo(lines, {250.0, 150.0}), TWO_DECIMALS);
+    EXPECT_LT(DistanceTo(lines, {350.0, 175.0}), TWO_DECIMALS);
+    EXPECT_LT(DistanceTo(lines, {500.0, 400.0}), TWO_DECIMALS);
+    EXPECT_LT(DistanceTo(lines, {575.0, 425.0}), TWO_DECIMALS);
     bool hasHoles = false;
     for (const SvgElement& group : ElementsOf(outcome.out, "g", "layer0 shape"))
         hasHoles = hasHoles || group.Attribute("fill-rule") == "evenodd";
@@ -157,8 +157,8 @@ TEST(MapGeoJson, GoesTheShortWayOverTheDateLine) {
     const std::string parts = Geometry("MultiPolygon", R"([[[[178, 50], [180, 50], [180, 52], [178, 50]]],
                                                            [[[-180, 50], [-178, 50], [-180, 52], [-180, 50]]]])");
     const std::vector<SvgLine> lines = LinesOf(Draw(parts, "", DATE_LINE_MAP).outcome.out, "layer0 shape");
-    EXPECT_LT(DistanceTo(lines, {300.0, 500.0}), ROUNDING);
-    EXPECT_LT(DistanceTo(lines, {700.0, 500.0}), ROUNDING);
+    EXPECT_LT(DistanceTo(lines, {300.0, 500.0}), TWO_DECIMALS);
+    EXPECT_LT(DistanceTo(lines, {700.0, 500.0}), TWO_DECIMALS);
 }
 
 TEST(MapGeoJson, AroundAPoleCoversIt) {
@@ -186,14 +186,14 @@ TEST(MapGeoJson, ComesToTheDatumOfTheMap) {
     const std::vector<SvgElement> wgs84 =
         ElementsOf(Draw(Geometry("Point", "[11.5, 48.5]"), "", map).outcome.out, "circle", "position");
     ASSERT_EQ(wgs84.size(), 1u);
-    EXPECT_NEAR(wgs84[0].Number("cx"), 13.51177, ROUNDING);
-    EXPECT_NEAR(wgs84[0].Number("cy"), 490.51951, ROUNDING);
+    EXPECT_NEAR(wgs84[0].Number("cx"), 13.51177, TWO_DECIMALS);
+    EXPECT_NEAR(wgs84[0].Number("cy"), 490.51951, TWO_DECIMALS);
     const std::vector<SvgElement> ger =
         ElementsOf(Draw(Geometry("Point", "[11.5, 48.5]"), R"(, "datum": "GER")", map).outcome.out, "circle",
                    "position");
     ASSERT_EQ(ger.size(), 1u);
-    EXPECT_NEAR(ger[0].Number("cx"), 0.0, ROUNDING);
-    EXPECT_NEAR(ger[0].Number("cy"), 500.0, ROUNDING);
+    EXPECT_NEAR(ger[0].Number("cx"), 0.0, TWO_DECIMALS);
+    EXPECT_NEAR(ger[0].Number("cy"), 500.0, TWO_DECIMALS);
 }
 
 TEST(MapGeoJson, SaysWhatIsWrongWithAFeatureAndDrawsTheOthers) {

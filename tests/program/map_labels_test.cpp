@@ -13,7 +13,7 @@ using namespace tessara::testing;
 namespace {
 
 // 250 pixels a degree, from 178 degrees east and 1.6 north.
-const std::string DATE_LINE_MAP =
+const std::string FINE_MAP =
     R"({"projection": {"type": "DD", "originLongitude": 178, "originLatitude": 1.6, "pixelsPerDegreeX": 250,
                        "pixelsPerDegreeY": 250},
         "window": {"left": 0, "top": 0, "right": 1000, "bottom": 800}, "layers": [)";
@@ -27,11 +27,11 @@ using Texts = std::set<std::string>;
 }  // namespace
 
 TEST(MapLabels, HaveLongitudesWithinHalfATurn) {
-    const std::string decimal = DrawMap(DATE_LINE_MAP, Grid("GEODEZ", "1"));
+    const std::string decimal = DrawMap(FINE_MAP, Grid("GEODEZ", "1"));
     EXPECT_EQ(TextsOf(decimal, "grid-label east"),
               (Texts{"178\u00B0E", "179\u00B0E", "180\u00B0", "179\u00B0W", "178\u00B0W"}));
     EXPECT_EQ(TextsOf(decimal, "grid-label north"), (Texts{"1\u00B0N", "0\u00B0", "1\u00B0S"}));
-    const std::string minutes = DrawMap(DATE_LINE_MAP, Grid("GEOGRAD", "1"));
+    const std::string minutes = DrawMap(FINE_MAP, Grid("GEOGRAD", "1"));
     EXPECT_EQ(TextsOf(minutes, "grid-label east"),
               (Texts{"178\u00B0E", "179\u00B0E", "180\u00B0", "179\u00B0W", "178\u00B0W"}));
     EXPECT_EQ(TextsOf(minutes, "grid-label north"), (Texts{"1\u00B0N", "0\u00B0", "1\u00B0S"}));
@@ -110,7 +110,7 @@ TEST(MapBorders, AreThinWhereTheyAreMany) {
             "window": {"left": 0, "top": 0, "right": 3600, "bottom": 1600}, "layers": [)";
     const std::string borders = R"({"type": "borders", "system": "UTM"})";
     EXPECT_LT(width(DrawMap(world, borders)), 1.0);
-    EXPECT_GT(width(DrawMap(DATE_LINE_MAP, borders)), 1.0);
+    EXPECT_GT(width(DrawMap(FINE_MAP, borders)), 1.0);
     const std::string legend = DrawMap(world, borders);
     EXPECT_EQ(ElementsOf(legend, "path", "sample").at(0).Number("stroke-width"), width(legend));
 }

@@ -26,7 +26,7 @@ std::string MapWith(const std::string& layer) {
     return "{" + UTM + ", " + WINDOW + R"(, "layers": [)" + layer + "]}";
 }
 
-Outcome Draw(const std::string& description) {
+Outcome DrawMap(const std::string& description) {
     return Tessara({"map", "-"}, description);
 }
 
@@ -37,7 +37,7 @@ struct Mistake {
 };
 
 void ExpectRefused(const Mistake& mistake) {
-    const Outcome outcome = Draw(mistake.description);
+    const Outcome outcome = DrawMap(mistake.description);
     EXPECT_EQ(outcome.status, 1) << mistake.description;
     EXPECT_EQ(outcome.out, "") << mistake.description;
     EXPECT_EQ(outcome.err, "-: " + mistake.message + "\n");
@@ -46,7 +46,7 @@ void ExpectRefused(const Mistake& mistake) {
 }  // namespace
 
 TEST(MapMessages, SayWhereTextIsNoJson) {
-    const Outcome outcome = Draw("{\n  \"window\": 1,,\n}");
+    const Outcome outcome = DrawMap("{\n  \"window\": 1,,\n}");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(outcome.err.starts_with("-: invalid JSON: parse error at line 2, column 15")) << outcome.err;
 }
@@ -187,9 +187,9 @@ TEST(MapMessages, TellLinesOfAFileThatCantBeUsedAndDrawTheOthers) {
     const ScratchDirectory files;
     const std::string positions = files.File("positions", "48.1375 11.5755 # Munich\n91 11\n\n48 11.5 1 2\n");
     const std::string texts = files.File("texts", "N 5334791;32 691602;hall\nN 1;99 1\nN 5334791\n");
-    const Outcome outcome = Draw(MapWith(R"({"type": "positions", "file": ")" + positions +
-                                         R"("}, {"type": "positions", "from": "UTM", "file": ")" + texts +
-                                         R"("}, {"type": "positions", "file": "nowhere.txt"})"));
+    const Outcome outcome = DrawMap(MapWith(R"({"type": "positions", "file": ")" + positions +
+                                            R"("}, {"type": "positions", "from": "UTM", "file": ")" + texts +
+                                            R"("}, {"type": "positions", "file": "nowhere.txt"})"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, positions + ":2: latitude '91' is outside -90..90\n" + positions +
                                ":4: expected latitude longitude [height], found 4 values\n" + texts +
@@ -202,7 +202,7 @@ TEST(MapMessages, TellLinesOfAFileThatCantBeUsedAndDrawTheOthers) {
 
 TEST(MapMessages, TellPlacesWithoutAPixelAndDrawTheOthers) {
     // The pole has no UTM coordinates, and neither has the other side of the globe in zone 32.
-    const Outcome outcome = Draw(MapWith(R"({"type": "positions", "places": [[90, 0], [48.1375, 11.5755]]},
+    const Outcome outcome = DrawMap(MapWith(R"({"type": "positions", "places": [[90, 0], [48.1375, 11.5755]]},
                         {"type": "line", "places": [[90, 0], [48, 11]]},
                         {"type": "polygon", "places": [[90, 0], [48, 11], [48, 12]]},
                         {"type": "grid", "system": "RD", "step": 1000})"));
@@ -217,7 +217,7 @@ TEST(MapMessages, TellPlacesWithoutAPixelAndDrawTheOthers) {
 
 TEST(MapMessages, TellAStepThatIsTooSmall) {
     const Outcome outcome =
-        Draw(MapWith(R"({"type": "grid", "system": "UTM", "eastStep": 10, "northStep": 10000})"));
+        DrawMap(MapWith(R"({"type": "grid", "system": "UTM", "eastStep": 10, "northStep": 10000})"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "-: layers[0]: more than 2000 east lines of UTM@WGS84; increase the step\n");
     EXPECT_EQ(LinesOf(outcome.out, "grid north").size(), 5u);
@@ -227,7 +227,7 @@ TEST(MapMessages, TellAStepThatIsTooSmall) {
                            "pixelsPerDegreeY": 10},
             "window": {"left": 0, "top": 0, "right": 3600, "bottom": 1800},
             "layers": [{"type": "grid", "system": "GEODEZ", "eastStep": 1e-9, "northStep": 30}]})";
-    EXPECT_EQ(Draw(world).err,
+    EXPECT_EQ(DrawMap(world).err,
               "-: layers[0]: more than 2000 east lines of GEODEZ@WGS84; increase the step\n");
 }
 
@@ -236,7 +236,7 @@ TEST(MapMessages, TellAStepThatIsFarTooSmallBeforeAnyLineIsMade) {
     for (const std::string system :
          {"UTM", "UTM@GER", "UTMREF", "GK@GER", "GEODEZ", "GEOREF", "FLOATPIXEL", "VDG"}) {
         const Outcome outcome =
-            Draw(MapWith(R"({"type": "grid", "system": ")" + system + R"(", "step": 1e-9})"));
+            DrawMap(MapWith(R"({"type": "grid", "system": ")" + system + R"(", "step": 1e-9})"));
         const std::string name = system.find('@') == std::string::npos ? system + "@WGS84" : system;
         EXPECT_EQ(LinesOf(outcome.err),
                   (std::vector<std::string>{
@@ -248,10 +248,10 @@ TEST(MapMessages, TellAStepThatIsFarTooSmallBeforeAnyLineIsMade) {
 // On pixels a hundred kilometres wide and a hundredth of a millimetre high all lines are bent without end.
 TEST(MapMessages, TellLinesThatTakeTooManyPoints) {
     const Outcome outcome =
-        Draw(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
+        DrawMap(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
         "originLongitude": 3, "originLatitude": 46.5, "falseEasting": 700000, "falseNorthing": 6600000,
         "metresPerPixelX": 1e5, "metresPerPixelY": 1e-5, "pixelX": 500, "pixelY": 400}, )" +
-             WINDOW + R"(, "layers": [{"type": "grid", "system": "UTM", "step": 10000}]})");
+                WINDOW + R"(, "layers": [{"type": "grid", "system": "UTM", "step": 10000}]})");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_NE(outcome.err.find("-: layers[0]: the north lines of UTM@WGS84 have more than 1000000 points; "
                                "increase the step\n"),
@@ -261,7 +261,7 @@ TEST(MapMessages, TellLinesThatTakeTooManyPoints) {
 
 // Beyond the edge of the world map there are no extremes, and a grid would try some twenty million points.
 TEST(MapMessages, TellGridsOfWindowsWithoutExtremes) {
-    const Outcome outcome = Draw(R"({"projection": {"type": "WAGNER-IV", "originLongitude": -98.390625,
+    const Outcome outcome = DrawMap(R"({"projection": {"type": "WAGNER-IV", "originLongitude": -98.390625,
         "stretchX": 1, "stretchY": 1}, "scale": 94967287, "resolution": 10,
         "reference": {"pixel": [-12594, 8398], "place": {"at": [65.33984375, 138.109375]}},
         "window": {"left": 23328, "top": -598, "right": 26636.875, "bottom": 2710.875},
@@ -274,10 +274,10 @@ TEST(MapMessages, TellGridsOfWindowsWithoutExtremes) {
 
 TEST(MapMessages, TellCoastlinesThatBendWithoutEnd) {
     if (tessara::testing::IS_SANITIZED) GTEST_SKIP() << "another test reaches the limit, and each takes long";
-    const Outcome outcome = Draw(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
+    const Outcome outcome = DrawMap(R"({"projection": {"type": "LAMBERTCC", "parallel1": 49, "parallel2": 44,
         "originLongitude": 3, "originLatitude": 46.5, "falseEasting": 700000, "falseNorthing": 6600000,
         "metresPerPixelX": 1e5, "metresPerPixelY": 1e-5, "pixelX": 500, "pixelY": 400}, )" +
-                                 WINDOW + R"(, "layers": [{"type": "coast", "borders": true}]})");
+                                    WINDOW + R"(, "layers": [{"type": "coast", "borders": true}]})");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err,
               "-: layers[0]: the lines have more than 1000000 points on this map and are incomplete\n");

@@ -14,11 +14,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path ROOT = TESSARA_SOURCE_DIR;
+const fs::path PROJECT = TESSARA_SOURCE_DIR;
 
 std::vector<fs::path> Pages() {
-    std::vector<fs::path> pages{ROOT / "README.md", ROOT / "CHANGELOG.md", ROOT / "CONTRIBUTING.md"};
-    for (const auto& entry : fs::recursive_directory_iterator(ROOT / "docs")) {
+    std::vector<fs::path> pages{PROJECT / "README.md", PROJECT / "CHANGELOG.md", PROJECT / "CONTRIBUTING.md"};
+    for (const auto& entry : fs::recursive_directory_iterator(PROJECT / "docs")) {
         if (entry.path().extension() == ".md") pages.push_back(entry.path());
     }
     return pages;
@@ -47,17 +47,17 @@ TEST(Pages, LinksLeadToFiles) {
 }
 
 TEST(Pages, NameEveryExample) {
-    const std::string page = ReadFile(ROOT / "docs" / "examples.md");
-    for (const auto& entry : fs::directory_iterator(ROOT / "examples")) {
+    const std::string page = ReadFile(PROJECT / "docs" / "examples.md");
+    for (const auto& entry : fs::directory_iterator(PROJECT / "examples")) {
         if (entry.path().extension() != ".cpp") continue;
         EXPECT_NE(page.find("| `" + entry.path().stem().string() + "` |"), std::string::npos) << entry.path();
     }
 }
 
 TEST(Pages, NameEveryPageOnTheMainPage) {
-    const std::string main = ReadFile(ROOT / "docs" / "index.md");
+    const std::string main = ReadFile(PROJECT / "docs" / "index.md");
     for (const fs::path& page : Pages()) {
-        const std::string name = fs::relative(page, ROOT / "docs").generic_string();
+        const std::string name = fs::relative(page, PROJECT / "docs").generic_string();
         if (name == "index.md" || name.starts_with("..") || name == "tables/measured.md") continue;
         EXPECT_NE(main.find("](" + name + ")"), std::string::npos) << name;
     }

@@ -77,8 +77,6 @@ std::string WipingOut(const std::string& status) {
     return "\r" + std::string(status.size(), ' ') + "\r";
 }
 
-}  // namespace
-
 TEST_F(ProgressTest, SaysNothingInTheFirstTwoSeconds) {
     AdvanceAt(0.5, 1000, 10000);
     AdvanceAt(2.0, 1000, 10000);
@@ -219,3 +217,5 @@ TEST(ConvertProgress, KeepsAwayFromResultsOnTheSameTerminal) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(terminal.Taken(), "48.000000000 11.000000000\r\n");
 }
+
+}  // namespace

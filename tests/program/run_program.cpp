@@ -100,6 +100,11 @@ Outcome Tessara(const std::vector<std::string>& arguments, const std::string& in
     return RunProgram(TESSARA_PROGRAM, arguments, {input, {}, {}});
 }
 
+Outcome Convert(std::vector<std::string> arguments, const std::string& input) {
+    arguments.insert(arguments.begin(), "convert");
+    return Tessara(arguments, input);
+}
+
 void ExpectDone(const Outcome& outcome, const std::string& out) {
     EXPECT_EQ(outcome.out, out);
     EXPECT_EQ(outcome.err, "");

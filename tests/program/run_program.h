@@ -24,6 +24,7 @@ struct RunOptions {
 
 // The program `tessara`.
 [[nodiscard]] Outcome Tessara(const std::vector<std::string>& arguments, const std::string& input = {});
+Outcome Convert(std::vector<std::string> arguments, const std::string& input);
 
 // Expects exit status 0, no errors, and this output.
 void ExpectDone(const Outcome& outcome, const std::string& out);

@@ -18,7 +18,7 @@ namespace {
 
 // The digits of a reference are those of the grid values: 691602 is 91602 in the sixth column of zone 32, P,
 // and 5334791 is 34791 in the square row U.
-constexpr const char* MUNICH_UTM = "N 5334791\t32 691602";
+constexpr const char* MUNICH_TEXTS = "N 5334791\t32 691602";
 constexpr const char* MUNICH_UTMREF = "U U 34791.000\t32 P 91602.000";
 
 const std::string UTM_FORMS =
@@ -37,7 +37,7 @@ Outcome UtmToUtmref(std::vector<std::string> arguments, const std::string& input
 }  // namespace
 
 TEST(ConvertTexts, WritesTextsAndKeepsOtherColumns) {
-    const Outcome outcome = UtmToUtmref({}, std::string(MUNICH_UTM) + "\ttown hall\t\n");
+    const Outcome outcome = UtmToUtmref({}, std::string(MUNICH_TEXTS) + "\ttown hall\t\n");
     EXPECT_EQ(outcome.out, std::string(MUNICH_UTMREF) + "\ttown hall\t\n");
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.status, 0);
@@ -68,7 +68,7 @@ TEST(ConvertTexts, WritesTheFormsForAScreenInUtf8) {
                   .out,
               "48\u00b005'N\t11\u00b0"
               "E\n");
-    EXPECT_EQ(UtmToUtmref({"--display", "--north-precision", "1", "--east-precision", "1"}, MUNICH_UTM).out,
+    EXPECT_EQ(UtmToUtmref({"--display", "--north-precision", "1", "--east-precision", "1"}, MUNICH_TEXTS).out,
               "32UPU9160234791\t32UPU9160234791\n");
 }
 
@@ -116,7 +116,7 @@ TEST(ConvertTexts, SaysWhichStepRefusedALine) {
 TEST(ConvertTexts, GivesTheReasonACodeInJson) {
     const Outcome outcome = UtmToUtmref({"--json"}, "N 5334791\t32 900000\n");
     EXPECT_EQ(outcome.err, "-:1: '32': the position is in zone 33, not in 32 [outside-zone]\n");
-    EXPECT_EQ(ConvertTexts({"--from", "UTM", "--to", "BNG", "--json"}, MUNICH_UTM).err,
+    EXPECT_EQ(ConvertTexts({"--from", "UTM", "--to", "BNG", "--json"}, MUNICH_TEXTS).err,
               "-:1: not convertible to BNG@WGS84: the position is outside the grid, or its letters do not "
               "belong to the grid "
               "[outside-grid]\n");
@@ -220,27 +220,27 @@ TEST(ConvertTexts, RejectsOfACsvAreACsv) {
 }
 
 TEST(ConvertTexts, ReportsRejectsThatCantBeWritten) {
-    EXPECT_EQ(UtmToUtmref({"--rejects", "/no/such/directory/rejects"}, MUNICH_UTM).status, 1);
+    EXPECT_EQ(UtmToUtmref({"--rejects", "/no/such/directory/rejects"}, MUNICH_TEXTS).status, 1);
 }
 
 TEST(ConvertTexts, RejectsDontOverwriteAFileThatIsRead) {
     const ScratchDirectory files;
-    const std::string file = files.File("input", std::string(MUNICH_UTM) + "\n");
+    const std::string file = files.File("input", std::string(MUNICH_TEXTS) + "\n");
     const Outcome outcome = UtmToUtmref({"--rejects", file, file}, "");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, file + ": cannot write rejects to an input file\n");
-    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
+    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_TEXTS) + "\n");
 
     const std::string convert = std::string(TESSARA_PROGRAM) + " convert --from UTM --rejects ";
     const Outcome asInput = RunProgram("/bin/sh", {"-c", convert + file + " < " + file});
     EXPECT_EQ(asInput.status, 1);
     EXPECT_EQ(asInput.err, outcome.err);
-    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_UTM) + "\n");
+    EXPECT_EQ(files.Contents("input"), std::string(MUNICH_TEXTS) + "\n");
 }
 
 TEST(ConvertTexts, JsonCarriesTextsAndNumbers) {
-    const Outcome outcome = UtmToUtmref({"--json"}, std::string(MUNICH_UTM) + "\ttown hall");
+    const Outcome outcome = UtmToUtmref({"--json"}, std::string(MUNICH_TEXTS) + "\ttown hall");
     const Json json = Json::parse(outcome.out);
     EXPECT_EQ(json["line"], 1);
     EXPECT_EQ(json["north"], "N 5334791");

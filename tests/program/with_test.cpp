@@ -6,6 +6,7 @@
 
 #include "program/run_program.h"
 
+using tessara::testing::Convert;
 using tessara::testing::ExpectUsageError;
 using tessara::testing::Outcome;
 using tessara::testing::Tessara;
@@ -16,11 +17,6 @@ namespace {
 // echo 48.1375 2.5755 | TransverseMercatorProj -s -l 0 -k 0.9996 -p 9, in zone 32 at 11.5755
 constexpr double CONVERGENCE = 1.918680329454952;
 constexpr double SCALE = 1.000051102525713;
-
-Outcome Convert(std::vector<std::string> arguments, const std::string& input) {
-    arguments.insert(arguments.begin(), "convert");
-    return Tessara(arguments, input);
-}
 
 }  // namespace
 

@@ -4,8 +4,8 @@
 
 #include <cfloat>
 #include <cstring>
-#include <limits>
 
+#include "numerics/special_values.h"
 #include "records/axis_values.h"
 #include "records/compare_records.h"
 #include "records/zone_borders.h"
@@ -34,8 +34,6 @@ using testing::Strip;
 using testing::Ups;
 using testing::Utm;
 using testing::Utmref;
-
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 // Metres. A border is found to 1e-8 degrees and drawn as far inside the zone, which is up to 1.1 mm each.
 constexpr double BORDER_TOLERANCE = 0.0025;
@@ -301,8 +299,8 @@ TEST(AverageUtm, TheNumberingDoesntCloseAtTheDateLine) {
 
 TEST(AverageUtm, WhatDoesntConvertHasNoMeanBesideABorder) {
     EXPECT_FALSE(HasMean(Utm(0, 'N', 5e5, 5e6), Utm(-1, 'N', 4e5, 5e6)));
-    EXPECT_FALSE(HasMean(Utm(32, 'N', NaN, 5e6), Utm(33, 'N', 4e5, 5e6)));
-    EXPECT_FALSE(HasMean(Utm(32, 'N', 6e5, NaN), Utm(33, 'N', 4e5, 5e6)));
+    EXPECT_FALSE(HasMean(Utm(32, 'N', NOT_A_NUMBER, 5e6), Utm(33, 'N', 4e5, 5e6)));
+    EXPECT_FALSE(HasMean(Utm(32, 'N', 6e5, NOT_A_NUMBER), Utm(33, 'N', 4e5, 5e6)));
     EXPECT_FALSE(HasMean(Utm(32, 'N', 6e5, 1e300), Utm(33, 'N', 4e5, 5e6)));
     EXPECT_FALSE(HasMean(Utm(32, 'N', 6e5, 9.5e6), Utm(33, 'N', 4e5, 9.5e6)));  // north of 84 degrees
 }
@@ -428,9 +426,9 @@ TEST(AverageGk6, StripsFollowEachOtherWithoutZero) {
 }
 
 TEST(AverageGk, WhatHasNoStripHasNoMean) {
-    EXPECT_FALSE(HasMean(Strip(KOORD_GK, NaN, 5e6), Strip(KOORD_GK, 3.5e6, 5e6)));
+    EXPECT_FALSE(HasMean(Strip(KOORD_GK, NOT_A_NUMBER, 5e6), Strip(KOORD_GK, 3.5e6, 5e6)));
     EXPECT_FALSE(HasMean(Strip(KOORD_GK, 3.5e6, 5e6), Strip(KOORD_GK, 1e300, 5e6)));
-    EXPECT_FALSE(HasMean(Strip(KOORD_GK, 3.6e6, NaN), Strip(KOORD_GK, 4.4e6, 5e6)));
+    EXPECT_FALSE(HasMean(Strip(KOORD_GK, 3.6e6, NOT_A_NUMBER), Strip(KOORD_GK, 4.4e6, 5e6)));
     EXPECT_FALSE(HasMean(Strip(KOORD_GK, 70.6e6, 5e6), Strip(KOORD_GK, 71.3e6, 5e6)));
     EXPECT_FALSE(HasMean(Strip(KOORD_GK, 3.6e6, 9.0e6), Strip(KOORD_GK, 4.4e6, 9.0e6)));  // north of 80
 }
@@ -483,7 +481,7 @@ TEST(AverageAustrian, WhatDoesntConvertHasNoMeanBesideABorder) {
     for (const std::int32_t type : {KOORD_BMN, KOORD_OEM, KOORD_GKAT}) {
         EXPECT_FALSE(HasMean(Austrian(type, 28, 1e5, 5e5), Austrian(type, 29, 4e5, 5e5)));
         EXPECT_FALSE(HasMean(Austrian(type, 25, 1e5, 5e5), Austrian(type, 28, 1e5, 5e5)));
-        EXPECT_FALSE(HasMean(Austrian(type, 28, NaN, 5e5), Austrian(type, 31, 4e5, 5e5)));
+        EXPECT_FALSE(HasMean(Austrian(type, 28, NOT_A_NUMBER, 5e5), Austrian(type, 31, 4e5, 5e5)));
         EXPECT_FALSE(HasMean(Austrian(type, 28, 1e5, 9e6), Austrian(type, 31, 4e5, 9e6)));  // north of 51
     }
 }

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cfloat>
-#include <limits>
 
+#include "numerics/special_values.h"
 #include "records/default_koord.h"
 #include "records/system_extremes.h"
 #include "support/garbage_records.h"
@@ -33,8 +33,6 @@ using testing::Strip;
 using testing::Ups;
 using testing::Utm;
 using testing::Utmref;
-
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 std::int32_t NorthSouth(const tagKOORD& first, const tagKOORD& second) {
     return CompareRecords(Axis::North, first, second);
@@ -170,14 +168,14 @@ TEST(CompareRecords, SystemsAboveTheTableArentComparable) {
 }
 
 TEST(CompareRecords, ANaNIsNeverNorthOrEast) {
-    const tagKOORD nan = GeodezRecord(NaN, NaN);
+    const tagKOORD nan = GeodezRecord(NOT_A_NUMBER, NOT_A_NUMBER);
     const tagKOORD here = GeodezRecord(48.0, 11.0);
     EXPECT_EQ(NorthSouth(nan, here), -1);
     EXPECT_EQ(NorthSouth(here, nan), -1);
     EXPECT_EQ(EastWest(nan, here), -1);
     EXPECT_EQ(EastWest(here, nan), -1);
-    EXPECT_EQ(NorthSouth(FloatPixel(0.0, NaN), FloatPixel(0.0, 1.0)), -1);
-    EXPECT_EQ(NorthSouth(FloatPixel(0.0, 1.0), FloatPixel(0.0, NaN)), -1);
+    EXPECT_EQ(NorthSouth(FloatPixel(0.0, NOT_A_NUMBER), FloatPixel(0.0, 1.0)), -1);
+    EXPECT_EQ(NorthSouth(FloatPixel(0.0, 1.0), FloatPixel(0.0, NOT_A_NUMBER)), -1);
 }
 
 TEST(CompareRecords, DefaultPositionsEqualThemselves) {
@@ -202,12 +200,12 @@ TEST(CompareRecords, ThePolarAxisEqualsOnlyItselfInTheEast) {
 }
 
 TEST(CompareRecords, ARecordOfTheSameBytesIsEqualWhateverItHolds) {
-    const tagKOORD nan = GeodezRecord(NaN, NaN);
+    const tagKOORD nan = GeodezRecord(NOT_A_NUMBER, NOT_A_NUMBER);
     EXPECT_EQ(NorthSouth(nan, nan), 0);
     EXPECT_EQ(EastWest(nan, nan), 0);
     TmPayload tm{};
-    tm.easting = NaN;
-    tm.scale = NaN;
+    tm.easting = NOT_A_NUMBER;
+    tm.scale = NOT_A_NUMBER;
     EXPECT_EQ(EastWest(Record(KOORD_TM, tm), Record(KOORD_TM, tm)), 0);
     EXPECT_EQ(NorthSouth(Record(KOORD_TM, tm), Record(KOORD_TM, tm)), 0);
 }
@@ -348,7 +346,7 @@ TEST(CompareRecords, AWantedZoneThatDoesntConvertIsntComparable) {
 }
 
 TEST(CompareRecords, AnEastingWithoutAStripIsntComparable) {
-    EXPECT_EQ(EastWest(Strip(KOORD_GK, NaN, 5e6), Strip(KOORD_GK, 3.5e6, 5e6)), NOT_COMPARABLE);
+    EXPECT_EQ(EastWest(Strip(KOORD_GK, NOT_A_NUMBER, 5e6), Strip(KOORD_GK, 3.5e6, 5e6)), NOT_COMPARABLE);
     EXPECT_EQ(EastWest(Strip(KOORD_GK, 3.5e6, 5e6), Strip(KOORD_GK, 1e300, 5e6)), NOT_COMPARABLE);
 }
 

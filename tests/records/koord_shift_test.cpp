@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "numerics/special_values.h"
 #include "records/axis_values.h"
 #include "records/default_koord.h"
 #include "records/system_extremes.h"
@@ -36,7 +37,6 @@ using testing::Strip;
 using testing::Utm;
 using testing::Utmref;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
 
 // The shifted record, which must be there.
@@ -75,7 +75,7 @@ TEST(KoordShift, AWayThatIsNoNumberIsRefused) {
     for (std::int32_t type = 0; type <= KOORD_LUREF; ++type) {
         CKoord record;
         ASSERT_TRUE(DefaultKoord(2, type, &record));
-        for (const double delta : {NaN, INF, -INF}) {
+        for (const double delta : {NOT_A_NUMBER, INF, -INF}) {
             EXPECT_TRUE(Refuses(Axis::East, delta, record)) << type;
             EXPECT_TRUE(Refuses(Axis::North, delta, record)) << type;
         }
@@ -279,7 +279,7 @@ TEST(KoordShift, AnUnknownZoneIsRefused) {
     EXPECT_TRUE(Refuses(Axis::East, 1.0, Austrian(KOORD_BMN, 29, 5e5, 2e5)));
     EXPECT_TRUE(Refuses(Axis::North, 1.0, Austrian(KOORD_BMN, 29, 5e5, 2e5)));
     EXPECT_TRUE(Refuses(Axis::East, 1.0, Strip(KOORD_GK, 61.5e6, 5e6)));
-    EXPECT_TRUE(Refuses(Axis::East, 1.0, Strip(KOORD_GK, NaN, 5e6)));
+    EXPECT_TRUE(Refuses(Axis::East, 1.0, Strip(KOORD_GK, NOT_A_NUMBER, 5e6)));
 }
 
 TEST(KoordShift, DegreesEndOnTheirLimitsAndSnapOntoThem) {
@@ -290,7 +290,7 @@ TEST(KoordShift, DegreesEndOnTheirLimitsAndSnapOntoThem) {
     EXPECT_TRUE(SameRecord(North(1e-7, GeodezRecord(89.99999996, 0.0)), GeodezRecord(90.0, 0.0)));
     EXPECT_TRUE(SameRecord(North(-1e-7, GeodezRecord(-89.99999996, 0.0)), GeodezRecord(-90.0, 0.0)));
     EXPECT_TRUE(Refuses(Axis::North, 5e-7, GeodezRecord(89.9999998, 0.0)));
-    EXPECT_TRUE(Refuses(Axis::North, 1.0, GeodezRecord(NaN, 0.0)));
+    EXPECT_TRUE(Refuses(Axis::North, 1.0, GeodezRecord(NOT_A_NUMBER, 0.0)));
 }
 
 TEST(KoordShift, GridsEndOnTheirLimitsAndSnapOntoThem) {
@@ -679,7 +679,7 @@ TEST(KoordDifference, IsUnknownBetweenReferencesAndZones) {
         {here, GeodezRecord(48.0, 9.0)},
         {here, Utm(33, 'N', 5e5, 5e6)},
         {gk, Strip(KOORD_GK, 4.5e6, 5e6)},
-        {Strip(KOORD_GK, NaN, 5e6), Strip(KOORD_GK, NaN, 5e6)},
+        {Strip(KOORD_GK, NOT_A_NUMBER, 5e6), Strip(KOORD_GK, NOT_A_NUMBER, 5e6)},
         {Austrian(KOORD_BMN, 28, 1e5, 2e5), Austrian(KOORD_BMN, 31, 1e5, 2e5)},
         {Utmref(32, 'U', "NA", 0, 0), Utmref(33, 'U', "NA", 0, 0)},
         {MakeKoord(2, KOORD_ECEF), MakeKoord(2, KOORD_ECEF)},

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "numerics/special_values.h"
 #include "records/axis_values.h"
 #include "records/zones.h"
 #include "support/garbage_records.h"
@@ -27,8 +27,6 @@ using testing::Strip;
 using testing::Utm;
 using testing::Utmref;
 using testing::ZONED_TYPES;
-
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 // Metres. The figures are rounded to half a millimetre on both axes and the border is drawn a tenth of a
 // millimetre outside.
@@ -79,7 +77,7 @@ double DegreesOfHalfZone(const tagKOORD& record) {
     return record.type == KOORD_UTM || record.type == KOORD_GK6 ? 3.0 : 1.5;
 }
 
-GeodezPayload PositionOf(const tagKOORD& record) {
+GeodezPayload DegreesOf(const tagKOORD& record) {
     tagKOORD geodez = MakeKoord(static_cast<std::int32_t>(record.datum), KOORD_GEODEZ);
     EXPECT_EQ(KoordConvert(&record, &geodez), KOORD_OK);
     return Load<GeodezPayload>(geodez);
@@ -115,8 +113,8 @@ TEST(ZoneBorders, ABorderIsDrawnAHairOutsideTheZone) {
     tagKOORD west = east;
     ASSERT_TRUE(zones::MoveToBorder(Compass::East, &east));
     ASSERT_TRUE(zones::MoveToBorder(Compass::West, &west));
-    EXPECT_NEAR(PositionOf(east).longitude, 12.0 + 1e-9, 1e-11);
-    EXPECT_NEAR(PositionOf(west).longitude, 6.0 - 1e-9, 1e-11);
+    EXPECT_NEAR(DegreesOf(east).longitude, 12.0 + 1e-9, 1e-11);
+    EXPECT_NEAR(DegreesOf(west).longitude, 6.0 - 1e-9, 1e-11);
 }
 
 TEST(ZoneBorders, ABorderIsItsOwnBorder) {
@@ -139,9 +137,9 @@ TEST(ZoneBorders, RandomBordersLieOnTheirMeridianAndKeepTheNorthing) {
             tagKOORD centre = record;
             ASSERT_TRUE(zones::MoveToBorder(side, &border)) << type;
             ASSERT_TRUE(zones::MoveToCentre(&centre));
-            const double longitude = PositionOf(centre).longitude + SignOf(side) * DegreesOfHalfZone(record);
+            const double longitude = DegreesOf(centre).longitude + SignOf(side) * DegreesOfHalfZone(record);
             // Degrees; the kernel's snapping onto a limit of the system reaches as far.
-            ASSERT_LT(LongitudesApart(PositionOf(border).longitude, longitude), 1e-7) << type;
+            ASSERT_LT(LongitudesApart(DegreesOf(border).longitude, longitude), 1e-7) << type;
             ASSERT_EQ(axes::SignedNorthing(border), axes::SignedNorthing(record));
             ASSERT_EQ(zones::Number(border), zones::Number(record));
         }
@@ -165,8 +163,8 @@ TEST(ZoneBorders, NeighbouringZonesShareABorder) {
         ASSERT_TRUE(zones::MoveToBorder(Compass::East, &west));
         ASSERT_TRUE(zones::MoveToBorder(Compass::West, &east));
         // Degrees: twice the outset, and a millimetre of latitude.
-        EXPECT_LT(LongitudesApart(PositionOf(west).longitude, PositionOf(east).longitude), 3e-9);
-        EXPECT_NEAR(PositionOf(west).latitude, PositionOf(east).latitude, 9e-9);
+        EXPECT_LT(LongitudesApart(DegreesOf(west).longitude, DegreesOf(east).longitude), 3e-9);
+        EXPECT_NEAR(DegreesOf(west).latitude, DegreesOf(east).latitude, 9e-9);
     }
 }
 
@@ -445,8 +443,9 @@ TEST(ZoneBorders, WellInsideIsWithinTheBorderOnly) {
 
 TEST(ZoneBorders, NothingIsWellInsideWhatIsNoZone) {
     for (const tagKOORD& record :
-         {Utm(0, 'N', 5e5, 5e6), Utm(32, 'N', NaN, 5e6), Utm(32, 'N', 5e5, NaN), Utm(32, 'N', 4.0e7, 5e6),
-          Utm(32, 'N', -1e300, 5e6), Utmref(32, 'U', "IA", 0, 0), GeodezRecord(48.0, 11.0)}) {
+         {Utm(0, 'N', 5e5, 5e6), Utm(32, 'N', NOT_A_NUMBER, 5e6), Utm(32, 'N', 5e5, NOT_A_NUMBER),
+          Utm(32, 'N', 4.0e7, 5e6), Utm(32, 'N', -1e300, 5e6), Utmref(32, 'U', "IA", 0, 0),
+          GeodezRecord(48.0, 11.0)}) {
         EXPECT_FALSE(zones::IsWellInside(record)) << record.type;
     }
 }
@@ -522,7 +521,7 @@ TEST(ZoneEquator, TheRowOfAUtmrefFollowsTheLetteringOfItsDatum) {
         EXPECT_TRUE(SameRecord(record, Utmref(c.zone, 'N', square, 12345, 0, c.datum)));
         // And it is a place on the equator.
         if (c.zone != 31) continue;
-        EXPECT_NEAR(PositionOf(record).latitude, 0.0, 1e-9);
+        EXPECT_NEAR(DegreesOf(record).latitude, 0.0, 1e-9);
     }
 }
 
@@ -549,19 +548,19 @@ std::vector<tagKOORD> Hopeless() {
         Utm(0, 'N', 600000.0, 5000000.0),
         Utm(61, 'N', 600000.0, 5000000.0),
         Utm(-1, 'N', 600000.0, 5000000.0),
-        Utm(32, 'N', 600000.0, NaN),
+        Utm(32, 'N', 600000.0, NOT_A_NUMBER),
         Utmref(0, 'U', "QA", 0, 0),
         Utmref(32, 'U', "IA", 0, 0),
         Utmref(32, 'I', "QA", 0, 0),
-        Strip(KOORD_GK, NaN, 5000000.0),
+        Strip(KOORD_GK, NOT_A_NUMBER, 5000000.0),
         Strip(KOORD_GK, 1e300, 5000000.0),
         Strip(KOORD_GK, 61600000.0, 5000000.0),
         Strip(KOORD_GK6, 31600000.0, 5000000.0),
-        Strip(KOORD_GK, 3600000.0, NaN),
+        Strip(KOORD_GK, 3600000.0, NOT_A_NUMBER),
         Strip(KOORD_GK, 3600000.0, 5000000.0, NO_WANTED_ZONE, NO_DATUM),
         Austrian(KOORD_BMN, 29, 460000.0, 200000.0),
         Austrian(KOORD_GKAT, 0, 10000.0, 5200000.0),
-        Austrian(KOORD_OEM, 31, 760000.0, NaN),
+        Austrian(KOORD_OEM, 31, 760000.0, NOT_A_NUMBER),
     };
     return records;
 }
@@ -578,7 +577,7 @@ TEST(ZoneBorders, AFailureChangesNothing) {
 }
 
 TEST(ZoneLimits, AnEastingThatIsNoNumberHasNoLimit) {
-    tagKOORD record = Utm(32, 'N', NaN, 5000000.0);
+    tagKOORD record = Utm(32, 'N', NOT_A_NUMBER, 5000000.0);
     EXPECT_EQ(zones::MoveToLimit(Compass::North, &record), ZoneLimit::Failure);
     // Its border needs no easting.
     EXPECT_TRUE(zones::MoveToBorder(Compass::East, &record));

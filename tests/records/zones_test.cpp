@@ -7,7 +7,7 @@
 #include <set>
 #include <string>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/zoned_records.h"
 
 namespace tessara {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/sanitized.h"
 
 namespace tessara::testing {

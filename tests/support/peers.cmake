@@ -15,6 +15,12 @@ endif()
 
 include(CheckCXXSourceCompiles)
 check_cxx_source_compiles("__int128 wide; int main() {}" TESSARA_HAS_INT128)
+# g++ 12 calls a library for them on riscv64.
+check_cxx_source_compiles("#include <atomic>
+int main() { std::atomic<char> byte{0}; char old = 0; return byte.compare_exchange_strong(old, 1); }" TESSARA_HAS_ATOMIC_BYTES)
+if(NOT TESSARA_HAS_ATOMIC_BYTES)
+  target_link_libraries(tessara_peers INTERFACE atomic)
+endif()
 check_cxx_source_compiles("#include <cfloat>
 static_assert(LDBL_MANT_DIG > DBL_MANT_DIG); int main() {}" TESSARA_HAS_LONG_DOUBLE)
 

@@ -1,7 +1,7 @@
 // Shared parts of the tests of the objects for geometry in space.
 #pragma once
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/live_objects.h"
 #include "support/managed_library.h"
 #include "support/objects.h"

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t ROWS = 5;
 
 // A number that no form admits: it's no zone, no meridian and no pair of letters.
-constexpr double UNTOUCHED = 999.0;
+constexpr double AS_BEFORE = 999.0;
 
 // Every column of the rows behind the first ones.
 bool AreUntouched(const Block& block, std::size_t first) {
@@ -21,7 +21,7 @@ bool AreUntouched(const Block& block, std::size_t first) {
     for (std::size_t column = 0; column < columns; ++column) {
         double rows[Block::SIZE];
         std::memcpy(rows, reinterpret_cast<const char*>(&block) + column * sizeof rows, sizeof rows);
-        if (!std::all_of(rows + first, std::end(rows), [](double value) { return value == UNTOUCHED; }))
+        if (!std::all_of(rows + first, std::end(rows), [](double value) { return value == AS_BEFORE; }))
             return false;
     }
     return true;
@@ -30,7 +30,7 @@ bool AreUntouched(const Block& block, std::size_t first) {
 std::unique_ptr<Block> UntouchedBlock() {
     auto block = std::make_unique<Block>();
     static_assert(sizeof(Block) % sizeof(double) == 0);
-    std::fill_n(reinterpret_cast<double*>(block.get()), sizeof(Block) / sizeof(double), UNTOUCHED);
+    std::fill_n(reinterpret_cast<double*>(block.get()), sizeof(Block) / sizeof(double), AS_BEFORE);
     return block;
 }
 

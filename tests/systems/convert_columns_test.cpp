@@ -478,7 +478,7 @@ void Put(char* at, double number) {
 void ExpectColumnsAsSingleCalls(testing::Random& random, const tagKOORD& source, const tagKOORD& target,
                                 RangeCheck check) {
     const std::size_t count =
-        testing::Setting("TESSARA_EQUALITY_POSITIONS", testing::IS_SANITIZED ? 60 : 300);
+        testing::SizeSetting("TESSARA_EQUALITY_POSITIONS", testing::IS_SANITIZED ? 60 : 300);
     const auto sourceFields = System_Columns(static_cast<std::int32_t>(source.type));
     const auto targetFields = System_Columns(static_cast<std::int32_t>(target.type));
     if (sourceFields.empty()) return;

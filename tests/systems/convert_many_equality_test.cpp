@@ -20,7 +20,7 @@ using Records = std::vector<tagKOORD>;
 using Statuses = std::vector<KoordStatus>;
 
 std::size_t PositionsWanted() {
-    return testing::Setting("TESSARA_EQUALITY_POSITIONS", testing::IS_SANITIZED ? 200 : 1000);
+    return testing::SizeSetting("TESSARA_EQUALITY_POSITIONS", testing::IS_SANITIZED ? 200 : 1000);
 }
 
 struct Results {

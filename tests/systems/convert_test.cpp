@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 
 #include "support/records.h"
@@ -16,7 +15,7 @@ namespace {
 
 constexpr std::int32_t NO_RANGE_TESTS = 0;
 
-bool SameBytes(const tagKOORD& left, const tagKOORD& right) {
+bool AreSame(const tagKOORD& left, const tagKOORD& right) {
     return std::memcmp(&left, &right, sizeof left) == 0;
 }
 
@@ -70,7 +69,7 @@ TEST(KoordConvert, ABadDatumBeatsABadType) {
             tagKOORD good = GeodezRecord(48.0, 9.0);
             const tagKOORD before = good;
             EXPECT_EQ(KoordConvert(&bad, &good), KOORD_ERR_DATUM) << type;
-            EXPECT_TRUE(SameBytes(good, before));
+            EXPECT_TRUE(AreSame(good, before));
             EXPECT_EQ(KoordConvert(&good, &bad), KOORD_ERR_DATUM) << type;
         }
     }
@@ -97,7 +96,7 @@ TEST(KoordConvert, ARecordMayBeItsOwnTarget) {
     tagKOORD record = GeodezRecord(48.0, 9.0, 5.0);
     const tagKOORD before = record;
     EXPECT_EQ(KoordConvert(&record, &record), KOORD_OK);
-    EXPECT_TRUE(SameBytes(record, before));
+    EXPECT_TRUE(AreSame(record, before));
 }
 
 LambertCCPayload Cone() {
@@ -116,7 +115,7 @@ TEST(KoordConvert, TheFreeLambertIsWrittenWithoutRangeTestsOnlyAndAlwaysRead) {
     tagKOORD lambert = Record(KOORD_LAMBERTCC, Cone());
     const tagKOORD before = lambert;
     EXPECT_EQ(KoordConvert(&source, &lambert), KOORD_ERR_TYPE);
-    EXPECT_TRUE(SameBytes(lambert, before));
+    EXPECT_TRUE(AreSame(lambert, before));
 
     // The origin has the false values as its coordinates, to the rounding of a cone of about 5e6 metres.
     EXPECT_EQ(KoordConvertEx(&source, &lambert, NO_RANGE_TESTS), KOORD_OK);
@@ -265,7 +264,7 @@ TEST(KoordConvert, AFailureWhileReadingLeavesTheTargetAlone) {
     tagKOORD target = GeodezRecord(1.0, 2.0, 3.0);
     const tagKOORD before = target;
     EXPECT_EQ(KoordConvert(&source, &target), KOORD_ERR_UTM_ZONE);
-    EXPECT_TRUE(SameBytes(target, before));
+    EXPECT_TRUE(AreSame(target, before));
 }
 
 TEST(KoordConvert, NeverWritesDatumTypeOrSource) {
@@ -276,7 +275,7 @@ TEST(KoordConvert, NeverWritesDatumTypeOrSource) {
         KoordConvert(&source, &target);
         EXPECT_EQ(target.datum, 6u);
         EXPECT_EQ(target.type, static_cast<std::uint32_t>(type));
-        EXPECT_TRUE(SameBytes(source, before));
+        EXPECT_TRUE(AreSame(source, before));
     }
 }
 
@@ -340,7 +339,7 @@ TEST(KoordConvert, ReturnsFromEveryTypeToWhereItStarted) {
         for (int i = 0; i < 2000; ++i) {
             const double lat = latitude(random);
             const double lon = longitude(random);
-            SCOPED_TRACE(testing::Message() << "type " << row.type << " at " << lat << ", " << lon);
+            SCOPED_TRACE(::testing::Message() << "type " << row.type << " at " << lat << ", " << lon);
             const tagKOORD source = GeodezRecord(lat, lon, 0.0, row.datum);
             tagKOORD target = NaturalTarget(row.type, row.datum);
             tagKOORD back = MakeKoord(row.datum, KOORD_GEODEZ);

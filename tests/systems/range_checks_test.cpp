@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "support/doubles.h"
+#include "numerics/special_values.h"
 #include "support/records.h"
 
 namespace tessara {

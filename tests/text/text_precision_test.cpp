@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
+#include "numerics/special_values.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/koord.h"
 
 namespace tessara {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 TEST(PrecisionOfResolution, IsTheGreatestPowerOfTenAtMostAsLarge) {
     const struct {

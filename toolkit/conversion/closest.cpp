@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "conversion/ascii.h"
 #include "conversion/quote.h"
 
 namespace tessara::toolkit {
@@ -10,10 +11,6 @@ namespace {
 
 // All names are shorter; the time of a comparison is quadratic.
 constexpr std::size_t LONGEST_NAME = 64;
-
-char LowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 // The edit distance with swaps of neighbouring letters (Damerau and Levenshtein).
 std::size_t Distance(std::string_view a, std::string_view b) {

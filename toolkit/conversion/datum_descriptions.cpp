@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "conversion/ascii.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "tessara/kernel/datum.h"
@@ -265,7 +266,7 @@ constexpr std::array<DatumDescription, DATUM_COUNT> DESCRIPTIONS{{
 std::string InLowerCase(std::string_view text) {
     std::string lower(text);
     for (char& c : lower) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        c = LowerCase(c);
     }
     return lower;
 }

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "conversion/numbers.h"
+#include "conversion/units.h"
 #include "tessara/kernel/systems.h"
 
 namespace tessara::toolkit {
@@ -14,7 +15,6 @@ namespace {
 constexpr int MINUTE_DECIMALS = 7;
 constexpr int SECOND_DECIMALS = 5;
 constexpr int PIXEL_DECIMALS = 3;
-constexpr int SQUARE_DIGITS = 5;  // whole metres within 100 km
 
 // Decimal minutes do not carry into the degrees, so a value that rounds to 60 is written below 60.
 constexpr double LAST_MINUTE = 59.9999999;

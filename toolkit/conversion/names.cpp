@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "conversion/ascii.h"
 #include "conversion/closest.h"
 #include "conversion/quote.h"
 #include "tessara/kernel/datum.h"
@@ -14,10 +15,6 @@ namespace {
 
 // A common name of UTMREF.
 constexpr const char* MILITARY_REFERENCES = "MGRS";
-
-char LowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 bool IsSameName(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),

@@ -46,7 +46,7 @@ double MeridianOf6(double strip, std::int32_t /*datum*/) {
 #define AT(kind, Struct, field) \
     { FieldKind::kind, static_cast<std::uint8_t>(offsetof(Struct, field)) }
 
-constexpr ParameterRow ROWS[] = {
+constexpr ParameterRow PARAMETER_ROWS[] = {
     {KOORD_TM, "lon0", AT(Number, TmPayload, originLongitude), -360.0, 360.0},
     {KOORD_TM, "lat0", AT(Number, TmPayload, originLatitude), -90.0, 90.0},
     {KOORD_TM, "k", AT(Number, TmPayload, scale), SMALLEST_SCALE, LARGEST_SCALE},
@@ -67,16 +67,16 @@ constexpr ParameterRow ROWS[] = {
 
 const ParameterRow* FindRow(std::int32_t system, std::string_view key) {
     const ParameterRow* const found =
-        std::find_if(std::begin(ROWS), std::end(ROWS),
+        std::find_if(std::begin(PARAMETER_ROWS), std::end(PARAMETER_ROWS),
                      [&](const ParameterRow& row) { return row.system == system && row.key == key; });
-    return found != std::end(ROWS) ? found : nullptr;
+    return found != std::end(PARAMETER_ROWS) ? found : nullptr;
 }
 
 const ParameterRow* ZoneRow(std::int32_t system) {
     const ParameterRow* const found =
-        std::find_if(std::begin(ROWS), std::end(ROWS),
+        std::find_if(std::begin(PARAMETER_ROWS), std::end(PARAMETER_ROWS),
                      [&](const ParameterRow& row) { return row.system == system && row.isZone; });
-    return found != std::end(ROWS) ? found : nullptr;
+    return found != std::end(PARAMETER_ROWS) ? found : nullptr;
 }
 
 bool IsAustrian(std::int32_t system) {
@@ -98,7 +98,7 @@ std::string RangeOf(const ParameterRow& row) {
 
 std::string KeysOf(std::int32_t system) {
     std::string keys;
-    for (const ParameterRow& row : ROWS) {
+    for (const ParameterRow& row : PARAMETER_ROWS) {
         if (row.system == system) keys += (keys.empty() ? "" : ", ") + std::string(row.key);
     }
     return keys;

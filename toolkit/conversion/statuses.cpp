@@ -14,7 +14,7 @@ struct StatusRow {
 
 constexpr StatusRow UNKNOWN{KOORD_ERR_GENERAL, "no-position", "the system cannot represent the position"};
 
-constexpr StatusRow ROWS[] = {
+constexpr StatusRow STATUS_ROWS[] = {
     UNKNOWN,
     {KOORD_ERR_DATUM, "datum", "unknown datum"},
     {KOORD_ERR_MERIDIAN, "strip", "unknown strip or meridian"},
@@ -57,9 +57,9 @@ constexpr StatusRow ROWS[] = {
 };
 
 const StatusRow& RowOf(KoordStatus status) {
-    const StatusRow* const found = std::find_if(std::begin(ROWS), std::end(ROWS),
+    const StatusRow* const found = std::find_if(std::begin(STATUS_ROWS), std::end(STATUS_ROWS),
                                                 [&](const StatusRow& row) { return row.status == status; });
-    return found != std::end(ROWS) ? *found : UNKNOWN;
+    return found != std::end(STATUS_ROWS) ? *found : UNKNOWN;
 }
 
 }  // namespace

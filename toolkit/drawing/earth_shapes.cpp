@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "conversion/units.h"
 #include "drawing/clipping.h"
 #include "drawing/map_drawing.h"
 #include "map/map_measures.h"
@@ -11,21 +12,16 @@
 namespace tessara::toolkit {
 namespace {
 
-constexpr double TURN = 360.0;
-constexpr double POLE = 90.0;
-constexpr double SAME_DEGREES = 1e-7;
+constexpr double SAME_LONGITUDE = 1e-7;
 
 constexpr double MARGIN = 0.01;  // of the extent, on each side
-constexpr double PIECE = 5.0;    // degrees; longer segments are halved before their curvature is measured
-constexpr int MOST_HALVINGS = 12;
-constexpr int HALVINGS_TO_AN_END = 16;
+constexpr double LONG_SEGMENT =
+    5.0;  // degrees; longer segments are halved before their curvature is measured
+constexpr int SEGMENT_HALVINGS = 12;
+constexpr int HALVINGS_TO_AN_EDGE = 16;
 constexpr double SIMPLER = 0.2;  // picture units; invisible
 constexpr double NEARBY = 0.1;   // of the window, from the middle
 constexpr double FAR = 3.0;      // windows from the middle, beyond every side
-
-double Distance(const PicturePoint& a, const PicturePoint& b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
 
 PicturePoint Middle(const PicturePoint& a, const PicturePoint& b) {
     return {(a.x + b.x) / 2.0, (a.y + b.y) / 2.0};
@@ -56,8 +52,8 @@ std::optional<Extent> ShownExtent(const MapSheet& sheet) {
     extent = OnceAround(
         sheet, {extent->north + north, extent->east + east, extent->south - north, extent->west - east});
     if (const std::optional<double> own = OwnMeridian(sheet)) {
-        extent->west = std::max(extent->west, *own - TURN / 2.0);
-        extent->east = std::min(extent->east, *own + TURN / 2.0);
+        extent->west = std::max(extent->west, *own - FULL_TURN / 2.0);
+        extent->east = std::min(extent->east, *own + FULL_TURN / 2.0);
     }
     extent->north = std::min(extent->north, POLE);
     extent->south = std::max(extent->south, -POLE);
@@ -104,9 +100,9 @@ class Densifier {
 
     void AddWay(const Knot& from, const Knot& to, int halvings) {
         if (from.at.has_value() != to.at.has_value() && bisects_) return AddEnd(from, to);
-        const bool isLong = Distance(from.degrees, to.degrees) > PIECE;
+        const bool isLong = Distance(from.degrees, to.degrees) > LONG_SEGMENT;
         const Knot middle = KnotAt(Middle(from.degrees, to.degrees));
-        if (halvings >= MOST_HALVINGS || (!isLong && IsStraight(from, middle, to)) || !budget_.Take(1))
+        if (halvings >= SEGMENT_HALVINGS || (!isLong && IsStraight(from, middle, to)) || !budget_.Take(1))
             return Add(to);
         AddWay(from, middle, halvings + 1);
         AddWay(middle, to, halvings + 1);
@@ -117,17 +113,17 @@ class Densifier {
         const bool leaves = from.at.has_value();
         Knot shown = leaves ? from : to;
         Knot hidden = leaves ? to : from;
-        for (int i = 0; i < HALVINGS_TO_AN_END; ++i) {
+        for (int i = 0; i < HALVINGS_TO_AN_EDGE; ++i) {
             const Knot middle = KnotAt(Middle(shown.degrees, hidden.degrees));
             (middle.at ? shown : hidden) = middle;
         }
         if (leaves) {
-            AddWay(from, shown, MOST_HALVINGS - 3);
+            AddWay(from, shown, SEGMENT_HALVINGS - 3);
             parts_.emplace_back();
         } else {
             parts_.emplace_back();
             Add(shown);
-            AddWay(shown, to, MOST_HALVINGS - 3);
+            AddWay(shown, to, SEGMENT_HALVINGS - 3);
         }
     }
 
@@ -166,7 +162,7 @@ PicturePoint EarthShapes::ShownOrBeyond(const PicturePoint& degrees) const {
     double axes[2];
     Geodesic_LoadAxes(axes, sheet_.Datum());
     const GeodesicResult way = Geodesic_InverseCore(centre_->latitude, centre_->longitude, degrees.y,
-                                                    std::remainder(degrees.x, TURN), axes[0], axes[1]);
+                                                    std::remainder(degrees.x, FULL_TURN), axes[0], axes[1]);
     const GeodesicResult begin =
         Geodesic_DirectCore(centre_->latitude, centre_->longitude, nearby_, way.azimuth12, axes[0], axes[1]);
     const std::optional<PicturePoint> toward =
@@ -181,10 +177,10 @@ std::vector<EarthLine> EarthShapes::Copies(const EarthLine& line) const {
     const auto [west, east] = std::minmax_element(
         line.begin(), line.end(), [](const PicturePoint& a, const PicturePoint& b) { return a.x < b.x; });
     std::vector<EarthLine> copies;
-    const double first = std::ceil((extent_->west - east->x) / TURN);
-    const double last = std::floor((extent_->east - west->x) / TURN);
+    const double first = std::ceil((extent_->west - east->x) / FULL_TURN);
+    const double last = std::floor((extent_->east - west->x) / FULL_TURN);
     for (double turns = first; turns <= last; ++turns)
-        copies.push_back(Shifted(line, turns * TURN - extent_->west, -extent_->south));
+        copies.push_back(Shifted(line, turns * FULL_TURN - extent_->west, -extent_->south));
     return copies;
 }
 
@@ -207,7 +203,7 @@ std::vector<Polyline> EarthShapes::Line(const EarthLine& line) const {
 // The same for a ring. A ring around a pole repeats every 360 degrees and is closed along the pole.
 std::vector<EarthLine> EarthShapes::ClosedCopies(const EarthLine& ring) const {
     const double turn = ring.back().x - ring.front().x;
-    if (std::abs(turn) < TURN - SAME_DEGREES) return Copies(ring);
+    if (std::abs(turn) < FULL_TURN - SAME_LONGITUDE) return Copies(ring);
 
     double latitudes = 0.0;
     for (const PicturePoint& point : ring)
@@ -216,9 +212,9 @@ std::vector<EarthLine> EarthShapes::ClosedCopies(const EarthLine& ring) const {
     EarthLine eastward = ring;
     if (turn < 0.0) std::reverse(eastward.begin(), eastward.end());
     EarthLine whole;
-    const double first = std::floor((extent_->west - eastward.front().x) / TURN);
+    const double first = std::floor((extent_->west - eastward.front().x) / FULL_TURN);
     for (double turns = first; turns <= first + 1.0 || whole.back().x < extent_->east; ++turns) {
-        const EarthLine next = Shifted(eastward, turns * TURN, 0.0);
+        const EarthLine next = Shifted(eastward, turns * FULL_TURN, 0.0);
         whole.insert(whole.end(), next.begin() + (whole.empty() ? 0 : 1), next.end());
     }
     whole.push_back({whole.back().x, pole});

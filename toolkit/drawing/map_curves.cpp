@@ -9,17 +9,13 @@ namespace {
 
 // Steps of 1/8 give a ring exact points in the four cardinal directions.
 constexpr int PIECES = 32;
-constexpr int MOST_HALVINGS = 16;
+constexpr int CURVE_HALVINGS = 16;
 constexpr int HALVINGS_OF_NOTHING = 4;  // depth of the search for a point if both ends have none
 
 struct Knot {
     double part;
     std::optional<PicturePoint> at;
 };
-
-double Distance(const PicturePoint& a, const PicturePoint& b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
 
 class Tracer {
   public:
@@ -53,7 +49,7 @@ class Tracer {
             return;
         }
         const bool isNothing = !from.at && !middle.at && !to.at;
-        if (halvings < (isNothing ? HALVINGS_OF_NOTHING : MOST_HALVINGS)) {
+        if (halvings < (isNothing ? HALVINGS_OF_NOTHING : CURVE_HALVINGS)) {
             AddPiece(from, middle, halvings + 1);
             AddPiece(middle, to, halvings + 1);
             return;

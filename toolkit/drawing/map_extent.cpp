@@ -4,15 +4,13 @@
 #include <cmath>
 
 #include "conversion/made.h"
+#include "conversion/units.h"
 #include "drawing/map_drawing.h"
 #include "drawing/map_grid_labels.h"
 #include "tessara/host/rect.h"
 
 namespace tessara::toolkit {
 namespace {
-
-constexpr double HALF_TURN = 180.0;
-constexpr double POLE = 90.0;
 
 // Whether a pole is a point of the window. On some maps a pole is a line, where the longitude stays bounded.
 bool ShowsPole(const MapSheet& sheet, double latitude) {

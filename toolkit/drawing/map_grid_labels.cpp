@@ -6,6 +6,7 @@
 #include "conversion/made.h"
 #include "conversion/numbers.h"
 #include "conversion/references.h"
+#include "conversion/units.h"
 #include "map/map_sites.h"
 #include "tessara/host/text.h"
 
@@ -15,9 +16,7 @@ namespace {
 constexpr int MOST_DECIMALS = 7;
 constexpr double MINUTES = 60.0;
 constexpr double SECONDS = 3600.0;
-constexpr double HALF_TURN = 180.0;
 constexpr double SAME_DEGREES = 1e-9;
-constexpr int SQUARE_DIGITS = 5;  // whole metres within a square
 constexpr std::int64_t SQUARE_METRES = 100000;
 constexpr double SLACK = 1e-9;  // for rounding, in parts of a step
 

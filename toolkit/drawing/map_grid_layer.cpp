@@ -24,10 +24,6 @@ constexpr double CLOSE_BORDERS = 60.0;  // picture units from one to the next
 
 constexpr double LABEL_CLEARANCE = 4.0;  // picture units
 
-double Distance(const PicturePoint& a, const PicturePoint& b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
-
 // The name of a border; empty for other lines.
 std::string BorderText(const GridLine& line, const Reference& reference) {
     const std::optional<BorderZones> zones = ZonesBeside(line, reference);

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "conversion/made.h"
+#include "conversion/units.h"
 #include "drawing/capped_array.h"
 #include "drawing/clipping.h"
 #include "drawing/map_drawing.h"
@@ -14,14 +15,12 @@
 namespace tessara::toolkit {
 namespace {
 
-constexpr double HALF_TURN = 180.0;
-constexpr double RADIANS_PER_DEGREE = std::numbers::pi / 180.0;
 constexpr double LEAST_METRES_PER_DEGREE = 1e5;  // a tenth less than on any ellipsoid
 constexpr double PIECE = 5.0;                    // degrees; the length of a piece
-constexpr int MOST_HALVINGS = 6;
+constexpr int PIECE_HALVINGS = 6;
 constexpr int HALVINGS_TO_AN_END = 16;
 constexpr double SHORTEST_LINE = 1.0;  // picture units
-constexpr double SLACK = 1e-9;         // for rounding, in steps
+constexpr double STEP_SLACK = 1e-9;    // for rounding, in steps
 
 constexpr std::size_t POINTS_OF_A_FAILURE = 10;  // the approximate cost of a piece outside the map
 
@@ -128,7 +127,7 @@ class GraticuleLine {
         const double count = std::max(1.0, std::ceil((to - from) / PIECE));
         for (double i = 0.0; i < count; ++i)
             AddPiece(axis, value, from + (to - from) * (i / count), from + (to - from) * ((i + 1.0) / count),
-                     MOST_HALVINGS, &parts);
+                     PIECE_HALVINGS, &parts);
         return {At(axis, value, from), At(axis, value, (from + to) / 2.0), At(axis, value, to),
                 Clip(sheet_, parts)};
     }
@@ -204,8 +203,8 @@ std::optional<std::vector<GridLine>> PlaceGraticule(const MapSheet& sheet, const
     if (!whole) return std::nullopt;
     const Extent extent = OnceAround(sheet, *whole);
     const bool isEast = axis == Axis::East;
-    const double first = std::ceil((isEast ? extent.west : extent.south) / step - SLACK);
-    const double last = std::floor((isEast ? extent.east : extent.north) / step + SLACK);
+    const double first = std::ceil((isEast ? extent.west : extent.south) / step - STEP_SLACK);
+    const double last = std::floor((isEast ? extent.east : extent.north) / step + STEP_SLACK);
     if (!(last - first < MOST_LINES)) return std::nullopt;
 
     const GraticuleLine line(sheet, reference, budget);

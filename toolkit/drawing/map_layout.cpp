@@ -7,6 +7,7 @@
 
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "conversion/units.h"
 #include "drawing/map_layers.h"
 #include "drawing/map_styles.h"
 #include "map/map_measures.h"
@@ -26,7 +27,6 @@ constexpr int LEGEND_COLUMNS = 3;
 constexpr double TITLE_ROW = 26.0;
 constexpr double SCALE_HEIGHT = 22.0;  // of the bar and the texts above it
 constexpr double REMARK_GAP = 30.0;
-constexpr double MM_PER_METRE = 1000.0;
 constexpr double SCALE_TOLERANCE = 1.25;  // for a scale that holds at one latitude
 constexpr double MEASURES_GAP = 6.0;
 

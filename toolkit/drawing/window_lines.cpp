@@ -7,6 +7,7 @@
 #include "conversion/made.h"
 #include "conversion/names.h"
 #include "conversion/numbers.h"
+#include "conversion/units.h"
 #include "drawing/map_grid_lines.h"
 #include "drawing/zone_borders.h"
 #include "map/map_grids.h"
@@ -14,9 +15,6 @@
 
 namespace tessara::toolkit {
 namespace {
-
-constexpr double POLE = 90.0;
-constexpr double FULL_TURN = 360.0;
 
 // Of the square map that the window becomes; a quarter of a pixel is a 16384th of its side.
 constexpr double SIDE = 4096.0;

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "conversion/made.h"
+#include "conversion/units.h"
 #include "map/map_grids.h"
 #include "map/map_sites.h"
 
@@ -12,7 +13,6 @@ namespace {
 // The maximum distance of a point from its border; UTMREF has whole metres.
 constexpr double BESIDE_BORDER = 1.5;  // metres
 constexpr double BESIDE = 0.01;        // degrees
-constexpr double FULL_TURN = 360.0;
 
 using Neighbour = bool (IZoneCoordOperations::*)(ICoord*, ICoord*);
 

@@ -7,12 +7,12 @@
 
 #include "conversion/numbers.h"
 #include "conversion/positions.h"
+#include "conversion/units.h"
 #include "map/json_reader.h"
 
 namespace tessara::toolkit {
 namespace {
 
-constexpr double TURN = 360.0;
 constexpr int DEEPEST_COLLECTION = 32;
 constexpr std::size_t LEAST_OF_A_RING = 4;  // including the repeated first position
 
@@ -117,7 +117,7 @@ class ShapeReader {
 
     EarthLine ReadRing(const JsonValue& value) {
         EarthLine ring = ReadPositions(value, LEAST_OF_A_RING);
-        const double open = std::remainder(ring.back().x - ring.front().x, TURN);
+        const double open = std::remainder(ring.back().x - ring.front().x, FULL_TURN);
         if (open != 0.0 || ring.back().y != ring.front().y)
             value.Fail("the ring is not closed: its last position differs from the first");
         return ring;
@@ -139,7 +139,9 @@ class ShapeReader {
     }
 
     // Keeps a step of 360 degrees, which is a side of a box around the earth.
-    static double StepTo(double east) { return std::abs(east) < TURN ? std::remainder(east, TURN) : east; }
+    static double StepTo(double east) {
+        return std::abs(east) < FULL_TURN ? std::remainder(east, FULL_TURN) : east;
+    }
 
     // Reads longitude, latitude and an optional height, and converts them to the datum of the map.
     PicturePoint ReadPosition(const JsonValue& value) const {
@@ -155,7 +157,7 @@ class ShapeReader {
         if (!degrees->SetReference(MakeReference({.datum = form_.mapDatum, .system = KOORD_GEODEZ}).Get()))
             value.Fail("cannot convert the position to the datum of the map");
         const auto shifted = Load<GeodezPayload>(host::RecordOf(degrees));
-        return {longitude + std::remainder(shifted.longitude - longitude, TURN), shifted.latitude};
+        return {longitude + std::remainder(shifted.longitude - longitude, FULL_TURN), shifted.latitude};
     }
 
     const LayerFile& file_;

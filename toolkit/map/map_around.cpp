@@ -9,6 +9,7 @@
 
 #include "conversion/numbers.h"
 #include "conversion/positions.h"
+#include "conversion/units.h"
 #include "map/geojson_shapes.h"
 #include "map/json_reader.h"
 #include "map/map_measures.h"
@@ -19,9 +20,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr double COLUMNS = 1000.0;
-constexpr double ROWS = 800.0;
+constexpr double WINDOW_ROWS = 800.0;
 constexpr double PIXELS_PER_MM = 10.0;
-constexpr double MM_PER_METRE = 1000.0;
 
 // Metres: the maximum widths of a map of one zone and of a conic map.
 constexpr double WIDEST_ZONE = 600e3;
@@ -29,16 +29,13 @@ constexpr double WIDEST_REGION = 12e6;
 constexpr double NARROWEST_WITH_COASTS = 300e3;
 constexpr double HEIGHT_OF_THE_EARTH = 17.6e6;  // on a WAGNER-IV map
 constexpr double DEGREE = 111195.0;             // of latitude, on average
-constexpr double HALF_TURN = 180.0;
-constexpr double POLE = 90.0;
-constexpr double POLE_IS_NEAR = 0.6;  // widths from the middle
+constexpr double POLE_IS_NEAR = 0.6;            // widths from the middle
 constexpr double STEP_AROUND_A_POLE = 30.0;
 constexpr double LEAST_LATITUDE = 10.0;  // of a conic map; closer to the equator the cone degenerates
 constexpr double SLANT = 2.0 / 3.0;      // of half the height of the window: the standard parallels of a cone
 constexpr double ROOM = 1.2;             // width of the map of a file, relative to its positions
 constexpr double NARROWEST_FILE = 1000.0;
 constexpr double LINES = 5.0;  // the minimum number across the window
-constexpr double RADIANS = std::numbers::pi / 180.0;
 
 constexpr const char* UTM = "UTM";
 constexpr const char* UPS = "UPS";
@@ -87,10 +84,10 @@ Json GridMap(const char* type, const Surroundings& around, double easting, doubl
     return {{"projection",
              {{"type", type},
               {"originEasting", WholeCentimetres(easting - pixel * COLUMNS / 2.0)},
-              {"originNorthing", WholeCentimetres(northing + pixel * ROWS / 2.0)},
+              {"originNorthing", WholeCentimetres(northing + pixel * WINDOW_ROWS / 2.0)},
               {"metresPerPixelX", pixel},
               {"metresPerPixelY", pixel}}},
-            {"window", WindowOf(0.0, 0.0, ROWS)}};
+            {"window", WindowOf(0.0, 0.0, WINDOW_ROWS)}};
 }
 
 std::optional<Json> UtmMap(const Surroundings& around) {
@@ -123,7 +120,7 @@ Json PolarMap(const Surroundings& around) {
               {"originLongitude", around.longitude},
               {"degreesPerPixelY", degrees},
               {"degreesPerPixelX", degrees}}},
-            {"window", WindowOf(-COLUMNS / 2.0, -ROWS / 2.0, ROWS)}};
+            {"window", WindowOf(-COLUMNS / 2.0, -WINDOW_ROWS / 2.0, WINDOW_ROWS)}};
 }
 
 // The reference point of a map without a pixel size: a position in the middle of a row.
@@ -136,12 +133,12 @@ void AddTies(const Surroundings& around, double latitude, double rows, Json* map
 
 Json MercatorMap(const Surroundings& around) {
     Json map{{"projection", {{"type", "MERCATOR"}, {"standardParallel", std::abs(around.latitude)}}}};
-    AddTies(around, around.latitude, ROWS, &map);
+    AddTies(around, around.latitude, WINDOW_ROWS, &map);
     return map;
 }
 
 Json ConeMap(const Surroundings& around) {
-    const double aside = SLANT * MetresPerPixel(around) * ROWS / 2.0 / DEGREE;
+    const double aside = SLANT * MetresPerPixel(around) * WINDOW_ROWS / 2.0 / DEGREE;
     const double pixel = MetresPerPixel(around);
     return {{"projection",
              {{"type", "LAMBERTCC"},
@@ -154,19 +151,19 @@ Json ConeMap(const Surroundings& around) {
               {"metresPerPixelX", pixel},
               {"metresPerPixelY", pixel},
               {"pixelX", COLUMNS / 2.0},
-              {"pixelY", ROWS / 2.0}}},
-            {"window", WindowOf(0.0, 0.0, ROWS)}};
+              {"pixelY", WINDOW_ROWS / 2.0}}},
+            {"window", WindowOf(0.0, 0.0, WINDOW_ROWS)}};
 }
 
 // The height of the whole earth, or of a window that ends shortly beyond a pole.
 Json EarthMap(const Surroundings& around) {
-    const double rows = std::min(ROWS, std::ceil(HEIGHT_OF_THE_EARTH / MetresPerPixel(around)));
+    const double rows = std::min(WINDOW_ROWS, std::ceil(HEIGHT_OF_THE_EARTH / MetresPerPixel(around)));
     const double farthest = POLE * (1.0 - rows * MetresPerPixel(around) / HEIGHT_OF_THE_EARTH);
     const double latitude = std::clamp(around.latitude, -std::abs(farthest), std::abs(farthest));
     Json map{
         {"projection",
          {{"type", "WAGNER-IV"}, {"originLongitude", around.longitude}, {"stretchX", 1}, {"stretchY", 1}}}};
-    AddTies(around, rows < ROWS ? 0.0 : std::round(latitude), rows, &map);
+    AddTies(around, rows < WINDOW_ROWS ? 0.0 : std::round(latitude), rows, &map);
     map["datum"] = "Kugel";
     return map;
 }
@@ -176,7 +173,7 @@ bool IsPoleNear(const Surroundings& around) {
 }
 
 Json RegionMap(const Surroundings& around) {
-    const double height = MetresPerPixel(around) * ROWS;
+    const double height = MetresPerPixel(around) * WINDOW_ROWS;
     if (IsPoleNear(around)) return PolarMap(around);
     const bool isTropical =
         std::abs(around.latitude) < std::max(LEAST_LATITUDE, SLANT * height / 2.0 / DEGREE);
@@ -185,7 +182,7 @@ Json RegionMap(const Surroundings& around) {
 
 Json GraticuleOf(const Surroundings& around) {
     const double north = StepBelow(std::min(around.width / DEGREE, HALF_TURN) / LINES);
-    const double across = around.width / DEGREE / std::cos(around.latitude * RADIANS);
+    const double across = around.width / DEGREE / std::cos(around.latitude * RADIANS_PER_DEGREE);
     const double east =
         IsPoleNear(around) ? STEP_AROUND_A_POLE : StepBelow(std::min(across, HALF_TURN) / LINES);
     return {{"type", "grid"},
@@ -250,9 +247,9 @@ class Reach {
     [[nodiscard]] std::optional<Surroundings> Around() const {
         if (latitudes_.low > latitudes_.high) return std::nullopt;
         const double widest =
-            std::cos(std::min(std::abs(latitudes_.low), std::abs(latitudes_.high)) * RADIANS);
+            std::cos(std::min(std::abs(latitudes_.low), std::abs(latitudes_.high)) * RADIANS_PER_DEGREE);
         const double across = longitudes_.Length() * widest;
-        const double down = latitudes_.Length() * COLUMNS / ROWS;
+        const double down = latitudes_.Length() * COLUMNS / WINDOW_ROWS;
         const double width = std::clamp(ROOM * DEGREE * std::max(across, down), NARROWEST_FILE, WIDEST_MAP);
         return Surroundings{latitudes_.Middle(), std::remainder(longitudes_.Middle(), 2.0 * HALF_TURN),
                             width};

@@ -5,6 +5,7 @@
 
 #include "conversion/made.h"
 #include "conversion/names.h"
+#include "conversion/units.h"
 #include "map/map_grids.h"
 #include "map/map_projection.h"
 
@@ -14,7 +15,6 @@ namespace {
 constexpr double WIDEST_WINDOW = 1e6;
 constexpr double LONGEST_RADIUS = 2e7;  // metres; half the circumference of the earth
 constexpr double WIDEST_LINE = 20.0;
-constexpr double MM_PER_METRE = 1000.0;
 
 class DescriptionReader {
   public:

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "conversion/numbers.h"
+#include "conversion/units.h"
 #include "tessara/kernel/geodesic.h"
 
 namespace tessara::toolkit {
@@ -18,9 +19,7 @@ constexpr double MEASURED = 0.005;   // of the window, on both sides of a point
 constexpr double SAME_SCALE = 1.05;  // up to this ratio, the scale bar holds in the whole window
 constexpr double ANY_SCALE = 2.0;    // above this ratio, there is no scale bar
 constexpr double SAME_NORTH = 10.0;  // degrees
-constexpr double RADIANS = std::numbers::pi / 180.0;
-constexpr double FULL_TURN = 2.0 * std::numbers::pi;
-constexpr double INSET = 0.02;  // of the window, from the frame
+constexpr double INSET = 0.02;       // of the window, from the frame
 
 PicturePoint Middle(const MapSheet& sheet) {
     return {sheet.Width() / 2.0, sheet.Height() / 2.0};
@@ -90,7 +89,8 @@ std::optional<double> MeasureNorth(const MapSheet& sheet) {
     if (!north) return std::nullopt;
     for (const PicturePoint& sample : Samples(sheet)) {
         const std::optional<double> other = sheet.NorthAt(sample);
-        if (!other || std::abs(std::remainder(*other - *north, FULL_TURN)) > SAME_NORTH * RADIANS)
+        if (!other || std::abs(std::remainder(*other - *north, FULL_TURN * RADIANS_PER_DEGREE)) >
+                          SAME_NORTH * RADIANS_PER_DEGREE)
             return std::nullopt;
     }
     return north;

@@ -4,14 +4,14 @@
 #include <cmath>
 
 #include "conversion/made.h"
+#include "conversion/units.h"
 
 namespace tessara::toolkit {
 namespace {
 
 // A tolerance that keeps a longitude 180 degrees away on its side despite rounding.
-constexpr double HALF_TURN = 180.0 + 1e-7;
-constexpr double ANOTHER_PLACE = 1.0;  // degrees of latitude
-constexpr double POLE = 90.0;
+constexpr double ON_ITS_SIDE = 180.0 + 1e-7;
+constexpr double ANOTHER_PLACE = 1.0;    // degrees of latitude
 constexpr double NORTH_STEP = 0.05;      // degrees
 constexpr double SAME_LONGITUDE = 1e-3;  // degrees; far above the rounding of any map
 
@@ -138,7 +138,7 @@ std::optional<GeodezPayload> MapSheet::NearDegreesOf(ICoord* coord) const {
 
 GeodezPayload MapSheet::Near(GeodezPayload degrees) const {
     const double east = degrees.longitude - centreLongitude_;
-    if (std::abs(east) > HALF_TURN) degrees.longitude = centreLongitude_ + std::remainder(east, 360.0);
+    if (std::abs(east) > ON_ITS_SIDE) degrees.longitude = centreLongitude_ + std::remainder(east, 360.0);
     return degrees;
 }
 

@@ -1,6 +1,7 @@
 // Points and polylines of a picture.
 #pragma once
 
+#include <cmath>
 #include <vector>
 
 namespace tessara::toolkit {
@@ -10,6 +11,10 @@ struct PicturePoint {
 
     bool operator==(const PicturePoint&) const = default;
 };
+
+[[nodiscard]] inline double Distance(const PicturePoint& a, const PicturePoint& b) {
+    return std::hypot(b.x - a.x, b.y - a.y);
+}
 
 using Polyline = std::vector<PicturePoint>;
 

@@ -8,8 +8,10 @@
 #include <iterator>
 #include <string>
 
+#include "conversion/ascii.h"
 #include "conversion/numbers.h"
 #include "conversion/statuses.h"
+#include "conversion/units.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/limits.h"
@@ -19,7 +21,6 @@
 namespace tessara::toolkit {
 namespace {
 
-constexpr int SQUARE_DIGITS = 5;  // whole metres within 100 km
 constexpr double HALF_SQUARE = SQUARE_METRES / 2.0;
 // Letters and metres truncate the full value; at the upper limit of a grid they stay a metre below it.
 constexpr double ADDRESS_TOLERANCE = 1.0;
@@ -320,10 +321,6 @@ Fault BuildReference(const Match& match, const Blank& blank, std::vector<Reading
     const Square square{WholeOf(*match['Z']), match.Letter('B'), match.Letter('C'), match.Letter('R')};
     readings->push_back(MakeReference(square, digits, blank));
     return {};
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool IsCapital(char c) {

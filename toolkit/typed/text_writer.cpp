@@ -6,19 +6,18 @@
 
 #include "conversion/fields.h"
 #include "conversion/made.h"
+#include "conversion/units.h"
 #include "tessara/host/text.h"
 
 namespace tessara::toolkit {
 namespace {
 
-constexpr std::size_t SQUARE_DIGITS = 5;
-
 // The library writes the metres in a square without leading zeros, but their digits count from the left.
 std::string FillMetres(const std::string& text) {
     const std::size_t begin = text.find_last_of(' ') + 1;
     const std::size_t end = std::min(text.find('.', begin), text.size());
-    const std::size_t count = std::min(end - begin, SQUARE_DIGITS);
-    return text.substr(0, begin) + std::string(SQUARE_DIGITS - count, '0') + text.substr(begin);
+    const std::size_t missing = SQUARE_DIGITS - std::min<std::size_t>(end - begin, SQUARE_DIGITS);
+    return text.substr(0, begin) + std::string(missing, '0') + text.substr(begin);
 }
 
 }  // namespace
@@ -41,7 +40,7 @@ bool TextWriter::HasOneText() const {
 // The digits of each axis, for the coarser resolution.
 int TextWriter::DisplayedDigits() const {
     const double side = std::max(style_.northResolution.value_or(1.0), style_.eastResolution.value_or(1.0));
-    int digits = static_cast<int>(SQUARE_DIGITS);
+    int digits = SQUARE_DIGITS;
     for (double step = 10.0; digits > 0 && step <= side; step *= 10.0)
         --digits;
     return digits;

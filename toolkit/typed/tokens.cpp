@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "conversion/ascii.h"
 #include "conversion/quote.h"
 
 namespace tessara::toolkit {
@@ -54,10 +55,6 @@ const Symbol* SymbolAt(std::string_view text) {
     const Symbol* const found = std::find_if(std::begin(SYMBOLS), std::end(SYMBOLS),
                                              [&](const Symbol& s) { return text.starts_with(s.bytes); });
     return found != std::end(SYMBOLS) ? found : nullptr;
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool IsLowerCase(char c) {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "numerics/special_values.h"
 #include "support/maps.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/map_types.h"
@@ -11,7 +12,6 @@
 namespace tessara::testing {
 namespace {
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double METRES =
     1e-4;  // the figures are rounded to a micrometre, the series differ by less than this
 

@@ -4,17 +4,14 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <vector>
 
+#include "numerics/special_values.h"
 #include "support/maps.h"
 #include "tessara/kernel/convert.h"
 
 namespace tessara::testing {
 namespace {
-
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // One degree a pixel: column and row are the longitude and the negative latitude.
 MapParam DegreeMap() {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 
+#include "numerics/special_values.h"
 #include "support/maps.h"
 #include "support/random.h"
 #include "tessara/kernel/convert.h"
@@ -14,7 +14,6 @@
 namespace tessara::testing {
 namespace {
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double PIXELS = 1e-6;               // figures rounded to 1e-6 m, 10 metres a pixel and more
 constexpr double SEARCH = 1e-9 * 57.2957795;  // degrees: the search for the latitude ends at 1e-9 radians
 
