@@ -16,6 +16,10 @@ constexpr double WIDEST_WINDOW = 1e6;
 constexpr double LONGEST_RADIUS = 2e7;  // metres; half the circumference of the earth
 constexpr double WIDEST_LINE = 20.0;
 
+std::vector<std::string> ColourNames() {
+    return {COLOUR_NAMES.begin(), COLOUR_NAMES.end()};
+}
+
 class DescriptionReader {
   public:
     DescriptionReader(const nlohmann::json& json, const OpenLayerFile& open)
@@ -107,7 +111,8 @@ class DescriptionReader {
         Layer layer{value.Place(), {}, {}, GridLayer{}};
         const ReadContent read = readers[object.Required("type").ChoiceOf(names)];
         if (const auto name = object.Optional("name")) layer.name = name->Text();
-        if (const auto colour = object.Optional("colour")) layer.look.colour = colour->ChoiceOf(COLOUR_NAMES);
+        if (const auto colour = object.Optional("colour"))
+            layer.look.colour = colour->ChoiceOf(ColourNames());
         (this->*read)(object, layer);
         object.RefuseOthers();
         return layer;
@@ -206,7 +211,7 @@ class DescriptionReader {
     // Reads the style of a layer with areas and lines.
     static void ReadLook(JsonObject& object, Look& look) {
         if (const auto fill = object.Optional("fill")) {
-            std::vector<std::string> fills = COLOUR_NAMES;
+            std::vector<std::string> fills = ColourNames();
             fills.emplace_back("none");
             const std::size_t choice = fill->ChoiceOf(fills);
             look.isFilled = choice < COLOUR_NAMES.size();

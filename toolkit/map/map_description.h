@@ -1,6 +1,7 @@
 // The description of a map: projection, window and layers.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <variant>
@@ -110,8 +111,8 @@ struct MapDescription {
 
 // The colours of Okabe and Ito (Color Universal Design, 2008), which are distinguishable with any kind of
 // colour vision.
-inline const std::vector<std::string> COLOUR_NAMES = {"black",  "orange", "sky blue",   "bluish green",
-                                                      "yellow", "blue",   "vermillion", "reddish purple"};
+inline constexpr std::array COLOUR_NAMES = {"black",  "orange", "sky blue",   "bluish green",
+                                            "yellow", "blue",   "vermillion", "reddish purple"};
 
 // Reads the text of a description. Throws DescriptionError.
 [[nodiscard]] MapDescription ReadMapDescription(const std::string& text, const OpenLayerFile& open);

@@ -22,7 +22,9 @@ constexpr double SAME_METRE = 0.01;
 constexpr int SEARCH_STEPS = 6;
 constexpr std::int32_t CHECKED = 1;  // by KoordConvertMany, against the limits of the target
 
-const Fault NO_SQUARE{"square", "zone and band do not contain this square", {}};
+Fault NoSquare() {
+    return {"square", "zone and band do not contain this square", {}};
+}
 
 Fault FaultOf(KoordStatus status) {
     return {StatusCode(status), StatusReason(status), {}};
@@ -115,7 +117,7 @@ Fault WhyRefused(const tagKOORD& record, const tagKOORD& degrees) {
                 {}};
     const bool isUtm = record.type == KOORD_UTM || record.type == KOORD_UTMREF;
     if (isUtm && IsWrittenAs(record, natural)) return {};
-    return record.type == KOORD_UTMREF ? NO_SQUARE : FaultOf(KOORD_ERR_OUTSIDE);
+    return record.type == KOORD_UTMREF ? NoSquare() : FaultOf(KOORD_ERR_OUTSIDE);
 }
 
 tagKOORD DegreesRecord(const tagKOORD& record, KoordStatus* status) {
@@ -189,7 +191,7 @@ Fault Judge::Check(const Reading& reading) const {
 
     KoordStatus status = KOORD_OK;
     const tagKOORD degrees = DegreesRecord(record, &status);
-    if (record.type == KOORD_UTMREF && status == KOORD_ERR_GENERAL) return NO_SQUARE;
+    if (record.type == KOORD_UTMREF && status == KOORD_ERR_GENERAL) return NoSquare();
     if (status != KOORD_OK) return FaultOf(status);
     if (!IsFinite(degrees)) return FaultOf(KOORD_ERR_OUTSIDE);
     if (isBeyond) return CheckRoundTrip(record, degrees);
