@@ -33,6 +33,11 @@ endif()
 # instruction and both sides of a choice may be computed. Results are the same.
 add_library(tessara_arithmetic INTERFACE)
 target_compile_options(tessara_arithmetic INTERFACE -fno-math-errno -fno-trapping-math)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # Where g++ finds a product plus a number beside a product minus a number it makes one instruction of them, on
+  # processors that have it, also without contraction.
+  target_compile_options(tessara_arithmetic INTERFACE -fno-tree-slp-vectorize)
+endif()
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # With -O3, g++ 12 warns of an overlap in expressions such as "x" + text.
