@@ -6,6 +6,7 @@
 #include "commands/arguments.h"
 #include "commands/commands.h"
 #include "commands/typed_position.h"
+#include "conversion/closest.h"
 #include "conversion/names.h"
 #include "conversion/quote.h"
 #include "conversion/references.h"
@@ -173,10 +174,6 @@ std::vector<Reference> Targets(const ConvertOptions& options, std::int32_t datum
     return targets;
 }
 
-bool Has(const std::vector<std::string>& words, const std::string& word) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 // The error in --zone; empty for a valid zone.
 std::string WrongZone(const ConvertOptions& options) {
     if (!options.zone) return {};
@@ -220,8 +217,8 @@ RecordConversion ConversionOf(const ConvertOptions& options) {
     conversion.to = Targets(options, conversion.datum);
     // The geometry of GeoJSON holds these degrees.
     if (options.to.empty() && conversion.output == Form::GEOJSON) conversion.to.clear();
-    conversion.withConvergence = Has(options.with, CONVERGENCE);
-    conversion.withScale = Has(options.with, SCALE);
+    conversion.withConvergence = IsAmong(CONVERGENCE, options.with);
+    conversion.withScale = IsAmong(SCALE, options.with);
     conversion.isVerbose = options.text.isVerbose;
     conversion.onError = options.lines.WhatOnError();
     return conversion;

@@ -1,7 +1,6 @@
 #include "commands/suggestions.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 
 #include "conversion/closest.h"
 #include "conversion/quote.h"
@@ -26,17 +25,13 @@ std::vector<std::string> OptionNames(const CLI::App& command) {
     return names;
 }
 
-bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
 }  // namespace
 
 std::string Suggestion(const CLI::App& program, const std::vector<std::string>& arguments) {
     if (arguments.empty()) return {};
     const std::string& first = arguments.front();
     const std::vector<std::string> commands = CommandNames(program);
-    if (!first.starts_with('-') && !IsAmong(commands, first)) {
+    if (!first.starts_with('-') && !IsAmong(first, commands)) {
         if (ClosestName(first, commands).empty()) return {};
         return "tessara: unknown command " + Quote(first) + DidYouMean(first, commands) + '\n';
     }
@@ -45,7 +40,7 @@ std::string Suggestion(const CLI::App& program, const std::vector<std::string>& 
     for (const std::string& argument : arguments) {
         const std::string name = argument.substr(0, argument.find('='));
         if (name == "--") break;
-        if (!name.starts_with("--") || IsAmong(options, name)) continue;
+        if (!name.starts_with("--") || IsAmong(name, options)) continue;
         if (ClosestName(name, options).empty()) continue;
         return "tessara: unknown option " + Quote(name) + DidYouMean(name, options) + '\n';
     }

@@ -13,8 +13,6 @@
 namespace tessara {
 namespace {
 
-constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border is drawn 1e-9 degrees outside its zone
-
 // A place exactly on the border of a zone or on the meridian 180 may be written for either side. A few
 // hundredths of a pixel beside it the side is certain. Half a pixel away shows how steep the values are.
 constexpr double HAIR = 1.0 / 64.0;  // pixels; more than the 1e-9 degrees by which a border is outset

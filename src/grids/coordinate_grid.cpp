@@ -31,8 +31,6 @@
 namespace tessara {
 namespace {
 
-constexpr RangeCheck UNCHECKED = RangeCheck::Off;  // a border is drawn 1e-9 degrees outside its zone
-
 // Systems of codes or rounded parts can't draw their own lines: whole metres or degrees are too coarse to
 // place a point on one, and the line would bend. Their lines are drawn in the exact system behind them.
 std::int32_t DrawingSystem(std::int32_t system) {

@@ -9,6 +9,7 @@
 #include "kernel/numeric.h"
 #include "numerics/rounding.h"
 #include "objects/koord_access.h"
+#include "records/convert_records.h"
 #include "records/default_koord.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/object.h"
@@ -17,7 +18,6 @@ namespace tessara {
 namespace {
 
 constexpr int SAMPLES_OF_A_SIDE = 8;
-constexpr std::int32_t NO_CHECK = 0;              // a border is drawn 1e-9 degrees outside its zone
 constexpr double ON_ITS_SIDE = HALF_TURN + 1e-7;  // a position half a turn away stays on its side
 constexpr double SAME_LONGITUDE = 1e-3;           // degrees; well above the rounding error of any map
 
@@ -105,7 +105,7 @@ class DateLineMap : public IMapCoordOperations {
         CKoord koord;
         if (!KoordFromCoord(coord, &koord)) return std::nullopt;
         tagKOORD degrees = MakeKoord(datum_, KOORD_GEODEZ);
-        if (KoordConvertEx(&koord, &degrees, NO_CHECK) != KOORD_OK) return std::nullopt;
+        if (ConvertRecord(koord, &degrees, UNCHECKED) != KOORD_OK) return std::nullopt;
         auto position = Load<GeodezPayload>(degrees);
         const double east = position.longitude - middle_;
         if (!(std::fabs(east) > ON_ITS_SIDE)) return std::nullopt;

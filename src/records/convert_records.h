@@ -8,6 +8,9 @@
 
 namespace tessara {
 
+// For points beside zone borders, which are drawn 1e-9 degrees outside their zones.
+inline constexpr RangeCheck UNCHECKED = RangeCheck::Off;
+
 // Replaces the record by its form in another system, in its natural zone there. False if it doesn't convert;
 // the record is then unchanged.
 bool ConvertTo(std::int32_t system, tagKOORD* record);

@@ -23,35 +23,35 @@ struct Place {
 };
 
 // All more than two degrees from any coast, which the coastline has to half a degree.
-const std::vector<Place> TOWNS = {{48.14, 11.58, "Munich", true},
-                                  {39.74, -104.99, "Denver", true},
-                                  {-23.7, 133.88, "Alice Springs", true},
-                                  {-15.78, -47.93, "Brasilia", true},
-                                  {0.5, 25.2, "Kisangani", true},
-                                  {67.5, -178.0, "Chukotka", true},
-                                  {67.5, 178.0, "Chukotka, east", true},
-                                  {-89.0, 45.0, "near the South Pole", true},
-                                  {-82.0, 179.0, "Ross shelf", false},
-                                  {-85.5, 60.0, "Antarctica, east", true},
-                                  {-80.0, -120.0, "Antarctica, west", true},
-                                  {75.0, -40.0, "Greenland", true},
-                                  {55.0, -105.0, "Canada", true},
-                                  {60.0, 100.0, "Siberia", true},
-                                  {0.0, -150.0, "Pacific", false},
-                                  {-30.0, 179.9, "Pacific, date line", false},
-                                  {30.0, -179.9, "Pacific, north", false},
-                                  {0.0, -25.0, "Atlantic", false},
-                                  {-30.0, 80.0, "Indian Ocean", false},
-                                  {88.0, 0.0, "Arctic", false},
-                                  {88.0, 120.0, "Arctic, east", false},
-                                  {-60.0, -170.0, "Southern Ocean", false}};
+const std::vector<Place> LAND_AND_SEA = {{48.14, 11.58, "Munich", true},
+                                         {39.74, -104.99, "Denver", true},
+                                         {-23.7, 133.88, "Alice Springs", true},
+                                         {-15.78, -47.93, "Brasilia", true},
+                                         {0.5, 25.2, "Kisangani", true},
+                                         {67.5, -178.0, "Chukotka", true},
+                                         {67.5, 178.0, "Chukotka, east", true},
+                                         {-89.0, 45.0, "near the South Pole", true},
+                                         {-82.0, 179.0, "Ross shelf", false},
+                                         {-85.5, 60.0, "Antarctica, east", true},
+                                         {-80.0, -120.0, "Antarctica, west", true},
+                                         {75.0, -40.0, "Greenland", true},
+                                         {55.0, -105.0, "Canada", true},
+                                         {60.0, 100.0, "Siberia", true},
+                                         {0.0, -150.0, "Pacific", false},
+                                         {-30.0, 179.9, "Pacific, date line", false},
+                                         {30.0, -179.9, "Pacific, north", false},
+                                         {0.0, -25.0, "Atlantic", false},
+                                         {-30.0, 80.0, "Indian Ocean", false},
+                                         {88.0, 0.0, "Arctic", false},
+                                         {88.0, 120.0, "Arctic, east", false},
+                                         {-60.0, -170.0, "Southern Ocean", false}};
 
 // The coast is layer 0, and each place is a layer of its own behind it.
 std::string WithCoast(const std::string& map) {
     OrderedJson description = OrderedJson::parse(map);
     description["layers"] = OrderedJson::array();
     description["layers"].push_back({{"type", "coast"}, {"borders", true}});
-    for (const Place& place : TOWNS) {
+    for (const Place& place : LAND_AND_SEA) {
         OrderedJson layer{{"type", "positions"}};
         layer["places"] = OrderedJson::array();
         layer["places"].push_back({{"at", {place.latitude, place.longitude}}});
@@ -79,13 +79,13 @@ void ExpectLandWhereItIs(const std::string& map, std::size_t least) {
     const Outcome outcome = Tessara({"map", "-"}, WithCoast(map));
     const std::vector<SvgLine> land = LinesOf(outcome.out, "land");
     std::size_t found = 0;
-    for (std::size_t i = 0; i < TOWNS.size(); ++i) {
+    for (std::size_t i = 0; i < LAND_AND_SEA.size(); ++i) {
         const std::string layer = "layer" + std::to_string(i + 1);
         const std::vector<SvgElement> circles = ElementsOf(outcome.out, "circle", layer + " position");
         if (circles.empty()) continue;
         ++found;
         const SvgPoint at{circles[0].Number("cx"), circles[0].Number("cy")};
-        EXPECT_EQ(IsIn(land, at), TOWNS[i].isLand) << TOWNS[i].name << "\n" << map;
+        EXPECT_EQ(IsIn(land, at), LAND_AND_SEA[i].isLand) << LAND_AND_SEA[i].name << "\n" << map;
     }
     EXPECT_GE(found, least) << map;
 }
@@ -146,10 +146,10 @@ std::string WidePolarMap(const std::string& zone, const std::string& latitude) {
 
 TEST(MapCoast, ParallelsLandAndSeaOnMapsOfTheWholeEarth) {
     for (const char* west : {"-180", "0", "-30", "-360"})
-        ExpectLandWhereItIs(DegreeMap(west), TOWNS.size());
+        ExpectLandWhereItIs(DegreeMap(west), LAND_AND_SEA.size());
     for (const char* longitude : {"0", "150", "-100", "180"}) {
-        ExpectLandWhereItIs(RoundMap(longitude), TOWNS.size());
-        ExpectLandWhereItIs(OvalMap(longitude), TOWNS.size());
+        ExpectLandWhereItIs(RoundMap(longitude), LAND_AND_SEA.size());
+        ExpectLandWhereItIs(OvalMap(longitude), LAND_AND_SEA.size());
     }
 }
 

@@ -9,6 +9,12 @@
 
 namespace tessara {
 
+inline constexpr std::int32_t NO_RANGE_TESTS = 0;  // for KoordConvertEx
+
+inline bool SameBytes(const tagKOORD& one, const tagKOORD& other) {
+    return std::memcmp(&one, &other, sizeof one) == 0;
+}
+
 inline tagKOORD GeodezRecord(double latitude, double longitude, double height = 0.0,
                              std::int32_t datum = DATUM_WGS84) {
     tagKOORD record = MakeKoord(datum, KOORD_GEODEZ);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "support/records.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/convert.h"
@@ -14,8 +15,6 @@ namespace {
 
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
-
-constexpr std::int32_t UNTESTED = 0;
 
 template <class Payload>
 void StoreWanted(tagKOORD* record, std::int16_t Payload::*field, std::int16_t wanted) {
@@ -44,7 +43,7 @@ tagKOORD Target(std::int32_t type, std::int32_t datum, std::int16_t zone) {
 tagKOORD RecordAt(tagKOORD target, const double latLon[2]) {
     tagKOORD source = MakeKoord(static_cast<std::int32_t>(target.datum), KOORD_GEODEZ);
     Store(source, GeodezPayload{latLon[0], latLon[1], 0.0});
-    EXPECT_EQ(KoordConvertEx(&source, &target, UNTESTED), KOORD_OK);
+    EXPECT_EQ(KoordConvertEx(&source, &target, NO_RANGE_TESTS), KOORD_OK);
     return target;
 }
 

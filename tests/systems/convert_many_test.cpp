@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <iterator>
 #include <thread>
 #include <vector>
@@ -18,10 +17,6 @@ using Statuses = std::vector<KoordStatus>;
 
 // A status that no conversion gives.
 constexpr KoordStatus UNTOUCHED = 12345;
-
-bool SameBytes(const tagKOORD& one, const tagKOORD& other) {
-    return std::memcmp(&one, &other, sizeof one) == 0;
-}
 
 KoordStatus FirstFailure(const Statuses& statuses) {
     for (const KoordStatus status : statuses) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <random>
 
 #include "support/records.h"
@@ -12,12 +11,6 @@
 
 namespace tessara {
 namespace {
-
-constexpr std::int32_t NO_RANGE_TESTS = 0;
-
-bool AreSame(const tagKOORD& left, const tagKOORD& right) {
-    return std::memcmp(&left, &right, sizeof left) == 0;
-}
 
 GeodezPayload ToGeodez(const tagKOORD& source, std::int32_t datum = DATUM_WGS84) {
     tagKOORD target = MakeKoord(datum, KOORD_GEODEZ);
@@ -69,7 +62,7 @@ TEST(KoordConvert, ABadDatumBeatsABadType) {
             tagKOORD good = GeodezRecord(48.0, 9.0);
             const tagKOORD before = good;
             EXPECT_EQ(KoordConvert(&bad, &good), KOORD_ERR_DATUM) << type;
-            EXPECT_TRUE(AreSame(good, before));
+            EXPECT_TRUE(SameBytes(good, before));
             EXPECT_EQ(KoordConvert(&good, &bad), KOORD_ERR_DATUM) << type;
         }
     }
@@ -96,7 +89,7 @@ TEST(KoordConvert, ARecordMayBeItsOwnTarget) {
     tagKOORD record = GeodezRecord(48.0, 9.0, 5.0);
     const tagKOORD before = record;
     EXPECT_EQ(KoordConvert(&record, &record), KOORD_OK);
-    EXPECT_TRUE(AreSame(record, before));
+    EXPECT_TRUE(SameBytes(record, before));
 }
 
 LambertCCPayload Cone() {
@@ -115,7 +108,7 @@ TEST(KoordConvert, TheFreeLambertIsWrittenWithoutRangeTestsOnlyAndAlwaysRead) {
     tagKOORD lambert = Record(KOORD_LAMBERTCC, Cone());
     const tagKOORD before = lambert;
     EXPECT_EQ(KoordConvert(&source, &lambert), KOORD_ERR_TYPE);
-    EXPECT_TRUE(AreSame(lambert, before));
+    EXPECT_TRUE(SameBytes(lambert, before));
 
     // The origin has the false values as its coordinates, to the rounding of a cone of about 5e6 metres.
     EXPECT_EQ(KoordConvertEx(&source, &lambert, NO_RANGE_TESTS), KOORD_OK);
@@ -264,7 +257,7 @@ TEST(KoordConvert, AFailureWhileReadingLeavesTheTargetAlone) {
     tagKOORD target = GeodezRecord(1.0, 2.0, 3.0);
     const tagKOORD before = target;
     EXPECT_EQ(KoordConvert(&source, &target), KOORD_ERR_UTM_ZONE);
-    EXPECT_TRUE(AreSame(target, before));
+    EXPECT_TRUE(SameBytes(target, before));
 }
 
 TEST(KoordConvert, NeverWritesDatumTypeOrSource) {
@@ -275,7 +268,7 @@ TEST(KoordConvert, NeverWritesDatumTypeOrSource) {
         KoordConvert(&source, &target);
         EXPECT_EQ(target.datum, 6u);
         EXPECT_EQ(target.type, static_cast<std::uint32_t>(type));
-        EXPECT_TRUE(AreSame(source, before));
+        EXPECT_TRUE(SameBytes(source, before));
     }
 }
 

@@ -34,6 +34,10 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 }  // namespace
 
+bool IsAmong(std::string_view name, const std::vector<std::string>& names) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 std::string ClosestName(std::string_view mistyped, const std::vector<std::string>& names) {
     std::string closest;
     if (mistyped.size() > LONGEST_NAME) return closest;

@@ -7,6 +7,9 @@
 
 namespace tessara::toolkit {
 
+// Upper and lower case differ.
+[[nodiscard]] bool IsAmong(std::string_view name, const std::vector<std::string>& names);
+
 // The first name with the smallest edit distance (letters changed, omitted, added or swapped, upper and lower
 // case alike), at most a third of the letters; empty if no name is that close.
 [[nodiscard]] std::string ClosestName(std::string_view mistyped, const std::vector<std::string>& names);

@@ -14,9 +14,8 @@ namespace {
 
 constexpr double SAME_LONGITUDE = 1e-7;
 
-constexpr double MARGIN = 0.01;  // of the extent, on each side
-constexpr double LONG_SEGMENT =
-    5.0;  // degrees; longer segments are halved before their curvature is measured
+constexpr double MARGIN = 0.01;       // of the extent, on each side
+constexpr double LONG_SEGMENT = 5.0;  // degrees; longer ones are halved before their curvature is measured
 constexpr int SEGMENT_HALVINGS = 12;
 constexpr int HALVINGS_TO_AN_EDGE = 16;
 constexpr double SIMPLER = 0.2;  // picture units; invisible

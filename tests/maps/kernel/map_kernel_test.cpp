@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <vector>
 
 #include "numerics/special_values.h"
@@ -20,10 +19,6 @@ MapParam DegreeMap() {
 
 MapParam MunichMap() {
     return Map(MAP_UTM, MapUtmParams{'N', 32, 675000.0, 5345000.0, 2.5, 2.5});
-}
-
-bool AreSame(const tagKOORD& a, const tagKOORD& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
 std::int32_t WholeColumn(double column) {
@@ -67,7 +62,7 @@ TEST(MapPixelToWorld, RefusesARecordThatIsNoPixelBeforeTheMap) {
             tagKOORD world = GeodezRecord(1.0, 2.0);
             const tagKOORD before = world;
             EXPECT_EQ(MapPixelToWorld(&map, &pixel, &world), KOORD_ERR_PIXEL_TYPE) << mapType << " " << type;
-            EXPECT_TRUE(AreSame(world, before));
+            EXPECT_TRUE(SameBytes(world, before));
         }
     }
 }
@@ -98,7 +93,7 @@ TEST(MapWorldToPixel, RefusesARecordThatIsNoPixelAfterTheCalculation) {
     const tagKOORD before = pixel;
     EXPECT_EQ(MapWorldToPixel(&map, &munich, &pixel), KOORD_ERR_PIXEL_TYPE);
     EXPECT_EQ(MapWorldToPixel(&map, &pole, &pixel), KOORD_ERR_NORTH_HIGH);
-    EXPECT_TRUE(AreSame(pixel, before));
+    EXPECT_TRUE(SameBytes(pixel, before));
 }
 
 TEST(MapWorldToPixel, RoundsWholePixelsHalfAwayFromZero) {
@@ -141,7 +136,7 @@ TEST(MapPixelToWorld, ShiftsToTheDatumOfTheTarget) {
     ASSERT_EQ(KoordConvert(&mgi, &expected), KOORD_OK);
     const WorldResult world = ToWorld(map, 16.0, -48.0, MakeKoord(DATUM_WGS84, KOORD_GEODEZ));
     EXPECT_EQ(world.status, KOORD_OK);
-    EXPECT_TRUE(AreSame(world.world, expected));
+    EXPECT_TRUE(SameBytes(world.world, expected));
 }
 
 // Geographic targets and the map's own system accept positions beyond the limits of a system; other grids
