@@ -1,6 +1,13 @@
 # Several sources of a folder compiled at once, which takes half the time.
 option(TESSARA_BATCHES "Compile the sources of the library, the toolkit and the program in batches" OFF)
 
+# Makes a target compile these sources at once: those that include a header that takes longer than all that they say
+# themselves.
+function(tessara_compile_together target)
+  set_source_files_properties(${ARGN} PROPERTIES UNITY_GROUP together)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+endfunction()
+
 # Makes a target compile eight sources of a folder at a time; of these folders if any are named. Names in anonymous
 # namespaces have to differ within a folder then.
 function(tessara_batch target)
@@ -11,6 +18,10 @@ function(tessara_batch target)
     cmake_path(GET folder PARENT_PATH folder)
     cmake_path(RELATIVE_PATH folder BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     if(ARGN AND NOT folder IN_LIST ARGN)
+      continue()
+    endif()
+    get_source_file_property(group ${source} UNITY_GROUP)
+    if(group)
       continue()
     endif()
     string(MAKE_C_IDENTIFIER "${folder}" name)
