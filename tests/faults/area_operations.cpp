@@ -42,6 +42,10 @@ bool FindsNeighbor(Scene& s) {
     return (s.neighbor.Get()->*Find)(s.utm.Get(), s.out.Get());
 }
 
+void OpenWindow(Scene& s) {
+    SetWindow(s.grid, 100, 100, 220, 180);
+}
+
 template <auto Draw>
 bool Draws(Scene& s) {
     return (s.grid.Get()->*Draw)(s.list.Get()) && s.list->GetCount() > 0;
@@ -54,7 +58,7 @@ bool MakesGrid(Scene& s) {
 
 constexpr const char* DRAWS_NO_PIXELS = "what carries pixels: the line is made of positions";
 
-constexpr FaultyOperation OPERATIONS[] = {
+constexpr FaultyOperation AREA_OPERATIONS[] = {
     {"ICoordinateArea::GetSystemNorth", NEVER, FindsInSystem<&ICoordinateArea::GetSystemNorth>},
     {"ICoordinateArea::GetSystemEast", NEVER, FindsInSystem<&ICoordinateArea::GetSystemEast>},
     {"ICoordinateArea::GetSystemSouth", NEVER, FindsInSystem<&ICoordinateArea::GetSystemSouth>},
@@ -177,10 +181,14 @@ constexpr FaultyOperation OPERATIONS[] = {
      [](Scene& s) {
          return s.grid->SetWindow(s.degrees.Get(), s.moreDegrees.Get(), s.utm.Get(), s.moreUtm.Get());
      }},
-    {"ICoordinateGrid::GetEastLines", TOLD, Draws<&ICoordinateGrid::GetEastLines>},
-    {"ICoordinateGrid::GetNorthLines", TOLD, Draws<&ICoordinateGrid::GetNorthLines>},
-    {"ICoordinateGrid::GetEastLinePixels", TOLD, Draws<&ICoordinateGrid::GetEastLinePixels>},
-    {"ICoordinateGrid::GetNorthLinePixels", TOLD, Draws<&ICoordinateGrid::GetNorthLinePixels>},
+    {"ICoordinateGrid::GetEastLines", TOLD, Draws<&ICoordinateGrid::GetEastLines>, nullptr, nullptr,
+     OpenWindow},
+    {"ICoordinateGrid::GetNorthLines", TOLD, Draws<&ICoordinateGrid::GetNorthLines>, nullptr, nullptr,
+     OpenWindow},
+    {"ICoordinateGrid::GetEastLinePixels", TOLD, Draws<&ICoordinateGrid::GetEastLinePixels>, nullptr, nullptr,
+     OpenWindow},
+    {"ICoordinateGrid::GetNorthLinePixels", TOLD, Draws<&ICoordinateGrid::GetNorthLinePixels>, nullptr,
+     nullptr, OpenWindow},
     {"ICoordinateGrid::GetEastStep", NEVER, [](Scene& s) { return s.grid->GetEastStep() == 50000.0; }},
     {"ICoordinateGrid::GetNorthStep", NEVER, [](Scene& s) { return s.grid->GetNorthStep() == 50000.0; }},
     {"ICoordinateGrid::CopyMapTo", TOLD,
@@ -218,7 +226,7 @@ constexpr FaultyOperation OPERATIONS[] = {
 }  // namespace
 
 OperationTable AreaOperations() {
-    return OPERATIONS;
+    return AREA_OPERATIONS;
 }
 
 }  // namespace tessara::testing

@@ -8,7 +8,7 @@
 #include "support/map_objects.h"
 #include "tessara/tessara.h"
 
-namespace tessara::testing {
+namespace tessara::testing::failing_coords_test {
 namespace {
 
 constexpr std::int32_t ON_BESSEL = 3;
@@ -144,4 +144,4 @@ TEST_F(FailingCoords, FailWhatBringsThemToAMap) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::failing_coords_test

@@ -124,7 +124,6 @@ struct FaultScene {
     Vector vector{4.0e6, 8.0e5, 4.7e6}, vector2{-1.0, -0.2, -1.2}, vectorOut, vectorOut2;
 
     FaultScene() {
-        SetWindow(grid, 100, 100, 220, 180);
         string->SetCoord(degrees.Get());
         fineString->SetCoord(utm.Get());
         fineString->SetNorthPrecision(1e-9);

@@ -11,7 +11,7 @@
 #include "support/live_objects.h"
 #include "support/sanitized.h"
 
-namespace tessara::testing {
+namespace tessara::testing::faults_test {
 namespace {
 
 constexpr int NO_FAULT = 0;
@@ -40,7 +40,7 @@ Attempt Try(const FaultyOperation& operation, FaultScene& scene, int nth) {
 
 // With one allocation failing. True if the operation could do without.
 bool ExpectFaultTold(const FaultyOperation& operation, int nth, const std::string& expected) {
-    FaultScene scene;
+    PreparedScene scene(operation);
     const std::string before = scene.Inputs();
     const Attempt attempt = Try(operation, scene, nth);
     EXPECT_TRUE(attempt.hasFailed) << operation.name << ", allocation " << nth;
@@ -59,7 +59,7 @@ void ExpectFaultsTold(const FaultyOperation& operation) {
     std::string expected;
     std::int64_t allocations = 0;
     {
-        FaultScene scene;
+        PreparedScene scene(operation);
         const Attempt whole = Try(operation, scene, NO_FAULT);
         allocations = whole.allocations;
         expected = scene.Outputs();
@@ -136,4 +136,4 @@ TEST(FaultyOperations, AreAllThatTheHeadersDeclare) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::faults_test

@@ -50,7 +50,7 @@ ITessaraComponent* Component(Scene& s) {
 
 constexpr const char* EMPTY_ELEMENT = "an empty element takes up the place";
 
-constexpr FaultyOperation OPERATIONS[] = {
+constexpr FaultyOperation FRAME_OPERATIONS[] = {
     {"IUnknown::QueryInterface", NEVER, [](Scene& s) { return Answers(s.utm, IID_ICoordInternal); }},
     {"IUnknown::AddRef", NEVER,
      [](Scene& s) { return s.inSquare->AddRef() == 2 && s.inSquare->Release() == 1; }},
@@ -118,7 +118,7 @@ constexpr FaultyOperation OPERATIONS[] = {
 }  // namespace
 
 OperationTable FrameOperations() {
-    return OPERATIONS;
+    return FRAME_OPERATIONS;
 }
 
 }  // namespace tessara::testing

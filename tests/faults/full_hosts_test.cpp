@@ -6,7 +6,7 @@
 #include "faults/operation.h"
 #include "support/live_objects.h"
 
-namespace tessara::testing {
+namespace tessara::testing::full_hosts_test {
 namespace {
 
 class FullList : public IArray {
@@ -38,7 +38,7 @@ class FullHosts : public BalancedTest {
     static int CountFailures(OperationTable operations) {
         int failures = 0;
         for (const FaultyOperation& operation : operations) {
-            FaultScene scene;
+            PreparedScene scene(operation);
             for (auto* list : {&scene.list, &scene.list2, &scene.list3, &scene.list4})
                 *list = IRef<IArray>(NewObject<FullList>());
             for (auto* text :
@@ -67,4 +67,4 @@ TEST_F(FullHosts, FailOperationsOnLists) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::full_hosts_test

@@ -18,7 +18,7 @@ bool Densifies(Scene& s) {
 
 constexpr const char* EMPTIES_THE_PLACE = "it empties the place";
 
-constexpr FaultyOperation OPERATIONS[] = {
+constexpr FaultyOperation GEOMETRY_OPERATIONS[] = {
     {"IVector::Normalize", MAY_THROW, [](Scene& s) { return IsSpatial(s.vectors->Normalize(s.vector)); }},
     {"IVector::MakeZero", MAY_THROW, [](Scene& s) { return IsSpatial(s.vectors->MakeZero(3)); }},
     {"IVector::Length", NEVER, [](Scene& s) { return s.vectors->Length(s.vector) > 6e6; }},
@@ -181,7 +181,7 @@ constexpr FaultyOperation OPERATIONS[] = {
 }  // namespace
 
 OperationTable GeometryOperations() {
-    return OPERATIONS;
+    return GEOMETRY_OPERATIONS;
 }
 
 }  // namespace tessara::testing

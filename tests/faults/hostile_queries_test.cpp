@@ -13,7 +13,7 @@
 
 #if defined(__unix__)
 
-namespace tessara::testing {
+namespace tessara::testing::hostile_queries_test {
 namespace {
 
 // An exception of a type that the library doesn't know.
@@ -48,7 +48,7 @@ class HostileQueries : public BalancedTest {
     static bool Interrupt(const FaultyOperation& operation, int nth, const Action& action,
                           Afterwards afterwards) {
         RefusedQueries queries;
-        FaultScene scene;
+        PreparedScene scene(operation);
         scene.ForEachArgument([&](IUnknown* object) { queries.TakeOver(object); });
         bool isInterrupted = false;
         queries.Interrupt(nth, [&] {
@@ -133,6 +133,6 @@ INSTANTIATE_TEST_SUITE_P(Rooms, HostileQueriesOf,
                          [](const auto& room) { return std::string(room.param.name); });
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::hostile_queries_test
 
 #endif

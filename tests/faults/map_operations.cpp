@@ -40,7 +40,7 @@ bool CopiesRecord(const IRef<I>& from, const IRef<I>& to) {
 constexpr const char* EMPTIES_THE_POINT = "it empties the point";
 constexpr const char* TRIES_ANOTHER_PIXEL = "a pixel without a position, and it tries another one";
 
-constexpr FaultyOperation OPERATIONS[] = {
+constexpr FaultyOperation MAP_OPERATIONS[] = {
     {"IMapCoordOperations::GetMapDefinition", TOLD,
      [](Scene& s) {
          return s.map->GetMapDefinition(s.list.Get(), &s.integer, &s.number, s.datumOut.Get(),
@@ -201,7 +201,7 @@ constexpr FaultyOperation OPERATIONS[] = {
 }  // namespace
 
 OperationTable MapOperations() {
-    return OPERATIONS;
+    return MAP_OPERATIONS;
 }
 
 }  // namespace tessara::testing

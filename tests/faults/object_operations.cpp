@@ -10,7 +10,7 @@ ICoordInternal* Internal(const IRef<ICoord>& coord) {
     return FaceOf<ICoordInternal>(coord);
 }
 
-constexpr FaultyOperation OPERATIONS[] = {
+constexpr FaultyOperation OBJECT_OPERATIONS[] = {
     {"ICoord::SetPixel", NEVER, [](Scene& s) { return s.pixel->SetPixel(1.0, 2.0); }},
     {"ICoord::GetPixel", NEVER, [](Scene& s) { return s.pixel->GetPixel(&s.number, &s.number2); }},
     {"ICoord::SetHeight", NEVER, [](Scene& s) { return s.utm->SetHeight(500.0); }},
@@ -118,7 +118,7 @@ constexpr FaultyOperation OPERATIONS[] = {
 }  // namespace
 
 OperationTable ObjectOperations() {
-    return OPERATIONS;
+    return OBJECT_OPERATIONS;
 }
 
 }  // namespace tessara::testing

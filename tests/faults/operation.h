@@ -23,6 +23,15 @@ struct FaultyOperation {
     const char* spares = nullptr;
     // What it does about a refused query, where that is no failure that leaves everything as it was.
     const char* refusal = nullptr;
+    // What it needs and others don't, if that takes time.
+    void (*prepare)(FaultScene& scene) = nullptr;
+};
+
+// A scene in which the operation can be called.
+struct PreparedScene : FaultScene {
+    explicit PreparedScene(const FaultyOperation& operation) {
+        if (operation.prepare != nullptr) operation.prepare(*this);
+    }
 };
 
 using OperationTable = std::span<const FaultyOperation>;

@@ -11,7 +11,7 @@
 
 #if defined(__unix__)
 
-namespace tessara::testing {
+namespace tessara::testing::refused_queries_test {
 namespace {
 
 constexpr int NO_QUERY = 0;
@@ -25,7 +25,7 @@ struct Attempt {
 
 Attempt Try(const FaultyOperation& operation, int nth, Refusal refusal) {
     RefusedQueries queries;
-    FaultScene scene;
+    PreparedScene scene(operation);
     scene.ForEachArgument([&](IUnknown* object) { queries.TakeOver(object); });
     const std::string before = scene.Inputs();
     queries.Refuse(nth, refusal);
@@ -110,6 +110,6 @@ TEST_F(RefusedQueriesTest, LeaveACreatorWithoutItsMap) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::refused_queries_test
 
 #endif

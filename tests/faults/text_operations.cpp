@@ -30,7 +30,7 @@ bool Composes(Scene& s, const IRef<ITessaraString>& zone) {
                                          s.easting.Get(), s.northing.Get(), &koord);
 }
 
-constexpr FaultyOperation OPERATIONS[] = {
+constexpr FaultyOperation TEXT_OPERATIONS[] = {
     {"ICoordinateString::SetCoord", NEVER, [](Scene& s) { return s.string->SetCoord(s.utm.Get()); }},
     {"ICoordinateString::GetCoord", NEVER, [](Scene& s) { return s.string->GetCoord(s.out.Get()); }},
     {"ICoordinateString::ParseCoord", NEVER,
@@ -91,7 +91,7 @@ constexpr FaultyOperation OPERATIONS[] = {
 }  // namespace
 
 OperationTable TextOperations() {
-    return OPERATIONS;
+    return TEXT_OPERATIONS;
 }
 
 }  // namespace tessara::testing
