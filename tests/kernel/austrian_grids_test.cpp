@@ -12,7 +12,7 @@
 #include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::austrian_grids_test {
 namespace {
 
 using ::tessara::testing::ExpectPosition;
@@ -179,4 +179,4 @@ TEST(BmnNaturalMeridian, IsAnOuterOneFarAway) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::austrian_grids_test

@@ -5,8 +5,10 @@
 #include <cmath>
 #include <cstdint>
 
+#include "kernel/angles.h"
 #include "kernel/conformal_latitude.h"
 #include "kernel/datum_rows.h"
+#include "kernel/datums.h"
 #include "kernel/swiss_sphere.h"
 #include "numerics/special_values.h"
 #include "support/datum_steps.h"
@@ -22,31 +24,25 @@
 #include "tessara/kernel/transverse_mercator.h"
 #include "tessara/kernel/ups.h"
 
-namespace tessara {
+namespace tessara::classical_formulas_test {
 namespace {
 
+using ::tessara::testing::Arc;
+using ::tessara::testing::DEGREE;
 using ::tessara::testing::ForwardConstants;
+using ::tessara::testing::GER;
 using ::tessara::testing::InverseConstants;
+using ::tessara::testing::KUGEL;
 using ::tessara::testing::METRES_PER_DEGREE;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
 using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
 using ::tessara::testing::ROUND_TRIP_TOLERANCE;
+using ::tessara::testing::Sexagesimal;
 using ::tessara::testing::Step;
 using ::tessara::testing::UnitSphere;
 using Position = ::tessara::testing::LatLon;
-
-constexpr double DEGREE = 0.0174532925199433;
-
-constexpr std::int32_t KUGEL = 0;
-constexpr std::int32_t GER = 3;  // on the Bessel ellipsoid
-
-double Arc(double lat, const double arcCoef[5]) {
-    double result = 0.0;
-    TM_Arc(lat, arcCoef, &result);
-    return result;
-}
 
 double Isometric(double lat, double e) {
     double psi = 0.0;
@@ -64,10 +60,6 @@ UpsConstants UpsConstantsFor(std::int32_t datum) {
     UpsConstants c{};
     EXPECT_EQ(UPS_LoadConstants(datum, &c), KOORD_OK);
     return c;
-}
-
-double Sexagesimal(double degrees, double minutes, double seconds) {
-    return degrees + minutes / 60.0 + seconds / 3600.0;
 }
 
 TEST(DatumLoad, TakesTheStepIntoTheHubFromTheRow) {
@@ -586,4 +578,4 @@ TEST(RDHelpers, AreStepsOfTheProjection) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::classical_formulas_test

@@ -9,7 +9,7 @@
 #include "support/exact_functions.h"
 #include "support/random.h"
 
-namespace tessara {
+namespace tessara::compile_time_math_test {
 namespace {
 
 using compile_time::Wide;
@@ -93,4 +93,4 @@ TEST(CompileTimeMath, ConstantsAreRightToTheLastPlace) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::compile_time_math_test

@@ -7,7 +7,7 @@
 #include "support/reference_file.h"
 #include "tessara/kernel/datum.h"
 
-namespace tessara {
+namespace tessara::datum_rows_test {
 namespace {
 
 using ::tessara::testing::ReadReferenceFile;
@@ -128,4 +128,4 @@ TEST(EllipsoidName, IsNullForTheUserDefinedAndOutsideTheCodes) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::datum_rows_test

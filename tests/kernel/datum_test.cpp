@@ -8,14 +8,19 @@
 #include <string>
 #include <vector>
 
+#include "kernel/angles.h"
+#include "kernel/datums.h"
 #include "numerics/special_values.h"
 #include "support/datum_steps.h"
 #include "support/random.h"
 #include "support/reference_file.h"
 
-namespace tessara {
+namespace tessara::datum_test {
 namespace {
 
+using ::tessara::testing::DEGREE;
+using ::tessara::testing::GER;
+using ::tessara::testing::KUGEL;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
 using ::tessara::testing::ReferenceRow;
@@ -23,10 +28,6 @@ using ::tessara::testing::Step;
 using ::tessara::testing::UnitSphere;
 using Position = ::tessara::testing::LatLon;
 
-constexpr double DEGREE = 0.0174532925199433;
-
-constexpr std::int32_t KUGEL = 0;
-constexpr std::int32_t GER = 3;
 constexpr std::int32_t WGS72 = 5;
 constexpr std::int32_t IDN = 67;
 constexpr std::int32_t KGS = 70;
@@ -427,4 +428,4 @@ TEST(DatumShift, ReturnsFromTheSphereWithinTheErrorOfAnUnrefinedStep) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::datum_test

@@ -9,7 +9,7 @@
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::dutch_grid_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -206,4 +206,4 @@ TEST(RDToGeodetic, EndsForAnyValueAndNearThePoles) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::dutch_grid_test

@@ -11,7 +11,7 @@
 #include "support/records.h"
 #include "support/reference_file.h"
 
-namespace tessara {
+namespace tessara::ecef_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -33,10 +33,6 @@ GeodezPayload ToGeodetic(double x, double y, double z, std::int32_t datum = DATU
     tagKOORD work = MakeKoord(datum, KOORD_GEODEZ);
     EXPECT_EQ(ECEF_ToGeodetic(&source, &work), KOORD_OK);
     return Load<GeodezPayload>(work);
-}
-
-bool IsSame(const tagKOORD& a, const tagKOORD& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
 TEST(EcefFromGeodetic, AgreesWithAnIndependentProgramForHeightZero) {
@@ -171,10 +167,10 @@ TEST(Ecef, AnUnknownDatumFailsAndWritesNothing) {
         const tagKOORD ecef = Record(KOORD_ECEF, EcefPayload{1.0, 2.0, 3.0}, datum);
         tagKOORD target = ecef;
         EXPECT_EQ(ECEF_FromGeodetic(&geodez, &target), KOORD_ERR_DATUM) << datum;
-        EXPECT_TRUE(IsSame(target, ecef));
+        EXPECT_TRUE(SameBytes(target, ecef));
         tagKOORD work = geodez;
         EXPECT_EQ(ECEF_ToGeodetic(&ecef, &work), KOORD_ERR_DATUM) << datum;
-        EXPECT_TRUE(IsSame(work, geodez));
+        EXPECT_TRUE(SameBytes(work, geodez));
     }
 }
 
@@ -206,4 +202,4 @@ TEST(Ecef, EndsForAnyDoubles) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::ecef_test

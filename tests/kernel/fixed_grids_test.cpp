@@ -12,7 +12,7 @@
 #include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::fixed_grids_test {
 namespace {
 
 using ::tessara::testing::ForwardConstants;
@@ -150,4 +150,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return test.param.name; });
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::fixed_grids_test

@@ -7,7 +7,7 @@
 #include "numerics/special_values.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::formulas_test {
 namespace {
 
 constexpr double ROUNDING = 1e-15;  // a few units in the last place of numbers around 1
@@ -92,4 +92,4 @@ TEST(Polynom, ReadsNoMoreThanItsOrder) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::formulas_test

@@ -8,7 +8,7 @@
 #include "support/exact_functions.h"
 #include "support/random.h"
 
-namespace tessara {
+namespace tessara::gauss_sphere_test {
 namespace {
 
 using testing::Exact;
@@ -85,4 +85,4 @@ TEST(GaussSphere, BeyondThePolesThereIsNothing) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::gauss_sphere_test

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,7 +15,7 @@
 #include "support/timing.h"
 #include "tessara/kernel/convert.h"
 
-namespace tessara {
+namespace tessara::geodesic_test {
 namespace {
 
 using testing::Random;
@@ -56,10 +55,6 @@ double Turn(double azimuth1, double azimuth2) {
 
 double Dms(double degrees, double minutes, double seconds) {
     return degrees + minutes / 60.0 + seconds / 3600.0;
-}
-
-bool IsSame(const tagKOORD& a, const tagKOORD& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
 TEST(GeodesicLoadAxes, GivesBothSemiAxesOfADatum) {
@@ -428,7 +423,7 @@ TEST(GeodesicDirect, TakesAndGivesRecordsOfAnyType) {
 
     tagKOORD to = MakeKoord(DATUM_WGS84, KOORD_UTM);
     EXPECT_EQ(Geodesic_Direct(&from, DATUM_WGS84, 50000.0, 60.0, &to), KOORD_OK);
-    EXPECT_TRUE(IsSame(to, expected));
+    EXPECT_TRUE(SameBytes(to, expected));
 }
 
 TEST(GeodesicDirect, WalksOnTheEllipsoidOfTheNamedDatum) {
@@ -456,10 +451,10 @@ TEST(GeodesicDirect, AFailedConversionOfTheStartLeavesTheTargetAlone) {
     tagKOORD to = before;
     for (const std::int32_t datum : {-1, DATUM_COUNT, INT32_MIN, INT32_MAX}) {
         EXPECT_EQ(Geodesic_Direct(&from, datum, 1000.0, 0.0, &to), KOORD_ERR_DATUM);
-        EXPECT_TRUE(IsSame(to, before));
+        EXPECT_TRUE(SameBytes(to, before));
     }
     EXPECT_EQ(Geodesic_Direct(&pixel, DATUM_WGS84, 1000.0, 0.0, &to), KOORD_ERR_TYPE);
-    EXPECT_TRUE(IsSame(to, before));
+    EXPECT_TRUE(SameBytes(to, before));
     EXPECT_EQ(Geodesic_Direct(nullptr, DATUM_WGS84, 1000.0, 0.0, &to), KOORD_ERR_GENERAL);
     EXPECT_EQ(Geodesic_Direct(&from, DATUM_WGS84, 1000.0, 0.0, nullptr), KOORD_ERR_GENERAL);
 }
@@ -529,4 +524,4 @@ TEST(GeodesicInverse, CoincidentPointsSucceed) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::geodesic_test

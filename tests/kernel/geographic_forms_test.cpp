@@ -5,7 +5,7 @@
 #include "numerics/special_values.h"
 #include "tessara/kernel/convert.h"
 
-namespace tessara {
+namespace tessara::geographic_forms_test {
 namespace {
 
 GeogradPayload Geograd(double lat, double lon) {
@@ -179,4 +179,4 @@ TEST(HemisphereNormalise, KnowsTwoLettersInBothCases) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::geographic_forms_test

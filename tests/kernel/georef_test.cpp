@@ -10,7 +10,7 @@
 #include "support/reference_file.h"
 #include "support/sanitized.h"
 
-namespace tessara {
+namespace tessara::georef_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -296,4 +296,4 @@ TEST(Georef, GivesItsOwnReferenceBack) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::georef_test

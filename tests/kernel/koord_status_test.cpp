@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-namespace tessara {
+namespace tessara::koord_status_test {
 namespace {
 
 struct StatusNumber {
@@ -76,4 +76,4 @@ TEST(KoordStatus, IsUnknownWithoutAName) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::koord_status_test

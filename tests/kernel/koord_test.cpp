@@ -9,7 +9,7 @@
 
 #include "tessara/kernel/names.h"
 
-namespace tessara {
+namespace tessara::koord_test {
 namespace {
 
 TEST(KoordType, HasItsNumberAndName) {
@@ -158,4 +158,4 @@ TEST(KoordDeathTest, LoadOfARecordOfAnotherTypeStopsADebugBuild) {
 #endif
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::koord_test

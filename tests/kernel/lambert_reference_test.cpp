@@ -8,7 +8,7 @@
 #include "numerics/special_values.h"
 #include "support/random.h"
 
-namespace tessara {
+namespace tessara::lambert_reference_test {
 namespace {
 
 using ::tessara::testing::Random;
@@ -147,4 +147,4 @@ TEST(LambertCCForward, ThePolesAreExactAndLatitudesBeyondThemAreReflected) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::lambert_reference_test

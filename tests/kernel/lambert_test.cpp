@@ -11,7 +11,7 @@
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
-namespace tessara {
+namespace tessara::lambert_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -390,4 +390,4 @@ TEST(LambertFR, EndsForAnyDoubles) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::lambert_test

@@ -7,23 +7,21 @@
 #include <random>
 #include <string>
 
+#include "kernel/angles.h"
 #include "numerics/special_values.h"
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::lettered_grids_test {
 namespace {
 
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
+using testing::Sexagesimal;
 
 // Far below the 1e-5 m to which grids are compared; the inverse adds the 1.3e-6 m of its series.
 constexpr double METRES = 1e-6;
 constexpr double DEGREES = 2e-11;  // of latitude: 2.2e-6 m
-
-double Sexagesimal(double degrees, double minutes, double seconds) {
-    return degrees + minutes / 60.0 + seconds / 3600.0;
-}
 
 // One of the two grids, on the datum of its country.
 struct Grid {
@@ -414,4 +412,4 @@ TEST(LetteredGridToGeodetic, EndsWithAnyPayload) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::lettered_grids_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tessara {
+namespace tessara::letters_test {
 namespace {
 
 TEST(LetterIndex, CountsFromZeroAndEndsAtTheAlphabetsEnd) {
@@ -51,4 +51,4 @@ TEST(UpperCase, ChangesTheSmallLettersOfAsciiOnly) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::letters_test

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace tessara {
+namespace tessara::names_test {
 namespace {
 
 using Names = std::vector<std::pair<std::uint32_t, std::string>>;
@@ -77,4 +77,4 @@ TEST(Names, AreNullForNumbersWithoutOne) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::names_test

@@ -6,7 +6,7 @@
 
 #include "numerics/special_values.h"
 
-namespace tessara {
+namespace tessara::numeric_test {
 namespace {
 
 TEST(WrapTurns, LeavesWhatIsWithinBothEnds) {
@@ -47,4 +47,4 @@ TEST(RaiseByTurns, GoesUpToTheLimitAndNoFurther) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::numeric_test

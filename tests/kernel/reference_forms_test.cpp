@@ -17,7 +17,7 @@
 // The references are computed in long double, which has more digits than double here.
 static_assert(LDBL_MANT_DIG > DBL_MANT_DIG);
 
-namespace tessara {
+namespace tessara::reference_forms_test {
 namespace {
 
 using ::tessara::testing::ForwardConstants;
@@ -618,4 +618,4 @@ TEST(ConformalGrids, AreNotANumberWhereTheirWrittenFormsAreNot) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::reference_forms_test

@@ -4,14 +4,16 @@
 
 #include <cmath>
 
+#include "kernel/angles.h"
 #include "numerics/special_values.h"
 #include "support/reference_file.h"
 
-namespace tessara {
+namespace tessara::swiss_grid_test {
 namespace {
 
 using testing::ReadReferenceFile;
 using testing::ReferenceRow;
+using testing::Sexagesimal;
 
 constexpr double BERN_LATITUDE = 46.95240555555556;
 constexpr double BERN_LONGITUDE = 7.439583333333333;
@@ -19,10 +21,6 @@ constexpr double BERN_LONGITUDE = 7.439583333333333;
 // A tenth of the accuracy that a grid is compared to: both calculations are closed formulas.
 constexpr double METRES = 1e-6;
 constexpr double DEGREES = 1e-11;  // a micrometre
-
-double Sexagesimal(double degrees, double minutes, double seconds) {
-    return degrees + minutes / 60.0 + seconds / 3600.0;
-}
 
 GridPayload Forward(double lat, double lon) {
     const double latLon[2] = {lat, lon};
@@ -154,4 +152,4 @@ TEST(CHToGeodetic, EndsForFiniteValuesFarOutside) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::swiss_grid_test

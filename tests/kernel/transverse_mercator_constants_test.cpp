@@ -5,26 +5,21 @@
 #include <cmath>
 #include <cstdint>
 
+#include "kernel/angles.h"
+#include "kernel/datums.h"
 #include "support/tm_constants.h"
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
-namespace tessara {
+namespace tessara::transverse_mercator_constants_test {
 namespace {
 
+using ::tessara::testing::Arc;
+using ::tessara::testing::DEGREE;
 using ::tessara::testing::ForwardConstants;
+using ::tessara::testing::GER;
 using ::tessara::testing::InverseConstants;
-
-constexpr double DEGREE = 0.0174532925199433;
-
-constexpr std::int32_t KUGEL = 0;
-constexpr std::int32_t GER = 3;  // on the Bessel ellipsoid
-
-double Arc(double lat, const double arcCoef[5]) {
-    double result = 0.0;
-    TM_Arc(lat, arcCoef, &result);
-    return result;
-}
+using ::tessara::testing::KUGEL;
 
 TEST(TmConstants, FailOutsideTheDatumTableAndChangeNothing) {
     for (const std::int32_t datum : {-1, 239, INT32_MIN, INT32_MAX}) {
@@ -204,4 +199,4 @@ TEST(TmConstants, LeadFromALatitudeToItsArcAndBack) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::transverse_mercator_constants_test

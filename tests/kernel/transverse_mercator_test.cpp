@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "kernel/angles.h"
+#include "kernel/datums.h"
 #include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/reference_file.h"
@@ -13,22 +15,20 @@
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
-namespace tessara {
+namespace tessara::transverse_mercator_test {
 namespace {
 
+using ::tessara::testing::DEGREE;
 using ::tessara::testing::ForwardConstants;
+using ::tessara::testing::GER;
 using ::tessara::testing::InverseConstants;
+using ::tessara::testing::KUGEL;
 using ::tessara::testing::METRES_PER_DEGREE;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
 using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
 using ::tessara::testing::ROUND_TRIP_TOLERANCE;
-
-constexpr double DEGREE = 0.0174532925199433;
-
-constexpr std::int32_t KUGEL = 0;
-constexpr std::int32_t GER = 3;  // on the Bessel ellipsoid
 
 struct Grid {
     double easting;
@@ -192,4 +192,4 @@ TEST(TmForward, IsNotANumberForConstantsOfNoDatum) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::transverse_mercator_test

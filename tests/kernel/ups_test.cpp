@@ -11,7 +11,7 @@
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/datum.h"
 
-namespace tessara {
+namespace tessara::ups_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -187,4 +187,4 @@ TEST(Ups, WhatIsntFiniteIsNoPosition) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::ups_test

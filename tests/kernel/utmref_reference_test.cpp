@@ -11,7 +11,7 @@
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/utmref.h"
 
-namespace tessara {
+namespace tessara::utmref_reference_test {
 namespace {
 
 constexpr std::string_view ROWS_AA = "ABCDEFGHJKLMNPQRSTUV";
@@ -81,4 +81,4 @@ TEST(UtmrefToGeodetic, FindsTheRowsThatTheGeodesicFinds) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::utmref_reference_test

@@ -15,7 +15,7 @@
 #include "tessara/kernel/constants.h"
 #include "tessara/kernel/zone_systems.h"
 
-namespace tessara {
+namespace tessara::utmref_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -611,4 +611,4 @@ TEST(Utmref, ReturnsWithinItsMetreFromAHundredThousandPlacesOnTheBesselEllipsoid
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::utmref_test

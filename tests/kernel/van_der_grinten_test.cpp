@@ -10,7 +10,7 @@
 #include "support/reference_file.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::van_der_grinten_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -226,4 +226,4 @@ TEST(Vdg, NotANumberIsNoPosition) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::van_der_grinten_test

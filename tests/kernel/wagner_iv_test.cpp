@@ -11,7 +11,7 @@
 #include "support/records.h"
 #include "support/reference_file.h"
 
-namespace tessara {
+namespace tessara::wagner_iv_test {
 namespace {
 
 using testing::ReadReferenceFile;
@@ -185,4 +185,4 @@ TEST(WagnerIVForward, NotANumberIsNoPosition) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::wagner_iv_test

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "kernel/datums.h"
 #include "numerics/special_values.h"
 #include "support/random.h"
 #include "support/reference_file.h"
@@ -12,12 +13,13 @@
 #include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::zone_systems_strips_test {
 namespace {
 
 using ::tessara::testing::ExpectPosition;
 using ::tessara::testing::ForwardConstants;
 using ::tessara::testing::Geodetic;
+using ::tessara::testing::GER;
 using ::tessara::testing::InverseConstants;
 using ::tessara::testing::Random;
 using ::tessara::testing::ReadReferenceFile;
@@ -25,7 +27,6 @@ using ::tessara::testing::REFERENCE_TOLERANCE;
 using ::tessara::testing::ReferenceRow;
 using ::tessara::testing::ROUND_TRIP_TOLERANCE;
 
-constexpr std::int32_t GER = 3;       // on the Bessel ellipsoid
 constexpr std::int32_t KS42_83 = 10;  // on the Krassovsky ellipsoid
 
 struct Gk : GkPayload {
@@ -350,4 +351,4 @@ TEST(StripsToGeodetic, EndOnAnyNorthing) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::zone_systems_strips_test

@@ -15,7 +15,7 @@
 #include "support/tm_grids.h"
 #include "tessara/kernel/constants.h"
 
-namespace tessara {
+namespace tessara::zone_systems_test {
 namespace {
 
 using ::tessara::testing::ExpectPosition;
@@ -347,4 +347,4 @@ TEST(UtmToGeodetic, EndsOnAnyRecord) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::zone_systems_test

@@ -7,7 +7,7 @@
 
 #include "support/random.h"
 
-namespace tessara {
+namespace tessara::box_tree_test {
 namespace {
 
 constexpr double INF = std::numeric_limits<double>::infinity();
@@ -80,4 +80,4 @@ TEST(BoxTree, LooksAtFewOfBoxesThatLieSideBySide) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::box_tree_test

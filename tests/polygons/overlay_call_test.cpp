@@ -5,7 +5,7 @@
 #include "areas/coordinate_area.h"
 #include "support/polygons.h"
 
-namespace tessara {
+namespace tessara::overlay_call_test {
 namespace {
 
 using testing::AreasOf;
@@ -340,4 +340,4 @@ TEST_F(OverlayCallTest, ObjectsOfCountZeroMayBeArguments) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::overlay_call_test

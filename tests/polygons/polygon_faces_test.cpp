@@ -4,7 +4,7 @@
 
 #include "support/rings.h"
 
-namespace tessara {
+namespace tessara::polygon_faces_test {
 namespace {
 
 using testing::Rectangle;
@@ -64,4 +64,4 @@ TEST(FacesOf, AGraphWithoutEdgesHasNone) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_faces_test

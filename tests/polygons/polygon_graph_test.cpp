@@ -8,7 +8,7 @@
 
 #include "support/rings.h"
 
-namespace tessara {
+namespace tessara::polygon_graph_test {
 namespace {
 
 using testing::Rectangle;
@@ -100,4 +100,4 @@ TEST(GraphOf, RingsTouchWithinTheSnapTolerance) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_graph_test

@@ -11,7 +11,7 @@
 #include "polygons/polygon_split.h"
 #include "support/rings.h"
 
-namespace tessara {
+namespace tessara::polygon_inside_test {
 namespace {
 
 using testing::Closed;
@@ -442,4 +442,4 @@ TEST(PointInPolygon, EndsForEveryNumber) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_inside_test

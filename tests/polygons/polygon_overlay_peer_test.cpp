@@ -8,7 +8,7 @@
 #include "support/rings.h"
 #include "tessara/coordinate_area.h"
 
-namespace tessara {
+namespace tessara::polygon_overlay_peer_test {
 namespace {
 
 using testing::Area;
@@ -164,4 +164,4 @@ TEST(OverlayPeer, RandomTanglesFallIntoTheFacesThatGeosFinds) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_overlay_peer_test

@@ -9,7 +9,7 @@
 #include "support/sanitized.h"
 #include "tessara/coordinate_area.h"
 
-namespace tessara {
+namespace tessara::polygon_overlay_test {
 namespace {
 
 using testing::AreaOf;
@@ -489,4 +489,4 @@ TEST(OverlayVertices, EndsForRandomBits) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_overlay_test

@@ -8,7 +8,7 @@
 
 #include "support/random.h"
 
-namespace tessara {
+namespace tessara::polygon_pairs_test {
 namespace {
 
 using Pairs = std::multiset<std::pair<std::size_t, std::size_t>>;
@@ -80,4 +80,4 @@ TEST(BoxesOfEdges, AreOneFewerThanTheVertices) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_pairs_test

@@ -7,7 +7,7 @@
 #include "polygons/polygon_inside.h"
 #include "support/rings.h"
 
-namespace tessara {
+namespace tessara::polygon_split_test {
 namespace {
 
 using testing::Area;
@@ -235,4 +235,4 @@ TEST(SplitVertices, AThousandVerticesInTenRounds) {
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::polygon_split_test

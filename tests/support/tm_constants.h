@@ -19,4 +19,10 @@ namespace tessara::testing {
     return constants;
 }
 
+[[nodiscard]] inline double Arc(double lat, const double arcCoef[5]) {
+    double result = 0.0;
+    TM_Arc(lat, arcCoef, &result);
+    return result;
+}
+
 }  // namespace tessara::testing

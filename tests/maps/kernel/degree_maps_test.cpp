@@ -4,7 +4,7 @@
 
 #include "support/maps.h"
 
-namespace tessara::testing {
+namespace tessara::testing::degree_maps_test {
 namespace {
 
 constexpr double PIXELS = 1e-9;    // rounding of a few operations on numbers up to 1e5
@@ -173,4 +173,4 @@ TEST(PolarMap, TheLongitudeOfOriginMovesTheRasterOnly) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::degree_maps_test

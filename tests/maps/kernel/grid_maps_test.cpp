@@ -9,7 +9,7 @@
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/map_types.h"
 
-namespace tessara::testing {
+namespace tessara::testing::grid_maps_test {
 namespace {
 
 constexpr double METRES =
@@ -508,4 +508,4 @@ TEST(GkMap, APositionBesideTheStripHasAPixelAlsoAtTheEastingZero) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::grid_maps_test

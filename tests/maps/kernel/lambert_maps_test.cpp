@@ -5,7 +5,7 @@
 
 #include "support/maps.h"
 
-namespace tessara::testing {
+namespace tessara::testing::lambert_maps_test {
 namespace {
 
 constexpr double PIXELS = 1e-5;  // figures rounded to 1e-6 m, a tenth of that at five metres a pixel and more
@@ -110,4 +110,4 @@ TEST(LambertFrMap, TakesTheFourZones) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::lambert_maps_test

@@ -11,7 +11,7 @@
 #include "support/maps.h"
 #include "tessara/kernel/geodesic.h"
 
-namespace tessara::testing {
+namespace tessara::testing::map_kernel_fuzz_test {
 namespace {
 
 constexpr int ROUNDS = 20000;
@@ -194,4 +194,4 @@ TEST(MapFuzz, EveryPositionOnEveryMapEndsSomewhere) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::map_kernel_fuzz_test

@@ -13,7 +13,7 @@
 #include "support/reference_file.h"
 #include "tessara/kernel/map_types.h"
 
-namespace tessara::testing {
+namespace tessara::testing::map_kernel_sheets_test {
 namespace {
 
 // The figures are rounded to a micrometre; the rest is the difference between the series.
@@ -181,4 +181,4 @@ TEST(Sheets, ThereAreTwoOfEachTypeThatHasAPlane) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::map_kernel_sheets_test

@@ -9,7 +9,7 @@
 #include "support/maps.h"
 #include "tessara/kernel/convert.h"
 
-namespace tessara::testing {
+namespace tessara::testing::map_kernel_test {
 namespace {
 
 // One degree a pixel: column and row are the longitude and the negative latitude.
@@ -213,4 +213,4 @@ TEST(MapKernel, RefusesNull) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::map_kernel_test

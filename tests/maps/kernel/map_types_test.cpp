@@ -10,7 +10,7 @@
 #include "support/sheets.h"
 #include "tessara/kernel/convert.h"
 
-namespace tessara::testing {
+namespace tessara::testing::map_types_test {
 namespace {
 
 struct Pair {
@@ -81,4 +81,4 @@ TEST(MapTypes, ThePairsAreWhatTheTwoFunctionsOverAllTypesCall) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::map_types_test

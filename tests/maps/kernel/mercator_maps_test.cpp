@@ -11,7 +11,7 @@
 #include "tessara/kernel/geodesic.h"
 #include "tessara/kernel/map_types.h"
 
-namespace tessara::testing {
+namespace tessara::testing::mercator_maps_test {
 namespace {
 
 constexpr double PIXELS = 1e-6;               // figures rounded to 1e-6 m, 10 metres a pixel and more
@@ -248,4 +248,4 @@ TEST(AzylMap, APositionWithoutAGeodesicHasNoPixel) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::mercator_maps_test

@@ -6,7 +6,7 @@
 #include "support/maps.h"
 #include "support/reference_file.h"
 
-namespace tessara::testing {
+namespace tessara::testing::polynomial_map_test {
 namespace {
 
 constexpr double DEGREES = 1e-12;
@@ -258,4 +258,4 @@ TEST(PolynomialMap, EndsOnCoefficientsThatAreNoNumbers) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::polynomial_map_test

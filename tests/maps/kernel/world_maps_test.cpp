@@ -11,7 +11,7 @@
 #include "support/reference_file.h"
 #include "tessara/kernel/convert.h"
 
-namespace tessara::testing {
+namespace tessara::testing::world_maps_test {
 namespace {
 
 constexpr double PIXELS = 1e-9;  // figures rounded to 1e-6 m, ten kilometres a pixel, and rounding
@@ -262,4 +262,4 @@ TEST(WagnerMap, APixelWithoutAPlaceGivesTheReference) {
 }
 
 }  // namespace
-}  // namespace tessara::testing
+}  // namespace tessara::testing::world_maps_test
