@@ -1,5 +1,6 @@
-# Several sources of a folder compiled at once, which takes half the time.
-option(TESSARA_BATCHES "Compile the sources of the library, the toolkit and the program in batches" OFF)
+# Several sources of a folder compiled at once take half the time. The kernel isn't among these targets, since a batch of it
+# needs more instructions in some operations: it is left to builds whose speed doesn't matter.
+set(TESSARA_BATCHES "tessara_objects;tessara_toolkit;tessara_commands" CACHE STRING "Targets that are compiled in batches")
 
 # Makes a target compile these sources at once: those that include a header that takes longer than all that they say
 # themselves.
@@ -31,12 +32,10 @@ function(tessara_batch target)
   endforeach()
 endfunction()
 
-# The same where a preset asks for it: one that builds everything from nothing to check it, and not one that people work
-# with, in which each source has to include what it needs.
-function(tessara_batch_sources)
-  if(TESSARA_BATCHES)
-    foreach(target IN LISTS ARGN)
-      tessara_batch(${target})
-    endforeach()
+# The same for the targets that are named above. Where none is, as in the preset debug, each source has to include what it
+# needs, and little is compiled after a change.
+function(tessara_batch_if_wanted target)
+  if(target IN_LIST TESSARA_BATCHES)
+    tessara_batch(${target})
   endif()
 endfunction()
