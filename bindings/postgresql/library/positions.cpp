@@ -7,6 +7,7 @@
 #include "conversion/names.h"
 #include "conversion/numbers.h"
 #include "conversion/quote.h"
+#include "conversion/units.h"
 #include "guard.h"
 #include "records.h"
 #include "tessara/kernel/constants.h"
@@ -15,9 +16,9 @@
 namespace tessara::postgresql {
 namespace {
 
-constexpr double HALF_TURN = 180.0;
-constexpr double FULL_TURN = 360.0;
-constexpr double POLE = 90.0;
+using toolkit::FULL_TURN;
+using toolkit::HALF_TURN;
+using toolkit::POLE;
 
 std::string_view Trimmed(std::string_view text) {
     const std::size_t begin = std::min(text.find_first_not_of(" \t\n"), text.size());
