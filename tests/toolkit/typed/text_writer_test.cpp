@@ -12,6 +12,7 @@
 #include "conversion/names.h"
 #include "conversion/results.h"
 #include "support/random.h"
+#include "support/sanitized.h"
 #include "tessara/kernel/convert.h"
 #include "tessara/kernel/systems.h"
 #include "typed/typed_reader.h"
@@ -64,7 +65,7 @@ const std::vector<Area> AREAS{
     {"LUREF", 49.5, 50.1, 5.8, 6.5},
 };
 
-constexpr int POSITIONS = 60;
+constexpr int POSITIONS = ::tessara::testing::IS_SANITIZED ? 20 : 60;
 
 struct Drawn {
     CKoord degrees;  // on the datum of the reference
