@@ -2,13 +2,6 @@
 # needs more instructions in some operations: it is left to builds whose speed doesn't matter.
 set(TESSARA_BATCHES "tessara_objects;tessara_toolkit;tessara_commands" CACHE STRING "Targets that are compiled in batches")
 
-# Makes a target compile these sources at once: those that include a header that takes longer than all that they say
-# themselves.
-function(tessara_compile_together target)
-  set_source_files_properties(${ARGN} PROPERTIES UNITY_GROUP together)
-  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
-endfunction()
-
 # Makes a target compile eight sources of a folder at a time; of these folders if any are named. Names in anonymous
 # namespaces have to differ within a folder then.
 function(tessara_batch target)
@@ -32,10 +25,12 @@ function(tessara_batch target)
   endforeach()
 endfunction()
 
-# The same for the targets that are named above. Where none is, as in the preset debug, each source has to include what it
-# needs, and little is compiled after a change.
+# The same for the targets that are named above, with these sources in one batch: those that include a header that takes
+# longer than all that they say themselves. Where no target is named, as in the preset debug, each source has to include what
+# it needs, and little is compiled after a change.
 function(tessara_batch_if_wanted target)
   if(target IN_LIST TESSARA_BATCHES)
+    set_source_files_properties(${ARGN} PROPERTIES UNITY_GROUP together)
     tessara_batch(${target})
   endif()
 endfunction()
