@@ -66,7 +66,14 @@ like "$(ask -c "EXPLAIN (COSTS OFF) SELECT * FROM sightings WHERE tessara_square
 
 # A server that stops in the middle of a query. The query reads its rows alone, a hundred in a tenth of a second: beside
 # another server the error may wait until that one has no more rows, some minutes later.
-(sleep 1 && control "${parts[1]}" stop -m immediate) &
+reads="SELECT count(*) FROM pg_stat_activity WHERE query LIKE 'FETCH%'"
+stop_in_the_middle() {
+    for _ in {1..1000}; do
+        [[ $(psql -XAtq -p "${parts[1]}" -c "$reads") == 0 ]] || break
+    done
+    control "${parts[1]}" stop -m immediate
+}
+stop_in_the_middle &
 like "$(ask -c 'SELECT count(tessara_parse(tessara_format(lat, lon, $$UTMREF$$))), count(pg_sleep(0.001)) FROM sightings WHERE zone > 30' 2>&1)" \
     'ERROR' 'a server that stops in the middle is an error'
 wait
