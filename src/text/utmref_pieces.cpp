@@ -122,7 +122,9 @@ std::vector<std::string> utmref::ZoneChoices() {
 }
 
 std::vector<std::string> utmref::BandChoices() {
-    std::string letters(UTMREF_SOUTH_BANDS.rbegin(), UTMREF_SOUTH_BANDS.rend());
+    // A constant of a header may have a copy of its text in each source, and its ends be those of two copies.
+    std::string letters(UTMREF_SOUTH_BANDS);
+    std::ranges::reverse(letters);
     letters += UTMREF_NORTH_BANDS;
     return TextsOf(letters);
 }
