@@ -18,12 +18,12 @@ std::optional<ZoneArc> ZonesOf(const IRef<IMapCoordOperations>& map, const Pixel
 }
 
 // A kilometre a pixel around longitude 180 at 10 degrees north, easting 829038 of zone 60 (cs2cs).
-IRef<IMapCoordOperations> DateLineMap() {
+IRef<IMapCoordOperations> MapOverTheDateLine() {
     return MapOf(Map(MAP_UTM, MapUtmParams{'N', 60, 729000.0, 1200000.0, 1000.0, 1000.0}));
 }
 
 TEST(ZoneArc, AWindowOverTheDateLineGoesFromTheLastZoneToTheFirst) {
-    const auto utm = ZonesOf(DateLineMap(), {0, 0, 200, 200}, KOORD_UTM);
+    const auto utm = ZonesOf(MapOverTheDateLine(), {0, 0, 200, 200}, KOORD_UTM);
     ASSERT_TRUE(utm);
     EXPECT_EQ(utm->first, 60);
     EXPECT_EQ(utm->last, 1);
@@ -99,9 +99,9 @@ TEST(ZoneArc, AWindowOffTheMapHasNone) {
 }
 
 TEST(ZoneArc, OtherWindowsHaveNone) {
-    EXPECT_FALSE(ZonesOf(DateLineMap(), {0, 0, 80, 200}, KOORD_UTM)) << "west of the line";
-    EXPECT_FALSE(ZonesOf(DateLineMap(), {120, 0, 200, 200}, KOORD_UTM)) << "east of it";
-    EXPECT_FALSE(ZonesOf(DateLineMap(), {0, 0, 200, 200}, KOORD_GEODEZ)) << "no zones";
+    EXPECT_FALSE(ZonesOf(MapOverTheDateLine(), {0, 0, 80, 200}, KOORD_UTM)) << "west of the line";
+    EXPECT_FALSE(ZonesOf(MapOverTheDateLine(), {120, 0, 200, 200}, KOORD_UTM)) << "east of it";
+    EXPECT_FALSE(ZonesOf(MapOverTheDateLine(), {0, 0, 200, 200}, KOORD_GEODEZ)) << "no zones";
     const auto world = DegreeMap(-180.0, 90.0, 10.0);
     for (const std::int32_t system : {KOORD_UTM, KOORD_GK, KOORD_GK6})
         EXPECT_FALSE(ZonesOf(world, {0, 0, 3600, 1800}, system)) << "all zones of " << system;

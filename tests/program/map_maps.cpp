@@ -9,7 +9,7 @@
 namespace tessara::testing {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 struct Grid {
     const char* system;
@@ -192,30 +192,30 @@ const std::vector<Sheet>& Sheets() {
     return sheets;
 }
 
-Json Members(const char* members) {
-    return Json::parse(std::string("{") + members + "}");
+OrderedJson Members(const char* members) {
+    return OrderedJson::parse(std::string("{") + members + "}");
 }
 
 std::string Describe(const Sheet& sheet) {
-    Json description = Members(sheet.ties);
+    OrderedJson description = Members(sheet.ties);
     description["projection"] = Members(sheet.parameters);
     description["projection"]["type"] = sheet.type;
     description["window"] = {{"left", sheet.window.left},
                              {"top", sheet.window.top},
                              {"right", sheet.window.right},
                              {"bottom", sheet.window.bottom}};
-    Json layers = Json::array();
+    OrderedJson layers = OrderedJson::array();
     for (const Grid& grid : sheet.grids) {
         layers.push_back({{"type", "grid"},
                           {"system", grid.system},
                           {"eastStep", grid.eastStep},
                           {"northStep", grid.northStep}});
     }
-    const Json place{{"at", {sheet.place.latitude, sheet.place.longitude}},
-                     {"datum", "WGS84"},
-                     {"name", sheet.place.name}};
-    layers.push_back({{"type", "positions"}, {"places", Json::array({place})}});
-    for (const Json& layer : Json::parse(sheet.others))
+    const OrderedJson place{{"at", {sheet.place.latitude, sheet.place.longitude}},
+                            {"datum", "WGS84"},
+                            {"name", sheet.place.name}};
+    layers.push_back({{"type", "positions"}, {"places", OrderedJson::array({place})}});
+    for (const OrderedJson& layer : OrderedJson::parse(sheet.others))
         layers.push_back(layer);
     description["layers"] = layers;
     return description.dump();
