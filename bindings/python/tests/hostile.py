@@ -6,6 +6,7 @@ below, within a time limit, and leaves its arguments alive.
 
 from __future__ import annotations
 
+import contextlib
 import datetime
 import decimal
 import faulthandler
@@ -26,7 +27,7 @@ import tessara
 import tessara.geo
 import tessara.pandas
 
-SLOWEST_CALL = 60  # seconds, after which the process ends with a traceback
+TIME_LIMIT = 60  # seconds
 
 
 class Hostile(Exception):
@@ -464,10 +465,19 @@ def public_names():
                 yield f"{prefix}.{name}"
 
 
+@contextlib.contextmanager
+def time_limit():
+    """Ends the process with a traceback if what is done within takes too long."""
+    faulthandler.dump_traceback_later(TIME_LIMIT, exit=True)
+    try:
+        yield
+    finally:
+        faulthandler.cancel_dump_traceback_later()
+
+
 def call(name, replaced):
     """Calls a function with some of its arguments replaced. Returns what is wrong, or nothing."""
     function, harmless = CALLS[name]
-    faulthandler.dump_traceback_later(SLOWEST_CALL, exit=True)
     try:
         with warnings.catch_warnings(), np.errstate(all="ignore"):
             warnings.simplefilter("ignore")
@@ -476,8 +486,6 @@ def call(name, replaced):
         return None
     except Exception as error:
         return f"{name}: {type(error).__name__}: {str(error)[:200]}"
-    finally:
-        faulthandler.cancel_dump_traceback_later()
     return None
 
 
@@ -541,7 +549,8 @@ def main(seconds, seed):
     wrong = {}
     while time.monotonic() < end:
         calls += 1
-        found = call_at_random(generator)
+        with time_limit():
+            found = call_at_random(generator)
         if found:
             wrong.setdefault(found[:60], f"call {calls}: {found}")
     print(f"{calls} calls with seed {seed}, {len(wrong)} kinds of unexpected exceptions")
