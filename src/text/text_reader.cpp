@@ -113,25 +113,25 @@ TextReader::Found TextReader::TakeWhole(std::int64_t least, std::int64_t most, s
 }
 
 bool TextReader::ReadWhole(std::int16_t* number) {
-    using Limits = std::numeric_limits<std::int16_t>;
+    using Range = std::numeric_limits<std::int16_t>;
     std::int64_t value;
-    if (TakeWhole(Limits::min(), Limits::max(), &value) != Found::Number) return false;
+    if (TakeWhole(Range::min(), Range::max(), &value) != Found::Number) return false;
     *number = static_cast<std::int16_t>(value);
     return true;
 }
 
 bool TextReader::ReadWhole(std::int32_t* number) {
-    using Limits = std::numeric_limits<std::int32_t>;
+    using Range = std::numeric_limits<std::int32_t>;
     std::int64_t value;
-    if (TakeWhole(Limits::min(), Limits::max(), &value) != Found::Number) return false;
+    if (TakeWhole(Range::min(), Range::max(), &value) != Found::Number) return false;
     *number = static_cast<std::int32_t>(value);
     return true;
 }
 
 bool TextReader::ReadWholeOrNothing(std::int32_t* number) {
-    using Limits = std::numeric_limits<std::int32_t>;
+    using Range = std::numeric_limits<std::int32_t>;
     std::int64_t value = 0;
-    const Found found = TakeWhole(Limits::min(), Limits::max(), &value);
+    const Found found = TakeWhole(Range::min(), Range::max(), &value);
     if (found == Found::Overflow) return false;
     *number = found == Found::Number ? static_cast<std::int32_t>(value) : 0;
     return true;
