@@ -1,12 +1,9 @@
-# Several sources of a folder compiled at once take half the time. The kernel isn't among these targets, since a batch of it
+# The sources of a folder compiled at once take half the time. The kernel isn't among these targets, since a batch of it
 # needs more instructions in some operations: it is left to builds whose speed doesn't matter.
 set(TESSARA_BATCHES "tessara_objects;tessara_toolkit;tessara_commands" CACHE STRING "Targets that are compiled in batches")
-# Two processors have enough batches of eight to share, and little is compiled after a change. Larger batches need less time
-# in all.
-set(TESSARA_BATCH_SIZE 8 CACHE STRING "Most sources of a batch")
 
-# Makes a target compile several sources of a folder at a time; of these folders if any are named. Names in anonymous
-# namespaces have to differ within a folder then.
+# Makes a target compile all sources of a folder at once; of these folders if any are named. Names in anonymous namespaces
+# have to differ within a folder then.
 function(tessara_batch target)
   get_target_property(sources ${target} SOURCES)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
@@ -22,9 +19,7 @@ function(tessara_batch target)
       continue()
     endif()
     string(MAKE_C_IDENTIFIER "${folder}" name)
-    math(EXPR count_${name} "${count_${name}} + 1")
-    math(EXPR batch "(${count_${name}} - 1) / ${TESSARA_BATCH_SIZE}")
-    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${name}_${batch})
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${name})
   endforeach()
 endfunction()
 

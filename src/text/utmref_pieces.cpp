@@ -124,7 +124,7 @@ std::vector<std::string> utmref::ZoneChoices() {
 std::vector<std::string> utmref::BandChoices() {
     // A constant of a header may have a copy of its text in each source, and its ends be those of two copies.
     std::string letters(UTMREF_SOUTH_BANDS);
-    std::ranges::reverse(letters);
+    std::reverse(letters.begin(), letters.end());
     letters += UTMREF_NORTH_BANDS;
     return TextsOf(letters);
 }
