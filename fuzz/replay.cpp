@@ -34,10 +34,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Inputs are stored if they take a fifth of it, as machines differ. The build with sanitizers is up to 10
-// times slower.
-const auto LIMIT_MS = static_cast<double>(
-    tessara::testing::Setting("TESSARA_REPLAY_MS", tessara::testing::IS_SANITIZED ? 5000 : 500));
+#ifdef __OPTIMIZE__
+constexpr bool IS_OPTIMIZED = true;
+#else
+constexpr bool IS_OPTIMIZED = false;
+#endif
+
+// Inputs are stored if they take a fifth of it, as machines differ. Builds with sanitizers, and those without
+// optimisation, are up to 10 times slower.
+constexpr bool IS_QUICK = IS_OPTIMIZED && !tessara::testing::IS_SANITIZED;
+const auto LIMIT_MS =
+    static_cast<double>(tessara::testing::Setting("TESSARA_REPLAY_MS", IS_QUICK ? 500 : 5000));
 
 using Input = std::vector<char>;
 
