@@ -27,3 +27,8 @@ like() {
         sed 's/^/# /' <<<"found: $1"$'\n'"expected: $2" | head -40
     fi
 }
+
+# skip WHAT REASON
+skip() {
+    report '' "$1 # SKIP $2"
+}
