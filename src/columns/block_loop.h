@@ -39,11 +39,13 @@ template <class Formula, class Columns>
     RunOverRows<Formula>(constants, columns, rows);
 }
 
+// GCOVR_EXCL_START: not every processor has these instructions.
 template <class Formula, class Columns>
 [[gnu::target("avx512f,avx512dq,avx512bw,avx512vl"), gnu::flatten]] void Avx512Loop(
     const std::byte* constants, Columns& columns, std::size_t rows) {
     RunOverRows<Formula>(constants, columns, rows);
 }
+// GCOVR_EXCL_STOP
 
 template <class Formula, class Columns>
 inline constexpr LoopsOver<Columns> LOOPS{
